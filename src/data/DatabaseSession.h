@@ -1,0 +1,91 @@
+#pragma once
+
+#include "data/Catalog.h"
+#include "data/EditableRecordSet.h"
+#include "data/EngineRules.h"
+#include "data/RecordSet.h"
+
+#include <QString>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <memory>
+
+/// The single session with the database file, for the whole run of the program.
+///
+/// Takes statements in the program's own dialect (dates between `#`, texts in single or double quotes, names
+/// qualified with a table over a stored query) and answers without regard to the case of letters. A
+/// statement opened for reading can only read. Every failure is an Error with the engine's number; while no
+/// database is open, every call but `open` fails with one.
+class DatabaseSession
+{
+public:
+    DatabaseSession();
+    ~DatabaseSession();
+    DatabaseSession(const DatabaseSession&) = delete;
+    DatabaseSession& operator=(const DatabaseSession&) = delete;
+
+    /// Opens a file that exists. Whatever was open stays open where this fails.
+    void open(const QString& file);
+    void close();
+
+    [[nodiscard]] bool isOpen() const { return m_database != nullptr; }
+    [[nodiscard]] const QString& fileName() const { return m_fileName; }
+
+    /// Whether the file can be read but not written.
+    [[nodiscard]] bool isReadOnly() const;
+
+    /// What the open file holds; empty while none is open.
+    [[nodiscard]] const Catalog& catalog() const { return m_catalog; }
+
+    /// Opens a statement for reading, row by row.
+    RecordSet read(const QString& statement);
+
+    /// Reads all rows of a statement.
+    RecordTable readAll(const QString& statement);
+
+    /// Opens `SELECT * FROM` one table, with or without a condition, for changing its rows and adding to
+    /// them.
+    EditableRecordSet edit(const QString& statement);
+
+    /// Runs an `UPDATE` or `DELETE FROM`; gives the number of rows changed.
+    int execute(const QString& statement);
+
+    /// The longest time that the engine may work before it gives a row, 30 seconds unless set.
+    void setPatience(std::chrono::milliseconds patience) { m_watch.setPatience(patience); }
+
+private:
+    friend class EditableRecordSet;
+    friend class Transaction;
+
+    EngineStatement prepare(const QString& engineStatement, Access access);
+    void runInEngine(const QString& engineStatement);
+
+    /// Runs a prepared statement that changes something.
+    void run(EngineStatement& statement);
+    const std::shared_ptr<SQLite::Database>& database() const;
+
+    std::shared_ptr<SQLite::Database> m_database; ///< shared with the statements that still read
+    Catalog m_catalog;
+    QString m_fileName;
+    Access m_access = Access::Read;
+    StatementWatch m_watch;
+};
+
+/// Holds together what a save writes: the file shows all of it or, should the process die, none. What was
+/// written before a trapped error is kept, so leaving the scope commits as `commit()` does.
+class Transaction
+{
+public:
+    explicit Transaction(DatabaseSession& session);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    /// Throws Error where the file cannot take the rows; then none of them is in it.
+    void commit();
+
+private:
+    DatabaseSession& m_session;
+    bool m_open = true;
+};

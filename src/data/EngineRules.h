@@ -1,0 +1,47 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <chrono>
+
+/// What a statement may do while it is prepared.
+enum class Access
+{
+    Read,
+    Write
+};
+
+/// Tells a statement that is slow from one that would keep the user waiting for ever: how long the engine has
+/// worked since it was last asked for a row.
+class StatementWatch
+{
+public:
+    void setPatience(std::chrono::milliseconds patience) { m_patience = patience; }
+
+    /// The engine is about to be asked for something.
+    void beginStep() { m_fresh = true; }
+
+    /// Asked by the engine now and then while it works.
+    bool isOverdue();
+
+private:
+    std::chrono::milliseconds m_patience{30000};
+    std::chrono::steady_clock::time_point m_since;
+    bool m_fresh = true;
+};
+
+/// Gives a connection the program's rules for text: the collation `ORVIK`, and `LIKE` without regard to case
+/// in every script, and `lower` that folds every letter. The file never depends on them.
+void addTextRules(sqlite3* connection);
+
+/// Bounds what a statement may cost, and turns off what no statement of the program needs: attached
+/// files, triggers, double quotes as names, changes to the schema's own tables.
+void addLimits(sqlite3* connection);
+
+/// Lets the connection prepare only what `*access` allows; `access` must outlive the connection. Reading
+/// covers the rows of the file's tables and a few functions, writing adds rows and transactions. Nothing
+/// reaches the schema, another file, a setting or an extension.
+void addAuthorizer(sqlite3* connection, const Access* access);
+
+/// Stops statements that the watch, which must outlive the connection, calls overdue.
+void addWatch(sqlite3* connection, StatementWatch* watch);

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "data/Value.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
+
+#include <memory>
+#include <string_view>
+
+/// One prepared statement of the engine. The library's own wrapper copies a counted pointer for each value
+/// that is read and keeps the handle to itself; lists of tens of thousands of rows need neither.
+///
+/// Keeps its connection open as long as it lives. Every failure is an Error with the engine's number.
+class EngineStatement
+{
+public:
+    EngineStatement(std::shared_ptr<SQLite::Database> database, std::string_view sql);
+
+    /// Moves to the next row; false where there is none. Runs a statement that changes something.
+    bool step();
+    void reset() { sqlite3_reset(m_handle.get()); }
+
+    /// Binds the parameter at `index`, counted from 1.
+    void bind(int index, const Value& value);
+
+    [[nodiscard]] bool isReadOnly() const { return sqlite3_stmt_readonly(m_handle.get()) != 0; }
+    [[nodiscard]] int columnCount() const { return sqlite3_column_count(m_handle.get()); }
+    [[nodiscard]] QString columnName(int column) const;
+
+    /// The type that the table declares for a column; empty for a computed column.
+    [[nodiscard]] QString declaredType(int column) const;
+
+    [[nodiscard]] int type(int column) const { return sqlite3_column_type(m_handle.get(), column); }
+    [[nodiscard]] qint64 integer(int column) const { return sqlite3_column_int64(m_handle.get(), column); }
+    [[nodiscard]] double real(int column) const { return sqlite3_column_double(m_handle.get(), column); }
+
+    /// UTF-8, valid until the next step.
+    [[nodiscard]] std::string_view text(int column) const;
+
+private:
+    struct Finalizer
+    {
+        void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+    };
+    std::shared_ptr<SQLite::Database> m_database;
+    std::unique_ptr<sqlite3_stmt, Finalizer> m_handle; ///< goes before the connection does
+};

@@ -1,0 +1,122 @@
+#include "data/RecordSet.h"
+
+#include "util/DateTimeText.h"
+#include "util/Error.h"
+
+namespace {
+
+constexpr int unknownColumnNumber = 1;
+
+int findColumn(const std::vector<QString>& names, QStringView name)
+{
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (names[i].compare(name, Qt::CaseInsensitive) == 0) return static_cast<int>(i);
+    }
+    throw Error(unknownColumnNumber, QStringLiteral("no such column: %1").arg(name));
+}
+
+ColumnForm formOf(const EngineStatement& statement, int column, const Catalog& catalog)
+{
+    const QString type = statement.declaredType(column);
+    return type.isEmpty() ? catalog.formByName(statement.columnName(column))
+                          : Catalog::formOfDeclaredType(type);
+}
+
+} // namespace
+
+QString programText(ColumnForm form, std::string_view held)
+{
+    switch (form) {
+    case ColumnForm::Date:
+        return DateTimeText::programFromHeldDate(held);
+    case ColumnForm::Time:
+        return DateTimeText::programFromHeldTime(held);
+    case ColumnForm::DateTime:
+        return DateTimeText::programFromHeldDateTime(held);
+    case ColumnForm::Plain:
+    case ColumnForm::Text:
+        break;
+    }
+    return QString::fromUtf8(held.data(), static_cast<qsizetype>(held.size()));
+}
+
+RecordSet::RecordSet(EngineStatement statement, const Catalog& catalog, StatementWatch& watch)
+    : m_statement(std::move(statement)), m_watch(&watch)
+{
+    const int count = m_statement.columnCount();
+    for (int i = 0; i < count; ++i) {
+        m_names.push_back(m_statement.columnName(i));
+        m_forms.push_back(formOf(m_statement, i, catalog));
+    }
+}
+
+bool RecordSet::next()
+{
+    // the engine would begin a statement anew that has ended or failed
+    if (m_failure) throw Error(*m_failure);
+    if (m_ended) return false;
+    m_watch->beginStep();
+    try {
+        m_ended = !m_statement.step();
+    } catch (const Error& error) {
+        m_failure = error;
+        throw;
+    }
+    return !m_ended;
+}
+
+int RecordSet::column(QStringView name) const
+{
+    return findColumn(m_names, name);
+}
+
+QString RecordSet::text(int column) const
+{
+    return programText(m_forms[static_cast<std::size_t>(column)], held(column));
+}
+
+Value RecordSet::value(int column) const
+{
+    switch (m_statement.type(column)) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER:
+        return integer(column);
+    case SQLITE_FLOAT:
+        return real(column);
+    default:
+        return text(column);
+    }
+}
+
+RecordTable::RecordTable(RecordSet&& rows) : m_names(rows.columnNames())
+{
+    while (rows.next()) {
+        std::vector<Value>& row = m_rows.emplace_back();
+        for (std::size_t i = 0; i < m_names.size(); ++i)
+            row.push_back(rows.value(static_cast<int>(i)));
+    }
+}
+
+const Value& RecordTable::value(std::size_t row, QStringView column) const
+{
+    return m_rows.at(row).at(static_cast<std::size_t>(findColumn(m_names, column)));
+}
+
+qint64 RecordTable::integer(std::size_t row, QStringView column) const
+{
+    const Value& found = value(row, column);
+    if (const auto* whole = std::get_if<qint64>(&found)) return *whole;
+    if (const auto* real = std::get_if<double>(&found)) return static_cast<qint64>(*real);
+    if (const auto* text = std::get_if<QString>(&found)) return text->toLongLong();
+    return 0;
+}
+
+QString RecordTable::text(std::size_t row, QStringView column) const
+{
+    const Value& found = value(row, column);
+    if (const auto* text = std::get_if<QString>(&found)) return *text;
+    if (const auto* whole = std::get_if<qint64>(&found)) return QString::number(*whole);
+    if (const auto* real = std::get_if<double>(&found)) return QString::number(*real, 'g', 17);
+    return {};
+}

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "data/Catalog.h"
+#include "data/EngineRules.h"
+#include "data/EngineStatement.h"
+#include "data/Value.h"
+#include "util/Error.h"
+
+#include <QString>
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+/// What a column of that form holds, in program form.
+QString programText(ColumnForm form, std::string_view held);
+
+/// The rows of a statement that reads, one after the other. Columns are found by name in any letter case;
+/// dates and times come in program form.
+///
+/// Lives while its statement is open; the session must outlive it. Reading past an error throws Error.
+class RecordSet
+{
+public:
+    RecordSet(EngineStatement statement, const Catalog& catalog, StatementWatch& watch);
+
+    /// Moves to the next row; false after the last, however often it is asked.
+    bool next();
+
+    /// The position of a column. Throws Error where the rows have no such column.
+    [[nodiscard]] int column(QStringView name) const;
+
+    [[nodiscard]] bool isNull(int column) const { return m_statement.type(column) == SQLITE_NULL; }
+    [[nodiscard]] qint64 integer(int column) const
+    {
+        return m_statement.integer(column);
+    }                                                                                ///< 0 where missing
+    [[nodiscard]] double real(int column) const { return m_statement.real(column); } ///< 0 where missing
+    [[nodiscard]] QString text(int column) const;                                    ///< empty where missing
+    [[nodiscard]] Value value(int column) const;
+
+    /// The text as the file holds it, in UTF-8; valid until the next row is asked for.
+    [[nodiscard]] std::string_view held(int column) const { return m_statement.text(column); }
+
+    [[nodiscard]] const std::vector<QString>& columnNames() const { return m_names; }
+
+private:
+    EngineStatement m_statement;
+    StatementWatch* m_watch;
+    std::vector<QString> m_names;
+    std::vector<ColumnForm> m_forms;
+    bool m_ended = false;
+    std::optional<Error> m_failure;
+};
+
+/// All rows of a statement, read at once: for the few rows that are walked more than once or counted first.
+class RecordTable
+{
+public:
+    explicit RecordTable(RecordSet&& rows);
+
+    [[nodiscard]] std::size_t count() const { return m_rows.size(); }
+
+    /// Throws Error where the rows have no such column; `row` must be below `count()`.
+    [[nodiscard]] const Value& value(std::size_t row, QStringView column) const;
+    [[nodiscard]] qint64 integer(std::size_t row, QStringView column) const; ///< 0 where missing
+    [[nodiscard]] QString text(std::size_t row, QStringView column) const;   ///< empty where missing
+
+private:
+    std::vector<QString> m_names;
+    std::vector<std::vector<Value>> m_rows;
+};

@@ -1,0 +1,8 @@
+#include "data/SQLObject.h"
+
+QString SQLObject::sqlStr() const
+{
+    const QString clauses = SelectClause + u' ' + FromClause + u' ' + WhereClause + u' ' + OrderClause;
+    if (OrderClause.isEmpty()) return clauses;
+    return clauses + (AtoZ ? QStringLiteral(" ASC") : QStringLiteral(" DESC"));
+}

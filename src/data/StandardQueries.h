@@ -1,0 +1,19 @@
+#pragma once
+
+#include "data/SQLObject.h"
+
+#include <QString>
+
+/// The three queries that show all records of a kind, made once at start-up and never changed. A narrower view
+/// builds a query of its own from their clauses.
+struct StandardQueries
+{
+    StandardQueries();
+
+    SharedQuery documents;
+    SharedQuery events;
+    SharedQuery organizations;
+    QString documentsTitle = QStringLiteral("View ALL Documents");
+    QString eventsTitle = QStringLiteral("View ALL Events");
+    QString organizationsTitle = QStringLiteral("View ALL Organizations");
+};

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "data/Catalog.h"
+
+#include <QString>
+
+/// A statement in the engine's own dialect.
+struct TranslatedStatement
+{
+    QString sql;
+    QString table; ///< the one table that the statement names, where it names exactly one; else empty
+};
+
+/// Turns statements of the program's dialect into statements of the engine, with the same rows:
+///
+/// - texts stand in single or double quotes and never name a column; dates stand between `#`;
+/// - texts compare, match and sort without regard to case;
+/// - a column of a stored query is found by its name or by its name with the table it comes from, and only
+///   the tables that the statement mentions are joined;
+/// - `DISTINCT` is dropped where each row holds the key of the only table whose rows can differ, and a count
+///   of a stored query's key counts each record once.
+///
+/// Select, insert-free updates and deletes are read; a sub-select has a scope of its own. Throws Error for
+/// anything else. The catalog must outlive the translator.
+class StatementTranslator
+{
+public:
+    explicit StatementTranslator(const Catalog& catalog) : m_catalog(catalog) {}
+
+    /// A statement that reads.
+    [[nodiscard]] TranslatedStatement select(const QString& statement) const;
+
+    /// A statement that reads all columns of one table, with the row's own number before them as `rowid`.
+    [[nodiscard]] TranslatedStatement selectForEditing(const QString& statement) const;
+
+    /// A `DELETE FROM` or `UPDATE`.
+    [[nodiscard]] TranslatedStatement change(const QString& statement) const;
+
+private:
+    const Catalog& m_catalog;
+};

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+#include <set>
+#include <vector>
+
+/// A stored query of the file, taken apart, so that a statement over it can be answered from the tables
+/// that the statement needs instead of from all that the stored query joins.
+struct StoredQuery
+{
+    /// A joined table. `dependsOn` are the positions of the joins that its condition mentions.
+    struct Join
+    {
+        QString alias;
+        QString sql; ///< from `LEFT JOIN` to the end of its condition
+        std::vector<std::size_t> dependsOn;
+        bool single = false; ///< at most one row for each row before it
+    };
+
+    struct Column
+    {
+        QString name;
+        QString sql;            ///< the expression that computes it
+        QStringList qualifiers; ///< the tables that the expression mentions
+        std::vector<std::size_t> joins;
+    };
+
+    QString name;
+    QString baseTable;
+    QString baseKey; ///< the base table's key: one row of the result stands for one value of it
+    std::vector<Column> columns;
+    std::vector<Join> joins;
+
+    /// The column of that name, with a qualifier only if its expression mentions that table (or the stored
+    /// query itself is named). Null where there is none.
+    [[nodiscard]] const Column* findColumn(QStringView qualifier, QStringView column) const;
+
+    /// Adds to `joins` all that they depend on.
+    void addDependencies(std::set<std::size_t>& joins) const;
+
+    /// Takes apart a `CREATE VIEW` of a select list, a base table and left joins, as the schema writes
+    /// them. `keyOfTable` tells the integer primary key of a table, or an empty text. Throws Error
+    /// where the view is of another shape.
+    static StoredQuery parse(const QString& createView,
+                             const std::function<QString(const QString&)>& keyOfTable);
+};

@@ -1,0 +1,96 @@
+#include "files/ProgramFolder.h"
+
+#include "util/Error.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace {
+
+[[noreturn]] void refuse(const QString& what, const QString& path)
+{
+    throw Error(errno, QStringLiteral("%1 (%2)").arg(what, path));
+}
+
+void makeFolder(const QString& path)
+{
+    if (!QDir().mkpath(path)) refuse(QStringLiteral("The folder cannot be made."), path);
+}
+
+void copyFolder(const QString& from, const QString& to)
+{
+    makeFolder(to);
+    const QDir source(from);
+    QDirIterator entries(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        const QString entry = entries.next();
+        const QString target = QDir(to).filePath(source.relativeFilePath(entry));
+        if (entries.fileInfo().isDir()) {
+            makeFolder(target);
+            continue;
+        }
+        makeFolder(QFileInfo(target).path());
+        if (!QFile::copy(entry, target)) refuse(QStringLiteral("The file cannot be copied."), target);
+        QFile::setPermissions(target, QFile::permissions(target) | QFile::WriteOwner);
+    }
+}
+
+} // namespace
+
+QString ProgramFolder::choose(const Surroundings& surroundings)
+{
+    if (!surroundings.orvikHome.isEmpty()) return QDir::cleanPath(surroundings.orvikHome);
+    if (QFileInfo(surroundings.executableFolder + QStringLiteral("/data")).isDir()) {
+        return surroundings.executableFolder;
+    }
+    return surroundings.userDataFolder + QStringLiteral("/orvik");
+}
+
+bool ProgramFolder::fillFromSample(const QString& root, const QString& sample)
+{
+    if (QFileInfo::exists(root)) return false;
+    makeFolder(QFileInfo(root).path());
+    const QString unfinished = root + QStringLiteral(".new");
+    QDir(unfinished).removeRecursively();
+    const bool hasSample = QFileInfo(sample).isDir();
+    if (hasSample) copyFolder(sample, unfinished);
+    for (const QString& folder :
+         {QStringLiteral("documents"), QStringLiteral("orgcharts"), QStringLiteral("maps")}) {
+        makeFolder(unfinished + QStringLiteral("/data/") + folder);
+    }
+    if (!QDir().rename(unfinished, root)) refuse(QStringLiteral("The folder cannot be made."), root);
+    return hasSample;
+}
+
+QString ProgramFolder::machinePath(const QString& programPath) const
+{
+    return m_root + QString(programPath).replace(u'\\', u'/');
+}
+
+std::optional<QString> ProgramFolder::find(const QString& programPath, const QString& fileName) const
+{
+    if (!isPlainName(fileName)) return std::nullopt;
+    const QString folder = machinePath(programPath);
+    const QString exact = folder + fileName;
+    if (QFileInfo(exact).isFile()) return exact;
+    QDirIterator entries(folder, QDir::Files);
+    while (entries.hasNext()) {
+        const QString entry = entries.next();
+        if (entries.fileName().compare(fileName, Qt::CaseInsensitive) == 0) return entry;
+    }
+    return std::nullopt;
+}
+
+bool ProgramFolder::isPlainName(const QString& fileName)
+{
+    if (fileName.isEmpty() || fileName == QStringLiteral(".") || fileName == QStringLiteral(".."))
+        return false;
+    return std::none_of(fileName.begin(), fileName.end(), [](QChar c) {
+        return c == u'/' || c == u'\\' || c == u':' || c.category() == QChar::Other_Control;
+    });
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+/// The folder with the program's data, and the one place that turns program paths such as
+/// `\data\documents\` into paths of the machine. Letter case of stored names does not matter.
+class ProgramFolder
+{
+public:
+    explicit ProgramFolder(QString root) : m_root(std::move(root)) {}
+
+    /// Where the machine and its user keep things, as far as the choice of the folder depends on it.
+    struct Surroundings
+    {
+        QString orvikHome;        ///< the environment's `ORVIK_HOME`, or empty
+        QString executableFolder; ///< where the program runs from
+        QString userDataFolder;   ///< the user's own data folder
+    };
+
+    /// `ORVIK_HOME` if set; else the executable's folder if it holds `data`; else `orvik` in the user's data.
+    static QString choose(const Surroundings& surroundings);
+
+    /// Fills a folder that does not exist yet from a sample, whole or not at all; true where it did. Where
+    /// there is no sample, makes the empty data folders. A folder that exists is left alone. Throws Error
+    /// where the folder cannot be made.
+    static bool fillFromSample(const QString& root, const QString& sample);
+
+    [[nodiscard]] const QString& root() const { return m_root; }
+
+    /// A program path below this folder as a path of the machine. Nothing needs to exist there.
+    [[nodiscard]] QString machinePath(const QString& programPath) const;
+
+    /// The file of that name in a program folder, whatever its letter case. Nothing where there is none, or
+    /// where the name leads out of the folder or cannot be a name.
+    [[nodiscard]] std::optional<QString> find(const QString& programPath, const QString& fileName) const;
+
+    /// Whether a stored name can only mean a file in its folder.
+    static bool isPlainName(const QString& fileName);
+
+private:
+    QString m_root;
+};

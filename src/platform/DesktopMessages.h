@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/Messages.h"
+
+/// Messages as boxes of the desktop, over whichever window is active.
+class DesktopMessages final : public Messages
+{
+public:
+    void show(const QString& text) override;
+    [[nodiscard]] bool ask(const QString& question) override;
+    void beep() override;
+};

@@ -1,0 +1,10 @@
+#include "platform/FileAttributes.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+void SystemFileAttributes::makeWritable(const QString& file)
+{
+    if (!QFileInfo(file).isFile()) return;
+    QFile::setPermissions(file, QFile::permissions(file) | QFile::WriteOwner | QFile::ReadOwner);
+}

@@ -1,0 +1,27 @@
+#include "platform/IniSettingsStore.h"
+
+namespace {
+
+#ifdef Q_OS_WIN
+constexpr auto format = QSettings::NativeFormat;
+#else
+constexpr auto format = QSettings::IniFormat;
+#endif
+
+} // namespace
+
+IniSettingsStore::IniSettingsStore()
+    : m_settings(format, QSettings::UserScope, QStringLiteral("Orvik"), QStringLiteral("Orvik Database"))
+{
+}
+
+QString IniSettingsStore::value(const QString& path) const
+{
+    return m_settings.value(path).toString();
+}
+
+void IniSettingsStore::setValue(const QString& path, const QString& value)
+{
+    m_settings.setValue(path, value);
+    m_settings.sync();
+}

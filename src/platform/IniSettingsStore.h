@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/SettingsStore.h"
+
+#include <QSettings>
+
+/// The settings of this user, with those of the whole system behind them.
+class IniSettingsStore final : public SettingsStore
+{
+public:
+    IniSettingsStore();
+
+    [[nodiscard]] QString value(const QString& path) const override;
+    void setValue(const QString& path, const QString& value) override;
+
+private:
+    QSettings m_settings;
+};

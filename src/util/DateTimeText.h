@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+#include <QTime>
+
+#include <optional>
+#include <string_view>
+
+/// Dates and times as text, in the two forms that the program knows.
+///
+/// Program form: `mm/dd/yyyy` and `hh:mm` (24 hours), month first whatever the locale.
+/// Held form:    `YYYY-MM-DD` and `HH:MM`, which sort and compare as text.
+///
+/// Years run from 100 to 9999. Reading accepts one or two digits for month, day and hour.
+namespace DateTimeText {
+
+/// A date in program form, such as `9/11/2001`; nothing where there is no such day.
+std::optional<QDate> readDate(QStringView text);
+
+/// A time in program form, with or without seconds, with or without `AM` or `PM`.
+std::optional<QTime> readTime(QStringView text);
+
+QString programDate(QDate date);
+QString programTime(QTime time);
+
+QString heldDate(QDate date);
+QString heldTime(QTime time);
+
+/// What a column of dates, of times or of both holds, in program form. A text that is not in held form
+/// comes back as it is: nothing that the file holds is hidden.
+QString programFromHeldDate(std::string_view held);
+QString programFromHeldTime(std::string_view held);
+QString programFromHeldDateTime(std::string_view held);
+
+/// The held form of what stands between two `#`: a date, a time, or both with a blank between them.
+/// Throws Error where it is neither, or where there is no such day or time.
+QString heldFromLiteral(QStringView literal);
+
+} // namespace DateTimeText

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+#include <exception>
+#include <string>
+#include <utility>
+
+/// The one error type of the program: what the database engine, the system or a check of ours reports.
+/// `number` is the reporter's own code (6 for an overflow); `description` is one line for the user.
+class Error : public std::exception
+{
+public:
+    Error(int number, QString description)
+        : m_number(number), m_description(std::move(description)), m_what(m_description.toStdString())
+    {
+    }
+
+    [[nodiscard]] int number() const { return m_number; }
+    [[nodiscard]] const QString& description() const { return m_description; }
+    [[nodiscard]] const char* what() const noexcept override { return m_what.c_str(); }
+
+private:
+    int m_number;
+    QString m_description;
+    std::string m_what;
+};

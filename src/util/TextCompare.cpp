@@ -1,0 +1,248 @@
+#include "util/TextCompare.h"
+
+#include <QChar>
+#include <QString>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr unsigned char firstNonAscii = 0x80;
+
+/// Where the numbers of damaged bytes begin: one above the last character.
+constexpr char32_t firstDamaged = 0x110000;
+
+constexpr unsigned char lowerAscii(unsigned char c)
+{
+    return static_cast<unsigned char>(c + ((c >= 'A' && c <= 'Z') ? 'a' - 'A' : 0));
+}
+
+constexpr auto lowerTable = [] {
+    std::array<unsigned char, 256> table{};
+    for (unsigned i = 0; i < table.size(); ++i)
+        table[i] = lowerAscii(static_cast<unsigned char>(i));
+    return table;
+}();
+
+unsigned char byteAt(std::string_view text, std::size_t i)
+{
+    return static_cast<unsigned char>(text[i]);
+}
+
+/// Whether UTF-8 may write this character with that many bytes after the first.
+bool isWellFormed(char32_t character, std::size_t following)
+{
+    constexpr std::array<char32_t, 4> smallest{0, 0x80, 0x800, 0x10000};
+    const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
+    return character >= smallest[following] && character < firstDamaged && !surrogate;
+}
+
+/// The character that begins at `i`, and `i` moved past it. A byte that begins none stands for itself,
+/// above every character, so that damaged text still has one place in the order.
+char32_t nextCharacter(std::string_view text, std::size_t& i)
+{
+    const unsigned char lead = byteAt(text, i++);
+    if (lead < firstNonAscii) return lead;
+    const std::size_t following = lead >= 0xF8   ? 0
+                                  : lead >= 0xF0 ? 3
+                                  : lead >= 0xE0 ? 2
+                                  : lead >= 0xC0 ? 1
+                                                 : 0;
+    if (following == 0 || i + following > text.size()) return firstDamaged + lead;
+    char32_t character = lead & (0x3Fu >> following);
+    for (std::size_t k = 0; k < following; ++k) {
+        const unsigned char next = byteAt(text, i + k);
+        if ((next & 0xC0u) != 0x80u) return firstDamaged + lead;
+        character = (character << 6) | (next & 0x3Fu);
+    }
+    if (!isWellFormed(character, following)) return firstDamaged + lead;
+    i += following;
+    return character;
+}
+
+char32_t foldCharacter(char32_t character)
+{
+    if (character < firstNonAscii) return lowerTable[character];
+    return character < firstDamaged ? QChar::toCaseFolded(character) : character;
+}
+
+/// The letter without its accents: e for é, itself where it has none. A Korean syllable is made of letters
+/// too, but none of them is an accent.
+char32_t baseLetter(char32_t folded)
+{
+    const bool syllable = folded >= 0xAC00 && folded <= 0xD7A3;
+    if (folded < 0xC0 || folded >= firstDamaged || syllable) return folded;
+    char32_t base = folded;
+    for (;;) {
+        if (QChar::decompositionTag(base) != QChar::Canonical) return base;
+        const QString parts = QChar::decomposition(base);
+        if (parts.isEmpty() || parts.at(0).isSurrogate()) return base;
+        base = parts.at(0).unicode();
+    }
+}
+
+void appendCharacter(std::string& text, char32_t character)
+{
+    if (character >= firstDamaged) {
+        text.push_back(static_cast<char>(character - firstDamaged));
+    } else if (character < 0x80) {
+        text.push_back(static_cast<char>(character));
+    } else if (character < 0x800) {
+        text.push_back(static_cast<char>(0xC0u | (character >> 6)));
+        text.push_back(static_cast<char>(0x80u | (character & 0x3Fu)));
+    } else if (character < 0x10000) {
+        text.push_back(static_cast<char>(0xE0u | (character >> 12)));
+        text.push_back(static_cast<char>(0x80u | ((character >> 6) & 0x3Fu)));
+        text.push_back(static_cast<char>(0x80u | (character & 0x3Fu)));
+    } else {
+        text.push_back(static_cast<char>(0xF0u | (character >> 18)));
+        text.push_back(static_cast<char>(0x80u | ((character >> 12) & 0x3Fu)));
+        text.push_back(static_cast<char>(0x80u | ((character >> 6) & 0x3Fu)));
+        text.push_back(static_cast<char>(0x80u | (character & 0x3Fu)));
+    }
+}
+
+/// Compares from `i` on, where both texts agreed before it.
+int compareCharacters(std::string_view left, std::string_view right, std::size_t i)
+{
+    std::size_t l = i;
+    std::size_t r = i;
+    int accents = 0;
+    while (l < left.size() && r < right.size()) {
+        const char32_t a = foldCharacter(nextCharacter(left, l));
+        const char32_t b = foldCharacter(nextCharacter(right, r));
+        if (a == b) continue;
+        const char32_t baseA = baseLetter(a);
+        const char32_t baseB = baseLetter(b);
+        if (baseA != baseB) return baseA < baseB ? -1 : 1;
+        if (accents == 0) accents = a < b ? -1 : 1;
+    }
+    if (l < left.size()) return 1;
+    if (r < right.size()) return -1;
+    return accents;
+}
+
+std::size_t characterLength(std::string_view folded, std::size_t i)
+{
+    std::size_t next = i;
+    nextCharacter(folded, next);
+    return next - i;
+}
+
+/// Whether the piece, which may hold `_`, matches at `at`; then `end` is where the match ends.
+bool pieceMatchesAt(std::string_view piece, std::string_view text, std::size_t at, std::size_t& end)
+{
+    std::size_t t = at;
+    for (std::size_t p = 0; p < piece.size(); ++p) {
+        if (t >= text.size()) return false;
+        if (piece[p] == '_') {
+            t += characterLength(text, t);
+        } else if (piece[p] == text[t]) {
+            ++t;
+        } else {
+            return false;
+        }
+    }
+    end = t;
+    return true;
+}
+
+/// The first match of the piece at or after `from`; `end` is where it ends.
+bool findPiece(std::string_view piece, std::string_view text, std::size_t from, std::size_t& end)
+{
+    if (piece.find('_') == std::string_view::npos) {
+        const auto found = text.find(piece, from);
+        if (found == std::string_view::npos) return false;
+        end = found + piece.size();
+        return true;
+    }
+    for (std::size_t at = from; at < text.size(); at += characterLength(text, at)) {
+        if (pieceMatchesAt(piece, text, at, end)) return true;
+    }
+    return false;
+}
+
+/// Whether the piece matches the very end of the text and begins at or after `from`.
+bool pieceEndsText(std::string_view piece, std::string_view text, std::size_t from)
+{
+    if (piece.find('_') == std::string_view::npos) {
+        return text.size() - from >= piece.size() && text.ends_with(piece);
+    }
+    std::size_t end = 0;
+    for (std::size_t at = from; at < text.size(); at += characterLength(text, at)) {
+        if (pieceMatchesAt(piece, text, at, end) && end == text.size()) return true;
+    }
+    return false;
+}
+
+} // namespace
+
+namespace TextCompare {
+
+int compare(std::string_view left, std::string_view right)
+{
+    const std::size_t common = std::min(left.size(), right.size());
+    for (std::size_t i = 0; i < common; ++i) {
+        const unsigned char a = byteAt(left, i);
+        const unsigned char b = byteAt(right, i);
+        if (a >= firstNonAscii || b >= firstNonAscii) {
+            // what came before is ASCII, and equal, so both stand at the start of a character
+            return compareCharacters(left, right, i);
+        }
+        const unsigned char lowerA = lowerTable[a];
+        const unsigned char lowerB = lowerTable[b];
+        if (lowerA != lowerB) return lowerA < lowerB ? -1 : 1;
+    }
+    return left.size() == right.size() ? 0 : left.size() < right.size() ? -1 : 1;
+}
+
+void fold(std::string_view text, std::string& folded)
+{
+    folded.resize(text.size());
+    unsigned char seen = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto c = static_cast<unsigned char>(text[i]);
+        seen |= c;
+        folded[i] = static_cast<char>(lowerAscii(c));
+    }
+    if (seen < firstNonAscii) return;
+
+    folded.clear();
+    for (std::size_t i = 0; i < text.size();)
+        appendCharacter(folded, foldCharacter(nextCharacter(text, i)));
+}
+
+} // namespace TextCompare
+
+LikePattern::LikePattern(std::string_view pattern)
+{
+    TextCompare::fold(pattern, m_folded);
+}
+
+bool LikePattern::matches(std::string_view text) const
+{
+    TextCompare::fold(text, m_scratch);
+    return matchesFolded(m_scratch);
+}
+
+bool LikePattern::matchesFolded(std::string_view text) const
+{
+    const std::string_view pattern = m_folded;
+    const auto firstPercent = pattern.find('%');
+    std::size_t at = 0;
+    if (firstPercent == std::string_view::npos) {
+        return pieceMatchesAt(pattern, text, 0, at) && at == text.size();
+    }
+    if (!pieceMatchesAt(pattern.substr(0, firstPercent), text, 0, at)) return false;
+
+    // the earliest match of each piece leaves the most room for those after it
+    std::size_t begin = firstPercent + 1;
+    for (;;) {
+        const auto percent = pattern.find('%', begin);
+        if (percent == std::string_view::npos) return pieceEndsText(pattern.substr(begin), text, at);
+        const auto piece = pattern.substr(begin, percent - begin);
+        if (!piece.empty() && !findPiece(piece, text, at, at)) return false;
+        begin = percent + 1;
+    }
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Comparing and matching UTF-8 text without regard to case, in every script: É equals é, and é does not
+/// equal e. The lists, the statements and the searches all share these rules.
+namespace TextCompare {
+
+/// Less than, equal to or greater than zero. Letters sort by their base letter first and by their accent
+/// only where the rest is equal, so that "Éclair" stands among the words with e.
+int compare(std::string_view left, std::string_view right);
+
+/// The text with every letter folded, so that two texts are equal without regard to case exactly when
+/// their folded forms are equal byte for byte. `folded` is overwritten.
+void fold(std::string_view text, std::string& folded);
+
+} // namespace TextCompare
+
+/// A pattern of LIKE, read once and matched often: `%` stands for any run of characters, `_` for one
+/// character, everything else for itself without regard to case. Matching takes time in proportion to
+/// the text for patterns without `_`; one with `_` is tried at every character, never more.
+class LikePattern
+{
+public:
+    explicit LikePattern(std::string_view pattern);
+
+    [[nodiscard]] bool matches(std::string_view text) const;
+
+private:
+    [[nodiscard]] bool matchesFolded(std::string_view text) const;
+
+    std::string m_folded;
+    mutable std::string m_scratch;
+};
