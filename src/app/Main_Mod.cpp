@@ -1,0 +1,50 @@
+#include "app/Main_Mod.h"
+
+#include "app/StdREG.h"
+#include "app/frmSplash.h"
+#include "browse/frmMain.h"
+#include "platform/Procedure.h"
+
+#include <QDir>
+
+namespace {
+
+QString firstDatabase(const QString& dataFolder)
+{
+    const QStringList databases =
+        QDir(dataFolder).entryList({QStringLiteral("*.sqlite")}, QDir::Files, QDir::Name);
+    return databases.isEmpty() ? QString() : databases.front();
+}
+
+} // namespace
+
+Main_Mod::Main_Mod(const Platform& platform, ProgramFolder folder, QString sampleFolder)
+    : m_platform(platform), m_state(std::move(folder)), m_sampleFolder(std::move(sampleFolder))
+{
+}
+
+Main_Mod::~Main_Mod() = default;
+
+void Main_Mod::Main()
+{
+    runProcedure(m_platform.messages, QStringLiteral("Sub Main"), [this] {
+        frmSplash splash;
+        splash.show();
+        splash.repaint();
+        prepareProgramFolder();
+        m_window = std::make_unique<frmMain>(m_platform, m_state);
+        m_window->load();
+        splash.close();
+        m_window->show();
+    });
+}
+
+/// On a first start the program folder comes to be, and the settings name the sample in it.
+void Main_Mod::prepareProgramFolder()
+{
+    if (!ProgramFolder::fillFromSample(m_state.folder.root(), m_sampleFolder)) return;
+    StdREG settings(m_platform.settings);
+    const QString name = QStringLiteral("DBFile");
+    if (!settings.GetRegString(QString(), name).isEmpty()) return;
+    settings.WriteRegString(QString(), name, firstDatabase(m_state.folder.machinePath(m_state.folders.data)));
+}

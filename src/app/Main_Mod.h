@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/ProgramState.h"
+#include "platform/Platform.h"
+
+#include <memory>
+
+class frmMain;
+
+/// Brings the program up: makes what the whole program shares, shows the splash while the main window loads,
+/// then the window. It owns both, and must outlive the event loop.
+class Main_Mod
+{
+public:
+    /// `sampleFolder` is what a new program folder is filled from.
+    Main_Mod(const Platform& platform, ProgramFolder folder, QString sampleFolder);
+    ~Main_Mod();
+    Main_Mod(const Main_Mod&) = delete;
+    Main_Mod& operator=(const Main_Mod&) = delete;
+
+    /// Starts the program and returns. A failure shows one message; the program goes on with what was made.
+    void Main();
+
+    [[nodiscard]] ProgramState& state() { return m_state; }
+    [[nodiscard]] frmMain* window() { return m_window.get(); }
+
+private:
+    void prepareProgramFolder();
+
+    Platform m_platform;
+    ProgramState m_state;
+    QString m_sampleFolder;
+    std::unique_ptr<frmMain> m_window;
+};

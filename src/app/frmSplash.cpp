@@ -1,0 +1,42 @@
+#include "app/frmSplash.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QPainter>
+#include <QScreen>
+
+namespace {
+
+constexpr QSize splashSize(420, 180);
+constexpr int pictureSize = 96;
+constexpr int margin = 32;
+
+} // namespace
+
+frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint)
+{
+    setObjectName(QStringLiteral("frmSplash"));
+    setAccessibleName(tr("Orvik Database is starting"));
+    setFixedSize(splashSize);
+    move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
+}
+
+void frmSplash::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(0x1f, 0x4e, 0x79));
+    QIcon(QStringLiteral(":/pictures/orvik-database.svg"))
+        .paint(&painter, margin, (height() - pictureSize) / 2, pictureSize, pictureSize);
+    QRect text = rect().adjusted(margin * 2 + pictureSize, 0, -margin, 0);
+    painter.setPen(Qt::white);
+    QFont font = painter.font();
+    font.setPointSizeF(font.pointSizeF() * 1.8);
+    font.setBold(true);
+    painter.setFont(font);
+    painter.drawText(text.adjusted(0, 0, 0, -margin / 2), Qt::AlignVCenter | Qt::AlignLeft,
+                     tr("Orvik Database"));
+    painter.setFont(this->font());
+    painter.drawText(text.adjusted(0, margin, 0, margin), Qt::AlignVCenter | Qt::AlignLeft,
+                     tr("Version %1").arg(QCoreApplication::applicationVersion()));
+}

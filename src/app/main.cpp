@@ -1,0 +1,30 @@
+#include "app/Main_Mod.h"
+#include "browse/IconSet.h"
+#include "platform/DesktopMessages.h"
+#include "platform/FileAttributes.h"
+#include "platform/IniSettingsStore.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("orvik-database"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Orvik Database"));
+    QApplication::setApplicationVersion(QStringLiteral(ORVIK_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("orvik-database"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/orvik-database.svg")));
+    IconSet::chooseTheme();
+
+    DesktopMessages messages;
+    IniSettingsStore settings;
+    SystemFileAttributes fileAttributes;
+    const ProgramFolder::Surroundings surroundings{
+        qEnvironmentVariable("ORVIK_HOME"), QCoreApplication::applicationDirPath(),
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)};
+    Main_Mod program({messages, settings, fileAttributes}, ProgramFolder(ProgramFolder::choose(surroundings)),
+                     surroundings.executableFolder + QStringLiteral("/../share/orvik/sample"));
+    program.Main();
+    return program.window() == nullptr ? EXIT_FAILURE : QApplication::exec();
+}

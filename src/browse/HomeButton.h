@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QIcon>
+
+/// A picture button of the home page: a picture, a caption and a line that says what it leads to. It looks
+/// different under the mouse, when pressed and when it has the keyboard.
+class HomeButton final : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    HomeButton(const QString& picture, const QString& caption, const QString& explanation, QWidget* parent);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void paintFrame(QPainter& painter) const;
+
+    QIcon m_picture;
+    QString m_explanation;
+};

@@ -1,0 +1,162 @@
+#include "browse/ListPane.h"
+
+#include "browse/RecordListView.h"
+#include "data/DatabaseSession.h"
+
+#include <QCoreApplication>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int twipsPerPixel = 15;
+constexpr int defaultWidth = 96;
+constexpr int rowsBetweenYields = 500;
+
+} // namespace
+
+ListPane::ListPane(DatabaseSession& session, const QString& documentsFolder, QWidget* parent)
+    : QWidget(parent),
+      m_session(session),
+      m_iconKeys(session, documentsFolder),
+      m_model(new RecordListModel(m_iconKeys, m_icons, this)),
+      m_view(new RecordListView(this)),
+      m_list(std::make_shared<RecordList>(ViewKind::Home))
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_view);
+    m_view->setModel(m_model);
+    setFocusProxy(m_view);
+    connect(m_view->header(), &QHeaderView::sectionClicked, this, &ListPane::sortBy);
+}
+
+bool ListPane::fill(ViewKind kind, std::size_t entry, const QString& statement)
+{
+    begin(kind, entry);
+    const std::uint64_t token = m_token;
+    const auto list = m_list;
+    try {
+        if (!readRows(statement, list)) return false;
+    } catch (...) {
+        if (token == m_token) finish();
+        throw;
+    }
+    finish();
+    return true;
+}
+
+bool ListPane::readRows(const QString& statement, const std::shared_ptr<RecordList>& list)
+{
+    const std::uint64_t token = m_token;
+    RecordSet rows = m_session.read(statement);
+    list->beginReading(rows);
+    int counter = 0;
+    while (rows.next()) {
+        list->append(rows);
+        if (counter < rowsBetweenYields) {
+            ++counter;
+            continue;
+        }
+        counter = 0;
+        m_model->publish();
+        QCoreApplication::processEvents();
+        if (token != m_token) return false;
+    }
+    return true;
+}
+
+void ListPane::stop()
+{
+    ++m_token;
+    m_filling = false;
+}
+
+void ListPane::begin(ViewKind kind, std::size_t entry)
+{
+    if (!m_filling && m_entry != 0) m_remembered[m_entry].current = currentRecord();
+    rememberWidths();
+    ++m_token;
+    m_filling = true;
+    m_entry = entry;
+    m_list = std::make_shared<RecordList>(kind);
+    m_model->setList(m_list);
+    applyWidths();
+    const auto& sort = m_remembered[entry].sort;
+    m_view->header()->setSortIndicatorShown(sort.has_value());
+    if (sort)
+        m_view->header()->setSortIndicator(sort->column,
+                                           sort->descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void ListPane::finish()
+{
+    m_filling = false;
+    m_model->publishAll();
+    const Remembered& remembered = m_remembered[m_entry];
+    if (remembered.sort) applySort();
+    if (remembered.current && !currentRecord()) select(*remembered.current);
+}
+
+void ListPane::rememberWidths()
+{
+    const ViewKind kind = m_list->kind();
+    if (kind == ViewKind::Home) return;
+    std::vector<int> widths;
+    for (int column = 0; column < m_model->columnCount(); ++column)
+        widths.push_back(m_view->columnWidth(column));
+    m_widths[kind] = std::move(widths);
+}
+
+void ListPane::applyWidths()
+{
+    const ViewKind kind = m_list->kind();
+    const auto& columns = listColumns(kind);
+    const auto remembered = m_widths.find(kind);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        int width = columns[i].widthInTwips == 0 ? defaultWidth : columns[i].widthInTwips / twipsPerPixel;
+        if (remembered != m_widths.end()) width = remembered->second[i];
+        m_view->setColumnWidth(static_cast<int>(i), width);
+    }
+}
+
+void ListPane::sortBy(int column)
+{
+    std::optional<ListSort>& sort = m_remembered[m_entry].sort;
+    sort = ListSort{column, sort && sort->column == column && !sort->descending};
+    m_view->header()->setSortIndicatorShown(true);
+    m_view->header()->setSortIndicator(column, sort->descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    // a list that is still being read is sorted once it is whole
+    if (!m_filling) applySort();
+}
+
+void ListPane::applySort()
+{
+    m_model->order(m_remembered[m_entry].sort);
+    if (m_view->currentIndex().isValid()) m_view->scrollTo(m_view->currentIndex());
+}
+
+std::optional<qint64> ListPane::currentRecord() const
+{
+    const QModelIndex current = m_view->currentIndex();
+    if (!current.isValid()) return std::nullopt;
+    return m_model->identifier(current.row());
+}
+
+bool ListPane::select(qint64 identifier)
+{
+    const int row = m_model->rowOf(identifier);
+    if (row < 0) return false;
+    const QModelIndex index = m_model->index(row, 0);
+    m_view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                         QItemSelectionModel::Rows);
+    m_view->scrollTo(index);
+    return true;
+}
+
+void ListPane::refreshIcons()
+{
+    m_icons.clear();
+    m_view->viewport()->update();
+}

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "browse/IconSet.h"
+#include "browse/RecordListModel.h"
+
+#include <QWidget>
+
+#include <array>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+class RecordListView;
+
+/// The list of the main window: fills itself from a query, yields to the window as it does, and remembers for
+/// each entry of the history how it was ordered and which record was chosen.
+class ListPane final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `documentsFolder` is a path of the machine; the session must outlive the pane.
+    ListPane(DatabaseSession& session, const QString& documentsFolder, QWidget* parent);
+
+    /// Reads a statement into the list. While it yields, another fill may begin; then this one stops, leaves
+    /// nothing behind and returns false. Throws Error; the rows read so far stay. `entry` is the history
+    /// position of the view.
+    bool fill(ViewKind kind, std::size_t entry, const QString& statement);
+
+    /// Makes a fill that is under way stop, as when a page takes the list's place.
+    void stop();
+
+    [[nodiscard]] std::size_t count() const { return m_list->count(); }
+    [[nodiscard]] RecordListView& view() { return *m_view; }
+    [[nodiscard]] RecordListModel& model() { return *m_model; }
+
+    /// The record of the current row, or nothing.
+    [[nodiscard]] std::optional<qint64> currentRecord() const;
+
+    /// Selects a record and scrolls to it; false where the list does not show it.
+    bool select(qint64 identifier);
+
+    void refreshIcons();
+
+private:
+    struct Remembered
+    {
+        std::optional<ListSort> sort;
+        std::optional<qint64> current;
+    };
+
+    void begin(ViewKind kind, std::size_t entry);
+    void finish();
+    bool readRows(const QString& statement, const std::shared_ptr<RecordList>& list);
+    void rememberWidths();
+    void applyWidths();
+    void sortBy(int column);
+    void applySort();
+
+    DatabaseSession& m_session;
+    IconSet m_icons;
+    RowIconKeys m_iconKeys;
+    RecordListModel* m_model;
+    RecordListView* m_view;
+    std::shared_ptr<RecordList> m_list;
+    std::uint64_t m_token = 0;
+    bool m_filling = false;
+    std::size_t m_entry = 0;
+    std::map<std::size_t, Remembered> m_remembered;
+    std::map<ViewKind, std::vector<int>> m_widths; ///< in pixels, where the user changed them
+};

@@ -1,0 +1,94 @@
+#include "browse/MainCommands.h"
+
+#include "browse/IconSet.h"
+
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QToolBar>
+
+MainCommands::MainCommands(QMainWindow& window) : QObject(&window), m_window(window)
+{
+    makeActions();
+    makeMenus();
+    makeToolBar();
+}
+
+QAction* MainCommands::add(const QString& name, const QString& text, const QString& icon,
+                           const QKeySequence& key, const QString& statusTip)
+{
+    auto* action = new QAction(IconSet::themeIcon(icon), text, &m_window);
+    action->setObjectName(name);
+    action->setShortcut(key);
+    action->setStatusTip(statusTip);
+    QString tip = text;
+    tip.remove(u'&').remove(QStringLiteral("…"));
+    action->setToolTip(
+        key.isEmpty() ? tip : QStringLiteral("%1 (%2)").arg(tip, key.toString(QKeySequence::NativeText)));
+    return action;
+}
+
+void MainCommands::makeActions()
+{
+    mnuRecordCopy = add(QStringLiteral("mnuRecordCopy"), tr("&Copy"), QStringLiteral("edit-copy"),
+                        QKeySequence::Copy, tr("Copies the selected rows"));
+    mnuViewDocuments =
+        add(QStringLiteral("mnuViewDocuments"), tr("&Documents"), QStringLiteral("view-list-text"),
+            QKeySequence(Qt::CTRL | Qt::Key_1), tr("Shows all documents"));
+    mnuViewEvents = add(QStringLiteral("mnuViewEvents"), tr("&Events"), QStringLiteral("view-calendar"),
+                        QKeySequence(Qt::CTRL | Qt::Key_2), tr("Shows all events"));
+    mnuViewOrganizations =
+        add(QStringLiteral("mnuViewOrganizations"), tr("&Organizations"), QStringLiteral("view-group"),
+            QKeySequence(Qt::CTRL | Qt::Key_3), tr("Shows all organizations"));
+    mnuViewRefresh = add(QStringLiteral("mnuViewRefresh"), tr("&Refresh"), QStringLiteral("view-refresh"),
+                         QKeySequence(Qt::Key_F5), tr("Reads the list again"));
+    mnuSearchShowAll =
+        add(QStringLiteral("mnuSearchShowAll"), tr("Show &All"), QStringLiteral("view-list-details"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A), tr("Shows all records of this kind"));
+    mnuNavigateBack = add(QStringLiteral("mnuNavigateBack"), tr("&Back"), QStringLiteral("go-previous"),
+                          QKeySequence(Qt::ALT | Qt::Key_Left), tr("Shows the view before this one"));
+    mnuNavigateForward = add(QStringLiteral("mnuNavigateForward"), tr("&Forward"), QStringLiteral("go-next"),
+                             QKeySequence(Qt::ALT | Qt::Key_Right), tr("Shows the view after this one"));
+    mnuNavigateHome = add(QStringLiteral("mnuNavigateHome"), tr("&Home"), QStringLiteral("go-home"),
+                          QKeySequence(Qt::ALT | Qt::Key_Home), tr("Shows the home page"));
+    mnuNavigateExit = add(QStringLiteral("mnuNavigateExit"), tr("E&xit"), QStringLiteral("application-exit"),
+                          QKeySequence(Qt::CTRL | Qt::Key_Q), tr("Ends the program"));
+    mnuNavigateExit->setMenuRole(QAction::QuitRole);
+}
+
+void MainCommands::makeMenus()
+{
+    QMenu* record = m_window.menuBar()->addMenu(tr("&Record"));
+    record->setObjectName(QStringLiteral("mnuRecord"));
+    record->addAction(mnuRecordCopy);
+
+    QMenu* view = m_window.menuBar()->addMenu(tr("&View"));
+    view->setObjectName(QStringLiteral("mnuView"));
+    view->addActions({mnuViewDocuments, mnuViewEvents, mnuViewOrganizations});
+    view->addSeparator();
+    view->addAction(mnuViewRefresh);
+
+    QMenu* search = m_window.menuBar()->addMenu(tr("&Search"));
+    search->setObjectName(QStringLiteral("mnuSearch"));
+    search->addAction(mnuSearchShowAll);
+
+    mnuNavigate = m_window.menuBar()->addMenu(tr("&Navigate"));
+    mnuNavigate->setObjectName(QStringLiteral("mnuNavigate"));
+    mnuNavigate->addActions({mnuNavigateBack, mnuNavigateForward, mnuNavigateHome});
+    mnuNavigate->addSeparator();
+    mnuHistory = mnuNavigate->addMenu(tr("H&istory"));
+    mnuHistory->setObjectName(QStringLiteral("mnuHistory"));
+    mnuNavigate->addSeparator();
+    mnuNavigate->addAction(mnuNavigateExit);
+}
+
+void MainCommands::makeToolBar()
+{
+    tbToolBar = m_window.addToolBar(tr("Toolbar"));
+    tbToolBar->setObjectName(QStringLiteral("tbToolBar"));
+    tbToolBar->setMovable(false);
+    tbToolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    tbToolBar->setContextMenuPolicy(Qt::PreventContextMenu);
+    tbToolBar->addActions({mnuNavigateBack, mnuNavigateForward, mnuNavigateHome});
+    tbToolBar->addSeparator();
+    tbToolBar->addActions({mnuViewDocuments, mnuViewEvents, mnuViewOrganizations, mnuViewRefresh});
+}

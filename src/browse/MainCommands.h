@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QAction>
+#include <QObject>
+
+class QMainWindow;
+class QMenu;
+class QToolBar;
+
+/// The commands of the main window: its menus, its toolbar and their keys. What a command does is the
+/// window's business; it connects to the actions, which live as long as the window.
+class MainCommands final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit MainCommands(QMainWindow& window);
+
+    QAction* mnuViewDocuments;
+    QAction* mnuViewEvents;
+    QAction* mnuViewOrganizations;
+    QAction* mnuViewRefresh;
+    QAction* mnuSearchShowAll;
+    QAction* mnuNavigateBack;
+    QAction* mnuNavigateForward;
+    QAction* mnuNavigateHome;
+    QAction* mnuNavigateExit;
+    QAction* mnuRecordCopy;
+    QMenu* mnuNavigate;
+    QMenu* mnuHistory;
+    QToolBar* tbToolBar;
+
+private:
+    QAction* add(const QString& name, const QString& text, const QString& icon, const QKeySequence& key,
+                 const QString& statusTip);
+    void makeActions();
+    void makeMenus();
+    void makeToolBar();
+
+    QMainWindow& m_window;
+};

@@ -1,0 +1,87 @@
+#include "browse/RecordListView.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QMimeData>
+#include <QPainter>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+/// Shows a key marker as its picture alone: the text beside it is for sorting and for screen readers.
+class KeyMarkerDelegate final : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (option->icon.isNull()) return;
+        option->text.clear();
+        option->decorationAlignment = Qt::AlignCenter;
+        option->decorationPosition = QStyleOptionViewItem::Top;
+        option->features &= ~QStyleOptionViewItem::ViewItemFeatures(QStyleOptionViewItem::HasDisplay);
+    }
+};
+
+} // namespace
+
+RecordListView::RecordListView(QWidget* parent) : QTreeView(parent)
+{
+    setObjectName(QStringLiteral("ListView1"));
+    setAccessibleName(tr("Records"));
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setSelectionMode(ExtendedSelection);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
+    setAlternatingRowColors(true);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    setItemDelegateForColumn(1, new KeyMarkerDelegate(this));
+    header()->setStretchLastSection(true);
+    header()->setSectionsClickable(true);
+    header()->setSortIndicatorShown(false);
+    header()->setMinimumSectionSize(20);
+    header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+QList<int> RecordListView::selectedRows() const
+{
+    QList<int> rows;
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    for (const QModelIndex& index : selected)
+        rows << index.row();
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void RecordListView::copySelection() const
+{
+    QString text;
+    QString table = QStringLiteral("<table>");
+    const QList<int> rows = selectedRows();
+    if (rows.isEmpty()) return;
+    for (const int row : rows) {
+        QStringList cells;
+        for (int column = 0; column < model()->columnCount(); ++column) {
+            cells << model()->index(row, column).data(Qt::DisplayRole).toString();
+        }
+        text += cells.join(u'\t') + u'\n';
+        for (QString& cell : cells)
+            cell = cell.toHtmlEscaped();
+        table += QStringLiteral("<tr><td>") + cells.join(QStringLiteral("</td><td>")) +
+                 QStringLiteral("</td></tr>");
+    }
+    auto copied = std::make_unique<QMimeData>();
+    copied->setText(text);
+    copied->setHtml(table + QStringLiteral("</table>"));
+    QApplication::clipboard()->setMimeData(copied.release());
+}

@@ -1,0 +1,45 @@
+#include "browse/ViewHistory.h"
+
+void ViewHistory::addView(clsView view)
+{
+    m_views.push_back(std::move(view));
+    showView(count());
+}
+
+void ViewHistory::showView(std::size_t position)
+{
+    if (position < 1 || position > count()) return;
+    m_current = position;
+    // a copy: showing a long list yields, and another view may be added meanwhile
+    const clsView shown = view(position);
+    m_currentKind = shown.viewIndex;
+    if (m_presenter == nullptr) return;
+    switch (shown.viewIndex) {
+    case ViewKind::Documents:
+        m_presenter->showDocuments(shown.SQL, shown.Caption);
+        break;
+    case ViewKind::Events:
+        m_presenter->showEvents(shown.SQL, shown.Caption);
+        break;
+    case ViewKind::Organizations:
+        m_presenter->showOrganizations(shown.SQL, shown.Caption);
+        break;
+    case ViewKind::Home:
+        m_presenter->showHome();
+        break;
+    }
+}
+
+bool ViewHistory::goBack()
+{
+    if (m_current <= 1) return false;
+    showView(m_current - 1);
+    return true;
+}
+
+bool ViewHistory::goForward()
+{
+    if (m_current == count()) return false;
+    showView(m_current + 1);
+    return true;
+}

@@ -1,0 +1,255 @@
+#include "browse/frmMain.h"
+
+#include "app/ProgramState.h"
+#include "app/StdREG.h"
+#include "browse/HomePage.h"
+#include "browse/IconSet.h"
+#include "browse/ListPane.h"
+#include "browse/MainCommands.h"
+#include "browse/RecordListView.h"
+#include "platform/FileAttributes.h"
+#include "platform/Messages.h"
+#include "platform/Procedure.h"
+#include "platform/WaitCursor.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenu>
+#include <QScreen>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolBar>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int readOnlyNumber = 8;
+constexpr QSize largestFirstSize(1600, 1000);
+
+} // namespace
+
+frmMain::frmMain(const Platform& platform, ProgramState& state)
+    : m_platform(platform),
+      m_state(state),
+      m_commands(new MainCommands(*this)),
+      m_pages(new QStackedWidget(this)),
+      m_home(new HomePage(this)),
+      m_list(new ListPane(state.session, state.folder.machinePath(state.folders.documents), this))
+{
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(tr("Orvik Database"));
+    m_pages->addWidget(m_home);
+    m_pages->addWidget(m_list);
+    setCentralWidget(m_pages);
+    makeStatusBar();
+    connectCommands();
+    m_state.history.setPresenter(this);
+}
+
+frmMain::~frmMain()
+{
+    m_state.history.setPresenter(nullptr);
+}
+
+void frmMain::makeStatusBar()
+{
+    m_viewPanel = new QLabel(this);
+    m_viewPanel->setObjectName(QStringLiteral("pnlView"));
+    m_viewPanel->setTextFormat(Qt::PlainText);
+    m_viewPanel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_statusPanel = new QLabel(this);
+    m_statusPanel->setObjectName(QStringLiteral("pnlStatus"));
+    statusBar()->addWidget(m_viewPanel, 1);
+    statusBar()->addPermanentWidget(m_statusPanel);
+}
+
+void frmMain::connectCommands()
+{
+    const auto on = [this](QAction* action, auto&& handler) {
+        connect(action, &QAction::triggered, this, std::forward<decltype(handler)>(handler));
+    };
+    on(m_commands->mnuViewDocuments, [this] { viewAll(ViewKind::Documents); });
+    on(m_commands->mnuViewEvents, [this] { viewAll(ViewKind::Events); });
+    on(m_commands->mnuViewOrganizations, [this] { viewAll(ViewKind::Organizations); });
+    on(m_commands->mnuSearchShowAll, [this] { viewAll(m_state.history.currentKind()); });
+    on(m_commands->mnuViewRefresh, [this] { refresh(); });
+    on(m_commands->mnuNavigateBack, [this] {
+        if (!m_state.history.goBack()) m_platform.messages.beep();
+    });
+    on(m_commands->mnuNavigateForward, [this] {
+        if (!m_state.history.goForward()) m_platform.messages.beep();
+    });
+    on(m_commands->mnuNavigateHome, [this] { viewAll(ViewKind::Home); });
+    on(m_commands->mnuNavigateExit, [this] { close(); });
+    on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
+    connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
+    connect(m_home, &HomePage::chosen, this, [this](int button) { viewAll(static_cast<ViewKind>(button)); });
+    connect(&m_list->view(), &QWidget::customContextMenuRequested, this, &frmMain::showListMenu);
+}
+
+void frmMain::load()
+{
+    runProcedure(m_platform.messages, QStringLiteral("Form_Load"), [this] { openDatabase(); });
+    placeOnScreen();
+    viewAll(ViewKind::Home);
+}
+
+void frmMain::openDatabase()
+{
+    const StdREG settings(m_platform.settings);
+    const QString name = settings.GetRegString(QString(), QStringLiteral("DBFile"));
+    m_state.databasePath = m_state.folder.machinePath(m_state.folders.data + name);
+    m_platform.fileAttributes.makeWritable(m_state.databasePath);
+    m_state.session.open(m_state.databasePath);
+    m_home->setSubtitle(tr("Database: %1").arg(QFileInfo(m_state.databasePath).completeBaseName()));
+    if (m_state.session.isReadOnly()) {
+        throw Error(readOnlyNumber,
+                    tr("The database can be read, but not changed. (%1)").arg(m_state.databasePath));
+    }
+}
+
+/// The window takes most of a small screen, and no more of a large one than its lists can use.
+void frmMain::placeOnScreen()
+{
+    const QRect available = screen()->availableGeometry();
+    // the frame around the window, which the desktop adds, is about as high as these two
+    const int bars = m_commands->tbToolBar->sizeHint().height() + statusBar()->sizeHint().height();
+    const QSize wanted(available.width() * 9 / 10, available.height() - bars);
+    resize(wanted.boundedTo(largestFirstSize));
+    move(available.center().x() - width() / 2, available.top() + (available.height() - bars - height()) / 2);
+}
+
+void frmMain::viewAll(ViewKind kind)
+{
+    const StandardQueries& queries = m_state.queries;
+    switch (kind) {
+    case ViewKind::Documents:
+        m_state.history.addView({kind, queries.documents, queries.documentsTitle});
+        break;
+    case ViewKind::Events:
+        m_state.history.addView({kind, queries.events, queries.eventsTitle});
+        break;
+    case ViewKind::Organizations:
+        m_state.history.addView({kind, queries.organizations, queries.organizationsTitle});
+        break;
+    case ViewKind::Home:
+        m_state.history.addView({kind, std::make_shared<const SQLObject>(), tr("Home Page")});
+        break;
+    }
+}
+
+void frmMain::showDocuments(const SharedQuery& query, const QString& caption)
+{
+    showList(ViewKind::Documents, QStringLiteral("showDocuments"), query, caption);
+}
+
+void frmMain::showEvents(const SharedQuery& query, const QString& caption)
+{
+    showList(ViewKind::Events, QStringLiteral("showEvents"), query, caption);
+}
+
+void frmMain::showOrganizations(const SharedQuery& query, const QString& caption)
+{
+    showList(ViewKind::Organizations, QStringLiteral("showOrganizations"), query, caption);
+}
+
+void frmMain::showList(ViewKind kind, const QString& procedure, const SharedQuery& query,
+                       const QString& caption)
+{
+    m_pages->setCurrentWidget(m_list);
+    enableCommands();
+    bool stayed = true;
+    runProcedure(m_platform.messages, procedure, [&] {
+        const WaitCursor wait;
+        stayed = m_list->fill(kind, m_state.history.current(), query->sqlStr());
+    });
+    if (!stayed) return;
+    m_viewPanel->setText(caption);
+    m_statusPanel->setText(RecordList::countText(kind, m_list->count()));
+    m_list->setFocus();
+}
+
+void frmMain::showHome()
+{
+    m_list->stop();
+    m_pages->setCurrentWidget(m_home);
+    enableCommands();
+    m_viewPanel->setText(m_state.history.view(m_state.history.current()).Caption);
+    m_statusPanel->clear();
+}
+
+void frmMain::refresh()
+{
+    const clsView view = m_state.history.view(m_state.history.current());
+    switch (view.viewIndex) {
+    case ViewKind::Documents:
+        showDocuments(view.SQL, view.Caption);
+        break;
+    case ViewKind::Events:
+        showEvents(view.SQL, view.Caption);
+        break;
+    case ViewKind::Organizations:
+        showOrganizations(view.SQL, view.Caption);
+        break;
+    case ViewKind::Home:
+        break;
+    }
+}
+
+void frmMain::enableCommands()
+{
+    const bool showsList = m_pages->currentWidget() == m_list;
+    for (QAction* action :
+         {m_commands->mnuViewRefresh, m_commands->mnuSearchShowAll, m_commands->mnuRecordCopy}) {
+        action->setEnabled(showsList);
+    }
+}
+
+void frmMain::UpdateHistoryList()
+{
+    QMenu& menu = *m_commands->mnuHistory;
+    menu.clear();
+    for (std::size_t position = 1; position <= m_state.history.count(); ++position) {
+        // a menu would take an ampersand in a record's name for the mark of a key
+        const QString caption =
+            QString(m_state.history.view(position).Caption).replace(u'&', QStringLiteral("&&"));
+        QAction* entry =
+            menu.addAction(caption, this, [this, position] { m_state.history.showView(position); });
+        entry->setObjectName(QStringLiteral("mnuHistoryList(%1)").arg(position - 1));
+        entry->setCheckable(true);
+        entry->setChecked(position == m_state.history.current());
+    }
+    menu.setEnabled(m_state.history.count() > 0);
+}
+
+void frmMain::showListMenu(const QPoint& position)
+{
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("popList"));
+    menu.addAction(m_commands->mnuRecordCopy);
+    menu.addSeparator();
+    menu.addAction(m_commands->mnuViewRefresh);
+    menu.addAction(m_commands->mnuSearchShowAll);
+    menu.exec(m_list->view().viewport()->mapToGlobal(position));
+}
+
+void frmMain::closeEvent(QCloseEvent* event)
+{
+    if (!m_platform.messages.ask(tr("Are you sure you want to exit?"))) {
+        event->ignore();
+        return;
+    }
+    m_list->stop();
+    event->accept();
+}
+
+void frmMain::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || m_list == nullptr) return;
+    IconSet::chooseTheme();
+    m_list->refreshIcons();
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "browse/ViewHistory.h"
+#include "platform/Platform.h"
+
+#include <QMainWindow>
+
+class HomePage;
+class ListPane;
+class MainCommands;
+class QLabel;
+class QStackedWidget;
+struct ProgramState;
+
+/// The main window: shows one view of the history at a time, the home page or a list, and runs the commands
+/// of its menus and its toolbar. There is one, from start-up to the end of the program.
+class frmMain final : public QMainWindow, private ViewPresenter
+{
+    Q_OBJECT
+
+public:
+    /// Both must outlive the window.
+    frmMain(const Platform& platform, ProgramState& state);
+    ~frmMain() override;
+
+    /// The second half of start-up: opens the database that the settings name, and shows the home page. A
+    /// failure shows its message; the window then has no data, and its commands say so.
+    void load();
+
+    /// Builds the menu of the views shown so far.
+    void UpdateHistoryList();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void showDocuments(const SharedQuery& query, const QString& caption) override;
+    void showEvents(const SharedQuery& query, const QString& caption) override;
+    void showOrganizations(const SharedQuery& query, const QString& caption) override;
+    void showHome() override;
+
+    void makeStatusBar();
+    void connectCommands();
+    void placeOnScreen();
+    void openDatabase();
+    void showList(ViewKind kind, const QString& procedure, const SharedQuery& query, const QString& caption);
+    void viewAll(ViewKind kind);
+    void refresh();
+    void enableCommands();
+    void showListMenu(const QPoint& position);
+
+    Platform m_platform;
+    ProgramState& m_state;
+    MainCommands* m_commands;
+    QStackedWidget* m_pages;
+    HomePage* m_home;
+    ListPane* m_list;
+    QLabel* m_viewPanel = nullptr;
+    QLabel* m_statusPanel = nullptr;
+};
