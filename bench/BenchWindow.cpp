@@ -1,0 +1,117 @@
+#include "BenchWindow.h"
+
+#include "browse/frmMain.h"
+
+#include <QDir>
+#include <QProcess>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+
+namespace {
+
+[[noreturn]] void fail(const QString& text)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(text));
+    std::exit(EXIT_FAILURE);
+}
+
+/// A program folder for each size, kept until the program ends.
+const QString& programFolder(int records)
+{
+    static QTemporaryDir folder;
+    static std::map<int, QString> made;
+    QString& root = made[records];
+    if (!root.isEmpty()) return root;
+    root = folder.filePath(QString::number(records));
+    QDir().mkpath(root + QStringLiteral("/data/documents"));
+    const QString target = root + QStringLiteral("/data/large.sqlite");
+    const int status = QProcess::execute(
+        QStringLiteral(ORVIK_LARGE),
+        {QStringLiteral(ORVIK_SCHEMA), QStringLiteral(ORVIK_CITIES), target, QString::number(records)});
+    if (status != 0) fail(QStringLiteral("the database cannot be made"));
+    return root;
+}
+
+} // namespace
+
+void NoMessages::show(const QString& text)
+{
+    fail(text);
+}
+
+bool NoMessages::ask(const QString& question)
+{
+    fail(question);
+}
+
+void NoMessages::beep() {}
+
+QString OneDatabase::value(const QString& path) const
+{
+    return path.endsWith(QStringLiteral("DBFile")) ? m_name : QString();
+}
+
+void OneDatabase::setValue(const QString& /*path*/, const QString& /*value*/) {}
+
+QString largeDatabase(int records)
+{
+    return programFolder(records) + QStringLiteral("/data/large.sqlite");
+}
+
+BenchWindow::BenchWindow(int records)
+    : m_settings(QStringLiteral("large.sqlite")),
+      m_program({m_messages, m_settings, m_fileAttributes}, ProgramFolder(programFolder(records)), QString())
+{
+    m_program.Main();
+    m_program.window()->resize(1280, 760);
+}
+
+Milliseconds timeOf(const std::function<void()>& work)
+{
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::steady_clock::now() - begin;
+}
+
+double medianOf(std::vector<double> values)
+{
+    if (values.empty()) return 0;
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+void compare(benchmark::State& state, const std::function<void()>& plain, const std::function<void()>& ours)
+{
+    std::vector<double> plainTimes;
+    std::vector<double> ourTimes;
+    std::vector<double> ratios;
+    for (auto _ : state) {
+        plainTimes.push_back(timeOf(plain).count());
+        ourTimes.push_back(timeOf(ours).count());
+        ratios.push_back(ourTimes.back() / plainTimes.back());
+        state.SetIterationTime(ourTimes.back() / 1000);
+    }
+    state.counters["plain_ms"] = medianOf(plainTimes);
+    state.counters["ours_ms"] = medianOf(ourTimes);
+    state.counters["ratio"] = medianOf(ratios);
+}
+
+std::int64_t stepPlain(const QString& file, const QString& statement)
+{
+    static std::map<QString, std::unique_ptr<SQLite::Database>> open;
+    auto& database = open[file];
+    if (!database) {
+        database = std::make_unique<SQLite::Database>(file.toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_NOMUTEX);
+        database->exec("PRAGMA cache_size = -16000");
+    }
+    SQLite::Statement rows(*database, statement.toStdString());
+    std::int64_t count = 0;
+    while (rows.executeStep())
+        ++count;
+    return count;
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "app/Main_Mod.h"
+#include "platform/FileAttributes.h"
+#include "platform/Messages.h"
+#include "platform/SettingsStore.h"
+
+#include <QString>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+#include <functional>
+#include <vector>
+
+/// Messages have no place in a benchmark: each ends the program with its text.
+class NoMessages final : public Messages
+{
+public:
+    void show(const QString& text) override;
+    [[nodiscard]] bool ask(const QString& question) override;
+    void beep() override;
+};
+
+/// Settings that name one database and take nothing.
+class OneDatabase final : public SettingsStore
+{
+public:
+    explicit OneDatabase(QString name) : m_name(std::move(name)) {}
+    [[nodiscard]] QString value(const QString& path) const override;
+    void setValue(const QString& path, const QString& value) override;
+
+private:
+    QString m_name;
+};
+
+/// A database with so many records of each kind; made once a run, in a folder that goes with the program.
+QString largeDatabase(int records);
+
+/// The program with its window on a large database, shown.
+class BenchWindow
+{
+public:
+    explicit BenchWindow(int records);
+
+    [[nodiscard]] Main_Mod& program() { return m_program; }
+
+private:
+    NoMessages m_messages;
+    OneDatabase m_settings;
+    SystemFileAttributes m_fileAttributes;
+    Main_Mod m_program;
+};
+
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+Milliseconds timeOf(const std::function<void()>& work);
+double medianOf(std::vector<double> values);
+
+/// Runs both in turn for as long as the benchmark wants, and reports the medians and their ratio.
+void compare(benchmark::State& state, const std::function<void()>& plain, const std::function<void()>& ours);
+
+/// Steps a statement through the engine alone, without the program's rules; gives the number of rows.
+std::int64_t stepPlain(const QString& file, const QString& statement);

@@ -1,0 +1,147 @@
+// The three lists, from the call to the last row in the model, beside what the engine alone takes to step
+// the same statement over the stored queries as plain views.
+
+#include "BenchWindow.h"
+#include "browse/RecordListModel.h"
+#include "browse/frmMain.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QTreeView>
+
+namespace {
+
+constexpr int fullSize = 32000;
+
+/// The statement without the table names that plain views know nothing of.
+QString withoutQualifiers(const SQLObject& query)
+{
+    QString statement = query.sqlStr();
+    for (const char16_t* table : {u"Document.", u"Event.", u"Organization."}) {
+        statement.remove(QStringView(table).toString());
+    }
+    return statement;
+}
+
+SharedQuery queryOf(const StandardQueries& queries, ViewKind kind)
+{
+    return kind == ViewKind::Documents ? queries.documents
+           : kind == ViewKind::Events  ? queries.events
+                                       : queries.organizations;
+}
+
+void showList(benchmark::State& state, ViewKind kind, int records)
+{
+    BenchWindow window(records);
+    ProgramState& program = window.program().state();
+    const SharedQuery query = queryOf(program.queries, kind);
+    const QString plain = withoutQualifiers(*query);
+    const auto* view = window.program().window()->findChild<QTreeView*>(QStringLiteral("ListView1"));
+    std::int64_t rows = 0;
+    compare(
+        state, [&] { rows = stepPlain(largeDatabase(records), plain); },
+        [&] {
+            program.history.addView({kind, query, QStringLiteral("All")});
+        });
+    if (view->model()->rowCount() != rows) state.SkipWithError("the list has other rows than the statement");
+    state.counters["us_per_row"] = state.counters["ours_ms"] * 1000 / static_cast<double>(rows);
+}
+
+void documents(benchmark::State& state)
+{
+    showList(state, ViewKind::Documents, static_cast<int>(state.range(0)));
+}
+
+void events(benchmark::State& state)
+{
+    showList(state, ViewKind::Events, static_cast<int>(state.range(0)));
+}
+
+void organizations(benchmark::State& state)
+{
+    showList(state, ViewKind::Organizations, static_cast<int>(state.range(0)));
+}
+
+/// Notes when a widget has painted rows.
+class FirstPaint final : public QObject
+{
+public:
+    explicit FirstPaint(QTreeView& view) : m_view(view) { view.viewport()->installEventFilter(this); }
+
+    void begin() { m_painted = false; }
+    [[nodiscard]] std::chrono::steady_clock::time_point moment() const { return m_moment; }
+    [[nodiscard]] bool painted() const { return m_painted; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && !m_painted && m_view.model()->rowCount() > 0) {
+            m_painted = true;
+            m_moment = std::chrono::steady_clock::now();
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QTreeView& m_view;
+    bool m_painted = false;
+    std::chrono::steady_clock::time_point m_moment;
+};
+
+/// From the statement's first row, which is when the session gives it, to the first screenful painted. The
+/// moment of the first row is taken from a session that reads the same statement just before.
+void firstScreenful(benchmark::State& state)
+{
+    BenchWindow window(fullSize);
+    ProgramState& program = window.program().state();
+    auto* view = window.program().window()->findChild<QTreeView*>(QStringLiteral("ListView1"));
+    FirstPaint paint(*view);
+    const SharedQuery query = program.queries.documents;
+    std::vector<double> waits;
+    for (auto _ : state) {
+        const auto firstRow = timeOf([&] { program.session.read(query->sqlStr()).next(); });
+        paint.begin();
+        const auto begin = std::chrono::steady_clock::now();
+        program.history.addView({ViewKind::Documents, query, QStringLiteral("All")});
+        if (!paint.painted()) QApplication::processEvents();
+        waits.push_back((Milliseconds(paint.moment() - begin) - firstRow).count());
+        state.SetIterationTime(waits.back() / 1000);
+    }
+    state.counters["first_screenful_ms"] = medianOf(waits);
+}
+
+} // namespace
+
+BENCHMARK(documents)
+    ->Arg(fullSize)
+    ->Arg(1000)
+    ->Arg(8000)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->MinTime(2);
+BENCHMARK(events)
+    ->Arg(fullSize)
+    ->Arg(1000)
+    ->Arg(8000)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->MinTime(2);
+BENCHMARK(organizations)
+    ->Arg(fullSize)
+    ->Arg(1000)
+    ->Arg(8000)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->MinTime(2);
+BENCHMARK(firstScreenful)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(2);
+BENCHMARK(documents)->Arg(1000000)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
+BENCHMARK(events)->Arg(1000000)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
+BENCHMARK(organizations)->Arg(1000000)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return EXIT_SUCCESS;
+}

@@ -1,0 +1,27 @@
+// An empty window, which ends the program once it is painted.
+
+#include <QApplication>
+#include <QMainWindow>
+
+namespace {
+
+class EmptyWindow final : public QMainWindow
+{
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        QMainWindow::paintEvent(event);
+        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    }
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    EmptyWindow window;
+    window.resize(1152, 700);
+    window.show();
+    return QApplication::exec();
+}
