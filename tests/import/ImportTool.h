@@ -1,0 +1,71 @@
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <sys/types.h>
+#include <utility>
+#include <vector>
+
+/// A folder of its own for one test, gone with this object.
+class TemporaryFolder
+{
+public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    std::string path(const std::string& name) const { return (m_path / name).string(); }
+    /// The names in it, sorted.
+    std::vector<std::string> names() const;
+
+private:
+    std::filesystem::path m_path;
+};
+
+/// How one run of the importer ended and what it said.
+struct ToolResult
+{
+    int status = -1; ///< the exit status; -1 after a signal, -2 if it did not end within the time limit
+    std::vector<std::vector<std::string>> lines; ///< of the output, divided into fields
+    std::string error;
+
+    /// The values after the key, of the summary lines with this key.
+    std::vector<std::vector<std::string>> summary(const std::string& key) const;
+};
+
+/// One run of the importer as a process.
+class ImportTool
+{
+public:
+    using Arguments = std::vector<std::string>;
+
+    /// Starts it; `prepare` runs in the new process before the program does.
+    explicit ImportTool(const Arguments& arguments, const std::function<void()>& prepare = {});
+    ~ImportTool();
+    ImportTool(const ImportTool&) = delete;
+    ImportTool& operator=(const ImportTool&) = delete;
+
+    /// Reads on until the output has a line that starts with this. False if it ends before.
+    bool waitForLine(const std::string& start);
+    void signal(int number);
+    ToolResult finish(std::chrono::seconds limit = std::chrono::seconds(60));
+
+    static ToolResult run(const Arguments& arguments, const std::function<void()>& prepare = {});
+
+private:
+    bool readMore(std::chrono::steady_clock::time_point deadline);
+
+    pid_t m_process = -1;
+    int m_output = -1;
+    int m_errorOutput = -1;
+    std::string m_said;
+    std::string m_saidError;
+};
+
+/// A file of the test data.
+std::string testData(const std::string& name);
+std::string readFile(const std::string& path);
+void writeFile(const std::string& path, const std::string& content);

@@ -1,0 +1,13 @@
+# Writes the schema script as a C++ source. Called with -DSCHEMA=... -DOUTPUT=...
+file(READ ${SCHEMA} script)
+file(WRITE ${OUTPUT} "#include \"SchemaScript.h\"
+
+namespace accessimport {
+
+std::string_view embeddedSchema()
+{
+    return R\"SQL(${script})SQL\";
+}
+
+} // namespace accessimport
+")
