@@ -1,0 +1,177 @@
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Runs the builder on a copy of the sources that a test may spoil.
+class SampleBuilderTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_folder.isValid());
+        std::filesystem::copy(ORVIK_SAMPLE_SOURCE, path(u"sample"_s).toStdString(),
+                              std::filesystem::copy_options::recursive);
+    }
+
+    [[nodiscard]] QString path(const QString& name) const { return m_folder.filePath(name); }
+
+    [[nodiscard]] QByteArray source(const QString& name) const
+    {
+        QFile file(path(u"sample/source/"_s + name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void setSource(const QString& name, const QByteArray& content) const
+    {
+        QFile file(path(u"sample/source/"_s + name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(content), content.size());
+    }
+
+    /// The builder's exit status; its messages go to m_messages.
+    int build()
+    {
+        QProcess process;
+        process.start(QStringLiteral(ORVIK_SAMPLE_BUILDER),
+                      {path(u"sample"_s), QStringLiteral(ORVIK_SCHEMA), path(u"target"_s)});
+        if (!process.waitForFinished(120000)) return -1;
+        m_messages = process.readAllStandardError().toStdString();
+        return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    }
+
+    std::string m_messages;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+/// Every row of every table, as text.
+std::vector<std::string> rowsOf(const std::string& path)
+{
+    const SQLite::Database database(path, SQLite::OPEN_READONLY);
+    std::vector<std::string> rows;
+    SQLite::Statement tables(database, "SELECT name FROM sqlite_schema WHERE type = 'table' ORDER BY name");
+    while (tables.executeStep()) {
+        const std::string table = tables.getColumn(0).getString();
+        SQLite::Statement statement(database, "SELECT * FROM " + table + " ORDER BY rowid");
+        while (statement.executeStep()) {
+            std::string row = table;
+            for (int column = 0; column < statement.getColumnCount(); ++column)
+                row += '\t' +
+                       (statement.isColumnNull(column) ? "NULL" : statement.getColumn(column).getString());
+            rows.push_back(row);
+        }
+    }
+    return rows;
+}
+
+TEST_F(SampleBuilderTest, TheSameSourcesGiveTheSameRows)
+{
+    ASSERT_EQ(build(), 0) << m_messages;
+    const auto rows = rowsOf(path(u"target/data/orvik-sample.sqlite"_s).toStdString());
+    EXPECT_GT(rows.size(), 3000U);
+    EXPECT_EQ(rows, rowsOf(ORVIK_SAMPLE_DIR "/data/orvik-sample.sqlite"));
+    EXPECT_FALSE(QFile::exists(path(u"target.part"_s)));
+}
+
+TEST_F(SampleBuilderTest, ABadRowStopsWithItsFileLineAndReason)
+{
+    struct Case
+    {
+        const char* file;
+        const char* find; ///< stands once in the file
+        const char* replace;
+        const char* message; ///< after the file and the line
+    };
+    const Case cases[]{
+        {"events.tsv", "1900-09-08\t20:00", "1900-02-29\t20:00", "StartDate is not a date: \"1900-02-29\""},
+        {"events.tsv", "1900-09-08\t20:00", "1900-09-08\t24:00", "StartTime is not a time: \"24:00\""},
+        {"events.tsv", "1900-09-08\t20:00", "\t20:00", "a time without its date"},
+        {"events.tsv", "1900-09-08\t20:00", "1900-09-10\t20:00", "the event ends before it starts"},
+        {"events.tsv", "Galveston hurricane of 1900\tyes", "Galveston hurricane of 1900\tmaybe",
+         "Key must be yes or no, not \"maybe\""},
+        {"events.tsv", "Heppner flash flood\t", "Galveston hurricane of 1900\t",
+         "the event \"Galveston hurricane of 1900\" is there already"},
+        {"events.tsv", "Heppner flash flood\tno", "Heppner flash flood", "11 fields instead of 12"},
+        {"events.tsv", "River Valley;Rural Area\t\tA thunderstorm", "River Valley;Moon\t\tA thunderstorm",
+         "there is no venue \"Moon\""},
+        {"events.tsv", "River Valley;Rural Area\t\tA thunderstorm", "River Valley;\t\tA thunderstorm",
+         "Venues has an empty part"},
+        {"organizations.tsv", "\tDenton\tTX\t", "\tDenton\tXX\t", "there is no state \"XX\""},
+        {"organizations.tsv", "25.7543\t-80.3836", "95.7543\t-80.3836",
+         "Lat is not a number from -90 to 90: \"95.7543\""},
+        {"organizations.tsv", "25.7543\t-80.3836", "25.7543\t", "half of a position"},
+        {"organizations.tsv", "FEMA Region 6\tFederal Agency\tRegional Office",
+         "FEMA Region 6\tFederal Agency\tFire Department",
+         "the sub-type Fire Department does not belong to the type"},
+        {"documents.tsv", "A Failure of Initiative\tyes\tAdobe PDF",
+         "A Failure of Initiative\tyes\tStone Tablet", "there is no file type \"Stone Tablet\""},
+        {"documents.tsv", "deaths-associated-with-hurricane-sandy-october-summary.txt", "sandy.xls",
+         "a sheet cannot be a file of the kind xls"},
+        {"documents.tsv", "\tchart\ttornadoes", "\tchart\t", "the local file needs figures"},
+        {"documents.tsv", "\tchart\ttornadoes", "\tchart\tdragons", "there are no figures \"dragons\""},
+        {"documents.tsv", "\tmap\tvolcanoes", "\tmap\tcrests", "the figures crests have no places"},
+        {"history.tsv", "2024-03-04 09:12:00\tEventDescription", "2024-03-04 09:12:00\tWeather",
+         "there is no column \"Weather\""},
+        {"orgcharts.tsv", "\tAdministrator\tResilience", "\tNobody\tResilience",
+         "there is no unit \"Nobody\" above this one"},
+        {"orgcharts.tsv", "National Weather Service\t\tDirector", "Weather Office\t\tDirector",
+         "a chart begins with its head"},
+    };
+    for (const Case& one : cases) {
+        const QString file = QString::fromLatin1(one.file);
+        const QByteArray sound = source(file);
+        const qsizetype at = sound.indexOf(one.find);
+        ASSERT_GE(at, 0) << one.find;
+        ASSERT_EQ(sound.indexOf(one.find, at + 1), -1) << one.find;
+        setSource(file, QByteArray(sound).replace(at, qsizetype(std::strlen(one.find)), one.replace));
+
+        EXPECT_EQ(build(), 1) << one.message;
+        EXPECT_NE(m_messages.find(std::string(one.file) + ":"), std::string::npos) << m_messages;
+        EXPECT_NE(m_messages.find(std::string(": ") + one.message), std::string::npos) << m_messages;
+        EXPECT_FALSE(QFile::exists(path(u"target"_s))) << one.message;
+        EXPECT_FALSE(QFile::exists(path(u"target.part"_s))) << one.message;
+        setSource(file, sound);
+    }
+}
+
+TEST_F(SampleBuilderTest, TheLineIsThatOfTheRow)
+{
+    QByteArray events = source(u"events.tsv"_s);
+    setSource(u"events.tsv"_s, events.replace("1903-06-14\t\t1903-06-14", "1903-06-31\t\t1903-06-14"));
+    EXPECT_EQ(build(), 1);
+    EXPECT_NE(m_messages.find("events.tsv:3: StartDate"), std::string::npos) << m_messages;
+}
+
+TEST_F(SampleBuilderTest, ATextThatIsNotUtf8IsRefused)
+{
+    setSource(u"events.tsv"_s, source(u"events.tsv"_s) + "\xE9t\xE9\n");
+    EXPECT_EQ(build(), 1);
+    EXPECT_NE(m_messages.find("the file is not UTF-8"), std::string::npos) << m_messages;
+}
+
+TEST_F(SampleBuilderTest, AFolderWithSomethingInItIsLeftAlone)
+{
+    ASSERT_TRUE(QDir().mkpath(path(u"target"_s)));
+    QFile precious(path(u"target/precious.txt"_s));
+    ASSERT_TRUE(precious.open(QIODevice::WriteOnly));
+    precious.close();
+    EXPECT_EQ(build(), 1);
+    EXPECT_NE(m_messages.find("there is something already"), std::string::npos) << m_messages;
+    EXPECT_EQ(QDir(path(u"target"_s)).entryList(QDir::Files), QStringList(u"precious.txt"_s));
+}
+
+} // namespace

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "DocumentRecords.h"
+#include "EventRecords.h"
+#include "FigurePainter.h"
+#include "FigureTable.h"
+#include "OrganizationRecords.h"
+#include "SummarySheet.h"
+
+#include <QDir>
+
+/// Makes the local files of documents: summary sheets, charts, maps, tables and a recording. Nothing that
+/// it writes is a copy of a publication, and each file but the recording says so. Keeps references to what
+/// it is given and must not outlive it.
+class LocalFiles
+{
+public:
+    LocalFiles(const FigureTables& figures, const FigurePainter& painter, const EventRecords& events,
+               const OrganizationRecords& organizations, const QDir& folder);
+
+    /// Writes the document's file, and for a web page its companion folder. Throws SourceError where a
+    /// table of figures is missing or a file cannot be written.
+    void write(const DocumentFacts& document) const;
+
+private:
+    [[nodiscard]] const FigureTable* figuresOf(const DocumentFacts& document) const;
+    [[nodiscard]] SummarySheet sheetOf(const DocumentFacts& document) const;
+    [[nodiscard]] QStringList agenciesOf(const DocumentFacts& document) const;
+    [[nodiscard]] QImage pictureOf(const FigureTable& figures) const;
+    void writeSheet(const DocumentFacts& document) const;
+    void writePdf(const SummarySheet& sheet, const QString& path) const;
+    void writePage(const SummarySheet& sheet, const DocumentFacts& document) const;
+    void writeImage(const QImage& image, const QString& name) const;
+    void writeBytes(const QByteArray& bytes, const QString& name) const;
+
+    const FigureTables& m_figures;
+    const FigurePainter& m_painter;
+    const EventRecords& m_events;
+    const OrganizationRecords& m_organizations;
+    QDir m_folder;
+};
