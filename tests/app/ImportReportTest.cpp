@@ -1,0 +1,30 @@
+#include "files/ImportReport.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(ImportReport, FollowsTheConversionAndSumsItUp)
+{
+    ImportReport report;
+    EXPECT_EQ(report.take("phase\tcopying")->step, QStringLiteral("Copying …"));
+    const auto progress = report.take("progress\t42\t1000\t2000\tName\\twith\\\\tab");
+    EXPECT_EQ(progress->percent, 42);
+    EXPECT_EQ(progress->step, QStringLiteral("Copying Name\twith\\tab (1000 of 2000 rows) …"));
+    EXPECT_EQ(report.take("progress\t85\t2000\t2000\t")->percent, 85);
+    for (const char* line :
+         {"summary\ttables\t28", "summary\trows\t2528", "summary\tknown\t28",
+          "summary\tunknown-table\tLog\tLog", "summary\tunknown-column\tEvent\tMood\tMood",
+          "summary\tmissing-table\tVenue", "summary\tmissing-column\tDocument\tURL",
+          "summary\thidden\tDocument\t8\t1", "summary\torphans\tEventVenues\tVenueID\tVenue\t3",
+          "summary\tfuture\tthing", "noise", ""}) {
+        EXPECT_FALSE(report.take(line)) << line;
+    }
+    EXPECT_EQ(report.text().toStdString(), "28 tables with 2528 rows were taken over and checked.\n"
+                                           "Unknown, taken over as they are: Log, Event.Mood.\n"
+                                           "Missing, made empty: Venue, Document.URL.\n"
+                                           "Not shown in lists: Document: 8 deleted, 1 without a status.\n"
+                                           "3 rows of EventVenues name a Venue that does not exist.");
+}
+
+} // namespace

@@ -1,0 +1,83 @@
+#include "browse/ViewHistory.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Writes down what it is asked to show.
+class NotingPresenter final : public ViewPresenter
+{
+public:
+    void showDocuments(const SharedQuery& query, const QString& caption) override
+    {
+        note(u'D', query, caption);
+    }
+    void showEvents(const SharedQuery& query, const QString& caption) override { note(u'E', query, caption); }
+    void showOrganizations(const SharedQuery& query, const QString& caption) override
+    {
+        note(u'O', query, caption);
+    }
+    void showHome() override { shown << QStringLiteral("Home"); }
+
+    QStringList shown;
+
+private:
+    void note(QChar kind, const SharedQuery& query, const QString& caption)
+    {
+        shown << QStringLiteral("%1 %2 %3").arg(kind).arg(query->WhereClause, caption);
+    }
+};
+
+clsView view(ViewKind kind, const QString& caption)
+{
+    auto query = std::make_shared<SQLObject>();
+    query->WhereClause = u'#' + caption;
+    return {kind, query, caption};
+}
+
+TEST(ViewHistory, KeepsTheWholeTrail)
+{
+    NotingPresenter presenter;
+    ViewHistory history;
+    history.setPresenter(&presenter);
+    EXPECT_FALSE(history.goBack());
+    EXPECT_FALSE(history.goForward());
+
+    history.addView({ViewKind::Home, nullptr, QStringLiteral("Home Page")});
+    history.addView(view(ViewKind::Documents, QStringLiteral("a")));
+    history.addView(view(ViewKind::Events, QStringLiteral("b")));
+    EXPECT_FALSE(history.goForward());
+    EXPECT_TRUE(history.goBack());
+    EXPECT_TRUE(history.goBack());
+    EXPECT_FALSE(history.goBack());
+    EXPECT_EQ(history.current(), 1u);
+    EXPECT_EQ(history.currentKind(), ViewKind::Home);
+
+    // a new view goes to the end, and Back leads to what was last before it
+    history.addView(view(ViewKind::Organizations, QStringLiteral("c")));
+    EXPECT_EQ(history.count(), 4u);
+    EXPECT_EQ(history.current(), 4u);
+    EXPECT_FALSE(history.goForward());
+    EXPECT_TRUE(history.goBack());
+    EXPECT_EQ(history.currentKind(), ViewKind::Events);
+
+    EXPECT_EQ(presenter.shown.join(u',').toStdString(), "Home,D #a a,E #b b,D #a a,Home,O #c c,E #b b");
+    history.showView(0);
+    history.showView(5);
+    EXPECT_EQ(history.current(), 3u);
+}
+
+TEST(ViewHistory, HomeIsAddedLikeAnyOtherView)
+{
+    NotingPresenter presenter;
+    ViewHistory history;
+    history.setPresenter(&presenter);
+    for (int i = 0; i < 3; ++i)
+        history.addView({ViewKind::Home, nullptr, QStringLiteral("Home Page")});
+    EXPECT_EQ(history.count(), 3u);
+    EXPECT_EQ(history.current(), 3u);
+}
+
+} // namespace

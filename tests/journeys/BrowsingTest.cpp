@@ -1,0 +1,171 @@
+#include "Journey.h"
+
+#include <QAbstractButton>
+#include <QHeaderView>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A few records of each kind.
+void addRecords(const TestDatabase& database)
+{
+    database.run(
+        "INSERT INTO Document (DocumentID, DocumentName, DocumentDate, dStatus) VALUES (1, 'None', NULL, "
+        "'ACTIVE'),"
+        "(2, 'Beta', '12/01/1999', 'ACTIVE'), (3, 'alpha', '1907', 'ACTIVE'), (4, 'Delta', NULL, 'DELETED')");
+    database.run("INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, EndTime, "
+                 "Status) VALUES "
+                 "(2, 'Flood & Fire', 1, '1927-04-01', '06:00', '1927-08-31', '18:00', 'ACTIVE')");
+    database.run("INSERT INTO Organization (OrganizationID, OrganizationName, City, State, Status) VALUES "
+                 "(2, 'Agency', 'Austin', 'TX', 'ACTIVE'), (3, 'Bureau', 'Boston', 'MA', 'ACTIVE')");
+}
+
+TEST(Browsing, GoesThroughTheListsAndBack)
+{
+    Journey journey;
+    addRecords(journey.database);
+    journey.start();
+
+    QTest::mouseClick(&journey.find<QAbstractButton>("Image1(0)"), Qt::LeftButton);
+    EXPECT_EQ(journey.column(0), "alpha|Beta");
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Documents"));
+    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 2 Documents"));
+
+    journey.trigger("mnuViewEvents");
+    EXPECT_EQ(journey.column(2), "04/01/27 06:00 - 08/31/27 18:00");
+    EXPECT_EQ(journey.column(1), "1");
+    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 1 Event"));
+
+    QTest::keyClick(journey.program->window(), Qt::Key_3, Qt::ControlModifier);
+    EXPECT_EQ(journey.column(3), "Austin, TX|Boston, MA");
+
+    journey.trigger("mnuNavigateBack");
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Events"));
+    EXPECT_EQ(journey.historyMenu(), "Home Page|View ALL Documents|[View ALL Events]|View ALL Organizations");
+
+    // a new view goes to the end; Forward then only beeps
+    journey.trigger("mnuSearchShowAll");
+    EXPECT_EQ(journey.historyMenu(),
+              "Home Page|View ALL Documents|View ALL Events|View ALL Organizations|[View ALL Events]");
+    journey.trigger("mnuNavigateForward");
+    EXPECT_EQ(journey.desktop.messages.beeps, 1);
+    EXPECT_EQ(journey.program->state().history.count(), 5u);
+
+    journey.find<QAction>("mnuHistoryList(0)").trigger();
+    EXPECT_TRUE(journey.find<QWidget>("pnlHome").isVisible());
+    journey.trigger("mnuNavigateBack");
+    EXPECT_EQ(journey.desktop.messages.beeps, 2);
+    journey.trigger("mnuNavigateHome");
+    EXPECT_EQ(journey.program->state().history.count(), 6u);
+}
+
+TEST(Browsing, AViewShownAgainShowsTheDataAsTheyAreNow)
+{
+    Journey journey;
+    addRecords(journey.database);
+    journey.start();
+    journey.trigger("mnuViewOrganizations");
+    journey.database.run("UPDATE Organization SET Status = 'DELETED' WHERE OrganizationID = 2");
+    EXPECT_EQ(journey.column(0), "Agency|Bureau");
+    QTest::keyClick(journey.program->window(), Qt::Key_F5);
+    EXPECT_EQ(journey.column(0), "Bureau");
+    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 1 Organization"));
+    EXPECT_EQ(journey.program->state().history.count(), 2u);
+}
+
+void clickHeader(Journey& journey, int column)
+{
+    QHeaderView& header = *journey.list().header();
+    const QPoint at(header.sectionViewportPosition(column) + 4, header.height() / 2);
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, at);
+}
+
+TEST(Browsing, AHeaderSortsAndTheViewRemembersIt)
+{
+    Journey journey;
+    addRecords(journey.database);
+    journey.start();
+    journey.trigger("mnuViewDocuments");
+    journey.list().setColumnWidth(0, 333);
+    clickHeader(journey, 0);
+    EXPECT_EQ(journey.column(0), "alpha|Beta");
+    clickHeader(journey, 0);
+    EXPECT_EQ(journey.column(0), "Beta|alpha");
+    clickHeader(journey, 3);
+    EXPECT_EQ(journey.column(0), "alpha|Beta") << "1907 comes before 1999";
+    clickHeader(journey, 3);
+
+    journey.trigger("mnuViewRefresh");
+    EXPECT_EQ(journey.column(0), "Beta|alpha");
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(journey.column(0), "alpha|Beta") << "a new view has its query's order";
+    EXPECT_EQ(journey.list().columnWidth(0), 333);
+    journey.trigger("mnuNavigateBack");
+    EXPECT_EQ(journey.column(0), "Beta|alpha");
+}
+
+TEST(Browsing, TheKeyboardFindsAndTheSelectionStays)
+{
+    Journey journey;
+    addRecords(journey.database);
+    journey.addDocuments(50);
+    journey.start();
+    journey.trigger("mnuViewDocuments");
+    QTest::keyClicks(&journey.list(), QStringLiteral("document 12"));
+    EXPECT_EQ(journey.list().currentIndex().data().toString(), QStringLiteral("Document 120"));
+    journey.trigger("mnuViewRefresh");
+    EXPECT_EQ(journey.list().currentIndex().data().toString(), QStringLiteral("Document 120"));
+    clickHeader(journey, 0);
+    clickHeader(journey, 0);
+    EXPECT_EQ(journey.list().currentIndex().data().toString(), QStringLiteral("Document 120"));
+    QTest::keyClick(&journey.list(), Qt::Key_End);
+    EXPECT_EQ(journey.list().currentIndex().data().toString(), QStringLiteral("alpha"));
+    QTest::keyClick(&journey.list(), Qt::Key_Home);
+    EXPECT_EQ(journey.list().currentIndex().data().toString(), QStringLiteral("Document 149"));
+}
+
+TEST(Browsing, AViewAskedForWhileAListFillsTakesItsPlace)
+{
+    Journey journey;
+    addRecords(journey.database);
+    journey.addDocuments(3000);
+    journey.start();
+    // runs at the first yield, in the middle of the documents
+    QTimer::singleShot(0, [&journey] { journey.trigger("mnuViewOrganizations"); });
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(journey.column(0), "Agency|Bureau");
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Organizations"));
+    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 2 Organizations"));
+
+    QTimer::singleShot(0, [&journey] { journey.trigger("mnuNavigateHome"); });
+    journey.trigger("mnuViewDocuments");
+    EXPECT_TRUE(journey.find<QWidget>("pnlHome").isVisible());
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("Home Page"));
+    EXPECT_EQ(journey.statusPanel(), QString());
+
+    journey.trigger("mnuNavigateBack");
+    EXPECT_EQ(journey.list().model()->rowCount(), 3002);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST(Browsing, AFailingStatementShowsOneMessageAndTheWindowGoesOn)
+{
+    Journey journey;
+    addRecords(journey.database);
+    journey.start();
+    auto query = std::make_shared<SQLObject>(*journey.program->state().queries.documents);
+    query->WhereClause += QStringLiteral(" AND NoSuchColumn = 1");
+    journey.desktop.messages.expectMessage(
+        QStringLiteral("showDocuments Error (1): no such column: NoSuchColumn"));
+    journey.program->state().history.addView({ViewKind::Documents, query, QStringLiteral("Broken")});
+    journey.desktop.messages.finish();
+    EXPECT_EQ(journey.list().model()->rowCount(), 0);
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("Broken"));
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(journey.column(0), "alpha|Beta");
+}
+
+} // namespace

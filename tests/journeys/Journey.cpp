@@ -1,0 +1,54 @@
+#include "Journey.h"
+
+#include <QDir>
+#include <QMenu>
+#include <QTest>
+
+Journey::Journey()
+{
+    QDir().mkpath(dataFolder() + QStringLiteral("documents"));
+}
+
+void Journey::start(const QString& databaseName)
+{
+    if (databaseName == QStringLiteral("test.sqlite")) {
+        QFile::link(database.fileName(), dataFolder() + databaseName);
+    }
+    desktop.setDatabase(databaseName);
+    program.emplace(desktop.platform(), ProgramFolder(database.folder()), QString());
+    program->Main();
+    // keys reach the window's commands only while it is active
+    program->window()->activateWindow();
+    if (!QTest::qWaitForWindowActive(program->window())) throw std::runtime_error("the window is not active");
+}
+
+void Journey::addDocuments(int count)
+{
+    database.run(QStringLiteral(
+                     "WITH RECURSIVE n(i) AS (VALUES (100) UNION ALL SELECT i + 1 FROM n WHERE i < 99 + %1) "
+                     "INSERT INTO Document (DocumentID, DocumentName, dStatus) "
+                     "SELECT i, 'Document ' || i, 'ACTIVE' FROM n")
+                     .arg(count)
+                     .toUtf8()
+                     .constData());
+}
+
+std::string Journey::column(int column)
+{
+    QStringList texts;
+    const QAbstractItemModel& model = *list().model();
+    for (int row = 0; row < model.rowCount(); ++row)
+        texts << model.index(row, column).data().toString();
+    return texts.join(u'|').toStdString();
+}
+
+std::string Journey::historyMenu()
+{
+    QMenu& navigate = find<QMenu>("mnuNavigate");
+    Q_EMIT navigate.aboutToShow();
+    QStringList captions;
+    for (const QAction* entry : find<QMenu>("mnuHistory").actions()) {
+        captions << (entry->isChecked() ? u'[' + entry->text() + u']' : entry->text());
+    }
+    return captions.join(u'|').toStdString();
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "app/Main_Mod.h"
+#include "browse/frmMain.h"
+#include "support/ScriptedPlatform.h"
+#include "support/TestDatabase.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QTreeView>
+
+#include <optional>
+
+/// The program as its user has it, on a database of its own: its window is driven and looked at by object
+/// name, and what it says follows a script.
+class Journey
+{
+public:
+    Journey();
+
+    /// Starts the program on a database of that name in the data folder.
+    void start(const QString& databaseName = QStringLiteral("test.sqlite"));
+
+    /// Puts many plain documents into the database, before or after the start.
+    void addDocuments(int count);
+
+    template <typename Widget>
+    Widget& find(const char* objectName)
+    {
+        auto* widget = program->window()->findChild<Widget*>(QString::fromUtf8(objectName));
+        if (widget == nullptr) throw std::runtime_error(std::string("no such widget: ") + objectName);
+        return *widget;
+    }
+
+    void trigger(const char* action) { find<QAction>(action).trigger(); }
+    QTreeView& list() { return find<QTreeView>("ListView1"); }
+    QString viewPanel() { return find<QLabel>("pnlView").text(); }
+    QString statusPanel() { return find<QLabel>("pnlStatus").text(); }
+
+    /// The texts of a column from the first row to the last, joined by `|`.
+    std::string column(int column);
+
+    /// The captions of the History menu as it opens now, joined by `|`; the current one in brackets.
+    std::string historyMenu();
+
+    [[nodiscard]] QString dataFolder() const { return database.folder() + QStringLiteral("/data/"); }
+
+    TestDatabase database;
+    ScriptedPlatform desktop;
+    std::optional<Main_Mod> program;
+};

@@ -1,0 +1,56 @@
+#include "Journey.h"
+#include "browse/RecordListModel.h"
+#include "browse/RecordListView.h"
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(ListModel, KeepsItsPromisesWhileItFillsAndSorts)
+{
+    Journey journey;
+    journey.addDocuments(2000);
+    journey.start();
+    auto& model = dynamic_cast<RecordListModel&>(*journey.list().model());
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    const QSignalSpy batches(&model, &QAbstractItemModel::rowsInserted);
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(model.rowCount(), 2000);
+    EXPECT_LE(batches.count(), 4) << "rows are made known in growing batches";
+
+    const QPersistentModelIndex kept = model.index(7, 0);
+    const QString name = kept.data().toString();
+    model.order(ListSort{0, true});
+    EXPECT_EQ(kept.data().toString(), name);
+    EXPECT_EQ(kept.row(), 1992);
+    model.order(std::nullopt);
+    EXPECT_EQ(kept.row(), 7);
+    EXPECT_EQ(model.rowOf(model.identifier(1234)), 1234);
+    EXPECT_EQ(model.rowOf(5), -1);
+    journey.trigger("mnuViewEvents");
+    EXPECT_EQ(model.rowCount(), 0);
+    EXPECT_FALSE(kept.isValid());
+}
+
+TEST(ListModel, CopiesRowsAsTextAndAsATable)
+{
+    Journey journey;
+    journey.database.run(
+        "INSERT INTO Event (EventID, EventName, StartDate, EndDate, Status) VALUES "
+        "(2, 'A <b> & c', '1927-04-01', '1927-04-01', 'ACTIVE'), (3, 'Z', NULL, NULL, 'ACTIVE')");
+    journey.start();
+    journey.trigger("mnuViewEvents");
+    journey.list().selectAll();
+    journey.trigger("mnuRecordCopy");
+    const QMimeData* copied = QApplication::clipboard()->mimeData();
+    EXPECT_EQ(copied->text().toStdString(), "Z\t\t\nA <b> & c\t\t04/01/27\n");
+    EXPECT_TRUE(copied->html().contains(QStringLiteral("<td>A &lt;b&gt; &amp; c</td>")));
+}
+
+} // namespace

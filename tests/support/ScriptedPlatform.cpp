@@ -1,0 +1,78 @@
+#include "support/ScriptedPlatform.h"
+
+#include "app/StdREG.h"
+
+#include <gtest/gtest.h>
+
+ScriptedMessages::~ScriptedMessages()
+{
+    finish();
+}
+
+void ScriptedMessages::finish()
+{
+    for (const Line& line : m_script)
+        ADD_FAILURE() << "never shown: " << line.text.toStdString();
+    m_script.clear();
+}
+
+bool ScriptedMessages::take(const QString& text, bool question)
+{
+    if (m_script.empty()) {
+        ADD_FAILURE() << "not in the script: " << text.toStdString();
+        return false;
+    }
+    const Line line = m_script.front();
+    m_script.pop_front();
+    const bool fits = line.beginning ? text.startsWith(line.text) : text == line.text;
+    if (!fits || line.question != question) {
+        ADD_FAILURE() << "shown: " << text.toStdString() << "\nexpected: " << line.text.toStdString();
+    }
+    return line.answer;
+}
+
+void ScriptedMessages::show(const QString& text)
+{
+    take(text, false);
+}
+
+bool ScriptedMessages::ask(const QString& question)
+{
+    return take(question, true);
+}
+
+QString ScriptedFileDialogs::openFile(const QString& title, const QString& /*filter*/)
+{
+    if (files.empty()) {
+        ADD_FAILURE() << "a file dialog that is not in the script: " << title.toStdString();
+        return {};
+    }
+    const QString file = files.front();
+    files.pop_front();
+    return file;
+}
+
+DatabaseConverter::Result ScriptedConverter::convert(const QString& source, const QString& target,
+                                                     bool replace)
+{
+    asked << QStringLiteral("%1 > %2%3")
+                 .arg(source, target, replace ? QStringLiteral(" replacing") : QString());
+    if (results.empty()) {
+        ADD_FAILURE() << "a conversion that is not in the script: " << source.toStdString();
+        return {};
+    }
+    const Result result = results.front();
+    results.pop_front();
+    return result;
+}
+
+QString MemorySettings::value(const QString& path) const
+{
+    const auto found = values.find(path);
+    return found == values.end() ? QString() : found->second;
+}
+
+void ScriptedPlatform::setDatabase(const QString& name)
+{
+    StdREG(settings).WriteRegString(QString(), QStringLiteral("DBFile"), name);
+}

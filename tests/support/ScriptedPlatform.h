@@ -1,0 +1,97 @@
+#pragma once
+
+#include "platform/DatabaseConverter.h"
+#include "platform/FileAttributes.h"
+#include "platform/FileDialogs.h"
+#include "platform/Messages.h"
+#include "platform/Platform.h"
+#include "platform/SettingsStore.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <deque>
+#include <map>
+
+/// Messages that follow a script of exact texts and answers. A message that is not next in the script, and a
+/// line of the script that was not used, each fail the test.
+class ScriptedMessages final : public Messages
+{
+public:
+    ~ScriptedMessages() override;
+
+    void expectMessage(const QString& text) { m_script.push_back({text, false, false}); }
+    void expectQuestion(const QString& text, bool answer) { m_script.push_back({text, true, answer}); }
+
+    /// Expects a message of which only the beginning is known, as where the system words the rest.
+    void expectMessageBeginning(const QString& text) { m_script.push_back({text, false, false, true}); }
+
+    /// Fails the test where lines are left, and forgets them.
+    void finish();
+
+    void show(const QString& text) override;
+    [[nodiscard]] bool ask(const QString& question) override;
+    void beep() override { ++beeps; }
+
+    int beeps = 0;
+
+private:
+    struct Line
+    {
+        QString text;
+        bool question = false;
+        bool answer = false;
+        bool beginning = false;
+    };
+    bool take(const QString& text, bool question);
+
+    std::deque<Line> m_script;
+};
+
+/// File dialogs that give the files of a script, an empty name for a dialog that is closed.
+class ScriptedFileDialogs final : public FileDialogs
+{
+public:
+    [[nodiscard]] QString openFile(const QString& title, const QString& filter) override;
+
+    std::deque<QString> files;
+};
+
+/// A converter that gives the results of a script, and writes down what it was asked for.
+class ScriptedConverter final : public DatabaseConverter
+{
+public:
+    [[nodiscard]] Result convert(const QString& source, const QString& target, bool replace) override;
+
+    std::deque<Result> results;
+    QStringList asked;
+};
+
+/// Settings that live as long as the test.
+class MemorySettings final : public SettingsStore
+{
+public:
+    [[nodiscard]] QString value(const QString& path) const override;
+    void setValue(const QString& path, const QString& value) override { values[path] = value; }
+
+    std::map<QString, QString> values;
+};
+
+/// The desktop of one test.
+struct ScriptedPlatform
+{
+    ScriptedMessages messages;
+    MemorySettings settings;
+    SystemFileAttributes fileAttributes;
+    ScriptedFileDialogs fileDialogs;
+    ScriptedConverter scriptedConverter;
+    DatabaseConverter* converter = &scriptedConverter; ///< or another for a test with the real tool
+
+    [[nodiscard]] Platform platform()
+    {
+        return {messages, settings, fileAttributes, fileDialogs, *converter};
+    }
+
+    /// Names the database that the program opens at its start.
+    void setDatabase(const QString& name);
+};

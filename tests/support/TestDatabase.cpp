@@ -1,0 +1,76 @@
+#include "support/TestDatabase.h"
+
+#include <QFile>
+#include <QStringList>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <stdexcept>
+
+TestDatabase::TestDatabase()
+{
+    QFile schema(QStringLiteral(ORVIK_SCHEMA));
+    if (!schema.open(QIODevice::ReadOnly)) throw std::runtime_error("the schema cannot be read");
+    SQLite::Database database(fileName().toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    database.exec("PRAGMA synchronous = OFF");
+    database.exec(schema.readAll().toStdString());
+}
+
+QByteArray TestDatabase::bytes() const
+{
+    QFile file(fileName());
+    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error("the database file cannot be read");
+    return file.readAll();
+}
+
+void TestDatabase::run(const char* statements) const
+{
+    SQLite::Database database(fileName().toStdString(), SQLite::OPEN_READWRITE);
+    database.exec("PRAGMA synchronous = OFF");
+    database.exec(statements);
+}
+
+QString TestDatabase::ask(const char* statement) const
+{
+    SQLite::Database database(fileName().toStdString());
+    SQLite::Statement rows(database, statement);
+    QStringList lines;
+    while (rows.executeStep()) {
+        QStringList values;
+        for (int i = 0; i < rows.getColumnCount(); ++i) {
+            values << (rows.isColumnNull(i) ? QStringLiteral("NULL")
+                                            : QString::fromUtf8(rows.getColumn(i).getText()));
+        }
+        lines << values.join(u'|');
+    }
+    return lines.join(u'\n');
+}
+
+DatabaseSession& TestDatabase::session()
+{
+    if (!m_session.isOpen()) m_session.open(fileName());
+    return m_session;
+}
+
+QString rowsOf(DatabaseSession& session, const QString& statement)
+{
+    RecordSet rows = session.read(statement);
+    QStringList lines;
+    while (rows.next()) {
+        QStringList values;
+        for (int i = 0; i < static_cast<int>(rows.columnNames().size()); ++i) {
+            values << (rows.isNull(i) ? QStringLiteral("NULL") : rows.text(i));
+        }
+        lines << values.join(u'|');
+    }
+    return lines.join(u'\n');
+}
+
+QString firstColumnOf(DatabaseSession& session, const QString& statement)
+{
+    RecordSet rows = session.read(statement);
+    QStringList values;
+    while (rows.next())
+        values << (rows.isNull(0) ? QStringLiteral("NULL") : rows.text(0));
+    return values.join(u' ');
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "data/DatabaseSession.h"
+#include "support/TextPrinting.h"
+#include "util/Error.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QTemporaryDir>
+
+/// A database file of its own for one test: the program's schema, then the rows that the test adds. The
+/// folder goes with the object.
+class TestDatabase
+{
+public:
+    TestDatabase();
+
+    [[nodiscard]] QString fileName() const { return m_folder.filePath(QStringLiteral("test.sqlite")); }
+    [[nodiscard]] QString folder() const { return m_folder.path(); }
+
+    /// All that the file holds, byte for byte.
+    [[nodiscard]] QByteArray bytes() const;
+
+    /// Runs statements of the engine itself, past the session and its rules.
+    void run(const char* statements) const;
+
+    /// What the engine itself answers, one line a row, values joined by `|`.
+    [[nodiscard]] QString ask(const char* statement) const;
+
+    /// The session with the file, opened when first asked for.
+    DatabaseSession& session();
+
+private:
+    QTemporaryDir m_folder;
+    DatabaseSession m_session;
+};
+
+/// The rows of a statement, values joined by `|`, rows by line ends: short to compare in a test.
+QString rowsOf(DatabaseSession& session, const QString& statement);
+
+/// The values of the first column, joined by blanks, in the order of the rows.
+QString firstColumnOf(DatabaseSession& session, const QString& statement);
+
+/// The number of the Error that a call ends with; 0 where it ends well.
+template <typename Call>
+int errorNumberOf(Call&& call)
+{
+    try {
+        call();
+    } catch (const Error& error) {
+        return error.number();
+    }
+    return 0;
+}
