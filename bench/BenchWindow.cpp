@@ -58,6 +58,16 @@ QString OneDatabase::value(const QString& path) const
 
 void OneDatabase::setValue(const QString& /*path*/, const QString& /*value*/) {}
 
+QString NoFiles::openFile(const QString& title, const QString& /*filter*/)
+{
+    fail(title);
+}
+
+DatabaseConverter::Result NoFiles::convert(const QString& source, const QString& /*target*/, bool /*replace*/)
+{
+    fail(source);
+}
+
 QString largeDatabase(int records)
 {
     return programFolder(records) + QStringLiteral("/data/large.sqlite");
@@ -65,7 +75,8 @@ QString largeDatabase(int records)
 
 BenchWindow::BenchWindow(int records)
     : m_settings(QStringLiteral("large.sqlite")),
-      m_program({m_messages, m_settings, m_fileAttributes}, ProgramFolder(programFolder(records)), QString())
+      m_program({m_messages, m_settings, m_fileAttributes, m_files, m_files},
+                ProgramFolder(programFolder(records)), QString())
 {
     m_program.Main();
     m_program.window()->resize(1280, 760);
@@ -106,7 +117,8 @@ std::int64_t stepPlain(const QString& file, const QString& statement)
     static std::map<QString, std::unique_ptr<SQLite::Database>> open;
     auto& database = open[file];
     if (!database) {
-        database = std::make_unique<SQLite::Database>(file.toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_NOMUTEX);
+        database = std::make_unique<SQLite::Database>(file.toStdString(),
+                                                      SQLite::OPEN_READONLY | SQLite::OPEN_NOMUTEX);
         database->exec("PRAGMA cache_size = -16000");
     }
     SQLite::Statement rows(*database, statement.toStdString());

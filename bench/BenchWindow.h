@@ -1,7 +1,9 @@
 #pragma once
 
 #include "app/Main_Mod.h"
+#include "platform/DatabaseConverter.h"
 #include "platform/FileAttributes.h"
+#include "platform/FileDialogs.h"
 #include "platform/Messages.h"
 #include "platform/SettingsStore.h"
 
@@ -35,6 +37,14 @@ private:
     QString m_name;
 };
 
+/// No file is asked for and none converted in a benchmark.
+class NoFiles final : public FileDialogs, public DatabaseConverter
+{
+public:
+    [[nodiscard]] QString openFile(const QString& title, const QString& filter) override;
+    [[nodiscard]] Result convert(const QString& source, const QString& target, bool replace) override;
+};
+
 /// A database with so many records of each kind; made once a run, in a folder that goes with the program.
 QString largeDatabase(int records);
 
@@ -50,6 +60,7 @@ private:
     NoMessages m_messages;
     OneDatabase m_settings;
     SystemFileAttributes m_fileAttributes;
+    NoFiles m_files;
     Main_Mod m_program;
 };
 

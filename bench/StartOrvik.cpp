@@ -57,8 +57,9 @@ int main(int argc, char** argv)
     NoMessages messages;
     OneDatabase settings(QStringLiteral("large.sqlite"));
     SystemFileAttributes fileAttributes;
-    Main_Mod program({messages, settings, fileAttributes}, ProgramFolder(QString::fromLocal8Bit(argv[1])),
-                     QString());
+    NoFiles files;
+    Main_Mod program({messages, settings, fileAttributes, files, files},
+                     ProgramFolder(QString::fromLocal8Bit(argv[1])), QString());
     program.Main();
     if (argc > 2) {
         reportListMemory(program);

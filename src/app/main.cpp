@@ -1,5 +1,7 @@
 #include "app/Main_Mod.h"
+#include "app/frmImport.h"
 #include "browse/IconSet.h"
+#include "platform/DesktopFileDialogs.h"
 #include "platform/DesktopMessages.h"
 #include "platform/FileAttributes.h"
 #include "platform/IniSettingsStore.h"
@@ -20,10 +22,14 @@ int main(int argc, char** argv)
     DesktopMessages messages;
     IniSettingsStore settings;
     SystemFileAttributes fileAttributes;
+    DesktopFileDialogs fileDialogs;
+    DesktopDatabaseConverter converter(QCoreApplication::applicationDirPath() +
+                                       QStringLiteral("/orvik-import"));
     const ProgramFolder::Surroundings surroundings{
         qEnvironmentVariable("ORVIK_HOME"), QCoreApplication::applicationDirPath(),
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)};
-    Main_Mod program({messages, settings, fileAttributes}, ProgramFolder(ProgramFolder::choose(surroundings)),
+    Main_Mod program({messages, settings, fileAttributes, fileDialogs, converter},
+                     ProgramFolder(ProgramFolder::choose(surroundings)),
                      surroundings.executableFolder + QStringLiteral("/../share/orvik/sample"));
     program.Main();
     return program.window() == nullptr ? EXIT_FAILURE : QApplication::exec();

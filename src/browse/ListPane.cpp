@@ -73,6 +73,13 @@ void ListPane::stop()
     m_filling = false;
 }
 
+void ListPane::forget()
+{
+    stop();
+    m_remembered.clear();
+    m_entry = 0;
+}
+
 void ListPane::begin(ViewKind kind, std::size_t entry)
 {
     if (!m_filling && m_entry != 0) m_remembered[m_entry].current = currentRecord();

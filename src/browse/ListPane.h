@@ -29,6 +29,9 @@ public:
     /// position of the view.
     bool fill(ViewKind kind, std::size_t entry, const QString& statement);
 
+    /// Forgets what it remembered of the entries of a history that is gone.
+    void forget();
+
     /// Makes a fill that is under way stop, as when a page takes the list's place.
     void stop();
 

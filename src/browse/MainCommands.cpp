@@ -50,6 +50,9 @@ void MainCommands::makeActions()
                              QKeySequence(Qt::ALT | Qt::Key_Right), tr("Shows the view after this one"));
     mnuNavigateHome = add(QStringLiteral("mnuNavigateHome"), tr("&Home"), QStringLiteral("go-home"),
                           QKeySequence(Qt::ALT | Qt::Key_Home), tr("Shows the home page"));
+    mnuOpenDatabase =
+        add(QStringLiteral("mnuOpenDatabase"), tr("&Open Database…"), QStringLiteral("document-open"),
+            QKeySequence::Open, tr("Opens an Access file or another database"));
     mnuNavigateExit = add(QStringLiteral("mnuNavigateExit"), tr("E&xit"), QStringLiteral("application-exit"),
                           QKeySequence(Qt::CTRL | Qt::Key_Q), tr("Ends the program"));
     mnuNavigateExit->setMenuRole(QAction::QuitRole);
@@ -77,6 +80,8 @@ void MainCommands::makeMenus()
     mnuNavigate->addSeparator();
     mnuHistory = mnuNavigate->addMenu(tr("H&istory"));
     mnuHistory->setObjectName(QStringLiteral("mnuHistory"));
+    mnuNavigate->addSeparator();
+    mnuNavigate->addAction(mnuOpenDatabase);
     mnuNavigate->addSeparator();
     mnuNavigate->addAction(mnuNavigateExit);
 }

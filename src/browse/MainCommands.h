@@ -24,6 +24,7 @@ public:
     QAction* mnuNavigateBack;
     QAction* mnuNavigateForward;
     QAction* mnuNavigateHome;
+    QAction* mnuOpenDatabase;
     QAction* mnuNavigateExit;
     QAction* mnuRecordCopy;
     QMenu* mnuNavigate;

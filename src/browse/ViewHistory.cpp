@@ -6,6 +6,13 @@ void ViewHistory::addView(clsView view)
     showView(count());
 }
 
+void ViewHistory::clear()
+{
+    m_views.clear();
+    m_current = 0;
+    m_currentKind = ViewKind::Home;
+}
+
 void ViewHistory::showView(std::size_t position)
 {
     if (position < 1 || position > count()) return;

@@ -32,6 +32,9 @@ public:
 
     void addView(clsView view);
 
+    /// Forgets every view, as when another database takes the place of the one they were made for.
+    void clear();
+
     /// Shows the view at a position from 1 to `count()`; other positions are ignored.
     void showView(std::size_t position);
 

@@ -1,13 +1,14 @@
 #include "browse/frmMain.h"
 
+#include "app/DatabaseOpener.h"
 #include "app/ProgramState.h"
-#include "app/StdREG.h"
+#include "browse/BrowsePage.h"
 #include "browse/HomePage.h"
 #include "browse/IconSet.h"
 #include "browse/ListPane.h"
 #include "browse/MainCommands.h"
 #include "browse/RecordListView.h"
-#include "platform/FileAttributes.h"
+#include "platform/FileDialogs.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "platform/WaitCursor.h"
@@ -26,7 +27,6 @@
 
 namespace {
 
-constexpr int readOnlyNumber = 8;
 constexpr QSize largestFirstSize(1600, 1000);
 
 } // namespace
@@ -37,12 +37,13 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
       m_commands(new MainCommands(*this)),
       m_pages(new QStackedWidget(this)),
       m_home(new HomePage(this)),
-      m_list(new ListPane(state.session, state.folder.machinePath(state.folders.documents), this))
+      m_list(new ListPane(state.session, state.folder.machinePath(state.folders.documents), this)),
+      m_browse(new BrowsePage(m_list, platform.settings, this))
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(tr("Orvik Database"));
     m_pages->addWidget(m_home);
-    m_pages->addWidget(m_list);
+    m_pages->addWidget(m_browse);
     setCentralWidget(m_pages);
     makeStatusBar();
     connectCommands();
@@ -83,6 +84,7 @@ void frmMain::connectCommands()
         if (!m_state.history.goForward()) m_platform.messages.beep();
     });
     on(m_commands->mnuNavigateHome, [this] { viewAll(ViewKind::Home); });
+    on(m_commands->mnuOpenDatabase, [this] { openDatabase(); });
     on(m_commands->mnuNavigateExit, [this] { close(); });
     on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
@@ -92,23 +94,35 @@ void frmMain::connectCommands()
 
 void frmMain::load()
 {
-    runProcedure(m_platform.messages, QStringLiteral("Form_Load"), [this] { openDatabase(); });
+    runProcedure(m_platform.messages, QStringLiteral("Form_Load"),
+                 [this] { DatabaseOpener(m_platform, m_state).openNamed(); });
+    showDatabaseName();
     placeOnScreen();
     viewAll(ViewKind::Home);
 }
 
+/// Lets the user choose another database, and begins afresh with it.
 void frmMain::openDatabase()
 {
-    const StdREG settings(m_platform.settings);
-    const QString name = settings.GetRegString(QString(), QStringLiteral("DBFile"));
-    m_state.databasePath = m_state.folder.machinePath(m_state.folders.data + name);
-    m_platform.fileAttributes.makeWritable(m_state.databasePath);
-    m_state.session.open(m_state.databasePath);
-    m_home->setSubtitle(tr("Database: %1").arg(QFileInfo(m_state.databasePath).completeBaseName()));
-    if (m_state.session.isReadOnly()) {
-        throw Error(readOnlyNumber,
-                    tr("The database can be read, but not changed. (%1)").arg(m_state.databasePath));
-    }
+    const QString file = m_platform.fileDialogs.openFile(
+        tr("Open Database"), tr("Databases (*.mdb *.accdb *.sqlite);;All files (*)"));
+    if (file.isEmpty()) return;
+    m_list->stop();
+    bool opened = false;
+    runProcedure(m_platform.messages, QStringLiteral("openDatabase"),
+                 [&] { opened = DatabaseOpener(m_platform, m_state).openChosen(file); });
+    if (!opened) return;
+    m_state.history.clear();
+    m_list->forget();
+    showDatabaseName();
+    viewAll(ViewKind::Home);
+}
+
+void frmMain::showDatabaseName()
+{
+    const QString file = m_state.session.fileName();
+    m_home->setSubtitle(file.isEmpty() ? tr("No database is open. Navigate, Open Database… opens one.")
+                                       : tr("Database: %1").arg(QFileInfo(file).completeBaseName()));
 }
 
 /// The window takes most of a small screen, and no more of a large one than its lists can use.
@@ -159,7 +173,8 @@ void frmMain::showOrganizations(const SharedQuery& query, const QString& caption
 void frmMain::showList(ViewKind kind, const QString& procedure, const SharedQuery& query,
                        const QString& caption)
 {
-    m_pages->setCurrentWidget(m_list);
+    m_pages->setCurrentWidget(m_browse);
+    m_browse->showKind(kind);
     enableCommands();
     bool stayed = true;
     runProcedure(m_platform.messages, procedure, [&] {
@@ -201,7 +216,7 @@ void frmMain::refresh()
 
 void frmMain::enableCommands()
 {
-    const bool showsList = m_pages->currentWidget() == m_list;
+    const bool showsList = m_pages->currentWidget() == m_browse;
     for (QAction* action :
          {m_commands->mnuViewRefresh, m_commands->mnuSearchShowAll, m_commands->mnuRecordCopy}) {
         action->setEnabled(showsList);
@@ -243,6 +258,7 @@ void frmMain::closeEvent(QCloseEvent* event)
         return;
     }
     m_list->stop();
+    m_browse->save();
     event->accept();
 }
 

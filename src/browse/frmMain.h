@@ -5,6 +5,7 @@
 
 #include <QMainWindow>
 
+class BrowsePage;
 class HomePage;
 class ListPane;
 class MainCommands;
@@ -44,6 +45,7 @@ private:
     void connectCommands();
     void placeOnScreen();
     void openDatabase();
+    void showDatabaseName();
     void showList(ViewKind kind, const QString& procedure, const SharedQuery& query, const QString& caption);
     void viewAll(ViewKind kind);
     void refresh();
@@ -56,6 +58,7 @@ private:
     QStackedWidget* m_pages;
     HomePage* m_home;
     ListPane* m_list;
+    BrowsePage* m_browse;
     QLabel* m_viewPanel = nullptr;
     QLabel* m_statusPanel = nullptr;
 };

@@ -1,6 +1,8 @@
 #pragma once
 
+class DatabaseConverter;
 class FileAttributes;
+class FileDialogs;
 class Messages;
 class SettingsStore;
 
@@ -10,4 +12,6 @@ struct Platform
     Messages& messages;
     SettingsStore& settings;
     FileAttributes& fileAttributes;
+    FileDialogs& fileDialogs;
+    DatabaseConverter& converter;
 };

@@ -1,0 +1,67 @@
+#include "files/DatabaseFile.h"
+
+#include "data/DatabaseSession.h"
+#include "data/EngineError.h"
+#include "util/Error.h"
+
+#include <QByteArray>
+#include <QFile>
+
+#include <SQLiteCpp/Backup.h>
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <cerrno>
+#include <cstdio>
+
+namespace {
+
+constexpr qint64 headLength = 32;
+
+/// Removes a file that was not finished.
+class Unfinished
+{
+public:
+    explicit Unfinished(QString file) : m_file(std::move(file)) { QFile::remove(m_file); }
+    ~Unfinished()
+    {
+        QFile::remove(m_file);
+        QFile::remove(m_file + QStringLiteral("-journal"));
+    }
+    Unfinished(const Unfinished&) = delete;
+    Unfinished& operator=(const Unfinished&) = delete;
+
+private:
+    QString m_file;
+};
+
+} // namespace
+
+DatabaseFileKind kindOfDatabaseFile(const QString& file)
+{
+    QFile content(file);
+    if (!content.open(QIODevice::ReadOnly)) return DatabaseFileKind::Other;
+    const QByteArray head = content.read(headLength);
+    if (head.startsWith("SQLite format 3")) return DatabaseFileKind::Orvik;
+    const QByteArray maker = head.mid(4, 15);
+    const bool isAccess = maker == "Standard Jet DB" || maker == "Standard ACE DB";
+    return isAccess ? DatabaseFileKind::Access : DatabaseFileKind::Other;
+}
+
+void copyDatabase(const QString& source, const QString& target)
+{
+    const QString copy = target + QStringLiteral(".part");
+    const Unfinished unfinished(copy);
+    callEngine([&] {
+        SQLite::Database from(QFile::encodeName(source).toStdString(), SQLite::OPEN_READONLY);
+        SQLite::Database to(QFile::encodeName(copy).toStdString(),
+                            SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        SQLite::Backup(to, from).executeStep(-1);
+    });
+    DatabaseSession().open(copy);
+    // what the old file left behind would be played back into the new one
+    for (const char* leftover : {"-journal", "-wal", "-shm"})
+        QFile::remove(target + QLatin1String(leftover));
+    if (std::rename(QFile::encodeName(copy).constData(), QFile::encodeName(target).constData()) != 0) {
+        throw Error(errno, QStringLiteral("The file cannot be made. (%1)").arg(target));
+    }
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/FileDialogs.h"
+
+/// The desktop's own file dialogs, each beginning in the folder used last.
+class DesktopFileDialogs final : public FileDialogs
+{
+public:
+    [[nodiscard]] QString openFile(const QString& title, const QString& filter) override;
+
+private:
+    QString m_lastFolder;
+};
