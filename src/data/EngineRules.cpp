@@ -1,5 +1,6 @@
 #include "data/EngineRules.h"
 
+#include "util/LikePattern.h"
 #include "util/TextCompare.h"
 
 #include <algorithm>

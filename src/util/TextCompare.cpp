@@ -123,59 +123,6 @@ int compareCharacters(std::string_view left, std::string_view right, std::size_t
     return accents;
 }
 
-std::size_t characterLength(std::string_view folded, std::size_t i)
-{
-    std::size_t next = i;
-    nextCharacter(folded, next);
-    return next - i;
-}
-
-/// Whether the piece, which may hold `_`, matches at `at`; then `end` is where the match ends.
-bool pieceMatchesAt(std::string_view piece, std::string_view text, std::size_t at, std::size_t& end)
-{
-    std::size_t t = at;
-    for (std::size_t p = 0; p < piece.size(); ++p) {
-        if (t >= text.size()) return false;
-        if (piece[p] == '_') {
-            t += characterLength(text, t);
-        } else if (piece[p] == text[t]) {
-            ++t;
-        } else {
-            return false;
-        }
-    }
-    end = t;
-    return true;
-}
-
-/// The first match of the piece at or after `from`; `end` is where it ends.
-bool findPiece(std::string_view piece, std::string_view text, std::size_t from, std::size_t& end)
-{
-    if (piece.find('_') == std::string_view::npos) {
-        const auto found = text.find(piece, from);
-        if (found == std::string_view::npos) return false;
-        end = found + piece.size();
-        return true;
-    }
-    for (std::size_t at = from; at < text.size(); at += characterLength(text, at)) {
-        if (pieceMatchesAt(piece, text, at, end)) return true;
-    }
-    return false;
-}
-
-/// Whether the piece matches the very end of the text and begins at or after `from`.
-bool pieceEndsText(std::string_view piece, std::string_view text, std::size_t from)
-{
-    if (piece.find('_') == std::string_view::npos) {
-        return text.size() - from >= piece.size() && text.ends_with(piece);
-    }
-    std::size_t end = 0;
-    for (std::size_t at = from; at < text.size(); at += characterLength(text, at)) {
-        if (pieceMatchesAt(piece, text, at, end) && end == text.size()) return true;
-    }
-    return false;
-}
-
 } // namespace
 
 namespace TextCompare {
@@ -214,35 +161,3 @@ void fold(std::string_view text, std::string& folded)
 }
 
 } // namespace TextCompare
-
-LikePattern::LikePattern(std::string_view pattern)
-{
-    TextCompare::fold(pattern, m_folded);
-}
-
-bool LikePattern::matches(std::string_view text) const
-{
-    TextCompare::fold(text, m_scratch);
-    return matchesFolded(m_scratch);
-}
-
-bool LikePattern::matchesFolded(std::string_view text) const
-{
-    const std::string_view pattern = m_folded;
-    const auto firstPercent = pattern.find('%');
-    std::size_t at = 0;
-    if (firstPercent == std::string_view::npos) {
-        return pieceMatchesAt(pattern, text, 0, at) && at == text.size();
-    }
-    if (!pieceMatchesAt(pattern.substr(0, firstPercent), text, 0, at)) return false;
-
-    // the earliest match of each piece leaves the most room for those after it
-    std::size_t begin = firstPercent + 1;
-    for (;;) {
-        const auto percent = pattern.find('%', begin);
-        if (percent == std::string_view::npos) return pieceEndsText(pattern.substr(begin), text, at);
-        const auto piece = pattern.substr(begin, percent - begin);
-        if (!piece.empty() && !findPiece(piece, text, at, at)) return false;
-        begin = percent + 1;
-    }
-}

@@ -16,20 +16,3 @@ int compare(std::string_view left, std::string_view right);
 void fold(std::string_view text, std::string& folded);
 
 } // namespace TextCompare
-
-/// A pattern of LIKE, read once and matched often: `%` stands for any run of characters, `_` for one
-/// character, everything else for itself without regard to case. Matching takes time in proportion to
-/// the text for patterns without `_`; one with `_` is tried at every character, never more.
-class LikePattern
-{
-public:
-    explicit LikePattern(std::string_view pattern);
-
-    [[nodiscard]] bool matches(std::string_view text) const;
-
-private:
-    [[nodiscard]] bool matchesFolded(std::string_view text) const;
-
-    std::string m_folded;
-    mutable std::string m_scratch;
-};

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A pattern of LIKE, read once and matched often: `%` stands for any run of characters, `_` for one
+/// character, everything else for itself without regard to case, in every script. Matching takes time in
+/// proportion to the text for patterns without `_`; one with `_` is tried at every character, never more.
+class LikePattern
+{
+public:
+    explicit LikePattern(std::string_view pattern);
+
+    [[nodiscard]] bool matches(std::string_view text) const;
+
+private:
+    /// A part between two `%` of a pattern that is looked for byte by byte: ASCII without `_`. The search
+    /// goes from one place of its rarest letter to the next.
+    struct Word
+    {
+        std::string folded;
+        std::size_t rarest = 0;
+        char lower = 0;
+        char upper = 0;
+
+        explicit Word(std::string_view text);
+        [[nodiscard]] std::size_t find(std::string_view text, std::size_t from) const;
+        [[nodiscard]] bool standsAt(const char* text) const;
+    };
+
+    void readWords();
+    [[nodiscard]] bool matchesWords(std::string_view text) const;
+    [[nodiscard]] bool matchesFolded(std::string_view text) const;
+
+    std::string m_folded;
+    bool m_onlyWords = false;   ///< `%word%`, `%word%word%` and so on
+    bool m_meetsOthers = false; ///< holds a letter that a letter beyond ASCII folds to
+    std::vector<Word> m_words;
+    mutable std::string m_scratch;
+};
