@@ -27,7 +27,6 @@ HomePage::HomePage(QWidget* parent)
     title->setAlignment(Qt::AlignHCenter);
     m_subtitle->setAlignment(Qt::AlignHCenter);
     m_subtitle->setTextFormat(Qt::PlainText);
-    m_subtitle->setForegroundRole(QPalette::PlaceholderText);
 
     m_buttons->setSpacing(buttonSpacing);
     m_buttons->addStretch();
