@@ -24,18 +24,16 @@ const CatalogColumn* CatalogTable::findColumn(QStringView column) const
     return nullptr;
 }
 
-void Catalog::addTable(CatalogTable table)
+void Catalog::addTable(const CatalogTable& table)
 {
     for (const CatalogColumn& column : table.columns)
         m_formsByName.insert(key(column.name), column.form);
-    const QString name = key(table.name);
-    m_tables.insert(name, std::move(table));
+    m_tables.insert(key(table.name), table);
 }
 
-void Catalog::addStoredQuery(StoredQuery query)
+void Catalog::addStoredQuery(const StoredQuery& query)
 {
-    const QString name = key(query.name);
-    m_storedQueries.insert(name, std::move(query));
+    m_storedQueries.insert(key(query.name), query);
 }
 
 const CatalogTable* Catalog::findTable(QStringView name) const

@@ -37,8 +37,8 @@ struct CatalogTable
 class Catalog
 {
 public:
-    void addTable(CatalogTable table);
-    void addStoredQuery(StoredQuery query);
+    void addTable(const CatalogTable& table);
+    void addStoredQuery(const StoredQuery& query);
 
     [[nodiscard]] const CatalogTable* findTable(QStringView name) const;
     [[nodiscard]] const StoredQuery* findStoredQuery(QStringView name) const;

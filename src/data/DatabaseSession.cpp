@@ -70,7 +70,7 @@ void readTables(SQLite::Database& database, Catalog& catalog)
     int keyParts = 0;
     const auto finish = [&] {
         if (keyParts != 1) table.keyColumn.clear();
-        if (!table.name.isEmpty()) catalog.addTable(std::move(table));
+        if (!table.name.isEmpty()) catalog.addTable(table);
         table = {};
         keyParts = 0;
     };

@@ -2,7 +2,7 @@
 
 QString SQLObject::sqlStr() const
 {
-    const QString clauses = SelectClause + u' ' + FromClause + u' ' + WhereClause + u' ' + OrderClause;
+    QString clauses = SelectClause + u' ' + FromClause + u' ' + WhereClause + u' ' + OrderClause;
     if (OrderClause.isEmpty()) return clauses;
     return clauses + (AtoZ ? QStringLiteral(" ASC") : QStringLiteral(" DESC"));
 }

@@ -2,6 +2,9 @@
 
 #include "util/Error.h"
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 constexpr int syntaxErrorNumber = 1;
@@ -124,6 +127,16 @@ private:
 };
 
 } // namespace
+
+bool SqlToken::isKeyword() const
+{
+    static constexpr std::array keywords{u"AND",  u"OR",    u"NOT",     u"IN",      u"IS",     u"NULL",
+                                         u"LIKE", u"AS",    u"ASC",     u"DESC",    u"TRUE",   u"CASE",
+                                         u"WHEN", u"THEN",  u"ELSE",    u"END",     u"EXISTS", u"ON",
+                                         u"SET",  u"FALSE", u"BETWEEN", u"DISTINCT"};
+    return std::any_of(keywords.begin(), keywords.end(),
+                       [this](const char16_t* keyword) { return isWord(keyword); });
+}
 
 std::vector<SqlToken> tokenizeSql(QStringView statement)
 {

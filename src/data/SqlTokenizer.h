@@ -24,6 +24,9 @@ struct SqlToken
     {
         return kind == Kind::Word && text.compare(word, Qt::CaseInsensitive) == 0;
     }
+
+    /// Whether it is a word of the dialect that stands inside expressions and so never is a name.
+    [[nodiscard]] bool isKeyword() const;
 };
 
 /// Splits a statement of the program's dialect: names and keywords, numbers, texts in single or double quotes

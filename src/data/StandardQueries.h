@@ -4,8 +4,8 @@
 
 #include <QString>
 
-/// The three queries that show all records of a kind, made once at start-up and never changed. A narrower view
-/// builds a query of its own from their clauses.
+/// The three queries that show all records of a kind, made once at start-up and never changed. A narrower
+/// view builds a query of its own from their clauses.
 struct StandardQueries
 {
     StandardQueries();

@@ -35,16 +35,6 @@ struct Span
     std::size_t end = 0;
 };
 
-bool isKeyword(const SqlToken& token)
-{
-    static constexpr std::array keywords{u"AND",  u"OR",    u"NOT",     u"IN",      u"IS",     u"NULL",
-                                         u"LIKE", u"AS",    u"ASC",     u"DESC",    u"TRUE",   u"CASE",
-                                         u"WHEN", u"THEN",  u"ELSE",    u"END",     u"EXISTS", u"ON",
-                                         u"SET",  u"FALSE", u"BETWEEN", u"DISTINCT"};
-    return std::any_of(keywords.begin(), keywords.end(),
-                       [&token](const char16_t* keyword) { return token.isWord(keyword); });
-}
-
 [[noreturn]] void refuse(const QString& why)
 {
     throw Error(syntaxErrorNumber, QStringLiteral("The statement cannot be read: %1.").arg(why));
@@ -316,7 +306,7 @@ private:
             i += 2;
             return QStringLiteral("AS ") + quoteSqlName(m_tokens[i - 1].text);
         }
-        if (isKeyword(token)) {
+        if (token.isKeyword()) {
             ++i;
             return token.text.toUpper();
         }

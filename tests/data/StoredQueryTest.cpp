@@ -1,0 +1,253 @@
+#include "data/StandardQueries.h"
+#include "data/StatementRows.h"
+#include "data/StatementTranslator.h"
+#include "support/TestDatabase.h"
+
+#include <QSet>
+#include <QStringList>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What the engine is asked in the end, and what it makes of it.
+class StoredQueries : public testing::Test
+{
+protected:
+    StoredQueries() { m_database.run(statementRows); }
+
+    QString translated(const QString& statement)
+    {
+        return StatementTranslator(m_database.session().catalog()).select(statement).sql;
+    }
+
+    /// The rows of a statement of the engine that may use the program's rules for text.
+    QStringList engineRows(const QString& statement)
+    {
+        SQLite::Database database(m_database.fileName().toStdString());
+        addTextRules(database.getHandle());
+        SQLite::Statement rows(database, statement.toStdString());
+        QStringList lines;
+        while (rows.executeStep()) {
+            QStringList values;
+            for (int i = 0; i < rows.getColumnCount(); ++i) {
+                values << (rows.isColumnNull(i) ? u"NULL"_s : QString::fromUtf8(rows.getColumn(i).getText()));
+            }
+            lines << values.join(u'|');
+        }
+        return lines;
+    }
+
+    /// The tables that the engine opens for a statement, by name, and `DISTINCT` where it folds rows.
+    QString planOf(const QString& statement)
+    {
+        QStringList used;
+        for (const QString& line : engineRows(u"EXPLAIN QUERY PLAN "_s + translated(statement))) {
+            const QStringList words = line.section(u'|', 3).split(u' ');
+            if (words.at(0) == u"SCAN" || words.at(0) == u"SEARCH") used << words.at(1);
+            if (line.endsWith(u"FOR DISTINCT")) used << u"DISTINCT"_s;
+        }
+        used.removeDuplicates();
+        used.sort();
+        return used.join(u' ');
+    }
+
+    static QString listOf(const SharedQuery& standard, const QString& condition = {})
+    {
+        SQLObject query = *standard;
+        query.WhereClause += condition;
+        return query.sqlStr();
+    }
+
+    TestDatabase m_database;
+    StandardQueries m_standard;
+};
+
+QSet<QString> setOf(const QStringList& lines)
+{
+    return {lines.begin(), lines.end()};
+}
+
+TEST_F(StoredQueries, OnlyTheTablesThatAStatementNeedsAreOpened)
+{
+    const QString documents = u"Document FileTypes Organization"_s;
+    const QString organizations =
+        u"CityLocations Function KnownCity Organization OrganizationSubTypes OrganizationTypes"_s;
+    const std::vector<std::pair<QString, QString>> cases{
+        {listOf(m_standard.documents), documents},
+        {listOf(m_standard.documents,
+                u" AND ((DocumentName LIKE '%a%') OR (DocumentDescription LIKE '%a%'))"_s),
+         documents},
+        {listOf(m_standard.documents, u" AND FileTypeID IN (2)  AND Document.OrganizationID IN (2,3) "_s),
+         documents},
+        {listOf(m_standard.documents, u" AND VenueID IN (2) "_s),
+         u"DISTINCT Document DocumentVenues FileTypes Organization"_s},
+        {listOf(m_standard.documents, u" AND DocumentTypeID IN (2) "_s),
+         u"DISTINCT Document DocumentTypes FileTypes Organization"_s},
+        {u"SELECT DocumentTypeID, DocumentTypeName, count(Document.DocumentID) as Docs FROM Q_Document "
+         "WHERE dStatus <> 'DELETED' AND Document.DocumentID > 1 AND DocumentTypeID > 0 GROUP BY "
+         "DocumentTypeID, DocumentTypeName"_s,
+         u"Document DocumentType DocumentTypes"_s},
+        {listOf(m_standard.events), u"Event"_s},
+        {listOf(m_standard.events,
+                u" AND ((((StartDate > #09/11/2001#) OR (StartDate = #09/11/2001# AND StartTime >= "
+                "#10:00#)) AND ((StartDate < #09/12/2001#))))"_s),
+         u"Event"_s},
+        {listOf(m_standard.events, u" AND EventFunctions.FunctionID IN (2) "_s),
+         u"DISTINCT Event EventFunctions"_s},
+        {listOf(m_standard.events, u" AND DocumentID = 2"_s), u"DISTINCT DocumentEvents Event"_s},
+        {listOf(m_standard.events, u" AND Organization.OrganizationID = 2"_s),
+         u"DISTINCT Event Organization OrganizationEvents"_s},
+        {listOf(m_standard.organizations), organizations},
+        {u"SELECT DISTINCT OrganizationName, Organization.OrganizationID FROM Q_Organization WHERE City LIKE 'a'"_s,
+         u"Organization"_s},
+        {u"SELECT DISTINCT LocationID, City FROM Q_Organization WHERE LocationID > 0"_s,
+         u"CityLocations DISTINCT KnownCity Organization"_s},
+    };
+    for (const auto& [statement, plan] : cases)
+        EXPECT_EQ(planOf(statement), plan) << translated(statement).toStdString();
+}
+
+TEST_F(StoredQueries, AllColumnsAreThoseOfTheViewItself)
+{
+    for (const QString& query : {u"Q_Document"_s, u"Q_Event"_s, u"Q_Organization"_s}) {
+        const QString all = u"SELECT * FROM "_s + query;
+        QStringList own = engineRows(translated(all));
+        QStringList view = engineRows(all);
+        EXPECT_GT(own.size(), 7);
+        own.sort();
+        view.sort();
+        EXPECT_EQ(own, view) << query.toStdString();
+    }
+}
+
+TEST_F(StoredQueries, AnyTwoColumnsAreThoseOfTheViewItself)
+{
+    for (const QString& query : {u"Q_Document"_s, u"Q_Event"_s, u"Q_Organization"_s}) {
+        const auto& columns = m_database.session().catalog().findStoredQuery(query)->columns;
+        for (const auto& first : columns) {
+            for (const auto& second : columns) {
+                const QString pair = u"SELECT %1, %2 FROM %3"_s.arg(first.name, second.name, query);
+                EXPECT_EQ(setOf(engineRows(translated(pair))), setOf(engineRows(pair))) << pair.toStdString();
+                const QString where = u"SELECT %1 FROM %3 WHERE %2 > 1"_s.arg(first.name, second.name, query);
+                EXPECT_EQ(setOf(engineRows(translated(where))), setOf(engineRows(where)))
+                    << where.toStdString();
+            }
+        }
+    }
+}
+
+TEST_F(StoredQueries, ColumnsAreFoundByTheTableTheyComeFrom)
+{
+    DatabaseSession& session = m_database.session();
+    EXPECT_EQ(
+        firstColumnOf(session,
+                      u"SELECT DISTINCT Organization.OrganizationID FROM Q_Event WHERE Event.EventID = 2 "
+                      "ORDER BY Organization.OrganizationID"_s),
+        u"2 3 6"_s);
+    EXPECT_EQ(firstColumnOf(
+                  session, u"SELECT Q_Document.DocumentID FROM Q_Document WHERE Q_Document.FileTypeID = 3"_s),
+              u"3"_s);
+    EXPECT_EQ(errorNumberOf([&] { session.read(u"SELECT Venue.VenueID FROM Q_Document"_s); }), 1);
+    EXPECT_EQ(errorNumberOf([&] { session.read(u"SELECT Event.FunctionID FROM Q_Event"_s); }), 1);
+}
+
+/// Links at random, repeated ones among them, so that every join multiplies rows.
+QString randomLinks()
+{
+    std::mt19937 random(1906);
+    const auto below = [&random](int limit) {
+        return static_cast<int>(random() % static_cast<unsigned>(limit));
+    };
+    QString sql = u"BEGIN;"_s;
+    for (int id = 20; id < 60; ++id) {
+        sql += u"INSERT INTO Document (DocumentID, DocumentName, OrganizationID, FileTypeID, dStatus) "
+               "VALUES (%1, 'd%2', %3, %4, '%5');"_s.arg(id)
+                   .arg(id % 7)
+                   .arg(below(9))
+                   .arg(below(5))
+                   .arg(below(4) == 0 ? u"DELETED"_s : u"ACTIVE"_s);
+        sql += u"INSERT INTO Event (EventID, EventName, Status) VALUES (%1, 'e', 'ACTIVE');"_s.arg(id);
+        for (int link = below(6); link > 0; --link) {
+            sql += u"INSERT INTO DocumentTypes VALUES (%1, %2);"_s.arg(id).arg(1 + below(4));
+            sql += u"INSERT INTO DocumentVenues VALUES (%1, %2);"_s.arg(id).arg(2 + below(2));
+            sql += u"INSERT INTO EventVenues VALUES (%1, %2);"_s.arg(id).arg(2 + below(2));
+            sql += u"INSERT INTO EventFunctions VALUES (%1, %2);"_s.arg(id).arg(1 + below(4));
+            sql += u"INSERT INTO OrganizationEvents VALUES (%1, %2);"_s.arg(1 + below(8)).arg(id);
+            sql += u"INSERT INTO DocumentEvents VALUES (%1, %2);"_s.arg(20 + below(40)).arg(id);
+        }
+    }
+    return sql + u"COMMIT"_s;
+}
+
+TEST_F(StoredQueries, JoinsChangeNoCount)
+{
+    m_database.run(randomLinks().toUtf8().constData());
+    const auto sortedRows = [this](const QString& statement) {
+        QStringList lines = rowsOf(m_database.session(), statement).split(u'\n', Qt::SkipEmptyParts);
+        lines.sort();
+        return lines;
+    };
+    const auto expectSame = [&, this](const QString& statement, const QString& independent) {
+        QStringList expected = engineRows(independent);
+        expected.sort();
+        EXPECT_FALSE(expected.isEmpty()) << independent.toStdString();
+        EXPECT_EQ(sortedRows(statement), expected) << statement.toStdString();
+    };
+    const QString chart =
+        u"SELECT DocumentTypeID, DocumentTypeName, count(Document.DocumentID) as Docs FROM Q_Document WHERE "
+        "dStatus <> 'DELETED' AND Document.DocumentID > 1%1 AND DocumentTypeID > 0 GROUP BY "
+        "DocumentTypeID, DocumentTypeName"_s;
+    const QString counted =
+        u"SELECT t.DocumentTypeID, t.DocumentTypeName, (SELECT count(*) FROM Document AS d WHERE "
+        "upper(d.dStatus) <> 'DELETED' AND d.DocumentID > 1%1 AND EXISTS (SELECT 1 FROM DocumentTypes AS l "
+        "WHERE l.DocumentID = d.DocumentID AND l.DocumentTypeID = t.DocumentTypeID)) AS n FROM "
+        "DocumentType AS t WHERE n > 0"_s;
+    const QString hasVenue =
+        u" AND EXISTS (SELECT 1 FROM DocumentVenues AS v WHERE v.DocumentID = d.DocumentID AND v.VenueID IN "
+        "(2,3))"_s;
+    expectSame(chart.arg(QString()), counted.arg(QString()));
+    expectSame(chart.arg(u" AND VenueID IN (2,3) "_s), counted.arg(hasVenue));
+    expectSame(chart.arg(u" AND FileTypeID IN (1,2) "_s), counted.arg(u" AND d.FileTypeID IN (1,2)"_s));
+
+    const QString documents =
+        u"SELECT DISTINCT Document.DocumentID FROM Q_Document WHERE dStatus <> 'DELETED' AND "
+        "Document.DocumentID > 1"_s;
+    const QString plain =
+        u"SELECT DocumentID FROM Document AS d WHERE upper(dStatus) <> 'DELETED' AND DocumentID > 1"_s;
+    expectSame(documents, plain);
+    expectSame(documents + u" AND VenueID IN (2,3)"_s, plain + hasVenue);
+    expectSame(u"SELECT DISTINCT EventID FROM Q_Event WHERE Event.Status <> 'DELETED' AND Event.EventID > 1 "
+               "AND VenueID IN (2)  AND EventFunctions.FunctionID IN (2,3)  AND "
+               "Organization.OrganizationID IN (2,5) "_s,
+               u"SELECT EventID FROM Event AS e WHERE upper(Status) <> 'DELETED' AND EventID > 1 AND EXISTS "
+               "(SELECT 1 FROM EventVenues AS l WHERE l.EventID = e.EventID AND VenueID = 2) AND EXISTS "
+               "(SELECT 1 FROM EventFunctions AS l WHERE l.EventID = e.EventID AND FunctionID IN (2,3)) "
+               "AND EXISTS (SELECT 1 FROM OrganizationEvents AS l WHERE l.EventID = e.EventID AND "
+               "OrganizationID IN (2,5))"_s);
+}
+
+TEST_F(StoredQueries, AViewOfAnotherShapeIsAnErrorAtOpening)
+{
+    m_database.session().close();
+    for (const char* shape : {
+             "CREATE VIEW Q_Event AS SELECT 1 AS EventID UNION SELECT 2",
+             "CREATE VIEW Q_Event AS SELECT EventID FROM Event",
+             "CREATE VIEW Q_Event AS SELECT Event.EventID AS EventID FROM Event LEFT JOIN EventVenues USING "
+             "(EventID)",
+             "CREATE VIEW Q_Event AS SELECT e.EventID AS EventID FROM Event AS e",
+             "CREATE VIEW Q_Event (a, b) AS SELECT 1, 2",
+             "CREATE VIEW Q_Event AS SELECT EventID AS EventID FROM Event -- all",
+         }) {
+        m_database.run((std::string("DROP VIEW Q_Event; ") + shape).c_str());
+        EXPECT_EQ(errorNumberOf([this] { m_database.session(); }), 1) << shape;
+    }
+}
+
+} // namespace

@@ -1,0 +1,179 @@
+#include "support/TestDatabase.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <functional>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int busy = 5;
+
+void addVenues(DatabaseSession& session, int count, qsizetype length = 1)
+{
+    EditableRecordSet venues = session.edit(u"SELECT * FROM Venue WHERE VenueID = 0"_s);
+    for (int i = 0; i < count; ++i) {
+        venues.addNew();
+        venues.set(u"VenueName"_s, QString(length, u'v'));
+        venues.update();
+    }
+}
+
+class Transactions : public testing::Test
+{
+protected:
+    [[nodiscard]] int venues() const { return m_database.ask("SELECT count(*) FROM Venue").toInt(); }
+
+    /// Runs what a process does that may die, and gives how it ended.
+    static int inOtherProcess(const std::function<int()>& work)
+    {
+        const pid_t child = fork();
+        if (child == 0) _exit(work());
+        int status = 0;
+        waitpid(child, &status, 0);
+        return status;
+    }
+
+    void expectSound()
+    {
+        EXPECT_EQ(m_database.ask("PRAGMA integrity_check"), u"ok"_s);
+        addVenues(m_database.session(), 1);
+        EXPECT_EQ(QDir(m_database.folder()).entryList(QDir::Files), QStringList{u"test.sqlite"_s});
+    }
+
+    TestDatabase m_database;
+};
+
+TEST_F(Transactions, OthersSeeAllOrNothing)
+{
+    Transaction transaction(m_database.session());
+    addVenues(m_database.session(), 3);
+    EXPECT_EQ(m_database.session().execute(u"DELETE FROM Venue WHERE VenueID = 2"_s), 1);
+    EXPECT_EQ(venues(), 0);
+    transaction.commit();
+    EXPECT_EQ(venues(), 2);
+    expectSound();
+}
+
+TEST_F(Transactions, WhatWasWrittenBeforeATrappedErrorIsKept)
+{
+    const auto save = [this] {
+        const Transaction transaction(m_database.session());
+        addVenues(m_database.session(), 2);
+        m_database.session().execute(u"DELETE FROM Nowhere"_s);
+    };
+    EXPECT_EQ(errorNumberOf(save), 1);
+    EXPECT_EQ(venues(), 2);
+    expectSound();
+}
+
+TEST_F(Transactions, ARefusedRowLeavesTheOthersOfTheSave)
+{
+    const auto save = [this] {
+        const Transaction transaction(m_database.session());
+        EditableRecordSet rows = m_database.session().edit(u"SELECT * FROM Venue WHERE VenueID = 0"_s);
+        for (const qint64 number : {7, 7}) {
+            rows.addNew();
+            rows.set(u"VenueID"_s, number);
+            rows.update();
+        }
+    };
+    EXPECT_EQ(errorNumberOf(save), 19);
+    EXPECT_EQ(venues(), 1);
+    expectSound();
+}
+
+TEST_F(Transactions, AProcessThatEndsBeforeItCommitsLeavesNothing)
+{
+    EXPECT_EQ(inOtherProcess([this] {
+                  const Transaction transaction(m_database.session());
+                  addVenues(m_database.session(), 5);
+                  _exit(0);
+                  return 1;
+              }),
+              0);
+    EXPECT_EQ(venues(), 0);
+    expectSound();
+}
+
+TEST_F(Transactions, AProcessThatIsKilledLeavesNothingHoweverMuchItWrote)
+{
+    addVenues(m_database.session(), 3);
+    m_database.session().close();
+    const qint64 size = QFileInfo(m_database.fileName()).size();
+    const int status = inOtherProcess([this] {
+        const Transaction transaction(m_database.session());
+        m_database.session().execute(u"UPDATE Venue SET VenueName = 'changed'"_s);
+        addVenues(m_database.session(), 300, 100'000);
+        raise(SIGKILL);
+        return 1;
+    });
+    EXPECT_TRUE(WIFSIGNALED(status));
+    EXPECT_GT(QFileInfo(m_database.fileName()).size(), size); // it did write into the file
+
+    EXPECT_EQ(firstColumnOf(m_database.session(), u"SELECT VenueName FROM Venue"_s), u"v v v"_s);
+    expectSound();
+}
+
+TEST_F(Transactions, ADiskThatIsFullLeavesNothingAndIsAnError)
+{
+    const qint64 size = QFileInfo(m_database.fileName()).size();
+    const int status = inOtherProcess([this, size] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        DatabaseSession& session = m_database.session();
+        const rlimit limit{static_cast<rlim_t>(size), static_cast<rlim_t>(size)};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        return errorNumberOf([&session] {
+            Transaction transaction(session);
+            addVenues(session, 10, 100'000);
+            transaction.commit();
+        });
+    });
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_TRUE(WEXITSTATUS(status) == 10 || WEXITSTATUS(status) == 13) << WEXITSTATUS(status);
+    EXPECT_EQ(venues(), 0);
+    expectSound();
+}
+
+TEST_F(Transactions, OneAtATime)
+{
+    Transaction first(m_database.session());
+    EXPECT_NE(errorNumberOf([this] { const Transaction second(m_database.session()); }), 0);
+    addVenues(m_database.session(), 1);
+    first.commit();
+    EXPECT_EQ(venues(), 1);
+    expectSound();
+}
+
+TEST_F(Transactions, AnotherProgramThatWritesIsWaitedForAndThenReported)
+{
+    m_database.session();
+    SQLite::Database other(m_database.fileName().toStdString(), SQLite::OPEN_READWRITE);
+    other.exec("BEGIN IMMEDIATE");
+    EXPECT_EQ(errorNumberOf([this] { const Transaction transaction(m_database.session()); }), busy);
+    EXPECT_EQ(errorNumberOf([this] { m_database.session().execute(u"DELETE FROM Venue"_s); }), busy);
+    other.exec("ROLLBACK");
+    expectSound();
+}
+
+TEST_F(Transactions, AListThatIsStillReadDoesNotHoldASaveUp)
+{
+    addVenues(m_database.session(), 3);
+    RecordSet rows = m_database.session().read(u"SELECT VenueID FROM Venue"_s);
+    ASSERT_TRUE(rows.next());
+    Transaction transaction(m_database.session());
+    addVenues(m_database.session(), 1);
+    transaction.commit();
+    EXPECT_EQ(venues(), 4);
+    EXPECT_TRUE(rows.next());
+}
+
+} // namespace

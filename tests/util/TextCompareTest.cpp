@@ -1,0 +1,131 @@
+#include "util/TextCompare.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::string folded(std::string_view text)
+{
+    std::string result;
+    TextCompare::fold(text, result);
+    return result;
+}
+
+int sign(int number)
+{
+    return (number > 0) - (number < 0);
+}
+
+TEST(TextCompare, CaseMakesNoDifferenceInAnyScript)
+{
+    const std::vector<std::pair<const char*, const char*>> pairs{
+        {"Fire Plan", "fIRE pLAN"},
+        {"ÉCOLE", "école"},
+        {"ΟΔΟΣ", "οδος"},
+        {"ΟΔΟΣ", "οδοσ"},
+        {"ЖУРНАЛ", "журнал"},
+        {"\u212A9", "k9"},
+        {"\u212Bland", "åLAND"},
+        {"ÑANDÚ", "ñandú"},
+        {"ԱՐԱՐԱՏ", "արարատ"},
+        {"𐐀", "𐐨"},
+        {"", ""},
+    };
+    for (const auto& [left, right] : pairs) {
+        EXPECT_EQ(TextCompare::compare(left, right), 0) << left << " and " << right;
+        EXPECT_EQ(folded(left), folded(right)) << left << " and " << right;
+    }
+}
+
+TEST(TextCompare, AccentsAndOtherLettersMakeADifference)
+{
+    const std::vector<std::pair<const char*, const char*>> pairs{
+        {"e", "é"}, {"école", "ecole"},        {"ñ", "n"},  {"ß", "ss"}, {"i", "ı"},
+        {"ж", "з"}, {"a", "а" /* Cyrillic */}, {"a", "a "}, {"", " "},
+    };
+    for (const auto& [left, right] : pairs) {
+        EXPECT_NE(TextCompare::compare(left, right), 0) << left << " and " << right;
+        EXPECT_NE(folded(left), folded(right)) << left << " and " << right;
+    }
+}
+
+TEST(TextCompare, SortsByBaseLetterThenByAccent)
+{
+    const std::vector<std::string> words{
+        "",       "1900",   "2",       "are",     "Åre", "ärm",   "coté",   "côte", "Eagle",
+        "eclair", "éclair", "Éclairs", "ecology", "Ecz", "étude", "Etudes", "Zoo",  "zoos",
+        "αβγ",    "άβδ",    "βήτα",    "жук",     "Яна", "가나",  "각가",
+    };
+    std::vector<std::string> shuffled = words;
+    std::mt19937 random(7);
+    std::shuffle(shuffled.begin(), shuffled.end(), random);
+    std::sort(shuffled.begin(), shuffled.end(),
+              [](const auto& a, const auto& b) { return TextCompare::compare(a, b) < 0; });
+    EXPECT_EQ(shuffled, words);
+}
+
+/// Texts of few different pieces, so that many begin alike: letters of one to four bytes, both cases,
+/// accents, and bytes that are no text at all.
+std::vector<std::string> randomTexts(std::size_t count, std::size_t longest)
+{
+    const std::vector<std::string> pieces{"a",
+                                          "A",
+                                          "e",
+                                          "É",
+                                          "é",
+                                          "z",
+                                          "ς",
+                                          "Σ",
+                                          "\u212A",
+                                          "k",
+                                          "𐐀",
+                                          "𐐨",
+                                          " ",
+                                          "\x80",
+                                          "\xC3",
+                                          "\xE2\x84",
+                                          "\xC1\x81",
+                                          "\xED\xA0\x80",
+                                          "\xF4\x90\x82\x80",
+                                          "\xF8",
+                                          "\xFF",
+                                          std::string(1, '\0')};
+    std::mt19937 random(20010911);
+    std::vector<std::string> texts(count);
+    for (std::string& text : texts) {
+        for (std::size_t length = random() % (longest + 1); length > 0; --length) {
+            text += pieces[random() % pieces.size()];
+        }
+    }
+    return texts;
+}
+
+TEST(TextCompare, OrdersAnyBytesAsOneConsistentOrder)
+{
+    std::vector<std::string> texts = randomTexts(700, 4);
+    std::sort(texts.begin(), texts.end(),
+              [](const auto& a, const auto& b) { return TextCompare::compare(a, b) < 0; });
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        for (std::size_t k = i; k < texts.size(); ++k) {
+            const int forward = TextCompare::compare(texts[i], texts[k]);
+            ASSERT_LE(forward, 0) << testing::PrintToString(texts[i]) << testing::PrintToString(texts[k]);
+            ASSERT_EQ(sign(forward), -sign(TextCompare::compare(texts[k], texts[i])));
+            ASSERT_EQ(forward == 0, folded(texts[i]) == folded(texts[k]))
+                << testing::PrintToString(texts[i]) << testing::PrintToString(texts[k]);
+        }
+    }
+}
+
+TEST(TextCompare, FoldingAFoldedTextChangesNothing)
+{
+    for (const std::string& text : randomTexts(2000, 12)) {
+        EXPECT_EQ(folded(folded(text)), folded(text)) << testing::PrintToString(text);
+    }
+}
+
+} // namespace
