@@ -190,7 +190,7 @@ QString RecordList::fileLocation(std::size_t row) const
 QString RecordList::documentIcon(std::size_t row, bool isInFolder) const
 {
     const Row& found = m_rows[row];
-    const QString key = u'd' + QString::number(found.number);
+    QString key = u'd' + QString::number(found.number);
     if (isInFolder) return key;
     return key + (found.released ? QStringLiteral("cd") : QStringLiteral("ng"));
 }
