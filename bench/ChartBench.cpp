@@ -1,0 +1,43 @@
+// The chart of documents by type: counting and drawing, beside the engine's own time for the count over plain
+// views that hold all the joins.
+
+#include "BenchWindow.h"
+#include "browse/frmMain.h"
+#include "chart/ChartPane.h"
+
+#include <QApplication>
+
+namespace {
+
+constexpr int fullSize = 32000;
+
+void drawCharts(benchmark::State& state)
+{
+    BenchWindow window(fullSize);
+    ProgramState& program = window.program().state();
+    const SharedQuery query = program.queries.documents;
+    program.history.addView({ViewKind::Documents, query, QStringLiteral("All")});
+    auto* pane = window.program().window()->findChild<ChartPane*>(QStringLiteral("ChartPane"));
+    const QString clauses =
+        QString(query->FromClause + u' ' + query->WhereClause).remove(QStringLiteral("Document."));
+    const QString plain =
+        QStringLiteral("SELECT DocumentTypeID, DocumentTypeName, count(DocumentID) as Docs ") + clauses +
+        QStringLiteral(" AND DocumentTypeID > 0 GROUP BY DocumentTypeID, DocumentTypeName");
+    std::int64_t rows = 0;
+    compare(
+        state, [&] { rows = stepPlain(largeDatabase(fullSize), plain); }, [&] { pane->drawCharts(); });
+    state.counters["types"] = static_cast<double>(rows);
+}
+
+} // namespace
+
+BENCHMARK(drawCharts)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(4);
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return EXIT_SUCCESS;
+}

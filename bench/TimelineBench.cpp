@@ -1,0 +1,131 @@
+// The timeline's refresh, from the button to the painted picture of 1600 x 400, at both ends of the span and
+// in its middle; and its statement beside what the engine alone takes for the same over the stored query as a
+// plain view.
+
+#include "BenchWindow.h"
+#include "browse/frmMain.h"
+#include "timeline/TimeWindowQuery.h"
+#include "timeline/TimelinePanel.h"
+
+#include <QApplication>
+#include <QRegularExpression>
+#include <QToolButton>
+
+namespace {
+
+enum Place
+{
+    Beginning,
+    Middle,
+    End
+};
+
+/// The statement as the engine knows it: dates and times in held form, names without their table.
+QString plainStatement(QString statement)
+{
+    statement.replace(QRegularExpression(QStringLiteral("#(\\d\\d)/(\\d\\d)/(\\d{4})#")),
+                      QStringLiteral("'\\3-\\1-\\2'"));
+    statement.replace(QRegularExpression(QStringLiteral("#(\\d\\d:\\d\\d)#")), QStringLiteral("'\\1'"));
+    return statement.remove(QStringLiteral("Event."));
+}
+
+/// The program with its timeline at a place of the span and a level of the scale.
+class BenchTimeline
+{
+public:
+    BenchTimeline(int events, Place place, int zoomFactor)
+        : m_window(events),
+          m_panel(*m_window.program().window()->findChild<TimelinePanel*>(QStringLiteral("pnlTimeline")))
+    {
+        ProgramState& state = m_window.program().state();
+        state.history.addView({ViewKind::Events, state.queries.events, QStringLiteral("All")});
+        m_panel.findChild<QWidget*>(QStringLiteral("picTimeline"))->setFixedSize(1600, 400);
+        QApplication::processEvents();
+        for (int level = 0; level < zoomFactor; ++level)
+            click("ZoomOut");
+        if (place == Middle) m_panel.chooseEvent(events / 2);
+        if (place == End) click("NavEnd");
+    }
+
+    void click(const char* button) { m_panel.findChild<QToolButton*>(QString::fromLatin1(button))->click(); }
+
+    /// A step there or back, as far as the place allows, and the picture of it.
+    void refresh()
+    {
+        m_forward = !m_forward;
+        click(m_forward ? "NavStepForward" : "NavStepBack");
+        m_panel.repaint();
+    }
+
+    [[nodiscard]] QString statement()
+    {
+        const TimeWindow& window = m_panel.timeline().window();
+        return TimeWindowQuery::inWindow(*m_window.program().state().queries.events, window.currentTime(),
+                                         window.windowEnd());
+    }
+
+    [[nodiscard]] DatabaseSession& session() { return m_window.program().state().session; }
+    [[nodiscard]] std::size_t hits() const { return m_panel.timeline().hitCount(); }
+
+private:
+    BenchWindow m_window;
+    TimelinePanel& m_panel;
+    bool m_forward = false;
+};
+
+void refresh(benchmark::State& state)
+{
+    BenchTimeline timeline(static_cast<int>(state.range(0)), static_cast<Place>(state.range(1)),
+                           static_cast<int>(state.range(2)));
+    std::vector<double> times;
+    for (auto _ : state) {
+        times.push_back(timeOf([&] { timeline.refresh(); }).count());
+        state.SetIterationTime(times.back() / 1000);
+    }
+    state.counters["median_ms"] = medianOf(times);
+    state.counters["events"] = static_cast<double>(timeline.hits());
+}
+
+void statement(benchmark::State& state)
+{
+    const int events = static_cast<int>(state.range(0));
+    BenchTimeline timeline(events, static_cast<Place>(state.range(1)), static_cast<int>(state.range(2)));
+    const QString ours = timeline.statement();
+    const QString plain = plainStatement(ours);
+    std::int64_t plainRows = 0;
+    std::int64_t ourRows = 0;
+    compare(
+        state, [&] { plainRows = stepPlain(largeDatabase(events), plain); },
+        [&] {
+            RecordSet rows = timeline.session().read(ours);
+            for (ourRows = 0; rows.next();)
+                ++ourRows;
+        });
+    if (plainRows != ourRows) state.SkipWithError("the numbers of rows differ");
+    state.counters["rows"] = static_cast<double>(ourRows);
+}
+
+void places(benchmark::internal::Benchmark* benchmark, const std::vector<std::int64_t>& sizes)
+{
+    benchmark->ArgNames({"events", "place", "level"})
+        ->ArgsProduct({sizes, {Beginning, Middle, End}, {0, 4, 7}})
+        ->Unit(benchmark::kMillisecond)
+        ->UseManualTime();
+}
+
+} // namespace
+
+BENCHMARK(refresh)->Apply([](auto* benchmark) { places(benchmark, {1000, 8000, 32000}); }) -> Iterations(100);
+BENCHMARK(statement)->Apply([](auto* benchmark) {
+                        places(benchmark, {1000, 8000, 32000});
+                    }) -> Iterations(20);
+BENCHMARK(statement)->Apply([](auto* benchmark) { places(benchmark, {1000000}); }) -> Iterations(3);
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return EXIT_SUCCESS;
+}

@@ -1,0 +1,76 @@
+#include "chart/ChartPane.h"
+
+#include "app/ProgramState.h"
+#include "chart/ChartView.h"
+#include "platform/Procedure.h"
+#include "search/ShowOnlyViews.h"
+
+#include <QGuiApplication>
+#include <QMenu>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+ChartPane::ChartPane(const Platform& platform, ProgramState& state, QWidget* parent)
+    : QWidget(parent),
+      m_platform(platform),
+      m_state(state),
+      m_area(new QScrollArea(this)),
+      m_chart(new ChartView(m_area)),
+      m_menu(new QMenu(this))
+{
+    setObjectName(QStringLiteral("ChartPane"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_area);
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->setFocusPolicy(Qt::NoFocus);
+    m_area->setWidgetResizable(true);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_area->setWidget(m_chart);
+    setFocusProxy(m_chart);
+    connect(m_chart, &ChartView::barSelected, this, &ChartPane::selectBar);
+
+    m_menu->setObjectName(QStringLiteral("popDocTab"));
+    m_showOnlyType = m_menu->addAction(QString(), this, &ChartPane::showOnlyType);
+    m_showOnlyType->setObjectName(QStringLiteral("popDocTabShowOnlyType"));
+}
+
+ChartPane::~ChartPane() = default;
+
+void ChartPane::drawCharts()
+{
+    m_selectedDocType.clear();
+    std::vector<DocumentTypeCount> counts;
+    try {
+        counts = countDocumentTypes(m_state.session, *m_state.history.view(m_state.history.current()).SQL);
+    } catch (const Error&) {
+        // the list asks the same of the same data, and tells
+    }
+    m_chart->setCounts(std::move(counts));
+}
+
+void ChartPane::selectBar(int bar, Qt::MouseButton button, const QPoint& position)
+{
+    m_mouse = {button, QGuiApplication::keyboardModifiers(), position};
+    m_selectedDocType = m_chart->counts().at(static_cast<std::size_t>(bar)).name;
+    const QPoint inArea = m_area->widget()->mapFromGlobal(position);
+    if (button == Qt::NoButton) m_area->ensureVisible(inArea.x(), inArea.y());
+    offerMenu();
+}
+
+void ChartPane::offerMenu()
+{
+    if (m_selectedDocType.isEmpty() || m_mouse.button != Qt::RightButton) return;
+    // a menu would take an ampersand for the mark of a key
+    QString name = m_selectedDocType;
+    m_showOnlyType->setText(tr("Show Only %1 Documents").arg(name.replace(u'&', QStringLiteral("&&"))));
+    m_menu->popup(m_mouse.position);
+}
+
+void ChartPane::showOnlyType()
+{
+    runProcedure(m_platform.messages, QStringLiteral("popDocTabShowOnlyType"), [this] {
+        m_state.history.addView(
+            ShowOnlyViews(m_state.session, m_state.queries).documentsOfType(m_selectedDocType));
+    });
+}

@@ -1,0 +1,317 @@
+#include "chart/ChartView.h"
+
+#include "chart/ChartScale.h"
+
+#include <QAccessible>
+#include <QBarCategoryAxis>
+#include <QBarSeries>
+#include <QBarSet>
+#include <QFontMetrics>
+#include <QGraphicsLayout>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QToolTip>
+#include <QValueAxis>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double barWidth = 0.7; ///< of a bar's slot
+constexpr int pixelsPerStep = 36;
+constexpr int axisRoom = 64;  ///< for the numbers of the axis and the margins
+constexpr int titleRoom = 48; ///< for the title and the margins
+constexpr int lowestPlot = 60;
+constexpr int nameGap = 8;
+constexpr int widestTurnedSlot = 100;
+constexpr double shareForNames = 0.4; ///< of the height, at most
+
+} // namespace
+
+ChartView::ChartView(QWidget* parent)
+    : QChartView(parent),
+      m_bars(new QBarSet(QString())),
+      m_series(new QBarSeries(this)),
+      m_names(new QBarCategoryAxis(this)),
+      m_axis(new QValueAxis(this))
+{
+    AccessibleItems::install();
+    setObjectName(QStringLiteral("MSChart1"));
+    setAccessibleName(tr("Documents by Type"));
+    setAccessibleDescription(tr("The arrow keys go from bar to bar, the menu key opens a bar's menu"));
+    setFrameShape(NoFrame);
+    setFocusPolicy(Qt::StrongFocus);
+    setRenderHint(QPainter::Antialiasing);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setMinimumHeight(150);
+
+    m_series->append(m_bars);
+    m_series->setBarWidth(barWidth);
+    m_series->setLabelsVisible(true);
+    m_series->setLabelsPosition(QAbstractBarSeries::LabelsOutsideEnd);
+    constexpr int allDigits = 15;
+    m_series->setLabelsPrecision(allDigits);
+    m_axis->setLabelFormat(QStringLiteral("%d"));
+    m_axis->setTickType(QValueAxis::TicksDynamic);
+    m_names->setGridLineVisible(false);
+    m_names->setLabelsVisible(false);
+
+    chart()->addSeries(m_series);
+    chart()->addAxis(m_names, Qt::AlignBottom);
+    chart()->addAxis(m_axis, Qt::AlignLeft);
+    m_series->attachAxis(m_names);
+    m_series->attachAxis(m_axis);
+    chart()->setTitle(tr("Documents by Type"));
+    chart()->legend()->hide();
+    chart()->setBackgroundRoundness(0);
+    chart()->layout()->setContentsMargins(0, 0, 0, 0);
+    applyPalette();
+}
+
+void ChartView::setCounts(std::vector<DocumentTypeCount> counts)
+{
+    m_counts = std::move(counts);
+    m_current.reset();
+    m_bars->remove(0, m_bars->count());
+    m_bars->deselectAllBars();
+    QList<qreal> values;
+    for (const DocumentTypeCount& count : m_counts)
+        values << static_cast<double>(count.documents);
+    m_bars->append(values);
+    for (QAbstractAxis* axis : {static_cast<QAbstractAxis*>(m_names), static_cast<QAbstractAxis*>(m_axis)})
+        axis->setVisible(!m_counts.empty());
+    setMinimumWidth(axisRoom + narrowestSlot() * static_cast<int>(m_counts.size()));
+    layOut();
+    QAccessibleTableModelChangeEvent changed(this, QAccessibleTableModelChangeEvent::ModelReset);
+    QAccessible::updateAccessibility(&changed);
+}
+
+/// Wide enough for a name that is turned and for a number that is not.
+int ChartView::narrowestSlot() const
+{
+    const QFontMetrics metrics(font());
+    int slot = metrics.height() + 2;
+    for (const DocumentTypeCount& count : m_counts)
+        slot = std::max(slot, metrics.horizontalAdvance(QString::number(count.documents)) + 8);
+    return slot;
+}
+
+void ChartView::layOut()
+{
+    layOutNames();
+    qint64 highest = 0;
+    QStringList categories;
+    for (const DocumentTypeCount& count : m_counts) {
+        highest = std::max(highest, count.documents);
+        // names are written by this view, since the axis would leave out those that are alike or long
+        categories << QString::number(categories.size());
+    }
+    const int plotHeight = std::max(height() - m_nameRoom - titleRoom, lowestPlot);
+    const double numberRoom = static_cast<double>(fontMetrics().height() + 8) / plotHeight;
+    const ChartScale scale =
+        ChartScale::forCounts(highest, plotHeight / pixelsPerStep, std::min(numberRoom, 0.5));
+    m_axis->setRange(0, static_cast<double>(scale.top));
+    m_axis->setTickInterval(static_cast<double>(scale.step));
+    m_names->setCategories(categories);
+    chart()->setMargins(QMargins(4, 4, 8, m_nameRoom));
+    viewport()->update();
+}
+
+void ChartView::layOutNames()
+{
+    const int count = std::max(static_cast<int>(m_counts.size()), 1);
+    const int slot = (width() - axisRoom) / count;
+    int widest = 0;
+    for (const DocumentTypeCount& type : m_counts)
+        widest = std::max(widest, fontMetrics().horizontalAdvance(type.name));
+    m_turned = widest > slot - nameGap && slot < widestTurnedSlot;
+    const int longest = static_cast<int>(height() * shareForNames);
+    m_nameRoom = nameGap + (m_turned ? std::min(widest, longest) : fontMetrics().height());
+}
+
+void ChartView::drawNames(QPainter& painter) const
+{
+    painter.setPen(palette().color(QPalette::Text));
+    const double slot = inView(1, 0).x() - inView(0, 0).x();
+    const int room = m_turned ? m_nameRoom - nameGap : static_cast<int>(slot) - nameGap;
+    const double height = fontMetrics().height();
+    for (std::size_t bar = 0; bar < m_counts.size(); ++bar) {
+        const QString name = fontMetrics().elidedText(m_counts[bar].name, Qt::ElideRight, room);
+        painter.save();
+        painter.translate(inView(static_cast<double>(bar), 0) + QPointF(0, nameGap));
+        if (m_turned) {
+            constexpr double upwards = -90;
+            painter.rotate(upwards);
+            painter.drawText(QRectF(-room, -height / 2, room, height), Qt::AlignRight | Qt::AlignVCenter,
+                             name);
+        } else {
+            painter.drawText(QRectF(-slot / 2, 0, slot, height), Qt::AlignHCenter | Qt::AlignTop, name);
+        }
+        painter.restore();
+    }
+}
+
+/// A point of the chart, by the number of a bar and a value, in the pixels of the view.
+QPointF ChartView::inView(double bar, double value) const
+{
+    return mapFromScene(chart()->mapToScene(chart()->mapToPosition(QPointF(bar, value), m_series)));
+}
+
+void ChartView::applyPalette()
+{
+    const QColor text = palette().color(QPalette::Text);
+    QColor faint = text;
+    constexpr int faintness = 60;
+    faint.setAlpha(faintness);
+    QFont title = font();
+    title.setBold(true);
+    chart()->setTitleFont(title);
+    chart()->setTitleBrush(text);
+    chart()->setBackgroundBrush(palette().color(QPalette::Base));
+    m_bars->setColor(palette().color(QPalette::Highlight));
+    m_bars->setSelectedColor(palette().color(QPalette::Highlight).darker());
+    m_bars->setBorderColor(Qt::transparent);
+    m_bars->setLabelColor(text);
+    m_bars->setLabelFont(font());
+    for (QAbstractAxis* axis : {static_cast<QAbstractAxis*>(m_names), static_cast<QAbstractAxis*>(m_axis)}) {
+        axis->setLabelsFont(font());
+        axis->setLabelsColor(text);
+        axis->setLinePenColor(faint);
+        axis->setGridLineColor(faint);
+    }
+}
+
+void ChartView::setCurrentBar(std::optional<int> bar)
+{
+    m_bars->deselectAllBars();
+    m_current = bar;
+    if (!bar) return;
+    m_bars->selectBar(*bar);
+    QAccessibleEvent focused(this, QAccessible::Focus);
+    focused.setChild(*bar);
+    QAccessible::updateAccessibility(&focused);
+}
+
+QRect ChartView::barRect(int bar) const
+{
+    const double value = static_cast<double>(m_counts.at(static_cast<std::size_t>(bar)).documents);
+    const QRect plain(inView(bar - barWidth / 2, value).toPoint(), inView(bar + barWidth / 2, 0).toPoint());
+    return plain.adjusted(0, -fontMetrics().height() - 2, 0, 0);
+}
+
+std::optional<int> ChartView::barAt(QPoint position) const
+{
+    if (m_counts.empty()) return std::nullopt;
+    const QPointF inChart = chart()->mapFromScene(mapToScene(position));
+    const int bar = static_cast<int>(std::lround(chart()->mapToValue(inChart, m_series).x()));
+    if (bar < 0 || bar >= accessibleItemCount()) return std::nullopt;
+    const QRectF plot = chart()->plotArea();
+    if (inChart.x() < plot.left() || inChart.x() > plot.right()) return std::nullopt;
+    return position.y() >= barRect(bar).top() ? std::optional(bar) : std::nullopt;
+}
+
+QString ChartView::accessibleItemName(int item) const
+{
+    const DocumentTypeCount& count = m_counts.at(static_cast<std::size_t>(item));
+    return count.documents == 1 ? tr("%1: 1 document").arg(count.name)
+                                : tr("%1: %2 documents").arg(count.name, QString::number(count.documents));
+}
+
+void ChartView::mousePressEvent(QMouseEvent* event)
+{
+    const auto bar = barAt(event->pos());
+    if (!bar) return;
+    setCurrentBar(bar);
+    Q_EMIT barSelected(*bar, event->button(), event->globalPosition().toPoint());
+}
+
+// the chart's own items are not for the mouse
+
+void ChartView::mouseReleaseEvent(QMouseEvent* /*event*/) {}
+
+void ChartView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    mousePressEvent(event);
+}
+
+void ChartView::mouseMoveEvent(QMouseEvent* /*event*/) {}
+
+void ChartView::wheelEvent(QWheelEvent* event)
+{
+    // left to the area that scrolls the chart
+    event->ignore();
+}
+
+void ChartView::keyPressEvent(QKeyEvent* event)
+{
+    const int count = accessibleItemCount();
+    const int before = m_current.value_or(-1);
+    int bar = before;
+    switch (event->key()) {
+    case Qt::Key_Right:
+        bar = std::min(before + 1, count - 1);
+        break;
+    case Qt::Key_Left:
+        bar = std::max(before - 1, 0);
+        break;
+    case Qt::Key_Home:
+        bar = 0;
+        break;
+    case Qt::Key_End:
+        bar = count - 1;
+        break;
+    case Qt::Key_Menu:
+        break;
+    default:
+        event->ignore();
+        return;
+    }
+    if (count == 0 || bar < 0) return;
+    const QRect rect = barRect(bar);
+    setCurrentBar(bar);
+    const auto button = event->key() == Qt::Key_Menu ? Qt::RightButton : Qt::NoButton;
+    const QPoint position = viewport()->mapToGlobal(rect.center());
+    if (button == Qt::NoButton) QToolTip::showText(position, accessibleItemName(bar).toHtmlEscaped(), this);
+    Q_EMIT barSelected(bar, button, position);
+}
+
+bool ChartView::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip) return QChartView::viewportEvent(event);
+    const auto& help = *static_cast<QHelpEvent*>(event);
+    const auto bar = barAt(help.pos());
+    if (bar)
+        QToolTip::showText(help.globalPos(), accessibleItemName(*bar).toHtmlEscaped(), this);
+    else
+        QToolTip::hideText();
+    return true;
+}
+
+void ChartView::resizeEvent(QResizeEvent* event)
+{
+    QChartView::resizeEvent(event);
+    layOut();
+}
+
+void ChartView::changeEvent(QEvent* event)
+{
+    QChartView::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange && event->type() != QEvent::FontChange) return;
+    applyPalette();
+    layOut();
+}
+
+void ChartView::paintEvent(QPaintEvent* event)
+{
+    QChartView::paintEvent(event);
+    QPainter painter(viewport());
+    if (!m_counts.empty()) {
+        drawNames(painter);
+        return;
+    }
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, tr("No documents of any type."));
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "browse/AccessibleItems.h"
+#include "chart/DocumentTypeCounts.h"
+
+#include <QChartView>
+
+#include <optional>
+#include <vector>
+
+class QBarCategoryAxis;
+class QBarSeries;
+class QBarSet;
+class QValueAxis;
+
+/// The bar chart of documents by type. Names stand below their bars, turned where they are many; where even
+/// that is too narrow, the chart asks for more width than its pane has and is scrolled.
+class ChartView final : public QChartView, public AccessibleItems
+{
+    Q_OBJECT
+
+public:
+    explicit ChartView(QWidget* parent);
+
+    void setCounts(std::vector<DocumentTypeCount> counts);
+    [[nodiscard]] const std::vector<DocumentTypeCount>& counts() const { return m_counts; }
+
+    /// Marks one bar, or none.
+    void setCurrentBar(std::optional<int> bar);
+
+    /// The bar that a position of the view means: the bar itself, its number or its name.
+    [[nodiscard]] std::optional<int> barAt(QPoint position) const;
+
+    /// A bar with its number, in the view's pixels.
+    [[nodiscard]] QRect barRect(int bar) const;
+
+    [[nodiscard]] int accessibleItemCount() const override { return static_cast<int>(m_counts.size()); }
+    [[nodiscard]] QString accessibleItemName(int item) const override;
+    [[nodiscard]] QRect accessibleItemRect(int item) const override { return barRect(item); }
+    [[nodiscard]] int accessibleCurrentItem() const override { return m_current.value_or(-1); }
+
+Q_SIGNALS:
+    /// A bar was pressed with a mouse button or gone to by key; `position` is global.
+    void barSelected(int bar, Qt::MouseButton button, const QPoint& position);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+
+private:
+    void applyPalette();
+    void layOut();
+    void layOutNames();
+    void drawNames(QPainter& painter) const;
+    [[nodiscard]] int narrowestSlot() const;
+    [[nodiscard]] QPointF inView(double bar, double value) const;
+
+    std::vector<DocumentTypeCount> m_counts;
+    std::optional<int> m_current;
+    bool m_turned = false; ///< the names are written upwards
+    int m_nameRoom = 0;    ///< pixels below the bars
+    QBarSet* m_bars;       ///< owned by the series
+    QBarSeries* m_series;
+    QBarCategoryAxis* m_names;
+    QValueAxis* m_axis;
+};

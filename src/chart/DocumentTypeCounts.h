@@ -1,0 +1,20 @@
+#pragma once
+
+#include "data/SQLObject.h"
+
+#include <QString>
+
+#include <vector>
+
+class DatabaseSession;
+
+/// How many documents of a view are of one type.
+struct DocumentTypeCount
+{
+    QString name;
+    qint64 documents = 0;
+};
+
+/// The documents that a query shows, counted by type, in the order of the database. A document counts once
+/// for each of its types; documents without a type do not count. Throws Error.
+std::vector<DocumentTypeCount> countDocumentTypes(DatabaseSession& session, const SQLObject& query);

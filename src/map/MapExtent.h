@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QPointF>
+#include <QRectF>
+#include <QSizeF>
+
+/// The part of the map that is on the screen. Screen positions are in logical pixels from the upper left
+/// corner; the plane is that of MapProjection. The same part stays in sight when the screen's size changes:
+/// as it was fitted until it is moved or zoomed, by its middle and scale afterwards.
+class MapExtent
+{
+public:
+    MapExtent();
+
+    void setSize(QSizeF pixels);
+    [[nodiscard]] QSizeF size() const { return m_size; }
+
+    /// Shows a part of the plane as large as it fits, with a little room around it.
+    void fit(const QRectF& plane);
+
+    /// Zooms in by a factor (out where it is below 1) and leaves the point below `about` where it is.
+    void zoom(double factor, QPointF about);
+
+    /// Shows what lies within a rectangle of the screen.
+    void zoomTo(const QRectF& screen);
+
+    /// Moves the map's picture by so many pixels.
+    void pan(QPointF pixels);
+
+    /// Makes a point visible where it is not.
+    void show(QPointF plane);
+
+    [[nodiscard]] QPointF toScreen(QPointF plane) const;
+    [[nodiscard]] QPointF toPlane(QPointF screen) const;
+    [[nodiscard]] QPointF centre() const { return m_centre; }
+
+    /// Degrees of longitude to a pixel.
+    [[nodiscard]] double scale() const { return m_scale; }
+
+    /// In degrees of longitude.
+    [[nodiscard]] double width() const { return m_size.width() * m_scale; }
+
+    /// The size of a marker in degrees, so that it is the same on the screen at every zoom.
+    [[nodiscard]] double markerScale() const { return width() / 115; }
+
+private:
+    void applyFit();
+    void keepInBounds();
+
+    QSizeF m_size{1, 1};
+    QPointF m_centre;
+    double m_scale = 1;
+    QRectF m_fitted;
+    bool m_isFitted = true;
+};

@@ -1,0 +1,215 @@
+#include "map/MapPane.h"
+
+#include "app/ProgramState.h"
+#include "browse/IconSet.h"
+#include "map/MapLegend.h"
+#include "map/MapView.h"
+#include "platform/Procedure.h"
+#include "platform/WaitCursor.h"
+#include "search/ShowOnlyViews.h"
+
+#include <QActionGroup>
+#include <QBoxLayout>
+#include <QMenu>
+#include <QToolBar>
+
+#include <cerrno>
+
+namespace {
+
+constexpr std::size_t mostNamesInTip = 12;
+
+/// A menu would take an ampersand for the mark of a key.
+QString menuText(QString text)
+{
+    return text.replace(u'&', QStringLiteral("&&"));
+}
+
+} // namespace
+
+MapPane::MapPane(const Platform& platform, ProgramState& state, QWidget* parent)
+    : QWidget(parent),
+      m_platform(platform),
+      m_state(state),
+      m_places(state.session),
+      m_layout(new QBoxLayout(QBoxLayout::TopToBottom)),
+      m_tools(new QToolBar(this)),
+      m_toolGroup(new QActionGroup(this)),
+      m_map(new MapView(this)),
+      m_legend(new MapLegend(this)),
+      m_menu(new QMenu(this))
+{
+    setObjectName(QStringLiteral("MapPane"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_tools);
+    layout->addLayout(m_layout, 1);
+    m_layout->setSpacing(2);
+    m_layout->addWidget(m_map, 1);
+    m_layout->addWidget(m_legend);
+    setFocusProxy(m_map);
+    makeTools();
+    makeMenu();
+    connect(m_map, &MapView::chosen, this, &MapPane::choose);
+    connect(m_map, &MapView::menuRequested, this, &MapPane::showMenu);
+    m_map->describe = [this](std::size_t entry) { return description(entry); };
+}
+
+MapPane::~MapPane() = default;
+
+void MapPane::makeTools()
+{
+    m_tools->setObjectName(QStringLiteral("tbMap"));
+    m_tools->setIconSize(QSize(22, 22));
+    addTool(QStringLiteral("mapPointer"), tr("Pointer: select places and drag the map"),
+            QStringLiteral("pointer"), static_cast<int>(MapTool::Pointer));
+    addTool(QStringLiteral("mapZoomIn"), tr("Zoom in at a click, or to a rectangle"),
+            QStringLiteral("list-add"), static_cast<int>(MapTool::ZoomIn));
+    addTool(QStringLiteral("mapZoomOut"), tr("Zoom out at a click"), QStringLiteral("list-remove"),
+            static_cast<int>(MapTool::ZoomOut));
+    addTool(QStringLiteral("mapPan"), tr("Pan: drag the map"), QStringLiteral("transform-move"),
+            static_cast<int>(MapTool::Pan));
+    m_tools->addSeparator();
+    addCommand(QStringLiteral("mapFullExtent"), tr("Full extent: show all states"),
+               QStringLiteral("zoom-fit-best"), &MapView::showFullExtent);
+    addCommand(QStringLiteral("mapContiguousStates"), tr("Show the 48 contiguous states"),
+               QStringLiteral("zoom-original"), &MapView::showContiguousStates);
+    m_toolGroup->actions().constFirst()->setChecked(true);
+    connect(m_map, &MapView::toolChanged, this,
+            [this](MapTool tool) { m_toolGroup->actions().at(static_cast<int>(tool))->setChecked(true); });
+}
+
+void MapPane::addTool(const QString& name, const QString& text, const QString& icon, int tool)
+{
+    QAction* action = m_tools->addAction(IconSet::themeIcon(icon), text);
+    action->setObjectName(name);
+    action->setCheckable(true);
+    m_toolGroup->addAction(action);
+    connect(action, &QAction::triggered, m_map, [this, tool] { m_map->setTool(static_cast<MapTool>(tool)); });
+}
+
+void MapPane::addCommand(const QString& name, const QString& text, const QString& icon,
+                         void (MapView::*command)())
+{
+    QAction* action = m_tools->addAction(IconSet::themeIcon(icon), text, m_map, command);
+    action->setObjectName(name);
+}
+
+void MapPane::makeMenu()
+{
+    m_menu->setObjectName(QStringLiteral("popOrgTab"));
+    m_showOnlyCity = m_menu->addAction(QString(), this,
+                                       [this] { showOnly(QStringLiteral("popOrgTabShowOnlyCity"), true); });
+    m_showOnlyCity->setObjectName(QStringLiteral("popOrgTabShowOnlyCity"));
+    m_showOnlyState = m_menu->addAction(
+        QString(), this, [this] { showOnly(QStringLiteral("popOrgTabShowOnlyState"), false); });
+    m_showOnlyState->setObjectName(QStringLiteral("popOrgTabShowOnlyState"));
+}
+
+void MapPane::drawMap()
+{
+    const QString procedure = QStringLiteral("drawMap");
+    runProcedure(m_platform.messages, procedure, [this] {
+        const WaitCursor wait;
+        m_places.read(m_state.history.view(m_state.history.current()).SQL);
+    });
+    showPlaces();
+    // the markers are there when the message of a missing layer comes
+    runProcedure(m_platform.messages, procedure, [this] { addStatesLayer(); });
+}
+
+void MapPane::clearMap()
+{
+    m_places.clear();
+    showPlaces();
+}
+
+void MapPane::showPlaces()
+{
+    m_map->setPlaces(m_places.entries());
+    m_legend->setLines(legendLines(m_places.entries()));
+}
+
+/// Once the layer is there, it stays.
+void MapPane::addStatesLayer()
+{
+    if (m_map->hasStates()) return;
+    const QString name = QStringLiteral("states.shp");
+    const auto file = m_state.folder.find(m_state.folders.maps, name);
+    if (!file) {
+        throw Error(ENOENT, tr("There is no map of the states. (%1)")
+                                .arg(m_state.folder.machinePath(m_state.folders.maps) + name));
+    }
+    m_map->setStates(StatesLayer(ShapeFile::read(*file)));
+}
+
+void MapPane::ringOrganization(std::optional<qint64> identifier)
+{
+    std::optional<std::size_t> entry;
+    runProcedure(m_platform.messages, QStringLiteral("ringOrganization"), [&] {
+        if (identifier) entry = m_places.entryOf(*identifier);
+    });
+    m_map->setRinged(entry);
+}
+
+void MapPane::choose(std::size_t entry)
+{
+    runProcedure(m_platform.messages, QStringLiteral("Map1_MouseDown"), [&] {
+        std::vector<qint64> identifiers;
+        for (const PlacedOrganization& organization : m_places.organizationsAt(entry, false))
+            identifiers.push_back(organization.identifier);
+        Q_EMIT organizationsChosen(identifiers);
+    });
+}
+
+void MapPane::showMenu(std::size_t entry, const QPoint& position)
+{
+    m_menuPlace = m_places.entries().at(entry);
+    const QString& state = m_menuPlace.State;
+    m_showOnlyCity->setText(menuText(tr("Show Only %1, %2 Organizations").arg(m_menuPlace.city, state)));
+    m_showOnlyState->setText(menuText(tr("Show Only %1 Organizations").arg(state)));
+    // nothing narrows to a place that has no name
+    m_showOnlyCity->setEnabled(!m_menuPlace.city.isEmpty());
+    m_showOnlyState->setEnabled(!state.isEmpty());
+    m_menu->popup(position);
+}
+
+void MapPane::showOnly(const QString& procedure, bool city)
+{
+    runProcedure(m_platform.messages, procedure, [&] {
+        const ShowOnlyViews views(m_state.session, m_state.queries);
+        m_state.history.addView(city ? views.organizationsOfCity(m_menuPlace)
+                                     : views.organizationsOfState(m_menuPlace));
+    });
+}
+
+QString MapPane::description(std::size_t entry)
+{
+    QString text = QStringLiteral("<b>") + m_places.entries().at(entry).placeText().toHtmlEscaped() +
+                   QStringLiteral("</b>");
+    try {
+        const auto organizations = m_places.organizationsAt(entry, true);
+        for (std::size_t i = 0; i < std::min(organizations.size(), mostNamesInTip); ++i)
+            text += QStringLiteral("<br>") + organizations[i].name.toHtmlEscaped();
+        if (organizations.size() > mostNamesInTip) {
+            text += QStringLiteral("<br>") + tr("and %1 more").arg(organizations.size() - mostNamesInTip);
+        }
+    } catch (const Error&) {
+        // a tip is no place for a message: the place's name alone stands for it
+    }
+    return text;
+}
+
+/// The legend stands where it takes least of the map.
+void MapPane::resizeEvent(QResizeEvent* event)
+{
+    constexpr double widestBelow = 1.75;
+    constexpr double heightOfStates = 1.6;
+    const bool beside = width() > widestBelow * height();
+    m_layout->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    const int forStates = static_cast<int>(width() / heightOfStates);
+    const int lowest = height() / 4;
+    m_legend->setPlace(beside, std::max(height() - m_tools->sizeHint().height() - forStates, lowest));
+    QWidget::resizeEvent(event);
+}

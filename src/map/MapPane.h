@@ -1,0 +1,74 @@
+#pragma once
+
+#include "map/OrganizationPlaces.h"
+#include "platform/Platform.h"
+
+#include <QWidget>
+
+#include <optional>
+#include <vector>
+
+class MapLegend;
+class MapView;
+class QAction;
+class QActionGroup;
+class QBoxLayout;
+class QMenu;
+class QToolBar;
+struct ProgramState;
+
+/// The map beside the list of organizations, with its tools, its legend and its pop-up menu.
+class MapPane final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The program's state must outlive the pane.
+    MapPane(const Platform& platform, ProgramState& state, QWidget* parent);
+    ~MapPane() override;
+
+    /// Draws the places of the current view. Where the states or the places cannot be read, its message is
+    /// shown and what there is of the markers stays.
+    void drawMap();
+
+    /// Takes all markers off the map.
+    void clearMap();
+
+    /// Rings the marker of an organization, or none where it has no place.
+    void ringOrganization(std::optional<qint64> identifier);
+
+    [[nodiscard]] MapView& map() { return *m_map; }
+
+Q_SIGNALS:
+    /// The user chose a marker with these organizations.
+    void organizationsChosen(const std::vector<qint64>& identifiers);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void makeTools();
+    void makeMenu();
+    void addTool(const QString& name, const QString& text, const QString& icon, int tool);
+    void addCommand(const QString& name, const QString& text, const QString& icon,
+                    void (MapView::*command)());
+    void addStatesLayer();
+    void showPlaces();
+    void choose(std::size_t entry);
+    void showMenu(std::size_t entry, const QPoint& position);
+    void showOnly(const QString& procedure, bool city);
+    [[nodiscard]] QString description(std::size_t entry);
+
+    Platform m_platform;
+    ProgramState& m_state;
+    OrganizationPlaces m_places;
+    clsCities m_menuPlace; ///< what the pop-up menu acts on
+    QBoxLayout* m_layout;
+    QToolBar* m_tools;
+    QActionGroup* m_toolGroup;
+    MapView* m_map;
+    MapLegend* m_legend;
+    QMenu* m_menu;
+    QAction* m_showOnlyCity = nullptr;
+    QAction* m_showOnlyState = nullptr;
+};

@@ -1,0 +1,35 @@
+#include "map/MapProjection.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+/// Halfway round the earth from the middle of the 48 states.
+constexpr double backOfTheMap = 84;
+constexpr double farthestLatitude = 85;
+constexpr double degree = std::numbers::pi / 180;
+
+} // namespace
+
+double MapProjection::continuous(double lon)
+{
+    return lon > backOfTheMap ? lon - 360 : lon;
+}
+
+QPointF MapProjection::toPlane(double lon, double lat)
+{
+    const double held = std::clamp(lat, -farthestLatitude, farthestLatitude);
+    return {continuous(lon), -std::asinh(std::tan(held * degree)) / degree};
+}
+
+QPointF MapProjection::toDegrees(QPointF plane)
+{
+    return {plane.x(), -std::atan(std::sinh(plane.y() * degree)) / degree};
+}
+
+QRectF MapProjection::contiguousStates()
+{
+    return {toPlane(-124.8, 49.4), toPlane(-66.9, 24.5)};
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QPixmap>
+
+#include <array>
+
+/// The markers of the map, one for each colour of the palette, drawn once for a size and a screen.
+class MarkerPictures
+{
+public:
+    /// Draws them anew where the diameter (in logical pixels) or the screen's scale has changed.
+    void prepare(double diameter, double devicePixelRatio);
+
+    [[nodiscard]] const QPixmap& marker(int colour) const
+    {
+        return m_markers[static_cast<std::size_t>(colour)];
+    }
+
+    /// The room that a marker takes with the line around it, in logical pixels.
+    [[nodiscard]] double extent() const { return m_diameter + 2; }
+
+    /// One marker, as for a legend.
+    static QPixmap draw(int colour, double diameter, double devicePixelRatio);
+
+private:
+    std::array<QPixmap, 16> m_markers;
+    double m_diameter = 0;
+    double m_devicePixelRatio = 0;
+};

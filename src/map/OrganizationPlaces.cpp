@@ -1,0 +1,113 @@
+#include "map/OrganizationPlaces.h"
+
+#include "data/DatabaseSession.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr double farthestLatitude = 90;
+constexpr double farthestLongitude = 360;
+
+std::optional<qint64> optionalInteger(const RecordSet& rows, int column)
+{
+    if (rows.isNull(column)) return std::nullopt;
+    return rows.integer(column);
+}
+
+QString functionCondition(std::optional<qint64> functionId)
+{
+    return functionId ? QStringLiteral(" AND Organization.FunctionID = ") + QString::number(*functionId)
+                      : QStringLiteral(" AND Organization.FunctionID IS NULL");
+}
+
+/// All digits, so that the engine finds the very same number again.
+QString exactNumber(double number)
+{
+    return QString::number(number, 'g', 17);
+}
+
+/// One text for each place and function; a place without a known city is told by its position.
+QString keyOf(std::optional<qint64> location, double lat, double lon, std::optional<qint64> functionId)
+{
+    const QString place = location ? QString::number(*location) : exactNumber(lat) + u' ' + exactNumber(lon);
+    return u'k' + place + u'f' + (functionId ? QString::number(*functionId) : QString());
+}
+
+bool isOnEarth(double lat, double lon)
+{
+    return std::abs(lat) <= farthestLatitude && std::abs(lon) <= farthestLongitude;
+}
+
+} // namespace
+
+void OrganizationPlaces::clear()
+{
+    m_entries.clear();
+    m_byKey.clear();
+    m_query.reset();
+}
+
+void OrganizationPlaces::read(const SharedQuery& query)
+{
+    clear();
+    m_query = query;
+    RecordSet functions =
+        m_session.read(QStringLiteral("SELECT DISTINCT Organization.FunctionID ") + query->FromClause + u' ' +
+                       query->WhereClause + QStringLiteral(" AND Lat IS NOT NULL"));
+    while (functions.next())
+        readPlaces(optionalInteger(functions, 0));
+}
+
+void OrganizationPlaces::readPlaces(std::optional<qint64> functionId)
+{
+    RecordSet places =
+        m_session.read(QStringLiteral("SELECT DISTINCT FunctionName, LocationID, Lat, Lon, City, State ") +
+                       m_query->FromClause + u' ' + m_query->WhereClause + functionCondition(functionId) +
+                       QStringLiteral(" AND Lat IS NOT NULL"));
+    while (places.next()) {
+        const std::optional<qint64> location = optionalInteger(places, 1);
+        const double lat = places.real(2);
+        const double lon = places.real(3);
+        if (places.isNull(3) || !isOnEarth(lat, lon)) continue;
+        const QString key = keyOf(location, lat, lon, functionId);
+        if (m_byKey.contains(key)) continue;
+        m_byKey.insert(key, m_entries.size());
+        m_entries.push_back({functionId, places.text(0), location, lat, lon, places.text(4), places.text(5),
+                             clsCities::colourOf(functionId)});
+    }
+}
+
+std::vector<PlacedOrganization> OrganizationPlaces::organizationsAt(std::size_t entry,
+                                                                    bool everyFunction) const
+{
+    const clsCities& place = m_entries.at(entry);
+    const QString where =
+        place.LocationID ? QStringLiteral(" AND LocationID = ") + QString::number(*place.LocationID)
+                         : QStringLiteral(" AND LocationID IS NULL AND Lat = ") + exactNumber(place.lat) +
+                               QStringLiteral(" AND Lon = ") + exactNumber(place.lon);
+    RecordSet rows = m_session.read(
+        QStringLiteral("SELECT DISTINCT Organization.OrganizationID, OrganizationName ") +
+        m_query->FromClause + u' ' + m_query->WhereClause + QStringLiteral(" AND Lat IS NOT NULL") + where +
+        (everyFunction ? QString() : functionCondition(place.functionId)) +
+        QStringLiteral(" ORDER BY OrganizationName"));
+    std::vector<PlacedOrganization> organizations;
+    while (rows.next())
+        organizations.push_back({rows.integer(0), rows.text(1)});
+    return organizations;
+}
+
+std::optional<std::size_t> OrganizationPlaces::entryOf(qint64 organization) const
+{
+    if (!m_query) return std::nullopt;
+    RecordSet rows =
+        m_session.read(QStringLiteral("SELECT DISTINCT LocationID, Lat, Lon, Organization.FunctionID ") +
+                       m_query->FromClause + u' ' + m_query->WhereClause +
+                       QStringLiteral(" AND Lat IS NOT NULL AND Organization.OrganizationID = ") +
+                       QString::number(organization));
+    if (!rows.next()) return std::nullopt;
+    const QString key = keyOf(optionalInteger(rows, 0), rows.real(1), rows.real(2), optionalInteger(rows, 3));
+    const auto found = m_byKey.constFind(key);
+    if (found == m_byKey.constEnd()) return std::nullopt;
+    return *found;
+}

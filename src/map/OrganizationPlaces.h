@@ -1,0 +1,51 @@
+#pragma once
+
+#include "data/SQLObject.h"
+#include "map/clsCities.h"
+
+#include <QHash>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+class DatabaseSession;
+
+/// An organization that stands at a place.
+struct PlacedOrganization
+{
+    qint64 identifier = 0;
+    QString name;
+};
+
+/// The places of the organizations that a view shows, one entry for each place and function, in the order in
+/// which they are drawn. Organizations without a position have no place.
+class OrganizationPlaces
+{
+public:
+    /// The session must outlive the places.
+    explicit OrganizationPlaces(DatabaseSession& session) : m_session(session) {}
+
+    /// Forgets the places before, and reads those of a query. Throws Error; the places read so far stay.
+    void read(const SharedQuery& query);
+
+    void clear();
+
+    [[nodiscard]] const std::vector<clsCities>& entries() const { return m_entries; }
+
+    /// The organizations of the view at an entry's place, in the order of their names: those of its function,
+    /// or of all functions. Throws Error.
+    [[nodiscard]] std::vector<PlacedOrganization> organizationsAt(std::size_t entry,
+                                                                  bool everyFunction) const;
+
+    /// The entry that stands for an organization; nothing where it is not on the map. Throws Error.
+    [[nodiscard]] std::optional<std::size_t> entryOf(qint64 organization) const;
+
+private:
+    void readPlaces(std::optional<qint64> functionId);
+
+    DatabaseSession& m_session;
+    SharedQuery m_query;
+    std::vector<clsCities> m_entries;
+    QHash<QString, std::size_t> m_byKey;
+};

@@ -1,0 +1,96 @@
+#include "map/StatesPicture.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <cmath>
+
+namespace {
+
+/// Logical pixels on each side beyond what is in sight.
+constexpr double margin = 160;
+const QColor stateColour(192, 192, 192);
+const QColor borderColour(112, 112, 112);
+const QColor nameColour(64, 64, 64);
+
+} // namespace
+
+void StatesPicture::setLayer(StatesLayer layer)
+{
+    m_layer = std::move(layer);
+    forget();
+}
+
+bool StatesPicture::covers(const QRectF& sight) const
+{
+    return QRectF(QPointF(), m_frame.size).contains(sight);
+}
+
+void StatesPicture::paint(QPainter& painter, const MapExtent& extent, const QPalette& palette,
+                          const QFont& font)
+{
+    const double ratio = painter.device()->devicePixelRatioF();
+    const double scale = extent.scale() / ratio;
+    const QSizeF sightSize = extent.size() * ratio;
+    const auto corner = [&] { return m_frame.toPixels(extent.toPlane(QPointF())).toPoint(); };
+    const bool fits = !m_picture.isNull() && m_picture.devicePixelRatio() == ratio &&
+                      m_frame.scale == scale && covers(QRectF(corner(), sightSize));
+    if (!fits) render(extent, palette, font, ratio);
+    painter.drawPixmap(QPointF(), m_picture, QRectF(corner(), sightSize));
+}
+
+void StatesPicture::render(const MapExtent& extent, const QPalette& palette, const QFont& font,
+                           double devicePixelRatio)
+{
+    const QPointF outside(margin, margin);
+    const QSize size(static_cast<int>(std::ceil((extent.size().width() + 2 * margin) * devicePixelRatio)),
+                     static_cast<int>(std::ceil((extent.size().height() + 2 * margin) * devicePixelRatio)));
+    m_frame = {extent.toPlane(-outside), extent.scale() / devicePixelRatio, size};
+    if (m_picture.size() != size) m_picture = QPixmap(size);
+    m_picture.setDevicePixelRatio(devicePixelRatio);
+    m_picture.fill(palette.color(QPalette::Base));
+    QPainter painter(&m_picture);
+    // outlines and room for names are reckoned in device pixels
+    painter.scale(1 / devicePixelRatio, 1 / devicePixelRatio);
+    drawStates(painter);
+    drawNames(painter, font);
+}
+
+void StatesPicture::drawStates(QPainter& painter) const
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath areas;
+    areas.setFillRule(Qt::OddEvenFill);
+    for (const StateShape& state : m_layer.states()) {
+        for (const auto& ring : outlines(state, m_frame))
+            areas.addPolygon(QPolygonF(QList<QPointF>(ring.begin(), ring.end())));
+    }
+    areas.closeSubpath();
+    QPen pen(borderColour, m_picture.devicePixelRatio());
+    pen.setJoinStyle(Qt::BevelJoin);
+    painter.fillPath(areas, stateColour);
+    painter.strokePath(areas, pen);
+}
+
+void StatesPicture::drawNames(QPainter& painter, const QFont& font) const
+{
+    const double ratio = m_picture.devicePixelRatio();
+    QFont small(font);
+    small.setPixelSize(static_cast<int>(std::round(QFontMetricsF(font).height() * 0.72 * ratio)));
+    painter.setFont(small);
+    painter.setPen(nameColour);
+    const QFontMetricsF metrics(small);
+    for (const StateShape& state : m_layer.states()) {
+        for (const QString& text : {state.name, state.letters}) {
+            const QSizeF size(metrics.horizontalAdvance(text) + 6 * ratio, metrics.height());
+            const auto middle = text.isEmpty() ? std::nullopt : roomFor(state, m_frame, size);
+            if (!middle) continue;
+            QRectF place(QPointF(), size);
+            place.moveCenter(*middle);
+            painter.drawText(place.translated(0.5, 0.5).toAlignedRect(), Qt::AlignCenter | Qt::TextDontClip,
+                             text);
+            break;
+        }
+    }
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "map/MapExtent.h"
+#include "map/StateOutlines.h"
+#include "map/StatesLayer.h"
+
+#include <QFont>
+#include <QPalette>
+#include <QPixmap>
+
+class QPainter;
+
+/// The states as a picture, somewhat larger than the screen, so that it only needs to be moved while the map
+/// is dragged. Borders and names are drawn anew at every zoom, in the pixels of the screen.
+class StatesPicture
+{
+public:
+    void setLayer(StatesLayer layer);
+    [[nodiscard]] const StatesLayer& layer() const { return m_layer; }
+
+    /// Paints the part that the extent shows, at the painter's origin.
+    void paint(QPainter& painter, const MapExtent& extent, const QPalette& palette, const QFont& font);
+
+    /// Makes the next painting draw anew, as after a change of palette or font.
+    void forget() { m_picture = QPixmap(); }
+
+private:
+    [[nodiscard]] bool covers(const QRectF& sight) const;
+    void render(const MapExtent& extent, const QPalette& palette, const QFont& font, double devicePixelRatio);
+    void drawStates(QPainter& painter) const;
+    void drawNames(QPainter& painter, const QFont& font) const;
+
+    StatesLayer m_layer;
+    QPixmap m_picture;
+    MapPicture m_frame; ///< in device pixels
+};

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "timeline/Timeline.h"
+
+#include <QWidget>
+
+class QLabel;
+class QToolButton;
+
+/// What an empty window says: that it is, and where the nearest events before and after it are. A click on
+/// one of them asks to go there.
+class EmptyWindowNotice final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit EmptyWindowNotice(QWidget* parent);
+
+    /// Says where the nearest events are, in at most so many pixels, and takes the middle of its parent.
+    void showNearest(const std::optional<NearestEvent>& before, const std::optional<NearestEvent>& after);
+
+Q_SIGNALS:
+    void chosen(qint64 eventId);
+
+private:
+    QToolButton* makeLink(const QString& name, const QString& icon);
+    void fill(QToolButton& link, const std::optional<NearestEvent>& nearest, const QString& words);
+
+    QLabel* m_text;
+    QToolButton* m_before;
+    QToolButton* m_after;
+};

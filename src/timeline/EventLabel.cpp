@@ -1,0 +1,56 @@
+#include "timeline/EventLabel.h"
+
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTextDocument>
+#include <QToolTip>
+
+EventLabel::EventLabel(QWidget* parent) : QLabel(parent)
+{
+    setTextFormat(Qt::PlainText);
+    hide();
+}
+
+void EventLabel::showLane(const Lane& lane, int index)
+{
+    m_eventId = lane.eventId;
+    m_isInside = lane.place == Lane::CaptionPlace::Inside;
+    setProperty("tag", lane.eventId);
+    setText(lane.caption);
+    setToolTip(lane.toolTip);
+    setGeometry(lane.captionLeft, index * TimelineLanes::laneHeight, lane.captionWidth,
+                TimelineLanes::laneHeight);
+    show();
+}
+
+bool EventLabel::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip) return QLabel::event(event);
+    // a name may hold what a tool-tip would take for its own markup
+    const QString text = toolTip();
+    const auto* help = static_cast<QHelpEvent*>(event);
+    QToolTip::showText(help->globalPos(), Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text,
+                       this);
+    return true;
+}
+
+void EventLabel::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setPen(m_isInside ? QColor(Qt::white) : palette().color(QPalette::Text));
+    const QString fitting = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, fitting);
+}
+
+void EventLabel::mousePressEvent(QMouseEvent* event)
+{
+    m_pressed = event->button();
+}
+
+void EventLabel::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool isClick = m_pressed == event->button() && rect().contains(event->position().toPoint());
+    m_pressed = Qt::NoButton;
+    if (isClick && event->button() == Qt::LeftButton) Q_EMIT clicked(m_eventId);
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "timeline/TimelineLanes.h"
+
+#include <QLabel>
+
+/// The caption of one lane. It belongs to the pool of the picture: made once, then moved, told what to say,
+/// shown and hidden. Its property `tag` is the identifier of its event.
+class EventLabel final : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit EventLabel(QWidget* parent);
+
+    /// Says what the lane at `index` from the top says, and stands where it stands.
+    void showLane(const Lane& lane, int index);
+
+    [[nodiscard]] qint64 eventId() const { return m_eventId; }
+
+Q_SIGNALS:
+    void clicked(qint64 eventId);
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    qint64 m_eventId = 0;
+    bool m_isInside = false;
+    Qt::MouseButton m_pressed = Qt::NoButton;
+};

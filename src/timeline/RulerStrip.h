@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QWidget>
+
+#include <array>
+
+class QLabel;
+class Timeline;
+
+/// The strip of the scale above the lanes, and the four captions that say which moments stand at the left
+/// edge and one, two and three steps after it.
+class RulerStrip final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The timeline must outlive the strip.
+    RulerStrip(const Timeline& timeline, QWidget* parent);
+
+    /// Shows the ruler and the captions as they are now.
+    void showRuler();
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    [[nodiscard]] int captionRow() const;
+
+    const Timeline& m_timeline;
+    std::array<QLabel*, 4> m_captions{};
+};

@@ -1,0 +1,240 @@
+#include "timeline/Timeline.h"
+
+#include "app/ProgramState.h"
+#include "platform/Clock.h"
+#include "platform/Procedure.h"
+#include "timeline/TimeWindowQuery.h"
+
+#include <algorithm>
+
+namespace {
+
+TimelineLimits today(const QDateTime& now)
+{
+    return {momentOf(now.date()), momentOf(now.date(), now.time()) + minutesOfDay};
+}
+
+} // namespace
+
+Timeline::Timeline(const Platform& platform, ProgramState& state, TextWidth textWidth)
+    : m_platform(platform), m_state(state), m_textWidth(std::move(textWidth))
+{
+    m_window.begin(today(platform.clock.now()));
+}
+
+void Timeline::mainLoad()
+{
+    m_selected.reset();
+    m_events.clear();
+    m_hitCount = 0;
+    TimelineLimits limits = today(m_platform.clock.now());
+    if (m_state.session.isOpen()) {
+        runProcedure(m_platform.messages, QStringLiteral("setTimelineLimits"),
+                     [&] { setTimelineLimits(m_state.session, m_platform.clock.now(), limits); });
+    }
+    m_window.begin(limits);
+    refresh();
+}
+
+void Timeline::drawTimeline()
+{
+    try {
+        search();
+    } catch (const std::exception&) {
+        // the list is about to read the same view, and says what is wrong with it
+        return;
+    }
+    DisplayRecords();
+}
+
+void Timeline::updateTimeline(Moment savedStart)
+{
+    TimelineLimits limits = m_window.limits();
+    runProcedure(m_platform.messages, QStringLiteral("setTimelineLimits"),
+                 [&] { setTimelineLimits(m_state.session, m_platform.clock.now(), limits); });
+    m_window.setLimits(limits);
+    m_window.moveTo(savedStart);
+    refresh();
+}
+
+void Timeline::resize(int width, int height)
+{
+    const bool isWindowNew = width != m_window.width();
+    m_window.setWidth(width);
+    m_laneCount = TimelineLanes::laneCount(height);
+    m_ruler = rulerOf(m_window, m_textWidth);
+    // nobody asked for anything, so nobody is told what goes wrong
+    try {
+        if (isWindowNew) search();
+        drawLanes();
+    } catch (const std::exception&) {
+        return;
+    }
+}
+
+void Timeline::navigate(void (TimeWindow::*move)())
+{
+    (m_window.*move)();
+    refresh();
+}
+
+void Timeline::NavBeginning()
+{
+    navigate(&TimeWindow::NavBeginning);
+}
+
+void Timeline::NavStepBack()
+{
+    navigate(&TimeWindow::NavStepBack);
+}
+
+void Timeline::NavJumpBack()
+{
+    navigate(&TimeWindow::NavJumpBack);
+}
+
+void Timeline::NavStepForward()
+{
+    navigate(&TimeWindow::NavStepForward);
+}
+
+void Timeline::NavJumpForward()
+{
+    navigate(&TimeWindow::NavJumpForward);
+}
+
+void Timeline::NavEnd()
+{
+    navigate(&TimeWindow::NavEnd);
+}
+
+void Timeline::ZoomIn()
+{
+    if (m_window.canZoomIn()) navigate(&TimeWindow::ZoomIn);
+}
+
+void Timeline::ZoomOut()
+{
+    if (m_window.canZoomOut()) navigate(&TimeWindow::ZoomOut);
+}
+
+void Timeline::VScroll1_Change(int value)
+{
+    const bool done =
+        runProcedure(m_platform.messages, QStringLiteral("searchByTimeConstraint"), [this, value] {
+            search();
+            m_scroll.value = value;
+        });
+    if (done) DisplayRecords();
+}
+
+void Timeline::chooseEvent(qint64 eventId)
+{
+    if (!showsEvents()) return;
+    m_selected = eventId;
+    const bool done =
+        runProcedure(m_platform.messages, QStringLiteral("searchByTimeConstraint"), [this, eventId] {
+            showInWindow(eventId);
+            m_ruler = rulerOf(m_window, m_textWidth);
+            search();
+            const auto found =
+                std::find_if(m_events.begin(), m_events.end(),
+                             [eventId](const WindowEvent& row) { return row.eventId == eventId; });
+            if (found != m_events.end()) m_scroll.value = static_cast<int>(found - m_events.begin());
+        });
+    if (done) DisplayRecords();
+}
+
+void Timeline::showInWindow(qint64 eventId)
+{
+    RecordSet rows = m_state.session.read(
+        QStringLiteral("SELECT StartDate, EndDate, StartTime, EndTime FROM Event WHERE EventID = ") +
+        QString::number(eventId));
+    if (!rows.next()) return;
+    const auto held = [&rows](QStringView column) { return std::string(rows.held(rows.column(column))); };
+    const WindowEvent event{eventId,          QString(),       false, held(u"StartDate"), held(u"StartTime"),
+                            held(u"EndDate"), held(u"EndTime")};
+    // an event without a date has no place to go to
+    if (!event.startDate.empty()) m_window.showEvent(event.start(), event.end());
+}
+
+void Timeline::selectEvent(qint64 eventId)
+{
+    m_selected = eventId;
+    DisplayRecords();
+}
+
+std::array<QString, Timeline::captionCount> Timeline::captions() const
+{
+    std::array<QString, captionCount> texts;
+    for (std::size_t i = 0; i < captionCount; ++i) {
+        texts[i] = dateTimeText(m_window.currentTime() + m_window.step() * static_cast<Minutes>(i));
+    }
+    return texts;
+}
+
+void Timeline::refresh()
+{
+    m_ruler = rulerOf(m_window, m_textWidth);
+    searchByTimeConstraint();
+}
+
+bool Timeline::showsEvents() const
+{
+    const ViewHistory& history = m_state.history;
+    return history.current() > 0 && history.currentKind() == ViewKind::Events;
+}
+
+void Timeline::searchByTimeConstraint()
+{
+    if (runProcedure(m_platform.messages, QStringLiteral("searchByTimeConstraint"), [this] { search(); })) {
+        DisplayRecords();
+    }
+}
+
+/// Reads the events of the window. Throws Error; then those read before stay.
+void Timeline::search()
+{
+    if (!showsEvents()) return;
+    const SharedQuery view = m_state.history.view(m_state.history.current()).SQL;
+    m_events = readWindowEvents(
+        m_state.session.read(TimeWindowQuery::inWindow(*view, m_window.currentTime(), m_window.windowEnd())));
+    m_scroll.value = 0;
+    m_before.reset();
+    m_after.reset();
+    if (m_events.empty()) {
+        findNearest(*view);
+    } else {
+        m_hitCount = m_events.size();
+    }
+}
+
+void Timeline::findNearest(const SQLObject& view)
+{
+    m_before = firstOf(TimeWindowQuery::before(view, m_window.currentTime()));
+    m_after = firstOf(TimeWindowQuery::after(view, m_window.windowEnd()));
+}
+
+std::optional<NearestEvent> Timeline::firstOf(const QString& statement)
+{
+    const auto events = readWindowEvents(m_state.session.read(statement), 1);
+    if (events.empty()) return std::nullopt;
+    return NearestEvent{events.front().eventId, events.front().eventName, events.front().start()};
+}
+
+void Timeline::DisplayRecords()
+{
+    runProcedure(m_platform.messages, QStringLiteral("DisplayRecords"), [this] { drawLanes(); });
+}
+
+/// Draws the lanes from the event that the scroll bar names. Throws Error; the lanes drawn so far stay.
+void Timeline::drawLanes()
+{
+    const auto lanes = static_cast<std::size_t>(m_laneCount);
+    m_scroll.isShown = lanes < m_events.size();
+    m_scroll.max = m_scroll.isShown ? static_cast<int>(m_events.size() - lanes) : 0;
+    m_scroll.value = std::clamp(m_scroll.value, 0, m_scroll.max);
+    m_lanes.clear();
+    TimelineLanes::draw(m_window, m_events, static_cast<std::size_t>(m_scroll.value), m_laneCount, m_selected,
+                        m_textWidth, m_lanes);
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "timeline/TimeWindow.h"
+#include "timeline/WindowEvents.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+/// The width of a text in the font of the captions, in units.
+using TextWidth = std::function<int(const QString&)>;
+
+/// One lane of the timeline: an event, drawn as a bar or, where it takes no time, as a marker. Positions are
+/// units from the left edge of the picture.
+struct Lane
+{
+    /// Where the caption stands.
+    enum class CaptionPlace
+    {
+        Inside, ///< in the bar
+        After,  ///< to the right of the bar or of the marker
+        Before  ///< to the left of them
+    };
+
+    qint64 eventId = 0;
+    QString caption;
+    QString toolTip;
+    bool isKey = false;
+    bool isInstant = false;
+    bool isSelected = false;
+    double barLeft = 0;
+    double barWidth = 0;   ///< 0 for an instant
+    double markerLeft = 0; ///< of an instant
+    int captionLeft = 0;
+    int captionWidth = 0; ///< less than the text takes where there is no room for it
+    CaptionPlace place = CaptionPlace::Inside;
+};
+
+namespace TimelineLanes {
+
+inline constexpr int laneHeight = 17;
+inline constexpr int markerWidth = 18;
+
+/// The room that the mark of a key event takes at the beginning of its bar.
+inline constexpr int keyMarkWidth = 13;
+
+/// How many lanes a picture has.
+[[nodiscard]] int laneCount(int pictureHeight);
+
+/// Draws events into lanes, one each, beginning with the event at `first`. Lanes are added to `lanes` one by
+/// one, so that those drawn before a failure stay. Throws Error for an event without a sound start.
+void draw(const TimeWindow& window, const std::vector<WindowEvent>& events, std::size_t first, int laneCount,
+          std::optional<qint64> selected, const TextWidth& textWidth, std::vector<Lane>& lanes);
+
+} // namespace TimelineLanes

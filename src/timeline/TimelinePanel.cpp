@@ -1,0 +1,227 @@
+#include "timeline/TimelinePanel.h"
+
+#include "browse/IconSet.h"
+#include "timeline/RulerStrip.h"
+#include "timeline/TimelinePicture.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QToolButton>
+
+#include <cstdlib>
+
+namespace {
+
+constexpr int wheelNotch = 120;
+constexpr int lanesPerNotch = 3;
+
+} // namespace
+
+TimelinePanel::TimelinePanel(const Platform& platform, ProgramState& state, QWidget* parent)
+    : QWidget(parent), m_timeline(platform, state, [this](const QString& text) { return textWidth(text); })
+{
+    setObjectName(QStringLiteral("pnlTimeline"));
+    makeParts();
+    showAll();
+}
+
+void TimelinePanel::makeParts()
+{
+    m_picture = new TimelinePicture(m_timeline, this);
+    m_ruler = new RulerStrip(m_timeline, this);
+    m_scrollBar = new QScrollBar(Qt::Vertical, this);
+    m_scrollBar->setObjectName(QStringLiteral("VScroll1"));
+    m_scrollBar->setAccessibleName(tr("Lanes"));
+    // the picture keeps its width whether the bar is there or not
+    QSizePolicy policy = m_scrollBar->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_scrollBar->setSizePolicy(policy);
+
+    auto* layout = new QGridLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(makeButtons(), 0, 0, 1, 2);
+    layout->addWidget(m_ruler, 1, 0);
+    layout->addWidget(m_picture, 2, 0);
+    layout->addWidget(m_scrollBar, 2, 1);
+    layout->setColumnStretch(0, 1);
+    setFocusProxy(m_picture);
+
+    connect(m_scrollBar, &QScrollBar::valueChanged, this, [this](int value) {
+        m_timeline.VScroll1_Change(value);
+        showAll();
+    });
+    connect(m_picture, &TimelinePicture::resized, this, [this](int width, int height) {
+        m_timeline.resize(width, height);
+        showAll();
+    });
+    connect(m_picture, &TimelinePicture::eventClicked, this, [this](qint64 eventId) {
+        m_timeline.selectEvent(eventId);
+        showAll();
+        Q_EMIT eventSelected(eventId);
+    });
+    connect(m_picture, &TimelinePicture::nearestChosen, this, [this](qint64 eventId) {
+        chooseEvent(eventId);
+        Q_EMIT eventSelected(eventId);
+    });
+}
+
+QWidget* TimelinePanel::makeButtons()
+{
+    auto* row = new QWidget(this);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(2, 2, 2, 2);
+    layout->setSpacing(2);
+    const auto add = [&](const char* name, const char* icon, const QString& text, const QString& key,
+                         Handler handler) {
+        QToolButton* button =
+            makeButton(QString::fromLatin1(name), QString::fromLatin1(icon), text, key, handler);
+        layout->addWidget(button);
+        return button;
+    };
+    add("NavBeginning", "go-first", tr("Beginning of the timeline"), tr("Home"), &Timeline::NavBeginning);
+    add("NavJumpBack", "arrow-left-double", tr("Jump back"), tr("Ctrl+Left"), &Timeline::NavJumpBack);
+    add("NavStepBack", "go-previous", tr("Step back"), tr("Left"), &Timeline::NavStepBack);
+    add("NavStepForward", "go-next", tr("Step forward"), tr("Right"), &Timeline::NavStepForward);
+    add("NavJumpForward", "arrow-right-double", tr("Jump forward"), tr("Ctrl+Right"),
+        &Timeline::NavJumpForward);
+    add("NavEnd", "go-last", tr("End of the timeline"), tr("End"), &Timeline::NavEnd);
+    layout->addStretch(1);
+    m_zoomIn = add("ZoomIn", "list-add", tr("Finer scale"), tr("+"), &Timeline::ZoomIn);
+    m_zoomLabel = new QLabel(row);
+    m_zoomLabel->setObjectName(QStringLiteral("uZoomLabel"));
+    m_zoomLabel->setAccessibleName(tr("One step of the scale"));
+    m_zoomLabel->setAlignment(Qt::AlignCenter);
+    m_zoomLabel->setMinimumWidth(
+        m_zoomLabel->fontMetrics().horizontalAdvance(QStringLiteral("  30 minutes  ")));
+    layout->addWidget(m_zoomLabel);
+    m_zoomOut = add("ZoomOut", "list-remove", tr("Coarser scale"), tr("-"), &Timeline::ZoomOut);
+    return row;
+}
+
+QToolButton* TimelinePanel::makeButton(const QString& name, const QString& icon, const QString& text,
+                                       const QString& key, Handler handler)
+{
+    auto* button = new QToolButton(this);
+    button->setObjectName(name);
+    button->setAccessibleName(text);
+    button->setToolTip(QStringLiteral("%1 (%2)").arg(text, key));
+    button->setIcon(IconSet::themeIcon(icon));
+    button->setAutoRaise(true);
+    button->setAutoRepeat(true);
+    // the keys do what the buttons do; the focus stays where the user is at work
+    button->setFocusPolicy(Qt::NoFocus);
+    connect(button, &QToolButton::clicked, this, [this, handler] { run(handler); });
+    return button;
+}
+
+int TimelinePanel::textWidth(const QString& text) const
+{
+    return m_picture == nullptr ? 0 : m_picture->fontMetrics().horizontalAdvance(text) + 1;
+}
+
+void TimelinePanel::run(Handler handler)
+{
+    (m_timeline.*handler)();
+    showAll();
+}
+
+void TimelinePanel::mainLoad()
+{
+    m_timeline.mainLoad();
+    showAll();
+}
+
+void TimelinePanel::drawTimeline()
+{
+    m_timeline.drawTimeline();
+    showAll();
+}
+
+void TimelinePanel::chooseEvent(qint64 eventId)
+{
+    m_timeline.chooseEvent(eventId);
+    showAll();
+}
+
+void TimelinePanel::updateTimeline(Moment savedStart)
+{
+    m_timeline.updateTimeline(savedStart);
+    showAll();
+}
+
+void TimelinePanel::showAll()
+{
+    const QSignalBlocker blocker(m_scrollBar);
+    const LaneScroll& scroll = m_timeline.scroll();
+    m_scrollBar->setRange(0, scroll.max);
+    m_scrollBar->setPageStep(std::max(1, m_timeline.laneCount()));
+    m_scrollBar->setValue(scroll.value);
+    m_scrollBar->setVisible(scroll.isShown);
+
+    const TimeWindow& window = m_timeline.window();
+    m_zoomLabel->setText(TimelineScale::zoomNames[static_cast<std::size_t>(window.zoomFactor())].toString());
+    m_zoomIn->setEnabled(window.canZoomIn());
+    m_zoomOut->setEnabled(window.canZoomOut());
+    m_ruler->showRuler();
+    m_picture->showLanes();
+}
+
+void TimelinePanel::scrollLanes(int lanes)
+{
+    if (m_timeline.scroll().isShown) m_scrollBar->setValue(m_scrollBar->value() + lanes);
+}
+
+void TimelinePanel::keyPressEvent(QKeyEvent* event)
+{
+    const bool jumps = event->modifiers().testFlag(Qt::ControlModifier);
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return run(jumps ? &Timeline::NavJumpBack : &Timeline::NavStepBack);
+    case Qt::Key_Right:
+        return run(jumps ? &Timeline::NavJumpForward : &Timeline::NavStepForward);
+    case Qt::Key_Home:
+        return run(&Timeline::NavBeginning);
+    case Qt::Key_End:
+        return run(&Timeline::NavEnd);
+    case Qt::Key_Plus:
+    case Qt::Key_Equal: // the plus of many keyboards, without Shift
+        return run(&Timeline::ZoomIn);
+    case Qt::Key_Minus:
+        return run(&Timeline::ZoomOut);
+    case Qt::Key_Up:
+        return scrollLanes(-1);
+    case Qt::Key_Down:
+        return scrollLanes(1);
+    case Qt::Key_PageUp:
+        return scrollLanes(-m_timeline.laneCount());
+    case Qt::Key_PageDown:
+        return scrollLanes(m_timeline.laneCount());
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void TimelinePanel::wheelEvent(QWheelEvent* event)
+{
+    m_wheel += event->angleDelta();
+    const int turned = std::abs(m_wheel.y()) >= std::abs(m_wheel.x()) ? m_wheel.y() : m_wheel.x();
+    const int notches = turned / wheelNotch;
+    event->accept();
+    if (notches == 0) return;
+    m_wheel = {};
+    const bool up = notches > 0;
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        for (int i = 0; i < std::abs(notches); ++i)
+            run(up ? &Timeline::ZoomIn : &Timeline::ZoomOut);
+    } else if (event->modifiers().testFlag(Qt::ShiftModifier)) {
+        for (int i = 0; i < std::abs(notches); ++i)
+            run(up ? &Timeline::NavStepBack : &Timeline::NavStepForward);
+    } else {
+        scrollLanes(-notches * lanesPerNotch);
+    }
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "timeline/Timeline.h"
+
+#include <QPoint>
+#include <QWidget>
+
+class QLabel;
+class QScrollBar;
+class QToolButton;
+class RulerStrip;
+class TimelinePicture;
+
+/// The timeline beside the list of events: the ruler, the lanes with their scroll bar, and the buttons that
+/// move the window and change its scale. It hands what the user does to the timeline and shows what that
+/// decided.
+class TimelinePanel final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The state must outlive the panel.
+    TimelinePanel(const Platform& platform, ProgramState& state, QWidget* parent);
+
+    /// Begins anew on the database that is open.
+    void mainLoad();
+
+    /// Shows the events of the current view.
+    void drawTimeline();
+
+    /// An event was chosen in the list.
+    void chooseEvent(qint64 eventId);
+
+    /// After an event was saved.
+    void updateTimeline(Moment savedStart);
+
+    [[nodiscard]] const Timeline& timeline() const { return m_timeline; }
+
+Q_SIGNALS:
+    /// The user selected an event on the timeline.
+    void eventSelected(qint64 eventId);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    using Handler = void (Timeline::*)();
+
+    void makeParts();
+    QWidget* makeButtons();
+    QToolButton* makeButton(const QString& name, const QString& icon, const QString& text, const QString& key,
+                            Handler handler);
+    void run(Handler handler);
+    void showAll();
+    void scrollLanes(int lanes);
+    [[nodiscard]] int textWidth(const QString& text) const;
+
+    Timeline m_timeline;
+    TimelinePicture* m_picture = nullptr;
+    RulerStrip* m_ruler = nullptr;
+    QScrollBar* m_scrollBar = nullptr;
+    QToolButton* m_zoomIn = nullptr;
+    QToolButton* m_zoomOut = nullptr;
+    QLabel* m_zoomLabel = nullptr;
+    QPoint m_wheel; ///< what a wheel of fine steps has turned since its last whole notch
+};

@@ -1,0 +1,186 @@
+#include "timeline/TimelinePicture.h"
+
+#include "timeline/EmptyWindowNotice.h"
+#include "timeline/EventLabel.h"
+#include "timeline/EventMarker.h"
+#include "timeline/Timeline.h"
+#include "timeline/TimelineColours.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int firstPool = 26;
+constexpr int fewestLanes = 3;
+constexpr int usualLanes = 12;
+
+/// A bar is always wide enough to be seen.
+constexpr double narrowestBar = 2;
+
+QRectF barPlace(const Lane& lane, std::size_t index)
+{
+    const auto top = static_cast<double>(index) * TimelineLanes::laneHeight;
+    return {lane.barLeft, top + 1, std::max(lane.barWidth, narrowestBar), TimelineLanes::laneHeight - 3.0};
+}
+
+} // namespace
+
+TimelinePicture::TimelinePicture(const Timeline& timeline, QWidget* parent)
+    : QWidget(parent), m_timeline(timeline), m_notice(new EmptyWindowNotice(this))
+{
+    setObjectName(QStringLiteral("picTimeline"));
+    setAccessibleName(tr("Timeline"));
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    connect(m_notice, &EmptyWindowNotice::chosen, this, &TimelinePicture::nearestChosen);
+    chooseFont();
+    growPool(firstPool);
+}
+
+QSize TimelinePicture::sizeHint() const
+{
+    return {TimelineScale::stepWidth * 2, TimelineLanes::laneHeight * usualLanes};
+}
+
+QSize TimelinePicture::minimumSizeHint() const
+{
+    return {TimelineScale::stepWidth / 2, TimelineLanes::laneHeight * fewestLanes};
+}
+
+/// The font of the window, as far as a lane has room for it.
+void TimelinePicture::chooseFont()
+{
+    QFont font = parentWidget()->font();
+    for (int size = QFontInfo(font).pixelSize(); QFontMetrics(font).height() >= TimelineLanes::laneHeight;
+         --size)
+        font.setPixelSize(std::max(1, size));
+    if (font != this->font()) setFont(font);
+}
+
+void TimelinePicture::growPool(int count)
+{
+    for (int i = static_cast<int>(m_labels.size()); i < count; ++i) {
+        m_labels.push_back(new EventLabel(this));
+        m_labels.back()->setObjectName(QStringLiteral("tlLabel(%1)").arg(i));
+        m_markers.push_back(new EventMarker(this));
+        m_markers.back()->setObjectName(QStringLiteral("imgInstantEvent(%1)").arg(i));
+        connect(m_labels.back(), &EventLabel::clicked, this, &TimelinePicture::eventClicked);
+    }
+}
+
+void TimelinePicture::showLanes()
+{
+    const std::vector<Lane>& lanes = m_timeline.lanes();
+    for (std::size_t i = 0; i < m_labels.size(); ++i) {
+        const Lane* lane = i < lanes.size() ? &lanes[i] : nullptr;
+        if (lane == nullptr) {
+            m_labels[i]->hide();
+        } else {
+            m_labels[i]->showLane(*lane, static_cast<int>(i));
+        }
+        if (lane == nullptr || !lane->isInstant) {
+            m_markers[i]->hide();
+        } else {
+            m_markers[i]->showLane(*lane, static_cast<int>(i));
+        }
+    }
+    if (m_timeline.isEmpty()) {
+        m_notice->showNearest(m_timeline.nearestBefore(), m_timeline.nearestAfter());
+    } else {
+        m_notice->hide();
+    }
+    update();
+}
+
+void TimelinePicture::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    paintGrid(painter);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintLanes(painter);
+    if (!hasFocus()) return;
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+/// The steps of the ruler go on through the lanes, days and longer more plainly.
+void TimelinePicture::paintGrid(QPainter& painter) const
+{
+    QColor faint = palette().color(QPalette::Text);
+    for (const TimelineRuler::Tick& tick : m_timeline.ruler().ticks) {
+        if (tick.rank == TimelineRuler::Rank::Part) continue;
+        faint.setAlpha(tick.rank == TimelineRuler::Rank::Step ? 28 : 70);
+        painter.setPen(faint);
+        painter.drawLine(QLineF(tick.left, 0, tick.left, height()));
+    }
+}
+
+void TimelinePicture::paintLanes(QPainter& painter) const
+{
+    const std::vector<Lane>& lanes = m_timeline.lanes();
+    QColor band = palette().color(QPalette::Highlight);
+    band.setAlpha(60);
+    QColor edge = palette().color(QPalette::Text);
+    edge.setAlpha(90);
+    for (std::size_t i = 0; i < lanes.size(); ++i) {
+        const Lane& lane = lanes[i];
+        if (lane.isSelected) {
+            painter.fillRect(0, static_cast<int>(i) * TimelineLanes::laneHeight, width(),
+                             TimelineLanes::laneHeight - 1, band);
+        }
+        if (lane.barWidth <= 0) continue;
+        const QRectF bar = barPlace(lane, i);
+        painter.fillRect(bar, lane.isSelected ? TimelineColours::selected : TimelineColours::event);
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(edge);
+        painter.drawRect(bar.adjusted(0.5, 0.5, -0.5, -0.5));
+        if (lane.isKey) {
+            constexpr double size = TimelineLanes::keyMarkWidth - 2;
+            EventMarker::paintKey(painter, {bar.left() + 1, bar.center().y() - size / 2, size, size});
+        }
+    }
+}
+
+void TimelinePicture::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    growPool(TimelineLanes::laneCount(height()));
+    Q_EMIT resized(width(), height());
+}
+
+/// A bar or a marker is clicked as its label is.
+void TimelinePicture::mousePressEvent(QMouseEvent* event)
+{
+    const QPointF at = event->position();
+    const auto index = static_cast<std::size_t>(std::max(0.0, at.y()) / TimelineLanes::laneHeight);
+    if (event->button() != Qt::LeftButton || index >= m_timeline.lanes().size()) return;
+    const Lane& lane = m_timeline.lanes()[index];
+    const double left = lane.isInstant ? lane.markerLeft : lane.barLeft;
+    const double width = lane.isInstant ? TimelineLanes::markerWidth : std::max(lane.barWidth, narrowestBar);
+    if (at.x() >= left && at.x() < left + width) Q_EMIT eventClicked(lane.eventId);
+}
+
+void TimelinePicture::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ParentChange || event->type() == QEvent::ApplicationFontChange) chooseFont();
+}
+
+void TimelinePicture::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    update();
+}
+
+void TimelinePicture::focusOutEvent(QFocusEvent* event)
+{
+    QWidget::focusOutEvent(event);
+    update();
+}

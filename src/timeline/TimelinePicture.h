@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QWidget>
+
+#include <vector>
+
+class EmptyWindowNotice;
+class EventLabel;
+class EventMarker;
+class Timeline;
+
+/// The lanes of the timeline, with a label and a marker for each from a pool. The pool grows when the picture
+/// is resized; drawing only moves, fills, shows and hides what is there.
+class TimelinePicture final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The timeline must outlive the picture.
+    TimelinePicture(const Timeline& timeline, QWidget* parent);
+
+    /// Shows the lanes as they are now.
+    void showLanes();
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    void resized(int width, int height);
+    void eventClicked(qint64 eventId);
+    void nearestChosen(qint64 eventId);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    void growPool(int count);
+    void chooseFont();
+    void paintGrid(QPainter& painter) const;
+    void paintLanes(QPainter& painter) const;
+
+    const Timeline& m_timeline;
+    std::vector<EventLabel*> m_labels;
+    std::vector<EventMarker*> m_markers;
+    EmptyWindowNotice* m_notice;
+};

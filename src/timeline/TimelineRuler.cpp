@@ -1,0 +1,116 @@
+#include "timeline/TimelineRuler.h"
+
+#include <QLocale>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+/// From a tick to its label, and from one label to the next.
+constexpr int labelOffset = 3;
+constexpr int labelGap = 8;
+
+/// Less than a tick can lie beside the edge for another reason than the arithmetic of real numbers.
+constexpr double tolerance = 1e-6;
+
+/// How a step is divided, and at how many parts a time stands.
+struct Division
+{
+    int parts = 1;
+    int partsToLabel = 1;
+};
+
+constexpr std::array<Division, TimelineScale::dayLevel + 1> divisions{{
+    {5, 1},  // minutes
+    {10, 2}, // minutes
+    {6, 1},  // 5 minutes
+    {6, 1},  // 10 minutes
+    {8, 2},  // 15 minutes
+    {8, 2},  // half hours
+    {8, 2},  // hours
+    {8, 2},  // 3 hours
+}};
+
+TimelineRuler::Rank rankOf(Moment moment, bool isStep)
+{
+    using Rank = TimelineRuler::Rank;
+    if (minuteOfDay(moment) != 0) return isStep ? Rank::Step : Rank::Part;
+    const QDate day = dayOf(moment);
+    if (day.day() != 1) return Rank::Day;
+    return day.month() == 1 ? Rank::Year : Rank::Month;
+}
+
+QString dayText(Moment moment)
+{
+    return QLocale::c().toString(dayOf(moment), QStringLiteral("ddd ")) + dateText(moment);
+}
+
+/// Adds labels that keep clear of those already in their row and of both edges.
+class LabelRows
+{
+public:
+    LabelRows(int width, const TextWidth& textWidth) : m_width(width), m_textWidth(textWidth) {}
+
+    void add(const TimelineRuler::Tick& tick, const QString& text, bool isDate)
+    {
+        const double left = tick.left + labelOffset;
+        const double right = left + m_textWidth(text);
+        if (tick.left < -tolerance || right > m_width) return;
+        const bool collides = std::any_of(m_taken.begin(), m_taken.end(), [&](const Taken& taken) {
+            return taken.isDate == isDate && left < taken.right + labelGap && taken.left < right + labelGap;
+        });
+        if (collides) return;
+        m_taken.push_back({left, right, isDate});
+        m_labels.push_back({left, text, tick.rank, isDate});
+    }
+
+    [[nodiscard]] std::vector<TimelineRuler::Label> take() { return std::move(m_labels); }
+
+private:
+    struct Taken
+    {
+        double left = 0;
+        double right = 0;
+        bool isDate = false;
+    };
+
+    int m_width;
+    const TextWidth& m_textWidth;
+    std::vector<Taken> m_taken;
+    std::vector<TimelineRuler::Label> m_labels;
+};
+
+} // namespace
+
+TimelineRuler rulerOf(const TimeWindow& window, const TextWidth& textWidth)
+{
+    const auto strip = TimelineScale::positionScale(window.zoomFactor(), window.limits().timelineStart,
+                                                    window.currentTime());
+    if (!strip) return {};
+    const Division division = divisions[static_cast<std::size_t>(window.zoomFactor())];
+    const double partWidth = static_cast<double>(TimelineScale::stepWidth) / division.parts;
+    const Minutes partMinutes = window.step() / division.parts;
+
+    TimelineRuler ruler;
+    std::vector<TimelineRuler::Tick> labelled;
+    // the ruler goes on where a wide picture reaches beyond the strip
+    for (auto part = static_cast<int>(std::ceil(-strip->left / partWidth - tolerance));; ++part) {
+        const double left = strip->left + part * partWidth;
+        if (left > window.width()) break;
+        const Moment moment = strip->origin + part * partMinutes;
+        ruler.ticks.push_back({left, rankOf(moment, part % division.parts == 0), moment});
+        if (part % division.partsToLabel == 0) labelled.push_back(ruler.ticks.back());
+    }
+    // where there is not room for all, the steps come first
+    std::stable_sort(labelled.begin(), labelled.end(),
+                     [](const auto& a, const auto& b) { return a.rank > b.rank; });
+    LabelRows rows(window.width(), textWidth);
+    for (const TimelineRuler::Tick& tick : labelled) {
+        if (tick.rank >= TimelineRuler::Rank::Day) rows.add(tick, dayText(tick.moment), true);
+        rows.add(tick, timeText(tick.moment), false);
+    }
+    ruler.labels = rows.take();
+    return ruler;
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "timeline/TimeWindow.h"
+#include "timeline/TimelineLanes.h"
+
+#include <QString>
+
+#include <vector>
+
+/// The ruler above the lanes: a tick at each division of the scale, the time at those that have room for it,
+/// and the date wherever a day begins. Positions are units from the left edge of the window.
+struct TimelineRuler
+{
+    enum class Rank
+    {
+        Part,  ///< a part of a step
+        Step,  ///< a step of the scale
+        Day,   ///< midnight
+        Month, ///< the first midnight of a month
+        Year   ///< the first midnight of a year
+    };
+
+    struct Tick
+    {
+        double left = 0;
+        Rank rank = Rank::Part;
+        Moment moment = 0;
+    };
+
+    struct Label
+    {
+        double left = 0;
+        QString text;
+        Rank rank = Rank::Part;
+        bool isDate = false; ///< dates have a row of their own above the times
+    };
+
+    std::vector<Tick> ticks;
+    std::vector<Label> labels; ///< none overlaps another of its row or reaches over an edge
+};
+
+/// The ruler of a window. Empty for levels that have no strip.
+[[nodiscard]] TimelineRuler rulerOf(const TimeWindow& window, const TextWidth& textWidth);

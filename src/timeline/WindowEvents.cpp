@@ -1,0 +1,44 @@
+#include "timeline/WindowEvents.h"
+
+#include "util/Error.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int mismatchNumber = 13;
+
+} // namespace
+
+Moment WindowEvent::start() const
+{
+    const auto moment = momentOfHeld(startDate, startTime);
+    if (moment) return *moment;
+    throw Error(mismatchNumber,
+                QStringLiteral("%1 %2 is not a date and time (%3)")
+                    .arg(QString::fromStdString(startDate), QString::fromStdString(startTime), eventName));
+}
+
+Moment WindowEvent::end() const
+{
+    const Moment begin = start();
+    return std::max(momentOfHeld(endDate, endTime).value_or(begin), begin);
+}
+
+std::vector<WindowEvent> readWindowEvents(RecordSet rows, std::optional<std::size_t> atMost)
+{
+    const int eventId = rows.column(u"EventID");
+    const int eventName = rows.column(u"EventName");
+    const int keyEvent = rows.column(u"KeyEvent");
+    const int startDate = rows.column(u"StartDate");
+    const int startTime = rows.column(u"StartTime");
+    const int endDate = rows.column(u"EndDate");
+    const int endTime = rows.column(u"EndTime");
+    std::vector<WindowEvent> events;
+    while ((!atMost || events.size() < *atMost) && rows.next()) {
+        events.push_back({rows.integer(eventId), rows.text(eventName), rows.integer(keyEvent) != 0,
+                          std::string(rows.held(startDate)), std::string(rows.held(startTime)),
+                          std::string(rows.held(endDate)), std::string(rows.held(endTime))});
+    }
+    return events;
+}

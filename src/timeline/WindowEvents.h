@@ -1,0 +1,32 @@
+#pragma once
+
+#include "data/RecordSet.h"
+#include "timeline/Moment.h"
+
+#include <QString>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// An event as the timeline draws it, its dates and times as the file holds them.
+struct WindowEvent
+{
+    qint64 eventId = 0;
+    QString eventName;
+    bool keyEvent = false;
+    std::string startDate;
+    std::string startTime;
+    std::string endDate;
+    std::string endTime;
+
+    /// Throws Error where there is no such moment.
+    [[nodiscard]] Moment start() const;
+
+    /// The start where the end is missing or comes before it.
+    [[nodiscard]] Moment end() const;
+};
+
+/// Reads the events of a record set from its current position to its end, at most so many.
+[[nodiscard]] std::vector<WindowEvent> readWindowEvents(RecordSet rows,
+                                                        std::optional<std::size_t> atMost = std::nullopt);

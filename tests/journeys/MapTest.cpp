@@ -1,0 +1,294 @@
+#include "Journey.h"
+#include "app/StdREG.h"
+#include "map/MapProjection.h"
+#include "map/MapView.h"
+
+#include <QAccessible>
+#include <QImage>
+#include <QListWidget>
+#include <QMenu>
+#include <QSplitter>
+#include <QTest>
+#include <QWheelEvent>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Organizations of two functions in Austin, of one in Dallas and in Reno, and one without a place.
+void addOrganizations(const TestDatabase& database)
+{
+    database.run("INSERT INTO Function VALUES (1, 'None'), (2, 'Relief'), (3, 'Fire & Rescue'), (4, 'Law')");
+    database.run("INSERT INTO CityLocations (LocationID, City, State, Lat, Lon) VALUES "
+                 "(5, 'Austin', 'TX', 30.27, -97.74), (6, 'Dallas', 'TX', 32.78, -96.8), "
+                 "(7, 'Reno', 'NV', 39.53, -119.81), (8, 'O''Fallon', 'MO', 38.81, -90.7)");
+    database.run(
+        "INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, State, Status) VALUES "
+        "(2, 'Alpha <b>', 2, 'Austin', 'TX', 'ACTIVE'), (3, 'Beta', 2, 'Austin', 'TX', 'ACTIVE'), "
+        "(4, 'Gamma', 3, 'Austin', 'TX', 'ACTIVE'), (5, 'Delta', 4, 'Dallas', 'TX', 'ACTIVE'), "
+        "(6, 'Epsilon', 4, 'Reno', 'NV', 'ACTIVE'), (7, 'Zeta', 4, 'Nowhere', 'UT', 'ACTIVE'), "
+        "(8, 'Eta', 4, 'O''Fallon', 'MO', 'ACTIVE')");
+}
+
+class MapJourney : public testing::Test
+{
+protected:
+    MapJourney() { addOrganizations(journey.database); }
+
+    void show()
+    {
+        journey.start();
+        journey.trigger("mnuViewOrganizations");
+        QApplication::processEvents();
+    }
+
+    MapView& map() { return journey.find<MapView>("Map1"); }
+
+    /// The number of the entry of that name, as assistive tools name it.
+    std::size_t entry(const char* name)
+    {
+        for (int item = 0; item < map().accessibleItemCount(); ++item) {
+            if (map().accessibleItemName(item) == QString::fromUtf8(name))
+                return static_cast<std::size_t>(item);
+        }
+        throw std::runtime_error(std::string("no such place: ") + name);
+    }
+
+    void click(Qt::MouseButton button, const char* place)
+    {
+        QTest::mouseClick(&map(), button, {}, map().positionOf(entry(place)).toPoint());
+    }
+
+    /// The names of the selected rows, in the list's order.
+    std::string selected()
+    {
+        QStringList names;
+        for (int row = 0; row < journey.list().model()->rowCount(); ++row) {
+            const QModelIndex index = journey.list().model()->index(row, 0);
+            if (journey.list().selectionModel()->isSelected(index)) names << index.data().toString();
+        }
+        return names.join(u'|').toStdString();
+    }
+
+    std::string menuTexts()
+    {
+        QStringList texts;
+        for (const QAction* action : journey.find<QMenu>("popOrgTab").actions())
+            texts << action->text();
+        return texts.join(u'|').toStdString();
+    }
+
+    Journey journey;
+};
+
+TEST_F(MapJourney, MarkersAndRowsChooseEachOther)
+{
+    show();
+    EXPECT_EQ(map().accessibleItemCount(), 5);
+    EXPECT_EQ(journey.column(0), "Alpha <b>|Beta|Delta|Epsilon|Eta|Gamma|Zeta");
+
+    click(Qt::LeftButton, "Dallas, TX: Law");
+    EXPECT_EQ(selected(), "Delta");
+    EXPECT_EQ(map().ringed(), entry("Dallas, TX: Law"));
+
+    // of the two markers in Austin, the one drawn last is on top
+    click(Qt::LeftButton, "Austin, TX: Relief");
+    EXPECT_EQ(selected(), "Gamma");
+    EXPECT_EQ(map().ringed(), entry("Austin, TX: Fire & Rescue"));
+
+    QTest::keyClicks(&journey.list(), QStringLiteral("beta"));
+    EXPECT_EQ(map().ringed(), entry("Austin, TX: Relief"));
+    map().setFocus();
+    QTest::keyClick(&map(), Qt::Key_Return);
+    EXPECT_EQ(selected(), "Alpha <b>|Beta");
+
+    QTest::keyClicks(&journey.list(), QStringLiteral("zeta"));
+    EXPECT_EQ(map().ringed(), std::nullopt) << "it is not on the map";
+    EXPECT_EQ(map().describe(entry("Austin, TX: Relief")),
+              QStringLiteral("<b>Austin, TX</b><br>Alpha &lt;b&gt;<br>Beta<br>Gamma"));
+    EXPECT_EQ(journey.find<QListWidget>("MapLegend").count(), 3);
+}
+
+TEST_F(MapJourney, TheMenuNarrowsToACityOrAState)
+{
+    show();
+    click(Qt::RightButton, "Dallas, TX: Law");
+    EXPECT_EQ(menuTexts(), "Show Only Dallas, TX Organizations|Show Only TX Organizations");
+    EXPECT_TRUE(journey.find<QMenu>("popOrgTab").isVisible());
+    journey.find<QMenu>("popOrgTab").close();
+    journey.trigger("popOrgTabShowOnlyState");
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View Only TX Organizations"));
+    EXPECT_EQ(journey.column(0), "Alpha <b>|Beta|Delta|Gamma");
+    EXPECT_EQ(map().accessibleItemCount(), 3);
+    EXPECT_EQ(journey.program->state().history.view(3).AdvSearch.orgLocations.size(), 2u);
+
+    map().setFocus();
+    QTest::keyClick(&map(), Qt::Key_PageDown);
+    EXPECT_EQ(map().ringed(), entry("Austin, TX: Fire & Rescue"));
+    QTest::keyClick(&map(), Qt::Key_Menu);
+    EXPECT_EQ(menuTexts(), "Show Only Austin, TX Organizations|Show Only TX Organizations");
+    journey.find<QMenu>("popOrgTab").close();
+    journey.trigger("popOrgTabShowOnlyCity");
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View Only Austin, TX Organizations"));
+    EXPECT_EQ(journey.column(0), "Alpha <b>|Beta|Gamma");
+
+    journey.trigger("mnuNavigateBack");
+    journey.trigger("mnuNavigateBack");
+    EXPECT_EQ(map().accessibleItemCount(), 5);
+    EXPECT_FALSE(journey.find<QMenu>("popOrgTab").isVisible());
+    QTest::mouseClick(&map(), Qt::RightButton, {}, QPoint(3, 3));
+    EXPECT_FALSE(journey.find<QMenu>("popOrgTab").isVisible()) << "there is no place there";
+}
+
+TEST_F(MapJourney, AnApostropheIsReportedAndTheViewStays)
+{
+    show();
+    click(Qt::RightButton, "O'Fallon, MO: Law");
+    journey.find<QMenu>("popOrgTab").close();
+    journey.desktop.messages.expectMessageBeginning(QStringLiteral("popOrgTabShowOnlyCity Error ("));
+    journey.trigger("popOrgTabShowOnlyCity");
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Organizations"));
+    EXPECT_EQ(journey.program->state().history.count(), 2u);
+}
+
+TEST_F(MapJourney, ToolsKeysAndWheelZoomAndMove)
+{
+    show();
+    const QPointF middle = QRectF(map().rect()).center();
+    const double first = map().markerScale();
+    EXPECT_DOUBLE_EQ(first, map().extent().width() / 115);
+
+    journey.trigger("mapZoomIn");
+    QTest::mouseClick(&map(), Qt::LeftButton, {}, middle.toPoint());
+    EXPECT_DOUBLE_EQ(map().markerScale(), first / 2);
+    journey.trigger("mapZoomOut");
+    QTest::mouseClick(&map(), Qt::LeftButton, {}, middle.toPoint());
+    EXPECT_DOUBLE_EQ(map().markerScale(), first);
+    QTest::keyClick(&map(), Qt::Key_Escape);
+    EXPECT_TRUE(journey.find<QAction>("mapPointer").isChecked());
+
+    const QPointF pointer(40, 60);
+    const QPointF below = map().extent().toPlane(pointer);
+    QWheelEvent turn(pointer, map().mapToGlobal(pointer), {}, {0, 240}, Qt::NoButton, Qt::NoModifier,
+                     Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&map(), &turn);
+    EXPECT_DOUBLE_EQ(map().markerScale(), first / 2);
+    EXPECT_NEAR(map().extent().toPlane(pointer).x(), below.x(), 1e-9);
+
+    const QPointF before = map().extent().centre();
+    QTest::mousePress(&map(), Qt::LeftButton, {}, QPoint(100, 100));
+    QTest::mouseMove(&map(), QPoint(130, 100));
+    QTest::mouseMove(&map(), QPoint(150, 110));
+    QTest::mouseRelease(&map(), Qt::LeftButton, {}, QPoint(150, 110));
+    EXPECT_NEAR((before.x() - map().extent().centre().x()) / map().extent().scale(), 50, 1e-6);
+    EXPECT_EQ(selected(), "") << "a drag chooses nothing";
+
+    journey.trigger("mapFullExtent");
+    const QRectF screen(map().rect());
+    EXPECT_TRUE(screen.contains(map().extent().toScreen(MapProjection::toPlane(173, 52.5))))
+        << "the Aleutians";
+    EXPECT_TRUE(screen.contains(map().extent().toScreen(MapProjection::toPlane(-66, 18.2)))) << "Puerto Rico";
+    QTest::keyClick(&map(), Qt::Key_End);
+    EXPECT_DOUBLE_EQ(map().markerScale(), first);
+    QTest::mouseDClick(&map(), Qt::LeftButton, {}, QPoint(30, 30));
+    EXPECT_DOUBLE_EQ(map().markerScale(), first / 2);
+}
+
+TEST_F(MapJourney, PaintsStatesAndMarkersInTheirColours)
+{
+    show();
+    const QImage picture = map().grab().toImage();
+    const auto colourAt = [&](double lon, double lat) {
+        const QPointF at =
+            map().extent().toScreen(MapProjection::toPlane(lon, lat)) * picture.devicePixelRatio();
+        return picture.pixelColor(at.toPoint()).name();
+    };
+    EXPECT_EQ(colourAt(-105.8, 35.2), QStringLiteral("#c0c0c0")) << "the middle of New Mexico";
+    EXPECT_EQ(colourAt(-72, 35), map().palette().color(QPalette::Base).name()) << "the sea";
+    EXPECT_EQ(colourAt(-96.8, 32.78), QStringLiteral("#ff0000")) << "function 4 in Dallas";
+    EXPECT_EQ(colourAt(-97.74, 30.27), QStringLiteral("#008000")) << "function 3 over function 2 in Austin";
+}
+
+TEST_F(MapJourney, WithoutTheStatesTheMarkersAreThereAndTheMessageFollows)
+{
+    QFile::rename(journey.mapsFolder() + QStringLiteral("states.dbf"),
+                  journey.mapsFolder() + QStringLiteral("kept"));
+    journey.desktop.messages.expectMessageBeginning(QStringLiteral("drawMap Error (2): "));
+    show();
+    journey.desktop.messages.finish();
+    EXPECT_EQ(map().accessibleItemCount(), 5);
+    EXPECT_FALSE(map().hasStates());
+    EXPECT_FALSE(map().grab().isNull());
+
+    QFile shapes(journey.mapsFolder() + QStringLiteral("states.shp"));
+    QFile::rename(journey.mapsFolder() + QStringLiteral("kept"),
+                  journey.mapsFolder() + QStringLiteral("states.dbf"));
+    ASSERT_TRUE(shapes.setPermissions(QFile::ReadOwner | QFile::WriteOwner));
+    const qint64 size = shapes.size();
+    ASSERT_TRUE(shapes.resize(size / 2));
+    journey.desktop.messages.expectMessageBeginning(QStringLiteral("drawMap Error (84): "));
+    journey.trigger("mnuViewRefresh");
+    journey.desktop.messages.finish();
+
+    shapes.remove();
+    ASSERT_TRUE(QFile::copy(QStringLiteral(ORVIK_MAPS "/states.shp"), shapes.fileName()));
+    journey.trigger("mnuViewRefresh");
+    EXPECT_TRUE(map().hasStates());
+}
+
+TEST_F(MapJourney, AFailingListTakesTheMarkersAway)
+{
+    show();
+    SQLObject broken = *journey.program->state().queries.organizations;
+    broken.WhereClause += QStringLiteral(" AND Nothing = 1");
+    journey.desktop.messages.expectMessageBeginning(QStringLiteral("showOrganizations Error ("));
+    journey.program->state().history.addView(
+        {ViewKind::Organizations, std::make_shared<const SQLObject>(broken), QStringLiteral("Broken")});
+    EXPECT_EQ(map().accessibleItemCount(), 0);
+}
+
+TEST_F(MapJourney, PlacesAreItemsForAssistiveTools)
+{
+    show();
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&map());
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    ASSERT_EQ(list->childCount(), 5);
+    const auto item = static_cast<int>(entry("Reno, NV: Law"));
+    QAccessibleInterface* place = list->child(item);
+    EXPECT_EQ(place->text(QAccessible::Name), QStringLiteral("Reno, NV: Law"));
+    EXPECT_EQ(place->parent(), list);
+    EXPECT_EQ(list->indexOfChild(place), item);
+    EXPECT_EQ(list->childAt(place->rect().center().x(), place->rect().center().y()), place);
+    journey.database.run("UPDATE Organization SET Status = 'DELETED'");
+    journey.trigger("mnuViewRefresh");
+    EXPECT_FALSE(place->isValid());
+    EXPECT_EQ(list->childCount(), 0);
+}
+
+TEST_F(MapJourney, TheGraphicStaysWhereItWasPut)
+{
+    journey.start();
+    EXPECT_FALSE(journey.find<QAction>("mnuViewGraphicBelow").isEnabled());
+    journey.trigger("mnuViewOrganizations");
+    EXPECT_TRUE(journey.find<QAction>("mnuViewGraphicRight").isChecked());
+    journey.trigger("mnuViewGraphicBelow");
+    EXPECT_EQ(journey.find<QSplitter>("splitter").orientation(), Qt::Vertical);
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(journey.find<QSplitter>("splitter").orientation(), Qt::Horizontal)
+        << "each kind has its own place";
+    journey.trigger("mnuViewOrganizations");
+    QApplication::processEvents();
+    journey.find<QSplitter>("splitter").setSizes({100, 300});
+    journey.desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to exit?"), true);
+    journey.program->window()->close();
+
+    journey.start();
+    journey.trigger("mnuViewOrganizations");
+    QApplication::processEvents();
+    EXPECT_TRUE(journey.find<QAction>("mnuViewGraphicBelow").isChecked());
+    const QList<int> sizes = journey.find<QSplitter>("splitter").sizes();
+    EXPECT_GT(sizes[1], 2 * sizes[0]);
+}
+
+} // namespace

@@ -1,0 +1,224 @@
+#include "Journey.h"
+#include "timeline/EventLabel.h"
+#include "timeline/EventMarker.h"
+
+#include <QFile>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QTest>
+#include <QToolButton>
+#include <QWheelEvent>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Timelines : public testing::Test
+{
+protected:
+    Timelines()
+    {
+        journey.database.run(
+            "INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, EndTime, "
+            "Status) "
+            "VALUES (2, 'Flood & <b>Fire</b>', 1, '1927-04-01', '06:00', '1927-08-31', '18:00', 'ACTIVE'),"
+            "(3, 'Quake', 1, '1927-04-01', '06:02', '1927-04-01', '06:02', 'ACTIVE'),"
+            "(4, 'Levee breaks', 0, '1927-04-01', '06:03', '1927-04-01', '06:03', 'ACTIVE'),"
+            "(5, 'Storm', 0, '1930-01-01', NULL, '1930-01-02', NULL, 'ACTIVE')");
+        journey.start();
+        journey.program->window()->resize(1200, 800);
+        journey.trigger("mnuViewEvents");
+        QTest::qWait(0);
+    }
+
+    QWidget& picture() { return journey.find<QWidget>("picTimeline"); }
+    EventLabel& label(int i) { return journey.find<EventLabel>(qPrintable(u"tlLabel(%1)"_s.arg(i))); }
+    EventMarker& marker(int i)
+    {
+        return journey.find<EventMarker>(qPrintable(u"imgInstantEvent(%1)"_s.arg(i)));
+    }
+    void click(const char* button) { journey.find<QToolButton>(button).click(); }
+    std::string now() { return journey.find<QLabel>("uCurrentTimeLabel(0)").text().toStdString(); }
+    std::string zoom() { return journey.find<QLabel>("uZoomLabel").text().toStdString(); }
+    std::string chosen()
+    {
+        return journey.list().currentIndex().siblingAtColumn(0).data().toString().toStdString();
+    }
+
+    /// The captions of the labels that are shown, from the first lane to the last.
+    std::string shown()
+    {
+        QStringList texts;
+        for (int i = 0; i < picture().findChildren<EventLabel*>().size(); ++i) {
+            if (label(i).isVisible()) texts << label(i).text();
+        }
+        return texts.join(u'|').toStdString();
+    }
+
+    void turnWheel(int angle, Qt::KeyboardModifiers modifiers)
+    {
+        QWheelEvent event({50, 10}, picture().mapToGlobal(QPointF(50, 10)), {}, {0, angle}, Qt::NoButton,
+                          modifiers, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&journey.find<QWidget>("pnlTimeline"), &event);
+    }
+
+    Journey journey;
+};
+
+TEST_F(Timelines, ShowsTheEventsOfTheViewBesideTheList)
+{
+    EXPECT_TRUE(picture().isVisible());
+    EXPECT_EQ(shown(), "Flood & <b>Fire</b> -->|Quake|Levee breaks");
+    EXPECT_EQ(now(), "04/01/1927 06:00");
+    EXPECT_EQ(zoom(), "5 minutes");
+    EXPECT_EQ(label(0).toolTip(), u"(04/01/1927 06:00) Flood & <b>Fire</b>"_s);
+    EXPECT_EQ(label(1).property("tag").toLongLong(), 3);
+    EXPECT_FALSE(marker(0).isVisible());
+    EXPECT_EQ(marker(1).picture(), EventMarker::Picture::imgDefaultKey);
+    EXPECT_EQ(marker(2).picture(), EventMarker::Picture::imgDefault);
+    EXPECT_EQ(marker(1).x(), 2 * 77 - 9);
+    EXPECT_EQ(marker(1).y(), 17);
+    EXPECT_FALSE(journey.find<QScrollBar>("VScroll1").isVisible());
+
+    journey.trigger("mnuViewDocuments");
+    EXPECT_FALSE(picture().isVisible());
+    journey.trigger("mnuNavigateBack");
+    EXPECT_TRUE(picture().isVisible());
+}
+
+TEST_F(Timelines, WhatIsChosenInOneIsChosenInTheOther)
+{
+    QTest::mouseClick(&label(1), Qt::LeftButton);
+    EXPECT_EQ(chosen(), "Quake");
+    EXPECT_EQ(marker(1).picture(), EventMarker::Picture::imgSelectedKey);
+    QTest::mouseClick(&picture(), Qt::LeftButton, {}, marker(2).geometry().center());
+    EXPECT_EQ(chosen(), "Levee breaks");
+    EXPECT_EQ(marker(1).picture(), EventMarker::Picture::imgDefaultKey);
+    EXPECT_EQ(marker(2).picture(), EventMarker::Picture::imgSelected);
+    EXPECT_EQ(now(), "04/01/1927 06:00") << "a selection that the program makes moves nothing";
+
+    const QModelIndex storm = journey.list().model()->index(3, 0);
+    QTest::mouseClick(journey.list().viewport(), Qt::LeftButton, {},
+                      journey.list().visualRect(storm).center());
+    EXPECT_EQ(now(), "01/01/1930 00:00");
+    EXPECT_EQ(shown(), "Storm -->");
+    QTest::keyClick(&journey.list(), Qt::Key_Up);
+    EXPECT_EQ(now(), "04/01/1927 06:03");
+    EXPECT_EQ(shown(), "<-- Flood & <b>Fire</b> -->|Levee breaks");
+    journey.trigger("mnuViewRefresh");
+    EXPECT_EQ(now(), "04/01/1927 06:03");
+    EXPECT_EQ(marker(1).picture(), EventMarker::Picture::imgSelected);
+}
+
+TEST_F(Timelines, ButtonsKeysAndWheelRunTheSameHandlers)
+{
+    click("NavStepForward");
+    EXPECT_EQ(now(), "04/01/1927 06:05");
+    click("NavJumpForward");
+    EXPECT_EQ(now(), "04/01/1927 06:35");
+    QTest::keyClick(&picture(), Qt::Key_Left, Qt::ControlModifier);
+    QTest::keyClick(&picture(), Qt::Key_Right);
+    EXPECT_EQ(now(), "04/01/1927 06:10");
+    turnWheel(120, Qt::ShiftModifier);
+    turnWheel(60, Qt::ShiftModifier);
+    turnWheel(60, Qt::ShiftModifier);
+    EXPECT_EQ(now(), "04/01/1927 06:00");
+
+    EXPECT_FALSE(journey.find<QToolButton>("ZoomIn").isEnabled());
+    QTest::keyClick(&picture(), Qt::Key_Plus);
+    turnWheel(-120, Qt::ControlModifier);
+    QTest::keyClick(&picture(), Qt::Key_Minus);
+    EXPECT_EQ(zoom(), "30 minutes");
+    for (int i = 0; i < 9; ++i)
+        click("ZoomOut");
+    EXPECT_EQ(zoom(), "1 day");
+    EXPECT_FALSE(journey.find<QToolButton>("ZoomOut").isEnabled());
+    QTest::keyClick(&picture(), Qt::Key_End);
+    EXPECT_EQ(shown(), "Storm");
+    QTest::keyClick(&picture(), Qt::Key_Home);
+    EXPECT_EQ(now(), "04/01/1927 06:00");
+    EXPECT_TRUE(journey.find<QToolButton>("ZoomIn").toolTip().endsWith(u"(+)"_s));
+}
+
+TEST_F(Timelines, TheScrollBarMovesTheLanes)
+{
+    journey.find<QSplitter>("splitter").setSizes({2000, 10});
+    QTest::qWait(0);
+    journey.database.run(
+        "INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) "
+        "SELECT EventID + 100, EventName || ' again', StartDate, StartTime, EndDate, EndTime, "
+        "'ACTIVE' FROM Event WHERE EventID < 5");
+    journey.trigger("mnuViewRefresh");
+    auto& scrollBar = journey.find<QScrollBar>("VScroll1");
+    const int lanes = picture().height() / 17;
+    ASSERT_LT(lanes, 6);
+    EXPECT_TRUE(scrollBar.isVisible());
+    EXPECT_EQ(scrollBar.maximum(), 6 - lanes);
+    turnWheel(-120, {});
+    EXPECT_EQ(scrollBar.value(), std::min(3, 6 - lanes));
+    EXPECT_EQ(label(lanes - 1).text(), u"Levee breaks again"_s);
+    click("NavStepForward");
+    EXPECT_EQ(scrollBar.value(), 0);
+}
+
+TEST_F(Timelines, AnEmptyWindowLeadsToTheNearestEvents)
+{
+    QTest::keyClick(&picture(), Qt::Key_End);
+    EXPECT_EQ(shown(), "");
+    EXPECT_FALSE(journey.find<QToolButton>("lnkAfter").isVisible());
+    click("lnkBefore");
+    EXPECT_EQ(now(), "01/01/1930 00:00");
+    EXPECT_EQ(shown(), "Storm -->");
+    EXPECT_EQ(chosen(), "Storm");
+}
+
+TEST_F(Timelines, ThePoolGrowsWithThePictureAndNeverWhileDrawing)
+{
+    const auto pool = [this] { return picture().findChildren<QWidget*>().size(); };
+    const auto before = pool();
+    for (const char* button :
+         {"ZoomOut", "NavEnd", "NavBeginning", "NavJumpForward", "ZoomIn", "NavBeginning"})
+        click(button);
+    journey.trigger("mnuViewRefresh");
+    EXPECT_EQ(pool(), before);
+
+    journey.program->window()->resize(2600, 1900);
+    journey.find<QSplitter>("splitter").setSizes({10, 4000});
+    QTest::qWait(0);
+    const int lanes = picture().height() / 17;
+    ASSERT_GT(lanes, 26) << "more than the pool holds at first";
+    EXPECT_NO_THROW(label(lanes - 1));
+    EXPECT_EQ(shown(), "Flood & <b>Fire</b> -->|Quake|Levee breaks");
+}
+
+TEST_F(Timelines, AFailureIsReportedOnceByTheList)
+{
+    auto query = std::make_shared<SQLObject>(*journey.program->state().queries.events);
+    query->WhereClause += u" AND NoSuchColumn = 1"_s;
+    journey.desktop.messages.expectMessage(u"showEvents Error (1): no such column: NoSuchColumn"_s);
+    journey.program->state().history.addView({ViewKind::Events, query, u"Broken"_s});
+    journey.desktop.messages.finish();
+    journey.desktop.messages.expectMessage(
+        u"searchByTimeConstraint Error (1): no such column: NoSuchColumn"_s);
+    click("NavStepForward");
+}
+
+TEST_F(Timelines, AnotherDatabaseBeginsATimelineOfItsOwn)
+{
+    TestDatabase other;
+    other.run("INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) VALUES "
+              "(2, 'Elsewhere', '1650-05-05', '05:05', '1650-05-05', '05:06', 'ACTIVE')");
+    click("ZoomOut");
+    const QString file = other.folder() + u"/elsewhere.sqlite"_s;
+    ASSERT_TRUE(QFile::rename(other.fileName(), file));
+    journey.desktop.fileDialogs.files = {file};
+    journey.trigger("mnuOpenDatabase");
+    EXPECT_EQ(zoom(), "5 minutes");
+    journey.trigger("mnuViewEvents");
+    EXPECT_EQ(now(), "05/05/1650 05:05");
+    EXPECT_EQ(shown(), "Elsewhere");
+}
+
+} // namespace

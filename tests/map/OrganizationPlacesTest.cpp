@@ -1,0 +1,145 @@
+#include "map/OrganizationPlaces.h"
+
+#include "data/StandardQueries.h"
+#include "map/LegendLines.h"
+#include "support/TestDatabase.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class OrganizationPlacesTest : public testing::Test
+{
+protected:
+    OrganizationPlacesTest()
+    {
+        database.run("INSERT INTO Function VALUES (1, 'None'), (2, 'Relief'), (17, 'Rescue'), (18, 'Law')");
+        database.run("INSERT INTO CityLocations (LocationID, City, State, Lat, Lon) VALUES "
+                     "(5, 'Austin', 'TX', 30.25, -97.75), (6, 'Reno', 'NV', 39.5, -119.8)");
+    }
+
+    /// Adds an organization; `position` is its own latitude and longitude or nulls.
+    void add(int identifier, const char* function, const char* cityAndState, const char* position)
+    {
+        database.run(
+            QStringLiteral("INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, "
+                           "State, Lat, Lon, Status) VALUES (%1, 'Org %1', %2, %3, %4, 'ACTIVE')")
+                .arg(QString::number(identifier), QLatin1StringView(function),
+                     QLatin1StringView(cityAndState), QLatin1StringView(position))
+                .toUtf8()
+                .constData());
+    }
+
+    void read(const QString& condition = {})
+    {
+        SQLObject query = *StandardQueries().organizations;
+        query.WhereClause += condition;
+        places.read(std::make_shared<const SQLObject>(query));
+    }
+
+    /// Function, place and colour of each entry, one a line.
+    std::string entries()
+    {
+        QStringList lines;
+        for (const clsCities& place : places.entries()) {
+            lines << QStringLiteral("%1 %2 %3,%4 %5")
+                         .arg(functionName(place), place.placeText())
+                         .arg(place.lat)
+                         .arg(place.lon)
+                         .arg(place.colour);
+        }
+        lines.sort();
+        return lines.join(u'\n').toStdString();
+    }
+
+    std::string namesAt(std::size_t entry, bool everyFunction)
+    {
+        QStringList names;
+        for (const PlacedOrganization& organization : places.organizationsAt(entry, everyFunction))
+            names << organization.name;
+        return names.join(u'|').toStdString();
+    }
+
+    TestDatabase database;
+    OrganizationPlaces places{database.session()};
+};
+
+TEST_F(OrganizationPlacesTest, HasOneEntryForEachPlaceAndFunction)
+{
+    add(2, "2", "'Austin', 'TX'", "NULL, NULL");
+    add(3, "2", "'austin', 'tx'", "NULL, NULL");
+    add(4, "17", "'Austin', 'TX'", "NULL, NULL");
+    add(5, "2", "'Nowhere', 'TX'", "NULL, NULL");
+    add(6, "18", "'Reno', 'NV'", "39.6, -119.9");
+    add(7, "18", "'Camp', 'NV'", "39.6, -118");
+    add(8, "18", "'Camp', 'NV'", "39.7, -118");
+    add(9, "NULL", "NULL, NULL", "-14.3, -170.7");
+    add(10, "0", "'Camp', 'NV'", "39.6, -118");
+    add(11, "2", "'Austin', 'TX'", "31, NULL");
+    read();
+    EXPECT_EQ(entries(), "Function 0 Camp, NV 39.6,-118 0\n"
+                         "Law Camp, NV 39.6,-118 1\n"
+                         "Law Camp, NV 39.7,-118 1\n"
+                         "Law Reno, NV 39.6,-119.9 1\n"
+                         "None 14.30° S, 170.70° W -14.3,-170.7 0\n"
+                         "Relief Austin, TX 30.25,-97.75 1\n"
+                         "Rescue Austin, TX 30.25,-97.75 0");
+    read(QStringLiteral(" AND State LIKE 'TX'"));
+    EXPECT_EQ(places.entries().size(), 2u) << "the places before are forgotten";
+}
+
+TEST_F(OrganizationPlacesTest, KnowsWhoIsAtAPlace)
+{
+    add(2, "2", "'Austin', 'TX'", "NULL, NULL");
+    add(3, "2", "'Austin', 'TX'", "30.1, -97.1");
+    add(4, "17", "'Austin', 'TX'", "NULL, NULL");
+    add(5, "2", "'Camp', 'NV'", "39.61234567890123, -118.000001");
+    add(6, "NULL", "'Camp', 'NV'", "39.61234567890123, -118.000001");
+    add(7, "2", "'Nowhere', 'UT'", "NULL, NULL");
+    read();
+    const auto entryOf = [&](qint64 organization) { return places.entryOf(organization).value(); };
+    EXPECT_EQ(namesAt(entryOf(2), false), "Org 2|Org 3");
+    EXPECT_EQ(namesAt(entryOf(2), true), "Org 2|Org 3|Org 4");
+    EXPECT_EQ(namesAt(entryOf(5), false), "Org 5");
+    EXPECT_EQ(namesAt(entryOf(6), false), "Org 6");
+    EXPECT_EQ(namesAt(entryOf(6), true), "Org 5|Org 6");
+    EXPECT_EQ(entryOf(3), entryOf(2));
+    EXPECT_NE(entryOf(4), entryOf(2));
+    EXPECT_EQ(places.entryOf(7), std::nullopt) << "it has no place";
+    EXPECT_EQ(places.entryOf(99), std::nullopt);
+}
+
+TEST_F(OrganizationPlacesTest, KeepsTheSixteenColoursInTurn)
+{
+    const struct
+    {
+        std::optional<qint64> function;
+        int colour;
+    } cases[] = {{1, 0}, {2, 1}, {16, 15}, {17, 0}, {32, 15}, {33, 0}, {0, 0}, {-3, 0}, {std::nullopt, 0}};
+    for (const auto& [function, colour] : cases)
+        EXPECT_EQ(clsCities::colourOf(function), colour) << function.value_or(-99);
+}
+
+TEST_F(OrganizationPlacesTest, NamesAllFunctionsOfAColour)
+{
+    add(2, "2", "'Austin', 'TX'", "NULL, NULL");
+    add(3, "18", "'Reno', 'NV'", "NULL, NULL");
+    add(4, "18", "'Austin', 'TX'", "NULL, NULL");
+    add(5, "17", "'Austin', 'TX'", "NULL, NULL");
+    read();
+    QStringList legend;
+    for (const LegendLine& line : legendLines(places.entries()))
+        legend << QString::number(line.colour) + u' ' + line.names.join(u'+');
+    EXPECT_EQ(legend.join(u'|'), QStringLiteral("0 Rescue|1 Law+Relief"));
+}
+
+TEST_F(OrganizationPlacesTest, KeepsWhatWasReadBeforeAFailure)
+{
+    add(2, "2", "'Austin', 'TX'", "NULL, NULL");
+    EXPECT_NE(errorNumberOf([&] { read(QStringLiteral(" AND Nothing = 1")); }), 0);
+    EXPECT_TRUE(places.entries().empty());
+    read();
+    EXPECT_EQ(places.entries().size(), 1u);
+}
+
+} // namespace

@@ -1,0 +1,108 @@
+#include "map/StatesLayer.h"
+
+#include "map/MapProjection.h"
+#include "map/StateOutlines.h"
+#include "support/TextPrinting.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+const StatesLayer& realLayer()
+{
+    static const StatesLayer layer(ShapeFile::read(QStringLiteral(ORVIK_MAPS "/states.shp")));
+    return layer;
+}
+
+const StateShape& stateOf(const char16_t* letters)
+{
+    const auto& states = realLayer().states();
+    return *std::find_if(states.begin(), states.end(),
+                         [&](const StateShape& state) { return state.letters == QStringView(letters); });
+}
+
+TEST(StatesLayer, JoinsWhatLiesBeyondTheBackOfTheMap)
+{
+    const StateShape& alaska = stateOf(u"AK");
+    EXPECT_LT(alaska.bounds.right(), -129);
+    EXPECT_NEAR(alaska.bounds.left(), -187.5, 0.5) << "172.5 degrees east";
+    EXPECT_LT(stateOf(u"GU").bounds.right(), -214);
+    EXPECT_EQ(realLayer().states().size(), 56u);
+    EXPECT_EQ(stateOf(u"TX").name, QStringLiteral("Texas"));
+}
+
+TEST(StatesLayer, FullExtentLeavesOutSmallShapesFarOff)
+{
+    const QRectF& full = realLayer().fullExtent();
+    for (const char16_t* letters : {u"AK", u"HI", u"FL", u"ME", u"DC", u"PR", u"VI", u"WA"})
+        EXPECT_TRUE(full.contains(stateOf(letters).bounds)) << QString::fromUtf16(letters).toStdString();
+    for (const char16_t* letters : {u"GU", u"MP", u"AS"})
+        EXPECT_FALSE(full.intersects(stateOf(letters).bounds)) << QString::fromUtf16(letters).toStdString();
+    EXPECT_EQ(StatesLayer().states().size(), 0u);
+    EXPECT_EQ(StatesLayer(std::vector<ShapeRecord>()).fullExtent(), MapProjection::contiguousStates());
+}
+
+TEST(StatesLayer, CrossesARing)
+{
+    // the letter U
+    const PlaneRing ring{{0, 0}, {1, 0}, {1, 2}, {2, 2}, {2, 0}, {3, 0}, {3, 3}, {0, 3}};
+    using Chords = std::vector<std::pair<double, double>>;
+    EXPECT_EQ(chords(ring, 1), (Chords{{0, 1}, {2, 3}}));
+    EXPECT_EQ(chords(ring, 2.5), (Chords{{0, 3}}));
+    EXPECT_EQ(chords(ring, 5), Chords{});
+}
+
+TEST(StateOutlines, CutsAtTheEdgeOfThePicture)
+{
+    const std::vector<QPointF> square{{-10, -10}, {10, -10}, {10, 10}, {-10, 10}};
+    auto cut = clipped(square, QRectF(0, 0, 100, 100));
+    std::sort(cut.begin(), cut.end(),
+              [](QPointF a, QPointF b) { return std::pair(a.x(), a.y()) < std::pair(b.x(), b.y()); });
+    EXPECT_EQ(cut, (std::vector<QPointF>{{0, 0}, {0, 10}, {10, 0}, {10, 10}}));
+    EXPECT_TRUE(clipped(square, QRectF(20, 20, 5, 5)).empty());
+    EXPECT_EQ(clipped(square, QRectF(-5, -5, 10, 10)).size(), 4u) << "a picture inside the square is full";
+}
+
+TEST(StateOutlines, DrawsNoMoreThanThePictureShows)
+{
+    const StateShape& texas = stateOf(u"TX");
+    const auto points = [](const std::vector<std::vector<QPointF>>& rings) {
+        std::size_t count = 0;
+        for (const auto& ring : rings)
+            count += ring.size();
+        return count;
+    };
+    const MapPicture near{texas.bounds.topLeft(), texas.bounds.width() / 4000, QSizeF(4000, 4000)};
+    const MapPicture far{texas.bounds.topLeft(), texas.bounds.width() / 8, QSizeF(8, 8)};
+    const MapPicture elsewhere{stateOf(u"AK").bounds.topLeft(), 0.01, QSizeF(500, 500)};
+    EXPECT_GT(points(outlines(texas, near)), 3 * points(outlines(texas, far)));
+    EXPECT_TRUE(outlines(texas, elsewhere).empty());
+    // deep inside, all that is left of a state is its colour over the whole picture
+    const MapPicture inside{MapProjection::toPlane(-99, 31), 0.0001, QSizeF(500, 500)};
+    for (const auto& ring : outlines(texas, inside))
+        for (const QPointF& point : ring)
+            EXPECT_LT(std::abs(point.x()) + std::abs(point.y()), 2000);
+}
+
+TEST(StateOutlines, FindsRoomForNamesWithinTheState)
+{
+    const QRectF whole = MapProjection::contiguousStates();
+    const MapPicture picture{whole.topLeft(), whole.width() / 600, QSizeF(600, 400)};
+    const QSizeF text(40, 14);
+    EXPECT_TRUE(roomFor(stateOf(u"TX"), picture, text));
+    EXPECT_FALSE(roomFor(stateOf(u"DE"), picture, text));
+    EXPECT_FALSE(roomFor(stateOf(u"TX"), picture, QSizeF(400, 14)));
+    for (const StateShape& state : realLayer().states()) {
+        const auto middle = roomFor(state, picture, text);
+        if (!middle) continue;
+        const QPointF plane = picture.corner + *middle * picture.scale;
+        const auto across = chords(state.rings[state.largest], plane.y());
+        EXPECT_TRUE(std::any_of(across.begin(), across.end(), [&](const auto& chord) {
+            return chord.first < plane.x() && plane.x() < chord.second;
+        })) << state.name.toStdString();
+    }
+}
+
+} // namespace

@@ -1,0 +1,209 @@
+#include "timeline/Timeline.h"
+
+#include "app/ProgramState.h"
+#include "support/ScriptedPlatform.h"
+#include "support/TestDatabase.h"
+#include "timeline/Moments.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The timeline of a view of events, seen through a picture of four steps and three lanes.
+class Handlers : public testing::Test
+{
+protected:
+    Handlers()
+    {
+        m_database.run(
+            "INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, EndTime, "
+            "Status) VALUES "
+            "(2, 'First', 1, '2001-09-01', '10:00', '2001-09-01', '10:30', 'ACTIVE'),"
+            "(3, 'Undated', 0, NULL, NULL, NULL, NULL, 'ACTIVE'),"
+            "(4, 'Last', 0, '2001-09-20', NULL, '2001-09-20', NULL, 'ACTIVE')");
+        // five on one morning
+        m_database.run(
+            "INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) "
+            "VALUES (11, 'A', '2001-09-10', '10:00', '2001-09-10', '12:00', 'ACTIVE'),"
+            "(12, 'B', '2001-09-10', '10:01', '2001-09-10', '12:00', 'ACTIVE'),"
+            "(13, 'C', '2001-09-10', '10:02', '2001-09-10', '12:00', 'ACTIVE'),"
+            "(14, 'D', '2001-09-10', '10:03', '2001-09-10', '12:00', 'ACTIVE'),"
+            "(15, 'E', '2001-09-10', '10:04', '2001-09-10', '12:00', 'ACTIVE')");
+        m_state.session.open(m_database.fileName());
+        showView(m_state.queries.events);
+        m_timeline.mainLoad();
+        m_timeline.resize(4 * 385, 3 * 17 + 5);
+    }
+
+    void showView(const SharedQuery& query)
+    {
+        m_state.history.addView({ViewKind::Events, query, u"Events"_s});
+    }
+
+    /// The captions of the lanes; the selected one in brackets.
+    std::string lanes()
+    {
+        QStringList texts;
+        for (const Lane& lane : m_timeline.lanes())
+            texts << (lane.isSelected ? u'[' + lane.caption + u']' : lane.caption);
+        return texts.join(u'|').toStdString();
+    }
+
+    std::string now() { return m_timeline.captions()[0].toStdString(); }
+
+    /// Where an empty window says that the nearest events are.
+    std::string nearest()
+    {
+        const auto name = [](const std::optional<NearestEvent>& event) {
+            return event ? event->eventName.toStdString() : "-";
+        };
+        return name(m_timeline.nearestBefore()) + " " + name(m_timeline.nearestAfter());
+    }
+
+    TestDatabase m_database;
+    ScriptedPlatform m_desktop;
+    ProgramState m_state{ProgramFolder(m_database.folder())};
+    Timeline m_timeline{m_desktop.platform(), m_state,
+                        [](const QString& text) { return static_cast<int>(text.size()) * 7; }};
+};
+
+TEST_F(Handlers, TheTimelineBeginsWithItsFirstEventAtTheFinestLevel)
+{
+    EXPECT_EQ(m_timeline.captions(), (std::array{u"09/01/2001 10:00"_s, u"09/01/2001 10:05"_s,
+                                                 u"09/01/2001 10:10"_s, u"09/01/2001 10:15"_s}));
+    EXPECT_EQ(lanes(), "First -->");
+    EXPECT_FALSE(m_timeline.window().canZoomIn());
+    EXPECT_FALSE(m_timeline.scroll().isShown);
+    EXPECT_EQ(nearest(), "- -");
+}
+
+TEST_F(Handlers, AnEmptyWindowSaysWhereTheNearestEventsAre)
+{
+    m_timeline.NavEnd();
+    EXPECT_EQ(now(), "09/20/2001 23:40");
+    EXPECT_EQ(lanes(), "");
+    EXPECT_EQ(nearest(), "Last -");
+    EXPECT_EQ(m_timeline.hitCount(), 1u) << "what the last window that had any held";
+    EXPECT_FALSE(m_timeline.scroll().isShown);
+    m_timeline.chooseEvent(2);
+    m_timeline.NavJumpForward();
+    EXPECT_EQ(nearest(), "First A");
+
+    auto none = std::make_shared<SQLObject>(*m_state.queries.events);
+    none->WhereClause += u" AND EventID = 99"_s;
+    showView(none);
+    m_timeline.drawTimeline();
+    EXPECT_TRUE(m_timeline.isEmpty());
+    EXPECT_EQ(nearest(), "- -");
+}
+
+TEST_F(Handlers, ChoosingAnEventShowsItAndItsLane)
+{
+    m_timeline.chooseEvent(15);
+    EXPECT_EQ(now(), "09/10/2001 10:04");
+    EXPECT_EQ(lanes(), "<-- C -->|<-- D -->|[E -->]") << "the lane is shown as far as the scroll bar goes";
+    EXPECT_EQ(m_timeline.scroll().value, 2);
+    EXPECT_EQ(m_timeline.scroll().max, 2);
+
+    m_timeline.chooseEvent(12);
+    EXPECT_EQ(now(), "09/10/2001 10:04") << "it is in view";
+    EXPECT_EQ(lanes(), "[<-- B -->]|<-- C -->|<-- D -->");
+
+    m_timeline.chooseEvent(4);
+    EXPECT_EQ(now(), "09/20/2001 00:00");
+    EXPECT_EQ(lanes(), "[Last]") << "an event without a time is at midnight";
+
+    m_timeline.chooseEvent(3);
+    EXPECT_EQ(now(), "09/20/2001 00:00") << "without a date there is no place to go to";
+    EXPECT_EQ(lanes(), "Last");
+}
+
+TEST_F(Handlers, TheScrollBarMovesTheFirstLaneAndGoesBackWithTheWindow)
+{
+    m_timeline.chooseEvent(11);
+    EXPECT_EQ(lanes(), "[A -->]|B -->|C -->");
+    EXPECT_EQ(m_timeline.hitCount(), 5u);
+    m_timeline.VScroll1_Change(1);
+    EXPECT_EQ(lanes(), "B -->|C -->|D -->");
+    m_timeline.resize(4 * 385, 4 * 17);
+    EXPECT_EQ(lanes(), "B -->|C -->|D -->|E -->") << "a higher picture shows more";
+    EXPECT_EQ(m_timeline.scroll().max, 1);
+    m_timeline.resize(4 * 385, 5 * 17);
+    EXPECT_EQ(lanes(), "[A -->]|B -->|C -->|D -->|E -->");
+    EXPECT_FALSE(m_timeline.scroll().isShown);
+
+    m_timeline.resize(4 * 385, 2 * 17);
+    m_timeline.VScroll1_Change(3);
+    m_database.run("UPDATE Event SET Status = 'DELETED' WHERE EventID = 12");
+    m_timeline.VScroll1_Change(3);
+    EXPECT_EQ(lanes(), "D -->|E -->") << "fewer rows than the bar thought";
+    m_timeline.NavStepForward();
+    EXPECT_EQ(m_timeline.scroll().value, 0);
+    EXPECT_EQ(lanes(), "[<-- A -->]|<-- C -->");
+    m_timeline.resize(4 * 385, 16);
+    EXPECT_EQ(lanes(), "") << "no room for a lane";
+    m_timeline.resize(1, 17);
+    EXPECT_EQ(m_timeline.window().windowEnd(), m_timeline.window().currentTime());
+}
+
+TEST_F(Handlers, ASelectionIsOfTheEventAndNotOfTheLane)
+{
+    m_timeline.chooseEvent(11);
+    m_timeline.selectEvent(12);
+    EXPECT_EQ(lanes(), "A -->|[B -->]|C -->");
+    m_timeline.VScroll1_Change(1);
+    EXPECT_EQ(lanes(), "[B -->]|C -->|D -->");
+}
+
+TEST_F(Handlers, AfterASaveTheTimelineReachesToTheEventAndShowsIt)
+{
+    m_database.run("INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) "
+                   "VALUES (20, 'New', '2010-01-01', '12:00', '2010-01-01', '12:10', 'ACTIVE')");
+    m_timeline.updateTimeline(at("2010-01-01 12:00"));
+    EXPECT_EQ(now(), "01/01/2010 12:00");
+    EXPECT_EQ(lanes(), "New");
+    m_timeline.NavEnd();
+    EXPECT_EQ(m_timeline.captions()[0], u"01/02/2010 11:50"_s);
+    m_timeline.updateTimeline(at("1990-01-01 12:00"));
+    EXPECT_EQ(now(), "09/01/2001 10:00") << "never before the start";
+}
+
+TEST_F(Handlers, OneFailureShowsOneMessage)
+{
+    auto broken = std::make_shared<SQLObject>(*m_state.queries.events);
+    broken->WhereClause += u" AND NoSuchColumn = 1"_s;
+    showView(broken);
+    m_timeline.drawTimeline();
+    m_timeline.resize(2 * 385, 100);
+    EXPECT_EQ(lanes(), "First -->") << "what it showed stays";
+    m_desktop.messages.expectMessage(u"searchByTimeConstraint Error (1): no such column: NoSuchColumn"_s);
+    m_timeline.NavStepForward();
+    m_desktop.messages.finish();
+
+    showView(m_state.queries.events);
+    m_timeline.resize(4 * 385, 5 * 17);
+    m_database.run("UPDATE Event SET StartTime = '10:0x' WHERE EventID = 12");
+    m_desktop.messages.expectMessage(
+        u"DisplayRecords Error (13): 2001-09-10 10:0x is not a date and time (B)"_s);
+    m_timeline.chooseEvent(11);
+    EXPECT_EQ(lanes(), "[A -->]|C -->|D -->|E -->") << "what was drawn before it stays";
+    m_timeline.resize(5 * 385, 5 * 17);
+}
+
+TEST_F(Handlers, WithoutAViewOfEventsNothingIsRead)
+{
+    m_state.history.addView({ViewKind::Home, std::make_shared<const SQLObject>(), u"Home Page"_s});
+    m_timeline.mainLoad();
+    m_timeline.NavEnd();
+    m_timeline.chooseEvent(11);
+    EXPECT_EQ(now(), "09/20/2001 23:40");
+    EXPECT_EQ(lanes(), "");
+
+    m_state.session.close();
+    m_timeline.mainLoad();
+    EXPECT_EQ(now(), "06/15/2005 00:00");
+}
+
+} // namespace
