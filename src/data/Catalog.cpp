@@ -36,6 +36,16 @@ void Catalog::addStoredQuery(const StoredQuery& query)
     m_storedQueries.insert(key(query.name), query);
 }
 
+void Catalog::addIndex(const QString& name)
+{
+    m_indexes.insert(key(name));
+}
+
+bool Catalog::hasIndex(QStringView name) const
+{
+    return m_indexes.contains(key(name));
+}
+
 const CatalogTable* Catalog::findTable(QStringView name) const
 {
     return find(m_tables, name);

@@ -3,6 +3,7 @@
 #include "data/StoredQuery.h"
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 
 #include <vector>
@@ -32,16 +33,20 @@ struct CatalogTable
     [[nodiscard]] const CatalogColumn* findColumn(QStringView column) const;
 };
 
-/// What a database file holds: its tables with their columns, and its stored queries. Names are found in
-/// any letter case. Read once when a database is opened; the program never changes a schema.
+/// What a database file holds: its tables with their columns, its indexes and its stored queries. Names are
+/// found in any letter case. Read once when a database is opened; the program never changes a schema.
 class Catalog
 {
 public:
     void addTable(const CatalogTable& table);
     void addStoredQuery(const StoredQuery& query);
+    void addIndex(const QString& name);
 
     [[nodiscard]] const CatalogTable* findTable(QStringView name) const;
     [[nodiscard]] const StoredQuery* findStoredQuery(QStringView name) const;
+
+    /// Files from before an index came to the schema are without it.
+    [[nodiscard]] bool hasIndex(QStringView name) const;
 
     /// The form of a column known by its name alone, as a computed column of a stored query is.
     [[nodiscard]] ColumnForm formByName(QStringView column) const;
@@ -52,5 +57,6 @@ public:
 private:
     QHash<QString, CatalogTable> m_tables;
     QHash<QString, StoredQuery> m_storedQueries;
+    QSet<QString> m_indexes;
     QHash<QString, ColumnForm> m_formsByName;
 };

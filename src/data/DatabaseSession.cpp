@@ -105,11 +105,19 @@ void readStoredQueries(SQLite::Database& database, Catalog& catalog)
     }
 }
 
+void readIndexes(SQLite::Database& database, Catalog& catalog)
+{
+    SQLite::Statement indexes(database, "SELECT name FROM sqlite_master WHERE type = 'index'");
+    while (indexes.executeStep())
+        catalog.addIndex(textOf(indexes, 0));
+}
+
 Catalog readCatalog(SQLite::Database& database)
 {
     Catalog catalog;
     readTables(database, catalog);
     readStoredQueries(database, catalog);
+    readIndexes(database, catalog);
     const auto require = [](bool found, QStringView name) {
         if (found) return;
         throw Error(SQLITE_ERROR, QStringLiteral("This is no Orvik database: it has no %1").arg(name));

@@ -1,5 +1,6 @@
 #include "data/StatementTranslator.h"
 
+#include "data/MomentCondition.h"
 #include "data/SqlTokenizer.h"
 #include "data/StatementScope.h"
 #include "util/DateTimeText.h"
@@ -325,10 +326,49 @@ private:
         const Span inner{i + 1, close};
         i = close + 1;
         const bool select = isWordAt(inner.begin, u"SELECT");
-        return u'(' +
-               (select ? translateSelect(inner, &scope, depth + 1)
-                       : expression(inner, scope, clause, depth + 1)) +
-               u')';
+        if (select) return u'(' + translateSelect(inner, &scope, depth + 1) + u')';
+        const auto moment = momentCondition(inner, scope);
+        return u'(' + (moment ? *moment : expression(inner, scope, clause, depth + 1)) + u')';
+    }
+
+    /// A comparison with a moment; nothing where the tokens are something else.
+    std::optional<QString> momentCondition(Span span, StatementScope& scope) const
+    {
+        if (const auto comparison = readMomentComparison(m_tokens, span.begin, span.end)) {
+            return comparedSql(*comparison, scope);
+        }
+        const auto running = readRunningCondition(m_tokens, span.begin, span.end);
+        if (!running) return std::nullopt;
+        const auto started = comparedSql(running->started, scope);
+        const auto ended = comparedSql(running->ended, scope);
+        if (!started || !ended) return std::nullopt;
+        return u'(' + *started + QStringLiteral(") AND (") + *ended + u')' + candidates(*running, scope);
+    }
+
+    static std::optional<QString> comparedSql(const MomentComparison& comparison, StatementScope& scope)
+    {
+        const ResolvedColumn day = scope.resolve(comparison.dayColumn.qualifier, comparison.dayColumn.column);
+        const ResolvedColumn time =
+            scope.resolve(comparison.timeColumn.qualifier, comparison.timeColumn.column);
+        if (day.form != ColumnForm::Date || time.form != ColumnForm::Time) return std::nullopt;
+        return comparison.sql(day.sql, time.sql);
+    }
+
+    /// What narrows events that run at a moment to those that an index can tell; empty where it does not
+    /// apply.
+    [[nodiscard]] QString candidates(const RunningCondition& running, StatementScope& scope) const
+    {
+        const auto names = [&scope](const MomentComparison::Name& name, const QString& column) {
+            const QString event = QStringLiteral("Event");
+            return scope.resolve(name.qualifier, name.column).sql == scope.resolve(event, column).sql;
+        };
+        const ResolvedColumn key = scope.resolve(QStringLiteral("Event"), QStringLiteral("EventID"));
+        if (!m_catalog.hasIndex(EventsByLength::indexName) || !key.isKey ||
+            !names(running.started.dayColumn, QStringLiteral("StartDate")) ||
+            !names(running.ended.dayColumn, QStringLiteral("EndDate")))
+            return {};
+        return QStringLiteral(" AND %1 IN (%2)")
+            .arg(key.sql, EventsByLength::candidates(running.started.day, running.ended.day));
     }
 
     QString function(std::size_t& i, std::size_t end, StatementScope& scope, Clause clause, int depth)

@@ -297,6 +297,11 @@ CREATE INDEX OrganizationProfileByOrganization ON OrganizationProfile (Organizat
 CREATE INDEX EventByStart ON Event (
     StartDate, substr(StartTime, 1, 5), EndDate, substr(EndTime, 1, 5), EventName, KeyEvent, Status
 );
+-- What still runs at a moment may have begun long before it: events are kept apart by how many digits the
+-- number of their days has, so that each kind is looked for only as far back as it can reach.
+CREATE INDEX EventByLength ON Event (
+    length(CAST(julianday(EndDate) - julianday(StartDate) AS INTEGER)), StartDate, EndDate
+);
 CREATE INDEX EventByEnd ON Event (EndDate, EndTime, Status);
 
 CREATE INDEX DocumentEventsByDocument ON DocumentEvents (DocumentID, EventID);

@@ -67,7 +67,7 @@ TEST_F(SessionDates, TheTimeWindowTakesWhatTouchesIt)
         {{day, u"09:30"_s}, {day, u"09:40"_s}, u"3 9 2"_s}, // around the window
         {{day, u"10:30"_s}, {day, u"10:30"_s}, u"3 4"_s},   // seconds do not count
         {{day, u"11:00"_s}, {day, u"12:00"_s}, u"3"_s},
-        {{u"09/12/2001"_s, u"01:00"_s}, {u"11/30/2001"_s, u"23:59"_s}, u""_s},
+        {{u"09/12/2001"_s, u"01:00"_s}, {u"11/30/2001"_s, u"23:59"_s}, u"6"_s}, // without a time at midnight
         {{u"11/29/2001"_s, u"00:00"_s}, {u"12/01/2001"_s, u"00:00"_s}, u"6"_s},
         {{u"02/29/2000"_s, u"00:00"_s}, {u"02/29/2000"_s, u"00:00"_s}, u"7"_s},
         {{u"01/01/1600"_s, u"00:00"_s}, {u"12/31/9999"_s, u"23:59"_s}, u"7 3 9 2 4 6"_s},
