@@ -29,6 +29,10 @@ const QString& programFolder(int records)
     if (!root.isEmpty()) return root;
     root = folder.filePath(QString::number(records));
     QDir().mkpath(root + QStringLiteral("/data/documents"));
+    QDir().mkpath(root + QStringLiteral("/data/maps"));
+    for (const char* name : {"states.shp", "states.shx", "states.dbf"})
+        QFile::copy(QStringLiteral(ORVIK_MAPS "/") + QLatin1StringView(name),
+                    root + QStringLiteral("/data/maps/") + QLatin1StringView(name));
     const QString target = root + QStringLiteral("/data/large.sqlite");
     const int status = QProcess::execute(
         QStringLiteral(ORVIK_LARGE),
@@ -75,7 +79,7 @@ QString largeDatabase(int records)
 
 BenchWindow::BenchWindow(int records)
     : m_settings(QStringLiteral("large.sqlite")),
-      m_program({m_messages, m_settings, m_fileAttributes, m_files, m_files},
+      m_program({m_messages, m_settings, m_fileAttributes, m_files, m_files, m_clock},
                 ProgramFolder(programFolder(records)), QString())
 {
     m_program.Main();

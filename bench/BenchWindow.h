@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Main_Mod.h"
+#include "platform/Clock.h"
 #include "platform/DatabaseConverter.h"
 #include "platform/FileAttributes.h"
 #include "platform/FileDialogs.h"
@@ -61,6 +62,7 @@ private:
     OneDatabase m_settings;
     SystemFileAttributes m_fileAttributes;
     NoFiles m_files;
+    SystemClock m_clock;
     Main_Mod m_program;
 };
 

@@ -58,7 +58,8 @@ int main(int argc, char** argv)
     OneDatabase settings(QStringLiteral("large.sqlite"));
     SystemFileAttributes fileAttributes;
     NoFiles files;
-    Main_Mod program({messages, settings, fileAttributes, files, files},
+    SystemClock clock;
+    Main_Mod program({messages, settings, fileAttributes, files, files, clock},
                      ProgramFolder(QString::fromLocal8Bit(argv[1])), QString());
     program.Main();
     if (argc > 2) {

@@ -1,6 +1,7 @@
 #include "app/Main_Mod.h"
 #include "app/frmImport.h"
 #include "browse/IconSet.h"
+#include "platform/Clock.h"
 #include "platform/DesktopFileDialogs.h"
 #include "platform/DesktopMessages.h"
 #include "platform/FileAttributes.h"
@@ -25,10 +26,11 @@ int main(int argc, char** argv)
     DesktopFileDialogs fileDialogs;
     DesktopDatabaseConverter converter(QCoreApplication::applicationDirPath() +
                                        QStringLiteral("/orvik-import"));
+    SystemClock clock;
     const ProgramFolder::Surroundings surroundings{
         qEnvironmentVariable("ORVIK_HOME"), QCoreApplication::applicationDirPath(),
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)};
-    Main_Mod program({messages, settings, fileAttributes, fileDialogs, converter},
+    Main_Mod program({messages, settings, fileAttributes, fileDialogs, converter, clock},
                      ProgramFolder(ProgramFolder::choose(surroundings)),
                      surroundings.executableFolder + QStringLiteral("/../share/orvik/sample"));
     program.Main();

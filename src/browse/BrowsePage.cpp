@@ -45,10 +45,9 @@ BrowsePage::BrowsePage(QWidget* list, SettingsStore& settings, QWidget* parent)
 
 BrowsePage::~BrowsePage() = default;
 
-void BrowsePage::setGraphic(ViewKind kind, QWidget* graphic, Qt::Orientation side)
+void BrowsePage::setGraphic(ViewKind kind, Maker maker, Qt::Orientation side)
 {
-    m_graphics->addWidget(graphic);
-    Place place{graphic, side, side == Qt::Horizontal ? 0.45 : 0.4};
+    Place place{std::move(maker), nullptr, side, side == Qt::Horizontal ? 0.45 : 0.4};
     const QStringList saved = StdREG(m_settings).GetRegString(section(), valueName(kind)).split(u' ');
     if (saved.size() == 2) {
         place.side = saved[0] == QStringLiteral("right") ? Qt::Horizontal : Qt::Vertical;
@@ -94,11 +93,16 @@ void BrowsePage::applyPlace()
     const auto place = m_places.find(m_kind);
     m_graphics->setVisible(place != m_places.end());
     if (place == m_places.end()) return;
-    m_graphics->setCurrentWidget(place->second.graphic);
+    QWidget*& graphic = place->second.graphic;
+    if (graphic == nullptr) {
+        graphic = place->second.maker(m_graphics);
+        m_graphics->addWidget(graphic);
+    }
+    m_graphics->setCurrentWidget(graphic);
     m_splitter->setOrientation(place->second.side);
     const int length = place->second.side == Qt::Horizontal ? width() : height();
-    const int graphic = static_cast<int>(length * place->second.share);
-    m_splitter->setSizes({length - graphic, graphic});
+    const int forGraphic = static_cast<int>(length * place->second.share);
+    m_splitter->setSizes({length - forGraphic, forGraphic});
 }
 
 void BrowsePage::save()

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <map>
 
 class QSplitter;
@@ -21,13 +22,14 @@ public:
     BrowsePage(QWidget* list, SettingsStore& settings, QWidget* parent);
     ~BrowsePage() override;
 
-    /// Gives a kind its graphic view; the page takes it as its child. `side` is where it stands at first.
-    void setGraphic(ViewKind kind, QWidget* graphic, Qt::Orientation side);
+    /// Makes a graphic view as a child of the widget that it is given.
+    using Maker = std::function<QWidget*(QWidget* parent)>;
+
+    /// Gives a kind its graphic view, made when the kind is first shown. `side` is where it stands at first.
+    void setGraphic(ViewKind kind, Maker maker, Qt::Orientation side);
 
     /// Shows the list with the graphic of a kind, or alone where the kind has none.
     void showKind(ViewKind kind);
-
-    [[nodiscard]] bool hasGraphic(ViewKind kind) const { return m_places.contains(kind); }
 
     /// `Qt::Horizontal` where the graphic of the kind shown stands to the right, `Qt::Vertical` where below.
     [[nodiscard]] Qt::Orientation side() const;
@@ -39,7 +41,8 @@ public:
 private:
     struct Place
     {
-        QWidget* graphic = nullptr;
+        Maker maker;
+        QWidget* graphic = nullptr; ///< null until it is shown
         Qt::Orientation side = Qt::Vertical;
         double share = 0.5; ///< of the page, for the graphic
     };

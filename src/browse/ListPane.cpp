@@ -4,9 +4,13 @@
 #include "data/DatabaseSession.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -30,6 +34,12 @@ ListPane::ListPane(DatabaseSession& session, const QString& documentsFolder, QWi
     m_view->setModel(m_model);
     setFocusProxy(m_view);
     connect(m_view->header(), &QHeaderView::sectionClicked, this, &ListPane::sortBy);
+    connect(m_view, &QAbstractItemView::pressed, this, &ListPane::announce);
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current) {
+                // a press announces itself, so that a row that is current already can be chosen again
+                if (QGuiApplication::mouseButtons() == Qt::NoButton) announce(current);
+            });
 }
 
 bool ListPane::fill(ViewKind kind, std::size_t entry, const QString& statement)
@@ -147,7 +157,8 @@ void ListPane::applySort()
 std::optional<qint64> ListPane::currentRecord() const
 {
     const QModelIndex current = m_view->currentIndex();
-    if (!current.isValid()) return std::nullopt;
+    // a list that gets the focus makes its first row current, which is nobody's choice
+    if (!current.isValid() || !m_view->selectionModel()->isSelected(current)) return std::nullopt;
     return m_model->identifier(current.row());
 }
 
@@ -155,11 +166,37 @@ bool ListPane::select(qint64 identifier)
 {
     const int row = m_model->rowOf(identifier);
     if (row < 0) return false;
+    const QScopedValueRollback selecting(m_selecting, true);
     const QModelIndex index = m_model->index(row, 0);
     m_view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
                                                          QItemSelectionModel::Rows);
     m_view->scrollTo(index);
     return true;
+}
+
+void ListPane::select(const std::vector<qint64>& identifiers)
+{
+    const QScopedValueRollback selecting(m_selecting, true);
+    std::vector<int> rows;
+    for (const qint64 identifier : identifiers) {
+        if (const int row = m_model->rowOf(identifier); row >= 0) rows.push_back(row);
+    }
+    if (rows.empty()) return;
+    std::sort(rows.begin(), rows.end());
+    QItemSelection selection;
+    for (const int row : rows)
+        selection.append(QItemSelectionRange(m_model->index(row, 0)));
+    const QModelIndex first = m_model->index(rows.front(), 0);
+    m_view->selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    m_view->selectionModel()->select(selection,
+                                     QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    m_view->scrollTo(first);
+}
+
+void ListPane::announce(const QModelIndex& index)
+{
+    if (m_selecting || m_filling || !index.isValid()) return;
+    if (m_view->selectionModel()->isSelected(index)) Q_EMIT chosen(m_model->identifier(index.row()));
 }
 
 void ListPane::refreshIcons()

@@ -35,17 +35,25 @@ public:
     /// Makes a fill that is under way stop, as when a page takes the list's place.
     void stop();
 
+    [[nodiscard]] ViewKind kind() const { return m_list->kind(); }
     [[nodiscard]] std::size_t count() const { return m_list->count(); }
     [[nodiscard]] RecordListView& view() { return *m_view; }
     [[nodiscard]] RecordListModel& model() { return *m_model; }
 
-    /// The record of the current row, or nothing.
+    /// The record of the current row where that is selected.
     [[nodiscard]] std::optional<qint64> currentRecord() const;
 
-    /// Selects a record and scrolls to it; false where the list does not show it.
+    /// Selects a record and scrolls to it; false where the list does not show it. Announces nothing.
     bool select(qint64 identifier);
 
+    /// Selects those of the records that the list shows and scrolls to the first of them. Announces nothing.
+    void select(const std::vector<qint64>& identifiers);
+
     void refreshIcons();
+
+Q_SIGNALS:
+    /// The user went to a record, or to the same one again.
+    void chosen(qint64 identifier);
 
 private:
     struct Remembered
@@ -57,6 +65,7 @@ private:
     void begin(ViewKind kind, std::size_t entry);
     void finish();
     bool readRows(const QString& statement, const std::shared_ptr<RecordList>& list);
+    void announce(const QModelIndex& index);
     void rememberWidths();
     void applyWidths();
     void sortBy(int column);
@@ -70,6 +79,7 @@ private:
     std::shared_ptr<RecordList> m_list;
     std::uint64_t m_token = 0;
     bool m_filling = false;
+    bool m_selecting = false; ///< by itself, not by the user
     std::size_t m_entry = 0;
     std::map<std::size_t, Remembered> m_remembered;
     std::map<ViewKind, std::vector<int>> m_widths; ///< in pixels, where the user changed them

@@ -2,6 +2,7 @@
 
 #include "browse/IconSet.h"
 
+#include <QActionGroup>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QToolBar>
@@ -41,6 +42,17 @@ void MainCommands::makeActions()
             QKeySequence(Qt::CTRL | Qt::Key_3), tr("Shows all organizations"));
     mnuViewRefresh = add(QStringLiteral("mnuViewRefresh"), tr("&Refresh"), QStringLiteral("view-refresh"),
                          QKeySequence(Qt::Key_F5), tr("Reads the list again"));
+    mnuViewGraphicRight =
+        add(QStringLiteral("mnuViewGraphicRight"), tr("Graphic to the R&ight"),
+            QStringLiteral("view-split-left-right"), {}, tr("Shows the graphic to the right of the list"));
+    mnuViewGraphicBelow =
+        add(QStringLiteral("mnuViewGraphicBelow"), tr("Graphic &Below"),
+            QStringLiteral("view-split-top-bottom"), {}, tr("Shows the graphic below the list"));
+    auto* sides = new QActionGroup(this);
+    for (QAction* side : {mnuViewGraphicRight, mnuViewGraphicBelow}) {
+        side->setCheckable(true);
+        sides->addAction(side);
+    }
     mnuSearchShowAll =
         add(QStringLiteral("mnuSearchShowAll"), tr("Show &All"), QStringLiteral("view-list-details"),
             QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A), tr("Shows all records of this kind"));
@@ -67,6 +79,8 @@ void MainCommands::makeMenus()
     QMenu* view = m_window.menuBar()->addMenu(tr("&View"));
     view->setObjectName(QStringLiteral("mnuView"));
     view->addActions({mnuViewDocuments, mnuViewEvents, mnuViewOrganizations});
+    view->addSeparator();
+    view->addActions({mnuViewGraphicRight, mnuViewGraphicBelow});
     view->addSeparator();
     view->addAction(mnuViewRefresh);
 

@@ -20,6 +20,8 @@ public:
     QAction* mnuViewEvents;
     QAction* mnuViewOrganizations;
     QAction* mnuViewRefresh;
+    QAction* mnuViewGraphicRight;
+    QAction* mnuViewGraphicBelow;
     QAction* mnuSearchShowAll;
     QAction* mnuNavigateBack;
     QAction* mnuNavigateForward;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/SQLObject.h"
+#include "search/clsAdvSearch.h"
 
 #include <QString>
 
@@ -20,4 +21,5 @@ struct clsView
     ViewKind viewIndex = ViewKind::Home;
     SharedQuery SQL = std::make_shared<const SQLObject>();
     QString Caption;
+    clsAdvSearch AdvSearch{}; ///< the criteria of the search that made the view; else empty
 };

@@ -8,10 +8,13 @@
 #include "browse/ListPane.h"
 #include "browse/MainCommands.h"
 #include "browse/RecordListView.h"
+#include "chart/ChartPane.h"
+#include "map/MapPane.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "platform/WaitCursor.h"
+#include "timeline/TimelinePanel.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -38,7 +41,8 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
       m_pages(new QStackedWidget(this)),
       m_home(new HomePage(this)),
       m_list(new ListPane(state.session, state.folder.machinePath(state.folders.documents), this)),
-      m_browse(new BrowsePage(m_list, platform.settings, this))
+      m_browse(new BrowsePage(m_list, platform.settings, this)),
+      m_timeline(new TimelinePanel(platform, state, this))
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(tr("Orvik Database"));
@@ -46,6 +50,7 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
     m_pages->addWidget(m_browse);
     setCentralWidget(m_pages);
     makeStatusBar();
+    setGraphics();
     connectCommands();
     m_state.history.setPresenter(this);
 }
@@ -67,6 +72,34 @@ void frmMain::makeStatusBar()
     statusBar()->addPermanentWidget(m_statusPanel);
 }
 
+void frmMain::setGraphics()
+{
+    m_timeline->hide();
+    m_browse->setGraphic(
+        ViewKind::Documents, [this](QWidget* parent) { return makeChart(parent); }, Qt::Horizontal);
+    // the timeline is set up at start-up, whatever is shown first
+    m_browse->setGraphic(
+        ViewKind::Events, [this](QWidget*) { return m_timeline; }, Qt::Vertical);
+    m_browse->setGraphic(
+        ViewKind::Organizations, [this](QWidget* parent) { return makeMap(parent); }, Qt::Horizontal);
+    connect(m_timeline, &TimelinePanel::eventSelected, this, [this](qint64 event) { m_list->select(event); });
+    connect(m_list, &ListPane::chosen, this, &frmMain::chooseRecord);
+}
+
+QWidget* frmMain::makeChart(QWidget* parent)
+{
+    m_chart = new ChartPane(m_platform, m_state, parent);
+    return m_chart;
+}
+
+QWidget* frmMain::makeMap(QWidget* parent)
+{
+    m_map = new MapPane(m_platform, m_state, parent);
+    connect(m_map, &MapPane::organizationsChosen, this,
+            [this](const std::vector<qint64>& identifiers) { m_list->select(identifiers); });
+    return m_map;
+}
+
 void frmMain::connectCommands()
 {
     const auto on = [this](QAction* action, auto&& handler) {
@@ -77,6 +110,8 @@ void frmMain::connectCommands()
     on(m_commands->mnuViewOrganizations, [this] { viewAll(ViewKind::Organizations); });
     on(m_commands->mnuSearchShowAll, [this] { viewAll(m_state.history.currentKind()); });
     on(m_commands->mnuViewRefresh, [this] { refresh(); });
+    on(m_commands->mnuViewGraphicRight, [this] { m_browse->setSide(Qt::Horizontal); });
+    on(m_commands->mnuViewGraphicBelow, [this] { m_browse->setSide(Qt::Vertical); });
     on(m_commands->mnuNavigateBack, [this] {
         if (!m_state.history.goBack()) m_platform.messages.beep();
     });
@@ -98,6 +133,7 @@ void frmMain::load()
                  [this] { DatabaseOpener(m_platform, m_state).openNamed(); });
     showDatabaseName();
     placeOnScreen();
+    m_timeline->mainLoad();
     viewAll(ViewKind::Home);
 }
 
@@ -114,6 +150,7 @@ void frmMain::openDatabase()
     if (!opened) return;
     m_state.history.clear();
     m_list->forget();
+    m_timeline->mainLoad();
     showDatabaseName();
     viewAll(ViewKind::Home);
 }
@@ -177,14 +214,42 @@ void frmMain::showList(ViewKind kind, const QString& procedure, const SharedQuer
     m_browse->showKind(kind);
     enableCommands();
     bool stayed = true;
-    runProcedure(m_platform.messages, procedure, [&] {
+    const bool isListed = runProcedure(m_platform.messages, procedure, [&] {
         const WaitCursor wait;
+        drawBeforeList(kind);
         stayed = m_list->fill(kind, m_state.history.current(), query->sqlStr());
     });
     if (!stayed) return;
     m_viewPanel->setText(caption);
     m_statusPanel->setText(RecordList::countText(kind, m_list->count()));
     m_list->setFocus();
+    drawAfterList(kind, isListed);
+}
+
+/// The chart and the timeline are drawn while the list is still to be read, the map once it is.
+void frmMain::drawBeforeList(ViewKind kind)
+{
+    if (kind == ViewKind::Documents) m_chart->drawCharts();
+    if (kind == ViewKind::Events) m_timeline->drawTimeline();
+}
+
+void frmMain::drawAfterList(ViewKind kind, bool isListed)
+{
+    if (kind != ViewKind::Organizations) return;
+    if (!isListed) {
+        // the list has said what is wrong
+        m_map->clearMap();
+        return;
+    }
+    m_map->drawMap();
+    m_map->ringOrganization(m_list->currentRecord());
+}
+
+/// The user went to a record of the list; its graphic goes there too.
+void frmMain::chooseRecord(qint64 identifier)
+{
+    if (m_list->kind() == ViewKind::Events) m_timeline->chooseEvent(identifier);
+    if (m_list->kind() == ViewKind::Organizations) m_map->ringOrganization(identifier);
 }
 
 void frmMain::showHome()
@@ -221,6 +286,10 @@ void frmMain::enableCommands()
          {m_commands->mnuViewRefresh, m_commands->mnuSearchShowAll, m_commands->mnuRecordCopy}) {
         action->setEnabled(showsList);
     }
+    for (QAction* action : {m_commands->mnuViewGraphicRight, m_commands->mnuViewGraphicBelow})
+        action->setEnabled(showsList);
+    m_commands->mnuViewGraphicRight->setChecked(m_browse->side() == Qt::Horizontal);
+    m_commands->mnuViewGraphicBelow->setChecked(m_browse->side() == Qt::Vertical);
 }
 
 void frmMain::UpdateHistoryList()

@@ -6,11 +6,14 @@
 #include <QMainWindow>
 
 class BrowsePage;
+class ChartPane;
 class HomePage;
 class ListPane;
 class MainCommands;
+class MapPane;
 class QLabel;
 class QStackedWidget;
+class TimelinePanel;
 struct ProgramState;
 
 /// The main window: shows one view of the history at a time, the home page or a list, and runs the commands
@@ -43,11 +46,17 @@ private:
 
     void makeStatusBar();
     void connectCommands();
+    void setGraphics();
+    QWidget* makeChart(QWidget* parent);
+    QWidget* makeMap(QWidget* parent);
     void placeOnScreen();
     void openDatabase();
     void showDatabaseName();
     void showList(ViewKind kind, const QString& procedure, const SharedQuery& query, const QString& caption);
     void viewAll(ViewKind kind);
+    void drawBeforeList(ViewKind kind);
+    void drawAfterList(ViewKind kind, bool isListed);
+    void chooseRecord(qint64 identifier);
     void refresh();
     void enableCommands();
     void showListMenu(const QPoint& position);
@@ -59,6 +68,9 @@ private:
     HomePage* m_home;
     ListPane* m_list;
     BrowsePage* m_browse;
+    TimelinePanel* m_timeline;
+    ChartPane* m_chart = nullptr; ///< null until documents are shown
+    MapPane* m_map = nullptr;     ///< null until organizations are shown
     QLabel* m_viewPanel = nullptr;
     QLabel* m_statusPanel = nullptr;
 };

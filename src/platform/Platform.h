@@ -1,5 +1,6 @@
 #pragma once
 
+class Clock;
 class DatabaseConverter;
 class FileAttributes;
 class FileDialogs;
@@ -14,4 +15,5 @@ struct Platform
     FileAttributes& fileAttributes;
     FileDialogs& fileDialogs;
     DatabaseConverter& converter;
+    Clock& clock;
 };

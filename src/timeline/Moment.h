@@ -16,6 +16,7 @@ using Minutes = std::int64_t;
 
 inline constexpr Minutes minutesOfDay = Minutes{24} * 60;
 
+/// Both must be valid.
 [[nodiscard]] Moment momentOf(QDate day, QTime time = QTime(0, 0));
 
 [[nodiscard]] QDate dayOf(Moment moment);

@@ -7,6 +7,10 @@
 Journey::Journey()
 {
     QDir().mkpath(dataFolder() + QStringLiteral("documents"));
+    QDir().mkpath(mapsFolder());
+    for (const char* name : {"states.shp", "states.shx", "states.dbf"})
+        QFile::copy(QStringLiteral(ORVIK_MAPS "/") + QLatin1StringView(name),
+                    mapsFolder() + QLatin1StringView(name));
 }
 
 void Journey::start(const QString& databaseName)

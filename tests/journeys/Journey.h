@@ -45,6 +45,8 @@ public:
 
     [[nodiscard]] QString dataFolder() const { return database.folder() + QStringLiteral("/data/"); }
 
+    [[nodiscard]] QString mapsFolder() const { return dataFolder() + QStringLiteral("maps/"); }
+
     TestDatabase database;
     ScriptedPlatform desktop;
     std::optional<Main_Mod> program;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Clock.h"
 #include "platform/DatabaseConverter.h"
 #include "platform/FileAttributes.h"
 #include "platform/FileDialogs.h"
@@ -77,6 +78,15 @@ public:
     std::map<QString, QString> values;
 };
 
+/// A clock that stands still until it is set.
+class ScriptedClock final : public Clock
+{
+public:
+    [[nodiscard]] QDateTime now() const override { return moment; }
+
+    QDateTime moment{QDate(2005, 6, 15), QTime(12, 0)};
+};
+
 /// The desktop of one test.
 struct ScriptedPlatform
 {
@@ -85,11 +95,12 @@ struct ScriptedPlatform
     SystemFileAttributes fileAttributes;
     ScriptedFileDialogs fileDialogs;
     ScriptedConverter scriptedConverter;
+    ScriptedClock clock;
     DatabaseConverter* converter = &scriptedConverter; ///< or another for a test with the real tool
 
     [[nodiscard]] Platform platform()
     {
-        return {messages, settings, fileAttributes, fileDialogs, *converter};
+        return {messages, settings, fileAttributes, fileDialogs, *converter, clock};
     }
 
     /// Names the database that the program opens at its start.
