@@ -72,6 +72,16 @@ ResolvedColumn StatementScope::ofStoredQuery(const StoredQuery& query, const Sto
     return {column.sql, form, isBaseKey(column.sql)};
 }
 
+bool StatementScope::isDeterminedBy(const QStringList& expressions, const QString& qualifier,
+                                    const QString& name) const
+{
+    const StoredQuery* query = expanded();
+    const StoredQuery::Column* column = query == nullptr ? nullptr : query->findColumn(qualifier, name);
+    if (column == nullptr || column->joins.size() != 1) return false;
+    const StoredQuery::Join& join = query->joins.at(column->joins.front());
+    return join.single && column->qualifiers.size() == 1 && expressions.contains(join.boundTo);
+}
+
 QString StatementScope::allColumns()
 {
     const StoredQuery* query = expanded();

@@ -37,6 +37,11 @@ public:
     /// the engine to report.
     ResolvedColumn resolve(const QString& qualifier, const QString& name);
 
+    /// Whether a column of a stored query is the same wherever these expressions are: it belongs to a joined
+    /// row that one of them names.
+    [[nodiscard]] bool isDeterminedBy(const QStringList& expressions, const QString& qualifier,
+                                      const QString& name) const;
+
     /// What `*` stands for in the select list.
     QString allColumns();
 

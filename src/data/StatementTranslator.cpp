@@ -206,7 +206,7 @@ private:
         const bool ruledOutside = std::exchange(m_ruleListedTexts, false);
         QString columns = selectList(list, scope, depth);
         QString rest = clause(Clause::Where, QStringLiteral("WHERE"));
-        rest += clause(Clause::Group, QStringLiteral("GROUP BY"));
+        if (grouped) rest += groupBy(*spans[static_cast<std::size_t>(Clause::Group)], scope, depth);
         rest += clause(Clause::Having, QStringLiteral("HAVING"));
         rest += clause(Clause::Order, QStringLiteral("ORDER BY"));
         // only now is it known which joins are needed, and so what DISTINCT compares
@@ -231,20 +231,10 @@ private:
     QString selectList(Span span, StatementScope& scope, int depth)
     {
         if (m_forEditing && depth == 0) return QStringLiteral("rowid AS \"rowid\", *");
-        const std::size_t begin = span.begin;
-        QString sql;
-        int parentheses = 0;
-        Span item{begin, begin};
-        for (std::size_t i = begin; i <= span.end; ++i) {
-            if (i < span.end && m_tokens[i].isSymbol(u"(")) ++parentheses;
-            if (i < span.end && m_tokens[i].isSymbol(u")")) --parentheses;
-            if (i < span.end && (parentheses > 0 || !m_tokens[i].isSymbol(u","))) continue;
-            item.end = i;
-            if (!sql.isEmpty()) sql += QStringLiteral(", ");
-            sql += selectItem(item, scope, depth);
-            item.begin = i + 1;
-        }
-        return sql;
+        QStringList items;
+        for (const Span& item : split(span))
+            items << selectItem(item, scope, depth);
+        return items.join(QStringLiteral(", "));
     }
 
     /// An item of a select list. A column of a stored query is an expression in the end, so it is given
@@ -260,6 +250,43 @@ private:
         scope.noteListed(sql);
         if (plain) sql += QStringLiteral(" AS ") + quoteSqlName(m_tokens[item.end - 1].text);
         return sql;
+    }
+
+    /// The names of what is grouped by its key are left out: they are the same throughout a group, and to
+    /// compare them row by row would take most of the time.
+    QString groupBy(Span span, StatementScope& scope, int depth)
+    {
+        const std::vector<Span> spans = split(span);
+        QStringList items;
+        for (const Span& item : spans)
+            items << expression(item, scope, Clause::Group, depth);
+        QStringList kept;
+        for (std::size_t i = 0; i < spans.size(); ++i) {
+            const Span item = spans[i];
+            const bool qualified = item.end == item.begin + 3 && isSymbolAt(item.begin + 1, u".");
+            const bool named = item.end == item.begin + 1 || qualified;
+            const QString qualifier = qualified ? m_tokens[item.begin].text : QString();
+            if (named && scope.isDeterminedBy(items, qualifier, m_tokens[item.end - 1].text)) continue;
+            kept << items[static_cast<qsizetype>(i)];
+        }
+        return QStringLiteral(" GROUP BY ") + kept.join(QStringLiteral(", "));
+    }
+
+    /// The items of a list, without the commas between them.
+    [[nodiscard]] std::vector<Span> split(Span span) const
+    {
+        std::vector<Span> items;
+        int parentheses = 0;
+        Span item{span.begin, span.begin};
+        for (std::size_t i = span.begin; i <= span.end; ++i) {
+            if (i < span.end && m_tokens[i].isSymbol(u"(")) ++parentheses;
+            if (i < span.end && m_tokens[i].isSymbol(u")")) --parentheses;
+            if (i < span.end && (parentheses > 0 || !m_tokens[i].isSymbol(u","))) continue;
+            item.end = i;
+            items.push_back(item);
+            item.begin = i + 1;
+        }
+        return items;
     }
 
     QString expression(Span span, StatementScope& scope, Clause clause, int depth)

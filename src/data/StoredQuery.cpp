@@ -59,7 +59,10 @@ private:
         const std::size_t condition = m_at;
         skipTo({u"LEFT"});
         join.sql = sql(begin, m_at);
-        join.single = grouped || bindsKey(join.alias, condition);
+        const bool bound = bindsKey(join.alias, condition);
+        join.single = grouped || bound;
+        constexpr std::size_t keyAndEquals = 4;
+        if (bound) join.boundTo = sql(condition + keyAndEquals, m_at);
         for (const QString& table : mentionedTables(condition, m_at)) {
             if (const auto other = joinOf(table)) join.dependsOn.push_back(*other);
         }

@@ -19,6 +19,7 @@ struct StoredQuery
         QString sql; ///< from `LEFT JOIN` to the end of its condition
         std::vector<std::size_t> dependsOn;
         bool single = false; ///< at most one row for each row before it
+        QString boundTo;     ///< the expression that names that row's key; empty where it is not that simple
     };
 
     struct Column
