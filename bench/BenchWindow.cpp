@@ -102,12 +102,18 @@ double medianOf(std::vector<double> values)
 
 void compare(benchmark::State& state, const std::function<void()>& plain, const std::function<void()>& ours)
 {
+    compareTimed(
+        state, [&] { return timeOf(plain); }, [&] { return timeOf(ours); });
+}
+
+void compareTimed(benchmark::State& state, const Timed& plain, const Timed& ours)
+{
     std::vector<double> plainTimes;
     std::vector<double> ourTimes;
     std::vector<double> ratios;
     for (auto _ : state) {
-        plainTimes.push_back(timeOf(plain).count());
-        ourTimes.push_back(timeOf(ours).count());
+        plainTimes.push_back(plain().count());
+        ourTimes.push_back(ours().count());
         ratios.push_back(ourTimes.back() / plainTimes.back());
         state.SetIterationTime(ourTimes.back() / 1000);
     }

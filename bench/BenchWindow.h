@@ -71,6 +71,12 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 Milliseconds timeOf(const std::function<void()>& work);
 double medianOf(std::vector<double> values);
 
+using Timed = std::function<Milliseconds()>;
+
+/// Runs both in turn for as long as the benchmark wants, and reports the medians of what they took and of
+/// their ratio.
+void compareTimed(benchmark::State& state, const Timed& plain, const Timed& ours);
+
 /// Runs both in turn for as long as the benchmark wants, and reports the medians and their ratio.
 void compare(benchmark::State& state, const std::function<void()>& plain, const std::function<void()>& ours);
 
