@@ -1,10 +1,11 @@
 #include "timeline/EmptyWindowNotice.h"
 
 #include "browse/IconSet.h"
+#include "timeline/PlainToolTip.h"
 
+#include <QBoxLayout>
 #include <QLabel>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -15,6 +16,7 @@ constexpr int iconRoom = 40;
 
 EmptyWindowNotice::EmptyWindowNotice(QWidget* parent)
     : QWidget(parent),
+      m_layout(new QBoxLayout(QBoxLayout::TopToBottom, this)),
       m_text(new QLabel(this)),
       m_before(makeLink(QStringLiteral("lnkBefore"), QStringLiteral("go-previous"))),
       m_after(makeLink(QStringLiteral("lnkAfter"), QStringLiteral("go-next")))
@@ -23,12 +25,11 @@ EmptyWindowNotice::EmptyWindowNotice(QWidget* parent)
     m_text->setObjectName(QStringLiteral("lblEmptyWindow"));
     m_text->setAlignment(Qt::AlignCenter);
     m_text->setForegroundRole(QPalette::PlaceholderText);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(2);
-    layout->addWidget(m_text);
-    layout->addWidget(m_before, 0, Qt::AlignHCenter);
-    layout->addWidget(m_after, 0, Qt::AlignHCenter);
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setSpacing(2);
+    m_layout->addWidget(m_text);
+    m_layout->addWidget(m_before, 0, Qt::AlignCenter);
+    m_layout->addWidget(m_after, 0, Qt::AlignCenter);
     // the lines of the grid do not run through the words
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
@@ -43,32 +44,45 @@ QToolButton* EmptyWindowNotice::makeLink(const QString& name, const QString& ico
     link->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     link->setAutoRaise(true);
     link->setCursor(Qt::PointingHandCursor);
-    connect(link, &QToolButton::clicked, this,
-            [this, link] { Q_EMIT chosen(link->property("tag").toLongLong()); });
+    connect(link, &QToolButton::clicked, this, [this, link] {
+        // the link is about to go, and the keys are the timeline's
+        if (link->hasFocus()) parentWidget()->setFocus();
+        Q_EMIT chosen(link->property("tag").toLongLong());
+    });
     return link;
 }
 
 void EmptyWindowNotice::fill(QToolButton& link, const std::optional<NearestEvent>& nearest,
-                             const QString& words)
+                             const QString& words, int room)
 {
     link.setVisible(nearest.has_value());
     if (!nearest) return;
     const QString whole = words.arg(dateTimeText(nearest->start)) + nearest->eventName;
-    const int room = parentWidget()->width() - 2 * margin - iconRoom;
-    QString text = link.fontMetrics().elidedText(whole, Qt::ElideRight, room);
+    QString text = link.fontMetrics().elidedText(whole, Qt::ElideRight, room - iconRoom);
     // a button would take an ampersand for the mark of a key
     link.setText(text.replace(u'&', QStringLiteral("&&")));
     link.setAccessibleName(whole);
+    link.setToolTip(PlainToolTip::text(whole));
     link.setProperty("tag", nearest->eventId);
 }
 
 void EmptyWindowNotice::showNearest(const std::optional<NearestEvent>& before,
                                     const std::optional<NearestEvent>& after)
 {
+    const QSize whole = parentWidget()->size() - QSize(2 * margin, 0);
     m_text->setText(before || after ? tr("No events in this window.") : tr("No events to show."));
-    fill(*m_before, before, tr("Before: %1  "));
-    fill(*m_after, after, tr("After: %1  "));
+    const auto fillBoth = [&](int room) {
+        fill(*m_before, before, tr("Before: %1  "), room);
+        fill(*m_after, after, tr("After: %1  "), room);
+    };
+    m_layout->setDirection(QBoxLayout::TopToBottom);
+    fillBoth(whole.width());
+    if (m_layout->sizeHint().height() > whole.height()) {
+        m_layout->setDirection(QBoxLayout::LeftToRight);
+        const int links = before && after ? 2 : 1;
+        fillBoth((whole.width() - m_text->sizeHint().width()) / links - m_layout->spacing());
+    }
     show();
-    resize(sizeHint().boundedTo(parentWidget()->size()));
+    resize(m_layout->sizeHint().boundedTo(whole));
     move((parentWidget()->width() - width()) / 2, (parentWidget()->height() - height()) / 2);
 }

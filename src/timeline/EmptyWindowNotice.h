@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+class QBoxLayout;
 class QLabel;
 class QToolButton;
 
@@ -16,7 +17,7 @@ class EmptyWindowNotice final : public QWidget
 public:
     explicit EmptyWindowNotice(QWidget* parent);
 
-    /// Says where the nearest events are, in at most so many pixels, and takes the middle of its parent.
+    /// Says where the nearest events are and takes the middle of its parent; in one line where that is low.
     void showNearest(const std::optional<NearestEvent>& before, const std::optional<NearestEvent>& after);
 
 Q_SIGNALS:
@@ -24,8 +25,9 @@ Q_SIGNALS:
 
 private:
     QToolButton* makeLink(const QString& name, const QString& icon);
-    void fill(QToolButton& link, const std::optional<NearestEvent>& nearest, const QString& words);
+    void fill(QToolButton& link, const std::optional<NearestEvent>& nearest, const QString& words, int room);
 
+    QBoxLayout* m_layout;
     QLabel* m_text;
     QToolButton* m_before;
     QToolButton* m_after;

@@ -1,9 +1,10 @@
 #include "timeline/EventLabel.h"
 
+#include "timeline/PlainToolTip.h"
+
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QTextDocument>
 #include <QToolTip>
 
 EventLabel::EventLabel(QWidget* parent) : QLabel(parent)
@@ -19,6 +20,7 @@ void EventLabel::showLane(const Lane& lane, int index)
     setProperty("tag", lane.eventId);
     setText(lane.caption);
     setToolTip(lane.toolTip);
+    setAccessibleName(lane.toolTip);
     setGeometry(lane.captionLeft, index * TimelineLanes::laneHeight, lane.captionWidth,
                 TimelineLanes::laneHeight);
     show();
@@ -27,11 +29,7 @@ void EventLabel::showLane(const Lane& lane, int index)
 bool EventLabel::event(QEvent* event)
 {
     if (event->type() != QEvent::ToolTip) return QLabel::event(event);
-    // a name may hold what a tool-tip would take for its own markup
-    const QString text = toolTip();
-    const auto* help = static_cast<QHelpEvent*>(event);
-    QToolTip::showText(help->globalPos(), Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text,
-                       this);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), PlainToolTip::text(toolTip()), this);
     return true;
 }
 

@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr int outlineAlpha = 160;
+
 QPolygonF diamond(const QRectF& place)
 {
     const QPointF middle = place.center();
@@ -57,7 +59,10 @@ void EventMarker::paintEvent(QPaintEvent* /*event*/)
     const bool isKey = m_picture == Picture::imgDefaultKey || m_picture == Picture::imgSelectedKey;
     const QPointF middle = QRectF(rect()).center();
     const QRectF outer(middle.x() - 7, middle.y() - 7, 14, 14);
-    painter.setPen(QPen(palette().color(QPalette::Base), 1));
+    // dark as the colours are, an outline keeps them apart from a dark ground
+    QColor outline = palette().color(QPalette::Text);
+    outline.setAlpha(outlineAlpha);
+    painter.setPen(QPen(outline, 1));
     painter.setBrush(isSelected ? TimelineColours::selected : TimelineColours::event);
     painter.drawPolygon(diamond(outer));
     if (isKey) paintKey(painter, outer.adjusted(3, 3, -3, -3));

@@ -2,6 +2,7 @@
 
 #include "timeline/Timeline.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QPainter>
 
@@ -26,12 +27,19 @@ int tickHeight(TimelineRuler::Rank rank, int whole)
     return 0;
 }
 
+QColor faint(QColor colour)
+{
+    colour.setAlpha(140);
+    return colour;
+}
+
 } // namespace
 
 RulerStrip::RulerStrip(const Timeline& timeline, QWidget* parent) : QWidget(parent), m_timeline(timeline)
 {
     setObjectName(QStringLiteral("imgTime"));
     setAccessibleName(tr("Time scale"));
+    chooseDateFont();
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     for (std::size_t i = 0; i < m_captions.size(); ++i) {
         m_captions[i] = new QLabel(this);
@@ -43,6 +51,23 @@ RulerStrip::RulerStrip(const Timeline& timeline, QWidget* parent) : QWidget(pare
 int RulerStrip::captionRow() const
 {
     return fontMetrics().height() + 2;
+}
+
+void RulerStrip::chooseDateFont()
+{
+    m_dateFont = font();
+    m_dateFont.setBold(true);
+}
+
+void RulerStrip::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) chooseDateFont();
+}
+
+int RulerStrip::labelWidth(const QString& text, bool isDate) const
+{
+    return (isDate ? QFontMetrics(m_dateFont) : fontMetrics()).horizontalAdvance(text) + 1;
 }
 
 QSize RulerStrip::sizeHint() const
@@ -74,31 +99,41 @@ void RulerStrip::showRuler()
 void RulerStrip::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const QColor text = palette().color(QPalette::WindowText);
-    QColor faint = text;
-    faint.setAlpha(140);
     painter.setPen(palette().color(QPalette::Highlight));
     for (int i = 0; i < static_cast<int>(m_captions.size()); ++i) {
         painter.drawLine(i * TimelineScale::stepWidth, 2, i * TimelineScale::stepWidth, captionRow() - 2);
     }
+    const int top = captionRow();
+    painter.fillRect(0, top, width(), height() - top, palette().color(QPalette::AlternateBase));
+    paintTicks(painter, top);
+    paintLabels(painter, top);
+}
 
-    const int rulerTop = captionRow();
-    painter.fillRect(0, rulerTop, width(), height() - rulerTop, palette().color(QPalette::AlternateBase));
+void RulerStrip::paintTicks(QPainter& painter, int top) const
+{
+    const QColor plain = palette().color(QPalette::WindowText);
     for (const TimelineRuler::Tick& tick : m_timeline.ruler().ticks) {
-        painter.setPen(tick.rank == TimelineRuler::Rank::Part ? faint : text);
-        const int length = tickHeight(tick.rank, height() - rulerTop);
+        painter.setPen(tick.rank == TimelineRuler::Rank::Part ? faint(plain) : plain);
+        const int length = tickHeight(tick.rank, height() - top);
         painter.drawLine(QLineF(tick.left, height() - length, tick.left, height()));
     }
-    const int lineHeight = fontMetrics().height();
-    QFont plain = font();
-    QFont bold = font();
-    bold.setBold(true);
-    for (const TimelineRuler::Label& label : m_timeline.ruler().labels) {
-        painter.setFont(label.isDate ? bold : plain);
-        painter.setPen(label.rank == TimelineRuler::Rank::Part ? faint : text);
-        const int top = rulerTop + (label.isDate ? 0 : lineHeight);
-        painter.drawText(QPointF(label.left, top + fontMetrics().ascent()), label.text);
-    }
-    painter.setPen(faint);
+    painter.setPen(faint(plain));
     painter.drawLine(0, height() - 1, width(), height() - 1);
+}
+
+void RulerStrip::paintLabels(QPainter& painter, int top) const
+{
+    const QColor plain = palette().color(QPalette::WindowText);
+    const int lineHeight = fontMetrics().height();
+    for (const TimelineRuler::Label& label : m_timeline.ruler().labels) {
+        const int row = label.isDate ? top : top + lineHeight;
+        painter.setFont(label.isDate ? m_dateFont : font());
+        painter.setPen(label.rank == TimelineRuler::Rank::Part ? faint(plain) : plain);
+        // at the right edge a date stands across its tick
+        if (label.isDate) {
+            const QRectF room(label.left - 1, row, labelWidth(label.text, true) + 2, lineHeight);
+            painter.fillRect(room, palette().color(QPalette::AlternateBase));
+        }
+        painter.drawText(QPointF(label.left, row + fontMetrics().ascent()), label.text);
+    }
 }

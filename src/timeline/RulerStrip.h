@@ -17,6 +17,9 @@ public:
     /// The timeline must outlive the strip.
     RulerStrip(const Timeline& timeline, QWidget* parent);
 
+    /// The width of a label: dates are bold.
+    [[nodiscard]] int labelWidth(const QString& text, bool isDate) const;
+
     /// Shows the ruler and the captions as they are now.
     void showRuler();
 
@@ -25,10 +28,15 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     [[nodiscard]] int captionRow() const;
+    void chooseDateFont();
+    void paintTicks(QPainter& painter, int top) const;
+    void paintLabels(QPainter& painter, int top) const;
 
     const Timeline& m_timeline;
+    QFont m_dateFont;
     std::array<QLabel*, 4> m_captions{};
 };

@@ -2,6 +2,7 @@
 
 #include "app/ProgramState.h"
 #include "platform/Clock.h"
+#include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "timeline/TimeWindowQuery.h"
 
@@ -16,8 +17,12 @@ TimelineLimits today(const QDateTime& now)
 
 } // namespace
 
-Timeline::Timeline(const Platform& platform, ProgramState& state, TextWidth textWidth)
-    : m_platform(platform), m_state(state), m_textWidth(std::move(textWidth))
+Timeline::Timeline(const Platform& platform, ProgramState& state, TextWidth captionWidth,
+                   LabelWidth labelWidth)
+    : m_platform(platform),
+      m_state(state),
+      m_captionWidth(std::move(captionWidth)),
+      m_labelWidth(std::move(labelWidth))
 {
     m_window.begin(today(platform.clock.now()));
 }
@@ -62,7 +67,7 @@ void Timeline::resize(int width, int height)
     const bool isWindowNew = width != m_window.width();
     m_window.setWidth(width);
     m_laneCount = TimelineLanes::laneCount(height);
-    m_ruler = rulerOf(m_window, m_textWidth);
+    positionScale();
     // nobody asked for anything, so nobody is told what goes wrong
     try {
         if (isWindowNew) search();
@@ -135,7 +140,7 @@ void Timeline::chooseEvent(qint64 eventId)
     const bool done =
         runProcedure(m_platform.messages, QStringLiteral("searchByTimeConstraint"), [this, eventId] {
             showInWindow(eventId);
-            m_ruler = rulerOf(m_window, m_textWidth);
+            positionScale();
             search();
             const auto found =
                 std::find_if(m_events.begin(), m_events.end(),
@@ -175,8 +180,21 @@ std::array<QString, Timeline::captionCount> Timeline::captions() const
 
 void Timeline::refresh()
 {
-    m_ruler = rulerOf(m_window, m_textWidth);
+    positionScale();
     searchByTimeConstraint();
+}
+
+/// Lays the ruler behind the window; at a level that has none, it stays where it is.
+void Timeline::positionScale()
+{
+    const int level = m_window.zoomFactor();
+    const auto strip =
+        TimelineScale::positionScale(level, m_window.limits().timelineStart, m_window.currentTime());
+    if (strip) {
+        m_ruler = rulerOf(m_window, *strip, m_labelWidth);
+    } else {
+        m_platform.messages.show(QStringLiteral("zoomFactor %1 not yet handled.").arg(level));
+    }
 }
 
 bool Timeline::showsEvents() const
@@ -236,5 +254,5 @@ void Timeline::drawLanes()
     m_scroll.value = std::clamp(m_scroll.value, 0, m_scroll.max);
     m_lanes.clear();
     TimelineLanes::draw(m_window, m_events, static_cast<std::size_t>(m_scroll.value), m_laneCount, m_selected,
-                        m_textWidth, m_lanes);
+                        m_captionWidth, m_lanes);
 }

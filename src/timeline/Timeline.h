@@ -38,8 +38,9 @@ class Timeline
 public:
     static constexpr std::size_t captionCount = 4;
 
-    /// Both must outlive the timeline. `textWidth` measures the captions of the lanes and of the ruler.
-    Timeline(const Platform& platform, ProgramState& state, TextWidth textWidth);
+    /// Platform and state must outlive the timeline. `captionWidth` measures the captions of the lanes,
+    /// `labelWidth` the labels of the ruler.
+    Timeline(const Platform& platform, ProgramState& state, TextWidth captionWidth, LabelWidth labelWidth);
 
     /// Begins anew on the database that is open.
     void mainLoad();
@@ -92,6 +93,7 @@ public:
 private:
     void navigate(void (TimeWindow::*move)());
     void refresh();
+    void positionScale();
     void searchByTimeConstraint();
     void search();
     void DisplayRecords();
@@ -103,7 +105,8 @@ private:
 
     Platform m_platform;
     ProgramState& m_state;
-    TextWidth m_textWidth;
+    TextWidth m_captionWidth;
+    LabelWidth m_labelWidth;
     TimeWindow m_window;
     int m_laneCount = 0;
     std::vector<WindowEvent> m_events;

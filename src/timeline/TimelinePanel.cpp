@@ -22,7 +22,10 @@ constexpr int lanesPerNotch = 3;
 } // namespace
 
 TimelinePanel::TimelinePanel(const Platform& platform, ProgramState& state, QWidget* parent)
-    : QWidget(parent), m_timeline(platform, state, [this](const QString& text) { return textWidth(text); })
+    : QWidget(parent),
+      m_timeline(
+          platform, state, [this](const QString& text) { return captionWidth(text); },
+          [this](const QString& text, bool isDate) { return labelWidth(text, isDate); })
 {
     setObjectName(QStringLiteral("pnlTimeline"));
     makeParts();
@@ -119,9 +122,14 @@ QToolButton* TimelinePanel::makeButton(const QString& name, const QString& icon,
     return button;
 }
 
-int TimelinePanel::textWidth(const QString& text) const
+int TimelinePanel::captionWidth(const QString& text) const
 {
-    return m_picture == nullptr ? 0 : m_picture->fontMetrics().horizontalAdvance(text) + 1;
+    return m_picture->fontMetrics().horizontalAdvance(text) + 1;
+}
+
+int TimelinePanel::labelWidth(const QString& text, bool isDate) const
+{
+    return m_ruler->labelWidth(text, isDate);
 }
 
 void TimelinePanel::run(Handler handler)
@@ -209,19 +217,23 @@ void TimelinePanel::keyPressEvent(QKeyEvent* event)
 void TimelinePanel::wheelEvent(QWheelEvent* event)
 {
     m_wheel += event->angleDelta();
-    const int turned = std::abs(m_wheel.y()) >= std::abs(m_wheel.x()) ? m_wheel.y() : m_wheel.x();
-    const int notches = turned / wheelNotch;
+    const bool isSideways = std::abs(m_wheel.x()) > std::abs(m_wheel.y());
+    const int notches = (isSideways ? m_wheel.x() : m_wheel.y()) / wheelNotch;
     event->accept();
     if (notches == 0) return;
     m_wheel = {};
-    const bool up = notches > 0;
     if (event->modifiers().testFlag(Qt::ControlModifier)) {
-        for (int i = 0; i < std::abs(notches); ++i)
-            run(up ? &Timeline::ZoomIn : &Timeline::ZoomOut);
-    } else if (event->modifiers().testFlag(Qt::ShiftModifier)) {
-        for (int i = 0; i < std::abs(notches); ++i)
-            run(up ? &Timeline::NavStepBack : &Timeline::NavStepForward);
+        turn(notches, &Timeline::ZoomIn, &Timeline::ZoomOut);
+    } else if (event->modifiers().testFlag(Qt::ShiftModifier) || isSideways) {
+        // time runs sideways, and so does a wheel that can
+        turn(notches, &Timeline::NavStepBack, &Timeline::NavStepForward);
     } else {
         scrollLanes(-notches * lanesPerNotch);
     }
+}
+
+void TimelinePanel::turn(int notches, Handler up, Handler down)
+{
+    for (int i = 0; i < std::abs(notches); ++i)
+        run(notches > 0 ? up : down);
 }

@@ -54,7 +54,9 @@ private:
     void run(Handler handler);
     void showAll();
     void scrollLanes(int lanes);
-    [[nodiscard]] int textWidth(const QString& text) const;
+    void turn(int notches, Handler up, Handler down);
+    [[nodiscard]] int captionWidth(const QString& text) const;
+    [[nodiscard]] int labelWidth(const QString& text, bool isDate) const;
 
     Timeline m_timeline;
     TimelinePicture* m_picture = nullptr;

@@ -3,15 +3,21 @@
 #include "timeline/EmptyWindowNotice.h"
 #include "timeline/EventLabel.h"
 #include "timeline/EventMarker.h"
+#include "timeline/PlainToolTip.h"
 #include "timeline/Timeline.h"
 #include "timeline/TimelineColours.h"
 
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 
 namespace {
+
+/// Dark as the colours of events are, an outline keeps them apart from a dark ground.
+constexpr int outlineAlpha = 110;
 
 constexpr int firstPool = 26;
 constexpr int fewestLanes = 3;
@@ -128,7 +134,7 @@ void TimelinePicture::paintLanes(QPainter& painter) const
     QColor band = palette().color(QPalette::Highlight);
     band.setAlpha(60);
     QColor edge = palette().color(QPalette::Text);
-    edge.setAlpha(90);
+    edge.setAlpha(outlineAlpha);
     for (std::size_t i = 0; i < lanes.size(); ++i) {
         const Lane& lane = lanes[i];
         if (lane.isSelected) {
@@ -155,16 +161,32 @@ void TimelinePicture::resizeEvent(QResizeEvent* event)
     Q_EMIT resized(width(), height());
 }
 
-/// A bar or a marker is clicked as its label is.
-void TimelinePicture::mousePressEvent(QMouseEvent* event)
+const Lane* TimelinePicture::drawnAt(const QPointF& point) const
 {
-    const QPointF at = event->position();
-    const auto index = static_cast<std::size_t>(std::max(0.0, at.y()) / TimelineLanes::laneHeight);
-    if (event->button() != Qt::LeftButton || index >= m_timeline.lanes().size()) return;
+    const auto index = static_cast<std::size_t>(std::max(0.0, point.y()) / TimelineLanes::laneHeight);
+    if (index >= m_timeline.lanes().size()) return nullptr;
     const Lane& lane = m_timeline.lanes()[index];
     const double left = lane.isInstant ? lane.markerLeft : lane.barLeft;
     const double width = lane.isInstant ? TimelineLanes::markerWidth : std::max(lane.barWidth, narrowestBar);
-    if (at.x() >= left && at.x() < left + width) Q_EMIT eventClicked(lane.eventId);
+    return point.x() >= left && point.x() < left + width ? &lane : nullptr;
+}
+
+/// A bar or a marker is clicked as its label is.
+void TimelinePicture::mousePressEvent(QMouseEvent* event)
+{
+    const Lane* lane = event->button() == Qt::LeftButton ? drawnAt(event->position()) : nullptr;
+    if (lane != nullptr) Q_EMIT eventClicked(lane->eventId);
+}
+
+/// A bar and a marker say what their label says.
+bool TimelinePicture::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+    const auto& help = *static_cast<QHelpEvent*>(event);
+    const Lane* lane = drawnAt(help.pos());
+    QToolTip::showText(help.globalPos(), lane == nullptr ? QString() : PlainToolTip::text(lane->toolTip),
+                       this);
+    return true;
 }
 
 void TimelinePicture::changeEvent(QEvent* event)

@@ -8,6 +8,7 @@ class EmptyWindowNotice;
 class EventLabel;
 class EventMarker;
 class Timeline;
+struct Lane;
 
 /// The lanes of the timeline, with a label and a marker for each from a pool. The pool grows when the picture
 /// is resized; drawing only moves, fills, shows and hides what is there.
@@ -31,6 +32,7 @@ Q_SIGNALS:
     void nearestChosen(qint64 eventId);
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -40,6 +42,10 @@ protected:
 
 private:
     void growPool(int count);
+
+    /// The lane whose bar or marker is at a point; null where there is none.
+    [[nodiscard]] const Lane* drawnAt(const QPointF& point) const;
+
     void chooseFont();
     void paintGrid(QPainter& painter) const;
     void paintLanes(QPainter& painter) const;

@@ -51,13 +51,16 @@ QString dayText(Moment moment)
 class LabelRows
 {
 public:
-    LabelRows(int width, const TextWidth& textWidth) : m_width(width), m_textWidth(textWidth) {}
+    LabelRows(int width, const LabelWidth& labelWidth) : m_width(width), m_labelWidth(labelWidth) {}
 
     void add(const TimelineRuler::Tick& tick, const QString& text, bool isDate)
     {
-        const double left = tick.left + labelOffset;
-        const double right = left + m_textWidth(text);
-        if (tick.left < -tolerance || right > m_width) return;
+        const int width = m_labelWidth(text, isDate);
+        double left = tick.left + labelOffset;
+        // a day that begins close to the right edge is named all the same
+        if (isDate) left = std::min(left, static_cast<double>(m_width - width));
+        const double right = left + width;
+        if (left < 0 || right > m_width) return;
         const bool collides = std::any_of(m_taken.begin(), m_taken.end(), [&](const Taken& taken) {
             return taken.isDate == isDate && left < taken.right + labelGap && taken.left < right + labelGap;
         });
@@ -77,36 +80,34 @@ private:
     };
 
     int m_width;
-    const TextWidth& m_textWidth;
+    const LabelWidth& m_labelWidth;
     std::vector<Taken> m_taken;
     std::vector<TimelineRuler::Label> m_labels;
 };
 
 } // namespace
 
-TimelineRuler rulerOf(const TimeWindow& window, const TextWidth& textWidth)
+TimelineRuler rulerOf(const TimeWindow& window, const TimelineScale::Strip& strip,
+                      const LabelWidth& labelWidth)
 {
-    const auto strip = TimelineScale::positionScale(window.zoomFactor(), window.limits().timelineStart,
-                                                    window.currentTime());
-    if (!strip) return {};
-    const Division division = divisions[static_cast<std::size_t>(window.zoomFactor())];
+    const Division division = divisions.at(static_cast<std::size_t>(window.zoomFactor()));
     const double partWidth = static_cast<double>(TimelineScale::stepWidth) / division.parts;
     const Minutes partMinutes = window.step() / division.parts;
 
     TimelineRuler ruler;
     std::vector<TimelineRuler::Tick> labelled;
     // the ruler goes on where a wide picture reaches beyond the strip
-    for (auto part = static_cast<int>(std::ceil(-strip->left / partWidth - tolerance));; ++part) {
-        const double left = strip->left + part * partWidth;
+    for (auto part = static_cast<int>(std::ceil(-strip.left / partWidth - tolerance));; ++part) {
+        const double left = strip.left + part * partWidth;
         if (left > window.width()) break;
-        const Moment moment = strip->origin + part * partMinutes;
+        const Moment moment = strip.origin + part * partMinutes;
         ruler.ticks.push_back({left, rankOf(moment, part % division.parts == 0), moment});
         if (part % division.partsToLabel == 0) labelled.push_back(ruler.ticks.back());
     }
     // where there is not room for all, the steps come first
     std::stable_sort(labelled.begin(), labelled.end(),
                      [](const auto& a, const auto& b) { return a.rank > b.rank; });
-    LabelRows rows(window.width(), textWidth);
+    LabelRows rows(window.width(), labelWidth);
     for (const TimelineRuler::Tick& tick : labelled) {
         if (tick.rank >= TimelineRuler::Rank::Day) rows.add(tick, dayText(tick.moment), true);
         rows.add(tick, timeText(tick.moment), false);

@@ -1,11 +1,14 @@
 #pragma once
 
 #include "timeline/TimeWindow.h"
-#include "timeline/TimelineLanes.h"
 
 #include <QString>
 
+#include <functional>
 #include <vector>
+
+/// The width of a label of the ruler in the font of its row, in units.
+using LabelWidth = std::function<int(const QString& text, bool isDate)>;
 
 /// The ruler above the lanes: a tick at each division of the scale, the time at those that have room for it,
 /// and the date wherever a day begins. Positions are units from the left edge of the window.
@@ -39,5 +42,6 @@ struct TimelineRuler
     std::vector<Label> labels; ///< none overlaps another of its row or reaches over an edge
 };
 
-/// The ruler of a window. Empty for levels that have no strip.
-[[nodiscard]] TimelineRuler rulerOf(const TimeWindow& window, const TextWidth& textWidth);
+/// The ruler of a window, on a strip that lies where `positionScale` puts it.
+[[nodiscard]] TimelineRuler rulerOf(const TimeWindow& window, const TimelineScale::Strip& strip,
+                                    const LabelWidth& labelWidth);

@@ -8,21 +8,26 @@ namespace {
 
 constexpr int mismatchNumber = 13;
 
+Moment momentAt(const std::string& date, const std::string& time, const QString& eventName)
+{
+    const auto moment = momentOfHeld(date, time);
+    if (moment) return *moment;
+    throw Error(mismatchNumber,
+                QStringLiteral("%1 %2 is not a date and time (%3)")
+                    .arg(QString::fromStdString(date), QString::fromStdString(time), eventName));
+}
+
 } // namespace
 
 Moment WindowEvent::start() const
 {
-    const auto moment = momentOfHeld(startDate, startTime);
-    if (moment) return *moment;
-    throw Error(mismatchNumber,
-                QStringLiteral("%1 %2 is not a date and time (%3)")
-                    .arg(QString::fromStdString(startDate), QString::fromStdString(startTime), eventName));
+    return momentAt(startDate, startTime, eventName);
 }
 
 Moment WindowEvent::end() const
 {
     const Moment begin = start();
-    return std::max(momentOfHeld(endDate, endTime).value_or(begin), begin);
+    return endDate.empty() ? begin : std::max(momentAt(endDate, endTime, eventName), begin);
 }
 
 std::vector<WindowEvent> readWindowEvents(RecordSet rows, std::optional<std::size_t> atMost)

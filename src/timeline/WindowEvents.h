@@ -23,7 +23,7 @@ struct WindowEvent
     /// Throws Error where there is no such moment.
     [[nodiscard]] Moment start() const;
 
-    /// The start where the end is missing or comes before it.
+    /// The start where the end is missing or comes before it. Throws Error where there is no such moment.
     [[nodiscard]] Moment end() const;
 };
 

@@ -139,6 +139,10 @@ TEST_F(Lanes, ThereAreAsManyAsThePictureHoldsFromTheFirstShown)
     std::vector<Lane> lanes;
     EXPECT_THROW(TimelineLanes::draw(m_window, events, 0, 5, std::nullopt, textWidth, lanes), Error);
     EXPECT_EQ(lanes.size(), 2u) << "those drawn before it stay";
+    events[1].endDate = "2001-02-30";
+    lanes.clear();
+    EXPECT_THROW(TimelineLanes::draw(m_window, events, 0, 5, std::nullopt, textWidth, lanes), Error);
+    EXPECT_EQ(lanes.size(), 1u) << "an end that is no day is not taken for a missing one";
 }
 
 } // namespace

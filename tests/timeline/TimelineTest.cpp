@@ -65,8 +65,9 @@ protected:
     TestDatabase m_database;
     ScriptedPlatform m_desktop;
     ProgramState m_state{ProgramFolder(m_database.folder())};
-    Timeline m_timeline{m_desktop.platform(), m_state,
-                        [](const QString& text) { return static_cast<int>(text.size()) * 7; }};
+    Timeline m_timeline{
+        m_desktop.platform(), m_state, [](const QString& text) { return static_cast<int>(text.size()) * 7; },
+        [](const QString& text, bool /*isDate*/) { return static_cast<int>(text.size()) * 7; }};
 };
 
 TEST_F(Handlers, TheTimelineBeginsWithItsFirstEventAtTheFinestLevel)
