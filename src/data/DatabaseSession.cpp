@@ -1,6 +1,7 @@
 #include "data/DatabaseSession.h"
 
 #include "data/EngineError.h"
+#include "data/StatementShape.h"
 #include "data/StatementTranslator.h"
 #include "util/Error.h"
 
@@ -163,6 +164,7 @@ void DatabaseSession::open(const QString& file)
         addWatch(opened->getHandle(), &m_watch);
         m_database = std::move(opened);
         m_catalog = std::move(catalog);
+        m_prepared = std::make_shared<PreparedStatements>();
         m_fileName = file;
     } catch (const Error& error) {
         throw Error(error.number(), QStringLiteral("%1 (%2)").arg(error.description(), file));
@@ -171,6 +173,7 @@ void DatabaseSession::open(const QString& file)
 
 void DatabaseSession::close()
 {
+    m_prepared.reset();
     m_database.reset();
     m_catalog = {};
     m_fileName.clear();
@@ -190,7 +193,25 @@ bool DatabaseSession::isReadOnly() const
 RecordSet DatabaseSession::read(const QString& statement)
 {
     database();
-    return {prepare(StatementTranslator(m_catalog).select(statement).sql, Access::Read), m_catalog, m_watch};
+    const auto shape = shapeOf(statement);
+    if (!shape) return readOnce(StatementTranslator(m_catalog).select(statement).sql);
+    auto prepared = PreparedStatements::take(m_prepared, shape->text);
+    if (!prepared) {
+        const QString sql = StatementTranslator(m_catalog).select(statement, shape->dates).sql;
+        prepared = PreparedStatements::lend(m_prepared, shape->text,
+                                            PreparedStatement(prepare(sql, Access::Read), m_catalog));
+    }
+    for (int i = 0; i < shape->dates.size(); ++i)
+        prepared->statement.bind(i + 1, shape->dates[i]);
+    return {std::move(prepared), m_watch};
+}
+
+/// Reads a statement of the engine that is not kept.
+RecordSet DatabaseSession::readOnce(const QString& engineStatement)
+{
+    return {PreparedStatements::lend({}, {},
+                                     PreparedStatement(prepare(engineStatement, Access::Read), m_catalog)),
+            m_watch};
 }
 
 RecordTable DatabaseSession::readAll(const QString& statement)

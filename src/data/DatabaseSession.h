@@ -3,6 +3,7 @@
 #include "data/Catalog.h"
 #include "data/EditableRecordSet.h"
 #include "data/EngineRules.h"
+#include "data/PreparedStatements.h"
 #include "data/RecordSet.h"
 
 #include <QString>
@@ -58,6 +59,7 @@ private:
     friend class EditableRecordSet;
     friend class Transaction;
 
+    RecordSet readOnce(const QString& engineStatement);
     EngineStatement prepare(const QString& engineStatement, Access access);
     void runInEngine(const QString& engineStatement);
 
@@ -67,6 +69,7 @@ private:
 
     std::shared_ptr<SQLite::Database> m_database; ///< shared with the statements that still read
     Catalog m_catalog;
+    std::shared_ptr<PreparedStatements> m_prepared; ///< of the open file
     QString m_fileName;
     Access m_access = Access::Read;
     StatementWatch m_watch;

@@ -58,7 +58,7 @@ EditableRecordSet::EditableRecordSet(DatabaseSession& session, const TranslatedS
       m_database(session.database()),
       m_table(*session.m_catalog.findTable(statement.table))
 {
-    RecordSet rows(session.prepare(statement.sql, Access::Read), session.m_catalog, session.m_watch);
+    RecordSet rows = session.readOnce(statement.sql);
     while (rows.next()) {
         Row& row = m_rows.emplace_back();
         row.number = rows.integer(0);
@@ -109,7 +109,7 @@ std::optional<qint64> EditableRecordSet::nextNumber() const
     if (m_table.keyColumn.isEmpty()) return std::nullopt;
     const QString next = QStringLiteral("SELECT ifnull(max(%1), 0) + 1 FROM %2")
                              .arg(quoteSqlName(m_table.keyColumn), quoteSqlName(m_table.name));
-    RecordSet number(m_session->prepare(next, Access::Read), m_session->m_catalog, m_session->m_watch);
+    RecordSet number = m_session->readOnce(next);
     number.next();
     return number.integer(0);
 }

@@ -68,9 +68,9 @@ void lower(sqlite3_context* context, int /*count*/, sqlite3_value** arguments)
 
 bool isAllowedFunction(std::string_view name)
 {
-    static constexpr std::array<std::string_view, 11> names{"count",    "like",   "lower",    "min",
-                                                            "max",      "trim",   "substr",   "ifnull",
-                                                            "coalesce", "length", "julianday"};
+    static constexpr std::array<std::string_view, 12> names{"count",    "like",   "lower",     "min",
+                                                            "max",      "trim",   "substr",    "ifnull",
+                                                            "coalesce", "length", "julianday", "date"};
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 

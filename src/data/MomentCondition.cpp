@@ -2,7 +2,6 @@
 
 #include "util/DateTimeText.h"
 
-#include <QDate>
 #include <QStringList>
 
 namespace {
@@ -100,25 +99,23 @@ bool isTime(const QString& held)
     return held.size() > 2 && held[2] == u':';
 }
 
-/// The earliest day that an event can have started on which ends on a day or later, if its days have so many
-/// digits.
-QString earliestStart(const QDate& endedFrom, int digits)
+/// The day before which no event can have started that runs on a day and whose own days have so many digits.
+QString earliestStart(const QString& day, int digits)
 {
-    qint64 mostDays = 0;
-    for (int digit = 0; digit < digits; ++digit)
-        mostDays = mostDays * 10 + 9;
-    const QDate day = endedFrom.addDays(-mostDays);
-    return day.year() < 1 ? QString() : DateTimeText::heldDate(day);
+    // the engine knows no day that is as long ago as the longest can be
+    if (digits == mostDigits) return QStringLiteral("''");
+    return QStringLiteral("date(%1, '-%2 days')").arg(day, QString(digits, u'9'));
 }
 
 } // namespace
 
-QString MomentComparison::sql(const QString& dayExpression, const QString& timeExpression) const
+QString MomentComparison::sql(const QString& dayExpression, const QString& timeExpression,
+                              const QString& dayLiteral, const QString& timeLiteral) const
 {
     const QString beyond = isAfter ? QStringLiteral(">") : QStringLiteral("<");
     const QString timeOperator = isInclusive ? beyond + u'=' : beyond;
     return QStringLiteral("%1 %2= %3 AND (%1 %2 %3 OR ifnull(%4, '00:00') %5 %6)")
-        .arg(dayExpression, beyond, quoteSqlText(day), timeExpression, timeOperator, quoteSqlText(time));
+        .arg(dayExpression, beyond, dayLiteral, timeExpression, timeOperator, timeLiteral);
 }
 
 std::optional<MomentComparison> readMomentComparison(const std::vector<SqlToken>& tokens, std::size_t begin,
@@ -173,14 +170,12 @@ namespace EventsByLength {
 
 QString candidates(const QString& startedBy, const QString& endedFrom)
 {
-    const QDate day = QDate::fromString(endedFrom, Qt::ISODate);
     QStringList reaches;
     for (int digits = 1; digits <= mostDigits; ++digits)
-        reaches << QStringLiteral("(%1, '%2')").arg(QString::number(digits), earliestStart(day, digits));
-    return QStringLiteral(
-               "SELECT e.EventID FROM (VALUES %1) AS reach CROSS JOIN Event AS e "
-               "WHERE length(CAST(julianday(e.EndDate) - julianday(e.StartDate) AS INTEGER)) = "
-               "reach.column1 AND e.StartDate BETWEEN reach.column2 AND '%2' AND e.EndDate >= '%3'")
+        reaches << QStringLiteral("(%1, %2)").arg(QString::number(digits), earliestStart(endedFrom, digits));
+    return QStringLiteral("SELECT e.EventID FROM (VALUES %1) AS reach CROSS JOIN Event AS e "
+                          "WHERE length(CAST(julianday(e.EndDate) - julianday(e.StartDate) AS INTEGER)) = "
+                          "reach.column1 AND e.StartDate BETWEEN reach.column2 AND %2 AND e.EndDate >= %3")
         .arg(reaches.join(QStringLiteral(", ")), startedBy, endedFrom);
 }
 

@@ -25,8 +25,9 @@ struct MomentComparison
     bool isInclusive = false;
 
     /// The comparison for the engine, with the day bounded on its own as well, so that an index of days
-    /// serves it. A missing time is midnight.
-    [[nodiscard]] QString sql(const QString& dayExpression, const QString& timeExpression) const;
+    /// serves it. A missing time is midnight. The literals are given as the engine is to read them.
+    [[nodiscard]] QString sql(const QString& dayExpression, const QString& timeExpression,
+                              const QString& dayLiteral, const QString& timeLiteral) const;
 };
 
 /// Reads the tokens from `begin` to `end`, the parentheses around them left out; nothing where they are
@@ -50,8 +51,8 @@ namespace EventsByLength {
 
 inline constexpr QStringView indexName = u"EventByLength";
 
-/// Selects the identifiers of the events that started on a day or before it and ended on another or after it,
-/// both in held form.
+/// Selects the identifiers of the events that started on a day or before it and ended on another or after it;
+/// both are expressions of the engine.
 [[nodiscard]] QString candidates(const QString& startedBy, const QString& endedFrom);
 
 } // namespace EventsByLength

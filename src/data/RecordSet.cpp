@@ -15,13 +15,6 @@ int findColumn(const std::vector<QString>& names, QStringView name)
     throw Error(unknownColumnNumber, QStringLiteral("no such column: %1").arg(name));
 }
 
-ColumnForm formOf(const EngineStatement& statement, int column, const Catalog& catalog)
-{
-    const QString type = statement.declaredType(column);
-    return type.isEmpty() ? catalog.formByName(statement.columnName(column))
-                          : Catalog::formOfDeclaredType(type);
-}
-
 } // namespace
 
 QString programText(ColumnForm form, std::string_view held)
@@ -40,14 +33,9 @@ QString programText(ColumnForm form, std::string_view held)
     return QString::fromUtf8(held.data(), static_cast<qsizetype>(held.size()));
 }
 
-RecordSet::RecordSet(EngineStatement statement, const Catalog& catalog, StatementWatch& watch)
-    : m_statement(std::move(statement)), m_watch(&watch)
+RecordSet::RecordSet(PreparedStatements::Loan prepared, StatementWatch& watch)
+    : m_prepared(std::move(prepared)), m_watch(&watch)
 {
-    const int count = m_statement.columnCount();
-    for (int i = 0; i < count; ++i) {
-        m_names.push_back(m_statement.columnName(i));
-        m_forms.push_back(formOf(m_statement, i, catalog));
-    }
 }
 
 bool RecordSet::next()
@@ -57,7 +45,7 @@ bool RecordSet::next()
     if (m_ended) return false;
     m_watch->beginStep();
     try {
-        m_ended = !m_statement.step();
+        m_ended = !engine().step();
     } catch (const Error& error) {
         m_failure = error;
         throw;
@@ -67,17 +55,17 @@ bool RecordSet::next()
 
 int RecordSet::column(QStringView name) const
 {
-    return findColumn(m_names, name);
+    return findColumn(m_prepared->names, name);
 }
 
 QString RecordSet::text(int column) const
 {
-    return programText(m_forms[static_cast<std::size_t>(column)], held(column));
+    return programText(m_prepared->forms[static_cast<std::size_t>(column)], held(column));
 }
 
 Value RecordSet::value(int column) const
 {
-    switch (m_statement.type(column)) {
+    switch (engine().type(column)) {
     case SQLITE_NULL:
         return {};
     case SQLITE_INTEGER:

@@ -2,7 +2,7 @@
 
 #include "data/Catalog.h"
 #include "data/EngineRules.h"
-#include "data/EngineStatement.h"
+#include "data/PreparedStatements.h"
 #include "data/Value.h"
 #include "util/Error.h"
 
@@ -22,7 +22,7 @@ QString programText(ColumnForm form, std::string_view held);
 class RecordSet
 {
 public:
-    RecordSet(EngineStatement statement, const Catalog& catalog, StatementWatch& watch);
+    RecordSet(PreparedStatements::Loan prepared, StatementWatch& watch);
 
     /// Moves to the next row; false after the last, however often it is asked.
     bool next();
@@ -30,25 +30,22 @@ public:
     /// The position of a column. Throws Error where the rows have no such column.
     [[nodiscard]] int column(QStringView name) const;
 
-    [[nodiscard]] bool isNull(int column) const { return m_statement.type(column) == SQLITE_NULL; }
-    [[nodiscard]] qint64 integer(int column) const
-    {
-        return m_statement.integer(column);
-    }                                                                                ///< 0 where missing
-    [[nodiscard]] double real(int column) const { return m_statement.real(column); } ///< 0 where missing
-    [[nodiscard]] QString text(int column) const;                                    ///< empty where missing
+    [[nodiscard]] bool isNull(int column) const { return engine().type(column) == SQLITE_NULL; }
+    [[nodiscard]] qint64 integer(int column) const { return engine().integer(column); } ///< 0 where missing
+    [[nodiscard]] double real(int column) const { return engine().real(column); }       ///< 0 where missing
+    [[nodiscard]] QString text(int column) const; ///< empty where missing
     [[nodiscard]] Value value(int column) const;
 
     /// The text as the file holds it, in UTF-8; valid until the next row is asked for.
-    [[nodiscard]] std::string_view held(int column) const { return m_statement.text(column); }
+    [[nodiscard]] std::string_view held(int column) const { return engine().text(column); }
 
-    [[nodiscard]] const std::vector<QString>& columnNames() const { return m_names; }
+    [[nodiscard]] const std::vector<QString>& columnNames() const { return m_prepared->names; }
 
 private:
-    EngineStatement m_statement;
+    [[nodiscard]] EngineStatement& engine() const { return m_prepared->statement; }
+
+    PreparedStatements::Loan m_prepared;
     StatementWatch* m_watch;
-    std::vector<QString> m_names;
-    std::vector<ColumnForm> m_forms;
     bool m_ended = false;
     std::optional<Error> m_failure;
 };

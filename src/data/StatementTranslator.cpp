@@ -3,6 +3,7 @@
 #include "data/MomentCondition.h"
 #include "data/SqlTokenizer.h"
 #include "data/StatementScope.h"
+#include "data/StatementShape.h"
 #include "util/DateTimeText.h"
 #include "util/Error.h"
 
@@ -46,13 +47,6 @@ struct Span
     refuse(QStringLiteral("%1 stands where it has no meaning").arg(token.text));
 }
 
-/// What a date literal is compared as. Midnight is no part of a column that holds days alone.
-QString dateText(const QString& literal)
-{
-    const QString held = DateTimeText::heldFromLiteral(literal);
-    return held.endsWith(QStringLiteral(" 00:00:00")) ? held.left(10) : held;
-}
-
 /// The engine takes a chain of OR as one level of depth for each, and bounds the depth. The places that a
 /// search names can be many more, so a long chain is halved until its pieces are short.
 QString joinAlternatives(const QStringList& alternatives, qsizetype begin, qsizetype end)
@@ -68,8 +62,11 @@ QString joinAlternatives(const QStringList& alternatives, qsizetype begin, qsize
 class Translation
 {
 public:
-    Translation(const Catalog& catalog, const QString& statement, bool forEditing)
-        : m_catalog(catalog), m_tokens(tokenizeSql(statement)), m_forEditing(forEditing)
+    Translation(const Catalog& catalog, const QString& statement, bool forEditing, QStringList dates = {})
+        : m_catalog(catalog),
+          m_tokens(tokenizeSql(statement)),
+          m_forEditing(forEditing),
+          m_dates(std::move(dates))
     {
     }
 
@@ -320,7 +317,7 @@ private:
             return quoteSqlText(token.text);
         case SqlToken::Kind::Date:
             ++i;
-            return quoteSqlText(dateText(token.text));
+            return date(comparedDate(DateTimeText::heldFromLiteral(token.text)));
         case SqlToken::Kind::Number:
             ++i;
             return token.text;
@@ -372,13 +369,20 @@ private:
         return u'(' + *started + QStringLiteral(") AND (") + *ended + u')' + candidates(*running, scope);
     }
 
-    static std::optional<QString> comparedSql(const MomentComparison& comparison, StatementScope& scope)
+    /// A date as the engine reads it.
+    [[nodiscard]] QString date(const QString& compared) const
+    {
+        const auto parameter = m_dates.indexOf(compared);
+        return parameter < 0 ? quoteSqlText(compared) : u'?' + QString::number(parameter + 1);
+    }
+
+    std::optional<QString> comparedSql(const MomentComparison& comparison, StatementScope& scope) const
     {
         const ResolvedColumn day = scope.resolve(comparison.dayColumn.qualifier, comparison.dayColumn.column);
         const ResolvedColumn time =
             scope.resolve(comparison.timeColumn.qualifier, comparison.timeColumn.column);
         if (day.form != ColumnForm::Date || time.form != ColumnForm::Time) return std::nullopt;
-        return comparison.sql(day.sql, time.sql);
+        return comparison.sql(day.sql, time.sql, date(comparison.day), date(comparison.time));
     }
 
     /// What narrows events that run at a moment to those that an index can tell; empty where it does not
@@ -395,7 +399,7 @@ private:
             !names(running.ended.dayColumn, QStringLiteral("EndDate")))
             return {};
         return QStringLiteral(" AND %1 IN (%2)")
-            .arg(key.sql, EventsByLength::candidates(running.started.day, running.ended.day));
+            .arg(key.sql, EventsByLength::candidates(date(running.started.day), date(running.ended.day)));
     }
 
     QString function(std::size_t& i, std::size_t end, StatementScope& scope, Clause clause, int depth)
@@ -441,15 +445,16 @@ private:
     const Catalog& m_catalog;
     std::vector<SqlToken> m_tokens;
     bool m_forEditing;
+    QStringList m_dates;
     bool m_ruleListedTexts = false;
     QString m_onlyTable;
 };
 
 } // namespace
 
-TranslatedStatement StatementTranslator::select(const QString& statement) const
+TranslatedStatement StatementTranslator::select(const QString& statement, const QStringList& dates) const
 {
-    return Translation(m_catalog, statement, false).select();
+    return Translation(m_catalog, statement, false, dates).select();
 }
 
 TranslatedStatement StatementTranslator::selectForEditing(const QString& statement) const

@@ -3,6 +3,7 @@
 #include "data/Catalog.h"
 
 #include <QString>
+#include <QStringList>
 
 /// A statement in the engine's own dialect.
 struct TranslatedStatement
@@ -29,8 +30,8 @@ class StatementTranslator
 public:
     explicit StatementTranslator(const Catalog& catalog) : m_catalog(catalog) {}
 
-    /// A statement that reads.
-    [[nodiscard]] TranslatedStatement select(const QString& statement) const;
+    /// A statement that reads. Dates that are among `dates` become parameters, numbered from 1.
+    [[nodiscard]] TranslatedStatement select(const QString& statement, const QStringList& dates = {}) const;
 
     /// A statement that reads all columns of one table, with the row's own number before them as `rowid`.
     [[nodiscard]] TranslatedStatement selectForEditing(const QString& statement) const;
