@@ -21,8 +21,8 @@ namespace {
 
 constexpr double barWidth = 0.7; ///< of a bar's slot
 constexpr int pixelsPerStep = 36;
-constexpr int axisRoom = 64;  ///< for the numbers of the axis and the margins
-constexpr int titleRoom = 48; ///< for the title and the margins
+constexpr int besideAxis = 26; ///< the margins on both sides, and the ticks
+constexpr int titleRoom = 48;  ///< for the title and the margins
 constexpr int lowestPlot = 60;
 constexpr int nameGap = 8;
 constexpr int widestTurnedSlot = 100;
@@ -83,50 +83,70 @@ void ChartView::setCounts(std::vector<DocumentTypeCount> counts)
     m_bars->append(values);
     for (QAbstractAxis* axis : {static_cast<QAbstractAxis*>(m_names), static_cast<QAbstractAxis*>(m_axis)})
         axis->setVisible(!m_counts.empty());
-    setMinimumWidth(axisRoom + narrowestSlot() * static_cast<int>(m_counts.size()));
+    setMinimumWidth(axisRoom() + narrowestSlot() * static_cast<int>(m_counts.size()));
     layOut();
     QAccessibleTableModelChangeEvent changed(this, QAccessibleTableModelChangeEvent::ModelReset);
     QAccessible::updateAccessibility(&changed);
 }
 
+qint64 ChartView::highestCount() const
+{
+    qint64 highest = 0;
+    for (const DocumentTypeCount& count : m_counts)
+        highest = std::max(highest, count.documents);
+    return highest;
+}
+
+/// What the axis takes of the width with its numbers, none of which is twice the highest count.
+int ChartView::axisRoom() const
+{
+    return besideAxis + fontMetrics().horizontalAdvance(QString::number(2 * highestCount()));
+}
+
 /// Wide enough for a name that is turned and for a number that is not.
 int ChartView::narrowestSlot() const
 {
-    const QFontMetrics metrics(font());
-    int slot = metrics.height() + 2;
-    for (const DocumentTypeCount& count : m_counts)
-        slot = std::max(slot, metrics.horizontalAdvance(QString::number(count.documents)) + 8);
-    return slot;
+    constexpr int numberGap = 6;
+    const int number = fontMetrics().horizontalAdvance(QString::number(highestCount()));
+    return std::max(fontMetrics().height() + 2, number + numberGap);
 }
 
 void ChartView::layOut()
 {
     layOutNames();
-    qint64 highest = 0;
     QStringList categories;
-    for (const DocumentTypeCount& count : m_counts) {
-        highest = std::max(highest, count.documents);
-        // names are written by this view, since the axis would leave out those that are alike or long
-        categories << QString::number(categories.size());
-    }
+    // names are written by this view, since the axis would leave out those that are alike or long
+    for (std::size_t bar = 0; bar < m_counts.size(); ++bar)
+        categories << QString::number(bar);
     const int plotHeight = std::max(height() - m_nameRoom - titleRoom, lowestPlot);
     const double numberRoom = static_cast<double>(fontMetrics().height() + 8) / plotHeight;
     const ChartScale scale =
-        ChartScale::forCounts(highest, plotHeight / pixelsPerStep, std::min(numberRoom, 0.5));
-    m_axis->setRange(0, static_cast<double>(scale.top));
-    m_axis->setTickInterval(static_cast<double>(scale.step));
-    m_names->setCategories(categories);
+        ChartScale::forCounts(highestCount(), plotHeight / pixelsPerStep, std::min(numberRoom, 0.5));
+    applyScale(scale);
+    if (categories != m_names->categories()) m_names->setCategories(categories);
     chart()->setMargins(QMargins(4, 4, 8, m_nameRoom));
     viewport()->update();
+}
+
+/// Makes the axis coarser before it becomes longer and shorter before it becomes finer: in between, a long
+/// axis with small steps would have thousands of numbers.
+void ChartView::applyScale(const ChartScale& scale)
+{
+    const auto top = static_cast<double>(scale.top);
+    const auto step = static_cast<double>(scale.step);
+    if (step > m_axis->tickInterval()) m_axis->setTickInterval(step);
+    m_axis->setRange(0, top);
+    m_axis->setTickInterval(step);
 }
 
 void ChartView::layOutNames()
 {
     const int count = std::max(static_cast<int>(m_counts.size()), 1);
-    const int slot = (width() - axisRoom) / count;
+    const int slot = (width() - axisRoom()) / count;
     int widest = 0;
     for (const DocumentTypeCount& type : m_counts)
-        widest = std::max(widest, fontMetrics().horizontalAdvance(type.name));
+        // a pixel more, since the advance is rounded and a name that is cut by a part of one is elided
+        widest = std::max(widest, fontMetrics().horizontalAdvance(type.name) + 1);
     m_turned = widest > slot - nameGap && slot < widestTurnedSlot;
     const int longest = static_cast<int>(height() * shareForNames);
     m_nameRoom = nameGap + (m_turned ? std::min(widest, longest) : fontMetrics().height());
@@ -247,35 +267,42 @@ void ChartView::wheelEvent(QWheelEvent* event)
 
 void ChartView::keyPressEvent(QKeyEvent* event)
 {
-    const int count = accessibleItemCount();
+    const int last = accessibleItemCount() - 1;
     const int before = m_current.value_or(-1);
-    int bar = before;
     switch (event->key()) {
     case Qt::Key_Right:
-        bar = std::min(before + 1, count - 1);
+        goToBar(std::min(before + 1, last));
         break;
     case Qt::Key_Left:
-        bar = std::max(before - 1, 0);
+        goToBar(std::max(before - 1, 0));
         break;
     case Qt::Key_Home:
-        bar = 0;
+        goToBar(0);
         break;
     case Qt::Key_End:
-        bar = count - 1;
-        break;
-    case Qt::Key_Menu:
+        goToBar(last);
         break;
     default:
         event->ignore();
-        return;
     }
-    if (count == 0 || bar < 0) return;
-    const QRect rect = barRect(bar);
+}
+
+void ChartView::goToBar(int bar)
+{
+    if (m_counts.empty()) return;
     setCurrentBar(bar);
-    const auto button = event->key() == Qt::Key_Menu ? Qt::RightButton : Qt::NoButton;
-    const QPoint position = viewport()->mapToGlobal(rect.center());
-    if (button == Qt::NoButton) QToolTip::showText(position, accessibleItemName(bar).toHtmlEscaped(), this);
-    Q_EMIT barSelected(bar, button, position);
+    Q_EMIT barSelected(bar, Qt::NoButton, viewport()->mapToGlobal(barRect(bar).center()));
+    // where the bar is once it has been scrolled to
+    const QPoint position = viewport()->mapToGlobal(barRect(bar).center());
+    QToolTip::showText(position, accessibleItemName(bar).toHtmlEscaped(), this);
+}
+
+/// The menu key, or whatever opens a menu from the keyboard. The mouse has opened its menu when it went down.
+void ChartView::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() != QContextMenuEvent::Keyboard || !m_current) return;
+    const QPoint position = viewport()->mapToGlobal(barRect(*m_current).center());
+    Q_EMIT barSelected(*m_current, Qt::RightButton, position);
 }
 
 bool ChartView::viewportEvent(QEvent* event)

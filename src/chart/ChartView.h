@@ -12,6 +12,7 @@ class QBarCategoryAxis;
 class QBarSeries;
 class QBarSet;
 class QValueAxis;
+struct ChartScale;
 
 /// The bar chart of documents by type. Names stand below their bars, turned where they are many; where even
 /// that is too narrow, the chart asks for more width than its pane has and is scrolled.
@@ -49,6 +50,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -56,10 +58,14 @@ protected:
     bool viewportEvent(QEvent* event) override;
 
 private:
+    void goToBar(int bar);
     void applyPalette();
     void layOut();
     void layOutNames();
+    void applyScale(const ChartScale& scale);
     void drawNames(QPainter& painter) const;
+    [[nodiscard]] qint64 highestCount() const;
+    [[nodiscard]] int axisRoom() const;
     [[nodiscard]] int narrowestSlot() const;
     [[nodiscard]] QPointF inView(double bar, double value) const;
 
