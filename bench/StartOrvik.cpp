@@ -12,6 +12,7 @@
 #include <QFile>
 
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -21,7 +22,9 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         if (event->type() == QEvent::Paint) {
-            QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+            // at once, and not by closing the window, which would ask
+            QMetaObject::invokeMethod(
+                qApp, [] { QCoreApplication::exit(EXIT_SUCCESS); }, Qt::QueuedConnection);
         }
         return QObject::eventFilter(watched, event);
     }
