@@ -83,7 +83,7 @@ void BrowsePage::rememberShare()
 {
     const auto place = m_places.find(m_kind);
     const QList<int> sizes = m_splitter->sizes();
-    if (place == m_places.end() || !m_graphics->isVisible() || sizes[0] + sizes[1] == 0) return;
+    if (place == m_places.end() || m_graphics->isHidden() || sizes[0] + sizes[1] == 0) return;
     place->second.share =
         std::clamp(static_cast<double>(sizes[1]) / (sizes[0] + sizes[1]), smallestShare, largestShare);
 }
