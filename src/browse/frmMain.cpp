@@ -249,7 +249,7 @@ void frmMain::drawAfterList(ViewKind kind, bool isListed)
 void frmMain::chooseRecord(qint64 identifier)
 {
     if (m_list->kind() == ViewKind::Events) m_timeline->chooseEvent(identifier);
-    if (m_list->kind() == ViewKind::Organizations) m_map->ringOrganization(identifier);
+    if (m_list->kind() == ViewKind::Organizations) m_map->goToOrganization(identifier);
 }
 
 void frmMain::showHome()

@@ -2,12 +2,15 @@
 
 #include "map/MarkerPictures.h"
 
+#include <QScrollBar>
+
 #include <algorithm>
 
 namespace {
 
 constexpr int swatch = 12;
 constexpr int widestBeside = 240;
+constexpr int barFrame = 4; ///< of a scroll bar that has a frame of its own, at most
 
 } // namespace
 
@@ -46,26 +49,41 @@ void MapLegend::setPlace(bool beside, int highestBelow)
     m_highestBelow = highestBelow;
     setFlow(beside ? TopToBottom : LeftToRight);
     setWrapping(!beside);
-    setSizePolicy(beside ? QSizePolicy::Fixed : QSizePolicy::Expanding,
-                  beside ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+    QSizePolicy policy(beside ? QSizePolicy::Fixed : QSizePolicy::Expanding,
+                       beside ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+    policy.setHeightForWidth(!beside);
+    setSizePolicy(policy);
     updateGeometry();
-}
-
-int MapLegend::lineHeight() const
-{
-    return std::max(fontMetrics().height(), iconSize().height()) + 2 * spacing() + 4;
 }
 
 QSize MapLegend::sizeHint() const
 {
     int widest = 0;
-    int total = 0;
+    int height = 0;
     for (int row = 0; row < count(); ++row) {
-        const int width = sizeHintForIndex(model()->index(row, 0)).width() + 4 * spacing() + 8;
-        widest = std::max(widest, width);
-        total += width;
+        const QSize line = sizeHintForIndex(model()->index(row, 0));
+        widest = std::max(widest, line.width());
+        height += line.height() + 2 * spacing();
     }
-    if (flow() == TopToBottom) return {std::min(widest + 20, widestBeside), count() * lineHeight()};
-    const int lines = total / std::max(width(), 1) + 1;
-    return {widest, std::min(lines * lineHeight() + 4, m_highestBelow)};
+    if (flow() == LeftToRight) return {widest, heightForWidth(width())};
+    const int scrollBar = verticalScrollBar()->sizeHint().width();
+    return {std::min(widest + 2 * spacing() + scrollBar, widestBeside), height};
+}
+
+/// As high as its lines are when they stand side by side as far as the width goes.
+int MapLegend::heightForWidth(int width) const
+{
+    // the list leaves room for a scroll bar, shown or not
+    const int lineWidth = width - verticalScrollBar()->sizeHint().width() - barFrame;
+    int height = spacing();
+    int right = lineWidth;
+    for (int row = 0; row < count(); ++row) {
+        const QSize line = sizeHintForIndex(model()->index(row, 0));
+        if (right + line.width() >= lineWidth) {
+            right = spacing();
+            height += line.height() + 2 * spacing();
+        }
+        right += line.width() + 2 * spacing();
+    }
+    return std::min(height + spacing(), m_highestBelow);
 }

@@ -20,8 +20,8 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return {40, 20}; }
 
-private:
-    [[nodiscard]] int lineHeight() const;
+    [[nodiscard]] int heightForWidth(int width) const override;
 
+private:
     int m_highestBelow = 0; ///< pixels
 };

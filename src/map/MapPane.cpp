@@ -71,10 +71,10 @@ void MapPane::makeTools()
     addTool(QStringLiteral("mapPan"), tr("Pan: drag the map"), QStringLiteral("transform-move"),
             static_cast<int>(MapTool::Pan));
     m_tools->addSeparator();
-    addCommand(QStringLiteral("mapFullExtent"), tr("Full extent: show all states"),
-               QStringLiteral("zoom-fit-best"), &MapView::showFullExtent);
-    addCommand(QStringLiteral("mapContiguousStates"), tr("Show the 48 contiguous states"),
-               QStringLiteral("zoom-original"), &MapView::showContiguousStates);
+    addCommand(QStringLiteral("mapFullExtent"), tr("All States"), tr("Full extent: show all states"),
+               &MapView::showFullExtent);
+    addCommand(QStringLiteral("mapContiguousStates"), tr("48 States"), tr("Show the 48 contiguous states"),
+               &MapView::showContiguousStates);
     m_toolGroup->actions().constFirst()->setChecked(true);
     connect(m_map, &MapView::toolChanged, this,
             [this](MapTool tool) { m_toolGroup->actions().at(static_cast<int>(tool))->setChecked(true); });
@@ -89,11 +89,12 @@ void MapPane::addTool(const QString& name, const QString& text, const QString& i
     connect(action, &QAction::triggered, m_map, [this, tool] { m_map->setTool(static_cast<MapTool>(tool)); });
 }
 
-void MapPane::addCommand(const QString& name, const QString& text, const QString& icon,
+void MapPane::addCommand(const QString& name, const QString& text, const QString& tip,
                          void (MapView::*command)())
 {
-    QAction* action = m_tools->addAction(IconSet::themeIcon(icon), text, m_map, command);
+    QAction* action = m_tools->addAction(text, m_map, command);
     action->setObjectName(name);
+    action->setToolTip(tip);
 }
 
 void MapPane::makeMenu()
@@ -151,6 +152,12 @@ void MapPane::ringOrganization(std::optional<qint64> identifier)
         if (identifier) entry = m_places.entryOf(*identifier);
     });
     m_map->setRinged(entry);
+}
+
+void MapPane::goToOrganization(qint64 identifier)
+{
+    ringOrganization(identifier);
+    if (m_map->ringed()) m_map->showEntry(*m_map->ringed());
 }
 
 void MapPane::choose(std::size_t entry)

@@ -37,6 +37,9 @@ public:
     /// Rings the marker of an organization, or none where it has no place.
     void ringOrganization(std::optional<qint64> identifier);
 
+    /// Rings the marker of an organization and moves the map to it where it is out of sight.
+    void goToOrganization(qint64 identifier);
+
     [[nodiscard]] MapView& map() { return *m_map; }
 
 Q_SIGNALS:
@@ -50,8 +53,7 @@ private:
     void makeTools();
     void makeMenu();
     void addTool(const QString& name, const QString& text, const QString& icon, int tool);
-    void addCommand(const QString& name, const QString& text, const QString& icon,
-                    void (MapView::*command)());
+    void addCommand(const QString& name, const QString& text, const QString& tip, void (MapView::*command)());
     void addStatesLayer();
     void showPlaces();
     void choose(std::size_t entry);

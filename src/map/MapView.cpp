@@ -1,6 +1,5 @@
 #include "map/MapView.h"
 
-#include "browse/IconSet.h"
 #include "map/LegendLines.h"
 #include "map/MapProjection.h"
 #include "map/MarkerHit.h"
@@ -16,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <numeric>
 #include <set>
 
@@ -27,13 +27,28 @@ constexpr double clickZoom = 2;
 constexpr double hitRadius = 14;
 constexpr double ringWidth = 2.5;
 
-/// A magnifying glass that points with its middle.
+/// A magnifying glass with a plus or a minus, which points with the middle of its glass. Dark lines over
+/// broader light ones are seen on any ground.
 QCursor zoomCursor(bool in, double devicePixelRatio)
 {
-    constexpr int size = 22;
-    const QIcon icon = IconSet::themeIcon(in ? QStringLiteral("zoom-in") : QStringLiteral("zoom-out"));
-    const QPixmap picture = icon.pixmap(QSize(size, size), devicePixelRatio);
-    return picture.isNull() ? QCursor(Qt::CrossCursor) : QCursor(picture, size / 2, size / 2);
+    constexpr int size = 24;
+    constexpr QPointF middle(10, 10);
+    constexpr double radius = 6.5;
+    constexpr double sign = 3;
+    QPixmap picture(QSize(size, size) * devicePixelRatio);
+    picture.setDevicePixelRatio(devicePixelRatio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const auto& [colour, width] : {std::pair(Qt::white, 4.0), std::pair(Qt::black, 2.0)}) {
+        painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap));
+        painter.drawEllipse(middle, radius, radius);
+        painter.drawLine(middle + QPointF(radius, radius) * std::numbers::sqrt2 / 2, QPointF(21, 21));
+        painter.drawLine(middle - QPointF(sign, 0), middle + QPointF(sign, 0));
+        if (in) painter.drawLine(middle - QPointF(0, sign), middle + QPointF(0, sign));
+    }
+    painter.end();
+    return QCursor(picture, static_cast<int>(middle.x()), static_cast<int>(middle.y()));
 }
 
 } // namespace
@@ -83,6 +98,12 @@ void MapView::setPlaces(const std::vector<clsCities>& places)
     std::reverse(m_topmost.begin(), m_topmost.end());
     QAccessibleTableModelChangeEvent changed(this, QAccessibleTableModelChangeEvent::ModelReset);
     QAccessible::updateAccessibility(&changed);
+    update();
+}
+
+void MapView::showEntry(std::size_t entry)
+{
+    m_extent.show(m_positions.at(entry));
     update();
 }
 
@@ -349,15 +370,20 @@ void MapView::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Space:
         if (m_ringed) Q_EMIT chosen(*m_ringed);
         break;
-    case Qt::Key_Menu:
-        if (m_ringed) Q_EMIT menuRequested(*m_ringed, mapToGlobal(positionOf(*m_ringed).toPoint()));
-        break;
     case Qt::Key_Escape:
         setTool(MapTool::Pointer);
         break;
     default:
         if (!moveByKey(event->key())) QWidget::keyPressEvent(event);
     }
+}
+
+/// The menu key, or whatever opens a menu from the keyboard. The mouse has opened its menu when it went down.
+void MapView::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() != QContextMenuEvent::Keyboard || !m_ringed) return;
+    showEntry(*m_ringed);
+    Q_EMIT menuRequested(*m_ringed, mapToGlobal(positionOf(*m_ringed).toPoint()));
 }
 
 bool MapView::moveByKey(int key)
@@ -402,10 +428,9 @@ void MapView::goToPlace(int step)
         place = (static_cast<int>(ringed - m_byName.begin()) + step + count) % count;
     }
     const std::size_t entry = m_byName[static_cast<std::size_t>(place)];
-    m_extent.show(m_positions[entry]);
+    showEntry(entry);
     setRinged(entry);
     QToolTip::showText(mapToGlobal(positionOf(entry).toPoint()), m_names[entry].toHtmlEscaped(), this);
-    update();
 }
 
 // Items for assistive tools -------------------------------------------------------------------------------

@@ -37,6 +37,9 @@ public:
     /// Takes the places in place of those before; none is ringed then.
     void setPlaces(const std::vector<clsCities>& places);
 
+    /// Moves the map so that an entry's marker is in sight, where it is not.
+    void showEntry(std::size_t entry);
+
     /// Rings one marker, or none.
     void setRinged(std::optional<std::size_t> entry);
     [[nodiscard]] std::optional<std::size_t> ringed() const { return m_ringed; }
@@ -82,6 +85,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     /// A press of the left button, until it is released.

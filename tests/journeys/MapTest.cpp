@@ -4,9 +4,11 @@
 #include "map/MapView.h"
 
 #include <QAccessible>
+#include <QContextMenuEvent>
 #include <QImage>
 #include <QListWidget>
 #include <QMenu>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTest>
 #include <QWheelEvent>
@@ -106,7 +108,19 @@ TEST_F(MapJourney, MarkersAndRowsChooseEachOther)
     EXPECT_EQ(map().ringed(), std::nullopt) << "it is not on the map";
     EXPECT_EQ(map().describe(entry("Austin, TX: Relief")),
               QStringLiteral("<b>Austin, TX</b><br>Alpha &lt;b&gt;<br>Beta<br>Gamma"));
-    EXPECT_EQ(journey.find<QListWidget>("MapLegend").count(), 3);
+    auto& legend = journey.find<QListWidget>("MapLegend");
+    EXPECT_EQ(legend.count(), 3);
+    EXPECT_EQ(legend.verticalScrollBar()->maximum(), 0) << "it shows all of its lines";
+
+    map().showContiguousStates();
+    journey.trigger("mapZoomIn");
+    QTest::mouseClick(&map(), Qt::LeftButton, {}, map().positionOf(entry("Reno, NV: Law")).toPoint());
+    QTest::mouseClick(&map(), Qt::LeftButton, {}, map().positionOf(entry("Reno, NV: Law")).toPoint());
+    for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Down})
+        QTest::keyClick(&journey.list(), key);
+    EXPECT_EQ(selected(), "Delta");
+    const QPoint dallas = map().positionOf(entry("Dallas, TX: Law")).toPoint();
+    EXPECT_TRUE(map().rect().contains(dallas)) << "the map goes to a place out of sight";
 }
 
 TEST_F(MapJourney, TheMenuNarrowsToACityOrAState)
@@ -125,7 +139,8 @@ TEST_F(MapJourney, TheMenuNarrowsToACityOrAState)
     map().setFocus();
     QTest::keyClick(&map(), Qt::Key_PageDown);
     EXPECT_EQ(map().ringed(), entry("Austin, TX: Fire & Rescue"));
-    QTest::keyClick(&map(), Qt::Key_Menu);
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(&map(), &menuKey);
     EXPECT_EQ(menuTexts(), "Show Only Austin, TX Organizations|Show Only TX Organizations");
     journey.find<QMenu>("popOrgTab").close();
     journey.trigger("popOrgTabShowOnlyCity");
@@ -280,6 +295,7 @@ TEST_F(MapJourney, TheGraphicStaysWhereItWasPut)
     journey.trigger("mnuViewOrganizations");
     QApplication::processEvents();
     journey.find<QSplitter>("splitter").setSizes({100, 300});
+    journey.trigger("mnuNavigateHome");
     journey.desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to exit?"), true);
     journey.program->window()->close();
 
