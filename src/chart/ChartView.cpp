@@ -19,11 +19,14 @@
 
 namespace {
 
-constexpr double barWidth = 0.7; ///< of a bar's slot
+constexpr double widestShare = 0.7; ///< that a bar takes of its slot
+constexpr double widestBar = 90;    ///< pixels
 constexpr int pixelsPerStep = 36;
+constexpr int mostSteps = 10;
 constexpr int besideAxis = 26; ///< the margins on both sides, and the ticks
 constexpr int titleRoom = 48;  ///< for the title and the margins
 constexpr int lowestPlot = 60;
+constexpr int lowestHeight = 150;
 constexpr int nameGap = 8;
 constexpr int widestTurnedSlot = 100;
 constexpr double shareForNames = 0.4; ///< of the height, at most
@@ -46,10 +49,8 @@ ChartView::ChartView(QWidget* parent)
     setRenderHint(QPainter::Antialiasing);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setMinimumHeight(150);
 
     m_series->append(m_bars);
-    m_series->setBarWidth(barWidth);
     m_series->setLabelsVisible(true);
     m_series->setLabelsPosition(QAbstractBarSeries::LabelsOutsideEnd);
     constexpr int allDigits = 15;
@@ -68,6 +69,8 @@ ChartView::ChartView(QWidget* parent)
     chart()->legend()->hide();
     chart()->setBackgroundRoundness(0);
     chart()->layout()->setContentsMargins(0, 0, 0, 0);
+    // the names stand below the plot, wherever the chart's own layout puts it
+    connect(chart(), &QChart::plotAreaChanged, viewport(), qOverload<>(&QWidget::update));
     applyPalette();
 }
 
@@ -83,7 +86,7 @@ void ChartView::setCounts(std::vector<DocumentTypeCount> counts)
     m_bars->append(values);
     for (QAbstractAxis* axis : {static_cast<QAbstractAxis*>(m_names), static_cast<QAbstractAxis*>(m_axis)})
         axis->setVisible(!m_counts.empty());
-    setMinimumWidth(axisRoom() + narrowestSlot() * static_cast<int>(m_counts.size()));
+    applyMinimumSize();
     layOut();
     QAccessibleTableModelChangeEvent changed(this, QAccessibleTableModelChangeEvent::ModelReset);
     QAccessible::updateAccessibility(&changed);
@@ -111,6 +114,11 @@ int ChartView::narrowestSlot() const
     return std::max(fontMetrics().height() + 2, number + numberGap);
 }
 
+void ChartView::applyMinimumSize()
+{
+    setMinimumSize(axisRoom() + narrowestSlot() * accessibleItemCount(), lowestHeight);
+}
+
 void ChartView::layOut()
 {
     layOutNames();
@@ -120,8 +128,8 @@ void ChartView::layOut()
         categories << QString::number(bar);
     const int plotHeight = std::max(height() - m_nameRoom - titleRoom, lowestPlot);
     const double numberRoom = static_cast<double>(fontMetrics().height() + 8) / plotHeight;
-    const ChartScale scale =
-        ChartScale::forCounts(highestCount(), plotHeight / pixelsPerStep, std::min(numberRoom, 0.5));
+    const ChartScale scale = ChartScale::forCounts(
+        highestCount(), std::min(plotHeight / pixelsPerStep, mostSteps), std::min(numberRoom, 0.5));
     applyScale(scale);
     if (categories != m_names->categories()) m_names->setCategories(categories);
     chart()->setMargins(QMargins(4, 4, 8, m_nameRoom));
@@ -143,6 +151,7 @@ void ChartView::layOutNames()
 {
     const int count = std::max(static_cast<int>(m_counts.size()), 1);
     const int slot = (width() - axisRoom()) / count;
+    m_series->setBarWidth(std::min(widestShare, widestBar / std::max(slot, 1)));
     int widest = 0;
     for (const DocumentTypeCount& type : m_counts)
         // a pixel more, since the advance is rounded and a name that is cut by a part of one is elided
@@ -218,7 +227,8 @@ void ChartView::setCurrentBar(std::optional<int> bar)
 QRect ChartView::barRect(int bar) const
 {
     const double value = static_cast<double>(m_counts.at(static_cast<std::size_t>(bar)).documents);
-    const QRect plain(inView(bar - barWidth / 2, value).toPoint(), inView(bar + barWidth / 2, 0).toPoint());
+    const double half = m_series->barWidth() / 2;
+    const QRect plain(inView(bar - half, value).toPoint(), inView(bar + half, 0).toPoint());
     return plain.adjusted(0, -fontMetrics().height() - 2, 0, 0);
 }
 
@@ -321,6 +331,8 @@ void ChartView::resizeEvent(QResizeEvent* event)
 {
     QChartView::resizeEvent(event);
     layOut();
+    // the base has asked for all that the chart took, with the names as they stood before
+    applyMinimumSize();
 }
 
 void ChartView::changeEvent(QEvent* event)
@@ -335,10 +347,26 @@ void ChartView::paintEvent(QPaintEvent* event)
 {
     QChartView::paintEvent(event);
     QPainter painter(viewport());
-    if (!m_counts.empty()) {
+    if (m_counts.empty()) {
+        painter.setPen(palette().color(QPalette::Text));
+        painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
+                         tr("No documents of any type."));
+    } else {
         drawNames(painter);
-        return;
     }
-    painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, tr("No documents of any type."));
+    if (!hasFocus()) return;
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+}
+
+void ChartView::focusInEvent(QFocusEvent* event)
+{
+    QChartView::focusInEvent(event);
+    viewport()->update();
+}
+
+void ChartView::focusOutEvent(QFocusEvent* event)
+{
+    QChartView::focusOutEvent(event);
+    viewport()->update();
 }

@@ -55,11 +55,14 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     bool viewportEvent(QEvent* event) override;
 
 private:
     void goToBar(int bar);
     void applyPalette();
+    void applyMinimumSize();
     void layOut();
     void layOutNames();
     void applyScale(const ChartScale& scale);

@@ -168,6 +168,9 @@ TEST_F(ChartJourney, ManyBarsAreScrolledAndNeverOverlap)
         EXPECT_GT(rect.left(), before.right());
         EXPECT_GE(rect.center().x() - before.center().x(), textHeight) << "turned names stand side by side";
     }
+    journey.trigger("mnuViewGraphicBelow");
+    QApplication::processEvents();
+    EXPECT_LE(chart().height(), pane().height()) << "it is scrolled to the side only";
     chart().setFocus();
     QTest::keyClick(&chart(), Qt::Key_End);
     const QRect last = chart().barRect(types + 1);
