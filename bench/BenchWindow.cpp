@@ -72,6 +72,16 @@ DatabaseConverter::Result NoFiles::convert(const QString& source, const QString&
     fail(source);
 }
 
+bool NoFiles::open(const QUrl& url)
+{
+    fail(url.toString());
+}
+
+bool NoFiles::start(const QString& program, const QString& /*file*/)
+{
+    fail(program);
+}
+
 QString largeDatabase(int records)
 {
     return programFolder(records) + QStringLiteral("/data/large.sqlite");
@@ -79,7 +89,7 @@ QString largeDatabase(int records)
 
 BenchWindow::BenchWindow(int records)
     : m_settings(QStringLiteral("large.sqlite")),
-      m_program({m_messages, m_settings, m_fileAttributes, m_files, m_files, m_clock},
+      m_program({m_messages, m_settings, m_fileAttributes, m_files, m_files, m_clock, m_volumes, m_files},
                 ProgramFolder(programFolder(records)), QString())
 {
     m_program.Main();

@@ -7,6 +7,8 @@
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
 #include "platform/SettingsStore.h"
+#include "platform/Shell.h"
+#include "platform/Volumes.h"
 
 #include <QString>
 #include <QTemporaryDir>
@@ -38,12 +40,14 @@ private:
     QString m_name;
 };
 
-/// No file is asked for and none converted in a benchmark.
-class NoFiles final : public FileDialogs, public DatabaseConverter
+/// No file is asked for, none converted and none opened in a benchmark.
+class NoFiles final : public FileDialogs, public DatabaseConverter, public Shell
 {
 public:
     [[nodiscard]] QString openFile(const QString& title, const QString& filter) override;
     [[nodiscard]] Result convert(const QString& source, const QString& target, bool replace) override;
+    [[nodiscard]] bool open(const QUrl& url) override;
+    [[nodiscard]] bool start(const QString& program, const QString& file) override;
 };
 
 /// A database with so many records of each kind; made once a run, in a folder that goes with the program.
@@ -63,6 +67,7 @@ private:
     SystemFileAttributes m_fileAttributes;
     NoFiles m_files;
     SystemClock m_clock;
+    SystemVolumes m_volumes;
     Main_Mod m_program;
 };
 

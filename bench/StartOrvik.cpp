@@ -62,7 +62,8 @@ int main(int argc, char** argv)
     SystemFileAttributes fileAttributes;
     NoFiles files;
     SystemClock clock;
-    Main_Mod program({messages, settings, fileAttributes, files, files, clock},
+    SystemVolumes volumes;
+    Main_Mod program({messages, settings, fileAttributes, files, files, clock, volumes, files},
                      ProgramFolder(QString::fromLocal8Bit(argv[1])), QString());
     program.Main();
     if (argc > 2) {

@@ -4,8 +4,10 @@
 #include "platform/Clock.h"
 #include "platform/DesktopFileDialogs.h"
 #include "platform/DesktopMessages.h"
+#include "platform/DesktopShell.h"
 #include "platform/FileAttributes.h"
 #include "platform/IniSettingsStore.h"
+#include "platform/Volumes.h"
 
 #include <QApplication>
 #include <QStandardPaths>
@@ -27,10 +29,12 @@ int main(int argc, char** argv)
     DesktopDatabaseConverter converter(QCoreApplication::applicationDirPath() +
                                        QStringLiteral("/orvik-import"));
     SystemClock clock;
+    SystemVolumes volumes;
+    DesktopShell shell;
     const ProgramFolder::Surroundings surroundings{
         qEnvironmentVariable("ORVIK_HOME"), QCoreApplication::applicationDirPath(),
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)};
-    Main_Mod program({messages, settings, fileAttributes, fileDialogs, converter, clock},
+    Main_Mod program({messages, settings, fileAttributes, fileDialogs, converter, clock, volumes, shell},
                      ProgramFolder(ProgramFolder::choose(surroundings)),
                      surroundings.executableFolder + QStringLiteral("/../share/orvik/sample"));
     program.Main();

@@ -6,6 +6,8 @@ class FileAttributes;
 class FileDialogs;
 class Messages;
 class SettingsStore;
+class Shell;
+class Volumes;
 
 /// The doors to the desktop, as the program was given them at its start. They outlive everything else.
 struct Platform
@@ -16,4 +18,6 @@ struct Platform
     FileDialogs& fileDialogs;
     DatabaseConverter& converter;
     Clock& clock;
+    Volumes& volumes;
+    Shell& shell;
 };

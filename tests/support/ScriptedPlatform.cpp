@@ -66,6 +66,18 @@ DatabaseConverter::Result ScriptedConverter::convert(const QString& source, cons
     return result;
 }
 
+bool ScriptedShell::open(const QUrl& url)
+{
+    opened << (url.isLocalFile() ? url.toLocalFile() : url.toString());
+    return hasProgram;
+}
+
+bool ScriptedShell::start(const QString& program, const QString& file)
+{
+    started << program + u' ' + file;
+    return canStart;
+}
+
 QString MemorySettings::value(const QString& path) const
 {
     const auto found = values.find(path);

@@ -7,6 +7,8 @@
 #include "platform/Messages.h"
 #include "platform/Platform.h"
 #include "platform/SettingsStore.h"
+#include "platform/Shell.h"
+#include "platform/Volumes.h"
 
 #include <QString>
 #include <QStringList>
@@ -87,6 +89,33 @@ public:
     QDateTime moment{QDate(2005, 6, 15), QTime(12, 0)};
 };
 
+/// Discs and drives as the test puts them in.
+class ScriptedVolumes final : public Volumes
+{
+public:
+    [[nodiscard]] std::vector<Volume> mounted() const override
+    {
+        ++scans;
+        return volumes;
+    }
+
+    std::vector<Volume> volumes;
+    mutable int scans = 0;
+};
+
+/// Programs of the desktop that write down what they were asked to open.
+class ScriptedShell final : public Shell
+{
+public:
+    [[nodiscard]] bool open(const QUrl& url) override;
+    [[nodiscard]] bool start(const QString& program, const QString& file) override;
+
+    QStringList opened;     ///< addresses, and files by their paths
+    QStringList started;    ///< `program file`
+    bool hasProgram = true; ///< whether the desktop knows a program for what it is asked to open
+    bool canStart = true;
+};
+
 /// The desktop of one test.
 struct ScriptedPlatform
 {
@@ -97,10 +126,12 @@ struct ScriptedPlatform
     ScriptedConverter scriptedConverter;
     ScriptedClock clock;
     DatabaseConverter* converter = &scriptedConverter; ///< or another for a test with the real tool
+    ScriptedVolumes volumes;
+    ScriptedShell shell;
 
     [[nodiscard]] Platform platform()
     {
-        return {messages, settings, fileAttributes, fileDialogs, *converter, clock};
+        return {messages, settings, fileAttributes, fileDialogs, *converter, clock, volumes, shell};
     }
 
     /// Names the database that the program opens at its start.

@@ -1,0 +1,35 @@
+#include "platform/DesktopShell.h"
+
+#include <QProcess>
+
+#ifdef ORVIK_USES_GIO
+#include <gio/gio.h>
+#else
+#include <QDesktopServices>
+#endif
+
+bool DesktopShell::open(const QUrl& url)
+{
+#ifdef ORVIK_USES_GIO
+    // the tool that Qt would start here says yes before it knows whether any program takes the file
+    GError* failure = nullptr;
+    const bool opened =
+        g_app_info_launch_default_for_uri(url.toEncoded().constData(), nullptr, &failure) != FALSE;
+    g_clear_error(&failure);
+    return opened;
+#else
+    return QDesktopServices::openUrl(url);
+#endif
+}
+
+bool DesktopShell::start(const QString& program, const QString& file)
+{
+    QProcess process;
+    process.setProgram(program);
+#ifdef Q_OS_WIN
+    process.setNativeArguments(u'"' + file + u'"');
+#else
+    process.setArguments({file});
+#endif
+    return process.startDetached();
+}

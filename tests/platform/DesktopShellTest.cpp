@@ -1,0 +1,101 @@
+#include "platform/DesktopShell.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <thread>
+
+namespace {
+
+void write(const QString& path, const QString& content)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content.toUtf8());
+}
+
+/// A desktop of its own: two kinds of file by their names, and one program, which is the default for the
+/// first kind and writes down what it is asked to open.
+class DesktopShellTest : public testing::Test
+{
+protected:
+    // the desktop's settings are read once a process, so all tests share one
+    static void SetUpTestSuite()
+    {
+        desktop = std::make_unique<QTemporaryDir>();
+        write(at("data/mime/globs2"), QStringLiteral("50:application/x-known:*.known\n"
+                                                     "50:application/x-unknown:*.unknown\n"));
+        write(at("data/applications/viewer.desktop"),
+              QStringLiteral("[Desktop Entry]\nType=Application\nName=Viewer\nExec=%1 %f\n"
+                             "MimeType=application/x-known;\n")
+                  .arg(viewer()));
+        write(at("config/mimeapps.list"),
+              QStringLiteral("[Default Applications]\napplication/x-known=viewer.desktop\n"));
+        write(viewer(),
+              QStringLiteral("#!/bin/sh\nprintf %s \"$1\" > '%1.new'\nmv '%1.new' '%1'\n").arg(record()));
+        QFile::setPermissions(viewer(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(at("config")));
+        qputenv("XDG_DATA_HOME", QFile::encodeName(at("data")));
+        qputenv("XDG_DATA_DIRS", QFile::encodeName(at("none")));
+        qputenv("XDG_CONFIG_DIRS", QFile::encodeName(at("none")));
+    }
+
+    static void TearDownTestSuite() { desktop.reset(); }
+    void SetUp() override { QFile::remove(record()); }
+
+    static QString at(const char* path) { return desktop->filePath(QString::fromUtf8(path)); }
+    static QString viewer() { return at("viewer"); }
+    static QString record() { return at("opened"); }
+
+    /// A file of that name, with something in it.
+    static QString file(const char* name)
+    {
+        write(at(name), QStringLiteral("text"));
+        return at(name);
+    }
+
+    /// What the viewer was asked to open, once it has said so.
+    static QString asked()
+    {
+        using namespace std::chrono_literals;
+        for (int i = 0; i < 500 && !QFile::exists(record()); ++i)
+            std::this_thread::sleep_for(20ms);
+        QFile said(record());
+        return said.open(QIODevice::ReadOnly) ? QString::fromUtf8(said.readAll())
+                                              : QStringLiteral("it was never started");
+    }
+
+    static std::unique_ptr<QTemporaryDir> desktop;
+    DesktopShell shell;
+};
+
+std::unique_ptr<QTemporaryDir> DesktopShellTest::desktop;
+
+TEST_F(DesktopShellTest, OpensAFileWithTheDefaultProgramForItsKind)
+{
+    const QString report = file("Häuser & \"Höfe\" 100%.known");
+    EXPECT_TRUE(shell.open(QUrl::fromLocalFile(report)));
+    EXPECT_EQ(asked().toStdString(), report.toStdString());
+}
+
+TEST_F(DesktopShellTest, SaysWhereThereIsNoProgram)
+{
+    EXPECT_FALSE(shell.open(QUrl::fromLocalFile(file("report.unknown"))));
+    EXPECT_FALSE(shell.open(QUrl(QStringLiteral("nobodys-scheme:address"))));
+}
+
+TEST_F(DesktopShellTest, StartsAProgramWithAFile)
+{
+    const QString report = file("two words.unknown");
+    EXPECT_TRUE(shell.start(viewer(), report));
+    EXPECT_EQ(asked().toStdString(), report.toStdString());
+    EXPECT_FALSE(shell.start(at("missing"), report));
+    EXPECT_FALSE(shell.start(report, report)) << "a file that is no program";
+}
+
+} // namespace
