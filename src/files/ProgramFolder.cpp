@@ -40,6 +40,20 @@ void copyFolder(const QString& from, const QString& to)
     }
 }
 
+/// The file or folder of that name in a folder, whatever the letter case of its name.
+std::optional<QString> entryOf(const QString& folder, const QString& name, QDir::Filter kind)
+{
+    const QString exact = folder + u'/' + name;
+    const QFileInfo file(exact);
+    if (kind == QDir::Files ? file.isFile() : file.isDir()) return exact;
+    QDirIterator entries(folder, kind | QDir::NoDotAndDotDot);
+    while (entries.hasNext()) {
+        const QString entry = entries.next();
+        if (entries.fileName().compare(name, Qt::CaseInsensitive) == 0) return entry;
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 QString ProgramFolder::choose(const Surroundings& surroundings)
@@ -75,15 +89,14 @@ QString ProgramFolder::machinePath(const QString& programPath) const
 std::optional<QString> ProgramFolder::find(const QString& programPath, const QString& fileName) const
 {
     if (!isPlainName(fileName)) return std::nullopt;
-    const QString folder = machinePath(programPath);
-    const QString exact = folder + fileName;
-    if (QFileInfo(exact).isFile()) return exact;
-    QDirIterator entries(folder, QDir::Files);
-    while (entries.hasNext()) {
-        const QString entry = entries.next();
-        if (entries.fileName().compare(fileName, Qt::CaseInsensitive) == 0) return entry;
+    QString folder = m_root;
+    const QStringList parts = programPath.split(u'\\', Qt::SkipEmptyParts);
+    for (const QString& part : parts) {
+        const auto next = entryOf(folder, part, QDir::Dirs);
+        if (!next) return std::nullopt;
+        folder = *next;
     }
-    return std::nullopt;
+    return entryOf(folder, fileName, QDir::Files);
 }
 
 bool ProgramFolder::isPlainName(const QString& fileName)

@@ -32,8 +32,8 @@ public:
     /// A program path below this folder as a path of the machine. Nothing needs to exist there.
     [[nodiscard]] QString machinePath(const QString& programPath) const;
 
-    /// The file of that name in a program folder, whatever its letter case. Nothing where there is none, or
-    /// where the name leads out of the folder or cannot be a name.
+    /// The file of that name in a program folder, whatever the letter case of the file and of the folders.
+    /// Nothing where there is none, or where the name leads out of the folder or cannot be a name.
     [[nodiscard]] std::optional<QString> find(const QString& programPath, const QString& fileName) const;
 
     /// Whether a stored name can only mean a file in its folder.

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+class Volumes;
+
+/// The two discs that the files were distributed on, as they are in their drives at one moment.
+struct DistributionDiscs
+{
+    /// Looks at all volumes; of two with the same label the later one counts.
+    static DistributionDiscs scan(const Volumes& volumes);
+
+    static constexpr auto dataLabel = u"Orvik";
+    static constexpr auto photosLabel = u"Orvik_Photos";
+
+    std::optional<QString> data;   ///< the folder of the machine where the data disc is, or nothing
+    std::optional<QString> photos; ///< the same for the disc with the pictures
+};

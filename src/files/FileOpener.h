@@ -1,0 +1,51 @@
+#pragma once
+
+#include "files/ProgramFolder.h"
+
+#include <QString>
+#include <QStringList>
+
+class DatabaseSession;
+class Shell;
+class Volumes;
+
+/// Opens the files of documents and the charts of organizations: finds out whether a file lies in the
+/// program's own folder or on one of the distribution discs, and hands it to the desktop. Where the desktop
+/// has no program for a PDF, the reader on the data disc takes its place.
+class FileOpener
+{
+public:
+    /// What the files are opened with and where they are looked for. All must outlive the opener.
+    struct Surroundings
+    {
+        const Volumes& volumes;
+        Shell& shell;
+        DatabaseSession& session;
+        const ProgramFolder& folder;
+        QString documents;          ///< program path of the documents' folder, as `\data\documents\`
+        QString organizationCharts; ///< program path of the charts' folder
+    };
+
+    explicit FileOpener(Surroundings surroundings) : m_at(std::move(surroundings)) {}
+
+    /// Opens a document's file. `iconKey` is the key of its row's icon, which says where the file lies and
+    /// of which type it is. Gives what to tell the user, nothing where the file was opened.
+    [[nodiscard]] QString openDoc(const QString& fileName, const QString& iconKey) const;
+
+    /// The same for an organization's chart. Throws Error where its profile cannot be read.
+    [[nodiscard]] QString openOrgChart(qint64 organization, const QString& iconKey) const;
+
+private:
+    enum class Disc
+    {
+        Data,
+        Photos
+    };
+
+    [[nodiscard]] QString openOnDisc(Disc disc, const QString& programFolder, const QStringList& names) const;
+    [[nodiscard]] QString openFile(const QString& file) const;
+    [[nodiscard]] bool openWithDiscReader(const QString& file) const;
+    [[nodiscard]] QString storedChart(qint64 organization) const;
+
+    Surroundings m_at;
+};

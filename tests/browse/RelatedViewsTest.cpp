@@ -1,0 +1,147 @@
+#include "browse/RelatedViews.h"
+
+#include "data/StandardQueries.h"
+#include "support/TestDatabase.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Record 2 of each kind has live links, record 3 links to deleted records only, record 4 none.
+class RelatedViewsTest : public testing::Test
+{
+protected:
+    RelatedViewsTest()
+    {
+        database.run(
+            "INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES (1, 'None', "
+            "'ACTIVE'), (2, 'A', 'ACTIVE'), (3, 'B', 'ACTIVE'), (4, 'C', 'ACTIVE'), (9, 'Gone', 'DELETED')");
+        database.run("INSERT INTO Event (EventID, EventName, Status) VALUES (2, 'E', 'ACTIVE'), (3, 'F', "
+                     "'SUBMITTED'), (4, 'G', 'ACTIVE'), (5, 'H', 'ACTIVE'), (9, 'Gone', 'DELETED')");
+        database.run("INSERT INTO Document (DocumentID, DocumentName, OrganizationID, dStatus) VALUES "
+                     "(2, 'D', 2, 'ACTIVE'), (3, 'X', 9, 'ACTIVE'), (4, 'Y', NULL, 'ACTIVE'), "
+                     "(5, 'Z', 1, 'ACTIVE'), (6, 'W', 2, 'ACTIVE'), (9, 'Gone', 3, 'DELETED')");
+        database.run(
+            "INSERT INTO DocumentEvents (DocumentID, EventID) VALUES (2, 2), (2, 3), (2, 3), (2, 9), "
+            "(3, 9), (6, 2), (9, 3), (1, 3)");
+        database.run(
+            "INSERT INTO OrganizationEvents (OrganizationID, EventID) VALUES (2, 2), (3, 2), (2, 4), "
+            "(3, 9), (9, 3), (1, 3), (9, 2)");
+    }
+
+    RelatedOutcome follow(RelatedCommand command, qint64 identifier,
+                          const QString& name = QStringLiteral("N"))
+    {
+        return RelatedViews(database.session(), queries).follow(command, {identifier, name});
+    }
+
+    /// The view as `kind caption: identifiers`, or the question and what Yes begins.
+    std::string show(RelatedCommand command, qint64 identifier)
+    {
+        const RelatedOutcome outcome = follow(command, identifier);
+        if (outcome.view) {
+            return QStringLiteral("%1 %2: %3")
+                .arg(static_cast<int>(outcome.view->viewIndex))
+                .arg(outcome.view->Caption, firstColumnOf(database.session(), outcome.view->SQL->sqlStr()))
+                .toStdString();
+        }
+        QString text = outcome.question + QStringLiteral(" > ") +
+                       QString::number(static_cast<int>(outcome.addition.kind));
+        if (const auto& preset = outcome.addition.preset)
+            text += QStringLiteral(" %1 %2 %3")
+                        .arg(preset->FieldName)
+                        .arg(preset->FieldID)
+                        .arg(preset->FieldText);
+        return text.toStdString();
+    }
+
+    TestDatabase database;
+    StandardQueries queries;
+};
+
+TEST_F(RelatedViewsTest, ShowsWhatIsLinkedOrOffersToAddIt)
+{
+    using enum RelatedCommand;
+    struct Case
+    {
+        RelatedCommand command;
+        const char* linked;
+        const char* deletedOnly;
+        const char* none;
+    };
+    const char* noEvents = "No Events exist for this Document. Would you like to add one? > 1 DOCUMENT ";
+    const Case cases[] = {
+        {DocumentEvents, "1 View Only Events for Document \"N\": 2 3", noEvents, noEvents},
+        {EventDocuments, "0 View Only Documents for Event \"N\": 2 6",
+         "0 View Only Documents for Event \"N\": 2",
+         "No Documents exist for this Event. Would you like to add one? > 0"},
+        {EventOrganizations, "2 View Only Organizations for Event \"N\": 2 3",
+         "No Organizations exist for this Event. Would you like to add one? > 2",
+         "2 View Only Organizations for Event \"N\": 2"},
+        {OrganizationDocuments, "0 View Only Documents for Organization \"N\": 2 6",
+         "No Documents exist for this Organization. Would you like to add one? > 0 ORGANIZATION ",
+         "No Documents exist for this Organization. Would you like to add one? > 0 ORGANIZATION "},
+        {OrganizationEvents, "1 View Only Organizations for Event \"N\": 2 4",
+         "1 View Only Organizations for Event \"N\": 2",
+         "No Events exist for this Organization. Would you like to add one? > 1 ORGANIZATION "},
+    };
+    for (const Case& each : cases) {
+        EXPECT_EQ(show(each.command, 2), each.linked);
+        EXPECT_TRUE(
+            QString::fromStdString(show(each.command, 3)).startsWith(QString::fromUtf8(each.deletedOnly)))
+            << show(each.command, 3);
+        EXPECT_TRUE(QString::fromStdString(show(each.command, 4)).startsWith(QString::fromUtf8(each.none)))
+            << show(each.command, 4);
+    }
+    EXPECT_EQ(show(DocumentEvents, 4), std::string(noEvents) + "4 N");
+    EXPECT_EQ(show(OrganizationEvents, 4),
+              "No Events exist for this Organization. Would you like to add one? > 1 ORGANIZATION 4 N");
+}
+
+TEST_F(RelatedViewsTest, ASourceThatIsReservedOrDeletedShowsAnEmptyList)
+{
+    const RelatedCommand command = RelatedCommand::DocumentOrganization;
+    const std::string caption = "2 View Source Organization for Document \"N\": ";
+    const std::string question =
+        "No Source Organization exists for this Document. Would you like to add one? > 2";
+    EXPECT_EQ(show(command, 2), caption + "2");
+    EXPECT_EQ(show(command, 5), caption) << "the reserved organization";
+    EXPECT_EQ(show(command, 3), caption) << "a deleted organization";
+    EXPECT_EQ(show(command, 4), question) << "no organization at all";
+    EXPECT_EQ(show(command, 77), question) << "a document that is gone meanwhile";
+}
+
+TEST_F(RelatedViewsTest, AsksByTheStandardClausesAndTheCondition)
+{
+    const auto where = [&](RelatedCommand command) {
+        return follow(command, 2).view->SQL->WhereClause.toStdString();
+    };
+    const std::string documents = queries.documents->WhereClause.toStdString();
+    const std::string events = queries.events->WhereClause.toStdString();
+    const std::string organizations = queries.organizations->WhereClause.toStdString();
+    EXPECT_EQ(where(RelatedCommand::DocumentEvents), events + " AND DocumentID = 2");
+    EXPECT_EQ(where(RelatedCommand::DocumentOrganization),
+              organizations + " AND Organization.OrganizationID = 2");
+    EXPECT_EQ(where(RelatedCommand::EventDocuments),
+              documents + " AND DocumentID IN (SELECT DISTINCT Document.DocumentID FROM Document, "
+                          "DocumentEvents WHERE Document.DocumentID = DocumentEvents.DocumentID AND "
+                          "Document.DocumentID > 1 AND dStatus <> 'DELETED' AND EventID = 2)");
+    EXPECT_EQ(where(RelatedCommand::EventOrganizations),
+              organizations +
+                  " AND OrganizationID IN (SELECT DISTINCT Organization.OrganizationID FROM Organization, "
+                  "OrganizationEvents WHERE Organization.OrganizationID = OrganizationEvents.OrganizationID "
+                  "AND Organization.OrganizationID > 1 AND Status <> 'DELETED' AND EventID = 2)");
+    EXPECT_EQ(where(RelatedCommand::OrganizationDocuments), documents + " AND Document.OrganizationID = 2");
+    EXPECT_EQ(where(RelatedCommand::OrganizationEvents), events + " AND Organization.OrganizationID = 2");
+    EXPECT_EQ(follow(RelatedCommand::DocumentEvents, 2, QStringLiteral("Say \"no\" & 'yes'")).view->Caption,
+              QStringLiteral("View Only Events for Document \"Say \"no\" & 'yes'\""));
+}
+
+TEST_F(RelatedViewsTest, AQueryThatFailsIsAnError)
+{
+    DatabaseSession closed;
+    const RelatedViews views(closed, queries);
+    EXPECT_THROW((void)views.follow(RelatedCommand::EventDocuments, {2, QString()}), Error);
+}
+
+} // namespace
