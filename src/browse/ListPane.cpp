@@ -1,5 +1,6 @@
 #include "browse/ListPane.h"
 
+#include "app/StdREG.h"
 #include "browse/RecordListView.h"
 #include "data/DatabaseSession.h"
 
@@ -8,6 +9,7 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -17,6 +19,17 @@ namespace {
 constexpr int twipsPerPixel = 15;
 constexpr int defaultWidth = 96;
 constexpr int rowsBetweenYields = 500;
+constexpr int widestColumn = 4000;
+
+QString section()
+{
+    return QStringLiteral("Window");
+}
+
+QString widthsName(ViewKind kind)
+{
+    return QStringLiteral("Columns%1").arg(static_cast<int>(kind));
+}
 
 } // namespace
 
@@ -35,6 +48,8 @@ ListPane::ListPane(DatabaseSession& session, const QString& documentsFolder, QWi
     setFocusProxy(m_view);
     connect(m_view->header(), &QHeaderView::sectionClicked, this, &ListPane::sortBy);
     connect(m_view, &QAbstractItemView::pressed, this, &ListPane::announce);
+    connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ListPane::selectionChanged);
     connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& current) {
                 // a press announces itself, so that a row that is current already can be chosen again
@@ -92,13 +107,15 @@ void ListPane::forget()
 
 void ListPane::begin(ViewKind kind, std::size_t entry)
 {
-    if (!m_filling && m_entry != 0) m_remembered[m_entry].current = currentRecord();
+    if (!m_filling && m_entry != 0) rememberPlace();
     rememberWidths();
     ++m_token;
     m_filling = true;
     m_entry = entry;
     m_list = std::make_shared<RecordList>(kind);
     m_model->setList(m_list);
+    Q_EMIT selectionChanged();
+    m_view->scrollToTop();
     applyWidths();
     const auto& sort = m_remembered[entry].sort;
     m_view->header()->setSortIndicatorShown(sort.has_value());
@@ -111,9 +128,27 @@ void ListPane::finish()
 {
     m_filling = false;
     m_model->publishAll();
-    const Remembered& remembered = m_remembered[m_entry];
-    if (remembered.sort) applySort();
-    if (remembered.current && !currentRecord()) select(*remembered.current);
+    if (m_remembered[m_entry].sort) applySort();
+    restorePlace();
+}
+
+void ListPane::rememberPlace()
+{
+    Remembered& remembered = m_remembered[m_entry];
+    remembered.current = currentRecord();
+    const QModelIndex top = m_view->indexAt({0, 0});
+    remembered.top = top.isValid() ? std::optional(m_model->identifier(top.row())) : std::nullopt;
+}
+
+/// Goes back to where the user was in this view, unless they went elsewhere while it was read.
+void ListPane::restorePlace()
+{
+    const Remembered remembered = m_remembered[m_entry];
+    const bool isTouched = currentRecord() || m_view->verticalScrollBar()->value() != 0;
+    if (isTouched) return;
+    if (remembered.current) select(*remembered.current);
+    const int top = remembered.top ? m_model->rowOf(*remembered.top) : -1;
+    if (top >= 0) m_view->scrollTo(m_model->index(top, 0), QAbstractItemView::PositionAtTop);
 }
 
 void ListPane::rememberWidths()
@@ -197,6 +232,47 @@ void ListPane::announce(const QModelIndex& index)
 {
     if (m_selecting || m_filling || !index.isValid()) return;
     if (m_view->selectionModel()->isSelected(index)) Q_EMIT chosen(m_model->identifier(index.row()));
+}
+
+std::size_t ListPane::selectedCount() const
+{
+    std::size_t count = 0;
+    for (const QItemSelectionRange& range : m_view->selectionModel()->selection())
+        count += static_cast<std::size_t>(range.height());
+    return count;
+}
+
+std::vector<SelectedRecord> ListPane::selectedRecords() const
+{
+    std::vector<SelectedRecord> records;
+    for (const int row : m_view->selectedRows()) {
+        const std::size_t source = m_model->source(row);
+        records.push_back({m_model->identifier(row), m_list->text(source, 0), m_list->fileLocation(source),
+                           m_model->iconKey(row)});
+    }
+    return records;
+}
+
+void ListPane::restoreWidths(SettingsStore& settings)
+{
+    for (const ViewKind kind : {ViewKind::Documents, ViewKind::Events, ViewKind::Organizations}) {
+        const QStringList saved = StdREG(settings).GetRegString(section(), widthsName(kind)).split(u' ');
+        std::vector<int> widths;
+        for (const QString& width : saved)
+            widths.push_back(std::clamp(width.toInt(), m_view->header()->minimumSectionSize(), widestColumn));
+        if (widths.size() == listColumns(kind).size()) m_widths[kind] = widths;
+    }
+}
+
+void ListPane::saveWidths(SettingsStore& settings)
+{
+    rememberWidths();
+    for (const auto& [kind, widths] : m_widths) {
+        QStringList texts;
+        for (const int width : widths)
+            texts << QString::number(width);
+        StdREG(settings).WriteRegString(section(), widthsName(kind), texts.join(u' '));
+    }
 }
 
 void ListPane::refreshIcons()

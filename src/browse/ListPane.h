@@ -13,6 +13,16 @@
 #include <vector>
 
 class RecordListView;
+class SettingsStore;
+
+/// A selected row, as commands take it.
+struct SelectedRecord
+{
+    qint64 identifier = 0;
+    QString name;         ///< the text of its first column
+    QString fileLocation; ///< of a document, else empty
+    QString iconKey;
+};
 
 /// The list of the main window: fills itself from a query, yields to the window as it does, and remembers for
 /// each entry of the history how it was ordered and which record was chosen.
@@ -49,9 +59,21 @@ public:
     /// Selects those of the records that the list shows and scrolls to the first of them. Announces nothing.
     void select(const std::vector<qint64>& identifiers);
 
+    [[nodiscard]] std::size_t selectedCount() const;
+
+    /// The selected rows from the first to the last.
+    [[nodiscard]] std::vector<SelectedRecord> selectedRecords() const;
+
     void refreshIcons();
 
+    /// The widths of the columns, from one run to the next.
+    void restoreWidths(SettingsStore& settings);
+    void saveWidths(SettingsStore& settings);
+
 Q_SIGNALS:
+    /// The selection is another one, by whomever.
+    void selectionChanged();
+
     /// The user went to a record, or to the same one again.
     void chosen(qint64 identifier);
 
@@ -60,9 +82,12 @@ private:
     {
         std::optional<ListSort> sort;
         std::optional<qint64> current;
+        std::optional<qint64> top; ///< the first row in sight
     };
 
     void begin(ViewKind kind, std::size_t entry);
+    void rememberPlace();
+    void restorePlace();
     void finish();
     bool readRows(const QString& statement, const std::shared_ptr<RecordList>& list);
     void announce(const QModelIndex& index);

@@ -30,6 +30,9 @@ QAction* MainCommands::add(const QString& name, const QString& text, const QStri
 
 void MainCommands::makeActions()
 {
+    mnuRecordOpen = add(QStringLiteral("mnuRecordOpen"), tr("&Open"), QStringLiteral("document-open"),
+                        QKeySequence(Qt::CTRL | Qt::Key_Return),
+                        tr("Opens the file of the document or the chart of the organization"));
     mnuRecordCopy = add(QStringLiteral("mnuRecordCopy"), tr("&Copy"), QStringLiteral("edit-copy"),
                         QKeySequence::Copy, tr("Copies the selected rows"));
     mnuViewDocuments =
@@ -74,6 +77,12 @@ void MainCommands::makeMenus()
 {
     QMenu* record = m_window.menuBar()->addMenu(tr("&Record"));
     record->setObjectName(QStringLiteral("mnuRecord"));
+    record->setToolTipsVisible(true);
+    record->addAction(mnuRecordOpen);
+    mnuRecordRelated = record->addMenu(tr("&Related Records"));
+    mnuRecordRelated->setObjectName(QStringLiteral("mnuRecordRelated"));
+    mnuRecordRelated->setToolTipsVisible(true);
+    record->addSeparator();
     record->addAction(mnuRecordCopy);
 
     QMenu* view = m_window.menuBar()->addMenu(tr("&View"));
@@ -110,4 +119,6 @@ void MainCommands::makeToolBar()
     tbToolBar->addActions({mnuNavigateBack, mnuNavigateForward, mnuNavigateHome});
     tbToolBar->addSeparator();
     tbToolBar->addActions({mnuViewDocuments, mnuViewEvents, mnuViewOrganizations, mnuViewRefresh});
+    tbToolBar->addSeparator();
+    tbToolBar->addAction(mnuRecordOpen);
 }

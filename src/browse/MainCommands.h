@@ -28,7 +28,9 @@ public:
     QAction* mnuNavigateHome;
     QAction* mnuOpenDatabase;
     QAction* mnuNavigateExit;
+    QAction* mnuRecordOpen;
     QAction* mnuRecordCopy;
+    QMenu* mnuRecordRelated;
     QMenu* mnuNavigate;
     QMenu* mnuHistory;
     QToolBar* tbToolBar;

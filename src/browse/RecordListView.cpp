@@ -72,7 +72,12 @@ void RecordListView::copySelection() const
     for (const int row : rows) {
         QStringList cells;
         for (int column = 0; column < model()->columnCount(); ++column) {
-            cells << model()->index(row, column).data(Qt::DisplayRole).toString();
+            QString cell = model()->index(row, column).data(Qt::DisplayRole).toString();
+            // a tab or a line end in it would make two cells or two rows of it where it is pasted
+            std::replace_if(
+                cell.begin(), cell.end(), [](QChar c) { return c == u'\t' || c == u'\n' || c == u'\r'; },
+                u' ');
+            cells << cell;
         }
         text += cells.join(u'\t') + u'\n';
         for (QString& cell : cells)

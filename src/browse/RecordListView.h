@@ -14,6 +14,6 @@ public:
     /// Copies the selected rows, as text with tabs and as a table.
     void copySelection() const;
 
-private:
+    /// The rows that are selected, from the first to the last.
     [[nodiscard]] QList<int> selectedRows() const;
 };

@@ -3,11 +3,17 @@
 #include "app/DatabaseOpener.h"
 #include "app/ProgramState.h"
 #include "browse/BrowsePage.h"
+#include "browse/CommandState.h"
+#include "browse/HistoryNavigation.h"
 #include "browse/HomePage.h"
 #include "browse/IconSet.h"
+#include "browse/ListMenus.h"
 #include "browse/ListPane.h"
 #include "browse/MainCommands.h"
+#include "browse/OpenCommand.h"
 #include "browse/RecordListView.h"
+#include "browse/RelatedCommands.h"
+#include "browse/WindowPlace.h"
 #include "chart/ChartPane.h"
 #include "map/MapPane.h"
 #include "platform/FileDialogs.h"
@@ -42,6 +48,8 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
       m_home(new HomePage(this)),
       m_list(new ListPane(state.session, state.folder.machinePath(state.folders.documents), this)),
       m_browse(new BrowsePage(m_list, platform.settings, this)),
+      m_related(new RelatedCommands(platform, state, *m_list, this)),
+      m_open(std::make_unique<OpenCommand>(platform, state, *m_list)),
       m_timeline(new TimelinePanel(platform, state, this))
 {
     setObjectName(QStringLiteral("frmMain"));
@@ -52,6 +60,7 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
     makeStatusBar();
     setGraphics();
     connectCommands();
+    makeRecordCommands();
     m_state.history.setPresenter(this);
 }
 
@@ -124,7 +133,21 @@ void frmMain::connectCommands()
     on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
     connect(m_home, &HomePage::chosen, this, [this](int button) { viewAll(static_cast<ViewKind>(button)); });
-    connect(&m_list->view(), &QWidget::customContextMenuRequested, this, &frmMain::showListMenu);
+    new HistoryNavigation(m_state.history, *m_commands->mnuNavigateBack, *m_commands->mnuNavigateForward,
+                          *m_commands->tbToolBar, *this);
+}
+
+/// The commands that act on the rows of a list, in the menu and in the pop-up menu of each kind.
+void frmMain::makeRecordCommands()
+{
+    m_related->addTo(*m_commands->mnuRecordRelated);
+    auto* menus = new ListMenus(*m_commands, *m_related, *this);
+    connect(&m_list->view(), &QWidget::customContextMenuRequested, this,
+            [this, menus](const QPoint& position) {
+                menus->popUp(m_list->kind(), m_list->view().viewport()->mapToGlobal(position));
+            });
+    connect(m_commands->mnuRecordOpen, &QAction::triggered, this, [this] { m_open->run(); });
+    connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
 }
 
 void frmMain::load()
@@ -133,6 +156,7 @@ void frmMain::load()
                  [this] { DatabaseOpener(m_platform, m_state).openNamed(); });
     showDatabaseName();
     placeOnScreen();
+    m_list->restoreWidths(m_platform.settings);
     m_timeline->mainLoad();
     viewAll(ViewKind::Home);
 }
@@ -165,6 +189,7 @@ void frmMain::showDatabaseName()
 /// The window takes most of a small screen, and no more of a large one than its lists can use.
 void frmMain::placeOnScreen()
 {
+    if (WindowPlace::restore(*this, m_platform.settings)) return;
     const QRect available = screen()->availableGeometry();
     // the frame around the window, which the desktop adds, is about as high as these two
     const int bars = m_commands->tbToolBar->sizeHint().height() + statusBar()->sizeHint().height();
@@ -282,12 +307,16 @@ void frmMain::refresh()
 void frmMain::enableCommands()
 {
     const bool showsList = m_pages->currentWidget() == m_browse;
-    for (QAction* action :
-         {m_commands->mnuViewRefresh, m_commands->mnuSearchShowAll, m_commands->mnuRecordCopy}) {
-        action->setEnabled(showsList);
+    const QString noList = showsList ? QString() : tr("This page has no list of records.");
+    for (QAction* action : {m_commands->mnuViewRefresh, m_commands->mnuSearchShowAll,
+                            m_commands->mnuViewGraphicRight, m_commands->mnuViewGraphicBelow}) {
+        enableUnless(*action, noList);
     }
-    for (QAction* action : {m_commands->mnuViewGraphicRight, m_commands->mnuViewGraphicBelow})
-        action->setEnabled(showsList);
+    const bool isSelected = showsList && m_list->selectedCount() > 0;
+    const QString nothingSelected = isSelected ? QString() : tr("Select a record first.");
+    enableUnless(*m_commands->mnuRecordCopy, showsList ? nothingSelected : noList);
+    enableUnless(*m_commands->mnuRecordOpen, showsList ? m_open->hindrance() : noList);
+    m_related->enable(noList);
     m_commands->mnuViewGraphicRight->setChecked(m_browse->side() == Qt::Horizontal);
     m_commands->mnuViewGraphicBelow->setChecked(m_browse->side() == Qt::Vertical);
 }
@@ -309,17 +338,6 @@ void frmMain::UpdateHistoryList()
     menu.setEnabled(m_state.history.count() > 0);
 }
 
-void frmMain::showListMenu(const QPoint& position)
-{
-    QMenu menu(this);
-    menu.setObjectName(QStringLiteral("popList"));
-    menu.addAction(m_commands->mnuRecordCopy);
-    menu.addSeparator();
-    menu.addAction(m_commands->mnuViewRefresh);
-    menu.addAction(m_commands->mnuSearchShowAll);
-    menu.exec(m_list->view().viewport()->mapToGlobal(position));
-}
-
 void frmMain::closeEvent(QCloseEvent* event)
 {
     if (!m_platform.messages.ask(tr("Are you sure you want to exit?"))) {
@@ -328,6 +346,8 @@ void frmMain::closeEvent(QCloseEvent* event)
     }
     m_list->stop();
     m_browse->save();
+    m_list->saveWidths(m_platform.settings);
+    WindowPlace::save(*this, m_platform.settings);
     event->accept();
 }
 

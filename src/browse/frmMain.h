@@ -5,14 +5,19 @@
 
 #include <QMainWindow>
 
+#include <memory>
+
 class BrowsePage;
 class ChartPane;
 class HomePage;
+class ListMenus;
 class ListPane;
 class MainCommands;
 class MapPane;
+class OpenCommand;
 class QLabel;
 class QStackedWidget;
+class RelatedCommands;
 class TimelinePanel;
 struct ProgramState;
 
@@ -46,6 +51,7 @@ private:
 
     void makeStatusBar();
     void connectCommands();
+    void makeRecordCommands();
     void setGraphics();
     QWidget* makeChart(QWidget* parent);
     QWidget* makeMap(QWidget* parent);
@@ -59,7 +65,6 @@ private:
     void chooseRecord(qint64 identifier);
     void refresh();
     void enableCommands();
-    void showListMenu(const QPoint& position);
 
     Platform m_platform;
     ProgramState& m_state;
@@ -68,6 +73,8 @@ private:
     HomePage* m_home;
     ListPane* m_list;
     BrowsePage* m_browse;
+    RelatedCommands* m_related;
+    std::unique_ptr<OpenCommand> m_open;
     TimelinePanel* m_timeline;
     ChartPane* m_chart = nullptr; ///< null until documents are shown
     MapPane* m_map = nullptr;     ///< null until organizations are shown

@@ -37,6 +37,16 @@ void Journey::addDocuments(int count)
                      .constData());
 }
 
+void Journey::select(const char* name)
+{
+    const QModelIndexList found =
+        list().model()->match(list().model()->index(0, 0), Qt::DisplayRole, QString::fromUtf8(name), 1,
+                              Qt::MatchFixedString | Qt::MatchCaseSensitive);
+    if (found.isEmpty()) throw std::runtime_error(std::string("no such row: ") + name);
+    list().scrollTo(found.front());
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, list().visualRect(found.front()).center());
+}
+
 std::string Journey::column(int column)
 {
     QStringList texts;

@@ -37,6 +37,9 @@ public:
     QString viewPanel() { return find<QLabel>("pnlView").text(); }
     QString statusPanel() { return find<QLabel>("pnlStatus").text(); }
 
+    /// Clicks on the row whose first column shows that text.
+    void select(const char* name);
+
     /// The texts of a column from the first row to the last, joined by `|`.
     std::string column(int column);
 

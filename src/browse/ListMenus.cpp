@@ -1,0 +1,33 @@
+#include "browse/ListMenus.h"
+
+#include "browse/MainCommands.h"
+#include "browse/RelatedCommands.h"
+
+#include <QMenu>
+
+ListMenus::ListMenus(const MainCommands& commands, const RelatedCommands& related, QWidget& window)
+    : QObject(&window)
+{
+    const auto add = [&](ViewKind kind, const char* name) {
+        auto* menu = new QMenu(&window);
+        menu->setObjectName(QString::fromUtf8(name));
+        menu->setToolTipsVisible(true);
+        if (kind != ViewKind::Events) menu->addAction(commands.mnuRecordOpen);
+        menu->addSeparator();
+        menu->addActions(related.actions(kind));
+        menu->addSeparator();
+        menu->addAction(commands.mnuRecordCopy);
+        menu->addSeparator();
+        menu->addActions({commands.mnuViewRefresh, commands.mnuSearchShowAll});
+        m_menus[kind] = menu;
+    };
+    add(ViewKind::Documents, "popDocList");
+    add(ViewKind::Events, "popEventList");
+    add(ViewKind::Organizations, "popOrgList");
+}
+
+void ListMenus::popUp(ViewKind kind, const QPoint& position)
+{
+    const auto menu = m_menus.find(kind);
+    if (menu != m_menus.end()) menu->second->popup(position);
+}

@@ -1,0 +1,171 @@
+#include "Journey.h"
+#include "app/StdREG.h"
+
+#include <QMenu>
+#include <QScreen>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QString topRow(Journey& journey)
+{
+    return journey.list().indexAt({0, 0}).data().toString();
+}
+
+TEST(Navigation, AViewComesBackWithItsRowAndWhereItWasScrolled)
+{
+    Journey journey;
+    journey.addDocuments(300);
+    journey.start();
+    journey.trigger("mnuViewDocuments");
+    QTest::keyClicks(&journey.list(), QStringLiteral("document 250"));
+    const QModelIndex row = journey.list().currentIndex();
+    journey.list().scrollTo(journey.list().model()->index(row.row() - 3, 0), QTreeView::PositionAtTop);
+    ASSERT_EQ(topRow(journey), QStringLiteral("Document 247"));
+
+    const auto expectSamePlace = [&journey] {
+        EXPECT_EQ(topRow(journey), QStringLiteral("Document 247"));
+        ASSERT_EQ(journey.list().selectionModel()->selectedRows().size(), 1);
+        EXPECT_EQ(journey.list().currentIndex().data().toString(), QStringLiteral("Document 250"));
+    };
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(topRow(journey), QStringLiteral("Document 100")) << "a new view begins at its top";
+    journey.trigger("mnuNavigateBack");
+    expectSamePlace();
+    journey.trigger("mnuViewRefresh");
+    expectSamePlace();
+    journey.trigger("mnuNavigateHome");
+    journey.trigger("mnuNavigateBack");
+    journey.trigger("mnuNavigateBack");
+    expectSamePlace();
+
+    // a row that is gone meanwhile costs neither the place nor the selection
+    journey.database.run("UPDATE Document SET dStatus = 'DELETED' WHERE DocumentID IN (110, 111)");
+    journey.trigger("mnuViewRefresh");
+    expectSamePlace();
+}
+
+TEST(Navigation, TheMouseHasButtonsForBackAndForward)
+{
+    Journey journey;
+    journey.addDocuments(5);
+    journey.start();
+    journey.trigger("mnuViewDocuments");
+    journey.trigger("mnuViewEvents");
+    QWidget* list = journey.list().viewport();
+    QTest::mouseClick(list, Qt::BackButton);
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Documents"));
+    EXPECT_TRUE(journey.list().selectionModel()->selection().isEmpty()) << "the press selects nothing";
+    QTest::mouseDClick(list, Qt::BackButton); // as the second of two quick presses arrives
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("Home Page"));
+    QTest::mouseClick(&journey.find<QWidget>("pnlHome"), Qt::BackButton);
+    EXPECT_EQ(journey.desktop.messages.beeps, 1);
+    QTest::mouseClick(&journey.find<QWidget>("pnlHome"), Qt::ForwardButton);
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Documents"));
+    QMenu& menu = journey.find<QMenu>("mnuView");
+    QTest::mouseClick(&menu, Qt::BackButton);
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Documents")) << "not through another window";
+}
+
+/// What a button of the toolbar drops down.
+std::string dropDown(Journey& journey, const char* action)
+{
+    auto* button = qobject_cast<QToolButton*>(
+        journey.find<QToolBar>("tbToolBar").widgetForAction(&journey.find<QAction>(action)));
+    Q_EMIT button->menu()->aboutToShow();
+    QStringList texts;
+    for (const QAction* entry : button->menu()->actions())
+        texts << (entry->isEnabled() ? entry->text() : u'(' + entry->text() + u')');
+    return texts.join(u'|').toStdString();
+}
+
+TEST(Navigation, TheToolbarDropsDownWhatLiesBeforeAndAfter)
+{
+    Journey journey;
+    journey.database.run(
+        "INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES (2, 'A & B', 'ACTIVE')");
+    journey.start();
+    EXPECT_EQ(dropDown(journey, "mnuNavigateBack"), "(There is no other view.)");
+    journey.trigger("mnuViewDocuments");
+    journey.program->state().history.addView(
+        {ViewKind::Documents, journey.program->state().queries.documents, QStringLiteral("A & B")});
+    journey.trigger("mnuViewEvents");
+    EXPECT_EQ(dropDown(journey, "mnuNavigateBack"), "A && B|View ALL Documents|Home Page");
+    journey.find<QMenu>("mnuNavigateBackViews").actions().at(1)->trigger();
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Documents"));
+    EXPECT_EQ(dropDown(journey, "mnuNavigateBack"), "Home Page");
+    EXPECT_EQ(dropDown(journey, "mnuNavigateForward"), "A && B|View ALL Events");
+    EXPECT_EQ(journey.program->state().history.count(), 4u) << "going there adds nothing";
+
+    for (int i = 0; i < 40; ++i)
+        journey.trigger("mnuNavigateHome");
+    EXPECT_EQ(dropDown(journey, "mnuNavigateBack").size(), std::string("Home Page|").size() * 20 - 1);
+}
+
+TEST(Navigation, TheWindowAndItsColumnsAreAsTheyWere)
+{
+    MemorySettings kept;
+    {
+        Journey journey;
+        journey.addDocuments(3);
+        journey.start();
+        journey.trigger("mnuViewDocuments");
+        journey.list().setColumnWidth(0, 317);
+        journey.trigger("mnuViewEvents");
+        journey.list().setColumnWidth(0, 211);
+        journey.program->window()->setGeometry(3, 70, 790, 520);
+        journey.desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to exit?"), true);
+        journey.trigger("mnuNavigateExit");
+        kept = journey.desktop.settings;
+    }
+    Journey journey;
+    journey.desktop.settings = kept;
+    journey.addDocuments(3);
+    journey.start();
+    EXPECT_EQ(journey.program->window()->geometry(), QRect(3, 70, 790, 520));
+    journey.trigger("mnuViewEvents");
+    EXPECT_EQ(journey.list().columnWidth(0), 211);
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(journey.list().columnWidth(0), 317);
+}
+
+TEST(Navigation, AWindowOfAnotherScreenComesWholeToThisOne)
+{
+    constexpr int frame = 4;
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry().adjusted(0, 0, frame, frame);
+    struct Case
+    {
+        const char* saved;
+        bool isMaximized;
+    };
+    for (const Case& each : {Case{"5000 3000 600 500", false}, Case{"-900 -20 600 500", false},
+                             Case{"10 10 9000 7000", false}, Case{"2000 10 600 500 maximized", true}}) {
+        Journey journey;
+        StdREG(journey.desktop.settings)
+            .WriteRegString(QStringLiteral("Window"), QStringLiteral("Place"), QString::fromUtf8(each.saved));
+        journey.start();
+        const QRect place = journey.program->window()->geometry();
+        EXPECT_TRUE(room.contains(place)) << each.saved << ": " << place.x() << ' ' << place.y() << ' '
+                                          << place.width() << ' ' << place.height();
+        EXPECT_EQ(journey.program->window()->isMaximized(), each.isMaximized) << each.saved;
+    }
+    for (const char* nonsense : {"", "a b c d", "1 2", "1 2 -3 -4", "99999999999 1 2 3",
+                                 "2147483647 2147483647 2147483647 2147483647"}) {
+        Journey journey;
+        StdREG(journey.desktop.settings)
+            .WriteRegString(QStringLiteral("Window"), QStringLiteral("Place"), QString::fromUtf8(nonsense));
+        StdREG(journey.desktop.settings)
+            .WriteRegString(QStringLiteral("Window"), QStringLiteral("Columns0"),
+                            QString::fromUtf8(nonsense));
+        journey.start();
+        EXPECT_GE(journey.program->window()->width(), 200) << nonsense;
+        journey.trigger("mnuViewDocuments");
+        EXPECT_LT(journey.list().columnWidth(0), 5000) << nonsense;
+    }
+}
+
+} // namespace

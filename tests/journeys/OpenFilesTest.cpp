@@ -1,0 +1,169 @@
+#include "Journey.h"
+
+#include <QClipboard>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class OpenFilesJourney : public testing::Test
+{
+protected:
+    OpenFilesJourney()
+    {
+        journey.database.run(
+            "INSERT INTO FileTypes VALUES (1, 'None'), (2, 'PDF'), (6, 'Picture');"
+            "INSERT INTO Document (DocumentID, DocumentName, FileTypeID, ReleaseForm, FileLocation, "
+            "dStatus) VALUES (2, 'Local', 2, 0, '2.pdf', 'ACTIVE'), (3, 'On disc', 2, 1, '3.pdf', "
+            "'ACTIVE'), (4, 'Photo', 6, 1, '4.jpg', 'ACTIVE'), (5, 'Secret', 2, 0, '5.pdf', 'ACTIVE'), "
+            "(6, 'Way out', 2, 1, '../../6.pdf', 'ACTIVE')");
+        journey.database.run(
+            "INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES (2, 'Charted', "
+            "'ACTIVE'), (3, 'Plain', 'ACTIVE')");
+        journey.database.run("INSERT INTO OrganizationProfile (OrganizationProfileID, OrganizationChart, "
+                             "ChartOption) VALUES (2, '/home/user/tree.png', 1)");
+        put(QStringLiteral("/data/documents/2.pdf"));
+        put(QStringLiteral("/data/orgcharts/2.png"));
+        put(QStringLiteral("/disc/OrvikDB/data/documents/3.pdf"));
+        put(QStringLiteral("/photos/OrvikDB/data/documents/4.jpg"));
+        journey.start();
+    }
+
+    void put(const QString& path) const
+    {
+        QDir().mkpath(QFileInfo(root() + path).path());
+        ASSERT_TRUE(QFile(root() + path).open(QIODevice::WriteOnly));
+    }
+
+    [[nodiscard]] QString root() const { return journey.database.folder(); }
+
+    /// Opens the record of that name, and gives what the desktop was asked to open.
+    std::string open(const char* name)
+    {
+        journey.select(name);
+        journey.trigger("mnuRecordOpen");
+        return opened();
+    }
+
+    std::string opened()
+    {
+        const QString files = journey.desktop.shell.opened.join(u' ');
+        journey.desktop.shell.opened.clear();
+        return QString(files).remove(root()).toStdString();
+    }
+
+    Journey journey;
+};
+
+TEST_F(OpenFilesJourney, OpensADocumentWhereverItLies)
+{
+    auto& desktop = journey.desktop;
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(open("Local"), "/data/documents/2.pdf");
+    const QString noDisc = QStringLiteral("Unable to find the Orvik CD. Please insert the CDROM.");
+    desktop.messages.expectMessage(noDisc);
+    EXPECT_EQ(open("On disc"), "");
+    desktop.volumes.volumes = {{QStringLiteral("Orvik"), root() + QStringLiteral("/disc")}};
+    EXPECT_EQ(open("On disc"), "/disc/OrvikDB/data/documents/3.pdf");
+    desktop.messages.expectMessage(
+        QStringLiteral("Unable to find the Orvik_Photos CD. Please insert the CDROM."));
+    EXPECT_EQ(open("Photo"), "");
+    desktop.volumes.volumes.push_back({QStringLiteral("Orvik_Photos"), root() + QStringLiteral("/photos")});
+    EXPECT_EQ(open("Photo"), "/photos/OrvikDB/data/documents/4.jpg");
+    desktop.messages.expectMessage(QStringLiteral("Copyright permissions not granted."));
+    EXPECT_EQ(open("Secret"), "");
+    desktop.messages.expectMessage(
+        QStringLiteral("File not found: %1/data/documents/../../6.pdf").arg(root()));
+    EXPECT_EQ(open("Way out"), "");
+
+    // the row was seen while the file was there
+    QFile::remove(root() + QStringLiteral("/data/documents/2.pdf"));
+    desktop.messages.expectMessage(QStringLiteral("File not found: %1/data/documents/2.pdf").arg(root()));
+    EXPECT_EQ(open("Local"), "");
+}
+
+TEST_F(OpenFilesJourney, OpensAChartOrSaysThatThereIsNone)
+{
+    journey.trigger("mnuViewOrganizations");
+    EXPECT_EQ(open("Charted"), "/data/orgcharts/2.png");
+    journey.desktop.messages.expectMessage(
+        QStringLiteral("No chart currently associated with this organization."));
+    EXPECT_EQ(open("Plain"), "");
+}
+
+TEST_F(OpenFilesJourney, OpensSeveralAndTellsWhatCouldNotBeOpenedOnce)
+{
+    auto& desktop = journey.desktop;
+    journey.trigger("mnuViewDocuments");
+    journey.list().selectAll();
+    desktop.messages.expectMessage(
+        QStringLiteral("Unable to find the Orvik CD. Please insert the CDROM.\n"
+                       "Unable to find the Orvik_Photos CD. Please insert the CDROM.\n"
+                       "Copyright permissions not granted.\n"
+                       "File not found: %1/data/documents/../../6.pdf")
+            .arg(root()));
+    journey.trigger("mnuRecordOpen");
+    EXPECT_EQ(opened(), "/data/documents/2.pdf");
+
+    // more than five ask first
+    journey.database.run("INSERT INTO Document (DocumentID, DocumentName, FileTypeID, ReleaseForm, "
+                         "FileLocation, dStatus) VALUES (7, 'Also on disc', 2, 1, '7.pdf', 'ACTIVE')");
+    journey.trigger("mnuViewRefresh");
+    journey.list().selectAll();
+    desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to open 6 documents?"), false);
+    journey.trigger("mnuRecordOpen");
+    EXPECT_EQ(opened(), "");
+    desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to open 6 documents?"), true);
+    desktop.messages.expectMessage(
+        QStringLiteral("Unable to find the Orvik CD. Please insert the CDROM.\n"
+                       "Unable to find the Orvik_Photos CD. Please insert the CDROM.\n"
+                       "Copyright permissions not granted.\n"
+                       "File not found: %1/data/documents/../../6.pdf")
+            .arg(root()));
+    journey.trigger("mnuRecordOpen");
+    EXPECT_EQ(opened(), "/data/documents/2.pdf");
+}
+
+TEST_F(OpenFilesJourney, TellsOfTenFilesAtMost)
+{
+    journey.database.run("UPDATE Document SET dStatus = 'DELETED'");
+    QStringList lines;
+    for (int id = 20; id < 32; ++id) {
+        journey.database.run(QStringLiteral("INSERT INTO Document (DocumentID, DocumentName, ReleaseForm, "
+                                            "FileLocation, dStatus) VALUES (%1, %1, 1, '../%1', 'ACTIVE')")
+                                 .arg(id)
+                                 .toUtf8()
+                                 .constData());
+        if (lines.size() < 10)
+            lines << QStringLiteral("File not found: %1/data/documents/../%2").arg(root()).arg(id);
+    }
+    journey.trigger("mnuViewDocuments");
+    journey.list().selectAll();
+    journey.desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to open 12 documents?"),
+                                            true);
+    journey.desktop.messages.expectMessage(lines.join(u'\n') + QStringLiteral("\n… and 2 more."));
+    journey.trigger("mnuRecordOpen");
+}
+
+TEST_F(OpenFilesJourney, CopiesTheSelectedRowsAsTextAndAsATable)
+{
+    journey.database.run("UPDATE Document SET Author = 'Smith & ' || char(9) || 'Sons' || char(10) || 'Ltd' "
+                         "WHERE DocumentID = 2");
+    journey.trigger("mnuViewDocuments");
+    journey.list().selectAll();
+    QTest::keyClick(&journey.list(), Qt::Key_C, Qt::ControlModifier);
+    const QMimeData& copied = *QApplication::clipboard()->mimeData();
+    EXPECT_EQ(copied.text().section(u'\n', 0, 1).toStdString(),
+              "Local\t\tSmith &  Sons Ltd\t\tPDF\t\nOn disc\t\t\t\tPDF\t");
+    EXPECT_EQ(copied.text().count(u'\n'), 5);
+    EXPECT_TRUE(
+        copied.html().contains(QStringLiteral("<tr><td>Local</td><td></td><td>Smith &amp;  Sons Ltd")))
+        << copied.html().toStdString();
+}
+
+} // namespace

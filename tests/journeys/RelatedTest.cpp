@@ -1,0 +1,160 @@
+#include "Journey.h"
+#include "browse/RelatedCommands.h"
+
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+void addRecords(const TestDatabase& database)
+{
+    database.run("INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES "
+                 "(2, 'Survey', 'ACTIVE'), (3, 'Office', 'ACTIVE')");
+    database.run("INSERT INTO Event (EventID, EventName, StartDate, EndDate, Status) VALUES "
+                 "(2, 'Flood', '1927-04-01', '1927-08-31', 'ACTIVE'), "
+                 "(3, 'Fire', '1928-04-01', '1928-04-02', 'ACTIVE')");
+    database.run("INSERT INTO Document (DocumentID, DocumentName, OrganizationID, dStatus) VALUES "
+                 "(2, 'Atlas', 2, 'ACTIVE'), (3, 'Brief & \"more\"', NULL, 'ACTIVE')");
+    database.run("INSERT INTO DocumentEvents (DocumentID, EventID) VALUES (2, 2)");
+    database.run("INSERT INTO OrganizationEvents (OrganizationID, EventID) VALUES (2, 2)");
+}
+
+class RelatedJourney : public testing::Test
+{
+protected:
+    RelatedJourney()
+    {
+        addRecords(journey.database);
+        journey.start();
+        auto& related = *journey.program->window()->findChild<RelatedCommands*>();
+        QObject::connect(&related, &RelatedCommands::additionWanted, &related,
+                         [this](const RecordAddition& addition) { wanted.push_back(addition); });
+    }
+
+    /// The pop-up menu that a right click on the current row opens: its entries, the disabled ones in
+    /// parentheses.
+    std::string popUp(const char* name)
+    {
+        const QPoint at = journey.list().visualRect(journey.list().currentIndex()).center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, journey.list().viewport()->mapToGlobal(at));
+        QApplication::sendEvent(journey.list().viewport(), &event);
+        auto& menu = journey.find<QMenu>(name);
+        EXPECT_TRUE(menu.isVisible());
+        QStringList texts;
+        for (const QAction* action : menu.actions()) {
+            if (action->isSeparator() || !action->isVisible()) continue;
+            const QString text = QString(action->text()).remove(u'&');
+            texts << (action->isEnabled() ? text : u'(' + text + u')');
+        }
+        menu.close();
+        return texts.join(u'|').toStdString();
+    }
+
+    Journey journey;
+    std::vector<RecordAddition> wanted;
+};
+
+TEST_F(RelatedJourney, GoesFromADocumentToItsEventsToTheirOrganizationsAndBack)
+{
+    journey.trigger("mnuViewDocuments");
+    journey.select("Atlas");
+    EXPECT_EQ(popUp("popDocList"), "Open|View Events|View Source Organization|Copy|Refresh|Show All");
+    journey.trigger("popDocListViewEvents");
+    EXPECT_EQ(journey.column(0), "Flood");
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View Only Events for Document \"Atlas\""));
+    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 1 Event"));
+
+    EXPECT_EQ(popUp("popEventList"), "(View Documents)|(View Organizations)|(Copy)|Refresh|Show All");
+    journey.select("Flood");
+    QTest::keyClick(journey.program->window(), Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View Only Organizations for Event \"Flood\""));
+    EXPECT_EQ(journey.column(0), "Survey");
+
+    journey.select("Survey");
+    EXPECT_EQ(popUp("popOrgList"), "Open|View Documents|View Events|Copy|Refresh|Show All");
+    journey.trigger("popOrgListViewEvents");
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View Only Organizations for Event \"Survey\""));
+    EXPECT_EQ(journey.column(0), "Flood");
+    journey.trigger("mnuNavigateBack");
+    EXPECT_EQ(journey.list().currentIndex().data().toString(), QStringLiteral("Survey"));
+    journey.trigger("popOrgListViewDocs");
+    EXPECT_EQ(journey.column(0), "Atlas");
+    EXPECT_EQ(journey.historyMenu(),
+              "Home Page|View ALL Documents|View Only Events for Document \"Atlas\"|View Only Organizations "
+              "for Event \"Flood\"|View Only Organizations for Event \"Survey\"|[View Only Documents for "
+              "Organization \"Survey\"]");
+}
+
+TEST_F(RelatedJourney, OffersToAddWhatIsNotThere)
+{
+    journey.trigger("mnuViewDocuments");
+    journey.select("Brief & \"more\"");
+    const QString question = QStringLiteral("No Events exist for this Document. Would you like to add one?");
+    journey.desktop.messages.expectQuestion(question, false);
+    journey.trigger("popDocListViewEvents");
+    EXPECT_TRUE(wanted.empty());
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Documents"));
+
+    journey.desktop.messages.expectQuestion(question, true);
+    journey.trigger("popDocListViewEvents");
+    ASSERT_EQ(wanted.size(), 1u);
+    EXPECT_EQ(wanted[0].kind, ViewKind::Events);
+    ASSERT_TRUE(wanted[0].preset.has_value());
+    EXPECT_EQ(wanted[0].preset->FieldName, QStringLiteral("DOCUMENT"));
+    EXPECT_EQ(wanted[0].preset->FieldID, 3);
+    EXPECT_EQ(wanted[0].preset->FieldText, QStringLiteral("Brief & \"more\""));
+
+    journey.desktop.messages.expectQuestion(
+        QStringLiteral("No Source Organization exists for this Document. Would you like to add one?"), true);
+    journey.trigger("popDocListViewOrgs");
+    ASSERT_EQ(wanted.size(), 2u);
+    EXPECT_EQ(wanted[1].kind, ViewKind::Organizations);
+    EXPECT_FALSE(wanted[1].preset.has_value());
+    EXPECT_EQ(journey.program->state().history.count(), 2u);
+}
+
+TEST_F(RelatedJourney, SaysWhyACommandCannotBeUsed)
+{
+    const auto tip = [this](const char* name) {
+        const auto& action = journey.find<QAction>(name);
+        return (action.isEnabled() ? QString() : action.toolTip().section(u'\n', -1)).toStdString();
+    };
+    const std::string noList = "This page has no list of records.";
+    for (const char* name : {"mnuRecordOpen", "mnuRecordCopy", "mnuViewRefresh", "mnuSearchShowAll"})
+        EXPECT_EQ(tip(name), noList) << name;
+    EXPECT_FALSE(journey.find<QMenu>("mnuRecordRelated").menuAction()->isEnabled());
+    EXPECT_EQ(tip("mnuNavigateBack"), "") << "it beeps";
+
+    journey.trigger("mnuViewDocuments");
+    const std::string noRecord = "Select a record first.";
+    for (const char* name : {"mnuRecordOpen", "mnuRecordCopy", "popDocListViewEvents"})
+        EXPECT_EQ(tip(name), noRecord) << name;
+    journey.list().selectAll();
+    EXPECT_EQ(tip("mnuRecordOpen"), "");
+    EXPECT_EQ(tip("mnuRecordCopy"), "");
+    EXPECT_EQ(tip("popDocListViewOrgs"), "Select a single record.");
+    journey.select("Atlas");
+    EXPECT_EQ(tip("popDocListViewOrgs"), "");
+    EXPECT_EQ(journey.find<QAction>("mnuRecordCopy").toolTip(), QStringLiteral("Copy (Ctrl+C)"));
+    EXPECT_FALSE(journey.find<QAction>("popEventListViewDocs").isVisible());
+
+    journey.trigger("mnuViewEvents");
+    journey.select("Flood");
+    EXPECT_EQ(tip("mnuRecordOpen"), "An event has no file to open.");
+}
+
+TEST_F(RelatedJourney, AFailureShowsOneMessageAndTheViewStays)
+{
+    journey.trigger("mnuViewEvents");
+    journey.select("Flood");
+    journey.database.run("ALTER TABLE DocumentEvents RENAME COLUMN EventID TO Renamed");
+    journey.desktop.messages.expectMessageBeginning(QStringLiteral("popEventListViewDocs Error (1): "));
+    journey.trigger("popEventListViewDocs");
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Events"));
+    EXPECT_EQ(journey.program->state().history.count(), 2u);
+}
+
+} // namespace
