@@ -24,7 +24,7 @@ EmptyWindowNotice::EmptyWindowNotice(QWidget* parent)
     setObjectName(QStringLiteral("pnlEmptyWindow"));
     m_text->setObjectName(QStringLiteral("lblEmptyWindow"));
     m_text->setAlignment(Qt::AlignCenter);
-    m_text->setForegroundRole(QPalette::PlaceholderText);
+    m_text->setForegroundRole(QPalette::Text);
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->setSpacing(2);
     m_layout->addWidget(m_text);

@@ -57,9 +57,11 @@ protected:
         return texts.join(u'|').toStdString();
     }
 
-    void turnWheel(int angle, Qt::KeyboardModifiers modifiers)
+    void turnWheel(int angle, Qt::KeyboardModifiers modifiers) { turnWheel(QPoint(0, angle), modifiers); }
+    void turnWheelSideways(int angle) { turnWheel(QPoint(angle, 0), {}); }
+    void turnWheel(QPoint angle, Qt::KeyboardModifiers modifiers)
     {
-        QWheelEvent event({50, 10}, picture().mapToGlobal(QPointF(50, 10)), {}, {0, angle}, Qt::NoButton,
+        QWheelEvent event({50, 10}, picture().mapToGlobal(QPointF(50, 10)), {}, angle, Qt::NoButton,
                           modifiers, Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(&journey.find<QWidget>("pnlTimeline"), &event);
     }
@@ -125,6 +127,9 @@ TEST_F(Timelines, ButtonsKeysAndWheelRunTheSameHandlers)
     turnWheel(60, Qt::ShiftModifier);
     turnWheel(60, Qt::ShiftModifier);
     EXPECT_EQ(now(), "04/01/1927 06:00");
+    turnWheelSideways(-120);
+    EXPECT_EQ(now(), "04/01/1927 06:05");
+    turnWheelSideways(120);
 
     EXPECT_FALSE(journey.find<QToolButton>("ZoomIn").isEnabled());
     QTest::keyClick(&picture(), Qt::Key_Plus);
@@ -172,6 +177,13 @@ TEST_F(Timelines, AnEmptyWindowLeadsToTheNearestEvents)
     EXPECT_EQ(now(), "01/01/1930 00:00");
     EXPECT_EQ(shown(), "Storm -->");
     EXPECT_EQ(chosen(), "Storm");
+
+    QTest::keyClick(&picture(), Qt::Key_End);
+    auto& link = journey.find<QToolButton>("lnkBefore");
+    link.setFocus();
+    QTest::keyClick(&link, Qt::Key_Space);
+    EXPECT_EQ(shown(), "Storm -->");
+    EXPECT_TRUE(picture().hasFocus()) << "the keys go on moving the timeline";
 }
 
 TEST_F(Timelines, ThePoolGrowsWithThePictureAndNeverWhileDrawing)
