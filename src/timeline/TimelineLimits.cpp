@@ -33,11 +33,11 @@ void setTimelineLimits(DatabaseSession& session, const QDateTime& now, TimelineL
         QStringLiteral("SELECT DISTINCT StartDate, StartTime FROM Event WHERE Status <> 'DELETED' "
                        "AND EventID > 1 ORDER BY StartDate, StartTime"),
         u"StartDate", u"StartTime");
-    limits.timelineStart = start.value_or(momentOf(now.date()));
+    limits.timelineStart = start ? *start : momentOf(now.date());
     const auto end =
         firstMoment(session,
                     QStringLiteral("SELECT DISTINCT EndDate, EndTime FROM Event WHERE Status <> 'DELETED' "
                                    "AND EventID > 1 ORDER BY EndDate DESC, EndTime DESC"),
                     u"EndDate", u"EndTime");
-    limits.timelineEnd = end.value_or(momentOf(now.date(), now.time())) + minutesOfDay;
+    limits.timelineEnd = (end ? *end : momentOf(now.date(), now.time())) + minutesOfDay;
 }
