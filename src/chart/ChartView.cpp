@@ -109,7 +109,7 @@ int ChartView::axisRoom() const
 /// Wide enough for a name that is turned and for a number that is not.
 int ChartView::narrowestSlot() const
 {
-    constexpr int numberGap = 6;
+    constexpr int numberGap = 4;
     const int number = fontMetrics().horizontalAdvance(QString::number(highestCount()));
     return std::max(fontMetrics().height() + 2, number + numberGap);
 }
