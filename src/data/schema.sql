@@ -302,8 +302,8 @@ CREATE INDEX EventByStart ON Event (
 CREATE INDEX EventByLength ON Event (
     length(CAST(julianday(EndDate) - julianday(StartDate) AS INTEGER)), StartDate, EndDate
 );
--- The timeline's first moment, with its time as it is held. Partial, since the window is served by EventByStart.
-CREATE INDEX EventByStartTime ON Event (StartDate, StartTime, Status) WHERE EventID > 1;
+-- the limits of the timeline: the first and the last moment, with times as they are held
+CREATE INDEX EventByStartTime ON Event (StartDate, StartTime, Status);
 CREATE INDEX EventByEnd ON Event (EndDate, EndTime, Status);
 
 CREATE INDEX DocumentEventsByDocument ON DocumentEvents (DocumentID, EventID);
