@@ -81,7 +81,7 @@ TEST(ImportedDatabase, isCompleteSoundAndInTheHeldForms)
     EXPECT_EQ(value("SELECT count(DISTINCT DocumentID) FROM Q_Document"), "150");
     EXPECT_EQ(value("SELECT count(DISTINCT EventID) FROM Q_Event"), "120");
     EXPECT_EQ(value("SELECT count(DISTINCT OrganizationID) FROM Q_Organization"), "40");
-    EXPECT_EQ(value("SELECT count(*) FROM pragma_index_list('Event')"), "2");
+    EXPECT_EQ(value("SELECT count(*) FROM pragma_index_list('Event') WHERE name = 'EventByEnd'"), "1");
     EXPECT_EQ(value("SELECT StartDate || ' ' || StartTime || ' ' || EndTime FROM Event WHERE EventID = 4"),
               "2005-12-31 23:59 23:59:59");
     EXPECT_EQ(value("SELECT DocumentDate FROM Document WHERE DocumentID = 2"), "01/21/2001");
