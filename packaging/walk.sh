@@ -56,6 +56,16 @@ key i
 picture 07-history
 key Escape Escape alt+Home
 picture 08-home-again
+key ctrl+f
+xdotool type flood
+picture 09-keyword-search
+key Return
+picture 10-search-results
+key Return
+picture 11-found-documents
+key ctrl+shift+f
+picture 12-advanced-search
+key Escape alt+Home
 
 if ! kill -0 "$application" 2>/dev/null; then
     echo "The program has ended by itself." >&2

@@ -56,5 +56,6 @@ struct ProgramState
     ProgramFolders folders;
     ProgramFolder folder;
     QString databasePath;
+    QString lastKeywords; ///< what was searched for last, as typed
     DatabaseSession session;
 };

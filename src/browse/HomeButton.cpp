@@ -12,7 +12,7 @@ constexpr int pictureSize = 96;
 constexpr int margin = 20;
 constexpr int spacing = 12;
 constexpr qreal cornerRadius = 10.0;
-constexpr int buttonWidth = 240;
+constexpr int buttonWidth = 200;
 
 QFont captionFont(const QFont& font)
 {

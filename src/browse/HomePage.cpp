@@ -35,6 +35,7 @@ HomePage::HomePage(QWidget* parent)
     addButton(1, QStringLiteral("home-events"), tr("&Events"), tr("What happened, and when"));
     addButton(2, QStringLiteral("home-organizations"), tr("&Organizations"),
               tr("Who took part, and where they are"));
+    addButton(3, QStringLiteral("home-search"), tr("Sear&ch"), tr("Find words in records of every kind"));
     m_buttons->addStretch();
 
     auto* layout = new QVBoxLayout(this);

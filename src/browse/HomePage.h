@@ -18,7 +18,7 @@ public:
     void setSubtitle(const QString& text);
 
 Q_SIGNALS:
-    /// Button 0 shows the documents, 1 the events, 2 the organizations.
+    /// Button 0 shows the documents, 1 the events, 2 the organizations, 3 searches.
     void chosen(int button);
 
 private:

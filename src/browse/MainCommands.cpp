@@ -56,6 +56,13 @@ void MainCommands::makeActions()
         side->setCheckable(true);
         sides->addAction(side);
     }
+    mnuSearchKeyword =
+        add(QStringLiteral("mnuSearchKeyword"), tr("&Keyword Search…"), QStringLiteral("edit-find"),
+            QKeySequence(Qt::CTRL | Qt::Key_F), tr("Finds records by words in their names and descriptions"));
+    mnuSearchKeyword->setIconText(tr("Search"));
+    mnuSearchAdvanced =
+        add(QStringLiteral("mnuSearchAdvanced"), tr("&Advanced Search…"), QStringLiteral("view-filter"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), tr("Finds records of this kind by criteria"));
     mnuSearchShowAll =
         add(QStringLiteral("mnuSearchShowAll"), tr("Show &All"), QStringLiteral("view-list-details"),
             QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A), tr("Shows all records of this kind"));
@@ -95,6 +102,8 @@ void MainCommands::makeMenus()
 
     QMenu* search = m_window.menuBar()->addMenu(tr("&Search"));
     search->setObjectName(QStringLiteral("mnuSearch"));
+    search->addActions({mnuSearchKeyword, mnuSearchAdvanced});
+    search->addSeparator();
     search->addAction(mnuSearchShowAll);
 
     mnuNavigate = m_window.menuBar()->addMenu(tr("&Navigate"));
@@ -117,6 +126,8 @@ void MainCommands::makeToolBar()
     tbToolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     tbToolBar->setContextMenuPolicy(Qt::PreventContextMenu);
     tbToolBar->addActions({mnuNavigateBack, mnuNavigateForward, mnuNavigateHome});
+    tbToolBar->addSeparator();
+    tbToolBar->addAction(mnuSearchKeyword);
     tbToolBar->addSeparator();
     tbToolBar->addActions({mnuViewDocuments, mnuViewEvents, mnuViewOrganizations, mnuViewRefresh});
     tbToolBar->addSeparator();

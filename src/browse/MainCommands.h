@@ -22,6 +22,8 @@ public:
     QAction* mnuViewRefresh;
     QAction* mnuViewGraphicRight;
     QAction* mnuViewGraphicBelow;
+    QAction* mnuSearchKeyword;
+    QAction* mnuSearchAdvanced;
     QAction* mnuSearchShowAll;
     QAction* mnuNavigateBack;
     QAction* mnuNavigateForward;

@@ -55,6 +55,7 @@ FieldNames fieldNames(ViewKind kind)
                 {u"OrganizationName", u"OrganizationTypeName", u"OrganizationSubTypeName", u"FunctionName",
                  u"City", u"State"}};
     case ViewKind::Home:
+    case ViewKind::SearchResults:
         break;
     }
     return {};
@@ -89,6 +90,7 @@ const std::vector<ListColumn>& listColumns(ViewKind kind)
     case ViewKind::Organizations:
         return organizations;
     case ViewKind::Home:
+    case ViewKind::SearchResults:
         break;
     }
     return none;
@@ -269,6 +271,7 @@ QString RecordList::countText(ViewKind kind, std::size_t count)
         noun = QStringLiteral(" Organization");
         break;
     case ViewKind::Home:
+    case ViewKind::SearchResults:
         return {};
     }
     return QStringLiteral("Displaying ") + QString::number(count) + noun +

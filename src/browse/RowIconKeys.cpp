@@ -28,6 +28,7 @@ QString RowIconKeys::look(const RecordList& list, std::size_t row)
         return hasChart(list.identifier(row)) ? QStringLiteral("Organization_cd")
                                               : QStringLiteral("Organization_wc");
     case ViewKind::Home:
+    case ViewKind::SearchResults:
         break;
     }
     return QStringLiteral("");

@@ -11,6 +11,12 @@ void ViewHistory::clear()
     m_views.clear();
     m_current = 0;
     m_currentKind = ViewKind::Home;
+    m_currentQuery.reset();
+}
+
+const SharedQuery& ViewHistory::currentQuery() const
+{
+    return m_currentQuery ? m_currentQuery : view(m_current).SQL;
 }
 
 void ViewHistory::showView(std::size_t position)
@@ -20,6 +26,7 @@ void ViewHistory::showView(std::size_t position)
     // a copy: showing a long list yields, and another view may be added meanwhile
     const clsView shown = view(position);
     m_currentKind = shown.viewIndex;
+    m_currentQuery.reset();
     if (m_presenter == nullptr) return;
     switch (shown.viewIndex) {
     case ViewKind::Documents:
@@ -33,6 +40,9 @@ void ViewHistory::showView(std::size_t position)
         break;
     case ViewKind::Home:
         m_presenter->showHome();
+        break;
+    case ViewKind::SearchResults:
+        m_presenter->showSearchResults();
         break;
     }
 }

@@ -15,6 +15,7 @@ public:
     virtual void showEvents(const SharedQuery& query, const QString& caption) = 0;
     virtual void showOrganizations(const SharedQuery& query, const QString& caption) = 0;
     virtual void showHome() = 0;
+    virtual void showSearchResults() = 0;
 
 protected:
     ViewPresenter() = default;
@@ -49,9 +50,17 @@ public:
     [[nodiscard]] std::size_t current() const { return m_current; }
     [[nodiscard]] ViewKind currentKind() const { return m_currentKind; }
 
+    /// What list and graphic ask of the data for the view shown last: its query, or the one that was given in
+    /// its place. There must be a view.
+    [[nodiscard]] const SharedQuery& currentQuery() const;
+
+    /// Gives the view shown last a query that has the same rows at less cost, until a view is shown again.
+    void setCurrentQuery(SharedQuery query) { m_currentQuery = std::move(query); }
+
 private:
     std::vector<clsView> m_views;
     std::size_t m_current = 0;
     ViewKind m_currentKind = ViewKind::Home;
+    SharedQuery m_currentQuery; ///< null: the view's own
     ViewPresenter* m_presenter = nullptr;
 };

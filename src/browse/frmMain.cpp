@@ -20,6 +20,8 @@
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "platform/WaitCursor.h"
+#include "search/SearchCommands.h"
+#include "search/SearchResultsPage.h"
 #include "timeline/TimelinePanel.h"
 
 #include <QApplication>
@@ -37,6 +39,7 @@
 namespace {
 
 constexpr QSize largestFirstSize(1600, 1000);
+constexpr int widestHistoryEntry = 700;
 
 } // namespace
 
@@ -48,6 +51,7 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
       m_home(new HomePage(this)),
       m_list(new ListPane(state.session, state.folder.machinePath(state.folders.documents), this)),
       m_browse(new BrowsePage(m_list, platform.settings, this)),
+      m_search(new SearchCommands(platform, state, *this)),
       m_related(new RelatedCommands(platform, state, *m_list, this)),
       m_open(std::make_unique<OpenCommand>(platform, state, *m_list)),
       m_timeline(new TimelinePanel(platform, state, this))
@@ -56,6 +60,8 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
     setWindowTitle(tr("Orvik Database"));
     m_pages->addWidget(m_home);
     m_pages->addWidget(m_browse);
+    m_pages->addWidget(m_search->page());
+    m_search->attachTo(m_list->view());
     setCentralWidget(m_pages);
     makeStatusBar();
     setGraphics();
@@ -118,6 +124,9 @@ void frmMain::connectCommands()
     on(m_commands->mnuViewEvents, [this] { viewAll(ViewKind::Events); });
     on(m_commands->mnuViewOrganizations, [this] { viewAll(ViewKind::Organizations); });
     on(m_commands->mnuSearchShowAll, [this] { viewAll(m_state.history.currentKind()); });
+    on(m_commands->mnuSearchKeyword, [this] { m_search->openKeywordSearch(); });
+    on(m_commands->mnuSearchAdvanced,
+       [this] { m_search->openAdvancedSearch(m_state.history.currentKind()); });
     on(m_commands->mnuViewRefresh, [this] { refresh(); });
     on(m_commands->mnuViewGraphicRight, [this] { m_browse->setSide(Qt::Horizontal); });
     on(m_commands->mnuViewGraphicBelow, [this] { m_browse->setSide(Qt::Vertical); });
@@ -132,7 +141,8 @@ void frmMain::connectCommands()
     on(m_commands->mnuNavigateExit, [this] { close(); });
     on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
-    connect(m_home, &HomePage::chosen, this, [this](int button) { viewAll(static_cast<ViewKind>(button)); });
+    connect(m_home, &HomePage::chosen, this, &frmMain::pressHomeButton);
+    connect(m_search, &SearchCommands::recordChosen, this, &frmMain::viewRecord);
     new HistoryNavigation(m_state.history, *m_commands->mnuNavigateBack, *m_commands->mnuNavigateForward,
                           *m_commands->tbToolBar, *this);
 }
@@ -214,6 +224,18 @@ void frmMain::viewAll(ViewKind kind)
     case ViewKind::Home:
         m_state.history.addView({kind, std::make_shared<const SQLObject>(), tr("Home Page")});
         break;
+    case ViewKind::SearchResults:
+        break;
+    }
+}
+
+void frmMain::pressHomeButton(int button)
+{
+    constexpr int searchButton = 3;
+    if (button == searchButton) {
+        m_search->openKeywordSearch();
+    } else {
+        viewAll(static_cast<ViewKind>(button));
     }
 }
 
@@ -238,16 +260,19 @@ void frmMain::showList(ViewKind kind, const QString& procedure, const SharedQuer
     m_pages->setCurrentWidget(m_browse);
     m_browse->showKind(kind);
     enableCommands();
+    m_search->beginList();
     bool stayed = true;
     const bool isListed = runProcedure(m_platform.messages, procedure, [&] {
         const WaitCursor wait;
+        m_state.history.setCurrentQuery(m_search->queryFor(query));
         drawBeforeList(kind);
-        stayed = m_list->fill(kind, m_state.history.current(), query->sqlStr());
+        stayed = m_list->fill(kind, m_state.history.current(), m_state.history.currentQuery()->sqlStr());
     });
     if (!stayed) return;
     m_viewPanel->setText(caption);
     m_statusPanel->setText(RecordList::countText(kind, m_list->count()));
     m_list->setFocus();
+    m_search->finishList(m_list->count(), isListed);
     drawAfterList(kind, isListed);
 }
 
@@ -286,6 +311,23 @@ void frmMain::showHome()
     m_statusPanel->clear();
 }
 
+void frmMain::showSearchResults()
+{
+    m_list->stop();
+    m_pages->setCurrentWidget(m_search->page());
+    enableCommands();
+    m_viewPanel->setText(m_state.history.view(m_state.history.current()).Caption);
+    m_statusPanel->clear();
+    m_search->showResults();
+}
+
+/// A record that a search found is shown in the list of what was found of its kind.
+void frmMain::viewRecord(ViewKind kind, qint64 identifier)
+{
+    m_search->openList(kind);
+    m_list->select(identifier);
+}
+
 void frmMain::refresh()
 {
     const clsView view = m_state.history.view(m_state.history.current());
@@ -300,6 +342,7 @@ void frmMain::refresh()
         showOrganizations(view.SQL, view.Caption);
         break;
     case ViewKind::Home:
+    case ViewKind::SearchResults:
         break;
     }
 }
@@ -308,8 +351,9 @@ void frmMain::enableCommands()
 {
     const bool showsList = m_pages->currentWidget() == m_browse;
     const QString noList = showsList ? QString() : tr("This page has no list of records.");
-    for (QAction* action : {m_commands->mnuViewRefresh, m_commands->mnuSearchShowAll,
-                            m_commands->mnuViewGraphicRight, m_commands->mnuViewGraphicBelow}) {
+    for (QAction* action :
+         {m_commands->mnuViewRefresh, m_commands->mnuSearchShowAll, m_commands->mnuSearchAdvanced,
+          m_commands->mnuViewGraphicRight, m_commands->mnuViewGraphicBelow}) {
         enableUnless(*action, noList);
     }
     const bool isSelected = showsList && m_list->selectedCount() > 0;
@@ -326,9 +370,10 @@ void frmMain::UpdateHistoryList()
     QMenu& menu = *m_commands->mnuHistory;
     menu.clear();
     for (std::size_t position = 1; position <= m_state.history.count(); ++position) {
+        QString caption = menu.fontMetrics().elidedText(m_state.history.view(position).Caption,
+                                                        Qt::ElideMiddle, widestHistoryEntry);
         // a menu would take an ampersand in a record's name for the mark of a key
-        const QString caption =
-            QString(m_state.history.view(position).Caption).replace(u'&', QStringLiteral("&&"));
+        caption.replace(u'&', QStringLiteral("&&"));
         QAction* entry =
             menu.addAction(caption, this, [this, position] { m_state.history.showView(position); });
         entry->setObjectName(QStringLiteral("mnuHistoryList(%1)").arg(position - 1));

@@ -15,6 +15,7 @@ class ListPane;
 class MainCommands;
 class MapPane;
 class OpenCommand;
+class SearchCommands;
 class QLabel;
 class QStackedWidget;
 class RelatedCommands;
@@ -48,6 +49,7 @@ private:
     void showEvents(const SharedQuery& query, const QString& caption) override;
     void showOrganizations(const SharedQuery& query, const QString& caption) override;
     void showHome() override;
+    void showSearchResults() override;
 
     void makeStatusBar();
     void connectCommands();
@@ -60,9 +62,11 @@ private:
     void showDatabaseName();
     void showList(ViewKind kind, const QString& procedure, const SharedQuery& query, const QString& caption);
     void viewAll(ViewKind kind);
+    void pressHomeButton(int button);
     void drawBeforeList(ViewKind kind);
     void drawAfterList(ViewKind kind, bool isListed);
     void chooseRecord(qint64 identifier);
+    void viewRecord(ViewKind kind, qint64 identifier);
     void refresh();
     void enableCommands();
 
@@ -73,6 +77,7 @@ private:
     HomePage* m_home;
     ListPane* m_list;
     BrowsePage* m_browse;
+    SearchCommands* m_search;
     RelatedCommands* m_related;
     std::unique_ptr<OpenCommand> m_open;
     TimelinePanel* m_timeline;

@@ -42,7 +42,7 @@ void ChartPane::drawCharts()
     m_selectedDocType.clear();
     std::vector<DocumentTypeCount> counts;
     try {
-        counts = countDocumentTypes(m_state.session, *m_state.history.view(m_state.history.current()).SQL);
+        counts = countDocumentTypes(m_state.session, *m_state.history.currentQuery());
     } catch (const Error&) {
         // the list asks the same of the same data, and tells
     }

@@ -113,7 +113,7 @@ void MapPane::drawMap()
     const QString procedure = QStringLiteral("drawMap");
     runProcedure(m_platform.messages, procedure, [this] {
         const WaitCursor wait;
-        m_places.read(m_state.history.view(m_state.history.current()).SQL);
+        m_places.read(m_state.history.currentQuery());
     });
     showPlaces();
     // the markers are there when the message of a missing layer comes

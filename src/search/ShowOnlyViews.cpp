@@ -33,7 +33,8 @@ clsView ShowOnlyViews::documentsOfType(const QString& typeName) const
                                                   types.text(types.column(u"DocumentTypeName"))));
     search.buildAdvSQL();
     return checked({ViewKind::Documents, narrowed(*m_queries.documents, search.advDocSQL),
-                    QStringLiteral("View Only ") + typeName + QStringLiteral(" Documents"), search});
+                    QStringLiteral("View Only ") + typeName + QStringLiteral(" Documents"), QString(),
+                    search});
 }
 
 clsView ShowOnlyViews::organizationsOfState(const clsCities& place) const
@@ -70,7 +71,7 @@ clsView ShowOnlyViews::organizationsOfCity(const clsCities& place) const
 clsView ShowOnlyViews::organizations(clsAdvSearch search, const QString& caption) const
 {
     const SharedQuery query = narrowed(*m_queries.organizations, search.advOrgSQL);
-    return checked({ViewKind::Organizations, query, caption, std::move(search)});
+    return checked({ViewKind::Organizations, query, caption, QString(), std::move(search)});
 }
 
 /// A view is only shown once its statement can be asked, so that the current one stays where it cannot.

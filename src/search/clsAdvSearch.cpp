@@ -19,11 +19,7 @@ void addList(QString& sql, bool flag, const clsAdvSearch::Items& items, const ch
 /// `City LIKE 'Austin' AND State LIKE 'TX'` of a location named `Austin, TX`.
 QString locationCondition(const QString& name)
 {
-    StrTok tokens;
-    tokens.AddDelimiter(QStringLiteral(","));
-    tokens.setDataString(name);
-    const QString city = tokens.NextToken().trimmed();
-    const QString state = tokens.atEnd() ? QString() : tokens.NextToken().trimmed();
+    const auto [city, state] = clsAdvSearch::cityAndState(name);
     return QStringLiteral("City LIKE '") + city + QStringLiteral("' AND State LIKE '") + state + u'\'';
 }
 
@@ -46,6 +42,16 @@ void clsAdvSearch::buildAdvSQL()
     addList(advOrgSQL, bOrgFunctions, orgFunctions, " AND FunctionID IN (");
     addList(advOrgSQL, bOrgTypes, orgTypes, " AND OrganizationTypeID IN (");
     buildLocations();
+}
+
+std::pair<QString, QString> clsAdvSearch::cityAndState(const QString& name)
+{
+    StrTok tokens;
+    tokens.AddDelimiter(QStringLiteral(","));
+    tokens.setDataString(name);
+    QString city = tokens.NextToken().trimmed();
+    QString state = tokens.atEnd() ? QString() : tokens.NextToken().trimmed();
+    return {std::move(city), std::move(state)};
 }
 
 void clsAdvSearch::buildEventDates()

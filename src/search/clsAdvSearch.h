@@ -6,6 +6,7 @@
 #include <QString>
 #include <QTime>
 
+#include <utility>
 #include <vector>
 
 /// The criteria of an advanced search, and the conditions that they make: a run of conditions for each kind
@@ -54,6 +55,10 @@ struct clsAdvSearch
 
     /// Appends the conditions to the three texts. They are not cleared first: a search is built once.
     void buildAdvSQL();
+
+    /// The two parts of a location's name, without outer blanks; of a city that holds a comma itself, the
+    /// part behind it is taken for the state.
+    static std::pair<QString, QString> cityAndState(const QString& name);
 
 private:
     void buildEventDates();

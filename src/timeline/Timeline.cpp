@@ -214,7 +214,7 @@ void Timeline::searchByTimeConstraint()
 void Timeline::search()
 {
     if (!showsEvents()) return;
-    const SharedQuery view = m_state.history.view(m_state.history.current()).SQL;
+    const SharedQuery view = m_state.history.currentQuery();
     m_events = readWindowEvents(
         m_state.session.read(TimeWindowQuery::inWindow(*view, m_window.currentTime(), m_window.windowEnd())));
     m_scroll.value = 0;

@@ -20,6 +20,7 @@ public:
         note(u'O', query, caption);
     }
     void showHome() override { shown << QStringLiteral("Home"); }
+    void showSearchResults() override { shown << QStringLiteral("Results"); }
 
     QStringList shown;
 

@@ -1,0 +1,68 @@
+#include "search/AdvancedSearch.h"
+
+#include <QStringList>
+
+namespace {
+
+const QString& conditionsOf(ViewKind kind, const clsAdvSearch& search)
+{
+    return kind == ViewKind::Documents ? search.advDocSQL
+           : kind == ViewKind::Events  ? search.advEventSQL
+                                       : search.advOrgSQL;
+}
+
+} // namespace
+
+const std::vector<SearchCriterion>& criteriaOf(ViewKind kind)
+{
+    using Search = clsAdvSearch;
+    static const std::vector<SearchCriterion> documents{
+        {QStringLiteral("Venue"), &Search::bDocVenues, &Search::docVenues},
+        {QStringLiteral("Document Type"), &Search::bDocTypes, &Search::docTypes},
+        {QStringLiteral("Organization"), &Search::bDocOrgs, &Search::docOrgs},
+        {QStringLiteral("File Type"), &Search::bFileTypes, &Search::fileTypes}};
+    static const std::vector<SearchCriterion> events{
+        {QStringLiteral("Date"), &Search::bEventDate, nullptr},
+        {QStringLiteral("Venue"), &Search::bEventVenues, &Search::eventVenues},
+        {QStringLiteral("Function"), &Search::bEventFunctions, &Search::eventFunctions},
+        {QStringLiteral("Organization"), &Search::bEventOrgs, &Search::eventOrgs}};
+    static const std::vector<SearchCriterion> organizations{
+        {QStringLiteral("Venue"), &Search::bOrgVenues, &Search::orgVenues},
+        {QStringLiteral("Organization Type"), &Search::bOrgTypes, &Search::orgTypes},
+        {QStringLiteral("Function"), &Search::bOrgFunctions, &Search::orgFunctions},
+        {QStringLiteral("Location"), &Search::bOrgLocations, &Search::orgLocations}};
+    return kind == ViewKind::Documents ? documents : kind == ViewKind::Events ? events : organizations;
+}
+
+bool hasCriteria(const clsAdvSearch& search)
+{
+    for (const ViewKind kind : searchedKinds) {
+        for (const SearchCriterion& criterion : criteriaOf(kind)) {
+            if (search.*criterion.flag) return true;
+        }
+    }
+    return false;
+}
+
+QString advancedCaption(ViewKind kind, const clsAdvSearch& search)
+{
+    QStringList words;
+    for (const SearchCriterion& criterion : criteriaOf(kind)) {
+        if (search.*criterion.flag) words << criterion.word;
+    }
+    const QString caption =
+        QStringLiteral("Advanced ") + recordNames(kind).record + QStringLiteral(" Search");
+    return words.isEmpty() ? caption : caption + QStringLiteral(" by ") + words.join(QStringLiteral(", "));
+}
+
+clsView advancedView(const StandardQueries& queries, ViewKind kind, const clsAdvSearch& search)
+{
+    SQLObject query = standardQuery(queries, kind);
+    query.WhereClause += conditionsOf(kind, search);
+    clsView view;
+    view.viewIndex = kind;
+    view.SQL = std::make_shared<const SQLObject>(std::move(query));
+    view.Caption = advancedCaption(kind, search);
+    view.AdvSearch = search;
+    return view;
+}

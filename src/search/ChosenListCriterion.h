@@ -1,0 +1,38 @@
+#pragma once
+
+#include "search/CriterionBox.h"
+
+class QListWidget;
+class QPushButton;
+
+/// A criterion with a list of what was picked, and the buttons that pick more and that clear it.
+class ChosenListCriterion final : public CriterionBox
+{
+    Q_OBJECT
+
+public:
+    /// The names and captions of the two buttons.
+    struct Buttons
+    {
+        QString addName;
+        QString addCaption;
+        QString clearName;
+        QString clearCaption;
+    };
+
+    ChosenListCriterion(const QString& stem, const QString& caption, const Buttons& buttons, QWidget* parent);
+
+    /// Whether records can be picked at all.
+    void setCanAdd(bool can);
+
+    [[nodiscard]] clsAdvSearch::Items items() const override;
+    void setItems(const clsAdvSearch::Items& items) override;
+
+Q_SIGNALS:
+    /// The user wants to pick records for the list.
+    void addPressed();
+
+private:
+    QListWidget* m_list;
+    QPushButton* m_add;
+};

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "search/clsAdvSearch.h"
+
+#include <QWidget>
+
+class QBoxLayout;
+class QCheckBox;
+class QFrame;
+class QLabel;
+
+/// One criterion of the advanced search: a check box that switches it on, below it a frame with what can be
+/// chosen, and how much is. What a box that is switched off holds stays, but is not searched for.
+class CriterionBox : public QWidget
+{
+    Q_OBJECT
+
+public:
+    [[nodiscard]] bool isOn() const;
+    void setOn(bool on);
+
+    /// What is chosen, in the order of the list. Throws Error 6 for an identifier beyond 16 bits.
+    [[nodiscard]] virtual clsAdvSearch::Items items() const = 0;
+    virtual void setItems(const clsAdvSearch::Items& items) = 0;
+
+Q_SIGNALS:
+    /// The user switched it on or off, or chose otherwise.
+    void changed();
+
+protected:
+    /// `stem` ends the names of the parts, as in `chkDocVenues` and `fraDocVenues`.
+    CriterionBox(const QString& stem, const QString& caption, QWidget* parent);
+
+    [[nodiscard]] QFrame* frame() const { return m_frame; }
+    [[nodiscard]] QBoxLayout* frameLayout() const { return m_frameLayout; }
+
+    /// The label of the count, for the criterion to place in its frame.
+    [[nodiscard]] QLabel* countLabel() const { return m_count; }
+    void showCount(const QString& text);
+
+private:
+    QCheckBox* m_check;
+    QFrame* m_frame;
+    QBoxLayout* m_frameLayout;
+    QLabel* m_count;
+};

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QLabel>
+
+/// One line of plain text that is cut where its place is too narrow, and shown whole as a tool tip.
+class ElidedLabel final : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit ElidedLabel(QWidget* parent);
+
+    void setLine(const QString& text);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QWidget>
+
+class LinkButton;
+class QAbstractScrollArea;
+class QLabel;
+
+/// Says in the middle of an empty list that a search found nothing, with the way back to the search.
+class EmptyResultNotice final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Becomes a child of the area, and stands over it while it is shown.
+    explicit EmptyResultNotice(QAbstractScrollArea& area);
+
+    void showNotice(const QString& text, const QString& link);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    void searchAgain();
+
+private:
+    void placeInMiddle();
+
+    QWidget& m_viewport;
+    QLabel* m_text;
+    LinkButton* m_link;
+};

@@ -1,0 +1,67 @@
+#include "search/FoundWords.h"
+
+#include <algorithm>
+
+namespace {
+
+/// A word as an expression: its wildcards translated, everything else for itself.
+QString expressionOf(const QString& word)
+{
+    QString expression;
+    for (const QChar character : word) {
+        if (character == u'%') {
+            expression += QStringLiteral(".*?");
+        } else if (character == u'_') {
+            expression += u'.';
+        } else if (character.isSurrogate()) {
+            expression += character;
+        } else {
+            expression += QRegularExpression::escape(QString(character));
+        }
+    }
+    return expression;
+}
+
+/// Wildcards at the ends of a word reach beyond what the user looked for.
+QString withoutOuterWildcards(const QString& word)
+{
+    const auto isWildcard = [](QChar character) { return character == u'%' || character == u'_'; };
+    const auto first = std::find_if_not(word.begin(), word.end(), isWildcard);
+    const auto last = std::find_if_not(word.rbegin(), word.rend(), isWildcard);
+    return first == word.end() ? QString() : QString(first, last.base() - first);
+}
+
+} // namespace
+
+FoundWords::FoundWords(const QStringList& words)
+{
+    for (const QString& word : words) {
+        const QString core = withoutOuterWildcards(word);
+        if (core.isEmpty()) continue;
+        m_words.emplace_back(expressionOf(core), QRegularExpression::CaseInsensitiveOption |
+                                                     QRegularExpression::UseUnicodePropertiesOption |
+                                                     QRegularExpression::DotMatchesEverythingOption);
+    }
+}
+
+std::vector<FoundWords::Range> FoundWords::in(const QString& text) const
+{
+    std::vector<Range> places;
+    for (const QRegularExpression& word : m_words) {
+        auto matches = word.globalMatch(text);
+        while (matches.hasNext()) {
+            const QRegularExpressionMatch match = matches.next();
+            places.push_back({match.capturedStart(), match.capturedEnd()});
+        }
+    }
+    std::sort(places.begin(), places.end(), [](const Range& a, const Range& b) { return a.begin < b.begin; });
+    std::vector<Range> merged;
+    for (const Range& place : places) {
+        if (!merged.empty() && place.begin <= merged.back().end) {
+            merged.back().end = std::max(merged.back().end, place.end);
+        } else {
+            merged.push_back(place);
+        }
+    }
+    return merged;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "search/clsAdvSearch.h"
+
+/// Lets the user choose several records of a kind at once; a dialog of the editors does.
+class RecordPicker
+{
+public:
+    /// By the numbers that pick lists have for them.
+    enum class Records
+    {
+        Organizations = 0,
+        Functions = 1,
+        DocumentTypes = 2,
+        CityLocations = 5
+    };
+
+    virtual ~RecordPicker() = default;
+
+    /// What is chosen afterwards; `chosen` itself where the user changed their mind. City locations are named
+    /// `city, state`. Failures show their own message.
+    virtual clsAdvSearch::Items pick(Records records, const clsAdvSearch::Items& chosen) = 0;
+
+protected:
+    RecordPicker() = default;
+    RecordPicker(const RecordPicker&) = default;
+    RecordPicker& operator=(const RecordPicker&) = default;
+};

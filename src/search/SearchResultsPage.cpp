@@ -1,0 +1,167 @@
+#include "search/SearchResultsPage.h"
+
+#include "search/LinkButton.h"
+
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QScrollArea>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int contentWidth = 640;
+constexpr int searchIconSize = 48;
+constexpr int kindIconSize = 40;
+constexpr int spacing = 20;
+constexpr double summarySize = 1.15;
+constexpr double linkSize = 1.3;
+
+QFont larger(const QFont& font, double factor)
+{
+    QFont result = font;
+    result.setPointSizeF(font.pointSizeF() * factor);
+    return result;
+}
+
+QString pictureOf(ViewKind kind)
+{
+    return kind == ViewKind::Documents ? QStringLiteral("home-documents")
+           : kind == ViewKind::Events  ? QStringLiteral("home-events")
+                                       : QStringLiteral("home-organizations");
+}
+
+} // namespace
+
+SearchResultsPage::SearchResultsPage(QWidget* parent)
+    : QWidget(parent),
+      m_summary(new QLabel(this)),
+      m_search(new QToolButton(this)),
+      m_record(new LinkButton(this))
+{
+    setObjectName(QStringLiteral("pnlSearchResults"));
+    setAccessibleName(tr("Search results"));
+    m_summary->setObjectName(QStringLiteral("lblSummary"));
+    m_summary->setTextFormat(Qt::PlainText);
+    m_summary->setWordWrap(true);
+    m_summary->setFont(larger(font(), summarySize));
+    m_summary->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
+    m_search->setObjectName(QStringLiteral("imgSearch"));
+    m_search->setText(tr("Search"));
+    m_search->setToolTip(tr("Search again"));
+    m_search->setIcon(QIcon(QStringLiteral(":/pictures/home-search.svg")));
+    m_search->setIconSize(QSize(searchIconSize, searchIconSize));
+    m_search->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    m_search->setAutoRaise(true);
+    m_search->setFocusPolicy(Qt::StrongFocus);
+    m_record->setObjectName(QStringLiteral("lblRecord"));
+    m_record->setFont(larger(font(), summarySize));
+
+    auto* content = new QWidget(this);
+    content->setMaximumWidth(contentWidth);
+    auto* column = new QVBoxLayout(content);
+    column->setSpacing(spacing);
+    auto* top = new QHBoxLayout;
+    top->setSpacing(spacing);
+    top->addWidget(m_search, 0, Qt::AlignTop);
+    top->addWidget(m_summary, 1);
+    column->addStretch(1);
+    column->addLayout(top);
+    for (std::size_t i = 0; i < searchedKinds.size(); ++i)
+        makeKind(i, *column);
+    column->addWidget(m_record);
+    column->addStretch(2);
+
+    // a very long text to search for must not make the window larger
+    auto* area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    auto* middle = new QWidget(area);
+    auto* row = new QHBoxLayout(middle);
+    row->addStretch(1);
+    row->addWidget(content, 100);
+    row->addStretch(1);
+    area->setWidget(middle);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(area);
+    connect(m_search, &QToolButton::clicked, this, &SearchResultsPage::searchPressed);
+    connect(m_record, &LinkButton::clicked, this, [this] {
+        if (m_results.single) Q_EMIT recordChosen(m_results.single->kind, m_results.single->identifier);
+    });
+}
+
+void SearchResultsPage::makeKind(std::size_t index, QVBoxLayout& layout)
+{
+    m_rows[index] = new QWidget(this);
+    auto* row = new QHBoxLayout(m_rows[index]);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(spacing);
+    auto* picture = new QLabel(m_rows[index]);
+    const QIcon icon(QStringLiteral(":/pictures/%1.svg").arg(pictureOf(searchedKinds[index])));
+    picture->setAlignment(Qt::AlignCenter);
+    picture->setFixedWidth(m_search->sizeHint().width());
+    picture->setPixmap(icon.pixmap(QSize(kindIconSize, kindIconSize), devicePixelRatioF()));
+    m_links[index] = new LinkButton(m_rows[index]);
+    m_links[index]->setObjectName(QStringLiteral("lblResult(%1)").arg(index));
+    m_links[index]->setFont(larger(font(), linkSize));
+    row->addWidget(picture);
+    row->addWidget(m_links[index]);
+    row->addStretch();
+    layout.addWidget(m_rows[index]);
+    connect(m_links[index], &LinkButton::clicked, this, [this, index] { openList(searchedKinds[index]); });
+}
+
+void SearchResultsPage::showResults(const SearchResults& results)
+{
+    m_results = results;
+    m_summary->setText(results.sentence());
+    for (std::size_t i = 0; i < results.kinds.size(); ++i) {
+        m_links[i]->setLink(results.kinds[i].label());
+        m_links[i]->setEnabled(results.kinds[i].count > 0);
+        m_rows[i]->show();
+    }
+    m_record->setVisible(results.single.has_value());
+    if (results.single) m_record->setLink(results.single->name);
+    focusFirst();
+}
+
+void SearchResultsPage::openList(ViewKind kind)
+{
+    for (const SearchResults::Kind& found : m_results.kinds) {
+        if (found.kind == kind) {
+            Q_EMIT listChosen(m_results.listView(found));
+            return;
+        }
+    }
+}
+
+void SearchResultsPage::showFailure(const QString& keywords)
+{
+    m_results = {};
+    m_summary->setText(tr("Your keyword search for \"%1\" could not be made. Click on the Search icon to try "
+                          "again.")
+                           .arg(keywords));
+    for (QWidget* row : m_rows)
+        row->hide();
+    m_record->hide();
+    focusFirst();
+}
+
+/// The keyboard begins at what the user most likely wants.
+void SearchResultsPage::focusFirst()
+{
+    if (m_results.single) {
+        m_record->setFocus();
+        return;
+    }
+    for (std::size_t i = 0; i < m_results.kinds.size(); ++i) {
+        if (m_results.kinds[i].count > 0) {
+            m_links[i]->setFocus();
+            return;
+        }
+    }
+    m_search->setFocus();
+}

@@ -1,0 +1,216 @@
+#include "search/frmAdvSearch.h"
+
+#include "app/ProgramState.h"
+#include "platform/Procedure.h"
+#include "platform/WaitCursor.h"
+#include "search/CheckListCriterion.h"
+#include "search/ChosenListCriterion.h"
+#include "search/ElidedLabel.h"
+#include "search/EventDateCriterion.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <map>
+
+namespace {
+
+constexpr QSize firstSize(1180, 640);
+constexpr int columns = 2;
+
+} // namespace
+
+frmAdvSearch::frmAdvSearch(const Platform& platform, ProgramState& state, RecordPicker* picker,
+                           QWidget* parent)
+    : QDialog(parent), m_platform(platform), m_state(state), m_picker(picker)
+{
+    setObjectName(QStringLiteral("frmAdvSearch"));
+    setWindowTitle(tr("Advanced Search"));
+    makeTabs();
+    makeButtons();
+    layOut();
+    fillComboBoxes();
+}
+
+void frmAdvSearch::makeTabs()
+{
+    m_tabs = new QTabWidget(this);
+    m_tabs->setObjectName(QStringLiteral("SSTab1"));
+    m_tabs->addTab(makeTab(ViewKind::Documents), tr("Documents"));
+    m_tabs->addTab(makeTab(ViewKind::Events), tr("Events"));
+    m_tabs->addTab(makeTab(ViewKind::Organizations), tr("Organizations"));
+}
+
+QWidget* frmAdvSearch::makeTab(ViewKind kind)
+{
+    auto* tab = new QWidget(m_tabs);
+    auto* grid = new QGridLayout(tab);
+    std::vector<CriterionBox*>& made = m_boxes[static_cast<std::size_t>(kind)];
+    for (const CriterionControls& controls : criterionControls(kind)) {
+        CriterionBox* box = makeBox(controls, tab);
+        connect(box, &CriterionBox::changed, this, &frmAdvSearch::showSearchText);
+        const int place = static_cast<int>(made.size());
+        grid->addWidget(box, place / columns, place % columns);
+        made.push_back(box);
+    }
+    for (int column = 0; column < columns; ++column)
+        grid->setColumnStretch(column, 1);
+    return tab;
+}
+
+CriterionBox* frmAdvSearch::makeBox(const CriterionControls& controls, QWidget* parent)
+{
+    if (controls.lookup) {
+        auto* box = new CheckListCriterion(controls.stem, controls.caption, parent);
+        m_lookupLists.push_back({box, *controls.lookup});
+        return box;
+    }
+    if (!controls.picked) return new EventDateCriterion(controls.stem, controls.caption, parent);
+    const CriterionControls::Picked& picked = *controls.picked;
+    auto* box = new ChosenListCriterion(
+        controls.stem, controls.caption,
+        {picked.addName, picked.addCaption, picked.clearName, picked.clearCaption}, parent);
+    box->setCanAdd(m_picker != nullptr);
+    connect(box, &ChosenListCriterion::addPressed, this,
+            [this, box, records = picked.records] { pickFor(*box, records); });
+    return box;
+}
+
+void frmAdvSearch::makeButtons()
+{
+    m_text = new ElidedLabel(this);
+    m_text->setObjectName(QStringLiteral("lblSearchText"));
+    m_search = new QPushButton(tr("Search"), this);
+    m_search->setObjectName(QStringLiteral("cmdSearch"));
+    m_search->setDefault(true);
+    m_close = new QPushButton(tr("Close"), this);
+    m_close->setObjectName(QStringLiteral("cmdClose"));
+    m_close->setAutoDefault(false);
+    connect(m_search, &QPushButton::clicked, this, &frmAdvSearch::cmdSearch);
+    connect(m_close, &QPushButton::clicked, this, &frmAdvSearch::reject);
+}
+
+void frmAdvSearch::layOut()
+{
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(m_text, 1);
+    bottom->addWidget(m_search);
+    bottom->addWidget(m_close);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_tabs, 1);
+    layout->addLayout(bottom);
+    resize(firstSize.expandedTo(minimumSizeHint()));
+}
+
+void frmAdvSearch::fillComboBoxes()
+{
+    runProcedure(m_platform.messages, QStringLiteral("fillComboBoxes"), [this] {
+        std::map<QString, std::vector<CheckListCriterion::Entry>> tables;
+        for (const LookupList& list : m_lookupLists) {
+            const auto& [table, keyColumn, nameColumn] = list.lookup;
+            const auto [entries, isNew] = tables.try_emplace(table);
+            if (isNew) {
+                RecordSet rows = m_state.session.read(QStringLiteral("SELECT * FROM ") + table);
+                const int key = rows.column(keyColumn);
+                const int name = rows.column(nameColumn);
+                while (rows.next())
+                    entries->second.push_back({rows.integer(key), rows.text(name)});
+            }
+            list.criterion->setEntries(entries->second);
+        }
+        for (const CheckListCriterion::Entry& venue : tables[QStringLiteral("Venue")])
+            m_venues.insert(QString::number(venue.identifier), venue.name);
+    });
+}
+
+void frmAdvSearch::doAdvSearch(ViewKind kind)
+{
+    m_kind = kind;
+    enableOnly(kind);
+    const ViewHistory& history = m_state.history;
+    if (history.current() > 0) {
+        const clsAdvSearch& search = history.view(history.current()).AdvSearch;
+        if (hasCriteria(search)) {
+            runProcedure(m_platform.messages, QStringLiteral("populateFields"),
+                         [&] { populateFields(search); });
+        }
+    }
+    showSearchText();
+    boxes(kind).front()->setFocus();
+    open();
+}
+
+void frmAdvSearch::enableOnly(ViewKind kind)
+{
+    const int chosen = static_cast<int>(kind);
+    m_tabs->setTabEnabled(chosen, true);
+    m_tabs->setCurrentIndex(chosen);
+    for (int tab = 0; tab < m_tabs->count(); ++tab)
+        m_tabs->setTabEnabled(tab, tab == chosen);
+}
+
+void frmAdvSearch::populateFields(const clsAdvSearch& search)
+{
+    for (const ViewKind kind : searchedKinds) {
+        const auto& criteria = criteriaOf(kind);
+        for (std::size_t i = 0; i < criteria.size(); ++i) {
+            CriterionBox& box = *boxes(kind)[i];
+            box.setOn(search.*criteria[i].flag);
+            if (criteria[i].items != nullptr) {
+                box.setItems(search.*criteria[i].items);
+            } else if (search.*criteria[i].flag) {
+                // a search that is not by date knows no dates
+                dynamic_cast<EventDateCriterion&>(box).readFrom(search);
+            }
+        }
+    }
+}
+
+void frmAdvSearch::pickFor(ChosenListCriterion& criterion, RecordPicker::Records records)
+{
+    runProcedure(m_platform.messages, QStringLiteral("showList"),
+                 [&] { criterion.setItems(m_picker->pick(records, criterion.items())); });
+    showSearchText();
+}
+
+clsAdvSearch frmAdvSearch::collect() const
+{
+    clsAdvSearch search;
+    const auto& criteria = criteriaOf(m_kind);
+    for (std::size_t i = 0; i < criteria.size(); ++i) {
+        const CriterionBox& box = *boxes(m_kind)[i];
+        if (!box.isOn()) continue;
+        search.*criteria[i].flag = true;
+        if (criteria[i].items != nullptr) {
+            search.*criteria[i].items = box.items();
+        } else {
+            dynamic_cast<const EventDateCriterion&>(box).writeTo(search);
+        }
+    }
+    return search;
+}
+
+void frmAdvSearch::showSearchText()
+{
+    try {
+        m_text->setLine(advancedSearchText(m_kind, collect(), m_venues));
+    } catch (const Error& error) {
+        m_text->setLine(tr("This cannot be searched for: %1").arg(error.description()));
+    }
+}
+
+void frmAdvSearch::cmdSearch()
+{
+    runProcedure(m_platform.messages, QStringLiteral("cmdSearch"), [this] {
+        clsAdvSearch search = collect();
+        runProcedure(m_platform.messages, QStringLiteral("buildAdvSQL"), [&] { search.buildAdvSQL(); });
+        clsView found = advancedView(m_state.queries, m_kind, search);
+        // a list yields as it fills: the form is gone before anything in it can be pressed again
+        accept();
+        const WaitCursor wait;
+        m_state.history.addView(std::move(found));
+    });
+}

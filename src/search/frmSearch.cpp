@@ -1,0 +1,171 @@
+#include "search/frmSearch.h"
+
+#include "app/ProgramState.h"
+#include "platform/Messages.h"
+#include "platform/Procedure.h"
+#include "platform/WaitCursor.h"
+#include "search/KeywordSearch.h"
+#include "search/LinkButton.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace {
+
+/// The colour of the link while it leads somewhere.
+constexpr QColor liveLink(0, 0, 255);
+constexpr int keywordWidth = 420;
+constexpr double hintSize = 0.9;
+
+} // namespace
+
+frmSearch::frmSearch(const Platform& platform, ProgramState& state, QWidget* parent)
+    : QDialog(parent), m_platform(platform), m_state(state)
+{
+    setObjectName(QStringLiteral("frmSearch"));
+    setWindowTitle(tr("Keyword Search"));
+    QGroupBox* scopeBox = makeScopes();
+    makeKeywords();
+    makeButtons();
+    layOut(scopeBox);
+}
+
+QGroupBox* frmSearch::makeScopes()
+{
+    auto* box = new QGroupBox(tr("Search for"), this);
+    box->setObjectName(QStringLiteral("Frame1"));
+    auto* layout = new QVBoxLayout(box);
+    const std::array captions{tr("ALL (Documents, Events, and Organizations)"), tr("Documents ONLY"),
+                              tr("Events ONLY"), tr("Organizations ONLY")};
+    for (std::size_t i = 0; i < scopes; ++i) {
+        const int index = static_cast<int>(i);
+        m_options[i] = new QRadioButton(captions[i], box);
+        m_options[i]->setObjectName(QStringLiteral("optSearch(%1)").arg(index));
+        layout->addWidget(m_options[i]);
+        connect(m_options[i], &QRadioButton::toggled, this, [this, index](bool chosen) {
+            if (chosen) chooseScope(index);
+        });
+    }
+    return box;
+}
+
+void frmSearch::makeKeywords()
+{
+    m_keywords = new QLineEdit(this);
+    m_keywords->setObjectName(QStringLiteral("txtKeywords"));
+    m_keywords->setAccessibleName(tr("Keywords"));
+    m_keywords->setMinimumWidth(keywordWidth);
+    m_keywords->setClearButtonEnabled(true);
+}
+
+void frmSearch::makeButtons()
+{
+    m_go = new QPushButton(tr("&GO"), this);
+    m_go->setObjectName(QStringLiteral("cmdGO"));
+    m_go->setAccessibleName(tr("Search"));
+    m_go->setDefault(true);
+    connect(m_go, &QPushButton::clicked, this, &frmSearch::cmdGO);
+
+    m_cancel = new QPushButton(tr("Cancel"), this);
+    m_cancel->setObjectName(QStringLiteral("cmdCancel"));
+    connect(m_cancel, &QPushButton::clicked, this, &frmSearch::reject);
+
+    m_advanced = new LinkButton(this);
+    m_advanced->setObjectName(QStringLiteral("lblAdvancedSearch"));
+    m_advanced->setLink(tr("Advanced Search"));
+    connect(m_advanced, &LinkButton::clicked, this, &frmSearch::followLink);
+}
+
+void frmSearch::layOut(QGroupBox* scopeBox)
+{
+    auto* label = new QLabel(tr("Keyword(s):"), this);
+    label->setObjectName(QStringLiteral("Label1"));
+    label->setBuddy(m_keywords);
+    auto* hint = new QLabel(tr("Up to four words, all of them in the name or all of them in the description. "
+                               "% stands for any text, _ for any character."),
+                            this);
+    hint->setWordWrap(true);
+    QFont small = hint->font();
+    small.setPointSizeF(small.pointSizeF() * hintSize);
+    hint->setFont(small);
+
+    auto* words = new QGridLayout;
+    words->addWidget(label, 0, 0);
+    words->addWidget(m_keywords, 0, 1);
+    words->addWidget(hint, 1, 1);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(m_advanced);
+    buttons->addStretch();
+    buttons->addWidget(m_go);
+    buttons->addWidget(m_cancel);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(scopeBox);
+    layout->addLayout(words);
+    layout->addLayout(buttons);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    setTabOrder(m_keywords, m_go);
+    setTabOrder(m_go, m_cancel);
+    setTabOrder(m_cancel, m_advanced);
+}
+
+void frmSearch::doSearch()
+{
+    const auto scope = static_cast<std::size_t>(scopeOf(m_state.history.currentKind()));
+    m_options[scope]->setChecked(true);
+    chooseScope(static_cast<int>(scope));
+    m_keywords->setText(m_state.lastKeywords);
+    m_keywords->selectAll();
+    m_keywords->setFocus();
+    open();
+}
+
+void frmSearch::chooseScope(int index)
+{
+    m_scope = static_cast<SearchScope>(index);
+    m_advanced->setColour(m_scope == SearchScope::All ? palette().color(QPalette::ButtonText) : liveLink);
+}
+
+void frmSearch::followLink()
+{
+    if (m_advanced->colour() != liveLink) {
+        m_platform.messages.show(QStringLiteral("Advanced Search not available when searching All"));
+        return;
+    }
+    accept();
+    Q_EMIT advancedSearchChosen(m_scope);
+}
+
+void frmSearch::cmdGO()
+{
+    if (m_keywords->text().trimmed().isEmpty()) {
+        m_platform.messages.show(QStringLiteral("No keyword entered."));
+        m_keywords->setFocus();
+        return;
+    }
+    doKeywordSearch();
+    accept();
+}
+
+void frmSearch::doKeywordSearch()
+{
+    runProcedure(m_platform.messages, QStringLiteral("doKeywordSearch"), [this] {
+        const QString text = m_keywords->text();
+        m_state.lastKeywords = text;
+        if (splitWords(text).moreThanMost) {
+            m_platform.messages.show(QStringLiteral("Search Limited to 4 Keywords. First 4 Keywords used."));
+        }
+        clsView found = keywordView(m_state.queries, m_scope, text);
+        // a list yields as it fills: the dialog is gone before anything in it can be pressed again
+        accept();
+        const WaitCursor wait;
+        m_state.history.addView(std::move(found));
+    });
+}

@@ -1,0 +1,317 @@
+#include "Journey.h"
+#include "search/LinkButton.h"
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class KeywordSearchJourney : public testing::Test
+{
+protected:
+    KeywordSearchJourney()
+    {
+        journey.database.run(
+            "INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, dStatus) VALUES "
+            "(1, 'None', NULL, 'ACTIVE'), (2, 'Fire plan', NULL, 'ACTIVE'), "
+            "(3, 'Report', 'a plan for FIRES', 'ACTIVE'), (4, 'Map', NULL, 'ACTIVE')");
+        journey.database.run("INSERT INTO Event (EventID, EventName, StartDate, EndDate, Status) VALUES "
+                             "(2, 'Fire & flood', '1927-04-01', '1927-04-01', 'ACTIVE'), "
+                             "(3, 'Quake', '1927-04-01', '1927-04-01', 'ACTIVE')");
+        journey.database.run("INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES "
+                             "(2, 'Agency', 'ACTIVE')");
+        journey.start();
+    }
+
+    QDialog& dialog() { return journey.find<QDialog>("frmSearch"); }
+    QRadioButton& option(int index)
+    {
+        return journey.find<QRadioButton>(("optSearch(" + std::to_string(index) + ")").c_str());
+    }
+    QLineEdit& keywords() { return journey.find<QLineEdit>("txtKeywords"); }
+    LinkButton& link(const char* name) { return journey.find<LinkButton>(name); }
+
+    /// Opens the dialog by its key and searches for a text.
+    void searchFor(const QString& text, int scope)
+    {
+        QTest::keyClick(journey.program->window(), Qt::Key_F, Qt::ControlModifier);
+        ASSERT_TRUE(dialog().isVisible());
+        option(scope).setChecked(true);
+        keywords().setText(text);
+        QTest::keyClick(&keywords(), Qt::Key_Return);
+        EXPECT_FALSE(dialog().isVisible());
+    }
+
+    QString summary() { return journey.find<QLabel>("lblSummary").text(); }
+
+    /// The three links of the results page, those that lead nowhere in brackets.
+    std::string kinds()
+    {
+        QStringList labels;
+        for (int i = 0; i < 3; ++i) {
+            const LinkButton& kind = link(("lblResult(" + std::to_string(i) + ")").c_str());
+            labels << (kind.isEnabled() ? kind.text() : u'[' + kind.text() + u']');
+        }
+        return labels.join(u'|').toStdString();
+    }
+
+    /// Whether any word in the list stands on the colour of marks.
+    bool showsMarks()
+    {
+        const QImage picture = journey.list().grab().toImage();
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixel(x, y) == qRgb(255, 221, 87)) return true;
+            }
+        }
+        return false;
+    }
+
+    bool pageIsShown() { return journey.find<QWidget>("pnlSearchResults").isVisible(); }
+
+    Journey journey;
+};
+
+TEST_F(KeywordSearchJourney, FindsRecordsOfOneKindAndMarksTheWords)
+{
+    searchFor(u"fire PLAN"_s, 1);
+    EXPECT_EQ(journey.column(0), "Fire plan|Report");
+    EXPECT_EQ(journey.viewPanel(), u"Document Search for \"fire PLAN\""_s);
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 2 Documents"_s);
+    EXPECT_TRUE(showsMarks());
+
+    searchFor(u"fire"_s, 2);
+    EXPECT_EQ(journey.column(0), "Fire & flood");
+    EXPECT_EQ(journey.viewPanel(), u"Event Search for \"fire\""_s);
+    searchFor(u"agency"_s, 3);
+    EXPECT_EQ(journey.column(0), "Agency");
+    EXPECT_EQ(
+        journey.historyMenu(),
+        "Home Page|Document Search for \"fire PLAN\"|Event Search for \"fire\"|[Organization Search for "
+        "\"agency\"]");
+
+    journey.trigger("mnuViewDocuments");
+    EXPECT_FALSE(showsMarks());
+    journey.find<QAction>("mnuHistoryList(1)").trigger();
+    EXPECT_EQ(journey.column(0), "Fire plan|Report");
+    EXPECT_TRUE(showsMarks());
+}
+
+TEST_F(KeywordSearchJourney, OpensAsTheViewSuggestsWithTheLastTextSelected)
+{
+    const struct
+    {
+        const char* command;
+        int scope;
+        bool live;
+    } cases[] = {{"mnuNavigateHome", 0, false},
+                 {"mnuViewDocuments", 1, true},
+                 {"mnuViewEvents", 2, true},
+                 {"mnuViewOrganizations", 3, true}};
+    for (const auto& [command, scope, live] : cases) {
+        journey.trigger(command);
+        journey.trigger("mnuSearchKeyword");
+        EXPECT_TRUE(option(scope).isChecked()) << command;
+        EXPECT_EQ(link("lblAdvancedSearch").colour() == QColor(0, 0, 255), live) << command;
+        EXPECT_EQ(keywords().text(), QString());
+        QTest::keyClick(&dialog(), Qt::Key_Escape);
+        EXPECT_FALSE(dialog().isVisible());
+    }
+    EXPECT_EQ(dialog().windowTitle(), u"Keyword Search"_s);
+    EXPECT_EQ(link("lblAdvancedSearch").text(), u"Advanced Search"_s);
+    EXPECT_EQ(option(0).text(), u"ALL (Documents, Events, and Organizations)"_s);
+    EXPECT_EQ(journey.find<QLabel>("Label1").text(), u"Keyword(s):"_s);
+
+    searchFor(u" fire "_s, 1);
+    EXPECT_EQ(journey.viewPanel(), u"Document Search for \" fire \""_s);
+    EXPECT_EQ(journey.column(0), "Report") << "the blank before it belongs to the word";
+    journey.trigger("mnuNavigateHome");
+    QTest::mouseClick(&journey.find<QAbstractButton>("Image1(3)"), Qt::LeftButton);
+    EXPECT_TRUE(dialog().isVisible());
+    EXPECT_TRUE(option(0).isChecked());
+    EXPECT_EQ(keywords().text(), u" fire "_s);
+    EXPECT_EQ(keywords().selectedText(), u" fire "_s);
+    // what is typed without a search is forgotten
+    keywords().setText(u"other"_s);
+    dialog().close();
+    journey.trigger("mnuSearchKeyword");
+    EXPECT_EQ(keywords().text(), u" fire "_s);
+}
+
+TEST_F(KeywordSearchJourney, SaysWhatIsWrongWithTheWords)
+{
+    journey.trigger("mnuSearchKeyword");
+    for (const QString& text : {u""_s, u"   "_s}) {
+        keywords().setText(text);
+        journey.desktop.messages.expectMessage(u"No keyword entered."_s);
+        QTest::mouseClick(&journey.find<QPushButton>("cmdGO"), Qt::LeftButton);
+        journey.desktop.messages.finish();
+        EXPECT_TRUE(dialog().isVisible());
+    }
+    EXPECT_EQ(journey.program->state().history.count(), 1u);
+
+    option(0).setChecked(true);
+    journey.desktop.messages.expectMessage(u"Advanced Search not available when searching All"_s);
+    QTest::mouseClick(&link("lblAdvancedSearch"), Qt::LeftButton);
+    journey.desktop.messages.finish();
+    EXPECT_TRUE(dialog().isVisible());
+    dialog().close();
+
+    searchFor(u"a b c d"_s, 1);
+    EXPECT_EQ(journey.column(0), "");
+    journey.desktop.messages.expectMessage(u"Search Limited to 4 Keywords. First 4 Keywords used."_s);
+    searchFor(u"plan a for fires xylophone"_s, 0);
+    journey.desktop.messages.finish();
+    EXPECT_EQ(kinds(), "1 Document|[0 Events]|[0 Organizations]");
+    // not said again when the search is shown again
+    journey.trigger("mnuNavigateHome");
+    journey.trigger("mnuNavigateBack");
+    EXPECT_EQ(kinds(), "1 Document|[0 Events]|[0 Organizations]");
+}
+
+TEST_F(KeywordSearchJourney, ShowsWhatItFoundOfEachKind)
+{
+    searchFor(u"fire"_s, 0);
+    EXPECT_TRUE(pageIsShown());
+    EXPECT_EQ(journey.viewPanel(), u"Search Results for \"fire\""_s);
+    EXPECT_EQ(summary(),
+              u"Your keyword search for \"fire\" found 3 items. Click on the results you would like "
+              "to view or click the Search icon to try again."_s);
+    EXPECT_EQ(kinds(), "2 Documents|1 Event|[0 Organizations]");
+    EXPECT_FALSE(link("lblRecord").isVisible());
+    EXPECT_TRUE(link("lblResult(0)").hasFocus());
+
+    QTest::keyClick(&link("lblResult(0)"), Qt::Key_Return);
+    EXPECT_EQ(journey.viewPanel(), u"Document Search Results for \"fire\""_s);
+    EXPECT_EQ(journey.column(0), "Fire plan|Report");
+    journey.trigger("mnuNavigateBack");
+    QTest::mouseClick(&link("lblResult(1)"), Qt::LeftButton);
+    EXPECT_EQ(journey.viewPanel(), u"Event Search Results for \"fire\""_s);
+    EXPECT_EQ(journey.column(0), "Fire & flood");
+    // the captions of the commands stay their own
+    journey.trigger("mnuViewEvents");
+    EXPECT_EQ(journey.viewPanel(), u"View ALL Events"_s);
+}
+
+TEST_F(KeywordSearchJourney, ASearchReachedByBackShowsItsOwnRecordsAsTheyAreNow)
+{
+    searchFor(u"fire"_s, 0);
+    searchFor(u"quake"_s, 0);
+    EXPECT_EQ(kinds(), "[0 Documents]|1 Event|[0 Organizations]");
+    journey.database.run("UPDATE Document SET dStatus = 'DELETED' WHERE DocumentID = 3");
+    journey.trigger("mnuNavigateBack");
+    EXPECT_EQ(journey.viewPanel(), u"Search Results for \"fire\""_s);
+    EXPECT_EQ(kinds(), "1 Document|1 Event|[0 Organizations]");
+    QTest::mouseClick(&link("lblResult(0)"), Qt::LeftButton);
+    EXPECT_EQ(journey.column(0), "Fire plan");
+}
+
+TEST_F(KeywordSearchJourney, TheOnlyResultIsOneClickAway)
+{
+    searchFor(u"flood"_s, 0);
+    EXPECT_EQ(summary(),
+              u"Your keyword search for \"flood\" found 1 item. Click on the result to view this item "
+              "or click the Search icon to try again."_s);
+    EXPECT_EQ(kinds(), "[0 Documents]|1 Event|[0 Organizations]");
+    EXPECT_EQ(link("lblRecord").text(), u"Fire & flood"_s);
+    EXPECT_TRUE(link("lblRecord").hasFocus());
+    QTest::mouseClick(&link("lblRecord"), Qt::LeftButton);
+    EXPECT_EQ(journey.viewPanel(), u"Event Search Results for \"flood\""_s);
+    EXPECT_EQ(journey.list().selectionModel()->selectedRows().size(), 1);
+}
+
+TEST_F(KeywordSearchJourney, AnEmptyResultLeadsBackToTheSearch)
+{
+    searchFor(u"xylophone"_s, 0);
+    EXPECT_EQ(summary(),
+              u"Your keyword search for \"xylophone\" found 0 items. Click on the Search icon to try "
+              "again."_s);
+    EXPECT_EQ(kinds(), "[0 Documents]|[0 Events]|[0 Organizations]");
+    QTest::mouseClick(&journey.find<QToolButton>("imgSearch"), Qt::LeftButton);
+    EXPECT_TRUE(dialog().isVisible());
+    EXPECT_EQ(keywords().selectedText(), u"xylophone"_s);
+    dialog().close();
+
+    searchFor(u"xylophone"_s, 3);
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 0 Organizations"_s);
+    EXPECT_EQ(journey.find<QLabel>("lblEmptyResult").text(), u"Nothing was found for \"xylophone\"."_s);
+    EXPECT_TRUE(link("lblSearchAgain").isVisible());
+    QTest::mouseClick(&link("lblSearchAgain"), Qt::LeftButton);
+    EXPECT_TRUE(dialog().isVisible());
+    EXPECT_TRUE(option(3).isChecked());
+    dialog().close();
+    journey.trigger("mnuViewOrganizations");
+    EXPECT_FALSE(link("lblSearchAgain").isVisible());
+}
+
+TEST_F(KeywordSearchJourney, AFailedSearchIsReportedOnceAndBackLeadsFromIt)
+{
+    const struct
+    {
+        int scope;
+        QString procedure;
+    } cases[] = {{0, u"showSearchResults"_s},
+                 {1, u"showDocuments"_s},
+                 {2, u"showEvents"_s},
+                 {3, u"showOrganizations"_s}};
+    for (const auto& [scope, procedure] : cases) {
+        journey.trigger("mnuViewDocuments");
+        const QString before = journey.viewPanel();
+        journey.desktop.messages.expectMessageBeginning(procedure + u" Error ("_s);
+        searchFor(u"o'clock"_s, scope);
+        journey.desktop.messages.finish();
+        EXPECT_TRUE(journey.viewPanel().endsWith(u"\"o'clock\""_s));
+        journey.trigger("mnuSearchKeyword");
+        EXPECT_EQ(keywords().text(), u"o'clock"_s);
+        dialog().close();
+        journey.trigger("mnuNavigateBack");
+        EXPECT_EQ(journey.viewPanel(), before);
+        EXPECT_EQ(journey.column(0), "Fire plan|Map|Report");
+    }
+}
+
+TEST_F(KeywordSearchJourney, HostileTextsFindNothingOrAreReportedAndChangeNothing)
+{
+    const QByteArray before = journey.database.bytes();
+    const QStringList harmless{u"\"quoted\""_s,
+                               u"#9/11"_s,
+                               u"[x]"_s,
+                               u"; DROP TABLE Document"_s,
+                               u"--"_s,
+                               u"/* */"_s,
+                               u"''"_s,
+                               u"пожар 火事 \U0001F525"_s,
+                               u"&amp; <b>"_s,
+                               u"\\ \\ %5"_s,
+                               QString(30000, u'x')};
+    for (const QString& text : harmless) {
+        for (int scope = 0; scope <= 3; ++scope)
+            searchFor(text, scope);
+        EXPECT_EQ(journey.list().model()->rowCount(), 0) << text.left(40).toStdString();
+    }
+    for (const QString& text : {u"'"_s, u"%'; DELETE FROM Document"_s, u"%')) OR ((1=1"_s}) {
+        for (const char* procedure :
+             {"showSearchResults", "showDocuments", "showEvents", "showOrganizations"}) {
+            journey.desktop.messages.expectMessageBeginning(QString::fromLatin1(procedure) + u" Error ("_s);
+        }
+        for (int scope = 0; scope <= 3; ++scope)
+            searchFor(text, scope);
+        journey.desktop.messages.finish();
+    }
+    searchFor(u"%"_s, 1);
+    EXPECT_EQ(journey.list().model()->rowCount(), 3);
+    searchFor(u"m_p"_s, 1);
+    EXPECT_EQ(journey.column(0), "Map");
+    EXPECT_TRUE(journey.database.bytes() == before);
+    EXPECT_LE(journey.program->window()->minimumSizeHint().width(), 1280) << "a long text must not widen it";
+}
+
+} // namespace

@@ -1,0 +1,223 @@
+#include "search/KeywordSearch.h"
+
+#include "search/FoundKeys.h"
+#include "search/SearchResults.h"
+#include "support/TestDatabase.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TEST(Keywords, AreSplitAtBlanksAndAtMostFour)
+{
+    const struct
+    {
+        QString text;
+        QStringList words;
+        bool moreThanMost;
+    } cases[] = {
+        {u"fire"_s, {u"fire"_s}, false},
+        {u"a b c d"_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s}, false},
+        {u"a b c d "_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s}, false},
+        {u"a b c d e"_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s}, true},
+        {u"a b c d e f g"_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s}, true},
+        // a blank where a word begins belongs to it
+        {u" fire "_s, {u" fire"_s}, false},
+        {u"fire  plan"_s, {u"fire"_s, u" plan"_s}, false},
+        {u"fire   plan"_s, {u"fire"_s, u" "_s, u"plan"_s}, false},
+        {u"a b c d  "_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s}, true},
+        {u"Fire fire"_s, {u"Fire"_s, u"fire"_s}, false},
+        {u"o'clock \"x\" 50%"_s, {u"o'clock"_s, u"\"x\""_s, u"50%"_s}, false},
+    };
+    for (const auto& [text, words, moreThanMost] : cases) {
+        const Keywords keywords = splitWords(text);
+        EXPECT_EQ(keywords.words.join(u'|'), words.join(u'|'));
+        EXPECT_EQ(keywords.moreThanMost, moreThanMost) << text.toStdString();
+    }
+}
+
+TEST(KeywordSearch, BuildsOneConditionForEachKind)
+{
+    const StandardQueries queries;
+    const struct
+    {
+        SearchScope scope;
+        ViewKind kind;
+        QString condition;
+        QString caption;
+    } cases[] = {
+        {SearchScope::Documents, ViewKind::Documents,
+         u"WHERE dStatus <> 'DELETED' AND Document.DocumentID > 1 AND ((DocumentName LIKE '%fire%' AND "
+         "DocumentName LIKE '%plan%') OR (DocumentDescription LIKE '%fire%' AND DocumentDescription LIKE "
+         "'%plan%'))"_s,
+         u"Document Search for \"fire plan\""_s},
+        {SearchScope::Events, ViewKind::Events,
+         u"WHERE Event.Status <> 'DELETED' AND Event.EventID > 1 AND ((EventName LIKE '%fire%' AND EventName "
+         "LIKE '%plan%') OR (EventDescription LIKE '%fire%' AND EventDescription LIKE '%plan%'))"_s,
+         u"Event Search for \"fire plan\""_s},
+        {SearchScope::Organizations, ViewKind::Organizations,
+         u"WHERE Organization.Status <> 'DELETED' AND Organization.OrganizationID > 1 AND ((OrganizationName "
+         "LIKE '%fire%' AND OrganizationName LIKE '%plan%') OR (ResponseActivities LIKE '%fire%' AND "
+         "ResponseActivities LIKE '%plan%'))"_s,
+         u"Organization Search for \"fire plan\""_s},
+    };
+    for (const auto& [scope, kind, condition, caption] : cases) {
+        const clsView view = keywordView(queries, scope, u"fire plan"_s);
+        const SQLObject& standard = standardQuery(queries, kind);
+        EXPECT_EQ(view.viewIndex, kind);
+        EXPECT_EQ(view.Caption, caption);
+        EXPECT_EQ(view.Keywords, u"fire plan"_s);
+        EXPECT_EQ(view.SQL->sqlStr(),
+                  standard.SelectClause + u' ' + standard.FromClause + u' ' + condition + u' ');
+        EXPECT_EQ(scopeOf(kind), scope);
+    }
+    const clsView all = keywordView(queries, SearchScope::All, u" fire "_s);
+    EXPECT_EQ(all.viewIndex, ViewKind::SearchResults);
+    EXPECT_EQ(all.Caption, u"Search Results for \" fire \""_s);
+    EXPECT_EQ(all.Keywords, u" fire "_s);
+    EXPECT_EQ(all.SQL->sqlStr().trimmed(), QString());
+    for (const ViewKind page : {ViewKind::Home, ViewKind::SearchResults})
+        EXPECT_EQ(scopeOf(page), SearchScope::All);
+}
+
+/// Records of each kind, some with several links, whose finds are counted by hand.
+class KeywordSearchOnFile : public testing::Test
+{
+protected:
+    KeywordSearchOnFile()
+    {
+        database.run(
+            "INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, dStatus) VALUES "
+            "(1, 'fire plan', NULL, 'ACTIVE'), (2, 'Fire Plan of the County', NULL, 'ACTIVE'), "
+            "(3, 'Plan', 'What to do in a FIRE', 'ACTIVE'), (4, 'Report', 'a plan for fires', 'ACTIVE'), "
+            "(5, 'fire plan', NULL, 'DELETED'), (6, '50% of O''Fallon', 'École _x_', 'ACTIVE'), "
+            "(7, 'fireplan', NULL, 'ACTIVE'), "
+            "(8, 'fire plan', NULL, NULL)");
+        database.run("INSERT INTO DocumentTypes VALUES (2, 2), (2, 3), (4, 2), (4, 2)");
+        database.run("INSERT INTO DocumentVenues VALUES (2, 2), (2, 3), (2, 4)");
+        database.run("INSERT INTO Event (EventID, EventName, EventDescription, Status) VALUES "
+                     "(2, 'Fire', 'the plan', 'ACTIVE'), (3, 'Peshtigo fire', 'fire without a plan', "
+                     "'ACTIVE'), (4, 'Пожар', NULL, 'ACTIVE')");
+        database.run("INSERT INTO EventVenues VALUES (3, 2), (3, 3)");
+        database.run("INSERT INTO EventFunctions VALUES (3, 2), (3, 3), (3, 4)");
+        database.run("INSERT INTO OrganizationEvents VALUES (2, 3), (3, 3)");
+        database.run(
+            "INSERT INTO Organization (OrganizationID, OrganizationName, ResponseActivities, Status) VALUES "
+            "(2, 'Bureau', 'École', 'ACTIVE'), (3, 'Agency', 'plans fires', 'ACTIVE')");
+        database.run("INSERT INTO OrganizationVenues VALUES (3, 2), (3, 3)");
+    }
+
+    QString found(ViewKind kind, const QString& text)
+    {
+        const SharedQuery query = keywordQuery(queries, kind, splitWords(text).words);
+        return firstColumnOf(database.session(), query->sqlStr());
+    }
+
+    SearchResults results(const QString& text)
+    {
+        return SearchResults::read(database.session(), queries, text);
+    }
+
+    /// The labels of the three kinds, joined by `|`.
+    QString labels(const QString& text)
+    {
+        QStringList labels;
+        const SearchResults found = results(text);
+        for (const SearchResults::Kind& kind : found.kinds)
+            labels << kind.label();
+        return labels.join(u'|');
+    }
+
+    TestDatabase database;
+    StandardQueries queries;
+};
+
+TEST_F(KeywordSearchOnFile, FindsAllWordsInOneColumn)
+{
+    const struct
+    {
+        ViewKind kind;
+        QString text;
+        QString found;
+    } cases[] = {
+        // 3 has one word in its name and the other in its description
+        {ViewKind::Documents, u"fire plan"_s, u"2 4 7"_s},
+        {ViewKind::Documents, u"PLAN fire"_s, u"2 4 7"_s},
+        {ViewKind::Documents, u"plan"_s, u"2 3 4 7"_s},
+        {ViewKind::Documents, u"é"_s, u"6"_s},
+        {ViewKind::Documents, u"École _x_"_s, u"6"_s},
+        {ViewKind::Documents, u"fire_plan"_s, u"2"_s},
+        {ViewKind::Documents, u"f%p"_s, u"2 7"_s},
+        {ViewKind::Documents, u"50% O"_s, u"6"_s},
+        {ViewKind::Documents, u" fire"_s, u"3 4"_s},
+        {ViewKind::Documents, u"  fire"_s, u"2 3 4"_s},
+        {ViewKind::Documents, u"xylophone"_s, u""_s},
+        {ViewKind::Events, u"fire plan"_s, u"3"_s},
+        {ViewKind::Events, u"ПОЖАР"_s, u"4"_s},
+        {ViewKind::Organizations, u"fire plan"_s, u"3"_s},
+        {ViewKind::Organizations, u"éCOLE"_s, u"2"_s},
+        {ViewKind::Organizations, u"ecole"_s, u""_s},
+    };
+    for (const auto& [kind, text, expected] : cases)
+        EXPECT_EQ(found(kind, text), expected) << text.toStdString();
+}
+
+TEST_F(KeywordSearchOnFile, AsksForFewRecordsByTheirKeys)
+{
+    for (const ViewKind kind : searchedKinds) {
+        const SharedQuery query = keywordQuery(queries, kind, {u"fire"_s});
+        const SharedQuery byKeys = queryByKeys(database.session(), kind, query);
+        EXPECT_NE(byKeys, query);
+        EXPECT_EQ(rowsOf(database.session(), byKeys->sqlStr()), rowsOf(database.session(), query->sqlStr()));
+        const SharedQuery none =
+            queryByKeys(database.session(), kind, keywordQuery(queries, kind, {u"xylophone"_s}));
+        EXPECT_EQ(rowsOf(database.session(), none->sqlStr()), QString());
+        const SharedQuery broken = keywordQuery(queries, kind, {u"o'clock"_s});
+        EXPECT_EQ(queryByKeys(database.session(), kind, broken), broken);
+    }
+    database.run(
+        "WITH RECURSIVE n(i) AS (VALUES (100) UNION ALL SELECT i + 1 FROM n WHERE i < 700) INSERT INTO "
+        "Document (DocumentID, DocumentName, dStatus) SELECT i, 'flood', 'ACTIVE' FROM n");
+    const SharedQuery many = keywordQuery(queries, ViewKind::Documents, {u"flood"_s});
+    EXPECT_EQ(queryByKeys(database.session(), ViewKind::Documents, many), many);
+}
+
+TEST_F(KeywordSearchOnFile, CountsEachRecordOnceAndSaysSo)
+{
+    const SearchResults many = results(u"fire plan"_s);
+    EXPECT_EQ(labels(u"fire plan"_s), u"3 Documents|1 Event|1 Organization"_s);
+    EXPECT_EQ(many.total(), 5);
+    EXPECT_FALSE(many.single);
+    EXPECT_EQ(many.sentence(),
+              u"Your keyword search for \"fire plan\" found 5 items. Click on the results you would like to "
+              "view or click the Search icon to try again."_s);
+    const clsView list = many.listView(many.kinds[0]);
+    EXPECT_EQ(list.viewIndex, ViewKind::Documents);
+    EXPECT_EQ(list.Caption, u"Document Search Results for \"fire plan\""_s);
+    EXPECT_EQ(list.Keywords, u"fire plan"_s);
+    EXPECT_EQ(firstColumnOf(database.session(), list.SQL->sqlStr()), u"2 4 7"_s);
+    EXPECT_EQ(many.kinds[1].caption, u"Event Search Results for \"fire plan\""_s);
+    EXPECT_EQ(many.kinds[2].caption, u"Organization Search Results for \"fire plan\""_s);
+
+    const SearchResults one = results(u"Peshtigo"_s);
+    EXPECT_EQ(labels(u"Peshtigo"_s), u"0 Documents|1 Event|0 Organizations"_s);
+    EXPECT_EQ(one.sentence(),
+              u"Your keyword search for \"Peshtigo\" found 1 item. Click on the result to view "
+              "this item or click the Search icon to try again."_s);
+    ASSERT_TRUE(one.single);
+    EXPECT_EQ(one.single->kind, ViewKind::Events);
+    EXPECT_EQ(one.single->identifier, 3);
+    EXPECT_EQ(one.single->name, u"Peshtigo fire"_s);
+
+    EXPECT_EQ(results(u"xylophone"_s).sentence(),
+              u"Your keyword search for \"xylophone\" found 0 items. Click "
+              "on the Search icon to try again."_s);
+    EXPECT_EQ(labels(u"xylophone"_s), u"0 Documents|0 Events|0 Organizations"_s);
+    // the first four of five words
+    EXPECT_EQ(results(u"plan plan plan plan xylophone"_s).total(), 7);
+    EXPECT_NE(errorNumberOf([&] { (void)results(u"O'Fallon"_s); }), 0);
+}
+
+} // namespace
