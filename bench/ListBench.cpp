@@ -3,6 +3,7 @@
 // step the same statement over the stored queries as plain views.
 
 #include "BenchWindow.h"
+#include "LastRow.h"
 #include "browse/RecordListModel.h"
 #include "browse/frmMain.h"
 #include "chart/ChartPane.h"
@@ -31,25 +32,6 @@ SharedQuery queryOf(const StandardQueries& queries, ViewKind kind)
            : kind == ViewKind::Events  ? queries.events
                                        : queries.organizations;
 }
-
-/// Notes when a model got its last row.
-class LastRow final : public QObject
-{
-public:
-    explicit LastRow(const QAbstractItemModel& model)
-    {
-        connect(&model, &QAbstractItemModel::rowsInserted, this,
-                [this] { m_moment = std::chrono::steady_clock::now(); });
-    }
-
-    [[nodiscard]] Milliseconds since(std::chrono::steady_clock::time_point begin) const
-    {
-        return m_moment - begin;
-    }
-
-private:
-    std::chrono::steady_clock::time_point m_moment;
-};
 
 void showList(benchmark::State& state, ViewKind kind, int records)
 {
