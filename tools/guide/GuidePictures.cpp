@@ -1,0 +1,289 @@
+#include "GuidePictures.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QEventLoop>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QTimer>
+
+#include <stdexcept>
+
+namespace {
+
+constexpr int settleMilliseconds = 400;
+constexpr int lookMilliseconds = 50;
+constexpr int patienceMilliseconds = 5000;
+constexpr int wideWindow = 1400;
+
+/// Lets the program finish what it shows.
+void settle()
+{
+    QEventLoop loop;
+    QTimer::singleShot(settleMilliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+void click(QWidget& widget, Qt::MouseButton button, const QPoint& at)
+{
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, at, widget.mapToGlobal(at), button,
+                          type == QEvent::MouseButtonPress ? button : Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&widget, &event);
+    }
+}
+
+/// A window with what pops up over it.
+QPixmap withPopup(QWidget& window, QWidget& popup)
+{
+    QPixmap picture = window.grab();
+    QPainter painter(&picture);
+    const QPoint at = window.mapFromGlobal(popup.mapToGlobal(QPoint()));
+    painter.drawPixmap(at, popup.grab());
+    painter.setPen(popup.palette().color(QPalette::Mid));
+    painter.drawRect(QRect(at, popup.size()).adjusted(0, 0, -1, -1));
+    return picture;
+}
+
+QWidget* visibleDialog(const QString& name)
+{
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (widget->objectName() == name && widget->isVisible()) return widget;
+    return nullptr;
+}
+
+/// Ticks the entries of these names in a list.
+void tick(QAbstractItemView& list, const QStringList& names)
+{
+    QAbstractItemModel& model = *list.model();
+    for (int row = 0; row < model.rowCount(); ++row) {
+        const QModelIndex index = model.index(row, 0);
+        if (names.contains(index.data().toString())) model.setData(index, Qt::Checked, Qt::CheckStateRole);
+    }
+}
+
+} // namespace
+
+QStringList GuidePictures::takeAll()
+{
+    using Station = void (GuidePictures::*)();
+    QStringList failures;
+    for (const Station station :
+         {&GuidePictures::showLists, &GuidePictures::showGraphics, &GuidePictures::showRowMenu,
+          &GuidePictures::showSearch, &GuidePictures::showAdvancedSearch, &GuidePictures::showEditors,
+          &GuidePictures::showAbout}) {
+        try {
+            (this->*station)();
+        } catch (const std::exception& failure) {
+            failures << QString::fromUtf8(failure.what());
+        }
+    }
+    return failures;
+}
+
+void GuidePictures::showLists()
+{
+    settle();
+    save(m_window.grab(), "home");
+    trigger("mnuViewDocuments");
+    select(QStringLiteral("Tropical Cyclone Report: Hurricane Katrina"));
+    save(m_window.grab(), "documents");
+
+    // rows with each of the icons that tell where a file is
+    select(QStringLiteral("Post-Katrina"));
+    QTreeView& rows = list();
+    const QRect current = rows.visualRect(rows.currentIndex());
+    rows.clearSelection();
+    settle();
+    const QPoint top(0, rows.header()->height() + current.top() - 4 * current.height());
+    save(rows.grab(QRect(top, QSize(rows.width(), 9 * current.height()))), "files");
+}
+
+void GuidePictures::showGraphics()
+{
+    // wide enough for every type in the chart
+    const QSize size = m_window.size();
+    m_window.resize(wideWindow, size.height());
+    settle();
+    save(part<QWidget>(m_window, "ChartPane").grab(), "chart");
+    m_window.resize(size);
+
+    trigger("mnuViewEvents");
+    for (int zoom = 0; zoom < 7; ++zoom)
+        press(m_window, "ZoomOut");
+    select(QStringLiteral("Hurricane Katrina"));
+    save(m_window.grab(), "timeline");
+
+    trigger("mnuViewOrganizations");
+    select(QStringLiteral("Louisiana Governor"));
+    save(m_window.grab(), "map");
+}
+
+void GuidePictures::showRowMenu()
+{
+    trigger("mnuViewDocuments");
+    select(QStringLiteral("Tropical Cyclone Report: Hurricane Katrina"));
+    QTreeView& rows = list();
+    const QPoint at = rows.visualRect(rows.currentIndex()).center();
+    bool isOver = false;
+    bool isTaken = false;
+    QTimer::singleShot(settleMilliseconds, &m_window, [&] {
+        isOver = true;
+        QWidget* menu = QApplication::activePopupWidget();
+        if (menu == nullptr) return;
+        save(withPopup(m_window, *menu), "links");
+        menu->close();
+        isTaken = true;
+    });
+    Q_EMIT rows.customContextMenuRequested(at);
+    // the menu may be open although the signal's handler has returned
+    while (!isOver)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    if (!isTaken) throw std::runtime_error("the row has no menu");
+}
+
+void GuidePictures::showSearch()
+{
+    trigger("mnuNavigateHome");
+    inDialog(
+        "frmSearch", [this] { trigger("mnuSearchKeyword"); },
+        [this](QWidget& dialog) {
+            part<QLineEdit>(dialog, "txtKeywords").setText(QStringLiteral("hurricane"));
+            settle();
+            save(dialog.grab(), "search");
+            press(dialog, "cmdGO");
+        });
+    settle();
+    save(m_window.grab(), "search-results");
+}
+
+void GuidePictures::showAdvancedSearch()
+{
+    trigger("mnuViewEvents");
+    const auto openAdvanced = [this](QWidget& dialog) {
+        auto& link = part<QWidget>(dialog, "lblAdvancedSearch");
+        inDialog(
+            "frmAdvSearch", [&link] { click(link, Qt::LeftButton, link.rect().center()); },
+            [this](QWidget& form) {
+                part<QAbstractButton>(form, "chkEventVenues").setChecked(true);
+                tick(part<QAbstractItemView>(form, "lvEventVenues"),
+                     {QStringLiteral("Coast"), QStringLiteral("City")});
+                settle();
+                save(form.grab(), "advanced-search");
+            });
+    };
+    inDialog(
+        "frmSearch", [this] { trigger("mnuSearchKeyword"); }, openAdvanced);
+}
+
+void GuidePictures::showEditors()
+{
+    trigger("mnuViewDocuments");
+    select(QStringLiteral("Tropical Cyclone Report: Hurricane Katrina"));
+    inDialog(
+        "frmDocument", [this] { trigger("mnuRecordEdit"); },
+        [this](QWidget& editor) {
+            save(editor.grab(), "document-editor");
+            inDialog(
+                "frmPicList", [this, &editor] { press(editor, "cmdAddDocType"); },
+                [this](QWidget& pickList) { save(pickList.grab(), "pick-list"); });
+        });
+}
+
+void GuidePictures::showAbout()
+{
+    inDialog(
+        "frmAbout", [this] { trigger("mnuHelpAbout"); },
+        [this](QWidget& about) { save(about.grab(), "about"); });
+}
+
+template <typename Widget>
+Widget& GuidePictures::part(QWidget& of, const char* name)
+{
+    auto* const found = of.findChild<Widget*>(QString::fromUtf8(name));
+    if (found == nullptr) throw std::runtime_error(std::string("there is no ") + name);
+    return *found;
+}
+
+void GuidePictures::trigger(const char* action)
+{
+    auto* const found = m_window.findChild<QAction*>(QString::fromUtf8(action));
+    if (found == nullptr) throw std::runtime_error(std::string("there is no ") + action);
+    if (!found->isEnabled()) throw std::runtime_error(std::string(action) + " is disabled");
+    found->trigger();
+}
+
+void GuidePictures::press(QWidget& of, const char* button)
+{
+    auto& found = part<QAbstractButton>(of, button);
+    if (found.isEnabled()) found.click();
+}
+
+/// Selects the first row whose name begins so, and shows it in the middle of the list.
+void GuidePictures::select(const QString& beginning)
+{
+    settle();
+    const QAbstractItemModel& model = *list().model();
+    const QModelIndexList found = model.match(model.index(0, 0), Qt::DisplayRole, beginning, 1,
+                                              Qt::MatchStartsWith | Qt::MatchCaseSensitive);
+    if (found.isEmpty()) throw std::runtime_error("no row begins with " + beginning.toStdString());
+    list().setCurrentIndex(found.front());
+    list().scrollTo(found.front(), QAbstractItemView::PositionAtCenter);
+    settle();
+}
+
+/// Opens a dialog, visits it when it is shown, and closes it again. Fails where none of that name comes.
+void GuidePictures::inDialog(const char* name, const std::function<void()>& opener, const Visit& visit)
+{
+    const QString dialogName = QString::fromUtf8(name);
+    QString failure = QStringLiteral("%1 did not open").arg(dialogName);
+    bool isOver = false;
+    QTimer look;
+    int waited = 0;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        QWidget* dialog = visibleDialog(dialogName);
+        waited += lookMilliseconds;
+        if (dialog == nullptr && waited < patienceMilliseconds) return;
+        look.stop();
+        if (dialog != nullptr) {
+            failure = visitAndClose(*dialog, visit);
+        } else if (QWidget* other = QApplication::activeModalWidget()) {
+            other->close();
+        }
+        isOver = true;
+    });
+    look.start(lookMilliseconds);
+    opener();
+    // a dialog may be open although the command that opened it has returned
+    while (!isOver)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    if (!failure.isEmpty()) throw std::runtime_error(failure.toStdString());
+}
+
+QString GuidePictures::visitAndClose(QWidget& dialog, const Visit& visit)
+{
+    const QPointer<QWidget> open(&dialog);
+    QString failure;
+    settle();
+    try {
+        visit(dialog);
+    } catch (const std::exception& error) {
+        failure = QString::fromUtf8(error.what());
+    }
+    if (open != nullptr && open->isVisible()) {
+        if (auto* left = qobject_cast<QDialog*>(open.data())) left->done(QDialog::Rejected);
+    }
+    return failure;
+}
+
+void GuidePictures::save(const QPixmap& picture, const char* name)
+{
+    const QString file = QStringLiteral("%1/%2.png").arg(m_folder, QString::fromUtf8(name));
+    const QImage image = picture.toImage().convertToFormat(QImage::Format_RGB32);
+    if (!image.save(file)) throw std::runtime_error(file.toStdString() + " cannot be written");
+}
