@@ -3,6 +3,7 @@
 #include "app/StdREG.h"
 #include "app/frmSplash.h"
 #include "browse/frmMain.h"
+#include "files/HelpFile.h"
 #include "platform/Procedure.h"
 
 #include <QDir>
@@ -39,10 +40,13 @@ void Main_Mod::Main()
     });
 }
 
-/// On a first start the program folder comes to be, and the settings name the sample in it.
+/// On a first start the program folder comes to be, and the settings name the sample in it. The guide in it
+/// is always that of the program which runs.
 void Main_Mod::prepareProgramFolder()
 {
-    if (!ProgramFolder::fillFromSample(m_state.folder.root(), m_sampleFolder)) return;
+    const bool filled = ProgramFolder::fillFromSample(m_state.folder.root(), m_sampleFolder);
+    HelpFile::renew(m_state.folder.root(), m_sampleFolder);
+    if (!filled) return;
     StdREG settings(m_platform.settings);
     const QString name = QStringLiteral("DBFile");
     if (!settings.GetRegString(QString(), name).isEmpty()) return;

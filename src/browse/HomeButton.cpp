@@ -9,10 +9,11 @@
 namespace {
 
 constexpr int pictureSize = 96;
-constexpr int margin = 20;
+constexpr int margin = 16;
 constexpr int spacing = 12;
 constexpr qreal cornerRadius = 10.0;
-constexpr int buttonWidth = 200;
+constexpr int buttonWidth = 196;
+constexpr int narrowestButton = 132;
 
 QFont captionFont(const QFont& font)
 {
@@ -38,18 +39,30 @@ HomeButton::HomeButton(const QString& picture, const QString& caption, const QSt
     setText(caption);
     setAccessibleDescription(explanation);
     setFocusPolicy(Qt::StrongFocus);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    QSizePolicy policy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
     setCursor(Qt::PointingHandCursor);
 }
 
 QSize HomeButton::sizeHint() const
 {
+    return {buttonWidth, heightForWidth(buttonWidth)};
+}
+
+QSize HomeButton::minimumSizeHint() const
+{
+    return {narrowestButton, heightForWidth(buttonWidth)};
+}
+
+int HomeButton::heightForWidth(int width) const
+{
     const int captionHeight = QFontMetrics(captionFont(font())).height();
     const int explanationHeight =
         fontMetrics()
-            .boundingRect(QRect(0, 0, buttonWidth - 2 * margin, 1000), Qt::TextWordWrap, m_explanation)
+            .boundingRect(QRect(0, 0, width - 2 * margin, 1000), Qt::TextWordWrap, m_explanation)
             .height();
-    return {buttonWidth, 2 * margin + pictureSize + 2 * spacing + captionHeight + explanationHeight};
+    return 2 * margin + pictureSize + 2 * spacing + captionHeight + explanationHeight;
 }
 
 void HomeButton::paintFrame(QPainter& painter) const

@@ -13,6 +13,8 @@ public:
     HomeButton(const QString& picture, const QString& caption, const QString& explanation, QWidget* parent);
 
     [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override; ///< narrow enough for a small screen
+    [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int buttonSpacing = 24;
+constexpr int buttonSpacing = 20;
 constexpr int titleSpacing = 28;
 
 } // namespace
@@ -36,6 +36,7 @@ HomePage::HomePage(QWidget* parent)
     addButton(2, QStringLiteral("home-organizations"), tr("&Organizations"),
               tr("Who took part, and where they are"));
     addButton(3, QStringLiteral("home-search"), tr("Sear&ch"), tr("Find words in records of every kind"));
+    addButton(4, QStringLiteral("home-help"), tr("Hel&p"), tr("How to do what, in the user's guide"));
     m_buttons->addStretch();
 
     auto* layout = new QVBoxLayout(this);

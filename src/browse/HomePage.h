@@ -18,7 +18,7 @@ public:
     void setSubtitle(const QString& text);
 
 Q_SIGNALS:
-    /// Button 0 shows the documents, 1 the events, 2 the organizations, 3 searches.
+    /// Button 0 shows the documents, 1 the events, 2 the organizations, 3 searches, 4 opens the user's guide.
     void chosen(int button);
 
 private:

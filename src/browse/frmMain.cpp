@@ -4,6 +4,7 @@
 #include "app/ProgramState.h"
 #include "browse/BrowsePage.h"
 #include "browse/CommandState.h"
+#include "browse/HelpCommands.h"
 #include "browse/HistoryNavigation.h"
 #include "browse/HomePage.h"
 #include "browse/IconSet.h"
@@ -47,6 +48,7 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
     : m_platform(platform),
       m_state(state),
       m_commands(new MainCommands(*this)),
+      m_help(new HelpCommands(*this, *m_commands->tbToolBar, platform, state)),
       m_pages(new QStackedWidget(this)),
       m_home(new HomePage(this)),
       m_list(new ListPane(state.session, state.folder.machinePath(state.folders.documents), this)),
@@ -232,9 +234,15 @@ void frmMain::viewAll(ViewKind kind)
 void frmMain::pressHomeButton(int button)
 {
     constexpr int searchButton = 3;
-    if (button == searchButton) {
+    constexpr int helpButton = 4;
+    switch (button) {
+    case searchButton:
         m_search->openKeywordSearch();
-    } else {
+        break;
+    case helpButton:
+        m_help->mnuHelpContents->trigger();
+        break;
+    default:
         viewAll(static_cast<ViewKind>(button));
     }
 }

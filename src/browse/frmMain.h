@@ -9,6 +9,7 @@
 
 class BrowsePage;
 class ChartPane;
+class HelpCommands;
 class HomePage;
 class ListMenus;
 class ListPane;
@@ -73,6 +74,7 @@ private:
     Platform m_platform;
     ProgramState& m_state;
     MainCommands* m_commands;
+    HelpCommands* m_help;
     QStackedWidget* m_pages;
     HomePage* m_home;
     ListPane* m_list;

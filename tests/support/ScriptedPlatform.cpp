@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 ScriptedMessages::~ScriptedMessages()
 {
     finish();
@@ -68,8 +70,10 @@ DatabaseConverter::Result ScriptedConverter::convert(const QString& source, cons
 
 bool ScriptedShell::open(const QUrl& url)
 {
-    opened << (url.isLocalFile() ? url.toLocalFile() : url.toString());
-    return hasProgram;
+    const QString name = url.isLocalFile() ? url.toLocalFile() : url.toString();
+    opened << name;
+    return hasProgram && std::none_of(unknown.begin(), unknown.end(),
+                                      [&](const QString& ending) { return name.endsWith(ending); });
 }
 
 bool ScriptedShell::start(const QString& program, const QString& file)

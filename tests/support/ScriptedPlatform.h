@@ -114,6 +114,7 @@ public:
     QStringList started;    ///< `program file`
     bool hasProgram = true; ///< whether the desktop knows a program for what it is asked to open
     bool canStart = true;
+    QStringList unknown; ///< endings of names for which the desktop knows no program
 };
 
 /// The desktop of one test.

@@ -1,0 +1,28 @@
+#include "app/AboutText.h"
+
+#include "support/TestDatabase.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(AboutText, CountsWhatTheListsShow)
+{
+    TestDatabase database;
+    database.run(
+        "INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES (1, 'None', 'ACTIVE'), "
+        "(2, 'a', 'ACTIVE'), (3, 'b', 'DELETED'), (4, 'c', NULL), (5, 'd', 'SUBMITTED');"
+        "INSERT INTO Event (EventID, EventName, Status) VALUES (1, 'None', 'ACTIVE'), (2, 'a', 'ACTIVE')");
+    EXPECT_TRUE(AboutText::database(database.session())
+                    .endsWith(QStringLiteral("test.sqlite<br>2 documents, 1 event, 0 organizations")));
+
+    database.run("DROP TABLE Organization");
+    EXPECT_TRUE(
+        AboutText::database(database.session())
+            .endsWith(QStringLiteral("<br>The records cannot be counted: no such table: Organization")));
+
+    DatabaseSession none;
+    EXPECT_EQ(AboutText::database(none), QStringLiteral("No database is open."));
+}
+
+} // namespace

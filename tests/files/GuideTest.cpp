@@ -1,0 +1,149 @@
+#include "files/HelpFile.h"
+#include "support/TextPrinting.h"
+
+#include <QDir>
+#include <QFile>
+#include <QMap>
+#include <QRegularExpression>
+#include <QSet>
+#include <QXmlStreamReader>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+/// One page of the guide: what it leads to, what can be led to in it, and the pictures that it shows.
+struct Page
+{
+    QStringList links;
+    QSet<QString> anchors;
+    QStringList pictures;
+    QStringList withoutText; ///< pictures that say nothing to those who cannot see them
+    QString title;
+    QString error;
+};
+
+QDir guide()
+{
+    return QDir(QStringLiteral(ORVIK_GUIDE));
+}
+
+QByteArray contentOf(const QString& name)
+{
+    QFile file(guide().filePath(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
+    return file.readAll();
+}
+
+Page read(const QString& name)
+{
+    Page page;
+    QXmlStreamReader reader(contentOf(name));
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement) continue;
+        const auto attribute = [&](const char* key) {
+            return reader.attributes().value(QLatin1String(key)).toString();
+        };
+        if (!attribute("id").isEmpty()) page.anchors << attribute("id");
+        if (reader.name() == QLatin1String("a")) page.links << attribute("href");
+        if (reader.name() == QLatin1String("link")) page.links << attribute("href");
+        if (reader.name() == QLatin1String("title")) page.title = reader.readElementText();
+        if (reader.name() != QLatin1String("img")) continue;
+        page.pictures << attribute("src");
+        if (attribute("alt").size() < 10) page.withoutText << attribute("src");
+    }
+    if (reader.hasError())
+        page.error = QStringLiteral("line %1: %2").arg(reader.lineNumber()).arg(reader.errorString());
+    return page;
+}
+
+QMap<QString, Page> allPages()
+{
+    QMap<QString, Page> pages;
+    for (const QString& name : guide().entryList({QStringLiteral("*.html")}, QDir::Files))
+        pages.insert(name, read(name));
+    return pages;
+}
+
+/// The pages that a contents file, an index or a project names.
+QStringList pagesNamedIn(const QString& name)
+{
+    static const QRegularExpression page(QStringLiteral("[\"\\n=]([a-z-]+\\.html(#[a-z-]+)?)\\b"));
+    QStringList names;
+    auto found = page.globalMatch(QString::fromUtf8(contentOf(name)));
+    while (found.hasNext())
+        names << found.next().captured(1);
+    return names;
+}
+
+void expectTarget(const QMap<QString, Page>& pages, const QString& from, const QString& link)
+{
+    if (link.startsWith(QStringLiteral("https://")) || link == QStringLiteral("guide.css")) return;
+    const QString target = link.section(u'#', 0, 0);
+    const QString anchor = link.section(u'#', 1);
+    const auto page = pages.constFind(target.isEmpty() ? from : target);
+    ASSERT_TRUE(page != pages.constEnd()) << from.toStdString() << " leads to " << link.toStdString();
+    EXPECT_TRUE(anchor.isEmpty() || page->anchors.contains(anchor))
+        << from.toStdString() << " leads to " << link.toStdString();
+}
+
+TEST(Guide, PagesAreWellFormedAndTheirLinksAndPicturesExist)
+{
+    const QMap<QString, Page> pages = allPages();
+    ASSERT_GE(pages.size(), 10);
+    for (auto page = pages.begin(); page != pages.end(); ++page) {
+        const std::string name = page.key().toStdString();
+        EXPECT_EQ(page->error, QString()) << name;
+        EXPECT_FALSE(page->title.isEmpty()) << name;
+        // viewers of help files guess how the text is encoded
+        const QByteArray content = contentOf(page.key());
+        EXPECT_TRUE(std::all_of(content.begin(), content.end(), [](char c) { return c > 0; })) << name;
+        EXPECT_EQ(page->withoutText, QStringList()) << name;
+        for (const QString& link : page->links)
+            expectTarget(pages, page.key(), link);
+        for (const QString& picture : page->pictures)
+            EXPECT_TRUE(guide().exists(picture)) << name << " shows " << picture.toStdString();
+    }
+}
+
+TEST(Guide, ContentsSubjectsAndBookLeadToEveryPage)
+{
+    const QMap<QString, Page> pages = allPages();
+    for (const char* file : {"Kelmsett.hhc", "Kelmsett.hhk", "Kelmsett.hhp"}) {
+        const QStringList named = pagesNamedIn(QString::fromUtf8(file));
+        EXPECT_FALSE(named.isEmpty()) << file;
+        for (const QString& name : named)
+            expectTarget(pages, QString::fromUtf8(file), name);
+    }
+    const QStringList contents = pagesNamedIn(QStringLiteral("Kelmsett.hhc"));
+    const QStringList inBook = pagesNamedIn(QStringLiteral("Kelmsett.hhp"));
+    for (const QString& name : pages.keys()) {
+        EXPECT_TRUE(contents.contains(name)) << name.toStdString();
+        EXPECT_TRUE(inBook.contains(name)) << name.toStdString();
+    }
+    // the page of subjects and the book's own index tell the same
+    const QStringList onPage = pages.value(QStringLiteral("subjects.html")).links;
+    for (const QString& name : pagesNamedIn(QStringLiteral("Kelmsett.hhk")))
+        EXPECT_TRUE(onPage.contains(name)) << name.toStdString();
+}
+
+TEST(Guide, HasThePageOfEveryChapterAndWindow)
+{
+    const QStringList pages = allPages().keys();
+    for (int chapter = 0; chapter <= static_cast<int>(HelpChapter::Keys); ++chapter)
+        EXPECT_TRUE(pages.contains(HelpFile::pageName(static_cast<HelpChapter>(chapter)))) << chapter;
+
+    using Expected = std::pair<const char*, const char*>;
+    for (const auto& [window, page] :
+         {Expected{"frmDocument", "records.html"}, Expected{"frmEvent", "records.html"},
+          Expected{"frmOrganization", "records.html"}, Expected{"frmPicList", "records.html"},
+          Expected{"frmSearch", "search.html"}, Expected{"frmAdvSearch", "advanced-search.html"},
+          Expected{"frmImport", "database.html"}, Expected{"frmAbout", "index.html"}}) {
+        EXPECT_EQ(HelpFile::pageName(HelpFile::chapterOf(QString::fromUtf8(window))), QString::fromUtf8(page))
+            << window;
+    }
+}
+
+} // namespace

@@ -1,0 +1,104 @@
+#include "Journey.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QLineEdit>
+#include <QTest>
+#include <QTextBrowser>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// The program with the pages of the guide in its folder.
+class Help : public ::testing::Test
+{
+protected:
+    Help()
+    {
+        QDir().mkpath(guideFolder());
+        for (const char* name : {"index.html", "subjects.html", "records.html", "search.html"})
+            QFile(guideFolder() + QString::fromUtf8(name)).open(QIODevice::WriteOnly);
+        QFile(journey.database.folder() + QStringLiteral("/Kelmsett.chm")).open(QIODevice::WriteOnly);
+    }
+
+    QString guideFolder() const { return journey.database.folder() + QStringLiteral("/help/"); }
+
+    /// What was opened since the last time, without the folder.
+    std::string opened()
+    {
+        QStringList& files = journey.desktop.shell.opened;
+        const QString texts = files.join(u'|').remove(journey.database.folder() + u'/');
+        files.clear();
+        return texts.toStdString();
+    }
+
+    Journey journey;
+};
+
+TEST_F(Help, EveryWayToTheGuideOpensIt)
+{
+    journey.start();
+    journey.trigger("mnuHelpContents");
+    EXPECT_EQ(opened(), "Kelmsett.chm");
+    QTest::keyClick(journey.program->window(), Qt::Key_F1);
+    EXPECT_EQ(opened(), "Kelmsett.chm");
+    QTest::mouseClick(&journey.find<QAbstractButton>("Image1(4)"), Qt::LeftButton);
+    EXPECT_EQ(opened(), "Kelmsett.chm");
+    EXPECT_EQ(journey.viewPanel(), QStringLiteral("Home Page"));
+
+    journey.desktop.shell.unknown = {QStringLiteral(".chm")};
+    journey.trigger("mnuSearchForHelpOn");
+    EXPECT_EQ(opened(), "Kelmsett.chm|help/subjects.html");
+
+    QDir(guideFolder()).removeRecursively();
+    journey.desktop.messages.expectMessageBeginning(
+        QStringLiteral("mnuHelpContents Error (8): No program of the desktop opens the user's guide. ("));
+    journey.trigger("mnuHelpContents");
+}
+
+TEST_F(Help, TheKeyInADialogOpensItsChapter)
+{
+    journey.start();
+    for (const auto& [window, page] :
+         {std::pair("frmDocument", "help/records.html"), std::pair("frmSearch", "help/search.html"),
+          std::pair("frmAbout", "Kelmsett.chm")}) {
+        QDialog dialog(journey.program->window());
+        dialog.setObjectName(QString::fromUtf8(window));
+        auto* field = new QLineEdit(&dialog);
+        QTimer::singleShot(0, &dialog, [&] {
+            QTest::keyClick(field, Qt::Key_F1);
+            dialog.reject();
+        });
+        dialog.exec();
+        EXPECT_EQ(opened(), page) << window;
+    }
+}
+
+TEST_F(Help, TheAboutBoxTellsOfTheProgramAndTheDatabase)
+{
+    journey.database.run(
+        "INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES (2, 'a', 'ACTIVE')");
+    journey.start();
+    QTimer::singleShot(0, [this] {
+        EXPECT_TRUE(journey.find<QLabel>("lblVersion").text().contains(QStringLiteral("Version 1.")));
+        EXPECT_TRUE(journey.find<QLabel>("lblDatabase")
+                        .text()
+                        .contains(journey.dataFolder() +
+                                  QStringLiteral("test.sqlite<br>1 document, 0 events, 0 organizations")));
+        QTextBrowser& licences = journey.find<QTextBrowser>("txtLicences");
+        for (const char* part : {"GPL-3.0-or-later", "Qt Charts", "SQLite", "Census Bureau", "CC BY 4.0"})
+            EXPECT_TRUE(licences.toPlainText().contains(QString::fromUtf8(part))) << part;
+        Q_EMIT licences.anchorClicked(QUrl(QStringLiteral("https://www.sqlite.org/")));
+        EXPECT_EQ(opened(), "https://www.sqlite.org/");
+        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+    });
+    journey.trigger("mnuHelpAbout");
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+} // namespace
