@@ -3,6 +3,7 @@
 #include "browse/ViewHistory.h"
 #include "data/DatabaseSession.h"
 #include "data/StandardQueries.h"
+#include "editors/PickList.h"
 #include "files/ProgramFolder.h"
 
 #include <QString>
@@ -58,4 +59,10 @@ struct ProgramState
     QString databasePath;
     QString lastKeywords; ///< what was searched for last, as typed
     DatabaseSession session;
+
+    /// Set by an editor that was left by Cancel; read and reset by who opened it.
+    bool editCancelled = false;
+
+    /// What the pick list is opened with and gives back.
+    PickedItems chosen;
 };

@@ -8,11 +8,13 @@
 ListMenus::ListMenus(const MainCommands& commands, const RelatedCommands& related, QWidget& window)
     : QObject(&window)
 {
-    const auto add = [&](ViewKind kind, const char* name) {
+    const auto add = [&](ViewKind kind, const char* name, QAction* addRecord) {
         auto* menu = new QMenu(&window);
         menu->setObjectName(QString::fromUtf8(name));
         menu->setToolTipsVisible(true);
         if (kind != ViewKind::Events) menu->addAction(commands.mnuRecordOpen);
+        menu->addActions(
+            {commands.mnuRecordView, commands.mnuRecordEdit, addRecord, commands.mnuRecordDelete});
         menu->addSeparator();
         menu->addActions(related.actions(kind));
         menu->addSeparator();
@@ -21,9 +23,9 @@ ListMenus::ListMenus(const MainCommands& commands, const RelatedCommands& relate
         menu->addActions({commands.mnuViewRefresh, commands.mnuSearchShowAll});
         m_menus[kind] = menu;
     };
-    add(ViewKind::Documents, "popDocList");
-    add(ViewKind::Events, "popEventList");
-    add(ViewKind::Organizations, "popOrgList");
+    add(ViewKind::Documents, "popDocList", commands.mnuRecordAddNewDocument);
+    add(ViewKind::Events, "popEventList", commands.mnuRecordAddNewEvent);
+    add(ViewKind::Organizations, "popOrgList", commands.mnuRecordAddNewOrganization);
 }
 
 void ListMenus::popUp(ViewKind kind, const QPoint& position)

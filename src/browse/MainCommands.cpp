@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QToolBar>
+#include <QToolButton>
 
 MainCommands::MainCommands(QMainWindow& window) : QObject(&window), m_window(window)
 {
@@ -28,8 +29,31 @@ QAction* MainCommands::add(const QString& name, const QString& text, const QStri
     return action;
 }
 
+void MainCommands::makeRecordActions()
+{
+    mnuRecordAddNewDocument = add(QStringLiteral("mnuRecordAddNewDocument"), tr("New &Document…"),
+                                  QStringLiteral("document-new"), {}, tr("Adds a document"));
+    mnuRecordAddNewEvent = add(QStringLiteral("mnuRecordAddNewEvent"), tr("New &Event…"),
+                               QStringLiteral("appointment-new"), {}, tr("Adds an event"));
+    mnuRecordAddNewOrganization = add(QStringLiteral("mnuRecordAddNewOrganization"), tr("New &Organization…"),
+                                      QStringLiteral("contact-new"), {}, tr("Adds an organization"));
+    mnuRecordEdit = add(QStringLiteral("mnuRecordEdit"), tr("&Edit…"), QStringLiteral("document-edit"),
+                        QKeySequence(Qt::CTRL | Qt::Key_E), tr("Opens the selected record for editing"));
+    mnuRecordView = add(QStringLiteral("mnuRecordView"), tr("&View…"), QStringLiteral("view-preview"),
+                        QKeySequence(Qt::Key_Return), tr("Shows the selected record"));
+    mnuRecordView->setShortcuts({Qt::Key_Return, Qt::Key_Enter});
+    mnuRecordDelete = add(QStringLiteral("mnuRecordDelete"), tr("&Delete…"), QStringLiteral("edit-delete"),
+                          QKeySequence::Delete, tr("Deletes the selected records"));
+    mnuRecordEdit->setIconText(tr("Edit"));
+    mnuRecordView->setIconText(tr("View"));
+    mnuRecordDelete->setIconText(tr("Delete"));
+    mnuRecordAdd = add(QStringLiteral("mnuRecordAdd"), tr("&Add"), QStringLiteral("list-add"),
+                       QKeySequence::New, tr("Adds a record of a kind to be chosen"));
+}
+
 void MainCommands::makeActions()
 {
+    makeRecordActions();
     mnuRecordOpen = add(QStringLiteral("mnuRecordOpen"), tr("&Open"), QStringLiteral("document-open"),
                         QKeySequence(Qt::CTRL | Qt::Key_Return),
                         tr("Opens the file of the document or the chart of the organization"));
@@ -85,6 +109,11 @@ void MainCommands::makeMenus()
     QMenu* record = m_window.menuBar()->addMenu(tr("&Record"));
     record->setObjectName(QStringLiteral("mnuRecord"));
     record->setToolTipsVisible(true);
+    QMenu* addNew = record->addMenu(tr("&Add"));
+    addNew->setObjectName(QStringLiteral("mnuRecordAddNew"));
+    addNew->addActions({mnuRecordAddNewDocument, mnuRecordAddNewEvent, mnuRecordAddNewOrganization});
+    record->addActions({mnuRecordEdit, mnuRecordView, mnuRecordDelete});
+    record->addSeparator();
     record->addAction(mnuRecordOpen);
     mnuRecordRelated = record->addMenu(tr("&Related Records"));
     mnuRecordRelated->setObjectName(QStringLiteral("mnuRecordRelated"));
@@ -118,6 +147,24 @@ void MainCommands::makeMenus()
     mnuNavigate->addAction(mnuNavigateExit);
 }
 
+/// The drop-down of the toolbar's Add button.
+void MainCommands::makeAddKinds()
+{
+    mnuAddKinds = new QMenu(&m_window);
+    mnuAddKinds->setObjectName(QStringLiteral("mnuAddKinds"));
+    const auto addKind = [this](const char* key, const QString& text, QAction* command) {
+        QAction* entry = mnuAddKinds->addAction(command->icon(), text, command, &QAction::trigger);
+        entry->setObjectName(QString::fromLatin1(key));
+    };
+    addKind("NewDocument", tr("New &Document"), mnuRecordAddNewDocument);
+    addKind("NewEvent", tr("New &Event"), mnuRecordAddNewEvent);
+    addKind("NewOrganization", tr("New &Organization"), mnuRecordAddNewOrganization);
+    mnuRecordAdd->setMenu(mnuAddKinds);
+    auto* button = qobject_cast<QToolButton*>(tbToolBar->widgetForAction(mnuRecordAdd));
+    button->setObjectName(QStringLiteral("Add"));
+    button->setPopupMode(QToolButton::InstantPopup);
+}
+
 void MainCommands::makeToolBar()
 {
     tbToolBar = m_window.addToolBar(tr("Toolbar"));
@@ -125,7 +172,12 @@ void MainCommands::makeToolBar()
     tbToolBar->setMovable(false);
     tbToolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     tbToolBar->setContextMenuPolicy(Qt::PreventContextMenu);
+    tbToolBar->addAction(mnuRecordAdd);
+    makeAddKinds();
+    tbToolBar->addSeparator();
     tbToolBar->addActions({mnuNavigateBack, mnuNavigateForward, mnuNavigateHome});
+    tbToolBar->addSeparator();
+    tbToolBar->addActions({mnuRecordEdit, mnuRecordView, mnuRecordDelete});
     tbToolBar->addSeparator();
     tbToolBar->addAction(mnuSearchKeyword);
     tbToolBar->addSeparator();

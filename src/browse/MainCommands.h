@@ -30,8 +30,16 @@ public:
     QAction* mnuNavigateHome;
     QAction* mnuOpenDatabase;
     QAction* mnuNavigateExit;
+    QAction* mnuRecordAdd; ///< of the toolbar: opens the choice of kinds
+    QAction* mnuRecordAddNewDocument;
+    QAction* mnuRecordAddNewEvent;
+    QAction* mnuRecordAddNewOrganization;
+    QAction* mnuRecordEdit;
+    QAction* mnuRecordView;
+    QAction* mnuRecordDelete;
     QAction* mnuRecordOpen;
     QAction* mnuRecordCopy;
+    QMenu* mnuAddKinds; ///< the choice of kinds
     QMenu* mnuRecordRelated;
     QMenu* mnuNavigate;
     QMenu* mnuHistory;
@@ -41,6 +49,8 @@ private:
     QAction* add(const QString& name, const QString& text, const QString& icon, const QKeySequence& key,
                  const QString& statusTip);
     void makeActions();
+    void makeRecordActions();
+    void makeAddKinds();
     void makeMenus();
     void makeToolBar();
 

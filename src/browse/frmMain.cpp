@@ -12,10 +12,13 @@
 #include "browse/ListPane.h"
 #include "browse/MainCommands.h"
 #include "browse/OpenCommand.h"
+#include "browse/RecordCommands.h"
 #include "browse/RecordListView.h"
 #include "browse/RelatedCommands.h"
 #include "browse/WindowPlace.h"
 #include "chart/ChartPane.h"
+#include "editors/DialogRecordPicker.h"
+#include "editors/RecordEditors.h"
 #include "map/MapPane.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
@@ -53,9 +56,11 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
       m_home(new HomePage(this)),
       m_list(new ListPane(state.session, state.folder.machinePath(state.folders.documents), this)),
       m_browse(new BrowsePage(m_list, platform.settings, this)),
-      m_search(new SearchCommands(platform, state, *this)),
+      m_picker(std::make_unique<DialogRecordPicker>(platform, state)),
+      m_search(new SearchCommands(platform, state, *m_picker, *this)),
       m_related(new RelatedCommands(platform, state, *m_list, this)),
       m_open(std::make_unique<OpenCommand>(platform, state, *m_list)),
+      m_editors(new RecordEditors(platform, state, *this)),
       m_timeline(new TimelinePanel(platform, state, this))
 {
     setObjectName(QStringLiteral("frmMain"));
@@ -144,7 +149,7 @@ void frmMain::connectCommands()
     on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
     connect(m_home, &HomePage::chosen, this, &frmMain::pressHomeButton);
-    connect(m_search, &SearchCommands::recordChosen, this, &frmMain::viewRecord);
+    connect(m_search, &SearchCommands::recordChosen, m_editors, &RecordEditors::view);
     new HistoryNavigation(m_state.history, *m_commands->mnuNavigateBack, *m_commands->mnuNavigateForward,
                           *m_commands->tbToolBar, *this);
 }
@@ -159,7 +164,21 @@ void frmMain::makeRecordCommands()
                 menus->popUp(m_list->kind(), m_list->view().viewport()->mapToGlobal(position));
             });
     connect(m_commands->mnuRecordOpen, &QAction::triggered, this, [this] { m_open->run(); });
+    m_records = new RecordCommands(*m_commands, *m_list, *m_editors, *this);
     connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
+    connect(m_related, &RelatedCommands::additionWanted, m_editors,
+            [this](const RecordAddition& addition) { m_editors->add(addition.kind, addition.preset); });
+    connect(m_editors, &RecordEditors::eventSaved, this, [this](const QDateTime& start) {
+        m_timeline->updateTimeline(momentOf(start.date(), start.time()));
+    });
+    connect(m_editors, &RecordEditors::changed, this, [this](ViewKind kind, qint64 saved) {
+        refresh();
+        m_records->selectAfterChange(kind, saved);
+    });
+    connect(m_timeline, &TimelinePanel::eventOpened, this,
+            [this](qint64 event) { m_editors->view(ViewKind::Events, event); });
+    connect(m_timeline, &TimelinePanel::eventMenuRequested, this,
+            [menus](const QPoint& position) { menus->popUp(ViewKind::Events, position); });
 }
 
 void frmMain::load()
@@ -329,13 +348,6 @@ void frmMain::showSearchResults()
     m_search->showResults();
 }
 
-/// A record that a search found is shown in the list of what was found of its kind.
-void frmMain::viewRecord(ViewKind kind, qint64 identifier)
-{
-    m_search->openList(kind);
-    m_list->select(identifier);
-}
-
 void frmMain::refresh()
 {
     const clsView view = m_state.history.view(m_state.history.current());
@@ -349,8 +361,10 @@ void frmMain::refresh()
     case ViewKind::Organizations:
         showOrganizations(view.SQL, view.Caption);
         break;
-    case ViewKind::Home:
     case ViewKind::SearchResults:
+        showSearchResults();
+        break;
+    case ViewKind::Home:
         break;
     }
 }
@@ -369,6 +383,7 @@ void frmMain::enableCommands()
     enableUnless(*m_commands->mnuRecordCopy, showsList ? nothingSelected : noList);
     enableUnless(*m_commands->mnuRecordOpen, showsList ? m_open->hindrance() : noList);
     m_related->enable(noList);
+    m_records->enable(m_state.session.isOpen(), noList);
     m_commands->mnuViewGraphicRight->setChecked(m_browse->side() == Qt::Horizontal);
     m_commands->mnuViewGraphicBelow->setChecked(m_browse->side() == Qt::Vertical);
 }

@@ -16,9 +16,12 @@ class ListPane;
 class MainCommands;
 class MapPane;
 class OpenCommand;
+class RecordPicker;
 class SearchCommands;
 class QLabel;
 class QStackedWidget;
+class RecordCommands;
+class RecordEditors;
 class RelatedCommands;
 class TimelinePanel;
 struct ProgramState;
@@ -67,7 +70,6 @@ private:
     void drawBeforeList(ViewKind kind);
     void drawAfterList(ViewKind kind, bool isListed);
     void chooseRecord(qint64 identifier);
-    void viewRecord(ViewKind kind, qint64 identifier);
     void refresh();
     void enableCommands();
 
@@ -79,9 +81,12 @@ private:
     HomePage* m_home;
     ListPane* m_list;
     BrowsePage* m_browse;
+    std::unique_ptr<RecordPicker> m_picker;
     SearchCommands* m_search;
     RelatedCommands* m_related;
     std::unique_ptr<OpenCommand> m_open;
+    RecordEditors* m_editors;
+    RecordCommands* m_records = nullptr;
     TimelinePanel* m_timeline;
     ChartPane* m_chart = nullptr; ///< null until documents are shown
     MapPane* m_map = nullptr;     ///< null until organizations are shown

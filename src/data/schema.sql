@@ -384,7 +384,8 @@ FROM Event
     LEFT JOIN DocumentEvents ON DocumentEvents.EventID = Event.EventID;
 
 -- An organization's own position comes first; where it has none, that of the known city of its name
--- and state does, of two such cities the one with the smaller identifier.
+-- and state does, of two such cities the one with the smaller identifier. `ifnull` keeps a condition on the
+-- city from turning the join around: each organization looks its city up, no city looks through all of them.
 CREATE VIEW Q_Organization AS
 SELECT
     Organization.OrganizationID AS OrganizationID,
@@ -401,7 +402,7 @@ SELECT
         THEN KnownCity.Lat ELSE Organization.Lat END AS Lat,
     CASE WHEN Organization.Lat IS NULL OR Organization.Lon IS NULL
         THEN KnownCity.Lon ELSE Organization.Lon END AS Lon,
-    KnownCity.LocationID AS LocationID,
+    ifnull(KnownCity.LocationID, NULL) AS LocationID,
     Organization.ResponseActivities AS ResponseActivities,
     Organization.Status AS Status,
     OrganizationVenues.VenueID AS VenueID

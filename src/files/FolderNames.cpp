@@ -12,11 +12,18 @@ FolderNames::FolderNames(const QString& folder)
     for (std::filesystem::directory_iterator entry(path, failed), end; !failed && entry != end;
          entry.increment(failed)) {
         if (entry->is_directory(failed)) continue;
-        m_names.insert(QFile::decodeName(entry->path().filename().c_str()).toCaseFolded());
+        m_names.insert(comparable(QFile::decodeName(entry->path().filename().c_str())));
     }
 }
 
 bool FolderNames::contains(const QString& fileName) const
 {
-    return m_names.contains(fileName.toCaseFolded());
+    return m_names.contains(comparable(fileName));
+}
+
+QString FolderNames::comparable(const QString& fileName)
+{
+    QString name = fileName.toCaseFolded();
+    if (name.endsWith(QStringLiteral(".html"))) name.chop(1);
+    return name;
 }

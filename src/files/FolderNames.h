@@ -4,7 +4,7 @@
 #include <QString>
 
 /// The names of the files in one folder, read once, so that a list can tell for each of its rows whether a
-/// file is there without a look at the disk for each. Letter case does not matter.
+/// file is there without a look at the disk for each.
 class FolderNames
 {
 public:
@@ -14,6 +14,10 @@ public:
     explicit FolderNames(const QString& folder);
 
     [[nodiscard]] bool contains(const QString& fileName) const;
+
+    /// A file's name such that two names that mean the same file are equal: letter case does not matter, and
+    /// a web page may end in `.htm` or `.html`.
+    [[nodiscard]] static QString comparable(const QString& fileName);
 
 private:
     QSet<QString> m_names;

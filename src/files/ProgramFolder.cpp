@@ -1,5 +1,6 @@
 #include "files/ProgramFolder.h"
 
+#include "files/FolderNames.h"
 #include "util/Error.h"
 
 #include <QDir>
@@ -40,18 +41,22 @@ void copyFolder(const QString& from, const QString& to)
     }
 }
 
-/// The file or folder of that name in a folder, whatever the letter case of its name.
+/// The file or folder of that name in a folder, whatever the letter case of its name. A file that has that
+/// very name comes before one that is taken for it.
 std::optional<QString> entryOf(const QString& folder, const QString& name, QDir::Filter kind)
 {
     const QString exact = folder + u'/' + name;
     const QFileInfo file(exact);
     if (kind == QDir::Files ? file.isFile() : file.isDir()) return exact;
+    const QString sought = FolderNames::comparable(name);
+    std::optional<QString> other;
     QDirIterator entries(folder, kind | QDir::NoDotAndDotDot);
     while (entries.hasNext()) {
         const QString entry = entries.next();
         if (entries.fileName().compare(name, Qt::CaseInsensitive) == 0) return entry;
+        if (kind == QDir::Files && FolderNames::comparable(entries.fileName()) == sought) other = entry;
     }
-    return std::nullopt;
+    return other;
 }
 
 } // namespace
@@ -84,6 +89,11 @@ bool ProgramFolder::fillFromSample(const QString& root, const QString& sample)
 QString ProgramFolder::machinePath(const QString& programPath) const
 {
     return m_root + QString(programPath).replace(u'\\', u'/');
+}
+
+QString ProgramFolder::programForm(const QString& machinePath)
+{
+    return QString(machinePath).replace(u'/', u'\\');
 }
 
 std::optional<QString> ProgramFolder::find(const QString& programPath, const QString& fileName) const

@@ -32,7 +32,11 @@ public:
     /// A program path below this folder as a path of the machine. Nothing needs to exist there.
     [[nodiscard]] QString machinePath(const QString& programPath) const;
 
-    /// The file of that name in a program folder, whatever the letter case of the file and of the folders.
+    /// A path of the machine in the program's form, with `\` between folders.
+    [[nodiscard]] static QString programForm(const QString& machinePath);
+
+    /// The file of that name in a program folder, whatever the letter case of the file and of the folders;
+    /// `.htm` and `.html` are one.
     /// Nothing where there is none, or where the name leads out of the folder or cannot be a name.
     [[nodiscard]] std::optional<QString> find(const QString& programPath, const QString& fileName) const;
 

@@ -8,37 +8,31 @@
 
 ChosenListCriterion::ChosenListCriterion(const QString& stem, const QString& caption, const Buttons& buttons,
                                          QWidget* parent)
-    : CriterionBox(stem, caption, parent),
-      m_list(new QListWidget(frame())),
-      m_add(new QPushButton(buttons.addCaption, frame()))
+    : CriterionBox(stem, caption, parent), m_list(new QListWidget(frame()))
 {
     m_list->setObjectName(QStringLiteral("lst") + stem);
     m_list->setAccessibleName(caption);
     m_list->setSpacing(1);
-    m_add->setObjectName(buttons.addName);
+    auto* add = new QPushButton(buttons.addCaption, frame());
+    add->setObjectName(buttons.addName);
     auto* clear = new QPushButton(buttons.clearCaption, frame());
     clear->setObjectName(buttons.clearName);
-    m_add->setAutoDefault(false);
+    add->setAutoDefault(false);
     clear->setAutoDefault(false);
 
     auto* side = new QVBoxLayout;
-    side->addWidget(m_add);
+    side->addWidget(add);
     side->addWidget(clear);
     side->addWidget(countLabel());
     side->addStretch();
     frameLayout()->addWidget(m_list, 1);
     frameLayout()->addLayout(side);
     setItems({});
-    connect(m_add, &QPushButton::clicked, this, &ChosenListCriterion::addPressed);
+    connect(add, &QPushButton::clicked, this, &ChosenListCriterion::addPressed);
     connect(clear, &QPushButton::clicked, this, [this] {
         setItems({});
         Q_EMIT changed();
     });
-}
-
-void ChosenListCriterion::setCanAdd(bool can)
-{
-    m_add->setEnabled(can);
 }
 
 clsAdvSearch::Items ChosenListCriterion::items() const

@@ -3,7 +3,6 @@
 #include "search/CriterionBox.h"
 
 class QListWidget;
-class QPushButton;
 
 /// A criterion with a list of what was picked, and the buttons that pick more and that clear it.
 class ChosenListCriterion final : public CriterionBox
@@ -22,9 +21,6 @@ public:
 
     ChosenListCriterion(const QString& stem, const QString& caption, const Buttons& buttons, QWidget* parent);
 
-    /// Whether records can be picked at all.
-    void setCanAdd(bool can);
-
     [[nodiscard]] clsAdvSearch::Items items() const override;
     void setItems(const clsAdvSearch::Items& items) override;
 
@@ -34,5 +30,4 @@ Q_SIGNALS:
 
 private:
     QListWidget* m_list;
-    QPushButton* m_add;
 };

@@ -14,10 +14,12 @@
 
 #include <QAbstractItemView>
 
-SearchCommands::SearchCommands(const Platform& platform, ProgramState& state, QWidget& window)
+SearchCommands::SearchCommands(const Platform& platform, ProgramState& state, RecordPicker& picker,
+                               QWidget& window)
     : QObject(&window),
       m_platform(platform),
       m_state(state),
+      m_picker(&picker),
       m_window(window),
       m_page(new SearchResultsPage(&window))
 {
@@ -51,7 +53,7 @@ void SearchCommands::openAdvancedSearch(ViewKind kind)
 {
     // each opening reads the lookup tables as they are now
     delete m_advancedSearch;
-    m_advancedSearch = new frmAdvSearch(m_platform, m_state, m_picker, &m_window);
+    m_advancedSearch = new frmAdvSearch(m_platform, m_state, *m_picker, &m_window);
     m_advancedSearch->doAdvSearch(kind);
 }
 
@@ -63,11 +65,6 @@ void SearchCommands::showResults()
         m_page->showResults(SearchResults::read(m_state.session, m_state.queries, keywords));
     });
     if (!found) m_page->showFailure(keywords);
-}
-
-void SearchCommands::openList(ViewKind kind)
-{
-    m_page->openList(kind);
 }
 
 SharedQuery SearchCommands::queryFor(const SharedQuery& query)

@@ -23,10 +23,10 @@ class SearchCommands final : public QObject
     Q_OBJECT
 
 public:
-    /// The state must outlive the object, which becomes a child of the window.
-    SearchCommands(const Platform& platform, ProgramState& state, QWidget& window);
+    /// The state and the picker must outlive the object, which becomes a child of the window.
+    SearchCommands(const Platform& platform, ProgramState& state, RecordPicker& picker, QWidget& window);
 
-    /// Gives the advanced search what records are picked with; it must outlive the object.
+    /// Lets records be picked in another way from now on.
     void setPicker(RecordPicker& picker) { m_picker = &picker; }
 
     /// The page of results, for the window to show.
@@ -42,9 +42,6 @@ public:
 
     /// Searches once more for what the current view, one of results, looked for.
     void showResults();
-
-    /// Opens the list of what the current view, one of results, found of a kind.
-    void openList(ViewKind kind);
 
     /// The query to show the current view with: what a keyword search found is asked for by its keys.
     [[nodiscard]] SharedQuery queryFor(const SharedQuery& query);
@@ -64,7 +61,7 @@ private:
 
     Platform m_platform;
     ProgramState& m_state;
-    RecordPicker* m_picker = nullptr;
+    RecordPicker* m_picker;
     QWidget& m_window;
     SearchResultsPage* m_page;
     FoundWordsDelegate* m_delegate = nullptr;

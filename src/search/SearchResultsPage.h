@@ -22,9 +22,6 @@ public:
 
     void showResults(const SearchResults& results);
 
-    /// As if the link of a kind had been chosen.
-    void openList(ViewKind kind);
-
     /// Shows that the search for a text could not be made.
     void showFailure(const QString& keywords);
 
@@ -39,6 +36,7 @@ Q_SIGNALS:
     void recordChosen(ViewKind kind, qint64 identifier);
 
 private:
+    void openList(ViewKind kind);
     void makeKind(std::size_t index, QVBoxLayout& layout);
     void focusFirst();
 

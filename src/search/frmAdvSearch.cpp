@@ -23,7 +23,7 @@ constexpr int columns = 2;
 
 } // namespace
 
-frmAdvSearch::frmAdvSearch(const Platform& platform, ProgramState& state, RecordPicker* picker,
+frmAdvSearch::frmAdvSearch(const Platform& platform, ProgramState& state, RecordPicker& picker,
                            QWidget* parent)
     : QDialog(parent), m_platform(platform), m_state(state), m_picker(picker)
 {
@@ -73,7 +73,6 @@ CriterionBox* frmAdvSearch::makeBox(const CriterionControls& controls, QWidget* 
     auto* box = new ChosenListCriterion(
         controls.stem, controls.caption,
         {picked.addName, picked.addCaption, picked.clearName, picked.clearCaption}, parent);
-    box->setCanAdd(m_picker != nullptr);
     connect(box, &ChosenListCriterion::addPressed, this,
             [this, box, records = picked.records] { pickFor(*box, records); });
     return box;
@@ -172,7 +171,7 @@ void frmAdvSearch::populateFields(const clsAdvSearch& search)
 void frmAdvSearch::pickFor(ChosenListCriterion& criterion, RecordPicker::Records records)
 {
     runProcedure(m_platform.messages, QStringLiteral("showList"),
-                 [&] { criterion.setItems(m_picker->pick(records, criterion.items())); });
+                 [&] { criterion.setItems(m_picker.pick(records, criterion.items(), this)); });
     showSearchText();
 }
 

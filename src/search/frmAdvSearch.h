@@ -27,7 +27,7 @@ class frmAdvSearch final : public QDialog
 
 public:
     /// Both must outlive the form. Without a picker, nothing can be added to the lists of picked records.
-    frmAdvSearch(const Platform& platform, ProgramState& state, RecordPicker* picker, QWidget* parent);
+    frmAdvSearch(const Platform& platform, ProgramState& state, RecordPicker& picker, QWidget* parent);
 
     /// Opens the form for a kind that has a list.
     void doAdvSearch(ViewKind kind);
@@ -55,7 +55,7 @@ private:
 
     Platform m_platform;
     ProgramState& m_state;
-    RecordPicker* m_picker;
+    RecordPicker& m_picker;
     ViewKind m_kind = ViewKind::Documents;
     QTabWidget* m_tabs = nullptr;
     struct LookupList

@@ -50,5 +50,14 @@ void EventLabel::mouseReleaseEvent(QMouseEvent* event)
 {
     const bool isClick = m_pressed == event->button() && rect().contains(event->position().toPoint());
     m_pressed = Qt::NoButton;
-    if (isClick && event->button() == Qt::LeftButton) Q_EMIT clicked(m_eventId);
+    if (!isClick) return;
+    if (event->button() == Qt::LeftButton) Q_EMIT clicked(m_eventId);
+    if (event->button() == Qt::RightButton) {
+        Q_EMIT menuRequested(m_eventId, event->globalPosition().toPoint());
+    }
+}
+
+void EventLabel::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) Q_EMIT doubleClicked(m_eventId);
 }

@@ -20,12 +20,17 @@ public:
 
 Q_SIGNALS:
     void clicked(qint64 eventId);
+    void doubleClicked(qint64 eventId);
+
+    /// The right button was clicked, at a global position.
+    void menuRequested(qint64 eventId, const QPoint& position);
 
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
     qint64 m_eventId = 0;

@@ -62,15 +62,24 @@ void TimelinePanel::makeParts()
         m_timeline.resize(width, height);
         showAll();
     });
-    connect(m_picture, &TimelinePicture::eventClicked, this, [this](qint64 eventId) {
-        m_timeline.selectEvent(eventId);
-        showAll();
-        Q_EMIT eventSelected(eventId);
-    });
+    connect(m_picture, &TimelinePicture::eventClicked, this, &TimelinePanel::select);
+    connect(m_picture, &TimelinePicture::eventDoubleClicked, this, &TimelinePanel::eventOpened);
+    connect(m_picture, &TimelinePicture::eventMenuRequested, this,
+            [this](qint64 eventId, const QPoint& position) {
+                select(eventId);
+                Q_EMIT eventMenuRequested(position);
+            });
     connect(m_picture, &TimelinePicture::nearestChosen, this, [this](qint64 eventId) {
         chooseEvent(eventId);
         Q_EMIT eventSelected(eventId);
     });
+}
+
+void TimelinePanel::select(qint64 eventId)
+{
+    m_timeline.selectEvent(eventId);
+    showAll();
+    Q_EMIT eventSelected(eventId);
 }
 
 QWidget* TimelinePanel::makeButtons()

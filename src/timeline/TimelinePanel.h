@@ -40,6 +40,12 @@ Q_SIGNALS:
     /// The user selected an event on the timeline.
     void eventSelected(qint64 eventId);
 
+    /// The user wants to see an event.
+    void eventOpened(qint64 eventId);
+
+    /// The user wants the menu of the event that was just selected, at a global position.
+    void eventMenuRequested(const QPoint& position);
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
@@ -52,6 +58,7 @@ private:
     QToolButton* makeButton(const QString& name, const QString& icon, const QString& text, const QString& key,
                             Handler handler);
     void run(Handler handler);
+    void select(qint64 eventId);
     void showAll();
     void scrollLanes(int lanes);
     void turn(int notches, Handler up, Handler down);

@@ -76,6 +76,8 @@ void TimelinePicture::growPool(int count)
         m_markers.push_back(new EventMarker(this));
         m_markers.back()->setObjectName(QStringLiteral("imgInstantEvent(%1)").arg(i));
         connect(m_labels.back(), &EventLabel::clicked, this, &TimelinePicture::eventClicked);
+        connect(m_labels.back(), &EventLabel::doubleClicked, this, &TimelinePicture::eventDoubleClicked);
+        connect(m_labels.back(), &EventLabel::menuRequested, this, &TimelinePicture::eventMenuRequested);
     }
 }
 
@@ -174,8 +176,18 @@ const Lane* TimelinePicture::drawnAt(const QPointF& point) const
 /// A bar or a marker is clicked as its label is.
 void TimelinePicture::mousePressEvent(QMouseEvent* event)
 {
+    const Lane* lane = drawnAt(event->position());
+    if (lane == nullptr) return;
+    if (event->button() == Qt::LeftButton) Q_EMIT eventClicked(lane->eventId);
+    if (event->button() == Qt::RightButton) {
+        Q_EMIT eventMenuRequested(lane->eventId, event->globalPosition().toPoint());
+    }
+}
+
+void TimelinePicture::mouseDoubleClickEvent(QMouseEvent* event)
+{
     const Lane* lane = event->button() == Qt::LeftButton ? drawnAt(event->position()) : nullptr;
-    if (lane != nullptr) Q_EMIT eventClicked(lane->eventId);
+    if (lane != nullptr) Q_EMIT eventDoubleClicked(lane->eventId);
 }
 
 /// A bar and a marker say what their label says.

@@ -29,6 +29,8 @@ public:
 Q_SIGNALS:
     void resized(int width, int height);
     void eventClicked(qint64 eventId);
+    void eventDoubleClicked(qint64 eventId);
+    void eventMenuRequested(qint64 eventId, const QPoint& position);
     void nearestChosen(qint64 eventId);
 
 protected:
@@ -36,6 +38,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

@@ -82,6 +82,9 @@ bool pieceEndsText(std::string_view piece, std::string_view text, std::size_t fr
 LikePattern::LikePattern(std::string_view pattern)
 {
     TextCompare::fold(pattern, m_folded);
+    if (!m_folded.empty() && isAscii(m_folded.substr(0, 1)) && m_folded[0] != '%' && m_folded[0] != '_') {
+        m_first = m_folded[0];
+    }
     readWords();
 }
 
@@ -153,8 +156,18 @@ bool LikePattern::matchesWords(std::string_view text) const
     return true;
 }
 
+/// Whether the first letter alone rules a match out, as it does for most titles. A letter beyond ASCII may
+/// fold into one of ASCII, so it rules out nothing.
+bool LikePattern::beginsOtherwise(std::string_view text) const
+{
+    if (m_first == 0 || text.empty() || !isAscii(text.substr(0, 1))) return false;
+    const char first = text[0];
+    return m_first != (first >= 'A' && first <= 'Z' ? static_cast<char>(first - 'A' + 'a') : first);
+}
+
 bool LikePattern::matches(std::string_view text) const
 {
+    if (beginsOtherwise(text)) return false;
     if (m_onlyWords && (!m_meetsOthers || isAscii(text))) return matchesWords(text);
     TextCompare::fold(text, m_scratch);
     return matchesFolded(m_scratch);

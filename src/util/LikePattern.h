@@ -30,10 +30,12 @@ private:
     };
 
     void readWords();
+    [[nodiscard]] bool beginsOtherwise(std::string_view text) const;
     [[nodiscard]] bool matchesWords(std::string_view text) const;
     [[nodiscard]] bool matchesFolded(std::string_view text) const;
 
     std::string m_folded;
+    char m_first = 0;           ///< the letter that a match begins with, where it is an ASCII one; else 0
     bool m_onlyWords = false;   ///< `%word%`, `%word%word%` and so on
     bool m_meetsOthers = false; ///< holds a letter that a letter beyond ASCII folds to
     std::vector<Word> m_words;

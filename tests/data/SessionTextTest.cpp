@@ -53,6 +53,8 @@ TEST_F(SessionTexts, EveryComparisonIgnoresCase)
         {u"DocumentName LIKE 'οΔΌς'"_s, u"5"_s},
         {u"DocumentName NOT LIKE '%COLE'"_s, u"4 5 6"_s},
         {u"DocumentName LIKE '_cole'"_s, u"2 3"_s},
+        {u"DocumentName LIKE 'EC%'"_s, u"3"_s},
+        {u"DocumentName LIKE 'k9'"_s, u"6"_s}, // the sign for kelvins is a K
         {u"(DocumentName) = ('ÉCOLE')"_s, u"2"_s},
         {u"DocumentName IN (SELECT DocumentName FROM Document WHERE DocumentName LIKE 'É%')"_s, u"2"_s},
     };

@@ -24,7 +24,7 @@ namespace {
 class ScriptedPicker final : public RecordPicker
 {
 public:
-    clsAdvSearch::Items pick(Records records, const clsAdvSearch::Items& chosen) override
+    clsAdvSearch::Items pick(Records records, const clsAdvSearch::Items& chosen, QWidget* /*window*/) override
     {
         asked = records;
         given = chosen;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QUrl>
+
+/// A line for an address of the web. While it is read-only, the address looks like a link and a click or the
+/// space bar asks to open it.
+class AddressEdit final : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit AddressEdit(QWidget* parent);
+
+    /// The address as a link; not valid where the text is not an address of the web.
+    [[nodiscard]] QUrl link() const;
+
+Q_SIGNALS:
+    void opened(const QUrl& link);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    [[nodiscard]] bool isLink() const;
+    void showAsLinkOrText();
+};

@@ -1,0 +1,13 @@
+#include "editors/DialogRecordPicker.h"
+
+#include "app/ProgramState.h"
+#include "editors/frmPicList.h"
+
+clsAdvSearch::Items DialogRecordPicker::pick(Records records, const clsAdvSearch::Items& chosen,
+                                             QWidget* window)
+{
+    m_state.chosen = chosen;
+    frmPicList(m_platform, m_state.session, window)
+        .showList(static_cast<PickListKind>(records), m_state.chosen);
+    return m_state.chosen;
+}

@@ -1,0 +1,246 @@
+#include "editors/DocumentStore.h"
+
+#include "data/ControlFill.h"
+#include "editors/RecordIdentifier.h"
+#include "editors/RecordLinks.h"
+#include "editors/RecordValues.h"
+#include "files/FileUpload.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const ListSource venueSource{u"Venue"_s, u"VenueName"_s, u"VenueID"_s};
+const LinkTable typeLinks{u"DocumentTypes"_s, u"DocumentID"_s, u"DocumentTypeID"_s};
+const LinkTable categoryLinks{u"DocumentCategories"_s, u"DocumentID"_s, u"DocumentCategoryID"_s};
+const LinkTable venueLinks{u"DocumentVenues"_s, u"DocumentID"_s, u"VenueID"_s};
+
+QString recordStatement(qint64 id)
+{
+    return u"SELECT * FROM Document WHERE DocumentID = "_s + QString::number(id);
+}
+
+void readRow(const RecordTable& rows, DocumentRecord& record)
+{
+    record.documentName = rows.text(0, u"DocumentName");
+    record.author = rows.text(0, u"Author");
+    record.documentDate = rows.text(0, u"DocumentDate");
+    record.publication = rows.text(0, u"Publication");
+    record.pageNum = rows.text(0, u"PageNum");
+    record.pubNum = rows.text(0, u"PubNum");
+    record.volume = rows.text(0, u"Volume");
+    record.url = rows.text(0, u"URL");
+    record.originalFilename = rows.text(0, u"OriginalFilename");
+    record.keyDocument = rows.integer(0, u"KeyDocument") != 0;
+    record.documentDescription = rows.text(0, u"DocumentDescription");
+    record.notes = rows.text(0, u"Notes");
+    record.fileTypeId = RecordValues::key(rows, u"FileTypeID");
+    record.organizationId = RecordValues::key(rows, u"OrganizationID");
+    record.fileLocation = rows.text(0, u"FileLocation");
+}
+
+std::vector<ListEntry> readTypes(DatabaseSession& session, qint64 id)
+{
+    return RecordLinks::read(session,
+                             u"SELECT DocumentType.DocumentTypeID, DocumentType.DocumentTypeName"
+                             " FROM DocumentType, DocumentTypes"
+                             " WHERE DocumentType.DocumentTypeID = DocumentTypes.DocumentTypeID"
+                             " AND DocumentID = "_s +
+                                 QString::number(id),
+                             u"DocumentTypeName"_s, u"DocumentTypeID"_s);
+}
+
+std::vector<ListEntry> readCategories(DatabaseSession& session, qint64 id)
+{
+    return RecordLinks::read(
+        session,
+        u"SELECT DocumentCategory.DocumentCategoryID, DocumentCategory.DocumentCategoryName"
+        " FROM DocumentCategory, DocumentCategories"
+        " WHERE DocumentCategory.DocumentCategoryID = DocumentCategories.DocumentCategoryID"
+        " AND DocumentID = "_s +
+            QString::number(id),
+        u"DocumentCategoryName"_s, u"DocumentCategoryID"_s);
+}
+
+void setTextsAndFlag(EditableRecordSet& rows, const DocumentRecord& record, bool withOriginalFilename)
+{
+    rows.set(u"DocumentName"_s, record.documentName);
+    rows.set(u"Author"_s, record.author);
+    rows.set(u"DocumentDate"_s, record.documentDate);
+    rows.set(u"Publication"_s, record.publication);
+    rows.set(u"PageNum"_s, record.pageNum);
+    rows.set(u"PubNum"_s, record.pubNum);
+    rows.set(u"Volume"_s, record.volume);
+    rows.set(u"URL"_s, record.url);
+    if (withOriginalFilename) rows.set(u"OriginalFilename"_s, record.originalFilename);
+    rows.set(u"KeyDocument"_s, RecordValues::flag(record.keyDocument));
+    rows.set(u"DocumentDescription"_s, record.documentDescription);
+    rows.set(u"Notes"_s, record.notes);
+    rows.set(u"FileTypeID"_s, record.fileTypeId);
+    rows.set(u"OrganizationID"_s, record.organizationId);
+}
+
+void setConstants(EditableRecordSet& rows)
+{
+    rows.set(u"dStatus"_s, u"ACTIVE"_s);
+    rows.set(u"UserID"_s, qint64{1});
+    rows.set(u"POCID"_s, qint64{1});
+    rows.set(u"Status"_s, u"SUBMITTED"_s);
+}
+
+void requireIdentifiers(const DocumentRecord& record)
+{
+    recordIdentifier(record.fileTypeId);
+    recordIdentifier(record.organizationId);
+    RecordLinks::requireIdentifiers(record.types);
+    RecordLinks::requireIdentifiers(record.categories);
+    RecordLinks::requireIdentifiers(record.venues);
+}
+
+} // namespace
+
+void DocumentStore::fillFileTypes(std::vector<ListEntry>& entries) const
+{
+    fillList(m_state.session, {u"FileTypes"_s, u"FileTypeName"_s, u"FileTypeID"_s}, true, entries);
+}
+
+void DocumentStore::fillOrganizations(std::vector<ListEntry>& entries) const
+{
+    fillList(m_state.session, {u"Organization"_s, u"OrganizationName"_s, u"OrganizationID"_s}, true, entries);
+}
+
+DocumentRecord DocumentStore::blank(const std::optional<clsFieldInfo>& preset) const
+{
+    DocumentRecord record;
+    fillCheckList(m_state.session, venueSource, record.venues);
+    std::vector<ListEntry> fileTypes;
+    fillFileTypes(fileTypes);
+    if (fileTypes.size() > 1) record.fileTypeId = fileTypes[1].key;
+    if (preset && !refusalOfPreset(*preset)) record.organizationId = preset->FieldID;
+    record.url = u"http://"_s;
+    RecordLinks::addPlaceholder(record.types);
+    RecordLinks::addPlaceholder(record.categories);
+    return record;
+}
+
+std::optional<QString> DocumentStore::refusalOfPreset(const clsFieldInfo& preset)
+{
+    if (preset.FieldName == organizationKindWord) return std::nullopt;
+    return u"Invalid FieldName to add to current document"_s;
+}
+
+LoadedRecord<DocumentRecord> DocumentStore::load(qint64 id) const
+{
+    recordIdentifier(id);
+    LoadedRecord<DocumentRecord> loaded;
+    DocumentRecord& record = loaded.record;
+    record.id = id;
+    const RecordTable rows = m_state.session.readAll(recordStatement(id));
+    loaded.isFound = rows.count() > 0;
+    if (loaded.isFound) readRow(rows, record);
+    record.types = readTypes(m_state.session, id);
+    record.categories = readCategories(m_state.session, id);
+    RecordLinks::addPlaceholder(record.types);
+    RecordLinks::addPlaceholder(record.categories);
+    fillCheckList(m_state.session, venueSource, record.venues);
+    RecordLinks::readChecks(m_state.session, venueLinks, id, false, record.venues);
+    return loaded;
+}
+
+QString DocumentStore::notFoundMessage(qint64 id)
+{
+    return u"Document %1 not found"_s.arg(id);
+}
+
+std::optional<DocumentStore::Problem> DocumentStore::check(const DocumentRecord& record)
+{
+    if (record.documentName.isEmpty()) {
+        return Problem{DocumentField::DocumentName, u"Document title is required."_s};
+    }
+    if (record.documentDescription.isEmpty()) {
+        return Problem{DocumentField::DocumentDescription, u"Document description is required."_s};
+    }
+    if (record.originalFilename.isEmpty()) {
+        return Problem{DocumentField::OriginalFilename,
+                       u"Document filename is required. Please browse to select your document file."_s};
+    }
+    return std::nullopt;
+}
+
+bool DocumentStore::hasActiveTitle(const QString& title) const
+{
+    return RecordValues::hasRow(m_state.session,
+                                u"SELECT DocumentID FROM Document WHERE DocumentName LIKE "_s +
+                                    RecordValues::quotedTitle(title) + u" AND dStatus = 'ACTIVE'"_s);
+}
+
+std::optional<DocumentStore::Problem> DocumentStore::saveDocument(DocumentRecord& record)
+{
+    requireIdentifiers(record);
+    Transaction transaction(m_state.session);
+    if (hasActiveTitle(record.documentName)) {
+        return Problem{DocumentField::DocumentName,
+                       u"Document with identical title already exists. Please choose a different title."_s};
+    }
+    addRow(record);
+    FileUpload(m_state).convertDocument(record.originalFilename, record.id);
+    writeLinks(record);
+    writeHistory(record);
+    transaction.commit();
+    return std::nullopt;
+}
+
+void DocumentStore::addRow(DocumentRecord& record)
+{
+    EditableRecordSet rows = m_state.session.edit(recordStatement(-1));
+    rows.addNew();
+    const std::int16_t id = recordIdentifier(std::get<qint64>(rows.value(u"DocumentID")));
+    const QString fileLocation = QString::number(id) + u'.' + FileUpload::extension(record.originalFilename);
+    setTextsAndFlag(rows, record, true);
+    rows.set(u"ReleaseForm"_s, RecordValues::flag(true));
+    setConstants(rows);
+    rows.set(u"FileLocation"_s, fileLocation);
+    rows.update();
+    record.id = id;
+    record.fileLocation = fileLocation;
+}
+
+void DocumentStore::updateDocument(const DocumentRecord& record)
+{
+    recordIdentifier(record.id);
+    requireIdentifiers(record);
+    Transaction transaction(m_state.session);
+    EditableRecordSet rows = RecordValues::openRecord(m_state.session, recordStatement(record.id));
+    setTextsAndFlag(rows, record, false);
+    rows.update();
+    writeLinks(record);
+    writeHistory(record);
+    transaction.commit();
+}
+
+void DocumentStore::writeLinks(const DocumentRecord& record)
+{
+    RecordLinks::rewrite(m_state.session, typeLinks, record.id, record.types);
+    RecordLinks::rewrite(m_state.session, categoryLinks, record.id, record.categories);
+    RecordLinks::rewriteChecked(m_state.session, venueLinks, record.id, record.venues);
+}
+
+void DocumentStore::writeHistory(const DocumentRecord& record)
+{
+    EditableRecordSet rows = m_state.session.edit(u"SELECT * FROM Document_HIST WHERE DocumentID = "_s +
+                                                  QString::number(record.id));
+    rows.addNew();
+    setTextsAndFlag(rows, record, true);
+    setConstants(rows);
+    rows.set(u"FileLocation"_s, record.fileLocation);
+    rows.set(u"DocumentID"_s, record.id);
+    rows.set(u"UpdateTime"_s, RecordValues::updateTime(m_clock));
+    rows.update();
+}
+
+QString DocumentStore::deleteDocument(qint64 id)
+{
+    const QString number = QString::number(recordIdentifier(id));
+    m_state.session.execute(u"UPDATE Document SET dStatus = 'DELETED' WHERE DocumentID = "_s + number);
+    return u"Document ID "_s + number + u" successfully deleted."_s;
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "app/ProgramState.h"
+#include "editors/DocumentRecord.h"
+#include "editors/EditorTypes.h"
+#include "platform/Clock.h"
+
+#include <optional>
+#include <vector>
+
+/// The fields of a document that can fail a check.
+enum class DocumentField
+{
+    DocumentName,
+    DocumentDescription,
+    OriginalFilename
+};
+
+/// Reads and writes documents, with their links, their history and their files.
+///
+/// Lives as long as its editor; the program's state and the clock outlive it. Every failure is an Error. A
+/// save is one transaction: what was written before a failure stays, and a process that dies leaves all or
+/// nothing.
+class DocumentStore
+{
+public:
+    using Problem = FieldProblem<DocumentField>;
+
+    DocumentStore(ProgramState& state, const Clock& clock) : m_state(state), m_clock(clock) {}
+
+    /// The choices of the two drop-downs, "None" first. Throws Error; the entries added so far stay.
+    void fillFileTypes(std::vector<ListEntry>& entries) const;
+    void fillOrganizations(std::vector<ListEntry>& entries) const;
+
+    /// A record to begin with: the first real file type, `http://`, "None" in both lists, no source
+    /// organization but that of the preset. Throws Error.
+    [[nodiscard]] DocumentRecord blank(const std::optional<clsFieldInfo>& preset) const;
+
+    /// What the user is told of a preset that a document cannot take; nothing where it can.
+    [[nodiscard]] static std::optional<QString> refusalOfPreset(const clsFieldInfo& preset);
+
+    /// A record for editing or viewing. Throws Error 6 for an identifier beyond 16 bits.
+    [[nodiscard]] LoadedRecord<DocumentRecord> load(qint64 id) const;
+    [[nodiscard]] static QString notFoundMessage(qint64 id);
+
+    /// The first required field that is empty.
+    [[nodiscard]] static std::optional<Problem> check(const DocumentRecord& record);
+
+    /// Adds the record and copies its file; `record.id` and `record.fileLocation` are known afterwards, also
+    /// where a later step failed. Gives a problem, and writes nothing, where an active document has that
+    /// title.
+    [[nodiscard]] std::optional<Problem> saveDocument(DocumentRecord& record);
+
+    /// Writes a record that exists. Throws Error where it is gone meanwhile; nothing is written then.
+    void updateDocument(const DocumentRecord& record);
+
+    /// Marks a record as deleted, and gives the message that says so.
+    QString deleteDocument(qint64 id);
+
+private:
+    [[nodiscard]] bool hasActiveTitle(const QString& title) const;
+    void addRow(DocumentRecord& record);
+    void writeLinks(const DocumentRecord& record);
+    void writeHistory(const DocumentRecord& record);
+
+    ProgramState& m_state;
+    const Clock& m_clock;
+};

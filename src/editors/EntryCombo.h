@@ -1,0 +1,51 @@
+#pragma once
+
+#include "data/ListEntry.h"
+
+#include <QComboBox>
+
+#include <vector>
+
+class ListEntryModel;
+
+/// A drop-down of records. The plain kind finds entries by their first letters; the searching kind, for
+/// thousands of entries, is typed into and offers those that hold the text. Either way one of the entries is
+/// selected or none: a text that names none gives way to the entry selected before.
+class EntryCombo final : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    enum class Kind
+    {
+        Plain,
+        Searching
+    };
+
+    EntryCombo(Kind kind, QWidget* parent);
+
+    /// Takes the entries in place of those before; none is selected.
+    void fill(std::vector<ListEntry> entries);
+
+    /// Adds an entry at the end.
+    void append(const ListEntry& entry);
+
+    /// Selects the first entry with that key; where there is none, the selection stays.
+    void selectKey(qint64 key);
+
+    /// Selects the first entry with that text, in any letter case; where there is none, the selection stays.
+    void selectText(const QString& text);
+
+    /// The key of the selected entry; that of "None" where none is selected.
+    [[nodiscard]] qint64 key() const;
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    void makeSearching();
+    void settleText();
+    [[nodiscard]] int rowMeant(const QString& typed) const;
+
+    ListEntryModel* m_entries;
+};

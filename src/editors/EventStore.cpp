@@ -1,0 +1,236 @@
+#include "editors/EventStore.h"
+
+#include "data/ControlFill.h"
+#include "editors/RecordIdentifier.h"
+#include "editors/RecordLinks.h"
+#include "editors/RecordValues.h"
+#include "util/DateTimeText.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const ListSource venueSource{u"Venue"_s, u"VenueName"_s, u"VenueID"_s};
+const LinkTable venueLinks{u"EventVenues"_s, u"EventID"_s, u"VenueID"_s};
+const LinkTable functionLinks{u"EventFunctions"_s, u"EventID"_s, u"functionId"_s};
+const LinkTable documentLinks{u"DocumentEvents"_s, u"EventID"_s, u"DocumentID"_s};
+const LinkTable organizationLinks{u"OrganizationEvents"_s, u"EventID"_s, u"OrganizationID"_s};
+
+QString recordStatement(qint64 id)
+{
+    return u"SELECT * FROM Event WHERE EventID = "_s + QString::number(id);
+}
+
+Value dateValue(const std::optional<QDate>& date)
+{
+    return date ? Value(DateTimeText::programDate(*date)) : Value();
+}
+
+Value timeValue(const std::optional<QTime>& time)
+{
+    return time ? Value(DateTimeText::programTime(*time)) : Value();
+}
+
+void readRow(const RecordTable& rows, EventRecord& record)
+{
+    record.eventName = rows.text(0, u"EventName");
+    record.eventDescription = rows.text(0, u"EventDescription");
+    record.notes = rows.text(0, u"Notes");
+    record.keyEvent = rows.integer(0, u"KeyEvent") != 0;
+    record.startDate = DateTimeText::readDate(rows.text(0, u"startDate"));
+    record.endDate = DateTimeText::readDate(rows.text(0, u"endDate"));
+    record.startTime = DateTimeText::readTime(rows.text(0, u"startTime"));
+    record.endTime = DateTimeText::readTime(rows.text(0, u"endTime"));
+}
+
+void readLists(DatabaseSession& session, EventRecord& record)
+{
+    const QString id = QString::number(record.id);
+    record.organizations =
+        RecordLinks::read(session,
+                          u"SELECT Organization.OrganizationName, Organization.OrganizationID"
+                          " FROM Organization, OrganizationEvents"
+                          " WHERE Organization.OrganizationID = OrganizationEvents.OrganizationID"
+                          " AND EventID = "_s +
+                              id,
+                          u"OrganizationName"_s, u"OrganizationID"_s);
+    record.documents = RecordLinks::read(session,
+                                         u"SELECT Document.DocumentName, Document.DocumentID"
+                                         " FROM Document, DocumentEvents"
+                                         " WHERE Document.DocumentID = DocumentEvents.DocumentID"
+                                         " AND EventID = "_s +
+                                             id,
+                                         u"DocumentName"_s, u"DocumentID"_s);
+    record.functions = RecordLinks::read(session,
+                                         u"SELECT Function.FunctionName, Function.FunctionID"
+                                         " FROM Function, EventFunctions"
+                                         " WHERE Function.FunctionID = EventFunctions.FunctionID"
+                                         " AND EventID = "_s +
+                                             id,
+                                         u"functionName"_s, u"functionId"_s);
+}
+
+void addPlaceholders(EventRecord& record)
+{
+    RecordLinks::addPlaceholder(record.functions);
+    RecordLinks::addPlaceholder(record.organizations);
+    RecordLinks::addPlaceholder(record.documents);
+}
+
+void setValues(EditableRecordSet& rows, const EventRecord& record)
+{
+    rows.set(u"EventName"_s, record.eventName);
+    rows.set(u"EventDescription"_s, record.eventDescription);
+    rows.set(u"Notes"_s, record.notes);
+    rows.set(u"KeyEvent"_s, RecordValues::flag(record.keyEvent));
+    rows.set(u"startDate"_s, dateValue(record.startDate));
+    rows.set(u"endDate"_s, dateValue(record.endDate));
+    rows.set(u"startTime"_s, timeValue(record.startTime));
+    rows.set(u"endTime"_s, timeValue(record.endTime));
+}
+
+void setConstants(EditableRecordSet& rows)
+{
+    rows.set(u"Status"_s, u"ACTIVE"_s);
+    rows.set(u"UserID"_s, qint64{1});
+}
+
+void requireIdentifiers(const EventRecord& record)
+{
+    RecordLinks::requireIdentifiers(record.venues);
+    RecordLinks::requireIdentifiers(record.functions);
+    RecordLinks::requireIdentifiers(record.documents);
+    RecordLinks::requireIdentifiers(record.organizations);
+}
+
+} // namespace
+
+EventRecord EventStore::blank(const std::optional<clsFieldInfo>& preset) const
+{
+    EventRecord record;
+    fillCheckList(m_state.session, venueSource, record.venues);
+    if (preset && preset->FieldName == documentKindWord) {
+        record.documents.push_back({preset->FieldText, preset->FieldID});
+    }
+    if (preset && preset->FieldName == organizationKindWord) {
+        record.organizations.push_back({preset->FieldText, preset->FieldID});
+    }
+    addPlaceholders(record);
+    return record;
+}
+
+std::optional<QString> EventStore::refusalOfPreset(const clsFieldInfo& preset)
+{
+    if (preset.FieldName == documentKindWord || preset.FieldName == organizationKindWord) return std::nullopt;
+    return u"Invalid FieldName to add to current event"_s;
+}
+
+LoadedRecord<EventRecord> EventStore::load(qint64 id) const
+{
+    recordIdentifier(id);
+    LoadedRecord<EventRecord> loaded;
+    EventRecord& record = loaded.record;
+    record.id = id;
+    const RecordTable rows = m_state.session.readAll(recordStatement(id));
+    loaded.isFound = rows.count() > 0;
+    if (loaded.isFound) readRow(rows, record);
+    fillCheckList(m_state.session, venueSource, record.venues);
+    RecordLinks::readChecks(m_state.session, venueLinks, id, false, record.venues);
+    readLists(m_state.session, record);
+    addPlaceholders(record);
+    return loaded;
+}
+
+QString EventStore::notFoundMessage(qint64 id)
+{
+    return u"Event %1 not found"_s.arg(id);
+}
+
+std::optional<EventStore::Problem> EventStore::check(const EventRecord& record)
+{
+    if (record.eventName.isEmpty()) return Problem{EventField::EventName, u"Event title is required."_s};
+    if (record.eventDescription.isEmpty()) {
+        return Problem{EventField::EventDescription, u"Event description is required."_s};
+    }
+    const bool hasVenue = std::any_of(record.venues.begin(), record.venues.end(),
+                                      [](const CheckEntry& venue) { return venue.isChecked; });
+    if (!hasVenue) return Problem{EventField::Venues, u"Event venue is required."_s};
+    return std::nullopt;
+}
+
+bool EventStore::hasActiveTitle(const QString& title) const
+{
+    return RecordValues::hasRow(m_state.session, u"SELECT EventID FROM Event WHERE EventName LIKE "_s +
+                                                     RecordValues::quotedTitle(title) +
+                                                     u" AND Status = 'ACTIVE'"_s);
+}
+
+std::optional<EventStore::Problem> EventStore::saveEvent(EventRecord& record)
+{
+    requireIdentifiers(record);
+    Transaction transaction(m_state.session);
+    if (hasActiveTitle(record.eventName)) {
+        return Problem{EventField::EventName,
+                       u"Event with identical title already exists. Please choose a different title."_s};
+    }
+    EditableRecordSet rows = m_state.session.edit(recordStatement(-1));
+    rows.addNew();
+    const std::int16_t id = recordIdentifier(std::get<qint64>(rows.value(u"EventID")));
+    setValues(rows, record);
+    setConstants(rows);
+    rows.update();
+    record.id = id;
+    writeLinks(record);
+    writeHistory(record);
+    transaction.commit();
+    return std::nullopt;
+}
+
+void EventStore::updateEvent(const EventRecord& record)
+{
+    recordIdentifier(record.id);
+    requireIdentifiers(record);
+    Transaction transaction(m_state.session);
+    EditableRecordSet rows = RecordValues::openRecord(m_state.session, recordStatement(record.id));
+    setValues(rows, record);
+    rows.update();
+    writeLinks(record);
+    writeHistory(record);
+    transaction.commit();
+}
+
+void EventStore::writeLinks(const EventRecord& record)
+{
+    RecordLinks::rewriteChecked(m_state.session, venueLinks, record.id, record.venues);
+    RecordLinks::rewrite(m_state.session, functionLinks, record.id, record.functions);
+    RecordLinks::rewrite(m_state.session, documentLinks, record.id, record.documents);
+    RecordLinks::rewrite(m_state.session, organizationLinks, record.id, record.organizations);
+}
+
+void EventStore::writeHistory(const EventRecord& record)
+{
+    EditableRecordSet rows =
+        m_state.session.edit(u"SELECT * FROM Event_HIST WHERE EventID = "_s + QString::number(record.id));
+    rows.addNew();
+    rows.set(u"EventID"_s, record.id);
+    setValues(rows, record);
+    setConstants(rows);
+    rows.set(u"UpdateTime"_s, RecordValues::updateTime(m_clock));
+    rows.update();
+}
+
+QString EventStore::deleteEvent(qint64 id)
+{
+    const QString number = QString::number(recordIdentifier(id));
+    m_state.session.execute(u"UPDATE Event SET Status = 'DELETED' WHERE EventID = "_s + number);
+    return u"Event ID "_s + number + u" successfully deleted."_s;
+}
+
+std::optional<QDateTime> EventStore::getStartDate(const EventRecord& record)
+{
+    if (!record.startDate) return std::nullopt;
+    const QTime time = record.startTime.value_or(QTime(0, 0));
+    return QDateTime(*record.startDate, QTime(time.hour(), time.minute()));
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "app/ProgramState.h"
+#include "editors/EditorTypes.h"
+#include "editors/EventRecord.h"
+#include "platform/Clock.h"
+
+#include <QDateTime>
+
+#include <optional>
+
+/// The fields of an event that can fail a check.
+enum class EventField
+{
+    EventName,
+    EventDescription,
+    Venues
+};
+
+/// Reads and writes events, with their links and their history.
+///
+/// Lives as long as its editor; the program's state and the clock outlive it. Every failure is an Error. A
+/// save is one transaction: what was written before a failure stays, and a process that dies leaves all or
+/// nothing.
+class EventStore
+{
+public:
+    using Problem = FieldProblem<EventField>;
+
+    EventStore(ProgramState& state, const Clock& clock) : m_state(state), m_clock(clock) {}
+
+    /// A record to begin with: no dates, no venue, "None" in every list that the preset does not fill.
+    [[nodiscard]] EventRecord blank(const std::optional<clsFieldInfo>& preset) const;
+
+    /// What the user is told of a preset that an event cannot take; nothing where it can.
+    [[nodiscard]] static std::optional<QString> refusalOfPreset(const clsFieldInfo& preset);
+
+    /// A record for editing or viewing. Throws Error 6 for an identifier beyond 16 bits.
+    [[nodiscard]] LoadedRecord<EventRecord> load(qint64 id) const;
+    [[nodiscard]] static QString notFoundMessage(qint64 id);
+
+    /// The first required field that is empty.
+    [[nodiscard]] static std::optional<Problem> check(const EventRecord& record);
+
+    /// Adds the record; `record.id` is known afterwards, also where a later step failed. Gives a problem, and
+    /// writes nothing, where an active event has that title.
+    [[nodiscard]] std::optional<Problem> saveEvent(EventRecord& record);
+
+    /// Writes a record that exists. Throws Error where it is gone meanwhile; nothing is written then.
+    void updateEvent(const EventRecord& record);
+
+    /// Marks a record as deleted, and gives the message that says so.
+    QString deleteEvent(qint64 id);
+
+    /// The moment at which an event starts, for the timeline; a missing time is midnight. Nothing where there
+    /// is no date.
+    [[nodiscard]] static std::optional<QDateTime> getStartDate(const EventRecord& record);
+
+private:
+    [[nodiscard]] bool hasActiveTitle(const QString& title) const;
+    void writeLinks(const EventRecord& record);
+    void writeHistory(const EventRecord& record);
+
+    ProgramState& m_state;
+    const Clock& m_clock;
+};

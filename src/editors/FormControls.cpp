@@ -1,0 +1,147 @@
+#include "editors/FormControls.h"
+
+#include "editors/CheckList.h"
+#include "editors/EntryCombo.h"
+#include "editors/LinkList.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+namespace {
+
+constexpr int hintOpacity = 128;
+
+/// The lines of a form, without those that are part of another control.
+QList<QLineEdit*> linesOf(const QWidget& form)
+{
+    QList<QLineEdit*> lines = form.findChildren<QLineEdit*>();
+    lines.removeIf(
+        [](QLineEdit* line) { return qobject_cast<EntryCombo*>(line->parentWidget()) != nullptr; });
+    return lines;
+}
+
+/// A locked choice is there to be read, as a locked text is.
+void setReadable(QWidget& field, bool locked)
+{
+    field.setEnabled(!locked);
+    QPalette palette = field.palette();
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText, QPalette::WindowText}) {
+        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
+    }
+    field.setPalette(palette);
+}
+
+/// A field that cannot be written to has the window's own ground.
+void showLocked(QWidget& field, bool locked)
+{
+    QPalette palette = field.palette();
+    palette.setColor(QPalette::Base,
+                     field.parentWidget()->palette().color(locked ? QPalette::Window : QPalette::Base));
+    // some dark desktops leave the hint of an empty line black
+    QColor hint = palette.color(QPalette::Text);
+    hint.setAlpha(hintOpacity);
+    palette.setColor(QPalette::PlaceholderText, hint);
+    field.setPalette(palette);
+}
+
+void setLocked(QWidget& form, bool locked)
+{
+    for (QLineEdit* line : linesOf(form)) {
+        line->setReadOnly(locked);
+        showLocked(*line, locked);
+    }
+    const auto texts = form.findChildren<QPlainTextEdit*>();
+    for (QPlainTextEdit* text : texts) {
+        text->setReadOnly(locked);
+        showLocked(*text, locked);
+    }
+    const auto lists = form.findChildren<QListWidget*>();
+    for (QListWidget* list : lists) {
+        if (auto* checks = qobject_cast<CheckList*>(list)) checks->setLocked(locked);
+        showLocked(*list, locked);
+    }
+    const auto combos = form.findChildren<EntryCombo*>();
+    for (EntryCombo* combo : combos)
+        setReadable(*combo, locked);
+    const auto checks = form.findChildren<QCheckBox*>();
+    for (QCheckBox* check : checks)
+        setReadable(*check, locked);
+    const auto buttons = form.findChildren<QPushButton*>();
+    for (QPushButton* button : buttons)
+        button->setEnabled(!locked);
+}
+
+} // namespace
+
+void FormControls::lock(QWidget& form)
+{
+    setLocked(form, true);
+}
+
+void FormControls::unlock(QWidget& form)
+{
+    setLocked(form, false);
+}
+
+void FormControls::clear(QWidget& form)
+{
+    for (QLineEdit* line : linesOf(form))
+        line->clear();
+    const auto texts = form.findChildren<QPlainTextEdit*>();
+    for (QPlainTextEdit* text : texts)
+        text->clear();
+    const auto combos = form.findChildren<EntryCombo*>();
+    for (EntryCombo* combo : combos)
+        combo->setCurrentIndex(-1);
+    const auto checks = form.findChildren<QCheckBox*>();
+    for (QCheckBox* check : checks)
+        check->setChecked(false);
+    const auto links = form.findChildren<LinkList*>();
+    for (LinkList* list : links)
+        list->setEntries({});
+    const auto checkLists = form.findChildren<CheckList*>();
+    for (CheckList* list : checkLists)
+        list->untickAll();
+}
+
+void FormControls::showBeginnings(QWidget& form)
+{
+    const auto lines = form.findChildren<QLineEdit*>();
+    for (QLineEdit* line : lines)
+        line->setCursorPosition(0);
+}
+
+QString FormControls::text(const QPlainTextEdit& field, const QString& stored)
+{
+    if (!field.document()->isModified()) return stored;
+    QString typed = field.toPlainText();
+    if (stored.contains(QStringLiteral("\r\n"))) typed.replace(u'\n', QStringLiteral("\r\n"));
+    return typed;
+}
+
+QStringList FormControls::state(const QWidget& form)
+{
+    QStringList state;
+    for (const QLineEdit* line : linesOf(form))
+        state << line->text();
+    const auto texts = form.findChildren<QPlainTextEdit*>();
+    for (const QPlainTextEdit* text : texts)
+        state << text->toPlainText();
+    const auto combos = form.findChildren<EntryCombo*>();
+    for (const EntryCombo* combo : combos)
+        state << QString::number(combo->currentIndex());
+    const auto checks = form.findChildren<QCheckBox*>();
+    for (const QCheckBox* check : checks)
+        state << QString::number(check->checkState());
+    const auto lists = form.findChildren<QListWidget*>();
+    for (const QListWidget* list : lists) {
+        for (int row = 0; row < list->count(); ++row) {
+            const QListWidgetItem* item = list->item(row);
+            state << item->data(Qt::UserRole).toString() << QString::number(item->checkState());
+        }
+    }
+    return state;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QStringList>
+
+class QPlainTextEdit;
+class QWidget;
+
+/// What is done to all controls of a form at once.
+namespace FormControls {
+
+/// Makes every control read-only: texts can still be marked and copied, lists still be scrolled.
+void lock(QWidget& form);
+void unlock(QWidget& form);
+
+/// Empties texts and takes selections and ticks back. What the drop-downs and lists offer stays.
+void clear(QWidget& form);
+
+/// Brings the beginning of every text into sight.
+void showBeginnings(QWidget& form);
+
+/// What a text of several lines holds: to the letter what was stored, where the user did not change it, since
+/// the field knows one kind of line end and of blank only.
+[[nodiscard]] QString text(const QPlainTextEdit& field, const QString& stored);
+
+/// What the controls hold, so that a later state can be compared with an earlier one.
+[[nodiscard]] QStringList state(const QWidget& form);
+
+} // namespace FormControls

@@ -1,0 +1,65 @@
+#include "editors/LinkList.h"
+
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+LinkList::LinkList(const Names& names, PickListKind kind, QWidget* parent)
+    : QWidget(parent),
+      m_kind(kind),
+      m_list(new QListWidget(this)),
+      m_add(new QPushButton(tr("Add…"), this)),
+      m_clear(new QPushButton(tr("Clear"), this))
+{
+    m_list->setObjectName(QString::fromLatin1(names.list));
+    m_list->setAccessibleName(names.what);
+    m_list->setUniformItemSizes(true);
+    m_add->setObjectName(QString::fromLatin1(names.add));
+    m_add->setAccessibleName(tr("Add %1").arg(names.what));
+    m_add->setToolTip(tr("Choose %1 from a list").arg(names.what));
+    m_add->setAutoDefault(false);
+    m_clear->setObjectName(QString::fromLatin1(names.clear));
+    m_clear->setAccessibleName(tr("Clear %1").arg(names.what));
+    m_clear->setToolTip(tr("Empty the list of %1").arg(names.what));
+    m_clear->setAutoDefault(false);
+    setFocusProxy(m_list);
+
+    auto* buttons = new QVBoxLayout;
+    buttons->addWidget(m_add);
+    buttons->addWidget(m_clear);
+    buttons->addStretch();
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_list);
+    layout->addLayout(buttons);
+
+    connect(m_add, &QPushButton::clicked, this, &LinkList::addPressed);
+    connect(m_clear, &QPushButton::clicked, this, [this] { setEntries({}); });
+}
+
+void LinkList::setEntries(const std::vector<ListEntry>& entries)
+{
+    m_list->clear();
+    for (const ListEntry& entry : entries)
+        addItem(entry);
+    if (m_list->count() == 0) addItem(ListEntry::none());
+    m_list->setCurrentRow(0, QItemSelectionModel::NoUpdate);
+}
+
+std::vector<ListEntry> LinkList::entries() const
+{
+    std::vector<ListEntry> entries;
+    for (int row = 0; row < m_list->count(); ++row) {
+        const QListWidgetItem* item = m_list->item(row);
+        entries.push_back({item->text(), item->data(Qt::UserRole).toLongLong()});
+    }
+    return entries;
+}
+
+void LinkList::addItem(const ListEntry& entry)
+{
+    auto* item = new QListWidgetItem(entry.display, m_list);
+    item->setData(Qt::UserRole, entry.key);
+    item->setToolTip(entry.display);
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "data/ListEntry.h"
+#include "editors/PickList.h"
+
+#include <QWidget>
+
+#include <vector>
+
+class QListWidget;
+class QPushButton;
+
+/// The records of one kind that a record is linked to: a list with a button that opens the pick list and one
+/// that empties it. An empty list shows the one item "None".
+class LinkList final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The object names of the parts; `what` is said of them to screen readers, such as `document types`.
+    struct Names
+    {
+        const char* list;
+        const char* add;
+        const char* clear;
+        QString what;
+    };
+
+    LinkList(const Names& names, PickListKind kind, QWidget* parent);
+
+    void setEntries(const std::vector<ListEntry>& entries);
+    [[nodiscard]] std::vector<ListEntry> entries() const;
+
+    [[nodiscard]] PickListKind kind() const { return m_kind; }
+    [[nodiscard]] QListWidget* list() const { return m_list; }
+
+Q_SIGNALS:
+    /// The user asks for the pick list.
+    void addPressed();
+
+private:
+    void addItem(const ListEntry& entry);
+
+    PickListKind m_kind;
+    QListWidget* m_list;
+    QPushButton* m_add;
+    QPushButton* m_clear;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "data/ListEntry.h"
+
+#include <QAbstractListModel>
+
+#include <vector>
+
+/// The entries of a drop-down: what is shown, and the key as item data.
+class ListEntryModel final : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    explicit ListEntryModel(QObject* parent) : QAbstractListModel(parent) {}
+
+    void setEntries(std::vector<ListEntry> entries);
+
+    /// Adds an entry at the end.
+    void append(const ListEntry& entry);
+
+    [[nodiscard]] const std::vector<ListEntry>& entries() const { return m_entries; }
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    std::vector<ListEntry> m_entries;
+};

@@ -1,0 +1,28 @@
+#include "editors/PickListView.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+
+PickListView::PickListView(QWidget* parent) : QTreeView(parent)
+{
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setSelectionMode(ExtendedSelection);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
+    setAlternatingRowColors(true);
+    header()->setSectionsClickable(true);
+    header()->setStretchLastSection(false);
+    header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+void PickListView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier) {
+        Q_EMIT spacePressed();
+        return;
+    }
+    QTreeView::keyPressEvent(event);
+}

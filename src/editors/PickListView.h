@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QTreeView>
+
+/// A list with check boxes whose space bar turns the ticks of all selected rows.
+class PickListView final : public QTreeView
+{
+    Q_OBJECT
+
+public:
+    explicit PickListView(QWidget* parent);
+
+Q_SIGNALS:
+    void spacePressed();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};

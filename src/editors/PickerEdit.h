@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QDate>
+#include <QLineEdit>
+#include <QTime>
+
+#include <optional>
+
+class QAction;
+
+/// A line for a date or a time that can be left empty and typed into. What can be read takes its usual form
+/// when the line is left; what cannot stays as typed, with a mark that says so. The up and down keys count
+/// the part at the cursor.
+class PickerEdit : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    /// Whether the line is empty or can be read.
+    [[nodiscard]] bool isAcceptable() const;
+
+protected:
+    /// `whatIsExpected` completes the sentence of the mark, such as `a date like 09/11/2001`.
+    PickerEdit(const QString& placeholder, const QString& whatIsExpected, QChar separator, QWidget* parent);
+
+    /// What was typed in its usual form; nothing where it cannot be read.
+    [[nodiscard]] virtual std::optional<QString> normalForm(const QString& typed) const = 0;
+
+    /// The value so many steps on, counted in the part of that number from 0.
+    [[nodiscard]] virtual QString stepped(int part, int steps) const = 0;
+
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void takeNormalForm();
+    void showMark();
+    void step(int steps);
+    void selectPart(int part);
+
+    QChar m_separator;
+    QAction* m_mark;
+};
+
+/// A date from the year 100 to 9999, or none. A button opens a calendar.
+class OptionalDateEdit final : public PickerEdit
+{
+    Q_OBJECT
+
+public:
+    explicit OptionalDateEdit(QWidget* parent);
+
+    /// Nothing where the line is empty or cannot be read.
+    [[nodiscard]] std::optional<QDate> date() const;
+    void setDate(const std::optional<QDate>& date);
+
+protected:
+    [[nodiscard]] std::optional<QString> normalForm(const QString& typed) const override;
+    [[nodiscard]] QString stepped(int part, int steps) const override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void openCalendar();
+
+    QAction* m_calendar;
+};
+
+/// A time of day to the minute, or none.
+class OptionalTimeEdit final : public PickerEdit
+{
+    Q_OBJECT
+
+public:
+    explicit OptionalTimeEdit(QWidget* parent);
+
+    /// Nothing where the line is empty or cannot be read.
+    [[nodiscard]] std::optional<QTime> time() const;
+    void setTime(const std::optional<QTime>& time);
+
+protected:
+    [[nodiscard]] std::optional<QString> normalForm(const QString& typed) const override;
+    [[nodiscard]] QString stepped(int part, int steps) const override;
+};

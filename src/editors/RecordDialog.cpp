@@ -1,0 +1,183 @@
+#include "editors/RecordDialog.h"
+
+#include "editors/AddressEdit.h"
+#include "editors/EntryCombo.h"
+#include "editors/FormControls.h"
+#include "editors/LinkList.h"
+#include "editors/PickedEntries.h"
+#include "editors/WindowSize.h"
+#include "editors/frmPicList.h"
+#include "platform/Messages.h"
+#include "platform/Shell.h"
+
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+RecordDialog::RecordDialog(const Platform& platform, ProgramState& state, const QString& name,
+                           QSize firstSize, QWidget* parent)
+    : QDialog(parent),
+      m_platform(platform),
+      m_state(state),
+      m_firstSize(firstSize),
+      m_layout(new QVBoxLayout(this))
+{
+    setObjectName(name);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    setSizeGripEnabled(true);
+}
+
+void RecordDialog::setForm(QWidget* form)
+{
+    m_form = form;
+    auto* scroll = new QScrollArea(this);
+    scroll->setObjectName(QStringLiteral("scrollArea"));
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(form);
+    m_layout->addWidget(scroll);
+    makeButtons();
+}
+
+void RecordDialog::makeButtons()
+{
+    m_ok = new QPushButton(this);
+    m_ok->setObjectName(QStringLiteral("cmdOK"));
+    m_ok->setDefault(true);
+    m_cancel = new QPushButton(tr("Cancel"), this);
+    m_cancel->setObjectName(QStringLiteral("cmdCancel"));
+    m_cancel->setAutoDefault(false);
+    auto* buttons = new QDialogButtonBox(this);
+    buttons->addButton(m_ok, QDialogButtonBox::AcceptRole);
+    buttons->addButton(m_cancel, QDialogButtonBox::RejectRole);
+    m_layout->addWidget(buttons);
+    connect(m_ok, &QPushButton::clicked, this, &RecordDialog::cmdOK);
+    connect(m_cancel, &QPushButton::clicked, this, &RecordDialog::cmdCancel);
+    // in a text of several lines the Return key alone begins the next line
+    for (const QKeyCombination key : {Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter}) {
+        connect(new QShortcut(key, this), &QShortcut::activated, m_ok, &QPushButton::click);
+    }
+}
+
+bool RecordDialog::run(EditorMode mode, QWidget* firstField)
+{
+    setMode(mode);
+    WindowSize::restore(*this, m_platform.settings, m_firstSize);
+    FormControls::showBeginnings(*m_form);
+    firstField->setFocus();
+    m_opened = FormControls::state(*m_form);
+    return exec() == Accepted;
+}
+
+void RecordDialog::setMode(EditorMode mode)
+{
+    m_mode = mode;
+    setWindowTitle(captionFor(mode));
+    if (mode == EditorMode::View) {
+        FormControls::lock(*m_form);
+    } else {
+        FormControls::unlock(*m_form);
+    }
+    m_ok->setText(mode == EditorMode::View ? tr("Edit") : tr("OK"));
+    applyMode(mode);
+}
+
+void RecordDialog::cmdOK()
+{
+    if (m_mode == EditorMode::View) {
+        setMode(EditorMode::Edit);
+        m_opened = FormControls::state(*m_form);
+        return;
+    }
+    // a field takes what was typed when it is left
+    m_ok->setFocus();
+    if (saveRecord()) accept();
+}
+
+void RecordDialog::cmdCancel()
+{
+    m_state.editCancelled = true;
+    QDialog::reject();
+}
+
+void RecordDialog::reject()
+{
+    if (isChanged() && !m_platform.messages.ask(tr("Close without saving your changes?"))) return;
+    cmdCancel();
+}
+
+void RecordDialog::setVisible(bool visible)
+{
+    QDialog::setVisible(visible);
+    // a dialog marks the text of its first field, and the next key would then replace a record's title
+    if (auto* line = qobject_cast<QLineEdit*>(focusWidget()); visible && line != nullptr) line->deselect();
+}
+
+void RecordDialog::done(int result)
+{
+    WindowSize::save(*this, m_platform.settings);
+    QDialog::done(result);
+}
+
+bool RecordDialog::isChanged() const
+{
+    return m_mode != EditorMode::View && FormControls::state(*m_form) != m_opened;
+}
+
+bool RecordDialog::refuse(const QString& message, QWidget* field)
+{
+    m_platform.messages.show(message);
+    bringIntoSight(field);
+    return false;
+}
+
+void RecordDialog::bringIntoSight(QWidget* field)
+{
+    for (QWidget* outer = field; outer != nullptr && outer != this; outer = outer->parentWidget()) {
+        auto* tabs = qobject_cast<QTabWidget*>(outer);
+        if (tabs == nullptr) continue;
+        for (int page = 0; page < tabs->count(); ++page) {
+            if (tabs->widget(page)->isAncestorOf(field)) tabs->setCurrentIndex(page);
+        }
+    }
+    if (!field->isVisible()) return;
+    findChild<QScrollArea*>(QStringLiteral("scrollArea"))->ensureWidgetVisible(field);
+    field->setFocus(Qt::OtherFocusReason);
+    if (auto* line = qobject_cast<QLineEdit*>(field)) line->selectAll();
+}
+
+void RecordDialog::fillCombo(EntryCombo& combo, const std::function<void(std::vector<ListEntry>&)>& fill)
+{
+    std::vector<ListEntry> entries;
+    runTrapped("fillList", [&] { fill(entries); });
+    combo.fill(std::move(entries));
+}
+
+void RecordDialog::connectAddress(AddressEdit* address)
+{
+    connect(address, &AddressEdit::opened, this, [this](const QUrl& link) {
+        if (!m_platform.shell.open(link)) {
+            m_platform.messages.show(tr("There is no program to open this address: %1").arg(link.toString()));
+        }
+    });
+}
+
+void RecordDialog::connectList(LinkList* list)
+{
+    connect(list, &LinkList::addPressed, this, [this, list] { pickFor(*list); });
+}
+
+void RecordDialog::pickFor(LinkList& list)
+{
+    bool isPicked = false;
+    runTrapped("showList", [&] {
+        m_state.chosen = pickedItems(list.entries());
+        isPicked = frmPicList(m_platform, m_state.session, this).showList(list.kind(), m_state.chosen);
+    });
+    if (isPicked) list.setEntries(listEntries(m_state.chosen));
+}

@@ -1,0 +1,117 @@
+#pragma once
+
+#include "app/ProgramState.h"
+#include "data/ListEntry.h"
+#include "editors/EditorTypes.h"
+#include "platform/Platform.h"
+#include "platform/Procedure.h"
+
+#include <QDialog>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+class AddressEdit;
+class EntryCombo;
+class LinkList;
+class QPushButton;
+class QVBoxLayout;
+
+/// What the three editors have in common: their modes, the two buttons, and what happens to what was typed.
+///
+/// Lives for one opening, which ends when OK has saved the record or the user leaves. OK in a dialog for
+/// viewing turns it into one for editing. Cancel leaves at once; Esc and the window's close button ask first
+/// where something was changed. Whoever leaves without saving sets the program's flag.
+class RecordDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// Whether rows were written, also where a later step failed and the user then left.
+    [[nodiscard]] bool hasWritten() const { return m_hasWritten; }
+
+    /// The record that is open, or below 0 where it was never saved.
+    [[nodiscard]] virtual qint64 recordId() const = 0;
+
+    /// Asks where something was changed; the way of Esc and of the window's close button.
+    void reject() override;
+    void done(int result) override;
+    void setVisible(bool visible) override;
+
+protected:
+    /// Both must outlive the dialog.
+    RecordDialog(const Platform& platform, ProgramState& state, const QString& name, QSize firstSize,
+                 QWidget* parent);
+
+    /// Puts the form into the dialog, where it scrolls when the window is small.
+    void setForm(QWidget* form);
+
+    /// Shows the dialog until the user has done with it. True where the record was saved.
+    bool run(EditorMode mode, QWidget* firstField);
+
+    [[nodiscard]] virtual QString captionFor(EditorMode mode) const = 0;
+
+    /// Shows what belongs to a mode beside the caption, the buttons and the lock.
+    virtual void applyMode(EditorMode mode) = 0;
+
+    /// Checks what the controls hold and writes it. True where it is saved; else the user was told why not.
+    virtual bool saveRecord() = 0;
+
+    /// Runs a procedure; a failure shows its message. True where nothing failed.
+    template <typename Body>
+    bool runTrapped(const char* name, Body&& body)
+    {
+        return runProcedure(m_platform.messages, QString::fromLatin1(name), std::forward<Body>(body));
+    }
+
+    /// Writes by `write`, which gives a problem where it wrote nothing. What it may have written before a
+    /// failure is in the file.
+    template <typename Problem, typename FieldOf>
+    bool writeTrapped(const char* name, const std::function<std::optional<Problem>()>& write, FieldOf fieldOf)
+    {
+        std::optional<Problem> problem;
+        const bool worked = runTrapped(name, [&] { problem = write(); });
+        if (problem) return refuse(problem->message, fieldOf(problem->field));
+        m_hasWritten = true;
+        return worked;
+    }
+
+    /// Shows a message and brings the field it is about into sight and focus; always false.
+    bool refuse(const QString& message, QWidget* field);
+
+    /// Fills a drop-down; where that fails, a message says so and the entries read so far stay.
+    void fillCombo(EntryCombo& combo, const std::function<void(std::vector<ListEntry>&)>& fill);
+
+    /// Lets a click on an address open it, with the desktop's own program for it.
+    void connectAddress(AddressEdit* address);
+
+    /// Lets the button of a list open the pick list.
+    void connectList(LinkList* list);
+
+    [[nodiscard]] EditorMode mode() const { return m_mode; }
+    [[nodiscard]] const Platform& platform() const { return m_platform; }
+    [[nodiscard]] ProgramState& state() const { return m_state; }
+    [[nodiscard]] QWidget* form() const { return m_form; }
+
+private:
+    void makeButtons();
+    void setMode(EditorMode mode);
+    void cmdOK();
+    void cmdCancel();
+    void pickFor(LinkList& list);
+    [[nodiscard]] bool isChanged() const;
+    void bringIntoSight(QWidget* field);
+
+    Platform m_platform;
+    ProgramState& m_state;
+    EditorMode m_mode = EditorMode::Add;
+    QSize m_firstSize;
+    QWidget* m_form = nullptr;
+    QVBoxLayout* m_layout;
+    QPushButton* m_ok = nullptr;
+    QPushButton* m_cancel = nullptr;
+    QStringList m_opened; ///< what the controls held when the user could begin to change them
+    bool m_hasWritten = false;
+};

@@ -1,0 +1,133 @@
+#include "editors/RecordEditors.h"
+
+#include "editors/frmDocument.h"
+#include "editors/frmEvent.h"
+#include "editors/frmOrganization.h"
+#include "platform/Messages.h"
+#include "platform/Procedure.h"
+
+namespace {
+
+/// The word for one record of a kind.
+QString kindWord(ViewKind kind)
+{
+    switch (kind) {
+    case ViewKind::Documents:
+        return QStringLiteral("Document");
+    case ViewKind::Events:
+        return QStringLiteral("Event");
+    case ViewKind::Organizations:
+        return QStringLiteral("Organization");
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+RecordEditors::RecordEditors(const Platform& platform, ProgramState& state, QWidget& window)
+    : QObject(&window), m_platform(platform), m_state(state), m_window(window)
+{
+}
+
+void RecordEditors::addDocument(const std::optional<clsFieldInfo>& preset, const QString& file)
+{
+    frmDocument dialog(m_platform, m_state, &m_window);
+    dialog.addDocument(preset, file);
+    finish(ViewKind::Documents, dialog);
+}
+
+void RecordEditors::addEvent(const std::optional<clsFieldInfo>& preset)
+{
+    frmEvent dialog(m_platform, m_state, &m_window);
+    if (dialog.addEvent(preset) && dialog.getStartDate()) Q_EMIT eventSaved(*dialog.getStartDate());
+    finish(ViewKind::Events, dialog);
+}
+
+void RecordEditors::addOrganization()
+{
+    frmOrganization dialog(m_platform, m_state, &m_window);
+    dialog.addOrganization();
+    finish(ViewKind::Organizations, dialog);
+}
+
+void RecordEditors::add(ViewKind kind, const std::optional<clsFieldInfo>& preset)
+{
+    if (kind == ViewKind::Documents) addDocument(preset);
+    if (kind == ViewKind::Events) addEvent(preset);
+    if (kind == ViewKind::Organizations) addOrganization();
+}
+
+void RecordEditors::edit(ViewKind kind, qint64 id)
+{
+    open(kind, id, EditorMode::Edit);
+}
+
+void RecordEditors::view(ViewKind kind, qint64 id)
+{
+    open(kind, id, EditorMode::View);
+}
+
+void RecordEditors::open(ViewKind kind, qint64 id, EditorMode mode)
+{
+    const bool forEditing = mode == EditorMode::Edit;
+    if (kind == ViewKind::Documents) {
+        frmDocument dialog(m_platform, m_state, &m_window);
+        forEditing ? dialog.editDocument(id) : dialog.viewDocument(id);
+        finish(kind, dialog);
+    } else if (kind == ViewKind::Events) {
+        frmEvent dialog(m_platform, m_state, &m_window);
+        const bool isSaved = forEditing ? dialog.editEvent(id) : dialog.viewEvent(id);
+        if (isSaved && dialog.getStartDate()) Q_EMIT eventSaved(*dialog.getStartDate());
+        finish(kind, dialog);
+    } else if (kind == ViewKind::Organizations) {
+        frmOrganization dialog(m_platform, m_state, &m_window);
+        forEditing ? dialog.editOrganization(id) : dialog.viewOrganization(id);
+        finish(kind, dialog);
+    }
+}
+
+/// A user who leaves after a save that failed half-way has cancelled, but what was written is to be seen.
+void RecordEditors::finish(ViewKind kind, const RecordDialog& dialog)
+{
+    m_state.editCancelled = false;
+    if (dialog.hasWritten()) Q_EMIT changed(kind, dialog.recordId());
+}
+
+void RecordEditors::remove(ViewKind kind, const std::vector<ListEntry>& records)
+{
+    if (records.empty() || kindWord(kind).isEmpty() || !mayDelete(kind, records)) return;
+    deleteRecords(kind, records);
+    Q_EMIT changed(kind, -1);
+}
+
+bool RecordEditors::mayDelete(ViewKind kind, const std::vector<ListEntry>& records)
+{
+    if (records.size() == 1) {
+        return m_platform.messages.ask(QStringLiteral("Are you sure you want to delete the %1 \"%2\"?")
+                                           .arg(kindWord(kind), records.front().display));
+    }
+    return m_platform.messages.ask(
+        tr("Are you sure you want to delete the %1 selected %2s?").arg(records.size()).arg(kindWord(kind)));
+}
+
+/// Stops at the first failure; what was deleted before it stays deleted.
+void RecordEditors::deleteRecords(ViewKind kind, const std::vector<ListEntry>& records)
+{
+    QString said;
+    const bool worked = runProcedure(m_platform.messages, QStringLiteral("delete") + kindWord(kind), [&] {
+        for (const ListEntry& record : records)
+            said = deleteRecord(kind, record.key);
+    });
+    if (!worked) return;
+    m_platform.messages.show(
+        records.size() == 1 ? said
+                            : tr("%1 %2s successfully deleted.").arg(records.size()).arg(kindWord(kind)));
+}
+
+QString RecordEditors::deleteRecord(ViewKind kind, qint64 id)
+{
+    if (kind == ViewKind::Documents) return DocumentStore(m_state, m_platform.clock).deleteDocument(id);
+    if (kind == ViewKind::Events) return EventStore(m_state, m_platform.clock).deleteEvent(id);
+    return OrganizationStore(m_state, m_platform.clock).deleteOrganization(id);
+}

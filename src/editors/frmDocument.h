@@ -1,0 +1,76 @@
+#pragma once
+
+#include "editors/DocumentStore.h"
+#include "editors/RecordDialog.h"
+
+class AddressEdit;
+class CheckList;
+class EntryCombo;
+class FileDrop;
+class FormGrid;
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+
+/// The editor of one document.
+class frmDocument final : public RecordDialog
+{
+    Q_OBJECT
+
+public:
+    /// Both must outlive the dialog.
+    frmDocument(const Platform& platform, ProgramState& state, QWidget* parent);
+
+    /// Each shows the dialog until the user has done with it, and is true where a record was saved. `file`
+    /// is the path of a file to begin with, or empty.
+    bool addDocument(const std::optional<clsFieldInfo>& preset, const QString& file = QString());
+    bool editDocument(qint64 id);
+    bool viewDocument(qint64 id);
+
+    [[nodiscard]] qint64 recordId() const override { return m_record.id; }
+
+private:
+    void makeForm();
+    void makeFields(QWidget* page);
+    void makeLists(QWidget* page);
+    void makeFileField(FormGrid& grid);
+    void connectParts();
+    void fillComboBoxes();
+    void populateFields(qint64 id);
+    void showRecord();
+    void collectRecord();
+    void takePreset(const std::optional<clsFieldInfo>& preset);
+    void browseForFile();
+    bool openRecord(EditorMode mode, const char* procedure, qint64 id);
+    [[nodiscard]] QWidget* fieldOf(DocumentField field) const;
+
+    [[nodiscard]] QString captionFor(EditorMode mode) const override;
+    void applyMode(EditorMode mode) override;
+    bool saveRecord() override;
+
+    DocumentStore m_store;
+    DocumentRecord m_record;
+
+    QLineEdit* txtDocumentName = nullptr;
+    QLineEdit* txtAuthor = nullptr;
+    QLineEdit* txtDocumentDate = nullptr;
+    QLineEdit* txtPublication = nullptr;
+    QLineEdit* txtPageNum = nullptr;
+    QLineEdit* txtPubNum = nullptr;
+    QLineEdit* txtVolume = nullptr;
+    AddressEdit* txtURL = nullptr;
+    EntryCombo* cmbFileTypeNames = nullptr;
+    EntryCombo* cmbOrganizationNames = nullptr;
+    QCheckBox* chkKeyDocument = nullptr;
+    QLabel* lblFilename = nullptr;
+    QLineEdit* txtOriginalFilename = nullptr;
+    QPushButton* cmdUploadDocument = nullptr;
+    QPlainTextEdit* rtbDocumentDescription = nullptr;
+    QPlainTextEdit* rtbNotes = nullptr;
+    LinkList* lstDocTypes = nullptr;
+    LinkList* lstDocCategories = nullptr;
+    CheckList* lvVenues = nullptr;
+    FileDrop* m_drop = nullptr;
+};

@@ -1,0 +1,160 @@
+#include "editors/frmPicList.h"
+
+#include "editors/PickListModel.h"
+#include "editors/PickListView.h"
+#include "editors/WindowSize.h"
+#include "platform/Messages.h"
+#include "platform/Procedure.h"
+
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize firstSize(560, 560);
+constexpr int besideTheColumn = 750 / 15; // twips in pixels
+constexpr int columnOfTwo = 200;
+
+} // namespace
+
+frmPicList::frmPicList(const Platform& platform, DatabaseSession& session, QWidget* parent)
+    : QDialog(parent), m_platform(platform), m_session(session), m_model(new PickListModel(this))
+{
+    setObjectName(QStringLiteral("frmPicList"));
+    makeParts();
+    layOut();
+    connectParts();
+    WindowSize::restore(*this, m_platform.settings, firstSize);
+}
+
+void frmPicList::makeParts()
+{
+    m_filter = new QLineEdit(this);
+    m_filter->setObjectName(QStringLiteral("txtFilter"));
+    m_filter->setAccessibleName(tr("Filter"));
+    m_filter->setPlaceholderText(tr("Show only rows with these words"));
+    m_filter->setClearButtonEnabled(true);
+    m_list = new PickListView(this);
+    m_list->setObjectName(QStringLiteral("lvPicList"));
+    m_list->setModel(m_model);
+    m_count = new QLabel(this);
+    m_count->setObjectName(QStringLiteral("lblCount"));
+    m_ok = new QPushButton(tr("OK"), this);
+    m_ok->setObjectName(QStringLiteral("cmdOK"));
+    m_ok->setDefault(true);
+    m_cancel = new QPushButton(tr("Cancel"), this);
+    m_cancel->setObjectName(QStringLiteral("cmdCancel"));
+    m_cancel->setAutoDefault(false);
+}
+
+void frmPicList::layOut()
+{
+    auto* caption = new QLabel(tr("&Filter:"), this);
+    caption->setBuddy(m_filter);
+    auto* top = new QHBoxLayout;
+    top->addWidget(caption);
+    top->addWidget(m_filter);
+    auto* buttons = new QDialogButtonBox(this);
+    buttons->addButton(m_ok, QDialogButtonBox::AcceptRole);
+    buttons->addButton(m_cancel, QDialogButtonBox::RejectRole);
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(m_count, 1);
+    bottom->addWidget(buttons);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(top);
+    layout->addWidget(m_list);
+    layout->addLayout(bottom);
+}
+
+void frmPicList::connectParts()
+{
+    connect(m_filter, &QLineEdit::textChanged, this, [this](const QString& text) {
+        m_model->setFilter(text);
+        countTicks();
+    });
+    connect(m_list, &PickListView::spacePressed, this,
+            [this] { m_model->toggle(m_list->selectionModel()->selectedRows()); });
+    connect(m_list->header(), &QHeaderView::sectionClicked, this, &frmPicList::sortBy);
+    connect(m_model, &PickListModel::ticksChanged, this, &frmPicList::countTicks);
+    connect(m_ok, &QPushButton::clicked, this, &frmPicList::cmdOK);
+    connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+bool frmPicList::showList(PickListKind kind, PickedItems& chosen)
+{
+    bool hasRows = false;
+    if (!runProcedure(m_platform.messages, QStringLiteral("showList"),
+                      [&] { hasRows = fill(kind, chosen); })) {
+        return false;
+    }
+    if (!hasRows) {
+        m_platform.messages.show(QStringLiteral("No ACTIVE ") + pickListName(kind));
+        return false;
+    }
+    if (exec() != Accepted) return false;
+    chosen = std::move(m_picked);
+    return true;
+}
+
+bool frmPicList::fill(PickListKind kind, const PickedItems& chosen)
+{
+    std::vector<PickListRow> rows = readPickList(m_session, kind);
+    if (rows.empty()) return false;
+    m_model->setRows(std::move(rows), kind, chosen);
+    const QString header = pickListHeaders(kind).join(QStringLiteral(", "));
+    setWindowTitle(tr("Choose: %1").arg(header));
+    m_list->setAccessibleName(header);
+    giveColumnsTheirWidths(kind);
+    m_list->setCurrentIndex(m_model->index(0, 0));
+    return true;
+}
+
+void frmPicList::giveColumnsTheirWidths(PickListKind kind)
+{
+    layout()->activate();
+    if (kind == PickListKind::CityLocations) {
+        m_list->setColumnWidth(0, columnOfTwo);
+        m_list->setColumnWidth(1, columnOfTwo);
+    } else {
+        m_list->setColumnWidth(0, m_list->width() - besideTheColumn);
+    }
+}
+
+void frmPicList::cmdOK()
+{
+    // a list that cannot be handed back whole is not handed back at all
+    if (runProcedure(m_platform.messages, QStringLiteral("cmdOK"),
+                     [this] { m_picked = m_model->ticked(); })) {
+        accept();
+    }
+}
+
+void frmPicList::done(int result)
+{
+    WindowSize::save(*this, m_platform.settings);
+    QDialog::done(result);
+}
+
+void frmPicList::sortBy(int column)
+{
+    const bool again = column == m_sortColumn;
+    m_sortOrder = again && m_sortOrder == Qt::AscendingOrder ? Qt::DescendingOrder : Qt::AscendingOrder;
+    m_sortColumn = column;
+    m_list->header()->setSortIndicatorShown(true);
+    m_list->header()->setSortIndicator(column, m_sortOrder);
+    m_model->sort(column, m_sortOrder);
+    m_list->scrollTo(m_list->currentIndex());
+}
+
+void frmPicList::countTicks()
+{
+    const auto shown = static_cast<std::size_t>(m_model->rowCount());
+    QString text = tr("%1 of %2 ticked").arg(m_model->tickedCount()).arg(m_model->count());
+    if (shown < m_model->count()) text += tr(", %1 shown").arg(shown);
+    m_count->setText(text);
+}

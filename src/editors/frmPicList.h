@@ -1,0 +1,52 @@
+#pragma once
+
+#include "editors/PickList.h"
+#include "platform/Platform.h"
+
+#include <QDialog>
+
+class DatabaseSession;
+class PickListModel;
+class PickListView;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+/// The modal dialog in which several records are chosen at once. It offers every active row of a kind with a
+/// check box, ticked where the caller has it already, and hands the ticked rows back. Lives for one choice.
+class frmPicList final : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// The session must outlive the dialog.
+    frmPicList(const Platform& platform, DatabaseSession& session, QWidget* parent);
+
+    /// Shows the rows of a kind until the user decides. OK replaces what is chosen and gives true; Cancel, a
+    /// failure and a kind without rows, each of the last two after a message, leave it as it was.
+    bool showList(PickListKind kind, PickedItems& chosen);
+
+    void done(int result) override;
+
+private:
+    void makeParts();
+    void layOut();
+    void connectParts();
+    bool fill(PickListKind kind, const PickedItems& chosen);
+    void giveColumnsTheirWidths(PickListKind kind);
+    void cmdOK();
+    void sortBy(int column);
+    void countTicks();
+
+    Platform m_platform;
+    DatabaseSession& m_session;
+    PickListModel* m_model;
+    PickListView* m_list = nullptr;
+    QLineEdit* m_filter = nullptr;
+    QLabel* m_count = nullptr;
+    QPushButton* m_ok = nullptr;
+    QPushButton* m_cancel = nullptr;
+    PickedItems m_picked;
+    int m_sortColumn = -1;
+    Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
+};

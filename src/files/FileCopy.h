@@ -1,0 +1,23 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+/// Copying files and folders so that the target is the old one or the whole new one, also where the source is
+/// the target. Names are taken byte for byte. Every failure is an Error with the system's number; nothing
+/// half-finished is left behind.
+namespace FileCopy {
+
+/// The content of a file. Throws Error for what is no file.
+std::string read(const std::filesystem::path& file);
+
+/// Replaces a file by a copy of another.
+void copyFile(const std::filesystem::path& from, const std::filesystem::path& to);
+
+/// Replaces a file by a new one.
+void writeFile(const std::string& content, const std::filesystem::path& to);
+
+/// Replaces a folder by a copy of another with all that it holds. `from` must not hold `to`'s own folder.
+void copyFolder(const std::filesystem::path& from, const std::filesystem::path& to);
+
+} // namespace FileCopy

@@ -1,0 +1,129 @@
+#include "files/FileUpload.h"
+
+#include "files/FileCopy.h"
+#include "files/WebPage.h"
+#include "util/Error.h"
+#include "util/FileStrings.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr QChar point = u'.';
+const QString folderEnding = QStringLiteral("_files");
+
+fs::path machinePath(const QString& path)
+{
+    return {QFile::encodeName(path).toStdString()};
+}
+
+FileStrings partsOf(const QString& chosenPath)
+{
+    FileStrings parts;
+    parts.CrackFileName(ProgramFolder::programForm(chosenPath));
+    return parts;
+}
+
+/// The file that a chosen path means, also where there is none.
+fs::path sourceOf(const QString& chosenPath)
+{
+    return machinePath(FileUpload::existingFile(chosenPath).value_or(chosenPath));
+}
+
+/// A folder of that name beside a file, in any letter case; the exact one first.
+std::optional<fs::path> folderBeside(const fs::path& file, const QString& name)
+{
+    std::error_code code;
+    const fs::path exact = file.parent_path() / machinePath(name);
+    if (fs::is_directory(exact, code)) return exact;
+    const fs::path surroundings = file.has_parent_path() ? file.parent_path() : fs::path(".");
+    for (fs::directory_iterator entry(surroundings, code), end; !code && entry != end;
+         entry.increment(code)) {
+        const QString entryName = QFile::decodeName(entry->path().filename().c_str());
+        if (entryName.compare(name, Qt::CaseInsensitive) == 0 && entry->is_directory(code))
+            return entry->path();
+    }
+    return std::nullopt;
+}
+
+/// Refuses a folder that holds the one it would be copied into: the copy would never end.
+void refuseHolderOf(const fs::path& target, const fs::path& folder)
+{
+    std::error_code code;
+    const fs::path relative = fs::relative(target, folder, code);
+    if (code || relative.empty() || *relative.begin() == "..") return;
+    throw Error(
+        EINVAL,
+        QStringLiteral("A folder cannot be copied into itself (%1)").arg(QFile::decodeName(folder.c_str())));
+}
+
+/// The folder of the machine that a program folder stands for; made where it is missing.
+QString targetFolder(const ProgramFolder& folder, const QString& programPath)
+{
+    QString path = folder.machinePath(programPath);
+    QDir().mkpath(path); // where it fails, so does the copy, with the system's reason
+    return path;
+}
+
+} // namespace
+
+QString FileUpload::extension(const QString& chosenPath)
+{
+    return partsOf(chosenPath).extension();
+}
+
+std::optional<QString> FileUpload::existingFile(const QString& chosenPath)
+{
+    if (chosenPath.isEmpty()) return std::nullopt;
+    for (const QString& path : {chosenPath, QString(chosenPath).replace(u'\\', u'/')}) {
+        std::error_code code;
+        const fs::file_status status = fs::status(machinePath(path), code);
+        if (fs::exists(status) && !fs::is_directory(status)) return path;
+    }
+    return std::nullopt;
+}
+
+void FileUpload::convertDocument(const QString& chosenPath, qint64 documentId) const
+{
+    const FileStrings parts = partsOf(chosenPath);
+    const fs::path source = sourceOf(chosenPath);
+    const QString oldFolder = parts.baseName() + folderEnding;
+    const QString newFolder = QString::number(documentId) + folderEnding;
+    const QString target =
+        targetFolder(m_state.folder, m_state.folders.uploadDocuments) + QString::number(documentId);
+    const std::optional<fs::path> folder = folderBeside(source, oldFolder);
+    if (!folder) {
+        FileCopy::copyFile(source, machinePath(target + point + parts.extension()));
+        return;
+    }
+    refuseHolderOf(machinePath(target).parent_path(), *folder);
+    const QString folderName = QFile::decodeName(folder->filename().c_str());
+    const std::string page =
+        WebPage::withFolderRenamed(FileCopy::read(source), {oldFolder, folderName}, newFolder);
+    FileCopy::copyFolder(*folder, machinePath(target + folderEnding));
+    FileCopy::writeFile(page, machinePath(target + QStringLiteral(".htm")));
+}
+
+void FileUpload::copyChart(const QString& chosenPath, qint64 organizationId) const
+{
+    const QString target = targetFolder(m_state.folder, m_state.folders.organizationCharts) +
+                           QString::number(organizationId) + point + extension(chosenPath);
+    FileCopy::copyFile(sourceOf(chosenPath), machinePath(target));
+}
+
+std::optional<QString> FileUpload::storedChart(const QString& chosenPath, qint64 organizationId) const
+{
+    const QString name = QString::number(organizationId) + point;
+    const auto find = [&](const QString& ending) {
+        return m_state.folder.find(m_state.folders.organizationCharts, name + ending);
+    };
+    const std::optional<QString> stored = find(extension(chosenPath));
+    return stored ? stored : find(QStringLiteral("pdf"));
+}

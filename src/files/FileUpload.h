@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/ProgramState.h"
+
+#include <QString>
+
+#include <optional>
+
+/// Copies the files that users choose into the program's folders, each under a name made from its record.
+///
+/// A copy is made under a temporary name and renamed, so that its target is the old file or the whole new
+/// one; the source may be the target. Every failure is an Error with the system's number.
+class FileUpload
+{
+public:
+    explicit FileUpload(const ProgramState& state) : m_state(state) {}
+
+    /// The extension that a chosen path gives to the stored file, without the point.
+    static QString extension(const QString& chosenPath);
+
+    /// The file that a typed, chosen or dropped path means, as a path of the machine; nothing where there is
+    /// no such file.
+    static std::optional<QString> existingFile(const QString& chosenPath);
+
+    /// Copies a document's file. A page with a folder of its own name and `_files` beside it is taken with
+    /// that folder, and what the page says of the folder follows its new name.
+    void convertDocument(const QString& chosenPath, qint64 documentId) const;
+
+    /// Copies an organization's chart.
+    void copyChart(const QString& chosenPath, qint64 organizationId) const;
+
+    /// The copy of a chart that is in the program's folder, whatever became of the chosen file.
+    [[nodiscard]] std::optional<QString> storedChart(const QString& chosenPath, qint64 organizationId) const;
+
+private:
+    const ProgramState& m_state;
+};

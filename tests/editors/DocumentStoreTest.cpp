@@ -1,0 +1,281 @@
+#include "editors/DocumentStore.h"
+
+#include "editors/EditorTest.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int overflow = 6;
+constexpr int gone = 12;
+constexpr int refused = 1;
+constexpr int noSuchFile = 2;
+
+class DocumentStoreTest : public EditorTest
+{
+protected:
+    /// A new document with a file, that can be saved.
+    DocumentRecord filled()
+    {
+        DocumentRecord record = m_store.blank(std::nullopt);
+        record.documentName = u"Storm survey"_s;
+        record.documentDescription = u"What the storm did"_s;
+        record.originalFilename = userFile(u"survey.v2.PDF"_s, "%PDF survey");
+        return record;
+    }
+
+    DocumentStore m_store{m_state, m_clock};
+};
+
+TEST_F(DocumentStoreTest, ABlankRecordHasTheFirstFileTypeAndPlaceholders)
+{
+    const DocumentRecord record = m_store.blank(std::nullopt);
+    EXPECT_EQ(record.fileTypeId, 3); // HTML comes before PDF
+    EXPECT_EQ(record.organizationId, 1);
+    EXPECT_EQ(record.url, u"http://"_s);
+    EXPECT_EQ(textsOf(record.types), u"None"_s);
+    EXPECT_EQ(keysOf(record.categories), u"1"_s);
+    EXPECT_EQ(record.venues.size(), 3u);
+    EXPECT_EQ(keysOf(record.venues), QString());
+}
+
+TEST_F(DocumentStoreTest, APresetNamesTheSourceOrganizationAndNothingElse)
+{
+    const clsFieldInfo organization{u"ORGANIZATION"_s, 3, u"Harbor Watch"_s};
+    EXPECT_FALSE(DocumentStore::refusalOfPreset(organization));
+    EXPECT_EQ(m_store.blank(organization).organizationId, 3);
+    const clsFieldInfo event{u"EVENT"_s, 3, u"x"_s};
+    EXPECT_EQ(DocumentStore::refusalOfPreset(event), u"Invalid FieldName to add to current document"_s);
+    EXPECT_EQ(m_store.blank(event).organizationId, 1);
+}
+
+TEST_F(DocumentStoreTest, RequiredFieldsAreAskedForInOrder)
+{
+    DocumentRecord record;
+    const auto expect = [&record](DocumentField field, const QString& message) {
+        const auto problem = DocumentStore::check(record);
+        ASSERT_TRUE(problem);
+        EXPECT_EQ(problem->field, field);
+        EXPECT_EQ(problem->message, message);
+    };
+    expect(DocumentField::DocumentName, u"Document title is required."_s);
+    record.documentName = u"x"_s;
+    expect(DocumentField::DocumentDescription, u"Document description is required."_s);
+    record.documentDescription = u"x"_s;
+    expect(DocumentField::OriginalFilename,
+           u"Document filename is required. Please browse to select your document file."_s);
+    record.originalFilename = u"x"_s;
+    EXPECT_FALSE(DocumentStore::check(record));
+
+    // a stored document without a file name cannot be saved again
+    DocumentRecord storedOne = m_store.load(3).record;
+    storedOne.documentDescription = u"x"_s;
+    EXPECT_TRUE(DocumentStore::check(storedOne));
+}
+
+TEST_F(DocumentStoreTest, AddingWritesEveryTable)
+{
+    DocumentRecord record = filled();
+    record.author = u"A. Uthor"_s;
+    record.documentDate = u"Spring 2004"_s;
+    record.keyDocument = true;
+    record.organizationId = 3;
+    record.categories = {{u"Response"_s, 2}, {u"Évacuation"_s, 3}};
+    check(record.venues, {12, 2});
+    EXPECT_FALSE(m_store.saveDocument(record));
+
+    EXPECT_EQ(record.id, 5);
+    EXPECT_EQ(
+        ask("SELECT DocumentID, DocumentName, KeyDocument, FileTypeID, ReleaseForm, OrganizationID, "
+            "FileLocation, Author, DocumentDate, Publication, URL, DocumentDescription, Notes, dStatus, "
+            "UserID, "
+            "POCID, Status FROM Document WHERE DocumentID > 4"),
+        u"5|Storm survey|1|3|1|3|5.PDF|A. Uthor|Spring 2004||http://|What the storm did||ACTIVE|1|1|SUBMITTED"_s);
+    EXPECT_EQ(ask("SELECT OriginalFilename FROM Document WHERE DocumentID = 5"), record.originalFilename);
+    EXPECT_EQ(ask("SELECT * FROM DocumentTypes WHERE DocumentID = 5"), u"5|1"_s);
+    EXPECT_EQ(ask("SELECT * FROM DocumentCategories WHERE DocumentID = 5"), u"5|2\n5|3"_s);
+    EXPECT_EQ(ask("SELECT * FROM DocumentVenues WHERE DocumentID = 5"), u"5|2\n5|12"_s);
+    EXPECT_EQ(ask("SELECT DocumentID, DocumentName, KeyDocument, FileTypeID, ReleaseForm, OrganizationID, "
+                  "FileLocation, dStatus, UserID, POCID, Status, UpdateTime FROM Document_HIST"),
+              u"5|Storm survey|1|3|NULL|3|5.PDF|ACTIVE|1|1|SUBMITTED|2005-06-15 14:03:09"_s);
+    EXPECT_EQ(stored(u"documents/5.PDF"_s), "%PDF survey");
+}
+
+TEST_F(DocumentStoreTest, TitlesThatAnActiveDocumentHasAreRefused)
+{
+    const struct
+    {
+        QString title;
+        bool isRefused;
+    } cases[] = {{u"Flood report"_s, true},    {u"FLOOD Report"_s, true},
+                 {u"Flood report "_s, false},  {u"Lost map"_s, false}, // was deleted
+                 {u"Flood%"_s, true},          {u"_lood report"_s, true},
+                 {u"The \"A\" file"_s, true}, // differs from an active one at the quotes alone
+                 {u"The \"B\" file"_s, false}, {u"O'Brien's 100% & more; -- #1# [a]?*"_s, false},
+                 {u"Étude É é"_s, false},      {QString(254, u'x') + u"é"_s, false}};
+    for (const auto& [title, isRefused] : cases) {
+        DocumentRecord record = filled();
+        record.documentName = title;
+        const QString before = ask("SELECT max(DocumentID) FROM Document");
+        const auto problem = m_store.saveDocument(record);
+        EXPECT_EQ(problem.has_value(), isRefused) << qPrintable(title);
+        if (isRefused) {
+            EXPECT_EQ(problem->field, DocumentField::DocumentName);
+            EXPECT_EQ(problem->message,
+                      u"Document with identical title already exists. Please choose a different title."_s);
+            EXPECT_EQ(ask("SELECT max(DocumentID) FROM Document"), before);
+            continue;
+        }
+        EXPECT_EQ(m_store.load(record.id).record.documentName, title);
+        EXPECT_TRUE(m_store.saveDocument(record)) << qPrintable(title) << " was taken twice";
+    }
+}
+
+TEST_F(DocumentStoreTest, ARecordIsReadWithItsLinksOnce)
+{
+    const auto [record, isFound] = m_store.load(2);
+    EXPECT_TRUE(isFound);
+    EXPECT_EQ(record.documentName, u"Flood report"_s);
+    EXPECT_EQ(record.documentDate, u"Spring 1906"_s);
+    EXPECT_EQ(record.url, QString());
+    EXPECT_TRUE(record.keyDocument);
+    EXPECT_EQ(record.fileTypeId, 2);
+    EXPECT_EQ(record.organizationId, 3);
+    EXPECT_EQ(record.originalFilename, u"C:\\in\\flood.pdf"_s);
+    EXPECT_EQ(record.types.size(), 2u);
+    EXPECT_EQ(textsOf(record.categories), u"Évacuation"_s);
+    EXPECT_EQ(keysOf(record.venues), u"2 12"_s);
+    EXPECT_EQ(m_store.load(3).record.fileTypeId, 1);
+    EXPECT_EQ(keysOf(m_store.load(3).record.categories), u"1"_s);
+}
+
+TEST_F(DocumentStoreTest, AMissingRecordIsReadWithTheLinksOfItsNumber)
+{
+    const auto [record, isFound] = m_store.load(9);
+    EXPECT_FALSE(isFound);
+    EXPECT_EQ(record.documentName, QString());
+    EXPECT_EQ(textsOf(record.types), u"étude"_s);
+    EXPECT_EQ(DocumentStore::notFoundMessage(9), u"Document 9 not found"_s);
+}
+
+TEST_F(DocumentStoreTest, ChangingKeepsWhatTheEditorDoesNotShow)
+{
+    DocumentRecord record = m_store.load(2).record;
+    record.documentName = u"The xAy file"_s; // no look for duplicates here
+    record.types = {ListEntry::none()};
+    check(record.venues, {});
+    m_store.updateDocument(record);
+    EXPECT_EQ(ask("SELECT DocumentName, ReleaseForm, FileLocation, OriginalFilename, dStatus, UserID, POCID, "
+                  "Status, "
+                  "URL FROM Document WHERE DocumentID = 2"),
+              u"The xAy file|0|2.pdf|C:\\in\\flood.pdf|ACTIVE|5|6|REVIEWED|"_s);
+    EXPECT_EQ(ask("SELECT DocumentTypeID FROM DocumentTypes WHERE DocumentID = 2"), u"1"_s);
+    EXPECT_EQ(ask("SELECT count(*) FROM DocumentVenues"), u"0"_s);
+
+    m_clock.moment = m_clock.moment.addSecs(60);
+    record.documentName = u"Flood report"_s;
+    m_store.updateDocument(record);
+    EXPECT_EQ(
+        ask("SELECT DocumentName, FileLocation, OriginalFilename, dStatus, UserID, Status, UpdateTime FROM "
+            "Document_HIST WHERE DocumentID = 2"),
+        u"The xAy file|2.pdf|C:\\in\\flood.pdf|ACTIVE|1|SUBMITTED|2005-06-15 14:03:09\n"
+        u"Flood report|2.pdf|C:\\in\\flood.pdf|ACTIVE|1|SUBMITTED|2005-06-15 14:04:09"_s);
+    EXPECT_EQ(ask("SELECT DocumentTypeID FROM DocumentTypes WHERE DocumentID = 2"), u"1"_s);
+    EXPECT_EQ(ask("SELECT * FROM DocumentTypes WHERE DocumentID = 9"), u"9|3"_s);
+}
+
+TEST_F(DocumentStoreTest, NumbersBeyondSixteenBitsAreRefusedBeforeAnythingIsWritten)
+{
+    const auto expectRefused = [this](auto&& call) {
+        const QByteArray before = m_database.bytes();
+        EXPECT_EQ(errorNumberOf(call), overflow);
+        EXPECT_EQ(m_database.bytes(), before);
+    };
+    DocumentRecord record = m_store.load(2).record;
+    expectRefused([this] { (void)m_store.load(32768); });
+    expectRefused([this] { (void)m_store.deleteDocument(32768); });
+    for (qint64 DocumentRecord::*key :
+         {&DocumentRecord::id, &DocumentRecord::fileTypeId, &DocumentRecord::organizationId}) {
+        DocumentRecord changed = record;
+        changed.*key = 32768;
+        expectRefused([&] { m_store.updateDocument(changed); });
+    }
+    record.categories.push_back({u"far"_s, 40000});
+    expectRefused([&] { m_store.updateDocument(record); });
+
+    m_database.run("INSERT INTO Document (DocumentID, DocumentName) VALUES (32767, 'last')");
+    DocumentRecord added = filled();
+    expectRefused([&] { (void)m_store.saveDocument(added); });
+    EXPECT_TRUE(QDir(m_database.folder() + u"/data/documents"_s).isEmpty());
+}
+
+TEST_F(DocumentStoreTest, WhatWasWrittenBeforeAFailureStays)
+{
+    const struct
+    {
+        QString failing;
+        QString standing; // documents, types, categories, venues, history
+    } cases[] = {{u"Document"_s, u"0|0|0|0|0"_s},
+                 {u"DocumentTypes"_s, u"1|0|0|0|0"_s},
+                 {u"DocumentCategories"_s, u"1|1|0|0|0"_s},
+                 {u"DocumentVenues"_s, u"1|1|1|0|0"_s},
+                 {u"Document_HIST"_s, u"1|1|1|1|0"_s}};
+    for (const auto& [failing, standing] : cases) {
+        refuseRows(failing, u"DocumentID"_s, 5);
+        DocumentRecord record = filled();
+        check(record.venues, {3});
+        EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveDocument(record); }), refused) << qPrintable(failing);
+        EXPECT_EQ(ask("SELECT (SELECT count(*) FROM Document WHERE DocumentID = 5), "
+                      "(SELECT count(*) FROM DocumentTypes WHERE DocumentID = 5), "
+                      "(SELECT count(*) FROM DocumentCategories WHERE DocumentID = 5), "
+                      "(SELECT count(*) FROM DocumentVenues WHERE DocumentID = 5), "
+                      "(SELECT count(*) FROM Document_HIST)"),
+                  standing)
+            << qPrintable(failing);
+        EXPECT_EQ(record.id, failing == u"Document"_s ? -1 : 5) << qPrintable(failing);
+        m_database.run(
+            "DROP INDEX refuse; DELETE FROM Document WHERE DocumentID = 5;"
+            "DELETE FROM DocumentTypes WHERE DocumentID = 5; DELETE FROM DocumentVenues WHERE DocumentID = 5;"
+            "DELETE FROM DocumentCategories WHERE DocumentID = 5");
+    }
+}
+
+TEST_F(DocumentStoreTest, ACopyThatFailsLeavesTheRowAndReports)
+{
+    DocumentRecord record = filled();
+    record.originalFilename = m_database.folder() + u"/user/missing.pdf"_s;
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveDocument(record); }), noSuchFile);
+    EXPECT_EQ(ask("SELECT DocumentName, FileLocation FROM Document WHERE DocumentID = 5"),
+              u"Storm survey|5.pdf"_s);
+    EXPECT_EQ(ask("SELECT count(*) FROM DocumentTypes WHERE DocumentID = 5"), u"0"_s);
+    EXPECT_EQ(ask("SELECT count(*) FROM Document_HIST"), u"0"_s);
+    EXPECT_EQ(record.documentDescription, u"What the storm did"_s);
+}
+
+TEST_F(DocumentStoreTest, ARecordThatIsGoneMeanwhileIsNotBroughtBack)
+{
+    DocumentRecord record = m_store.load(2).record;
+    m_database.run("UPDATE Document SET dStatus = 'DELETED' WHERE DocumentID = 2");
+    record.author = u"late"_s;
+    m_store.updateDocument(record);
+    EXPECT_EQ(ask("SELECT Author, dStatus FROM Document WHERE DocumentID = 2"), u"late|DELETED"_s);
+
+    m_database.run("DELETE FROM Document WHERE DocumentID = 2");
+    const QByteArray before = m_database.bytes();
+    EXPECT_EQ(errorNumberOf([&] { m_store.updateDocument(record); }), gone);
+    EXPECT_EQ(m_database.bytes(), before);
+}
+
+TEST_F(DocumentStoreTest, DeletingMarksTheRowAndNothingElse)
+{
+    EXPECT_EQ(m_store.deleteDocument(2), u"Document ID 2 successfully deleted."_s);
+    EXPECT_EQ(ask("SELECT DocumentName, dStatus, Status FROM Document WHERE DocumentID = 2"),
+              u"Flood report|DELETED|REVIEWED"_s);
+    EXPECT_EQ(ask("SELECT count(*) FROM DocumentTypes WHERE DocumentID = 2"), u"3"_s);
+    EXPECT_EQ(ask("SELECT count(*) FROM Document_HIST"), u"0"_s);
+    EXPECT_EQ(ask("SELECT count(*) FROM Document WHERE dStatus = 'DELETED'"), u"2"_s);
+}
+
+} // namespace

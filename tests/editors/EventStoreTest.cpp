@@ -1,0 +1,219 @@
+#include "editors/EventStore.h"
+
+#include "editors/EditorTest.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int overflow = 6;
+constexpr int gone = 12;
+constexpr int refused = 1;
+
+class EventStoreTest : public EditorTest
+{
+protected:
+    /// A new event that can be saved.
+    EventRecord filled()
+    {
+        EventRecord record = m_store.blank(std::nullopt);
+        record.eventName = u"Ice storm"_s;
+        record.eventDescription = u"Lines came down"_s;
+        check(record.venues, {12});
+        return record;
+    }
+
+    EventStore m_store{m_state, m_clock};
+};
+
+TEST_F(EventStoreTest, APresetGoesIntoTheListOfItsKind)
+{
+    const EventRecord ofDocument = m_store.blank(clsFieldInfo{u"DOCUMENT"_s, 2, u"Flood report"_s});
+    EXPECT_EQ(textsOf(ofDocument.documents), u"Flood report"_s);
+    EXPECT_EQ(textsOf(ofDocument.organizations), u"None"_s);
+    EXPECT_EQ(textsOf(ofDocument.functions), u"None"_s);
+    const EventRecord ofOrganization = m_store.blank(clsFieldInfo{u"ORGANIZATION"_s, 3, u"Harbor Watch"_s});
+    EXPECT_EQ(keysOf(ofOrganization.documents), u"1"_s);
+    EXPECT_EQ(keysOf(ofOrganization.organizations), u"3"_s);
+    EXPECT_EQ(EventStore::refusalOfPreset({u"EVENT"_s, 3, u"x"_s}),
+              u"Invalid FieldName to add to current event"_s);
+    EXPECT_FALSE(EventStore::refusalOfPreset({u"DOCUMENT"_s, 3, u"x"_s}));
+}
+
+TEST_F(EventStoreTest, RequiredFieldsAreAskedForInOrder)
+{
+    EventRecord record = m_store.blank(std::nullopt);
+    const auto expect = [&record](EventField field, const QString& message) {
+        const auto problem = EventStore::check(record);
+        ASSERT_TRUE(problem);
+        EXPECT_EQ(problem->field, field);
+        EXPECT_EQ(problem->message, message);
+    };
+    expect(EventField::EventName, u"Event title is required."_s);
+    record.eventName = u"x"_s;
+    expect(EventField::EventDescription, u"Event description is required."_s);
+    record.eventDescription = u"x"_s;
+    expect(EventField::Venues, u"Event venue is required."_s);
+    check(record.venues, {12}); // the last of them
+    EXPECT_FALSE(EventStore::check(record));
+}
+
+TEST_F(EventStoreTest, AddingWritesEveryTable)
+{
+    EventRecord record = filled();
+    record.keyEvent = true;
+    record.startDate = QDate(2002, 3, 5);
+    record.startTime = QTime(13, 5, 59);
+    record.endDate = QDate(1600, 1, 1); // before the start: nobody minds
+    record.functions = {{u"fire"_s, 3}, {u"Police"_s, 2}, {u"fire"_s, 3}};
+    record.documents = {{u"Flood report"_s, 2}};
+    check(record.venues, {3, 2});
+    EXPECT_FALSE(m_store.saveEvent(record));
+
+    EXPECT_EQ(record.id, 4);
+    EXPECT_EQ(ask("SELECT * FROM Event WHERE EventID = 4"),
+              u"4|Ice storm|1|2002-03-05|13:05|1600-01-01|NULL|Lines came down||ACTIVE|1"_s);
+    EXPECT_EQ(ask("SELECT * FROM EventVenues WHERE EventID = 4"), u"4|2\n4|3"_s);
+    EXPECT_EQ(ask("SELECT * FROM EventFunctions WHERE EventID = 4 ORDER BY rowid"), u"4|3\n4|2"_s);
+    EXPECT_EQ(ask("SELECT DocumentID, EventID FROM DocumentEvents WHERE EventID = 4"), u"2|4"_s);
+    EXPECT_EQ(ask("SELECT OrganizationID, EventID FROM OrganizationEvents WHERE EventID = 4"), u"1|4"_s);
+    EXPECT_EQ(
+        ask("SELECT * FROM Event_HIST"),
+        u"4|Ice storm|1|2002-03-05|13:05|1600-01-01|NULL|Lines came down||ACTIVE|1|2005-06-15 14:03:09"_s);
+    EXPECT_EQ(EventStore::getStartDate(record), QDateTime(QDate(2002, 3, 5), QTime(13, 5)));
+}
+
+TEST_F(EventStoreTest, DatesAndTimesGoInAndComeBackAsTheyAre)
+{
+    const struct
+    {
+        std::optional<QDate> date;
+        std::optional<QTime> time;
+        QString held;
+    } cases[] = {{QDate(1600, 1, 1), QTime(0, 0), u"1600-01-01|00:00"_s},
+                 {QDate(9999, 12, 31), QTime(23, 59), u"9999-12-31|23:59"_s},
+                 {QDate(2000, 2, 29), QTime(12, 0), u"2000-02-29|12:00"_s},
+                 {QDate(1752, 9, 9), std::nullopt, u"1752-09-09|NULL"_s},
+                 {std::nullopt, QTime(1, 2), u"NULL|01:02"_s}};
+    for (const auto& [date, time, held] : cases) {
+        EventRecord record = filled();
+        record.eventName = held;
+        record.startDate = date;
+        record.startTime = time;
+        ASSERT_FALSE(m_store.saveEvent(record)) << qPrintable(held);
+        EXPECT_EQ(ask("SELECT StartDate, StartTime FROM Event ORDER BY EventID DESC LIMIT 1"), held);
+        const EventRecord again = m_store.load(record.id).record;
+        EXPECT_EQ(again.startDate, date) << qPrintable(held);
+        EXPECT_EQ(again.startTime, time) << qPrintable(held);
+        EXPECT_EQ(EventStore::getStartDate(again).has_value(), date.has_value());
+    }
+}
+
+TEST_F(EventStoreTest, TitlesThatAnActiveEventHasAreRefused)
+{
+    const struct
+    {
+        QString title;
+        bool isRefused;
+    } cases[] = {{u"HARBOR fire"_s, true},
+                 {u"Harbor\"fire"_s, true},
+                 {u"Old storm"_s, false}, // was deleted
+                 {u"L'Étang \"noir\""_s, false}};
+    for (const auto& [title, isRefused] : cases) {
+        EventRecord record = filled();
+        record.eventName = title;
+        const auto problem = m_store.saveEvent(record);
+        ASSERT_EQ(problem.has_value(), isRefused) << qPrintable(title);
+        EXPECT_EQ(record.id < 0, isRefused);
+        if (!isRefused) continue;
+        EXPECT_EQ(problem->message,
+                  u"Event with identical title already exists. Please choose a different title."_s);
+    }
+}
+
+TEST_F(EventStoreTest, ChangingKeepsTheStatusAndRewritesTheLinks)
+{
+    const auto [record, isFound] = m_store.load(2);
+    EXPECT_TRUE(isFound);
+    EXPECT_EQ(record.startTime, QTime(9, 5));
+    EXPECT_FALSE(record.endDate);
+    EXPECT_EQ(record.functions.size(), 2u);
+    EXPECT_EQ(textsOf(record.documents), u"Flood report|The xAy file"_s);
+    EXPECT_EQ(keysOf(record.venues), u"3"_s);
+
+    EventRecord changed = record;
+    changed.eventName = u"Old storm"_s;
+    changed.organizations.clear();
+    for (int save = 0; save < 2; ++save)
+        m_store.updateEvent(changed);
+    EXPECT_EQ(ask("SELECT * FROM Event WHERE EventID = 2"),
+              u"2|Old storm|1|2001-09-11|09:05|NULL|NULL|Water was short||ACTIVE|7"_s);
+    EXPECT_EQ(ask("SELECT group_concat(FunctionID) FROM EventFunctions WHERE EventID = 2").size(), 3);
+    EXPECT_EQ(ask("SELECT count(*) FROM DocumentEvents WHERE EventID = 2"), u"2"_s);
+    EXPECT_EQ(ask("SELECT OrganizationID FROM OrganizationEvents WHERE EventID = 2"), u"1"_s);
+    EXPECT_EQ(ask("SELECT count(*) FROM Event_HIST WHERE EventID = 2"), u"2"_s);
+}
+
+TEST_F(EventStoreTest, AnUndatedEventStaysUndated)
+{
+    m_database.run("UPDATE Event SET StartDate = NULL, StartTime = NULL WHERE EventID = 2");
+    m_store.updateEvent(m_store.load(2).record);
+    EXPECT_EQ(ask("SELECT StartDate, StartTime, EndDate, EndTime FROM Event WHERE EventID = 2"),
+              u"NULL|NULL|NULL|NULL"_s);
+}
+
+TEST_F(EventStoreTest, WhatWasWrittenBeforeAFailureStays)
+{
+    const struct
+    {
+        QString failing;
+        QString standing; // events, venues, functions, documents, organizations, history
+    } cases[] = {{u"EventVenues"_s, u"1|0|0|0|0|0"_s},
+                 {u"EventFunctions"_s, u"1|1|0|0|0|0"_s},
+                 {u"DocumentEvents"_s, u"1|1|1|0|0|0"_s},
+                 {u"OrganizationEvents"_s, u"1|1|1|1|0|0"_s},
+                 {u"Event_HIST"_s, u"1|1|1|1|1|0"_s}};
+    for (const auto& [failing, standing] : cases) {
+        refuseRows(failing, u"EventID"_s, 4);
+        EventRecord record = filled();
+        EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveEvent(record); }), refused) << qPrintable(failing);
+        EXPECT_EQ(ask("SELECT (SELECT count(*) FROM Event WHERE EventID = 4), "
+                      "(SELECT count(*) FROM EventVenues WHERE EventID = 4), "
+                      "(SELECT count(*) FROM EventFunctions WHERE EventID = 4), "
+                      "(SELECT count(*) FROM DocumentEvents WHERE EventID = 4), "
+                      "(SELECT count(*) FROM OrganizationEvents WHERE EventID = 4), "
+                      "(SELECT count(*) FROM Event_HIST)"),
+                  standing)
+            << qPrintable(failing);
+        m_database.run(
+            "DROP INDEX refuse; DELETE FROM Event WHERE EventID = 4;"
+            "DELETE FROM EventVenues WHERE EventID = 4; DELETE FROM EventFunctions WHERE EventID = 4;"
+            "DELETE FROM DocumentEvents WHERE EventID = 4; DELETE FROM OrganizationEvents WHERE EventID = 4");
+    }
+}
+
+TEST_F(EventStoreTest, WhatCannotBeSavedIsRefusedBeforeAnythingIsWritten)
+{
+    EventRecord record = m_store.load(2).record;
+    const QByteArray before = m_database.bytes();
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.load(40000); }), overflow);
+    record.documents.push_back({u"far"_s, 32768});
+    EXPECT_EQ(errorNumberOf([&] { m_store.updateEvent(record); }), overflow);
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveEvent(record); }), overflow);
+    record.documents.clear();
+    record.id = 77;
+    EXPECT_EQ(errorNumberOf([&] { m_store.updateEvent(record); }), gone);
+    EXPECT_EQ(m_database.bytes(), before);
+    EXPECT_FALSE(m_store.load(77).isFound);
+    EXPECT_EQ(EventStore::notFoundMessage(77), u"Event 77 not found"_s);
+}
+
+TEST_F(EventStoreTest, DeletingMarksTheRowAndNothingElse)
+{
+    EXPECT_EQ(m_store.deleteEvent(2), u"Event ID 2 successfully deleted."_s);
+    EXPECT_EQ(ask("SELECT EventID FROM Event WHERE Status = 'DELETED' ORDER BY 1"), u"2\n3"_s);
+    EXPECT_EQ(ask("SELECT count(*) FROM EventVenues"), u"2"_s);
+    EXPECT_EQ(ask("SELECT count(*) FROM Event_HIST"), u"0"_s);
+}
+
+} // namespace

@@ -1,0 +1,163 @@
+#include "editors/DocumentStore.h"
+#include "editors/EditorTest.h"
+#include "editors/EventStore.h"
+#include "editors/OrganizationStore.h"
+
+#include <QFile>
+
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <random>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Saves of every kind, one after the other, by a process that is killed in the middle of one.
+class InterruptedSave : public EditorTest
+{
+protected:
+    /// Saves until the process ends. Each record is added and then changed, and each of its versions differs
+    /// in all of its tables, so that a half-written save shows.
+    [[noreturn]] void saveForEver(int round)
+    {
+        try {
+            m_state.session.open(
+                m_database.fileName()); // a connection must not be shared with another process
+            for (int count = 0;; ++count) {
+                const QString name = u"%1 of %2"_s.arg(count).arg(round);
+                switch ((count + round) % 3) {
+                case 0:
+                    saveDocument(name);
+                    break;
+                case 1:
+                    saveEvent(name);
+                    break;
+                default:
+                    saveOrganization(name);
+                    break;
+                }
+            }
+        } catch (const Error& error) {
+            std::fputs(error.what(), stderr);
+        }
+        _exit(1);
+    }
+
+    void saveDocument(const QString& name)
+    {
+        DocumentStore store(m_state, m_clock);
+        DocumentRecord record = store.blank(std::nullopt);
+        record.documentName = name;
+        record.documentDescription = u"x"_s;
+        record.originalFilename = m_file;
+        record.volume = u"1"_s;
+        (void)store.saveDocument(record);
+        record.volume = u"2"_s;
+        record.types = {{u"a"_s, 2}, {u"b"_s, 3}};
+        record.categories = {{u"a"_s, 2}, {u"b"_s, 3}};
+        check(record.venues, {2, 3});
+        store.updateDocument(record);
+    }
+
+    void saveEvent(const QString& name)
+    {
+        EventStore store(m_state, m_clock);
+        EventRecord record = store.blank(std::nullopt);
+        record.eventName = name;
+        record.notes = u"1"_s;
+        check(record.venues, {2});
+        (void)store.saveEvent(record);
+        record.notes = u"2"_s;
+        check(record.venues, {2, 3});
+        record.functions = record.documents = record.organizations = {{u"a"_s, 2}, {u"b"_s, 3}};
+        store.updateEvent(record);
+    }
+
+    void saveOrganization(const QString& name)
+    {
+        OrganizationStore store(m_state, m_clock);
+        OrganizationRecord record = store.blank();
+        record.organizationName = name;
+        record.notes = record.profile.volunteers = u"1"_s;
+        check(record.venues, {2});
+        check(record.profile.jurisdictions, {1});
+        check(record.profile.populations, {1});
+        (void)store.saveOrganization(record);
+        record.notes = record.profile.volunteers = u"2"_s;
+        check(record.venues, {2, 3});
+        check(record.profile.jurisdictions, {1, 2});
+        check(record.profile.populations, {1, 2});
+        store.updateOrganization(record);
+    }
+
+    /// The records whose tables do not tell the same version, of which there must be none.
+    [[nodiscard]] QString halfWritten() const
+    {
+        return ask(R"sql(
+SELECT 'document', DocumentID FROM Document d WHERE DocumentID > 4 AND NOT (
+    (SELECT count(*) FROM Document_HIST h WHERE h.DocumentID = d.DocumentID) = d.Volume
+    AND (SELECT count(*) FROM DocumentTypes t WHERE t.DocumentID = d.DocumentID) = d.Volume + 0
+    AND (SELECT count(*) FROM DocumentCategories c WHERE c.DocumentID = d.DocumentID) = d.Volume + 0
+    AND (SELECT count(*) FROM DocumentVenues v WHERE v.DocumentID = d.DocumentID) = 2 * (d.Volume - 1))
+UNION ALL
+SELECT 'event', EventID FROM Event e WHERE EventID > 3 AND NOT (
+    (SELECT count(*) FROM Event_HIST h WHERE h.EventID = e.EventID) = e.Notes + 0
+    AND (SELECT count(*) FROM EventVenues v WHERE v.EventID = e.EventID) = e.Notes + 0
+    AND (SELECT count(*) FROM EventFunctions f WHERE f.EventID = e.EventID) = e.Notes + 0
+    AND (SELECT count(*) FROM DocumentEvents d WHERE d.EventID = e.EventID) = e.Notes + 0
+    AND (SELECT count(*) FROM OrganizationEvents o WHERE o.EventID = e.EventID) = e.Notes + 0)
+UNION ALL
+SELECT 'organization', OrganizationID FROM Organization o WHERE OrganizationID > 5 AND NOT (
+    (SELECT count(*) FROM Organization_HIST h WHERE h.OrganizationID = o.OrganizationID) = o.Notes + 0
+    AND (SELECT sum(Volunteers) FROM OrganizationProfile p WHERE OrganizationProfileID = OrganizationID)
+        = o.Notes + 0
+    AND (SELECT sum(Setting) FROM OrganizationProfileJurisdictions
+         WHERE OrganizationProfileID = OrganizationID) = o.Notes + 0
+    AND (SELECT sum(Setting) FROM OrganizationProfilePopulations WHERE OrganizationProfileID = OrganizationID)
+        = o.Notes + 0
+    AND (SELECT count(*) FROM OrganizationVenues v WHERE v.OrganizationID = o.OrganizationID) = o.Notes + 0))sql");
+    }
+
+    QString m_file = userFile(u"a.pdf"_s, QByteArray(10000, 'x'));
+};
+
+TEST_F(InterruptedSave, LeavesTheWholeSaveOrNoneOfIt)
+{
+    constexpr int rounds = 60;
+    int interruptedWhileWriting = 0;
+    std::mt19937 random(20050615);
+    m_state.session.close();
+    for (int round = 0; round < rounds; ++round) {
+        const pid_t child = fork();
+        if (child == 0) saveForEver(round);
+        std::this_thread::sleep_for(std::chrono::microseconds(5000 + random() % 120000));
+        kill(child, SIGKILL);
+        int status = 0;
+        waitpid(child, &status, 0);
+        ASSERT_TRUE(WIFSIGNALED(status)) << "the saving ended by itself";
+        if (QFile::exists(m_database.fileName() + u"-journal"_s)) ++interruptedWhileWriting;
+        m_database.run(
+            "SELECT count(*) FROM Document"); // who opens the file next takes back what is unfinished
+        ASSERT_EQ(ask("PRAGMA integrity_check"), u"ok"_s);
+        ASSERT_EQ(halfWritten(), QString());
+    }
+    EXPECT_GT(interruptedWhileWriting, 0);
+    for (const char* saved : {"SELECT count(*) - 4 FROM Document", "SELECT count(*) - 3 FROM Event",
+                              "SELECT count(*) - 5 FROM Organization"}) {
+        EXPECT_GT(ask(saved).toInt(), 0) << saved;
+    }
+    // every document that is there has its file
+    EXPECT_EQ(
+        ask("SELECT count(*) FROM Document WHERE DocumentID > 4 AND FileLocation <> DocumentID || '.pdf'"),
+        u"0"_s);
+    for (const QString& id : ask("SELECT DocumentID FROM Document WHERE DocumentID > 4").split(u'\n')) {
+        ASSERT_EQ(stored(u"documents/"_s + id + u".pdf"_s).size(), 10000) << qPrintable(id);
+    }
+}
+
+} // namespace

@@ -1,0 +1,260 @@
+#include "editors/OrganizationStore.h"
+
+#include "editors/EditorTest.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int overflow = 6;
+constexpr int gone = 12;
+constexpr int refused = 1;
+constexpr int noNumber = 20;
+
+class OrganizationStoreTest : public EditorTest
+{
+protected:
+    OrganizationRecord named(const QString& name)
+    {
+        OrganizationRecord record = m_store.blank();
+        record.organizationName = name;
+        return record;
+    }
+
+    OrganizationStore m_store{m_state, m_clock};
+};
+
+TEST_F(OrganizationStoreTest, SubTypesFollowTheirTypeByIdentifier)
+{
+    const struct
+    {
+        qint64 type;
+        QString keys;
+    } cases[] = {{3, u"1 4 6 9"_s}, {2, u"1 5"_s}, {1, u"1"_s}, {99, u"1"_s}};
+    for (const auto& [type, keys] : cases) {
+        std::vector<ListEntry> entries;
+        m_store.fillSubTypes(type, entries);
+        EXPECT_EQ(keysOf(entries), keys) << type;
+        EXPECT_EQ(entries.front(), ListEntry::none());
+    }
+}
+
+TEST_F(OrganizationStoreTest, ChoicesBeginWithNone)
+{
+    std::vector<ListEntry> states;
+    m_store.fillStates(states);
+    EXPECT_EQ(textsOf(states), u"None|MA|TX"_s);
+    std::vector<ListEntry> types;
+    m_store.fillOrganizationTypes(types);
+    EXPECT_EQ(textsOf(types), u"None|Federal|Local"_s);
+}
+
+TEST_F(OrganizationStoreTest, AddingWritesEveryTable)
+{
+    OrganizationRecord record = named(u"Ridge Patrol"_s);
+    record.city = u"Boston"_s;
+    record.telephone = u"617 555 0100"_s;
+    record.organizationTypeId = 3;
+    record.organizationSubTypeId = 6;
+    record.profile.swornEmployees = u" 1,250 "_s;
+    record.profile.annualBudget = u"$1,234,567,890,123.4500"_s;
+    record.profile.training = u"weekly"_s;
+    record.profile.organizationChart = userFile(u"chart.Pdf"_s, "chart");
+    check(record.profile.jurisdictions, {7});
+    check(record.venues, {3});
+    EXPECT_FALSE(m_store.saveOrganization(record));
+
+    EXPECT_EQ(record.id, 6);
+    EXPECT_EQ(ask("SELECT * FROM Organization WHERE OrganizationID = 6"),
+              u"6|Ridge Patrol|3|6|1||||Boston|None||617 555 0100||||NULL|NULL||ACTIVE|1|1"_s);
+    EXPECT_EQ(ask("SELECT * FROM OrganizationProfile WHERE OrganizationProfileID = 6"),
+              u"6||1250|NULL|NULL|1234567890123.4500||weekly||"_s + record.profile.organizationChart +
+                  u"|1"_s);
+    EXPECT_EQ(stored(u"orgcharts/6.Pdf"_s), "chart");
+    EXPECT_EQ(
+        ask("SELECT * FROM OrganizationProfileJurisdictions WHERE OrganizationProfileID = 6 ORDER BY rowid"),
+        u"6|1|0\n6|2|0\n6|7|1"_s);
+    EXPECT_EQ(ask("SELECT * FROM OrganizationProfilePopulations WHERE OrganizationProfileID = 6"),
+              u"6|1|0\n6|2|0"_s);
+    EXPECT_EQ(ask("SELECT * FROM OrganizationVenues WHERE OrganizationID = 6"), u"6|3"_s);
+    EXPECT_EQ(
+        ask("SELECT * FROM Organization_HIST"),
+        u"6|Ridge Patrol|3|6|1||||Boston|None||617 555 0100||||NULL|NULL||ACTIVE|1|NULL|2005-06-15 14:03:09"_s);
+}
+
+TEST_F(OrganizationStoreTest, TheNameIsRequiredAndItsOwn)
+{
+    OrganizationRecord record = named(QString());
+    ASSERT_TRUE(OrganizationStore::check(record));
+    EXPECT_EQ(OrganizationStore::check(record)->message, u"Organization name is required."_s);
+    const struct
+    {
+        QString name;
+        bool isRefused;
+    } cases[] = {{u"Zebra RESCUE"_s, true},
+                 {u"Gone Brigade"_s, false}, // was deleted
+                 {u"\"Harbor\""_s, true},
+                 {u"\"Harbour\""_s, false}};
+    for (const auto& [name, isRefused] : cases) {
+        record = named(name);
+        EXPECT_FALSE(OrganizationStore::check(record));
+        const auto problem = m_store.saveOrganization(record);
+        ASSERT_EQ(problem.has_value(), isRefused) << qPrintable(name);
+        if (!isRefused) continue;
+        EXPECT_EQ(problem->message,
+                  u"Organization with identical name already exists. Please choose a different name."_s);
+        EXPECT_LT(record.id, 0);
+    }
+}
+
+TEST_F(OrganizationStoreTest, ARecordIsReadWithItsProfile)
+{
+    const auto [record, isFound] = m_store.load(2);
+    EXPECT_TRUE(isFound);
+    EXPECT_EQ(record.organizationName, u"zebra Rescue"_s);
+    EXPECT_EQ(record.state, u"TX"_s);
+    EXPECT_EQ(record.organizationSubTypeId, 4);
+    EXPECT_EQ(record.profile.missionStatement, u"To rescue"_s);
+    EXPECT_EQ(record.profile.swornEmployees, u"12"_s);
+    EXPECT_EQ(record.profile.civilianEmployees, QString());
+    EXPECT_EQ(record.profile.annualBudget, u"1234567890.5"_s);
+    EXPECT_EQ(keysOf(record.profile.jurisdictions), u"1"_s);
+    EXPECT_EQ(keysOf(record.profile.populations), u"2"_s);
+    EXPECT_EQ(keysOf(record.venues), u"3 12"_s);
+    EXPECT_EQ(m_store.load(3).record.functionId, 1);
+    EXPECT_FALSE(m_store.load(77).isFound);
+    EXPECT_EQ(OrganizationStore::notFoundMessage(77), u"OrganizationID 77 not found"_s);
+}
+
+TEST_F(OrganizationStoreTest, ChangingRewritesTheOneProfile)
+{
+    OrganizationRecord record = m_store.load(2).record;
+    record.organizationName = u"Harbor Watch"_s; // no look for duplicates here
+    record.state.clear();
+    record.profile.swornEmployees.clear();
+    for (int save = 0; save < 2; ++save)
+        m_store.updateOrganization(record);
+    EXPECT_EQ(ask("SELECT OrganizationName, State, Status, UserID, ParentID FROM Organization WHERE "
+                  "OrganizationID = 2"),
+              u"Harbor Watch|None|ACTIVE|NULL|NULL"_s);
+    // the path of the chart leads nowhere
+    EXPECT_EQ(ask("SELECT * FROM OrganizationProfile"),
+              u"2|To rescue|NULL|NULL|3|1234567890.5|boats|yearly|none||0"_s);
+    EXPECT_EQ(ask("SELECT count(*), sum(Setting) FROM OrganizationProfileJurisdictions"), u"3|1"_s);
+    EXPECT_EQ(ask("SELECT * FROM OrganizationProfilePopulations ORDER BY PopulationID"), u"2|1|0\n2|2|1"_s);
+    EXPECT_EQ(ask("SELECT count(*) FROM OrganizationVenues"), u"2"_s);
+    EXPECT_EQ(ask("SELECT count(*) FROM Organization_HIST WHERE State = 'None'"), u"2"_s);
+
+    // an organization without a profile gets one
+    m_store.updateOrganization(m_store.load(3).record);
+    EXPECT_EQ(ask("SELECT OrganizationProfileID, ChartOption FROM OrganizationProfile"), u"2|0\n3|0"_s);
+}
+
+TEST_F(OrganizationStoreTest, AChartIsTakenAgainWithEverySave)
+{
+    OrganizationRecord record = m_store.load(3).record;
+    record.profile.organizationChart = userFile(u"c.png"_s, "first");
+    m_store.updateOrganization(record);
+    EXPECT_EQ(stored(u"orgcharts/3.png"_s), "first");
+    userFile(u"c.png"_s, "second");
+    m_store.updateOrganization(record);
+    EXPECT_EQ(stored(u"orgcharts/3.png"_s), "second");
+
+    QFile::remove(record.profile.organizationChart);
+    ChartPath chart = m_store.chartPath(3, record.profile.organizationChart);
+    EXPECT_FALSE(chart.isFile);
+    ASSERT_TRUE(chart.storedCopy);
+    record.profile.organizationChart = *chart.storedCopy;
+    EXPECT_TRUE(m_store.chartPath(3, *chart.storedCopy).isFile);
+    m_store.updateOrganization(record); // the source is the target
+    EXPECT_EQ(stored(u"orgcharts/3.png"_s), "second");
+    EXPECT_EQ(
+        ask("SELECT OrganizationChart, ChartOption FROM OrganizationProfile WHERE OrganizationProfileID = 3"),
+        *chart.storedCopy + u"|1"_s);
+
+    EXPECT_FALSE(m_store.chartPath(2, u"C:\\charts\\old chart.pdf"_s).storedCopy);
+    QFile(m_database.folder() + u"/data/orgcharts/2.PDF"_s).open(QIODevice::WriteOnly);
+    EXPECT_TRUE(m_store.chartPath(2, u"C:\\charts\\old chart.pdf"_s).storedCopy);
+    EXPECT_FALSE(m_store.chartPath(2, QString()).storedCopy);
+}
+
+TEST_F(OrganizationStoreTest, WhatIsNoNumberIsRefusedBeforeAnythingIsWritten)
+{
+    const QByteArray before = m_database.bytes();
+    for (const char* text : {"about 30", "1e5", "nan", "1.2.3", "12,34", "-", "0x10", "½"}) {
+        OrganizationRecord record = m_store.load(2).record;
+        record.profile.volunteers = QString::fromUtf8(text);
+        EXPECT_EQ(errorNumberOf([&] { m_store.updateOrganization(record); }), noNumber) << text;
+        record.profile.volunteers.clear();
+        record.profile.annualBudget = QString::fromUtf8(text);
+        EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveOrganization(record); }), noNumber) << text;
+    }
+    OrganizationRecord record = m_store.load(2).record;
+    record.functionId = 32768;
+    EXPECT_EQ(errorNumberOf([&] { m_store.updateOrganization(record); }), overflow);
+    record.functionId = 2;
+    record.id = 77;
+    EXPECT_EQ(errorNumberOf([&] { m_store.updateOrganization(record); }), gone);
+    EXPECT_EQ(m_database.bytes(), before);
+}
+
+TEST_F(OrganizationStoreTest, WhatWasWrittenBeforeAFailureStays)
+{
+    const struct
+    {
+        QString failing;
+        QString standing; // organizations, profiles, jurisdictions, populations, venues, history
+    } cases[] = {{u"OrganizationProfile"_s, u"1|0|0|0|0|0"_s},
+                 {u"OrganizationProfileJurisdictions"_s, u"1|1|0|0|0|0"_s},
+                 {u"OrganizationProfilePopulations"_s, u"1|1|3|0|0|0"_s},
+                 {u"OrganizationVenues"_s, u"1|1|3|2|0|0"_s},
+                 {u"Organization_HIST"_s, u"1|1|3|2|1|0"_s}};
+    for (const auto& [failing, standing] : cases) {
+        refuseRows(failing,
+                   failing.startsWith(u"OrganizationProfile"_s) ? u"OrganizationProfileID"_s
+                                                                : u"OrganizationID"_s,
+                   6);
+        OrganizationRecord record = named(u"Ridge Patrol"_s);
+        check(record.venues, {2});
+        EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveOrganization(record); }), refused)
+            << qPrintable(failing);
+        EXPECT_EQ(
+            ask("SELECT (SELECT count(*) FROM Organization WHERE OrganizationID = 6), "
+                "(SELECT count(*) FROM OrganizationProfile WHERE OrganizationProfileID = 6), "
+                "(SELECT count(*) FROM OrganizationProfileJurisdictions WHERE OrganizationProfileID = 6), "
+                "(SELECT count(*) FROM OrganizationProfilePopulations WHERE OrganizationProfileID = 6), "
+                "(SELECT count(*) FROM OrganizationVenues WHERE OrganizationID = 6), "
+                "(SELECT count(*) FROM Organization_HIST)"),
+            standing)
+            << qPrintable(failing);
+        m_database.run("DROP INDEX refuse; DELETE FROM Organization WHERE OrganizationID = 6;"
+                       "DELETE FROM OrganizationProfile WHERE OrganizationProfileID = 6;"
+                       "DELETE FROM OrganizationProfileJurisdictions WHERE OrganizationProfileID = 6;"
+                       "DELETE FROM OrganizationProfilePopulations WHERE OrganizationProfileID = 6;"
+                       "DELETE FROM OrganizationVenues WHERE OrganizationID = 6");
+    }
+}
+
+TEST_F(OrganizationStoreTest, AChartThatCannotBeCopiedLeavesTheOrganization)
+{
+    OrganizationRecord record = named(u"Ridge Patrol"_s);
+    record.profile.organizationChart = userFile(u"chart.pdf"_s, "chart");
+    QDir().mkpath(m_database.folder() + u"/data/orgcharts/6.pdf"_s); // a folder stands in its way
+    EXPECT_NE(errorNumberOf([&] { (void)m_store.saveOrganization(record); }), 0);
+    EXPECT_EQ(ask("SELECT (SELECT OrganizationName FROM Organization WHERE OrganizationID = 6), "
+                  "(SELECT count(*) FROM OrganizationProfile), (SELECT count(*) FROM Organization_HIST)"),
+              u"Ridge Patrol|1|0"_s);
+}
+
+TEST_F(OrganizationStoreTest, DeletingMarksTheRowAndNothingElse)
+{
+    EXPECT_EQ(m_store.deleteOrganization(2), u"Organization ID 2 successfully deleted."_s);
+    EXPECT_EQ(ask("SELECT OrganizationID FROM Organization WHERE Status = 'DELETED' ORDER BY 1"), u"2\n4"_s);
+    EXPECT_EQ(ask("SELECT count(*) FROM OrganizationProfile"), u"1"_s);
+    EXPECT_EQ(ask("SELECT count(*) FROM Organization_HIST"), u"0"_s);
+}
+
+} // namespace

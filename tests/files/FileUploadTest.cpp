@@ -1,0 +1,260 @@
+#include "files/FileUpload.h"
+
+#include "support/TestDatabase.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Lets no file of this process grow beyond a size, as a full disk does.
+class SizeLimit
+{
+public:
+    explicit SizeLimit(rlim_t bytes)
+    {
+        m_handler = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~SizeLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    SizeLimit(const SizeLimit&) = delete;
+    SizeLimit& operator=(const SizeLimit&) = delete;
+
+private:
+    rlimit m_before{};
+    void (*m_handler)(int) = nullptr;
+};
+
+class FileUploadTest : public testing::Test
+{
+protected:
+    FileUploadTest() { QDir().mkpath(m_documents); }
+
+    QString write(const QString& name, const QByteArray& content) const
+    {
+        const QString path = m_place.filePath(name);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(name);
+        file.write(content);
+        return path;
+    }
+
+    [[nodiscard]] QByteArray stored(const QString& name) const
+    {
+        QFile file(m_documents + name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    }
+
+    /// All that the documents folder holds, hidden names too.
+    [[nodiscard]] QString storedNames() const
+    {
+        QStringList names;
+        QDirIterator entries(m_documents,
+                             QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                             QDirIterator::Subdirectories);
+        while (entries.hasNext())
+            names << entries.next().mid(m_documents.size());
+        names.sort();
+        return names.join(u' ');
+    }
+
+    /// The copy ends with that error, and leaves the documents folder as it was.
+    void expectRefused(const QString& path, int number)
+    {
+        write(u"data/documents/57.pdf"_s, "older");
+        write(u"data/documents/57_files/older.txt"_s, "older");
+        EXPECT_EQ(errorNumberOf([&] { m_upload.convertDocument(path, 57); }), number) << qPrintable(path);
+        EXPECT_EQ(storedNames(), u"57.pdf 57_files 57_files/older.txt"_s) << qPrintable(path);
+        EXPECT_EQ(stored(u"57.pdf"_s), "older") << qPrintable(path);
+    }
+
+    QTemporaryDir m_place;
+    QString m_documents = m_place.filePath(u"data/documents/"_s);
+    ProgramState m_state{ProgramFolder(m_place.path())};
+    FileUpload m_upload{m_state};
+};
+
+TEST_F(FileUploadTest, TheExtensionComesFromThePathHoweverItIsWritten)
+{
+    const struct
+    {
+        QString path;
+        QString extension;
+    } cases[] = {{u"/home/a.b/Report.PDF"_s, u"PDF"_s},
+                 {u"C:\\in\\x.tar.gz"_s, u"gz"_s},
+                 {u"/home/a.b/report"_s, QString()},
+                 {u"page.html"_s, u"html"_s},
+                 {QString(), QString()}};
+    for (const auto& [path, extension] : cases)
+        EXPECT_EQ(FileUpload::extension(path), extension) << qPrintable(path);
+}
+
+TEST_F(FileUploadTest, APlainFileIsCopiedUnderItsNumber)
+{
+    QByteArray large(3 * 1024 * 1024 + 17, '\0');
+    for (qsizetype i = 0; i < large.size(); ++i)
+        large[i] = static_cast<char>(i * 31 >> 3);
+    const struct
+    {
+        QString name;
+        QByteArray content;
+        QString storedName;
+    } cases[] = {{u"a.pdf"_s, "%PDF", u"57.pdf"_s},    {u"Größe & \"Maß\" 100%.PDF"_s, "b", u"57.PDF"_s},
+                 {u"large.bin"_s, large, u"57.bin"_s}, {u"empty.txt"_s, "", u"57.txt"_s},
+                 {u"noextension"_s, "c", u"57."_s},    {QString(250, u'n') + u".htm"_s, "d", u"57.htm"_s}};
+    for (const auto& [name, content, storedName] : cases) {
+        const QString path = write(name, content);
+        QFile::setPermissions(path, QFile::ReadOwner);
+        m_upload.convertDocument(path, 57);
+        EXPECT_EQ(stored(storedName) == content, true) << qPrintable(name);
+        EXPECT_TRUE(QFile::permissions(m_documents + storedName) & QFile::WriteOwner) << qPrintable(name);
+    }
+    write(u"a.pdf"_s, "newer");
+    m_upload.convertDocument(m_place.filePath(u"a.pdf"_s), 57);
+    EXPECT_EQ(stored(u"57.pdf"_s), "newer");
+    EXPECT_EQ(storedNames(), u"57. 57.PDF 57.bin 57.htm 57.pdf 57.txt"_s);
+}
+
+TEST_F(FileUploadTest, AMissingFolderOfDocumentsIsMade)
+{
+    QDir(m_documents).removeRecursively();
+    m_upload.convertDocument(write(u"a.pdf"_s, "x"), 57);
+    EXPECT_EQ(stored(u"57.pdf"_s), "x");
+}
+
+TEST_F(FileUploadTest, APathMayBeWrittenAsTheProgramDoes)
+{
+    write(u"in/a.pdf"_s, "x");
+    m_upload.convertDocument(ProgramFolder::programForm(m_place.filePath(u"in/a.pdf"_s)), 57);
+    EXPECT_EQ(stored(u"57.pdf"_s), "x");
+    EXPECT_FALSE(FileUpload::existingFile(m_place.path()));
+    EXPECT_FALSE(FileUpload::existingFile(QString()));
+}
+
+TEST_F(FileUploadTest, AWebPageIsCopiedWithItsFolder)
+{
+    const QString page =
+        write(u"page.html"_s, "<img src='page_files/img1.gif'> page_files PAGE_FILES\r\n\0\xff"
+                              "mypage_files"_ba);
+    write(u"page_files/img1.gif"_s, "GIF");
+    write(u"page_files/Deep/Ähre.css"_s, "page_files stays here");
+    write(u"page_files/.hidden"_s, "h");
+    write(u"data/documents/57_files/stale.gif"_s, "of another page");
+    for (int copy = 0; copy < 2; ++copy) {
+        m_upload.convertDocument(page, 57);
+        EXPECT_EQ(stored(u"57.htm"_s), "<img src='57_files/img1.gif'> 57_files PAGE_FILES\r\n\0\xff"
+                                       "my57_files"_ba);
+        EXPECT_EQ(stored(u"57_files/img1.gif"_s), "GIF");
+        EXPECT_EQ(stored(u"57_files/Deep/Ähre.css"_s), "page_files stays here");
+        EXPECT_EQ(
+            storedNames(),
+            u"57.htm 57_files 57_files/.hidden 57_files/Deep 57_files/Deep/Ähre.css 57_files/img1.gif"_s);
+    }
+    EXPECT_TRUE(QFile::exists(m_place.filePath(u"page_files/img1.gif"_s)));
+}
+
+TEST_F(FileUploadTest, TheNameOfAFolderIsFoundAsPagesWriteIt)
+{
+    const struct
+    {
+        QString folder;
+        QByteArray written;
+    } cases[] = {{u"Crue d'été_files"_s, "Crue d'été_files"},             // UTF-8
+                 {u"Crue d'été_files"_s, "Crue d'\xe9t\xe9_files"},       // Latin-1
+                 {u"Crue d'été_files"_s, "Crue%20d'%C3%A9t%C3%A9_files"}, // as an address
+                 {u"A & B_files"_s, "A &amp; B_files"},
+                 {u"A & B_files"_s, "A%20&amp;%20B_files"},
+                 {u"洪水_files"_s, "洪水_files"},
+                 {u"7_files"_s, "7_files"}};
+    for (const auto& [folder, written] : cases) {
+        const QString base = folder.chopped(6);
+        write(folder + u"/x.gif"_s, "x");
+        m_upload.convertDocument(write(base + u".htm"_s, "\xe9 <" + written + "/x.gif> \xc3\xa9"), 57);
+        EXPECT_EQ(stored(u"57.htm"_s), "\xe9 <57_files/x.gif> \xc3\xa9") << written.constData();
+    }
+}
+
+TEST_F(FileUploadTest, AFolderInAnotherLetterCaseBelongsToThePage)
+{
+    const QString page = write(u"Page.htm"_s, "Page_files/1 page_FILES/2 PAGE_files/3");
+    write(u"page_FILES/1"_s, "x");
+    m_upload.convertDocument(page, 57);
+    EXPECT_EQ(stored(u"57.htm"_s), "57_files/1 57_files/2 PAGE_files/3");
+    EXPECT_EQ(stored(u"57_files/1"_s), "x");
+}
+
+TEST_F(FileUploadTest, TheSourceMayBeTheTarget)
+{
+    const QString file = write(u"data/documents/57.pdf"_s, "itself");
+    m_upload.convertDocument(file, 57);
+    EXPECT_EQ(stored(u"57.pdf"_s), "itself");
+    const QString page = write(u"data/documents/57.htm"_s, "57_files/a.gif");
+    write(u"data/documents/57_files/a.gif"_s, "GIF");
+    m_upload.convertDocument(page, 57);
+    EXPECT_EQ(stored(u"57.htm"_s), "57_files/a.gif");
+    EXPECT_EQ(stored(u"57_files/a.gif"_s), "GIF");
+    EXPECT_EQ(storedNames(), u"57.htm 57.pdf 57_files 57_files/a.gif"_s);
+}
+
+TEST_F(FileUploadTest, AFailedCopyReportsAndLeavesNothingBehind)
+{
+    expectRefused(m_place.filePath(u"missing.pdf"_s), ENOENT);
+    expectRefused(QString(), ENOENT);
+    QDir().mkpath(m_place.filePath(u"folder.pdf"_s));
+    expectRefused(m_place.filePath(u"folder.pdf"_s), EISDIR);
+    ASSERT_EQ(mkfifo(m_place.filePath(u"pipe.pdf"_s).toUtf8().constData(), 0600), 0);
+    expectRefused(m_place.filePath(u"pipe.pdf"_s), EINVAL);
+    expectRefused(write(u"a."_s + QString(253, u'e'), "x"), ENAMETOOLONG);
+
+    write(u"page_files/1.gif"_s, "x");
+    expectRefused(m_place.filePath(u"page.htm"_s), ENOENT);
+    QFile::link(u"nowhere"_s, m_place.filePath(u"page_files/broken.gif"_s));
+    expectRefused(write(u"page.htm"_s, "x"), ENOENT);
+}
+
+TEST_F(FileUploadTest, AFullDiskReportsAndLeavesNothingBehind)
+{
+    const QString large = write(u"large.pdf"_s, QByteArray(3000000, 'x'));
+    const QString page = write(u"page.htm"_s, "page_files");
+    write(u"page_files/1.gif"_s, "x");
+    write(u"page_files/2.gif"_s, QByteArray(3000000, 'x'));
+    const SizeLimit limit(1500000);
+    expectRefused(large, EFBIG);
+    expectRefused(page, EFBIG);
+}
+
+TEST_F(FileUploadTest, AFolderInTheWayIsLeftAlone)
+{
+    write(u"data/documents/57.pdf/kept.txt"_s, "kept");
+    EXPECT_EQ(errorNumberOf([&] { m_upload.convertDocument(write(u"a.pdf"_s, "x"), 57); }), EISDIR);
+    EXPECT_EQ(storedNames(), u"57.pdf 57.pdf/kept.txt"_s);
+}
+
+TEST_F(FileUploadTest, AFolderThatHoldsTheDocumentsIsNotCopiedIntoItself)
+{
+    const ProgramState inside{ProgramFolder(m_place.filePath(u"page_files"_s))};
+    QDir().mkpath(m_place.filePath(u"page_files/data/documents"_s));
+    const QString page = write(u"page.htm"_s, "x");
+    EXPECT_EQ(errorNumberOf([&] { FileUpload(inside).convertDocument(page, 57); }), EINVAL);
+    EXPECT_TRUE(QDir(m_place.filePath(u"page_files/data/documents"_s)).isEmpty());
+}
+
+} // namespace

@@ -1,0 +1,46 @@
+#include "files/FolderNames.h"
+#include "files/ProgramFolder.h"
+#include "support/TextPrinting.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TEST(StoredNames, AWebPageIsFoundUnderEitherEnding)
+{
+    const QTemporaryDir place;
+    const ProgramFolder folder(place.path());
+    const QString documents = u"\\data\\documents\\"_s;
+    const QString path = folder.machinePath(documents);
+    QDir().mkpath(path);
+    for (const char* name : {"5.htm", "6.HTML", "7.htm", "7.html", "8.pdf"})
+        ASSERT_TRUE(QFile(path + QLatin1String(name)).open(QIODevice::WriteOnly));
+
+    const struct
+    {
+        QString sought;
+        QString found;
+    } cases[] = {{u"5.html"_s, u"5.htm"_s}, {u"5.HTM"_s, u"5.htm"_s},   {u"6.htm"_s, u"6.HTML"_s},
+                 {u"7.htm"_s, u"7.htm"_s},  {u"7.Html"_s, u"7.html"_s}, {u"8.html"_s, QString()},
+                 {u"5.htmll"_s, QString()}, {u"5"_s, QString()}};
+    const FolderNames names(path);
+    for (const auto& [sought, found] : cases) {
+        const QString file = folder.find(documents, sought).value_or(QString());
+        EXPECT_EQ(file, found.isEmpty() ? QString() : path + found) << qPrintable(sought);
+        EXPECT_EQ(names.contains(sought), !found.isEmpty()) << qPrintable(sought);
+    }
+}
+
+TEST(StoredNames, PathsOfTheMachineHaveAProgramForm)
+{
+    EXPECT_EQ(ProgramFolder::programForm(u"/home/a b/c.pdf"_s), u"\\home\\a b\\c.pdf"_s);
+    EXPECT_EQ(ProgramFolder::programForm(u"C:\\a\\c.pdf"_s), u"C:\\a\\c.pdf"_s);
+}
+
+} // namespace

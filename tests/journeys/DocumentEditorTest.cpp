@@ -1,0 +1,298 @@
+#include "Dialogs.h"
+#include "Journey.h"
+#include "editors/RecordEditors.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QCompleter>
+#include <QDropEvent>
+#include <QFile>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A journey with a few records, showing the documents.
+class DocumentEditor : public ::testing::Test
+{
+protected:
+    DocumentEditor()
+    {
+        journey.database.run("INSERT INTO FileTypes VALUES (1, 'None'), (2, 'Adobe PDF'), (4, 'Web Page')");
+        journey.database.run("INSERT INTO Venue VALUES (1, 'Coast'), (2, 'Forest'), (3, 'City')");
+        journey.database.run("INSERT INTO DocumentType VALUES (1, 'None'), (2, 'Report'), (3, 'Map')");
+        journey.database.run("INSERT INTO DocumentCategory VALUES (1, 'None'), (2, 'Floods')");
+        journey.database.run("INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES "
+                             "(1, 'None', 'ACTIVE'), (7, 'Zebra Society', 'ACTIVE'), "
+                             "(8, 'Levee Board', 'ACTIVE'), (9, 'Levee Watch', 'ACTIVE')");
+        journey.database.run(
+            "INSERT INTO Document (DocumentID, DocumentName, Author, DocumentDescription, Notes, FileTypeID, "
+            "OrganizationID, OriginalFilename, FileLocation, URL, KeyDocument, dStatus) VALUES "
+            "(1, 'None', NULL, NULL, NULL, 1, 1, NULL, NULL, NULL, 0, 'ACTIVE'), "
+            "(2, 'Old Levees', 'A. Writer', 'First line' || char(13, 10) || 'second', NULL, 4, 8, "
+            "'C:\\papers\\old.html', '2.html', 'http://levees.example/a b', 1, 'ACTIVE')");
+        journey.database.run("INSERT INTO DocumentTypes VALUES (2, 3)");
+        journey.database.run("INSERT INTO DocumentVenues VALUES (2, 2)");
+        QFile file(source);
+        file.open(QIODevice::WriteOnly);
+        file.write("%PDF");
+        file.close();
+        journey.start();
+        journey.trigger("mnuViewDocuments");
+    }
+
+    void inEditor(const char* command, const std::function<void(OpenDialog&)>& work)
+    {
+        inDialog(
+            "frmDocument", [&] { journey.trigger(command); }, work);
+    }
+
+    void fillIn(OpenDialog& dialog)
+    {
+        dialog.type("txtDocumentName", QStringLiteral("Levees"));
+        dialog.type("rtbDocumentDescription", QStringLiteral("About levees"));
+        dialog.type("txtOriginalFilename", source);
+    }
+
+    std::string rows(const char* statement) { return journey.database.ask(statement).toStdString(); }
+    ScriptedMessages& messages() { return journey.desktop.messages; }
+
+    Journey journey;
+    QString source = journey.database.folder() + QStringLiteral("/scan.PDF");
+};
+
+TEST_F(DocumentEditor, AddsARecordWithItsLinksAndItsFile)
+{
+    journey.desktop.fileDialogs.files = {source};
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        EXPECT_EQ(dialog.title(), "Add a New Document");
+        EXPECT_EQ(dialog.text("txtURL"), "http://");
+        EXPECT_EQ(dialog.text("cmbFileTypeNames"), "Adobe PDF");
+        EXPECT_EQ(dialog.text("cmbOrganizationNames"), "None");
+        EXPECT_EQ(dialog.text("lstDocTypes"), "None");
+        EXPECT_EQ(dialog.focus(), "txtDocumentName");
+        dialog.type("txtDocumentName", QStringLiteral("Levees \"of\" 1927, 100%"));
+        dialog.type("txtDocumentDate", QStringLiteral("spring 1927"));
+        dialog.type("rtbDocumentDescription", QStringLiteral("Été's levees"));
+        dialog.click("cmdUploadDocument");
+        EXPECT_EQ(dialog.text("txtOriginalFilename"), source.toStdString());
+        dialog.choose("cmbOrganizationNames", QStringLiteral("Levee Board"));
+        dialog.tick("lvVenues", QStringLiteral("Coast"));
+        dialog.tick("lvVenues", QStringLiteral("City"));
+        inDialog(
+            "frmPicList", [&] { dialog.click("cmdAddDocType"); },
+            [](OpenDialog& list) {
+                list.find<QTreeView>("lvPicList").selectAll();
+                QTest::keyClick(&list.find<QTreeView>("lvPicList"), Qt::Key_Space);
+                list.click("cmdOK");
+            });
+        EXPECT_EQ(dialog.text("lstDocTypes"), "Map|Report");
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(rows("SELECT DocumentName, DocumentDate, DocumentDescription, FileTypeID, OrganizationID, "
+                   "FileLocation, dStatus, Status, KeyDocument FROM Document WHERE DocumentID = 3"),
+              "Levees \"of\" 1927, 100%|spring 1927|Été's levees|2|8|3.PDF|ACTIVE|SUBMITTED|0");
+    EXPECT_EQ(rows("SELECT DocumentTypeID FROM DocumentTypes WHERE DocumentID = 3 ORDER BY rowid"), "3\n2");
+    EXPECT_EQ(rows("SELECT DocumentCategoryID FROM DocumentCategories WHERE DocumentID = 3"), "1");
+    EXPECT_EQ(rows("SELECT VenueID FROM DocumentVenues WHERE DocumentID = 3"), "1\n3");
+    EXPECT_EQ(rows("SELECT DocumentName, UpdateTime FROM Document_HIST WHERE DocumentID = 3"),
+              "Levees \"of\" 1927, 100%|2005-06-15 12:00:00");
+    EXPECT_TRUE(QFile::exists(journey.dataFolder() + QStringLiteral("documents/3.PDF")));
+    EXPECT_EQ(journey.column(0), "Levees \"of\" 1927, 100%|Old Levees") << "the list is shown again";
+    EXPECT_EQ(journey.list().currentIndex().row(), 0) << "on the new record";
+    EXPECT_FALSE(journey.program->state().editCancelled);
+}
+
+TEST_F(DocumentEditor, SaysWhatIsMissingAndGoesThere)
+{
+    messages().expectMessage(QStringLiteral("Document title is required."));
+    messages().expectMessage(QStringLiteral("Document description is required."));
+    messages().expectMessage(
+        QStringLiteral("Document filename is required. Please browse to select your document file."));
+    messages().expectMessage(
+        QStringLiteral("Document with identical title already exists. Please choose a different title."));
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        dialog.find<QWidget>("txtVolume").setFocus();
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "txtDocumentName");
+        dialog.type("txtDocumentName", QStringLiteral("OLD LEVEES"));
+        dialog.press(Qt::Key_Return);
+        EXPECT_EQ(dialog.focus(), "rtbDocumentDescription");
+        dialog.type("rtbDocumentDescription", QStringLiteral("Again"));
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "txtOriginalFilename");
+        dialog.type("txtOriginalFilename", source);
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "txtDocumentName");
+        EXPECT_EQ(dialog.text("rtbDocumentDescription"), "Again");
+        dialog.click("cmdCancel");
+    });
+    EXPECT_EQ(rows("SELECT count(*) FROM Document"), "2");
+}
+
+TEST_F(DocumentEditor, ShowsARecordAndTurnsIntoItsEditor)
+{
+    journey.list().setCurrentIndex(journey.list().model()->index(0, 0));
+    inEditor("mnuRecordView", [&](OpenDialog& dialog) {
+        EXPECT_EQ(dialog.title(), "Viewing DocumentID 2 (Read-Only)");
+        EXPECT_EQ(dialog.text("cmdOK"), "Edit");
+        EXPECT_EQ(dialog.text("lstDocTypes"), "Map");
+        EXPECT_EQ(dialog.text("lstDocCategories"), "None");
+        EXPECT_EQ(dialog.text("lvVenues"), "Coast|*Forest|City");
+        EXPECT_EQ(dialog.text("cmbOrganizationNames"), "Levee Board");
+        EXPECT_TRUE(dialog.find<QLineEdit>("txtDocumentName").isReadOnly());
+        EXPECT_FALSE(dialog.find<QWidget>("cmdAddDocType").isEnabled());
+        EXPECT_FALSE(dialog.find<QWidget>("txtOriginalFilename").isVisible());
+        dialog.tick("lvVenues", QStringLiteral("Coast"));
+        EXPECT_EQ(dialog.text("lvVenues"), "Coast|*Forest|City");
+        QTest::mouseClick(&dialog.find<QWidget>("txtURL"), Qt::LeftButton);
+        EXPECT_EQ(journey.desktop.shell.opened.join(u' ').toStdString(), "http://levees.example/a b");
+
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.title(), "Editing DocumentID 2");
+        EXPECT_EQ(dialog.text("cmdOK"), "OK");
+        dialog.type("txtAuthor", QStringLiteral("B. Writer"));
+        dialog.tick("lvVenues", QStringLiteral("Coast"));
+        dialog.click("cmdClearDocTypes");
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(rows("SELECT Author, DocumentDescription, FileLocation, OriginalFilename, KeyDocument, "
+                   "FileTypeID, OrganizationID FROM Document WHERE DocumentID = 2"),
+              "B. Writer|First line\r\nsecond|2.html|C:\\papers\\old.html|1|4|8")
+        << "what was not changed is as it was, to the line end";
+    EXPECT_EQ(rows("SELECT VenueID FROM DocumentVenues WHERE DocumentID = 2"), "1\n2");
+    EXPECT_EQ(rows("SELECT DocumentTypeID FROM DocumentTypes WHERE DocumentID = 2"), "1");
+    EXPECT_EQ(rows("SELECT Author, FileLocation FROM Document_HIST WHERE DocumentID = 2"),
+              "B. Writer|2.html");
+}
+
+TEST_F(DocumentEditor, AsksBeforeChangesAreLostButNotOnCancel)
+{
+    const QString question = QStringLiteral("Close without saving your changes?");
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) { dialog.press(Qt::Key_Escape); });
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        fillIn(dialog);
+        messages().expectQuestion(question, false);
+        dialog.press(Qt::Key_Escape);
+        EXPECT_TRUE(dialog.dialog().isVisible());
+        messages().expectQuestion(question, false);
+        dialog.dialog().close();
+        EXPECT_TRUE(dialog.dialog().isVisible());
+        messages().expectQuestion(question, true);
+        dialog.dialog().close();
+    });
+    messages().finish();
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        dialog.tick("lvVenues", QStringLiteral("City"));
+        dialog.click("cmdCancel");
+    });
+    EXPECT_EQ(rows("SELECT count(*) FROM Document"), "2");
+}
+
+TEST_F(DocumentEditor, FindsAnOrganizationByAnyPartOfItsName)
+{
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        auto& combo = dialog.find<QComboBox>("cmbOrganizationNames");
+        const auto settle = [&](const QString& typed) {
+            dialog.type("cmbOrganizationNames", typed);
+            combo.completer()->popup()->hide();
+            dialog.find<QWidget>("txtDocumentName").setFocus();
+            return combo.currentData().toInt();
+        };
+        EXPECT_EQ(settle(QStringLiteral("zebra")), 7);
+        EXPECT_EQ(combo.currentText(), QStringLiteral("Zebra Society"));
+        EXPECT_EQ(settle(QStringLiteral("levee")), 7) << "two of them: the choice stays";
+        EXPECT_EQ(combo.currentText(), QStringLiteral("Zebra Society"));
+        EXPECT_EQ(settle(QStringLiteral("levee watch")), 9);
+        EXPECT_EQ(settle(QStringLiteral("nobody")), 9);
+        EXPECT_EQ(settle(QString()), 1);
+        dialog.click("cmdCancel");
+    });
+}
+
+TEST_F(DocumentEditor, TakesAPresetOrRefusesIt)
+{
+    auto& editors = journey.find<RecordEditors>("");
+    inDialog(
+        "frmDocument",
+        [&] {
+            editors.addDocument(clsFieldInfo{organizationKindWord, 8, QStringLiteral("Levee Board")});
+        },
+        [&](OpenDialog& dialog) {
+            EXPECT_EQ(dialog.text("cmbOrganizationNames"), "Levee Board");
+            fillIn(dialog);
+            dialog.click("cmdOK");
+        });
+    EXPECT_EQ(rows("SELECT OrganizationID FROM Document WHERE DocumentName = 'Levees'"), "8");
+    messages().expectMessage(QStringLiteral("Invalid FieldName to add to current document"));
+    inDialog(
+        "frmDocument",
+        [&] {
+            editors.addDocument(clsFieldInfo{documentKindWord, 2, QStringLiteral("Old Levees")});
+        },
+        [&](OpenDialog& dialog) {
+            EXPECT_EQ(dialog.text("cmbOrganizationNames"), "");
+            dialog.click("cmdCancel");
+        });
+}
+
+/// What a desktop does when a file is dragged over a widget and let go.
+void dropFile(QWidget& target, const QString& file)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file)});
+    data.setText(file);
+    QDragEnterEvent enter(QPoint(2, 2), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&target, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(2, 2), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&target, &drop);
+    QCoreApplication::processEvents();
+}
+
+TEST_F(DocumentEditor, TakesADroppedFile)
+{
+    inDialog(
+        "frmDocument", [&] { dropFile(*journey.program->window(), source); },
+        [&](OpenDialog& dialog) {
+            EXPECT_EQ(dialog.text("txtOriginalFilename"), source.toStdString());
+            dropFile(*dialog.find<QPlainTextEdit>("rtbNotes").viewport(), QStringLiteral("/tmp/b.txt"));
+            EXPECT_EQ(dialog.text("txtOriginalFilename"), "/tmp/b.txt");
+            EXPECT_EQ(dialog.text("rtbNotes"), "");
+            dialog.click("cmdCancel");
+        });
+}
+
+TEST_F(DocumentEditor, StaysOpenWhereTheFileIsGoneAndShowsWhatWasWritten)
+{
+    messages().expectMessageBeginning(QStringLiteral("saveDocument Error ("));
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        fillIn(dialog);
+        QFile::remove(source);
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.text("txtDocumentName"), "Levees");
+        dialog.click("cmdCancel");
+    });
+    EXPECT_EQ(journey.column(0), "Levees|Old Levees");
+}
+
+TEST_F(DocumentEditor, SaysThatARecordIsGoneOrOutOfRange)
+{
+    auto& editors = journey.find<RecordEditors>("");
+    messages().expectMessage(QStringLiteral("Document 99 not found"));
+    inDialog(
+        "frmDocument", [&] { editors.view(ViewKind::Documents, 99); },
+        [](OpenDialog& dialog) {
+            EXPECT_EQ(dialog.text("txtDocumentName"), "");
+            dialog.press(Qt::Key_Escape);
+        });
+    messages().expectMessage(QStringLiteral("populateFields Error (6): Overflow"));
+    editors.edit(ViewKind::Documents, 32768);
+    messages().finish();
+}
+
+} // namespace

@@ -1,0 +1,198 @@
+#include "Dialogs.h"
+#include "Journey.h"
+#include "editors/RecordEditors.h"
+#include "timeline/TimelinePanel.h"
+
+#include <QMenu>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A journey with two events, showing the events.
+class EventEditor : public ::testing::Test
+{
+protected:
+    EventEditor()
+    {
+        journey.database.run("INSERT INTO Venue VALUES (1, 'Coast'), (2, 'Forest')");
+        journey.database.run("INSERT INTO Function VALUES (1, 'None'), (2, 'Rescue'), (3, 'Shelter')");
+        journey.database.run("INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES "
+                             "(1, 'None', 'ACTIVE'), (5, 'Report', 'ACTIVE')");
+        journey.database.run("INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES "
+                             "(1, 'None', 'ACTIVE'), (8, 'Levee Board', 'ACTIVE')");
+        journey.database.run(
+            "INSERT INTO Event (EventID, EventName, EventDescription, KeyEvent, StartDate, StartTime, "
+            "EndDate, "
+            "EndTime, Status) VALUES (1, 'None', '', 0, NULL, NULL, NULL, NULL, 'ACTIVE'), "
+            "(2, 'Flood', 'High water', 1, '1927-04-21', '07:30:45', NULL, NULL, 'ACTIVE'), "
+            "(3, 'Gone', 'Deleted', 0, '1930-01-01', '00:00', '1930-01-01', '00:00', 'DELETED')");
+        journey.database.run("INSERT INTO EventVenues VALUES (2, 2)");
+        journey.database.run("INSERT INTO EventFunctions VALUES (2, 3)");
+        journey.start();
+        journey.trigger("mnuViewEvents");
+    }
+
+    void inEditor(const char* command, const std::function<void(OpenDialog&)>& work)
+    {
+        inDialog(
+            "frmEvent", [&] { journey.trigger(command); }, work);
+    }
+
+    void editFirst(const std::function<void(OpenDialog&)>& work)
+    {
+        journey.list().setCurrentIndex(journey.list().model()->index(0, 0));
+        inEditor("mnuRecordEdit", work);
+    }
+
+    std::string rows(const char* statement) { return journey.database.ask(statement).toStdString(); }
+    ScriptedMessages& messages() { return journey.desktop.messages; }
+
+    Journey journey;
+};
+
+TEST_F(EventEditor, AddsAnEventAndTakesTheTimelineToIt)
+{
+    inEditor("mnuRecordAddNewEvent", [&](OpenDialog& dialog) {
+        EXPECT_EQ(dialog.title(), "Add a New Event");
+        EXPECT_EQ(dialog.text("lstEventFunctions") + dialog.text("lstEventOrgs") +
+                      dialog.text("lstEventDocuments"),
+                  "NoneNoneNone");
+        dialog.type("txtEventName", QStringLiteral("gone"));
+        dialog.type("rtbEventDescription", QStringLiteral("A title that only a deleted event has"));
+        dialog.type("dtpStartDate", QStringLiteral("3/5/2002"));
+        dialog.type("dtpStartTime", QStringLiteral("1:05 pm"));
+        dialog.type("dtpEndDate", QStringLiteral("12/31/9999"));
+        dialog.tick("lvVenues", QStringLiteral("Coast"));
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(rows("SELECT EventName, StartDate, StartTime, EndDate, EndTime, Status, UserID FROM Event "
+                   "WHERE EventID = 4"),
+              "gone|2002-03-05|13:05|9999-12-31|NULL|ACTIVE|1");
+    EXPECT_EQ(rows("SELECT VenueID FROM EventVenues WHERE EventID = 4"), "1");
+    EXPECT_EQ(rows("SELECT FunctionID FROM EventFunctions WHERE EventID = 4"), "1");
+    EXPECT_EQ(rows("SELECT StartDate, UpdateTime FROM Event_HIST"), "2002-03-05|2005-06-15 12:00:00");
+    const Timeline& timeline = journey.find<TimelinePanel>("pnlTimeline").timeline();
+    EXPECT_EQ(dateTimeText(timeline.window().currentTime()).toStdString(), "03/05/2002 13:05");
+    EXPECT_EQ(journey.column(0), "Flood|gone");
+    EXPECT_EQ(journey.list().currentIndex().row(), 1);
+}
+
+TEST_F(EventEditor, SaysWhatIsMissingInTurn)
+{
+    for (const char* text :
+         {"Event title is required.", "Event description is required.", "Event venue is required."}) {
+        messages().expectMessage(QString::fromLatin1(text));
+    }
+    messages().expectMessage(QStringLiteral(
+        "Start date \"2/30/2002\" is not a date. Please type month, day and year, such as 09/11/2001."));
+    messages().expectMessage(
+        QStringLiteral("End time \"25:00\" is not a time. Please type hour and minute, such as 13:05."));
+    messages().expectMessage(
+        QStringLiteral("Event with identical title already exists. Please choose a different title."));
+    inEditor("mnuRecordAddNewEvent", [&](OpenDialog& dialog) {
+        dialog.type("dtpStartDate", QStringLiteral("2/30/2002"));
+        dialog.type("dtpEndTime", QStringLiteral("25:00"));
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "txtEventName");
+        dialog.type("txtEventName", QStringLiteral("FLOOD"));
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "rtbEventDescription");
+        dialog.type("rtbEventDescription", QStringLiteral("Again"));
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "lvVenues");
+        dialog.tick("lvVenues", QStringLiteral("Forest"));
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "dtpStartDate");
+        dialog.type("dtpStartDate", QStringLiteral("2/28/2002"));
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "dtpEndTime");
+        dialog.type("dtpEndTime", QString());
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "txtEventName");
+        dialog.click("cmdCancel");
+    });
+    EXPECT_EQ(rows("SELECT count(*) FROM Event"), "3");
+}
+
+TEST_F(EventEditor, ChangesAnEventAndLeavesEmptyPickersEmpty)
+{
+    editFirst([&](OpenDialog& dialog) {
+        EXPECT_EQ(dialog.title(), "Editing EventID 2");
+        EXPECT_EQ(dialog.text("dtpStartDate") + ' ' + dialog.text("dtpStartTime"), "04/21/1927 07:30");
+        EXPECT_EQ(dialog.text("dtpEndDate") + dialog.text("dtpEndTime"), "");
+        EXPECT_EQ(dialog.text("lstEventFunctions"), "Shelter");
+        inDialog(
+            "frmPicList", [&] { dialog.click("cmdAddEventOrg"); },
+            [](OpenDialog& list) {
+                QTest::keyClick(&list.find<QTreeView>("lvPicList"), Qt::Key_Space);
+                list.click("cmdOK");
+            });
+        inDialog(
+            "frmPicList", [&] { dialog.click("cmdAddEventDoc"); },
+            [](OpenDialog& list) {
+                QTest::keyClick(&list.find<QTreeView>("lvPicList"), Qt::Key_Space);
+                list.click("cmdCancel");
+            });
+        dialog.click("cmdClearEventFunctions");
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(rows("SELECT StartDate, EndDate, EndTime, KeyEvent FROM Event WHERE EventID = 2"),
+              "1927-04-21|NULL|NULL|1");
+    EXPECT_EQ(rows("SELECT OrganizationID FROM OrganizationEvents WHERE EventID = 2"), "8");
+    EXPECT_EQ(rows("SELECT DocumentID FROM DocumentEvents WHERE EventID = 2"), "1");
+    EXPECT_EQ(rows("SELECT FunctionID FROM EventFunctions WHERE EventID = 2"), "1");
+    EXPECT_EQ(rows("SELECT count(*) FROM Event_HIST WHERE EventID = 2"), "1");
+}
+
+TEST_F(EventEditor, TakesPresetsIntoItsLists)
+{
+    auto& editors = journey.find<RecordEditors>("");
+    struct Case
+    {
+        QString word;
+        const char* documents;
+        const char* organizations;
+    };
+    for (const Case& each :
+         {Case{documentKindWord, "Preset", "None"}, Case{organizationKindWord, "None", "Preset"},
+          Case{QStringLiteral("EVENT"), "None", "None"}}) {
+        if (each.word == QStringLiteral("EVENT")) {
+            messages().expectMessage(QStringLiteral("Invalid FieldName to add to current event"));
+        }
+        inDialog(
+            "frmEvent",
+            [&] {
+                editors.addEvent(clsFieldInfo{each.word, 5, QStringLiteral("Preset")});
+            },
+            [&](OpenDialog& dialog) {
+                EXPECT_EQ(dialog.text("lstEventDocuments"), each.documents);
+                EXPECT_EQ(dialog.text("lstEventOrgs"), each.organizations);
+                dialog.click("cmdCancel");
+            });
+    }
+}
+
+TEST_F(EventEditor, OpensFromTheTimeline)
+{
+    QWidget* label = nullptr;
+    for (QWidget* each : journey.program->window()->findChildren<QWidget*>()) {
+        if (each->objectName().startsWith(QStringLiteral("tlLabel(")) && each->isVisible()) label = each;
+    }
+    ASSERT_NE(label, nullptr);
+    inDialog(
+        "frmEvent", [&] { QTest::mouseDClick(label, Qt::LeftButton, {}, QPoint(4, 4)); },
+        [](OpenDialog& dialog) {
+            EXPECT_EQ(dialog.title(), "Viewing EventID 2 (Read-Only)");
+            dialog.click("cmdCancel");
+        });
+    QTest::mouseClick(label, Qt::RightButton, {}, QPoint(4, 4));
+    auto& menu = journey.find<QMenu>("popEventList");
+    EXPECT_TRUE(menu.isVisible());
+    EXPECT_EQ(journey.list().currentIndex().row(), 0);
+    EXPECT_TRUE(journey.find<QAction>("mnuRecordDelete").isEnabled());
+    menu.close();
+}
+
+} // namespace

@@ -1,0 +1,100 @@
+// What every editor owes to the keyboard and to small screens.
+
+#include "Dialogs.h"
+#include "Journey.h"
+
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSet>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct EditorCase
+{
+    const char* dialog;
+    const char* command;
+};
+
+class Form : public ::testing::TestWithParam<EditorCase>
+{
+protected:
+    Form() { journey.start(); }
+
+    void open(const std::function<void(OpenDialog&)>& work)
+    {
+        inDialog(
+            GetParam().dialog, [&] { journey.trigger(GetParam().command); }, work);
+    }
+
+    Journey journey;
+};
+
+/// The letter that a caption is reached by, or nothing.
+QString mnemonic(const QString& caption)
+{
+    const qsizetype mark = caption.indexOf(u'&');
+    return mark < 0 ? QString() : QString(caption.mid(mark + 1, 1).toLower());
+}
+
+TEST_P(Form, ReachesEveryFieldByAKeyOfItsOwn)
+{
+    open([](OpenDialog& dialog) {
+        QSet<QString> keys;
+        for (const QLabel* label : dialog.dialog().findChildren<QLabel*>()) {
+            if (!label->isVisible() || label->text().isEmpty()) continue;
+            const QString key = mnemonic(label->text());
+            EXPECT_FALSE(key.isEmpty()) << label->text().toStdString();
+            EXPECT_FALSE(keys.contains(key)) << label->text().toStdString();
+            ASSERT_NE(label->buddy(), nullptr) << label->text().toStdString();
+            EXPECT_NE(label->buddy()->focusPolicy(), Qt::NoFocus) << label->text().toStdString();
+            keys.insert(key);
+        }
+        EXPECT_GT(keys.size(), 8);
+        dialog.click("cmdCancel");
+    });
+}
+
+TEST_P(Form, NamesEveryFieldForScreenReaders)
+{
+    open([](OpenDialog& dialog) {
+        for (const QWidget* part : dialog.dialog().findChildren<QWidget*>()) {
+            const bool isField = part->objectName().startsWith(QStringLiteral("txt")) ||
+                                 part->objectName().startsWith(QStringLiteral("rtb")) ||
+                                 part->objectName().startsWith(QStringLiteral("cmb")) ||
+                                 part->objectName().startsWith(QStringLiteral("dtp")) ||
+                                 part->objectName().startsWith(QStringLiteral("l"));
+            if (isField && part->focusPolicy() != Qt::NoFocus) {
+                EXPECT_FALSE(part->accessibleName().isEmpty()) << part->objectName().toStdString();
+            }
+        }
+        dialog.click("cmdCancel");
+    });
+}
+
+TEST_P(Form, ScrollsWhereTheWindowIsSmallAndRemembersItsSize)
+{
+    open([](OpenDialog& dialog) {
+        dialog.dialog().resize(400, 300);
+        EXPECT_LE(dialog.dialog().width(), 500);
+        auto& area = dialog.find<QScrollArea>("scrollArea");
+        QTest::qWait(1);
+        EXPECT_GT(area.verticalScrollBar()->maximum(), 0);
+        dialog.dialog().resize(640, 480);
+        dialog.click("cmdCancel");
+    });
+    open([](OpenDialog& dialog) {
+        EXPECT_EQ(dialog.dialog().size(), QSize(640, 480));
+        dialog.click("cmdCancel");
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(Editors, Form,
+                         ::testing::Values(EditorCase{"frmDocument", "mnuRecordAddNewDocument"},
+                                           EditorCase{"frmEvent", "mnuRecordAddNewEvent"},
+                                           EditorCase{"frmOrganization", "mnuRecordAddNewOrganization"}));
+
+} // namespace

@@ -1,0 +1,165 @@
+#include "Dialogs.h"
+#include "Journey.h"
+
+#include <QComboBox>
+#include <QFile>
+#include <QTabWidget>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A journey with one organization that has a profile, showing the organizations.
+class OrganizationEditor : public ::testing::Test
+{
+protected:
+    OrganizationEditor()
+    {
+        TestDatabase& database = journey.database;
+        database.run("INSERT INTO Venue VALUES (1, 'Coast'), (2, 'Forest')");
+        database.run("INSERT INTO Function VALUES (1, 'None'), (2, 'Rescue')");
+        database.run(
+            "INSERT INTO States VALUES (1, 'None', ''), (2, 'OR', 'Oregon'), (3, 'WA', 'Washington')");
+        database.run("INSERT INTO OrganizationTypes VALUES (1, 'None'), (2, 'State'), (3, 'Private')");
+        database.run(
+            "INSERT INTO OrganizationSubTypes VALUES (1, 1, 'None'), (4, 2, 'Police'), (3, 2, 'Zoo')");
+        database.run("INSERT INTO JurisdictionTypes VALUES (1, 'City'), (2, 'County')");
+        database.run("INSERT INTO PopulationTypes VALUES (1, 'Adults'), (2, 'Children')");
+        database.run(
+            "INSERT INTO Organization (OrganizationID, OrganizationName, City, State, Website, "
+            "OrganizationTypeID, OrganizationSubTypeID, FunctionID, Lat, Lon, Status) VALUES "
+            "(1, 'None', NULL, NULL, NULL, 1, 1, 1, NULL, NULL, 'ACTIVE'), "
+            "(2, 'Ferry Service', 'Astoria', 'XX', 'ferry.example', 2, 4, 2, 46.2, -123.8, 'ACTIVE')");
+        database.run("INSERT INTO OrganizationProfile (OrganizationProfileID, MissionStatement, "
+                     "SwornEmployees, OrganizationChart, ChartOption) VALUES (2, 'To ferry', 12, "
+                     "'C:\\charts\\ferry.pdf', 1)");
+        database.run("INSERT INTO OrganizationProfileJurisdictions VALUES (2, 1, 0), (2, 2, 1)");
+        QDir().mkpath(journey.dataFolder() + QStringLiteral("orgcharts"));
+        write(storedChart, "old chart");
+        journey.start();
+        journey.trigger("mnuViewOrganizations");
+    }
+
+    static void write(const QString& name, const char* content)
+    {
+        QFile file(name);
+        file.open(QIODevice::WriteOnly);
+        file.write(content);
+    }
+
+    void inEditor(const char* command, const std::function<void(OpenDialog&)>& work)
+    {
+        inDialog(
+            "frmOrganization", [&] { journey.trigger(command); }, work);
+    }
+
+    void editFirst(const std::function<void(OpenDialog&)>& work)
+    {
+        journey.list().setCurrentIndex(journey.list().model()->index(0, 0));
+        inEditor("mnuRecordEdit", work);
+    }
+
+    std::string rows(const char* statement) { return journey.database.ask(statement).toStdString(); }
+    ScriptedMessages& messages() { return journey.desktop.messages; }
+
+    Journey journey;
+    QString storedChart = journey.dataFolder() + QStringLiteral("orgcharts/2.pdf");
+};
+
+TEST_F(OrganizationEditor, AddsARecordWithItsProfile)
+{
+    const QString chart = journey.database.folder() + QStringLiteral("/chart.png");
+    write(chart, "chart");
+    messages().expectMessage(QStringLiteral("Organization name is required."));
+    messages().expectMessage(
+        QStringLiteral("Organization with identical name already exists. Please choose a different name."));
+    journey.desktop.fileDialogs.files = {chart};
+    inEditor("mnuRecordAddNewOrganization", [&](OpenDialog& dialog) {
+        EXPECT_EQ(dialog.title(), "Add a New Organization");
+        EXPECT_EQ(dialog.text("cmbOrgTypes") + dialog.text("cmbState") + dialog.text("cmbFunctions"),
+                  "NoneNoneNone");
+        dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.find<QTabWidget>("tabOrganization").currentIndex(), 0) << "where the name is";
+        EXPECT_EQ(dialog.focus(), "txtOrganizationName");
+        dialog.type("txtOrganizationName", QStringLiteral("ferry service"));
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "txtOrganizationName");
+        dialog.type("txtOrganizationName", QStringLiteral("Bridge Office"));
+        dialog.choose("cmbOrgTypes", QStringLiteral("State"));
+        EXPECT_EQ(dialog.find<QComboBox>("cmbOrgSubTypes").itemText(1), QStringLiteral("Zoo"))
+            << "by identifier, not by name";
+        dialog.choose("cmbOrgSubTypes", QStringLiteral("Police"));
+        dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
+        dialog.tick("lvJurisdictions", QStringLiteral("County"));
+        dialog.click("cmdUploadOrgChart");
+        EXPECT_FALSE(dialog.find<QWidget>("fraChartWarning").isVisible());
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(rows("SELECT OrganizationName, State, OrganizationTypeID, OrganizationSubTypeID, FunctionID, "
+                   "Status, ParentID FROM Organization WHERE OrganizationID = 3"),
+              "Bridge Office|None|2|4|1|ACTIVE|1");
+    EXPECT_EQ(rows("SELECT ChartOption FROM OrganizationProfile WHERE OrganizationProfileID = 3"), "1");
+    EXPECT_EQ(rows("SELECT JurisdictionID, Setting FROM OrganizationProfileJurisdictions "
+                   "WHERE OrganizationProfileID = 3"),
+              "1|0\n2|1");
+    EXPECT_EQ(rows("SELECT PopulationID, Setting FROM OrganizationProfilePopulations "
+                   "WHERE OrganizationProfileID = 3"),
+              "1|0\n2|0");
+    EXPECT_TRUE(QFile::exists(journey.dataFolder() + QStringLiteral("orgcharts/3.png")));
+    EXPECT_EQ(journey.column(0), "Bridge Office|Ferry Service");
+}
+
+TEST_F(OrganizationEditor, RefillsTheSubTypesOfAnotherType)
+{
+    editFirst([](OpenDialog& dialog) {
+        auto& subTypes = dialog.find<QComboBox>("cmbOrgSubTypes");
+        EXPECT_EQ(dialog.text("cmbOrgSubTypes"), "Police");
+        dialog.choose("cmbOrgTypes", QStringLiteral("Private"));
+        EXPECT_EQ(subTypes.count(), 1);
+        EXPECT_EQ(dialog.text("cmbOrgSubTypes"), "None");
+        dialog.choose("cmbOrgTypes", QStringLiteral("State"));
+        EXPECT_EQ(subTypes.count(), 3);
+        EXPECT_EQ(dialog.text("cmbOrgSubTypes"), "None");
+        dialog.click("cmdCancel");
+    });
+}
+
+TEST_F(OrganizationEditor, WarnsOfAChartThatASaveWouldDropAndTakesTheStoredCopy)
+{
+    editFirst([&](OpenDialog& dialog) {
+        dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
+        EXPECT_EQ(dialog.text("txtOrganizationChart"), "C:\\charts\\ferry.pdf");
+        EXPECT_TRUE(dialog.find<QWidget>("fraChartWarning").isVisible());
+        dialog.click("cmdTakeStoredChart");
+        EXPECT_FALSE(dialog.find<QWidget>("fraChartWarning").isVisible());
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(rows("SELECT ChartOption, SwornEmployees, MissionStatement FROM OrganizationProfile"),
+              "1|12|To ferry");
+    EXPECT_EQ(rows("SELECT State, City, Lat FROM Organization WHERE OrganizationID = 2"), "XX|Astoria|46.2")
+        << "a state that no table knows stays";
+    QFile chart(storedChart);
+    ASSERT_TRUE(chart.open(QIODevice::ReadOnly));
+    EXPECT_EQ(chart.readAll(), QByteArray("old chart"));
+}
+
+TEST_F(OrganizationEditor, ShowsARecordWithoutWarningsAndOpensItsSite)
+{
+    QTest::mouseClick(journey.list().viewport(), Qt::LeftButton, {},
+                      journey.list().visualRect(journey.list().model()->index(0, 0)).center());
+    inDialog(
+        "frmOrganization", [&] { QTest::keyClick(&journey.list(), Qt::Key_Return); },
+        [&](OpenDialog& dialog) {
+            EXPECT_EQ(dialog.title(), "Viewing Organization 2 (Read-Only)");
+            EXPECT_FALSE(dialog.find<QWidget>("fraChartWarning").isVisibleTo(&dialog.dialog()));
+            journey.desktop.shell.hasProgram = false;
+            messages().expectMessage(
+                QStringLiteral("There is no program to open this address: http://ferry.example"));
+            QTest::mouseClick(&dialog.find<QWidget>("txtWebsite"), Qt::LeftButton);
+            dialog.press(Qt::Key_Escape);
+        });
+}
+
+} // namespace

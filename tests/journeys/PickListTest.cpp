@@ -1,0 +1,149 @@
+#include "Dialogs.h"
+#include "Journey.h"
+#include "editors/PickListModel.h"
+#include "editors/frmPicList.h"
+
+#include <QAbstractItemModelTester>
+#include <QHeaderView>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string texts(const QAbstractItemModel& model)
+{
+    QStringList texts;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        const QModelIndex index = model.index(row, 0);
+        const bool ticked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+        texts << (ticked ? u'*' : u' ') + index.data().toString();
+    }
+    return texts.join(u'|').toStdString();
+}
+
+std::string names(const PickedItems& items)
+{
+    QStringList names;
+    for (const clsPickListItem& item : items)
+        names << QString::number(item.itemID) + u' ' + item.itemName;
+    return names.join(u'|').toStdString();
+}
+
+TEST(PickListModel, FiltersAndSortsAroundItsTicks)
+{
+    PickListModel model;
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    model.setRows({{2, QStringLiteral("Portland"), QStringLiteral("OR")},
+                   {3, QStringLiteral("Éclair"), QStringLiteral("WA")},
+                   {4, QStringLiteral("eagle"), QStringLiteral("OR")}},
+                  PickListKind::CityLocations, {{3, QString()}, {99, QString()}});
+    EXPECT_EQ(texts(model), " Portland|*Éclair| eagle");
+    model.setFilter(QStringLiteral("or la"));
+    EXPECT_EQ(texts(model), " Portland");
+    model.toggle({model.index(0, 0)});
+    model.setFilter(QStringLiteral("nothing"));
+    EXPECT_EQ(model.rowCount(), 0);
+    EXPECT_EQ(model.tickedCount(), 2u) << "what the filter hides counts";
+    model.sort(0, Qt::DescendingOrder);
+    EXPECT_EQ(names(model.ticked()), "2 Portland, OR|3 Éclair, WA");
+
+    model.setFilter(QString());
+    const QPersistentModelIndex eagle = model.index(2, 0);
+    EXPECT_EQ(eagle.data().toString(), QStringLiteral("eagle"));
+    model.sort(0, Qt::AscendingOrder);
+    EXPECT_EQ(texts(model), " eagle|*Éclair|*Portland");
+    EXPECT_EQ(eagle.row(), 0);
+    model.sort(1, Qt::AscendingOrder);
+    EXPECT_EQ(texts(model), " eagle|*Portland|*Éclair") << "equal texts keep their order";
+    EXPECT_TRUE(model.setData(model.index(0, 0), Qt::Checked, Qt::CheckStateRole));
+    EXPECT_FALSE(model.setData(model.index(0, 1), Qt::Checked, Qt::CheckStateRole));
+    EXPECT_EQ(names(model.ticked()), "4 eagle, OR|2 Portland, OR|3 Éclair, WA");
+}
+
+TEST(PickListModel, HandsBackEachRecordOnceAndNoneBeyondSixteenBits)
+{
+    PickListModel model;
+    model.setRows(
+        {{7, QStringLiteral("a"), {}}, {7, QStringLiteral("b"), {}}, {32768, QStringLiteral("c"), {}}},
+        PickListKind::Documents, {{7, QString()}});
+    EXPECT_EQ(names(model.ticked()), "7 a");
+    model.toggle({model.index(2, 0)});
+    EXPECT_EQ(errorNumberOf([&] { (void)model.ticked(); }), 6);
+}
+
+class PickListDialog : public ::testing::Test
+{
+protected:
+    PickListDialog()
+    {
+        journey.database.run(
+            "INSERT INTO Function VALUES (1, 'None'), (2, 'beta'), (3, 'Alpha'), (4, 'gamma')");
+        journey.start();
+    }
+
+    bool show(PickListKind kind)
+    {
+        frmPicList dialog(journey.desktop.platform(), journey.program->state().session, nullptr);
+        return dialog.showList(kind, chosen);
+    }
+
+    Journey journey;
+    PickedItems chosen{{1, QStringLiteral("None")}, {4, QStringLiteral("gamma")}};
+};
+
+TEST_F(PickListDialog, TicksWithTheSpaceBarAndSortsByItsHeader)
+{
+    inDialog(
+        "frmPicList", [&] { EXPECT_TRUE(show(PickListKind::Functions)); },
+        [](OpenDialog& dialog) {
+            auto& list = dialog.find<QTreeView>("lvPicList");
+            EXPECT_EQ(texts(*list.model()), " Alpha| beta|*gamma");
+            EXPECT_EQ(list.model()->headerData(0, Qt::Horizontal).toString(),
+                      QStringLiteral("Function Name"));
+            EXPECT_EQ(list.columnWidth(0), list.width() - 50);
+            EXPECT_EQ(dialog.find<QLabel>("lblCount").text(), QStringLiteral("1 of 3 ticked"));
+            const QPoint header(5, list.header()->height() / 2);
+            QTest::mouseClick(list.header()->viewport(), Qt::LeftButton, {}, header);
+            QTest::mouseClick(list.header()->viewport(), Qt::LeftButton, {}, header);
+            EXPECT_EQ(texts(*list.model()), "*gamma| beta| Alpha");
+            list.selectAll();
+            QTest::keyClick(&list, Qt::Key_Space);
+            EXPECT_EQ(texts(*list.model()), " gamma|*beta|*Alpha");
+            dialog.type("txtFilter", QStringLiteral("AL"));
+            EXPECT_EQ(dialog.find<QLabel>("lblCount").text(), QStringLiteral("2 of 3 ticked, 1 shown"));
+            dialog.press(Qt::Key_Return);
+        });
+    EXPECT_EQ(names(chosen), "2 beta|3 Alpha");
+}
+
+TEST_F(PickListDialog, LeavesTheChoiceAloneOnCancelAndForEmptyKinds)
+{
+    inDialog(
+        "frmPicList", [&] { EXPECT_FALSE(show(PickListKind::Functions)); },
+        [](OpenDialog& dialog) {
+            QTest::keyClick(&dialog.find<QTreeView>("lvPicList"), Qt::Key_Space);
+            dialog.click("cmdCancel");
+        });
+    EXPECT_EQ(names(chosen), "1 None|4 gamma");
+    journey.desktop.messages.expectMessage(QStringLiteral("No ACTIVE DocumentTypes"));
+    EXPECT_FALSE(show(PickListKind::DocumentTypes));
+    EXPECT_EQ(names(chosen), "1 None|4 gamma");
+    journey.desktop.messages.finish();
+}
+
+TEST_F(PickListDialog, HandsBackNothingWhereNothingIsTicked)
+{
+    inDialog(
+        "frmPicList", [&] { EXPECT_TRUE(show(PickListKind::Functions)); },
+        [](OpenDialog& dialog) {
+            auto& list = dialog.find<QTreeView>("lvPicList");
+            list.setCurrentIndex(list.model()->index(2, 0));
+            QTest::keyClick(&list, Qt::Key_Space);
+            dialog.click("cmdOK");
+        });
+    EXPECT_TRUE(chosen.empty());
+}
+
+} // namespace

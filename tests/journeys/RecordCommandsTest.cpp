@@ -1,0 +1,150 @@
+#include "Dialogs.h"
+#include "Journey.h"
+#include "editors/RecordEditors.h"
+
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class RecordCommands : public ::testing::Test
+{
+protected:
+    RecordCommands()
+    {
+        journey.database.run(
+            "INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, OriginalFilename, dStatus) "
+            "VALUES (2, 'One', 'd', 'a.pdf', 'ACTIVE'), (3, 'Three \"3\"', 'd', 'a.pdf', 'ACTIVE'), "
+            "(4, 'Two', 'd', 'a.pdf', 'ACTIVE'), (5, 'Zero', 'd', 'a.pdf', 'ACTIVE')");
+        journey.database.run("INSERT INTO Event (EventID, EventName, Status) VALUES (2, 'Flood', 'ACTIVE')");
+        journey.database.run("INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES (2, "
+                             "'Agency', 'ACTIVE')");
+        journey.start();
+    }
+
+    void choose(int row) { journey.list().setCurrentIndex(journey.list().model()->index(row, 0)); }
+    bool isEnabled(const char* command) { return journey.find<QAction>(command).isEnabled(); }
+    std::string rows(const char* statement) { return journey.database.ask(statement).toStdString(); }
+    ScriptedMessages& messages() { return journey.desktop.messages; }
+
+    Journey journey;
+};
+
+TEST_F(RecordCommands, DeleteAsksByNameAndShowsTheListAgain)
+{
+    journey.trigger("mnuViewDocuments");
+    choose(1);
+    const QString question = QStringLiteral("Are you sure you want to delete the Document \"Three \"3\"\"?");
+    messages().expectQuestion(question, false);
+    QTest::keyClick(&journey.list(), Qt::Key_Delete);
+    EXPECT_EQ(journey.column(0), "One|Three \"3\"|Two|Zero");
+    messages().expectQuestion(question, true);
+    messages().expectMessage(QStringLiteral("Document ID 3 successfully deleted."));
+    QTest::keyClick(&journey.list(), Qt::Key_Delete);
+    EXPECT_EQ(journey.column(0), "One|Two|Zero");
+    EXPECT_EQ(journey.list().currentIndex().row(), 1) << "the row in its place";
+    EXPECT_EQ(rows("SELECT dStatus FROM Document WHERE DocumentID = 3"), "DELETED");
+    EXPECT_EQ(rows("SELECT count(*) FROM Document_HIST"), "0");
+
+    journey.trigger("mnuViewEvents");
+    choose(0);
+    messages().expectQuestion(QStringLiteral("Are you sure you want to delete the Event \"Flood\"?"), true);
+    messages().expectMessage(QStringLiteral("Event ID 2 successfully deleted."));
+    journey.trigger("mnuRecordDelete");
+    journey.trigger("mnuViewOrganizations");
+    choose(0);
+    messages().expectQuestion(QStringLiteral("Are you sure you want to delete the Organization \"Agency\"?"),
+                              true);
+    messages().expectMessage(QStringLiteral("Organization ID 2 successfully deleted."));
+    journey.trigger("mnuRecordDelete");
+    messages().finish();
+    EXPECT_EQ(rows("SELECT Status FROM Event WHERE EventID = 2 UNION ALL "
+                   "SELECT Status FROM Organization WHERE OrganizationID = 2"),
+              "DELETED\nDELETED");
+}
+
+TEST_F(RecordCommands, DeleteAsksOnceForSeveralAndSendsOneNotice)
+{
+    journey.trigger("mnuViewDocuments");
+    QSignalSpy notices(&journey.find<RecordEditors>(""), &RecordEditors::changed);
+    choose(0);
+    QTest::keyClick(&journey.list(), Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&journey.list(), Qt::Key_Down, Qt::ShiftModifier);
+    messages().expectQuestion(QStringLiteral("Are you sure you want to delete the 3 selected Documents?"),
+                              true);
+    messages().expectMessage(QStringLiteral("3 Documents successfully deleted."));
+    journey.trigger("mnuRecordDelete");
+    messages().finish();
+    EXPECT_EQ(journey.column(0), "Zero");
+    EXPECT_EQ(notices.count(), 1);
+}
+
+TEST_F(RecordCommands, AreThereWhereTheyCanDoSomething)
+{
+    EXPECT_TRUE(isEnabled("mnuRecordAddNewEvent"));
+    EXPECT_FALSE(isEnabled("mnuRecordEdit")) << "on the home page";
+    journey.trigger("mnuViewDocuments");
+    EXPECT_FALSE(isEnabled("mnuRecordDelete")) << "nothing is selected";
+    choose(0);
+    EXPECT_TRUE(isEnabled("mnuRecordEdit") && isEnabled("mnuRecordView") && isEnabled("mnuRecordDelete"));
+    journey.trigger("mnuNavigateHome");
+    EXPECT_FALSE(isEnabled("mnuRecordDelete"));
+}
+
+TEST_F(RecordCommands, ADoubleClickAndEnterViewTheRecord)
+{
+    journey.trigger("mnuViewDocuments");
+    const QPoint row = journey.list().visualRect(journey.list().model()->index(2, 0)).center();
+    const auto expectTwo = [](OpenDialog& dialog) {
+        EXPECT_EQ(dialog.title(), "Viewing DocumentID 4 (Read-Only)");
+        dialog.click("cmdCancel");
+    };
+    QTest::mouseClick(journey.list().viewport(), Qt::LeftButton, {}, row);
+    inDialog(
+        "frmDocument", [&] { QTest::mouseDClick(journey.list().viewport(), Qt::LeftButton, {}, row); },
+        expectTwo);
+    inDialog(
+        "frmDocument", [&] { QTest::keyClick(&journey.list(), Qt::Key_Return); }, expectTwo);
+}
+
+TEST_F(RecordCommands, TheToolbarOffersTheThreeKinds)
+{
+    auto& menu = *journey.find<QToolButton>("Add").defaultAction()->menu();
+    QStringList entries;
+    for (const QAction* entry : menu.actions())
+        entries << entry->objectName() + u' ' + QString(entry->text()).remove(u'&');
+    EXPECT_EQ(entries.join(u'|').toStdString(),
+              "NewDocument New Document|NewEvent New Event|NewOrganization New Organization");
+    QTest::keyClick(journey.program->window(), Qt::Key_N, Qt::ControlModifier);
+    ASSERT_TRUE(menu.isVisible());
+    inDialog(
+        "frmEvent", [&] { QTest::keyClick(&menu, Qt::Key_E); },
+        [](OpenDialog& dialog) { dialog.click("cmdCancel"); });
+}
+
+TEST_F(RecordCommands, ASaveShowsTheViewOnceAndKeepsTheSelection)
+{
+    journey.trigger("mnuViewDocuments");
+    choose(2);
+    QSignalSpy fills(journey.list().model(), &QAbstractItemModel::modelReset);
+    inDialog(
+        "frmDocument", [&] { journey.trigger("mnuRecordEdit"); },
+        [](OpenDialog& dialog) {
+            dialog.type("txtDocumentName", QStringLiteral("Alone"));
+            dialog.click("cmdOK");
+        });
+    EXPECT_EQ(fills.count(), 1);
+    EXPECT_EQ(journey.column(0), "Alone|One|Three \"3\"|Zero");
+    EXPECT_EQ(journey.list().currentIndex().row(), 0);
+    inDialog(
+        "frmDocument", [&] { journey.trigger("mnuRecordEdit"); },
+        [](OpenDialog& dialog) { dialog.click("cmdCancel"); });
+    EXPECT_EQ(fills.count(), 1) << "Cancel shows nothing again";
+    EXPECT_EQ(journey.program->state().history.count(), 2u);
+}
+
+} // namespace
