@@ -60,6 +60,7 @@ public:
     explicit BenchWindow(int records);
 
     [[nodiscard]] Main_Mod& program() { return m_program; }
+    [[nodiscard]] const Platform& platform() const { return m_platform; }
 
 private:
     NoMessages m_messages;
@@ -68,6 +69,7 @@ private:
     NoFiles m_files;
     SystemClock m_clock;
     SystemVolumes m_volumes;
+    Platform m_platform;
     Main_Mod m_program;
 };
 

@@ -1,0 +1,123 @@
+// The editors and the pick list on a database of full size, from the command to the dialog painted, beside
+// what the engine alone takes to step the names of all organizations.
+
+#include "BenchWindow.h"
+#include "browse/frmMain.h"
+#include "editors/EntryCombo.h"
+#include "editors/RecordEditors.h"
+#include "editors/frmPicList.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QTimer>
+
+#include <optional>
+
+namespace {
+
+constexpr int fullSize = 32000;
+
+QString allNames()
+{
+    return QStringLiteral("SELECT OrganizationName, OrganizationID FROM Organization "
+                          "WHERE OrganizationID > 1 ORDER BY OrganizationName COLLATE NOCASE");
+}
+
+/// The time until the dialog that `open` opens is painted; closes it then.
+Milliseconds timeToShown(const std::function<void()>& open)
+{
+    std::optional<std::chrono::steady_clock::time_point> shown;
+    QTimer timer;
+    timer.setSingleShot(true);
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        dialog->repaint();
+        shown = std::chrono::steady_clock::now();
+        dialog->done(QDialog::Rejected);
+    });
+    const auto begin = std::chrono::steady_clock::now();
+    timer.start(0);
+    open();
+    return shown ? *shown - begin : Milliseconds(0);
+}
+
+void compareToShown(benchmark::State& state, const std::function<void()>& open)
+{
+    std::vector<double> plain;
+    std::vector<double> ours;
+    for (auto _ : state) {
+        plain.push_back(timeOf([] { stepPlain(largeDatabase(fullSize), allNames()); }).count());
+        ours.push_back(timeToShown(open).count());
+        state.SetIterationTime(ours.back() / 1000);
+    }
+    state.counters["names_ms"] = medianOf(plain);
+    state.counters["shown_ms"] = medianOf(ours);
+    state.counters["ratio"] = medianOf(ours) / medianOf(plain);
+}
+
+void openEditor(benchmark::State& state, ViewKind kind)
+{
+    BenchWindow window(fullSize);
+    RecordEditors editors(window.platform(), window.program().state(), *window.program().window());
+    compareToShown(state, [&] { editors.view(kind, fullSize / 2); });
+}
+
+void documentEditor(benchmark::State& state)
+{
+    openEditor(state, ViewKind::Documents);
+}
+
+void eventEditor(benchmark::State& state)
+{
+    openEditor(state, ViewKind::Events);
+}
+
+void organizationEditor(benchmark::State& state)
+{
+    openEditor(state, ViewKind::Organizations);
+}
+
+void pickList(benchmark::State& state)
+{
+    BenchWindow window(fullSize);
+    PickedItems chosen;
+    compareToShown(state, [&] {
+        frmPicList(window.platform(), window.program().state().session, nullptr)
+            .showList(PickListKind::Organizations, chosen);
+    });
+}
+
+/// From the key to the open drop-down of all organizations.
+void dropDown(benchmark::State& state)
+{
+    std::vector<ListEntry> entries;
+    for (int i = 0; i < fullSize; ++i)
+        entries.push_back({QStringLiteral("Organization %1 of some county").arg(i), i + 2});
+    EntryCombo combo(EntryCombo::Kind::Searching, nullptr);
+    combo.fill(entries);
+    combo.show();
+    for (auto _ : state) {
+        combo.showPopup();
+        QApplication::processEvents();
+        state.PauseTiming();
+        combo.hidePopup();
+        state.ResumeTiming();
+    }
+}
+
+} // namespace
+
+BENCHMARK(documentEditor)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(2);
+BENCHMARK(eventEditor)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(2);
+BENCHMARK(organizationEditor)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(2);
+BENCHMARK(pickList)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(2);
+BENCHMARK(dropDown)->Unit(benchmark::kMillisecond);
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return EXIT_SUCCESS;
+}
