@@ -77,9 +77,12 @@ void RecordCommands::enable(bool isOpen, const QString& hindrance)
                             m_commands.mnuRecordAddNewEvent, m_commands.mnuRecordAddNewOrganization}) {
         enableUnless(*action, closed);
     }
-    const QString nothing = m_list.selectedCount() > 0 ? QString() : tr("Select a record first.");
-    for (QAction* action : {m_commands.mnuRecordEdit, m_commands.mnuRecordView, m_commands.mnuRecordDelete})
-        enableUnless(*action, hindrance.isEmpty() ? nothing : hindrance);
+    const std::size_t count = m_list.selectedCount();
+    const QString nothing = count > 0 ? hindrance : tr("Select a record first.");
+    const QString notOne = count > 1 ? tr("Select a single record.") : nothing;
+    enableUnless(*m_commands.mnuRecordDelete, hindrance.isEmpty() ? nothing : hindrance);
+    for (QAction* action : {m_commands.mnuRecordEdit, m_commands.mnuRecordView})
+        enableUnless(*action, hindrance.isEmpty() ? notOne : hindrance);
 }
 
 void RecordCommands::selectAfterChange(ViewKind kind, qint64 saved)

@@ -1,5 +1,5 @@
+#include "Dialogs.h"
 #include "Journey.h"
-#include "browse/RelatedCommands.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>
@@ -29,9 +29,6 @@ protected:
     {
         addRecords(journey.database);
         journey.start();
-        auto& related = *journey.program->window()->findChild<RelatedCommands*>();
-        QObject::connect(&related, &RelatedCommands::additionWanted, &related,
-                         [this](const RecordAddition& addition) { wanted.push_back(addition); });
     }
 
     /// The pop-up menu that a right click on the current row opens: its entries, the disabled ones in
@@ -54,27 +51,31 @@ protected:
     }
 
     Journey journey;
-    std::vector<RecordAddition> wanted;
 };
 
 TEST_F(RelatedJourney, GoesFromADocumentToItsEventsToTheirOrganizationsAndBack)
 {
     journey.trigger("mnuViewDocuments");
     journey.select("Atlas");
-    EXPECT_EQ(popUp("popDocList"), "Open|View Events|View Source Organization|Copy|Refresh|Show All");
+    EXPECT_EQ(
+        popUp("popDocList"),
+        "Open|View…|Edit…|New Document…|Delete…|View Events|View Source Organization|Copy|Refresh|Show All");
     journey.trigger("popDocListViewEvents");
     EXPECT_EQ(journey.column(0), "Flood");
     EXPECT_EQ(journey.viewPanel(), QStringLiteral("View Only Events for Document \"Atlas\""));
     EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 1 Event"));
 
-    EXPECT_EQ(popUp("popEventList"), "(View Documents)|(View Organizations)|(Copy)|Refresh|Show All");
+    EXPECT_EQ(
+        popUp("popEventList"),
+        "(View…)|(Edit…)|New Event…|(Delete…)|(View Documents)|(View Organizations)|(Copy)|Refresh|Show All");
     journey.select("Flood");
     QTest::keyClick(journey.program->window(), Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(journey.viewPanel(), QStringLiteral("View Only Organizations for Event \"Flood\""));
     EXPECT_EQ(journey.column(0), "Survey");
 
     journey.select("Survey");
-    EXPECT_EQ(popUp("popOrgList"), "Open|View Documents|View Events|Copy|Refresh|Show All");
+    EXPECT_EQ(popUp("popOrgList"),
+              "Open|View…|Edit…|New Organization…|Delete…|View Documents|View Events|Copy|Refresh|Show All");
     journey.trigger("popOrgListViewEvents");
     EXPECT_EQ(journey.viewPanel(), QStringLiteral("View Only Organizations for Event \"Survey\""));
     EXPECT_EQ(journey.column(0), "Flood");
@@ -95,24 +96,22 @@ TEST_F(RelatedJourney, OffersToAddWhatIsNotThere)
     const QString question = QStringLiteral("No Events exist for this Document. Would you like to add one?");
     journey.desktop.messages.expectQuestion(question, false);
     journey.trigger("popDocListViewEvents");
-    EXPECT_TRUE(wanted.empty());
     EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Documents"));
 
     journey.desktop.messages.expectQuestion(question, true);
-    journey.trigger("popDocListViewEvents");
-    ASSERT_EQ(wanted.size(), 1u);
-    EXPECT_EQ(wanted[0].kind, ViewKind::Events);
-    ASSERT_TRUE(wanted[0].preset.has_value());
-    EXPECT_EQ(wanted[0].preset->FieldName, QStringLiteral("DOCUMENT"));
-    EXPECT_EQ(wanted[0].preset->FieldID, 3);
-    EXPECT_EQ(wanted[0].preset->FieldText, QStringLiteral("Brief & \"more\""));
+    inDialog(
+        "frmEvent", [&] { journey.trigger("popDocListViewEvents"); },
+        [](OpenDialog& dialog) {
+            EXPECT_EQ(dialog.text("lstEventDocuments"), "Brief & \"more\"");
+            EXPECT_EQ(dialog.text("lstEventOrgs"), "None");
+            dialog.click("cmdCancel");
+        });
 
     journey.desktop.messages.expectQuestion(
         QStringLiteral("No Source Organization exists for this Document. Would you like to add one?"), true);
-    journey.trigger("popDocListViewOrgs");
-    ASSERT_EQ(wanted.size(), 2u);
-    EXPECT_EQ(wanted[1].kind, ViewKind::Organizations);
-    EXPECT_FALSE(wanted[1].preset.has_value());
+    inDialog(
+        "frmOrganization", [&] { journey.trigger("popDocListViewOrgs"); },
+        [](OpenDialog& dialog) { dialog.click("cmdCancel"); });
     EXPECT_EQ(journey.program->state().history.count(), 2u);
 }
 
