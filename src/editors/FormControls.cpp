@@ -122,25 +122,26 @@ QString FormControls::text(const QPlainTextEdit& field, const QString& stored)
     return typed;
 }
 
-QStringList FormControls::state(const QWidget& form)
+FormControls::State FormControls::state(const QWidget& form)
 {
-    QStringList state;
+    State state;
     for (const QLineEdit* line : linesOf(form))
-        state << line->text();
+        state[line->objectName()] = line->text();
     const auto texts = form.findChildren<QPlainTextEdit*>();
     for (const QPlainTextEdit* text : texts)
-        state << text->toPlainText();
+        state[text->objectName()] = text->toPlainText();
     const auto combos = form.findChildren<EntryCombo*>();
     for (const EntryCombo* combo : combos)
-        state << QString::number(combo->currentIndex());
+        state[combo->objectName()] = QString::number(combo->currentIndex());
     const auto checks = form.findChildren<QCheckBox*>();
     for (const QCheckBox* check : checks)
-        state << QString::number(check->checkState());
+        state[check->objectName()] = QString::number(check->checkState());
     const auto lists = form.findChildren<QListWidget*>();
     for (const QListWidget* list : lists) {
+        QString& items = state[list->objectName()];
         for (int row = 0; row < list->count(); ++row) {
             const QListWidgetItem* item = list->item(row);
-            state << item->data(Qt::UserRole).toString() << QString::number(item->checkState());
+            items += item->data(Qt::UserRole).toString() + u' ' + QString::number(item->checkState()) + u'|';
         }
     }
     return state;

@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QStringList>
+#include <QString>
+
+#include <map>
 
 class QPlainTextEdit;
 class QWidget;
@@ -22,7 +24,9 @@ void showBeginnings(QWidget& form);
 /// the field knows one kind of line end and of blank only.
 [[nodiscard]] QString text(const QPlainTextEdit& field, const QString& stored);
 
-/// What the controls hold, so that a later state can be compared with an earlier one.
-[[nodiscard]] QStringList state(const QWidget& form);
+/// What each control holds, by its object name, so that a later state can be compared with an earlier one.
+using State = std::map<QString, QString>;
+
+[[nodiscard]] State state(const QWidget& form);
 
 } // namespace FormControls

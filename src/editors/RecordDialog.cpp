@@ -2,7 +2,6 @@
 
 #include "editors/AddressEdit.h"
 #include "editors/EntryCombo.h"
-#include "editors/FormControls.h"
 #include "editors/LinkList.h"
 #include "editors/PickedEntries.h"
 #include "editors/WindowSize.h"

@@ -3,11 +3,11 @@
 #include "app/ProgramState.h"
 #include "data/ListEntry.h"
 #include "editors/EditorTypes.h"
+#include "editors/FormControls.h"
 #include "platform/Platform.h"
 #include "platform/Procedure.h"
 
 #include <QDialog>
-#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -112,6 +112,6 @@ private:
     QVBoxLayout* m_layout;
     QPushButton* m_ok = nullptr;
     QPushButton* m_cancel = nullptr;
-    QStringList m_opened; ///< what the controls held when the user could begin to change them
+    FormControls::State m_opened; ///< what the controls held when the user could begin to change them
     bool m_hasWritten = false;
 };

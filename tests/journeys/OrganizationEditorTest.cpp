@@ -145,6 +145,20 @@ TEST_F(OrganizationEditor, WarnsOfAChartThatASaveWouldDropAndTakesTheStoredCopy)
     EXPECT_EQ(chart.readAll(), QByteArray("old chart"));
 }
 
+TEST_F(OrganizationEditor, DoesNotTakeALookAtTheOtherTabForAChange)
+{
+    editFirst([&](OpenDialog& dialog) {
+        dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
+        dialog.press(Qt::Key_Escape);
+    });
+    editFirst([&](OpenDialog& dialog) {
+        dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
+        dialog.tick("lvPopulations", QStringLiteral("Adults"));
+        messages().expectQuestion(QStringLiteral("Close without saving your changes?"), true);
+        dialog.press(Qt::Key_Escape);
+    });
+}
+
 TEST_F(OrganizationEditor, ShowsARecordWithoutWarningsAndOpensItsSite)
 {
     QTest::mouseClick(journey.list().viewport(), Qt::LeftButton, {},
