@@ -95,6 +95,7 @@ TEST_P(Form, ScrollsWhereTheWindowIsSmallAndRemembersItsSize)
 INSTANTIATE_TEST_SUITE_P(Editors, Form,
                          ::testing::Values(EditorCase{"frmDocument", "mnuRecordAddNewDocument"},
                                            EditorCase{"frmEvent", "mnuRecordAddNewEvent"},
-                                           EditorCase{"frmOrganization", "mnuRecordAddNewOrganization"}));
+                                           EditorCase{"frmOrganization", "mnuRecordAddNewOrganization"}),
+                         [](const auto& editor) { return std::string(editor.param.dialog); });
 
 } // namespace

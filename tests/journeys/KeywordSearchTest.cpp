@@ -1,3 +1,4 @@
+#include "Dialogs.h"
 #include "Journey.h"
 #include "search/LinkButton.h"
 
@@ -223,9 +224,13 @@ TEST_F(KeywordSearchJourney, TheOnlyResultIsOneClickAway)
     EXPECT_EQ(kinds(), "[0 Documents]|1 Event|[0 Organizations]");
     EXPECT_EQ(link("lblRecord").text(), u"Fire & flood"_s);
     EXPECT_TRUE(link("lblRecord").hasFocus());
-    QTest::mouseClick(&link("lblRecord"), Qt::LeftButton);
-    EXPECT_EQ(journey.viewPanel(), u"Event Search Results for \"flood\""_s);
-    EXPECT_EQ(journey.list().selectionModel()->selectedRows().size(), 1);
+    inDialog(
+        "frmEvent", [this] { QTest::mouseClick(&link("lblRecord"), Qt::LeftButton); },
+        [](OpenDialog& dialog) {
+            EXPECT_EQ(dialog.text("txtEventName"), "Fire & flood");
+            dialog.click("cmdCancel");
+        });
+    EXPECT_EQ(kinds(), "[0 Documents]|1 Event|[0 Organizations]") << "the results are still there";
 }
 
 TEST_F(KeywordSearchJourney, AnEmptyResultLeadsBackToTheSearch)
