@@ -184,4 +184,7 @@ void MainCommands::makeToolBar()
     tbToolBar->addActions({mnuViewDocuments, mnuViewEvents, mnuViewOrganizations, mnuViewRefresh});
     tbToolBar->addSeparator();
     tbToolBar->addAction(mnuRecordOpen);
+    // what everybody knows by its picture needs no word, so that all buttons fit a small screen
+    for (QAction* action : {mnuNavigateForward, mnuNavigateHome, mnuViewRefresh})
+        action->setPriority(QAction::LowPriority);
 }

@@ -4,6 +4,7 @@
 #include "app/ProgramState.h"
 #include "browse/BrowsePage.h"
 #include "browse/CommandState.h"
+#include "browse/GraphicViews.h"
 #include "browse/HelpCommands.h"
 #include "browse/HistoryNavigation.h"
 #include "browse/HomePage.h"
@@ -16,10 +17,8 @@
 #include "browse/RecordListView.h"
 #include "browse/RelatedCommands.h"
 #include "browse/WindowPlace.h"
-#include "chart/ChartPane.h"
 #include "editors/DialogRecordPicker.h"
 #include "editors/RecordEditors.h"
-#include "map/MapPane.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
@@ -61,17 +60,15 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
       m_related(new RelatedCommands(platform, state, *m_list, this)),
       m_open(std::make_unique<OpenCommand>(platform, state, *m_list)),
       m_editors(new RecordEditors(platform, state, *this)),
-      m_timeline(new TimelinePanel(platform, state, this))
+      m_graphics(new GraphicViews(platform, state, *m_list, *m_browse, *this))
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(tr("Orvik Database"));
     m_pages->addWidget(m_home);
     m_pages->addWidget(m_browse);
-    m_pages->addWidget(m_search->page());
     m_search->attachTo(m_list->view());
     setCentralWidget(m_pages);
     makeStatusBar();
-    setGraphics();
     connectCommands();
     makeRecordCommands();
     m_state.history.setPresenter(this);
@@ -92,34 +89,6 @@ void frmMain::makeStatusBar()
     m_statusPanel->setObjectName(QStringLiteral("pnlStatus"));
     statusBar()->addWidget(m_viewPanel, 1);
     statusBar()->addPermanentWidget(m_statusPanel);
-}
-
-void frmMain::setGraphics()
-{
-    m_timeline->hide();
-    m_browse->setGraphic(
-        ViewKind::Documents, [this](QWidget* parent) { return makeChart(parent); }, Qt::Horizontal);
-    // the timeline is set up at start-up, whatever is shown first
-    m_browse->setGraphic(
-        ViewKind::Events, [this](QWidget*) { return m_timeline; }, Qt::Vertical);
-    m_browse->setGraphic(
-        ViewKind::Organizations, [this](QWidget* parent) { return makeMap(parent); }, Qt::Horizontal);
-    connect(m_timeline, &TimelinePanel::eventSelected, this, [this](qint64 event) { m_list->select(event); });
-    connect(m_list, &ListPane::chosen, this, &frmMain::chooseRecord);
-}
-
-QWidget* frmMain::makeChart(QWidget* parent)
-{
-    m_chart = new ChartPane(m_platform, m_state, parent);
-    return m_chart;
-}
-
-QWidget* frmMain::makeMap(QWidget* parent)
-{
-    m_map = new MapPane(m_platform, m_state, parent);
-    connect(m_map, &MapPane::organizationsChosen, this,
-            [this](const std::vector<qint64>& identifiers) { m_list->select(identifiers); });
-    return m_map;
 }
 
 void frmMain::connectCommands()
@@ -169,15 +138,15 @@ void frmMain::makeRecordCommands()
     connect(m_related, &RelatedCommands::additionWanted, m_editors,
             [this](const RecordAddition& addition) { m_editors->add(addition.kind, addition.preset); });
     connect(m_editors, &RecordEditors::eventSaved, this, [this](const QDateTime& start) {
-        m_timeline->updateTimeline(momentOf(start.date(), start.time()));
+        m_graphics->timeline().updateTimeline(momentOf(start.date(), start.time()));
     });
     connect(m_editors, &RecordEditors::changed, this, [this](ViewKind kind, qint64 saved) {
         refresh();
         m_records->selectAfterChange(kind, saved);
     });
-    connect(m_timeline, &TimelinePanel::eventOpened, this,
+    connect(&m_graphics->timeline(), &TimelinePanel::eventOpened, this,
             [this](qint64 event) { m_editors->view(ViewKind::Events, event); });
-    connect(m_timeline, &TimelinePanel::eventMenuRequested, this,
+    connect(&m_graphics->timeline(), &TimelinePanel::eventMenuRequested, this,
             [menus](const QPoint& position) { menus->popUp(ViewKind::Events, position); });
 }
 
@@ -188,7 +157,7 @@ void frmMain::load()
     showDatabaseName();
     placeOnScreen();
     m_list->restoreWidths(m_platform.settings);
-    m_timeline->mainLoad();
+    m_graphics->timeline().mainLoad();
     viewAll(ViewKind::Home);
 }
 
@@ -205,7 +174,7 @@ void frmMain::openDatabase()
     if (!opened) return;
     m_state.history.clear();
     m_list->forget();
-    m_timeline->mainLoad();
+    m_graphics->timeline().mainLoad();
     showDatabaseName();
     viewAll(ViewKind::Home);
 }
@@ -292,7 +261,7 @@ void frmMain::showList(ViewKind kind, const QString& procedure, const SharedQuer
     const bool isListed = runProcedure(m_platform.messages, procedure, [&] {
         const WaitCursor wait;
         m_state.history.setCurrentQuery(m_search->queryFor(query));
-        drawBeforeList(kind);
+        m_graphics->drawBeforeList(kind);
         stayed = m_list->fill(kind, m_state.history.current(), m_state.history.currentQuery()->sqlStr());
     });
     if (!stayed) return;
@@ -300,33 +269,7 @@ void frmMain::showList(ViewKind kind, const QString& procedure, const SharedQuer
     m_statusPanel->setText(RecordList::countText(kind, m_list->count()));
     m_list->setFocus();
     m_search->finishList(m_list->count(), isListed);
-    drawAfterList(kind, isListed);
-}
-
-/// The chart and the timeline are drawn while the list is still to be read, the map once it is.
-void frmMain::drawBeforeList(ViewKind kind)
-{
-    if (kind == ViewKind::Documents) m_chart->drawCharts();
-    if (kind == ViewKind::Events) m_timeline->drawTimeline();
-}
-
-void frmMain::drawAfterList(ViewKind kind, bool isListed)
-{
-    if (kind != ViewKind::Organizations) return;
-    if (!isListed) {
-        // the list has said what is wrong
-        m_map->clearMap();
-        return;
-    }
-    m_map->drawMap();
-    m_map->ringOrganization(m_list->currentRecord());
-}
-
-/// The user went to a record of the list; its graphic goes there too.
-void frmMain::chooseRecord(qint64 identifier)
-{
-    if (m_list->kind() == ViewKind::Events) m_timeline->chooseEvent(identifier);
-    if (m_list->kind() == ViewKind::Organizations) m_map->goToOrganization(identifier);
+    m_graphics->drawAfterList(kind, isListed);
 }
 
 void frmMain::showHome()
@@ -341,6 +284,7 @@ void frmMain::showHome()
 void frmMain::showSearchResults()
 {
     m_list->stop();
+    if (m_pages->indexOf(m_search->page()) < 0) m_pages->addWidget(m_search->page());
     m_pages->setCurrentWidget(m_search->page());
     enableCommands();
     m_viewPanel->setText(m_state.history.view(m_state.history.current()).Caption);

@@ -8,13 +8,12 @@
 #include <memory>
 
 class BrowsePage;
-class ChartPane;
+class GraphicViews;
 class HelpCommands;
 class HomePage;
 class ListMenus;
 class ListPane;
 class MainCommands;
-class MapPane;
 class OpenCommand;
 class RecordPicker;
 class SearchCommands;
@@ -23,7 +22,6 @@ class QStackedWidget;
 class RecordCommands;
 class RecordEditors;
 class RelatedCommands;
-class TimelinePanel;
 struct ProgramState;
 
 /// The main window: shows one view of the history at a time, the home page or a list, and runs the commands
@@ -58,18 +56,12 @@ private:
     void makeStatusBar();
     void connectCommands();
     void makeRecordCommands();
-    void setGraphics();
-    QWidget* makeChart(QWidget* parent);
-    QWidget* makeMap(QWidget* parent);
     void placeOnScreen();
     void openDatabase();
     void showDatabaseName();
     void showList(ViewKind kind, const QString& procedure, const SharedQuery& query, const QString& caption);
     void viewAll(ViewKind kind);
     void pressHomeButton(int button);
-    void drawBeforeList(ViewKind kind);
-    void drawAfterList(ViewKind kind, bool isListed);
-    void chooseRecord(qint64 identifier);
     void refresh();
     void enableCommands();
 
@@ -87,9 +79,7 @@ private:
     std::unique_ptr<OpenCommand> m_open;
     RecordEditors* m_editors;
     RecordCommands* m_records = nullptr;
-    TimelinePanel* m_timeline;
-    ChartPane* m_chart = nullptr; ///< null until documents are shown
-    MapPane* m_map = nullptr;     ///< null until organizations are shown
+    GraphicViews* m_graphics;
     QLabel* m_viewPanel = nullptr;
     QLabel* m_statusPanel = nullptr;
 };

@@ -1,5 +1,6 @@
 #include "data/StatementTranslator.h"
 
+#include "data/LikePrefix.h"
 #include "data/MomentCondition.h"
 #include "data/SqlTokenizer.h"
 #include "data/StatementScope.h"
@@ -336,7 +337,7 @@ private:
             return token.text.toUpper();
         }
         if (isSymbolAt(i + 1, u"(") && i + 1 < end) return function(i, end, scope, clause, depth);
-        return column(i, end, scope, clause);
+        return column(i, end, scope, clause, depth);
     }
 
     QString symbol(std::size_t& i, std::size_t end, StatementScope& scope, Clause clause, int depth)
@@ -423,7 +424,18 @@ private:
                (m_tokens[i + 1].text == QStringLiteral("0") || m_tokens[i + 1].text == QStringLiteral("1"));
     }
 
-    QString column(std::size_t& i, std::size_t end, StatementScope& scope, Clause clause)
+    /// Where a text to match follows by itself, the end of the condition.
+    [[nodiscard]] std::optional<std::size_t> endOfMatch(std::size_t i, std::size_t end) const
+    {
+        if (!isWordAt(i, u"LIKE") || i + 1 >= end || m_tokens[i + 1].kind != SqlToken::Kind::Text) {
+            return std::nullopt;
+        }
+        const std::size_t after = i + 2;
+        if (after < end && !isWordAt(after, u"AND")) return std::nullopt;
+        return after;
+    }
+
+    QString column(std::size_t& i, std::size_t end, StatementScope& scope, Clause clause, int depth)
     {
         QString qualifier;
         QString name = m_tokens[i++].text;
@@ -439,6 +451,15 @@ private:
         const bool compares = clause != Clause::Select || m_ruleListedTexts;
         const bool ruled = resolved.form == ColumnForm::Text && compares && !matched;
         if (resolved.isKey && excludesReservedRow(i)) return u'+' + resolved.sql;
+        // inside parentheses a search can name thousands of texts, which would become ranges too
+        const auto matchEnd = depth == 0 && clause == Clause::Where ? endOfMatch(i, end) : std::nullopt;
+        if (matchEnd && resolved.form == ColumnForm::Text) {
+            const QString pattern = m_tokens[i + 1].text;
+            if (const QString ranges = LikePrefix::ranges(resolved.sql, pattern); !ranges.isEmpty()) {
+                i = *matchEnd;
+                return QStringLiteral("(%1 LIKE %2 AND (%3))").arg(resolved.sql, quoteSqlText(pattern), ranges);
+            }
+        }
         return ruled ? resolved.sql + QStringLiteral(" COLLATE ORVIK") : resolved.sql;
     }
 

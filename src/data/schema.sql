@@ -294,6 +294,8 @@ CREATE INDEX OrganizationNames ON Organization (OrganizationID, OrganizationName
 CREATE INDEX DocumentByOrganization ON Document (OrganizationID);
 CREATE INDEX OrganizationProfileByOrganization ON OrganizationProfile (OrganizationProfileID, ChartOption);
 
+-- the names that are taken already, as a new event is asked about
+CREATE INDEX EventNames ON Event (EventName, Status);
 CREATE INDEX EventByStart ON Event (
     StartDate, substr(StartTime, 1, 5), EndDate, substr(EndTime, 1, 5), EventName, KeyEvent, Status
 );

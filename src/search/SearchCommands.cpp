@@ -20,14 +20,20 @@ SearchCommands::SearchCommands(const Platform& platform, ProgramState& state, Re
       m_platform(platform),
       m_state(state),
       m_picker(&picker),
-      m_window(window),
-      m_page(new SearchResultsPage(&window))
+      m_window(window)
 {
     setObjectName(QStringLiteral("SearchCommands"));
+}
+
+SearchResultsPage* SearchCommands::page()
+{
+    if (m_page != nullptr) return m_page;
+    m_page = new SearchResultsPage(&m_window);
     connect(m_page, &SearchResultsPage::searchPressed, this, &SearchCommands::openKeywordSearch);
     connect(m_page, &SearchResultsPage::recordChosen, this, &SearchCommands::recordChosen);
     connect(m_page, &SearchResultsPage::listChosen, this,
             [this](const clsView& view) { m_state.history.addView(view); });
+    return m_page;
 }
 
 void SearchCommands::attachTo(QAbstractItemView& list)
@@ -62,9 +68,9 @@ void SearchCommands::showResults()
     const QString keywords = m_state.history.view(m_state.history.current()).Keywords;
     const bool found = runProcedure(m_platform.messages, QStringLiteral("showSearchResults"), [&] {
         const WaitCursor wait;
-        m_page->showResults(SearchResults::read(m_state.session, m_state.queries, keywords));
+        page()->showResults(SearchResults::read(m_state.session, m_state.queries, keywords));
     });
-    if (!found) m_page->showFailure(keywords);
+    if (!found) page()->showFailure(keywords);
 }
 
 SharedQuery SearchCommands::queryFor(const SharedQuery& query)

@@ -29,8 +29,8 @@ public:
     /// Lets records be picked in another way from now on.
     void setPicker(RecordPicker& picker) { m_picker = &picker; }
 
-    /// The page of results, for the window to show.
-    [[nodiscard]] SearchResultsPage* page() const { return m_page; }
+    /// The page of results, for the window to show; made when it is first asked for.
+    [[nodiscard]] SearchResultsPage* page();
 
     /// Marks found words and empty results in a list from now on. The names are in its first column.
     void attachTo(QAbstractItemView& list);
@@ -63,7 +63,7 @@ private:
     ProgramState& m_state;
     RecordPicker* m_picker;
     QWidget& m_window;
-    SearchResultsPage* m_page;
+    SearchResultsPage* m_page = nullptr;
     FoundWordsDelegate* m_delegate = nullptr;
     EmptyResultNotice* m_notice = nullptr;
     frmSearch* m_keywordSearch = nullptr;

@@ -1,0 +1,66 @@
+#include "browse/GraphicViews.h"
+
+#include "browse/BrowsePage.h"
+#include "browse/ListPane.h"
+#include "chart/ChartPane.h"
+#include "map/MapPane.h"
+#include "timeline/TimelinePanel.h"
+
+GraphicViews::GraphicViews(const Platform& platform, ProgramState& state, ListPane& list, BrowsePage& page,
+                           QWidget& window)
+    : QObject(&window),
+      m_platform(platform),
+      m_state(state),
+      m_list(list),
+      m_timeline(new TimelinePanel(platform, state, &window))
+{
+    m_timeline->hide();
+    page.setGraphic(
+        ViewKind::Documents, [this](QWidget* parent) { return makeChart(parent); }, Qt::Horizontal);
+    // the timeline is set up at start-up, whatever is shown first
+    page.setGraphic(
+        ViewKind::Events, [this](QWidget*) { return m_timeline; }, Qt::Vertical);
+    page.setGraphic(
+        ViewKind::Organizations, [this](QWidget* parent) { return makeMap(parent); }, Qt::Horizontal);
+    connect(m_timeline, &TimelinePanel::eventSelected, this, [this](qint64 event) { m_list.select(event); });
+    connect(&m_list, &ListPane::chosen, this, &GraphicViews::goToRecord);
+}
+
+QWidget* GraphicViews::makeChart(QWidget* parent)
+{
+    m_chart = new ChartPane(m_platform, m_state, parent);
+    return m_chart;
+}
+
+QWidget* GraphicViews::makeMap(QWidget* parent)
+{
+    m_map = new MapPane(m_platform, m_state, parent);
+    connect(m_map, &MapPane::organizationsChosen, this,
+            [this](const std::vector<qint64>& identifiers) { m_list.select(identifiers); });
+    return m_map;
+}
+
+void GraphicViews::drawBeforeList(ViewKind kind)
+{
+    if (kind == ViewKind::Documents) m_chart->drawCharts();
+    if (kind == ViewKind::Events) m_timeline->drawTimeline();
+}
+
+void GraphicViews::drawAfterList(ViewKind kind, bool isListed)
+{
+    if (kind != ViewKind::Organizations) return;
+    if (!isListed) {
+        // the list has said what is wrong
+        m_map->clearMap();
+        return;
+    }
+    m_map->drawMap();
+    m_map->ringOrganization(m_list.currentRecord());
+}
+
+/// The user went to a record of the list; its graphic goes there too.
+void GraphicViews::goToRecord(qint64 identifier)
+{
+    if (m_list.kind() == ViewKind::Events) m_timeline->chooseEvent(identifier);
+    if (m_list.kind() == ViewKind::Organizations) m_map->goToOrganization(identifier);
+}
