@@ -1,6 +1,7 @@
-// The three lists, from the call to the last row in the model (the chart of the documents and the timeline of
-// the events come before that, the map of the organizations after), beside what the engine alone takes to
-// step the same statement over the stored queries as plain views.
+// The three lists, from their beginning to the last row in the model, painting included, beside what the
+// engine alone takes to step the same statement over the stored queries as plain views. The chart of the
+// documents and the timeline of the events, which are drawn before their lists, have figures of their own;
+// `from_call_ms` counts them in.
 
 #include "BenchWindow.h"
 #include "LastRow.h"
@@ -41,16 +42,19 @@ void showList(benchmark::State& state, ViewKind kind, int records)
     const QString plain = withoutQualifiers(*query);
     const auto* view = window.program().window()->findChild<QTreeView*>(QStringLiteral("ListView1"));
     const LastRow lastRow(*view->model());
+    std::vector<double> wholeTimes;
     const auto show = [&] {
         const auto begin = std::chrono::steady_clock::now();
         program.history.addView({kind, query, QStringLiteral("All")});
-        return lastRow.since(begin);
+        wholeTimes.push_back(lastRow.since(begin).count());
+        return lastRow.ofList();
     };
     show(); // makes the graphic, as the first view of a kind does
     std::int64_t rows = 0;
     compareTimed(
         state, [&] { return timeOf([&] { rows = stepPlain(largeDatabase(records), plain); }); }, show);
     if (view->model()->rowCount() != rows) state.SkipWithError("the list has other rows than the statement");
+    state.counters["from_call_ms"] = medianOf(wholeTimes);
     state.counters["us_per_row"] = state.counters["ours_ms"] * 1000 / static_cast<double>(rows);
 }
 
@@ -144,7 +148,7 @@ BENCHMARK(organizations)
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()
     ->MinTime(1);
-BENCHMARK(firstScreenful)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(1);
+BENCHMARK(firstScreenful)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(20);
 BENCHMARK(documents)->Arg(1000000)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(1);
 BENCHMARK(events)->Arg(1000000)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(1);
 BENCHMARK(organizations)->Arg(1000000)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(1);
