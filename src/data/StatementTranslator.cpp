@@ -457,7 +457,8 @@ private:
             const QString pattern = m_tokens[i + 1].text;
             if (const QString ranges = LikePrefix::ranges(resolved.sql, pattern); !ranges.isEmpty()) {
                 i = *matchEnd;
-                return QStringLiteral("(%1 LIKE %2 AND (%3))").arg(resolved.sql, quoteSqlText(pattern), ranges);
+                return QStringLiteral("(%1 LIKE %2 AND (%3))")
+                    .arg(resolved.sql, quoteSqlText(pattern), ranges);
             }
         }
         return ruled ? resolved.sql + QStringLiteral(" COLLATE ORVIK") : resolved.sql;

@@ -16,11 +16,7 @@
 
 SearchCommands::SearchCommands(const Platform& platform, ProgramState& state, RecordPicker& picker,
                                QWidget& window)
-    : QObject(&window),
-      m_platform(platform),
-      m_state(state),
-      m_picker(&picker),
-      m_window(window)
+    : QObject(&window), m_platform(platform), m_state(state), m_picker(&picker), m_window(window)
 {
     setObjectName(QStringLiteral("SearchCommands"));
 }
