@@ -220,7 +220,8 @@ TEST_F(TableStatement, ASoftDeleteHidesOneRecordAndKeepsItsLinks)
               0);
     EXPECT_EQ(m_database.ask("SELECT group_concat(DocumentID) FROM Document WHERE dStatus = 'DELETED'"),
               u"2"_s);
-    EXPECT_EQ(m_database.ask("SELECT group_concat(EventID) FROM Event WHERE Status = 'DELETED'"), u"3,5"_s);
+    EXPECT_EQ(m_database.ask("SELECT EventID FROM Event WHERE Status = 'DELETED' ORDER BY EventID"),
+              u"3\n5"_s);
     EXPECT_EQ(
         m_database.ask("SELECT group_concat(OrganizationID) FROM Organization WHERE Status = 'DELETED'"),
         u"6"_s);

@@ -17,6 +17,11 @@ struct EditorCase
 {
     const char* dialog;
     const char* command;
+
+    friend std::ostream& operator<<(std::ostream& out, const EditorCase& editor)
+    {
+        return out << editor.command;
+    }
 };
 
 class Form : public ::testing::TestWithParam<EditorCase>
