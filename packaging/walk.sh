@@ -10,10 +10,11 @@ mkdir -p "$pictures"
 rm -f "$pictures"/*.png
 
 echo "There is no display: the program opens on a virtual one."
-display_file=$(mktemp)
+own=$(mktemp -d)
+display_file="$own/display"
 Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$display_file" 2>/dev/null &
 server=$!
-trap 'kill "${application:-}" "${manager:-}" "$server" 2>/dev/null || true; rm -f "$display_file"' EXIT
+trap 'kill "${application:-}" "${manager:-}" "$server" 2>/dev/null || true; rm -rf "$own"' EXIT
 for _ in $(seq 100); do
     [[ -s $display_file ]] && break
     sleep 0.1
@@ -21,6 +22,9 @@ done
 export DISPLAY=":$(<"$display_file")"
 openbox >/dev/null 2>&1 &
 manager=$!
+# what the user has stays as it is: the walk has a program folder and settings of its own
+unset ORVIK_HOME
+export XDG_DATA_HOME="$own/data" XDG_CONFIG_HOME="$own/settings"
 "$program" &
 application=$!
 window=$(timeout 60 xdotool search --sync --onlyvisible --name '^Orvik Database$' | tail -n 1)
@@ -44,28 +48,70 @@ key() { xdotool key --clearmodifiers "$@"; }
 picture 01-home
 key ctrl+1
 picture 02-documents
+xdotool type 'a failure'
+picture 03-find-a-document
+key ctrl+shift+e
+picture 04-its-events
+key Down
+key ctrl+shift+o
+picture 05-their-organizations-on-the-map
+key Tab Page_Down
+picture 06-a-place-of-the-map
+key Menu
+picture 07-its-menu
+key Down Down Return
+picture 08-only-one-state
+key alt+Left alt+Left
+picture 09-back
 key ctrl+2
-picture 03-events
-key ctrl+3
-picture 04-organizations
-key alt+Left
-picture 05-back-to-events
-key alt+n
-picture 06-navigate-menu
-key i
-picture 07-history
-key Escape Escape alt+Home
-picture 08-home-again
+picture 10-events-on-the-timeline
+key ctrl+n
+picture 11-what-to-add
+key e
+picture 12-a-new-event
+xdotool type 'Hearing on the lessons'
+key Tab
+xdotool type '05/07/2026'
+key Tab
+xdotool type '10:00'
+key Tab
+xdotool type '05/07/2026'
+key Tab
+xdotool type '12:00'
+key alt+c
+xdotool type 'What was learned.'
+picture 13-filled-in
+key alt+v
+key Down space
+picture 14-its-venue
+key ctrl+Return
+picture 15-the-timeline-moved-to-it
+key ctrl+e
+picture 16-edit-it
+key Escape Delete
+picture 17-delete-asks-first
+key alt+y
+picture 18-deleted
+key Return
+key alt+Home
 key ctrl+f
 xdotool type flood
-picture 09-keyword-search
+picture 19-keyword-search
 key Return
-picture 10-search-results
+picture 20-search-results
 key Return
-picture 11-found-documents
+picture 21-found-documents
 key ctrl+shift+f
-picture 12-advanced-search
-key Escape alt+Home
+picture 22-advanced-search
+key Escape
+key alt+n
+picture 23-navigate-menu
+key i
+picture 24-history
+key Escape Escape alt+Home
+picture 25-home-again
+key ctrl+q
+picture 26-exit-asks-first
 
 if ! kill -0 "$application" 2>/dev/null; then
     echo "The program has ended by itself." >&2
