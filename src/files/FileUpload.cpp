@@ -67,7 +67,7 @@ void refuseHolderOf(const fs::path& target, const fs::path& folder)
 /// The folder of the machine that a program folder stands for; made where it is missing.
 QString targetFolder(const ProgramFolder& folder, const QString& programPath)
 {
-    QString path = folder.machinePath(programPath);
+    QString path = folder.folderPath(programPath);
     QDir().mkpath(path); // where it fails, so does the copy, with the system's reason
     return path;
 }

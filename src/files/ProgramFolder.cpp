@@ -91,6 +91,15 @@ QString ProgramFolder::machinePath(const QString& programPath) const
     return m_root + QString(programPath).replace(u'\\', u'/');
 }
 
+QString ProgramFolder::folderPath(const QString& programPath) const
+{
+    QString folder = m_root;
+    const QStringList parts = programPath.split(u'\\', Qt::SkipEmptyParts);
+    for (const QString& part : parts)
+        folder = entryOf(folder, part, QDir::Dirs).value_or(folder + u'/' + part);
+    return folder + u'/';
+}
+
 QString ProgramFolder::programForm(const QString& machinePath)
 {
     return QString(machinePath).replace(u'/', u'\\');

@@ -32,6 +32,10 @@ public:
     /// A program path below this folder as a path of the machine. Nothing needs to exist there.
     [[nodiscard]] QString machinePath(const QString& programPath) const;
 
+    /// A program path of a folder as a path of the machine that ends with `/`: through the folders that are
+    /// there, whatever the letter case of their names.
+    [[nodiscard]] QString folderPath(const QString& programPath) const;
+
     /// A path of the machine in the program's form, with `\` between folders.
     [[nodiscard]] static QString programForm(const QString& machinePath);
 

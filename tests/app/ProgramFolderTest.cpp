@@ -61,6 +61,17 @@ TEST(ProgramFolder, IsFilledFromTheSampleOnceAndNeverTouchedAgain)
     EXPECT_THROW(ProgramFolder::fillFromSample(place.filePath(QStringLiteral("file/orvik")), sample), Error);
 }
 
+TEST(ProgramFolder, PathsLeadThroughTheFoldersThatAreThere)
+{
+    const QTemporaryDir root;
+    ASSERT_TRUE(QDir(root.path()).mkpath(QStringLiteral("Data/Documents")));
+    const ProgramFolder folder(root.path());
+    EXPECT_EQ(folder.folderPath(QStringLiteral("\\data\\documents\\")),
+              root.path() + QStringLiteral("/Data/Documents/"));
+    EXPECT_EQ(folder.folderPath(QStringLiteral("\\data\\orgcharts\\")),
+              root.path() + QStringLiteral("/Data/orgcharts/"));
+}
+
 TEST(ProgramFolder, FindsFilesWhateverTheirLetterCaseAndNothingOutside)
 {
     const QTemporaryDir place;
