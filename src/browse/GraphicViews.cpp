@@ -2,6 +2,7 @@
 
 #include "browse/BrowsePage.h"
 #include "browse/ListPane.h"
+#include "browse/RecordListView.h"
 #include "chart/ChartPane.h"
 #include "map/MapPane.h"
 #include "timeline/TimelinePanel.h"
@@ -22,7 +23,10 @@ GraphicViews::GraphicViews(const Platform& platform, ProgramState& state, ListPa
         ViewKind::Events, [this](QWidget*) { return m_timeline; }, Qt::Vertical);
     page.setGraphic(
         ViewKind::Organizations, [this](QWidget* parent) { return makeMap(parent); }, Qt::Horizontal);
-    connect(m_timeline, &TimelinePanel::eventSelected, this, [this](qint64 event) { m_list.select(event); });
+    connect(m_timeline, &TimelinePanel::eventSelected, this, [this](qint64 event) {
+        // what is done next must not be done to another record
+        if (!m_list.select(event)) m_list.view().clearSelection();
+    });
     connect(&m_list, &ListPane::chosen, this, &GraphicViews::goToRecord);
 }
 

@@ -65,6 +65,11 @@ clsView ShowOnlyViews::organizationsOfCity(const clsCities& place) const
     // a place that no known city stands for is narrowed to by its text alone
     search.orgLocations.push_back(clsPickListItem::of(place.LocationID.value_or(0), name));
     search.buildAdvSQL();
+    // to the builder an empty state is an empty text, but a missing one is empty too
+    if (place.State.isEmpty()) {
+        search.advOrgSQL = QStringLiteral(" AND City LIKE '") + place.city +
+                           QStringLiteral("' AND (State IS NULL OR State LIKE '')");
+    }
     return organizations(search, QStringLiteral("View Only ") + name + QStringLiteral(" Organizations"));
 }
 

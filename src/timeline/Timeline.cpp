@@ -32,6 +32,9 @@ void Timeline::mainLoad()
     m_selected.reset();
     m_events.clear();
     m_hitCount = 0;
+    m_scroll = {};
+    m_before.reset();
+    m_after.reset();
     TimelineLimits limits = today(m_platform.clock.now());
     if (m_state.session.isOpen()) {
         runProcedure(m_platform.messages, QStringLiteral("setTimelineLimits"),

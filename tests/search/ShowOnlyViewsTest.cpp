@@ -77,6 +77,10 @@ TEST_F(ShowOnlyViewsTest, NarrowsAlsoToPlacesThatNoKnownCityStandsFor)
 {
     EXPECT_EQ(shown(views.organizationsOfState(place(u"Tiny", u"UT"))), QStringLiteral("5 8"));
     EXPECT_EQ(shown(views.organizationsOfCity(place(u"Tiny", u"UT"))), QStringLiteral("5"));
+    database.run("INSERT INTO Organization (OrganizationID, OrganizationName, City, State, Status) VALUES "
+                 "(90, 'A', 'Stateless', NULL, 'ACTIVE'), (91, 'B', 'Stateless', '', 'ACTIVE'), "
+                 "(92, 'C', 'Stateless', 'TX', 'ACTIVE')");
+    EXPECT_EQ(shown(views.organizationsOfCity(place(u"Stateless", u""))), QStringLiteral("90 91"));
 }
 
 TEST_F(ShowOnlyViewsTest, ReportsWhatCannotBeAsked)
