@@ -92,29 +92,39 @@ key Escape Delete
 picture 17-delete-asks-first
 key alt+y
 picture 18-deleted
+key Return alt+Home
+key ctrl+f
+xdotool type hearing
 key Return
-key alt+Home
+picture 19-not-found-any-more
 key ctrl+f
 xdotool type flood
-picture 19-keyword-search
+picture 20-keyword-search
 key Return
-picture 20-search-results
+picture 21-search-results
 key Return
-picture 21-found-documents
+picture 22-found-documents
 key ctrl+shift+f
-picture 22-advanced-search
+picture 23-advanced-search
 key Escape
 key alt+n
-picture 23-navigate-menu
+picture 24-navigate-menu
 key i
-picture 24-history
+picture 25-history
 key Escape Escape alt+Home
-picture 25-home-again
+picture 26-home-again
 key ctrl+q
-picture 26-exit-asks-first
+picture 27-exit-asks-first
+key alt+n
+picture 28-still-there
 
 if ! kill -0 "$application" 2>/dev/null; then
     echo "The program has ended by itself." >&2
     exit 1
 fi
+key ctrl+q
+sleep 1
+key alt+y
+wait "$application"
+application=
 echo "The pictures of this walk are in build/screenshots/."
