@@ -28,11 +28,13 @@ Main_Mod::~Main_Mod() = default;
 
 void Main_Mod::Main()
 {
-    runProcedure(m_platform.messages, QStringLiteral("Sub Main"), [this] {
+    const QString name = QStringLiteral("Sub Main");
+    runProcedure(m_platform.messages, name, [&] {
         frmSplash splash;
         splash.show();
         splash.repaint();
-        prepareProgramFolder();
+        // without a program folder there is a window all the same, and it says what it cannot open
+        runProcedure(m_platform.messages, name, [this] { prepareProgramFolder(); });
         m_window = std::make_unique<frmMain>(m_platform, m_state);
         m_window->load();
         splash.close();

@@ -71,6 +71,7 @@ void HelpCommands::makeButton(QToolBar& toolBar)
         tr("Help (%1)").arg(mnuHelpContents->shortcut().toString(QKeySequence::NativeText)));
     toolBar.addSeparator();
     toolBar.addAction(mnuHelpContents);
+    toolBar.widgetForAction(mnuHelpContents)->setObjectName(QStringLiteral("Help"));
 }
 
 void HelpCommands::open(const QString& procedure, HelpChapter chapter)

@@ -111,6 +111,7 @@ void MainCommands::makeMenus()
     record->setToolTipsVisible(true);
     QMenu* addNew = record->addMenu(tr("&Add"));
     addNew->setObjectName(QStringLiteral("mnuRecordAddNew"));
+    addNew->setToolTipsVisible(true);
     addNew->addActions({mnuRecordAddNewDocument, mnuRecordAddNewEvent, mnuRecordAddNewOrganization});
     record->addActions({mnuRecordEdit, mnuRecordView, mnuRecordDelete});
     record->addSeparator();
@@ -123,6 +124,7 @@ void MainCommands::makeMenus()
 
     QMenu* view = m_window.menuBar()->addMenu(tr("&View"));
     view->setObjectName(QStringLiteral("mnuView"));
+    view->setToolTipsVisible(true);
     view->addActions({mnuViewDocuments, mnuViewEvents, mnuViewOrganizations});
     view->addSeparator();
     view->addActions({mnuViewGraphicRight, mnuViewGraphicBelow});
@@ -131,6 +133,7 @@ void MainCommands::makeMenus()
 
     QMenu* search = m_window.menuBar()->addMenu(tr("&Search"));
     search->setObjectName(QStringLiteral("mnuSearch"));
+    search->setToolTipsVisible(true);
     search->addActions({mnuSearchKeyword, mnuSearchAdvanced});
     search->addSeparator();
     search->addAction(mnuSearchShowAll);
@@ -184,6 +187,15 @@ void MainCommands::makeToolBar()
     tbToolBar->addActions({mnuViewDocuments, mnuViewEvents, mnuViewOrganizations, mnuViewRefresh});
     tbToolBar->addSeparator();
     tbToolBar->addAction(mnuRecordOpen);
+    const auto nameButton = [this](QAction* action, const char* name) {
+        tbToolBar->widgetForAction(action)->setObjectName(QString::fromLatin1(name));
+    };
+    nameButton(mnuNavigateBack, "Back");
+    nameButton(mnuNavigateForward, "Forward");
+    nameButton(mnuNavigateHome, "Home");
+    nameButton(mnuRecordEdit, "Edit");
+    nameButton(mnuRecordView, "View");
+    nameButton(mnuRecordDelete, "Delete");
     // what everybody knows by its picture needs no word, so that all buttons fit a small screen
     for (QAction* action : {mnuNavigateForward, mnuNavigateHome, mnuViewRefresh})
         action->setPriority(QAction::LowPriority);

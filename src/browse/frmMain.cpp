@@ -53,7 +53,7 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
       m_help(new HelpCommands(*this, *m_commands->tbToolBar, platform, state)),
       m_pages(new QStackedWidget(this)),
       m_home(new HomePage(this)),
-      m_list(new ListPane(state.session, state.folder.machinePath(state.folders.documents), this)),
+      m_list(new ListPane(state.session, state.folder.folderPath(state.folders.documents), this)),
       m_browse(new BrowsePage(m_list, platform.settings, this)),
       m_picker(std::make_unique<DialogRecordPicker>(platform, state)),
       m_search(new SearchCommands(platform, state, *m_picker, *this)),

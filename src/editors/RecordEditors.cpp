@@ -6,6 +6,10 @@
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 
+#include <QStringList>
+
+#include <algorithm>
+
 namespace {
 
 /// The word for one record of a kind.
@@ -111,18 +115,30 @@ bool RecordEditors::mayDelete(ViewKind kind, const std::vector<ListEntry>& recor
         tr("Are you sure you want to delete the %1 selected %2s?").arg(records.size()).arg(kindWord(kind)));
 }
 
-/// Stops at the first failure; what was deleted before it stays deleted.
+/// What the user is told after several records were deleted: how many, and which.
+QString RecordEditors::deletionText(ViewKind kind, const QStringList& names)
+{
+    constexpr qsizetype mostNamed = 10;
+    QString text = tr("%1 %2s successfully deleted.").arg(names.size()).arg(kindWord(kind));
+    for (const QString& name : names.first(std::min(names.size(), mostNamed)))
+        text += u'\n' + name;
+    if (names.size() > mostNamed) text += u'\n' + tr("… and %1 more.").arg(names.size() - mostNamed);
+    return text;
+}
+
+/// Stops at the first failure; what was deleted before it stays deleted, and is named.
 void RecordEditors::deleteRecords(ViewKind kind, const std::vector<ListEntry>& records)
 {
     QString said;
-    const bool worked = runProcedure(m_platform.messages, QStringLiteral("delete") + kindWord(kind), [&] {
-        for (const ListEntry& record : records)
+    QStringList names;
+    runProcedure(m_platform.messages, QStringLiteral("delete") + kindWord(kind), [&] {
+        for (const ListEntry& record : records) {
             said = deleteRecord(kind, record.key);
+            names << record.display;
+        }
     });
-    if (!worked) return;
-    m_platform.messages.show(
-        records.size() == 1 ? said
-                            : tr("%1 %2s successfully deleted.").arg(records.size()).arg(kindWord(kind)));
+    if (names.isEmpty()) return;
+    m_platform.messages.show(records.size() == 1 ? said : deletionText(kind, names));
 }
 
 QString RecordEditors::deleteRecord(ViewKind kind, qint64 id)

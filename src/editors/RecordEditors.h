@@ -52,6 +52,7 @@ private:
     void finish(ViewKind kind, const RecordDialog& dialog);
     [[nodiscard]] bool mayDelete(ViewKind kind, const std::vector<ListEntry>& records);
     QString deleteRecord(ViewKind kind, qint64 id);
+    [[nodiscard]] static QString deletionText(ViewKind kind, const QStringList& names);
     void deleteRecords(ViewKind kind, const std::vector<ListEntry>& records);
 
     Platform m_platform;

@@ -75,6 +75,7 @@ void frmPicList::connectParts()
 {
     connect(m_filter, &QLineEdit::textChanged, this, [this](const QString& text) {
         m_model->setFilter(text);
+        m_list->setCurrentIndex(m_model->index(0, 0));
         countTicks();
     });
     connect(m_list, &PickListView::spacePressed, this,

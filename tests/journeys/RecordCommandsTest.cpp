@@ -76,7 +76,7 @@ TEST_F(RecordCommands, DeleteAsksOnceForSeveralAndSendsOneNotice)
     QTest::keyClick(&journey.list(), Qt::Key_Down, Qt::ShiftModifier);
     messages().expectQuestion(QStringLiteral("Are you sure you want to delete the 3 selected Documents?"),
                               true);
-    messages().expectMessage(QStringLiteral("3 Documents successfully deleted."));
+    messages().expectMessageBeginning(QStringLiteral("3 Documents successfully deleted.\n"));
     journey.trigger("mnuRecordDelete");
     messages().finish();
     EXPECT_EQ(journey.column(0), "Zero");
