@@ -1,5 +1,7 @@
 // An empty window, which ends the program once it is painted.
 
+#include "EndAtOnce.h"
+
 #include <QApplication>
 #include <QMainWindow>
 
@@ -11,7 +13,7 @@ protected:
     void paintEvent(QPaintEvent* event) override
     {
         QMainWindow::paintEvent(event);
-        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+        endAtOnce();
     }
 };
 

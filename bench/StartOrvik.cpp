@@ -4,6 +4,7 @@
 // start_orvik FOLDER [list]
 
 #include "BenchWindow.h"
+#include "EndAtOnce.h"
 #include "browse/IconSet.h"
 #include "browse/frmMain.h"
 
@@ -21,11 +22,7 @@ class EndWhenPainted final : public QObject
 public:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::Paint) {
-            // at once, and not by closing the window, which would ask
-            QMetaObject::invokeMethod(
-                qApp, [] { QCoreApplication::exit(EXIT_SUCCESS); }, Qt::QueuedConnection);
-        }
+        if (event->type() == QEvent::Paint) endAtOnce();
         return QObject::eventFilter(watched, event);
     }
 };
