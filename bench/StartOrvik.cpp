@@ -7,6 +7,7 @@
 #include "EndAtOnce.h"
 #include "browse/IconSet.h"
 #include "browse/frmMain.h"
+#include "platform/DesktopShell.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -60,7 +61,8 @@ int main(int argc, char** argv)
     NoFiles files;
     SystemClock clock;
     SystemVolumes volumes;
-    Main_Mod program({messages, settings, fileAttributes, files, files, clock, volumes, files},
+    DesktopShell shell; // as in the program, with all that it links
+    Main_Mod program({messages, settings, fileAttributes, files, files, clock, volumes, shell},
                      ProgramFolder(QString::fromLocal8Bit(argv[1])), QString());
     program.Main();
     if (argc > 2) {

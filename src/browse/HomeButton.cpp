@@ -57,12 +57,25 @@ QSize HomeButton::minimumSizeHint() const
 
 int HomeButton::heightForWidth(int width) const
 {
+    // a layout asks for the same few widths many times over, and each answer lays out the text
+    const auto known = m_heights.constFind(width);
+    return known != m_heights.constEnd() ? *known : *m_heights.insert(width, measureHeight(width));
+}
+
+int HomeButton::measureHeight(int width) const
+{
     const int captionHeight = QFontMetrics(captionFont(font())).height();
     const int explanationHeight =
         fontMetrics()
             .boundingRect(QRect(0, 0, width - 2 * margin, 1000), Qt::TextWordWrap, m_explanation)
             .height();
     return 2 * margin + pictureSize + 2 * spacing + captionHeight + explanationHeight;
+}
+
+void HomeButton::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) m_heights.clear();
+    QAbstractButton::changeEvent(event);
 }
 
 void HomeButton::paintFrame(QPainter& painter) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QHash>
 #include <QIcon>
 
 /// A picture button of the home page: a picture, a caption and a line that says what it leads to. It looks
@@ -18,13 +19,16 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void paintFrame(QPainter& painter) const;
+    [[nodiscard]] int measureHeight(int width) const;
 
     QIcon m_picture;
     QString m_explanation;
+    mutable QHash<int, int> m_heights; ///< in pixels, by width; empty after a change of font or style
 };
