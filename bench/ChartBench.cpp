@@ -5,7 +5,6 @@
 #include "browse/frmMain.h"
 #include "chart/ChartPane.h"
 
-#include <QApplication>
 
 namespace {
 
@@ -32,12 +31,3 @@ void drawCharts(benchmark::State& state)
 } // namespace
 
 BENCHMARK(drawCharts)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(4);
-
-int main(int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return EXIT_SUCCESS;
-}

@@ -112,12 +112,3 @@ BENCHMARK(eventEditor)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(
 BENCHMARK(organizationEditor)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(2);
 BENCHMARK(pickList)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(2);
 BENCHMARK(dropDown)->Unit(benchmark::kMillisecond);
-
-int main(int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return EXIT_SUCCESS;
-}

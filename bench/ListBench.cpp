@@ -152,12 +152,3 @@ BENCHMARK(firstScreenful)->Unit(benchmark::kMillisecond)->UseManualTime()->Itera
 BENCHMARK(documents)->Arg(1000000)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(1);
 BENCHMARK(events)->Arg(1000000)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(1);
 BENCHMARK(organizations)->Arg(1000000)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(1);
-
-int main(int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return EXIT_SUCCESS;
-}

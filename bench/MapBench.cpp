@@ -165,12 +165,3 @@ BENCHMARK(redraw)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(20
 BENCHMARK(redrawDragging)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(400);
 BENCHMARK(redrawZooming)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(64);
 BENCHMARK(readStates)->Unit(benchmark::kMillisecond);
-
-int main(int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return EXIT_SUCCESS;
-}

@@ -8,7 +8,6 @@
 #include "editors/OrganizationStore.h"
 #include "files/FileCopy.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -367,11 +366,3 @@ SAVE(add, event);
 SAVE(change, event);
 SAVE(add, organization);
 SAVE(change, organization);
-
-int main(int argc, char** argv)
-{
-    const QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return EXIT_SUCCESS;
-}

@@ -9,7 +9,6 @@
 #include "search/KeywordSearch.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -183,12 +182,3 @@ BENCHMARK_CAPTURE(criteria, organizations, ViewKind::Organizations)
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()
     ->MinTime(2);
-
-int main(int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return EXIT_SUCCESS;
-}

@@ -3,7 +3,6 @@
 #include "BenchWindow.h"
 #include "data/EngineRules.h"
 
-#include <QCoreApplication>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
@@ -41,11 +40,3 @@ BENCHMARK_CAPTURE(like, two_words, "water%volunteers")
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()
     ->MinTime(2);
-
-int main(int argc, char** argv)
-{
-    const QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return EXIT_SUCCESS;
-}

@@ -120,12 +120,3 @@ BENCHMARK(statement)->Apply([](auto* benchmark) {
                         places(benchmark, {1000, 8000, 32000});
                     }) -> Iterations(20);
 BENCHMARK(statement)->Apply([](auto* benchmark) { places(benchmark, {1000000}); }) -> Iterations(3);
-
-int main(int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return EXIT_SUCCESS;
-}
