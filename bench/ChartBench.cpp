@@ -5,7 +5,6 @@
 #include "browse/frmMain.h"
 #include "chart/ChartPane.h"
 
-
 namespace {
 
 constexpr int fullSize = 32000;

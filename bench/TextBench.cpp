@@ -3,7 +3,6 @@
 #include "BenchWindow.h"
 #include "data/EngineRules.h"
 
-
 #include <SQLiteCpp/SQLiteCpp.h>
 
 namespace {
