@@ -137,8 +137,9 @@ void frmMain::makeRecordCommands()
     connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
     connect(m_related, &RelatedCommands::additionWanted, m_editors,
             [this](const RecordAddition& addition) { m_editors->add(addition.kind, addition.preset); });
-    connect(m_editors, &RecordEditors::eventSaved, this, [this](const QDateTime& start) {
-        m_graphics->timeline().updateTimeline(momentOf(start.date(), start.time()));
+    connect(m_editors, &RecordEditors::eventSaved, this, [this](const std::optional<QDateTime>& start) {
+        m_graphics->timeline().updateTimeline(start ? std::optional(momentOf(start->date(), start->time()))
+                                                    : std::nullopt);
     });
     connect(m_editors, &RecordEditors::changed, this, [this](ViewKind kind, qint64 saved) {
         refresh();

@@ -44,7 +44,7 @@ void RecordEditors::addDocument(const std::optional<clsFieldInfo>& preset, const
 void RecordEditors::addEvent(const std::optional<clsFieldInfo>& preset)
 {
     frmEvent dialog(m_platform, m_state, &m_window);
-    if (dialog.addEvent(preset) && dialog.getStartDate()) Q_EMIT eventSaved(*dialog.getStartDate());
+    if (dialog.addEvent(preset)) Q_EMIT eventSaved(dialog.getStartDate());
     finish(ViewKind::Events, dialog);
 }
 
@@ -82,7 +82,7 @@ void RecordEditors::open(ViewKind kind, qint64 id, EditorMode mode)
     } else if (kind == ViewKind::Events) {
         frmEvent dialog(m_platform, m_state, &m_window);
         const bool isSaved = forEditing ? dialog.editEvent(id) : dialog.viewEvent(id);
-        if (isSaved && dialog.getStartDate()) Q_EMIT eventSaved(*dialog.getStartDate());
+        if (isSaved) Q_EMIT eventSaved(dialog.getStartDate());
         finish(kind, dialog);
     } else if (kind == ViewKind::Organizations) {
         frmOrganization dialog(m_platform, m_state, &m_window);

@@ -41,8 +41,8 @@ public:
     void remove(ViewKind kind, const std::vector<ListEntry>& records);
 
 Q_SIGNALS:
-    /// An event was saved that starts then; comes before `changed`.
-    void eventSaved(const QDateTime& start);
+    /// An event was saved that starts then, or that has no date; comes before `changed`.
+    void eventSaved(const std::optional<QDateTime>& start);
 
     /// Records of a kind were saved or deleted; `id` is the one that was saved, or below 0.
     void changed(ViewKind kind, qint64 id);

@@ -55,13 +55,13 @@ void Timeline::drawTimeline()
     DisplayRecords();
 }
 
-void Timeline::updateTimeline(Moment savedStart)
+void Timeline::updateTimeline(std::optional<Moment> savedStart)
 {
     TimelineLimits limits = m_window.limits();
     runProcedure(m_platform.messages, QStringLiteral("setTimelineLimits"),
                  [&] { setTimelineLimits(m_state.session, m_platform.clock.now(), limits); });
     m_window.setLimits(limits);
-    m_window.moveTo(savedStart);
+    m_window.moveTo(savedStart.value_or(m_window.currentTime()));
     refresh();
 }
 
@@ -156,12 +156,18 @@ void Timeline::chooseEvent(qint64 eventId)
 void Timeline::showInWindow(qint64 eventId)
 {
     RecordSet rows = m_state.session.read(
-        QStringLiteral("SELECT StartDate, EndDate, StartTime, EndTime FROM Event WHERE EventID = ") +
+        QStringLiteral(
+            "SELECT EventName, StartDate, EndDate, StartTime, EndTime FROM Event WHERE EventID = ") +
         QString::number(eventId));
     if (!rows.next()) return;
     const auto held = [&rows](QStringView column) { return std::string(rows.held(rows.column(column))); };
-    const WindowEvent event{eventId,          QString(),       false, held(u"StartDate"), held(u"StartTime"),
-                            held(u"EndDate"), held(u"EndTime")};
+    const WindowEvent event{eventId,
+                            rows.text(rows.column(u"EventName")),
+                            false,
+                            held(u"StartDate"),
+                            held(u"StartTime"),
+                            held(u"EndDate"),
+                            held(u"EndTime")};
     // an event without a date has no place to go to
     if (!event.startDate.empty()) m_window.showEvent(event.start(), event.end());
 }

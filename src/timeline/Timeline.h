@@ -48,8 +48,9 @@ public:
     /// Shows the events of the current view; failures are the list's to report, which reads the same view.
     void drawTimeline();
 
-    /// After an event was saved: reads the limits again and moves to the event's start.
-    void updateTimeline(Moment savedStart);
+    /// After an event was saved: reads the limits again and moves to the event's start. Where it has none,
+    /// the window stays where it is, or as near as the limits allow.
+    void updateTimeline(std::optional<Moment> savedStart);
 
     /// The picture has another size, in units.
     void resize(int width, int height);

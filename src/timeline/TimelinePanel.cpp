@@ -165,7 +165,7 @@ void TimelinePanel::chooseEvent(qint64 eventId)
     showAll();
 }
 
-void TimelinePanel::updateTimeline(Moment savedStart)
+void TimelinePanel::updateTimeline(std::optional<Moment> savedStart)
 {
     m_timeline.updateTimeline(savedStart);
     showAll();

@@ -32,7 +32,7 @@ public:
     void chooseEvent(qint64 eventId);
 
     /// After an event was saved.
-    void updateTimeline(Moment savedStart);
+    void updateTimeline(std::optional<Moment> savedStart);
 
     [[nodiscard]] const Timeline& timeline() const { return m_timeline; }
 

@@ -171,6 +171,20 @@ TEST_F(Handlers, AfterASaveTheTimelineReachesToTheEventAndShowsIt)
     EXPECT_EQ(now(), "09/01/2001 10:00") << "never before the start";
 }
 
+TEST_F(Handlers, AfterASaveWithoutADateTheTimelineStaysWithinItsNewLimits)
+{
+    m_timeline.NavStepForward();
+    const std::string before = now();
+    m_timeline.updateTimeline(std::nullopt);
+    EXPECT_EQ(now(), before);
+    m_database.run("INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) "
+                   "VALUES (20, 'New', '2010-01-01', '12:00', '2010-01-01', '12:10', 'ACTIVE')");
+    m_timeline.updateTimeline(std::nullopt);
+    EXPECT_EQ(now(), before);
+    m_timeline.NavEnd();
+    EXPECT_EQ(m_timeline.captions()[0], u"01/02/2010 11:50"_s) << "the limits were read again";
+}
+
 TEST_F(Handlers, OneFailureShowsOneMessage)
 {
     auto broken = std::make_shared<SQLObject>(*m_state.queries.events);
