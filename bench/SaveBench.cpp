@@ -250,7 +250,7 @@ void event(benchmark::State& state, bool adds)
     EventStore store(setting.state, setting.clock);
     EventRecord record = store.load(2).record;
     record.eventDescription = description;
-    record.startDate = QDate(2001, 9, 11);
+    record.startDate = QStringLiteral("09/11/2001");
     record.functions = record.documents = record.organizations = twoLinks();
     checkTwo(record.venues);
     const auto byHand = [&] {

@@ -94,7 +94,7 @@ void requireIdentifiers(const DocumentRecord& record)
     recordIdentifier(record.organizationId);
     RecordLinks::requireIdentifiers(record.types);
     RecordLinks::requireIdentifiers(record.categories);
-    RecordLinks::requireIdentifiers(record.venues);
+    RecordLinks::requireChecked(record.venues);
 }
 
 } // namespace
@@ -169,9 +169,9 @@ std::optional<DocumentStore::Problem> DocumentStore::check(const DocumentRecord&
 
 bool DocumentStore::hasActiveTitle(const QString& title) const
 {
-    return RecordValues::hasRow(m_state.session,
-                                u"SELECT DocumentID FROM Document WHERE DocumentName LIKE "_s +
-                                    RecordValues::quotedTitle(title) + u" AND dStatus = 'ACTIVE'"_s);
+    return RecordValues::hasRow(m_state.session, u"SELECT * FROM Document WHERE DocumentName LIKE "_s +
+                                                     RecordValues::quotedTitle(title) +
+                                                     u" AND dStatus = 'ACTIVE'"_s);
 }
 
 std::optional<DocumentStore::Problem> DocumentStore::saveDocument(DocumentRecord& record)

@@ -2,11 +2,8 @@
 
 #include "data/ListEntry.h"
 
-#include <QDate>
 #include <QString>
-#include <QTime>
 
-#include <optional>
 #include <vector>
 
 /// An event as its editor holds it.
@@ -19,11 +16,12 @@ struct EventRecord
     QString notes;
     bool keyEvent = false;
 
-    /// Missing where the picker is empty. Times count to the minute.
-    std::optional<QDate> startDate;
-    std::optional<QDate> endDate;
-    std::optional<QTime> startTime;
-    std::optional<QTime> endTime;
+    /// What the pickers hold: `mm/dd/yyyy` and `hh:mm`, empty where there is none. A text that the file holds
+    /// or that somebody typed is kept as it is, also where it cannot be read.
+    QString startDate;
+    QString endDate;
+    QString startTime;
+    QString endTime;
 
     std::vector<CheckEntry> venues; ///< all venues; only those checked are linked
 

@@ -23,14 +23,25 @@ QString recordStatement(qint64 id)
     return u"SELECT * FROM Event WHERE EventID = "_s + QString::number(id);
 }
 
-Value dateValue(const std::optional<QDate>& date)
+bool isBlank(const QString& text)
 {
-    return date ? Value(DateTimeText::programDate(*date)) : Value();
+    return text.trimmed().isEmpty();
 }
 
-Value timeValue(const std::optional<QTime>& time)
+/// A picker's date as it is written. What is no date is handed on as it is: the session refuses it.
+Value dateValue(const QString& typed)
 {
-    return time ? Value(DateTimeText::programTime(*time)) : Value();
+    if (isBlank(typed)) return {};
+    const auto date = DateTimeText::readDate(typed);
+    return date ? DateTimeText::programDate(*date) : typed;
+}
+
+/// The same of a time, which is written without seconds.
+Value timeValue(const QString& typed)
+{
+    if (isBlank(typed)) return {};
+    const auto time = DateTimeText::readTime(typed);
+    return time ? DateTimeText::programTime(*time) : typed;
 }
 
 void readRow(const RecordTable& rows, EventRecord& record)
@@ -39,10 +50,10 @@ void readRow(const RecordTable& rows, EventRecord& record)
     record.eventDescription = rows.text(0, u"EventDescription");
     record.notes = rows.text(0, u"Notes");
     record.keyEvent = rows.integer(0, u"KeyEvent") != 0;
-    record.startDate = DateTimeText::readDate(rows.text(0, u"startDate"));
-    record.endDate = DateTimeText::readDate(rows.text(0, u"endDate"));
-    record.startTime = DateTimeText::readTime(rows.text(0, u"startTime"));
-    record.endTime = DateTimeText::readTime(rows.text(0, u"endTime"));
+    record.startDate = rows.text(0, u"startDate");
+    record.endDate = rows.text(0, u"endDate");
+    record.startTime = rows.text(0, u"startTime");
+    record.endTime = rows.text(0, u"endTime");
 }
 
 void readLists(DatabaseSession& session, EventRecord& record)
@@ -97,9 +108,35 @@ void setConstants(EditableRecordSet& rows)
     rows.set(u"UserID"_s, qint64{1});
 }
 
+/// A date or time that cannot be read must not be saved as if there were none.
+std::optional<EventStore::Problem> unreadableMoment(const EventRecord& record)
+{
+    const QString noDate = u"%1 \"%2\" is not a date. Please type month, day and year, such as 09/11/2001."_s;
+    const QString noTime = u"%1 \"%2\" is not a time. Please type hour and minute, such as 13:05."_s;
+    const auto isDate = [](const QString& text) { return DateTimeText::readDate(text).has_value(); };
+    const auto isTime = [](const QString& text) { return DateTimeText::readTime(text).has_value(); };
+    const struct
+    {
+        EventField field;
+        QString name;
+        QString text;
+        bool isRead;
+        QString message;
+    } moments[] = {
+        {EventField::StartDate, u"Start date"_s, record.startDate, isDate(record.startDate), noDate},
+        {EventField::EndDate, u"End date"_s, record.endDate, isDate(record.endDate), noDate},
+        {EventField::StartTime, u"Start time"_s, record.startTime, isTime(record.startTime), noTime},
+        {EventField::EndTime, u"End time"_s, record.endTime, isTime(record.endTime), noTime},
+    };
+    for (const auto& [field, name, text, isRead, message] : moments) {
+        if (!isRead && !isBlank(text)) return EventStore::Problem{field, message.arg(name, text)};
+    }
+    return std::nullopt;
+}
+
 void requireIdentifiers(const EventRecord& record)
 {
-    RecordLinks::requireIdentifiers(record.venues);
+    RecordLinks::requireChecked(record.venues);
     RecordLinks::requireIdentifiers(record.functions);
     RecordLinks::requireIdentifiers(record.documents);
     RecordLinks::requireIdentifiers(record.organizations);
@@ -157,12 +194,12 @@ std::optional<EventStore::Problem> EventStore::check(const EventRecord& record)
     const bool hasVenue = std::any_of(record.venues.begin(), record.venues.end(),
                                       [](const CheckEntry& venue) { return venue.isChecked; });
     if (!hasVenue) return Problem{EventField::Venues, u"Event venue is required."_s};
-    return std::nullopt;
+    return unreadableMoment(record);
 }
 
 bool EventStore::hasActiveTitle(const QString& title) const
 {
-    return RecordValues::hasRow(m_state.session, u"SELECT EventID FROM Event WHERE EventName LIKE "_s +
+    return RecordValues::hasRow(m_state.session, u"SELECT * FROM Event WHERE EventName LIKE "_s +
                                                      RecordValues::quotedTitle(title) +
                                                      u" AND Status = 'ACTIVE'"_s);
 }
@@ -230,7 +267,8 @@ QString EventStore::deleteEvent(qint64 id)
 
 std::optional<QDateTime> EventStore::getStartDate(const EventRecord& record)
 {
-    if (!record.startDate) return std::nullopt;
-    const QTime time = record.startTime.value_or(QTime(0, 0));
-    return QDateTime(*record.startDate, QTime(time.hour(), time.minute()));
+    const auto date = DateTimeText::readDate(record.startDate);
+    if (!date) return std::nullopt;
+    const QTime time = DateTimeText::readTime(record.startTime).value_or(QTime(0, 0));
+    return QDateTime(*date, QTime(time.hour(), time.minute()));
 }

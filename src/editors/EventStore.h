@@ -14,7 +14,11 @@ enum class EventField
 {
     EventName,
     EventDescription,
-    Venues
+    Venues,
+    StartDate,
+    EndDate,
+    StartTime,
+    EndTime
 };
 
 /// Reads and writes events, with their links and their history.
@@ -39,11 +43,12 @@ public:
     [[nodiscard]] LoadedRecord<EventRecord> load(qint64 id) const;
     [[nodiscard]] static QString notFoundMessage(qint64 id);
 
-    /// The first required field that is empty.
+    /// The first required field that is empty; else the first date or time that cannot be read.
     [[nodiscard]] static std::optional<Problem> check(const EventRecord& record);
 
     /// Adds the record; `record.id` is known afterwards, also where a later step failed. Gives a problem, and
-    /// writes nothing, where an active event has that title.
+    /// writes nothing, where an active event has that title. Like `updateEvent`, throws Error before anything
+    /// is written where a date or time cannot be read.
     [[nodiscard]] std::optional<Problem> saveEvent(EventRecord& record);
 
     /// Writes a record that exists. Throws Error where it is gone meanwhile; nothing is written then.

@@ -43,6 +43,12 @@ bool PickerEdit::isAcceptable() const
     return text().trimmed().isEmpty() || normalForm(text()).has_value();
 }
 
+void PickerEdit::showText(const QString& text)
+{
+    setText(text);
+    showMark();
+}
+
 void PickerEdit::takeNormalForm()
 {
     showMark();
@@ -169,16 +175,6 @@ OptionalTimeEdit::OptionalTimeEdit(QWidget* parent)
 {
 }
 
-std::optional<QTime> OptionalTimeEdit::time() const
-{
-    return DateTimeText::readTime(text());
-}
-
-void OptionalTimeEdit::setTime(const std::optional<QTime>& time)
-{
-    setText(time ? DateTimeText::programTime(*time) : QString());
-}
-
 std::optional<QString> OptionalTimeEdit::normalForm(const QString& typed) const
 {
     const auto time = DateTimeText::readTime(typed);
@@ -187,6 +183,6 @@ std::optional<QString> OptionalTimeEdit::normalForm(const QString& typed) const
 
 QString OptionalTimeEdit::stepped(int part, int steps) const
 {
-    return DateTimeText::programTime(
-        time()->addSecs(steps * (part == hourPart ? secondsOfHour : secondsOfMinute)));
+    return DateTimeText::programTime(DateTimeText::readTime(text())->addSecs(
+        steps * (part == hourPart ? secondsOfHour : secondsOfMinute)));
 }

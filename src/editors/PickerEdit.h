@@ -2,7 +2,6 @@
 
 #include <QDate>
 #include <QLineEdit>
-#include <QTime>
 
 #include <optional>
 
@@ -18,6 +17,9 @@ class PickerEdit : public QLineEdit
 public:
     /// Whether the line is empty or can be read.
     [[nodiscard]] bool isAcceptable() const;
+
+    /// Shows a text as it is, with the mark where it cannot be read.
+    void showText(const QString& text);
 
 protected:
     /// `whatIsExpected` completes the sentence of the mark, such as `a date like 09/11/2001`.
@@ -72,10 +74,6 @@ class OptionalTimeEdit final : public PickerEdit
 
 public:
     explicit OptionalTimeEdit(QWidget* parent);
-
-    /// Nothing where the line is empty or cannot be read.
-    [[nodiscard]] std::optional<QTime> time() const;
-    void setTime(const std::optional<QTime>& time);
 
 protected:
     [[nodiscard]] std::optional<QString> normalForm(const QString& typed) const override;

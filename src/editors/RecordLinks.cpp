@@ -115,3 +115,10 @@ void RecordLinks::requireIdentifiers(const std::vector<CheckEntry>& entries)
     for (const CheckEntry& entry : entries)
         recordIdentifier(entry.entry.key);
 }
+
+void RecordLinks::requireChecked(const std::vector<CheckEntry>& entries)
+{
+    for (const CheckEntry& entry : entries) {
+        if (entry.isChecked) recordIdentifier(entry.entry.key);
+    }
+}

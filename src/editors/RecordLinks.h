@@ -40,8 +40,12 @@ void rewriteChecked(DatabaseSession& session, const LinkTable& links, qint64 rec
 void rewriteSettings(DatabaseSession& session, const LinkTable& links, qint64 record,
                      const std::vector<CheckEntry>& entries);
 
-/// Throws Error 6 where an identifier in a list does not fit into 16 bits.
+/// Throws Error 6 where an identifier that `rewrite` or `rewriteSettings` would write does not fit into 16
+/// bits.
 void requireIdentifiers(const std::vector<ListEntry>& entries);
 void requireIdentifiers(const std::vector<CheckEntry>& entries);
+
+/// The same of what `rewriteChecked` would write: what is not checked does not count.
+void requireChecked(const std::vector<CheckEntry>& entries);
 
 } // namespace RecordLinks

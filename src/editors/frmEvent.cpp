@@ -135,10 +135,10 @@ void frmEvent::showRecord()
     rtbEventDescription->setPlainText(m_record.eventDescription);
     rtbNotes->setPlainText(m_record.notes);
     chkKeyEvent->setChecked(m_record.keyEvent);
-    dtpStartDate->setDate(m_record.startDate);
-    dtpEndDate->setDate(m_record.endDate);
-    dtpStartTime->setTime(m_record.startTime);
-    dtpEndTime->setTime(m_record.endTime);
+    dtpStartDate->showText(m_record.startDate);
+    dtpEndDate->showText(m_record.endDate);
+    dtpStartTime->showText(m_record.startTime);
+    dtpEndTime->showText(m_record.endTime);
     lvVenues->setEntries(m_record.venues);
     lstEventFunctions->setEntries(m_record.functions);
     lstEventDocuments->setEntries(m_record.documents);
@@ -151,10 +151,10 @@ void frmEvent::collectRecord()
     m_record.eventDescription = FormControls::text(*rtbEventDescription, m_record.eventDescription);
     m_record.notes = FormControls::text(*rtbNotes, m_record.notes);
     m_record.keyEvent = chkKeyEvent->isChecked();
-    m_record.startDate = dtpStartDate->date();
-    m_record.endDate = dtpEndDate->date();
-    m_record.startTime = dtpStartTime->time();
-    m_record.endTime = dtpEndTime->time();
+    m_record.startDate = dtpStartDate->text();
+    m_record.endDate = dtpEndDate->text();
+    m_record.startTime = dtpStartTime->text();
+    m_record.endTime = dtpEndTime->text();
     m_record.venues = lvVenues->entries();
     m_record.functions = lstEventFunctions->entries();
     m_record.documents = lstEventDocuments->entries();
@@ -181,28 +181,18 @@ QWidget* frmEvent::fieldOf(EventField field) const
         return txtEventName;
     case EventField::EventDescription:
         return rtbEventDescription;
+    case EventField::StartDate:
+        return dtpStartDate;
+    case EventField::EndDate:
+        return dtpEndDate;
+    case EventField::StartTime:
+        return dtpStartTime;
+    case EventField::EndTime:
+        return dtpEndTime;
     case EventField::Venues:
         break;
     }
     return lvVenues;
-}
-
-/// A date that cannot be read must not be saved as if there were none.
-bool frmEvent::checkMoments()
-{
-    for (OptionalDateEdit* date : {dtpStartDate, dtpEndDate}) {
-        if (date->isAcceptable()) continue;
-        return refuse(tr("%1 \"%2\" is not a date. Please type month, day and year, such as 09/11/2001.")
-                          .arg(date->accessibleName(), date->text()),
-                      date);
-    }
-    for (OptionalTimeEdit* time : {dtpStartTime, dtpEndTime}) {
-        if (time->isAcceptable()) continue;
-        return refuse(tr("%1 \"%2\" is not a time. Please type hour and minute, such as 13:05.")
-                          .arg(time->accessibleName(), time->text()),
-                      time);
-    }
-    return true;
 }
 
 bool frmEvent::saveRecord()
@@ -211,7 +201,6 @@ bool frmEvent::saveRecord()
     if (const auto problem = EventStore::check(m_record)) {
         return refuse(problem->message, fieldOf(problem->field));
     }
-    if (!checkMoments()) return false;
     const auto field = [this](EventField each) { return fieldOf(each); };
     if (mode() == EditorMode::Add) {
         return writeTrapped<EventStore::Problem>(

@@ -40,7 +40,6 @@ private:
     void populateFields(qint64 id);
     void showRecord();
     void collectRecord();
-    bool checkMoments();
     [[nodiscard]] QWidget* fieldOf(EventField field) const;
 
     [[nodiscard]] QString captionFor(EditorMode mode) const override;

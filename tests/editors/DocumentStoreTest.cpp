@@ -204,11 +204,21 @@ TEST_F(DocumentStoreTest, NumbersBeyondSixteenBitsAreRefusedBeforeAnythingIsWrit
     }
     record.categories.push_back({u"far"_s, 40000});
     expectRefused([&] { m_store.updateDocument(record); });
+    record.categories.pop_back();
+    record.venues.push_back({{u"far"_s, 40000}, true});
+    expectRefused([&] { m_store.updateDocument(record); });
 
     m_database.run("INSERT INTO Document (DocumentID, DocumentName) VALUES (32767, 'last')");
     DocumentRecord added = filled();
     expectRefused([&] { (void)m_store.saveDocument(added); });
     EXPECT_TRUE(QDir(m_database.folder() + u"/data/documents"_s).isEmpty());
+}
+
+TEST_F(DocumentStoreTest, AVenueOutOfRangeDoesNotMatterWhereItIsNotChecked)
+{
+    m_database.run("INSERT INTO Venue VALUES (40000, 'Far')");
+    m_store.updateDocument(m_store.load(2).record);
+    EXPECT_EQ(ask("SELECT count(*) FROM DocumentVenues WHERE DocumentID = 2"), u"2"_s);
 }
 
 TEST_F(DocumentStoreTest, WhatWasWrittenBeforeAFailureStays)

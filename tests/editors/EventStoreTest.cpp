@@ -9,6 +9,7 @@ namespace {
 constexpr int overflow = 6;
 constexpr int gone = 12;
 constexpr int refused = 1;
+constexpr int noDateOrTime = 20;
 
 class EventStoreTest : public EditorTest
 {
@@ -62,9 +63,9 @@ TEST_F(EventStoreTest, AddingWritesEveryTable)
 {
     EventRecord record = filled();
     record.keyEvent = true;
-    record.startDate = QDate(2002, 3, 5);
-    record.startTime = QTime(13, 5, 59);
-    record.endDate = QDate(1600, 1, 1); // before the start: nobody minds
+    record.startDate = u"3/5/2002"_s;
+    record.startTime = u"1:05:59 pm"_s;
+    record.endDate = u"01/01/1600"_s; // before the start: nobody minds
     record.functions = {{u"fire"_s, 3}, {u"Police"_s, 2}, {u"fire"_s, 3}};
     record.documents = {{u"Flood report"_s, 2}};
     check(record.venues, {3, 2});
@@ -87,14 +88,14 @@ TEST_F(EventStoreTest, DatesAndTimesGoInAndComeBackAsTheyAre)
 {
     const struct
     {
-        std::optional<QDate> date;
-        std::optional<QTime> time;
+        QString date;
+        QString time;
         QString held;
-    } cases[] = {{QDate(1600, 1, 1), QTime(0, 0), u"1600-01-01|00:00"_s},
-                 {QDate(9999, 12, 31), QTime(23, 59), u"9999-12-31|23:59"_s},
-                 {QDate(2000, 2, 29), QTime(12, 0), u"2000-02-29|12:00"_s},
-                 {QDate(1752, 9, 9), std::nullopt, u"1752-09-09|NULL"_s},
-                 {std::nullopt, QTime(1, 2), u"NULL|01:02"_s}};
+    } cases[] = {{u"01/01/1600"_s, u"00:00"_s, u"1600-01-01|00:00"_s},
+                 {u"12/31/9999"_s, u"23:59"_s, u"9999-12-31|23:59"_s},
+                 {u"02/29/2000"_s, u"12:00"_s, u"2000-02-29|12:00"_s},
+                 {u"09/09/1752"_s, QString(), u"1752-09-09|NULL"_s},
+                 {QString(), u"01:02"_s, u"NULL|01:02"_s}};
     for (const auto& [date, time, held] : cases) {
         EventRecord record = filled();
         record.eventName = held;
@@ -105,8 +106,52 @@ TEST_F(EventStoreTest, DatesAndTimesGoInAndComeBackAsTheyAre)
         const EventRecord again = m_store.load(record.id).record;
         EXPECT_EQ(again.startDate, date) << qPrintable(held);
         EXPECT_EQ(again.startTime, time) << qPrintable(held);
-        EXPECT_EQ(EventStore::getStartDate(again).has_value(), date.has_value());
+        EXPECT_EQ(EventStore::getStartDate(again).has_value(), !date.isEmpty());
     }
+}
+
+TEST_F(EventStoreTest, ADateThatCannotBeReadIsShownAndNeverLost)
+{
+    const QString noDate = u" is not a date. Please type month, day and year, such as 09/11/2001."_s;
+    const QString noTime = u" is not a time. Please type hour and minute, such as 13:05."_s;
+    const struct
+    {
+        const char* column;
+        const char* held;
+        QString EventRecord::*shownIn;
+        QString shown;
+        EventField field;
+        QString message;
+    } cases[] = {
+        {"StartDate", "abc", &EventRecord::startDate, u"abc"_s, EventField::StartDate,
+         u"Start date \"abc\""_s + noDate},
+        {"EndDate", "2001-02-30", &EventRecord::endDate, u"02/30/2001"_s, EventField::EndDate,
+         u"End date \"02/30/2001\""_s + noDate},
+        {"StartTime", "24:10", &EventRecord::startTime, u"24:10"_s, EventField::StartTime,
+         u"Start time \"24:10\""_s + noTime},
+        {"EndTime", "%1 noon", &EventRecord::endTime, u"%1 noon"_s, EventField::EndTime,
+         u"End time \"%1 noon\""_s + noTime},
+    };
+    for (const auto& [column, held, shownIn, shown, field, message] : cases) {
+        m_database.run(
+            u"UPDATE Event SET %1 = '%2' WHERE EventID = 2"_s.arg(QLatin1String(column), QLatin1String(held))
+                .toUtf8()
+                .constData());
+        const QByteArray before = m_database.bytes();
+        EventRecord record = m_store.load(2).record;
+        EXPECT_EQ(record.*shownIn, shown);
+        const auto problem = EventStore::check(record);
+        ASSERT_TRUE(problem) << column;
+        EXPECT_EQ(problem->field, field) << column;
+        EXPECT_EQ(problem->message, message);
+        EXPECT_EQ(errorNumberOf([&] { m_store.updateEvent(record); }), noDateOrTime) << column;
+        EXPECT_EQ(m_database.bytes(), before) << column;
+        (record.*shownIn).clear();
+        EXPECT_FALSE(EventStore::check(record)) << column;
+        m_store.updateEvent(record);
+    }
+    EXPECT_EQ(ask("SELECT StartDate, StartTime, EndDate, EndTime FROM Event WHERE EventID = 2"),
+              u"NULL|NULL|NULL|NULL"_s);
 }
 
 TEST_F(EventStoreTest, TitlesThatAnActiveEventHasAreRefused)
@@ -135,8 +180,8 @@ TEST_F(EventStoreTest, ChangingKeepsTheStatusAndRewritesTheLinks)
 {
     const auto [record, isFound] = m_store.load(2);
     EXPECT_TRUE(isFound);
-    EXPECT_EQ(record.startTime, QTime(9, 5));
-    EXPECT_FALSE(record.endDate);
+    EXPECT_EQ(record.startTime, u"09:05"_s);
+    EXPECT_EQ(record.endDate, QString());
     EXPECT_EQ(record.functions.size(), 2u);
     EXPECT_EQ(textsOf(record.documents), u"Flood report|The xAy file"_s);
     EXPECT_EQ(keysOf(record.venues), u"3"_s);
@@ -152,6 +197,15 @@ TEST_F(EventStoreTest, ChangingKeepsTheStatusAndRewritesTheLinks)
     EXPECT_EQ(ask("SELECT count(*) FROM DocumentEvents WHERE EventID = 2"), u"2"_s);
     EXPECT_EQ(ask("SELECT OrganizationID FROM OrganizationEvents WHERE EventID = 2"), u"1"_s);
     EXPECT_EQ(ask("SELECT count(*) FROM Event_HIST WHERE EventID = 2"), u"2"_s);
+}
+
+TEST_F(EventStoreTest, AVenueOutOfRangeDoesNotMatterWhereItIsNotChecked)
+{
+    m_database.run("INSERT INTO Venue VALUES (40000, 'Far')");
+    EventRecord record = filled();
+    EXPECT_FALSE(m_store.saveEvent(record));
+    m_store.updateEvent(record);
+    EXPECT_EQ(ask("SELECT VenueID FROM EventVenues WHERE EventID = 4"), u"12"_s);
 }
 
 TEST_F(EventStoreTest, AnUndatedEventStaysUndated)
@@ -201,6 +255,9 @@ TEST_F(EventStoreTest, WhatCannotBeSavedIsRefusedBeforeAnythingIsWritten)
     EXPECT_EQ(errorNumberOf([&] { m_store.updateEvent(record); }), overflow);
     EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveEvent(record); }), overflow);
     record.documents.clear();
+    record.venues.push_back({{u"far"_s, 32768}, true});
+    EXPECT_EQ(errorNumberOf([&] { m_store.updateEvent(record); }), overflow);
+    record.venues.pop_back();
     record.id = 77;
     EXPECT_EQ(errorNumberOf([&] { m_store.updateEvent(record); }), gone);
     EXPECT_EQ(m_database.bytes(), before);

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 /// A journey with two events, showing the events.
@@ -144,6 +146,65 @@ TEST_F(EventEditor, ChangesAnEventAndLeavesEmptyPickersEmpty)
     EXPECT_EQ(rows("SELECT DocumentID FROM DocumentEvents WHERE EventID = 2"), "1");
     EXPECT_EQ(rows("SELECT FunctionID FROM EventFunctions WHERE EventID = 2"), "1");
     EXPECT_EQ(rows("SELECT count(*) FROM Event_HIST WHERE EventID = 2"), "1");
+}
+
+TEST_F(EventEditor, ShowsADateThatCannotBeReadAndSavesItOnlyWhenItIsMended)
+{
+    journey.database.run("UPDATE Event SET StartDate = 'about 1927', EndTime = '24:30' WHERE EventID = 2");
+    const char* const moments = "SELECT StartDate, StartTime, EndDate, EndTime FROM Event WHERE EventID = 2";
+    messages().expectMessage(QStringLiteral(
+        "searchByTimeConstraint Error (13): about 1927 07:30:45 is not a date and time (Flood)"));
+    messages().expectMessage(QStringLiteral(
+        "Start date \"about 1927\" is not a date. Please type month, day and year, such as 09/11/2001."));
+    messages().expectMessage(
+        QStringLiteral("End time \"24:30\" is not a time. Please type hour and minute, such as 13:05."));
+    editFirst([&](OpenDialog& dialog) {
+        const auto isMarked = [&](const char* picker) {
+            const QList<QAction*> actions = dialog.find<QWidget>(picker).actions();
+            return std::any_of(actions.begin(), actions.end(), [](const QAction* action) {
+                return action->isVisible() && action->toolTip().startsWith(QStringLiteral("This is not"));
+            });
+        };
+        EXPECT_EQ(dialog.text("dtpStartDate"), "about 1927");
+        EXPECT_TRUE(isMarked("dtpStartDate"));
+        EXPECT_FALSE(isMarked("dtpEndDate"));
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "dtpStartDate");
+        EXPECT_EQ(dialog.text("dtpStartDate"), "about 1927");
+        EXPECT_EQ(rows(moments), "about 1927|07:30:45|NULL|24:30");
+        dialog.type("dtpStartDate", QStringLiteral("4/22/1927"));
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "dtpEndTime");
+        dialog.type("dtpEndTime", QString());
+        EXPECT_FALSE(isMarked("dtpEndTime"));
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(rows(moments), "1927-04-22|07:30|NULL|NULL");
+}
+
+TEST_F(EventEditor, TakesTheDatesOfTheLastEventAwayAndTheTimelineEndsEarlier)
+{
+    inEditor("mnuRecordAddNewEvent", [](OpenDialog& dialog) {
+        dialog.type("txtEventName", QStringLiteral("Undated"));
+        dialog.type("rtbEventDescription", QStringLiteral("Nobody knows when"));
+        dialog.tick("lvVenues", QStringLiteral("Coast"));
+        dialog.type("dtpStartDate", QStringLiteral("3/5/2002"));
+        dialog.type("dtpEndDate", QStringLiteral("3/6/2012"));
+        dialog.click("cmdOK");
+    });
+    const Timeline& timeline = journey.find<TimelinePanel>("pnlTimeline").timeline();
+    const TimelineLimits before = timeline.window().limits();
+    journey.select("Undated");
+    inEditor("mnuRecordEdit", [](OpenDialog& dialog) {
+        dialog.type("dtpStartDate", QString());
+        dialog.type("dtpEndDate", QString());
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(rows("SELECT StartDate, StartTime, EndDate, EndTime FROM Event WHERE EventID = 4"),
+              "NULL|NULL|NULL|NULL");
+    EXPECT_EQ(timeline.window().limits().timelineStart, before.timelineStart);
+    EXPECT_LT(timeline.window().limits().timelineEnd, before.timelineEnd);
+    EXPECT_EQ(journey.column(0), "Undated|Flood");
 }
 
 TEST_F(EventEditor, TakesPresetsIntoItsLists)

@@ -50,7 +50,7 @@ TEST(PickerEdit, StepsThePartAtTheCursor)
     EXPECT_EQ(date.text(), QStringLiteral("12/31/9999"));
 
     OptionalTimeEdit time(nullptr);
-    time.setTime(QTime(23, 59));
+    time.showText(QStringLiteral("23:59"));
     time.setCursorPosition(4);
     QTest::keyClick(&time, Qt::Key_Up);
     EXPECT_EQ(time.text(), QStringLiteral("00:00"));
