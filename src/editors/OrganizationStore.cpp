@@ -5,6 +5,9 @@
 #include "editors/RecordLinks.h"
 #include "editors/RecordValues.h"
 #include "files/FileUpload.h"
+#include "util/Error.h"
+
+#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -93,31 +96,39 @@ void setConstants(EditableRecordSet& rows)
     rows.set(u"UserID"_s, qint64{1});
 }
 
-/// The numbers of a profile, read before anything is written.
-struct ProfileNumbers
+/// A number of a profile as it is written, or what the user is told where it is none.
+struct ProfileNumber
 {
-    explicit ProfileNumbers(const OrganizationProfile& profile)
-        : swornEmployees(RecordValues::number(u"Sworn employees"_s, profile.swornEmployees)),
-          civilianEmployees(RecordValues::number(u"Civilian employees"_s, profile.civilianEmployees)),
-          volunteers(RecordValues::number(u"Volunteers"_s, profile.volunteers)),
-          annualBudget(RecordValues::amount(u"Annual budget"_s, profile.annualBudget))
-    {
-    }
-
-    Value swornEmployees;
-    Value civilianEmployees;
-    Value volunteers;
-    Value annualBudget;
+    OrganizationField field;
+    QString column;
+    std::optional<Value> value;
+    QString message;
 };
+
+std::vector<ProfileNumber> profileNumbers(const OrganizationProfile& profile)
+{
+    const auto count = [](OrganizationField field, const QString& column, const QString& name,
+                          const QString& text) {
+        return ProfileNumber{
+            field, column, RecordValues::count(text),
+            u"%1 \"%2\" is not a number of people. Please type a whole number, such as 1,250."_s.arg(name,
+                                                                                                     text)};
+    };
+    const QString noAmount = u"Annual budget \"%1\" is not a number. Please type one such as 1,250,000.50."_s;
+    return {count(OrganizationField::SwornEmployees, u"SwornEmployees"_s, u"Sworn employees"_s,
+                  profile.swornEmployees),
+            count(OrganizationField::CivilianEmployees, u"CivilianEmployees"_s, u"Civilian employees"_s,
+                  profile.civilianEmployees),
+            count(OrganizationField::Volunteers, u"Volunteers"_s, u"Volunteers"_s, profile.volunteers),
+            {OrganizationField::AnnualBudget, u"AnnualBudget"_s, RecordValues::amount(profile.annualBudget),
+             noAmount.arg(profile.annualBudget)}};
+}
 
 void setProfileValues(EditableRecordSet& rows, const OrganizationProfile& profile)
 {
-    const ProfileNumbers numbers(profile);
     rows.set(u"MissionStatement"_s, profile.missionStatement);
-    rows.set(u"SwornEmployees"_s, numbers.swornEmployees);
-    rows.set(u"CivilianEmployees"_s, numbers.civilianEmployees);
-    rows.set(u"Volunteers"_s, numbers.volunteers);
-    rows.set(u"AnnualBudget"_s, numbers.annualBudget);
+    for (const ProfileNumber& number : profileNumbers(profile))
+        rows.set(number.column, number.value.value());
     rows.set(u"Resources"_s, profile.resources);
     rows.set(u"Training"_s, profile.training);
     rows.set(u"Other"_s, profile.other);
@@ -129,10 +140,12 @@ void requireWritable(const OrganizationRecord& record)
     recordIdentifier(record.functionId);
     recordIdentifier(record.organizationTypeId);
     recordIdentifier(record.organizationSubTypeId);
-    RecordLinks::requireIdentifiers(record.venues);
+    RecordLinks::requireChecked(record.venues);
     RecordLinks::requireIdentifiers(record.profile.jurisdictions);
     RecordLinks::requireIdentifiers(record.profile.populations);
-    const ProfileNumbers numbers(record.profile);
+    for (const ProfileNumber& number : profileNumbers(record.profile)) {
+        if (!number.value) throw Error(SQLITE_MISMATCH, number.message);
+    }
 }
 
 } // namespace
@@ -199,8 +212,13 @@ QString OrganizationStore::notFoundMessage(qint64 id)
 
 std::optional<OrganizationStore::Problem> OrganizationStore::check(const OrganizationRecord& record)
 {
-    if (!record.organizationName.isEmpty()) return std::nullopt;
-    return Problem{OrganizationField::OrganizationName, u"Organization name is required."_s};
+    if (record.organizationName.isEmpty()) {
+        return Problem{OrganizationField::OrganizationName, u"Organization name is required."_s};
+    }
+    for (const ProfileNumber& number : profileNumbers(record.profile)) {
+        if (!number.value) return Problem{number.field, number.message};
+    }
+    return std::nullopt;
 }
 
 ChartPath OrganizationStore::chartPath(qint64 id, const QString& path) const
@@ -213,7 +231,7 @@ ChartPath OrganizationStore::chartPath(qint64 id, const QString& path) const
 bool OrganizationStore::hasActiveName(const QString& name) const
 {
     return RecordValues::hasRow(m_state.session,
-                                u"SELECT OrganizationID FROM Organization WHERE OrganizationName LIKE "_s +
+                                u"SELECT * FROM Organization WHERE OrganizationName LIKE "_s +
                                     RecordValues::quotedTitle(name) + u" AND Status = 'ACTIVE'"_s);
 }
 

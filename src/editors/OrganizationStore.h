@@ -11,7 +11,11 @@
 /// The fields of an organization that can fail a check.
 enum class OrganizationField
 {
-    OrganizationName
+    OrganizationName,
+    SwornEmployees,
+    CivilianEmployees,
+    Volunteers,
+    AnnualBudget
 };
 
 /// What a save would do with the path of an organization's chart.
@@ -51,7 +55,7 @@ public:
     [[nodiscard]] LoadedRecord<OrganizationRecord> load(qint64 id) const;
     [[nodiscard]] static QString notFoundMessage(qint64 id);
 
-    /// The first required field that is empty.
+    /// The name where it is empty; else the first number of the profile that is none.
     [[nodiscard]] static std::optional<Problem> check(const OrganizationRecord& record);
 
     /// What a save of that organization does with a path in its chart field.

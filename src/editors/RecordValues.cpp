@@ -10,20 +10,8 @@
 
 namespace {
 
-/// The digits of a number, without signs of grouping or money; empty where the text is empty.
-QString digits(const QString& field, const QString& text)
-{
-    static const QLocale typed(QLocale::English, QLocale::UnitedStates);
-    QString number = text.trimmed();
-    if (number.startsWith(u'$')) number = number.mid(1).trimmed();
-    if (number.isEmpty()) return {};
-    bool isNumber = std::all_of(number.cbegin(), number.cend(), [](QChar c) {
-        return (c >= u'0' && c <= u'9') || c == u',' || c == u'.' || c == u'-';
-    });
-    if (isNumber) typed.toDouble(number, &isNumber);
-    if (!isNumber) throw Error(SQLITE_MISMATCH, QStringLiteral("%1: %2 is not a number").arg(field, text));
-    return number.remove(u',');
-}
+/// Numbers are typed with a comma between thousands and a point before the fraction, whatever the locale.
+const QLocale typed(QLocale::English, QLocale::UnitedStates);
 
 } // namespace
 
@@ -37,21 +25,27 @@ Value RecordValues::updateTime(const Clock& clock)
     return clock.now().toString(QStringLiteral("MM/dd/yyyy HH:mm:ss"));
 }
 
-Value RecordValues::number(const QString& field, const QString& text)
+std::optional<Value> RecordValues::count(const QString& text)
 {
-    const QString number = digits(field, text);
-    if (number.isEmpty()) return {};
+    const QString number = text.trimmed();
+    if (number.isEmpty()) return Value();
     bool isWhole = false;
-    const qint64 whole = number.toLongLong(&isWhole);
-    if (isWhole) return whole;
-    return number.toDouble();
+    const qint64 whole = typed.toLongLong(number, &isWhole);
+    if (!isWhole || whole < 0) return std::nullopt;
+    return whole;
 }
 
-Value RecordValues::amount(const QString& field, const QString& text)
+std::optional<Value> RecordValues::amount(const QString& text)
 {
-    const QString number = digits(field, text);
-    if (number.isEmpty()) return {};
-    return number;
+    QString number = text.trimmed();
+    if (number.startsWith(u'$')) number = number.mid(1).trimmed();
+    if (number.isEmpty()) return Value();
+    bool isNumber = std::all_of(number.cbegin(), number.cend(), [](QChar c) {
+        return (c >= u'0' && c <= u'9') || c == u',' || c == u'.' || c == u'-';
+    });
+    if (isNumber) typed.toDouble(number, &isNumber);
+    if (!isNumber) return std::nullopt;
+    return number.remove(u',');
 }
 
 qint64 RecordValues::key(const RecordTable& rows, QStringView column)

@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <optional>
+
 /// How the editors of all kinds read and write single values.
 namespace RecordValues {
 
@@ -16,12 +18,13 @@ Value flag(bool set);
 /// The present moment, for the history.
 Value updateTime(const Clock& clock);
 
-/// A number as somebody types it, `$1,250.50` among others; missing for an empty text. Throws Error where it
-/// is no number; `field` names it for the user.
-Value number(const QString& field, const QString& text);
+/// How many there are of something, as somebody types it, `1,250` among others: a whole number from 0 to what
+/// a column of numbers can hold. Missing for an empty text; nothing where it is no such number.
+std::optional<Value> count(const QString& text);
 
-/// The same, as the exact text that an amount of money is held as.
-Value amount(const QString& field, const QString& text);
+/// An amount of money, `$1,250.50` among others, as the exact text that it is held as. Missing for an empty
+/// text; nothing where it is no number.
+std::optional<Value> amount(const QString& text);
 
 /// A key of another table; that of "None" where it is missing.
 qint64 key(const RecordTable& rows, QStringView column);
@@ -29,8 +32,7 @@ qint64 key(const RecordTable& rows, QStringView column);
 /// Opens the one record that a statement names, for changing it. Throws Error where it is gone.
 EditableRecordSet openRecord(DatabaseSession& session, const QString& statement);
 
-/// Whether a statement gives a row. Where it asks for no more than keys, an index may answer it without a
-/// look at the records, which are ten times as long.
+/// Whether a statement gives a row.
 bool hasRow(DatabaseSession& session, const QString& statement);
 
 /// A title between double quotes, to stand behind `LIKE`. A double quote of its own becomes `%`, so that it

@@ -327,13 +327,30 @@ void frmOrganization::applyMode(EditorMode mode)
     checkChart();
 }
 
+QWidget* frmOrganization::fieldOf(OrganizationField field) const
+{
+    switch (field) {
+    case OrganizationField::SwornEmployees:
+        return txtSwornEmployees;
+    case OrganizationField::CivilianEmployees:
+        return txtCivilianEmployees;
+    case OrganizationField::Volunteers:
+        return txtVolunteers;
+    case OrganizationField::AnnualBudget:
+        return txtAnnualBudget;
+    case OrganizationField::OrganizationName:
+        break;
+    }
+    return txtOrganizationName;
+}
+
 bool frmOrganization::saveRecord()
 {
     collectRecord();
-    const auto field = [this](OrganizationField) -> QWidget* { return txtOrganizationName; };
     if (const auto problem = OrganizationStore::check(m_record)) {
-        return refuse(problem->message, field(problem->field));
+        return refuse(problem->message, fieldOf(problem->field));
     }
+    const auto field = [this](OrganizationField each) { return fieldOf(each); };
     if (mode() == EditorMode::Add) {
         return writeTrapped<OrganizationStore::Problem>(
             "saveOrganization", [this] { return m_store.saveOrganization(m_record); }, field);

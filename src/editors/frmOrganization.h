@@ -48,6 +48,8 @@ private:
     void browseForChart();
     void checkChart();
 
+    [[nodiscard]] QWidget* fieldOf(OrganizationField field) const;
+
     [[nodiscard]] QString captionFor(EditorMode mode) const override;
     void applyMode(EditorMode mode) override;
     bool saveRecord() override;

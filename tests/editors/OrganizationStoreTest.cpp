@@ -181,24 +181,65 @@ TEST_F(OrganizationStoreTest, AChartIsTakenAgainWithEverySave)
     EXPECT_FALSE(m_store.chartPath(2, QString()).storedCopy);
 }
 
+const struct
+{
+    QString OrganizationProfile::*number;
+    OrganizationField field;
+    QString messageBeginning;
+} profileNumbers[] = {
+    {&OrganizationProfile::swornEmployees, OrganizationField::SwornEmployees,
+     u"Sworn employees \"%1\" is not a number of people."_s},
+    {&OrganizationProfile::civilianEmployees, OrganizationField::CivilianEmployees,
+     u"Civilian employees \"%1\" is not a number of people."_s},
+    {&OrganizationProfile::volunteers, OrganizationField::Volunteers,
+     u"Volunteers \"%1\" is not a number of people."_s},
+    {&OrganizationProfile::annualBudget, OrganizationField::AnnualBudget,
+     u"Annual budget \"%1\" is not a number."_s},
+};
+
 TEST_F(OrganizationStoreTest, WhatIsNoNumberIsRefusedBeforeAnythingIsWritten)
 {
     const QByteArray before = m_database.bytes();
     for (const char* text : {"about 30", "1e5", "nan", "1.2.3", "12,34", "-", "0x10", "½"}) {
-        OrganizationRecord record = m_store.load(2).record;
-        record.profile.volunteers = QString::fromUtf8(text);
-        EXPECT_EQ(errorNumberOf([&] { m_store.updateOrganization(record); }), noNumber) << text;
-        record.profile.volunteers.clear();
-        record.profile.annualBudget = QString::fromUtf8(text);
-        EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveOrganization(record); }), noNumber) << text;
+        for (const auto& [number, field, beginning] : profileNumbers) {
+            OrganizationRecord record = m_store.load(2).record;
+            record.profile.*number = QString::fromUtf8(text);
+            const auto problem = OrganizationStore::check(record);
+            ASSERT_TRUE(problem) << text;
+            EXPECT_EQ(problem->field, field) << text;
+            EXPECT_TRUE(problem->message.startsWith(beginning.arg(QString::fromUtf8(text))))
+                << qPrintable(problem->message);
+            EXPECT_EQ(errorNumberOf([&] { m_store.updateOrganization(record); }), noNumber) << text;
+            EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveOrganization(record); }), noNumber) << text;
+        }
     }
     OrganizationRecord record = m_store.load(2).record;
+    for (const char* text : {"-1", "12.5", "9223372036854775808", "$5"}) {
+        record.profile.swornEmployees = QString::fromUtf8(text);
+        EXPECT_TRUE(OrganizationStore::check(record)) << text;
+    }
+    record.profile.swornEmployees.clear();
+    record.profile.annualBudget = u"-12.5"_s;
+    EXPECT_FALSE(OrganizationStore::check(record));
+    record.profile.populations.push_back({{u"far"_s, 32768}, false}); // written with its setting
+    EXPECT_EQ(errorNumberOf([&] { m_store.updateOrganization(record); }), overflow);
+    record.profile.populations.pop_back();
+    record.venues.push_back({{u"far"_s, 32768}, true});
+    EXPECT_EQ(errorNumberOf([&] { m_store.updateOrganization(record); }), overflow);
+    record.venues.pop_back();
     record.functionId = 32768;
     EXPECT_EQ(errorNumberOf([&] { m_store.updateOrganization(record); }), overflow);
     record.functionId = 2;
     record.id = 77;
     EXPECT_EQ(errorNumberOf([&] { m_store.updateOrganization(record); }), gone);
     EXPECT_EQ(m_database.bytes(), before);
+}
+
+TEST_F(OrganizationStoreTest, AVenueOutOfRangeDoesNotMatterWhereItIsNotChecked)
+{
+    m_database.run("INSERT INTO Venue VALUES (40000, 'Far')");
+    m_store.updateOrganization(m_store.load(2).record);
+    EXPECT_EQ(ask("SELECT count(*) FROM OrganizationVenues WHERE OrganizationID = 2"), u"2"_s);
 }
 
 TEST_F(OrganizationStoreTest, WhatWasWrittenBeforeAFailureStays)

@@ -145,6 +145,33 @@ TEST_F(OrganizationEditor, WarnsOfAChartThatASaveWouldDropAndTakesTheStoredCopy)
     EXPECT_EQ(chart.readAll(), QByteArray("old chart"));
 }
 
+TEST_F(OrganizationEditor, RefusesWhatIsNoNumberAndGoesThere)
+{
+    messages().expectMessage(QStringLiteral(
+        "Volunteers \"about 30\" is not a number of people. Please type a whole number, such as 1,250."));
+    messages().expectMessage(
+        QStringLiteral("Annual budget \"a lot\" is not a number. Please type one such as 1,250,000.50."));
+    editFirst([](OpenDialog& dialog) {
+        auto& tabs = dialog.find<QTabWidget>("tabOrganization");
+        tabs.setCurrentIndex(1);
+        dialog.type("txtVolunteers", QStringLiteral("about 30"));
+        dialog.type("txtAnnualBudget", QStringLiteral("a lot"));
+        tabs.setCurrentIndex(0);
+        dialog.click("cmdOK");
+        EXPECT_EQ(tabs.currentIndex(), 1);
+        EXPECT_EQ(dialog.focus(), "txtVolunteers");
+        EXPECT_EQ(dialog.text("txtVolunteers"), "about 30");
+        dialog.type("txtVolunteers", QStringLiteral("1,300"));
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "txtAnnualBudget");
+        dialog.type("txtAnnualBudget", QStringLiteral("$2,000.5"));
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(rows("SELECT SwornEmployees, Volunteers, AnnualBudget FROM OrganizationProfile"),
+              "12|1300|2000.5");
+    EXPECT_EQ(rows("SELECT count(*) FROM Organization_HIST"), "1");
+}
+
 TEST_F(OrganizationEditor, DoesNotTakeALookAtTheOtherTabForAChange)
 {
     editFirst([&](OpenDialog& dialog) {
