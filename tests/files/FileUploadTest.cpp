@@ -223,6 +223,8 @@ TEST_F(FileUploadTest, AFailedCopyReportsAndLeavesNothingBehind)
     ASSERT_EQ(mkfifo(m_place.filePath(u"pipe.pdf"_s).toUtf8().constData(), 0600), 0);
     expectRefused(m_place.filePath(u"pipe.pdf"_s), EINVAL);
     expectRefused(write(u"a."_s + QString(253, u'e'), "x"), ENAMETOOLONG);
+    expectRefused(m_place.filePath(QString(252, u'n') + u".pdf"_s), ENAMETOOLONG);
+    expectRefused(m_place.filePath(QString(130, u'é') + u".htm"_s), ENAMETOOLONG);
 
     write(u"page_files/1.gif"_s, "x");
     expectRefused(m_place.filePath(u"page.htm"_s), ENOENT);

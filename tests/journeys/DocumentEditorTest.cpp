@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QCompleter>
+#include <QDir>
 #include <QDropEvent>
 #include <QFile>
 #include <QLineEdit>
@@ -279,6 +280,40 @@ TEST_F(DocumentEditor, StaysOpenWhereTheFileIsGoneAndShowsWhatWasWritten)
         dialog.click("cmdCancel");
     });
     EXPECT_EQ(journey.column(0), "Levees|Old Levees");
+}
+
+TEST_F(DocumentEditor, SaysThatANameIsTooLongAndKeepsWhatWasTyped)
+{
+    const QString longPath = journey.database.folder() + u'/' + QString(300, u'n') + QStringLiteral(".pdf");
+    messages().expectMessage(
+        QStringLiteral("saveDocument Error (36): File name too long (%1)").arg(longPath));
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        fillIn(dialog);
+        dialog.type("txtOriginalFilename", longPath);
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.text("txtOriginalFilename"), longPath.toStdString());
+        EXPECT_EQ(dialog.text("rtbDocumentDescription"), "About levees");
+        dialog.click("cmdCancel");
+    });
+    EXPECT_TRUE(QDir(journey.dataFolder() + QStringLiteral("documents")).isEmpty());
+}
+
+TEST_F(DocumentEditor, UploadsIntoAFolderOfAnotherLetterCaseAndFindsTheFileThere)
+{
+    QDir data(journey.dataFolder());
+    ASSERT_TRUE(data.rename(QStringLiteral("documents"), QStringLiteral("DOCUMENTS")));
+    journey.start();
+    journey.trigger("mnuViewDocuments");
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        fillIn(dialog);
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(data.entryList({QStringLiteral("documents")}, QDir::Dirs),
+              QStringList{QStringLiteral("DOCUMENTS")});
+    EXPECT_TRUE(data.exists(QStringLiteral("DOCUMENTS/3.PDF")));
+    journey.select("Levees");
+    journey.trigger("mnuRecordOpen");
+    EXPECT_EQ(journey.desktop.shell.opened, QStringList{data.filePath(QStringLiteral("DOCUMENTS/3.PDF"))});
 }
 
 TEST_F(DocumentEditor, SaysThatARecordIsGoneOrOutOfRange)
