@@ -166,7 +166,8 @@ void frmMain::load()
 void frmMain::openDatabase()
 {
     const QString file = m_platform.fileDialogs.openFile(
-        tr("Open Database"), tr("Databases (*.mdb *.accdb *.sqlite);;All files (*)"));
+        tr("Open Database"),
+        tr("Databases (*.mdb *.accdb *.sqlite)|*.mdb *.accdb *.sqlite|All Files (*.*)| *.*"));
     if (file.isEmpty()) return;
     m_list->stop();
     bool opened = false;

@@ -217,7 +217,7 @@ void frmDocument::collectRecord()
 
 void frmDocument::browseForFile()
 {
-    const QString file = platform().fileDialogs.openFile(tr("Document File"), tr("All Files (*)"));
+    const QString file = platform().fileDialogs.openFile(tr("Document File"), tr("All Files (*.*)| *.*"));
     if (!file.isEmpty()) txtOriginalFilename->setText(file);
 }
 

@@ -289,7 +289,8 @@ void frmOrganization::collectProfile()
 
 void frmOrganization::browseForChart()
 {
-    const QString file = platform().fileDialogs.openFile(tr("Organization Chart"), tr("All Files (*)"));
+    const QString file =
+        platform().fileDialogs.openFile(tr("Organization Chart"), tr("All Files (*.*)| *.*"));
     if (!file.isEmpty()) m_chart->setPath(file);
 }
 

@@ -3,11 +3,30 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QStringList>
+
+namespace {
+
+/// A filter in the form of the toolkit, which shows what stands before the last parentheses.
+QString toolkitFilter(const QString& filter)
+{
+    const QStringList parts = filter.split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QStringList patterns = parts[i + 1].split(u' ', Qt::SkipEmptyParts);
+        patterns.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
+        filters << QStringLiteral("%1 (%2)").arg(parts[i].trimmed(), patterns.join(u' '));
+    }
+    return filters.join(QStringLiteral(";;"));
+}
+
+} // namespace
 
 QString DesktopFileDialogs::openFile(const QString& title, const QString& filter)
 {
     const QString file =
-        QFileDialog::getOpenFileName(QApplication::activeWindow(), title, m_lastFolder, filter);
+        QFileDialog::getOpenFileName(QApplication::activeWindow(), title, m_lastFolder, toolkitFilter(filter),
+                                     nullptr, QFileDialog::HideNameFilterDetails);
     if (!file.isEmpty()) m_lastFolder = QFileInfo(file).path();
     return file;
 }

@@ -81,6 +81,7 @@ TEST_F(DocumentEditor, AddsARecordWithItsLinksAndItsFile)
         dialog.type("rtbDocumentDescription", QStringLiteral("Été's levees"));
         dialog.click("cmdUploadDocument");
         EXPECT_EQ(dialog.text("txtOriginalFilename"), source.toStdString());
+        EXPECT_EQ(journey.desktop.fileDialogs.filters.join(u';').toStdString(), "All Files (*.*)| *.*");
         dialog.choose("cmbOrganizationNames", QStringLiteral("Levee Board"));
         dialog.tick("lvVenues", QStringLiteral("Coast"));
         dialog.tick("lvVenues", QStringLiteral("City"));

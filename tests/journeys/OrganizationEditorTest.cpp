@@ -94,6 +94,7 @@ TEST_F(OrganizationEditor, AddsARecordWithItsProfile)
         dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
         dialog.tick("lvJurisdictions", QStringLiteral("County"));
         dialog.click("cmdUploadOrgChart");
+        EXPECT_EQ(journey.desktop.fileDialogs.filters.join(u';').toStdString(), "All Files (*.*)| *.*");
         EXPECT_FALSE(dialog.find<QWidget>("fraChartWarning").isVisible());
         dialog.click("cmdOK");
     });

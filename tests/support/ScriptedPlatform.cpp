@@ -43,8 +43,9 @@ bool ScriptedMessages::ask(const QString& question)
     return take(question, true);
 }
 
-QString ScriptedFileDialogs::openFile(const QString& title, const QString& /*filter*/)
+QString ScriptedFileDialogs::openFile(const QString& title, const QString& filter)
 {
+    filters << filter;
     if (files.empty()) {
         ADD_FAILURE() << "a file dialog that is not in the script: " << title.toStdString();
         return {};

@@ -58,6 +58,7 @@ public:
     [[nodiscard]] QString openFile(const QString& title, const QString& filter) override;
 
     std::deque<QString> files;
+    QStringList filters; ///< of the dialogs that were opened
 };
 
 /// A converter that gives the results of a script, and writes down what it was asked for.

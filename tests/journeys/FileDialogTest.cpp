@@ -1,0 +1,57 @@
+#include "Dialogs.h"
+#include "platform/DesktopFileDialogs.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+bool isListed(OpenDialog& dialog, const char* name)
+{
+    auto& list = dialog.find<QAbstractItemView>("listView");
+    return QTest::qWaitFor([&] {
+        const QAbstractItemModel& model = *list.model();
+        return !model.match(model.index(0, 0, list.rootIndex()), Qt::DisplayRole, QString::fromUtf8(name))
+                    .isEmpty();
+    });
+}
+
+TEST(FileDialog, ShowsTheTextsOfItsFilterAndFilesWithoutAPoint)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("README"));
+    ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));
+    DesktopFileDialogs dialogs;
+    const auto open = [&](const std::function<void(OpenDialog&)>& work) {
+        QString chosen;
+        inDialog(
+            "QFileDialog",
+            [&] {
+                chosen = dialogs.openFile(QStringLiteral("A File"),
+                                          QStringLiteral("All Files (*.*)| *.*|Pages (*.htm)|*.htm *.html"));
+            },
+            work);
+        return chosen;
+    };
+    EXPECT_EQ(open([&](OpenDialog& dialog) {
+                  EXPECT_EQ(dialog.title(), "A File");
+                  const auto& types = dialog.find<QComboBox>("fileTypeCombo");
+                  EXPECT_EQ(types.itemText(0), QStringLiteral("All Files (*.*)"));
+                  EXPECT_EQ(types.itemText(1), QStringLiteral("Pages (*.htm)"));
+                  dialog.type("fileNameEdit", file);
+                  dialog.press(Qt::Key_Return);
+              }),
+              file);
+    EXPECT_EQ(open([](OpenDialog& dialog) {
+                  EXPECT_TRUE(isListed(dialog, "README")) << "begins in the folder used last";
+                  dialog.press(Qt::Key_Escape);
+              }),
+              QString());
+}
+
+} // namespace
