@@ -7,9 +7,10 @@ namespace {
 constexpr std::size_t heldDateLength = 10;
 constexpr std::size_t heldTimeLength = 5;
 
+/// A text that is not in the form of a date is shown as it is.
 std::string dateText(std::string_view held, bool wholeYear)
 {
-    if (held.size() != heldDateLength) return std::string(held);
+    if (held.size() != heldDateLength || held[4] != '-' || held[7] != '-') return std::string(held);
     std::string text;
     text.append(held.substr(5, 2)).append("/").append(held.substr(8, 2)).append("/");
     return text.append(wholeYear ? held.substr(0, 4) : held.substr(2, 2));

@@ -29,6 +29,7 @@ TEST(EventTimes, SaysWhenAnEventWasInAsFewWordsAsItCan)
         {{"1999-12-31", "23:59", "2000-01-01", "23:59"},
          "12/31/99 23:59 - 01/01/00 23:59",
          "12/31/1999 23:59 - 01/01/2000 23:59"},
+        {{"about 1927", "", "", ""}, "about 1927", "about 1927"},
         {{"", "", "", ""}, "", ""},
     };
     for (const Case& c : cases) {
