@@ -24,7 +24,7 @@ QString toolkitFilter(const QString& filter)
 
 QString DesktopFileDialogs::openFile(const QString& title, const QString& filter)
 {
-    const QString file =
+    QString file =
         QFileDialog::getOpenFileName(QApplication::activeWindow(), title, m_lastFolder, toolkitFilter(filter),
                                      nullptr, QFileDialog::HideNameFilterDetails);
     if (!file.isEmpty()) m_lastFolder = QFileInfo(file).path();
