@@ -6,7 +6,9 @@
 #include "platform/DesktopMessages.h"
 #include "platform/DesktopShell.h"
 #include "platform/FileAttributes.h"
+#include "platform/IndicatorStyle.h"
 #include "platform/IniSettingsStore.h"
+#include "platform/ReadablePalette.h"
 #include "platform/Volumes.h"
 
 #include <QApplication>
@@ -20,6 +22,8 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(QStringLiteral(ORVIK_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("orvik-database"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/orvik-database.svg")));
+    IndicatorStyle::install();
+    ReadablePalette::apply();
     IconSet::chooseTheme();
 
     DesktopMessages messages;

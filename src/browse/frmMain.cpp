@@ -22,6 +22,7 @@
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
+#include "platform/ReadablePalette.h"
 #include "platform/WaitCursor.h"
 #include "search/SearchCommands.h"
 #include "search/SearchResultsPage.h"
@@ -369,6 +370,7 @@ void frmMain::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
     if (event->type() != QEvent::PaletteChange || m_list == nullptr) return;
+    ReadablePalette::apply();
     IconSet::chooseTheme();
     m_list->refreshIcons();
 }

@@ -1,25 +1,17 @@
 #include "search/LinkButton.h"
 
+#include "platform/ReadablePalette.h"
+
 #include <QKeyEvent>
 #include <QPainter>
-
-#include <cstdlib>
 
 namespace {
 
 constexpr int margin = 4;
-constexpr int leastContrast = 70; ///< in steps of grey
 constexpr qreal cornerRadius = 3.0;
 
 /// A colour on which dark links can be read.
 constexpr QColor plateColour(236, 238, 242);
-
-constexpr QColor linkOnDark(125, 185, 255);
-
-bool canBeRead(const QColor& text, const QColor& ground)
-{
-    return std::abs(qGray(text.rgb()) - qGray(ground.rgb())) >= leastContrast;
-}
 
 } // namespace
 
@@ -48,9 +40,7 @@ void LinkButton::setColour(const QColor& colour)
 QColor LinkButton::colour() const
 {
     if (m_colour.isValid()) return m_colour;
-    if (!isEnabled()) return palette().color(QPalette::WindowText);
-    const QColor link = palette().color(QPalette::Link);
-    return canBeRead(link, palette().color(QPalette::Window)) ? link : linkOnDark;
+    return palette().color(isEnabled() ? QPalette::Link : QPalette::WindowText);
 }
 
 QSize LinkButton::sizeHint() const
@@ -68,7 +58,7 @@ void LinkButton::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (!canBeRead(colour(), palette().color(QPalette::Window))) {
+    if (!ReadablePalette::canBeRead(colour(), palette().color(QPalette::Window))) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(plateColour);
         painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);

@@ -1,6 +1,8 @@
 #include "Journey.h"
+#include "platform/ReadablePalette.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QHeaderView>
 #include <QTest>
 #include <QTimer>
@@ -166,6 +168,36 @@ TEST(Browsing, AFailingStatementShowsOneMessageAndTheWindowGoesOn)
     EXPECT_EQ(journey.viewPanel(), QStringLiteral("Broken"));
     journey.trigger("mnuViewDocuments");
     EXPECT_EQ(journey.column(0), "alpha|Beta");
+}
+
+TEST(Browsing, StaysReadableWhenTheDesktopTurnsDark)
+{
+    Journey journey;
+    addRecords(journey.database);
+    journey.start();
+    journey.trigger("mnuViewDocuments");
+    const QPalette before = QApplication::palette();
+
+    // grounds and texts are named; rows and links stay as they were
+    QPalette dark = before;
+    dark.setColor(QPalette::Window, QColor(49, 54, 59));
+    dark.setColor(QPalette::WindowText, Qt::white);
+    dark.setColor(QPalette::Base, QColor(35, 38, 41));
+    dark.setColor(QPalette::Text, Qt::white);
+    QApplication::setPalette(dark);
+    const auto rowsRead = [&journey] {
+        const QPalette rows = journey.list().viewport()->palette();
+        return ReadablePalette::canBeRead(rows.color(QPalette::Text), rows.color(QPalette::Base)) &&
+               ReadablePalette::canBeRead(rows.color(QPalette::Text), rows.color(QPalette::AlternateBase)) &&
+               ReadablePalette::canBeRead(rows.color(QPalette::Link), rows.color(QPalette::Base));
+    };
+    const auto isDark = [&journey, &dark] {
+        return journey.list().viewport()->palette().color(QPalette::Base) == dark.color(QPalette::Base);
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isDark() && rowsRead(); }));
+
+    QApplication::setPalette(before);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isDark() && rowsRead(); }));
 }
 
 } // namespace

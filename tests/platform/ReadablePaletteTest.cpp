@@ -1,0 +1,87 @@
+#include "platform/ReadablePalette.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+namespace {
+
+struct Desktop
+{
+    const char* name;
+    QColor window;
+    QColor base;
+    QColor text;
+};
+
+void PrintTo(const Desktop& desktop, std::ostream* out)
+{
+    *out << desktop.name;
+}
+
+/// A desktop that names its grounds and its text; the rest is left as a light palette or a dark one has it.
+QPalette halfNamed(const Desktop& desktop, bool restIsLight)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, desktop.window);
+    palette.setColor(QPalette::WindowText, desktop.text);
+    palette.setColor(QPalette::Base, desktop.base);
+    palette.setColor(QPalette::Text, desktop.text);
+    palette.setColor(QPalette::AlternateBase, restIsLight ? QColor(245, 245, 245) : QColor(42, 46, 50));
+    palette.setColor(QPalette::Link, restIsLight ? QColor(0, 0, 255) : QColor(125, 185, 255));
+    palette.setColor(QPalette::LinkVisited, restIsLight ? QColor(85, 0, 127) : QColor(205, 170, 255));
+    palette.setColor(QPalette::ToolTipBase, restIsLight ? QColor(255, 255, 220) : QColor(30, 30, 30));
+    palette.setColor(QPalette::ToolTipText, desktop.text);
+    return palette;
+}
+
+class ReadablePaletteTest : public testing::TestWithParam<Desktop>
+{
+};
+
+TEST_P(ReadablePaletteTest, LetsRowsLinksAndToolTipsBeRead)
+{
+    for (const bool restIsLight : {true, false}) {
+        const QPalette given = halfNamed(GetParam(), restIsLight);
+        const QPalette palette = ReadablePalette::of(given);
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+            const auto reads = [&](QPalette::ColorRole text, QPalette::ColorRole ground) {
+                return ReadablePalette::canBeRead(palette.color(group, text), palette.color(group, ground));
+            };
+            EXPECT_TRUE(reads(QPalette::Text, QPalette::AlternateBase));
+            EXPECT_TRUE(reads(QPalette::ToolTipText, QPalette::ToolTipBase));
+            for (const QPalette::ColorRole link : {QPalette::Link, QPalette::LinkVisited}) {
+                EXPECT_TRUE(reads(link, QPalette::Base));
+                EXPECT_TRUE(reads(link, QPalette::Window));
+            }
+        }
+        EXPECT_EQ(palette.color(QPalette::Base), given.color(QPalette::Base));
+        EXPECT_EQ(palette.color(QPalette::Text), given.color(QPalette::Text));
+        EXPECT_EQ(ReadablePalette::of(palette), palette) << "mending twice must come to an end";
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Desktops, ReadablePaletteTest,
+    testing::Values(Desktop{"light", QColor(239, 240, 241), QColor(252, 252, 252), QColor(35, 38, 41)},
+                    Desktop{"dark", QColor(49, 54, 59), QColor(35, 38, 41), QColor(239, 240, 241)},
+                    Desktop{"black and white", Qt::black, Qt::black, Qt::white},
+                    Desktop{"grey", QColor(118, 118, 118), QColor(110, 110, 110), Qt::white},
+                    Desktop{"white lists in a dark window", QColor(49, 54, 59), Qt::white, Qt::black}));
+
+TEST(ReadablePalette, KeepsWhatCanBeRead)
+{
+    const Desktop dark{"dark", QColor(42, 46, 50), QColor(27, 30, 32), QColor(252, 252, 252)};
+    const QPalette named = halfNamed(dark, false);
+    EXPECT_EQ(ReadablePalette::of(named), named);
+}
+
+TEST(ReadablePalette, TellsRowsApart)
+{
+    const Desktop dark{"dark", QColor(49, 54, 59), QColor(35, 38, 41), QColor(239, 240, 241)};
+    const QColor row = ReadablePalette::of(halfNamed(dark, true)).color(QPalette::AlternateBase);
+    EXPECT_GT(row.lightness(), dark.base.lightness() + 5);
+    EXPECT_LT(row.lightness(), dark.base.lightness() + 40);
+}
+
+} // namespace
