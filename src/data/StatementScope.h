@@ -57,6 +57,10 @@ public:
     /// Whether rows that `DISTINCT` compares may differ by the case of their letters alone.
     [[nodiscard]] bool comparesTexts() const { return needsDistinct() && !m_keyListed; }
 
+    /// To be called when they do: listed texts are then compared by their rule too, as those of a condition.
+    void setComparesListed() { m_comparesListed = true; }
+    [[nodiscard]] bool comparesListed() const { return m_comparesListed; }
+
     /// The from clause with the joins that the columns resolved so far need; empty without sources.
     [[nodiscard]] QString fromSql() const;
 
@@ -84,4 +88,5 @@ private:
     bool m_distinct = false;
     bool m_grouped = false;
     bool m_keyListed = false;
+    bool m_comparesListed = false;
 };

@@ -1,8 +1,6 @@
 #include "map/MapView.h"
 
-#include "map/LegendLines.h"
 #include "map/MapProjection.h"
-#include "map/MarkerHit.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -13,43 +11,11 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
-#include <algorithm>
 #include <cmath>
-#include <numbers>
-#include <numeric>
-#include <set>
 
 namespace {
 
-constexpr double smallestMarker = 9;
-constexpr double largestMarker = 14;
 constexpr double clickZoom = 2;
-constexpr double hitRadius = 14;
-constexpr double ringWidth = 2.5;
-
-/// A magnifying glass with a plus or a minus, which points with the middle of its glass. Dark lines over
-/// broader light ones are seen on any ground.
-QCursor zoomCursor(bool in, double devicePixelRatio)
-{
-    constexpr int size = 24;
-    constexpr QPointF middle(10, 10);
-    constexpr double radius = 6.5;
-    constexpr double sign = 3;
-    QPixmap picture(QSize(size, size) * devicePixelRatio);
-    picture.setDevicePixelRatio(devicePixelRatio);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    for (const auto& [colour, width] : {std::pair(Qt::white, 4.0), std::pair(Qt::black, 2.0)}) {
-        painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap));
-        painter.drawEllipse(middle, radius, radius);
-        painter.drawLine(middle + QPointF(radius, radius) * std::numbers::sqrt2 / 2, QPointF(21, 21));
-        painter.drawLine(middle - QPointF(sign, 0), middle + QPointF(sign, 0));
-        if (in) painter.drawLine(middle - QPointF(0, sign), middle + QPointF(0, sign));
-    }
-    painter.end();
-    return QCursor(picture, static_cast<int>(middle.x()), static_cast<int>(middle.y()));
-}
 
 } // namespace
 
@@ -78,24 +44,8 @@ void MapView::setStates(StatesLayer layer)
 
 void MapView::setPlaces(const std::vector<clsCities>& places)
 {
-    m_positions.clear();
-    m_colours.clear();
-    m_names.clear();
-    m_topmost.clear();
-    m_byName.clear();
+    m_markers.set(places);
     m_ringed.reset();
-    for (const clsCities& place : places) {
-        m_positions.push_back(MapProjection::toPlane(place.lon, place.lat));
-        m_colours.push_back(place.colour);
-        m_names.push_back(place.placeText() + QStringLiteral(": ") + functionName(place));
-    }
-    // one marker covers another at the very same position, so only the last of them needs to be drawn
-    std::set<std::pair<double, double>> covered;
-    for (std::size_t entry = m_positions.size(); entry-- > 0;) {
-        if (covered.insert({m_positions[entry].x(), m_positions[entry].y()}).second)
-            m_topmost.push_back(entry);
-    }
-    std::reverse(m_topmost.begin(), m_topmost.end());
     QAccessibleTableModelChangeEvent changed(this, QAccessibleTableModelChangeEvent::ModelReset);
     QAccessible::updateAccessibility(&changed);
     update();
@@ -103,13 +53,13 @@ void MapView::setPlaces(const std::vector<clsCities>& places)
 
 void MapView::showEntry(std::size_t entry)
 {
-    m_extent.show(m_positions.at(entry));
+    m_extent.show(m_markers.position(entry));
     update();
 }
 
 void MapView::setRinged(std::optional<std::size_t> entry)
 {
-    if (entry && *entry >= m_positions.size()) entry.reset();
+    if (entry && *entry >= m_markers.count()) entry.reset();
     if (entry == m_ringed) return;
     m_ringed = entry;
     update();
@@ -129,18 +79,7 @@ void MapView::setTool(MapTool tool)
 
 void MapView::updateCursor()
 {
-    switch (m_tool) {
-    case MapTool::Pointer:
-        setCursor(Qt::ArrowCursor);
-        break;
-    case MapTool::ZoomIn:
-    case MapTool::ZoomOut:
-        setCursor(zoomCursor(m_tool == MapTool::ZoomIn, devicePixelRatioF()));
-        break;
-    case MapTool::Pan:
-        setCursor(m_press ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
-        break;
-    }
+    setCursor(cursorOf(m_tool, m_press.has_value(), devicePixelRatioF()));
 }
 
 void MapView::zoom(double factor, QPointF about)
@@ -173,12 +112,12 @@ void MapView::showContiguousStates()
 
 QPointF MapView::positionOf(std::size_t entry) const
 {
-    return m_extent.toScreen(m_positions.at(entry));
+    return m_extent.toScreen(m_markers.position(entry));
 }
 
 std::optional<std::size_t> MapView::entryAt(QPointF screen) const
 {
-    return markerAt(m_positions, m_extent.toPlane(screen), m_extent.scale(), hitRadius);
+    return m_markers.entryAt(screen, m_extent);
 }
 
 // Painting ------------------------------------------------------------------------------------------------
@@ -187,8 +126,10 @@ void MapView::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     m_states.paint(painter, m_extent, palette(), font());
-    drawMarkers(painter);
-    if (m_ringed) drawRing(painter);
+    m_markers.paint(painter, m_extent, rect(), devicePixelRatioF());
+    if (m_ringed) {
+        m_markers.paintRinged(painter, m_extent, *m_ringed, palette().color(QPalette::Highlight));
+    }
     if (m_press && m_press->isDrag && m_tool == MapTool::ZoomIn) {
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1, Qt::DashLine));
         painter.drawRect(QRectF(m_press->begin, m_press->last).normalized());
@@ -198,39 +139,6 @@ void MapView::paintEvent(QPaintEvent* /*event*/)
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
-}
-
-void MapView::drawMarkers(QPainter& painter)
-{
-    const double diameter =
-        std::clamp(m_extent.markerScale() / m_extent.scale(), smallestMarker, largestMarker);
-    const double ratio = devicePixelRatioF();
-    m_pictures.prepare(std::round(diameter), ratio);
-    const double half = m_pictures.extent() / 2;
-    const QRectF sight = QRectF(rect()).adjusted(-half, -half, half, half);
-    for (const std::size_t entry : m_topmost) {
-        const QPointF middle = m_extent.toScreen(m_positions[entry]);
-        if (!sight.contains(middle)) continue;
-        // on whole pixels of the screen, where a picture is copied as it is
-        const QPointF corner(std::round((middle.x() - half) * ratio) / ratio,
-                             std::round((middle.y() - half) * ratio) / ratio);
-        painter.drawPixmap(corner, m_pictures.marker(m_colours[entry]));
-    }
-}
-
-void MapView::drawRing(QPainter& painter) const
-{
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QPointF middle = positionOf(*m_ringed);
-    const double radius = m_pictures.extent() / 2 + ringWidth;
-    painter.drawPixmap(middle - QPointF(1, 1) * (m_pictures.extent() / 2),
-                       m_pictures.marker(m_colours[*m_ringed]));
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(Qt::white, ringWidth + 2));
-    painter.drawEllipse(middle, radius, radius);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), ringWidth));
-    painter.drawEllipse(middle, radius, radius);
-    painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
 void MapView::resizeEvent(QResizeEvent* /*event*/)
@@ -414,37 +322,25 @@ bool MapView::moveByKey(int key)
 /// Rings the next place in the order of names, or the one before.
 void MapView::goToPlace(int step)
 {
-    if (m_positions.empty()) return;
-    if (m_byName.empty()) {
-        m_byName.resize(m_positions.size());
-        std::iota(m_byName.begin(), m_byName.end(), std::size_t{0});
-        std::stable_sort(m_byName.begin(), m_byName.end(),
-                         [this](std::size_t a, std::size_t b) { return m_names[a] < m_names[b]; });
-    }
-    const auto count = static_cast<int>(m_byName.size());
-    int place = step > 0 ? 0 : count - 1;
-    if (m_ringed) {
-        const auto ringed = std::find(m_byName.begin(), m_byName.end(), *m_ringed);
-        place = (static_cast<int>(ringed - m_byName.begin()) + step + count) % count;
-    }
-    const std::size_t entry = m_byName[static_cast<std::size_t>(place)];
+    if (m_markers.count() == 0) return;
+    const std::size_t entry = m_markers.neighbour(m_ringed, step);
     showEntry(entry);
     setRinged(entry);
-    QToolTip::showText(mapToGlobal(positionOf(entry).toPoint()), m_names[entry].toHtmlEscaped(), this);
+    QToolTip::showText(mapToGlobal(positionOf(entry).toPoint()), m_markers.name(entry).toHtmlEscaped(), this);
 }
 
 // Items for assistive tools -------------------------------------------------------------------------------
 
 QString MapView::accessibleItemName(int item) const
 {
-    return m_names.at(static_cast<std::size_t>(item));
+    return m_markers.name(static_cast<std::size_t>(item));
 }
 
 QRect MapView::accessibleItemRect(int item) const
 {
-    QRectF rect(0, 0, m_pictures.extent(), m_pictures.extent());
-    rect.moveCenter(positionOf(static_cast<std::size_t>(item)));
-    return rect.toAlignedRect();
+    QRectF marker(0, 0, m_markers.markerExtent(), m_markers.markerExtent());
+    marker.moveCenter(positionOf(static_cast<std::size_t>(item)));
+    return marker.toAlignedRect();
 }
 
 int MapView::accessibleCurrentItem() const

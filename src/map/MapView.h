@@ -2,25 +2,15 @@
 
 #include "browse/AccessibleItems.h"
 #include "map/MapExtent.h"
-#include "map/MarkerPictures.h"
+#include "map/MapTool.h"
+#include "map/PlaceMarkers.h"
 #include "map/StatesPicture.h"
-#include "map/clsCities.h"
 
 #include <QWidget>
 
 #include <functional>
 #include <optional>
 #include <vector>
-
-/// What the left button does on the map. With every tool, dragging moves the map, but for the one that zooms
-/// in: it zooms to the rectangle that is dragged.
-enum class MapTool
-{
-    Pointer,
-    ZoomIn,
-    ZoomOut,
-    Pan
-};
 
 /// The map of the states with a marker for each place: paints, and turns what the user does with mouse and
 /// keyboard into zooming, moving and the choice of places. Entries are numbered as they are drawn, from 0.
@@ -63,7 +53,7 @@ public:
     /// Gives the text, in HTML, that tells of an entry's place; asked when the pointer rests on it.
     std::function<QString(std::size_t)> describe;
 
-    [[nodiscard]] int accessibleItemCount() const override { return static_cast<int>(m_names.size()); }
+    [[nodiscard]] int accessibleItemCount() const override { return static_cast<int>(m_markers.count()); }
     [[nodiscard]] QString accessibleItemName(int item) const override;
     [[nodiscard]] QRect accessibleItemRect(int item) const override;
     [[nodiscard]] int accessibleCurrentItem() const override;
@@ -96,8 +86,6 @@ private:
         bool isDrag = false;
     };
 
-    void drawMarkers(QPainter& painter);
-    void drawRing(QPainter& painter) const;
     void zoom(double factor, QPointF about);
     void click(QPointF position);
     void goToPlace(int step);
@@ -105,13 +93,8 @@ private:
     void updateCursor();
 
     StatesPicture m_states;
-    MarkerPictures m_pictures;
+    PlaceMarkers m_markers;
     MapExtent m_extent;
-    std::vector<QPointF> m_positions;  ///< in the plane, by entry
-    std::vector<int> m_colours;        ///< by entry
-    std::vector<QString> m_names;      ///< by entry
-    std::vector<std::size_t> m_byName; ///< the entries as the keyboard goes through them; empty until it does
-    std::vector<std::size_t> m_topmost; ///< the entries not wholly covered by a later one, as they are drawn
     std::optional<std::size_t> m_ringed;
     std::optional<Press> m_press;
     MapTool m_tool = MapTool::Pointer;

@@ -1,0 +1,205 @@
+#include "data/ExpressionTranslator.h"
+
+#include "data/LikePrefix.h"
+#include "data/StatementShape.h"
+#include "util/DateTimeText.h"
+
+namespace {
+
+constexpr int deepestNesting = 50;
+constexpr qsizetype longestChain = 200;
+
+/// The engine takes a chain of OR as one level of depth for each, and bounds the depth. The places that a
+/// search names can be many more, so a long chain is halved until its pieces are short.
+QString joinAlternatives(const QStringList& alternatives, qsizetype begin, qsizetype end)
+{
+    if (end - begin <= longestChain) {
+        return alternatives.mid(begin, end - begin).join(QStringLiteral(" OR "));
+    }
+    const qsizetype middle = begin + (end - begin) / 2;
+    return QStringLiteral("(%1) OR (").arg(joinAlternatives(alternatives, begin, middle)) +
+           joinAlternatives(alternatives, middle, end) + u')';
+}
+
+} // namespace
+
+QString ExpressionTranslator::expression(Span span, StatementScope& scope, Clause clause, int depth) const
+{
+    if (depth > deepestNesting) refuseStatement(QStringLiteral("its parentheses are nested too deeply"));
+    QStringList alternatives;
+    QStringList parts;
+    bool divisible = true;
+    for (std::size_t i = span.begin; i < span.end;) {
+        const SqlToken& token = m_tokens[i];
+        divisible = divisible && !token.isSymbol(u",") && !token.isWord(u"CASE");
+        if (divisible && token.isWord(u"OR")) {
+            alternatives << parts.join(u' ');
+            parts.clear();
+            ++i;
+            continue;
+        }
+        parts << part(i, span.end, scope, clause, depth);
+    }
+    alternatives << parts.join(u' ');
+    return joinAlternatives(alternatives, 0, alternatives.size());
+}
+
+/// The translation of what stands at `i`, which moves past it.
+QString ExpressionTranslator::part(std::size_t& i, std::size_t end, StatementScope& scope, Clause clause,
+                                   int depth) const
+{
+    const SqlToken& token = m_tokens[i];
+    switch (token.kind) {
+    case SqlToken::Kind::Text:
+        ++i;
+        return quoteSqlText(token.text);
+    case SqlToken::Kind::Date:
+        ++i;
+        return date(comparedDate(DateTimeText::heldFromLiteral(token.text)));
+    case SqlToken::Kind::Number:
+        ++i;
+        return token.text;
+    case SqlToken::Kind::Symbol:
+        return symbol(i, end, scope, clause, depth);
+    case SqlToken::Kind::Word:
+        break;
+    }
+    if (m_tokens.clauseAt(i)) refuseToken(token);
+    if (token.isWord(u"AS") && i + 1 < end) {
+        i += 2;
+        return QStringLiteral("AS ") + quoteSqlName(m_tokens[i - 1].text);
+    }
+    if (token.isKeyword()) {
+        ++i;
+        return token.text.toUpper();
+    }
+    if (m_tokens.isSymbolAt(i + 1, u"(") && i + 1 < end) return function(i, end, scope, clause, depth);
+    return column(i, end, scope, clause, depth);
+}
+
+QString ExpressionTranslator::symbol(std::size_t& i, std::size_t end, StatementScope& scope, Clause clause,
+                                     int depth) const
+{
+    const SqlToken& token = m_tokens[i];
+    if (!token.isSymbol(u"(")) {
+        ++i;
+        return token.text;
+    }
+    const std::size_t close = m_tokens.closingParenthesis(i, end);
+    const Span inner{i + 1, close};
+    i = close + 1;
+    const bool select = m_tokens.isWordAt(inner.begin, u"SELECT");
+    if (select) return u'(' + m_subSelect(inner, scope, depth + 1) + u')';
+    const auto moment = momentCondition(inner, scope);
+    return u'(' + (moment ? *moment : expression(inner, scope, clause, depth + 1)) + u')';
+}
+
+/// A comparison with a moment; nothing where the tokens are something else.
+std::optional<QString> ExpressionTranslator::momentCondition(Span span, StatementScope& scope) const
+{
+    if (const auto comparison = readMomentComparison(m_tokens.all(), span.begin, span.end)) {
+        return comparedSql(*comparison, scope);
+    }
+    const auto running = readRunningCondition(m_tokens.all(), span.begin, span.end);
+    if (!running) return std::nullopt;
+    const auto started = comparedSql(running->started, scope);
+    const auto ended = comparedSql(running->ended, scope);
+    if (!started || !ended) return std::nullopt;
+    return u'(' + *started + QStringLiteral(") AND (") + *ended + u')' + candidates(*running, scope);
+}
+
+/// A date as the engine reads it.
+QString ExpressionTranslator::date(const QString& compared) const
+{
+    const auto parameter = m_dates.indexOf(compared);
+    return parameter < 0 ? quoteSqlText(compared) : u'?' + QString::number(parameter + 1);
+}
+
+std::optional<QString> ExpressionTranslator::comparedSql(const MomentComparison& comparison,
+                                                         StatementScope& scope) const
+{
+    const ResolvedColumn day = scope.resolve(comparison.dayColumn.qualifier, comparison.dayColumn.column);
+    const ResolvedColumn time = scope.resolve(comparison.timeColumn.qualifier, comparison.timeColumn.column);
+    if (day.form != ColumnForm::Date || time.form != ColumnForm::Time) return std::nullopt;
+    return comparison.sql(day.sql, time.sql, date(comparison.day), date(comparison.time));
+}
+
+/// What narrows events that run at a moment to those that an index can tell; empty where it does not
+/// apply.
+QString ExpressionTranslator::candidates(const RunningCondition& running, StatementScope& scope) const
+{
+    const auto names = [&scope](const MomentComparison::Name& name, const QString& column) {
+        const QString event = QStringLiteral("Event");
+        return scope.resolve(name.qualifier, name.column).sql == scope.resolve(event, column).sql;
+    };
+    const ResolvedColumn key = scope.resolve(QStringLiteral("Event"), QStringLiteral("EventID"));
+    if (!m_catalog.hasIndex(EventsByLength::indexName) || !key.isKey ||
+        !names(running.started.dayColumn, QStringLiteral("StartDate")) ||
+        !names(running.ended.dayColumn, QStringLiteral("EndDate")))
+        return {};
+    return QStringLiteral(" AND %1 IN (%2)")
+        .arg(key.sql, EventsByLength::candidates(date(running.started.day), date(running.ended.day)));
+}
+
+QString ExpressionTranslator::function(std::size_t& i, std::size_t end, StatementScope& scope, Clause clause,
+                                       int depth) const
+{
+    const QString name = m_tokens[i].text;
+    const std::size_t close = m_tokens.closingParenthesis(i + 1, end);
+    const Span arguments{i + 2, close};
+    i = close + 1;
+    const QString sql = expression(arguments, scope, clause, depth + 1);
+    const bool counts = name.compare(u"count", Qt::CaseInsensitive) == 0;
+    const bool once = counts && scope.isBaseKey(sql);
+    return name.toLower() + u'(' + (once ? QStringLiteral("DISTINCT ") : QString()) + sql + u')';
+}
+
+/// Whether `> 1` or `> 0` follows. It leaves out a row at most; the engine takes it for a narrow range
+/// and would walk the whole table by its key, unless a plus keeps the key out of its plans.
+bool ExpressionTranslator::excludesReservedRow(std::size_t i) const
+{
+    return m_tokens.isSymbolAt(i, u">") && i + 1 < m_tokens.size() &&
+           m_tokens[i + 1].kind == SqlToken::Kind::Number &&
+           (m_tokens[i + 1].text == QStringLiteral("0") || m_tokens[i + 1].text == QStringLiteral("1"));
+}
+
+/// Where a text to match follows by itself, the end of the condition.
+std::optional<std::size_t> ExpressionTranslator::endOfMatch(std::size_t i, std::size_t end) const
+{
+    if (!m_tokens.isWordAt(i, u"LIKE") || i + 1 >= end || m_tokens[i + 1].kind != SqlToken::Kind::Text) {
+        return std::nullopt;
+    }
+    const std::size_t after = i + 2;
+    if (after < end && !m_tokens.isWordAt(after, u"AND")) return std::nullopt;
+    return after;
+}
+
+QString ExpressionTranslator::column(std::size_t& i, std::size_t end, StatementScope& scope, Clause clause,
+                                     int depth) const
+{
+    QString qualifier;
+    QString name = m_tokens[i++].text;
+    if (i + 1 < end && m_tokens.isSymbolAt(i, u".")) {
+        if (m_tokens[i + 1].kind != SqlToken::Kind::Word) refuseToken(m_tokens[i + 1]);
+        qualifier = name;
+        name = m_tokens[i + 1].text;
+        i += 2;
+    }
+    const ResolvedColumn resolved = scope.resolve(qualifier, name);
+    // matching knows the rule of cases by itself, and an assignment takes no rule
+    const bool matched =
+        m_tokens.isWordAt(i, u"LIKE") || (m_tokens.isWordAt(i, u"NOT") && m_tokens.isWordAt(i + 1, u"LIKE"));
+    const bool compares = clause != Clause::Select || scope.comparesListed();
+    const bool ruled = resolved.form == ColumnForm::Text && compares && !matched;
+    if (resolved.isKey && excludesReservedRow(i)) return u'+' + resolved.sql;
+    // inside parentheses a search can name thousands of texts, which would become ranges too
+    const auto matchEnd = depth == 0 && clause == Clause::Where ? endOfMatch(i, end) : std::nullopt;
+    if (matchEnd && resolved.form == ColumnForm::Text) {
+        const QString pattern = m_tokens[i + 1].text;
+        if (const QString ranges = LikePrefix::ranges(resolved.sql, pattern); !ranges.isEmpty()) {
+            i = *matchEnd;
+            return QStringLiteral("(%1 LIKE %2 AND (%3))").arg(resolved.sql, quoteSqlText(pattern), ranges);
+        }
+    }
+    return ruled ? resolved.sql + QStringLiteral(" COLLATE ORVIK") : resolved.sql;
+}
