@@ -335,14 +335,15 @@ CREATE INDEX SubTypesByType ON OrganizationSubTypes (OrganizationTypeID);
 
 -- Stored queries ----------------------------------------------------------------------------------
 -- Outer joins only, so that no record is lost for want of a link. A column's name is the last part of
--- its source; a missing key stands for the reserved row "None".
+-- its source; a missing key stands for the reserved row "None", whose name it shows. Where a search can ask
+-- for that row, it finds the missing keys too.
 
 CREATE VIEW Q_Document AS
 SELECT
     Document.DocumentID AS DocumentID,
     Document.DocumentName AS DocumentName,
     Document.KeyDocument AS KeyDocument,
-    Document.FileTypeID AS FileTypeID,
+    ifnull(Document.FileTypeID, 1) AS FileTypeID,
     Document.ReleaseForm AS ReleaseForm,
     FileTypes.FileTypeName AS FileTypeName,
     Document.OrganizationID AS OrganizationID,
@@ -392,7 +393,7 @@ CREATE VIEW Q_Organization AS
 SELECT
     Organization.OrganizationID AS OrganizationID,
     Organization.OrganizationName AS OrganizationName,
-    Organization.OrganizationTypeID AS OrganizationTypeID,
+    ifnull(Organization.OrganizationTypeID, 1) AS OrganizationTypeID,
     OrganizationTypes.OrganizationTypeName AS OrganizationTypeName,
     Organization.OrganizationSubTypeID AS OrganizationSubTypeID,
     OrganizationSubTypes.OrganizationSubTypeName AS OrganizationSubTypeName,

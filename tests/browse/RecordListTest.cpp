@@ -71,7 +71,7 @@ TEST(RecordList, ShowsDocuments)
     RowIconKeys icons(database.session(), database.folder() + QStringLiteral("/documents/"));
     EXPECT_EQ(icons.key(list, 0), QStringLiteral("d12ng"));
     EXPECT_EQ(icons.key(list, 1), QStringLiteral("d2"));
-    EXPECT_EQ(icons.key(list, 2), QStringLiteral("d0cd"));
+    EXPECT_EQ(icons.key(list, 2), QStringLiteral("d1cd"));
     file.remove();
     EXPECT_EQ(icons.key(list, 1), QStringLiteral("d2"));
     icons.clear();

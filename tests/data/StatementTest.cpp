@@ -55,7 +55,7 @@ TEST_F(Statement, StandardListsGiveEveryColumn)
     EXPECT_EQ(rowsOf(session, m_standard.documents->sqlStr()),
               u"4|Étude des incendies|0|2|1|PDF|1|None|NULL|NULL|NULL\n"
               "3|fire plan|0|3|0|HTML|3|Dallas Police|3.htm|NULL|Spring 1906\n"
-              "7|Report \"A\" on 50% of fires|0|NULL|0|None|NULL|None|NULL|NULL|NULL\n"
+              "7|Report \"A\" on 50% of fires|0|1|0|None|NULL|None|NULL|NULL|NULL\n"
               "2|Zoo evacuation plan|1|2|1|PDF|2|Austin Fire|2.pdf|Zoo Board|9/11/2001"_s);
     EXPECT_EQ(rowsOf(session, m_standard.events->sqlStr()),
               u"8|Undated|0|NULL|NULL|NULL|NULL\n"
@@ -69,7 +69,7 @@ TEST_F(Statement, StandardListsGiveEveryColumn)
               u"2|Austin Fire|3|Local|3|City|3|fire| AUSTIN|tx|30.25|-97.75\n"
               "4|boston harbor patrol|3|Local|1|None|2|Police|Boston|MA|42.25|-71.0\n"
               "3|Dallas Police|3|Local|2|Sheriff|2|Police|Dallas|TX|10.5|-20.5\n"
-              "7|École du feu|NULL|None|NULL|None|4|Élan|Austin||1.0|1.0\n"
+              "7|École du feu|1|None|NULL|None|4|Élan|Austin||1.0|1.0\n"
               "5|Weather Agency|2|Federal|4|Agency|NULL|None||None|NULL|NULL"_s);
 }
 

@@ -82,6 +82,32 @@ protected:
     StandardQueries queries;
 };
 
+TEST_F(AdvancedSearchOnFile, FindsUnderNoneWhatItsListsShowAsNone)
+{
+    database.run("INSERT INTO FileTypes VALUES (1, 'None'), (2, 'Text')");
+    database.run("INSERT INTO OrganizationTypes VALUES (1, 'None'), (2, 'State Agency')");
+    database.run("INSERT INTO Document (DocumentID, DocumentName, FileTypeID, dStatus) VALUES "
+                 "(7, 'none', 1, 'ACTIVE'), (8, 'missing', NULL, 'ACTIVE')");
+    database.run("INSERT INTO Organization (OrganizationID, OrganizationName, OrganizationTypeID, Status) "
+                 "VALUES (9, 'none', 1, 'ACTIVE'), (10, 'missing', NULL, 'ACTIVE')");
+    const struct
+    {
+        ViewKind kind;
+        Search search;
+        QString shown; ///< the condition of what the list shows as "None"
+        QString found;
+    } cases[] = {{ViewKind::Documents, searchBy({{&Search::bFileTypes, &Search::fileTypes}}, items({1})),
+                  u" AND FileTypeName = 'None'"_s, u"8 7"_s},
+                 {ViewKind::Organizations, searchBy({{&Search::bOrgTypes, &Search::orgTypes}}, items({1})),
+                  u" AND OrganizationTypeName = 'None'"_s, u"10 9"_s}};
+    for (const auto& [kind, search, shown, expected] : cases) {
+        SQLObject list = standardQuery(queries, kind);
+        list.WhereClause += shown;
+        EXPECT_EQ(firstColumnOf(database.session(), list.sqlStr()), expected);
+        EXPECT_EQ(found(kind, search), expected);
+    }
+}
+
 TEST_F(AdvancedSearchOnFile, FindsWhatItsListsLetThrough)
 {
     const struct
