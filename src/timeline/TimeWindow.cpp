@@ -98,15 +98,15 @@ void TimeWindow::ZoomOut()
 void TimeWindow::showEvent(Moment start, Moment end)
 {
     const bool isVisible = (start < windowEnd() && end > m_currentTime) || start == m_currentTime;
-    if (!isVisible) moveTo(start);
+    if (isVisible) return;
+    moveTo(start);
+    // an event without a sound end may begin beyond the last end of all; its user wants to see it all the
+    // same
+    const bool isWithin = start <= m_limits.timelineEnd;
+    if (isWithin && windowEnd() > m_limits.timelineEnd) NavEnd();
 }
 
 void TimeWindow::moveTo(Moment moment)
 {
-    m_currentTime = moment;
-    // an event without a sound end may begin beyond the last end of all; its user wants to see it all the
-    // same
-    const bool isWithin = moment <= m_limits.timelineEnd;
-    if (isWithin && windowEnd() > m_limits.timelineEnd) m_currentTime = latestLeftEdge();
-    m_currentTime = std::max(m_currentTime, m_limits.timelineStart);
+    m_currentTime = std::max(moment, m_limits.timelineStart);
 }

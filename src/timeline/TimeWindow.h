@@ -39,10 +39,12 @@ public:
     void ZoomIn();
     void ZoomOut();
 
-    /// Moves to an event unless it is in the window already.
+    /// Moves to an event unless it is in the window already; the window then ends with the timeline at the
+    /// latest.
     void showEvent(Moment start, Moment end);
 
-    /// Puts the left edge at a moment, or as near as the limits allow.
+    /// Puts the left edge at a moment, or at the start of the timeline where it lies before that. The window
+    /// may reach beyond the end.
     void moveTo(Moment moment);
 
 private:

@@ -167,6 +167,10 @@ TEST_F(Handlers, AfterASaveTheTimelineReachesToTheEventAndShowsIt)
     EXPECT_EQ(lanes(), "New");
     m_timeline.NavEnd();
     EXPECT_EQ(m_timeline.captions()[0], u"01/02/2010 11:50"_s);
+    for (int level = 0; level < TimelineScale::dayLevel; ++level)
+        m_timeline.ZoomOut();
+    m_timeline.updateTimeline(at("2010-01-01 12:00"));
+    EXPECT_EQ(now(), "01/01/2010 12:00") << "though the window then reaches beyond the end";
     m_timeline.updateTimeline(at("1990-01-01 12:00"));
     EXPECT_EQ(now(), "09/01/2001 10:00") << "never before the start";
 }
