@@ -1,6 +1,7 @@
 #include "browse/HistoryNavigation.h"
 
 #include "browse/ViewHistory.h"
+#include "timeline/PlainToolTip.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -45,10 +46,21 @@ void HistoryNavigation::fill(QMenu& menu, bool isBack)
 
 void HistoryNavigation::addEntry(QMenu& menu, std::size_t position)
 {
+    connect(addCaption(menu, m_history.view(position).Caption), &QAction::triggered, this,
+            [this, position] { m_history.showView(position); });
+}
+
+QAction* HistoryNavigation::addCaption(QMenu& menu, QString caption)
+{
+    constexpr int widestEntry = 700;
+    const QString whole = caption;
+    caption = menu.fontMetrics().elidedText(caption, Qt::ElideMiddle, widestEntry);
+    const bool isShortened = caption != whole;
     // a menu would take an ampersand in a record's name for the mark of a key
-    QString caption = m_history.view(position).Caption;
-    menu.addAction(caption.replace(u'&', QStringLiteral("&&")), this,
-                   [this, position] { m_history.showView(position); });
+    QAction* entry = menu.addAction(caption.replace(u'&', QStringLiteral("&&")));
+    if (isShortened) entry->setToolTip(PlainToolTip::text(whole));
+    menu.setToolTipsVisible(true);
+    return entry;
 }
 
 bool HistoryNavigation::eventFilter(QObject* watched, QEvent* event)

@@ -6,6 +6,7 @@
 
 class QAction;
 class QMenu;
+class QString;
 class QToolBar;
 class ViewHistory;
 class QWidget;
@@ -20,6 +21,10 @@ public:
     /// The history must outlive the object; the rest belongs to the window.
     HistoryNavigation(ViewHistory& history, QAction& back, QAction& forward, QToolBar& toolBar,
                       QWidget& window);
+
+    /// Adds the entry of a view to a menu that lists views. A long caption is shortened; a tip tells all of
+    /// it.
+    static QAction* addCaption(QMenu& menu, QString caption);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

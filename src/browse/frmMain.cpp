@@ -43,7 +43,6 @@
 namespace {
 
 constexpr QSize largestFirstSize(1600, 1000);
-constexpr int widestHistoryEntry = 700;
 
 } // namespace
 
@@ -340,12 +339,8 @@ void frmMain::UpdateHistoryList()
     QMenu& menu = *m_commands->mnuHistory;
     menu.clear();
     for (std::size_t position = 1; position <= m_state.history.count(); ++position) {
-        QString caption = menu.fontMetrics().elidedText(m_state.history.view(position).Caption,
-                                                        Qt::ElideMiddle, widestHistoryEntry);
-        // a menu would take an ampersand in a record's name for the mark of a key
-        caption.replace(u'&', QStringLiteral("&&"));
-        QAction* entry =
-            menu.addAction(caption, this, [this, position] { m_state.history.showView(position); });
+        QAction* entry = HistoryNavigation::addCaption(menu, m_state.history.view(position).Caption);
+        connect(entry, &QAction::triggered, this, [this, position] { m_state.history.showView(position); });
         entry->setObjectName(QStringLiteral("mnuHistoryList(%1)").arg(position - 1));
         entry->setCheckable(true);
         entry->setChecked(position == m_state.history.current());

@@ -4,7 +4,9 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QHeaderView>
+#include <QMenu>
 #include <QTest>
+#include <QTextDocumentFragment>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -168,6 +170,31 @@ TEST(Browsing, AFailingStatementShowsOneMessageAndTheWindowGoesOn)
     EXPECT_EQ(journey.viewPanel(), QStringLiteral("Broken"));
     journey.trigger("mnuViewDocuments");
     EXPECT_EQ(journey.column(0), "alpha|Beta");
+}
+
+TEST(Browsing, TellsTheWholeOfALongCaptionInItsEntry)
+{
+    Journey journey;
+    const QString name = QStringLiteral("Fish & <b>Chips</b>").repeated(20);
+    const std::string organization =
+        "INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES (2, '" +
+        name.toStdString() + "', 'ACTIVE')";
+    journey.database.run(organization.c_str());
+    journey.database.run("INSERT INTO Document (DocumentID, DocumentName, OrganizationID, dStatus) VALUES "
+                         "(2, 'Menu', 2, 'ACTIVE')");
+    journey.start();
+    journey.trigger("mnuViewOrganizations");
+    journey.select(name.toUtf8().constData());
+    journey.trigger("popOrgListViewDocs");
+    EXPECT_EQ(journey.column(0), "Menu");
+
+    (void)journey.historyMenu();
+    const auto& whole = journey.find<QAction>("mnuHistoryList(2)");
+    EXPECT_LT(whole.text().size(), name.size());
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(whole.toolTip()).toPlainText(),
+              QStringLiteral("View Only Documents for Organization \"%1\"").arg(name));
+    EXPECT_TRUE(journey.find<QMenu>("mnuHistory").toolTipsVisible());
+    EXPECT_EQ(journey.find<QAction>("mnuHistoryList(1)").text(), QStringLiteral("View ALL Organizations"));
 }
 
 TEST(Browsing, StaysReadableWhenTheDesktopTurnsDark)
