@@ -33,7 +33,7 @@ QString DatabaseOpener::dataPath(const QString& name) const
 void DatabaseOpener::openNamed()
 {
     const QString name = StdREG(m_platform.settings).GetRegString(QString(), settingName());
-    m_state.databasePath = dataPath(name);
+    m_state.databasePath = m_state.folder.find(m_state.folders.data, name).value_or(dataPath(name));
     if (kindOfDatabaseFile(m_state.databasePath) == DatabaseFileKind::Access) {
         const QString source = m_state.databasePath;
         m_state.databasePath = dataPath(convertedName(name));
@@ -52,6 +52,7 @@ void DatabaseOpener::openNamed()
         nameInSettings(m_state.databasePath);
     }
     open(m_state.databasePath);
+    requireWritable();
 }
 
 bool DatabaseOpener::openChosen(const QString& file)
@@ -75,6 +76,7 @@ bool DatabaseOpener::openChosen(const QString& file)
     open(target);
     m_state.databasePath = target;
     nameInSettings(target);
+    requireWritable();
     return true;
 }
 
@@ -97,10 +99,14 @@ void DatabaseOpener::open(const QString& file)
 {
     m_platform.fileAttributes.makeWritable(file);
     m_state.session.open(file);
-    if (m_state.session.isReadOnly()) {
-        throw Error(readOnlyNumber,
-                    QStringLiteral("The database can be read, but not changed. (%1)").arg(file));
-    }
+}
+
+void DatabaseOpener::requireWritable() const
+{
+    if (!m_state.session.isReadOnly()) return;
+    throw Error(
+        readOnlyNumber,
+        QStringLiteral("The database can be read, but not changed. (%1)").arg(m_state.session.fileName()));
 }
 
 void DatabaseOpener::nameInSettings(const QString& file)

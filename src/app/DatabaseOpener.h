@@ -20,13 +20,15 @@ public:
     void openNamed();
 
     /// Opens a file that the user chose and names it in the settings; false where the user changed their
-    /// mind. Throws Error; then what was open stays open.
+    /// mind. Throws Error; then what was open stays open, or, where the file can be read only, the file is
+    /// open and named all the same.
     bool openChosen(const QString& file);
 
 private:
     [[nodiscard]] QString dataPath(const QString& name) const;
     bool convert(const QString& source, const QString& target, bool replace);
     void open(const QString& file);
+    void requireWritable() const; ///< throws Error where the open database can be read only
     void nameInSettings(const QString& file);
 
     Platform m_platform;

@@ -60,7 +60,7 @@ struct ProgramState
     QString lastKeywords; ///< what was searched for last, as typed
     DatabaseSession session;
 
-    /// Set by an editor that was left by Cancel; read and reset by who opened it.
+    /// Set by an editor that was left by Cancel; reset by who opened it.
     bool editCancelled = false;
 
     /// What the pick list is opened with and gives back.

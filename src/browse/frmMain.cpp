@@ -170,10 +170,12 @@ void frmMain::openDatabase()
         tr("Databases (*.mdb *.accdb *.sqlite)|*.mdb *.accdb *.sqlite|All Files (*.*)| *.*"));
     if (file.isEmpty()) return;
     m_list->stop();
+    const QString before = m_state.session.fileName();
     bool opened = false;
     runProcedure(m_platform.messages, QStringLiteral("openDatabase"),
                  [&] { opened = DatabaseOpener(m_platform, m_state).openChosen(file); });
-    if (!opened) return;
+    // a database that can only be read is open after its message
+    if (!opened && m_state.session.fileName() == before) return;
     m_state.history.clear();
     m_list->forget();
     m_graphics->timeline().mainLoad();

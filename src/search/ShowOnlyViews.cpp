@@ -33,8 +33,7 @@ clsView ShowOnlyViews::documentsOfType(const QString& typeName) const
                                                   types.text(types.column(u"DocumentTypeName"))));
     search.buildAdvSQL();
     return checked({ViewKind::Documents, narrowed(*m_queries.documents, search.advDocSQL),
-                    QStringLiteral("View Only ") + typeName + QStringLiteral(" Documents"), QString(),
-                    search});
+                    QStringLiteral("View Only ") + typeName + QStringLiteral(" Documents")});
 }
 
 clsView ShowOnlyViews::organizationsOfState(const clsCities& place) const
@@ -73,10 +72,9 @@ clsView ShowOnlyViews::organizationsOfCity(const clsCities& place) const
     return organizations(search, QStringLiteral("View Only ") + name + QStringLiteral(" Organizations"));
 }
 
-clsView ShowOnlyViews::organizations(clsAdvSearch search, const QString& caption) const
+clsView ShowOnlyViews::organizations(const clsAdvSearch& search, const QString& caption) const
 {
-    const SharedQuery query = narrowed(*m_queries.organizations, search.advOrgSQL);
-    return checked({ViewKind::Organizations, query, caption, QString(), std::move(search)});
+    return checked({ViewKind::Organizations, narrowed(*m_queries.organizations, search.advOrgSQL), caption});
 }
 
 /// A view is only shown once its statement can be asked, so that the current one stays where it cannot.

@@ -25,7 +25,7 @@ public:
     [[nodiscard]] clsView organizationsOfCity(const clsCities& place) const;
 
 private:
-    [[nodiscard]] clsView organizations(clsAdvSearch search, const QString& caption) const;
+    [[nodiscard]] clsView organizations(const clsAdvSearch& search, const QString& caption) const;
     [[nodiscard]] clsView checked(clsView view) const;
 
     DatabaseSession& m_session;

@@ -151,7 +151,6 @@ void frmSearch::cmdGO()
         return;
     }
     doKeywordSearch();
-    accept();
 }
 
 void frmSearch::doKeywordSearch()
