@@ -8,6 +8,8 @@
 #include "browse/IconSet.h"
 #include "browse/frmMain.h"
 #include "platform/DesktopShell.h"
+#include "platform/IndicatorStyle.h"
+#include "platform/ReadablePalette.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -54,6 +56,8 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/orvik-database.svg")));
+    IndicatorStyle::install();
+    ReadablePalette::apply();
     IconSet::chooseTheme();
     NoMessages messages;
     OneDatabase settings(QStringLiteral("large.sqlite"));
