@@ -21,9 +21,10 @@ IndicatorStyle::IndicatorStyle() : QProxyStyle(QString::fromLatin1(plainStyle)) 
 
 void IndicatorStyle::install()
 {
-    // the application takes the style into its care
     if (QApplication::style()->name() != QLatin1String(plainStyle)) return;
-    QApplication::setStyle(new IndicatorStyle); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
+    auto* style = new IndicatorStyle;
+    style->setParent(QCoreApplication::instance());
+    QApplication::setStyle(style);
 }
 
 void IndicatorStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
