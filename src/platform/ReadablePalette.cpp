@@ -9,7 +9,9 @@
 
 namespace {
 
-constexpr int leastContrast = 70; ///< in steps of grey
+constexpr int leastContrast = 70;       ///< in steps of grey
+constexpr int leastContrastOfHint = 40; ///< a hint may be fainter than a text
+constexpr int hintAlpha = 128;
 constexpr double shareOfText = 0.06;
 
 /// Shades of one hue: for light grounds, for dark ones, and for a light one beside a dark one.
@@ -43,6 +45,31 @@ QColor shaded(const QColor& ground, const QColor& text)
                   between(ground.blue(), text.blue()));
 }
 
+/// What a text that lets its ground shine through looks like.
+QColor seenOn(const QColor& ground, const QColor& text)
+{
+    const auto part = [&text](int below, int above) {
+        return below + static_cast<int>(std::lround((above - below) * static_cast<double>(text.alphaF())));
+    };
+    return QColor(part(ground.red(), text.red()), part(ground.green(), text.green()),
+                  part(ground.blue(), text.blue()));
+}
+
+/// The hints of empty fields.
+void mendHint(QPalette& palette)
+{
+    const bool readable =
+        std::all_of(liveGroups.begin(), liveGroups.end(), [&palette](QPalette::ColorGroup group) {
+            const QColor ground = palette.color(group, QPalette::Base);
+            return contrast(seenOn(ground, palette.color(group, QPalette::PlaceholderText)), ground) >=
+                   leastContrastOfHint;
+        });
+    if (readable) return;
+    QColor hint = palette.color(QPalette::Text);
+    hint.setAlpha(hintAlpha);
+    palette.setColor(QPalette::PlaceholderText, hint);
+}
+
 /// Links stand in lists and texts as well as in windows.
 void mendLink(QPalette& palette, QPalette::ColorRole link, const Shades& shades)
 {
@@ -70,6 +97,7 @@ QPalette ReadablePalette::of(QPalette palette)
         palette.setColor(QPalette::AlternateBase,
                          shaded(palette.color(QPalette::Base), palette.color(QPalette::Text)));
     }
+    mendHint(palette);
     mendLink(palette, QPalette::Link, linkShades);
     mendLink(palette, QPalette::LinkVisited, visitedShades);
     if (!canBeReadIn(palette, QPalette::ToolTipText, QPalette::ToolTipBase)) {

@@ -10,8 +10,8 @@ namespace ReadablePalette {
 /// Whether text of one colour stands out from a ground of another.
 [[nodiscard]] bool canBeRead(const QColor& text, const QColor& ground);
 
-/// The palette with other alternate rows, links and tool-tips in place of those that cannot be read beside
-/// its text and its ground. What can be read stays as it is, so the result of a result is the same.
+/// The palette with other alternate rows, hints, links and tool-tips in place of those that cannot be read
+/// beside its text and its ground. What can be read stays as it is, so the result of a result is the same.
 [[nodiscard]] QPalette of(QPalette palette);
 
 /// Gives the application such a palette; to be called when it starts and whenever its palette changes.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <ostream>
 
 namespace {
@@ -28,6 +29,8 @@ QPalette halfNamed(const Desktop& desktop, bool restIsLight)
     palette.setColor(QPalette::Base, desktop.base);
     palette.setColor(QPalette::Text, desktop.text);
     palette.setColor(QPalette::AlternateBase, restIsLight ? QColor(245, 245, 245) : QColor(42, 46, 50));
+    palette.setColor(QPalette::PlaceholderText,
+                     restIsLight ? QColor(0, 0, 0, 128) : QColor(255, 255, 255, 128));
     palette.setColor(QPalette::Link, restIsLight ? QColor(0, 0, 255) : QColor(125, 185, 255));
     palette.setColor(QPalette::LinkVisited, restIsLight ? QColor(85, 0, 127) : QColor(205, 170, 255));
     palette.setColor(QPalette::ToolTipBase, restIsLight ? QColor(255, 255, 220) : QColor(30, 30, 30));
@@ -49,6 +52,9 @@ TEST_P(ReadablePaletteTest, LetsRowsLinksAndToolTipsBeRead)
                 return ReadablePalette::canBeRead(palette.color(group, text), palette.color(group, ground));
             };
             EXPECT_TRUE(reads(QPalette::Text, QPalette::AlternateBase));
+            const QColor hint = palette.color(group, QPalette::PlaceholderText);
+            const int apart = qGray(hint.rgb()) - qGray(palette.color(group, QPalette::Base).rgb());
+            EXPECT_GE(std::abs(apart) * hint.alphaF(), 40) << "a hint lets its ground shine through";
             EXPECT_TRUE(reads(QPalette::ToolTipText, QPalette::ToolTipBase));
             for (const QPalette::ColorRole link : {QPalette::Link, QPalette::LinkVisited}) {
                 EXPECT_TRUE(reads(link, QPalette::Base));
