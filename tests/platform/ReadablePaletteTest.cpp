@@ -54,7 +54,7 @@ TEST_P(ReadablePaletteTest, LetsRowsLinksAndToolTipsBeRead)
             EXPECT_TRUE(reads(QPalette::Text, QPalette::AlternateBase));
             const QColor hint = palette.color(group, QPalette::PlaceholderText);
             const int apart = qGray(hint.rgb()) - qGray(palette.color(group, QPalette::Base).rgb());
-            EXPECT_GE(std::abs(apart) * hint.alphaF(), 40) << "a hint lets its ground shine through";
+            EXPECT_GE(std::abs(apart) * hint.alpha(), 40 * 255) << "a hint lets its ground shine through";
             EXPECT_TRUE(reads(QPalette::ToolTipText, QPalette::ToolTipBase));
             for (const QPalette::ColorRole link : {QPalette::Link, QPalette::LinkVisited}) {
                 EXPECT_TRUE(reads(link, QPalette::Base));
