@@ -24,7 +24,7 @@ struct LocalFileKind
 
 const std::array localFileKinds{
     LocalFileKind{""_L1, LocalFile::None, ""_L1, false},
-    LocalFileKind{"sheet"_L1, LocalFile::Sheet, " pdf htm txt "_L1, false},
+    LocalFileKind{"sheet"_L1, LocalFile::Sheet, " pdf htm txt rtf jpg png "_L1, false},
     LocalFileKind{"chart"_L1, LocalFile::Chart, " png jpg "_L1, true},
     LocalFileKind{"map"_L1, LocalFile::Map, " png jpg "_L1, true},
     LocalFileKind{"table"_L1, LocalFile::Table, " csv "_L1, true},
@@ -103,8 +103,7 @@ void DocumentRecords::addDocument(const SourceRow& row, const LookupTables& look
     const qint64 fileType = lookups.names(u"FileTypes"_s).find(row.requiredText(u"FileType"_s), row);
     const QString original = row.text(u"OriginalFilename"_s);
     const QString extension = QFileInfo(original).suffix();
-    if ((fileType == 1) != original.isEmpty())
-        row.fail(u"a document has a file name and a file type, or neither"_s);
+    if (fileType != 1 && original.isEmpty()) row.fail(u"a document with a file type has a file name"_s);
     if (!original.isEmpty()) facts.fileLocation = u"%1.%2"_s.arg(identifier).arg(extension);
     facts.localFile = readLocalFile(row, extension);
     facts.events = events.names().findAll(u"Events"_s, row);

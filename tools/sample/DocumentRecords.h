@@ -15,7 +15,7 @@
 enum class LocalFile
 {
     None,
-    Sheet, ///< a summary sheet: PDF, web page or plain text
+    Sheet, ///< a summary sheet: PDF, web page, text or picture
     Chart, ///< a bar chart of figures: PNG or JPEG
     Map,   ///< a map of the places of figures: PNG or JPEG
     Table, ///< the figures themselves: CSV

@@ -4,8 +4,10 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QPainter>
 #include <QPdfWriter>
 #include <QTextDocument>
+#include <QtMath>
 
 #include <array>
 
@@ -21,6 +23,10 @@ const QString stylesheet =
 
 /// A page names at most so many agencies; a great disaster has more links than a reader wants.
 constexpr qsizetype mostAgencies = 6;
+
+/// A sheet that is a picture, in pixels.
+constexpr int pictureWidth = 900;
+constexpr int pictureMargin = 36;
 
 std::vector<std::pair<QString, QString>> publicationData(const DocumentFacts& document, const QString& owner)
 {
@@ -144,13 +150,16 @@ void LocalFiles::writeSheet(const DocumentFacts& document) const
         writePdf(sheet, m_folder.filePath(document.fileLocation));
     else if (extension == u"htm"_s)
         writePage(sheet, document);
+    else if (extension == u"rtf"_s)
+        writeBytes(sheetAsRtf(sheet), document.fileLocation);
+    else if (extension == u"jpg"_s || extension == u"png"_s)
+        writeImage(pictureOf(sheet), document.fileLocation);
     else
         writeBytes(sheetAsText(sheet).toUtf8(), document.fileLocation);
 }
 
-void LocalFiles::writePdf(const SummarySheet& sheet, const QString& path) const
+void LocalFiles::layOut(const SummarySheet& sheet, QTextDocument& text) const
 {
-    QTextDocument text;
     QString picture;
     if (sheet.figures != nullptr) {
         picture = u"figure.png"_s;
@@ -158,6 +167,25 @@ void LocalFiles::writePdf(const SummarySheet& sheet, const QString& path) const
     }
     text.setDefaultFont(QFont(u"Sans Serif"_s, 10));
     text.setHtml(sheetAsHtmlBody(sheet, picture));
+}
+
+QImage LocalFiles::pictureOf(const SummarySheet& sheet) const
+{
+    QTextDocument text;
+    layOut(sheet, text);
+    text.setDocumentMargin(pictureMargin);
+    text.setTextWidth(pictureWidth);
+    QImage image(pictureWidth, qCeil(text.size().height()), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    text.drawContents(&painter);
+    return image;
+}
+
+void LocalFiles::writePdf(const SummarySheet& sheet, const QString& path) const
+{
+    QTextDocument text;
+    layOut(sheet, text);
     QPdfWriter writer(path);
     writer.setPageSize(QPageSize(QPageSize::Letter));
     writer.setTitle(sheet.title);

@@ -8,6 +8,7 @@
 #include "SummarySheet.h"
 
 #include <QDir>
+#include <QTextDocument>
 
 /// Makes the local files of documents: summary sheets, charts, maps, tables and a recording. Nothing that
 /// it writes is a copy of a publication, and each file but the recording says so. Keeps references to what
@@ -27,6 +28,8 @@ private:
     [[nodiscard]] SummarySheet sheetOf(const DocumentFacts& document) const;
     [[nodiscard]] QStringList agenciesOf(const DocumentFacts& document) const;
     [[nodiscard]] QImage pictureOf(const FigureTable& figures) const;
+    [[nodiscard]] QImage pictureOf(const SummarySheet& sheet) const;
+    void layOut(const SummarySheet& sheet, QTextDocument& text) const;
     void writeSheet(const DocumentFacts& document) const;
     void writePdf(const SummarySheet& sheet, const QString& path) const;
     void writePage(const SummarySheet& sheet, const DocumentFacts& document) const;

@@ -35,6 +35,29 @@ QString tableRow(const QStringList& cells, const QString& tag)
     return html + u"</tr>\n"_s;
 }
 
+/// A text for RTF: its three special characters escaped, all beyond ASCII as a signed UTF-16 number.
+QByteArray rtfText(const QString& text)
+{
+    QByteArray rtf;
+    for (const QChar character : text) {
+        const ushort code = character.unicode();
+        if (code > 126)
+            rtf += "\\u" + QByteArray::number(static_cast<short>(code)) + '?';
+        else if (code == '\\' || code == '{' || code == '}')
+            rtf.append('\\').append(static_cast<char>(code));
+        else
+            rtf += static_cast<char>(code);
+    }
+    return rtf;
+}
+
+/// A paragraph of RTF; `size` is in half points.
+QByteArray rtfParagraph(const QString& text, const char* style, int size)
+{
+    return QByteArray("{\\pard\\sa120") + style + "\\fs" + QByteArray::number(size) + ' ' + rtfText(text) +
+           "\\par}\n";
+}
+
 QString csvLine(const QStringList& cells)
 {
     QStringList quoted;
@@ -97,6 +120,20 @@ QString sheetAsHtmlBody(const SummarySheet& sheet, const QString& picture)
         html += u"</table>\n<p>Source: %1</p>\n"_s.arg(sheet.figures->source.toHtmlEscaped());
     }
     return html;
+}
+
+QByteArray sheetAsRtf(const SummarySheet& sheet)
+{
+    QByteArray rtf = "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0\\fswiss Helvetica;}}\n";
+    rtf += rtfParagraph(sheet.title, "\\b", 36) + rtfParagraph(sheet.notice, "\\i", 20);
+    for (const auto& [label, value] : sheet.data)
+        rtf += rtfParagraph(label + u": "_s + value, "", 20);
+    for (const SummarySheet::Section& section : sheet.sections) {
+        rtf += rtfParagraph(section.heading, "\\sb240\\b", 26);
+        for (const QString& paragraph : section.paragraphs)
+            rtf += rtfParagraph(paragraph, "", 20);
+    }
+    return rtf + "}\n";
 }
 
 QString figuresAsCsv(const FigureTable& figures)

@@ -2,6 +2,7 @@
 
 #include "FigureTable.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -34,6 +35,9 @@ QString sheetAsText(const SummarySheet& sheet);
 /// The sheet as the body of an HTML page. `picture` is the address of a picture of the figures; empty for
 /// none.
 QString sheetAsHtmlBody(const SummarySheet& sheet, const QString& picture);
+
+/// The sheet as RTF in plain ASCII, for word processors; without the figures.
+QByteArray sheetAsRtf(const SummarySheet& sheet);
 
 /// The figures as CSV: lines with `#` that say what they are, a line of column names, and the rows.
 QString figuresAsCsv(const FigureTable& figures);
