@@ -4,6 +4,8 @@
 #include "data/StatementShape.h"
 #include "util/DateTimeText.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int deepestNesting = 50;
@@ -163,6 +165,45 @@ bool ExpressionTranslator::excludesReservedRow(std::size_t i) const
            (m_tokens[i + 1].text == QStringLiteral("0") || m_tokens[i + 1].text == QStringLiteral("1"));
 }
 
+/// Whether `= 1` or a list with a 1 among its numbers follows: the number of the rows that stand for "None".
+bool ExpressionTranslator::takesReservedRow(std::size_t i, std::size_t end) const
+{
+    const auto isOne = [this](std::size_t at) {
+        return m_tokens[at].kind == SqlToken::Kind::Number && m_tokens[at].text == QStringLiteral("1");
+    };
+    if (m_tokens.isSymbolAt(i, u"=") && i + 1 < end) return isOne(i + 1);
+    if (!m_tokens.isWordAt(i, u"IN") || !m_tokens.isSymbolAt(i + 1, u"(") || i + 2 >= end) return false;
+    const std::vector<Span> items = m_tokens.split({i + 2, m_tokens.closingParenthesis(i + 1, end)});
+    return std::any_of(items.begin(), items.end(), [&isOne](const Span& item) {
+        return item.end == item.begin + 1 && isOne(item.begin);
+    });
+}
+
+/// Whether the name from `begin` to `i` is compared with a literal of a date or a time.
+bool ExpressionTranslator::meetsDate(std::size_t begin, std::size_t i, std::size_t end) const
+{
+    const auto isDate = [this](std::size_t at) { return m_tokens[at].kind == SqlToken::Kind::Date; };
+    const auto compares = [this](std::size_t at) {
+        const SqlToken& token = m_tokens[at];
+        return token.kind == SqlToken::Kind::Symbol &&
+               QStringLiteral("= <> < <= > >=").split(u' ').contains(token.text);
+    };
+    if (begin >= 2 && compares(begin - 1) && isDate(begin - 2)) return true;
+    if (m_tokens.isWordAt(i, u"NOT")) ++i;
+    return i + 1 < end && isDate(i + 1) && (compares(i) || m_tokens[i].isWord(u"BETWEEN"));
+}
+
+/// A time of day as literals meet it: where there is none beside a date, it is midnight.
+QString ExpressionTranslator::timeOrMidnight(const ResolvedColumn& time, const QString& qualifier,
+                                             const QString& name, StatementScope& scope)
+{
+    const QString word = QStringLiteral("Time");
+    if (!name.endsWith(word, Qt::CaseInsensitive)) return time.sql;
+    const ResolvedColumn day = scope.resolve(qualifier, name.chopped(word.size()) + QStringLiteral("Date"));
+    if (day.form != ColumnForm::Date) return time.sql;
+    return QStringLiteral("ifnull(%1, CASE WHEN %2 IS NOT NULL THEN '00:00' END)").arg(time.sql, day.sql);
+}
+
 /// Where a text to match follows by itself, the end of the condition.
 std::optional<std::size_t> ExpressionTranslator::endOfMatch(std::size_t i, std::size_t end) const
 {
@@ -177,6 +218,7 @@ std::optional<std::size_t> ExpressionTranslator::endOfMatch(std::size_t i, std::
 QString ExpressionTranslator::column(std::size_t& i, std::size_t end, StatementScope& scope, Clause clause,
                                      int depth) const
 {
+    const std::size_t begin = i;
     QString qualifier;
     QString name = m_tokens[i++].text;
     if (i + 1 < end && m_tokens.isSymbolAt(i, u".")) {
@@ -192,6 +234,14 @@ QString ExpressionTranslator::column(std::size_t& i, std::size_t end, StatementS
     const bool compares = clause != Clause::Select || scope.comparesListed();
     const bool ruled = resolved.form == ColumnForm::Text && compares && !matched;
     if (resolved.isKey && excludesReservedRow(i)) return u'+' + resolved.sql;
+    if (clause != Clause::Select && resolved.form == ColumnForm::Time && meetsDate(begin, i, end)) {
+        return timeOrMidnight(resolved, qualifier, name, scope);
+    }
+    // a record without a venue has the venue "None"
+    if (name.compare(u"VenueID", Qt::CaseInsensitive) == 0 && clause != Clause::Select &&
+        takesReservedRow(i, end)) {
+        return QStringLiteral("ifnull(%1, 1)").arg(resolved.sql);
+    }
     // inside parentheses a search can name thousands of texts, which would become ranges too
     const auto matchEnd = depth == 0 && clause == Clause::Where ? endOfMatch(i, end) : std::nullopt;
     if (matchEnd && resolved.form == ColumnForm::Text) {

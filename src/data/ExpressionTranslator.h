@@ -45,6 +45,10 @@ private:
     [[nodiscard]] QString column(std::size_t& i, std::size_t end, StatementScope& scope, Clause clause,
                                  int depth) const;
     [[nodiscard]] bool excludesReservedRow(std::size_t i) const;
+    [[nodiscard]] bool takesReservedRow(std::size_t i, std::size_t end) const;
+    [[nodiscard]] bool meetsDate(std::size_t begin, std::size_t i, std::size_t end) const;
+    [[nodiscard]] static QString timeOrMidnight(const ResolvedColumn& time, const QString& qualifier,
+                                                const QString& name, StatementScope& scope);
     [[nodiscard]] std::optional<std::size_t> endOfMatch(std::size_t i, std::size_t end) const;
 
     const Catalog& m_catalog;

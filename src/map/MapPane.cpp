@@ -178,7 +178,7 @@ void MapPane::showMenu(std::size_t entry, const QPoint& position)
     m_showOnlyState->setText(menuText(tr("Show Only %1 Organizations").arg(state)));
     // nothing narrows to a place that has no name
     m_showOnlyCity->setEnabled(!m_menuPlace.city.isEmpty());
-    m_showOnlyState->setEnabled(!state.isEmpty());
+    m_showOnlyState->setVisible(m_menuPlace.hasState());
     m_menu->popup(position);
 }
 

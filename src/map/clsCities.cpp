@@ -14,6 +14,12 @@ QString clsCities::placeText() const
         .arg(lon < 0 ? QChar(u'W') : QChar(u'E'));
 }
 
+bool clsCities::hasState() const
+{
+    const QString name = State.trimmed();
+    return !name.isEmpty() && name.compare(u"None", Qt::CaseInsensitive) != 0;
+}
+
 int clsCities::colourOf(std::optional<qint64> functionId)
 {
     constexpr qint64 colours = 16;

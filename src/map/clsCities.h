@@ -19,6 +19,9 @@ struct clsCities
     /// `City, State`, or whichever of the two there is; the position where there is neither.
     [[nodiscard]] QString placeText() const;
 
+    /// A state of the name "None" is none.
+    [[nodiscard]] bool hasState() const;
+
     /// The colour of a function: its number less one, beginning anew after every sixteen; 0 without one.
     static int colourOf(std::optional<qint64> functionId);
 };

@@ -21,11 +21,13 @@ public:
     }
 
     [[nodiscard]] clsView documentsOfType(const QString& typeName) const;
+
+    /// The place must have a state, or a city for the other view.
     [[nodiscard]] clsView organizationsOfState(const clsCities& place) const;
     [[nodiscard]] clsView organizationsOfCity(const clsCities& place) const;
 
 private:
-    [[nodiscard]] clsView organizations(const clsAdvSearch& search, const QString& caption) const;
+    [[nodiscard]] clsView organizations(const QString& condition, const QString& caption) const;
     [[nodiscard]] clsView checked(clsView view) const;
 
     DatabaseSession& m_session;

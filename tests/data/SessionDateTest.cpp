@@ -148,6 +148,39 @@ TEST_F(SessionDates, TimesCompareToTheMinute)
     EXPECT_EQ(rowsOf(m_database.session(), u"SELECT StartTime FROM Event WHERE EventID = 3"_s), u"09:05"_s);
 }
 
+TEST_F(SessionDates, AMissingTimeBesideADateIsMidnightForALiteral)
+{
+    m_database.run("INSERT INTO Event (EventID, StartDate, StartTime, EndDate, EndTime) VALUES "
+                   "(2, '2001-09-11', NULL, '2001-09-12', '10:00'), (3, '2001-09-11', '09:00', NULL, NULL), "
+                   "(4, NULL, NULL, '2001-09-12', NULL)");
+    const std::vector<std::pair<QString, QString>> cases{
+        {u"StartTime >= #00:00#"_s, u"2 3"_s},
+        {u"StartTime <= #00:00#"_s, u"2"_s},
+        {u"Event.StartTime = #12:00:00 AM#"_s, u"2"_s},
+        {u"StartTime <> #00:00#"_s, u"3"_s},
+        {u"StartTime > #00:00# OR StartTime < #00:01#"_s, u"2 3"_s},
+        {u"#08:00# < StartTime"_s, u"3"_s},
+        {u"starttime BETWEEN #00:00# AND #08:00#"_s, u"2"_s},
+        {u"StartTime NOT BETWEEN #00:01# AND #08:00#"_s, u"2 3"_s},
+        {u"EndTime < #10:00#"_s, u"4"_s},
+        {u"StartTime IS NULL"_s, u"2 4"_s},
+        {u"StartDate >= #9/11/2001# AND StartTime >= #00:00# AND StartDate <= #9/11/2001# AND StartTime <= #08:59#"_s,
+         u"2"_s},
+    };
+    for (const QString& from : {u"Q_Event"_s, u"Event"_s}) {
+        for (const auto& [condition, events] : cases) {
+            EXPECT_EQ(
+                firstColumnOf(m_database.session(),
+                              u"SELECT EventID FROM %1 WHERE %2 ORDER BY EventID"_s.arg(from, condition)),
+                events)
+                << from.toStdString() << ": " << condition.toStdString();
+        }
+    }
+    EXPECT_EQ(m_database.session().execute(u"UPDATE Event SET EndTime = #11:00# WHERE StartTime = #00:00#"_s),
+              1);
+    EXPECT_EQ(m_database.ask("SELECT EventID FROM Event WHERE EndTime = '11:00'"), u"2"_s);
+}
+
 TEST_F(SessionDates, ADayWithATimeIsAMoment)
 {
     addEvent(2, "2001-09-10", "09:00");

@@ -145,7 +145,7 @@ TEST_F(Statement, AdvancedSearchNarrowsEvents)
         m_standard.events,
         {{u" AND StartDate >= #9/11/2001# AND StartTime >= #00:00# AND StartDate <= #11/30/2001# AND "
           "StartTime <= #23:59# "_s,
-          u"9 2 4"_s},
+          u"9 2 4 6"_s},
          {u" AND StartDate >= #9/10/2001# AND StartTime >= #09:30# AND StartDate <= #9/11/2001# AND "
           "StartTime <= #10:30# "_s,
           u"4"_s},

@@ -65,7 +65,8 @@ protected:
                      "(3, 'b', '2001-10-01', '00:00', '2002-10-01', 'ACTIVE'), "
                      "(4, 'c', '2001-11-30', '23:59:30', '2001-11-30', 'ACTIVE'), "
                      "(5, 'd', '2001-12-01', '12:00', '2001-12-01', 'ACTIVE'), "
-                     "(6, 'e', NULL, NULL, NULL, 'ACTIVE')");
+                     "(6, 'e', NULL, NULL, NULL, 'ACTIVE'), "
+                     "(7, 'f', '2001-11-01', NULL, '2001-11-01', 'ACTIVE')");
         database.run("INSERT INTO EventVenues VALUES (2, 2), (2, 3), (3, 3), (5, 2)");
         database.run("INSERT INTO EventFunctions VALUES (2, 2), (2, 3), (2, 4), (4, 4), (5, 3)");
         database.run("INSERT INTO OrganizationEvents VALUES (2, 2), (3, 2), (3, 3), (2, 5)");
@@ -99,7 +100,13 @@ TEST_F(AdvancedSearchOnFile, FindsUnderNoneWhatItsListsShowAsNone)
     } cases[] = {{ViewKind::Documents, searchBy({{&Search::bFileTypes, &Search::fileTypes}}, items({1})),
                   u" AND FileTypeName = 'None'"_s, u"8 7"_s},
                  {ViewKind::Organizations, searchBy({{&Search::bOrgTypes, &Search::orgTypes}}, items({1})),
-                  u" AND OrganizationTypeName = 'None'"_s, u"10 9"_s}};
+                  u" AND OrganizationTypeName = 'None'"_s, u"10 9"_s},
+                 {ViewKind::Documents, searchBy({{&Search::bDocVenues, &Search::docVenues}}, items({1})),
+                  u" AND VenueID IS NULL"_s, u"8 7"_s},
+                 {ViewKind::Events, searchBy({{&Search::bEventVenues, &Search::eventVenues}}, items({1})),
+                  u" AND VenueID IS NULL"_s, u"6 7 4"_s},
+                 {ViewKind::Organizations, searchBy({{&Search::bOrgVenues, &Search::orgVenues}}, items({1})),
+                  u" AND VenueID IS NULL"_s, u"8 10 9"_s}};
     for (const auto& [kind, search, shown, expected] : cases) {
         SQLObject list = standardQuery(queries, kind);
         list.WhereClause += shown;
@@ -134,6 +141,9 @@ TEST_F(AdvancedSearchOnFile, FindsWhatItsListsLetThrough)
         {ViewKind::Documents, searchBy({{&Search::bDocTypes, &Search::docTypes}}, {}), u"5 4 3 2"_s},
         {ViewKind::Events, searchBy({{&Search::bEventVenues, &Search::eventVenues}}, items({2, 3})),
          u"2 3 5"_s},
+        // those without a venue among them
+        {ViewKind::Events, searchBy({{&Search::bEventVenues, &Search::eventVenues}}, items({3, 1})),
+         u"6 2 3 7 4"_s},
         {ViewKind::Events, searchBy({{&Search::bEventFunctions, &Search::eventFunctions}}, items({4, 3, 2})),
          u"2 4 5"_s},
         {ViewKind::Events, searchBy({{&Search::bEventOrgs, &Search::eventOrgs}}, items({3})), u"2 3"_s},
@@ -174,7 +184,7 @@ TEST_F(AdvancedSearchOnFile, BoundsTheStartOfEventsByDateAndEachDayByTime)
     search.eventStartDate = QDate(2001, 9, 11);
     search.eventEndDate = QDate(2001, 11, 30);
     search.eventEndTime = QTime(23, 59);
-    EXPECT_EQ(found(ViewKind::Events, search), u"2 3 4"_s);
+    EXPECT_EQ(found(ViewKind::Events, search), u"2 3 7 4"_s) << "without a time, it starts at midnight";
     // a day in the middle that starts before the time of day is left out
     search.eventStartTime = QTime(0, 1);
     EXPECT_EQ(found(ViewKind::Events, search), u"2 4"_s);
@@ -183,7 +193,7 @@ TEST_F(AdvancedSearchOnFile, BoundsTheStartOfEventsByDateAndEachDayByTime)
     search.eventStartDate = QDate(2001, 12, 1);
     EXPECT_EQ(found(ViewKind::Events, search), QString());
     search.bEventDate = false;
-    EXPECT_EQ(found(ViewKind::Events, search), u"6 2 3 4 5"_s);
+    EXPECT_EQ(found(ViewKind::Events, search), u"6 2 3 7 4 5"_s);
 }
 
 TEST_F(AdvancedSearchOnFile, ReportsAnApostropheAndChangesNothing)
