@@ -154,6 +154,26 @@ TEST_F(MapJourney, TheMenuNarrowsToACityOrAState)
     EXPECT_FALSE(journey.find<QMenu>("popOrgTab").isVisible()) << "there is no place there";
 }
 
+TEST_F(MapJourney, TheMenuOffersNoStateWhereThereIsNone)
+{
+    journey.database.run(
+        "INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, State, "
+        "Lat, Lon, Status) VALUES (20, 'Theta', 2, 'Abroad', 'None', 41, -104, 'ACTIVE'), "
+        "(21, 'Iota', 2, 'At Sea', NULL, 33, -120, 'ACTIVE')");
+    show();
+    const auto offered = [this](const char* place) {
+        click(Qt::RightButton, place);
+        journey.find<QMenu>("popOrgTab").close();
+        return journey.find<QAction>("popOrgTabShowOnlyState").isVisible();
+    };
+    EXPECT_FALSE(offered("Abroad, None: Relief"));
+    EXPECT_FALSE(offered("At Sea: Relief"));
+    EXPECT_TRUE(offered("Reno, NV: Law"));
+    offered("Abroad, None: Relief");
+    journey.trigger("popOrgTabShowOnlyCity");
+    EXPECT_EQ(journey.column(0), "Theta");
+}
+
 TEST_F(MapJourney, AnApostropheIsReportedAndTheViewStays)
 {
     show();
