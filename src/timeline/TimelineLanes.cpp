@@ -11,6 +11,9 @@ using namespace TimelineLanes;
 constexpr int barOffset = 2;
 constexpr int markerOffset = 10;
 
+/// A position beyond it would not fit into the whole units of the screen; it is far out of sight.
+constexpr double farthest = 1 << 30;
+
 struct Extent
 {
     double left = 0;
@@ -59,7 +62,8 @@ Lane laneOf(const TimeWindow& window, const WindowEvent& event)
     const Moment start = event.start();
     const Moment end = event.end();
     const auto position = [&](Moment moment) {
-        return static_cast<double>(moment - window.currentTime()) * unitsPerMinute;
+        const auto minutes = static_cast<double>(moment - window.currentTime());
+        return std::clamp(minutes * unitsPerMinute, -farthest, farthest);
     };
     Lane lane;
     lane.eventId = event.eventId;

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <limits>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -75,6 +78,22 @@ TEST_F(Lanes, AnEventWithoutASoundEndIsAnInstantAtItsStart)
         EXPECT_EQ(lane.toolTip, QStringLiteral("(09/11/2001 10:05) Quake"));
     }
     EXPECT_EQ(draw(event(QStringLiteral("Quake"), "10:00", "10:00")).markerLeft, -9) << "at the left edge";
+}
+
+TEST_F(Lanes, WhatIsFarOutOfSightHasAPlaceAllTheSame)
+{
+    for (const auto& [start, end] :
+         {std::pair("9999-12-31", "9999-12-31"), std::pair("0100-01-01", "0100-01-01"),
+          std::pair("9999-12-30", "9999-12-31"), std::pair("0100-01-01", "0100-01-02")}) {
+        WindowEvent far = event(QStringLiteral("Far"), "10:00", "10:00");
+        far.startDate = start;
+        far.endDate = end;
+        const Lane lane = draw(far);
+        const bool isLater = std::string_view(start) > "2001";
+        EXPECT_EQ(lane.place, isLater ? Lane::CaptionPlace::Before : Lane::CaptionPlace::After) << start;
+        EXPECT_LT(std::abs(lane.barLeft) + std::abs(lane.barWidth), std::numeric_limits<int>::max()) << start;
+        EXPECT_EQ(lane.captionWidth, textWidth(lane.caption)) << start;
+    }
 }
 
 TEST_F(Lanes, ACaptionStandsWhereItCanBeRead)
