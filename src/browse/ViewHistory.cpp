@@ -9,6 +9,7 @@ void ViewHistory::addView(clsView view)
 void ViewHistory::clear()
 {
     m_views.clear();
+    m_selected.clear();
     m_current = 0;
     m_currentKind = ViewKind::Home;
     m_currentQuery.reset();
@@ -17,6 +18,21 @@ void ViewHistory::clear()
 const SharedQuery& ViewHistory::currentQuery() const
 {
     return m_currentQuery ? m_currentQuery : view(m_current).SQL;
+}
+
+std::optional<qint64> ViewHistory::selected() const
+{
+    const auto found = m_selected.find(m_current);
+    return found == m_selected.end() ? std::nullopt : std::optional(found->second);
+}
+
+void ViewHistory::select(std::optional<qint64> identifier)
+{
+    if (identifier) {
+        m_selected[m_current] = *identifier;
+    } else {
+        m_selected.erase(m_current);
+    }
 }
 
 void ViewHistory::showView(std::size_t position)

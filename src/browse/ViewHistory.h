@@ -3,6 +3,8 @@
 #include "browse/clsView.h"
 
 #include <cstddef>
+#include <map>
+#include <optional>
 #include <vector>
 
 /// Shows views of each kind; the main window does.
@@ -57,8 +59,14 @@ public:
     /// Gives the view shown last a query that has the same rows at less cost, until a view is shown again.
     void setCurrentQuery(SharedQuery query) { m_currentQuery = std::move(query); }
 
+    /// The record that is selected in the view shown last, in its list as in its graphic; of several in the
+    /// list, the one that the user went to.
+    [[nodiscard]] std::optional<qint64> selected() const;
+    void select(std::optional<qint64> identifier);
+
 private:
     std::vector<clsView> m_views;
+    std::map<std::size_t, qint64> m_selected; ///< by position
     std::size_t m_current = 0;
     ViewKind m_currentKind = ViewKind::Home;
     SharedQuery m_currentQuery; ///< null: the view's own

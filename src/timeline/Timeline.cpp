@@ -29,7 +29,6 @@ Timeline::Timeline(const Platform& platform, ProgramState& state, TextWidth capt
 
 void Timeline::mainLoad()
 {
-    m_selected.reset();
     m_events.clear();
     m_hitCount = 0;
     m_scroll = {};
@@ -41,18 +40,22 @@ void Timeline::mainLoad()
                      [&] { setTimelineLimits(m_state.session, m_platform.clock.now(), limits); });
     }
     m_window.begin(limits);
-    refresh();
+    refresh(m_window);
 }
 
 void Timeline::drawTimeline()
 {
+    if (!showsEvents()) return;
+    std::vector<WindowEvent> events;
     try {
-        search();
+        events = readWindow();
     } catch (const std::exception&) {
         // the list is about to read the same view, and says what is wrong with it
         return;
     }
-    DisplayRecords();
+    const bool done = runProcedure(m_platform.messages, QStringLiteral("searchByTimeConstraint"),
+                                   [&] { take(std::move(events)); });
+    if (done) DisplayRecords();
 }
 
 void Timeline::updateTimeline(std::optional<Moment> savedStart)
@@ -61,8 +64,9 @@ void Timeline::updateTimeline(std::optional<Moment> savedStart)
     runProcedure(m_platform.messages, QStringLiteral("setTimelineLimits"),
                  [&] { setTimelineLimits(m_state.session, m_platform.clock.now(), limits); });
     m_window.setLimits(limits);
+    const TimeWindow before = m_window;
     m_window.moveTo(savedStart.value_or(m_window.currentTime()));
-    refresh();
+    refresh(before);
 }
 
 void Timeline::resize(int width, int height)
@@ -74,16 +78,17 @@ void Timeline::resize(int width, int height)
     // nobody asked for anything, so nobody is told what goes wrong
     try {
         if (isWindowNew) search();
-        drawLanes();
     } catch (const std::exception&) {
-        return;
+        // those read before are drawn at their new places
     }
+    showSelected();
 }
 
 void Timeline::navigate(void (TimeWindow::*move)())
 {
+    const TimeWindow before = m_window;
     (m_window.*move)();
-    refresh();
+    refresh(before);
 }
 
 void Timeline::NavBeginning()
@@ -139,7 +144,8 @@ void Timeline::VScroll1_Change(int value)
 void Timeline::chooseEvent(qint64 eventId)
 {
     if (!showsEvents()) return;
-    m_selected = eventId;
+    m_state.history.select(eventId);
+    const TimeWindow before = m_window;
     const bool done =
         runProcedure(m_platform.messages, QStringLiteral("searchByTimeConstraint"), [this, eventId] {
             showInWindow(eventId);
@@ -150,7 +156,12 @@ void Timeline::chooseEvent(qint64 eventId)
                              [eventId](const WindowEvent& row) { return row.eventId == eventId; });
             if (found != m_events.end()) m_scroll.value = static_cast<int>(found - m_events.begin());
         });
-    if (done) DisplayRecords();
+    if (done) {
+        DisplayRecords();
+    } else {
+        goBackTo(before);
+        showSelected();
+    }
 }
 
 void Timeline::showInWindow(qint64 eventId)
@@ -174,8 +185,18 @@ void Timeline::showInWindow(qint64 eventId)
 
 void Timeline::selectEvent(qint64 eventId)
 {
-    m_selected = eventId;
+    if (showsEvents()) m_state.history.select(eventId);
     DisplayRecords();
+}
+
+void Timeline::showSelected()
+{
+    // what cannot be drawn was reported when it was to be seen first
+    try {
+        drawLanes();
+    } catch (const std::exception&) {
+        return;
+    }
 }
 
 std::array<QString, Timeline::captionCount> Timeline::captions() const
@@ -187,10 +208,17 @@ std::array<QString, Timeline::captionCount> Timeline::captions() const
     return texts;
 }
 
-void Timeline::refresh()
+/// Shows the events of a window that was moved. Where they cannot be read, all stays as it was before.
+void Timeline::refresh(const TimeWindow& before)
 {
     positionScale();
-    searchByTimeConstraint();
+    if (!searchByTimeConstraint()) goBackTo(before);
+}
+
+void Timeline::goBackTo(const TimeWindow& before)
+{
+    m_window = before;
+    positionScale();
 }
 
 /// Lays the ruler behind the window; at a level that has none, it stays where it is.
@@ -212,34 +240,44 @@ bool Timeline::showsEvents() const
     return history.current() > 0 && history.currentKind() == ViewKind::Events;
 }
 
-void Timeline::searchByTimeConstraint()
+/// True if the events could be read.
+bool Timeline::searchByTimeConstraint()
 {
-    if (runProcedure(m_platform.messages, QStringLiteral("searchByTimeConstraint"), [this] { search(); })) {
-        DisplayRecords();
-    }
+    const bool done =
+        runProcedure(m_platform.messages, QStringLiteral("searchByTimeConstraint"), [this] { search(); });
+    if (done) DisplayRecords();
+    return done;
 }
 
 /// Reads the events of the window. Throws Error; then those read before stay.
 void Timeline::search()
 {
-    if (!showsEvents()) return;
-    const SharedQuery view = m_state.history.currentQuery();
-    m_events = readWindowEvents(
-        m_state.session.read(TimeWindowQuery::inWindow(*view, m_window.currentTime(), m_window.windowEnd())));
-    m_scroll.value = 0;
-    m_before.reset();
-    m_after.reset();
-    if (m_events.empty()) {
-        findNearest(*view);
-    } else {
-        m_hitCount = m_events.size();
-    }
+    if (showsEvents()) take(readWindow());
 }
 
-void Timeline::findNearest(const SQLObject& view)
+/// The view must be one of events.
+std::vector<WindowEvent> Timeline::readWindow()
 {
-    m_before = firstOf(TimeWindowQuery::before(view, m_window.currentTime()));
-    m_after = firstOf(TimeWindowQuery::after(view, m_window.windowEnd()));
+    return readWindowEvents(m_state.session.read(TimeWindowQuery::inWindow(
+        *m_state.history.currentQuery(), m_window.currentTime(), m_window.windowEnd())));
+}
+
+/// Takes the events of the window or, where it has none, looks for the nearest. Throws Error; then what there
+/// was stays.
+void Timeline::take(std::vector<WindowEvent> events)
+{
+    std::optional<NearestEvent> before;
+    std::optional<NearestEvent> after;
+    if (events.empty()) {
+        const SharedQuery view = m_state.history.currentQuery();
+        before = firstOf(TimeWindowQuery::before(*view, m_window.currentTime()));
+        after = firstOf(TimeWindowQuery::after(*view, m_window.windowEnd()));
+    }
+    m_events = std::move(events);
+    m_before = std::move(before);
+    m_after = std::move(after);
+    m_scroll.value = 0;
+    if (!m_events.empty()) m_hitCount = m_events.size();
 }
 
 std::optional<NearestEvent> Timeline::firstOf(const QString& statement)
@@ -262,6 +300,7 @@ void Timeline::drawLanes()
     m_scroll.max = m_scroll.isShown ? static_cast<int>(m_events.size() - lanes) : 0;
     m_scroll.value = std::clamp(m_scroll.value, 0, m_scroll.max);
     m_lanes.clear();
-    TimelineLanes::draw(m_window, m_events, static_cast<std::size_t>(m_scroll.value), m_laneCount, m_selected,
+    const std::optional<qint64> selected = showsEvents() ? m_state.history.selected() : std::nullopt;
+    TimelineLanes::draw(m_window, m_events, static_cast<std::size_t>(m_scroll.value), m_laneCount, selected,
                         m_captionWidth, m_lanes);
 }

@@ -73,6 +73,9 @@ public:
     /// An event was clicked on the timeline: selects it.
     void selectEvent(qint64 eventId);
 
+    /// Another event is selected in the view: marks it, or none.
+    void showSelected();
+
     [[nodiscard]] const TimeWindow& window() const { return m_window; }
     [[nodiscard]] int laneCount() const { return m_laneCount; }
     [[nodiscard]] const std::vector<Lane>& lanes() const { return m_lanes; }
@@ -93,14 +96,16 @@ public:
 
 private:
     void navigate(void (TimeWindow::*move)());
-    void refresh();
+    void refresh(const TimeWindow& before);
+    void goBackTo(const TimeWindow& before);
     void positionScale();
-    void searchByTimeConstraint();
+    bool searchByTimeConstraint();
     void search();
+    [[nodiscard]] std::vector<WindowEvent> readWindow();
+    void take(std::vector<WindowEvent> events);
     void DisplayRecords();
     void drawLanes();
     void showInWindow(qint64 eventId);
-    void findNearest(const SQLObject& view);
     [[nodiscard]] std::optional<NearestEvent> firstOf(const QString& statement);
     [[nodiscard]] bool showsEvents() const;
 
@@ -115,7 +120,6 @@ private:
     TimelineRuler m_ruler;
     LaneScroll m_scroll;
     std::size_t m_hitCount = 0;
-    std::optional<qint64> m_selected;
     std::optional<NearestEvent> m_before;
     std::optional<NearestEvent> m_after;
 };

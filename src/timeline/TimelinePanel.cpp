@@ -165,6 +165,12 @@ void TimelinePanel::chooseEvent(qint64 eventId)
     showAll();
 }
 
+void TimelinePanel::showSelected()
+{
+    m_timeline.showSelected();
+    showAll();
+}
+
 void TimelinePanel::updateTimeline(std::optional<Moment> savedStart)
 {
     m_timeline.updateTimeline(savedStart);

@@ -31,6 +31,9 @@ public:
     /// An event was chosen in the list.
     void chooseEvent(qint64 eventId);
 
+    /// Another event is selected in the view, or none.
+    void showSelected();
+
     /// After an event was saved.
     void updateTimeline(std::optional<Moment> savedStart);
 

@@ -211,6 +211,56 @@ TEST_F(Handlers, OneFailureShowsOneMessage)
     m_timeline.resize(5 * 385, 5 * 17);
 }
 
+TEST_F(Handlers, AnEventThatCannotBeReadLeavesTheWindowAsItWas)
+{
+    // before an empty window lies an event with an unreadable time
+    struct Case
+    {
+        const char* what;
+        void (Timeline::*before)();
+        void (Timeline::*handler)();
+        const char* state;
+    };
+    const Case cases[]{
+        {"into the empty window", &Timeline::NavBeginning, &Timeline::NavJumpForward,
+         "09/01/2001 10:00 First --> - -"},
+        {"a coarser scale", &Timeline::NavJumpForward, &Timeline::ZoomOut, "09/01/2001 10:30  First A"},
+        {"the view again", &Timeline::NavJumpForward, &Timeline::drawTimeline, "09/01/2001 10:30  First A"},
+    };
+    const auto state = [this] { return now() + ' ' + lanes() + ' ' + nearest(); };
+    for (const Case& each : cases) {
+        m_database.run("UPDATE Event SET StartTime = '10:00' WHERE EventID = 2");
+        m_timeline.NavBeginning();
+        (m_timeline.*each.before)();
+        ASSERT_EQ(state(), each.state);
+        const bool wasEmpty = m_timeline.isEmpty();
+        m_database.run("UPDATE Event SET StartTime = '10:0x' WHERE EventID = 2");
+        m_desktop.messages.expectMessage(
+            u"searchByTimeConstraint Error (13): 2001-09-01 10:0x is not a date and time (First)"_s);
+        (m_timeline.*each.handler)();
+        m_desktop.messages.finish();
+        EXPECT_EQ(state(), each.state) << each.what;
+        EXPECT_EQ(m_timeline.isEmpty(), wasEmpty) << each.what;
+        EXPECT_EQ(m_timeline.window().zoomFactor(), 0) << each.what;
+    }
+}
+
+TEST_F(Handlers, TheSelectedEventIsThatOfTheView)
+{
+    m_timeline.chooseEvent(11);
+    EXPECT_EQ(m_state.history.selected(), 11);
+    showView(m_state.queries.events);
+    m_timeline.drawTimeline();
+    EXPECT_EQ(lanes(), "A -->|B -->|C -->");
+    m_timeline.selectEvent(12);
+    m_state.history.goBack();
+    m_timeline.drawTimeline();
+    EXPECT_EQ(lanes(), "[A -->]|B -->|C -->");
+    m_state.history.select(13);
+    m_timeline.showSelected();
+    EXPECT_EQ(lanes(), "A -->|B -->|[C -->]");
+}
+
 TEST_F(Handlers, WithoutAViewOfEventsNothingIsRead)
 {
     m_state.history.addView({ViewKind::Home, std::make_shared<const SQLObject>(), u"Home Page"_s});
