@@ -2,7 +2,6 @@
 
 #include "browse/BrowsePage.h"
 #include "browse/ListPane.h"
-#include "browse/RecordListView.h"
 #include "chart/ChartPane.h"
 #include "map/MapPane.h"
 #include "timeline/TimelinePanel.h"
@@ -23,9 +22,11 @@ GraphicViews::GraphicViews(const Platform& platform, ProgramState& state, ListPa
         ViewKind::Events, [this](QWidget*) { return m_timeline; }, Qt::Vertical);
     page.setGraphic(
         ViewKind::Organizations, [this](QWidget* parent) { return makeMap(parent); }, Qt::Horizontal);
-    connect(m_timeline, &TimelinePanel::eventSelected, this, [this](qint64 event) {
-        // what is done next must not be done to another record
-        if (!m_list.select(event)) m_list.view().clearSelection();
+    // what is done next must not be done to another record
+    connect(m_timeline, &TimelinePanel::eventSelected, &m_list, &ListPane::showSelected);
+    connect(&m_list, &ListPane::selectionChanged, this, [this] {
+        // once it is read, all of it is shown
+        if (!m_list.isFilling()) showSelected();
     });
     connect(&m_list, &ListPane::chosen, this, &GraphicViews::goToRecord);
 }
@@ -44,6 +45,12 @@ QWidget* GraphicViews::makeMap(QWidget* parent)
     return m_map;
 }
 
+void GraphicViews::mainLoad()
+{
+    m_timeline->mainLoad();
+    if (m_map != nullptr) m_map->forget();
+}
+
 void GraphicViews::drawBeforeList(ViewKind kind)
 {
     if (kind == ViewKind::Documents) m_chart->drawCharts();
@@ -52,19 +59,23 @@ void GraphicViews::drawBeforeList(ViewKind kind)
 
 void GraphicViews::drawAfterList(ViewKind kind, bool isListed)
 {
-    if (kind != ViewKind::Organizations) return;
-    if (!isListed) {
-        // the list has said what is wrong
-        m_map->clearMap();
-        return;
+    if (kind == ViewKind::Organizations) {
+        // where it could not be read, the list has said what is wrong
+        isListed ? m_map->drawMap() : m_map->clearMap();
+    } else {
+        showSelected();
     }
-    m_map->drawMap();
-    m_map->ringOrganization(m_list.currentRecord());
+}
+
+void GraphicViews::showSelected()
+{
+    if (m_list.kind() == ViewKind::Events) m_timeline->showSelected();
+    if (m_list.kind() == ViewKind::Organizations) m_map->showSelected();
 }
 
 /// The user went to a record of the list; its graphic goes there too.
 void GraphicViews::goToRecord(qint64 identifier)
 {
     if (m_list.kind() == ViewKind::Events) m_timeline->chooseEvent(identifier);
-    if (m_list.kind() == ViewKind::Organizations) m_map->goToOrganization(identifier);
+    if (m_list.kind() == ViewKind::Organizations) m_map->goToRinged();
 }

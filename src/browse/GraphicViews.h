@@ -27,17 +27,22 @@ public:
 
     [[nodiscard]] TimelinePanel& timeline() { return *m_timeline; }
 
+    /// Begins anew on the database that is open.
+    void mainLoad();
+
     /// Draws the graphic of the current view where that comes before its list is read: the chart and the
     /// timeline. The page must show the kind.
     void drawBeforeList(ViewKind kind);
 
-    /// Draws the graphic that comes after the list: the map, empty where the list could not be read.
+    /// Draws the graphic that comes after the list: the map, empty where the list could not be read. Then
+    /// list and graphic show the same record as selected.
     void drawAfterList(ViewKind kind, bool isListed);
 
 private:
     QWidget* makeChart(QWidget* parent);
     QWidget* makeMap(QWidget* parent);
     void goToRecord(qint64 identifier);
+    void showSelected();
 
     Platform m_platform;
     ProgramState& m_state;

@@ -2,6 +2,7 @@
 
 #include "app/StdREG.h"
 #include "browse/RecordListView.h"
+#include "browse/ViewHistory.h"
 #include "data/DatabaseSession.h"
 
 #include <QCoreApplication>
@@ -33,9 +34,11 @@ QString widthsName(ViewKind kind)
 
 } // namespace
 
-ListPane::ListPane(DatabaseSession& session, const QString& documentsFolder, QWidget* parent)
+ListPane::ListPane(DatabaseSession& session, ViewHistory& history, const QString& documentsFolder,
+                   QWidget* parent)
     : QWidget(parent),
       m_session(session),
+      m_history(history),
       m_iconKeys(session, documentsFolder),
       m_model(new RecordListModel(m_iconKeys, m_icons, this)),
       m_view(new RecordListView(this)),
@@ -48,10 +51,11 @@ ListPane::ListPane(DatabaseSession& session, const QString& documentsFolder, QWi
     setFocusProxy(m_view);
     connect(m_view->header(), &QHeaderView::sectionClicked, this, &ListPane::sortBy);
     connect(m_view, &QAbstractItemView::pressed, this, &ListPane::announce);
-    connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &ListPane::selectionChanged);
+    connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ListPane::noteSelected);
     connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& current) {
+                const bool isSelected = m_view->selectionModel()->isSelected(current);
+                if (isSelected && m_history.selected() != m_model->identifier(current.row())) noteSelected();
                 // a press announces itself, so that a row that is current already can be chosen again
                 if (QGuiApplication::mouseButtons() == Qt::NoButton) announce(current);
             });
@@ -126,16 +130,17 @@ void ListPane::begin(ViewKind kind, std::size_t entry)
 
 void ListPane::finish()
 {
-    m_filling = false;
     m_model->publishAll();
     if (m_remembered[m_entry].sort) applySort();
     restorePlace();
+    m_filling = false;
+    // what the list does not show is selected no longer
+    tellHistory(selectedRecord());
 }
 
 void ListPane::rememberPlace()
 {
     Remembered& remembered = m_remembered[m_entry];
-    remembered.current = currentRecord();
     const QModelIndex top = m_view->indexAt({0, 0});
     remembered.top = top.isValid() ? std::optional(m_model->identifier(top.row())) : std::nullopt;
 }
@@ -144,9 +149,13 @@ void ListPane::rememberPlace()
 void ListPane::restorePlace()
 {
     const Remembered remembered = m_remembered[m_entry];
-    const bool isTouched = currentRecord() || m_view->verticalScrollBar()->value() != 0;
-    if (isTouched) return;
-    if (remembered.current) select(*remembered.current);
+    const int scrolledTo = m_view->verticalScrollBar()->value();
+    if (selectedRecord()) return;
+    showSelected();
+    if (scrolledTo != 0) {
+        m_view->verticalScrollBar()->setValue(scrolledTo);
+        return;
+    }
     const int top = remembered.top ? m_model->rowOf(*remembered.top) : -1;
     if (top >= 0) m_view->scrollTo(m_model->index(top, 0), QAbstractItemView::PositionAtTop);
 }
@@ -189,18 +198,37 @@ void ListPane::applySort()
     if (m_view->currentIndex().isValid()) m_view->scrollTo(m_view->currentIndex());
 }
 
-std::optional<qint64> ListPane::currentRecord() const
+std::optional<qint64> ListPane::selectedRecord() const
 {
     const QModelIndex current = m_view->currentIndex();
     // a list that gets the focus makes its first row current, which is nobody's choice
-    if (!current.isValid() || !m_view->selectionModel()->isSelected(current)) return std::nullopt;
-    return m_model->identifier(current.row());
+    if (current.isValid() && m_view->selectionModel()->isSelected(current))
+        return m_model->identifier(current.row());
+    const QItemSelection selection = m_view->selectionModel()->selection();
+    if (selection.isEmpty()) return std::nullopt;
+    const auto first = std::min_element(
+        selection.begin(), selection.end(),
+        [](const QItemSelectionRange& a, const QItemSelectionRange& b) { return a.top() < b.top(); });
+    return m_model->identifier(first->top());
+}
+
+/// The history is elsewhere while a page is shown in the list's place.
+void ListPane::tellHistory(std::optional<qint64> selected)
+{
+    if (m_entry != 0 && m_entry == m_history.current()) m_history.select(selected);
+}
+
+void ListPane::noteSelected()
+{
+    if (!m_selecting) tellHistory(selectedRecord());
+    Q_EMIT selectionChanged();
 }
 
 bool ListPane::select(qint64 identifier)
 {
     const int row = m_model->rowOf(identifier);
     if (row < 0) return false;
+    tellHistory(identifier);
     const QScopedValueRollback selecting(m_selecting, true);
     const QModelIndex index = m_model->index(row, 0);
     m_view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
@@ -211,13 +239,14 @@ bool ListPane::select(qint64 identifier)
 
 void ListPane::select(const std::vector<qint64>& identifiers)
 {
-    const QScopedValueRollback selecting(m_selecting, true);
     std::vector<int> rows;
     for (const qint64 identifier : identifiers) {
         if (const int row = m_model->rowOf(identifier); row >= 0) rows.push_back(row);
     }
-    if (rows.empty()) return;
+    if (rows.empty()) return clearSelection();
     std::sort(rows.begin(), rows.end());
+    tellHistory(m_model->identifier(rows.front()));
+    const QScopedValueRollback selecting(m_selecting, true);
     QItemSelection selection;
     for (const int row : rows)
         selection.append(QItemSelectionRange(m_model->index(row, 0)));
@@ -226,6 +255,23 @@ void ListPane::select(const std::vector<qint64>& identifiers)
     m_view->selectionModel()->select(selection,
                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     m_view->scrollTo(first);
+}
+
+void ListPane::clearSelection()
+{
+    tellHistory(std::nullopt);
+    const QScopedValueRollback selecting(m_selecting, true);
+    m_view->clearSelection();
+    Q_EMIT selectionChanged();
+}
+
+void ListPane::showSelected()
+{
+    const std::optional<qint64> selected = m_history.selected();
+    if (selected && select(*selected)) return;
+    clearSelection();
+    // a list that is still being read may yet come to it
+    if (m_filling) tellHistory(selected);
 }
 
 void ListPane::announce(const QModelIndex& index)

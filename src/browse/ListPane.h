@@ -14,6 +14,7 @@
 
 class RecordListView;
 class SettingsStore;
+class ViewHistory;
 
 /// A selected row, as commands take it.
 struct SelectedRecord
@@ -25,14 +26,15 @@ struct SelectedRecord
 };
 
 /// The list of the main window: fills itself from a query, yields to the window as it does, and remembers for
-/// each entry of the history how it was ordered and which record was chosen.
+/// each entry of the history how it was ordered. Which record is selected in an entry the history knows: the
+/// list tells it what the user selects, and shows what it says.
 class ListPane final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// `documentsFolder` is a path of the machine; the session must outlive the pane.
-    ListPane(DatabaseSession& session, const QString& documentsFolder, QWidget* parent);
+    /// `documentsFolder` is a path of the machine; the session and the history must outlive the pane.
+    ListPane(DatabaseSession& session, ViewHistory& history, const QString& documentsFolder, QWidget* parent);
 
     /// Reads a statement into the list. While it yields, another fill may begin; then this one stops, leaves
     /// nothing behind and returns false. Throws Error; the rows read so far stay. `entry` is the history
@@ -50,14 +52,21 @@ public:
     [[nodiscard]] RecordListView& view() { return *m_view; }
     [[nodiscard]] RecordListModel& model() { return *m_model; }
 
-    /// The record of the current row where that is selected.
-    [[nodiscard]] std::optional<qint64> currentRecord() const;
+    /// The record of the current row if that is selected, else of the first row that is.
+    [[nodiscard]] std::optional<qint64> selectedRecord() const;
 
-    /// Selects a record and scrolls to it; false where the list does not show it. Announces nothing.
+    /// Selects a record and scrolls to it; false if the list does not show it. Announces nothing.
     bool select(qint64 identifier);
 
-    /// Selects those of the records that the list shows and scrolls to the first of them. Announces nothing.
+    /// Selects those of the records that the list shows, and no others, and scrolls to the first of them.
+    /// Announces nothing.
     void select(const std::vector<qint64>& identifiers);
+
+    /// Selects the record that the history has as selected; nothing, also for the history, if the list does
+    /// not show it. Announces nothing.
+    void showSelected();
+
+    [[nodiscard]] bool isFilling() const { return m_filling; }
 
     [[nodiscard]] std::size_t selectedCount() const;
 
@@ -81,7 +90,6 @@ private:
     struct Remembered
     {
         std::optional<ListSort> sort;
-        std::optional<qint64> current;
         std::optional<qint64> top; ///< the first row in sight
     };
 
@@ -89,6 +97,9 @@ private:
     void rememberPlace();
     void restorePlace();
     void finish();
+    void noteSelected();
+    void tellHistory(std::optional<qint64> selected);
+    void clearSelection();
     bool readRows(const QString& statement, const std::shared_ptr<RecordList>& list);
     void announce(const QModelIndex& index);
     void rememberWidths();
@@ -97,6 +108,7 @@ private:
     void applySort();
 
     DatabaseSession& m_session;
+    ViewHistory& m_history;
     IconSet m_icons;
     RowIconKeys m_iconKeys;
     RecordListModel* m_model;

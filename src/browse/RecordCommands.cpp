@@ -56,7 +56,7 @@ void RecordCommands::acceptFiles(QWidget& window)
 
 void RecordCommands::run(OpenRecord open)
 {
-    if (const auto record = m_list.currentRecord()) (m_editors.*open)(m_list.kind(), *record);
+    if (const auto record = m_list.selectedRecord()) (m_editors.*open)(m_list.kind(), *record);
 }
 
 void RecordCommands::remove()
@@ -88,7 +88,7 @@ void RecordCommands::enable(bool isOpen, const QString& hindrance)
 void RecordCommands::selectAfterChange(ViewKind kind, qint64 saved)
 {
     if (kind != m_list.kind() || (saved >= 0 && m_list.select(saved))) return;
-    if (m_rowOfDeleted < 0 || m_list.currentRecord()) return;
+    if (m_rowOfDeleted < 0 || m_list.selectedRecord()) return;
     const int last = m_list.model().rowCount() - 1;
     if (last >= 0) m_list.select(m_list.model().identifier(std::min(m_rowOfDeleted, last)));
 }

@@ -53,7 +53,8 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
       m_help(new HelpCommands(*this, *m_commands->tbToolBar, platform, state)),
       m_pages(new QStackedWidget(this)),
       m_home(new HomePage(this)),
-      m_list(new ListPane(state.session, state.folder.folderPath(state.folders.documents), this)),
+      m_list(
+          new ListPane(state.session, state.history, state.folder.folderPath(state.folders.documents), this)),
       m_browse(new BrowsePage(m_list, platform.settings, this)),
       m_picker(std::make_unique<DialogRecordPicker>(platform, state)),
       m_search(new SearchCommands(platform, state, *m_picker, *this)),
@@ -158,7 +159,7 @@ void frmMain::load()
     showDatabaseName();
     placeOnScreen();
     m_list->restoreWidths(m_platform.settings);
-    m_graphics->timeline().mainLoad();
+    m_graphics->mainLoad();
     viewAll(ViewKind::Home);
 }
 
@@ -178,7 +179,7 @@ void frmMain::openDatabase()
     if (!opened && m_state.session.fileName() == before) return;
     m_state.history.clear();
     m_list->forget();
-    m_graphics->timeline().mainLoad();
+    m_graphics->mainLoad();
     showDatabaseName();
     viewAll(ViewKind::Home);
 }

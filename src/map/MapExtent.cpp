@@ -3,12 +3,42 @@
 #include "map/MapProjection.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
 constexpr double smallestScale = 0.0001;
 constexpr double largestScale = 1;
 constexpr double roomAround = 1.04;
+
+/// One in so many places, and no more, may lie beyond the contiguous states and be left out of sight.
+constexpr std::size_t shareLeftOut = 8;
+
+/// About a small state, in degrees of longitude: around a single place there is something to know it by.
+constexpr double smallestStretch = 6;
+
+/// Those places that are to be in sight.
+std::vector<QPointF> mainPlaces(const std::vector<QPointF>& places)
+{
+    const QRectF states = MapProjection::contiguousStates();
+    std::vector<QPointF> within;
+    std::copy_if(places.begin(), places.end(), std::back_inserter(within),
+                 [&states](QPointF place) { return states.contains(place); });
+    return (places.size() - within.size()) * shareLeftOut <= places.size() ? within : places;
+}
+
+/// The rectangle around places, at least as large as the smallest stretch.
+QRectF around(const std::vector<QPointF>& places)
+{
+    const auto [left, right] =
+        std::minmax_element(places.begin(), places.end(), [](QPointF a, QPointF b) { return a.x() < b.x(); });
+    const auto [top, bottom] =
+        std::minmax_element(places.begin(), places.end(), [](QPointF a, QPointF b) { return a.y() < b.y(); });
+    const QRectF bounds(QPointF(left->x(), top->y()), QPointF(right->x(), bottom->y()));
+    QRectF stretch(QPointF(), bounds.size().expandedTo(QSizeF(smallestStretch, smallestStretch)));
+    stretch.moveCenter(bounds.center());
+    return stretch;
+}
 
 /// How far the middle of the map can be moved.
 const QRectF& middleBounds()
@@ -76,6 +106,21 @@ void MapExtent::show(QPointF plane)
     m_isFitted = false;
     m_centre = plane;
     keepInBounds();
+}
+
+void MapExtent::goTo(const std::vector<QPointF>& places)
+{
+    if (places.empty()) return fit(MapProjection::contiguousStates());
+    const std::vector<QPointF> wanted = mainPlaces(places);
+    const QRectF screen(QPointF(), m_size);
+    const bool isInSight = std::all_of(wanted.begin(), wanted.end(),
+                                       [&](QPointF place) { return screen.contains(toScreen(place)); });
+    if (isInSight) return;
+    const QRectF states = MapProjection::contiguousStates();
+    const QRectF stretch = around(wanted);
+    // what takes most of the states is best known among all of them
+    const bool isMost = states.contains(stretch) && stretch.width() > states.width() / 2;
+    fit(isMost ? states : stretch);
 }
 
 void MapExtent::keepInBounds()

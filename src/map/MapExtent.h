@@ -4,6 +4,8 @@
 #include <QRectF>
 #include <QSizeF>
 
+#include <vector>
+
 /// The part of the map that is on the screen. Screen positions are in logical pixels from the upper left
 /// corner; the plane is that of MapProjection. The same part stays in sight when the screen's size changes:
 /// as it was fitted until it is moved or zoomed, by its middle and scale afterwards.
@@ -29,6 +31,10 @@ public:
 
     /// Makes a point visible where it is not.
     void show(QPointF plane);
+
+    /// Shows places of the plane, if not all of them are in sight: as many as there are, but for a few beyond
+    /// the contiguous states, which would shrink the rest to a patch. Without places, the contiguous states.
+    void goTo(const std::vector<QPointF>& places);
 
     [[nodiscard]] QPointF toScreen(QPointF plane) const;
     [[nodiscard]] QPointF toPlane(QPointF screen) const;

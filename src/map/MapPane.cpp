@@ -111,11 +111,17 @@ void MapPane::makeMenu()
 void MapPane::drawMap()
 {
     const QString procedure = QStringLiteral("drawMap");
-    runProcedure(m_platform.messages, procedure, [this] {
+    const bool isRead = runProcedure(m_platform.messages, procedure, [this] {
         const WaitCursor wait;
         m_places.read(m_state.history.currentQuery());
     });
     showPlaces();
+    showSelected();
+    // a view that is read again stays where the user has moved it
+    if (isRead && m_shownView != m_state.history.current()) {
+        m_shownView = m_state.history.current();
+        m_map->ringed() ? goToRinged() : m_map->goToPlaces();
+    }
     // the markers are there when the message of a missing layer comes
     runProcedure(m_platform.messages, procedure, [this] { addStatesLayer(); });
 }
@@ -145,18 +151,18 @@ void MapPane::addStatesLayer()
     m_map->setStates(StatesLayer(ShapeFile::read(*file)));
 }
 
-void MapPane::ringOrganization(std::optional<qint64> identifier)
+void MapPane::showSelected()
 {
+    const std::optional<qint64> selected = m_state.history.selected();
     std::optional<std::size_t> entry;
     runProcedure(m_platform.messages, QStringLiteral("ringOrganization"), [&] {
-        if (identifier) entry = m_places.entryOf(*identifier);
+        if (selected) entry = m_places.entryOf(*selected);
     });
     m_map->setRinged(entry);
 }
 
-void MapPane::goToOrganization(qint64 identifier)
+void MapPane::goToRinged()
 {
-    ringOrganization(identifier);
     if (m_map->ringed()) m_map->showEntry(*m_map->ringed());
 }
 

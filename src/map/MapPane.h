@@ -27,18 +27,22 @@ public:
     MapPane(const Platform& platform, ProgramState& state, QWidget* parent);
     ~MapPane() override;
 
-    /// Draws the places of the current view. Where the states or the places cannot be read, its message is
-    /// shown and what there is of the markers stays.
+    /// Draws the places of the current view and rings that of its selected organization. For another view
+    /// than before, goes to that place or, without one, to all of them. Where the states or the places cannot
+    /// be read, its message is shown and what there is of the markers stays.
     void drawMap();
+
+    /// Begins anew with another history.
+    void forget() { m_shownView = 0; }
 
     /// Takes all markers off the map.
     void clearMap();
 
-    /// Rings the marker of an organization, or none where it has no place.
-    void ringOrganization(std::optional<qint64> identifier);
+    /// Rings the marker of the organization that is selected in the view, or none.
+    void showSelected();
 
-    /// Rings the marker of an organization and moves the map to it where it is out of sight.
-    void goToOrganization(qint64 identifier);
+    /// Moves the map to the ringed marker where that is out of sight.
+    void goToRinged();
 
     [[nodiscard]] MapView& map() { return *m_map; }
 
@@ -64,7 +68,8 @@ private:
     Platform m_platform;
     ProgramState& m_state;
     OrganizationPlaces m_places;
-    clsCities m_menuPlace; ///< what the pop-up menu acts on
+    std::size_t m_shownView = 0; ///< its position in the history; 0 before the first
+    clsCities m_menuPlace;       ///< what the pop-up menu acts on
     QBoxLayout* m_layout;
     QToolBar* m_tools;
     QActionGroup* m_toolGroup;

@@ -51,6 +51,12 @@ void MapView::setPlaces(const std::vector<clsCities>& places)
     update();
 }
 
+void MapView::goToPlaces()
+{
+    m_extent.goTo(m_markers.positions());
+    update();
+}
+
 void MapView::showEntry(std::size_t entry)
 {
     m_extent.show(m_markers.position(entry));

@@ -24,6 +24,9 @@ public:
     [[nodiscard]] std::size_t count() const { return m_positions.size(); }
     [[nodiscard]] const QString& name(std::size_t entry) const { return m_names.at(entry); }
 
+    /// Where the markers are in the plane of the map, by entry.
+    [[nodiscard]] const std::vector<QPointF>& positions() const { return m_positions; }
+
     /// Where a marker is in the plane of the map.
     [[nodiscard]] QPointF position(std::size_t entry) const { return m_positions.at(entry); }
 

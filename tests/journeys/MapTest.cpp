@@ -228,6 +228,58 @@ TEST_F(MapJourney, ToolsKeysAndWheelZoomAndMove)
     EXPECT_DOUBLE_EQ(map().markerScale(), first / 2);
 }
 
+TEST_F(MapJourney, AnotherViewBringsItsPlacesIntoSight)
+{
+    journey.database.run(
+        "INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, State, "
+        "Lat, Lon, Status) VALUES (20, 'North', 2, 'Nome', 'AK', 64.5, -165.4, 'ACTIVE')");
+    show();
+    journey.trigger("mapContiguousStates");
+    const double first = map().markerScale();
+    const auto showOnly = [this](const char* state) {
+        SQLObject query = *journey.program->state().queries.organizations;
+        query.WhereClause += QStringLiteral(" AND State LIKE '%1'").arg(QLatin1StringView(state));
+        journey.program->state().history.addView(
+            {ViewKind::Organizations, std::make_shared<const SQLObject>(query), QLatin1StringView(state)});
+    };
+    const auto areInSight = [this] {
+        for (int item = 0; item < map().accessibleItemCount(); ++item) {
+            if (!map().rect().contains(map().positionOf(static_cast<std::size_t>(item)).toPoint()))
+                return false;
+        }
+        return true;
+    };
+    showOnly("TX");
+    EXPECT_DOUBLE_EQ(map().markerScale(), first) << "they were in sight";
+    for (const char* state : {"AK", "NV", "TX"}) {
+        showOnly(state);
+        EXPECT_GT(map().accessibleItemCount(), 0) << state;
+        EXPECT_TRUE(areInSight()) << state;
+    }
+    EXPECT_LT(map().markerScale(), first);
+    showOnly("UT");
+    EXPECT_EQ(map().accessibleItemCount(), 0);
+    EXPECT_DOUBLE_EQ(map().markerScale(), first) << "without places, all of the states";
+    journey.trigger("mnuNavigateBack");
+    EXPECT_DOUBLE_EQ(map().markerScale(), first);
+    showOnly("AK");
+    const QPointF before = map().extent().centre();
+    QTest::keyClick(&map(), Qt::Key_Left);
+    for (int i = 0; i < 20; ++i)
+        QTest::keyClick(&map(), Qt::Key_Up);
+    ASSERT_FALSE(areInSight());
+    journey.trigger("mnuViewRefresh");
+    EXPECT_FALSE(areInSight()) << "a view that is read again stays where the user moved it";
+    EXPECT_NE(map().extent().centre(), before);
+
+    journey.trigger("mnuViewOrganizations");
+    journey.select("North");
+    showOnly("TX");
+    journey.trigger("mnuNavigateBack");
+    EXPECT_EQ(map().ringed(), entry("Nome, AK: Relief"));
+    EXPECT_TRUE(map().rect().contains(map().positionOf(*map().ringed()).toPoint())) << "what is selected";
+}
+
 TEST_F(MapJourney, PaintsStatesAndMarkersInTheirColours)
 {
     show();

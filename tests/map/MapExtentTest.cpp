@@ -108,6 +108,55 @@ TEST(MapExtent, ZoomsToARectangle)
     expectNear(extent.toScreen(other), QPointF(800, 500), 1e-6);
 }
 
+TEST(MapExtent, GoesToPlacesThatAreOutOfSight)
+{
+    using Places = std::vector<QPointF>;
+    const QPointF texas(-97.7, 30.3);
+    const QPointF nevada(-119.8, 39.5);
+    const QPointF maine(-69, 45);
+    const QPointF florida(-80.5, 25.5);
+    const QPointF alaska(-150, 61);
+    const struct
+    {
+        const char* what;
+        Places before; ///< where the map has gone before
+        Places places;
+        Places inSight;
+        bool stays;
+    } cases[] = {
+        {"in sight at first", {}, {texas, nevada}, {texas, nevada}, true},
+        {"far off", {}, {alaska}, {alaska}, false},
+        {"elsewhere", {alaska}, {texas, nevada}, {texas, nevada}, false},
+        {"partly elsewhere", {alaska}, {alaska, texas}, {alaska, texas}, false},
+        {"still there", {alaska}, {alaska, alaska}, {alaska}, true},
+        {"one far off among many",
+         {},
+         {texas, texas, texas, texas, nevada, nevada, nevada, alaska},
+         {texas},
+         true},
+        {"one far off among few", {}, {texas, nevada, alaska}, {texas, nevada, alaska}, false},
+        {"most of the states", {alaska}, {texas, nevada, maine}, {texas, nevada, maine, florida}, false},
+        {"none", {alaska}, {}, {texas, nevada}, false},
+    };
+    const auto planes = [](const Places& degrees) {
+        Places plane;
+        for (const QPointF place : degrees)
+            plane.push_back(MapProjection::toPlane(place.x(), place.y()));
+        return plane;
+    };
+    for (const auto& [what, before, places, inSight, stays] : cases) {
+        MapExtent extent;
+        extent.setSize(QSizeF(800, 500));
+        if (!before.empty()) extent.goTo(planes(before));
+        const QPointF centre = extent.centre();
+        extent.goTo(planes(places));
+        EXPECT_EQ(extent.centre() == centre, stays) << what;
+        for (const QPointF place : planes(inSight))
+            EXPECT_TRUE(QRectF(0, 0, 800, 500).contains(extent.toScreen(place))) << what;
+        EXPECT_GT(extent.width(), 5) << what << ": there is something to know the place by";
+    }
+}
+
 TEST(MarkerHit, TakesTheNearestAndOfSeveralAtOnePlaceTheLast)
 {
     const std::vector<QPointF> markers{{0, 0}, {10, 0}, {10, 0}, {12, 0}};

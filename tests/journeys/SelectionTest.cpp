@@ -1,0 +1,211 @@
+#include "Dialogs.h"
+#include "Journey.h"
+#include "map/MapView.h"
+#include "timeline/EventLabel.h"
+#include "timeline/TimelinePanel.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <vector>
+
+namespace {
+
+/// What the user does, and what is selected in the list and in the graphic afterwards.
+struct Step
+{
+    const char* what;
+    std::function<void()> act;
+    const char* selected; ///< `list / graphic`
+};
+
+class Selection : public testing::Test
+{
+protected:
+    Selection()
+    {
+        journey.database.run(
+            "INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) VALUES "
+            "(2, 'Flood', '1927-04-01', '06:00', '1927-08-31', '18:00', 'ACTIVE'), "
+            "(3, 'Quake', '1927-04-01', '06:02', '1927-04-01', '06:02', 'ACTIVE'), "
+            "(4, 'Slide', '1927-04-01', '06:03', '1927-04-01', '06:03', 'ACTIVE')");
+        journey.database.run("INSERT INTO Function VALUES (1, 'None'), (2, 'Relief')");
+        journey.database.run("INSERT INTO Venue VALUES (1, 'None'), (2, 'Coast')");
+        journey.database.run("INSERT INTO States VALUES (1, 'None', ''), (2, 'NV', 'Nevada')");
+        journey.database.run("INSERT INTO OrganizationTypes VALUES (1, 'None'), (2, 'State')");
+        journey.database.run("INSERT INTO OrganizationSubTypes VALUES (1, 1, 'None')");
+        journey.database.run("INSERT INTO CityLocations (LocationID, City, State, Lat, Lon) VALUES "
+                             "(5, 'Austin', 'TX', 30.27, -97.74), (6, 'Dallas', 'TX', 32.78, -96.8), "
+                             "(7, 'Reno', 'NV', 39.53, -119.81)");
+        journey.database.run("INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, "
+                             "State, Status) VALUES (2, 'Alpha', 2, 'Austin', 'TX', 'ACTIVE'), "
+                             "(3, 'Beta', 2, 'Dallas', 'TX', 'ACTIVE')");
+        journey.start();
+        journey.program->window()->resize(1200, 800);
+    }
+
+    void run(const std::vector<Step>& steps, const std::function<std::string()>& inGraphic)
+    {
+        for (const Step& step : steps) {
+            step.act();
+            journey.desktop.messages.finish();
+            EXPECT_EQ(inList() + " / " + inGraphic(), step.selected) << step.what;
+        }
+    }
+
+    /// The names of the selected rows.
+    std::string inList()
+    {
+        QStringList names;
+        for (const QModelIndex& index : journey.list().selectionModel()->selectedRows())
+            names << index.data().toString();
+        return names.join(u'|').toStdString();
+    }
+
+    std::string onTimeline()
+    {
+        for (const Lane& lane : journey.find<TimelinePanel>("pnlTimeline").timeline().lanes()) {
+            if (lane.isSelected) return lane.toolTip.section(QStringLiteral(") "), 1).toStdString();
+        }
+        return {};
+    }
+
+    std::string onMap()
+    {
+        auto& map = journey.find<MapView>("Map1");
+        if (!map.ringed()) return {};
+        return map.accessibleItemName(static_cast<int>(*map.ringed())).section(u',', 0, 0).toStdString();
+    }
+
+    void clickTwiceWithCtrl(int row)
+    {
+        const QPoint place = journey.list().visualRect(journey.list().model()->index(row, 0)).center();
+        for (int i = 0; i < 2; ++i)
+            QTest::mouseClick(journey.list().viewport(), Qt::LeftButton, Qt::ControlModifier, place);
+    }
+
+    /// Opens the editor of the selected record, which is to be that one.
+    void edit(const char* editor, const std::string& title)
+    {
+        inDialog(
+            editor, [this] { journey.trigger("mnuRecordEdit"); },
+            [&](OpenDialog& dialog) {
+                EXPECT_EQ(dialog.title(), title);
+                dialog.click("cmdCancel");
+            });
+    }
+
+    void remove(const char* kind, const char* name, int identifier)
+    {
+        const QString word = QString::fromLatin1(kind);
+        journey.desktop.messages.expectQuestion(
+            QStringLiteral("Are you sure you want to delete the %1 \"%2\"?")
+                .arg(word, QLatin1StringView(name)),
+            true);
+        journey.desktop.messages.expectMessage(
+            QStringLiteral("%1 ID %2 successfully deleted.").arg(word).arg(identifier));
+        journey.trigger("mnuRecordDelete");
+    }
+
+    void addEvent()
+    {
+        inDialog(
+            "frmEvent", [this] { journey.trigger("mnuRecordAddNewEvent"); },
+            [](OpenDialog& dialog) {
+                dialog.type("txtEventName", QStringLiteral("Storm"));
+                dialog.type("rtbEventDescription", QStringLiteral("Wind"));
+                dialog.type("dtpStartDate", QStringLiteral("3/5/2002"));
+                dialog.type("dtpStartTime", QStringLiteral("13:05"));
+                dialog.type("dtpEndDate", QStringLiteral("3/5/2002"));
+                dialog.type("dtpEndTime", QStringLiteral("13:10"));
+                dialog.tick("lvVenues", QStringLiteral("Coast"));
+                dialog.click("cmdOK");
+            });
+    }
+
+    void addOrganization()
+    {
+        inDialog(
+            "frmOrganization", [this] { journey.trigger("mnuRecordAddNewOrganization"); },
+            [](OpenDialog& dialog) {
+                dialog.type("txtOrganizationName", QStringLiteral("Gamma"));
+                dialog.type("txtCity", QStringLiteral("Reno"));
+                dialog.choose("cmbState", QStringLiteral("NV"));
+                dialog.click("cmdOK");
+            });
+    }
+
+    Journey journey;
+};
+
+TEST_F(Selection, ListAndTimelineShowTheSameEventWhateverIsDone)
+{
+    journey.trigger("mnuViewEvents");
+    QTest::qWait(0);
+    run({{"a click on the timeline",
+          [this] { QTest::mouseClick(&journey.find<EventLabel>("tlLabel(1)"), Qt::LeftButton); },
+          "Quake / Quake"},
+         {"another view", [this] { journey.trigger("mnuViewEvents"); }, " / "},
+         {"a click in the list", [this] { journey.select("Slide"); }, "Slide / Slide"},
+         {"Back", [this] { journey.trigger("mnuNavigateBack"); }, "Quake / Quake"},
+         {"Forward", [this] { journey.trigger("mnuNavigateForward"); }, "Slide / Slide"},
+         {"another kind and Back",
+          [this] {
+              journey.trigger("mnuViewDocuments");
+              journey.trigger("mnuNavigateBack");
+          },
+          "Slide / Slide"},
+         {"Refresh", [this] { journey.trigger("mnuViewRefresh"); }, "Slide / Slide"},
+         {"Ctrl and a click, twice",
+          [this] {
+              journey.select("Quake");
+              clickTwiceWithCtrl(2);
+          },
+          "Quake / Quake"},
+         {"Edit", [this] { edit("frmEvent", "Editing EventID 3"); }, "Quake / Quake"},
+         {"a selection taken away",
+          [this] {
+              const QPoint row = journey.list().visualRect(journey.list().model()->index(1, 0)).center();
+              QTest::mouseClick(journey.list().viewport(), Qt::LeftButton, Qt::ControlModifier, row);
+          },
+          " / "},
+         {"Delete",
+          [this] {
+              journey.select("Quake");
+              remove("Event", "Quake", 3);
+          },
+          "Slide / Slide"},
+         {"Add", [this] { addEvent(); }, "Storm / Storm"},
+         {"Back to where the selected event is gone",
+          [this] {
+              journey.trigger("mnuNavigateBack");
+              journey.trigger("mnuNavigateBack");
+          },
+          " / "}},
+        [this] { return onTimeline(); });
+}
+
+TEST_F(Selection, ListAndMapShowTheSameOrganizationWhateverIsDone)
+{
+    journey.trigger("mnuViewOrganizations");
+    QTest::qWait(0);
+    run({{"a click in the list", [this] { journey.select("Alpha"); }, "Alpha / Austin"},
+         {"another view", [this] { journey.trigger("mnuViewOrganizations"); }, " / "},
+         {"a click on the map",
+          [this] {
+              auto& map = journey.find<MapView>("Map1");
+              const std::size_t dallas = map.accessibleItemName(0).startsWith(u"Dallas") ? 0 : 1;
+              QTest::mouseClick(&map, Qt::LeftButton, {}, map.positionOf(dallas).toPoint());
+          },
+          "Beta / Dallas"},
+         {"Back", [this] { journey.trigger("mnuNavigateBack"); }, "Alpha / Austin"},
+         {"Ctrl and a click, twice", [this] { clickTwiceWithCtrl(1); }, "Alpha / Austin"},
+         {"Edit", [this] { edit("frmOrganization", "Editing OrganizationID 2"); }, "Alpha / Austin"},
+         {"Delete", [this] { remove("Organization", "Alpha", 2); }, "Beta / Dallas"},
+         {"Add", [this] { addOrganization(); }, "Gamma / Reno"}},
+        [this] { return onMap(); });
+}
+
+} // namespace
