@@ -77,5 +77,5 @@ void GraphicViews::showSelected()
 void GraphicViews::goToRecord(qint64 identifier)
 {
     if (m_list.kind() == ViewKind::Events) m_timeline->chooseEvent(identifier);
-    if (m_list.kind() == ViewKind::Organizations) m_map->goToRinged();
+    if (m_list.kind() == ViewKind::Organizations) m_map->goToSelected();
 }

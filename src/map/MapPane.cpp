@@ -120,7 +120,7 @@ void MapPane::drawMap()
     // a view that is read again stays where the user has moved it
     if (isRead && m_shownView != m_state.history.current()) {
         m_shownView = m_state.history.current();
-        m_map->ringed() ? goToRinged() : m_map->goToPlaces();
+        m_map->ringed() ? m_map->showEntry(*m_map->ringed()) : m_map->goToPlaces();
     }
     // the markers are there when the message of a missing layer comes
     runProcedure(m_platform.messages, procedure, [this] { addStatesLayer(); });
@@ -161,8 +161,9 @@ void MapPane::showSelected()
     m_map->setRinged(entry);
 }
 
-void MapPane::goToRinged()
+void MapPane::goToSelected()
 {
+    showSelected();
     if (m_map->ringed()) m_map->showEntry(*m_map->ringed());
 }
 

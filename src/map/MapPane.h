@@ -41,8 +41,8 @@ public:
     /// Rings the marker of the organization that is selected in the view, or none.
     void showSelected();
 
-    /// Moves the map to the ringed marker where that is out of sight.
-    void goToRinged();
+    /// Rings it, and moves the map to it if it is out of sight.
+    void goToSelected();
 
     [[nodiscard]] MapView& map() { return *m_map; }
 

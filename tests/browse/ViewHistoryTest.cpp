@@ -70,6 +70,26 @@ TEST(ViewHistory, KeepsTheWholeTrail)
     EXPECT_EQ(history.current(), 3u);
 }
 
+TEST(ViewHistory, EachViewHasItsSelectedRecord)
+{
+    ViewHistory history;
+    history.addView(view(ViewKind::Events, QStringLiteral("a")));
+    history.select(5);
+    history.addView(view(ViewKind::Events, QStringLiteral("b")));
+    EXPECT_EQ(history.selected(), std::nullopt);
+    history.select(6);
+    history.goBack();
+    EXPECT_EQ(history.selected(), 5);
+    history.select(std::nullopt);
+    EXPECT_EQ(history.selected(), std::nullopt);
+    history.goForward();
+    EXPECT_EQ(history.selected(), 6);
+    history.clear();
+    history.addView(view(ViewKind::Events, QStringLiteral("c")));
+    history.addView(view(ViewKind::Events, QStringLiteral("d")));
+    EXPECT_EQ(history.selected(), std::nullopt) << "in a history that begins anew";
+}
+
 TEST(ViewHistory, HomeIsAddedLikeAnyOtherView)
 {
     NotingPresenter presenter;

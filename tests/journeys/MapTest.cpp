@@ -278,6 +278,10 @@ TEST_F(MapJourney, AnotherViewBringsItsPlacesIntoSight)
     journey.trigger("mnuNavigateBack");
     EXPECT_EQ(map().ringed(), entry("Nome, AK: Relief"));
     EXPECT_TRUE(map().rect().contains(map().positionOf(*map().ringed()).toPoint())) << "what is selected";
+    QTest::keyClick(&map(), Qt::Key_PageDown);
+    ASSERT_NE(map().ringed(), entry("Nome, AK: Relief"));
+    journey.select("North");
+    EXPECT_EQ(map().ringed(), entry("Nome, AK: Relief")) << "the same row again";
 }
 
 TEST_F(MapJourney, PaintsStatesAndMarkersInTheirColours)
