@@ -60,7 +60,7 @@ void GraphicViews::drawBeforeList(ViewKind kind)
 void GraphicViews::drawAfterList(ViewKind kind, bool isListed)
 {
     if (kind == ViewKind::Organizations) {
-        // where it could not be read, the list has said what is wrong
+        // if it could not be read, the list has said what is wrong
         isListed ? m_map->drawMap() : m_map->clearMap();
     } else {
         showSelected();

@@ -193,7 +193,7 @@ bool ExpressionTranslator::meetsDate(std::size_t begin, std::size_t i, std::size
     return i + 1 < end && isDate(i + 1) && (compares(i) || m_tokens[i].isWord(u"BETWEEN"));
 }
 
-/// A time of day as literals meet it: where there is none beside a date, it is midnight.
+/// A time of day as it is compared with a literal: midnight if it is missing beside a date.
 QString ExpressionTranslator::timeOrMidnight(const ResolvedColumn& time, const QString& qualifier,
                                              const QString& name, StatementScope& scope)
 {

@@ -19,8 +19,8 @@ struct TranslatedStatement
 /// - a column of a stored query is found by its name or by its name with the table it comes from, and only
 ///   the tables that the statement mentions are joined;
 /// - a day and a time of day compared with a moment are spelled so that the indexes of days serve them;
-/// - a time of day that is missing beside a date is midnight where it is compared with a literal, and a record
-///   that has no venue has venue 1, "None";
+/// - a time of day that is missing beside a date is compared with a literal as midnight, and a record without
+///   a venue has venue 1, "None";
 /// - `DISTINCT` is dropped where each row holds the key of the only table whose rows can differ, and a count
 ///   of a stored query's key counts each record once.
 ///

@@ -11,10 +11,10 @@ constexpr double smallestScale = 0.0001;
 constexpr double largestScale = 1;
 constexpr double roomAround = 1.04;
 
-/// One in so many places, and no more, may lie beyond the contiguous states and be left out of sight.
+/// At most one in so many places may lie beyond the contiguous states and be left out of sight.
 constexpr std::size_t shareLeftOut = 8;
 
-/// About a small state, in degrees of longitude: around a single place there is something to know it by.
+/// In degrees of longitude: around a single place there is something to know it by.
 constexpr double smallestStretch = 6;
 
 /// Those places that are to be in sight.
@@ -118,7 +118,7 @@ void MapExtent::goTo(const std::vector<QPointF>& places)
     if (isInSight) return;
     const QRectF states = MapProjection::contiguousStates();
     const QRectF stretch = around(wanted);
-    // what takes most of the states is best known among all of them
+    // places all over the states look familiar only with the states whole
     const bool isMost = states.contains(stretch) && stretch.width() > states.width() / 2;
     fit(isMost ? states : stretch);
 }

@@ -32,8 +32,9 @@ public:
     /// Makes a point visible where it is not.
     void show(QPointF plane);
 
-    /// Shows places of the plane, if not all of them are in sight: as many as there are, but for a few beyond
-    /// the contiguous states, which would shrink the rest to a patch. Without places, the contiguous states.
+    /// Moves to places of the plane unless they are in sight. A few of many that lie beyond the contiguous
+    /// states do not count: they would shrink the rest to a patch. Without places, shows the contiguous
+    /// states.
     void goTo(const std::vector<QPointF>& places);
 
     [[nodiscard]] QPointF toScreen(QPointF plane) const;

@@ -27,7 +27,7 @@ public:
     /// Takes the places in place of those before; none is ringed then.
     void setPlaces(const std::vector<clsCities>& places);
 
-    /// Moves the map to the places where they are not in sight; to all of the states where there are none.
+    /// Moves the map to the places if they are not in sight; to the contiguous states if there are none.
     void goToPlaces();
 
     /// Moves the map so that an entry's marker is in sight, where it is not.

@@ -33,14 +33,14 @@ QString partCondition(const QString& column, const QString& text)
 class Locations
 {
 public:
-    /// `known` is the known city that stands for the place; 0 where there is none. Throws Error 6 where it
+    /// `known` is the known city that stands for the place; 0 if there is none. Throws Error 6 if it
     /// does not fit into 16 bits.
     void add(qint64 known, const QString& city, const QString& state)
     {
         const QString name = locationName(city, state);
         const bool isEmpty = city.isEmpty() || state.isEmpty();
         if (isEmpty || clsAdvSearch::cityAndState(name) != std::pair(city, state)) {
-            // a location's name holds neither a missing part nor a comma or an outer blank in one
+            // the name of a location cannot carry it: a part is missing, or has a comma or an outer blank
             m_others << QStringLiteral("(%1 AND %2)")
                             .arg(partCondition(QStringLiteral("City"), city),
                                  partCondition(QStringLiteral("State"), state));

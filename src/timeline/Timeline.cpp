@@ -208,7 +208,7 @@ std::array<QString, Timeline::captionCount> Timeline::captions() const
     return texts;
 }
 
-/// Shows the events of a window that was moved. Where they cannot be read, all stays as it was before.
+/// Shows the events of a window that was moved. If they cannot be read, the window goes back.
 void Timeline::refresh(const TimeWindow& before)
 {
     positionScale();
@@ -262,8 +262,8 @@ std::vector<WindowEvent> Timeline::readWindow()
         *m_state.history.currentQuery(), m_window.currentTime(), m_window.windowEnd())));
 }
 
-/// Takes the events of the window or, where it has none, looks for the nearest. Throws Error; then what there
-/// was stays.
+/// Takes the events of the window and, if there are none, finds the nearest. Throws Error; then all stays as
+/// it was.
 void Timeline::take(std::vector<WindowEvent> events)
 {
     std::optional<NearestEvent> before;

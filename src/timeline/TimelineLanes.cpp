@@ -11,7 +11,7 @@ using namespace TimelineLanes;
 constexpr int barOffset = 2;
 constexpr int markerOffset = 10;
 
-/// A position beyond it would not fit into the whole units of the screen; it is far out of sight.
+/// Far out of sight, and small enough for sums of positions to fit into an integer.
 constexpr double farthest = 1 << 30;
 
 struct Extent
