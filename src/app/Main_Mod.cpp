@@ -31,8 +31,7 @@ void Main_Mod::Main()
     const QString name = QStringLiteral("Sub Main");
     runProcedure(m_platform.messages, name, [&] {
         frmSplash splash;
-        splash.show();
-        splash.repaint();
+        splash.showAtOnce();
         // without a program folder there is a window all the same, and it says what it cannot open
         runProcedure(m_platform.messages, name, [this] { prepareProgramFolder(); });
         m_window = std::make_unique<frmMain>(m_platform, m_state);

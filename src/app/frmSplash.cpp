@@ -1,16 +1,19 @@
 #include "app/frmSplash.h"
 
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QPainter>
 #include <QScreen>
+#include <QTimer>
 
 namespace {
 
 constexpr QSize splashSize(420, 180);
 constexpr int pictureSize = 96;
 constexpr int margin = 32;
+constexpr int longestWaitMilliseconds = 500;
 
 } // namespace
 
@@ -20,6 +23,16 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
     setAccessibleName(tr("Orvik Database is starting"));
     setFixedSize(splashSize);
     move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
+}
+
+void frmSplash::showAtOnce()
+{
+    QEventLoop untilPainted;
+    // the window is on the screen only after what was drawn has been handed over
+    connect(this, &frmSplash::painted, &untilPainted, &QEventLoop::quit, Qt::QueuedConnection);
+    QTimer::singleShot(longestWaitMilliseconds, &untilPainted, &QEventLoop::quit);
+    show();
+    untilPainted.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 void frmSplash::paintEvent(QPaintEvent* /*event*/)
@@ -39,4 +52,5 @@ void frmSplash::paintEvent(QPaintEvent* /*event*/)
     painter.setFont(this->font());
     painter.drawText(text.adjusted(0, margin, 0, margin), Qt::AlignVCenter | Qt::AlignLeft,
                      tr("Version %1").arg(QCoreApplication::applicationVersion()));
+    Q_EMIT painted();
 }

@@ -1,8 +1,11 @@
 #include "Journey.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QTest>
+#include <QTimer>
+#include <QWindow>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
@@ -42,6 +45,54 @@ TEST(StartUp, OpensTheDatabaseThatTheSettingsNameAndShowsTheHomePage)
     EXPECT_EQ(journey.historyMenu(), "[Home Page]");
     EXPECT_EQ(journey.program->state().databasePath, journey.dataFolder() + QStringLiteral("test.sqlite"));
     EXPECT_FALSE(journey.find<QAction>("mnuViewRefresh").isEnabled());
+}
+
+/// A display that takes its time with the splash window, as real ones do: it notes whether the splash was
+/// drawn before the main window was made.
+class SlowDisplay final : public QObject
+{
+public:
+    SlowDisplay() { qApp->installEventFilter(this); }
+
+    std::optional<bool> wasSplashDrawn;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const QString name = watched->objectName();
+        if (name == QStringLiteral("frmMain") && !wasSplashDrawn) wasSplashDrawn = m_isDrawn;
+        if (event->type() == QEvent::Paint && name == QStringLiteral("frmSplash")) m_isDrawn = true;
+        const bool isWordOfDisplay = event->type() == QEvent::Expose || event->type() == QEvent::Paint;
+        if (!isWordOfDisplay || name != QStringLiteral("frmSplashWindow") || m_isOnScreen) return false;
+        if (event->type() == QEvent::Expose) {
+            QTimer::singleShot(20, watched, [this, watched] { bringOnScreen(*watched); });
+        }
+        return true;
+    }
+
+private:
+    void bringOnScreen(QObject& window)
+    {
+        m_isOnScreen = true;
+        const QRect whole(QPoint(), dynamic_cast<QWindow&>(window).size());
+        QExposeEvent exposed(whole);
+        QApplication::sendEvent(&window, &exposed);
+        QPaintEvent painted(whole);
+        QApplication::sendEvent(&window, &painted);
+    }
+
+    bool m_isOnScreen = false;
+    bool m_isDrawn = false;
+};
+
+TEST(StartUp, TheSplashIsSeenWhileTheWindowLoads)
+{
+    Journey journey;
+    const SlowDisplay display;
+    journey.start();
+    EXPECT_EQ(display.wasSplashDrawn, true);
+    for (const QWidget* window : QApplication::topLevelWidgets())
+        EXPECT_NE(window->objectName(), QStringLiteral("frmSplash")) << "it goes when the window comes";
 }
 
 TEST(StartUp, SaysOnceWhatIsWrongWithADatabaseAndOpensTheWindow)
