@@ -1,6 +1,7 @@
 #include "browse/RowIconKeys.h"
 
 #include "data/DatabaseSession.h"
+#include "files/ProgramFolder.h"
 #include "util/Error.h"
 
 void RowIconKeys::clear()
@@ -21,7 +22,7 @@ QString RowIconKeys::look(const RecordList& list, std::size_t row)
     switch (list.kind()) {
     case ViewKind::Documents:
         if (!m_documents) m_documents.emplace(m_documentsFolder);
-        return list.documentIcon(row, m_documents->contains(list.fileLocation(row)));
+        return list.documentIcon(row, isInFolder(list.fileLocation(row)));
     case ViewKind::Events:
         return QStringLiteral("Event");
     case ViewKind::Organizations:
@@ -32,6 +33,12 @@ QString RowIconKeys::look(const RecordList& list, std::size_t row)
         break;
     }
     return QStringLiteral("");
+}
+
+/// Whether the command that opens the document would find its file there.
+bool RowIconKeys::isInFolder(const QString& fileName) const
+{
+    return ProgramFolder::isPlainName(fileName) && m_documents->contains(fileName);
 }
 
 bool RowIconKeys::hasChart(qint64 organization)

@@ -28,6 +28,7 @@ public:
 
 private:
     QString look(const RecordList& list, std::size_t row);
+    [[nodiscard]] bool isInFolder(const QString& fileName) const;
     [[nodiscard]] bool hasChart(qint64 organization);
 
     DatabaseSession& m_session;

@@ -13,6 +13,13 @@
 
 namespace {
 
+/// On Windows a colon ends the name of a drive; elsewhere it is a letter like any other.
+#ifdef Q_OS_WIN
+constexpr bool colonLeadsOut = true;
+#else
+constexpr bool colonLeadsOut = false;
+#endif
+
 [[noreturn]] void refuse(const QString& what, const QString& path)
 {
     throw Error(errno, QStringLiteral("%1 (%2)").arg(what, path));
@@ -123,6 +130,7 @@ bool ProgramFolder::isPlainName(const QString& fileName)
     if (fileName.isEmpty() || fileName == QStringLiteral(".") || fileName == QStringLiteral(".."))
         return false;
     return std::none_of(fileName.begin(), fileName.end(), [](QChar c) {
-        return c == u'/' || c == u'\\' || c == u':' || c.category() == QChar::Other_Control;
+        return c == u'/' || c == u'\\' || (colonLeadsOut && c == u':') ||
+               c.category() == QChar::Other_Control;
     });
 }

@@ -1,4 +1,5 @@
 #include "Journey.h"
+#include "browse/RecordListModel.h"
 
 #include <QClipboard>
 #include <QDir>
@@ -50,6 +51,14 @@ protected:
         return opened();
     }
 
+    /// The key of the icon of the row that shows that name.
+    std::string icon(const char* name)
+    {
+        auto& model = dynamic_cast<RecordListModel&>(*journey.list().model());
+        const auto rows = model.match(model.index(0, 0), Qt::DisplayRole, QString::fromUtf8(name));
+        return rows.isEmpty() ? std::string() : model.iconKey(rows.front().row()).toStdString();
+    }
+
     std::string opened()
     {
         const QString files = journey.desktop.shell.opened.join(u' ');
@@ -80,6 +89,21 @@ TEST_F(OpenFilesJourney, OpensADocumentWhereverItLies)
     desktop.messages.expectMessage(
         QStringLiteral("File not found: %1/data/documents/../../6.pdf").arg(root()));
     EXPECT_EQ(open("Way out"), "");
+
+    // a row's icon says what opening it will find
+    put(QStringLiteral("/data/documents/Plan: 7.pdf"));
+    put(QStringLiteral("/data/documents/plan\\8.pdf"));
+    journey.database.run(
+        "INSERT INTO Document (DocumentID, DocumentName, FileTypeID, ReleaseForm, FileLocation, dStatus) "
+        "VALUES "
+        "(7, 'Colon', 2, 0, 'Plan: 7.pdf', 'ACTIVE'), (8, 'No name', 2, 1, 'plan\\8.pdf', 'ACTIVE')");
+    journey.trigger("mnuViewRefresh");
+    EXPECT_EQ(icon("Colon"), "d2");
+    EXPECT_EQ(open("Colon"), "/data/documents/Plan: 7.pdf");
+    EXPECT_EQ(icon("No name"), "d2cd");
+    desktop.messages.expectMessage(
+        QStringLiteral("File not found: %1/data/documents/plan\\8.pdf").arg(root()));
+    EXPECT_EQ(open("No name"), "");
 
     // the row was seen while the file was there
     QFile::remove(root() + QStringLiteral("/data/documents/2.pdf"));
