@@ -1,7 +1,7 @@
 #include "browse/HistoryNavigation.h"
 
 #include "browse/ViewHistory.h"
-#include "timeline/PlainToolTip.h"
+#include "platform/PlainToolTip.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -52,7 +52,7 @@ void HistoryNavigation::addEntry(QMenu& menu, std::size_t position)
 
 QAction* HistoryNavigation::addCaption(QMenu& menu, QString caption)
 {
-    constexpr int widestEntry = 700;
+    constexpr int widestEntry = 400;
     const QString whole = caption;
     caption = menu.fontMetrics().elidedText(caption, Qt::ElideMiddle, widestEntry);
     const bool isShortened = caption != whole;

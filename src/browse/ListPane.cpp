@@ -50,6 +50,9 @@ ListPane::ListPane(DatabaseSession& session, ViewHistory& history, const QString
     m_view->setModel(m_model);
     setFocusProxy(m_view);
     connect(m_view->header(), &QHeaderView::sectionClicked, this, &ListPane::sortBy);
+    connect(m_view, &RecordListView::widthChosen, this, [this](int column, int width) {
+        chosenWidths(m_list->kind()).at(static_cast<std::size_t>(column)) = width;
+    });
     connect(m_view, &QAbstractItemView::pressed, this, &ListPane::announce);
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ListPane::noteSelected);
     connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -112,7 +115,6 @@ void ListPane::forget()
 void ListPane::begin(ViewKind kind, std::size_t entry)
 {
     if (!m_filling && m_entry != 0) rememberPlace();
-    rememberWidths();
     ++m_token;
     m_filling = true;
     m_entry = entry;
@@ -160,25 +162,21 @@ void ListPane::restorePlace()
     if (top >= 0) m_view->scrollTo(m_model->index(top, 0), QAbstractItemView::PositionAtTop);
 }
 
-void ListPane::rememberWidths()
+std::vector<int>& ListPane::chosenWidths(ViewKind kind)
 {
-    const ViewKind kind = m_list->kind();
-    if (kind == ViewKind::Home) return;
-    std::vector<int> widths;
-    for (int column = 0; column < m_model->columnCount(); ++column)
-        widths.push_back(m_view->columnWidth(column));
-    m_widths[kind] = std::move(widths);
+    std::vector<int>& widths = m_widths[kind];
+    widths.resize(listColumns(kind).size());
+    return widths;
 }
 
 void ListPane::applyWidths()
 {
-    const ViewKind kind = m_list->kind();
-    const auto& columns = listColumns(kind);
-    const auto remembered = m_widths.find(kind);
+    const auto& columns = listColumns(m_list->kind());
+    const std::vector<int>& chosen = chosenWidths(m_list->kind());
     for (std::size_t i = 0; i < columns.size(); ++i) {
         int width = columns[i].widthInTwips == 0 ? defaultWidth : columns[i].widthInTwips / twipsPerPixel;
-        if (remembered != m_widths.end()) width = remembered->second[i];
-        m_view->setColumnWidth(static_cast<int>(i), width);
+        if (chosen[i] != 0) width = chosen[i];
+        m_view->setWidth(static_cast<int>(i), width);
     }
 }
 
@@ -304,16 +302,19 @@ void ListPane::restoreWidths(SettingsStore& settings)
     for (const ViewKind kind : {ViewKind::Documents, ViewKind::Events, ViewKind::Organizations}) {
         const QStringList saved = StdREG(settings).GetRegString(section(), widthsName(kind)).split(u' ');
         std::vector<int> widths;
-        for (const QString& width : saved)
-            widths.push_back(std::clamp(width.toInt(), m_view->header()->minimumSectionSize(), widestColumn));
+        for (const QString& width : saved) {
+            const int pixels = width.toInt();
+            widths.push_back(
+                pixels <= 0 ? 0 : std::clamp(pixels, m_view->header()->minimumSectionSize(), widestColumn));
+        }
         if (widths.size() == listColumns(kind).size()) m_widths[kind] = widths;
     }
 }
 
 void ListPane::saveWidths(SettingsStore& settings)
 {
-    rememberWidths();
     for (const auto& [kind, widths] : m_widths) {
+        if (widths.empty()) continue;
         QStringList texts;
         for (const int width : widths)
             texts << QString::number(width);

@@ -75,7 +75,7 @@ public:
 
     void refreshIcons();
 
-    /// The widths of the columns, from one run to the next.
+    /// The widths that the user chose, from one run to the next.
     void restoreWidths(SettingsStore& settings);
     void saveWidths(SettingsStore& settings);
 
@@ -102,7 +102,7 @@ private:
     void clearSelection();
     bool readRows(const QString& statement, const std::shared_ptr<RecordList>& list);
     void announce(const QModelIndex& index);
-    void rememberWidths();
+    std::vector<int>& chosenWidths(ViewKind kind);
     void applyWidths();
     void sortBy(int column);
     void applySort();
@@ -119,5 +119,5 @@ private:
     bool m_selecting = false; ///< by itself, not by the user
     std::size_t m_entry = 0;
     std::map<std::size_t, Remembered> m_remembered;
-    std::map<ViewKind, std::vector<int>> m_widths; ///< in pixels, where the user changed them
+    std::map<ViewKind, std::vector<int>> m_widths; ///< in pixels, 0 if the user chose none
 };

@@ -144,6 +144,8 @@ void MainCommands::makeMenus()
     mnuNavigate->addSeparator();
     mnuHistory = mnuNavigate->addMenu(tr("H&istory"));
     mnuHistory->setObjectName(QStringLiteral("mnuHistory"));
+    // it has no upper bound, and would else grow column by column out of the screen
+    mnuHistory->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));
     mnuNavigate->addSeparator();
     mnuNavigate->addAction(mnuOpenDatabase);
     mnuNavigate->addSeparator();

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QMimeData>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
@@ -46,11 +47,45 @@ RecordListView::RecordListView(QWidget* parent) : QTreeView(parent)
     setAlternatingRowColors(true);
     setContextMenuPolicy(Qt::CustomContextMenu);
     setItemDelegateForColumn(1, new KeyMarkerDelegate(this));
-    header()->setStretchLastSection(true);
+    // the header's own stretching forgets the width that it stretches, and makes it narrower too
+    header()->setStretchLastSection(false);
+    connect(header(), &QHeaderView::sectionResized, this,
+            [this](int column, int /*before*/, int width) { takeWidth(column, width); });
     header()->setSectionsClickable(true);
     header()->setSortIndicatorShown(false);
     header()->setMinimumSectionSize(20);
     header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+void RecordListView::setWidth(int column, int width)
+{
+    const QScopedValueRollback resizing(m_resizing, true);
+    if (column == header()->count() - 1) m_lastWidth = width;
+    setColumnWidth(column, width);
+    stretchLastColumn();
+}
+
+void RecordListView::takeWidth(int column, int width)
+{
+    if (m_resizing) return;
+    if (column == header()->count() - 1) m_lastWidth = width;
+    stretchLastColumn();
+    Q_EMIT widthChosen(column, width);
+}
+
+void RecordListView::stretchLastColumn()
+{
+    const int last = header()->count() - 1;
+    if (last < 0) return;
+    const QScopedValueRollback resizing(m_resizing, true);
+    const int room = viewport()->width() - (header()->length() - header()->sectionSize(last));
+    header()->resizeSection(last, std::max(m_lastWidth, room));
+}
+
+void RecordListView::resizeEvent(QResizeEvent* event)
+{
+    QTreeView::resizeEvent(event);
+    stretchLastColumn();
 }
 
 QList<int> RecordListView::selectedRows() const

@@ -1,6 +1,7 @@
 #include "Journey.h"
 #include "app/StdREG.h"
 
+#include <QHeaderView>
 #include <QMenu>
 #include <QScreen>
 #include <QTest>
@@ -117,6 +118,10 @@ TEST(Navigation, TheWindowAndItsColumnsAreAsTheyWere)
         journey.list().setColumnWidth(0, 317);
         journey.trigger("mnuViewEvents");
         journey.list().setColumnWidth(0, 211);
+        journey.trigger("mnuViewOrganizations");
+        for (const int column : {0, 1, 2, 3})
+            journey.list().setColumnWidth(column, 60);
+        EXPECT_EQ(journey.list().header()->length(), journey.list().viewport()->width());
         journey.program->window()->setGeometry(3, 70, 790, 520);
         journey.desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to exit?"), true);
         journey.trigger("mnuNavigateExit");
@@ -131,6 +136,36 @@ TEST(Navigation, TheWindowAndItsColumnsAreAsTheyWere)
     EXPECT_EQ(journey.list().columnWidth(0), 211);
     journey.trigger("mnuViewDocuments");
     EXPECT_EQ(journey.list().columnWidth(0), 317);
+
+    // what a column took of the room beside it is nobody's choice
+    const auto widthOfLast = [&journey] {
+        journey.list().setColumnWidth(0, 2000);
+        return journey.list().columnWidth(journey.list().model()->columnCount() - 1);
+    };
+    journey.trigger("mnuViewEvents");
+    EXPECT_EQ(widthOfLast(), 430) << "the width that the column has by itself";
+    journey.trigger("mnuViewOrganizations");
+    EXPECT_EQ(widthOfLast(), 60);
+}
+
+TEST(Navigation, TheHistoryMenuScrollsWithinTheScreen)
+{
+    Journey journey;
+    journey.start();
+    for (int i = 0; i < 60; ++i) {
+        journey.program->state().history.addView({ViewKind::Home, std::make_shared<const SQLObject>(),
+                                                  QStringLiteral("A view of a long name ").repeated(9)});
+    }
+    (void)journey.historyMenu();
+    QMenu& menu = journey.find<QMenu>("mnuHistory");
+    menu.popup(QPoint());
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    EXPECT_LE(menu.height(), screen.height());
+    EXPECT_LT(menu.width(), 500);
+    // one below the other, not one beside the other
+    EXPECT_EQ(menu.actionGeometry(menu.actions().back()).left(),
+              menu.actionGeometry(menu.actions().front()).left());
+    menu.close();
 }
 
 TEST(Navigation, AWindowOfAnotherScreenComesWholeToThisOne)
