@@ -1,6 +1,7 @@
 #include "browse/RecordListModel.h"
 
 #include "browse/IconSet.h"
+#include "platform/PlainToolTip.h"
 
 #include <algorithm>
 
@@ -100,7 +101,7 @@ QVariant RecordListModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return m_list->text(row, index.column());
     case Qt::ToolTipRole:
-        return m_list->toolTip(row, index.column());
+        return PlainToolTip::text(m_list->toolTip(row, index.column()));
     case Qt::AccessibleTextRole:
         return marksKeys(index.column()) ? m_list->toolTip(row, index.column())
                                          : m_list->text(row, index.column());

@@ -1,6 +1,7 @@
 #include "chart/ChartView.h"
 
 #include "chart/ChartScale.h"
+#include "platform/PlainToolTip.h"
 
 #include <QAccessible>
 #include <QBarCategoryAxis>
@@ -304,7 +305,7 @@ void ChartView::goToBar(int bar)
     Q_EMIT barSelected(bar, Qt::NoButton, viewport()->mapToGlobal(barRect(bar).center()));
     // where the bar is once it has been scrolled to
     const QPoint position = viewport()->mapToGlobal(barRect(bar).center());
-    QToolTip::showText(position, accessibleItemName(bar).toHtmlEscaped(), this);
+    QToolTip::showText(position, PlainToolTip::text(accessibleItemName(bar)), this);
 }
 
 /// The menu key, or whatever opens a menu from the keyboard. The mouse has opened its menu when it went down.
@@ -321,7 +322,7 @@ bool ChartView::viewportEvent(QEvent* event)
     const auto& help = *static_cast<QHelpEvent*>(event);
     const auto bar = barAt(help.pos());
     if (bar)
-        QToolTip::showText(help.globalPos(), accessibleItemName(*bar).toHtmlEscaped(), this);
+        QToolTip::showText(help.globalPos(), PlainToolTip::text(accessibleItemName(*bar)), this);
     else
         QToolTip::hideText();
     return true;

@@ -1,5 +1,7 @@
 #include "editors/LinkList.h"
 
+#include "platform/PlainToolTip.h"
+
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QPushButton>
@@ -61,5 +63,5 @@ void LinkList::addItem(const ListEntry& entry)
 {
     auto* item = new QListWidgetItem(entry.display, m_list);
     item->setData(Qt::UserRole, entry.key);
-    item->setToolTip(entry.display);
+    item->setToolTip(PlainToolTip::text(entry.display));
 }

@@ -1,5 +1,6 @@
 #include "editors/PickListModel.h"
 
+#include "platform/PlainToolTip.h"
 #include "util/TextCompare.h"
 
 #include <QSet>
@@ -148,8 +149,9 @@ QVariant PickListModel::data(const QModelIndex& index, int role) const
     const std::uint32_t row = source(index);
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole:
         return text(m_rows[row], index.column());
+    case Qt::ToolTipRole:
+        return PlainToolTip::text(text(m_rows[row], index.column()));
     case Qt::CheckStateRole:
         if (index.column() > 0) return {};
         return static_cast<int>(m_ticks[row] != 0 ? Qt::Checked : Qt::Unchecked);

@@ -1,6 +1,7 @@
 #include "map/MapLegend.h"
 
 #include "map/MarkerPictures.h"
+#include "platform/PlainToolTip.h"
 
 #include <QScrollBar>
 
@@ -37,7 +38,7 @@ void MapLegend::setLines(const std::vector<LegendLine>& lines)
         const QString names = line.names.join(QStringLiteral(", "));
         auto* item =
             new QListWidgetItem(MarkerPictures::draw(line.colour, swatch, devicePixelRatioF()), names, this);
-        item->setToolTip(names.toHtmlEscaped());
+        item->setToolTip(PlainToolTip::text(names));
         item->setFlags(Qt::ItemIsEnabled);
     }
     setVisible(!lines.empty());

@@ -1,6 +1,7 @@
 #include "map/MapView.h"
 
 #include "map/MapProjection.h"
+#include "platform/PlainToolTip.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -332,7 +333,7 @@ void MapView::goToPlace(int step)
     const std::size_t entry = m_markers.neighbour(m_ringed, step);
     showEntry(entry);
     setRinged(entry);
-    QToolTip::showText(mapToGlobal(positionOf(entry).toPoint()), m_markers.name(entry).toHtmlEscaped(), this);
+    QToolTip::showText(mapToGlobal(positionOf(entry).toPoint()), PlainToolTip::text(m_markers.name(entry)), this);
 }
 
 // Items for assistive tools -------------------------------------------------------------------------------

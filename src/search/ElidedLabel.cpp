@@ -1,5 +1,7 @@
 #include "search/ElidedLabel.h"
 
+#include "platform/PlainToolTip.h"
+
 #include <QPainter>
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent)
@@ -11,7 +13,7 @@ ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent)
 void ElidedLabel::setLine(const QString& text)
 {
     setText(text);
-    setToolTip(text.toHtmlEscaped());
+    setToolTip(PlainToolTip::text(text));
 }
 
 void ElidedLabel::paintEvent(QPaintEvent* /*event*/)

@@ -1,5 +1,6 @@
 #include "search/LinkButton.h"
 
+#include "platform/PlainToolTip.h"
 #include "platform/ReadablePalette.h"
 
 #include <QKeyEvent>
@@ -27,7 +28,7 @@ void LinkButton::setLink(const QString& text)
     setText(text);
     setShortcut({});
     setAccessibleName(text);
-    setToolTip(text);
+    setToolTip(PlainToolTip::text(text));
     updateGeometry();
 }
 

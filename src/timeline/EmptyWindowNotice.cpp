@@ -1,7 +1,7 @@
 #include "timeline/EmptyWindowNotice.h"
 
 #include "browse/IconSet.h"
-#include "timeline/PlainToolTip.h"
+#include "platform/PlainToolTip.h"
 
 #include <QBoxLayout>
 #include <QLabel>

@@ -1,6 +1,7 @@
 #include "timeline/EventLabel.h"
 
-#include "timeline/PlainToolTip.h"
+#include "platform/PlainToolTip.h"
+
 
 #include <QHelpEvent>
 #include <QMouseEvent>

@@ -1,9 +1,9 @@
 #include "timeline/TimelinePicture.h"
 
+#include "platform/PlainToolTip.h"
 #include "timeline/EmptyWindowNotice.h"
 #include "timeline/EventLabel.h"
 #include "timeline/EventMarker.h"
-#include "timeline/PlainToolTip.h"
 #include "timeline/Timeline.h"
 #include "timeline/TimelineColours.h"
 
