@@ -9,6 +9,7 @@
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -78,8 +79,7 @@ void frmPicList::connectParts()
         m_list->setCurrentIndex(m_model->index(0, 0));
         countTicks();
     });
-    connect(m_list, &PickListView::spacePressed, this,
-            [this] { m_model->toggle(m_list->selectionModel()->selectedRows()); });
+    connect(m_list, &PickListView::spacePressed, this, &frmPicList::toggleSelected);
     connect(m_list->header(), &QHeaderView::sectionClicked, this, &frmPicList::sortBy);
     connect(m_model, &PickListModel::ticksChanged, this, &frmPicList::countTicks);
     connect(m_ok, &QPushButton::clicked, this, &frmPicList::cmdOK);
@@ -139,6 +139,37 @@ void frmPicList::done(int result)
 {
     WindowSize::save(*this, m_platform.settings);
     QDialog::done(result);
+}
+
+/// The list under a filter is worked through without leaving the keyboard: Enter ticks, Ctrl+Enter is OK.
+void frmPicList::keyPressEvent(QKeyEvent* event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && takeEnter(event->modifiers())) return;
+    if (event->key() == Qt::Key_Down && m_filter->hasFocus()) {
+        m_list->setFocus();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+bool frmPicList::takeEnter(Qt::KeyboardModifiers modifiers)
+{
+    if (modifiers.testFlag(Qt::ControlModifier)) {
+        m_ok->click();
+        return true;
+    }
+    const bool isPicking = m_filter->hasFocus() || m_list->hasFocus();
+    if (!isPicking || m_filter->text().isEmpty()) return false;
+    toggleSelected();
+    // the next words replace these
+    m_filter->selectAll();
+    return true;
+}
+
+void frmPicList::toggleSelected()
+{
+    m_model->toggle(m_list->selectionModel()->selectedRows());
 }
 
 void frmPicList::sortBy(int column)

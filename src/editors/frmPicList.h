@@ -28,7 +28,12 @@ public:
 
     void done(int result) override;
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
+    [[nodiscard]] bool takeEnter(Qt::KeyboardModifiers modifiers);
+    void toggleSelected();
     void makeParts();
     void layOut();
     void connectParts();

@@ -5,6 +5,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -113,9 +114,33 @@ TEST_F(PickListDialog, TicksWithTheSpaceBarAndSortsByItsHeader)
             EXPECT_EQ(texts(*list.model()), " gamma|*beta|*Alpha");
             dialog.type("txtFilter", QStringLiteral("AL"));
             EXPECT_EQ(dialog.find<QLabel>("lblCount").text(), QStringLiteral("2 of 3 ticked, 1 shown"));
-            dialog.press(Qt::Key_Return);
+            QTest::keyClick(&dialog.find<QLineEdit>("txtFilter"), Qt::Key_Return, Qt::ControlModifier);
         });
     EXPECT_EQ(names(chosen), "2 beta|3 Alpha");
+}
+
+TEST_F(PickListDialog, TicksWithEnterUnderAFilter)
+{
+    inDialog(
+        "frmPicList", [&] { EXPECT_TRUE(show(PickListKind::Functions)); },
+        [](OpenDialog& dialog) {
+            auto& list = dialog.find<QTreeView>("lvPicList");
+            dialog.type("txtFilter", QStringLiteral("a"));
+            dialog.press(Qt::Key_Return);
+            EXPECT_EQ(texts(*list.model()), "*Alpha| beta|*gamma");
+            dialog.press(Qt::Key_Down);
+            EXPECT_EQ(dialog.focus(), "lvPicList");
+            EXPECT_EQ(list.currentIndex().row(), 0);
+            dialog.press(Qt::Key_Down);
+            dialog.press(Qt::Key_Enter);
+            EXPECT_EQ(texts(*list.model()), "*Alpha|*beta|*gamma");
+            dialog.type("txtFilter", QStringLiteral("nothing like it"));
+            dialog.press(Qt::Key_Return);
+            EXPECT_EQ(dialog.find<QLabel>("lblCount").text(), QStringLiteral("3 of 3 ticked, 0 shown"));
+            dialog.find<QLineEdit>("txtFilter").clear();
+            dialog.press(Qt::Key_Return);
+        });
+    EXPECT_EQ(names(chosen), "3 Alpha|2 beta|4 gamma") << "without a filter, Enter is OK";
 }
 
 TEST_F(PickListDialog, LeavesTheChoiceAloneOnCancelAndForEmptyKinds)
