@@ -1,6 +1,7 @@
 #include "search/CriterionBox.h"
 
-#include <QCheckBox>
+#include "search/WrappingCheckBox.h"
+
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -8,7 +9,7 @@
 
 CriterionBox::CriterionBox(const QString& stem, const QString& caption, QWidget* parent)
     : QWidget(parent),
-      m_check(new QCheckBox(caption, this)),
+      m_check(new WrappingCheckBox(caption, this)),
       m_frame(new QFrame(this)),
       m_frameLayout(new QHBoxLayout(m_frame)),
       m_count(new QLabel(m_frame))

@@ -11,6 +11,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -20,6 +21,9 @@ namespace {
 
 constexpr QSize firstSize(1180, 640);
 constexpr int columns = 2;
+
+/// Room for the frame that the desktop adds around a window.
+constexpr QSize frame(16, 48);
 
 } // namespace
 
@@ -101,7 +105,7 @@ void frmAdvSearch::layOut()
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_tabs, 1);
     layout->addLayout(bottom);
-    resize(firstSize.expandedTo(minimumSizeHint()));
+    resize(firstSize.boundedTo(screen()->availableGeometry().size() - frame).expandedTo(minimumSizeHint()));
 }
 
 void frmAdvSearch::fillComboBoxes()
