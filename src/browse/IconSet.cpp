@@ -1,11 +1,14 @@
 #include "browse/IconSet.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
 
+#include <algorithm>
 #include <array>
+#include <cstdlib>
 
 /// A library's own resources are only there once they are asked for; this cannot stand in a namespace.
 static void loadPictures()
@@ -58,6 +61,42 @@ QIcon withEmblem(const QIcon& base, const QIcon& emblem)
     return marked;
 }
 
+/// How much of a pixel stands out from a ground, from 0 to 255.
+int standingOut(const QColor& pixel, int ground)
+{
+    constexpr int plain = 90; // steps of grey, from which on it counts as a whole
+    const int contrast = std::min(std::abs(qGray(pixel.rgb()) - ground), plain);
+    return pixel.alpha() * contrast / plain;
+}
+
+/// The same picture in the colour of the texts of selected rows: what stands out from the ground of a list
+/// stands out from that of a selected row.
+QPixmap selectedPicture(const QPixmap& picture, const QPalette& palette)
+{
+    const int ground = qGray(palette.color(QPalette::Base).rgb());
+    QColor colour = palette.color(QPalette::HighlightedText);
+    QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            colour.setAlpha(standingOut(image.pixelColor(x, y), ground));
+            image.setPixelColor(x, y, colour);
+        }
+    }
+    return QPixmap::fromImage(image);
+}
+
+QIcon withSelectedPictures(const QIcon& icon)
+{
+    QIcon both;
+    for (const int scale : {1, 2, 3}) {
+        const QPixmap picture = icon.pixmap(QSize(smallIcon, smallIcon) * scale, 1.0);
+        if (picture.isNull()) continue;
+        both.addPixmap(picture);
+        both.addPixmap(selectedPicture(picture, QApplication::palette()), QIcon::Selected);
+    }
+    return both;
+}
+
 QIcon ownIcon(const QString& name)
 {
     return QIcon(QStringLiteral(":/pictures/%1.svg").arg(name));
@@ -81,7 +120,7 @@ QIcon IconSet::icon(const QString& key)
 {
     const auto found = m_icons.constFind(key);
     if (found != m_icons.constEnd()) return *found;
-    return *m_icons.insert(key, make(key));
+    return *m_icons.insert(key, withSelectedPictures(make(key)));
 }
 
 QIcon IconSet::make(const QString& key)

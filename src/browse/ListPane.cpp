@@ -21,6 +21,7 @@ constexpr int twipsPerPixel = 15;
 constexpr int defaultWidth = 96;
 constexpr int rowsBetweenYields = 500;
 constexpr int widestColumn = 4000;
+constexpr int widestAuthors = 400;
 
 QString section()
 {
@@ -133,6 +134,7 @@ void ListPane::begin(ViewKind kind, std::size_t entry)
 void ListPane::finish()
 {
     m_model->publishAll();
+    fitAuthors();
     if (m_remembered[m_entry].sort) applySort();
     restorePlace();
     m_filling = false;
@@ -178,6 +180,15 @@ void ListPane::applyWidths()
         if (chosen[i] != 0) width = chosen[i];
         m_view->setWidth(static_cast<int>(i), width);
     }
+}
+
+/// Authors are mostly longer than the width of a column of which none is said.
+void ListPane::fitAuthors()
+{
+    constexpr int authorColumn = 2;
+    if (m_list->kind() != ViewKind::Documents || chosenWidths(ViewKind::Documents)[authorColumn] != 0) return;
+    const int needed = m_view->widthNeeded(authorColumn);
+    m_view->setWidth(authorColumn, std::clamp(needed, defaultWidth, widestAuthors));
 }
 
 void ListPane::sortBy(int column)

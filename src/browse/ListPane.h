@@ -104,6 +104,7 @@ private:
     void announce(const QModelIndex& index);
     std::vector<int>& chosenWidths(ViewKind kind);
     void applyWidths();
+    void fitAuthors();
     void sortBy(int column);
     void applySort();
 

@@ -14,6 +14,9 @@ public:
     /// Gives a column a width in pixels. The last one is drawn wider if there is room beside it.
     void setWidth(int column, int width);
 
+    /// The width at which no text of a column is shortened, as far as its first rows tell.
+    [[nodiscard]] int widthNeeded(int column) const { return sizeHintForColumn(column); }
+
     /// Copies the selected rows, as text with tabs and as a table.
     void copySelection() const;
 

@@ -4,6 +4,7 @@
 #include "editors/EntryCombo.h"
 #include "editors/LinkList.h"
 #include "editors/PickedEntries.h"
+#include "editors/PickerEdit.h"
 #include "editors/WindowSize.h"
 #include "editors/frmPicList.h"
 #include "platform/Messages.h"
@@ -40,6 +41,12 @@ void RecordDialog::setForm(QWidget* form)
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidget(form);
     m_layout->addWidget(scroll);
+    const auto lines = form->findChildren<QLineEdit*>();
+    for (QLineEdit* line : lines) {
+        // a long text is read from its beginning once it is left
+        if (qobject_cast<PickerEdit*>(line) != nullptr) continue;
+        connect(line, &QLineEdit::editingFinished, line, [line] { line->setCursorPosition(0); });
+    }
     makeButtons();
 }
 
@@ -114,7 +121,9 @@ void RecordDialog::setVisible(bool visible)
 {
     QDialog::setVisible(visible);
     // a dialog marks the text of its first field, and the next key would then replace a record's title
-    if (auto* line = qobject_cast<QLineEdit*>(focusWidget()); visible && line != nullptr) line->deselect();
+    if (auto* line = qobject_cast<QLineEdit*>(focusWidget()); visible && line != nullptr) {
+        line->setCursorPosition(0);
+    }
 }
 
 void RecordDialog::done(int result)

@@ -25,6 +25,7 @@ CheckListCriterion::CheckListCriterion(const QString& stem, const QString& capti
     m_list->setObjectName(QStringLiteral("lv") + stem);
     m_list->setAccessibleName(caption);
     m_list->setSpacing(1);
+    m_list->setUniformItemSizes(true);
     auto* all = new QPushButton(tr("Select All"), frame());
     all->setObjectName(QStringLiteral("cmdAll") + stem);
     auto* none = new QPushButton(tr("Select None"), frame());

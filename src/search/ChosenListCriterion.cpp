@@ -13,6 +13,7 @@ ChosenListCriterion::ChosenListCriterion(const QString& stem, const QString& cap
     m_list->setObjectName(QStringLiteral("lst") + stem);
     m_list->setAccessibleName(caption);
     m_list->setSpacing(1);
+    m_list->setUniformItemSizes(true);
     auto* add = new QPushButton(buttons.addCaption, frame());
     add->setObjectName(buttons.addName);
     auto* clear = new QPushButton(buttons.clearCaption, frame());

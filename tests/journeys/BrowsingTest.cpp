@@ -1,15 +1,20 @@
 #include "Journey.h"
+#include "browse/IconSet.h"
 #include "platform/ReadablePalette.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QHeaderView>
 #include <QMenu>
+#include <QPainter>
 #include <QTest>
 #include <QTextDocumentFragment>
 #include <QTimer>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -195,6 +200,69 @@ TEST(Browsing, TellsTheWholeOfALongCaptionInItsEntry)
               QStringLiteral("View Only Documents for Organization \"%1\"").arg(name));
     EXPECT_TRUE(journey.find<QMenu>("mnuHistory").toolTipsVisible());
     EXPECT_EQ(journey.find<QAction>("mnuHistoryList(1)").text(), QStringLiteral("View ALL Organizations"));
+}
+
+/// The light of a colour, from 0 to 1, as the eye takes it.
+double luminance(const QColor& colour)
+{
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(static_cast<double>(colour.redF())) +
+           0.7152 * linear(static_cast<double>(colour.greenF())) +
+           0.0722 * linear(static_cast<double>(colour.blueF()));
+}
+
+/// The contrast between a ground and the pixel of an icon that stands out most, 1 where none does.
+double contrastOf(const QIcon& icon, QIcon::Mode mode, const QColor& ground)
+{
+    QImage drawn(16, 16, QImage::Format_ARGB32);
+    drawn.fill(ground);
+    QPainter painter(&drawn);
+    icon.paint(&painter, drawn.rect(), Qt::AlignCenter, mode);
+    painter.end();
+    double most = 1;
+    for (int i = 0; i < drawn.width() * drawn.height(); ++i) {
+        const double light = luminance(drawn.pixelColor(i % drawn.width(), i / drawn.width())) + 0.05;
+        const double around = luminance(ground) + 0.05;
+        most = std::max(most, std::max(light, around) / std::min(light, around));
+    }
+    return most;
+}
+
+TEST(Browsing, IconsOfSelectedRowsCanBeSeen)
+{
+    // the display of the tests knows no place of icon themes
+    const QStringList before = QIcon::themeSearchPaths();
+    QIcon::setThemeSearchPaths({QStringLiteral("/usr/share/icons")});
+    IconSet::chooseTheme();
+    const QPalette palette = QApplication::palette();
+    IconSet icons;
+    for (const char* key :
+         {"isKey", "Event", "Organization_wc", "Organization_cd", "d2", "d4", "d6", "d7cd", "d8ng"}) {
+        const QIcon icon = icons.icon(QString::fromUtf8(key));
+        EXPECT_GE(contrastOf(icon, QIcon::Selected, palette.color(QPalette::Highlight)), 3) << key;
+    }
+    EXPECT_GE(contrastOf(icons.icon(QStringLiteral("isKey")), QIcon::Normal, palette.color(QPalette::Base)),
+              3);
+    QIcon::setThemeSearchPaths(before);
+}
+
+TEST(Browsing, TheAuthorsAreAsWideAsTheyNeedUnlessTheUserChose)
+{
+    Journey journey;
+    addRecords(journey.database);
+    const QString author = QStringLiteral("An Office of Many Words and Fires");
+    journey.database.run(QStringLiteral("UPDATE Document SET Author = '%1' WHERE DocumentID = 2")
+                             .arg(author)
+                             .toUtf8()
+                             .constData());
+    journey.start();
+    journey.trigger("mnuViewDocuments");
+    EXPECT_GT(journey.list().columnWidth(2), journey.list().fontMetrics().horizontalAdvance(author));
+    journey.list().setColumnWidth(2, 50);
+    journey.trigger("mnuViewRefresh");
+    EXPECT_EQ(journey.list().columnWidth(2), 50);
 }
 
 TEST(Browsing, StaysReadableWhenTheDesktopTurnsDark)

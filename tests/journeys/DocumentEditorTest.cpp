@@ -147,6 +147,8 @@ TEST_F(DocumentEditor, ShowsARecordAndTurnsIntoItsEditor)
         EXPECT_EQ(dialog.text("lvVenues"), "Coast|*Forest|City");
         EXPECT_EQ(dialog.text("cmbOrganizationNames"), "Levee Board");
         EXPECT_TRUE(dialog.find<QLineEdit>("txtDocumentName").isReadOnly());
+        EXPECT_EQ(dialog.find<QLineEdit>("txtDocumentName").cursorPosition(), 0)
+            << "its beginning is in sight";
         EXPECT_FALSE(dialog.find<QWidget>("cmdAddDocType").isEnabled());
         EXPECT_FALSE(dialog.find<QWidget>("txtOriginalFilename").isVisible());
         dialog.tick("lvVenues", QStringLiteral("Coast"));
@@ -159,6 +161,8 @@ TEST_F(DocumentEditor, ShowsARecordAndTurnsIntoItsEditor)
         EXPECT_EQ(dialog.text("cmdOK"), "OK");
         dialog.type("txtAuthor", QStringLiteral("B. Writer"));
         dialog.tick("lvVenues", QStringLiteral("Coast"));
+        EXPECT_EQ(dialog.find<QLineEdit>("txtAuthor").cursorPosition(), 0)
+            << "so it is once the field is left";
         dialog.click("cmdClearDocTypes");
         dialog.click("cmdOK");
     });
