@@ -27,7 +27,7 @@ unset ORVIK_HOME
 export XDG_DATA_HOME="$own/data" XDG_CONFIG_HOME="$own/settings"
 "$program" &
 application=$!
-window=$(timeout 60 xdotool search --sync --onlyvisible --name '^Orvik Database$' | tail -n 1)
+window=$(timeout 60 xdotool search --sync --onlyvisible --name '^Home Page - ' | tail -n 1)
 xdotool windowactivate --sync "$window" 2>/dev/null || true
 
 # picture NAME: waits until the window has stopped changing, then saves it.

@@ -16,6 +16,7 @@
 #include "browse/RecordCommands.h"
 #include "browse/RecordListView.h"
 #include "browse/RelatedCommands.h"
+#include "browse/StatusLine.h"
 #include "browse/WindowPlace.h"
 #include "editors/DialogRecordPicker.h"
 #include "editors/RecordEditors.h"
@@ -31,7 +32,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
-#include <QLabel>
 #include <QMenu>
 #include <QScreen>
 #include <QStackedWidget>
@@ -51,6 +51,7 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
       m_state(state),
       m_commands(new MainCommands(*this)),
       m_help(new HelpCommands(*this, *m_commands->tbToolBar, platform, state)),
+      m_status(new StatusLine(*this)),
       m_pages(new QStackedWidget(this)),
       m_home(new HomePage(this)),
       m_list(
@@ -64,12 +65,10 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
       m_graphics(new GraphicViews(platform, state, *m_list, *m_browse, *this))
 {
     setObjectName(QStringLiteral("frmMain"));
-    setWindowTitle(tr("Orvik Database"));
     m_pages->addWidget(m_home);
     m_pages->addWidget(m_browse);
     m_search->attachTo(m_list->view());
     setCentralWidget(m_pages);
-    makeStatusBar();
     connectCommands();
     makeRecordCommands();
     m_state.history.setPresenter(this);
@@ -78,18 +77,6 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
 frmMain::~frmMain()
 {
     m_state.history.setPresenter(nullptr);
-}
-
-void frmMain::makeStatusBar()
-{
-    m_viewPanel = new QLabel(this);
-    m_viewPanel->setObjectName(QStringLiteral("pnlView"));
-    m_viewPanel->setTextFormat(Qt::PlainText);
-    m_viewPanel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    m_statusPanel = new QLabel(this);
-    m_statusPanel->setObjectName(QStringLiteral("pnlStatus"));
-    statusBar()->addWidget(m_viewPanel, 1);
-    statusBar()->addPermanentWidget(m_statusPanel);
 }
 
 void frmMain::connectCommands()
@@ -146,6 +133,7 @@ void frmMain::makeRecordCommands()
         refresh();
         m_records->selectAfterChange(kind, saved);
     });
+    connect(m_editors, &RecordEditors::saved, m_status, &StatusLine::showSaved);
     connect(&m_graphics->timeline(), &TimelinePanel::eventOpened, this,
             [this](qint64 event) { m_editors->view(ViewKind::Events, event); });
     connect(&m_graphics->timeline(), &TimelinePanel::eventMenuRequested, this,
@@ -270,11 +258,22 @@ void frmMain::showList(ViewKind kind, const QString& procedure, const SharedQuer
         stayed = m_list->fill(kind, m_state.history.current(), m_state.history.currentQuery()->sqlStr());
     });
     if (!stayed) return;
-    m_viewPanel->setText(caption);
-    m_statusPanel->setText(RecordList::countText(kind, m_list->count()));
+    showCaption(caption, RecordList::countText(kind, m_list->count()));
     m_list->setFocus();
     m_search->finishList(m_list->count(), isListed);
     m_graphics->drawAfterList(kind, isListed);
+}
+
+/// The window is named after what it shows, so that it is found among others on the desktop.
+void frmMain::showCaption(const QString& caption, const QString& count)
+{
+    m_status->showView(caption, count);
+    QString title = caption;
+    const QString file = QFileInfo(m_state.session.fileName()).fileName();
+    if (!file.isEmpty()) title += QStringLiteral(" - ") + file;
+    if (m_state.session.isReadOnly()) title += tr(" [read-only]");
+    // a window takes three of these signs together for the place of a mark of its own
+    setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
 
 void frmMain::showHome()
@@ -282,8 +281,7 @@ void frmMain::showHome()
     m_list->stop();
     m_pages->setCurrentWidget(m_home);
     enableCommands();
-    m_viewPanel->setText(m_state.history.view(m_state.history.current()).Caption);
-    m_statusPanel->clear();
+    showCaption(m_state.history.view(m_state.history.current()).Caption, QString());
 }
 
 void frmMain::showSearchResults()
@@ -292,8 +290,7 @@ void frmMain::showSearchResults()
     if (m_pages->indexOf(m_search->page()) < 0) m_pages->addWidget(m_search->page());
     m_pages->setCurrentWidget(m_search->page());
     enableCommands();
-    m_viewPanel->setText(m_state.history.view(m_state.history.current()).Caption);
-    m_statusPanel->clear();
+    showCaption(m_state.history.view(m_state.history.current()).Caption, QString());
     m_search->showResults();
 }
 
@@ -333,6 +330,7 @@ void frmMain::enableCommands()
     enableUnless(*m_commands->mnuRecordOpen, showsList ? m_open->hindrance() : noList);
     m_related->enable(noList);
     m_records->enable(m_state.session.isOpen(), noList);
+    m_status->showSelected(showsList ? m_list->selectedCount() : 0);
     m_commands->mnuViewGraphicRight->setChecked(m_browse->side() == Qt::Horizontal);
     m_commands->mnuViewGraphicBelow->setChecked(m_browse->side() == Qt::Vertical);
 }

@@ -17,11 +17,11 @@ class MainCommands;
 class OpenCommand;
 class RecordPicker;
 class SearchCommands;
-class QLabel;
 class QStackedWidget;
 class RecordCommands;
 class RecordEditors;
 class RelatedCommands;
+class StatusLine;
 struct ProgramState;
 
 /// The main window: shows one view of the history at a time, the home page or a list, and runs the commands
@@ -53,7 +53,6 @@ private:
     void showHome() override;
     void showSearchResults() override;
 
-    void makeStatusBar();
     void connectCommands();
     void makeRecordCommands();
     void placeOnScreen();
@@ -64,11 +63,13 @@ private:
     void pressHomeButton(int button);
     void refresh();
     void enableCommands();
+    void showCaption(const QString& caption, const QString& count);
 
     Platform m_platform;
     ProgramState& m_state;
     MainCommands* m_commands;
     HelpCommands* m_help;
+    StatusLine* m_status;
     QStackedWidget* m_pages;
     HomePage* m_home;
     ListPane* m_list;
@@ -80,6 +81,4 @@ private:
     RecordEditors* m_editors;
     RecordCommands* m_records = nullptr;
     GraphicViews* m_graphics;
-    QLabel* m_viewPanel = nullptr;
-    QLabel* m_statusPanel = nullptr;
 };

@@ -35,6 +35,9 @@ public:
     /// The record that is open, or below 0 where it was never saved.
     [[nodiscard]] virtual qint64 recordId() const = 0;
 
+    /// The name under which it was last read or written.
+    [[nodiscard]] virtual QString recordName() const = 0;
+
     /// Asks where something was changed; the way of Esc and of the window's close button.
     void reject() override;
     void done(int result) override;

@@ -95,7 +95,9 @@ void RecordEditors::open(ViewKind kind, qint64 id, EditorMode mode)
 void RecordEditors::finish(ViewKind kind, const RecordDialog& dialog)
 {
     m_state.editCancelled = false;
-    if (dialog.hasWritten()) Q_EMIT changed(kind, dialog.recordId());
+    if (!dialog.hasWritten()) return;
+    Q_EMIT changed(kind, dialog.recordId());
+    if (dialog.result() == QDialog::Accepted) Q_EMIT saved(kind, dialog.recordName());
 }
 
 void RecordEditors::remove(ViewKind kind, const std::vector<ListEntry>& records)

@@ -47,6 +47,9 @@ Q_SIGNALS:
     /// Records of a kind were saved or deleted; `id` is the one that was saved, or below 0.
     void changed(ViewKind kind, qint64 id);
 
+    /// A record of that name was saved whole; comes after `changed`.
+    void saved(ViewKind kind, const QString& name);
+
 private:
     void open(ViewKind kind, qint64 id, EditorMode mode);
     void finish(ViewKind kind, const RecordDialog& dialog);

@@ -30,6 +30,7 @@ public:
     bool viewDocument(qint64 id);
 
     [[nodiscard]] qint64 recordId() const override { return m_record.id; }
+    [[nodiscard]] QString recordName() const override { return m_record.documentName; }
 
 private:
     void makeForm();

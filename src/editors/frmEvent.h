@@ -29,6 +29,7 @@ public:
     [[nodiscard]] std::optional<QDateTime> getStartDate() const { return EventStore::getStartDate(m_record); }
 
     [[nodiscard]] qint64 recordId() const override { return m_record.id; }
+    [[nodiscard]] QString recordName() const override { return m_record.eventName; }
 
 private:
     void makeForm();

@@ -26,6 +26,7 @@ public:
     bool viewOrganization(qint64 id);
 
     [[nodiscard]] qint64 recordId() const override { return m_record.id; }
+    [[nodiscard]] QString recordName() const override { return m_record.organizationName; }
 
 private:
     void makeForm();

@@ -92,6 +92,29 @@ void clickHeader(Journey& journey, int column)
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, at);
 }
 
+TEST(Browsing, TheWindowAndItsStatusLineSayWhatIsShownAndSelected)
+{
+    Journey journey;
+    addRecords(journey.database);
+    journey.start();
+    const auto title = [&journey] { return journey.program->window()->windowTitle().toStdString(); };
+    const auto selection = [&journey] {
+        const auto& panel = journey.find<QLabel>("pnlSelection");
+        return panel.isVisible() ? panel.text().toStdString() : std::string();
+    };
+    EXPECT_EQ(title(), "Home Page - test.sqlite");
+    journey.trigger("mnuViewOrganizations");
+    EXPECT_EQ(title(), "View ALL Organizations - test.sqlite");
+    EXPECT_EQ(selection(), "");
+    journey.select("Bureau");
+    EXPECT_EQ(selection(), "1 row selected");
+    journey.list().selectAll();
+    EXPECT_EQ(selection(), "2 rows selected");
+    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 2 Organizations"));
+    journey.trigger("mnuNavigateHome");
+    EXPECT_EQ(selection(), "");
+}
+
 TEST(Browsing, AHeaderSortsAndTheViewRemembersIt)
 {
     Journey journey;

@@ -138,12 +138,16 @@ TEST_F(RecordCommands, ASaveShowsTheViewOnceAndKeepsTheSelection)
             dialog.click("cmdOK");
         });
     EXPECT_EQ(fills.count(), 1);
+    EXPECT_EQ(journey.find<QLabel>("pnlSaved").text(), QStringLiteral("Saved: Document \"Alone\""));
+    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 4 Documents"));
     EXPECT_EQ(journey.column(0), "Alone|One|Three \"3\"|Zero");
     EXPECT_EQ(journey.list().currentIndex().row(), 0);
     inDialog(
         "frmDocument", [&] { journey.trigger("mnuRecordEdit"); },
         [](OpenDialog& dialog) { dialog.click("cmdCancel"); });
     EXPECT_EQ(fills.count(), 1) << "Cancel shows nothing again";
+    journey.trigger("mnuViewRefresh");
+    EXPECT_EQ(journey.find<QLabel>("pnlSaved").text(), QString()) << "until the next view";
     EXPECT_EQ(journey.program->state().history.count(), 2u);
 }
 
