@@ -1,6 +1,7 @@
 #include "browse/MainCommands.h"
 
 #include "browse/IconSet.h"
+#include "browse/ToolBarLabels.h"
 
 #include <QActionGroup>
 #include <QMainWindow>
@@ -39,7 +40,7 @@ void MainCommands::makeRecordActions()
                                       QStringLiteral("contact-new"), {}, tr("Adds an organization"));
     mnuRecordEdit = add(QStringLiteral("mnuRecordEdit"), tr("&Edit…"), QStringLiteral("document-edit"),
                         QKeySequence(Qt::CTRL | Qt::Key_E), tr("Opens the selected record for editing"));
-    mnuRecordView = add(QStringLiteral("mnuRecordView"), tr("&View…"), QStringLiteral("view-preview"),
+    mnuRecordView = add(QStringLiteral("mnuRecordView"), tr("&View…"), QStringLiteral("view-visible"),
                         QKeySequence(Qt::Key_Return), tr("Shows the selected record"));
     mnuRecordView->setShortcuts({Qt::Key_Return, Qt::Key_Enter});
     mnuRecordDelete = add(QStringLiteral("mnuRecordDelete"), tr("&Delete…"), QStringLiteral("edit-delete"),
@@ -65,7 +66,7 @@ void MainCommands::makeActions()
     mnuViewEvents = add(QStringLiteral("mnuViewEvents"), tr("&Events"), QStringLiteral("view-calendar"),
                         QKeySequence(Qt::CTRL | Qt::Key_2), tr("Shows all events"));
     mnuViewOrganizations =
-        add(QStringLiteral("mnuViewOrganizations"), tr("&Organizations"), QStringLiteral("view-group"),
+        add(QStringLiteral("mnuViewOrganizations"), tr("&Organizations"), QStringLiteral("view-institution"),
             QKeySequence(Qt::CTRL | Qt::Key_3), tr("Shows all organizations"));
     mnuViewRefresh = add(QStringLiteral("mnuViewRefresh"), tr("&Refresh"), QStringLiteral("view-refresh"),
                          QKeySequence(Qt::Key_F5), tr("Reads the list again"));
@@ -182,13 +183,11 @@ void MainCommands::makeToolBar()
     tbToolBar->addSeparator();
     tbToolBar->addActions({mnuNavigateBack, mnuNavigateForward, mnuNavigateHome});
     tbToolBar->addSeparator();
-    tbToolBar->addActions({mnuRecordEdit, mnuRecordView, mnuRecordDelete});
+    tbToolBar->addActions({mnuRecordEdit, mnuRecordView, mnuRecordOpen, mnuRecordDelete});
     tbToolBar->addSeparator();
     tbToolBar->addAction(mnuSearchKeyword);
     tbToolBar->addSeparator();
     tbToolBar->addActions({mnuViewDocuments, mnuViewEvents, mnuViewOrganizations, mnuViewRefresh});
-    tbToolBar->addSeparator();
-    tbToolBar->addAction(mnuRecordOpen);
     const auto nameButton = [this](QAction* action, const char* name) {
         tbToolBar->widgetForAction(action)->setObjectName(QString::fromLatin1(name));
     };
@@ -197,8 +196,13 @@ void MainCommands::makeToolBar()
     nameButton(mnuNavigateHome, "Home");
     nameButton(mnuRecordEdit, "Edit");
     nameButton(mnuRecordView, "View");
+    nameButton(mnuRecordOpen, "Open");
     nameButton(mnuRecordDelete, "Delete");
     // what everybody knows by its picture needs no word, so that all buttons fit a small screen
     for (QAction* action : {mnuNavigateForward, mnuNavigateHome, mnuViewRefresh})
         action->setPriority(QAction::LowPriority);
+    // of the rest, those go first whose pictures say most
+    new ToolBarLabels(*tbToolBar,
+                      {mnuNavigateBack, mnuRecordDelete, mnuRecordEdit, mnuRecordAdd, mnuSearchKeyword,
+                       mnuRecordView, mnuRecordOpen, mnuViewDocuments, mnuViewEvents, mnuViewOrganizations});
 }

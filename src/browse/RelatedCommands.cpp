@@ -17,7 +17,7 @@ RelatedCommands::RelatedCommands(const Platform& platform, ProgramState& state, 
 {
     const QString documents = QStringLiteral("view-list-text");
     const QString events = QStringLiteral("view-calendar");
-    const QString organizations = QStringLiteral("view-group");
+    const QString organizations = QStringLiteral("view-institution");
     using enum RelatedCommand;
     add(DocumentEvents, "popDocListViewEvents", tr("View &Events"), events,
         tr("Shows the events of this document"), Qt::Key_E);

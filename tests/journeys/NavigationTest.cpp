@@ -107,6 +107,36 @@ TEST(Navigation, TheToolbarDropsDownWhatLiesBeforeAndAfter)
     EXPECT_EQ(dropDown(journey, "mnuNavigateBack").size(), std::string("Home Page|").size() * 20 - 1);
 }
 
+TEST(Navigation, LabelsOfTheToolbarGoBeforeItsButtons)
+{
+    Journey journey;
+    journey.start();
+    auto& bar = journey.find<QToolBar>("tbToolBar");
+    const auto actions = bar.actions();
+    EXPECT_EQ(actions.indexOf(&journey.find<QAction>("mnuRecordOpen")),
+              actions.indexOf(&journey.find<QAction>("mnuRecordView")) + 1);
+    const auto shown = [&](int width) {
+        journey.program->window()->resize(width, 500);
+        QApplication::processEvents();
+        qsizetype hidden = 0;
+        qsizetype labels = 0;
+        for (QAction* action : actions) {
+            const QWidget* button = bar.widgetForAction(action);
+            if (action->isSeparator()) continue;
+            if (!button->isVisible()) ++hidden;
+            if (button->width() > 2 * button->height()) ++labels;
+        }
+        return std::pair(hidden, labels);
+    };
+    const auto [hiddenWide, labelsWide] = shown(1400);
+    const auto [hiddenNarrow, labelsNarrow] = shown(1000);
+    const auto [hiddenNarrowest, labelsNarrowest] = shown(800);
+    EXPECT_EQ(hiddenWide + hiddenNarrow + hiddenNarrowest, 0);
+    EXPECT_GT(labelsWide, labelsNarrow);
+    EXPECT_GT(labelsNarrow, labelsNarrowest);
+    EXPECT_EQ(shown(1400).second, labelsWide) << "they come back";
+}
+
 TEST(Navigation, TheWindowAndItsColumnsAreAsTheyWere)
 {
     MemorySettings kept;
