@@ -41,7 +41,8 @@ void LinkButton::setColour(const QColor& colour)
 QColor LinkButton::colour() const
 {
     if (m_colour.isValid()) return m_colour;
-    return palette().color(isEnabled() ? QPalette::Link : QPalette::WindowText);
+    // what leads nowhere is a text to be read all the same
+    return palette().color(QPalette::Active, isEnabled() ? QPalette::Link : QPalette::WindowText);
 }
 
 QSize LinkButton::sizeHint() const

@@ -1,5 +1,6 @@
 #include "Dialogs.h"
 #include "Journey.h"
+#include "platform/ReadablePalette.h"
 #include "search/LinkButton.h"
 
 #include <QDialog>
@@ -222,6 +223,8 @@ TEST_F(KeywordSearchJourney, TheOnlyResultIsOneClickAway)
               u"Your keyword search for \"flood\" found 1 item. Click on the result to view this item "
               "or click the Search icon to try again."_s);
     EXPECT_EQ(kinds(), "[0 Documents]|1 Event|[0 Organizations]");
+    const LinkButton& none = link("lblResult(0)");
+    EXPECT_TRUE(ReadablePalette::canBeRead(none.colour(), none.palette().color(QPalette::Window)));
     EXPECT_EQ(link("lblRecord").text(), u"Fire & flood"_s);
     EXPECT_TRUE(link("lblRecord").hasFocus());
     inDialog(
