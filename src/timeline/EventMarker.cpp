@@ -58,12 +58,16 @@ void EventMarker::paintEvent(QPaintEvent* /*event*/)
     const bool isSelected = m_picture == Picture::imgSelected || m_picture == Picture::imgSelectedKey;
     const bool isKey = m_picture == Picture::imgDefaultKey || m_picture == Picture::imgSelectedKey;
     const QPointF middle = QRectF(rect()).center();
-    const QRectF outer(middle.x() - 7, middle.y() - 7, 14, 14);
+    // at an edge of the timeline it is drawn narrower rather than cut through its middle
+    const QRectF seen = parentWidget()->rect().translated(-pos());
+    const QRectF whole(middle.x() - 7, middle.y() - 7, 14, 14);
+    const QRectF outer = whole.intersected(seen.adjusted(0.5, 0, -0.5, 0));
     // dark as the colours are, an outline keeps them apart from a dark ground
     QColor outline = palette().color(QPalette::Text);
     outline.setAlpha(outlineAlpha);
     painter.setPen(QPen(outline, 1));
     painter.setBrush(isSelected ? TimelineColours::selected : TimelineColours::event);
     painter.drawPolygon(diamond(outer));
-    if (isKey) paintKey(painter, outer.adjusted(3, 3, -3, -3));
+    const double inset = 3 * outer.width() / whole.width();
+    if (isKey) paintKey(painter, outer.adjusted(inset, 3, -inset, -3));
 }

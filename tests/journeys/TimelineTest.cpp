@@ -84,6 +84,16 @@ TEST_F(Timelines, ShowsTheEventsOfTheViewBesideTheList)
     EXPECT_EQ(marker(1).y(), 17);
     EXPECT_FALSE(journey.find<QScrollBar>("VScroll1").isVisible());
 
+    // an instant at the edge is drawn whole, its upper corner beside the edge and not on it
+    journey.database.run(
+        "UPDATE Event SET EndDate = StartDate, EndTime = StartTime, KeyEvent = 0 WHERE EventID = 2");
+    journey.trigger("mnuViewRefresh");
+    ASSERT_EQ(marker(0).geometry(), QRect(-9, 0, 18, 17));
+    const QImage lane = picture().grab().toImage();
+    const auto isDrawn = [&lane](int x, int y) { return lane.pixelColor(x, y).lightness() < 100; };
+    EXPECT_TRUE(isDrawn(4, 8) && isDrawn(4, 4));
+    EXPECT_FALSE(isDrawn(0, 4));
+
     journey.trigger("mnuViewDocuments");
     EXPECT_FALSE(picture().isVisible());
     journey.trigger("mnuNavigateBack");
