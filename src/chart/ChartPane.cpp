@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 ChartPane::ChartPane(const Platform& platform, ProgramState& state, QWidget* parent)
@@ -27,6 +28,9 @@ ChartPane::ChartPane(const Platform& platform, ProgramState& state, QWidget* par
     m_area->setWidgetResizable(true);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_area->setWidget(m_chart);
+    // what stands while the rest is scrolled is drawn anew
+    connect(m_area->horizontalScrollBar(), &QScrollBar::valueChanged, m_chart->viewport(),
+            qOverload<>(&QWidget::update));
     setFocusProxy(m_chart);
     connect(m_chart, &ChartView::barSelected, this, &ChartPane::selectBar);
 

@@ -26,6 +26,7 @@ constexpr int pixelsPerStep = 36;
 constexpr int mostSteps = 10;
 constexpr int besideAxis = 26; ///< the margins on both sides, and the ticks
 constexpr int titleRoom = 48;  ///< for the title and the margins
+constexpr int titleTop = 4;
 constexpr int lowestPlot = 60;
 constexpr int lowestHeight = 150;
 constexpr int nameGap = 8;
@@ -184,6 +185,28 @@ void ChartView::drawNames(QPainter& painter) const
     }
 }
 
+int ChartView::axisWidth() const
+{
+    return static_cast<int>(std::ceil(chart()->mapToScene(chart()->plotArea().topLeft()).x()));
+}
+
+/// The title and the axis stay where they are while the bars are scrolled.
+void ChartView::drawStanding(QPainter& painter)
+{
+    const QRect sight = viewport()->visibleRegion().boundingRect();
+    if (sight.left() > 0) {
+        const QRect axis(0, 0, axisWidth(), height());
+        const QRect place = axis.translated(sight.left(), 0);
+        painter.fillRect(place, palette().color(QPalette::Base));
+        render(&painter, place, axis);
+    }
+    painter.setFont(chart()->titleFont());
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(QRect(sight.left(), titleTop, sight.width(), titleRoom / 2), Qt::AlignCenter,
+                     chart()->title());
+    painter.setFont(font());
+}
+
 /// A point of the chart, by the number of a bar and a value, in the pixels of the view.
 QPointF ChartView::inView(double bar, double value) const
 {
@@ -199,7 +222,8 @@ void ChartView::applyPalette()
     QFont title = font();
     title.setBold(true);
     chart()->setTitleFont(title);
-    chart()->setTitleBrush(text);
+    // its place is over the middle of the whole chart; this view draws it over the middle of what is in sight
+    chart()->setTitleBrush(Qt::transparent);
     chart()->setBackgroundBrush(palette().color(QPalette::Base));
     m_bars->setColor(palette().color(QPalette::Highlight));
     m_bars->setSelectedColor(palette().color(QPalette::Highlight).darker());
@@ -241,6 +265,7 @@ std::optional<int> ChartView::barAt(QPoint position) const
     if (bar < 0 || bar >= accessibleItemCount()) return std::nullopt;
     const QRectF plot = chart()->plotArea();
     if (inChart.x() < plot.left() || inChart.x() > plot.right()) return std::nullopt;
+    if (position.x() < viewport()->visibleRegion().boundingRect().left() + axisWidth()) return std::nullopt;
     return position.y() >= barRect(bar).top() ? std::optional(bar) : std::nullopt;
 }
 
@@ -355,6 +380,7 @@ void ChartView::paintEvent(QPaintEvent* event)
     } else {
         drawNames(painter);
     }
+    drawStanding(painter);
     if (!hasFocus()) return;
     painter.setPen(palette().color(QPalette::Highlight));
     painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));

@@ -67,8 +67,10 @@ private:
     void layOutNames();
     void applyScale(const ChartScale& scale);
     void drawNames(QPainter& painter) const;
+    void drawStanding(QPainter& painter);
     [[nodiscard]] qint64 highestCount() const;
     [[nodiscard]] int axisRoom() const;
+    [[nodiscard]] int axisWidth() const;
     [[nodiscard]] int narrowestSlot() const;
     [[nodiscard]] QPointF inView(double bar, double value) const;
 

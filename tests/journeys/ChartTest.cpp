@@ -3,6 +3,7 @@
 #include "chart/ChartView.h"
 
 #include <QContextMenuEvent>
+#include <QImage>
 #include <QMenu>
 #include <QScrollArea>
 #include <QTest>
@@ -171,8 +172,23 @@ TEST_F(ChartJourney, ManyBarsAreScrolledAndNeverOverlap)
     journey.trigger("mnuViewGraphicBelow");
     QApplication::processEvents();
     EXPECT_LE(chart().height(), pane().height()) << "it is scrolled to the side only";
+    const auto isTitled = [](const QImage& image) {
+        for (int x = image.width() / 2 - 20; x < image.width() / 2 + 20; ++x) {
+            for (int y = 4; y < 24; ++y) {
+                if (image.pixelColor(x, y).lightness() < 100) return true;
+            }
+        }
+        return false;
+    };
     chart().setFocus();
+    QApplication::processEvents();
+    const QImage atBeginning = pane().grab().toImage();
     QTest::keyClick(&chart(), Qt::Key_End);
+    QApplication::processEvents();
+    const QImage atEnd = pane().grab().toImage();
+    EXPECT_TRUE(isTitled(atBeginning) && isTitled(atEnd)) << "the title stays in the middle";
+    const QRect axis(2, 30, 12, chart().barRect(0).bottom() - 30);
+    EXPECT_EQ(atBeginning.copy(axis), atEnd.copy(axis)) << "so do the numbers of the axis";
     const QRect last = chart().barRect(types + 1);
     const QPoint inPane = pane().mapFromGlobal(chart().viewport()->mapToGlobal(last.center()));
     EXPECT_TRUE(pane().rect().contains(inPane)) << "the chart scrolls to the bar";
