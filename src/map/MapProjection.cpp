@@ -31,5 +31,6 @@ QPointF MapProjection::toDegrees(QPointF plane)
 
 QRectF MapProjection::contiguousStates()
 {
-    return {toPlane(-124.8, 49.4), toPlane(-66.9, 24.5)};
+    // Maine ends at 66.9 degrees; a high map shows Puerto Rico below, which is to be seen whole or not at all
+    return {toPlane(-124.8, 49.4), toPlane(-65.2, 24.5)};
 }

@@ -46,6 +46,7 @@ void MapView::setStates(StatesLayer layer)
 void MapView::setPlaces(const std::vector<clsCities>& places)
 {
     m_markers.set(places);
+    m_states.setMarkers(m_markers.positions());
     m_ringed.reset();
     QAccessibleTableModelChangeEvent changed(this, QAccessibleTableModelChangeEvent::ModelReset);
     QAccessible::updateAccessibility(&changed);
@@ -333,7 +334,8 @@ void MapView::goToPlace(int step)
     const std::size_t entry = m_markers.neighbour(m_ringed, step);
     showEntry(entry);
     setRinged(entry);
-    QToolTip::showText(mapToGlobal(positionOf(entry).toPoint()), PlainToolTip::text(m_markers.name(entry)), this);
+    QToolTip::showText(mapToGlobal(positionOf(entry).toPoint()), PlainToolTip::text(m_markers.name(entry)),
+                       this);
 }
 
 // Items for assistive tools -------------------------------------------------------------------------------

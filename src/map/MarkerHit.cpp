@@ -1,16 +1,19 @@
 #include "map/MarkerHit.h"
 
 std::optional<std::size_t> markerAt(std::span<const QPointF> markers, QPointF pointer, double scale,
-                                    double radius)
+                                    MarkerReach reach)
 {
-    std::optional<std::size_t> nearest;
-    double least = radius * scale * radius * scale;
+    const auto square = [scale](double pixels) { return pixels * scale * pixels * scale; };
+    std::optional<std::size_t> found;
+    double least = square(reach.near);
     for (std::size_t i = 0; i < markers.size(); ++i) {
         const QPointF apart = markers[i] - pointer;
         const double distance = QPointF::dotProduct(apart, apart);
-        if (distance > least) continue;
-        least = distance;
-        nearest = i;
+        const bool isUnderPointer = distance <= square(reach.drawn);
+        if (!isUnderPointer && distance > least) continue;
+        found = i;
+        // nothing that is merely near comes before what is under the pointer
+        least = isUnderPointer ? 0 : distance;
     }
-    return nearest;
+    return found;
 }

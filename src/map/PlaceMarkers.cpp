@@ -43,7 +43,8 @@ void PlaceMarkers::set(const std::vector<clsCities>& places)
 
 std::optional<std::size_t> PlaceMarkers::entryAt(QPointF screen, const MapExtent& extent) const
 {
-    return markerAt(m_positions, extent.toPlane(screen), extent.scale(), hitRadius);
+    return markerAt(m_positions, extent.toPlane(screen), extent.scale(),
+                    {m_pictures.extent() / 2, hitRadius});
 }
 
 std::size_t PlaceMarkers::neighbour(std::optional<std::size_t> entry, int step) const

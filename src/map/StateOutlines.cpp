@@ -61,20 +61,60 @@ std::vector<std::vector<QPointF>> outlines(const StateShape& state, const MapPic
     return rings;
 }
 
-std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& picture, QSizeF text)
+namespace {
+
+/// What a line of text at a height has to itself of a state, from left to right in the plane; about the given
+/// place, or else about the widest one.
+std::optional<std::pair<double, double>> roomAcross(const PlaneRing& ring, double y, double halfHeight,
+                                                    std::optional<double> about)
 {
-    const double halfHeight = text.height() / 2 * picture.scale;
-    double left = -HUGE_VAL;
-    double right = HUGE_VAL;
-    for (const double y : {state.label.y() - halfHeight, state.label.y(), state.label.y() + halfHeight}) {
-        const auto across = chords(state.rings[state.largest], y);
-        const auto around = std::find_if(across.begin(), across.end(), [&](const auto& chord) {
-            return chord.first <= state.label.x() && state.label.x() <= chord.second;
+    const auto middle = chords(ring, y);
+    if (middle.empty()) return std::nullopt;
+    const auto width = [](const auto& chord) { return chord.second - chord.first; };
+    const auto widest = std::max_element(middle.begin(), middle.end(),
+                                         [&](const auto& a, const auto& b) { return width(a) < width(b); });
+    const double x = about.value_or((widest->first + widest->second) / 2);
+    std::pair<double, double> room(-HUGE_VAL, HUGE_VAL);
+    for (const double line : {y - halfHeight, y, y + halfHeight}) {
+        const auto across = chords(ring, line);
+        const auto around = std::find_if(across.begin(), across.end(), [x](const auto& chord) {
+            return chord.first <= x && x <= chord.second;
         });
         if (around == across.end()) return std::nullopt;
-        left = std::max(left, around->first);
-        right = std::min(right, around->second);
+        room = {std::max(room.first, around->first), std::min(room.second, around->second)};
     }
-    if ((right - left) / picture.scale < text.width()) return std::nullopt;
-    return picture.toPixels({(left + right) / 2, state.label.y()});
+    return room;
+}
+
+bool isFree(const QRectF& place, const std::vector<QPointF>& avoided)
+{
+    return std::none_of(avoided.begin(), avoided.end(), [&](QPointF point) { return place.contains(point); });
+}
+
+} // namespace
+
+std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& picture, QSizeF text,
+                               const std::vector<QPointF>& avoided)
+{
+    constexpr int linesTried = 12; // above and below the best one
+    const double halfHeight = text.height() / 2 * picture.scale;
+    for (int line = 0; line <= 2 * linesTried; ++line) {
+        const int step = line % 2 == 0 ? line / 2 : -(line + 1) / 2;
+        const double y = state.label.y() + step * halfHeight;
+        const auto about = step == 0 ? std::optional(state.label.x()) : std::nullopt;
+        const auto room = roomAcross(state.rings[state.largest], y, halfHeight, about);
+        const double spare = room ? (room->second - room->first) / picture.scale - text.width() : -1;
+        if (spare < 0) {
+            // where nothing is to be avoided, only the best line will do
+            if (avoided.empty()) return std::nullopt;
+            continue;
+        }
+        const QPointF middle = picture.toPixels({(room->first + room->second) / 2, y});
+        for (const double share : {0.0, -0.25, 0.25, -0.5, 0.5}) {
+            QRectF place(QPointF(), text);
+            place.moveCenter(middle + QPointF(share * spare, 0));
+            if (isFree(place, avoided)) return place.center();
+        }
+    }
+    return std::nullopt;
 }

@@ -24,8 +24,10 @@ struct MapPicture
 /// the picture can tell apart. Neighbours keep their common border.
 std::vector<std::vector<QPointF>> outlines(const StateShape& state, const MapPicture& picture);
 
-/// Where a text of that size fits into a state, as the text's middle in pixels; nothing where it does not.
-std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& picture, QSizeF text);
+/// Where a text of that size fits into a state without one of the points in it, as the text's middle in
+/// pixels; nothing if it does not. The points are in pixels too.
+std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& picture, QSizeF text,
+                               const std::vector<QPointF>& avoided = {});
 
 /// Cuts a ring at the sides of a rectangle.
 std::vector<QPointF> clipped(std::vector<QPointF> ring, const QRectF& to);

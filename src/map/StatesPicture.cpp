@@ -10,6 +10,7 @@ namespace {
 
 /// Logical pixels on each side beyond what is in sight.
 constexpr double margin = 160;
+constexpr double widestMarker = 14;
 const QColor stateColour(192, 192, 192);
 const QColor borderColour(112, 112, 112);
 const QColor nameColour(64, 64, 64);
@@ -20,6 +21,22 @@ void StatesPicture::setLayer(StatesLayer layer)
 {
     m_layer = std::move(layer);
     forget();
+}
+
+void StatesPicture::setMarkers(std::vector<QPointF> markers)
+{
+    m_markers = std::move(markers);
+    forget();
+}
+
+/// The markers about a state, in the pixels of the picture.
+std::vector<QPointF> StatesPicture::markersIn(const StateShape& state) const
+{
+    std::vector<QPointF> found;
+    for (const QPointF& marker : m_markers) {
+        if (state.bounds.contains(marker)) found.push_back(m_frame.toPixels(marker));
+    }
+    return found;
 }
 
 bool StatesPicture::covers(const QRectF& sight) const
@@ -81,10 +98,14 @@ void StatesPicture::drawNames(QPainter& painter, const QFont& font) const
     painter.setFont(small);
     painter.setPen(nameColour);
     const QFontMetricsF metrics(small);
+    const QSizeF marker = QSizeF(widestMarker, widestMarker) * ratio;
     for (const StateShape& state : m_layer.states()) {
+        const std::vector<QPointF> markers = markersIn(state);
         for (const QString& text : {state.name, state.letters}) {
             const QSizeF size(metrics.horizontalAdvance(text) + 6 * ratio, metrics.height());
-            const auto middle = text.isEmpty() ? std::nullopt : roomFor(state, m_frame, size);
+            // a text with half a marker on each side of it is clear of markers
+            const QSizeF clear = markers.empty() ? size : size + marker;
+            const auto middle = text.isEmpty() ? std::nullopt : roomFor(state, m_frame, clear, markers);
             if (!middle) continue;
             QRectF place(QPointF(), size);
             place.moveCenter(*middle);

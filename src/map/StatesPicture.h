@@ -18,6 +18,9 @@ public:
     void setLayer(StatesLayer layer);
     [[nodiscard]] const StatesLayer& layer() const { return m_layer; }
 
+    /// The points of the plane that names keep clear of.
+    void setMarkers(std::vector<QPointF> markers);
+
     /// Paints the part that the extent shows, at the painter's origin.
     void paint(QPainter& painter, const MapExtent& extent, const QPalette& palette, const QFont& font);
 
@@ -30,7 +33,10 @@ private:
     void drawStates(QPainter& painter) const;
     void drawNames(QPainter& painter, const QFont& font) const;
 
+    [[nodiscard]] std::vector<QPointF> markersIn(const StateShape& state) const;
+
     StatesLayer m_layer;
+    std::vector<QPointF> m_markers; ///< in the plane
     QPixmap m_picture;
     MapPicture m_frame; ///< in device pixels
 };

@@ -47,6 +47,9 @@ TEST(MapExtent, FirstShowsTheContiguousStatesWhole)
         const QRectF screen(QPointF(), size);
         EXPECT_TRUE(screen.contains(extent.toScreen(states.topLeft())));
         EXPECT_TRUE(screen.contains(extent.toScreen(states.bottomRight())));
+        const QRectF puertoRico(extent.toScreen(MapProjection::toPlane(-67.3, 18.55)),
+                                extent.toScreen(MapProjection::toPlane(-65.22, 17.9)));
+        EXPECT_TRUE(screen.contains(puertoRico) || !screen.intersects(puertoRico)) << size.width();
         const QSizeF taken = states.size() / extent.scale();
         EXPECT_GT(std::max(taken.width() / size.width(), taken.height() / size.height()), 0.9);
     }
@@ -157,15 +160,19 @@ TEST(MapExtent, GoesToPlacesThatAreOutOfSight)
     }
 }
 
-TEST(MarkerHit, TakesTheNearestAndOfSeveralAtOnePlaceTheLast)
+TEST(MarkerHit, TakesTheOneOnTopElseTheNearest)
 {
     const std::vector<QPointF> markers{{0, 0}, {10, 0}, {10, 0}, {12, 0}};
-    EXPECT_EQ(markerAt(markers, {1, 0}, 1, 5), 0u);
-    EXPECT_EQ(markerAt(markers, {9, 0}, 1, 5), 2u);
-    EXPECT_EQ(markerAt(markers, {12, 1}, 1, 5), 3u);
-    EXPECT_EQ(markerAt(markers, {0, 6}, 1, 5), std::nullopt);
-    EXPECT_EQ(markerAt(markers, {0, 6}, 2, 5), 0u) << "the radius is in pixels";
-    EXPECT_EQ(markerAt({}, {0, 0}, 1, 5), std::nullopt);
+    EXPECT_EQ(markerAt(markers, {1, 0}, 1, {0, 5}), 0u);
+    EXPECT_EQ(markerAt(markers, {9, 0}, 1, {0, 5}), 2u);
+    EXPECT_EQ(markerAt(markers, {12, 1}, 1, {0, 5}), 3u);
+    EXPECT_EQ(markerAt(markers, {0, 6}, 1, {0, 5}), std::nullopt);
+    EXPECT_EQ(markerAt(markers, {0, 6}, 2, {0, 5}), 0u) << "the radius is in pixels";
+    EXPECT_EQ(markerAt({}, {0, 0}, 1, {0, 5}), std::nullopt);
+    EXPECT_EQ(markerAt(markers, {9, 0}, 1, {4, 5}), 3u) << "the one drawn over the nearer ones";
+    EXPECT_EQ(markerAt(markers, {6, 0}, 1, {4, 5}), 2u)
+        << "one that is near is not over one under the pointer";
+    EXPECT_EQ(markerAt(markers, {2, 0}, 0.5, {4, 9}), 0u);
 }
 
 } // namespace
