@@ -9,7 +9,11 @@ namespace PlainToolTip {
 /// What a tool-tip must be given in order to show a text as it is.
 [[nodiscard]] inline QString text(const QString& plain)
 {
-    return Qt::mightBeRichText(plain) ? Qt::convertFromPlainText(plain) : plain;
+    constexpr qsizetype longestLine = 80;
+    if (!Qt::mightBeRichText(plain)) return plain;
+    if (plain.size() > longestLine) return Qt::convertFromPlainText(plain);
+    // markup is laid out in several lines, however short it is, unless it says otherwise
+    return QStringLiteral("<p style=\"white-space:pre\">") + plain.toHtmlEscaped() + QStringLiteral("</p>");
 }
 
 } // namespace PlainToolTip
