@@ -7,7 +7,7 @@ class QAction;
 class QToolBar;
 class QToolButton;
 
-/// Lets labels of a toolbar go before any of its buttons does: where the bar is too narrow for all of them,
+/// Lets labels of a toolbar go before any of its buttons does: if the bar is too narrow for all of them,
 /// buttons show their icons alone, as many as need be.
 class ToolBarLabels final : public QObject
 {

@@ -105,7 +105,7 @@ std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& pictur
         const auto room = roomAcross(state.rings[state.largest], y, halfHeight, about);
         const double spare = room ? (room->second - room->first) / picture.scale - text.width() : -1;
         if (spare < 0) {
-            // where nothing is to be avoided, only the best line will do
+            // if nothing is to be avoided, only the best line will do
             if (avoided.empty()) return std::nullopt;
             continue;
         }

@@ -2,7 +2,6 @@
 
 #include "platform/PlainToolTip.h"
 
-
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
