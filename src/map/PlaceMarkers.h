@@ -30,8 +30,6 @@ public:
     /// Where a marker is in the plane of the map.
     [[nodiscard]] QPointF position(std::size_t entry) const { return m_positions.at(entry); }
 
-    [[nodiscard]] const std::vector<QPointF>& positions() const { return m_positions; }
-
     /// The marker at a pixel, or near it.
     [[nodiscard]] std::optional<std::size_t> entryAt(QPointF screen, const MapExtent& extent) const;
 
