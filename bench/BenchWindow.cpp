@@ -48,9 +48,9 @@ void NoMessages::show(const QString& text)
     fail(text);
 }
 
-bool NoMessages::ask(const QString& question)
+bool NoMessages::ask(const QString& text, Question /*about*/)
 {
-    fail(question);
+    fail(text);
 }
 
 void NoMessages::beep() {}

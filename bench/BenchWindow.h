@@ -24,7 +24,7 @@ class NoMessages final : public Messages
 {
 public:
     void show(const QString& text) override;
-    [[nodiscard]] bool ask(const QString& question) override;
+    [[nodiscard]] bool ask(const QString& text, Question about) override;
     void beep() override;
 };
 

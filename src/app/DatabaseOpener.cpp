@@ -43,7 +43,8 @@ void DatabaseOpener::openNamed()
                           QStringLiteral("%1 was converted before, to %2.\n\nDo you want to convert it "
                                          "again and replace that database? Whatever was added to it "
                                          "since is then lost. No opens it as it is.")
-                              .arg(name, convertedName(name)));
+                              .arg(name, convertedName(name)),
+                          Question::Loss);
         if (!exists || replace) {
             if (!convert(source, m_state.databasePath, replace)) {
                 throw Error(ECANCELED, QStringLiteral("The conversion was cancelled. (%1)").arg(source));
@@ -65,7 +66,8 @@ bool DatabaseOpener::openChosen(const QString& file)
     if (replace && !m_platform.messages.ask(
                        QStringLiteral("The data folder holds a database %1 already.\n\nDo you want to "
                                       "replace it? What it holds is then lost.")
-                           .arg(QFileInfo(target).fileName()))) {
+                           .arg(QFileInfo(target).fileName()),
+                       Question::Loss)) {
         return false;
     }
     if (kind == DatabaseFileKind::Access) {

@@ -37,7 +37,7 @@ QString OpenCommand::open(const SelectedRecord& record) const
 void OpenCommand::run() const
 {
     const std::size_t count = m_list.selectedCount();
-    if (count > mostUnasked && !m_platform.messages.ask(question(count))) return;
+    if (count > mostUnasked && !m_platform.messages.ask(question(count), Question::Harmless)) return;
     QStringList failures;
     const QString procedure =
         m_list.kind() == ViewKind::Documents ? QStringLiteral("openDoc") : QStringLiteral("openOrgChart");

@@ -91,7 +91,7 @@ void RelatedCommands::follow(RelatedCommand command)
     if (!isFollowed) return;
     if (outcome.view) {
         m_state.history.addView(*outcome.view);
-    } else if (m_platform.messages.ask(outcome.question)) {
+    } else if (m_platform.messages.ask(outcome.question, Question::Harmless)) {
         Q_EMIT additionWanted(outcome.addition);
     }
 }

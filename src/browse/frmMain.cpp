@@ -351,7 +351,7 @@ void frmMain::UpdateHistoryList()
 
 void frmMain::closeEvent(QCloseEvent* event)
 {
-    if (!m_platform.messages.ask(tr("Are you sure you want to exit?"))) {
+    if (!m_platform.messages.ask(tr("Are you sure you want to exit?"), Question::Loss)) {
         event->ignore();
         return;
     }

@@ -10,6 +10,7 @@
 #include "platform/Messages.h"
 #include "platform/Shell.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -63,7 +64,7 @@ void RecordDialog::makeButtons()
     buttons->addButton(m_cancel, QDialogButtonBox::RejectRole);
     m_layout->addWidget(buttons);
     connect(m_ok, &QPushButton::clicked, this, &RecordDialog::cmdOK);
-    connect(m_cancel, &QPushButton::clicked, this, &RecordDialog::cmdCancel);
+    connect(m_cancel, &QPushButton::clicked, this, &RecordDialog::reject);
     // in a text of several lines the Return key alone begins the next line
     for (const QKeyCombination key : {Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter}) {
         connect(new QShortcut(key, this), &QShortcut::activated, m_ok, &QPushButton::click);
@@ -105,16 +106,12 @@ void RecordDialog::cmdOK()
     if (saveRecord()) accept();
 }
 
-void RecordDialog::cmdCancel()
-{
-    m_state.editCancelled = true;
-    QDialog::reject();
-}
-
 void RecordDialog::reject()
 {
-    if (isChanged() && !m_platform.messages.ask(tr("Close without saving your changes?"))) return;
-    cmdCancel();
+    const QString question = tr("Close without saving your changes?");
+    if (isChanged() && !m_platform.messages.ask(question, Question::Discard)) return;
+    m_state.editCancelled = true;
+    QDialog::reject();
 }
 
 void RecordDialog::setVisible(bool visible)
@@ -156,7 +153,9 @@ void RecordDialog::bringIntoSight(QWidget* field)
     if (!field->isVisible()) return;
     findChild<QScrollArea*>(QStringLiteral("scrollArea"))->ensureWidgetVisible(field);
     field->setFocus(Qt::OtherFocusReason);
-    if (auto* line = qobject_cast<QLineEdit*>(field)) line->selectAll();
+    const auto* combo = qobject_cast<QComboBox*>(field);
+    QLineEdit* line = combo == nullptr ? qobject_cast<QLineEdit*>(field) : combo->lineEdit();
+    if (line != nullptr) line->selectAll();
 }
 
 void RecordDialog::fillCombo(EntryCombo& combo, const std::function<void(std::vector<ListEntry>&)>& fill)

@@ -22,8 +22,8 @@ class QVBoxLayout;
 /// What the three editors have in common: their modes, the two buttons, and what happens to what was typed.
 ///
 /// Lives for one opening, which ends when OK has saved the record or the user leaves. OK in a dialog for
-/// viewing turns it into one for editing. Cancel leaves at once; Esc and the window's close button ask first
-/// where something was changed. Whoever leaves without saving sets the program's flag.
+/// viewing turns it into one for editing. Cancel, Esc and the window's close button ask first if something
+/// was changed. Whoever leaves without saving sets the program's flag.
 class RecordDialog : public QDialog
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ public:
     /// The name under which it was last read or written.
     [[nodiscard]] virtual QString recordName() const = 0;
 
-    /// Asks where something was changed; the way of Esc and of the window's close button.
+    /// Asks if something was changed; the way of Cancel, Esc and the window's close button.
     void reject() override;
     void done(int result) override;
     void setVisible(bool visible) override;
@@ -102,7 +102,6 @@ private:
     void makeButtons();
     void setMode(EditorMode mode);
     void cmdOK();
-    void cmdCancel();
     void pickFor(LinkList& list);
     [[nodiscard]] bool isChanged() const;
     void bringIntoSight(QWidget* field);

@@ -111,10 +111,12 @@ bool RecordEditors::mayDelete(ViewKind kind, const std::vector<ListEntry>& recor
 {
     if (records.size() == 1) {
         return m_platform.messages.ask(QStringLiteral("Are you sure you want to delete the %1 \"%2\"?")
-                                           .arg(kindWord(kind), records.front().display));
+                                           .arg(kindWord(kind), records.front().display),
+                                       Question::Loss);
     }
     return m_platform.messages.ask(
-        tr("Are you sure you want to delete the %1 selected %2s?").arg(records.size()).arg(kindWord(kind)));
+        tr("Are you sure you want to delete the %1 selected %2s?").arg(records.size()).arg(kindWord(kind)),
+        Question::Loss);
 }
 
 /// What the user is told after several records were deleted: how many, and which.

@@ -2,31 +2,46 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace {
 
 /// A box as wide as its text needs, with the text as it is: what a record holds is never read as markup.
-QMessageBox::StandardButton run(QMessageBox::Icon icon, const QString& text,
-                                QMessageBox::StandardButtons buttons, QMessageBox::StandardButton escape)
+void prepare(QMessageBox& box, QMessageBox::Icon icon, const QString& text)
 {
-    QMessageBox box(icon, QApplication::applicationDisplayName(), text, buttons,
-                    QApplication::activeWindow());
+    box.setIcon(icon);
+    box.setWindowTitle(QApplication::applicationDisplayName());
     box.setTextFormat(Qt::PlainText);
-    box.setEscapeButton(escape);
-    return static_cast<QMessageBox::StandardButton>(box.exec());
+    box.setText(text);
 }
 
 } // namespace
 
 void DesktopMessages::show(const QString& text)
 {
-    run(QMessageBox::NoIcon, text, QMessageBox::Ok, QMessageBox::Ok);
+    QMessageBox box(QApplication::activeWindow());
+    prepare(box, QMessageBox::NoIcon, text);
+    box.setStandardButtons(QMessageBox::Ok);
+    box.exec();
 }
 
-bool DesktopMessages::ask(const QString& question)
+bool DesktopMessages::ask(const QString& text, Question about)
 {
-    return run(QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
-           QMessageBox::Yes;
+    QMessageBox box(QApplication::activeWindow());
+    prepare(box, QMessageBox::Question, text);
+    QPushButton* yes = nullptr;
+    QPushButton* no = nullptr;
+    if (about == Question::Discard) {
+        yes = box.addButton(QStringLiteral("&Discard"), QMessageBox::DestructiveRole);
+        no = box.addButton(QStringLiteral("&Keep Editing"), QMessageBox::RejectRole);
+    } else {
+        yes = box.addButton(QMessageBox::Yes);
+        no = box.addButton(QMessageBox::No);
+    }
+    box.setDefaultButton(about == Question::Harmless ? yes : no);
+    box.setEscapeButton(no);
+    box.exec();
+    return box.clickedButton() == yes;
 }
 
 void DesktopMessages::beep()

@@ -7,6 +7,6 @@ class DesktopMessages final : public Messages
 {
 public:
     void show(const QString& text) override;
-    [[nodiscard]] bool ask(const QString& question) override;
+    [[nodiscard]] bool ask(const QString& text, Question about) override;
     void beep() override;
 };

@@ -2,6 +2,14 @@
 
 #include <QString>
 
+/// What a question is about, which decides its buttons and which of them the Return key means.
+enum class Question
+{
+    Harmless, ///< "Yes" and "No"; Return means "Yes"
+    Loss,     ///< "Yes" and "No" where Yes loses something; Return means "No"
+    Discard   ///< "Discard" and "Keep Editing" where something typed is lost; Return means "Keep Editing"
+};
+
 /// What the program says to its user and asks of them. The only door to message boxes and to the bell.
 class Messages
 {
@@ -11,8 +19,8 @@ public:
     /// One message with an OK button and no title of its own.
     virtual void show(const QString& text) = 0;
 
-    /// A question with Yes and No; true for Yes. Closing the box answers No.
-    [[nodiscard]] virtual bool ask(const QString& question) = 0;
+    /// A question with two answers; true for "Yes" or "Discard". Closing the box gives the other one.
+    [[nodiscard]] virtual bool ask(const QString& text, Question about) = 0;
 
     virtual void beep() = 0;
 

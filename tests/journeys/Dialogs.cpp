@@ -76,6 +76,13 @@ std::string OpenDialog::focus() const
     return widget == nullptr ? std::string() : widget->objectName().toStdString();
 }
 
+void discard(OpenDialog& dialog, ScriptedMessages& messages)
+{
+    messages.expectQuestion(QStringLiteral("Close without saving your changes?"), true, Question::Discard);
+    dialog.click("cmdCancel");
+    messages.finish();
+}
+
 namespace {
 
 /// There is no window manager here to give a window the focus.

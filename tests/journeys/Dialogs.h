@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/ScriptedPlatform.h"
+
 #include <QDialog>
 #include <QString>
 
@@ -46,6 +48,9 @@ public:
 private:
     QDialog& m_dialog;
 };
+
+/// Leaves an editor in which something was changed, by Cancel.
+void discard(OpenDialog& dialog, ScriptedMessages& messages);
 
 /// Runs `open`, which opens a modal dialog of that name and returns when it is closed, and `work` while it is
 /// open. Work that leaves it open, and a dialog that never opens, fail the test.

@@ -371,7 +371,8 @@ TEST_F(MapJourney, TheGraphicStaysWhereItWasPut)
     QApplication::processEvents();
     journey.find<QSplitter>("splitter").setSizes({100, 300});
     journey.trigger("mnuNavigateHome");
-    journey.desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to exit?"), true);
+    journey.desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to exit?"), true,
+                                            Question::Loss);
     journey.program->window()->close();
 
     journey.start();

@@ -153,7 +153,8 @@ TEST(Navigation, TheWindowAndItsColumnsAreAsTheyWere)
             journey.list().setColumnWidth(column, 60);
         EXPECT_EQ(journey.list().header()->length(), journey.list().viewport()->width());
         journey.program->window()->setGeometry(3, 70, 790, 520);
-        journey.desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to exit?"), true);
+        journey.desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to exit?"), true,
+                                                Question::Loss);
         journey.trigger("mnuNavigateExit");
         kept = journey.desktop.settings;
     }

@@ -94,7 +94,7 @@ TEST_F(OpenDatabase, ConvertsAnAccessFileThatTheSettingsName)
         QStringLiteral("Users.dat was converted before, to Users.sqlite.\n\nDo you want to convert it again "
                        "and replace that "
                        "database? Whatever was added to it since is then lost. No opens it as it is."),
-        false);
+        false, Question::Loss);
     journey.start(QStringLiteral("Users.dat"));
     journey.trigger("mnuViewDocuments");
     EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 139 Documents"));
@@ -129,12 +129,12 @@ TEST_F(OpenDatabase, BringsADatabaseOfTheProgramIntoTheDataFolderAndReplacesNone
     const QString question =
         QStringLiteral("The data folder holds a database test.sqlite already.\n\nDo you want to replace "
                        "it? What it holds is then lost.");
-    journey.desktop.messages.expectQuestion(question, false);
+    journey.desktop.messages.expectQuestion(question, false, Question::Loss);
     journey.trigger("mnuOpenDatabase");
     journey.trigger("mnuViewEvents");
     EXPECT_EQ(journey.column(0), "");
 
-    journey.desktop.messages.expectQuestion(question, true);
+    journey.desktop.messages.expectQuestion(question, true, Question::Loss);
     journey.trigger("mnuOpenDatabase");
     journey.trigger("mnuViewEvents");
     EXPECT_EQ(journey.column(0), "Other");

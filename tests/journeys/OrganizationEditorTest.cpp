@@ -114,7 +114,7 @@ TEST_F(OrganizationEditor, AddsARecordWithItsProfile)
 
 TEST_F(OrganizationEditor, RefillsTheSubTypesOfAnotherType)
 {
-    editFirst([](OpenDialog& dialog) {
+    editFirst([&](OpenDialog& dialog) {
         auto& subTypes = dialog.find<QComboBox>("cmbOrgSubTypes");
         EXPECT_EQ(dialog.text("cmbOrgSubTypes"), "Police");
         dialog.choose("cmbOrgTypes", QStringLiteral("Private"));
@@ -123,7 +123,7 @@ TEST_F(OrganizationEditor, RefillsTheSubTypesOfAnotherType)
         dialog.choose("cmbOrgTypes", QStringLiteral("State"));
         EXPECT_EQ(subTypes.count(), 3);
         EXPECT_EQ(dialog.text("cmbOrgSubTypes"), "None");
-        dialog.click("cmdCancel");
+        discard(dialog, messages());
     });
 }
 
@@ -182,7 +182,8 @@ TEST_F(OrganizationEditor, DoesNotTakeALookAtTheOtherTabForAChange)
     editFirst([&](OpenDialog& dialog) {
         dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
         dialog.tick("lvPopulations", QStringLiteral("Adults"));
-        messages().expectQuestion(QStringLiteral("Close without saving your changes?"), true);
+        messages().expectQuestion(QStringLiteral("Close without saving your changes?"), true,
+                                  Question::Discard);
         dialog.press(Qt::Key_Escape);
     });
 }

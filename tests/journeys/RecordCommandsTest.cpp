@@ -39,10 +39,10 @@ TEST_F(RecordCommands, DeleteAsksByNameAndShowsTheListAgain)
     journey.trigger("mnuViewDocuments");
     choose(1);
     const QString question = QStringLiteral("Are you sure you want to delete the Document \"Three \"3\"\"?");
-    messages().expectQuestion(question, false);
+    messages().expectQuestion(question, false, Question::Loss);
     QTest::keyClick(&journey.list(), Qt::Key_Delete);
     EXPECT_EQ(journey.column(0), "One|Three \"3\"|Two|Zero");
-    messages().expectQuestion(question, true);
+    messages().expectQuestion(question, true, Question::Loss);
     messages().expectMessage(QStringLiteral("Document ID 3 successfully deleted."));
     QTest::keyClick(&journey.list(), Qt::Key_Delete);
     EXPECT_EQ(journey.column(0), "One|Two|Zero");
@@ -52,13 +52,14 @@ TEST_F(RecordCommands, DeleteAsksByNameAndShowsTheListAgain)
 
     journey.trigger("mnuViewEvents");
     choose(0);
-    messages().expectQuestion(QStringLiteral("Are you sure you want to delete the Event \"Flood\"?"), true);
+    messages().expectQuestion(QStringLiteral("Are you sure you want to delete the Event \"Flood\"?"), true,
+                              Question::Loss);
     messages().expectMessage(QStringLiteral("Event ID 2 successfully deleted."));
     journey.trigger("mnuRecordDelete");
     journey.trigger("mnuViewOrganizations");
     choose(0);
     messages().expectQuestion(QStringLiteral("Are you sure you want to delete the Organization \"Agency\"?"),
-                              true);
+                              true, Question::Loss);
     messages().expectMessage(QStringLiteral("Organization ID 2 successfully deleted."));
     journey.trigger("mnuRecordDelete");
     messages().finish();
@@ -75,7 +76,7 @@ TEST_F(RecordCommands, DeleteAsksOnceForSeveralAndSendsOneNotice)
     QTest::keyClick(&journey.list(), Qt::Key_Down, Qt::ShiftModifier);
     QTest::keyClick(&journey.list(), Qt::Key_Down, Qt::ShiftModifier);
     messages().expectQuestion(QStringLiteral("Are you sure you want to delete the 3 selected Documents?"),
-                              true);
+                              true, Question::Loss);
     messages().expectMessageBeginning(QStringLiteral("3 Documents successfully deleted.\n"));
     journey.trigger("mnuRecordDelete");
     messages().finish();

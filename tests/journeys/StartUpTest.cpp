@@ -173,13 +173,13 @@ TEST(StartUp, EndsOnlyWhenTheUserSaysYes)
     Journey journey;
     journey.start();
     const QString question = QStringLiteral("Are you sure you want to exit?");
-    journey.desktop.messages.expectQuestion(question, false);
+    journey.desktop.messages.expectQuestion(question, false, Question::Loss);
     journey.trigger("mnuNavigateExit");
     EXPECT_TRUE(journey.program->window()->isVisible());
-    journey.desktop.messages.expectQuestion(question, false);
+    journey.desktop.messages.expectQuestion(question, false, Question::Loss);
     journey.program->window()->close();
     EXPECT_TRUE(journey.program->window()->isVisible());
-    journey.desktop.messages.expectQuestion(question, true);
+    journey.desktop.messages.expectQuestion(question, true, Question::Loss);
     journey.program->window()->close();
     EXPECT_FALSE(journey.program->window()->isVisible());
 }

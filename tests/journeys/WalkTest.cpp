@@ -117,7 +117,8 @@ void Walk::changeAndDeleteIt()
         });
     EXPECT_EQ(journey.column(0), "Flood|Hearing of the House");
     journey.desktop.messages.expectQuestion(
-        QStringLiteral("Are you sure you want to delete the Event \"Hearing of the House\"?"), true);
+        QStringLiteral("Are you sure you want to delete the Event \"Hearing of the House\"?"), true,
+        Question::Loss);
     journey.desktop.messages.expectMessage(QStringLiteral("Event ID 3 successfully deleted."));
     journey.trigger("mnuRecordDelete");
     EXPECT_EQ(journey.column(0), "Flood");
@@ -135,10 +136,10 @@ TEST_F(Walk, ThroughEveryTaskOfTheGuide)
                              "try again."));
 
     const QString question = QStringLiteral("Are you sure you want to exit?");
-    journey.desktop.messages.expectQuestion(question, false);
+    journey.desktop.messages.expectQuestion(question, false, Question::Loss);
     journey.trigger("mnuNavigateExit");
     EXPECT_TRUE(journey.program->window()->isVisible());
-    journey.desktop.messages.expectQuestion(question, true);
+    journey.desktop.messages.expectQuestion(question, true, Question::Loss);
     journey.trigger("mnuNavigateExit");
     EXPECT_FALSE(journey.program->window()->isVisible());
     EXPECT_EQ(journey.database.ask("SELECT count(*) FROM Event_HIST WHERE EventID = 3"), QStringLiteral("2"));

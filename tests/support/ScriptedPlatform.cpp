@@ -18,7 +18,7 @@ void ScriptedMessages::finish()
     m_script.clear();
 }
 
-bool ScriptedMessages::take(const QString& text, bool question)
+bool ScriptedMessages::take(const QString& text, std::optional<Question> question)
 {
     if (m_script.empty()) {
         ADD_FAILURE() << "not in the script: " << text.toStdString();
@@ -35,12 +35,12 @@ bool ScriptedMessages::take(const QString& text, bool question)
 
 void ScriptedMessages::show(const QString& text)
 {
-    take(text, false);
+    take(text, std::nullopt);
 }
 
-bool ScriptedMessages::ask(const QString& question)
+bool ScriptedMessages::ask(const QString& text, Question about)
 {
-    return take(question, true);
+    return take(text, about);
 }
 
 QString ScriptedFileDialogs::openFile(const QString& title, const QString& filter)

@@ -15,6 +15,7 @@
 
 #include <deque>
 #include <map>
+#include <optional>
 
 /// Messages that follow a script of exact texts and answers. A message that is not next in the script, and a
 /// line of the script that was not used, each fail the test.
@@ -23,17 +24,23 @@ class ScriptedMessages final : public Messages
 public:
     ~ScriptedMessages() override;
 
-    void expectMessage(const QString& text) { m_script.push_back({text, false, false}); }
-    void expectQuestion(const QString& text, bool answer) { m_script.push_back({text, true, answer}); }
+    void expectMessage(const QString& text) { m_script.push_back({text}); }
+    void expectQuestion(const QString& text, bool answer, Question about = Question::Harmless)
+    {
+        m_script.push_back({text, about, answer});
+    }
 
     /// Expects a message of which only the beginning is known, as where the system words the rest.
-    void expectMessageBeginning(const QString& text) { m_script.push_back({text, false, false, true}); }
+    void expectMessageBeginning(const QString& text)
+    {
+        m_script.push_back({text, std::nullopt, false, true});
+    }
 
     /// Fails the test where lines are left, and forgets them.
     void finish();
 
     void show(const QString& text) override;
-    [[nodiscard]] bool ask(const QString& question) override;
+    [[nodiscard]] bool ask(const QString& text, Question about) override;
     void beep() override { ++beeps; }
 
     int beeps = 0;
@@ -42,11 +49,11 @@ private:
     struct Line
     {
         QString text;
-        bool question = false;
+        std::optional<Question> question = std::nullopt;
         bool answer = false;
         bool beginning = false;
     };
-    bool take(const QString& text, bool question);
+    bool take(const QString& text, std::optional<Question> question);
 
     std::deque<Line> m_script;
 };

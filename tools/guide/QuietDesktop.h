@@ -23,9 +23,9 @@ class QuietDesktop final : public Messages,
 {
 public:
     void show(const QString& text) override { std::fprintf(stderr, "message: %s\n", qPrintable(text)); }
-    [[nodiscard]] bool ask(const QString& question) override
+    [[nodiscard]] bool ask(const QString& text, Question /*about*/) override
     {
-        std::fprintf(stderr, "question: %s\n", qPrintable(question));
+        std::fprintf(stderr, "question: %s\n", qPrintable(text));
         return true;
     }
     void beep() override {}

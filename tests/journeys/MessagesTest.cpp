@@ -1,0 +1,50 @@
+#include "Dialogs.h"
+#include "platform/DesktopMessages.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(Messages, WhatLosesSomethingIsNotWhatReturnMeans)
+{
+    const struct
+    {
+        Question about;
+        const char* yes;
+        const char* no;
+        bool answerToReturn;
+    } questions[] = {{Question::Harmless, "&Yes", "&No", true},
+                     {Question::Loss, "&Yes", "&No", false},
+                     {Question::Discard, "&Discard", "&Keep Editing", false}};
+    DesktopMessages messages;
+    const auto ask = [&](Question about, const std::function<void(QMessageBox&)>& work) {
+        bool answer = false;
+        inDialog(
+            "", [&] { answer = messages.ask(QStringLiteral("<b>Sure?</b>"), about); },
+            [&](OpenDialog& dialog) { work(static_cast<QMessageBox&>(dialog.dialog())); });
+        return answer;
+    };
+    const auto press = [](Qt::Key key) {
+        return [key](QMessageBox& box) { QTest::keyClick(box.focusWidget(), key); };
+    };
+    for (const auto& [about, yes, no, answerToReturn] : questions) {
+        EXPECT_EQ(ask(about, press(Qt::Key_Return)), answerToReturn) << yes;
+        EXPECT_FALSE(ask(about, press(Qt::Key_Escape))) << yes;
+        EXPECT_FALSE(ask(about, [](QMessageBox& box) { box.close(); })) << yes;
+        for (const char* text : {yes, no}) {
+            const bool answer = ask(about, [&](QMessageBox& box) {
+                EXPECT_EQ(box.textFormat(), Qt::PlainText);
+                for (QAbstractButton* button : box.buttons()) {
+                    if (button->text() == QString::fromLatin1(text)) button->click();
+                }
+            });
+            EXPECT_EQ(answer, text == yes) << text;
+        }
+    }
+}
+
+} // namespace
