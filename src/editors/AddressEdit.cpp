@@ -4,7 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
-AddressEdit::AddressEdit(QWidget* parent) : QLineEdit(parent)
+AddressEdit::AddressEdit(QWidget* parent) : LineEdit(parent)
 {
     connect(this, &QLineEdit::textChanged, this, &AddressEdit::showAsLinkOrText);
 }
@@ -25,7 +25,7 @@ bool AddressEdit::isLink() const
 
 void AddressEdit::changeEvent(QEvent* event)
 {
-    QLineEdit::changeEvent(event);
+    LineEdit::changeEvent(event);
     if (event->type() == QEvent::ReadOnlyChange) showAsLinkOrText();
 }
 
@@ -46,7 +46,7 @@ void AddressEdit::showAsLinkOrText()
 
 void AddressEdit::mouseReleaseEvent(QMouseEvent* event)
 {
-    QLineEdit::mouseReleaseEvent(event);
+    LineEdit::mouseReleaseEvent(event);
     const bool isClick = event->button() == Qt::LeftButton && rect().contains(event->pos());
     if (isClick && !hasSelectedText() && isLink()) Q_EMIT opened(link());
 }
@@ -57,5 +57,5 @@ void AddressEdit::keyPressEvent(QKeyEvent* event)
         Q_EMIT opened(link());
         return;
     }
-    QLineEdit::keyPressEvent(event);
+    LineEdit::keyPressEvent(event);
 }

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <QLineEdit>
+#include "platform/LineEdit.h"
+
 #include <QUrl>
 
 /// A line for an address of the web. While it is read-only, the address looks like a link and a click or the
 /// space bar asks to open it.
-class AddressEdit final : public QLineEdit
+class AddressEdit final : public LineEdit
 {
     Q_OBJECT
 

@@ -1,16 +1,17 @@
 #include "editors/ChartField.h"
 
+#include "editors/PathEdit.h"
+
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
 
 ChartField::ChartField(QWidget* parent)
     : QWidget(parent),
-      txtOrganizationChart(new QLineEdit(this)),
+      txtOrganizationChart(new PathEdit(this)),
       cmdUploadOrgChart(new QPushButton(tr("Browse…"), this)),
       m_warning(new QWidget(this)),
       m_warningText(new QLabel(m_warning)),
@@ -18,7 +19,6 @@ ChartField::ChartField(QWidget* parent)
 {
     txtOrganizationChart->setObjectName(QStringLiteral("txtOrganizationChart"));
     txtOrganizationChart->setAccessibleName(tr("Organization chart"));
-    txtOrganizationChart->setPlaceholderText(tr("Browse, type a path or drop a file here"));
     cmdUploadOrgChart->setObjectName(QStringLiteral("cmdUploadOrgChart"));
     cmdUploadOrgChart->setAutoDefault(false);
     m_warning->setObjectName(QStringLiteral("fraChartWarning"));
@@ -46,13 +46,13 @@ ChartField::ChartField(QWidget* parent)
     dropWarning();
 
     connect(cmdUploadOrgChart, &QPushButton::clicked, this, &ChartField::browsePressed);
-    connect(txtOrganizationChart, &QLineEdit::textChanged, this, &ChartField::pathChanged);
+    connect(txtOrganizationChart, &PathEdit::textChanged, this, [this] { Q_EMIT pathChanged(this->path()); });
     connect(m_takeCopy, &QPushButton::clicked, this, [this] { setPath(m_storedCopy); });
 }
 
 QString ChartField::path() const
 {
-    return txtOrganizationChart->text();
+    return txtOrganizationChart->path();
 }
 
 void ChartField::setPath(const QString& path)

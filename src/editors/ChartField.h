@@ -4,8 +4,8 @@
 
 #include <optional>
 
+class PathEdit;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 /// The path of an organization's chart, with a button that browses for it. Where a save would drop the chart,
@@ -29,7 +29,7 @@ Q_SIGNALS:
     void pathChanged(const QString& path);
 
 private:
-    QLineEdit* txtOrganizationChart;
+    PathEdit* txtOrganizationChart;
     QPushButton* cmdUploadOrgChart;
     QWidget* m_warning;
     QLabel* m_warningText;

@@ -1,10 +1,11 @@
 #include "editors/FormGrid.h"
 
+#include "platform/LineEdit.h"
+#include "platform/TextEdit.h"
+
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
 
 namespace {
 
@@ -70,7 +71,7 @@ void FormGrid::addPlain(QWidget* field, int pairs)
 
 QLineEdit* FormGrid::line(const char* name, const QString& caption, int pairs)
 {
-    auto* field = new QLineEdit(m_form);
+    auto* field = new LineEdit(m_form);
     field->setObjectName(QString::fromLatin1(name));
     add(caption, field, pairs);
     return field;
@@ -78,7 +79,7 @@ QLineEdit* FormGrid::line(const char* name, const QString& caption, int pairs)
 
 QPlainTextEdit* FormGrid::text(const char* name, const QString& caption, int stretch)
 {
-    auto* field = new QPlainTextEdit(m_form);
+    auto* field = new TextEdit(m_form);
     field->setObjectName(QString::fromLatin1(name));
     field->setTabChangesFocus(true);
     field->setMinimumHeight(field->fontMetrics().lineSpacing() * linesOfText + 2 * field->frameWidth() +

@@ -24,7 +24,7 @@ const QDate lastDay(9999, 12, 31);
 
 PickerEdit::PickerEdit(const QString& placeholder, const QString& whatIsExpected, QChar separator,
                        QWidget* parent)
-    : QLineEdit(parent), m_separator(separator), m_mark(new QAction(this))
+    : LineEdit(parent), m_separator(separator), m_mark(new QAction(this))
 {
     setPlaceholderText(placeholder);
     setClearButtonEnabled(true);
@@ -68,7 +68,7 @@ void PickerEdit::keyPressEvent(QKeyEvent* event)
         step(event->key() == Qt::Key_Up ? 1 : -1);
         return;
     }
-    QLineEdit::keyPressEvent(event);
+    LineEdit::keyPressEvent(event);
 }
 
 void PickerEdit::step(int steps)

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/LineEdit.h"
+
 #include <QDate>
-#include <QLineEdit>
 
 #include <optional>
 
@@ -10,7 +11,7 @@ class QAction;
 /// A line for a date or a time that can be left empty and typed into. What can be read takes its usual form
 /// when the line is left; what cannot stays as typed, with a mark that says so. The up and down keys count
 /// the part at the cursor.
-class PickerEdit : public QLineEdit
+class PickerEdit : public LineEdit
 {
     Q_OBJECT
 

@@ -3,6 +3,7 @@
 #include "editors/PickListModel.h"
 #include "editors/PickListView.h"
 #include "editors/WindowSize.h"
+#include "platform/LineEdit.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 
@@ -11,7 +12,6 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -35,7 +35,7 @@ frmPicList::frmPicList(const Platform& platform, DatabaseSession& session, QWidg
 
 void frmPicList::makeParts()
 {
-    m_filter = new QLineEdit(this);
+    m_filter = new LineEdit(this);
     m_filter->setObjectName(QStringLiteral("txtFilter"));
     m_filter->setAccessibleName(tr("Filter"));
     m_filter->setPlaceholderText(tr("Show only rows with these words"));

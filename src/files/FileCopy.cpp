@@ -168,6 +168,11 @@ std::string FileCopy::read(const fs::path& file)
     return content;
 }
 
+void FileCopy::requireReadable(const fs::path& file)
+{
+    openFile(file);
+}
+
 void FileCopy::copyFile(const fs::path& from, const fs::path& to)
 {
     const Unfinished unfinished(to, "upload-");

@@ -11,6 +11,9 @@ namespace FileCopy {
 /// The content of a file. Throws Error for what is no file.
 std::string read(const std::filesystem::path& file);
 
+/// Throws Error for what is no file or cannot be read.
+void requireReadable(const std::filesystem::path& file);
+
 /// Replaces a file by a copy of another.
 void copyFile(const std::filesystem::path& from, const std::filesystem::path& to);
 

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QUrl>
 
 #include <cerrno>
 #include <filesystem>
@@ -88,6 +89,24 @@ std::optional<QString> FileUpload::existingFile(const QString& chosenPath)
         if (fs::exists(status) && !fs::is_directory(status)) return path;
     }
     return std::nullopt;
+}
+
+QString FileUpload::typedPath(const QString& text)
+{
+    if (existingFile(text)) return text;
+    QString path = text;
+    path.remove(u'\n').remove(u'\r');
+    path = path.trimmed();
+    const bool isQuoted =
+        path.size() > 1 && path.front() == path.back() && (path.front() == u'"' || path.front() == u'\'');
+    if (isQuoted) path = path.mid(1, path.size() - 2).trimmed();
+    if (!path.startsWith(QStringLiteral("file://"), Qt::CaseInsensitive)) return path;
+    return QUrl(path).toLocalFile();
+}
+
+void FileUpload::requireSource(const QString& chosenPath)
+{
+    FileCopy::requireReadable(sourceOf(chosenPath));
 }
 
 void FileUpload::convertDocument(const QString& chosenPath, qint64 documentId) const

@@ -22,6 +22,13 @@ public:
     /// no such file.
     static std::optional<QString> existingFile(const QString& chosenPath);
 
+    /// The path that a typed or pasted text means: without line ends, the blanks and quotes around it, and
+    /// `file://` before it. A text that names a file as it is stays as it is.
+    static QString typedPath(const QString& text);
+
+    /// Throws Error, as the copy would, where a chosen path means no file that can be read.
+    static void requireSource(const QString& chosenPath);
+
     /// Copies a document's file. A page with a folder of its own name and `_files` beside it is taken with
     /// that folder, and what the page says of the folder follows its new name.
     void convertDocument(const QString& chosenPath, qint64 documentId) const;

@@ -1,6 +1,7 @@
 #include "search/frmSearch.h"
 
 #include "app/ProgramState.h"
+#include "platform/LineEdit.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "platform/WaitCursor.h"
@@ -11,7 +12,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -57,7 +57,7 @@ QGroupBox* frmSearch::makeScopes()
 
 void frmSearch::makeKeywords()
 {
-    m_keywords = new QLineEdit(this);
+    m_keywords = new LineEdit(this);
     m_keywords->setObjectName(QStringLiteral("txtKeywords"));
     m_keywords->setAccessibleName(tr("Keywords"));
     m_keywords->setMinimumWidth(keywordWidth);

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/LineEdit.h"
+
+/// A line for the path of a file, which is typed, pasted or set.
+class PathEdit final : public LineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit PathEdit(QWidget* parent);
+
+    /// The path. What was typed may have come from a file manager or a terminal, and is cleaned of what these
+    /// put around a path; a path that the program set is as it was set.
+    [[nodiscard]] QString path() const;
+};
