@@ -20,6 +20,7 @@ struct DocumentRecord
     QString volume;
     QString url;
     QString originalFilename; ///< the path of the file to take, in the form that the user gave it
+    bool takesFile = false;   ///< whether an update copies that file; a new document always takes it
     bool keyDocument = false;
     QString documentDescription;
     QString notes;

@@ -88,6 +88,12 @@ void setConstants(EditableRecordSet& rows)
     rows.set(u"Status"_s, u"SUBMITTED"_s);
 }
 
+/// The name that a chosen file is stored under.
+QString storedName(qint64 id, const QString& chosenPath)
+{
+    return QString::number(id) + u'.' + FileUpload::extension(chosenPath);
+}
+
 void requireIdentifiers(const DocumentRecord& record)
 {
     recordIdentifier(record.fileTypeId);
@@ -167,22 +173,24 @@ std::optional<DocumentStore::Problem> DocumentStore::check(const DocumentRecord&
     return std::nullopt;
 }
 
-bool DocumentStore::hasActiveTitle(const QString& title) const
+bool DocumentStore::hasOtherActiveTitle(const DocumentRecord& record) const
 {
     return RecordValues::hasRow(m_state.session, u"SELECT * FROM Document WHERE DocumentName LIKE "_s +
-                                                     RecordValues::quotedTitle(title) +
-                                                     u" AND dStatus = 'ACTIVE'"_s);
+                                                     RecordValues::quotedTitle(record.documentName) +
+                                                     u" AND dStatus = 'ACTIVE'"_s +
+                                                     RecordValues::exceptFor(u"DocumentID", record.id));
 }
 
 std::optional<DocumentStore::Problem> DocumentStore::saveDocument(DocumentRecord& record)
 {
     requireIdentifiers(record);
     Transaction transaction(m_state.session);
-    if (hasActiveTitle(record.documentName)) {
+    if (hasOtherActiveTitle(record)) {
         return Problem{DocumentField::DocumentName,
                        u"Document with identical title already exists. Please choose a different title."_s};
     }
-    addRow(record);
+    FileUpload::requireSource(record.originalFilename);
+    writeRow(record);
     FileUpload(m_state).convertDocument(record.originalFilename, record.id);
     writeLinks(record);
     writeHistory(record);
@@ -190,29 +198,41 @@ std::optional<DocumentStore::Problem> DocumentStore::saveDocument(DocumentRecord
     return std::nullopt;
 }
 
-void DocumentStore::addRow(DocumentRecord& record)
+/// The row is a new one, or that of a save that failed half-way.
+void DocumentStore::writeRow(DocumentRecord& record)
 {
-    EditableRecordSet rows = m_state.session.edit(recordStatement(-1));
-    rows.addNew();
+    EditableRecordSet rows = m_state.session.edit(recordStatement(record.id));
+    if (rows.atEnd()) rows.addNew();
     const std::int16_t id = recordIdentifier(std::get<qint64>(rows.value(u"DocumentID")));
-    const QString fileLocation = QString::number(id) + u'.' + FileUpload::extension(record.originalFilename);
     setTextsAndFlag(rows, record, true);
     rows.set(u"ReleaseForm"_s, RecordValues::flag(true));
     setConstants(rows);
+    const QString fileLocation = storedName(id, record.originalFilename);
     rows.set(u"FileLocation"_s, fileLocation);
     rows.update();
     record.id = id;
     record.fileLocation = fileLocation;
 }
 
-void DocumentStore::updateDocument(const DocumentRecord& record)
+bool DocumentStore::hasFile(const DocumentRecord& record) const
+{
+    return m_state.folder.find(m_state.folders.documents, record.fileLocation).has_value();
+}
+
+void DocumentStore::updateDocument(DocumentRecord record)
 {
     recordIdentifier(record.id);
     requireIdentifiers(record);
     Transaction transaction(m_state.session);
     EditableRecordSet rows = RecordValues::openRecord(m_state.session, recordStatement(record.id));
-    setTextsAndFlag(rows, record, false);
+    if (record.takesFile) {
+        FileUpload::requireSource(record.originalFilename);
+        record.fileLocation = storedName(record.id, record.originalFilename);
+        rows.set(u"FileLocation"_s, record.fileLocation);
+    }
+    setTextsAndFlag(rows, record, record.takesFile);
     rows.update();
+    if (record.takesFile) FileUpload(m_state).convertDocument(record.originalFilename, record.id);
     writeLinks(record);
     writeHistory(record);
     transaction.commit();

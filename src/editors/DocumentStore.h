@@ -47,19 +47,24 @@ public:
     [[nodiscard]] static std::optional<Problem> check(const DocumentRecord& record);
 
     /// Adds the record and copies its file; `record.id` and `record.fileLocation` are known afterwards, also
-    /// where a later step failed. Gives a problem, and writes nothing, where an active document has that
-    /// title.
+    /// if a later step failed. A record that such a failure left unfinished is completed. Returns a problem,
+    /// and writes nothing, if another active document has that title. Throws Error, and writes nothing, if
+    /// there is no file to copy.
     [[nodiscard]] std::optional<Problem> saveDocument(DocumentRecord& record);
 
-    /// Writes a record that exists. Throws Error where it is gone meanwhile; nothing is written then.
-    void updateDocument(const DocumentRecord& record);
+    /// Whether the document's stored file is in the program's folder.
+    [[nodiscard]] bool hasFile(const DocumentRecord& record) const;
+
+    /// Writes a record that exists, and copies a file for it if the record takes one. Throws Error if the
+    /// record is gone meanwhile or there is no file to copy; nothing is written then.
+    void updateDocument(DocumentRecord record);
 
     /// Marks a record as deleted, and gives the message that says so.
     QString deleteDocument(qint64 id);
 
 private:
-    [[nodiscard]] bool hasActiveTitle(const QString& title) const;
-    void addRow(DocumentRecord& record);
+    [[nodiscard]] bool hasOtherActiveTitle(const DocumentRecord& record) const;
+    void writeRow(DocumentRecord& record);
     void writeLinks(const DocumentRecord& record);
     void writeHistory(const DocumentRecord& record);
 

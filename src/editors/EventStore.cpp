@@ -197,23 +197,24 @@ std::optional<EventStore::Problem> EventStore::check(const EventRecord& record)
     return unreadableMoment(record);
 }
 
-bool EventStore::hasActiveTitle(const QString& title) const
+bool EventStore::hasOtherActiveTitle(const EventRecord& record) const
 {
     return RecordValues::hasRow(m_state.session, u"SELECT * FROM Event WHERE EventName LIKE "_s +
-                                                     RecordValues::quotedTitle(title) +
-                                                     u" AND Status = 'ACTIVE'"_s);
+                                                     RecordValues::quotedTitle(record.eventName) +
+                                                     u" AND Status = 'ACTIVE'"_s +
+                                                     RecordValues::exceptFor(u"EventID", record.id));
 }
 
 std::optional<EventStore::Problem> EventStore::saveEvent(EventRecord& record)
 {
     requireIdentifiers(record);
     Transaction transaction(m_state.session);
-    if (hasActiveTitle(record.eventName)) {
+    if (hasOtherActiveTitle(record)) {
         return Problem{EventField::EventName,
                        u"Event with identical title already exists. Please choose a different title."_s};
     }
-    EditableRecordSet rows = m_state.session.edit(recordStatement(-1));
-    rows.addNew();
+    EditableRecordSet rows = m_state.session.edit(recordStatement(record.id));
+    if (rows.atEnd()) rows.addNew();
     const std::int16_t id = recordIdentifier(std::get<qint64>(rows.value(u"EventID")));
     setValues(rows, record);
     setConstants(rows);

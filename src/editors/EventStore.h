@@ -46,9 +46,10 @@ public:
     /// The first required field that is empty; else the first date or time that cannot be read.
     [[nodiscard]] static std::optional<Problem> check(const EventRecord& record);
 
-    /// Adds the record; `record.id` is known afterwards, also where a later step failed. Gives a problem, and
-    /// writes nothing, where an active event has that title. Like `updateEvent`, throws Error before anything
-    /// is written where a date or time cannot be read.
+    /// Adds the record; `record.id` is known afterwards, also if a later step failed. A record that such a
+    /// failure left unfinished is completed. Returns a problem, and writes nothing, if another active event
+    /// has that title. Like `updateEvent`, throws Error before anything is written where a date or time
+    /// cannot be read.
     [[nodiscard]] std::optional<Problem> saveEvent(EventRecord& record);
 
     /// Writes a record that exists. Throws Error where it is gone meanwhile; nothing is written then.
@@ -62,7 +63,7 @@ public:
     [[nodiscard]] static std::optional<QDateTime> getStartDate(const EventRecord& record);
 
 private:
-    [[nodiscard]] bool hasActiveTitle(const QString& title) const;
+    [[nodiscard]] bool hasOtherActiveTitle(const EventRecord& record) const;
     void writeLinks(const EventRecord& record);
     void writeHistory(const EventRecord& record);
 

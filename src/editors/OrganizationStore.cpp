@@ -228,23 +228,25 @@ ChartPath OrganizationStore::chartPath(qint64 id, const QString& path) const
     return {false, FileUpload(m_state).storedChart(path, id)};
 }
 
-bool OrganizationStore::hasActiveName(const QString& name) const
+bool OrganizationStore::hasOtherActiveName(const OrganizationRecord& record) const
 {
     return RecordValues::hasRow(m_state.session,
                                 u"SELECT * FROM Organization WHERE OrganizationName LIKE "_s +
-                                    RecordValues::quotedTitle(name) + u" AND Status = 'ACTIVE'"_s);
+                                    RecordValues::quotedTitle(record.organizationName) +
+                                    u" AND Status = 'ACTIVE'"_s +
+                                    RecordValues::exceptFor(u"OrganizationID", record.id));
 }
 
 std::optional<OrganizationStore::Problem> OrganizationStore::saveOrganization(OrganizationRecord& record)
 {
     requireWritable(record);
     Transaction transaction(m_state.session);
-    if (hasActiveName(record.organizationName)) {
+    if (hasOtherActiveName(record)) {
         return Problem{OrganizationField::OrganizationName,
                        u"Organization with identical name already exists. Please choose a different name."_s};
     }
-    EditableRecordSet rows = m_state.session.edit(recordStatement(-1));
-    rows.addNew();
+    EditableRecordSet rows = m_state.session.edit(recordStatement(record.id));
+    if (rows.atEnd()) rows.addNew();
     const std::int16_t id = recordIdentifier(std::get<qint64>(rows.value(u"OrganizationID")));
     setValues(rows, record);
     setConstants(rows);

@@ -61,8 +61,9 @@ public:
     /// What a save of that organization does with a path in its chart field.
     [[nodiscard]] ChartPath chartPath(qint64 id, const QString& path) const;
 
-    /// Adds the record and copies its chart; `record.id` is known afterwards, also where a later step failed.
-    /// Gives a problem, and writes nothing, where an active organization has that name.
+    /// Adds the record and copies its chart; `record.id` is known afterwards, also if a later step failed.
+    /// A record that such a failure left unfinished is completed. Returns a problem, and writes nothing, if
+    /// another active organization has that name.
     [[nodiscard]] std::optional<Problem> saveOrganization(OrganizationRecord& record);
 
     /// Writes a record that exists. Throws Error where it is gone meanwhile; nothing is written then.
@@ -72,7 +73,7 @@ public:
     QString deleteOrganization(qint64 id);
 
 private:
-    [[nodiscard]] bool hasActiveName(const QString& name) const;
+    [[nodiscard]] bool hasOtherActiveName(const OrganizationRecord& record) const;
     void writeProfile(const OrganizationRecord& record);
     void writeLinks(const OrganizationRecord& record);
     void writeHistory(const OrganizationRecord& record);

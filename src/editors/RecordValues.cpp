@@ -71,3 +71,8 @@ QString RecordValues::quotedTitle(const QString& title)
 {
     return u'"' + QString(title).replace(u'"', u'%') + u'"';
 }
+
+QString RecordValues::exceptFor(QStringView idColumn, qint64 id)
+{
+    return id < 0 ? QString() : QStringLiteral(" AND %1 <> %2").arg(idColumn, QString::number(id));
+}

@@ -39,4 +39,8 @@ bool hasRow(DatabaseSession& session, const QString& statement);
 /// cannot end the text.
 QString quotedTitle(const QString& title);
 
+/// A condition, to stand at the end of a statement, that leaves a record out; empty for one that was never
+/// saved.
+QString exceptFor(QStringView idColumn, qint64 id);
+
 } // namespace RecordValues

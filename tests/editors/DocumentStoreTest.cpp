@@ -12,6 +12,7 @@ constexpr int overflow = 6;
 constexpr int gone = 12;
 constexpr int refused = 1;
 constexpr int noSuchFile = 2;
+constexpr int isFolder = 21;
 
 class DocumentStoreTest : public EditorTest
 {
@@ -129,6 +130,7 @@ TEST_F(DocumentStoreTest, TitlesThatAnActiveDocumentHasAreRefused)
             continue;
         }
         EXPECT_EQ(m_store.load(record.id).record.documentName, title);
+        record.id = -1;
         EXPECT_TRUE(m_store.saveDocument(record)) << qPrintable(title) << " was taken twice";
     }
 }
@@ -221,7 +223,7 @@ TEST_F(DocumentStoreTest, AVenueOutOfRangeDoesNotMatterWhereItIsNotChecked)
     EXPECT_EQ(ask("SELECT count(*) FROM DocumentVenues WHERE DocumentID = 2"), u"2"_s);
 }
 
-TEST_F(DocumentStoreTest, WhatWasWrittenBeforeAFailureStays)
+TEST_F(DocumentStoreTest, WhatWasWrittenBeforeAFailureStaysAndIsCompleted)
 {
     const struct
     {
@@ -245,20 +247,41 @@ TEST_F(DocumentStoreTest, WhatWasWrittenBeforeAFailureStays)
                   standing)
             << qPrintable(failing);
         EXPECT_EQ(record.id, failing == u"Document"_s ? -1 : 5) << qPrintable(failing);
+        m_database.run("DROP INDEX refuse");
+        EXPECT_FALSE(m_store.saveDocument(record)) << qPrintable(failing);
+        EXPECT_EQ(record.id, 5) << qPrintable(failing);
+        EXPECT_EQ(ask("SELECT (SELECT max(DocumentID) FROM Document), (SELECT count(*) FROM DocumentTypes "
+                      "WHERE DocumentID = 5), (SELECT count(*) FROM DocumentVenues WHERE DocumentID = 5), "
+                      "(SELECT count(*) FROM Document_HIST)"),
+                  u"5|1|1|1"_s)
+            << qPrintable(failing);
         m_database.run(
-            "DROP INDEX refuse; DELETE FROM Document WHERE DocumentID = 5;"
+            "DELETE FROM Document_HIST; DELETE FROM Document WHERE DocumentID = 5;"
             "DELETE FROM DocumentTypes WHERE DocumentID = 5; DELETE FROM DocumentVenues WHERE DocumentID = 5;"
             "DELETE FROM DocumentCategories WHERE DocumentID = 5");
     }
 }
 
+TEST_F(DocumentStoreTest, WithoutAFileToCopyNothingIsWritten)
+{
+    DocumentRecord added = filled();
+    added.originalFilename = m_database.folder() + u"/user/missing.pdf"_s;
+    DocumentRecord changed = m_store.load(2).record;
+    changed.originalFilename = added.originalFilename;
+    changed.takesFile = true;
+    const QByteArray before = m_database.bytes();
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveDocument(added); }), noSuchFile);
+    EXPECT_EQ(errorNumberOf([&] { m_store.updateDocument(changed); }), noSuchFile);
+    EXPECT_EQ(m_database.bytes(), before);
+}
+
 TEST_F(DocumentStoreTest, ACopyThatFailsLeavesTheRowAndReports)
 {
     DocumentRecord record = filled();
-    record.originalFilename = m_database.folder() + u"/user/missing.pdf"_s;
-    EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveDocument(record); }), noSuchFile);
+    QDir().mkpath(m_database.folder() + u"/data/documents/5.PDF"_s); // a folder stands in its way
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveDocument(record); }), isFolder);
     EXPECT_EQ(ask("SELECT DocumentName, FileLocation FROM Document WHERE DocumentID = 5"),
-              u"Storm survey|5.pdf"_s);
+              u"Storm survey|5.PDF"_s);
     EXPECT_EQ(ask("SELECT count(*) FROM DocumentTypes WHERE DocumentID = 5"), u"0"_s);
     EXPECT_EQ(ask("SELECT count(*) FROM Document_HIST"), u"0"_s);
     EXPECT_EQ(record.documentDescription, u"What the storm did"_s);

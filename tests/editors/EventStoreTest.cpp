@@ -216,7 +216,7 @@ TEST_F(EventStoreTest, AnUndatedEventStaysUndated)
               u"NULL|NULL|NULL|NULL"_s);
 }
 
-TEST_F(EventStoreTest, WhatWasWrittenBeforeAFailureStays)
+TEST_F(EventStoreTest, WhatWasWrittenBeforeAFailureStaysAndIsCompleted)
 {
     const struct
     {
@@ -239,8 +239,16 @@ TEST_F(EventStoreTest, WhatWasWrittenBeforeAFailureStays)
                       "(SELECT count(*) FROM Event_HIST)"),
                   standing)
             << qPrintable(failing);
+        m_database.run("DROP INDEX refuse");
+        EXPECT_FALSE(m_store.saveEvent(record)) << qPrintable(failing);
+        EXPECT_EQ(record.id, 4) << qPrintable(failing);
+        EXPECT_EQ(ask("SELECT (SELECT max(EventID) FROM Event), (SELECT count(*) FROM EventVenues WHERE "
+                      "EventID = 4), (SELECT count(*) FROM OrganizationEvents WHERE EventID = 4), "
+                      "(SELECT count(*) FROM Event_HIST)"),
+                  u"4|1|1|1"_s)
+            << qPrintable(failing);
         m_database.run(
-            "DROP INDEX refuse; DELETE FROM Event WHERE EventID = 4;"
+            "DELETE FROM Event_HIST; DELETE FROM Event WHERE EventID = 4;"
             "DELETE FROM EventVenues WHERE EventID = 4; DELETE FROM EventFunctions WHERE EventID = 4;"
             "DELETE FROM DocumentEvents WHERE EventID = 4; DELETE FROM OrganizationEvents WHERE EventID = 4");
     }

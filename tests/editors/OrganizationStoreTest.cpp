@@ -242,7 +242,7 @@ TEST_F(OrganizationStoreTest, AVenueOutOfRangeDoesNotMatterWhereItIsNotChecked)
     EXPECT_EQ(ask("SELECT count(*) FROM OrganizationVenues WHERE OrganizationID = 2"), u"2"_s);
 }
 
-TEST_F(OrganizationStoreTest, WhatWasWrittenBeforeAFailureStays)
+TEST_F(OrganizationStoreTest, WhatWasWrittenBeforeAFailureStaysAndIsCompleted)
 {
     const struct
     {
@@ -271,7 +271,16 @@ TEST_F(OrganizationStoreTest, WhatWasWrittenBeforeAFailureStays)
                 "(SELECT count(*) FROM Organization_HIST)"),
             standing)
             << qPrintable(failing);
-        m_database.run("DROP INDEX refuse; DELETE FROM Organization WHERE OrganizationID = 6;"
+        m_database.run("DROP INDEX refuse");
+        EXPECT_FALSE(m_store.saveOrganization(record)) << qPrintable(failing);
+        EXPECT_EQ(record.id, 6) << qPrintable(failing);
+        EXPECT_EQ(ask("SELECT (SELECT max(OrganizationID) FROM Organization), (SELECT count(*) FROM "
+                      "OrganizationProfile WHERE OrganizationProfileID = 6), (SELECT count(*) FROM "
+                      "OrganizationVenues WHERE OrganizationID = 6), "
+                      "(SELECT count(*) FROM Organization_HIST)"),
+                  u"6|1|1|1"_s)
+            << qPrintable(failing);
+        m_database.run("DELETE FROM Organization_HIST; DELETE FROM Organization WHERE OrganizationID = 6;"
                        "DELETE FROM OrganizationProfile WHERE OrganizationProfileID = 6;"
                        "DELETE FROM OrganizationProfileJurisdictions WHERE OrganizationProfileID = 6;"
                        "DELETE FROM OrganizationProfilePopulations WHERE OrganizationProfileID = 6;"
