@@ -1,11 +1,14 @@
 #include "editors/EntryCombo.h"
 
 #include "editors/ListEntryModel.h"
+#include "platform/LineEdit.h"
 
 #include <QAbstractItemView>
+#include <QAbstractProxyModel>
+#include <QAction>
 #include <QApplication>
 #include <QCompleter>
-#include <QLineEdit>
+#include <QIcon>
 #include <QListView>
 #include <QWheelEvent>
 
@@ -37,8 +40,12 @@ EntryCombo::EntryCombo(Kind kind, QWidget* parent) : QComboBox(parent), m_entrie
 
 void EntryCombo::makeSearching()
 {
-    setEditable(true);
+    setLineEdit(new LineEdit(this));
     setInsertPolicy(NoInsert);
+    m_mark =
+        lineEdit()->addAction(QIcon::fromTheme(QStringLiteral("data-warning")), QLineEdit::TrailingPosition);
+    m_mark->setToolTip(tr("There is no entry of this name."));
+    m_mark->setVisible(false);
     auto* completer = new QCompleter(m_entries, this);
     completer->setCompletionMode(QCompleter::PopupCompletion);
     completer->setFilterMode(Qt::MatchContains);
@@ -46,12 +53,13 @@ void EntryCombo::makeSearching()
     completer->setMaxVisibleItems(visibleEntries);
     makeRowsUniform(completer->popup());
     setCompleter(completer);
+    connect(lineEdit(), &QLineEdit::textChanged, m_mark, [this] { m_mark->setVisible(false); });
     connect(lineEdit(), &QLineEdit::returnPressed, this, &EntryCombo::settleText);
     // the completer keeps the event of a lost focus to itself while it shows its offers
     connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
         if (before != this || now == nullptr || now == this) return;
-        this->completer()->popup()->hide();
         settleText();
+        this->completer()->popup()->hide();
     });
 }
 
@@ -85,37 +93,52 @@ qint64 EntryCombo::key() const
     return currentIndex() < 0 ? noneKey : currentData().toLongLong();
 }
 
-/// Once the line is left, its text is that of the selected entry again. A text that only one entry holds
-/// means that entry; an emptied line means "None".
+bool EntryCombo::isSettled() const
+{
+    return !isEditable() || lineEdit()->text() == itemText(currentIndex());
+}
+
 void EntryCombo::settleText()
 {
-    QAbstractItemView* offers = completer()->popup();
-    // the key that chooses among the offers comes through here first
-    if (offers->isVisible()) return;
-    const QString typed = lineEdit()->text().trimmed();
-    if (typed == itemText(currentIndex())) return;
+    if (!isSettled()) takeText(lineEdit()->text().trimmed());
+    m_mark->setVisible(!isSettled());
+}
+
+/// An emptied line means "None".
+void EntryCombo::takeText(const QString& typed)
+{
     if (typed.isEmpty()) {
         selectKey(noneKey);
+    } else if (const int marked = rowMarked(); marked >= 0) {
+        setCurrentIndex(marked);
     } else if (const int meant = rowMeant(typed); meant >= 0) {
         setCurrentIndex(meant);
+    } else {
+        return;
     }
     setEditText(itemText(currentIndex()));
 }
 
-/// The entry of that name or else the only one that holds the text; -1 where there are none or several.
+/// The row that the user marked among those offered; -1 where there is none.
+int EntryCombo::rowMarked() const
+{
+    const QAbstractItemView* offers = completer()->popup();
+    const QModelIndex marked = offers->isVisible() ? offers->currentIndex() : QModelIndex();
+    const auto* offered = qobject_cast<const QAbstractProxyModel*>(completer()->completionModel());
+    return marked.isValid() && offered != nullptr ? offered->mapToSource(marked).row() : -1;
+}
+
+/// The entry of that name or else the first one that holds the text; -1 where there is none.
 int EntryCombo::rowMeant(const QString& typed) const
 {
     const auto& entries = m_entries->entries();
-    int found = -1;
-    int count = 0;
+    int first = -1;
     for (std::size_t row = 0; row < entries.size(); ++row) {
         const QString& name = entries[row].display;
         if (name.compare(typed, Qt::CaseInsensitive) == 0) return static_cast<int>(row);
-        if (!name.contains(typed, Qt::CaseInsensitive)) continue;
-        found = static_cast<int>(row);
-        ++count;
+        if (first < 0 && name.contains(typed, Qt::CaseInsensitive)) first = static_cast<int>(row);
     }
-    return count == 1 ? found : -1;
+    return first;
 }
 
 void EntryCombo::wheelEvent(QWheelEvent* event)

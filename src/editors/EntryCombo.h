@@ -7,10 +7,12 @@
 #include <vector>
 
 class ListEntryModel;
+class QAction;
 
 /// A drop-down of records. The plain kind finds entries by their first letters; the searching kind, for
-/// thousands of entries, is typed into and offers those that hold the text. Either way one of the entries is
-/// selected or none: a text that names none gives way to the entry selected before.
+/// thousands of entries, is typed into and offers those that hold the text. When the line is left or Return
+/// is pressed, it takes the entry of that name or else the first one offered; a text that names none stays as
+/// typed, with a mark that says so.
 class EntryCombo final : public QComboBox
 {
     Q_OBJECT
@@ -39,13 +41,19 @@ public:
     /// The key of the selected entry; that of "None" where none is selected.
     [[nodiscard]] qint64 key() const;
 
+    /// Whether the text in the line is that of the selected entry.
+    [[nodiscard]] bool isSettled() const;
+
 protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
     void makeSearching();
     void settleText();
+    void takeText(const QString& typed);
     [[nodiscard]] int rowMeant(const QString& typed) const;
+    [[nodiscard]] int rowMarked() const;
 
     ListEntryModel* m_entries;
+    QAction* m_mark = nullptr; ///< the searching kind only
 };

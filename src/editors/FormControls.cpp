@@ -132,7 +132,7 @@ FormControls::State FormControls::state(const QWidget& form)
         state[text->objectName()] = text->toPlainText();
     const auto combos = form.findChildren<EntryCombo*>();
     for (const EntryCombo* combo : combos)
-        state[combo->objectName()] = QString::number(combo->currentIndex());
+        state[combo->objectName()] = QString::number(combo->currentIndex()) + u' ' + combo->currentText();
     const auto checks = form.findChildren<QCheckBox*>();
     for (const QCheckBox* check : checks)
         state[check->objectName()] = QString::number(check->checkState());

@@ -7,10 +7,13 @@
 #include "editors/FormControls.h"
 #include "editors/FormGrid.h"
 #include "editors/LinkList.h"
+#include "editors/PathEdit.h"
+#include "files/FileUpload.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
 
 #include <QCheckBox>
+#include <QDir>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -78,9 +81,8 @@ void frmDocument::makeFileField(FormGrid& grid)
     auto* field = new QWidget(this);
     auto* layout = new QHBoxLayout(field);
     layout->setContentsMargins(0, 0, 0, 0);
-    txtOriginalFilename = new QLineEdit(field);
+    txtOriginalFilename = new PathEdit(field);
     txtOriginalFilename->setObjectName(QStringLiteral("txtOriginalFilename"));
-    txtOriginalFilename->setPlaceholderText(tr("Browse, type a path or drop a file here"));
     cmdUploadDocument = new QPushButton(tr("B&rowse…"), field);
     cmdUploadDocument->setObjectName(QStringLiteral("cmdUploadDocument"));
     cmdUploadDocument->setAutoDefault(false);
@@ -170,6 +172,7 @@ void frmDocument::populateFields(qint64 id)
     if (!loaded.isFound) platform().messages.show(DocumentStore::notFoundMessage(id));
     m_record = std::move(loaded.record);
     m_record.id = id;
+    m_storedPath = m_record.originalFilename;
     showRecord();
 }
 
@@ -204,7 +207,7 @@ void frmDocument::collectRecord()
     m_record.pubNum = txtPubNum->text();
     m_record.volume = txtVolume->text();
     m_record.url = txtURL->text();
-    m_record.originalFilename = txtOriginalFilename->text();
+    collectFile();
     m_record.keyDocument = chkKeyDocument->isChecked();
     m_record.documentDescription = FormControls::text(*rtbDocumentDescription, m_record.documentDescription);
     m_record.notes = FormControls::text(*rtbNotes, m_record.notes);
@@ -213,6 +216,16 @@ void frmDocument::collectRecord()
     m_record.types = lstDocTypes->entries();
     m_record.categories = lstDocCategories->entries();
     m_record.venues = lvVenues->entries();
+}
+
+/// A document without a file gets the one that the path names; a stored path that names none stays as it is.
+void frmDocument::collectFile()
+{
+    if (!m_takesFile) return;
+    const QString path = txtOriginalFilename->path();
+    m_record.originalFilename = path;
+    m_record.takesFile =
+        path != m_storedPath || (QDir::isAbsolutePath(path) && FileUpload::existingFile(path));
 }
 
 void frmDocument::browseForFile()
@@ -236,11 +249,11 @@ QString frmDocument::captionFor(EditorMode mode) const
 
 void frmDocument::applyMode(EditorMode mode)
 {
-    const bool takesFile = mode == EditorMode::Add;
-    lblFilename->setVisible(takesFile);
-    txtOriginalFilename->setVisible(takesFile);
-    cmdUploadDocument->setVisible(takesFile);
-    m_drop->setEnabled(takesFile);
+    m_takesFile = mode == EditorMode::Add || (mode == EditorMode::Edit && !m_store.hasFile(m_record));
+    lblFilename->setVisible(m_takesFile);
+    txtOriginalFilename->setVisible(m_takesFile);
+    cmdUploadDocument->setVisible(m_takesFile);
+    m_drop->setEnabled(m_takesFile);
 }
 
 QWidget* frmDocument::fieldOf(DocumentField field) const
@@ -261,6 +274,11 @@ bool frmDocument::saveRecord()
     collectRecord();
     if (const auto problem = DocumentStore::check(m_record)) {
         return refuse(problem->message, fieldOf(problem->field));
+    }
+    if (!cmbOrganizationNames->isSettled()) {
+        return refuse(tr("There is no organization \"%1\". Please choose one from the list.")
+                          .arg(cmbOrganizationNames->currentText()),
+                      cmbOrganizationNames);
     }
     const auto field = [this](DocumentField each) { return fieldOf(each); };
     if (mode() == EditorMode::Add) {

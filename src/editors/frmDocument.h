@@ -8,6 +8,7 @@ class CheckList;
 class EntryCombo;
 class FileDrop;
 class FormGrid;
+class PathEdit;
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -42,6 +43,7 @@ private:
     void populateFields(qint64 id);
     void showRecord();
     void collectRecord();
+    void collectFile();
     void takePreset(const std::optional<clsFieldInfo>& preset);
     void browseForFile();
     bool openRecord(EditorMode mode, const char* procedure, qint64 id);
@@ -53,6 +55,8 @@ private:
 
     DocumentStore m_store;
     DocumentRecord m_record;
+    QString m_storedPath;    ///< the path that the record was read with
+    bool m_takesFile = true; ///< whether the field for the file is shown
 
     QLineEdit* txtDocumentName = nullptr;
     QLineEdit* txtAuthor = nullptr;
@@ -66,7 +70,7 @@ private:
     EntryCombo* cmbOrganizationNames = nullptr;
     QCheckBox* chkKeyDocument = nullptr;
     QLabel* lblFilename = nullptr;
-    QLineEdit* txtOriginalFilename = nullptr;
+    PathEdit* txtOriginalFilename = nullptr;
     QPushButton* cmdUploadDocument = nullptr;
     QPlainTextEdit* rtbDocumentDescription = nullptr;
     QPlainTextEdit* rtbNotes = nullptr;

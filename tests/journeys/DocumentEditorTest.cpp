@@ -131,7 +131,7 @@ TEST_F(DocumentEditor, SaysWhatIsMissingAndGoesThere)
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.focus(), "txtDocumentName");
         EXPECT_EQ(dialog.text("rtbDocumentDescription"), "Again");
-        dialog.click("cmdCancel");
+        discard(dialog, messages());
     });
     EXPECT_EQ(rows("SELECT count(*) FROM Document"), "2");
 }
@@ -176,48 +176,91 @@ TEST_F(DocumentEditor, ShowsARecordAndTurnsIntoItsEditor)
               "B. Writer|2.html");
 }
 
-TEST_F(DocumentEditor, AsksBeforeChangesAreLostButNotOnCancel)
+TEST_F(DocumentEditor, AsksBeforeChangesAreLost)
 {
     const QString question = QStringLiteral("Close without saving your changes?");
     inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) { dialog.press(Qt::Key_Escape); });
     inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
         fillIn(dialog);
-        messages().expectQuestion(question, false);
+        messages().expectQuestion(question, false, Question::Discard);
         dialog.press(Qt::Key_Escape);
         EXPECT_TRUE(dialog.dialog().isVisible());
-        messages().expectQuestion(question, false);
+        messages().expectQuestion(question, false, Question::Discard);
         dialog.dialog().close();
         EXPECT_TRUE(dialog.dialog().isVisible());
-        messages().expectQuestion(question, true);
+        messages().expectQuestion(question, true, Question::Discard);
         dialog.dialog().close();
     });
     messages().finish();
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) { dialog.click("cmdCancel"); });
     inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
         dialog.tick("lvVenues", QStringLiteral("City"));
+        messages().expectQuestion(question, false, Question::Discard);
         dialog.click("cmdCancel");
+        EXPECT_TRUE(dialog.dialog().isVisible());
+        dialog.tick("lvVenues", QStringLiteral("City"));
+        dialog.type("cmbOrganizationNames", QStringLiteral("zeb"));
+        messages().expectQuestion(question, false, Question::Discard);
+        dialog.click("cmdCancel");
+        discard(dialog, messages());
     });
     EXPECT_EQ(rows("SELECT count(*) FROM Document"), "2");
 }
 
-TEST_F(DocumentEditor, FindsAnOrganizationByAnyPartOfItsName)
+TEST_F(DocumentEditor, TakesTheFirstOrganizationThatHoldsWhatWasTyped)
 {
+    const struct
+    {
+        const char* typed;
+        const char* shown;
+        int key;
+    } cases[] = {{"zebra", "Zebra Society", 7},     {"levee", "Levee Board", 8},
+                 {"levee watch", "Levee Watch", 9}, {" LEVEE w ", "Levee Watch", 9},
+                 {"nobody", "nobody", 9},           {"", "None", 1}};
+    const auto byTab = [](OpenDialog& dialog) {
+        QTest::keyClick(dialog.dialog().focusWidget(), Qt::Key_Tab);
+    };
+    const auto byReturn = [](OpenDialog& dialog) {
+        QWidget* offers = dialog.find<QComboBox>("cmbOrganizationNames").completer()->popup();
+        QTest::keyClick(offers->isVisible() ? offers : dialog.dialog().focusWidget(), Qt::Key_Return);
+    };
     inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
         auto& combo = dialog.find<QComboBox>("cmbOrganizationNames");
-        const auto settle = [&](const QString& typed) {
-            dialog.type("cmbOrganizationNames", typed);
-            combo.completer()->popup()->hide();
-            dialog.find<QWidget>("txtDocumentName").setFocus();
-            return combo.currentData().toInt();
-        };
-        EXPECT_EQ(settle(QStringLiteral("zebra")), 7);
-        EXPECT_EQ(combo.currentText(), QStringLiteral("Zebra Society"));
-        EXPECT_EQ(settle(QStringLiteral("levee")), 7) << "two of them: the choice stays";
-        EXPECT_EQ(combo.currentText(), QStringLiteral("Zebra Society"));
-        EXPECT_EQ(settle(QStringLiteral("levee watch")), 9);
-        EXPECT_EQ(settle(QStringLiteral("nobody")), 9);
-        EXPECT_EQ(settle(QString()), 1);
-        dialog.click("cmdCancel");
+        for (const auto& [typed, shown, key] : cases) {
+            dialog.type("cmbOrganizationNames", QString::fromLatin1(typed));
+            byTab(dialog);
+            EXPECT_EQ(combo.currentText().toStdString(), shown) << "Tab";
+            EXPECT_EQ(combo.currentData().toInt(), key) << typed;
+            EXPECT_NE(dialog.focus(), "cmbOrganizationNames") << typed;
+        }
+        dialog.type("cmbOrganizationNames", QStringLiteral("levee"));
+        byReturn(dialog);
+        EXPECT_EQ(combo.currentText(), QStringLiteral("Levee Board")) << "Return";
+        EXPECT_TRUE(dialog.dialog().isVisible()) << "Return takes an offer and does not save";
+        dialog.type("cmbOrganizationNames", QStringLiteral("levee"));
+        combo.completer()->popup()->setCurrentIndex(combo.completer()->completionModel()->index(1, 0));
+        byReturn(dialog);
+        EXPECT_EQ(combo.currentText(), QStringLiteral("Levee Watch")) << "the one that is marked";
+        discard(dialog, messages());
     });
+}
+
+TEST_F(DocumentEditor, RefusesAnOrganizationThatIsNotInTheList)
+{
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        fillIn(dialog);
+        dialog.choose("cmbOrganizationNames", QStringLiteral("Zebra Society"));
+        dialog.type("cmbOrganizationNames", QStringLiteral("nobody"));
+        messages().expectMessage(
+            QStringLiteral("There is no organization \"nobody\". Please choose one from the list."));
+        dialog.click("cmdOK");
+        messages().finish();
+        EXPECT_EQ(dialog.focus(), "cmbOrganizationNames");
+        EXPECT_EQ(rows("SELECT count(*) FROM Document"), "2") << "nothing is written";
+        dialog.type("cmbOrganizationNames", QStringLiteral("levee"));
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(rows("SELECT OrganizationID FROM Document WHERE DocumentName = 'Levees'"), "8");
 }
 
 TEST_F(DocumentEditor, TakesAPresetOrRefusesIt)
@@ -270,21 +313,94 @@ TEST_F(DocumentEditor, TakesADroppedFile)
             dropFile(*dialog.find<QPlainTextEdit>("rtbNotes").viewport(), other);
             EXPECT_EQ(dialog.text("txtOriginalFilename"), other.toStdString());
             EXPECT_EQ(dialog.text("rtbNotes"), "");
-            dialog.click("cmdCancel");
+            discard(dialog, messages());
         });
 }
 
-TEST_F(DocumentEditor, StaysOpenWhereTheFileIsGoneAndShowsWhatWasWritten)
+TEST_F(DocumentEditor, WritesNothingWithoutAFileToCopy)
 {
-    messages().expectMessageBeginning(QStringLiteral("saveDocument Error ("));
+    messages().expectMessageBeginning(QStringLiteral("saveDocument Error (2): "));
     inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
         fillIn(dialog);
         QFile::remove(source);
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.text("txtDocumentName"), "Levees");
+        discard(dialog, messages());
+    });
+    EXPECT_EQ(journey.column(0), "Old Levees");
+}
+
+TEST_F(DocumentEditor, CompletesARecordWhoseFileCouldNotBeCopied)
+{
+    const QString inTheWay = journey.dataFolder() + QStringLiteral("documents/3.PDF/kept");
+    const auto failOnce = [&](OpenDialog& dialog) {
+        QDir().mkpath(inTheWay);
+        fillIn(dialog);
+        messages().expectMessageBeginning(QStringLiteral("saveDocument Error (21): "));
+        dialog.click("cmdOK");
+        messages().finish();
+        QDir(inTheWay).removeRecursively();
+        QDir().rmdir(QFileInfo(inTheWay).path());
+    };
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        failOnce(dialog);
+        dialog.type("txtAuthor", QStringLiteral("A. Writer"));
+        dialog.click("cmdOK");
+    });
+    const QString stored = journey.dataFolder() + QStringLiteral("documents/3.PDF");
+    EXPECT_TRUE(QFileInfo(stored).isFile());
+    EXPECT_EQ(rows("SELECT DocumentID, Author FROM Document WHERE DocumentName = 'Levees'"), "3|A. Writer");
+    EXPECT_EQ(rows("SELECT DocumentTypeID FROM DocumentTypes WHERE DocumentID = 3"), "1");
+    EXPECT_EQ(rows("SELECT FileLocation FROM Document_HIST WHERE DocumentID = 3"), "3.PDF");
+}
+
+TEST_F(DocumentEditor, ADocumentWithoutAFileIsGivenOneWhileItIsEdited)
+{
+    journey.database.run("UPDATE Document SET FileLocation = NULL WHERE DocumentID = 2");
+    const QString stored = journey.dataFolder() + QStringLiteral("documents/2.PDF");
+    const auto edit = [&](const std::function<void(OpenDialog&)>& work) {
+        journey.select("Old Levees");
+        inEditor("mnuRecordEdit", work);
+    };
+    edit([&](OpenDialog& dialog) {
+        EXPECT_TRUE(dialog.find<QWidget>("cmdUploadDocument").isVisible());
+        EXPECT_EQ(dialog.text("txtOriginalFilename"), "C:\\papers\\old.html");
+        dialog.type("txtAuthor", QStringLiteral("B. Writer"));
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(rows("SELECT Author, OriginalFilename, FileLocation FROM Document WHERE DocumentID = 2"),
+              "B. Writer|C:\\papers\\old.html|NULL")
+        << "a path that names no file stays as it is";
+    edit([&](OpenDialog& dialog) {
+        dialog.type("txtOriginalFilename", source + u'x');
+        dialog.type("txtAuthor", QStringLiteral("C. Writer"));
+        messages().expectMessageBeginning(QStringLiteral("updateDocument Error (2): "));
+        dialog.click("cmdOK");
+        messages().finish();
+        EXPECT_EQ(rows("SELECT Author FROM Document WHERE DocumentID = 2"), "B. Writer");
+        dialog.type("txtOriginalFilename", QString());
+        messages().expectMessage(
+            QStringLiteral("Document filename is required. Please browse to select your document file."));
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "txtOriginalFilename");
+        journey.desktop.fileDialogs.files = {source};
+        dialog.click("cmdUploadDocument");
+        dialog.click("cmdOK");
+    });
+    const std::string given = "C. Writer|" + source.toStdString() + "|2.PDF";
+    EXPECT_EQ(rows("SELECT Author, OriginalFilename, FileLocation FROM Document WHERE DocumentID = 2"),
+              given);
+    EXPECT_EQ(rows("SELECT Author, OriginalFilename, FileLocation FROM Document_HIST WHERE Author LIKE 'C%'"),
+              given);
+    EXPECT_TRUE(QFileInfo(stored).isFile());
+    edit([&](OpenDialog& dialog) {
+        EXPECT_FALSE(dialog.find<QWidget>("txtOriginalFilename").isVisible()) << "it has a file now";
+        EXPECT_FALSE(dialog.find<QWidget>("lblFilename").isVisible());
         dialog.click("cmdCancel");
     });
-    EXPECT_EQ(journey.column(0), "Levees|Old Levees");
+    QFile::remove(stored);
+    edit([&](OpenDialog& dialog) { dialog.click("cmdOK"); });
+    EXPECT_TRUE(QFileInfo(stored).isFile()) << "the path that the field shows names a file";
 }
 
 TEST_F(DocumentEditor, SaysThatANameIsTooLongAndKeepsWhatWasTyped)
@@ -298,7 +414,7 @@ TEST_F(DocumentEditor, SaysThatANameIsTooLongAndKeepsWhatWasTyped)
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.text("txtOriginalFilename"), longPath.toStdString());
         EXPECT_EQ(dialog.text("rtbDocumentDescription"), "About levees");
-        dialog.click("cmdCancel");
+        discard(dialog, messages());
     });
     EXPECT_TRUE(QDir(journey.dataFolder() + QStringLiteral("documents")).isEmpty());
 }
