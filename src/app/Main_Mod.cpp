@@ -3,6 +3,7 @@
 #include "app/StdREG.h"
 #include "app/frmSplash.h"
 #include "browse/frmMain.h"
+#include "files/FileUpload.h"
 #include "files/HelpFile.h"
 #include "platform/Procedure.h"
 
@@ -47,6 +48,7 @@ void Main_Mod::prepareProgramFolder()
 {
     const bool filled = ProgramFolder::fillFromSample(m_state.folder.root(), m_sampleFolder);
     HelpFile::renew(m_state.folder.root(), m_sampleFolder);
+    FileUpload(m_state).clearUnfinished();
     if (!filled) return;
     StdREG settings(m_platform.settings);
     const QString name = QStringLiteral("DBFile");

@@ -1,11 +1,14 @@
 #include "files/FileCopy.h"
 
+#include "files/LinkTarget.h"
 #include "util/Error.h"
 
 #include <QFile>
 
+#include <algorithm>
 #include <cerrno>
 #include <fstream>
+#include <regex>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -21,6 +24,10 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t blockSize = 1 << 20;
+
+/// How the names of what is not finished begin; the rest is that of the target.
+constexpr auto uploadName = ".upload-";
+constexpr auto replacedName = ".replaced-";
 
 QString textOf(const fs::path& path)
 {
@@ -45,7 +52,7 @@ class Unfinished
 public:
     /// The name stands beside the target, and is short: the target's own may be as long as names can be.
     Unfinished(const fs::path& target, const char* kind)
-        : m_path(target.parent_path() / (std::string(".") + kind + stemOf(target)))
+        : m_path(target.parent_path() / (kind + stemOf(target)))
     {
         remove();
     }
@@ -137,19 +144,43 @@ void copyContent(const fs::path& from, const fs::path& to)
     finish(target, to);
 }
 
-void copyTree(const fs::path& from, const fs::path& to)
+[[noreturn]] void refuse(const QString& what, const fs::path& path)
+{
+    throw Error(EINVAL, QStringLiteral("%1 (%2)").arg(what, textOf(path)));
+}
+
+/// The folders that are being copied, without links, the one that holds all others first.
+using OpenFolders = std::vector<fs::path>;
+
+void refuseLinkOut(const OpenFolders& open, const fs::path& entry)
 {
     std::error_code code;
+    const bool leadsOut = fs::is_symlink(fs::symlink_status(entry, code)) && fs::exists(entry, code) &&
+                          !LinkTarget::liesIn(open.front(), entry);
+    if (leadsOut) refuse(QStringLiteral("A link leads out of the folder"), entry);
+}
+
+void copyTree(const fs::path& from, const fs::path& to, OpenFolders& open)
+{
+    std::error_code code;
+    const fs::path folder = fs::canonical(from, code);
+    require(code, from);
+    if (std::find(open.begin(), open.end(), folder) != open.end()) {
+        refuse(QStringLiteral("A folder cannot be copied into itself"), from);
+    }
+    open.push_back(folder);
     fs::create_directory(to, code);
     require(code, to);
     fs::directory_iterator entries(from, code);
     require(code, from);
     for (const fs::directory_iterator end; entries != end; entries.increment(code)) {
-        const fs::path target = to / entries->path().filename();
-        const bool isFolder = fs::is_directory(entries->path(), code);
-        isFolder ? copyTree(entries->path(), target) : copyContent(entries->path(), target);
+        const fs::path& entry = entries->path();
+        const fs::path target = to / entry.filename();
+        refuseLinkOut(open, entry);
+        fs::is_directory(entry, code) ? copyTree(entry, target, open) : copyContent(entry, target);
     }
     require(code, from);
+    open.pop_back();
 }
 
 void move(const fs::path& from, const fs::path& to)
@@ -175,14 +206,14 @@ void FileCopy::requireReadable(const fs::path& file)
 
 void FileCopy::copyFile(const fs::path& from, const fs::path& to)
 {
-    const Unfinished unfinished(to, "upload-");
+    const Unfinished unfinished(to, uploadName);
     copyContent(from, unfinished.path());
     move(unfinished.path(), to);
 }
 
 void FileCopy::writeFile(const std::string& content, const fs::path& to)
 {
-    const Unfinished unfinished(to, "upload-");
+    const Unfinished unfinished(to, uploadName);
     std::ofstream target = createFile(unfinished.path());
     write(target, content, unfinished.path());
     finish(target, unfinished.path());
@@ -191,13 +222,31 @@ void FileCopy::writeFile(const std::string& content, const fs::path& to)
 
 void FileCopy::copyFolder(const fs::path& from, const fs::path& to)
 {
-    const Unfinished unfinished(to, "upload-");
-    copyTree(from, unfinished.path());
-    const Unfinished replaced(to, "replaced-");
+    const Unfinished unfinished(to, uploadName);
+    OpenFolders open;
+    copyTree(from, unfinished.path(), open);
+    const Unfinished replaced(to, replacedName);
     std::error_code code;
     const bool isThere = fs::exists(fs::symlink_status(to, code));
     if (isThere) move(to, replaced.path());
     fs::rename(unfinished.path(), to, code);
     if (code && isThere) move(replaced.path(), to);
     require(code, to);
+}
+
+void FileCopy::clearUnfinished(const fs::path& folder)
+{
+    static const std::regex name(R"(\.(upload|replaced)-([0-9]+(_files)?))");
+    std::vector<fs::path> found;
+    std::error_code code;
+    for (fs::directory_iterator entry(folder, code), end; !code && entry != end; entry.increment(code)) {
+        if (std::regex_match(entry->path().filename().string(), name)) found.push_back(entry->path());
+    }
+    for (const fs::path& path : found) {
+        const std::string leftOver = path.filename().string();
+        const fs::path target = folder / leftOver.substr(leftOver.find('-') + 1);
+        const bool isOnlyOne =
+            leftOver.starts_with(replacedName) && !fs::exists(fs::symlink_status(target, code));
+        isOnlyOne ? fs::rename(path, target, code) : static_cast<void>(fs::remove_all(path, code));
+    }
 }

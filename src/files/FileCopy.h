@@ -21,6 +21,11 @@ void copyFile(const std::filesystem::path& from, const std::filesystem::path& to
 void writeFile(const std::string& content, const std::filesystem::path& to);
 
 /// Replaces a folder by a copy of another with all that it holds. `from` must not hold `to`'s own folder.
+/// Throws Error for a link in it that leads out of it or back to a folder that holds the link.
 void copyFolder(const std::filesystem::path& from, const std::filesystem::path& to);
+
+/// Clears a folder of what copies left unfinished in it when the program was killed. An old folder that was
+/// about to be replaced comes back. Never fails, and touches nothing but copies named after records.
+void clearUnfinished(const std::filesystem::path& folder);
 
 } // namespace FileCopy

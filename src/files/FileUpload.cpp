@@ -1,6 +1,7 @@
 #include "files/FileUpload.h"
 
 #include "files/FileCopy.h"
+#include "files/LinkTarget.h"
 #include "files/WebPage.h"
 #include "util/Error.h"
 #include "util/FileStrings.h"
@@ -65,6 +66,15 @@ void refuseHolderOf(const fs::path& target, const fs::path& folder)
         QStringLiteral("A folder cannot be copied into itself (%1)").arg(QFile::decodeName(folder.c_str())));
 }
 
+/// Refuses a page's folder that is a link to somewhere else.
+void refuseFolderElsewhere(const fs::path& folder)
+{
+    const fs::path surroundings = folder.has_parent_path() ? folder.parent_path() : fs::path(".");
+    if (LinkTarget::liesIn(surroundings, folder)) return;
+    throw Error(EINVAL, QStringLiteral("The page's folder is a link to another place (%1)")
+                            .arg(QFile::decodeName(folder.c_str())));
+}
+
 /// The folder of the machine that a program folder stands for; made where it is missing.
 QString targetFolder(const ProgramFolder& folder, const QString& programPath)
 {
@@ -123,6 +133,7 @@ void FileUpload::convertDocument(const QString& chosenPath, qint64 documentId) c
         return;
     }
     refuseHolderOf(machinePath(target).parent_path(), *folder);
+    refuseFolderElsewhere(*folder);
     const QString folderName = QFile::decodeName(folder->filename().c_str());
     const std::string page =
         WebPage::withFolderRenamed(FileCopy::read(source), {oldFolder, folderName}, newFolder);
@@ -145,4 +156,10 @@ std::optional<QString> FileUpload::storedChart(const QString& chosenPath, qint64
     };
     const std::optional<QString> stored = find(extension(chosenPath));
     return stored ? stored : find(QStringLiteral("pdf"));
+}
+
+void FileUpload::clearUnfinished() const
+{
+    for (const QString& folder : {m_state.folders.uploadDocuments, m_state.folders.organizationCharts})
+        FileCopy::clearUnfinished(machinePath(m_state.folder.folderPath(folder)));
 }

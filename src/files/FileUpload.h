@@ -30,11 +30,15 @@ public:
     static void requireSource(const QString& chosenPath);
 
     /// Copies a document's file. A page with a folder of its own name and `_files` beside it is taken with
-    /// that folder, and what the page says of the folder follows its new name.
+    /// that folder, and what the page says of the folder follows its new name. Throws Error for links that
+    /// lead out of the folder.
     void convertDocument(const QString& chosenPath, qint64 documentId) const;
 
     /// Copies an organization's chart.
     void copyChart(const QString& chosenPath, qint64 organizationId) const;
+
+    /// Clears the two folders for files of what copies left unfinished in them when the program was killed.
+    void clearUnfinished() const;
 
     /// The copy of a chart that is in the program's folder, whatever became of the chosen file.
     [[nodiscard]] std::optional<QString> storedChart(const QString& chosenPath, qint64 organizationId) const;

@@ -1,5 +1,7 @@
 #include "files/FolderNames.h"
 
+#include "files/LinkTarget.h"
+
 #include <QFile>
 
 #include <filesystem>
@@ -12,6 +14,7 @@ FolderNames::FolderNames(const QString& folder)
     for (std::filesystem::directory_iterator entry(path, failed), end; !failed && entry != end;
          entry.increment(failed)) {
         if (entry->is_directory(failed)) continue;
+        if (entry->is_symlink(failed) && !LinkTarget::liesIn(path, entry->path())) continue;
         m_names.insert(comparable(QFile::decodeName(entry->path().filename().c_str())));
     }
 }

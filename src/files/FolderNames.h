@@ -4,7 +4,7 @@
 #include <QString>
 
 /// The names of the files in one folder, read once, so that a list can tell for each of its rows whether a
-/// file is there without a look at the disk for each.
+/// file is there without a look at the disk for each. Links that lead out of the folder are no files of it.
 class FolderNames
 {
 public:

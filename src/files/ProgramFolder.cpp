@@ -1,6 +1,7 @@
 #include "files/ProgramFolder.h"
 
 #include "files/FolderNames.h"
+#include "files/LinkTarget.h"
 #include "util/Error.h"
 
 #include <QDir>
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 
 namespace {
 
@@ -46,6 +48,11 @@ void copyFolder(const QString& from, const QString& to)
         if (!QFile::copy(entry, target)) refuse(QStringLiteral("The file cannot be copied."), target);
         QFile::setPermissions(target, QFile::permissions(target) | QFile::WriteOwner);
     }
+}
+
+std::filesystem::path pathOf(const QString& path)
+{
+    return {QFile::encodeName(path).toStdString()};
 }
 
 /// The file or folder of that name in a folder, whatever the letter case of its name. A file that has that
@@ -122,7 +129,9 @@ std::optional<QString> ProgramFolder::find(const QString& programPath, const QSt
         if (!next) return std::nullopt;
         folder = *next;
     }
-    return entryOf(folder, fileName, QDir::Files);
+    auto file = entryOf(folder, fileName, QDir::Files);
+    if (file && !LinkTarget::liesIn(pathOf(folder), pathOf(*file))) return std::nullopt;
+    return file;
 }
 
 bool ProgramFolder::isPlainName(const QString& fileName)

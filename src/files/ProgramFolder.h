@@ -41,7 +41,8 @@ public:
 
     /// The file of that name in a program folder, whatever the letter case of the file and of the folders;
     /// `.htm` and `.html` are one.
-    /// Nothing where there is none, or where the name leads out of the folder or cannot be a name.
+    /// Nothing if there is none, or if the name or a link of that name leads out of the folder, or if it
+    /// cannot be a name.
     [[nodiscard]] std::optional<QString> find(const QString& programPath, const QString& fileName) const;
 
     /// Whether a stored name can only mean a file in its folder.

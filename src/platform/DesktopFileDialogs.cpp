@@ -26,7 +26,7 @@ QString DesktopFileDialogs::openFile(const QString& title, const QString& filter
 {
     QString file =
         QFileDialog::getOpenFileName(QApplication::activeWindow(), title, m_lastFolder, toolkitFilter(filter),
-                                     nullptr, QFileDialog::HideNameFilterDetails);
+                                     nullptr, QFileDialog::HideNameFilterDetails | QFileDialog::ReadOnly);
     if (!file.isEmpty()) m_lastFolder = QFileInfo(file).path();
     return file;
 }

@@ -232,6 +232,79 @@ TEST_F(FileUploadTest, AFailedCopyReportsAndLeavesNothingBehind)
     expectRefused(write(u"page.htm"_s, "x"), ENOENT);
 }
 
+TEST_F(FileUploadTest, LinksInAPagesFolderAreFollowedWithinIt)
+{
+    const QString page = write(u"page.htm"_s, "page_files");
+    write(u"page_files/sub/1.gif"_s, "one");
+    write(u"secret/key"_s, "secret");
+    const QString link = m_place.filePath(u"page_files/sub/link"_s);
+    for (const auto& [target, copied] :
+         {std::pair{u"1.gif"_s, "57_files/sub/link"},
+          std::pair{m_place.filePath(u"page_files/sub/1.gif"_s), "57_files/sub/link"},
+          std::pair{u"../sub2"_s, "57_files/sub/link/1.gif"}}) {
+        write(u"page_files/sub2/1.gif"_s, "one");
+        QFile::link(target, link);
+        m_upload.convertDocument(page, 57);
+        EXPECT_EQ(stored(QString::fromLatin1(copied)), "one") << qPrintable(target);
+        QFile::remove(link);
+        QDir(m_documents).removeRecursively();
+    }
+    for (const QString& target : {u"../../secret/key"_s, m_place.filePath(u"secret"_s), u"../.."_s, u".."_s,
+                                  u"."_s, u"/etc/hostname"_s}) {
+        QFile::link(target, link);
+        expectRefused(page, EINVAL);
+        QFile::remove(link);
+        QDir(m_documents).removeRecursively();
+    }
+    const QString other = write(u"in/other.htm"_s, "x");
+    ASSERT_TRUE(QFile::link(m_place.filePath(u"secret"_s), m_place.filePath(u"in/other_files"_s)));
+    expectRefused(other, EINVAL);
+}
+
+TEST_F(FileUploadTest, WhatAKilledCopyLeftIsClearedAndNothingElse)
+{
+    const QString charts = m_place.filePath(u"data/orgcharts/"_s);
+    for (const char* name : {"documents/.upload-57", "documents/.upload-58_files/a/b.gif", "documents/57.pdf",
+                             "documents/.replaced-58_files/old.gif", "documents/.replaced-59_files/old.gif",
+                             "documents/59_files/new.gif", "documents/.upload-notes", "documents/.upload-5x",
+                             "documents/x.upload-57", "documents/sub/.upload-57", "orgcharts/.upload-6",
+                             "orgcharts/6.pdf", ".upload-7"}) {
+        write(u"data/"_s + QString::fromLatin1(name), "x");
+    }
+    write(u"elsewhere/kept"_s, "x");
+    QFile::link(m_place.filePath(u"elsewhere"_s), m_documents + u".upload-60"_s);
+    m_upload.clearUnfinished();
+    EXPECT_EQ(storedNames(), u".upload-5x .upload-notes 57.pdf 58_files 58_files/old.gif 59_files "
+                             "59_files/new.gif sub sub/.upload-57 x.upload-57"_s);
+    EXPECT_EQ(QDir(charts).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList{u"6.pdf"_s});
+    EXPECT_TRUE(QFile::exists(m_place.filePath(u"data/.upload-7"_s)));
+    EXPECT_TRUE(QFile::exists(m_place.filePath(u"elsewhere/kept"_s)));
+}
+
+TEST_F(FileUploadTest, ATypedPathIsCleanedOfWhatStandsAroundIt)
+{
+    const QString odd = write(u"'odd'.pdf "_s, "x");
+    const struct
+    {
+        QString typed;
+        QString path;
+    } cases[] = {{u"/home/a b/c.pdf"_s, u"/home/a b/c.pdf"_s},
+                 {u"  /home/c.pdf \n"_s, u"/home/c.pdf"_s},
+                 {u"\"/home/a b.pdf\""_s, u"/home/a b.pdf"_s},
+                 {u" '/home/a b.pdf'\r\n"_s, u"/home/a b.pdf"_s},
+                 {u"/home/it's.pdf"_s, u"/home/it's.pdf"_s},
+                 {u"file:///home/a%20b%C3%A9.pdf\r\n"_s, u"/home/a bé.pdf"_s},
+                 {u"FILE:///home/a b.pdf"_s, u"/home/a b.pdf"_s},
+                 {u"/home/a\nb.pdf"_s, u"/home/ab.pdf"_s},
+                 {u"C:\\papers\\x.doc"_s, u"C:\\papers\\x.doc"_s},
+                 {u"\""_s, u"\""_s},
+                 {u" \n"_s, QString()},
+                 {odd, odd}};
+    for (const auto& [typed, path] : cases)
+        EXPECT_EQ(FileUpload::typedPath(typed), path) << qPrintable(typed);
+}
+
 TEST_F(FileUploadTest, AFullDiskReportsAndLeavesNothingBehind)
 {
     const QString large = write(u"large.pdf"_s, QByteArray(3000000, 'x'));

@@ -37,6 +37,38 @@ TEST(StoredNames, AWebPageIsFoundUnderEitherEnding)
     }
 }
 
+TEST(StoredNames, ALinkIsAFileOfItsFolderOnlyWithinIt)
+{
+    const QTemporaryDir place;
+    const QString path = place.filePath(u"data/documents/"_s);
+    QDir().mkpath(place.filePath(u"elsewhere"_s));
+    for (const char* name : {"elsewhere/1.pdf", "elsewhere/2.pdf", "secret"})
+        ASSERT_TRUE(QFile(place.filePath(QString::fromLatin1(name))).open(QIODevice::WriteOnly));
+    QDir().mkpath(place.filePath(u"data"_s));
+    // the folder itself may be kept elsewhere
+    ASSERT_TRUE(QFile::link(place.filePath(u"elsewhere"_s), place.filePath(u"data/documents"_s)));
+    const struct
+    {
+        QString name;
+        QString target;
+        bool isFound;
+    } cases[] = {{u"2.pdf"_s, QString(), true},
+                 {u"3.pdf"_s, u"2.pdf"_s, true},
+                 {u"4.pdf"_s, path + u"2.pdf"_s, true},
+                 {u"5.pdf"_s, u"../secret"_s, false},
+                 {u"6.pdf"_s, place.filePath(u"secret"_s), false},
+                 {u"7.pdf"_s, u"nowhere"_s, false}};
+    for (const auto& [name, target, isFound] : cases) {
+        ASSERT_TRUE(target.isEmpty() || QFile::link(target, path + name)) << qPrintable(name);
+    }
+    const ProgramFolder folder(place.path());
+    const FolderNames names(path);
+    for (const auto& [name, target, isFound] : cases) {
+        EXPECT_EQ(folder.find(u"\\data\\documents\\"_s, name).has_value(), isFound) << qPrintable(name);
+        EXPECT_EQ(names.contains(name), isFound) << qPrintable(name);
+    }
+}
+
 TEST(StoredNames, PathsOfTheMachineHaveAProgramForm)
 {
     EXPECT_EQ(ProgramFolder::programForm(u"/home/a b/c.pdf"_s), u"\\home\\a b\\c.pdf"_s);

@@ -168,6 +168,15 @@ TEST(StartUp, FillsANewProgramFolderAndNamesItsDatabase)
     EXPECT_EQ(journey.program->state().databasePath, root + QStringLiteral("/data/first.sqlite"));
 }
 
+TEST(StartUp, ClearsWhatAKilledUploadLeft)
+{
+    Journey journey;
+    const QString leftOver = journey.dataFolder() + QStringLiteral("documents/.upload-5");
+    QFile::copy(journey.database.fileName(), leftOver);
+    journey.start();
+    EXPECT_FALSE(QFile::exists(leftOver));
+}
+
 TEST(StartUp, EndsOnlyWhenTheUserSaysYes)
 {
     Journey journey;

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <filesystem>
+
+/// Where links of the file system lead.
+namespace LinkTarget {
+
+/// Whether a file or folder lies below a folder once all links on the way to either are followed. False for
+/// what does not exist.
+bool liesIn(const std::filesystem::path& folder, const std::filesystem::path& entry);
+
+} // namespace LinkTarget
