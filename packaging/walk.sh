@@ -10,25 +10,12 @@ mkdir -p "$pictures"
 rm -f "$pictures"/*.png
 
 echo "There is no display: the program opens on a virtual one."
-own=$(mktemp -d)
-display_file="$own/display"
-Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$display_file" 2>/dev/null &
-server=$!
-trap 'kill "${application:-}" "${manager:-}" "$server" 2>/dev/null || true; rm -rf "$own"' EXIT
-for _ in $(seq 100); do
-    [[ -s $display_file ]] && break
-    sleep 0.1
-done
-export DISPLAY=":$(<"$display_file")"
-openbox >/dev/null 2>&1 &
-manager=$!
-# what the user has stays as it is: the walk has a program folder and settings of its own
-unset ORVIK_HOME
-export XDG_DATA_HOME="$own/data" XDG_CONFIG_HOME="$own/settings"
+source "$(dirname "$0")/virtual-display.sh"
+open_display
+open_manager
 "$program" &
 application=$!
-window=$(timeout 60 xdotool search --sync --onlyvisible --name '^Home Page - ' | tail -n 1)
-xdotool windowactivate --sync "$window" 2>/dev/null || true
+show_main_window
 
 # picture NAME: waits until the window has stopped changing, then saves it.
 picture() {
@@ -42,8 +29,6 @@ picture() {
     import -window root "$pictures/$1.png"
     echo "build/screenshots/$1.png"
 }
-
-key() { xdotool key --clearmodifiers "$@"; }
 
 picture 01-home
 key ctrl+1
@@ -79,6 +64,8 @@ xdotool type '05/07/2026'
 key Tab
 xdotool type '12:00'
 key alt+c
+# nothing was copied yet, so there is nothing to paste
+key ctrl+v shift+Insert
 xdotool type 'What was learned.'
 picture 13-filled-in
 key alt+v

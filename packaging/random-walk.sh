@@ -1,0 +1,135 @@
+#!/usr/bin/env bash
+# random-walk.sh PROGRAM [SEED [ACTIONS]]: opens the program on a virtual display with a fresh copy of the sample,
+# pastes into it while there is nothing to paste, then presses keys and clicks at random. Fails if the program
+# ends by itself, does not leave when asked to, or reports something critical. The same seed makes the same walk.
+set -euo pipefail
+
+program=$(realpath "$1")
+picture=$(dirname "$program")/random-walk.png
+seed=${2:-1927}
+actions=${3:-3000}
+actions_each_start=500
+source "$(dirname "$0")/virtual-display.sh"
+
+open_display
+# Only the focus follows the mouse: no key or click closes a window, starts a program or leads out of the walk.
+cat >"$own/manager.xml" <<'XML'
+<?xml version="1.0"?>
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <focus><focusNew>yes</focusNew></focus>
+  <keyboard/>
+  <mouse>
+    <context name="Client">
+      <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
+    </context>
+  </mouse>
+  <applications>
+    <application title="Orvik Database" type="normal"><maximized>yes</maximized></application>
+  </applications>
+</openbox_config>
+XML
+open_manager "$own/manager.xml"
+# The program finds no user, no other program to open files with and no bus to reach one by.
+export HOME="$own" XDG_RUNTIME_DIR="$own/run" XDG_CACHE_HOME="$own/cache" XDG_STATE_HOME="$own/state"
+export XDG_DATA_DIRS="$own/share" XDG_CONFIG_DIRS="$own/etc" DBUS_SESSION_BUS_ADDRESS="unix:path=$own/no-bus"
+export QT_MESSAGE_PATTERN='%{type}: %{message}'
+unset QT_QPA_PLATFORM QT_QPA_PLATFORMTHEME
+mkdir -m 700 "$own/run" "$own/work"
+mkdir -p "$own/share"
+ln -s /usr/share/icons "$own/share/icons"
+cd "$own/work"
+log="$own/log"
+
+fail() {
+    echo "random-walk.sh: $1 (seed $seed, after $done_actions actions)" >&2
+    [[ -s $log ]] && tail -n 20 "$log" >&2
+    import -window root "$picture" 2>/dev/null && echo "The display as it was is in $picture." >&2
+    exit 1
+}
+
+start() {
+    "$program" </dev/null >>"$log" 2>&1 &
+    application=$!
+    show_main_window
+}
+
+# check_end: the program has ended; it may only have done so because the walk said Yes to its exit question.
+check_end() {
+    local status=0
+    wait "$application" || status=$?
+    application=
+    [[ $status -eq 0 ]] || fail "the program ended with status $status"
+    ! grep -qE '^(critical|fatal): ' "$log" || fail "the program reported something critical"
+}
+
+is_running() { kill -0 "$application" 2>/dev/null; }
+
+# leave: gets out of whatever is open, giving up what was typed, and leaves the program.
+leave() {
+    local answer
+    for _ in $(seq 30); do
+        is_running || break
+        for answer in Escape alt+d ctrl+q alt+y; do
+            key "$answer"
+            sleep 0.2
+        done
+    done
+    is_running && fail "the program does not leave"
+    check_end
+}
+
+# paste_nothing: every way to paste into a text of several lines, while nothing was ever copied.
+paste_nothing() {
+    local field
+    for field in ctrl+n,d,alt+e ctrl+n,e,alt+c ctrl+n,o,alt+r; do
+        key ${field//,/ }
+        sleep 0.5
+        key ctrl+v shift+Insert ctrl+shift+Insert
+        eval "$(xdotool getmouselocation --shell | grep -E '^[XY]=')"
+        xdotool mousemove 500 430 click 2
+        sleep 0.2
+        key Escape
+        sleep 0.2
+        is_running || check_end
+        is_running || fail "the program ended by itself"
+    done
+}
+
+keys=(Tab Tab shift+Tab Return Return Escape space Delete BackSpace Up Down Left Right Page_Up Page_Down Home End Insert
+    F2 F3 F4 F5 Menu a e s t 1 9 slash quotedbl percent apostrophe ctrl+a ctrl+c ctrl+x ctrl+v ctrl+z ctrl+y
+    shift+Insert ctrl+Return ctrl+1 ctrl+2 ctrl+3 ctrl+n ctrl+e ctrl+o ctrl+f ctrl+shift+f ctrl+shift+e
+    ctrl+shift+o ctrl+shift+d alt+Left alt+Right alt+Home alt+Down alt+n alt+y alt+d alt+k alt+o alt+v alt+r alt+e
+    shift+Down shift+End ctrl+plus ctrl+minus ctrl+Home ctrl+End)
+buttons=(1 1 1 1 1 1 2 3 4 5)
+
+# The random numbers are drawn here, not in a subshell, which would repeat them.
+RANDOM=$seed
+script="$own/script"
+draw_actions() {
+    : >"$script"
+    for _ in $(seq "$1"); do
+        if ((RANDOM % 5 < 3)); then
+            echo "key --clearmodifiers ${keys[RANDOM % ${#keys[@]}]}"
+        else
+            local place="$((RANDOM % 1280)) $((RANDOM % 800))"
+            echo "mousemove $place click --repeat $((1 + RANDOM % 2)) --delay 30 ${buttons[RANDOM % ${#buttons[@]}]}"
+        fi
+        echo "sleep 0.01"
+    done >>"$script"
+}
+
+done_actions=0
+start
+paste_nothing
+while ((done_actions < actions)); do
+    is_running || { check_end; start; }
+    draw_actions 20
+    xdotool "$script" >/dev/null 2>&1 || true
+    done_actions=$((done_actions + 20))
+    if ((done_actions % actions_each_start == 0)); then
+        leave
+        start
+    fi
+done
+leave
+echo "The program took $done_actions random actions (seed $seed)."
