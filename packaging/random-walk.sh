@@ -8,7 +8,7 @@ program=$(realpath "$1")
 picture=$(dirname "$program")/random-walk.png
 seed=${2:-1927}
 actions=${3:-3000}
-actions_each_start=500
+actions_each_start=1000
 source "$(dirname "$0")/virtual-display.sh"
 
 open_display
@@ -67,7 +67,7 @@ is_running() { kill -0 "$application" 2>/dev/null; }
 # leave: gets out of whatever is open, giving up what was typed, and leaves the program.
 leave() {
     local answer
-    for _ in $(seq 30); do
+    for _ in $(seq 60); do
         is_running || break
         for answer in Escape alt+d ctrl+q alt+y; do
             key "$answer"
@@ -109,12 +109,11 @@ draw_actions() {
     : >"$script"
     for _ in $(seq "$1"); do
         if ((RANDOM % 5 < 3)); then
-            echo "key --clearmodifiers ${keys[RANDOM % ${#keys[@]}]}"
+            echo "key --delay 5 ${keys[RANDOM % ${#keys[@]}]}"
         else
             local place="$((RANDOM % 1280)) $((RANDOM % 800))"
-            echo "mousemove $place click --repeat $((1 + RANDOM % 2)) --delay 30 ${buttons[RANDOM % ${#buttons[@]}]}"
+            echo "mousemove $place click --repeat $((1 + RANDOM % 2)) --delay 20 ${buttons[RANDOM % ${#buttons[@]}]}"
         fi
-        echo "sleep 0.01"
     done >>"$script"
 }
 

@@ -29,14 +29,12 @@ bool DesktopMessages::ask(const QString& text, Question about)
 {
     QMessageBox box(QApplication::activeWindow());
     prepare(box, QMessageBox::Question, text);
-    QPushButton* yes = nullptr;
-    QPushButton* no = nullptr;
-    if (about == Question::Discard) {
-        yes = box.addButton(QStringLiteral("&Discard"), QMessageBox::DestructiveRole);
-        no = box.addButton(QStringLiteral("&Keep Editing"), QMessageBox::RejectRole);
-    } else {
-        yes = box.addButton(QMessageBox::Yes);
-        no = box.addButton(QMessageBox::No);
+    const bool isDiscard = about == Question::Discard;
+    QPushButton* yes = box.addButton(isDiscard ? QMessageBox::Discard : QMessageBox::Yes);
+    QPushButton* no = box.addButton(isDiscard ? QMessageBox::Cancel : QMessageBox::No);
+    if (isDiscard) {
+        yes->setText(QStringLiteral("&Discard"));
+        no->setText(QStringLiteral("&Keep Editing"));
     }
     box.setDefaultButton(about == Question::Harmless ? yes : no);
     box.setEscapeButton(no);
