@@ -5,14 +5,14 @@
 set -euo pipefail
 
 program=$(realpath "$1")
-picture=$(dirname "$program")/random-walk.png
+picture=$(cd "$(dirname "$0")/.." && pwd)/build/random-walk.png
 seed=${2:-1927}
 actions=${3:-3000}
 actions_each_start=1000
 source "$(dirname "$0")/virtual-display.sh"
 
 open_display
-# Only the focus follows the mouse: no key or click closes a window, starts a program or leads out of the walk.
+# A click gives a window the focus, and that is all: the manager starts no program and closes no window.
 cat >"$own/manager.xml" <<'XML'
 <?xml version="1.0"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
@@ -50,7 +50,7 @@ fail() {
 start() {
     "$program" </dev/null >>"$log" 2>&1 &
     application=$!
-    show_main_window
+    show_main_window || fail "the main window does not open"
 }
 
 # check_end: the program has ended; it may only have done so because the walk said Yes to its exit question.
@@ -78,21 +78,22 @@ leave() {
     check_end
 }
 
-# paste_nothing: every way to paste into a text of several lines, while nothing was ever copied.
+# paste_nothing KIND LETTER DESCRIPTION: pastes in every way into a text of several lines of a new record, while
+# nothing was ever copied. LETTER chooses the kind of record, DESCRIPTION is the key of the text.
 paste_nothing() {
-    local field
-    for field in ctrl+n,d,alt+e ctrl+n,e,alt+c ctrl+n,o,alt+r; do
-        key ${field//,/ }
-        sleep 0.5
-        key ctrl+v shift+Insert ctrl+shift+Insert
-        eval "$(xdotool getmouselocation --shell | grep -E '^[XY]=')"
-        xdotool mousemove 500 430 click 2
-        sleep 0.2
-        key Escape
-        sleep 0.2
-        is_running || check_end
-        is_running || fail "the program ended by itself"
-    done
+    key ctrl+n
+    sleep 0.3
+    key "$2"
+    timeout 30 xdotool search --sync --onlyvisible --name "^Add a New $1" >/dev/null || fail "no editor opens"
+    sleep 0.3
+    key "$3"
+    key ctrl+v shift+Insert ctrl+shift+Insert
+    xdotool mousemove 500 430 click 2
+    sleep 0.3
+    key Escape
+    sleep 0.3
+    is_running || check_end
+    [[ -n $application ]] || fail "the program ended by itself"
 }
 
 keys=(Tab Tab shift+Tab Return Return Escape space Delete BackSpace Up Down Left Right Page_Up Page_Down Home End Insert
@@ -119,7 +120,9 @@ draw_actions() {
 
 done_actions=0
 start
-paste_nothing
+paste_nothing Document d alt+e
+paste_nothing Event e alt+c
+paste_nothing Organization o alt+r
 while ((done_actions < actions)); do
     is_running || { check_end; start; }
     draw_actions 20

@@ -31,7 +31,7 @@ close_display() {
 
 # show_main_window: waits for the main window and gives it the focus; its number is in "$window".
 show_main_window() {
-    window=$(timeout 60 xdotool search --sync --onlyvisible --name '^Orvik Database$' | tail -n 1)
+    window=$(timeout 60 xdotool search --sync --onlyvisible --name '^Orvik Database$' | tail -n 1) || return
     xdotool windowactivate --sync "$window" 2>/dev/null || true
 }
 
