@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # random-walk.sh PROGRAM [SEED [ACTIONS]]: opens the program on a virtual display with a fresh copy of the sample,
 # pastes into it while there is nothing to paste, then presses keys and clicks at random. Fails if the program
-# ends by itself, does not leave when asked to, or reports something critical. The same seed makes the same walk.
+# ends by itself, does not leave when asked to, or reports something critical. The same seed makes the same actions.
 set -euo pipefail
 
 program=$(realpath "$1")
@@ -66,9 +66,12 @@ is_running() { kill -0 "$application" 2>/dev/null; }
 
 # leave: gets out of whatever is open, giving up what was typed, and leaves the program.
 leave() {
-    local answer
-    for _ in $(seq 60); do
+    local answer turn windows
+    for turn in $(seq 60); do
         is_running || break
+        # a click may have left the focus on a window that waits for another one
+        mapfile -t windows < <(xdotool search --onlyvisible --pid "$application" 2>/dev/null)
+        [[ ${#windows[@]} -eq 0 ]] || xdotool windowfocus "${windows[turn % ${#windows[@]}]}" 2>/dev/null || true
         for answer in Escape alt+d ctrl+q alt+y; do
             key "$answer"
             sleep 0.2

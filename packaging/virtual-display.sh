@@ -31,7 +31,15 @@ close_display() {
 
 # show_main_window: waits for the main window and gives it the focus; its number is in "$window".
 show_main_window() {
-    window=$(timeout 60 xdotool search --sync --onlyvisible --name '^Orvik Database$' | tail -n 1) || return
+    window=
+    for _ in $(seq 120); do
+        # a window that goes while it is looked at ends the search
+        window=$(xdotool search --onlyvisible --name '^Orvik Database$' 2>/dev/null | tail -n 1) || true
+        [[ -n $window ]] && break
+        kill -0 "$application" 2>/dev/null || return
+        sleep 0.5
+    done
+    [[ -n $window ]] || return
     xdotool windowactivate --sync "$window" 2>/dev/null || true
 }
 

@@ -45,7 +45,8 @@ void LineEdit::keyPressEvent(QKeyEvent* event)
 
 void LineEdit::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::MiddleButton && QGuiApplication::clipboard()->supportsSelection()) {
+    const bool pastes = event->button() == Qt::MiddleButton && !isReadOnly();
+    if (pastes && QGuiApplication::clipboard()->supportsSelection()) {
         deselect();
         if (pasteLines(QClipboard::Selection)) return;
     }
