@@ -24,7 +24,7 @@ cat >"$own/manager.xml" <<'XML'
     </context>
   </mouse>
   <applications>
-    <application title="Orvik Database" type="normal"><maximized>yes</maximized></application>
+    <application title="Home Page - *" type="normal"><maximized>yes</maximized></application>
   </applications>
 </openbox_config>
 XML

@@ -34,7 +34,7 @@ show_main_window() {
     window=
     for _ in $(seq 120); do
         # a window that goes while it is looked at ends the search
-        window=$(xdotool search --onlyvisible --name '^Orvik Database$' 2>/dev/null | tail -n 1) || true
+        window=$(xdotool search --onlyvisible --name '^Home Page - ' 2>/dev/null | tail -n 1) || true
         [[ -n $window ]] && break
         kill -0 "$application" 2>/dev/null || return
         sleep 0.5
