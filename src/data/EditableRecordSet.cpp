@@ -88,6 +88,15 @@ Value EditableRecordSet::value(QStringView column) const
     return m_rows[m_current].values.at(index);
 }
 
+RecordTable EditableRecordSet::current() const
+{
+    if (atEnd()) return {};
+    std::vector<QString> names;
+    for (const CatalogColumn& column : m_table.columns)
+        names.push_back(column.name);
+    return {std::move(names), m_rows[m_current].values};
+}
+
 void EditableRecordSet::addNew()
 {
     requireOpen();

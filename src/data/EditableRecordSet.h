@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/EngineStatement.h"
+#include "data/RecordSet.h"
 #include "data/StatementTranslator.h"
 #include "data/Value.h"
 
@@ -14,9 +15,9 @@ class DatabaseSession;
 
 /// The rows of one table that a condition names, to be changed one by one, and new rows to be added.
 ///
-/// Begins on the first row. `set` collects values for the current row, or for a new one after `addNew`, and
-/// `update` writes them. Dates and times are given in program form. The session must outlive it, and have the
-/// same file open.
+/// Begins on the first row; rows come in the order in which they were added to the table. `set` collects
+/// values for the current row, or for a new one after `addNew`, and `update` writes them. Dates and times are
+/// given in program form. The session must outlive it, and have the same file open.
 class EditableRecordSet
 {
 public:
@@ -32,6 +33,9 @@ public:
     /// A column of the new row as set so far, or of the current row as last read or written. The key of a
     /// new row is known from `addNew` on. Throws Error where there is no such column or no row.
     [[nodiscard]] Value value(QStringView column) const;
+
+    /// The current row alone, as last read or written; no row after the last.
+    [[nodiscard]] RecordTable current() const;
 
     /// Begins a new row. Where the table has an integer key, it gets the number after the largest.
     void addNew();

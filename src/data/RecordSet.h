@@ -54,7 +54,12 @@ private:
 class RecordTable
 {
 public:
+    RecordTable() = default;
     explicit RecordTable(RecordSet&& rows);
+    RecordTable(std::vector<QString> names, std::vector<Value> row)
+        : m_names(std::move(names)), m_rows{std::move(row)}
+    {
+    }
 
     [[nodiscard]] std::size_t count() const { return m_rows.size(); }
 

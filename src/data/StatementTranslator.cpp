@@ -97,6 +97,10 @@ private:
         if (grouped) rest += groupBy(*spans[static_cast<std::size_t>(Clause::Group)], scope, depth);
         rest += clause(Clause::Having, QStringLiteral("HAVING"));
         rest += clause(Clause::Order, QStringLiteral("ORDER BY"));
+        // of several rows that a condition names, the first is the same one each time
+        if (m_forEditing && depth == 0 && !spans[static_cast<std::size_t>(Clause::Order)]) {
+            rest += QStringLiteral(" ORDER BY rowid");
+        }
         // only now is it known which joins are needed, and so what DISTINCT compares
         if (scope.comparesTexts()) {
             scope.setComparesListed();
