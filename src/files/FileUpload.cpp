@@ -148,14 +148,23 @@ void FileUpload::copyChart(const QString& chosenPath, qint64 organizationId) con
     FileCopy::copyFile(sourceOf(chosenPath), machinePath(target));
 }
 
+std::optional<QString> FileUpload::copyOfChart(const QString& chosenPath, qint64 organizationId) const
+{
+    const QString ending = extension(chosenPath);
+    if (ending.isEmpty()) return storedChart(chosenPath, organizationId);
+    return fileInCharts(QString::number(organizationId) + point + ending);
+}
+
+std::optional<QString> FileUpload::fileInCharts(const QString& text) const
+{
+    return m_state.folder.find(m_state.folders.organizationCharts, text);
+}
+
 std::optional<QString> FileUpload::storedChart(const QString& chosenPath, qint64 organizationId) const
 {
     const QString name = QString::number(organizationId) + point;
-    const auto find = [&](const QString& ending) {
-        return m_state.folder.find(m_state.folders.organizationCharts, name + ending);
-    };
-    const std::optional<QString> stored = find(extension(chosenPath));
-    return stored ? stored : find(QStringLiteral("pdf"));
+    const std::optional<QString> stored = fileInCharts(name + extension(chosenPath));
+    return stored ? stored : fileInCharts(name + QStringLiteral("pdf"));
 }
 
 void FileUpload::clearUnfinished() const

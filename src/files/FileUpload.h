@@ -40,7 +40,14 @@ public:
     /// Clears the two folders for files of what copies left unfinished in them when the program was killed.
     void clearUnfinished() const;
 
-    /// The copy of a chart that is in the program's folder, whatever became of the chosen file.
+    /// The copy that `copyChart` made of a chosen file, whatever became of that file. A path without an
+    /// extension may also stand for a copy named as the distribution names charts.
+    [[nodiscard]] std::optional<QString> copyOfChart(const QString& chosenPath, qint64 organizationId) const;
+
+    /// The file of that name in the charts folder; nothing if the text is more than a name.
+    [[nodiscard]] std::optional<QString> fileInCharts(const QString& text) const;
+
+    /// That copy, or a chart named as the distribution names charts.
     [[nodiscard]] std::optional<QString> storedChart(const QString& chosenPath, qint64 organizationId) const;
 
 private:
