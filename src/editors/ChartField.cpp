@@ -60,11 +60,11 @@ void ChartField::setPath(const QString& path)
     txtOrganizationChart->setText(path);
 }
 
-void ChartField::warn(const std::optional<QString>& storedCopy)
+void ChartField::warn(const QString& text, const std::optional<QString>& storedCopy)
 {
     m_storedCopy = storedCopy.value_or(QString());
     m_takeCopy->setVisible(storedCopy.has_value());
-    m_warningText->setText(tr("There is no file at this path. Saving drops the organization's chart."));
+    m_warningText->setText(text);
     m_warning->show();
 }
 

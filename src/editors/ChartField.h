@@ -9,7 +9,8 @@ class QLabel;
 class QPushButton;
 
 /// The path of an organization's chart, with a button that browses for it. Where a save would drop the chart,
-/// since no file is at the path any more, a line below says so, and a click takes the stored copy instead.
+/// since neither a file at the path nor its copy is there, a line below says so, and a click takes the stored
+/// copy instead.
 class ChartField final : public QWidget
 {
     Q_OBJECT
@@ -20,8 +21,8 @@ public:
     [[nodiscard]] QString path() const;
     void setPath(const QString& path);
 
-    /// Says that a save drops the chart; `storedCopy` is what can be taken instead, where there is one.
-    void warn(const std::optional<QString>& storedCopy);
+    /// Says that a save drops the chart; `storedCopy` is a file that can be taken instead, if there is one.
+    void warn(const QString& text, const std::optional<QString>& storedCopy);
     void dropWarning();
 
 Q_SIGNALS:

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "data/ListEntry.h"
+#include "editors/StoredState.h"
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 /// A document as its editor holds it. Plain texts, as typed.
@@ -27,7 +29,9 @@ struct DocumentRecord
     qint64 fileTypeId = noneKey;
     qint64 organizationId = noneKey;
 
-    QString fileLocation; ///< the stored file's name; the store's own, an editor does not touch it
+    /// The store's own, which an editor does not touch.
+    QString fileLocation;              ///< the stored file's name
+    std::optional<StoredState> stored; ///< what was read; missing for a new record
 
     /// Each id once; empty stands for "None", which a loaded or blank record already holds then.
     std::vector<ListEntry> types;

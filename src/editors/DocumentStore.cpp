@@ -62,27 +62,63 @@ std::vector<ListEntry> readCategories(DatabaseSession& session, qint64 id)
         u"DocumentCategoryName"_s, u"DocumentCategoryID"_s);
 }
 
-void setTextsAndFlag(EditableRecordSet& rows, const DocumentRecord& record, bool withOriginalFilename)
+FieldValues fieldsOf(const DocumentRecord& record, bool withOriginalFilename)
 {
-    rows.set(u"DocumentName"_s, record.documentName);
-    rows.set(u"Author"_s, record.author);
-    rows.set(u"DocumentDate"_s, record.documentDate);
-    rows.set(u"Publication"_s, record.publication);
-    rows.set(u"PageNum"_s, record.pageNum);
-    rows.set(u"PubNum"_s, record.pubNum);
-    rows.set(u"Volume"_s, record.volume);
-    rows.set(u"URL"_s, record.url);
-    if (withOriginalFilename) rows.set(u"OriginalFilename"_s, record.originalFilename);
-    rows.set(u"KeyDocument"_s, RecordValues::flag(record.keyDocument));
-    rows.set(u"DocumentDescription"_s, record.documentDescription);
-    rows.set(u"Notes"_s, record.notes);
-    rows.set(u"FileTypeID"_s, record.fileTypeId);
-    rows.set(u"OrganizationID"_s, record.organizationId);
+    FieldValues fields{
+        {u"DocumentName"_s, u"Title"_s, record.documentName},
+        {u"Author"_s, u"Author"_s, record.author},
+        {u"DocumentDate"_s, u"Date"_s, record.documentDate},
+        {u"Publication"_s, u"Publication"_s, record.publication},
+        {u"PageNum"_s, u"Page number"_s, record.pageNum},
+        {u"PubNum"_s, u"Publication number"_s, record.pubNum},
+        {u"Volume"_s, u"Volume"_s, record.volume},
+        {u"URL"_s, u"Web address"_s, record.url},
+    };
+    if (withOriginalFilename) {
+        fields.push_back({u"OriginalFilename"_s, u"Document file"_s, record.originalFilename});
+    }
+    const FieldValues others{
+        {u"KeyDocument"_s, u"Key document"_s, RecordValues::flag(record.keyDocument)},
+        {u"DocumentDescription"_s, u"Description"_s, record.documentDescription},
+        {u"Notes"_s, u"Notes"_s, record.notes},
+        {u"FileTypeID"_s, u"File type"_s, record.fileTypeId},
+        {u"OrganizationID"_s, u"Source organization"_s, record.organizationId},
+    };
+    fields.insert(fields.end(), others.begin(), others.end());
+    return fields;
 }
 
-void setConstants(EditableRecordSet& rows)
+/// The record as it was read, of which only the columns of its own row are known.
+DocumentRecord asRead(const DocumentRecord& record)
 {
-    rows.set(u"dStatus"_s, u"ACTIVE"_s);
+    DocumentRecord read;
+    if (record.stored) readRow(record.stored->row, read);
+    return read;
+}
+
+/// The fields as an update writes them.
+FieldValues fieldsToWrite(const DocumentRecord& record)
+{
+    FieldValues fields = fieldsOf(record, record.takesFile);
+    if (record.stored) {
+        StoredStates::keepUnchanged(fields, fieldsOf(asRead(record), record.takesFile), record.stored->row);
+    }
+    return fields;
+}
+
+/// All that another save could have changed.
+RecordView viewOf(const DocumentRecord& record, const QString& status)
+{
+    FieldValues fields = fieldsOf(record, false);
+    fields.push_back(RecordLinks::field(typeLinks, u"Document types"_s, record.types));
+    fields.push_back(RecordLinks::field(categoryLinks, u"Categories"_s, record.categories));
+    fields.push_back(RecordLinks::field(venueLinks, u"Venues"_s, record.venues));
+    return {fields, status};
+}
+
+void setConstants(EditableRecordSet& rows, const QString& status)
+{
+    rows.set(u"dStatus"_s, status);
     rows.set(u"UserID"_s, qint64{1});
     rows.set(u"POCID"_s, qint64{1});
     rows.set(u"Status"_s, u"SUBMITTED"_s);
@@ -94,10 +130,12 @@ QString storedName(qint64 id, const QString& chosenPath)
     return QString::number(id) + u'.' + FileUpload::extension(chosenPath);
 }
 
+/// A key that the user did not change is not written, whatever it is.
 void requireIdentifiers(const DocumentRecord& record)
 {
-    recordIdentifier(record.fileTypeId);
-    recordIdentifier(record.organizationId);
+    const DocumentRecord read = asRead(record);
+    if (record.fileTypeId != read.fileTypeId) recordIdentifier(record.fileTypeId);
+    if (record.organizationId != read.organizationId) recordIdentifier(record.organizationId);
     RecordLinks::requireIdentifiers(record.types);
     RecordLinks::requireIdentifiers(record.categories);
     RecordLinks::requireChecked(record.venues);
@@ -141,15 +179,19 @@ LoadedRecord<DocumentRecord> DocumentStore::load(qint64 id) const
     LoadedRecord<DocumentRecord> loaded;
     DocumentRecord& record = loaded.record;
     record.id = id;
-    const RecordTable rows = m_state.session.readAll(recordStatement(id));
-    loaded.isFound = rows.count() > 0;
-    if (loaded.isFound) readRow(rows, record);
+    RecordTable row = m_state.session.readAll(recordStatement(id));
+    loaded.isFound = row.count() > 0;
+    if (loaded.isFound) readRow(row, record);
     record.types = readTypes(m_state.session, id);
     record.categories = readCategories(m_state.session, id);
     RecordLinks::addPlaceholder(record.types);
     RecordLinks::addPlaceholder(record.categories);
     fillCheckList(m_state.session, venueSource, record.venues);
     RecordLinks::readChecks(m_state.session, venueLinks, id, false, record.venues);
+    if (loaded.isFound) {
+        const QString status = row.text(0, u"dStatus");
+        record.stored = StoredState{std::move(row), {}, viewOf(record, status)};
+    }
     return loaded;
 }
 
@@ -183,6 +225,7 @@ bool DocumentStore::hasOtherActiveTitle(const DocumentRecord& record) const
 
 std::optional<DocumentStore::Problem> DocumentStore::saveDocument(DocumentRecord& record)
 {
+    record.stored.reset();
     requireIdentifiers(record);
     Transaction transaction(m_state.session);
     if (hasOtherActiveTitle(record)) {
@@ -193,7 +236,7 @@ std::optional<DocumentStore::Problem> DocumentStore::saveDocument(DocumentRecord
     writeRow(record);
     FileUpload(m_state).convertDocument(record.originalFilename, record.id);
     writeLinks(record);
-    writeHistory(record);
+    writeHistory(record, activeStatus);
     transaction.commit();
     return std::nullopt;
 }
@@ -204,9 +247,9 @@ void DocumentStore::writeRow(DocumentRecord& record)
     EditableRecordSet rows = m_state.session.edit(recordStatement(record.id));
     if (rows.atEnd()) rows.addNew();
     const std::int16_t id = recordIdentifier(std::get<qint64>(rows.value(u"DocumentID")));
-    setTextsAndFlag(rows, record, true);
+    StoredStates::setDiffering(rows, fieldsOf(record, true));
     rows.set(u"ReleaseForm"_s, RecordValues::flag(true));
-    setConstants(rows);
+    setConstants(rows, activeStatus);
     const QString fileLocation = storedName(id, record.originalFilename);
     rows.set(u"FileLocation"_s, fileLocation);
     rows.update();
@@ -219,23 +262,27 @@ bool DocumentStore::hasFile(const DocumentRecord& record) const
     return m_state.folder.find(m_state.folders.documents, record.fileLocation).has_value();
 }
 
-void DocumentStore::updateDocument(DocumentRecord record)
+std::optional<RecordConflict> DocumentStore::updateDocument(DocumentRecord& record)
 {
     recordIdentifier(record.id);
     requireIdentifiers(record);
     Transaction transaction(m_state.session);
     EditableRecordSet rows = RecordValues::openRecord(m_state.session, recordStatement(record.id));
+    const auto find = [this, &record] { return load(record.id).record.stored->known; };
+    if (auto conflict = StoredStates::conflict(record.stored, find())) return conflict;
+    const StoredStates::KnownAfterSave known(record.stored, find);
     if (record.takesFile) {
         FileUpload::requireSource(record.originalFilename);
         record.fileLocation = storedName(record.id, record.originalFilename);
         rows.set(u"FileLocation"_s, record.fileLocation);
     }
-    setTextsAndFlag(rows, record, record.takesFile);
+    StoredStates::setDiffering(rows, fieldsToWrite(record));
     rows.update();
     if (record.takesFile) FileUpload(m_state).convertDocument(record.originalFilename, record.id);
     writeLinks(record);
-    writeHistory(record);
+    writeHistory(record, StoredStates::historyStatus(rows.value(u"dStatus")));
     transaction.commit();
+    return std::nullopt;
 }
 
 void DocumentStore::writeLinks(const DocumentRecord& record)
@@ -245,13 +292,13 @@ void DocumentStore::writeLinks(const DocumentRecord& record)
     RecordLinks::rewriteChecked(m_state.session, venueLinks, record.id, record.venues);
 }
 
-void DocumentStore::writeHistory(const DocumentRecord& record)
+void DocumentStore::writeHistory(const DocumentRecord& record, const QString& status)
 {
     EditableRecordSet rows = m_state.session.edit(u"SELECT * FROM Document_HIST WHERE DocumentID = "_s +
                                                   QString::number(record.id));
     rows.addNew();
-    setTextsAndFlag(rows, record, true);
-    setConstants(rows);
+    StoredStates::setDiffering(rows, fieldsOf(record, true));
+    setConstants(rows, status);
     rows.set(u"FileLocation"_s, record.fileLocation);
     rows.set(u"DocumentID"_s, record.id);
     rows.set(u"UpdateTime"_s, RecordValues::updateTime(m_clock));

@@ -55,9 +55,11 @@ public:
     /// Whether the document's stored file is in the program's folder.
     [[nodiscard]] bool hasFile(const DocumentRecord& record) const;
 
-    /// Writes a record that exists, and copies a file for it if the record takes one. Throws Error if the
-    /// record is gone meanwhile or there is no file to copy; nothing is written then.
-    void updateDocument(DocumentRecord record);
+    /// Writes a record that exists, and copies a file for it if the record takes one; what the user did not
+    /// change stays as it is stored. If somebody else changed or deleted the record after it was read, returns
+    /// what differs and writes nothing. A deleted record stays deleted. Throws Error if the record is gone
+    /// meanwhile or there is no file to copy; nothing is written then.
+    [[nodiscard]] std::optional<RecordConflict> updateDocument(DocumentRecord& record);
 
     /// Marks a record as deleted, and gives the message that says so.
     QString deleteDocument(qint64 id);
@@ -66,7 +68,7 @@ private:
     [[nodiscard]] bool hasOtherActiveTitle(const DocumentRecord& record) const;
     void writeRow(DocumentRecord& record);
     void writeLinks(const DocumentRecord& record);
-    void writeHistory(const DocumentRecord& record);
+    void writeHistory(const DocumentRecord& record, const QString& status);
 
     ProgramState& m_state;
     const Clock& m_clock;

@@ -66,6 +66,7 @@ void EntryCombo::makeSearching()
 void EntryCombo::fill(std::vector<ListEntry> entries)
 {
     m_entries->setEntries(std::move(entries));
+    m_unlistedKey = noneKey;
     setCurrentIndex(-1);
 }
 
@@ -79,7 +80,9 @@ void EntryCombo::selectKey(qint64 key)
     const auto& entries = m_entries->entries();
     const auto found = std::find_if(entries.begin(), entries.end(),
                                     [key](const ListEntry& entry) { return entry.key == key; });
-    if (found != entries.end()) setCurrentIndex(static_cast<int>(found - entries.begin()));
+    const bool isListed = found != entries.end();
+    m_unlistedKey = isListed ? noneKey : key;
+    setCurrentIndex(isListed ? static_cast<int>(found - entries.begin()) : -1);
 }
 
 void EntryCombo::selectText(const QString& text)
@@ -90,7 +93,7 @@ void EntryCombo::selectText(const QString& text)
 
 qint64 EntryCombo::key() const
 {
-    return currentIndex() < 0 ? noneKey : currentData().toLongLong();
+    return currentIndex() < 0 ? m_unlistedKey : currentData().toLongLong();
 }
 
 bool EntryCombo::isSettled() const

@@ -32,13 +32,15 @@ public:
     /// Adds an entry at the end.
     void append(const ListEntry& entry);
 
-    /// Selects the first entry with that key; where there is none, the selection stays.
+    /// Selects the first entry with that key. If there is none, no entry is selected, and the key is kept
+    /// until one is.
     void selectKey(qint64 key);
 
     /// Selects the first entry with that text, in any letter case; where there is none, the selection stays.
     void selectText(const QString& text);
 
-    /// The key of the selected entry; that of "None" where none is selected.
+    /// The key of the selected entry; if none is selected, the one that `selectKey` did not find, else that
+    /// of "None".
     [[nodiscard]] qint64 key() const;
 
     /// Whether the text in the line is that of the selected entry.
@@ -55,5 +57,6 @@ private:
     [[nodiscard]] int rowMarked() const;
 
     ListEntryModel* m_entries;
+    qint64 m_unlistedKey = noneKey;
     QAction* m_mark = nullptr; ///< the searching kind only
 };

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "data/ListEntry.h"
+#include "editors/StoredState.h"
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 /// An event as its editor holds it.
@@ -29,4 +31,6 @@ struct EventRecord
     std::vector<ListEntry> functions;
     std::vector<ListEntry> documents;
     std::vector<ListEntry> organizations;
+
+    std::optional<StoredState> stored; ///< what was read, missing for a new record; the store's own
 };

@@ -5,6 +5,9 @@
 #include "editors/RecordLinks.h"
 #include "editors/RecordValues.h"
 #include "util/DateTimeText.h"
+#include "util/Error.h"
+
+#include <sqlite3.h>
 
 #include <algorithm>
 
@@ -90,21 +93,46 @@ void addPlaceholders(EventRecord& record)
     RecordLinks::addPlaceholder(record.documents);
 }
 
-void setValues(EditableRecordSet& rows, const EventRecord& record)
+FieldValues fieldsOf(const EventRecord& record)
 {
-    rows.set(u"EventName"_s, record.eventName);
-    rows.set(u"EventDescription"_s, record.eventDescription);
-    rows.set(u"Notes"_s, record.notes);
-    rows.set(u"KeyEvent"_s, RecordValues::flag(record.keyEvent));
-    rows.set(u"startDate"_s, dateValue(record.startDate));
-    rows.set(u"endDate"_s, dateValue(record.endDate));
-    rows.set(u"startTime"_s, timeValue(record.startTime));
-    rows.set(u"endTime"_s, timeValue(record.endTime));
+    return {
+        {u"EventName"_s, u"Title"_s, record.eventName},
+        {u"EventDescription"_s, u"Description"_s, record.eventDescription},
+        {u"Notes"_s, u"Notes"_s, record.notes},
+        {u"KeyEvent"_s, u"Key event"_s, RecordValues::flag(record.keyEvent)},
+        {u"startDate"_s, u"Start date"_s, dateValue(record.startDate)},
+        {u"endDate"_s, u"End date"_s, dateValue(record.endDate)},
+        {u"startTime"_s, u"Start time"_s, timeValue(record.startTime)},
+        {u"endTime"_s, u"End time"_s, timeValue(record.endTime)},
+    };
 }
 
-void setConstants(EditableRecordSet& rows)
+/// The fields as an update writes them.
+FieldValues fieldsToWrite(const EventRecord& record)
 {
-    rows.set(u"Status"_s, u"ACTIVE"_s);
+    FieldValues fields = fieldsOf(record);
+    if (record.stored) {
+        EventRecord read;
+        readRow(record.stored->row, read);
+        StoredStates::keepUnchanged(fields, fieldsOf(read), record.stored->row);
+    }
+    return fields;
+}
+
+/// All that another save could have changed.
+RecordView viewOf(const EventRecord& record, const QString& status)
+{
+    FieldValues fields = fieldsOf(record);
+    fields.push_back(RecordLinks::field(venueLinks, u"Venues"_s, record.venues));
+    fields.push_back(RecordLinks::field(functionLinks, u"Functions"_s, record.functions));
+    fields.push_back(RecordLinks::field(documentLinks, u"Related documents"_s, record.documents));
+    fields.push_back(RecordLinks::field(organizationLinks, u"Related organizations"_s, record.organizations));
+    return {fields, status};
+}
+
+void setConstants(EditableRecordSet& rows, const QString& status)
+{
+    rows.set(u"Status"_s, status);
     rows.set(u"UserID"_s, qint64{1});
 }
 
@@ -134,8 +162,10 @@ std::optional<EventStore::Problem> unreadableMoment(const EventRecord& record)
     return std::nullopt;
 }
 
-void requireIdentifiers(const EventRecord& record)
+/// Refuses what could not be written as it is, before anything is written.
+void requireWritable(const EventRecord& record)
 {
+    if (const auto problem = unreadableMoment(record)) throw Error(SQLITE_MISMATCH, problem->message);
     RecordLinks::requireChecked(record.venues);
     RecordLinks::requireIdentifiers(record.functions);
     RecordLinks::requireIdentifiers(record.documents);
@@ -170,13 +200,17 @@ LoadedRecord<EventRecord> EventStore::load(qint64 id) const
     LoadedRecord<EventRecord> loaded;
     EventRecord& record = loaded.record;
     record.id = id;
-    const RecordTable rows = m_state.session.readAll(recordStatement(id));
-    loaded.isFound = rows.count() > 0;
-    if (loaded.isFound) readRow(rows, record);
+    RecordTable row = m_state.session.readAll(recordStatement(id));
+    loaded.isFound = row.count() > 0;
+    if (loaded.isFound) readRow(row, record);
     fillCheckList(m_state.session, venueSource, record.venues);
     RecordLinks::readChecks(m_state.session, venueLinks, id, false, record.venues);
     readLists(m_state.session, record);
     addPlaceholders(record);
+    if (loaded.isFound) {
+        const QString status = row.text(0, u"Status");
+        record.stored = StoredState{std::move(row), {}, viewOf(record, status)};
+    }
     return loaded;
 }
 
@@ -207,7 +241,8 @@ bool EventStore::hasOtherActiveTitle(const EventRecord& record) const
 
 std::optional<EventStore::Problem> EventStore::saveEvent(EventRecord& record)
 {
-    requireIdentifiers(record);
+    record.stored.reset();
+    requireWritable(record);
     Transaction transaction(m_state.session);
     if (hasOtherActiveTitle(record)) {
         return Problem{EventField::EventName,
@@ -216,27 +251,31 @@ std::optional<EventStore::Problem> EventStore::saveEvent(EventRecord& record)
     EditableRecordSet rows = m_state.session.edit(recordStatement(record.id));
     if (rows.atEnd()) rows.addNew();
     const std::int16_t id = recordIdentifier(std::get<qint64>(rows.value(u"EventID")));
-    setValues(rows, record);
-    setConstants(rows);
+    StoredStates::setDiffering(rows, fieldsOf(record));
+    setConstants(rows, activeStatus);
     rows.update();
     record.id = id;
     writeLinks(record);
-    writeHistory(record);
+    writeHistory(record, activeStatus);
     transaction.commit();
     return std::nullopt;
 }
 
-void EventStore::updateEvent(const EventRecord& record)
+std::optional<RecordConflict> EventStore::updateEvent(EventRecord& record)
 {
     recordIdentifier(record.id);
-    requireIdentifiers(record);
+    requireWritable(record);
     Transaction transaction(m_state.session);
     EditableRecordSet rows = RecordValues::openRecord(m_state.session, recordStatement(record.id));
-    setValues(rows, record);
+    const auto find = [this, &record] { return load(record.id).record.stored->known; };
+    if (auto conflict = StoredStates::conflict(record.stored, find())) return conflict;
+    const StoredStates::KnownAfterSave known(record.stored, find);
+    StoredStates::setDiffering(rows, fieldsToWrite(record));
     rows.update();
     writeLinks(record);
-    writeHistory(record);
+    writeHistory(record, StoredStates::historyStatus(rows.value(u"Status")));
     transaction.commit();
+    return std::nullopt;
 }
 
 void EventStore::writeLinks(const EventRecord& record)
@@ -247,14 +286,14 @@ void EventStore::writeLinks(const EventRecord& record)
     RecordLinks::rewrite(m_state.session, organizationLinks, record.id, record.organizations);
 }
 
-void EventStore::writeHistory(const EventRecord& record)
+void EventStore::writeHistory(const EventRecord& record, const QString& status)
 {
     EditableRecordSet rows =
         m_state.session.edit(u"SELECT * FROM Event_HIST WHERE EventID = "_s + QString::number(record.id));
     rows.addNew();
     rows.set(u"EventID"_s, record.id);
-    setValues(rows, record);
-    setConstants(rows);
+    StoredStates::setDiffering(rows, fieldsOf(record));
+    setConstants(rows, status);
     rows.set(u"UpdateTime"_s, RecordValues::updateTime(m_clock));
     rows.update();
 }

@@ -52,8 +52,10 @@ public:
     /// cannot be read.
     [[nodiscard]] std::optional<Problem> saveEvent(EventRecord& record);
 
-    /// Writes a record that exists. Throws Error where it is gone meanwhile; nothing is written then.
-    void updateEvent(const EventRecord& record);
+    /// Writes a record that exists; what the user did not change stays as it is stored. If somebody else
+    /// changed or deleted the record after it was read, returns what differs and writes nothing. A deleted
+    /// record stays deleted. Throws Error where it is gone meanwhile; nothing is written then.
+    [[nodiscard]] std::optional<RecordConflict> updateEvent(EventRecord& record);
 
     /// Marks a record as deleted, and gives the message that says so.
     QString deleteEvent(qint64 id);
@@ -65,7 +67,7 @@ public:
 private:
     [[nodiscard]] bool hasOtherActiveTitle(const EventRecord& record) const;
     void writeLinks(const EventRecord& record);
-    void writeHistory(const EventRecord& record);
+    void writeHistory(const EventRecord& record, const QString& status);
 
     ProgramState& m_state;
     const Clock& m_clock;

@@ -10,6 +10,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include <limits>
+
 namespace {
 
 constexpr int hintOpacity = 128;
@@ -105,6 +107,13 @@ void FormControls::clear(QWidget& form)
     const auto checkLists = form.findChildren<CheckList*>();
     for (CheckList* list : checkLists)
         list->untickAll();
+}
+
+void FormControls::takeAnyLength(QWidget& form)
+{
+    const auto lines = form.findChildren<QLineEdit*>();
+    for (QLineEdit* line : lines)
+        line->setMaxLength(std::numeric_limits<int>::max());
 }
 
 void FormControls::showBeginnings(QWidget& form)

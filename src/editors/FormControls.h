@@ -17,6 +17,9 @@ void unlock(QWidget& form);
 /// Empties texts and takes selections and ticks back. What the drop-downs and lists offer stays.
 void clear(QWidget& form);
 
+/// Lets every line take texts of any length: what a record holds is shown and saved whole.
+void takeAnyLength(QWidget& form);
+
 /// Brings the beginning of every text into sight.
 void showBeginnings(QWidget& form);
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "data/ListEntry.h"
+#include "editors/StoredState.h"
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 /// What is known of an organization beside its address. Numbers are texts, as typed.
@@ -18,6 +20,7 @@ struct OrganizationProfile
     QString training;
     QString other;
     QString organizationChart; ///< the path of the chart's file, in the form that the user gave it
+    bool chartOption = false;  ///< whether there is a chart; the store's own, an editor does not touch it
 
     /// All types, each stored with whether it is checked.
     std::vector<CheckEntry> jurisdictions;
@@ -47,4 +50,6 @@ struct OrganizationRecord
 
     std::vector<CheckEntry> venues; ///< all venues; only those checked are linked
     OrganizationProfile profile;
+
+    std::optional<StoredState> stored; ///< what was read, missing for a new record; the store's own
 };

@@ -9,10 +9,13 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString noState = ListEntry::none().display;
 const ListSource venueSource{u"Venue"_s, u"VenueName"_s, u"VenueID"_s};
 const ListSource jurisdictionSource{u"JurisdictionTypes"_s, u"Name"_s, u"JurisdictionID"_s};
 const ListSource populationSource{u"PopulationTypes"_s, u"Name"_s, u"PopulationID"_s};
@@ -69,30 +72,57 @@ void readProfile(const RecordTable& rows, OrganizationProfile& profile)
     profile.training = rows.text(0, u"Training");
     profile.other = rows.text(0, u"Other");
     profile.organizationChart = rows.text(0, u"OrganizationChart");
+    profile.chartOption = rows.integer(0, u"ChartOption") != 0;
 }
 
-void setValues(EditableRecordSet& rows, const OrganizationRecord& record)
+FieldValues fieldsOf(const OrganizationRecord& record)
 {
-    rows.set(u"OrganizationName"_s, record.organizationName);
-    rows.set(u"Address1"_s, record.address1);
-    rows.set(u"Address2"_s, record.address2);
-    rows.set(u"Address3"_s, record.address3);
-    rows.set(u"city"_s, record.city);
-    rows.set(u"State"_s, record.state.isEmpty() ? ListEntry::none().display : record.state);
-    rows.set(u"Zip"_s, record.zip);
-    rows.set(u"Fax"_s, record.fax);
-    rows.set(u"Telephone"_s, record.telephone);
-    rows.set(u"Website"_s, record.website);
-    rows.set(u"ResponseActivities"_s, record.responseActivities);
-    rows.set(u"Notes"_s, record.notes);
-    rows.set(u"functionId"_s, record.functionId);
-    rows.set(u"OrganizationTypeID"_s, record.organizationTypeId);
-    rows.set(u"OrganizationSubTypeID"_s, record.organizationSubTypeId);
+    return {
+        {u"OrganizationName"_s, u"Name"_s, record.organizationName},
+        {u"Address1"_s, u"Address"_s, record.address1},
+        {u"Address2"_s, u"Address line 2"_s, record.address2},
+        {u"Address3"_s, u"Address line 3"_s, record.address3},
+        {u"city"_s, u"City"_s, record.city},
+        {u"State"_s, u"State"_s, record.state.isEmpty() ? noState : record.state},
+        {u"Zip"_s, u"Zip"_s, record.zip},
+        {u"Fax"_s, u"Fax"_s, record.fax},
+        {u"Telephone"_s, u"Telephone"_s, record.telephone},
+        {u"Website"_s, u"Web site"_s, record.website},
+        {u"ResponseActivities"_s, u"Response activities"_s, record.responseActivities},
+        {u"Notes"_s, u"Notes"_s, record.notes},
+        {u"functionId"_s, u"Function"_s, record.functionId},
+        {u"OrganizationTypeID"_s, u"Type"_s, record.organizationTypeId},
+        {u"OrganizationSubTypeID"_s, u"Sub-type"_s, record.organizationSubTypeId},
+    };
 }
 
-void setConstants(EditableRecordSet& rows)
+/// The organization and its profile as they were read, of which only the columns of their rows are known.
+OrganizationRecord asRead(const OrganizationRecord& record)
 {
-    rows.set(u"Status"_s, u"ACTIVE"_s);
+    OrganizationRecord read;
+    if (!record.stored) return read;
+    readRow(record.stored->row, read);
+    if (record.stored->profile.count() > 0) readProfile(record.stored->profile, read.profile);
+    return read;
+}
+
+/// The fields of the organization's own row as an update writes them. An organization without a state gets
+/// "None" with every save.
+FieldValues fieldsToWrite(const OrganizationRecord& record)
+{
+    FieldValues fields = fieldsOf(record);
+    if (record.stored) {
+        StoredStates::keepUnchanged(fields, fieldsOf(asRead(record)), record.stored->row);
+    }
+    const auto state = std::find_if(fields.begin(), fields.end(),
+                                    [](const FieldValue& field) { return field.column == u"State"; });
+    if (isNull(state->value) || state->value == Value(QString())) state->value = noState;
+    return fields;
+}
+
+void setConstants(EditableRecordSet& rows, const QString& status)
+{
+    rows.set(u"Status"_s, status);
     rows.set(u"UserID"_s, qint64{1});
 }
 
@@ -101,6 +131,8 @@ struct ProfileNumber
 {
     OrganizationField field;
     QString column;
+    QString caption;
+    QString text;
     std::optional<Value> value;
     QString message;
 };
@@ -110,7 +142,11 @@ std::vector<ProfileNumber> profileNumbers(const OrganizationProfile& profile)
     const auto count = [](OrganizationField field, const QString& column, const QString& name,
                           const QString& text) {
         return ProfileNumber{
-            field, column, RecordValues::count(text),
+            field,
+            column,
+            name,
+            text,
+            RecordValues::count(text),
             u"%1 \"%2\" is not a number of people. Please type a whole number, such as 1,250."_s.arg(name,
                                                                                                      text)};
     };
@@ -120,26 +156,45 @@ std::vector<ProfileNumber> profileNumbers(const OrganizationProfile& profile)
             count(OrganizationField::CivilianEmployees, u"CivilianEmployees"_s, u"Civilian employees"_s,
                   profile.civilianEmployees),
             count(OrganizationField::Volunteers, u"Volunteers"_s, u"Volunteers"_s, profile.volunteers),
-            {OrganizationField::AnnualBudget, u"AnnualBudget"_s, RecordValues::amount(profile.annualBudget),
-             noAmount.arg(profile.annualBudget)}};
+            {OrganizationField::AnnualBudget, u"AnnualBudget"_s, u"Annual budget"_s, profile.annualBudget,
+             RecordValues::amount(profile.annualBudget), noAmount.arg(profile.annualBudget)}};
 }
 
-void setProfileValues(EditableRecordSet& rows, const OrganizationProfile& profile)
+/// A number that cannot be read is held as it was typed.
+FieldValues profileFields(const OrganizationProfile& profile)
 {
-    rows.set(u"MissionStatement"_s, profile.missionStatement);
+    FieldValues fields{{u"MissionStatement"_s, u"Mission statement"_s, profile.missionStatement}};
     for (const ProfileNumber& number : profileNumbers(profile))
-        rows.set(number.column, number.value.value());
-    rows.set(u"Resources"_s, profile.resources);
-    rows.set(u"Training"_s, profile.training);
-    rows.set(u"Other"_s, profile.other);
+        fields.push_back({number.column, number.caption, number.value.value_or(number.text)});
+    fields.push_back({u"Resources"_s, u"Resources"_s, profile.resources});
+    fields.push_back({u"Training"_s, u"Training"_s, profile.training});
+    fields.push_back({u"Other"_s, u"Other"_s, profile.other});
+    fields.push_back({u"OrganizationChart"_s, u"Organization chart"_s, profile.organizationChart});
+    fields.push_back({u"ChartOption"_s, u"Organization chart"_s, RecordValues::flag(profile.chartOption)});
+    return fields;
+}
+
+/// All that another save could have changed.
+RecordView viewOf(const OrganizationRecord& record, const QString& status)
+{
+    FieldValues fields = fieldsOf(record);
+    for (FieldValue& field : profileFields(record.profile))
+        fields.push_back(std::move(field));
+    fields.push_back(RecordLinks::field(jurisdictionLinks, u"Jurisdictions"_s, record.profile.jurisdictions));
+    fields.push_back(RecordLinks::field(populationLinks, u"Populations"_s, record.profile.populations));
+    fields.push_back(RecordLinks::field(venueLinks, u"Venues"_s, record.venues));
+    return {fields, status};
 }
 
 /// Refuses what could not be written as it is, before anything is written.
 void requireWritable(const OrganizationRecord& record)
 {
-    recordIdentifier(record.functionId);
-    recordIdentifier(record.organizationTypeId);
-    recordIdentifier(record.organizationSubTypeId);
+    const OrganizationRecord read = asRead(record);
+    for (const auto key : {&OrganizationRecord::functionId, &OrganizationRecord::organizationTypeId,
+                           &OrganizationRecord::organizationSubTypeId}) {
+        // a key that the user did not change is not written, whatever it is
+        if (record.*key != read.*key) recordIdentifier(record.*key);
+    }
     RecordLinks::requireChecked(record.venues);
     RecordLinks::requireIdentifiers(record.profile.jurisdictions);
     RecordLinks::requireIdentifiers(record.profile.populations);
@@ -194,14 +249,19 @@ LoadedRecord<OrganizationRecord> OrganizationStore::load(qint64 id) const
     DatabaseSession& session = m_state.session;
     record.id = id;
     fillCheckLists(session, record);
-    const RecordTable rows = session.readAll(recordStatement(id));
-    loaded.isFound = rows.count() > 0;
-    if (loaded.isFound) readRow(rows, record);
-    const RecordTable profiles = session.readAll(profileStatement(id));
-    if (profiles.count() > 0) readProfile(profiles, record.profile);
+    RecordTable row = session.readAll(recordStatement(id));
+    loaded.isFound = row.count() > 0;
+    if (loaded.isFound) readRow(row, record);
+    // of two profiles the one that a save changes
+    RecordTable profile = session.edit(profileStatement(id)).current();
+    if (profile.count() > 0) readProfile(profile, record.profile);
     RecordLinks::readChecks(session, jurisdictionLinks, id, true, record.profile.jurisdictions);
     RecordLinks::readChecks(session, populationLinks, id, true, record.profile.populations);
     RecordLinks::readChecks(session, venueLinks, id, false, record.venues);
+    if (loaded.isFound) {
+        const QString status = row.text(0, u"Status");
+        record.stored = StoredState{std::move(row), std::move(profile), viewOf(record, status)};
+    }
     return loaded;
 }
 
@@ -221,11 +281,17 @@ std::optional<OrganizationStore::Problem> OrganizationStore::check(const Organiz
     return std::nullopt;
 }
 
-ChartPath OrganizationStore::chartPath(qint64 id, const QString& path) const
+ChartPath OrganizationStore::chartPath(const OrganizationRecord& record, const QString& text) const
 {
-    if (FileUpload::existingFile(path)) return {true, std::nullopt};
-    if (path.isEmpty()) return {};
-    return {false, FileUpload(m_state).storedChart(path, id)};
+    const FileUpload upload(m_state);
+    const bool isChanged = text != asRead(record).profile.organizationChart;
+    if (text.isEmpty() && (isChanged || !record.profile.chartOption)) return {};
+    if (const auto file = FileUpload::existingFile(text)) return {ChartOutcome::Taken, *file, {}};
+    const bool hasCopy = upload.copyOfChart(text, record.id).has_value();
+    if (hasCopy && !isChanged) return {ChartOutcome::Kept, {}, {}};
+    if (const auto file = upload.fileInCharts(text)) return {ChartOutcome::Taken, *file, {}};
+    if (hasCopy) return {ChartOutcome::Kept, {}, {}};
+    return {ChartOutcome::Dropped, {}, upload.storedChart(text, record.id)};
 }
 
 bool OrganizationStore::hasOtherActiveName(const OrganizationRecord& record) const
@@ -239,6 +305,7 @@ bool OrganizationStore::hasOtherActiveName(const OrganizationRecord& record) con
 
 std::optional<OrganizationStore::Problem> OrganizationStore::saveOrganization(OrganizationRecord& record)
 {
+    record.stored.reset();
     requireWritable(record);
     Transaction transaction(m_state.session);
     if (hasOtherActiveName(record)) {
@@ -248,30 +315,34 @@ std::optional<OrganizationStore::Problem> OrganizationStore::saveOrganization(Or
     EditableRecordSet rows = m_state.session.edit(recordStatement(record.id));
     if (rows.atEnd()) rows.addNew();
     const std::int16_t id = recordIdentifier(std::get<qint64>(rows.value(u"OrganizationID")));
-    setValues(rows, record);
-    setConstants(rows);
+    StoredStates::setDiffering(rows, fieldsOf(record));
+    setConstants(rows, activeStatus);
     rows.set(u"ParentID"_s, qint64{1});
     rows.update();
     record.id = id;
     writeProfile(record);
     writeLinks(record);
-    writeHistory(record);
+    writeHistory(record, activeStatus);
     transaction.commit();
     return std::nullopt;
 }
 
-void OrganizationStore::updateOrganization(const OrganizationRecord& record)
+std::optional<RecordConflict> OrganizationStore::updateOrganization(OrganizationRecord& record)
 {
     recordIdentifier(record.id);
     requireWritable(record);
     Transaction transaction(m_state.session);
     EditableRecordSet rows = RecordValues::openRecord(m_state.session, recordStatement(record.id));
-    setValues(rows, record);
+    const auto find = [this, &record] { return load(record.id).record.stored->known; };
+    if (auto conflict = StoredStates::conflict(record.stored, find())) return conflict;
+    const StoredStates::KnownAfterSave known(record.stored, find);
+    StoredStates::setDiffering(rows, fieldsToWrite(record));
     rows.update();
     writeProfile(record);
     writeLinks(record);
-    writeHistory(record);
+    writeHistory(record, StoredStates::historyStatus(rows.value(u"Status")));
     transaction.commit();
+    return std::nullopt;
 }
 
 void OrganizationStore::writeProfile(const OrganizationRecord& record)
@@ -281,12 +352,19 @@ void OrganizationStore::writeProfile(const OrganizationRecord& record)
         rows.addNew();
         rows.set(u"OrganizationProfileID"_s, record.id);
     }
-    setProfileValues(rows, record.profile);
-    const QString& chart = record.profile.organizationChart;
-    const bool hasChart = FileUpload::existingFile(chart).has_value();
-    rows.set(u"OrganizationChart"_s, hasChart ? chart : QString());
-    rows.set(u"ChartOption"_s, RecordValues::flag(hasChart));
-    if (hasChart) FileUpload(m_state).copyChart(chart, record.id);
+    const OrganizationProfile read = asRead(record).profile;
+    const ChartPath chart = chartPath(record, record.profile.organizationChart);
+    OrganizationProfile profile = record.profile;
+    if (chart.outcome == ChartOutcome::None || chart.outcome == ChartOutcome::Dropped) {
+        profile.organizationChart.clear();
+    }
+    const bool staysAsItIs =
+        chart.outcome == ChartOutcome::Kept && profile.organizationChart == read.organizationChart;
+    profile.chartOption = staysAsItIs ? read.chartOption : !profile.organizationChart.isEmpty();
+    FieldValues fields = profileFields(profile);
+    if (record.stored) StoredStates::keepUnchanged(fields, profileFields(read), record.stored->profile);
+    StoredStates::setDiffering(rows, fields);
+    if (chart.outcome == ChartOutcome::Taken) FileUpload(m_state).copyChart(chart.source, record.id);
     rows.update();
 }
 
@@ -297,14 +375,14 @@ void OrganizationStore::writeLinks(const OrganizationRecord& record)
     RecordLinks::rewriteChecked(m_state.session, venueLinks, record.id, record.venues);
 }
 
-void OrganizationStore::writeHistory(const OrganizationRecord& record)
+void OrganizationStore::writeHistory(const OrganizationRecord& record, const QString& status)
 {
     EditableRecordSet rows = m_state.session.edit(
         u"SELECT * FROM Organization_HIST WHERE OrganizationID = "_s + QString::number(record.id));
     rows.addNew();
     rows.set(u"OrganizationID"_s, record.id);
-    setValues(rows, record);
-    setConstants(rows);
+    StoredStates::setDiffering(rows, fieldsOf(record));
+    setConstants(rows, status);
     rows.set(u"UpdateTime"_s, RecordValues::updateTime(m_clock));
     rows.update();
 }

@@ -18,13 +18,23 @@ enum class OrganizationField
     AnnualBudget
 };
 
-/// What a save would do with the path of an organization's chart.
+/// What a save does with an organization's chart.
+enum class ChartOutcome
+{
+    None,   ///< there is none, or the user emptied the field
+    Taken,  ///< the file is copied into the charts folder
+    Kept,   ///< the file is not at its path any more, but its copy in the charts folder stays
+    Dropped ///< neither the file nor its copy is there
+};
+
+/// What a save does with the text in an organization's chart field.
 struct ChartPath
 {
-    /// Whether a file is there, so that a save takes it; else a save drops the chart.
-    bool isFile = false;
+    ChartOutcome outcome = ChartOutcome::None;
+    QString source; ///< if the file is taken: where it is, as a path of the machine
 
-    /// Where there is none: the copy that an earlier save or an import left in the program's folder.
+    /// If the chart is dropped: another file in the charts folder that an earlier save or an import left for
+    /// the organization.
     std::optional<QString> storedCopy;
 };
 
@@ -58,16 +68,18 @@ public:
     /// The name where it is empty; else the first number of the profile that is none.
     [[nodiscard]] static std::optional<Problem> check(const OrganizationRecord& record);
 
-    /// What a save of that organization does with a path in its chart field.
-    [[nodiscard]] ChartPath chartPath(qint64 id, const QString& path) const;
+    /// What a save of that organization does with a text in its chart field.
+    [[nodiscard]] ChartPath chartPath(const OrganizationRecord& record, const QString& text) const;
 
     /// Adds the record and copies its chart; `record.id` is known afterwards, also if a later step failed.
     /// A record that such a failure left unfinished is completed. Returns a problem, and writes nothing, if
     /// another active organization has that name.
     [[nodiscard]] std::optional<Problem> saveOrganization(OrganizationRecord& record);
 
-    /// Writes a record that exists. Throws Error where it is gone meanwhile; nothing is written then.
-    void updateOrganization(const OrganizationRecord& record);
+    /// Writes a record that exists; what the user did not change stays as it is stored. If somebody else
+    /// changed or deleted the record after it was read, returns what differs and writes nothing. A deleted
+    /// record stays deleted. Throws Error where it is gone meanwhile; nothing is written then.
+    [[nodiscard]] std::optional<RecordConflict> updateOrganization(OrganizationRecord& record);
 
     /// Marks a record as deleted, and gives the message that says so.
     QString deleteOrganization(qint64 id);
@@ -76,7 +88,7 @@ private:
     [[nodiscard]] bool hasOtherActiveName(const OrganizationRecord& record) const;
     void writeProfile(const OrganizationRecord& record);
     void writeLinks(const OrganizationRecord& record);
-    void writeHistory(const OrganizationRecord& record);
+    void writeHistory(const OrganizationRecord& record, const QString& status);
 
     ProgramState& m_state;
     const Clock& m_clock;

@@ -35,6 +35,7 @@ RecordDialog::RecordDialog(const Platform& platform, ProgramState& state, const 
 void RecordDialog::setForm(QWidget* form)
 {
     m_form = form;
+    FormControls::takeAnyLength(*form);
     auto* scroll = new QScrollArea(this);
     scroll->setObjectName(QStringLiteral("scrollArea"));
     scroll->setFrameShape(QFrame::NoFrame);
@@ -132,6 +133,38 @@ void RecordDialog::done(int result)
 bool RecordDialog::isChanged() const
 {
     return m_mode != EditorMode::View && FormControls::state(*m_form) != m_opened;
+}
+
+bool RecordDialog::updateTrapped(const char* name, std::optional<StoredState>& stored,
+                                 const std::function<std::optional<RecordConflict>()>& update)
+{
+    for (;;) {
+        std::optional<RecordConflict> conflict;
+        const bool worked = runTrapped(name, [&] { conflict = update(); });
+        if (!conflict) {
+            m_hasWritten = true;
+            return worked;
+        }
+        if (!m_platform.messages.ask(questionOf(*conflict))) return false;
+        stored->known = std::move(conflict->found);
+    }
+}
+
+QString RecordDialog::questionOf(const RecordConflict& conflict)
+{
+    const QString fields = conflict.fields.join(u'\n');
+    if (!conflict.isDeleted) {
+        return tr("This record was changed after you opened it. These fields differ:\n\n%1\n\n"
+                  "Save over these changes?")
+            .arg(fields);
+    }
+    if (fields.isEmpty()) {
+        return tr("This record was deleted after you opened it. Save your changes to it all the same? "
+                  "It stays deleted.");
+    }
+    return tr("This record was deleted after you opened it, and these fields differ:\n\n%1\n\n"
+              "Save over these changes all the same? The record stays deleted.")
+        .arg(fields);
 }
 
 bool RecordDialog::refuse(const QString& message, QWidget* field)

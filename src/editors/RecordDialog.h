@@ -4,6 +4,7 @@
 #include "data/ListEntry.h"
 #include "editors/EditorTypes.h"
 #include "editors/FormControls.h"
+#include "editors/StoredState.h"
 #include "platform/Platform.h"
 #include "platform/Procedure.h"
 
@@ -81,6 +82,15 @@ protected:
         return worked;
     }
 
+    /// Changes a record that was read by `update`, which returns a conflict, having written nothing, if
+    /// somebody else changed the record meanwhile. Asks then whether to save over it. `stored` is what was
+    /// read.
+    bool updateTrapped(const char* name, std::optional<StoredState>& stored,
+                       const std::function<std::optional<RecordConflict>()>& update);
+
+    /// Brings a field into sight and focus.
+    void bringIntoSight(QWidget* field);
+
     /// Shows a message and brings the field it is about into sight and focus; always false.
     bool refuse(const QString& message, QWidget* field);
 
@@ -104,7 +114,7 @@ private:
     void cmdOK();
     void pickFor(LinkList& list);
     [[nodiscard]] bool isChanged() const;
-    void bringIntoSight(QWidget* field);
+    [[nodiscard]] static QString questionOf(const RecordConflict& conflict);
 
     Platform m_platform;
     ProgramState& m_state;

@@ -4,7 +4,7 @@
 
 #include <QSet>
 
-#include <algorithm>
+#include <set>
 
 namespace {
 
@@ -102,6 +102,28 @@ void RecordLinks::rewriteSettings(DatabaseSession& session, const LinkTable& lin
         rows.set(settingColumn, qint64{entry.isChecked ? 1 : 0});
         rows.update();
     }
+}
+
+FieldValue RecordLinks::field(const LinkTable& links, const QString& caption,
+                              const std::vector<ListEntry>& entries)
+{
+    std::set<qint64> keys;
+    for (const ListEntry& entry : entries)
+        keys.insert(entry.key);
+    QString text;
+    for (const qint64 key : keys)
+        text += QString::number(key) + u' ';
+    return {links.table, caption, text};
+}
+
+FieldValue RecordLinks::field(const LinkTable& links, const QString& caption,
+                              const std::vector<CheckEntry>& entries)
+{
+    std::vector<ListEntry> checked;
+    for (const CheckEntry& entry : entries) {
+        if (entry.isChecked) checked.push_back(entry.entry);
+    }
+    return field(links, caption, checked);
 }
 
 void RecordLinks::requireIdentifiers(const std::vector<ListEntry>& entries)

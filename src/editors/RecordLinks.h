@@ -2,6 +2,7 @@
 
 #include "data/DatabaseSession.h"
 #include "data/ListEntry.h"
+#include "editors/StoredState.h"
 
 #include <QString>
 
@@ -39,6 +40,13 @@ void rewriteChecked(DatabaseSession& session, const LinkTable& links, qint64 rec
 /// Replaces a record's settings: a row for every entry, with 1 where it is checked and 0 where not.
 void rewriteSettings(DatabaseSession& session, const LinkTable& links, qint64 record,
                      const std::vector<CheckEntry>& entries);
+
+/// The keys that a record is linked to, in one text that does not depend on their order; of a list with check
+/// boxes, those that are checked.
+[[nodiscard]] FieldValue field(const LinkTable& links, const QString& caption,
+                               const std::vector<ListEntry>& entries);
+[[nodiscard]] FieldValue field(const LinkTable& links, const QString& caption,
+                               const std::vector<CheckEntry>& entries);
 
 /// Throws Error 6 where an identifier that `rewrite` or `rewriteSettings` would write does not fit into 16
 /// bits.

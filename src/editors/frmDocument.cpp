@@ -285,11 +285,6 @@ bool frmDocument::saveRecord()
         return writeTrapped<DocumentStore::Problem>(
             "saveDocument", [this] { return m_store.saveDocument(m_record); }, field);
     }
-    return writeTrapped<DocumentStore::Problem>(
-        "updateDocument",
-        [this] {
-            m_store.updateDocument(m_record);
-            return std::nullopt;
-        },
-        field);
+    return updateTrapped("updateDocument", m_record.stored,
+                         [this] { return m_store.updateDocument(m_record); });
 }

@@ -206,11 +206,5 @@ bool frmEvent::saveRecord()
         return writeTrapped<EventStore::Problem>(
             "saveEvent", [this] { return m_store.saveEvent(m_record); }, field);
     }
-    return writeTrapped<EventStore::Problem>(
-        "updateEvent",
-        [this] {
-            m_store.updateEvent(m_record);
-            return std::nullopt;
-        },
-        field);
+    return updateTrapped("updateEvent", m_record.stored, [this] { return m_store.updateEvent(m_record); });
 }

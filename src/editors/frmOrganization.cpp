@@ -11,6 +11,7 @@
 #include "platform/Messages.h"
 
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTabWidget>
@@ -62,11 +63,12 @@ frmOrganization::frmOrganization(const Platform& platform, ProgramState& state, 
 
 void frmOrganization::makeForm()
 {
-    auto* tabs = new QTabWidget(this);
-    tabs->setObjectName(QStringLiteral("tabOrganization"));
-    tabs->addTab(makeMainPage(), tr("&Organization"));
-    tabs->addTab(makeProfilePage(), tr("Pro&file"));
-    setForm(tabs);
+    m_tabs = new QTabWidget(this);
+    m_tabs->setObjectName(QStringLiteral("tabOrganization"));
+    m_tabs->addTab(makeMainPage(), tr("&Organization"));
+    m_profilePage = makeProfilePage();
+    m_tabs->addTab(m_profilePage, tr("Pro&file"));
+    setForm(m_tabs);
 }
 
 QWidget* frmOrganization::makeMainPage()
@@ -257,7 +259,10 @@ void frmOrganization::collectRecord()
     m_record.address2 = txtAddress2->text();
     m_record.address3 = txtAddress3->text();
     m_record.city = txtCity->text();
-    m_record.state = cmbState->currentText();
+    // the letter case of the table of states is not that of every record
+    if (cmbState->currentText().compare(m_record.state, Qt::CaseInsensitive) != 0) {
+        m_record.state = cmbState->currentText();
+    }
     m_record.zip = txtZip->text();
     m_record.fax = txtFax->text();
     m_record.telephone = txtTelephone->text();
@@ -296,17 +301,41 @@ void frmOrganization::browseForChart()
 
 void frmOrganization::checkChart()
 {
-    const QString path = m_chart->path();
-    if (path.isEmpty() || mode() == EditorMode::View) {
-        m_chart->dropWarning();
-        return;
-    }
-    const ChartPath found = m_store.chartPath(m_record.id, path);
-    if (found.isFile) {
-        m_chart->dropWarning();
+    const ChartPath chart = m_store.chartPath(m_record, m_chart->path());
+    const bool isDropped = chart.outcome == ChartOutcome::Dropped && mode() != EditorMode::View;
+    const bool isMistyped =
+        chart.outcome == ChartOutcome::Kept && m_chart->path() != m_record.profile.organizationChart;
+    if (isDropped) {
+        m_chart->warn(droppedText(m_chart->path()), chart.storedCopy);
+    } else if (isMistyped) {
+        m_chart->warn(tr("There is no file at this path. The stored copy stays."), std::nullopt);
     } else {
-        m_chart->warn(found.storedCopy);
+        m_chart->dropWarning();
     }
+    const int profile = m_tabs->indexOf(m_profilePage);
+    m_tabs->setTabIcon(profile, isDropped ? QIcon::fromTheme(QStringLiteral("data-warning")) : QIcon());
+    m_tabs->setTabToolTip(profile, isDropped ? droppedText(m_chart->path()) : QString());
+}
+
+/// What the user is told of a chart that a save drops.
+QString frmOrganization::droppedText(const QString& path)
+{
+    return path.isEmpty()
+               ? tr("The file of the organization's chart is missing. Saving drops the organization's chart.")
+               : tr("There is no file at this path. Saving drops the organization's chart.");
+}
+
+/// Whether the chart of the record need not be dropped or the user lets it go.
+bool frmOrganization::mayDropChart()
+{
+    const QString& path = m_record.profile.organizationChart;
+    if (m_store.chartPath(m_record, path).outcome != ChartOutcome::Dropped) return true;
+    const QString question = tr("%1 Save all the same?").arg(droppedText(path));
+    if (platform().messages.ask(path.isEmpty() ? question : path + QStringLiteral("\n\n") + question)) {
+        return true;
+    }
+    bringIntoSight(m_chart);
+    return false;
 }
 
 QString frmOrganization::captionFor(EditorMode mode) const
@@ -351,16 +380,12 @@ bool frmOrganization::saveRecord()
     if (const auto problem = OrganizationStore::check(m_record)) {
         return refuse(problem->message, fieldOf(problem->field));
     }
+    if (!mayDropChart()) return false;
     const auto field = [this](OrganizationField each) { return fieldOf(each); };
     if (mode() == EditorMode::Add) {
         return writeTrapped<OrganizationStore::Problem>(
             "saveOrganization", [this] { return m_store.saveOrganization(m_record); }, field);
     }
-    return writeTrapped<OrganizationStore::Problem>(
-        "updateOrganization",
-        [this] {
-            m_store.updateOrganization(m_record);
-            return std::nullopt;
-        },
-        field);
+    return updateTrapped("updateOrganization", m_record.stored,
+                         [this] { return m_store.updateOrganization(m_record); });
 }

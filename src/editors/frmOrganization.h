@@ -10,6 +10,7 @@ class EntryCombo;
 class FileDrop;
 class QLineEdit;
 class QPlainTextEdit;
+class QTabWidget;
 
 /// The editor of one organization with its profile.
 class frmOrganization final : public RecordDialog
@@ -48,6 +49,8 @@ private:
     void collectProfile();
     void browseForChart();
     void checkChart();
+    [[nodiscard]] static QString droppedText(const QString& path);
+    [[nodiscard]] bool mayDropChart();
 
     [[nodiscard]] QWidget* fieldOf(OrganizationField field) const;
 
@@ -84,6 +87,8 @@ private:
     QPlainTextEdit* rtbTraining = nullptr;
     QPlainTextEdit* rtbOther = nullptr;
     ChartField* m_chart = nullptr;
+    QTabWidget* m_tabs = nullptr;
+    QWidget* m_profilePage = nullptr;
     CheckList* lvJurisdictions = nullptr;
     CheckList* lvPopulations = nullptr;
     FileDrop* m_drop = nullptr;

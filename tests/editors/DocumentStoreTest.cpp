@@ -168,17 +168,17 @@ TEST_F(DocumentStoreTest, ChangingKeepsWhatTheEditorDoesNotShow)
     record.documentName = u"The xAy file"_s; // no look for duplicates here
     record.types = {ListEntry::none()};
     check(record.venues, {});
-    m_store.updateDocument(record);
+    EXPECT_FALSE(m_store.updateDocument(record));
     EXPECT_EQ(ask("SELECT DocumentName, ReleaseForm, FileLocation, OriginalFilename, dStatus, UserID, POCID, "
                   "Status, "
                   "URL FROM Document WHERE DocumentID = 2"),
-              u"The xAy file|0|2.pdf|C:\\in\\flood.pdf|ACTIVE|5|6|REVIEWED|"_s);
+              u"The xAy file|0|2.pdf|C:\\in\\flood.pdf|ACTIVE|5|6|REVIEWED|NULL"_s);
     EXPECT_EQ(ask("SELECT DocumentTypeID FROM DocumentTypes WHERE DocumentID = 2"), u"1"_s);
     EXPECT_EQ(ask("SELECT count(*) FROM DocumentVenues"), u"0"_s);
 
     m_clock.moment = m_clock.moment.addSecs(60);
     record.documentName = u"Flood report"_s;
-    m_store.updateDocument(record);
+    EXPECT_FALSE(m_store.updateDocument(record));
     EXPECT_EQ(
         ask("SELECT DocumentName, FileLocation, OriginalFilename, dStatus, UserID, Status, UpdateTime FROM "
             "Document_HIST WHERE DocumentID = 2"),
@@ -202,13 +202,13 @@ TEST_F(DocumentStoreTest, NumbersBeyondSixteenBitsAreRefusedBeforeAnythingIsWrit
          {&DocumentRecord::id, &DocumentRecord::fileTypeId, &DocumentRecord::organizationId}) {
         DocumentRecord changed = record;
         changed.*key = 32768;
-        expectRefused([&] { m_store.updateDocument(changed); });
+        expectRefused([&] { (void)m_store.updateDocument(changed); });
     }
     record.categories.push_back({u"far"_s, 40000});
-    expectRefused([&] { m_store.updateDocument(record); });
+    expectRefused([&] { (void)m_store.updateDocument(record); });
     record.categories.pop_back();
     record.venues.push_back({{u"far"_s, 40000}, true});
-    expectRefused([&] { m_store.updateDocument(record); });
+    expectRefused([&] { (void)m_store.updateDocument(record); });
 
     m_database.run("INSERT INTO Document (DocumentID, DocumentName) VALUES (32767, 'last')");
     DocumentRecord added = filled();
@@ -219,7 +219,8 @@ TEST_F(DocumentStoreTest, NumbersBeyondSixteenBitsAreRefusedBeforeAnythingIsWrit
 TEST_F(DocumentStoreTest, AVenueOutOfRangeDoesNotMatterWhereItIsNotChecked)
 {
     m_database.run("INSERT INTO Venue VALUES (40000, 'Far')");
-    m_store.updateDocument(m_store.load(2).record);
+    DocumentRecord record = m_store.load(2).record;
+    EXPECT_FALSE(m_store.updateDocument(record));
     EXPECT_EQ(ask("SELECT count(*) FROM DocumentVenues WHERE DocumentID = 2"), u"2"_s);
 }
 
@@ -292,13 +293,39 @@ TEST_F(DocumentStoreTest, ARecordThatIsGoneMeanwhileIsNotBroughtBack)
     DocumentRecord record = m_store.load(2).record;
     m_database.run("UPDATE Document SET dStatus = 'DELETED' WHERE DocumentID = 2");
     record.author = u"late"_s;
-    m_store.updateDocument(record);
-    EXPECT_EQ(ask("SELECT Author, dStatus FROM Document WHERE DocumentID = 2"), u"late|DELETED"_s);
+    auto conflict = m_store.updateDocument(record);
+    ASSERT_TRUE(conflict);
+    EXPECT_TRUE(conflict->isDeleted);
+    record.stored->known = conflict->found; // who was told may save all the same
+    m_database.run("UPDATE Document SET Volume = '4' WHERE DocumentID = 2");
+    conflict = m_store.updateDocument(record);
+    ASSERT_TRUE(conflict) << "of this the user was not told";
+    EXPECT_EQ(conflict->fields, QStringList{u"Volume"_s});
+    EXPECT_FALSE(conflict->isDeleted);
+    record.stored->known = conflict->found;
+    EXPECT_FALSE(m_store.updateDocument(record));
+    EXPECT_EQ(ask("SELECT Author, Volume, dStatus FROM Document WHERE DocumentID = 2"),
+              u"late|NULL|DELETED"_s);
 
     m_database.run("DELETE FROM Document WHERE DocumentID = 2");
     const QByteArray before = m_database.bytes();
-    EXPECT_EQ(errorNumberOf([&] { m_store.updateDocument(record); }), gone);
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateDocument(record); }), gone);
     EXPECT_EQ(m_database.bytes(), before);
+}
+
+TEST_F(DocumentStoreTest, WhatAFailedSaveWroteItselfIsNoChangeOfSomebodyElse)
+{
+    DocumentRecord record = m_store.load(2).record;
+    record.author = u"late"_s;
+    record.volume = u"4"_s;
+    record.categories = {{u"Response"_s, 2}};
+    refuseRows(u"Document_HIST"_s, u"DocumentID"_s, 2);
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateDocument(record); }), 1);
+    EXPECT_EQ(ask("SELECT Author FROM Document WHERE DocumentID = 2"), u"late"_s);
+    m_database.run("DROP INDEX refuse");
+    record.author = u"The Board"_s; // as it was read
+    EXPECT_FALSE(m_store.updateDocument(record));
+    EXPECT_EQ(ask("SELECT Author, Volume FROM Document WHERE DocumentID = 2"), u"The Board|4"_s);
 }
 
 TEST_F(DocumentStoreTest, DeletingMarksTheRowAndNothingElse)

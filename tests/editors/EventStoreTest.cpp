@@ -144,11 +144,11 @@ TEST_F(EventStoreTest, ADateThatCannotBeReadIsShownAndNeverLost)
         ASSERT_TRUE(problem) << column;
         EXPECT_EQ(problem->field, field) << column;
         EXPECT_EQ(problem->message, message);
-        EXPECT_EQ(errorNumberOf([&] { m_store.updateEvent(record); }), noDateOrTime) << column;
+        EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateEvent(record); }), noDateOrTime) << column;
         EXPECT_EQ(m_database.bytes(), before) << column;
         (record.*shownIn).clear();
         EXPECT_FALSE(EventStore::check(record)) << column;
-        m_store.updateEvent(record);
+        EXPECT_FALSE(m_store.updateEvent(record));
     }
     EXPECT_EQ(ask("SELECT StartDate, StartTime, EndDate, EndTime FROM Event WHERE EventID = 2"),
               u"NULL|NULL|NULL|NULL"_s);
@@ -190,9 +190,9 @@ TEST_F(EventStoreTest, ChangingKeepsTheStatusAndRewritesTheLinks)
     changed.eventName = u"Old storm"_s;
     changed.organizations.clear();
     for (int save = 0; save < 2; ++save)
-        m_store.updateEvent(changed);
+        EXPECT_FALSE(m_store.updateEvent(changed));
     EXPECT_EQ(ask("SELECT * FROM Event WHERE EventID = 2"),
-              u"2|Old storm|1|2001-09-11|09:05|NULL|NULL|Water was short||ACTIVE|7"_s);
+              u"2|Old storm|1|2001-09-11|09:05:30|NULL|NULL|Water was short|NULL|ACTIVE|7"_s);
     EXPECT_EQ(ask("SELECT group_concat(FunctionID) FROM EventFunctions WHERE EventID = 2").size(), 3);
     EXPECT_EQ(ask("SELECT count(*) FROM DocumentEvents WHERE EventID = 2"), u"2"_s);
     EXPECT_EQ(ask("SELECT OrganizationID FROM OrganizationEvents WHERE EventID = 2"), u"1"_s);
@@ -204,14 +204,15 @@ TEST_F(EventStoreTest, AVenueOutOfRangeDoesNotMatterWhereItIsNotChecked)
     m_database.run("INSERT INTO Venue VALUES (40000, 'Far')");
     EventRecord record = filled();
     EXPECT_FALSE(m_store.saveEvent(record));
-    m_store.updateEvent(record);
+    EXPECT_FALSE(m_store.updateEvent(record));
     EXPECT_EQ(ask("SELECT VenueID FROM EventVenues WHERE EventID = 4"), u"12"_s);
 }
 
 TEST_F(EventStoreTest, AnUndatedEventStaysUndated)
 {
     m_database.run("UPDATE Event SET StartDate = NULL, StartTime = NULL WHERE EventID = 2");
-    m_store.updateEvent(m_store.load(2).record);
+    EventRecord record = m_store.load(2).record;
+    EXPECT_FALSE(m_store.updateEvent(record));
     EXPECT_EQ(ask("SELECT StartDate, StartTime, EndDate, EndTime FROM Event WHERE EventID = 2"),
               u"NULL|NULL|NULL|NULL"_s);
 }
@@ -260,14 +261,14 @@ TEST_F(EventStoreTest, WhatCannotBeSavedIsRefusedBeforeAnythingIsWritten)
     const QByteArray before = m_database.bytes();
     EXPECT_EQ(errorNumberOf([&] { (void)m_store.load(40000); }), overflow);
     record.documents.push_back({u"far"_s, 32768});
-    EXPECT_EQ(errorNumberOf([&] { m_store.updateEvent(record); }), overflow);
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateEvent(record); }), overflow);
     EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveEvent(record); }), overflow);
     record.documents.clear();
     record.venues.push_back({{u"far"_s, 32768}, true});
-    EXPECT_EQ(errorNumberOf([&] { m_store.updateEvent(record); }), overflow);
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateEvent(record); }), overflow);
     record.venues.pop_back();
     record.id = 77;
-    EXPECT_EQ(errorNumberOf([&] { m_store.updateEvent(record); }), gone);
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateEvent(record); }), gone);
     EXPECT_EQ(m_database.bytes(), before);
     EXPECT_FALSE(m_store.load(77).isFound);
     EXPECT_EQ(EventStore::notFoundMessage(77), u"Event 77 not found"_s);

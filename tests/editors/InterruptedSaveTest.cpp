@@ -61,7 +61,7 @@ protected:
         record.types = {{u"a"_s, 2}, {u"b"_s, 3}};
         record.categories = {{u"a"_s, 2}, {u"b"_s, 3}};
         check(record.venues, {2, 3});
-        store.updateDocument(record);
+        (void)store.updateDocument(record);
     }
 
     void saveEvent(const QString& name)
@@ -75,7 +75,7 @@ protected:
         record.notes = u"2"_s;
         check(record.venues, {2, 3});
         record.functions = record.documents = record.organizations = {{u"a"_s, 2}, {u"b"_s, 3}};
-        store.updateEvent(record);
+        (void)store.updateEvent(record);
     }
 
     void saveOrganization(const QString& name)
@@ -92,7 +92,7 @@ protected:
         check(record.venues, {2, 3});
         check(record.profile.jurisdictions, {1, 2});
         check(record.profile.populations, {1, 2});
-        store.updateOrganization(record);
+        (void)store.updateOrganization(record);
     }
 
     /// The records whose tables do not tell the same version, of which there must be none.

@@ -136,7 +136,7 @@ TEST_F(OrganizationStoreTest, ChangingRewritesTheOneProfile)
     record.state.clear();
     record.profile.swornEmployees.clear();
     for (int save = 0; save < 2; ++save)
-        m_store.updateOrganization(record);
+        EXPECT_FALSE(m_store.updateOrganization(record));
     EXPECT_EQ(ask("SELECT OrganizationName, State, Status, UserID, ParentID FROM Organization WHERE "
                   "OrganizationID = 2"),
               u"Harbor Watch|None|ACTIVE|NULL|NULL"_s);
@@ -149,7 +149,8 @@ TEST_F(OrganizationStoreTest, ChangingRewritesTheOneProfile)
     EXPECT_EQ(ask("SELECT count(*) FROM Organization_HIST WHERE State = 'None'"), u"2"_s);
 
     // an organization without a profile gets one
-    m_store.updateOrganization(m_store.load(3).record);
+    OrganizationRecord other = m_store.load(3).record;
+    EXPECT_FALSE(m_store.updateOrganization(other));
     EXPECT_EQ(ask("SELECT OrganizationProfileID, ChartOption FROM OrganizationProfile"), u"2|0\n3|0"_s);
 }
 
@@ -157,28 +158,32 @@ TEST_F(OrganizationStoreTest, AChartIsTakenAgainWithEverySave)
 {
     OrganizationRecord record = m_store.load(3).record;
     record.profile.organizationChart = userFile(u"c.png"_s, "first");
-    m_store.updateOrganization(record);
+    EXPECT_FALSE(m_store.updateOrganization(record));
     EXPECT_EQ(stored(u"orgcharts/3.png"_s), "first");
     userFile(u"c.png"_s, "second");
-    m_store.updateOrganization(record);
+    EXPECT_FALSE(m_store.updateOrganization(record));
     EXPECT_EQ(stored(u"orgcharts/3.png"_s), "second");
 
-    QFile::remove(record.profile.organizationChart);
-    ChartPath chart = m_store.chartPath(3, record.profile.organizationChart);
-    EXPECT_FALSE(chart.isFile);
-    ASSERT_TRUE(chart.storedCopy);
-    record.profile.organizationChart = *chart.storedCopy;
-    EXPECT_TRUE(m_store.chartPath(3, *chart.storedCopy).isFile);
-    m_store.updateOrganization(record); // the source is the target
+    const QString path = record.profile.organizationChart;
+    QFile::remove(path);
+    EXPECT_EQ(m_store.chartPath(record, path).outcome, ChartOutcome::Kept);
+    EXPECT_EQ(m_store.chartPath(record, u"/gone/c.doc"_s).outcome, ChartOutcome::Dropped);
+    EXPECT_EQ(m_store.chartPath(record, QString()).outcome, ChartOutcome::None);
+    record.profile.organizationChart = u"3.PNG"_s; // names the copy
+    EXPECT_EQ(m_store.chartPath(record, u"3.PNG"_s).outcome, ChartOutcome::Taken);
+    EXPECT_FALSE(m_store.updateOrganization(record)); // the source is the target
     EXPECT_EQ(stored(u"orgcharts/3.png"_s), "second");
     EXPECT_EQ(
         ask("SELECT OrganizationChart, ChartOption FROM OrganizationProfile WHERE OrganizationProfileID = 3"),
-        *chart.storedCopy + u"|1"_s);
+        u"3.PNG|1"_s);
 
-    EXPECT_FALSE(m_store.chartPath(2, u"C:\\charts\\old chart.pdf"_s).storedCopy);
-    QFile(m_database.folder() + u"/data/orgcharts/2.PDF"_s).open(QIODevice::WriteOnly);
-    EXPECT_TRUE(m_store.chartPath(2, u"C:\\charts\\old chart.pdf"_s).storedCopy);
-    EXPECT_FALSE(m_store.chartPath(2, QString()).storedCopy);
+    record.profile.organizationChart = u"/gone/c.doc"_s;
+    QFile(m_database.folder() + u"/data/orgcharts/3.PDF"_s).open(QIODevice::WriteOnly);
+    EXPECT_TRUE(m_store.chartPath(record, u"/gone/c.doc"_s).storedCopy) << "to be taken instead";
+    EXPECT_FALSE(m_store.updateOrganization(record));
+    EXPECT_EQ(
+        ask("SELECT OrganizationChart, ChartOption FROM OrganizationProfile WHERE OrganizationProfileID = 3"),
+        u"|0"_s);
 }
 
 const struct
@@ -209,7 +214,7 @@ TEST_F(OrganizationStoreTest, WhatIsNoNumberIsRefusedBeforeAnythingIsWritten)
             EXPECT_EQ(problem->field, field) << text;
             EXPECT_TRUE(problem->message.startsWith(beginning.arg(QString::fromUtf8(text))))
                 << qPrintable(problem->message);
-            EXPECT_EQ(errorNumberOf([&] { m_store.updateOrganization(record); }), noNumber) << text;
+            EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateOrganization(record); }), noNumber) << text;
             EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveOrganization(record); }), noNumber) << text;
         }
     }
@@ -222,23 +227,24 @@ TEST_F(OrganizationStoreTest, WhatIsNoNumberIsRefusedBeforeAnythingIsWritten)
     record.profile.annualBudget = u"-12.5"_s;
     EXPECT_FALSE(OrganizationStore::check(record));
     record.profile.populations.push_back({{u"far"_s, 32768}, false}); // written with its setting
-    EXPECT_EQ(errorNumberOf([&] { m_store.updateOrganization(record); }), overflow);
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateOrganization(record); }), overflow);
     record.profile.populations.pop_back();
     record.venues.push_back({{u"far"_s, 32768}, true});
-    EXPECT_EQ(errorNumberOf([&] { m_store.updateOrganization(record); }), overflow);
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateOrganization(record); }), overflow);
     record.venues.pop_back();
     record.functionId = 32768;
-    EXPECT_EQ(errorNumberOf([&] { m_store.updateOrganization(record); }), overflow);
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateOrganization(record); }), overflow);
     record.functionId = 2;
     record.id = 77;
-    EXPECT_EQ(errorNumberOf([&] { m_store.updateOrganization(record); }), gone);
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateOrganization(record); }), gone);
     EXPECT_EQ(m_database.bytes(), before);
 }
 
 TEST_F(OrganizationStoreTest, AVenueOutOfRangeDoesNotMatterWhereItIsNotChecked)
 {
     m_database.run("INSERT INTO Venue VALUES (40000, 'Far')");
-    m_store.updateOrganization(m_store.load(2).record);
+    OrganizationRecord record = m_store.load(2).record;
+    EXPECT_FALSE(m_store.updateOrganization(record));
     EXPECT_EQ(ask("SELECT count(*) FROM OrganizationVenues WHERE OrganizationID = 2"), u"2"_s);
 }
 

@@ -179,7 +179,7 @@ TEST_F(EventEditor, ShowsADateThatCannotBeReadAndSavesItOnlyWhenItIsMended)
         EXPECT_FALSE(isMarked("dtpEndTime"));
         dialog.click("cmdOK");
     });
-    EXPECT_EQ(rows(moments), "1927-04-22|07:30|NULL|NULL");
+    EXPECT_EQ(rows(moments), "1927-04-22|07:30:45|NULL|NULL");
 }
 
 TEST_F(EventEditor, TakesTheDatesOfTheLastEventAwayAndTheTimelineEndsEarlier)

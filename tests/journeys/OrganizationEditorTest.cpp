@@ -132,6 +132,8 @@ TEST_F(OrganizationEditor, WarnsOfAChartThatASaveWouldDropAndTakesTheStoredCopy)
     editFirst([&](OpenDialog& dialog) {
         dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
         EXPECT_EQ(dialog.text("txtOrganizationChart"), "C:\\charts\\ferry.pdf");
+        EXPECT_FALSE(dialog.find<QWidget>("fraChartWarning").isVisible());
+        dialog.type("txtOrganizationChart", QStringLiteral("C:\\charts\\ferry.doc"));
         EXPECT_TRUE(dialog.find<QWidget>("fraChartWarning").isVisible());
         dialog.click("cmdTakeStoredChart");
         EXPECT_FALSE(dialog.find<QWidget>("fraChartWarning").isVisible());

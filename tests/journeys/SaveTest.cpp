@@ -1,0 +1,294 @@
+#include "Dialogs.h"
+#include "Journey.h"
+#include "editors/RecordEditors.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QTabWidget>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const char* const rowsToSave = R"sql(
+INSERT INTO Venue VALUES (1, 'Coast'), (2, 'Forest');
+INSERT INTO Function VALUES (1, 'None'), (2, 'Rescue');
+INSERT INTO FileTypes VALUES (1, 'None'), (2, 'Adobe PDF');
+INSERT INTO DocumentType VALUES (1, 'None'), (2, 'Report');
+INSERT INTO States VALUES (1, 'None', ''), (2, 'OR', 'Oregon');
+INSERT INTO OrganizationTypes VALUES (1, 'None'), (2, 'State'), (3, 'Private');
+INSERT INTO OrganizationSubTypes VALUES (1, 1, 'None'), (4, 2, 'Police'), (5, 3, 'Club');
+INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, FileTypeID, OrganizationID,
+    OriginalFilename, FileLocation, dStatus) VALUES
+    (2, 'Levees', 'About levees', 2, 2, 'a.pdf', '2.pdf', 'ACTIVE');
+INSERT INTO Event (EventID, EventName, EventDescription, StartDate, Status) VALUES
+    (2, 'Flood', 'High water', '1927-04-21', 'ACTIVE');
+INSERT INTO EventVenues VALUES (2, 2);
+INSERT INTO Organization (OrganizationID, OrganizationName, State, OrganizationTypeID, OrganizationSubTypeID,
+    FunctionID, Status) VALUES (1, 'None', NULL, 1, 1, 1, 'ACTIVE'), (2, 'Levee Board', 'OR', 2, 4, 2, 'ACTIVE');
+INSERT INTO OrganizationProfile (OrganizationProfileID, MissionStatement, ChartOption) VALUES (2, 'First', 0);
+)sql";
+
+/// The words that the program and its file have for the records of a kind.
+struct KindNames
+{
+    const char* form;
+    const char* table;
+    const char* status;
+};
+
+KindNames namesOf(ViewKind kind)
+{
+    if (kind == ViewKind::Documents) return {"frmDocument", "Document", "dStatus"};
+    if (kind == ViewKind::Events) return {"frmEvent", "Event", "Status"};
+    return {"frmOrganization", "Organization", "Status"};
+}
+
+/// The program with one record of each kind, all of the number 2.
+class Saving
+{
+public:
+    explicit Saving(const char* more = "")
+    {
+        journey.database.run(rowsToSave);
+        journey.database.run(more);
+        QDir().mkpath(charts);
+        journey.start();
+    }
+
+    void edit(ViewKind kind, const std::function<void(OpenDialog&)>& work)
+    {
+        inDialog(
+            namesOf(kind).form, [&] { journey.find<RecordEditors>("").edit(kind, 2); }, work);
+    }
+
+    /// What is stored of a record, in its own row.
+    std::string row(ViewKind kind)
+    {
+        const QString table = QString::fromLatin1(namesOf(kind).table);
+        return rows(QStringLiteral("SELECT * FROM %1 WHERE %1ID = 2").arg(table));
+    }
+
+    std::string rows(const QString& statement)
+    {
+        if (statement.isEmpty()) return {};
+        return journey.database.ask(statement.toUtf8().constData()).toStdString();
+    }
+
+    void run(const QString& statements) { journey.database.run(statements.toUtf8().constData()); }
+    ScriptedMessages& messages() { return journey.desktop.messages; }
+
+    Journey journey;
+    QString charts = journey.dataFolder() + QStringLiteral("orgcharts/");
+};
+
+TEST(Save, LeavesAloneWhatItsUserDidNotChange)
+{
+    const struct
+    {
+        ViewKind kind;
+        const char* stored;
+    } cases[] = {
+        {ViewKind::Documents, "UPDATE Document SET FileTypeID = 99"},
+        {ViewKind::Documents, "UPDATE Document SET FileTypeID = 40000, OrganizationID = 500"},
+        {ViewKind::Documents,
+         "UPDATE Document SET FileTypeID = NULL, OrganizationID = NULL, KeyDocument = -1"},
+        {ViewKind::Documents, "UPDATE Document SET Author = printf('%040000d', 7)"},
+        {ViewKind::Documents, "INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES "
+                              "(7, 'Levee Board ', 'ACTIVE'); UPDATE Document SET OrganizationID = 7"},
+        {ViewKind::Events, "UPDATE Event SET StartTime = '09:05:30', EndTime = ''"},
+        {ViewKind::Organizations,
+         "UPDATE Organization SET OrganizationSubTypeID = 5 WHERE OrganizationID = 2"},
+        {ViewKind::Organizations, "UPDATE Organization SET OrganizationTypeID = 99 WHERE OrganizationID = 2"},
+        {ViewKind::Organizations, "UPDATE Organization SET FunctionID = 77, OrganizationTypeID = NULL, "
+                                  "OrganizationSubTypeID = NULL WHERE OrganizationID = 2"},
+        {ViewKind::Organizations, "UPDATE Organization SET State = 'or' WHERE OrganizationID = 2"},
+    };
+    for (const auto& [kind, stored] : cases) {
+        SCOPED_TRACE(stored);
+        Saving saving(stored);
+        const std::string before = saving.row(kind);
+        saving.edit(kind, [](OpenDialog& dialog) {
+            const auto combos = dialog.dialog().findChildren<QComboBox*>();
+            for (QComboBox* combo : combos)
+                combo->setFocus();
+            dialog.type("rtbNotes", QStringLiteral("mine"));
+            dialog.click("cmdOK");
+        });
+        const QString table = QString::fromLatin1(namesOf(kind).table);
+        EXPECT_EQ(saving.rows(QStringLiteral("SELECT Notes FROM %1_HIST").arg(table)), "mine");
+        saving.run(QStringLiteral("UPDATE %1 SET Notes = NULL WHERE Notes = 'mine'").arg(table));
+        EXPECT_EQ(saving.row(kind), before);
+    }
+}
+
+/// What a question says when somebody else was there meanwhile.
+QString changed(const char* fields)
+{
+    return QStringLiteral("This record was changed after you opened it. These fields differ:\n\n%1\n\n"
+                          "Save over these changes?")
+        .arg(QLatin1String(fields));
+}
+
+TEST(Save, AsksBeforeItWritesOverWhatSomebodyElseChanged)
+{
+    const QString deleted =
+        QStringLiteral("This record was deleted after you opened it. Save your changes to it all the same? "
+                       "It stays deleted.");
+    const QString deletedAndChanged =
+        QStringLiteral("This record was deleted after you opened it, and these fields differ:\n\nTitle\n\n"
+                       "Save over these changes all the same? The record stays deleted.");
+    const struct
+    {
+        ViewKind kind;
+        const char* meanwhile;
+        QString question;
+        const char* links; // which a save writes over too
+    } cases[] = {
+        {ViewKind::Documents, "UPDATE Document SET Author = 'other', FileTypeID = 1",
+         changed("Author\nFile type"), ""},
+        {ViewKind::Documents,
+         "INSERT INTO DocumentVenues VALUES (2, 1); INSERT INTO DocumentTypes VALUES (2, 2)",
+         changed("Document types\nVenues"),
+         "SELECT (SELECT count(*) FROM DocumentVenues), sum(DocumentTypeID) FROM DocumentTypes"},
+        {ViewKind::Documents, "UPDATE Document SET dStatus = 'DELETED'", deleted, ""},
+        {ViewKind::Documents,
+         "UPDATE Document SET dStatus = 'ACTIVE', DocumentName = 'Dams', "
+         "dStatus = 'DELETED'",
+         deletedAndChanged, ""},
+        {ViewKind::Events,
+         "UPDATE Event SET EndDate = '1927-05-01'; INSERT INTO EventFunctions VALUES (2, 2)",
+         changed("End date\nFunctions"), "SELECT FunctionID FROM EventFunctions"},
+        {ViewKind::Events, "UPDATE Event SET Status = 'DELETED'", deleted, ""},
+        {ViewKind::Organizations,
+         "UPDATE Organization SET Telephone = '1' WHERE OrganizationID = 2; "
+         "UPDATE OrganizationProfile SET Training = 'x', Volunteers = 5",
+         changed("Telephone\nVolunteers\nTraining"), "SELECT Training, Volunteers FROM OrganizationProfile"},
+        {ViewKind::Organizations, "UPDATE Organization SET Status = 'DELETED' WHERE OrganizationID = 2",
+         deleted, ""},
+    };
+    for (const auto& [kind, meanwhile, question, links] : cases) {
+        SCOPED_TRACE(meanwhile);
+        const auto [form, table, status] = namesOf(kind);
+        Saving saving;
+        saving.edit(kind, [&](OpenDialog& dialog) { dialog.click("cmdOK"); }); // writes the placeholders
+        const std::string before = saving.row(kind);
+        const std::string linksBefore = saving.rows(QString::fromLatin1(links));
+        saving.edit(kind, [&](OpenDialog& dialog) {
+            dialog.type("rtbNotes", QStringLiteral("mine"));
+            saving.run(QString::fromLatin1(meanwhile));
+            const std::string theirs = saving.row(kind);
+            saving.messages().expectQuestion(question, false);
+            dialog.click("cmdOK");
+            EXPECT_EQ(saving.row(kind), theirs);
+            saving.messages().expectQuestion(question, true);
+            dialog.click("cmdOK");
+        });
+        const bool isDeleted = question.contains(QStringLiteral("deleted"));
+        EXPECT_EQ(saving.rows(QStringLiteral("SELECT %1 FROM %2_HIST WHERE Notes = 'mine'")
+                                  .arg(QLatin1String(status), QLatin1String(table))),
+                  isDeleted ? "DELETED" : "ACTIVE");
+        saving.run(
+            QStringLiteral("UPDATE %1 SET Notes = NULL WHERE Notes = 'mine'").arg(QLatin1String(table)));
+        if (isDeleted) {
+            EXPECT_NE(saving.row(kind), before);
+            saving.run(QStringLiteral("UPDATE %1 SET %2 = 'ACTIVE'")
+                           .arg(QLatin1String(table), QLatin1String(status)));
+        }
+        EXPECT_EQ(saving.row(kind), before);
+        EXPECT_EQ(saving.rows(QString::fromLatin1(links)), linksBefore);
+    }
+}
+
+TEST(Save, ShowsAndChangesTheFirstOfTwoProfiles)
+{
+    Saving saving("INSERT INTO OrganizationProfile (OrganizationProfileID, MissionStatement, ChartOption) "
+                  "VALUES (2, 'Second', NULL), (2, 'Third', 1)");
+    for (const char* mission : {"First", "one", "two"}) {
+        saving.edit(ViewKind::Organizations, [&](OpenDialog& dialog) {
+            EXPECT_EQ(dialog.text("rtbMissionStatement"), mission);
+            dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
+            dialog.type("rtbMissionStatement",
+                        QString::fromLatin1(mission == std::string("First") ? "one" : "two"));
+            dialog.click("cmdOK");
+        });
+    }
+    EXPECT_EQ(saving.rows(QStringLiteral("SELECT MissionStatement, ChartOption FROM OrganizationProfile "
+                                         "ORDER BY rowid")),
+              "two|0\nSecond|NULL\nThird|1");
+}
+
+/// A chart as it is stored, and what becomes of it when something else of its organization is changed.
+struct StoredChart
+{
+    const char* text;
+    int option;
+    QStringList files; ///< in the charts folder
+    bool isDropped;
+    QString copy; ///< if the chart stays, the file that the program opens for it
+};
+
+TEST(Save, KeepsAChartWhoseFileOrCopyIsThereAndAsksBeforeItDropsAnother)
+{
+    const QString ending = QStringLiteral(" Saving drops the organization's chart. Save all the same?");
+    const StoredChart cases[] = {
+        {"2.pdf", 1, {u"2.pdf"_s}, false, u"2.pdf"_s}, // as the sample has it
+        {"C:\\charts\\ferry.PDF", 1, {u"2.pdf"_s}, false, u"2.pdf"_s},
+        {"/gone/ferry.png", 1, {u"2.png"_s, u"2.pdf"_s}, false, u"2.png"_s},
+        {"ferry.png", 1, {u"ferry.png"_s}, false, u"2.png"_s},
+        {"ferry.png", 1, {u"ferry.png"_s, u"2.png"_s}, false, u"2.png"_s},
+        {"ferry.png", 0, {u"2.png"_s}, false, u"2.png"_s},
+        {"", 1, {u"2.pdf"_s}, false, u"2.pdf"_s},
+        {"", 0, {u"2.pdf"_s}, false, u"2.pdf"_s},
+        {"C:\\charts\\ferry.png", 1, {u"2.pdf"_s, u"3.png"_s}, true, {}},
+        {"../orgcharts/3.png", 1, {u"3.png"_s}, true, {}},
+        {"", 1, {}, true, {}},
+    };
+    for (const auto& [text, option, files, isDropped, copy] : cases) {
+        SCOPED_TRACE(text);
+        Saving saving;
+        const QString path = QString::fromLatin1(text);
+        saving.run(QStringLiteral("UPDATE OrganizationProfile SET OrganizationChart = '%1', ChartOption = %2")
+                       .arg(path)
+                       .arg(option));
+        for (const QString& name : files) {
+            QFile file(saving.charts + name);
+            file.open(QIODevice::WriteOnly);
+            file.write(name.toUtf8());
+        }
+        const QString chart =
+            QStringLiteral("SELECT OrganizationChart, ChartOption FROM OrganizationProfile");
+        const std::string before = saving.rows(chart);
+        saving.edit(ViewKind::Organizations, [&, isDropped = isDropped](OpenDialog& dialog) {
+            auto& tabs = dialog.find<QTabWidget>("tabOrganization");
+            EXPECT_EQ(tabs.tabToolTip(1).isEmpty(), !isDropped);
+            dialog.type("txtTelephone", QStringLiteral("555 0100"));
+            const QString question =
+                (path.isEmpty() ? QStringLiteral("The file of the organization's chart is missing.")
+                                : path + QStringLiteral("\n\nThere is no file at this path.")) +
+                ending;
+            if (isDropped) {
+                saving.messages().expectQuestion(question, false);
+                dialog.click("cmdOK");
+                EXPECT_EQ(tabs.currentIndex(), 1);
+                EXPECT_EQ(dialog.focus(), "txtOrganizationChart");
+                EXPECT_EQ(saving.rows(chart), before);
+                saving.messages().expectQuestion(question, true);
+            }
+            dialog.click("cmdOK");
+        });
+        EXPECT_EQ(saving.rows(chart), isDropped ? "|0" : before);
+        EXPECT_EQ(saving.rows(QStringLiteral("SELECT Telephone FROM Organization WHERE OrganizationID = 2")),
+                  "555 0100");
+        if (isDropped) continue;
+        QFile opened(saving.charts + copy);
+        ASSERT_TRUE(opened.open(QIODevice::ReadOnly));
+        EXPECT_EQ(opened.readAll(), (files.contains(copy) ? copy : files.front()).toUtf8());
+    }
+}
+
+} // namespace
