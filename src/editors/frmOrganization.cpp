@@ -328,6 +328,7 @@ QString frmOrganization::droppedText(const QString& path)
 /// Whether the chart of the record need not be dropped or the user lets it go.
 bool frmOrganization::mayDropChart()
 {
+    checkChart(); // files come and go
     const QString& path = m_record.profile.organizationChart;
     if (m_store.chartPath(m_record, path).outcome != ChartOutcome::Dropped) return true;
     const QString question = tr("%1 Save all the same?").arg(droppedText(path));

@@ -115,6 +115,19 @@ TEST_F(Edit, ValuesAreHeldAsTheirColumnsAre)
         u"integer|about 30|1234567890123456.78"_s);
 }
 
+TEST_F(Edit, RowsComeInTheOrderInWhichTheyWereAdded)
+{
+    // an index of the two columns would turn them round
+    m_database.run("INSERT INTO OrganizationProfile (OrganizationProfileID, MissionStatement, ChartOption) "
+                   "VALUES (2, 'first', 1), (2, 'second', 0), (2, 'third', NULL)");
+    EditableRecordSet profiles = edit(u"SELECT * FROM OrganizationProfile WHERE OrganizationProfileID = 2"_s);
+    for (const QString& mission : {u"first"_s, u"second"_s, u"third"_s}) {
+        EXPECT_EQ(profiles.current().text(0, u"missionstatement"), mission);
+        profiles.moveNext();
+    }
+    EXPECT_EQ(profiles.current().count(), 0u);
+}
+
 TEST_F(Edit, DatesAreHeldSoThatTheySort)
 {
     EditableRecordSet records = edit(u"SELECT * FROM Event WHERE EventID = 0"_s);

@@ -3,6 +3,7 @@
 
 #include <QComboBox>
 #include <QFile>
+#include <QLabel>
 #include <QTabWidget>
 #include <QTest>
 
@@ -133,6 +134,10 @@ TEST_F(OrganizationEditor, WarnsOfAChartThatASaveWouldDropAndTakesTheStoredCopy)
         dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
         EXPECT_EQ(dialog.text("txtOrganizationChart"), "C:\\charts\\ferry.pdf");
         EXPECT_FALSE(dialog.find<QWidget>("fraChartWarning").isVisible());
+        dialog.type("txtOrganizationChart", QStringLiteral("C:\\charts\\fery.pdf"));
+        EXPECT_EQ(dialog.find<QLabel>("lblChartWarning").text(),
+                  QStringLiteral("There is no file at this path. The stored copy stays."));
+        EXPECT_FALSE(dialog.find<QWidget>("cmdTakeStoredChart").isVisible());
         dialog.type("txtOrganizationChart", QStringLiteral("C:\\charts\\ferry.doc"));
         EXPECT_TRUE(dialog.find<QWidget>("fraChartWarning").isVisible());
         dialog.click("cmdTakeStoredChart");

@@ -157,7 +157,7 @@ TEST(Save, AsksBeforeItWritesOverWhatSomebodyElseChanged)
          "SELECT (SELECT count(*) FROM DocumentVenues), sum(DocumentTypeID) FROM DocumentTypes"},
         {ViewKind::Documents, "UPDATE Document SET dStatus = 'DELETED'", deleted, ""},
         {ViewKind::Documents,
-         "UPDATE Document SET dStatus = 'ACTIVE', DocumentName = 'Dams', "
+         "UPDATE Document SET DocumentName = 'Dams', "
          "dStatus = 'DELETED'",
          deletedAndChanged, ""},
         {ViewKind::Events,
