@@ -54,7 +54,7 @@ public:
 
     /// Writes a record that exists; what the user did not change stays as it is stored. If somebody else
     /// changed or deleted the record after it was read, returns what differs and writes nothing. A deleted
-    /// record stays deleted. Throws Error where it is gone meanwhile; nothing is written then.
+    /// record stays deleted. Throws Error if it is gone meanwhile; nothing is written then.
     [[nodiscard]] std::optional<RecordConflict> updateEvent(EventRecord& record);
 
     /// Marks a record as deleted, and gives the message that says so.

@@ -287,7 +287,8 @@ ChartPath OrganizationStore::chartPath(const OrganizationRecord& record, const Q
     const bool isChanged = text != asRead(record).profile.organizationChart;
     if (text.isEmpty() && (isChanged || !record.profile.chartOption)) return {};
     if (const auto file = FileUpload::existingFile(text)) return {ChartOutcome::Taken, *file, {}};
-    const bool hasCopy = upload.copyOfChart(text, record.id).has_value();
+    // what lies under the number of a new organization is not its own
+    const bool hasCopy = record.stored && upload.copyOfChart(text, record.id);
     if (hasCopy && !isChanged) return {ChartOutcome::Kept, {}, {}};
     if (const auto file = upload.fileInCharts(text)) return {ChartOutcome::Taken, *file, {}};
     if (hasCopy) return {ChartOutcome::Kept, {}, {}};

@@ -1,5 +1,15 @@
 #include "editors/StoredState.h"
 
+namespace {
+
+/// In any letter case, as the lists leave a record out.
+bool isDeleted(const QString& status)
+{
+    return status.compare(deletedStatus, Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
+
 void StoredStates::keepUnchanged(FieldValues& fields, const FieldValues& read, const RecordTable& row)
 {
     if (row.count() == 0) return;
@@ -26,7 +36,7 @@ std::optional<RecordConflict> StoredStates::conflict(const std::optional<StoredS
     }
     conflict.fields.removeDuplicates();
     if (found.status != known.status) {
-        conflict.isDeleted = found.status == deletedStatus;
+        conflict.isDeleted = isDeleted(found.status);
         if (!conflict.isDeleted) conflict.fields << QStringLiteral("Status");
     }
     if (conflict.fields.isEmpty() && !conflict.isDeleted) return std::nullopt;
@@ -37,5 +47,5 @@ std::optional<RecordConflict> StoredStates::conflict(const std::optional<StoredS
 QString StoredStates::historyStatus(const Value& status)
 {
     const auto* text = std::get_if<QString>(&status);
-    return text != nullptr && *text == deletedStatus ? deletedStatus : activeStatus;
+    return text != nullptr && isDeleted(*text) ? deletedStatus : activeStatus;
 }

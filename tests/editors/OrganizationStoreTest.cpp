@@ -294,6 +294,17 @@ TEST_F(OrganizationStoreTest, WhatWasWrittenBeforeAFailureStaysAndIsCompleted)
     }
 }
 
+TEST_F(OrganizationStoreTest, ANewOrganizationTakesNoChartThatLiesUnderItsNumber)
+{
+    QFile(m_database.folder() + u"/data/orgcharts/6.pdf"_s).open(QIODevice::WriteOnly);
+    OrganizationRecord record = named(u"Ridge Patrol"_s);
+    record.profile.organizationChart = u"/gone/ridge.pdf"_s;
+    EXPECT_FALSE(m_store.saveOrganization(record));
+    EXPECT_EQ(
+        ask("SELECT OrganizationChart, ChartOption FROM OrganizationProfile WHERE OrganizationProfileID = 6"),
+        u"|0"_s);
+}
+
 TEST_F(OrganizationStoreTest, AChartThatCannotBeCopiedLeavesTheOrganization)
 {
     OrganizationRecord record = named(u"Ridge Patrol"_s);
