@@ -286,11 +286,13 @@ ChartPath OrganizationStore::chartPath(const OrganizationRecord& record, const Q
     const FileUpload upload(m_state);
     const bool isChanged = text != asRead(record).profile.organizationChart;
     if (text.isEmpty() && (isChanged || !record.profile.chartOption)) return {};
-    if (const auto file = FileUpload::existingFile(text)) return {ChartOutcome::Taken, *file, {}};
     // what lies under the number of a new organization is not its own
     const bool hasCopy = record.stored && upload.copyOfChart(text, record.id);
-    if (hasCopy && !isChanged) return {ChartOutcome::Kept, {}, {}};
-    if (const auto file = upload.fileInCharts(text)) return {ChartOutcome::Taken, *file, {}};
+    // a name alone means the charts folder, wherever the program was started
+    const auto named = upload.fileInCharts(text);
+    if (named && hasCopy && !isChanged) return {ChartOutcome::Kept, {}, {}};
+    if (named) return {ChartOutcome::Taken, *named, {}};
+    if (const auto file = FileUpload::existingFile(text)) return {ChartOutcome::Taken, *file, {}};
     if (hasCopy) return {ChartOutcome::Kept, {}, {}};
     return {ChartOutcome::Dropped, {}, upload.storedChart(text, record.id)};
 }

@@ -177,6 +177,14 @@ TEST_F(OrganizationStoreTest, AChartIsTakenAgainWithEverySave)
         ask("SELECT OrganizationChart, ChartOption FROM OrganizationProfile WHERE OrganizationProfileID = 3"),
         u"3.PNG|1"_s);
 
+    record.profile.organizationChart = u"3.png"_s;
+    userFile(u"3.png"_s, "of the folder in which the program was started");
+    const QString started = QDir::currentPath();
+    QDir::setCurrent(m_database.folder() + u"/user"_s);
+    EXPECT_FALSE(m_store.updateOrganization(record));
+    QDir::setCurrent(started);
+    EXPECT_EQ(stored(u"orgcharts/3.png"_s), "second");
+
     record.profile.organizationChart = u"/gone/c.doc"_s;
     QFile(m_database.folder() + u"/data/orgcharts/3.PDF"_s).open(QIODevice::WriteOnly);
     EXPECT_TRUE(m_store.chartPath(record, u"/gone/c.doc"_s).storedCopy) << "to be taken instead";
