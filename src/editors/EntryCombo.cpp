@@ -122,7 +122,7 @@ void EntryCombo::takeText(const QString& typed)
     setEditText(itemText(currentIndex()));
 }
 
-/// The row that the user marked among those offered; -1 where there is none.
+/// The row that the user marked among those offered; -1 if there is none.
 int EntryCombo::rowMarked() const
 {
     const QAbstractItemView* offers = completer()->popup();
@@ -131,7 +131,7 @@ int EntryCombo::rowMarked() const
     return marked.isValid() && offered != nullptr ? offered->mapToSource(marked).row() : -1;
 }
 
-/// The entry of that name or else the first one that holds the text; -1 where there is none.
+/// The entry of that name or else the first one that holds the text; -1 if there is none.
 int EntryCombo::rowMeant(const QString& typed) const
 {
     const auto& entries = m_entries->entries();

@@ -48,7 +48,7 @@ public:
 
     /// Adds the record; `record.id` is known afterwards, also if a later step failed. A record that such a
     /// failure left unfinished is completed. Returns a problem, and writes nothing, if another active event
-    /// has that title. Like `updateEvent`, throws Error before anything is written where a date or time
+    /// has that title. Like `updateEvent`, throws Error before anything is written if a date or time
     /// cannot be read.
     [[nodiscard]] std::optional<Problem> saveEvent(EventRecord& record);
 

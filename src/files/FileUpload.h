@@ -26,7 +26,7 @@ public:
     /// `file://` before it. A text that names a file as it is stays as it is.
     static QString typedPath(const QString& text);
 
-    /// Throws Error, as the copy would, where a chosen path means no file that can be read.
+    /// Throws Error, as the copy would, if a chosen path means no file that can be read.
     static void requireSource(const QString& chosenPath);
 
     /// Copies a document's file. A page with a folder of its own name and `_files` beside it is taken with

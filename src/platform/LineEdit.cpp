@@ -24,7 +24,7 @@ QString asOneLine(QString text)
 
 } // namespace
 
-/// Takes what is to be pasted where it has several lines; false leaves it to Qt's own way.
+/// Pastes a text of several lines as one; returns false for any other text, which is left to Qt.
 bool LineEdit::pasteLines(QClipboard::Mode mode)
 {
     const QString text = QGuiApplication::clipboard()->text(mode);

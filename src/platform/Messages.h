@@ -6,8 +6,8 @@
 enum class Question
 {
     Harmless, ///< "Yes" and "No"; Return means "Yes"
-    Loss,     ///< "Yes" and "No" where Yes loses something; Return means "No"
-    Discard   ///< "Discard" and "Keep Editing" where something typed is lost; Return means "Keep Editing"
+    Loss,     ///< "Yes" and "No" if Yes loses something; Return means "No"
+    Discard   ///< "Discard" and "Keep Editing" if something typed is lost; Return means "Keep Editing"
 };
 
 /// What the program says to its user and asks of them. The only door to message boxes and to the bell.
