@@ -145,7 +145,7 @@ bool RecordDialog::updateTrapped(const char* name, std::optional<StoredState>& s
             m_hasWritten = true;
             return worked;
         }
-        if (!m_platform.messages.ask(questionOf(*conflict))) return false;
+        if (!m_platform.messages.ask(questionOf(*conflict), Question::Loss)) return false;
         stored->known = std::move(conflict->found);
     }
 }

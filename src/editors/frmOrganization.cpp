@@ -332,7 +332,8 @@ bool frmOrganization::mayDropChart()
     const QString& path = m_record.profile.organizationChart;
     if (m_store.chartPath(m_record, path).outcome != ChartOutcome::Dropped) return true;
     const QString question = tr("%1 Save all the same?").arg(droppedText(path));
-    if (platform().messages.ask(path.isEmpty() ? question : path + QStringLiteral("\n\n") + question)) {
+    const QString where = path.isEmpty() ? QString() : path + QStringLiteral("\n\n");
+    if (platform().messages.ask(where + question, Question::Loss)) {
         return true;
     }
     bringIntoSight(m_chart);

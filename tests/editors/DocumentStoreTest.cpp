@@ -272,7 +272,7 @@ TEST_F(DocumentStoreTest, WithoutAFileToCopyNothingIsWritten)
     changed.takesFile = true;
     const QByteArray before = m_database.bytes();
     EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveDocument(added); }), noSuchFile);
-    EXPECT_EQ(errorNumberOf([&] { m_store.updateDocument(changed); }), noSuchFile);
+    EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateDocument(changed); }), noSuchFile);
     EXPECT_EQ(m_database.bytes(), before);
 }
 

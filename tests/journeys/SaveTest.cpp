@@ -182,10 +182,10 @@ TEST(Save, AsksBeforeItWritesOverWhatSomebodyElseChanged)
             dialog.type("rtbNotes", QStringLiteral("mine"));
             saving.run(QString::fromLatin1(meanwhile));
             const std::string theirs = saving.row(kind);
-            saving.messages().expectQuestion(question, false);
+            saving.messages().expectQuestion(question, false, Question::Loss);
             dialog.click("cmdOK");
             EXPECT_EQ(saving.row(kind), theirs);
-            saving.messages().expectQuestion(question, true);
+            saving.messages().expectQuestion(question, true, Question::Loss);
             dialog.click("cmdOK");
         });
         const bool isDeleted = question.contains(QStringLiteral("deleted"));
@@ -272,12 +272,12 @@ TEST(Save, KeepsAChartWhoseFileOrCopyIsThereAndAsksBeforeItDropsAnother)
                                 : path + QStringLiteral("\n\nThere is no file at this path.")) +
                 ending;
             if (isDropped) {
-                saving.messages().expectQuestion(question, false);
+                saving.messages().expectQuestion(question, false, Question::Loss);
                 dialog.click("cmdOK");
                 EXPECT_EQ(tabs.currentIndex(), 1);
                 EXPECT_EQ(dialog.focus(), "txtOrganizationChart");
                 EXPECT_EQ(saving.rows(chart), before);
-                saving.messages().expectQuestion(question, true);
+                saving.messages().expectQuestion(question, true, Question::Loss);
             }
             dialog.click("cmdOK");
         });
