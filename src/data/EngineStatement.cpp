@@ -10,7 +10,7 @@ EngineStatement::EngineStatement(std::shared_ptr<SQLite::Database> database, std
     const int result =
         sqlite3_prepare_v2(connection, sql.data(), static_cast<int>(sql.size()), &prepared, nullptr);
     m_handle.reset(prepared);
-    if (result != SQLITE_OK) throwEngineError(connection, result);
+    if (result != SQLITE_OK) throwEngineError(connection);
 }
 
 bool EngineStatement::step()
@@ -18,7 +18,7 @@ bool EngineStatement::step()
     const int result = sqlite3_step(m_handle.get());
     if (result == SQLITE_ROW) return true;
     if (result == SQLITE_DONE) return false;
-    throwEngineError(sqlite3_db_handle(m_handle.get()), result);
+    throwEngineError(sqlite3_db_handle(m_handle.get()));
 }
 
 void EngineStatement::bind(int index, const Value& value)
@@ -36,7 +36,7 @@ void EngineStatement::bind(int index, const Value& value)
     } else {
         result = sqlite3_bind_null(handle, index);
     }
-    if (result != SQLITE_OK) throwEngineError(sqlite3_db_handle(handle), result);
+    if (result != SQLITE_OK) throwEngineError(sqlite3_db_handle(handle));
 }
 
 QString EngineStatement::columnName(int column) const
@@ -51,8 +51,10 @@ QString EngineStatement::declaredType(int column) const
 
 std::string_view EngineStatement::text(int column) const
 {
-    // asked for as a blob, a text comes without the copy that would put a NUL behind it
+    // the size comes first: asking for it makes UTF-8 of a text that the file holds in UTF-16. Asked for as
+    // a blob, the text then comes without the copy that would put a NUL behind it
+    const auto size = static_cast<std::size_t>(sqlite3_column_bytes(m_handle.get(), column));
     const auto* text = static_cast<const char*>(sqlite3_column_blob(m_handle.get(), column));
     if (text == nullptr) return {};
-    return {text, static_cast<std::size_t>(sqlite3_column_bytes(m_handle.get(), column))};
+    return {text, size};
 }

@@ -7,12 +7,12 @@
 
 #include <stdexcept>
 
-TestDatabase::TestDatabase()
+TestDatabase::TestDatabase(const char* encoding)
 {
     QFile schema(QStringLiteral(ORVIK_SCHEMA));
     if (!schema.open(QIODevice::ReadOnly)) throw std::runtime_error("the schema cannot be read");
     SQLite::Database database(fileName().toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    database.exec("PRAGMA synchronous = OFF");
+    database.exec(std::string("PRAGMA synchronous = OFF; PRAGMA encoding = '") + encoding + '\'');
     database.exec(schema.readAll().toStdString());
 }
 

@@ -13,7 +13,8 @@
 class TestDatabase
 {
 public:
-    TestDatabase();
+    /// `encoding` is that of the texts in the file, as the engine names it.
+    explicit TestDatabase(const char* encoding = "UTF-8");
 
     [[nodiscard]] QString fileName() const { return m_folder.filePath(QStringLiteral("test.sqlite")); }
     [[nodiscard]] QString folder() const { return m_folder.path(); }
