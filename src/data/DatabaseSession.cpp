@@ -1,6 +1,8 @@
 #include "data/DatabaseSession.h"
 
+#include "data/CatalogReader.h"
 #include "data/EngineError.h"
+#include "data/RollbackJournal.h"
 #include "data/StatementShape.h"
 #include "data/StatementTranslator.h"
 #include "util/Error.h"
@@ -8,41 +10,9 @@
 #include <QDir>
 #include <QFile>
 
-#include <array>
-
 namespace {
 
 constexpr int lockPatienceMilliseconds = 1000;
-
-constexpr std::array expectedTables{u"Document",
-                                    u"Event",
-                                    u"Organization",
-                                    u"OrganizationProfile",
-                                    u"DocumentEvents",
-                                    u"OrganizationEvents",
-                                    u"EventFunctions",
-                                    u"DocumentTypes",
-                                    u"DocumentCategories",
-                                    u"DocumentVenues",
-                                    u"EventVenues",
-                                    u"OrganizationVenues",
-                                    u"OrganizationProfileJurisdictions",
-                                    u"OrganizationProfilePopulations",
-                                    u"DocumentType",
-                                    u"DocumentCategory",
-                                    u"Function",
-                                    u"Venue",
-                                    u"FileTypes",
-                                    u"OrganizationTypes",
-                                    u"OrganizationSubTypes",
-                                    u"JurisdictionTypes",
-                                    u"PopulationTypes",
-                                    u"States",
-                                    u"CityLocations",
-                                    u"Document_HIST",
-                                    u"Event_HIST",
-                                    u"Organization_HIST"};
-constexpr std::array expectedQueries{u"Q_Document", u"Q_Event", u"Q_Organization"};
 
 /// Grants an access for as long as it lives.
 class AccessGranted
@@ -57,77 +27,12 @@ private:
     Access& m_access;
 };
 
-QString textOf(const SQLite::Statement& statement, int column)
+/// One that is read with its log of changes can be neither moved nor copied by hand without losing some. It
+/// stays as it is while another program has it open; all that is written is safe in either mode.
+void setRollbackJournal(SQLite::Database& database)
 {
-    return QString::fromUtf8(statement.getColumn(column).getText());
-}
-
-void readTables(SQLite::Database& database, Catalog& catalog)
-{
-    SQLite::Statement columns(database, "SELECT m.name, p.name, p.type, p.pk FROM sqlite_master AS m "
-                                        "JOIN pragma_table_info(m.name) AS p WHERE m.type = 'table' "
-                                        "AND m.name NOT LIKE 'sqlite^_%' ESCAPE '^' ORDER BY m.name, p.cid");
-    CatalogTable table;
-    int keyParts = 0;
-    const auto finish = [&] {
-        if (keyParts != 1) table.keyColumn.clear();
-        if (!table.name.isEmpty()) catalog.addTable(table);
-        table = {};
-        keyParts = 0;
-    };
-    while (columns.executeStep()) {
-        const QString name = textOf(columns, 0);
-        if (name != table.name) {
-            finish();
-            table.name = name;
-        }
-        const QString column = textOf(columns, 1);
-        const QString type = textOf(columns, 2);
-        table.columns.push_back({column, Catalog::formOfDeclaredType(type)});
-        if (columns.getColumn(3).getInt() == 0) continue;
-        ++keyParts;
-        if (type.compare(u"INTEGER", Qt::CaseInsensitive) == 0) table.keyColumn = column;
-    }
-    finish();
-}
-
-void readStoredQueries(SQLite::Database& database, Catalog& catalog)
-{
-    const auto keyOfTable = [&catalog](const QString& name) {
-        const CatalogTable* table = catalog.findTable(name);
-        return table == nullptr ? QString() : table->keyColumn;
-    };
-    SQLite::Statement views(database, "SELECT name, sql FROM sqlite_master WHERE type = 'view'");
-    while (views.executeStep()) {
-        for (const QStringView expected : expectedQueries) {
-            if (textOf(views, 0).compare(expected, Qt::CaseInsensitive) != 0) continue;
-            catalog.addStoredQuery(StoredQuery::parse(textOf(views, 1), keyOfTable));
-        }
-    }
-}
-
-void readIndexes(SQLite::Database& database, Catalog& catalog)
-{
-    SQLite::Statement indexes(database, "SELECT name FROM sqlite_master WHERE type = 'index'");
-    while (indexes.executeStep())
-        catalog.addIndex(textOf(indexes, 0));
-}
-
-Catalog readCatalog(SQLite::Database& database)
-{
-    Catalog catalog;
-    readTables(database, catalog);
-    readStoredQueries(database, catalog);
-    readIndexes(database, catalog);
-    const auto require = [](bool found, QStringView name) {
-        if (found) return;
-        throw Error(SQLITE_ERROR, QStringLiteral("This is no Orvik database: it has no %1").arg(name));
-    };
-    for (const QStringView table : expectedTables)
-        require(catalog.findTable(table) != nullptr, table);
-    for (const QStringView query : expectedQueries)
-        require(catalog.findStoredQuery(query) != nullptr, query);
-    return catalog;
+    if (sqlite3_db_readonly(database.getHandle(), "main") == 1) return;
+    sqlite3_exec(database.getHandle(), "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
 }
 
 /// A path that the engine can take for nothing else, as it does with `:memory:` and `file:`.
@@ -146,19 +51,24 @@ DatabaseSession::~DatabaseSession() = default;
 void DatabaseSession::open(const QString& file)
 {
     try {
-        auto opened = callEngine([&file] {
+        const QString path = absolutePath(file);
+        refuseForeignJournal(path);
+        auto opened = callEngine([&path] {
             // one thread works with the file, so the engine needs no locks of its own
-            return std::make_shared<SQLite::Database>(QFile::encodeName(absolutePath(file)).toStdString(),
+            return std::make_shared<SQLite::Database>(QFile::encodeName(path).toStdString(),
                                                       SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
                                                       lockPatienceMilliseconds);
         });
-        addLimits(opened->getHandle());
+        m_watch.beginStep();
+        addSchemaLimits(opened->getHandle(), &m_watch);
         Catalog catalog = callEngine([&opened] {
             // the first of these is also the first look into the file
             opened->exec(
                 "PRAGMA synchronous = FULL; PRAGMA cell_size_check = ON; PRAGMA cache_size = -16000");
             return readCatalog(*opened);
         });
+        setRollbackJournal(*opened);
+        addLimits(opened->getHandle());
         addTextRules(opened->getHandle());
         addAuthorizer(opened->getHandle(), &m_access);
         addWatch(opened->getHandle(), &m_watch);

@@ -2,9 +2,32 @@
 
 #include "util/Error.h"
 
+#include <QFile>
+#include <QFileInfo>
+
 namespace {
 
 constexpr int primaryCodeMask = 0xFF;
+
+QString withPath(const char* description, const QString& path)
+{
+    return QStringLiteral("%1 (%2)").arg(QString::fromUtf8(description), path);
+}
+
+/// What is in the way of writing, or of opening what is needed to write; empty if the file tells nothing.
+QString hindranceOf(int code, const QString& path)
+{
+    if (path.isEmpty()) return {};
+    const QFileInfo file(path);
+    if (!file.exists()) return withPath("The database was moved or deleted while it was open.", path);
+    if (code == SQLITE_READONLY_DBMOVED)
+        return withPath("The database was replaced by another file while it was open.", path);
+    if (!file.isWritable()) return withPath("The file of the database is read-only.", path);
+    if (!QFileInfo(file.path()).isWritable())
+        return withPath("The folder of the database is read-only, so the database cannot be changed.",
+                        file.path());
+    return {};
+}
 
 QString describe(int code, const char* message)
 {
@@ -14,9 +37,15 @@ QString describe(int code, const char* message)
 
 } // namespace
 
-void throwEngineError(sqlite3* database, int code)
+void throwEngineError(sqlite3* database)
 {
+    const int code = sqlite3_extended_errcode(database);
     const int primary = code & primaryCodeMask;
+    if (primary == SQLITE_READONLY || primary == SQLITE_CANTOPEN || primary == SQLITE_IOERR) {
+        const QString path = QFile::decodeName(sqlite3_db_filename(database, "main"));
+        const QString hindrance = hindranceOf(code, path);
+        if (!hindrance.isEmpty()) throw Error(primary, hindrance);
+    }
     throw Error(primary, describe(primary, sqlite3_errmsg(database)));
 }
 

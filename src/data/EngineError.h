@@ -3,8 +3,9 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
-/// Reports what the engine says as the program's own error: its primary code and its message.
-[[noreturn]] void throwEngineError(sqlite3* database, int code);
+/// Reports what the engine says as the program's own error: its primary code, and its message or, if that
+/// hides what happened to the file of the connection, what did.
+[[noreturn]] void throwEngineError(sqlite3* database);
 [[noreturn]] void throwEngineError(const SQLite::Exception& exception);
 
 /// Runs what calls the engine through its wrapper, and turns the wrapper's exceptions into errors.

@@ -15,6 +15,9 @@ constexpr int longestStatement = 8 * 1024 * 1024;
 constexpr int longestPattern = 50000;
 constexpr int longestValue = 64 * 1024 * 1024;
 constexpr int operationsBetweenLooks = 10000;
+constexpr int longestDefinition = 100 * 1000; ///< of a table or view; some take time that grows as its square
+constexpr int operationsBetweenSchemaLooks = 100; ///< few, since each may have the engine read a definition
+constexpr int mostOperations = 5 * 1000 * 1000;   ///< of a prepared statement; a million keys need fewer
 
 std::string_view bytes(int length, const void* text)
 {
@@ -102,6 +105,13 @@ int authorize(void* context, int action, const char* first, const char* second, 
     }
 }
 
+void watchEvery(int operations, sqlite3* connection, StatementWatch* watch)
+{
+    sqlite3_progress_handler(
+        connection, operations,
+        [](void* looker) { return static_cast<StatementWatch*>(looker)->isOverdue() ? 1 : 0; }, watch);
+}
+
 } // namespace
 
 bool StatementWatch::isOverdue()
@@ -116,9 +126,7 @@ bool StatementWatch::isOverdue()
 
 void addWatch(sqlite3* connection, StatementWatch* watch)
 {
-    sqlite3_progress_handler(
-        connection, operationsBetweenLooks,
-        [](void* looker) { return static_cast<StatementWatch*>(looker)->isOverdue() ? 1 : 0; }, watch);
+    watchEvery(operationsBetweenLooks, connection, watch);
 }
 
 void addTextRules(sqlite3* connection)
@@ -130,9 +138,18 @@ void addTextRules(sqlite3* connection)
                             nullptr, lower, nullptr, nullptr);
 }
 
+void addSchemaLimits(sqlite3* connection, StatementWatch* watch)
+{
+    addLimits(connection);
+    sqlite3_limit(connection, SQLITE_LIMIT_SQL_LENGTH, longestDefinition);
+    watchEvery(operationsBetweenSchemaLooks, connection, watch);
+}
+
 void addLimits(sqlite3* connection)
 {
+    sqlite3_drop_modules(connection, nullptr);
     sqlite3_limit(connection, SQLITE_LIMIT_ATTACHED, 0);
+    sqlite3_limit(connection, SQLITE_LIMIT_VDBE_OP, mostOperations);
     sqlite3_limit(connection, SQLITE_LIMIT_LENGTH, longestValue);
     sqlite3_limit(connection, SQLITE_LIMIT_SQL_LENGTH, longestStatement);
     sqlite3_limit(connection, SQLITE_LIMIT_TRIGGER_DEPTH, 1);

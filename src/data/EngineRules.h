@@ -34,8 +34,14 @@ private:
 /// in every script, and `lower` that folds every letter. The file never depends on them.
 void addTextRules(sqlite3* connection);
 
+/// Bounds what reading the schema of a file may cost, which may have been made to hang the program: the
+/// length of each definition, and the time for all of them together, which the watch, which must outlive the
+/// connection, begins to count at its next step. To be called before the first look into the file, and
+/// `addLimits` after it.
+void addSchemaLimits(sqlite3* connection, StatementWatch* watch);
+
 /// Bounds what a statement may cost, and turns off what no statement of the program needs: attached
-/// files, triggers, double quotes as names, changes to the schema's own tables.
+/// files, triggers, double quotes as names, changes to the schema's own tables, modules of the engine.
 void addLimits(sqlite3* connection);
 
 /// Lets the connection prepare only what `*access` allows; `access` must outlive the connection. Reading

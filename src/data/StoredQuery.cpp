@@ -21,7 +21,7 @@ QString render(const SqlToken& token)
 class ViewParser
 {
 public:
-    ViewParser(const QString& createView, const std::function<QString(const QString&)>& keyOfTable)
+    ViewParser(const QString& createView, const StoredQuery::KeyOfTable& keyOfTable)
         : m_tokens(tokenizeSql(createView)), m_keyOfTable(keyOfTable)
     {
     }
@@ -31,6 +31,7 @@ public:
         expect(u"CREATE");
         expect(u"VIEW");
         m_query.name = takeWord();
+        if (!readsTablesOnly()) fail();
         expect(u"AS");
         expect(u"SELECT");
         const std::size_t columnsBegin = m_at;
@@ -38,7 +39,7 @@ public:
         const std::size_t columnsEnd = m_at;
         expect(u"FROM");
         m_query.baseTable = takeWord();
-        m_query.baseKey = m_keyOfTable(m_query.baseTable);
+        m_query.baseKey = m_keyOfTable(m_query.baseTable).value_or(QString());
         while (m_at < m_tokens.size())
             parseJoin();
         m_at = columnsBegin;
@@ -48,6 +49,44 @@ public:
     }
 
 private:
+    /// A view among the sources could stand for views of views, each of them doubling what the engine has to
+    /// take apart before it can even be stopped.
+    [[nodiscard]] bool readsTablesOnly() const
+    {
+        std::vector<bool> namesSources{
+            false}; // for each open parenthesis, whether its tables are being named
+        for (std::size_t i = 0; i < m_tokens.size(); ++i) {
+            const SqlToken& token = m_tokens[i];
+            if (token.isSymbol(u"(")) namesSources.push_back(false);
+            if (token.isSymbol(u")") && namesSources.size() > 1) namesSources.pop_back();
+            if (token.isWord(u"WHERE") || token.isWord(u"GROUP") || token.isWord(u"ORDER"))
+                namesSources.back() = false;
+            if (token.isWord(u"WITH") || (token.isSymbol(u",") && namesSources.back())) return false;
+            if (token.isWord(u"IN") && !isSymbolAt(i + 1, u"(")) return false;
+            if (!token.isWord(u"FROM") && !token.isWord(u"JOIN")) continue;
+            namesSources.back() = true;
+            if (!isTableAt(i + 1) && !isSelectAt(i + 1)) return false;
+        }
+        return true;
+    }
+
+    [[nodiscard]] bool isSymbolAt(std::size_t i, QStringView symbol) const
+    {
+        return i < m_tokens.size() && m_tokens[i].isSymbol(symbol);
+    }
+
+    [[nodiscard]] bool isTableAt(std::size_t i) const
+    {
+        return i < m_tokens.size() && m_tokens[i].kind == SqlToken::Kind::Word &&
+               m_keyOfTable(m_tokens[i].text).has_value() && !isSymbolAt(i + 1, u"(") &&
+               !isSymbolAt(i + 1, u".");
+    }
+
+    [[nodiscard]] bool isSelectAt(std::size_t i) const
+    {
+        return isSymbolAt(i, u"(") && i + 1 < m_tokens.size() && m_tokens[i + 1].isWord(u"SELECT");
+    }
+
     void parseJoin()
     {
         const std::size_t begin = m_at;
@@ -108,7 +147,7 @@ private:
     /// Whether the condition begins with the equality of the table's own key, which at most one row meets.
     [[nodiscard]] bool bindsKey(const QString& table, std::size_t condition) const
     {
-        const QString key = m_keyOfTable(table);
+        const QString key = m_keyOfTable(table).value_or(QString());
         return !key.isEmpty() && condition + 3 < m_tokens.size() && m_tokens[condition].isWord(table) &&
                m_tokens[condition + 1].isSymbol(u".") && m_tokens[condition + 2].isWord(key) &&
                m_tokens[condition + 3].isSymbol(u"=");
@@ -175,7 +214,7 @@ private:
     }
 
     Tokens m_tokens;
-    const std::function<QString(const QString&)>& m_keyOfTable;
+    const StoredQuery::KeyOfTable& m_keyOfTable;
     std::size_t m_at = 0;
     StoredQuery m_query;
 };
@@ -206,8 +245,7 @@ void StoredQuery::addDependencies(std::set<std::size_t>& needed) const
     }
 }
 
-StoredQuery StoredQuery::parse(const QString& createView,
-                               const std::function<QString(const QString&)>& keyOfTable)
+StoredQuery StoredQuery::parse(const QString& createView, const KeyOfTable& keyOfTable)
 {
     return ViewParser(createView, keyOfTable).run();
 }

@@ -43,9 +43,10 @@ struct StoredQuery
     /// Adds to `joins` all that they depend on.
     void addDependencies(std::set<std::size_t>& joins) const;
 
-    /// Takes apart a `CREATE VIEW` of a select list, a base table and left joins, as the schema writes
-    /// them. `keyOfTable` tells the integer primary key of a table, or an empty text. Throws Error
-    /// where the view is of another shape.
-    static StoredQuery parse(const QString& createView,
-                             const std::function<QString(const QString&)>& keyOfTable);
+    /// The integer primary key of a table, empty if it has none; `std::nullopt` if there is no such table.
+    using KeyOfTable = std::function<std::optional<QString>(const QString&)>;
+
+    /// Takes apart a `CREATE VIEW` of a select list, a base table and left joins, as the schema writes them.
+    /// Throws Error if the view is of another shape or reads anything but tables.
+    static StoredQuery parse(const QString& createView, const KeyOfTable& keyOfTable);
 };

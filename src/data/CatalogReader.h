@@ -1,0 +1,9 @@
+#pragma once
+
+#include "data/Catalog.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+/// Reads the tables, stored queries and indexes of an open file that are the program's own; whatever else is
+/// in it stays unread. Throws Error if one of them is missing or is of another form.
+Catalog readCatalog(SQLite::Database& database);
