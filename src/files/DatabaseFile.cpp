@@ -2,6 +2,7 @@
 
 #include "data/DatabaseSession.h"
 #include "data/EngineError.h"
+#include "data/RollbackJournal.h"
 #include "util/Error.h"
 
 #include <QByteArray>
@@ -21,18 +22,44 @@ constexpr qint64 headLength = 32;
 class Unfinished
 {
 public:
-    explicit Unfinished(QString file) : m_file(std::move(file)) { QFile::remove(m_file); }
-    ~Unfinished()
-    {
-        QFile::remove(m_file);
-        QFile::remove(m_file + QStringLiteral("-journal"));
-    }
+    explicit Unfinished(QString file) : m_file(std::move(file)) { remove(); }
+    ~Unfinished() { remove(); }
     Unfinished(const Unfinished&) = delete;
     Unfinished& operator=(const Unfinished&) = delete;
 
 private:
+    void remove() const
+    {
+        for (const char* ending : {"", "-journal", "-wal", "-shm"})
+            QFile::remove(m_file + QLatin1String(ending));
+    }
+
     QString m_file;
 };
+
+void backUp(const QString& source, const QString& copy)
+{
+    SQLite::Database from(QFile::encodeName(source).toStdString(), SQLite::OPEN_READONLY);
+    SQLite::Database to(QFile::encodeName(copy).toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    SQLite::Backup(to, from).executeStep(-1);
+}
+
+void copyFile(const QString& source, const QString& copy)
+{
+    QFile file(source);
+    if (file.copy(copy)) return;
+    throw Error(EIO, QStringLiteral("The file cannot be copied: %1 (%2)").arg(file.errorString(), source));
+}
+
+/// A change that was never finished is undone in the copy when that is first opened; the source keeps its
+/// journal. The journal comes last: whatever another program undoes meanwhile, it undoes once more.
+void copyWithJournal(const QString& source, const QString& copy)
+{
+    QFile::remove(copy);
+    copyFile(source, copy);
+    QFile::setPermissions(copy, QFile::permissions(copy) | QFile::ReadOwner | QFile::WriteOwner);
+    copyFile(rollbackJournalOf(source), rollbackJournalOf(copy));
+}
 
 } // namespace
 
@@ -51,12 +78,13 @@ void copyDatabase(const QString& source, const QString& target)
 {
     const QString copy = target + QStringLiteral(".part");
     const Unfinished unfinished(copy);
-    callEngine([&] {
-        SQLite::Database from(QFile::encodeName(source).toStdString(), SQLite::OPEN_READONLY);
-        SQLite::Database to(QFile::encodeName(copy).toStdString(),
-                            SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-        SQLite::Backup(to, from).executeStep(-1);
-    });
+    refuseForeignJournal(source);
+    try {
+        backUp(source, copy);
+    } catch (const SQLite::Exception& exception) {
+        if (exception.getErrorCode() != SQLITE_READONLY_ROLLBACK) throwEngineError(exception);
+        copyWithJournal(source, copy);
+    }
     DatabaseSession().open(copy);
     // what the old file left behind would be played back into the new one
     for (const char* leftover : {"-journal", "-wal", "-shm"})
