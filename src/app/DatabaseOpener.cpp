@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr int readOnlyNumber = 8;
-
 QString settingName()
 {
     return QStringLiteral("DBFile");
@@ -53,7 +51,7 @@ void DatabaseOpener::openNamed()
         nameInSettings(m_state.databasePath);
     }
     open(m_state.databasePath);
-    requireWritable();
+    m_state.session.requireWritable();
 }
 
 bool DatabaseOpener::openChosen(const QString& file)
@@ -78,7 +76,7 @@ bool DatabaseOpener::openChosen(const QString& file)
     open(target);
     m_state.databasePath = target;
     nameInSettings(target);
-    requireWritable();
+    m_state.session.requireWritable();
     return true;
 }
 
@@ -101,14 +99,6 @@ void DatabaseOpener::open(const QString& file)
 {
     m_platform.fileAttributes.makeWritable(file);
     m_state.session.open(file);
-}
-
-void DatabaseOpener::requireWritable() const
-{
-    if (!m_state.session.isReadOnly()) return;
-    throw Error(
-        readOnlyNumber,
-        QStringLiteral("The database can be read, but not changed. (%1)").arg(m_state.session.fileName()));
 }
 
 void DatabaseOpener::nameInSettings(const QString& file)

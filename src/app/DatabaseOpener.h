@@ -28,7 +28,6 @@ private:
     [[nodiscard]] QString dataPath(const QString& name) const;
     bool convert(const QString& source, const QString& target, bool replace);
     void open(const QString& file);
-    void requireWritable() const; ///< throws Error where the open database can be read only
     void nameInSettings(const QString& file);
 
     Platform m_platform;

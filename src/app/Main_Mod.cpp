@@ -34,9 +34,9 @@ void Main_Mod::Main()
         frmSplash splash;
         splash.showAtOnce();
         // without a program folder there is a window all the same, and it says what it cannot open
-        runProcedure(m_platform.messages, name, [this] { prepareProgramFolder(); });
+        const bool hasFolder = runProcedure(m_platform.messages, name, [this] { prepareProgramFolder(); });
         m_window = std::make_unique<frmMain>(m_platform, m_state);
-        m_window->load();
+        m_window->load(hasFolder);
         splash.close();
         m_window->show();
     });

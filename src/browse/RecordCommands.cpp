@@ -70,19 +70,23 @@ void RecordCommands::remove()
     m_rowOfDeleted = -1;
 }
 
-void RecordCommands::enable(bool isOpen, const QString& hindrance)
+void RecordCommands::enable(const QString& unwritable, const QString& hindrance)
 {
-    const QString closed = isOpen ? QString() : tr("No database is open.");
     for (QAction* action : {m_commands.mnuRecordAdd, m_commands.mnuRecordAddNewDocument,
                             m_commands.mnuRecordAddNewEvent, m_commands.mnuRecordAddNewOrganization}) {
-        enableUnless(*action, closed);
+        enableUnless(*action, unwritable);
     }
     const std::size_t count = m_list.selectedCount();
     const QString nothing = count > 0 ? hindrance : tr("Select a record first.");
     const QString notOne = count > 1 ? tr("Select a single record.") : nothing;
-    enableUnless(*m_commands.mnuRecordDelete, hindrance.isEmpty() ? nothing : hindrance);
-    for (QAction* action : {m_commands.mnuRecordEdit, m_commands.mnuRecordView})
-        enableUnless(*action, hindrance.isEmpty() ? notOne : hindrance);
+    const auto first = [](std::initializer_list<QString> reasons) {
+        const auto* const found = std::find_if(reasons.begin(), reasons.end(),
+                                               [](const QString& reason) { return !reason.isEmpty(); });
+        return found == reasons.end() ? QString() : *found;
+    };
+    enableUnless(*m_commands.mnuRecordView, first({hindrance, notOne}));
+    enableUnless(*m_commands.mnuRecordEdit, first({unwritable, hindrance, notOne}));
+    enableUnless(*m_commands.mnuRecordDelete, first({unwritable, hindrance, nothing}));
 }
 
 void RecordCommands::selectAfterChange(ViewKind kind, qint64 saved)

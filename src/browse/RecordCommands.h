@@ -20,9 +20,10 @@ public:
     /// All must outlive the commands.
     RecordCommands(const MainCommands& commands, ListPane& list, RecordEditors& editors, QWidget& window);
 
-    /// Enables what can be done now: adding where a database is open, the rest where the list that is shown
-    /// has a selection. `hindrance` says what is in the way of a list, as on a page without one.
-    void enable(bool isOpen, const QString& hindrance);
+    /// Enables what can be done now: adding if the database can be changed, viewing if the list that is shown
+    /// has a selection, editing and deleting if both is so. `unwritable` says what is in the way of a change,
+    /// `hindrance` of a list, as on a page without one.
+    void enable(const QString& unwritable, const QString& hindrance);
 
     /// After the list was read again because records were saved or deleted: selects the record that was
     /// saved or, where the selected ones are gone, the row that stands in the place of the first of them.

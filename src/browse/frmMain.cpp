@@ -123,8 +123,13 @@ void frmMain::makeRecordCommands()
     connect(m_commands->mnuRecordOpen, &QAction::triggered, this, [this] { m_open->run(); });
     m_records = new RecordCommands(*m_commands, *m_list, *m_editors, *this);
     connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
-    connect(m_related, &RelatedCommands::additionWanted, m_editors,
-            [this](const RecordAddition& addition) { m_editors->add(addition.kind, addition.preset); });
+    connect(m_related, &RelatedCommands::additionWanted, m_editors, [this](const RecordAddition& addition) {
+        const QString hindrance = unwritable();
+        if (hindrance.isEmpty())
+            m_editors->add(addition.kind, addition.preset);
+        else
+            m_platform.messages.show(hindrance);
+    });
     connect(m_editors, &RecordEditors::eventSaved, this, [this](const std::optional<QDateTime>& start) {
         m_graphics->timeline().updateTimeline(start ? std::optional(momentOf(start->date(), start->time()))
                                                     : std::nullopt);
@@ -140,10 +145,11 @@ void frmMain::makeRecordCommands()
             [menus](const QPoint& position) { menus->popUp(ViewKind::Events, position); });
 }
 
-void frmMain::load()
+void frmMain::load(bool hasProgramFolder)
 {
-    runProcedure(m_platform.messages, QStringLiteral("Form_Load"),
-                 [this] { DatabaseOpener(m_platform, m_state).openNamed(); });
+    runProcedure(m_platform.messages, QStringLiteral("Form_Load"), [&] {
+        if (hasProgramFolder) DatabaseOpener(m_platform, m_state).openNamed();
+    });
     showDatabaseName();
     placeOnScreen();
     m_list->restoreWidths(m_platform.settings);
@@ -329,10 +335,17 @@ void frmMain::enableCommands()
     enableUnless(*m_commands->mnuRecordCopy, showsList ? nothingSelected : noList);
     enableUnless(*m_commands->mnuRecordOpen, showsList ? m_open->hindrance() : noList);
     m_related->enable(noList);
-    m_records->enable(m_state.session.isOpen(), noList);
+    m_records->enable(unwritable(), noList);
     m_status->showSelected(showsList ? m_list->selectedCount() : 0);
     m_commands->mnuViewGraphicRight->setChecked(m_browse->side() == Qt::Horizontal);
     m_commands->mnuViewGraphicBelow->setChecked(m_browse->side() == Qt::Vertical);
+}
+
+/// What is in the way of changing the database; empty if nothing is.
+QString frmMain::unwritable() const
+{
+    if (!m_state.session.isOpen()) return tr("No database is open.");
+    return m_state.session.isReadOnly() ? tr("The database can be read, but not changed.") : QString();
 }
 
 void frmMain::UpdateHistoryList()

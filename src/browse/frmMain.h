@@ -36,8 +36,9 @@ public:
     ~frmMain() override;
 
     /// The second half of start-up: opens the database that the settings name, and shows the home page. A
-    /// failure shows its message; the window then has no data, and its commands say so.
-    void load();
+    /// failure shows its message; the window then has no data, and its commands say so. Without a program
+    /// folder, of which the user was told, nothing is opened.
+    void load(bool hasProgramFolder);
 
     /// Builds the menu of the views shown so far.
     void UpdateHistoryList();
@@ -64,6 +65,7 @@ private:
     void refresh();
     void enableCommands();
     void showCaption(const QString& caption, const QString& count);
+    [[nodiscard]] QString unwritable() const;
 
     Platform m_platform;
     ProgramState& m_state;

@@ -6,9 +6,11 @@
 #include "data/StatementShape.h"
 #include "data/StatementTranslator.h"
 #include "util/Error.h"
+#include "util/FileAccess.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace {
 
@@ -97,7 +99,29 @@ const std::shared_ptr<SQLite::Database>& DatabaseSession::database() const
 
 bool DatabaseSession::isReadOnly() const
 {
-    return m_database && sqlite3_db_readonly(m_database->getHandle(), "main") == 1;
+    return m_database && (hasReadOnlyFile() || !isWritable(folder()));
+}
+
+void DatabaseSession::requireWritable() const
+{
+    if (!isReadOnly()) return;
+    throw Error(
+        SQLITE_READONLY,
+        hasReadOnlyFile()
+            ? QStringLiteral("The database can be read, but not changed. (%1)").arg(m_fileName)
+            : QStringLiteral("The database can be read, but not changed: its folder is read-only. (%1)")
+                  .arg(folder()));
+}
+
+bool DatabaseSession::hasReadOnlyFile() const
+{
+    return sqlite3_db_readonly(m_database->getHandle(), "main") == 1;
+}
+
+QString DatabaseSession::folder() const
+{
+    // the engine has followed symbolic links
+    return QFileInfo(QFile::decodeName(sqlite3_db_filename(m_database->getHandle(), "main"))).path();
 }
 
 RecordSet DatabaseSession::read(const QString& statement)

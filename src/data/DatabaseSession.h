@@ -33,8 +33,12 @@ public:
     [[nodiscard]] bool isOpen() const { return m_database != nullptr; }
     [[nodiscard]] const QString& fileName() const { return m_fileName; }
 
-    /// Whether the file can be read but not written.
+    /// Whether the open file can be read but not changed: because of the file itself, or because of its
+    /// folder, which has to take the journal of a change.
     [[nodiscard]] bool isReadOnly() const;
+
+    /// Throws an Error that names the cause if the open file can be read but not changed.
+    void requireWritable() const;
 
     /// What the open file holds; empty while none is open.
     [[nodiscard]] const Catalog& catalog() const { return m_catalog; }
@@ -66,6 +70,8 @@ private:
     /// Runs a prepared statement that changes something.
     void run(EngineStatement& statement);
     const std::shared_ptr<SQLite::Database>& database() const;
+    [[nodiscard]] bool hasReadOnlyFile() const;
+    [[nodiscard]] QString folder() const; ///< of the open file, where the engine keeps its journal
 
     std::shared_ptr<SQLite::Database> m_database; ///< shared with the statements that still read
     Catalog m_catalog;

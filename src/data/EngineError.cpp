@@ -1,6 +1,7 @@
 #include "data/EngineError.h"
 
 #include "util/Error.h"
+#include "util/FileAccess.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -22,10 +23,9 @@ QString hindranceOf(int code, const QString& path)
     if (!file.exists()) return withPath("The database was moved or deleted while it was open.", path);
     if (code == SQLITE_READONLY_DBMOVED)
         return withPath("The database was replaced by another file while it was open.", path);
-    if (!file.isWritable()) return withPath("The file of the database is read-only.", path);
-    if (!QFileInfo(file.path()).isWritable())
-        return withPath("The folder of the database is read-only, so the database cannot be changed.",
-                        file.path());
+    if (!isWritable(path)) return withPath("The file of the database is read-only.", path);
+    if (!isWritable(file.path()))
+        return withPath("The database cannot be changed: its folder is read-only.", file.path());
     return {};
 }
 

@@ -79,12 +79,25 @@ private:
             if (c.isNull()) fail(QStringLiteral("a text holds a NUL character"));
             if (c == quote) {
                 ++m_at;
-                if (m_at >= m_statement.size() || m_statement[m_at] != quote)
+                if (m_at >= m_statement.size() || m_statement[m_at] != quote) {
+                    refuseRest(quote);
                     return {SqlToken::Kind::Text, text};
+                }
             }
             text += c;
         }
         fail(QStringLiteral("a text has no closing %1").arg(quote));
+    }
+
+    /// A text that goes on behind its end was ended by a quote that is part of it.
+    void refuseRest(QChar quote) const
+    {
+        static constexpr QStringView follows = u"(),.=<>+-*/|;?";
+        if (m_at >= m_statement.size()) return;
+        const QChar next = m_statement[m_at];
+        if (next.isSpace() || next.isNull() || follows.contains(next)) return;
+        if (quote == u'"') fail(QStringLiteral("a quotation mark in a text ends it too early"));
+        fail(QStringLiteral("an apostrophe in a text ends it too early. In a search, type _ in its place"));
     }
 
     SqlToken date()

@@ -91,7 +91,10 @@ void RecordDialog::setMode(EditorMode mode)
     } else {
         FormControls::unlock(*m_form);
     }
+    const bool canBeEdited = mode != EditorMode::View || !m_state.session.isReadOnly();
     m_ok->setText(mode == EditorMode::View ? tr("Edit") : tr("OK"));
+    m_ok->setEnabled(canBeEdited);
+    m_ok->setToolTip(canBeEdited ? QString() : tr("The database can be read, but not changed."));
     applyMode(mode);
 }
 
@@ -193,8 +196,16 @@ void RecordDialog::bringIntoSight(QWidget* field)
 
 void RecordDialog::fillCombo(EntryCombo& combo, const std::function<void(std::vector<ListEntry>&)>& fill)
 {
+    if (m_isLocked && !isVisible()) return;
     std::vector<ListEntry> entries;
-    runTrapped("fillList", [&] { fill(entries); });
+    runTrapped("fillList", [&] {
+        try {
+            fill(entries);
+        } catch (const Error& error) {
+            m_isLocked = error.isOfLock();
+            throw;
+        }
+    });
     combo.fill(std::move(entries));
 }
 

@@ -94,8 +94,13 @@ protected:
     /// Shows a message and brings the field it is about into sight and focus; always false.
     bool refuse(const QString& message, QWidget* field);
 
-    /// Fills a drop-down; where that fails, a message says so and the entries read so far stay.
+    /// Fills a drop-down; where that fails, a message says so and the entries read so far stay. While the
+    /// dialog is being opened, a locked database is told of once, and nothing more is read.
     void fillCombo(EntryCombo& combo, const std::function<void(std::vector<ListEntry>&)>& fill);
+
+    /// Whether the drop-downs could not be filled because another program locks the database, which the user
+    /// was told of.
+    [[nodiscard]] bool isLocked() const { return m_isLocked; }
 
     /// Lets a click on an address open it, with the desktop's own program for it.
     void connectAddress(AddressEdit* address);
@@ -126,4 +131,5 @@ private:
     QPushButton* m_cancel = nullptr;
     FormControls::State m_opened; ///< what the controls held when the user could begin to change them
     bool m_hasWritten = false;
+    bool m_isLocked = false;
 };

@@ -103,8 +103,7 @@ void RecordEditors::finish(ViewKind kind, const RecordDialog& dialog)
 void RecordEditors::remove(ViewKind kind, const std::vector<ListEntry>& records)
 {
     if (records.empty() || kindWord(kind).isEmpty() || !mayDelete(kind, records)) return;
-    deleteRecords(kind, records);
-    Q_EMIT changed(kind, -1);
+    if (deleteRecords(kind, records)) Q_EMIT changed(kind, -1);
 }
 
 bool RecordEditors::mayDelete(ViewKind kind, const std::vector<ListEntry>& records)
@@ -130,8 +129,8 @@ QString RecordEditors::deletionText(ViewKind kind, const QStringList& names)
     return text;
 }
 
-/// Stops at the first failure; what was deleted before it stays deleted, and is named.
-void RecordEditors::deleteRecords(ViewKind kind, const std::vector<ListEntry>& records)
+/// Stops at the first failure; what was deleted before it stays deleted, and is named. False if nothing was.
+bool RecordEditors::deleteRecords(ViewKind kind, const std::vector<ListEntry>& records)
 {
     QString said;
     QStringList names;
@@ -141,8 +140,9 @@ void RecordEditors::deleteRecords(ViewKind kind, const std::vector<ListEntry>& r
             names << record.display;
         }
     });
-    if (names.isEmpty()) return;
+    if (names.isEmpty()) return false;
     m_platform.messages.show(records.size() == 1 ? said : deletionText(kind, names));
+    return true;
 }
 
 QString RecordEditors::deleteRecord(ViewKind kind, qint64 id)

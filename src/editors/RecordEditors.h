@@ -56,7 +56,7 @@ private:
     [[nodiscard]] bool mayDelete(ViewKind kind, const std::vector<ListEntry>& records);
     QString deleteRecord(ViewKind kind, qint64 id);
     [[nodiscard]] static QString deletionText(ViewKind kind, const QStringList& names);
-    void deleteRecords(ViewKind kind, const std::vector<ListEntry>& records);
+    bool deleteRecords(ViewKind kind, const std::vector<ListEntry>& records);
 
     Platform m_platform;
     ProgramState& m_state;

@@ -122,10 +122,11 @@ bool frmDocument::addDocument(const std::optional<clsFieldInfo>& preset, const Q
 {
     const bool isReady = runTrapped("addDocument", [&] {
         fillComboBoxes();
+        if (isLocked()) return;
         takePreset(preset);
         if (!file.isEmpty()) txtOriginalFilename->setText(file);
     });
-    return isReady && run(EditorMode::Add, txtDocumentName);
+    return isReady && !isLocked() && run(EditorMode::Add, txtDocumentName);
 }
 
 void frmDocument::takePreset(const std::optional<clsFieldInfo>& preset)
@@ -155,7 +156,7 @@ bool frmDocument::viewDocument(qint64 id)
 /// A record that could not be read is not opened: what is missing on the screen would be lost by a save.
 bool frmDocument::openRecord(EditorMode mode, const char* procedure, qint64 id)
 {
-    if (!runTrapped(procedure, [this] { fillComboBoxes(); })) return false;
+    if (!runTrapped(procedure, [this] { fillComboBoxes(); }) || isLocked()) return false;
     FormControls::clear(*form());
     return runTrapped("populateFields", [&] { populateFields(id); }) && run(mode, txtDocumentName);
 }

@@ -155,12 +155,13 @@ bool frmOrganization::addOrganization()
 {
     const bool isReady = runTrapped("addOrganization", [this] {
         fillComboBoxes();
+        if (isLocked()) return;
         m_record = m_store.blank();
         showRecord();
         for (EntryCombo* combo : {cmbOrgTypes, cmbState, cmbFunctions})
             combo->setCurrentIndex(0);
     });
-    return isReady && run(EditorMode::Add, txtOrganizationName);
+    return isReady && !isLocked() && run(EditorMode::Add, txtOrganizationName);
 }
 
 bool frmOrganization::editOrganization(qint64 id)
@@ -176,7 +177,7 @@ bool frmOrganization::viewOrganization(qint64 id)
 /// A record that could not be read is not opened: what is missing on the screen would be lost by a save.
 bool frmOrganization::openRecord(EditorMode mode, const char* procedure, qint64 id)
 {
-    if (!runTrapped(procedure, [this] { fillComboBoxes(); })) return false;
+    if (!runTrapped(procedure, [this] { fillComboBoxes(); }) || isLocked()) return false;
     FormControls::clear(*form());
     return runTrapped("populateFields", [&] { populateFields(id); }) && run(mode, txtOrganizationName);
 }

@@ -18,9 +18,13 @@ public:
 
     [[nodiscard]] int number() const { return m_number; }
     [[nodiscard]] const QString& description() const { return m_description; }
+    /// Whether another program locks the database.
+    [[nodiscard]] bool isOfLock() const { return m_number == lockNumber; }
     [[nodiscard]] const char* what() const noexcept override { return m_what.c_str(); }
 
 private:
+    static constexpr int lockNumber = 5; // the engine's own
+
     int m_number;
     QString m_description;
     std::string m_what;

@@ -1,0 +1,19 @@
+#include "util/FileAccess.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+bool isWritable(const QString& path)
+{
+#ifdef Q_OS_UNIX
+    // with the rights that the process has now, as opening the file would ask for
+    return faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
+#else
+    return QFileInfo(path).isWritable();
+#endif
+}

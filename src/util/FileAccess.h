@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QString>
+
+/// Whether the process may write to a file, or make files in a folder; false if there is no such path.
+[[nodiscard]] bool isWritable(const QString& path);
