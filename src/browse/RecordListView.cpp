@@ -1,12 +1,13 @@
 #include "browse/RecordListView.h"
 
+#include "platform/LineDelegate.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
 #include <QMimeData>
 #include <QPainter>
 #include <QScopedValueRollback>
-#include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <memory>
@@ -14,15 +15,15 @@
 namespace {
 
 /// Shows a key marker as its picture alone: the text beside it is for sorting and for screen readers.
-class KeyMarkerDelegate final : public QStyledItemDelegate
+class KeyMarkerDelegate final : public LineDelegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using LineDelegate::LineDelegate;
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
-        QStyledItemDelegate::initStyleOption(option, index);
+        LineDelegate::initStyleOption(option, index);
         if (option->icon.isNull()) return;
         option->text.clear();
         option->decorationAlignment = Qt::AlignCenter;
@@ -46,6 +47,7 @@ RecordListView::RecordListView(QWidget* parent) : QTreeView(parent)
     setEditTriggers(NoEditTriggers);
     setAlternatingRowColors(true);
     setContextMenuPolicy(Qt::CustomContextMenu);
+    setItemDelegate(new LineDelegate(this));
     setItemDelegateForColumn(1, new KeyMarkerDelegate(this));
     // the header's own stretching forgets the width that it stretches, and makes it narrower too
     header()->setStretchLastSection(false);

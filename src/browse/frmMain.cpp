@@ -28,6 +28,7 @@
 #include "search/SearchCommands.h"
 #include "search/SearchResultsPage.h"
 #include "timeline/TimelinePanel.h"
+#include "util/ReadableLine.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -273,8 +274,9 @@ void frmMain::showList(ViewKind kind, const QString& procedure, const SharedQuer
 /// The window is named after what it shows, so that it is found among others on the desktop.
 void frmMain::showCaption(const QString& caption, const QString& count)
 {
-    m_status->showView(caption, count);
-    QString title = caption;
+    const QString line = readableLine(caption);
+    m_status->showView(line, count);
+    QString title = line;
     const QString file = QFileInfo(m_state.session.fileName()).fileName();
     if (!file.isEmpty()) title += QStringLiteral(" - ") + file;
     if (m_state.session.isReadOnly()) title += tr(" [read-only]");

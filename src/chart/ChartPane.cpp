@@ -4,8 +4,11 @@
 #include "chart/ChartView.h"
 #include "platform/Procedure.h"
 #include "search/ShowOnlyViews.h"
+#include "util/ReadableLine.h"
 
 #include <QGuiApplication>
+#include <QLabel>
+#include <QLocale>
 #include <QMenu>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -17,12 +20,19 @@ ChartPane::ChartPane(const Platform& platform, ProgramState& state, QWidget* par
       m_state(state),
       m_area(new QScrollArea(this)),
       m_chart(new ChartView(m_area)),
+      m_more(new QLabel(this)),
       m_menu(new QMenu(this))
 {
     setObjectName(QStringLiteral("ChartPane"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
     layout->addWidget(m_area);
+    layout->addWidget(m_more);
+    m_more->setObjectName(QStringLiteral("lblMoreTypes"));
+    m_more->setAlignment(Qt::AlignRight);
+    m_more->setToolTip(tr("Types with fewer documents, of which the chart has no bars"));
+    m_more->hide();
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setFocusPolicy(Qt::NoFocus);
     m_area->setWidgetResizable(true);
@@ -50,6 +60,9 @@ void ChartPane::drawCharts()
     } catch (const Error&) {
         // the list asks the same of the same data, and tells
     }
+    const std::size_t leftOut = keepReadable(counts);
+    m_more->setText(tr("and %1 more").arg(QLocale(QLocale::English).toString(leftOut)));
+    m_more->setVisible(leftOut > 0);
     m_chart->setCounts(std::move(counts));
 }
 
@@ -66,7 +79,7 @@ void ChartPane::offerMenu()
 {
     if (m_selectedDocType.isEmpty() || m_mouse.button != Qt::RightButton) return;
     // a menu would take an ampersand for the mark of a key
-    QString name = m_selectedDocType;
+    QString name = readableLine(m_selectedDocType);
     m_showOnlyType->setText(tr("Show Only %1 Documents").arg(name.replace(u'&', QStringLiteral("&&"))));
     m_menu->popup(m_mouse.position);
 }

@@ -7,6 +7,7 @@
 
 class ChartView;
 class QAction;
+class QLabel;
 class QMenu;
 class QScrollArea;
 struct ProgramState;
@@ -45,6 +46,7 @@ private:
     ProgramState& m_state;
     QScrollArea* m_area;
     ChartView* m_chart;
+    QLabel* m_more; ///< says how many types have no bar
     QMenu* m_menu;
     QAction* m_showOnlyType;
     QString m_selectedDocType;

@@ -2,6 +2,7 @@
 
 #include "chart/ChartScale.h"
 #include "platform/PlainToolTip.h"
+#include "util/ReadableLine.h"
 
 #include <QAccessible>
 #include <QBarCategoryAxis>
@@ -157,7 +158,7 @@ void ChartView::layOutNames()
     int widest = 0;
     for (const DocumentTypeCount& type : m_counts)
         // a pixel more, since the advance is rounded and a name that is cut by a part of one is elided
-        widest = std::max(widest, fontMetrics().horizontalAdvance(type.name) + 1);
+        widest = std::max(widest, fontMetrics().horizontalAdvance(readableLine(type.name)) + 1);
     m_turned = widest > slot - nameGap && slot < widestTurnedSlot;
     const int longest = static_cast<int>(height() * shareForNames);
     m_nameRoom = nameGap + (m_turned ? std::min(widest, longest) : fontMetrics().height());
@@ -170,7 +171,7 @@ void ChartView::drawNames(QPainter& painter) const
     const int room = m_turned ? m_nameRoom - nameGap : static_cast<int>(slot) - nameGap;
     const double height = fontMetrics().height();
     for (std::size_t bar = 0; bar < m_counts.size(); ++bar) {
-        const QString name = fontMetrics().elidedText(m_counts[bar].name, Qt::ElideRight, room);
+        const QString name = fontMetrics().elidedText(readableLine(m_counts[bar].name), Qt::ElideRight, room);
         painter.save();
         painter.translate(inView(static_cast<double>(bar), 0) + QPointF(0, nameGap));
         if (m_turned) {
@@ -272,8 +273,9 @@ std::optional<int> ChartView::barAt(QPoint position) const
 QString ChartView::accessibleItemName(int item) const
 {
     const DocumentTypeCount& count = m_counts.at(static_cast<std::size_t>(item));
-    return count.documents == 1 ? tr("%1: 1 document").arg(count.name)
-                                : tr("%1: %2 documents").arg(count.name, QString::number(count.documents));
+    const QString name = readableLine(count.name);
+    return count.documents == 1 ? tr("%1: 1 document").arg(name)
+                                : tr("%1: %2 documents").arg(name, QString::number(count.documents));
 }
 
 void ChartView::mousePressEvent(QMouseEvent* event)

@@ -2,6 +2,33 @@
 
 #include "data/DatabaseSession.h"
 
+#include <algorithm>
+#include <functional>
+
+namespace {
+
+constexpr std::size_t mostTypes = 200; ///< a chart that is scrolled shows them all
+constexpr std::size_t keptTypes = 50;
+
+} // namespace
+
+std::size_t keepReadable(std::vector<DocumentTypeCount>& counts)
+{
+    if (counts.size() <= mostTypes) return 0;
+    std::vector<qint64> highest;
+    for (const DocumentTypeCount& count : counts)
+        highest.push_back(count.documents);
+    const auto last = highest.begin() + keptTypes - 1;
+    std::nth_element(highest.begin(), last, highest.end(), std::greater<>());
+    const qint64 least = *last;
+    // of those that have as few documents as the last one, the first come in
+    auto alike = static_cast<std::ptrdiff_t>(keptTypes) -
+                 std::count_if(counts.begin(), counts.end(),
+                               [least](const DocumentTypeCount& count) { return count.documents > least; });
+    return std::erase_if(counts, [&](const DocumentTypeCount& count) {
+        return count.documents < least || (count.documents == least && --alike < 0);
+    });
+}
 std::vector<DocumentTypeCount> countDocumentTypes(DatabaseSession& session, const SQLObject& query)
 {
     RecordSet rows = session.read(

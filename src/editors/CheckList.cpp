@@ -1,8 +1,11 @@
 #include "editors/CheckList.h"
 
+#include "platform/LineDelegate.h"
+
 CheckList::CheckList(QChar keyLetter, QWidget* parent) : QListWidget(parent), m_keyLetter(keyLetter)
 {
     setUniformItemSizes(true);
+    setItemDelegate(new LineDelegate(this));
 }
 
 void CheckList::setEntries(const std::vector<CheckEntry>& entries)

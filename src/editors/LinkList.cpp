@@ -1,5 +1,6 @@
 #include "editors/LinkList.h"
 
+#include "platform/LineDelegate.h"
 #include "platform/PlainToolTip.h"
 
 #include <QHBoxLayout>
@@ -17,6 +18,7 @@ LinkList::LinkList(const Names& names, PickListKind kind, QWidget* parent)
     m_list->setObjectName(QString::fromLatin1(names.list));
     m_list->setAccessibleName(names.what);
     m_list->setUniformItemSizes(true);
+    m_list->setItemDelegate(new LineDelegate(m_list));
     m_add->setObjectName(QString::fromLatin1(names.add));
     m_add->setAccessibleName(tr("Add %1").arg(names.what));
     m_add->setToolTip(tr("Choose %1 from a list").arg(names.what));

@@ -1,5 +1,7 @@
 #include "editors/PickListView.h"
 
+#include "platform/LineDelegate.h"
+
 #include <QHeaderView>
 #include <QKeyEvent>
 
@@ -13,6 +15,7 @@ PickListView::PickListView(QWidget* parent) : QTreeView(parent)
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
     setAlternatingRowColors(true);
+    setItemDelegate(new LineDelegate(this));
     header()->setSectionsClickable(true);
     header()->setStretchLastSection(false);
     header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);

@@ -1,11 +1,26 @@
 #include "map/LegendLines.h"
 
+#include "util/ReadableLine.h"
+
 #include <map>
+
+namespace {
+
+constexpr qsizetype mostNames = 20;
+
+} // namespace
 
 QString functionName(const clsCities& place)
 {
     if (!place.functionName.isEmpty()) return place.functionName;
     return place.functionId ? QStringLiteral("Function %1").arg(*place.functionId) : QStringLiteral("None");
+}
+
+QString LegendLine::text() const
+{
+    if (names.size() <= mostNames) return readableLine(names.join(QStringLiteral(", ")));
+    return readableLine(names.first(mostNames).join(QStringLiteral(", "))) +
+           QStringLiteral(" and %1 more").arg(names.size() - mostNames);
 }
 
 std::vector<LegendLine> legendLines(const std::vector<clsCities>& places)

@@ -12,6 +12,9 @@ struct LegendLine
 {
     int colour = 0; ///< index into the palette
     QStringList names;
+
+    /// The names on one line, as many as can be read; how many more there are, for the rest.
+    [[nodiscard]] QString text() const;
 };
 
 /// What a function is called on the map; a function without a name by its number.

@@ -35,7 +35,7 @@ void MapLegend::setLines(const std::vector<LegendLine>& lines)
 {
     clear();
     for (const LegendLine& line : lines) {
-        const QString names = line.names.join(QStringLiteral(", "));
+        const QString names = line.text();
         auto* item =
             new QListWidgetItem(MarkerPictures::draw(line.colour, swatch, devicePixelRatioF()), names, this);
         item->setToolTip(PlainToolTip::text(names));

@@ -1,10 +1,26 @@
 #include "platform/DesktopMessages.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QPointer>
+#include <QThread>
 
 namespace {
+
+constexpr int activationPatience = 500; ///< milliseconds
+
+/// Waits until the window manager has given the keyboard back to the window below a box that has closed. If
+/// that window were closed before, some managers would leave no window with the keyboard.
+void waitForActivation(const QPointer<QWidget>& window)
+{
+    const QDeadlineTimer patience(activationPatience);
+    while (window && window->isVisible() && !window->isActiveWindow() && !patience.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::msleep(2);
+    }
+}
 
 /// A box as wide as its text needs, with the text as it is: what a record holds is never read as markup.
 void prepare(QMessageBox& box, QMessageBox::Icon icon, const QString& text)
@@ -19,15 +35,18 @@ void prepare(QMessageBox& box, QMessageBox::Icon icon, const QString& text)
 
 void DesktopMessages::show(const QString& text)
 {
-    QMessageBox box(QApplication::activeWindow());
+    const QPointer<QWidget> below = QApplication::activeWindow();
+    QMessageBox box(below);
     prepare(box, QMessageBox::NoIcon, text);
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();
+    waitForActivation(below);
 }
 
 bool DesktopMessages::ask(const QString& text, Question about)
 {
-    QMessageBox box(QApplication::activeWindow());
+    const QPointer<QWidget> below = QApplication::activeWindow();
+    QMessageBox box(below);
     prepare(box, QMessageBox::Question, text);
     const bool isDiscard = about == Question::Discard;
     QPushButton* yes = box.addButton(isDiscard ? QMessageBox::Discard : QMessageBox::Yes);
@@ -39,6 +58,7 @@ bool DesktopMessages::ask(const QString& text, Question about)
     box.setDefaultButton(about == Question::Harmless ? yes : no);
     box.setEscapeButton(no);
     box.exec();
+    waitForActivation(below);
     return box.clickedButton() == yes;
 }
 

@@ -1,5 +1,7 @@
 #include "search/CheckListCriterion.h"
 
+#include "platform/LineDelegate.h"
+
 #include <QFrame>
 #include <QLabel>
 #include <QListWidget>
@@ -26,6 +28,7 @@ CheckListCriterion::CheckListCriterion(const QString& stem, const QString& capti
     m_list->setAccessibleName(caption);
     m_list->setSpacing(1);
     m_list->setUniformItemSizes(true);
+    m_list->setItemDelegate(new LineDelegate(m_list));
     auto* all = new QPushButton(tr("Select All"), frame());
     all->setObjectName(QStringLiteral("cmdAll") + stem);
     auto* none = new QPushButton(tr("Select None"), frame());

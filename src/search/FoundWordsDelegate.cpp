@@ -37,7 +37,7 @@ void FoundWordsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     initStyleOption(&item, index);
     const auto places = m_words.in(item.text);
     if (places.empty()) {
-        QStyledItemDelegate::paint(painter, option, index);
+        LineDelegate::paint(painter, option, index);
         return;
     }
     const QStyle* style = item.widget != nullptr ? item.widget->style() : QApplication::style();

@@ -1,17 +1,16 @@
 #pragma once
 
+#include "platform/LineDelegate.h"
 #include "search/FoundWords.h"
-
-#include <QStyledItemDelegate>
 
 /// Shows the names of a list with the words marked that a keyword search looked for. With no words, it is
 /// like any other delegate.
-class FoundWordsDelegate final : public QStyledItemDelegate
+class FoundWordsDelegate final : public LineDelegate
 {
     Q_OBJECT
 
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using LineDelegate::LineDelegate;
 
     void setWords(FoundWords words) { m_words = std::move(words); }
     [[nodiscard]] const FoundWords& words() const { return m_words; }

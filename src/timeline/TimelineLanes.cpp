@@ -1,5 +1,7 @@
 #include "timeline/TimelineLanes.h"
 
+#include "util/ReadableLine.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -71,14 +73,14 @@ Lane laneOf(const TimeWindow& window, const WindowEvent& event)
     lane.toolTip = QStringLiteral("(%1) ").arg(dateTimeText(start)) + event.eventName;
     lane.isInstant = start == end;
     if (lane.isInstant) {
-        lane.caption = event.eventName;
+        lane.caption = readableLine(event.eventName);
         lane.barLeft = position(start);
         lane.markerLeft = lane.barLeft - markerWidth / 2.0;
         return lane;
     }
     const bool beganBefore = start < window.currentTime();
     const bool endsAfter = end > window.windowEnd();
-    lane.caption = (beganBefore ? QStringLiteral("<-- ") : QString()) + event.eventName +
+    lane.caption = (beganBefore ? QStringLiteral("<-- ") : QString()) + readableLine(event.eventName) +
                    (endsAfter ? QStringLiteral(" -->") : QString());
     lane.barLeft = beganBefore ? 0 : position(start);
     lane.barWidth = (endsAfter ? window.width() : position(end)) - lane.barLeft;

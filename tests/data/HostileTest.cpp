@@ -130,6 +130,27 @@ TEST_F(HostileKeyword, BreaksTheStatementAtMost)
         EXPECT_GT(search(keyword), 0) << keyword.toStdString();
 }
 
+TEST_F(HostileKeyword, ThatEndsItsTextIsToldSo)
+{
+    const auto descriptionOf = [this](const QString& statement) {
+        try {
+            m_database.session().read(statement);
+        } catch (const Error& error) {
+            return error.description();
+        }
+        return QString();
+    };
+    for (const QString& keyword : {u"o'clock"_s, u"o'"_s, u"'n'"_s, u"'"_s, u"'90s"_s}) {
+        EXPECT_EQ(descriptionOf(searchFor(keyword)),
+                  u"The statement cannot be read: an apostrophe in a text ends it too early. In a search, "
+                  "type _ in its place."_s)
+            << keyword.toStdString();
+    }
+    EXPECT_EQ(descriptionOf(u"SELECT * FROM Event WHERE EventName LIKE \"the \"A\" fire\""_s),
+              u"The statement cannot be read: a quotation mark in a text ends it too early."_s);
+    EXPECT_EQ(search(u"Report \"A"_s), 0);
+}
+
 TEST_F(HostileKeyword, IsATextWhereItStaysInItsQuotes)
 {
     for (const QString& keyword :

@@ -194,4 +194,19 @@ TEST_F(ChartJourney, ManyBarsAreScrolledAndNeverOverlap)
     EXPECT_TRUE(pane().rect().contains(inPane)) << "the chart scrolls to the bar";
 }
 
+TEST_F(ChartJourney, SaysHowManyTypesItLeavesOut)
+{
+    journey.database.run("WITH RECURSIVE n(i) AS (VALUES (100) UNION ALL SELECT i + 1 FROM n WHERE i < 1399) "
+                         "INSERT INTO DocumentType SELECT i, 'Type ' || i FROM n");
+    show();
+    QLabel& more = journey.find<QLabel>("lblMoreTypes");
+    EXPECT_FALSE(more.isVisible());
+    journey.database.run("INSERT INTO DocumentTypes (DocumentID, DocumentTypeID) "
+                         "SELECT 2, DocumentTypeID FROM DocumentType WHERE DocumentTypeID >= 100");
+    journey.trigger("mnuViewRefresh");
+    EXPECT_EQ(chart().accessibleItemCount(), 50);
+    EXPECT_TRUE(more.isVisible());
+    EXPECT_EQ(more.text(), QStringLiteral("and 1,252 more"));
+}
+
 } // namespace

@@ -133,6 +133,17 @@ TEST_F(OrganizationPlacesTest, NamesAllFunctionsOfAColour)
     EXPECT_EQ(legend.join(u'|'), QStringLiteral("0 Rescue|1 Law+Relief"));
 }
 
+TEST_F(OrganizationPlacesTest, WritesAsManyFunctionsOfAColourAsCanBeRead)
+{
+    LegendLine line{0, {QStringLiteral("Law"), QStringLiteral("Relief")}};
+    EXPECT_EQ(line.text(), QStringLiteral("Law, Relief"));
+    line.names.resize(2000, QStringLiteral("x"));
+    EXPECT_TRUE(line.text().startsWith(QStringLiteral("Law, Relief, x")));
+    EXPECT_TRUE(line.text().endsWith(QStringLiteral("x, x and 1980 more")));
+    line.names = {QString(1000 * 1000, u'x'), QStringLiteral("y")};
+    EXPECT_LT(line.text().size(), 2000);
+}
+
 TEST_F(OrganizationPlacesTest, KeepsWhatWasReadBeforeAFailure)
 {
     add(2, "2", "'Austin', 'TX'", "NULL, NULL");

@@ -1,0 +1,128 @@
+#include "Dialogs.h"
+#include "Journey.h"
+#include "support/AsPlainUser.h"
+
+#include <QPushButton>
+#include <QTest>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+namespace {
+
+/// What other programs and the file system do to the database while the program runs.
+class Faults : public ::testing::Test
+{
+protected:
+    Faults()
+    {
+        journey.database.run(
+            "INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES (2, 'Plan', 'ACTIVE')");
+        journey.database.run("INSERT INTO Event (EventID, EventName, Status) VALUES (2, 'Flood', 'ACTIVE')");
+        journey.database.run("INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES "
+                             "(2, 'Agency', 'ACTIVE')");
+    }
+
+    void choose(const char* view)
+    {
+        journey.trigger(view);
+        journey.list().setCurrentIndex(journey.list().model()->index(0, 0));
+    }
+
+    [[nodiscard]] bool isEnabled(const char* command) { return journey.find<QAction>(command).isEnabled(); }
+    ScriptedMessages& messages() { return journey.desktop.messages; }
+
+    Journey journey;
+};
+
+TEST_F(Faults, ALockedDatabaseIsToldOfOnceForEachCommand)
+{
+    journey.start();
+    struct Case
+    {
+        const char* view;
+        const char* command;
+        const char* procedure;
+        const char* question = nullptr;
+    };
+    const Case cases[] = {
+        {"mnuViewDocuments", "mnuRecordEdit", "fillList"},
+        {"mnuViewDocuments", "mnuRecordAddNewDocument", "fillList"},
+        {"mnuViewDocuments", "mnuRecordDelete", "deleteDocument",
+         "Are you sure you want to delete the Document \"Plan\"?"},
+        {"mnuViewEvents", "mnuRecordView", "populateFields"},
+        {"mnuViewEvents", "mnuViewEvents", "showEvents"},
+        {"mnuViewOrganizations", "mnuRecordView", "fillList"},
+        {"mnuViewOrganizations", "mnuRecordAddNewOrganization", "fillList"},
+        {"mnuViewOrganizations", "mnuViewRefresh", "showOrganizations"},
+    };
+    for (const Case& entry : cases) {
+        SCOPED_TRACE(entry.command);
+        choose(entry.view);
+        SQLite::Database other(journey.database.fileName().toStdString(), SQLite::OPEN_READWRITE);
+        other.exec("BEGIN EXCLUSIVE");
+        if (entry.question != nullptr) messages().expectQuestion(QString::fromUtf8(entry.question), true);
+        messages().expectMessage(
+            QStringLiteral("%1 Error (5): database is locked").arg(QString::fromUtf8(entry.procedure)));
+        journey.trigger(entry.command);
+        messages().finish();
+    }
+    choose("mnuViewOrganizations");
+    inDialog(
+        "frmOrganization", [this] { journey.trigger("mnuRecordView"); },
+        [](OpenDialog& dialog) {
+            EXPECT_EQ(dialog.text("txtOrganizationName"), "Agency");
+            dialog.click("cmdCancel");
+        });
+}
+
+TEST_F(Faults, AReadOnlyFolderIsToldOfAtStartUpAndNothingOffersToChange)
+{
+    journey.database.run("PRAGMA user_version");
+    QFile::link(journey.database.fileName(), journey.dataFolder() + QStringLiteral("test.sqlite"));
+    const std::string folder = journey.database.folder().toStdString();
+    ASSERT_EQ(chmod(journey.database.fileName().toStdString().c_str(), 0666), 0);
+    ASSERT_EQ(chmod(folder.c_str(), 0555), 0);
+    {
+        const AsPlainUser plainUser;
+        messages().expectMessage(
+            QStringLiteral("Form_Load Error (8): The database can be read, but not changed: its folder is "
+                           "read-only. (%1)")
+                .arg(journey.database.folder()));
+        journey.start(QStringLiteral("test.sqlite"));
+        messages().finish();
+        choose("mnuViewEvents");
+        EXPECT_EQ(journey.column(0), "Flood");
+        for (const char* command : {"mnuRecordAddNewEvent", "mnuRecordEdit", "mnuRecordDelete"}) {
+            EXPECT_FALSE(isEnabled(command)) << command;
+            EXPECT_TRUE(journey.find<QAction>(command).toolTip().endsWith(
+                QStringLiteral("\nThe database can be read, but not changed.")));
+        }
+        EXPECT_TRUE(isEnabled("mnuRecordView"));
+        inDialog(
+            "frmEvent", [this] { journey.trigger("mnuRecordView"); },
+            [](OpenDialog& dialog) {
+                EXPECT_FALSE(dialog.find<QPushButton>("cmdOK").isEnabled());
+                dialog.click("cmdCancel");
+            });
+    }
+    ASSERT_EQ(chmod(folder.c_str(), 0755), 0);
+    choose("mnuViewEvents");
+    EXPECT_TRUE(isEnabled("mnuRecordEdit"));
+}
+
+TEST_F(Faults, AProgramFolderThatCannotBeMadeIsToldOfOnce)
+{
+    const QString root = journey.database.fileName() + QStringLiteral("/below/orvik");
+    messages().expectMessageBeginning(QStringLiteral("Sub Main Error ("));
+    journey.program.emplace(journey.desktop.platform(), ProgramFolder(root), QString());
+    journey.program->Main();
+    messages().finish();
+    EXPECT_TRUE(journey.program->window()->isVisible());
+    messages().expectMessage(QStringLiteral("showDocuments Error (21): No database is open."));
+    journey.trigger("mnuViewDocuments");
+}
+
+} // namespace

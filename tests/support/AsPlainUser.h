@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdlib>
+#include <unistd.h>
+
+/// Takes the rights of the super user away for as long as it lives: for that user, nothing is read-only.
+class AsPlainUser
+{
+public:
+    AsPlainUser() : m_user(geteuid())
+    {
+        constexpr uid_t nobody = 65534;
+        if (m_user == 0) m_done = seteuid(nobody) == 0;
+    }
+    ~AsPlainUser()
+    {
+        if (m_done && seteuid(m_user) != 0) std::abort();
+    }
+    AsPlainUser(const AsPlainUser&) = delete;
+    AsPlainUser& operator=(const AsPlainUser&) = delete;
+
+private:
+    uid_t m_user;
+    bool m_done = false;
+};
