@@ -2,12 +2,15 @@
 
 #include "data/DatabaseSession.h"
 
+#include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace {
 
 constexpr double farthestLatitude = 90;
 constexpr double farthestLongitude = 360;
+constexpr std::size_t mostReadSingly = 100;
 
 std::optional<qint64> optionalInteger(const RecordSet& rows, int column)
 {
@@ -55,8 +58,15 @@ void OrganizationPlaces::read(const SharedQuery& query)
     RecordSet functions =
         m_session.read(QStringLiteral("SELECT DISTINCT Organization.FunctionID ") + query->FromClause + u' ' +
                        query->WhereClause + QStringLiteral(" AND Lat IS NOT NULL"));
+    std::vector<std::optional<qint64>> identifiers;
     while (functions.next())
-        readPlaces(optionalInteger(functions, 0));
+        identifiers.push_back(optionalInteger(functions, 0));
+    if (identifiers.size() > mostReadSingly) {
+        readAllPlaces(identifiers);
+        return;
+    }
+    for (const auto& functionId : identifiers)
+        readPlaces(functionId);
 }
 
 void OrganizationPlaces::readPlaces(std::optional<qint64> functionId)
@@ -65,17 +75,44 @@ void OrganizationPlaces::readPlaces(std::optional<qint64> functionId)
         m_session.read(QStringLiteral("SELECT DISTINCT FunctionName, LocationID, Lat, Lon, City, State ") +
                        m_query->FromClause + u' ' + m_query->WhereClause + functionCondition(functionId) +
                        QStringLiteral(" AND Lat IS NOT NULL"));
-    while (places.next()) {
-        const std::optional<qint64> location = optionalInteger(places, 1);
-        const double lat = places.real(2);
-        const double lon = places.real(3);
-        if (places.isNull(3) || !isOnEarth(lat, lon)) continue;
-        const QString key = keyOf(location, lat, lon, functionId);
-        if (m_byKey.contains(key)) continue;
-        m_byKey.insert(key, m_entries.size());
-        m_entries.push_back({functionId, places.text(0), location, lat, lon, places.text(4), places.text(5),
-                             clsCities::colourOf(functionId)});
+    while (places.next())
+        addPlace(places, functionId);
+}
+
+/// A statement for each of thousands of functions would look through all organizations as often. Repeated
+/// places need no DISTINCT, since each is added once.
+void OrganizationPlaces::readAllPlaces(const std::vector<std::optional<qint64>>& functions)
+{
+    std::map<std::optional<qint64>, std::size_t> order;
+    for (const auto& functionId : functions)
+        order.emplace(functionId, order.size());
+    RecordSet places = m_session.read(
+        QStringLiteral("SELECT FunctionName, LocationID, Lat, Lon, City, State, "
+                       "Organization.FunctionID ") +
+        m_query->FromClause + u' ' + m_query->WhereClause + QStringLiteral(" AND Lat IS NOT NULL"));
+    constexpr int function = 6;
+    while (places.next())
+        addPlace(places, optionalInteger(places, function));
+    std::stable_sort(m_entries.begin(), m_entries.end(), [&order](const clsCities& a, const clsCities& b) {
+        return order[a.functionId] < order[b.functionId];
+    });
+    for (std::size_t entry = 0; entry < m_entries.size(); ++entry) {
+        const clsCities& place = m_entries[entry];
+        m_byKey[keyOf(place.LocationID, place.lat, place.lon, place.functionId)] = entry;
     }
+}
+
+void OrganizationPlaces::addPlace(const RecordSet& row, std::optional<qint64> functionId)
+{
+    const std::optional<qint64> location = optionalInteger(row, 1);
+    const double lat = row.real(2);
+    const double lon = row.real(3);
+    if (row.isNull(3) || !isOnEarth(lat, lon)) return;
+    const QString key = keyOf(location, lat, lon, functionId);
+    if (m_byKey.contains(key)) return;
+    m_byKey.insert(key, m_entries.size());
+    m_entries.push_back({functionId, row.text(0), location, lat, lon, row.text(4), row.text(5),
+                         clsCities::colourOf(functionId)});
 }
 
 std::vector<PlacedOrganization> OrganizationPlaces::organizationsAt(std::size_t entry,

@@ -10,6 +10,7 @@
 #include <vector>
 
 class DatabaseSession;
+class RecordSet;
 
 /// An organization that stands at a place.
 struct PlacedOrganization
@@ -43,6 +44,8 @@ public:
 
 private:
     void readPlaces(std::optional<qint64> functionId);
+    void readAllPlaces(const std::vector<std::optional<qint64>>& functions);
+    void addPlace(const RecordSet& row, std::optional<qint64> functionId);
 
     DatabaseSession& m_session;
     SharedQuery m_query;

@@ -88,6 +88,31 @@ TEST_F(OrganizationPlacesTest, HasOneEntryForEachPlaceAndFunction)
     EXPECT_EQ(places.entries().size(), 2u) << "the places before are forgotten";
 }
 
+TEST_F(OrganizationPlacesTest, ReadsThousandsOfFunctionsLikeAFew)
+{
+    add(2, "18", "'Reno', 'NV'", "NULL, NULL");
+    add(3, "NULL", "'Reno', 'NV'", "NULL, NULL");
+    add(4, "17", "'Reno', 'NV'", "NULL, NULL");
+    add(5, "18", "'Austin', 'TX'", "NULL, NULL");
+    const auto inOrder = [this] {
+        QStringList lines;
+        for (const clsCities& place : places.entries()) {
+            if (place.lon > -130) lines << functionName(place) + u' ' + place.placeText();
+        }
+        return lines;
+    };
+    read();
+    const QStringList few = inOrder();
+    EXPECT_EQ(few.size(), 4);
+    database.run("WITH RECURSIVE n(i) AS (VALUES (100) UNION ALL SELECT i + 1 FROM n WHERE i < 2099) INSERT "
+                 "INTO Organization (OrganizationID, OrganizationName, FunctionID, Lat, Lon, Status) "
+                 "SELECT i, 'Org', i, 40, -150, 'ACTIVE' FROM n");
+    read();
+    EXPECT_EQ(places.entries().size(), 2004u);
+    EXPECT_EQ(inOrder(), few);
+    EXPECT_EQ(namesAt(places.entryOf(5).value(), true), "Org 5");
+}
+
 TEST_F(OrganizationPlacesTest, KnowsWhoIsAtAPlace)
 {
     add(2, "2", "'Austin', 'TX'", "NULL, NULL");
