@@ -77,6 +77,13 @@ TEST_F(SessionTexts, SortsAccentedLettersAmongTheirOwn)
               u"жук Zoo ÉTUDE b étude Etude Eagle apple"_s);
 }
 
+TEST_F(SessionTexts, FoldsNoTextThatIsTooLongForTheNameOfACity)
+{
+    addDocument(2, QString(50000, u'A'));
+    addDocument(3, QString(50001, u'A'));
+    EXPECT_EQ(found(u"lower(DocumentName) IS NULL"_s), u"3"_s);
+}
+
 TEST_F(SessionTexts, FoldsWhatDiffersByCaseAlone)
 {
     addDocument(2, u"x"_s, u"École"_s);
