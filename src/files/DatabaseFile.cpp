@@ -61,6 +61,17 @@ void copyWithJournal(const QString& source, const QString& copy)
     copyFile(rollbackJournalOf(source), rollbackJournalOf(copy));
 }
 
+/// Copies what the source holds, and changes nothing there.
+void copyUnchanged(const QString& source, const QString& copy)
+{
+    try {
+        backUp(source, copy);
+    } catch (const SQLite::Exception& exception) {
+        if (exception.getErrorCode() != SQLITE_READONLY_ROLLBACK) throwEngineError(exception);
+        copyWithJournal(source, copy);
+    }
+}
+
 } // namespace
 
 DatabaseFileKind kindOfDatabaseFile(const QString& file)
@@ -78,14 +89,17 @@ void copyDatabase(const QString& source, const QString& target)
 {
     const QString copy = target + QStringLiteral(".part");
     const Unfinished unfinished(copy);
-    refuseForeignJournal(source);
     try {
-        backUp(source, copy);
-    } catch (const SQLite::Exception& exception) {
-        if (exception.getErrorCode() != SQLITE_READONLY_ROLLBACK) throwEngineError(exception);
-        copyWithJournal(source, copy);
+        refuseForeignJournal(source);
+        copyUnchanged(source, copy);
+        DatabaseSession().open(copy);
+    } catch (const Error& error) {
+        // the user knows the file by the name it was chosen by
+        QString description = error.description();
+        description.replace(copy, source);
+        if (!description.contains(source)) description += QStringLiteral(" (%1)").arg(source);
+        throw Error(error.number(), description);
     }
-    DatabaseSession().open(copy);
     // what the old file left behind would be played back into the new one
     for (const char* leftover : {"-journal", "-wal", "-shm"})
         QFile::remove(target + QLatin1String(leftover));

@@ -159,11 +159,18 @@ TEST_F(OpenDatabase, KeepsWhatWasOpenWhenAFileIsNoneOfThese)
     const QString bare = make("bare.sqlite", {});
     SQLite::Database(bare.toStdString(), SQLite::OPEN_READWRITE).exec("CREATE TABLE t (x)");
 
-    for (const QString& file :
-         {cut, text, bare, journey.database.folder() + QStringLiteral("/gone.sqlite")}) {
+    const std::pair<QString, QString> files[] = {
+        {cut, QStringLiteral("openDatabase Error (")},
+        {text, QStringLiteral("openDatabase Error (26): file is not a database (%1)").arg(text)},
+        {bare, QStringLiteral("openDatabase Error (1): This is no Orvik database: it has no Document (%1)")
+                   .arg(bare)},
+        {journey.database.folder() + QStringLiteral("/gone.sqlite"),
+         QStringLiteral("openDatabase Error (14)")},
+    };
+    for (const auto& [file, message] : files) {
         SCOPED_TRACE(file.toStdString());
         journey.desktop.fileDialogs.files = {file};
-        journey.desktop.messages.expectMessageBeginning(QStringLiteral("openDatabase Error ("));
+        journey.desktop.messages.expectMessageBeginning(message);
         journey.trigger("mnuOpenDatabase");
         journey.desktop.messages.finish();
         EXPECT_EQ(setting(), QStringLiteral("test.sqlite"));
