@@ -1,6 +1,7 @@
 #include "browse/StatusLine.h"
 
 #include "search/ElidedLabel.h"
+#include "util/ReadableLine.h"
 
 #include <QMainWindow>
 #include <QStatusBar>
@@ -40,7 +41,7 @@ void StatusLine::showSaved(ViewKind kind, const QString& name)
     const QString what = kind == ViewKind::Documents ? tr("Document")
                          : kind == ViewKind::Events  ? tr("Event")
                                                      : tr("Organization");
-    m_saved->setLine(tr("Saved: %1 \"%2\"").arg(what, name));
+    m_saved->setLine(tr("Saved: %1 \"%2\"").arg(what, readableLine(name)));
     m_saved->show();
 }
 

@@ -33,6 +33,7 @@ constexpr int lowestHeight = 150;
 constexpr int nameGap = 8;
 constexpr int widestTurnedSlot = 100;
 constexpr double shareForNames = 0.4; ///< of the height, at most
+constexpr int allDigits = 15;
 
 } // namespace
 
@@ -56,7 +57,6 @@ ChartView::ChartView(QWidget* parent)
     m_series->append(m_bars);
     m_series->setLabelsVisible(true);
     m_series->setLabelsPosition(QAbstractBarSeries::LabelsOutsideEnd);
-    constexpr int allDigits = 15;
     m_series->setLabelsPrecision(allDigits);
     m_axis->setLabelFormat(QStringLiteral("%d"));
     m_axis->setTickType(QValueAxis::TicksDynamic);
@@ -97,10 +97,8 @@ void ChartView::setCounts(std::vector<DocumentTypeCount> counts)
 
 qint64 ChartView::highestCount() const
 {
-    qint64 highest = 0;
-    for (const DocumentTypeCount& count : m_counts)
-        highest = std::max(highest, count.documents);
-    return highest;
+    const auto highest = std::ranges::max_element(m_counts, {}, &DocumentTypeCount::documents);
+    return highest == m_counts.end() ? 0 : highest->documents;
 }
 
 /// What the axis takes of the width with its numbers, none of which is twice the highest count.
