@@ -1,5 +1,7 @@
 #pragma once
 
+#include "util/ReadableLine.h"
+
 #include <QString>
 #include <QTextDocument>
 
@@ -7,8 +9,9 @@
 namespace PlainToolTip {
 
 /// What a tool-tip must be given in order to show a text as it is.
-[[nodiscard]] inline QString text(const QString& plain)
+[[nodiscard]] inline QString text(const QString& whole)
 {
+    const QString plain = readableLine(whole);
     constexpr qsizetype longestLine = 80;
     if (!Qt::mightBeRichText(plain)) return plain;
     if (plain.size() > longestLine) return Qt::convertFromPlainText(plain);
