@@ -66,16 +66,16 @@ is_running() { kill -0 "$application" 2>/dev/null; }
 
 # leave: gets out of whatever is open, giving up what was typed, and leaves the program.
 leave() {
-    local answer turn windows
-    for turn in $(seq 60); do
+    local answer top
+    for _ in $(seq 60); do
         is_running || break
-        # a click may have left the focus on a window that waits for another one
-        mapfile -t windows < <(xdotool search --onlyvisible --pid "$application" 2>/dev/null)
-        [[ ${#windows[@]} -eq 0 ]] || xdotool windowfocus "${windows[turn % ${#windows[@]}]}" 2>/dev/null || true
         for answer in Escape alt+d ctrl+q alt+y; do
             key "$answer"
             sleep 0.2
         done
+        # a click may have left the focus on a window that waits for the one above it
+        top=$(xprop -root _NET_CLIENT_LIST_STACKING | grep -o '0x[0-9a-f]*' | tail -n 1) || true
+        [[ -z $top ]] || xdotool windowactivate "$top" 2>/dev/null || true
     done
     is_running && fail "the program does not leave"
     check_end
@@ -98,6 +98,18 @@ paste_nothing() {
     is_running || check_end
     [[ -n $application ]] || fail "the program ended by itself"
 }
+
+# A file dialog is Qt's own and leads to every folder of the machine; the walk does not stay in it.
+leave_file_dialog() {
+    local titles='^(Open Database|Document File|Organization Chart)'
+    while xdotool search --onlyvisible --name "$titles" >/dev/null 2>&1 && is_running; do
+        key Escape
+        sleep 0.2
+        ((++escapes <= 300)) || fail "the file dialog does not close"
+    done
+    escapes=0
+}
+escapes=0
 
 keys=(Tab Tab shift+Tab Return Return Escape space Delete BackSpace Up Down Left Right Page_Up Page_Down Home End Insert
     F2 F3 F4 F5 Menu a e s t 1 9 slash quotedbl percent apostrophe ctrl+a ctrl+c ctrl+x ctrl+v ctrl+z ctrl+y
@@ -128,9 +140,10 @@ paste_nothing Event e alt+c
 paste_nothing Organization o alt+r
 while ((done_actions < actions)); do
     is_running || { check_end; start; }
-    draw_actions 20
+    draw_actions 5
     xdotool "$script" >/dev/null 2>&1 || true
-    done_actions=$((done_actions + 20))
+    leave_file_dialog
+    done_actions=$((done_actions + 5))
     if ((done_actions % actions_each_start == 0)); then
         leave
         start
