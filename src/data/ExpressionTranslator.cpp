@@ -2,6 +2,7 @@
 
 #include "data/LikePrefix.h"
 #include "data/StatementShape.h"
+#include "data/TextPairs.h"
 #include "util/DateTimeText.h"
 
 #include <algorithm>
@@ -92,8 +93,9 @@ QString ExpressionTranslator::symbol(std::size_t& i, std::size_t end, StatementS
     i = close + 1;
     const bool select = m_tokens.isWordAt(inner.begin, u"SELECT");
     if (select) return u'(' + m_subSelect(inner, scope, depth + 1) + u')';
-    const auto moment = momentCondition(inner, scope);
-    return u'(' + (moment ? *moment : expression(inner, scope, clause, depth + 1)) + u')';
+    auto condition = momentCondition(inner, scope);
+    if (!condition && clause == Clause::Where) condition = pairCondition(inner, scope);
+    return u'(' + (condition ? *condition : expression(inner, scope, clause, depth + 1)) + u')';
 }
 
 /// A comparison with a moment; nothing where the tokens are something else.
@@ -108,6 +110,17 @@ std::optional<QString> ExpressionTranslator::momentCondition(Span span, Statemen
     const auto ended = comparedSql(running->ended, scope);
     if (!started || !ended) return std::nullopt;
     return u'(' + *started + QStringLiteral(") AND (") + *ended + u')' + candidates(*running, scope);
+}
+
+/// A long chain of pairs of texts; `std::nullopt` if the tokens are something else.
+std::optional<QString> ExpressionTranslator::pairCondition(Span span, StatementScope& scope) const
+{
+    const auto pairs = readTextPairs(m_tokens.all(), span.begin, span.end);
+    if (!pairs) return std::nullopt;
+    const ResolvedColumn first = scope.resolve(pairs->first.qualifier, pairs->first.column);
+    const ResolvedColumn second = scope.resolve(pairs->second.qualifier, pairs->second.column);
+    if (first.form != ColumnForm::Text || second.form != ColumnForm::Text) return std::nullopt;
+    return pairs->sql(first.sql, second.sql);
 }
 
 /// A date as the engine reads it.

@@ -36,6 +36,7 @@ private:
     [[nodiscard]] QString symbol(std::size_t& i, std::size_t end, StatementScope& scope, Clause clause,
                                  int depth) const;
     [[nodiscard]] std::optional<QString> momentCondition(Span span, StatementScope& scope) const;
+    [[nodiscard]] std::optional<QString> pairCondition(Span span, StatementScope& scope) const;
     [[nodiscard]] QString date(const QString& compared) const;
     [[nodiscard]] std::optional<QString> comparedSql(const MomentComparison& comparison,
                                                      StatementScope& scope) const;
