@@ -63,7 +63,9 @@ TEST_F(Faults, ALockedDatabaseIsToldOfOnceForEachCommand)
         choose(entry.view);
         SQLite::Database other(journey.database.fileName().toStdString(), SQLite::OPEN_READWRITE);
         other.exec("BEGIN EXCLUSIVE");
-        if (entry.question != nullptr) messages().expectQuestion(QString::fromUtf8(entry.question), true);
+        if (entry.question != nullptr) {
+            messages().expectQuestion(QString::fromUtf8(entry.question), true, Question::Loss);
+        }
         messages().expectMessage(
             QStringLiteral("%1 Error (5): database is locked").arg(QString::fromUtf8(entry.procedure)));
         journey.trigger(entry.command);

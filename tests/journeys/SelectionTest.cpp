@@ -103,7 +103,7 @@ protected:
         journey.desktop.messages.expectQuestion(
             QStringLiteral("Are you sure you want to delete the %1 \"%2\"?")
                 .arg(word, QLatin1StringView(name)),
-            true);
+            true, Question::Loss);
         journey.desktop.messages.expectMessage(
             QStringLiteral("%1 ID %2 successfully deleted.").arg(word).arg(identifier));
         journey.trigger("mnuRecordDelete");

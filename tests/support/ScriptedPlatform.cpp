@@ -27,8 +27,10 @@ bool ScriptedMessages::take(const QString& text, std::optional<Question> questio
     const Line line = m_script.front();
     m_script.pop_front();
     const bool fits = line.beginning ? text.startsWith(line.text) : text == line.text;
-    if (!fits || line.question != question) {
+    if (!fits) {
         ADD_FAILURE() << "shown: " << text.toStdString() << "\nexpected: " << line.text.toStdString();
+    } else if (line.question != question) {
+        ADD_FAILURE() << "a message or a question of another kind: " << text.toStdString();
     }
     return line.answer;
 }
