@@ -109,9 +109,18 @@ if ! kill -0 "$application" 2>/dev/null; then
     echo "The program has ended by itself." >&2
     exit 1
 fi
-key ctrl+q
-sleep 1
-key alt+y
+# on a slow machine the question may come after its answer
+for _ in $(seq 30); do
+    key ctrl+q
+    sleep 1
+    key alt+y
+    sleep 1
+    kill -0 "$application" 2>/dev/null || break
+done
+if kill -0 "$application" 2>/dev/null; then
+    echo "The program does not leave." >&2
+    exit 1
+fi
 wait "$application"
 application=
 echo "The pictures of this walk are in build/screenshots/."
