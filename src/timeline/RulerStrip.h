@@ -30,6 +30,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
 
+    /// The picture below may have its new width, and have shown the ruler, before the strip has its own.
+    void resizeEvent(QResizeEvent* /*event*/) override { showRuler(); }
+
 private:
     [[nodiscard]] int captionRow() const;
     void chooseDateFont();

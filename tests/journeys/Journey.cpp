@@ -47,6 +47,15 @@ void Journey::select(const char* name)
     QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, list().visualRect(found.front()).center());
 }
 
+void Journey::widenTimeline(int pixels)
+{
+    QTest::qWait(0);
+    QWidget& window = *program->window();
+    window.resize(window.width() + pixels - find<QWidget>("picTimeline").width(), 800);
+    QTest::qWait(0);
+    if (find<QWidget>("picTimeline").width() != pixels) throw std::runtime_error("the window did not follow");
+}
+
 std::string Journey::column(int column)
 {
     QStringList texts;

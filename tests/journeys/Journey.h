@@ -40,6 +40,9 @@ public:
     /// Clicks on the row whose first column shows that text.
     void select(const char* name);
 
+    /// Makes the window as wide as the picture of the timeline, which is shown, needs for that width.
+    void widenTimeline(int pixels);
+
     /// The texts of a column from the first row to the last, joined by `|`.
     std::string column(int column);
 

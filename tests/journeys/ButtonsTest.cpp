@@ -1,0 +1,164 @@
+// Every button of the toolbar, of the home page and of the timeline is pressed, and each does what it says.
+
+#include "Journey.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QMenu>
+#include <QTest>
+#include <QTimer>
+#include <QToolBar>
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Buttons : public testing::Test
+{
+protected:
+    Buttons()
+    {
+        journey.database.run(
+            "INSERT INTO Document (DocumentID, DocumentName, FileTypeID, FileLocation, dStatus) VALUES "
+            "(2, 'Atlas', 2, '2.pdf', 'ACTIVE'), (3, 'Brief', 2, '3.pdf', 'ACTIVE')");
+        journey.database.run(
+            "INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) VALUES "
+            "(2, 'Flood', '1927-04-01', '06:02', '1927-04-03', '06:02', 'ACTIVE')");
+        journey.database.run("INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES "
+                             "(2, 'Agency', 'ACTIVE')");
+        for (const char16_t* name : {u"/data/documents/2.pdf", u"/Kelmsett.chm"})
+            QFile(journey.database.folder() + QString::fromUtf16(name)).open(QIODevice::WriteOnly);
+        journey.start();
+    }
+
+    /// A button by its own name or by that of the command which it stands for on the toolbar.
+    QAbstractButton& button(const char* name)
+    {
+        QWidget& window = *journey.program->window();
+        if (auto* named = window.findChild<QAbstractButton*>(QString::fromUtf8(name))) return *named;
+        auto& toolBar = journey.find<QToolBar>("tbToolBar");
+        return dynamic_cast<QAbstractButton&>(*toolBar.widgetForAction(&journey.find<QAction>(name)));
+    }
+
+    /// Notes the dialog that is open, and closes it.
+    void closeDialog()
+    {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            auto* dialog = qobject_cast<QDialog*>(widget);
+            if (dialog == nullptr || !dialog->isVisible()) continue;
+            m_done << dialog->windowTitle();
+            dialog->close();
+        }
+    }
+
+    /// Presses a button: the dialog, the file and the beep that came of it; if none did, the view or, for a
+    /// button of the timeline, the left edge of the window and the scale.
+    std::string press(const char* name, bool onTimeline)
+    {
+        m_done.clear();
+        QTimer::singleShot(0, journey.program->window(), [this] { closeDialog(); });
+        const int beeps = journey.desktop.messages.beeps;
+        if (name[0] == 'N' && !onTimeline) {
+            journey.find<QMenu>("mnuAddKinds").findChild<QAction*>(QString::fromUtf8(name))->trigger();
+        } else {
+            QTest::mouseClick(&button(name), Qt::LeftButton);
+        }
+        QApplication::processEvents();
+        if (journey.desktop.messages.beeps > beeps) m_done << u"beep"_s;
+        QStringList& opened = journey.desktop.shell.opened;
+        m_done += opened.replaceInStrings(journey.database.folder(), QString());
+        opened.clear();
+        if (!m_done.isEmpty()) return m_done.join(u'|').toStdString();
+        if (onTimeline) {
+            const QString left = journey.find<QLabel>("uCurrentTimeLabel(0)").text();
+            return (left + u", "_s + journey.find<QLabel>("uZoomLabel").text()).toStdString();
+        }
+        const std::string rows = journey.list().isVisible() ? ": " + journey.column(0) : "";
+        return journey.viewPanel().toStdString() + rows;
+    }
+
+    QStringList m_done;
+    Journey journey;
+};
+
+TEST_F(Buttons, EachDoesWhatItSays)
+{
+    const struct
+    {
+        const char* button;
+        const char* row; ///< is selected before, if named
+        const char* effect;
+    } cases[] = {
+        {"Back", "", "beep"},
+        {"Image1(0)", "", "View ALL Documents: Atlas|Brief"},
+        {"Forward", "", "beep"},
+        {"Home", "", "Home Page"},
+        {"Image1(1)", "", "View ALL Events: Flood"},
+        {"Home", "", "Home Page"},
+        {"Image1(2)", "", "View ALL Organizations: Agency"},
+        {"Home", "", "Home Page"},
+        {"Image1(3)", "", "Keyword Search"},
+        {"Image1(4)", "", "/Kelmsett.chm"},
+        {"Back", "", "View ALL Organizations: Agency"},
+        {"Back", "", "Home Page"},
+        {"Forward", "", "View ALL Organizations: Agency"},
+        {"Help", "", "/Kelmsett.chm"},
+        {"NewDocument", "", "Add a New Document"},
+        {"NewEvent", "", "Add a New Event"},
+        {"NewOrganization", "", "Add a New Organization"},
+        {"mnuSearchKeyword", "", "Keyword Search"},
+        {"Edit", "Agency", "Editing OrganizationID 2"},
+        {"View", "Agency", "Viewing Organization 2 (Read-Only)"},
+        {"mnuViewDocuments", "", "View ALL Documents: Atlas|Brief"},
+        {"Edit", "Brief", "Editing DocumentID 3"},
+        {"View", "Brief", "Viewing DocumentID 3 (Read-Only)"},
+        {"mnuRecordOpen", "Atlas", "/data/documents/2.pdf"},
+        {"Delete", "Brief", "View ALL Documents: Atlas"},
+        {"mnuViewRefresh", "", "View ALL Documents: Atlas|Zoo"},
+        {"mnuViewOrganizations", "", "View ALL Organizations: Agency"},
+        {"mnuViewEvents", "", "View ALL Events: Flood"},
+        {"Edit", "Flood", "Editing EventID 2"},
+        {"View", "Flood", "Viewing EventID 2 (Read-Only)"},
+        {"NavStepForward", "", "04/01/1927 06:07, 5 minutes"},
+        {"NavJumpForward", "", "04/01/1927 06:37, 5 minutes"},
+        {"NavStepBack", "", "04/01/1927 06:32, 5 minutes"},
+        {"NavJumpBack", "", "04/01/1927 06:02, 5 minutes"},
+        {"ZoomOut", "", "04/01/1927 06:02, 10 minutes"},
+        {"ZoomIn", "", "04/01/1927 06:02, 5 minutes"},
+        {"NavEnd", "", "04/04/1927 05:47, 5 minutes"},
+        {"NavBeginning", "", "04/01/1927 06:02, 5 minutes"},
+    };
+    std::set<std::string> pressed;
+    for (const auto& [name, row, effect] : cases) {
+        const bool onTimeline =
+            QLatin1StringView(name).startsWith(QLatin1StringView("Nav")) || name[0] == 'Z';
+        if (*row != '\0') journey.select(row);
+        if (onTimeline) journey.widenTimeline(3 * 385);
+        if (std::string(name) == "Delete") {
+            journey.desktop.messages.expectQuestion(
+                u"Are you sure you want to delete the Document \"Brief\"?"_s, true);
+            journey.desktop.messages.expectMessage(u"Document ID 3 successfully deleted."_s);
+        }
+        if (std::string(name) == "mnuViewRefresh") {
+            journey.database.run(
+                "INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES (4, 'Zoo', 'ACTIVE')");
+        }
+        EXPECT_EQ(press(name, onTimeline), effect) << name;
+        journey.desktop.messages.finish();
+        pressed.insert(name);
+    }
+    // none is left out
+    auto& toolBar = journey.find<QToolBar>("tbToolBar");
+    for (QAction* action : toolBar.actions()) {
+        const std::string name = toolBar.widgetForAction(action)->objectName().toStdString();
+        const bool isPressed = pressed.contains(action->objectName().toStdString()) || pressed.contains(name);
+        EXPECT_TRUE(isPressed || action->isSeparator() || name == "Add") << action->text().toStdString();
+    }
+}
+
+} // namespace
