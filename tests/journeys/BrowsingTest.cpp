@@ -1,5 +1,6 @@
 #include "Journey.h"
 #include "browse/IconSet.h"
+#include "browse/RecordList.h"
 #include "platform/ReadablePalette.h"
 
 #include <QAbstractButton>
@@ -69,6 +70,39 @@ TEST(Browsing, GoesThroughTheListsAndBack)
     EXPECT_EQ(journey.desktop.messages.beeps, 2);
     journey.trigger("mnuNavigateHome");
     EXPECT_EQ(journey.program->state().history.count(), 6u);
+}
+
+TEST(Browsing, ListsBeginWithTheirColumnsInOrderAndWidth)
+{
+    Journey journey;
+    addRecords(journey.database);
+    journey.start();
+    const struct
+    {
+        const char* command;
+        ViewKind kind;
+        const char* columns; ///< with their widths in pixels, 15 twips each
+    } cases[] = {
+        {"mnuViewDocuments", ViewKind::Documents, "Title 428| 20|Author 96|Date 96|File 96|Source default"},
+        {"mnuViewEvents", ViewKind::Events, "Name 430| 20|Date - Time 430"},
+        {"mnuViewOrganizations", ViewKind::Organizations, "Name 304|Type 127|Function 145|Location 96"},
+    };
+    for (const auto& [command, kind, columns] : cases) {
+        journey.trigger(command);
+        const QHeaderView& header = *journey.list().header();
+        QStringList found;
+        for (int place = 0; place < header.count(); ++place) {
+            const int column = header.logicalIndex(place);
+            const QString title = journey.list().model()->headerData(column, Qt::Horizontal).toString();
+            // the last one takes what is left of the window
+            const bool isLast = place == header.count() - 1;
+            const int width =
+                isLast ? listColumns(kind).back().widthInTwips / 15 : header.sectionSize(column);
+            found << title + u' ' + (width == 0 ? QStringLiteral("default") : QString::number(width));
+        }
+        EXPECT_EQ(found.join(u'|').toStdString(), columns);
+        EXPECT_FALSE(header.isSortIndicatorShown());
+    }
 }
 
 TEST(Browsing, AViewShownAgainShowsTheDataAsTheyAreNow)

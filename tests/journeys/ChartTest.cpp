@@ -4,6 +4,7 @@
 
 #include <QContextMenuEvent>
 #include <QImage>
+#include <QGraphicsTextItem>
 #include <QMenu>
 #include <QScrollArea>
 #include <QTest>
@@ -11,6 +12,16 @@
 #include <gtest/gtest.h>
 
 namespace {
+
+bool hasColour(const QImage& image, const QColor& colour)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y) == colour) return true;
+        }
+    }
+    return false;
+}
 
 class ChartJourney : public testing::Test
 {
@@ -106,6 +117,98 @@ TEST_F(ChartJourney, TheKeyboardGoesFromBarToBar)
     askForMenuByKey();
     EXPECT_TRUE(menu().isVisible());
     menu().close();
+}
+
+/// A text of the chart, where it is drawn.
+struct DrawnText
+{
+    QString text;
+    QPointF middle;
+};
+
+/// The texts that the chart's own items draw, from the left to the right; those in no colour are left out.
+std::vector<DrawnText> drawnTexts(ChartView& chart)
+{
+    std::vector<DrawnText> texts;
+    for (const QGraphicsItem* item : chart.scene()->items()) {
+        const auto* text = dynamic_cast<const QGraphicsTextItem*>(item);
+        if (text == nullptr || !text->isVisible() || text->toPlainText().isEmpty()) continue;
+        texts.push_back({text->toPlainText(), text->sceneBoundingRect().center()});
+    }
+    std::sort(texts.begin(), texts.end(),
+              [](const DrawnText& a, const DrawnText& b) { return a.middle.x() < b.middle.x(); });
+    return texts;
+}
+
+/// The bars in a picture, as rectangles of one colour.
+std::vector<QRect> drawnBars(const QImage& image, const QColor& colour)
+{
+    std::vector<QRect> bars;
+    for (int x = 0; x < image.width(); ++x) {
+        int top = -1;
+        int bottom = -1;
+        for (int y = 0; y < image.height(); ++y) {
+            if (image.pixelColor(x, y) != colour) continue;
+            if (top < 0) top = y;
+            bottom = y;
+        }
+        if (top < 0) continue;
+        if (bars.empty() || bars.back().right() + 1 != x) bars.push_back(QRect(x, top, 0, bottom - top + 1));
+        bars.back().setRight(x);
+    }
+    return bars;
+}
+
+TEST_F(ChartJourney, BarsNumbersNamesAndTheAxisTellTheCounts)
+{
+    journey.database.run("INSERT INTO DocumentType VALUES (4, 'Laws'); "
+                         "INSERT INTO DocumentTypes (DocumentID, DocumentTypeID) VALUES (2, 4), (3, 4)");
+    show();
+    journey.list().setFocus();
+    const QPalette colours = chart().palette();
+    const QImage image = chart().grab().toImage();
+    const std::vector<QRect> bars = drawnBars(image, colours.color(QPalette::Highlight));
+    ASSERT_EQ(bars.size(), 3u);
+    // three, one and two documents, from the same ground
+    const double unit = bars[1].height();
+    EXPECT_NEAR(bars[0].height() / unit, 3, 0.05);
+    EXPECT_NEAR(bars[2].height() / unit, 2, 0.05);
+    EXPECT_EQ(bars[0].bottom(), bars[1].bottom());
+    EXPECT_EQ(bars[0].width(), bars[2].width());
+    EXPECT_NEAR(bars[1].center().x() - bars[0].center().x(), bars[2].center().x() - bars[1].center().x(), 1);
+
+    QStringList axis;
+    QStringList numbers;
+    QString title;
+    for (const DrawnText& text : drawnTexts(chart())) {
+        if (text.text.size() > 2) {
+            title = text.text;
+        } else if (text.middle.x() < bars[0].left()) {
+            axis << text.text;
+            const double expected = bars[0].bottom() - text.text.toInt() * unit;
+            EXPECT_NEAR(text.middle.y(), expected, 3) << text.text.toStdString();
+        } else {
+            const QRect& bar = bars[static_cast<std::size_t>(numbers.size())];
+            numbers << text.text;
+            EXPECT_NEAR(text.middle.x(), bar.center().x(), 2);
+            EXPECT_LT(text.middle.y(), bar.top()) << "above its bar";
+        }
+    }
+    EXPECT_EQ(title, QStringLiteral("Documents by Type"));
+    EXPECT_EQ(numbers.join(u' ').toStdString(), "3 1 2");
+    axis.sort();
+    EXPECT_EQ(axis.join(u' ').toStdString(), "0 1 2 3 4");
+
+    // each name stands below its bar
+    for (const QRect& bar : bars) {
+        const QImage below =
+            image.copy(bar.left(), bar.bottom() + 8, bar.width(), image.height() - bar.bottom() - 10);
+        EXPECT_TRUE(hasColour(below, colours.color(QPalette::Text))) << bar.left();
+    }
+    chart().setCurrentBar(1);
+    const QImage marked = chart().grab().toImage();
+    EXPECT_EQ(drawnBars(marked, colours.color(QPalette::Highlight)).size(), 2u);
+    EXPECT_EQ(marked.pixelColor(bars[1].center()), colours.color(QPalette::Highlight).darker());
 }
 
 TEST_F(ChartJourney, AClickBesideTheBarsMeansNone)

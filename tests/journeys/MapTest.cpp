@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <QSplitter>
 #include <QTest>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <gtest/gtest.h>
@@ -138,6 +139,7 @@ TEST_F(MapJourney, TheMenuNarrowsToACityOrAState)
     map().setFocus();
     QTest::keyClick(&map(), Qt::Key_PageDown);
     EXPECT_EQ(map().ringed(), entry("Austin, TX: Fire & Rescue"));
+    EXPECT_EQ(QToolTip::text(), QStringLiteral("Austin, TX: Fire &amp; Rescue"));
     QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QApplication::sendEvent(&map(), &menuKey);
     EXPECT_EQ(menuTexts(), "Show Only Austin, TX Organizations|Show Only TX Organizations");
@@ -188,6 +190,7 @@ TEST_F(MapJourney, AnApostropheIsReportedAndTheViewStays)
 TEST_F(MapJourney, ToolsKeysAndWheelZoomAndMove)
 {
     show();
+    EXPECT_TRUE(journey.find<QAction>("mapPointer").isChecked());
     const QPointF middle = QRectF(map().rect()).center();
     const double first = map().markerScale();
     EXPECT_DOUBLE_EQ(first, map().extent().width() / 115);
@@ -284,19 +287,96 @@ TEST_F(MapJourney, AnotherViewBringsItsPlacesIntoSight)
     EXPECT_EQ(map().ringed(), entry("Nome, AK: Relief")) << "the same row again";
 }
 
-TEST_F(MapJourney, PaintsStatesAndMarkersInTheirColours)
+TEST_F(MapJourney, PaintsStatesMarkersAndTheirLegendInTheirColours)
 {
+    const char* const palette[] = {"#000000", "#0000ff", "#008000", "#ff0000", "#000080", "#800080",
+                                   "#008080", "#c0c0c0", "#808080", "#808000", "#00ff00", "#ffff00",
+                                   "#800000", "#ff00ff", "#00ffff", "#ffffff"};
+    // one of each function on a line through the states; the seventeenth begins anew
+    for (int function = 1; function <= 17; ++function) {
+        journey.database.run(
+            QStringLiteral(
+                "INSERT OR IGNORE INTO Function VALUES (%1, 'Function %2'); INSERT INTO Organization "
+                "(OrganizationID, OrganizationName, FunctionID, Lat, Lon, Status) VALUES "
+                "(%3, 'O', %1, 42, %4, 'ACTIVE')")
+                .arg(QString::number(function), QString::number(function), QString::number(100 + function))
+                .arg(-120 + 2.5 * function)
+                .toUtf8()
+                .constData());
+    }
     show();
     const QImage picture = map().grab().toImage();
     const auto colourAt = [&](double lon, double lat) {
-        const QPointF at =
-            map().extent().toScreen(MapProjection::toPlane(lon, lat)) * picture.devicePixelRatio();
-        return picture.pixelColor(at.toPoint()).name();
+        return picture.pixelColor(map().extent().toScreen(MapProjection::toPlane(lon, lat)).toPoint()).name();
     };
     EXPECT_EQ(colourAt(-105.8, 35.2), QStringLiteral("#c0c0c0")) << "the middle of New Mexico";
     EXPECT_EQ(colourAt(-72, 35), map().palette().color(QPalette::Base).name()) << "the sea";
-    EXPECT_EQ(colourAt(-96.8, 32.78), QStringLiteral("#ff0000")) << "function 4 in Dallas";
     EXPECT_EQ(colourAt(-97.74, 30.27), QStringLiteral("#008000")) << "function 3 over function 2 in Austin";
+    for (int function = 1; function <= 17; ++function)
+        EXPECT_EQ(colourAt(-120 + 2.5 * function, 42).toStdString(), palette[(function - 1) % 16])
+            << function;
+
+    auto& legend = journey.find<QListWidget>("MapLegend");
+    ASSERT_EQ(legend.count(), 16);
+    EXPECT_TRUE(legend.isVisible());
+    for (int line = 0; line < 16; ++line) {
+        const QImage sign = legend.item(line)->icon().pixmap(14, 14).toImage();
+        EXPECT_EQ(sign.pixelColor(sign.rect().center()).name().toStdString(), palette[line]) << line;
+    }
+    EXPECT_EQ(legend.item(0)->text(), QStringLiteral("Function 17, None"));
+    EXPECT_EQ(legend.item(2)->text(), QStringLiteral("Fire & Rescue"));
+    EXPECT_EQ(legend.item(15)->text(), QStringLiteral("Function 16"));
+
+    // a wider map has larger markers; their edge takes three pixels
+    const auto redAcross = [&] {
+        const QImage image = map().grab().toImage();
+        const QPoint dallas = map().positionOf(entry("Dallas, TX: Law")).toPoint();
+        int pixels = 0;
+        for (int x = dallas.x() - 20; x <= dallas.x() + 20; ++x)
+            pixels += image.pixelColor(x, dallas.y()) == QColor(Qt::red) ? 1 : 0;
+        return pixels;
+    };
+    EXPECT_NEAR(redAcross(), 9 - 3, 1);
+    journey.program->window()->resize(2600, 1900);
+    journey.find<QSplitter>("splitter").setSizes({10, 4000});
+    QTest::qWait(0);
+    ASSERT_GT(map().width(), 1300);
+    EXPECT_NEAR(redAcross(), std::min(map().width() / 115.0, 14.0) - 3, 1);
+}
+
+TEST_F(MapJourney, RingsTheChosenPlaceAndTakesAPointerNearIt)
+{
+    show();
+    const QColor ring = map().palette().color(QPalette::Highlight);
+    // a marker is 11 pixels across with its edge, the ring 2.5 beyond that
+    const auto isRinged = [&](const char* place) {
+        const QPoint middle = map().positionOf(entry(place)).toPoint();
+        const QImage picture = map().grab().toImage();
+        const auto isRing = [&](QPoint away) {
+            // the middle may lie between two pixels
+            return picture.pixelColor(middle + 7 * away) == ring ||
+                   picture.pixelColor(middle + 8 * away) == ring ||
+                   picture.pixelColor(middle + 9 * away) == ring;
+        };
+        return isRing({1, 0}) && isRing({-1, 0}) && isRing({0, 1}) && isRing({0, -1});
+    };
+    EXPECT_FALSE(isRinged("Reno, NV: Law"));
+    click(Qt::LeftButton, "Reno, NV: Law");
+    EXPECT_TRUE(isRinged("Reno, NV: Law"));
+    EXPECT_FALSE(isRinged("Dallas, TX: Law"));
+    click(Qt::LeftButton, "Dallas, TX: Law");
+    EXPECT_TRUE(isRinged("Dallas, TX: Law"));
+    EXPECT_FALSE(isRinged("Reno, NV: Law"));
+
+    const QPointF reno = map().positionOf(entry("Reno, NV: Law"));
+    for (const QPointF way : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0.6, -0.8)}) {
+        EXPECT_EQ(map().entryAt(reno + 13.5 * way), entry("Reno, NV: Law"));
+        EXPECT_EQ(map().entryAt(reno + 14.5 * way), std::nullopt);
+    }
+    map().zoomIn();
+    const QPointF nearer = map().positionOf(entry("Reno, NV: Law"));
+    EXPECT_EQ(map().entryAt(nearer + QPointF(14.5, 0)), std::nullopt)
+        << "the radius is in pixels of the screen";
 }
 
 TEST_F(MapJourney, WithoutTheStatesTheMarkersAreThereAndTheMessageFollows)
