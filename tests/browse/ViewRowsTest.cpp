@@ -1,0 +1,578 @@
+// What every kind of view lists, against queries of the plain engine that were written by hand, on rows with
+// the odd values that real collections hold.
+
+#include "browse/RelatedViews.h"
+#include "chart/DocumentTypeCounts.h"
+#include "data/StandardQueries.h"
+#include "map/OrganizationPlaces.h"
+#include "search/AdvancedSearch.h"
+#include "search/KeywordSearch.h"
+#include "search/ShowOnlyViews.h"
+#include "support/TestDatabase.h"
+#include "timeline/Moments.h"
+#include "timeline/TimeWindowQuery.h"
+
+#include <QHash>
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A word as it stands in a text, as it is compared, and as it sorts before its accents are looked at.
+struct Word
+{
+    QString shown;
+    QString folded;
+    QString base;
+};
+
+const std::vector<Word>& words()
+{
+    static const std::vector<Word> all{
+        {u"Émile"_s, u"émile"_s, u"emile"_s},
+        {u"emile"_s, u"emile"_s, u"emile"_s},
+        {u"ÉMILE"_s, u"émile"_s, u"emile"_s},
+        {u"Fire"_s, u"fire"_s, u"fire"_s},
+        {u"fire"_s, u"fire"_s, u"fire"_s},
+        {u"Zoo"_s, u"zoo"_s, u"zoo"_s},
+        {u"\"plan\""_s, u"\"plan\""_s, u"\"plan\""_s},
+        {u"ПОЖАР"_s, u"пожар"_s, u"пожар"_s},
+        {u"пожар"_s, u"пожар"_s, u"пожар"_s},
+        {u"火事"_s, u"火事"_s, u"火事"_s},
+        {u"O'Fallon"_s, u"o'fallon"_s, u"o'fallon"_s},
+    };
+    return all;
+}
+
+QString quoted(QString text)
+{
+    return u'\'' + text.replace(u'\'', u"''"_s) + u'\'';
+}
+
+// The rows of each list: first what they sort by, then the columns of the list.
+
+const QString documentRows =
+    u"SELECT f.NameBase || char(1) || f.Name, d.DocumentID, d.DocumentName, d.KeyDocument, "
+    "ifnull(d.FileTypeID, 1), d.ReleaseForm, (SELECT FileTypeName FROM FileTypes AS t WHERE t.FileTypeID = "
+    "ifnull(d.FileTypeID, 1)), d.OrganizationID, (SELECT OrganizationName FROM Organization AS s WHERE "
+    "s.OrganizationID = ifnull(d.OrganizationID, 1)), d.FileLocation, d.Author, d.DocumentDate "
+    "FROM Document AS d JOIN Folded AS f ON f.Kind = 0 AND f.ID = d.DocumentID "
+    "WHERE d.DocumentID > 1 AND upper(d.dStatus) <> 'DELETED'"_s;
+
+const QString eventRows =
+    u"SELECT ifnull(e.StartDate, '') || ' ' || ifnull(substr(e.StartTime, 1, 5), '') || ' ' || "
+    "ifnull(e.EndDate, '') || ' ' || ifnull(substr(e.EndTime, 1, 5), '') || char(1) || f.NameBase || char(1) "
+    "|| f.Name, "
+    "e.EventID, e.EventName, e.KeyEvent, strftime('%m/%d/%Y', e.StartDate), substr(e.StartTime, 1, 5), "
+    "strftime('%m/%d/%Y', e.EndDate), substr(e.EndTime, 1, 5) "
+    "FROM Event AS e JOIN Folded AS f ON f.Kind = 1 AND f.ID = e.EventID "
+    "WHERE e.EventID > 1 AND upper(e.Status) <> 'DELETED'"_s;
+
+/// A column of the known city of an organization: of several, that with the smallest number.
+QString ofCity(const QString& column)
+{
+    return u"(SELECT c.%1 FROM CityLocations AS c WHERE lower(trim(c.City)) = lower(trim(o.City)) AND "
+           "lower(trim(c.State)) = lower(trim(o.State)) ORDER BY c.LocationID LIMIT 1)"_s.arg(column);
+}
+
+QString position(const QString& column)
+{
+    return u"CASE WHEN o.Lat IS NULL OR o.Lon IS NULL THEN %1 ELSE o.%2 END"_s.arg(ofCity(column), column);
+}
+
+const QString visibleOrganizations =
+    u" FROM Organization AS o JOIN Folded AS f ON f.Kind = 2 AND f.ID = o.OrganizationID "
+    "WHERE o.OrganizationID > 1 AND upper(o.Status) <> 'DELETED'"_s;
+
+const QString organizationRows =
+    u"SELECT f.NameBase || char(1) || f.Name, o.OrganizationID, o.OrganizationName, "
+    "ifnull(o.OrganizationTypeID, 1), (SELECT OrganizationTypeName FROM OrganizationTypes AS t WHERE "
+    "t.OrganizationTypeID = ifnull(o.OrganizationTypeID, 1)), o.OrganizationSubTypeID, (SELECT "
+    "OrganizationSubTypeName FROM OrganizationSubTypes AS t WHERE t.OrganizationSubTypeID = "
+    "ifnull(o.OrganizationSubTypeID, 1)), o.FunctionID, (SELECT FunctionName FROM Function AS t WHERE "
+    "t.FunctionID = ifnull(o.FunctionID, 1)), o.City, o.State, "_s +
+    position(u"Lat"_s) + u", "_s + position(u"Lon"_s) + visibleOrganizations;
+
+const QString& rowsByHand(ViewKind kind)
+{
+    return kind == ViewKind::Documents ? documentRows
+           : kind == ViewKind::Events  ? eventRows
+                                       : organizationRows;
+}
+
+class ViewRows : public testing::TestWithParam<unsigned>
+{
+protected:
+    ViewRows() : m_random(GetParam())
+    {
+        m_database.run(R"sql(
+            CREATE TABLE Folded (Kind, ID, Name, NameBase, Description, PRIMARY KEY (Kind, ID));
+            INSERT INTO FileTypes VALUES (1, 'None'), (2, 'PDF'), (3, 'étude');
+            INSERT INTO DocumentType VALUES (1, 'None'), (2, 'Report'), (3, 'étude'), (4, NULL);
+            INSERT INTO Function VALUES (1, 'None'), (2, 'Relief'), (3, 'Law'), (17, 'Rescue');
+            INSERT INTO OrganizationTypes VALUES (1, 'None'), (2, 'Federal'), (3, 'Local');
+            INSERT INTO OrganizationSubTypes VALUES (1, 1, 'None'), (2, 2, 'Agency');
+            INSERT INTO CityLocations VALUES (5, 'austin ', 'tx', 1.5, 1.5), (2, 'Austin', 'TX', 30.25, -97.75),
+                (3, 'Dallas', 'TX', 32.75, -96.75), (4, 'Boston', 'MA', 42.25, -71.5), (7, 'Waco', 'TX', NULL, NULL);
+        )sql");
+        QString rows = u"BEGIN;"_s;
+        for (int id = 1; id <= most; ++id)
+            rows += document(id) + event(id) + organization(id);
+        for (const char16_t* links :
+             {u"DocumentEvents", u"OrganizationEvents", u"EventFunctions", u"DocumentTypes",
+              u"DocumentVenues", u"EventVenues", u"OrganizationVenues"})
+            rows += linked(QString::fromUtf16(links));
+        m_database.run((rows + u"COMMIT"_s).toUtf8().constData());
+    }
+
+    static constexpr int most = 40;
+
+    int upTo(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit + 1)); }
+
+    QString oneOf(const QStringList& values) { return values.at(upTo(static_cast<int>(values.size()) - 1)); }
+
+    QString status()
+    {
+        return oneOf({u"'ACTIVE'"_s, u"'ACTIVE'"_s, u"'ACTIVE'"_s, u"'active'"_s, u"'SUBMITTED'"_s,
+                      u"'DELETED'"_s, u"'Deleted'"_s, u"NULL"_s});
+    }
+
+    /// One to three words as a text of the engine: as shown, as compared, and its base letters.
+    std::array<QString, 3> someWords()
+    {
+        QStringList shown;
+        QStringList folded;
+        QStringList base;
+        for (int left = upTo(2); left >= 0; --left) {
+            const Word& word = words()[static_cast<std::size_t>(upTo(static_cast<int>(words().size()) - 1))];
+            shown << word.shown;
+            folded << word.folded;
+            base << word.base;
+        }
+        return {quoted(shown.join(u' ')), quoted(folded.join(u' ')), quoted(base.join(u' '))};
+    }
+
+    /// The name and the description of a record, and their folded forms beside them.
+    QString named(int kind, int id, QString& names)
+    {
+        const auto name = someWords();
+        const auto description = upTo(3) == 0 ? std::array{u"NULL"_s, u"NULL"_s, u"NULL"_s} : someWords();
+        names = name[0] + u", "_s + description[0];
+        return u"INSERT INTO Folded VALUES (%1, %2, %3, %4, %5);"_s.arg(
+            QString::number(kind), QString::number(id), name[1], name[2], description[1]);
+    }
+
+    QString document(int id)
+    {
+        QString names;
+        const QString folded = named(0, id, names);
+        const QString owner = upTo(4) == 0 ? u"NULL"_s : QString::number(1 + upTo(most));
+        return folded + u"INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, KeyDocument, "
+                        u"FileTypeID, "
+                        "ReleaseForm, OrganizationID, FileLocation, Author, DocumentDate, dStatus) VALUES "
+                        "(%1, %2, %3, "
+                        "%4, %5, %6, '%1.pdf', NULL, '9/11/2001', %7);"_s.arg(
+                            QString::number(id), names, oneOf({u"0"_s, u"1"_s, u"NULL"_s}),
+                            oneOf({u"NULL"_s, u"1"_s, u"2"_s, u"3"_s, u"9"_s}), oneOf({u"0"_s, u"1"_s}),
+                            owner, status());
+    }
+
+    QString day()
+    {
+        return upTo(9) == 0 ? u"NULL"_s : u"'2001-09-%1'"_s.arg(8 + upTo(4), 2, 10, QChar(u'0'));
+    }
+    QString time()
+    {
+        return oneOf({u"NULL"_s, u"'00:00'"_s, u"'00:00:30'"_s, u"'09:30'"_s, u"'09:30:59'"_s, u"'10:00'"_s,
+                      u"'23:59'"_s});
+    }
+
+    QString event(int id)
+    {
+        QString names;
+        const QString folded = named(1, id, names);
+        return folded + u"INSERT INTO Event (EventID, EventName, EventDescription, KeyEvent, StartDate, "
+                        "StartTime, EndDate, EndTime, Status) VALUES (%1, %2, %3, %4, %5, %6, %7, %8);"_s.arg(
+                            QString::number(id), names, oneOf({u"0"_s, u"1"_s}), day(), time(), day(), time(),
+                            status());
+    }
+
+    QString organization(int id)
+    {
+        QString names;
+        const QString folded = named(2, id, names);
+        const QString place = oneOf({u"NULL, NULL"_s, u"NULL, NULL"_s, u"40.5, -120.25"_s, u"10.5, NULL"_s});
+        return folded +
+               u"INSERT INTO Organization (OrganizationID, OrganizationName, ResponseActivities, "
+               "OrganizationTypeID, OrganizationSubTypeID, FunctionID, City, State, Lat, Lon, Status) VALUES "
+               "(%1, %2, %3, %4, %5, %6, %7, %8, %9);"_s.arg(
+                   QString::number(id), names, oneOf({u"NULL"_s, u"1"_s, u"2"_s, u"3"_s}),
+                   oneOf({u"NULL"_s, u"1"_s, u"2"_s}),
+                   oneOf({u"NULL"_s, u"1"_s, u"2"_s, u"3"_s, u"17"_s, u"99"_s}),
+                   oneOf({u"'Austin'"_s, u"'AUSTIN'"_s, u"' austin'"_s, u"'Dallas'"_s, u"'Boston'"_s,
+                          u"'Waco'"_s, u"''"_s, u"NULL"_s}),
+                   oneOf({u"'TX'"_s, u"'TX'"_s, u"'tx'"_s, u"'MA'"_s, u"'None'"_s, u"''"_s, u"NULL"_s}),
+                   place, status());
+    }
+
+    /// Links at random: some twice, some to records that are not there.
+    QString linked(const QString& table)
+    {
+        const bool toLookup = !table.endsWith(u"Events");
+        QString rows;
+        for (int link = 0; link < 3 * most; ++link) {
+            const QString row = u"INSERT INTO %1 VALUES (%2, %3);"_s.arg(
+                table, QString::number(1 + upTo(most)),
+                toLookup ? oneOf({u"0"_s, u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"23"_s, u"NULL"_s})
+                         : QString::number(1 + upTo(most)));
+            rows += upTo(4) == 0 ? row + row : row;
+        }
+        return rows;
+    }
+
+    QStringList asked(const QString& statement)
+    {
+        return m_database.ask(statement.toUtf8().constData()).split(u'\n', Qt::SkipEmptyParts);
+    }
+
+    /// Expects a view to list the rows that a condition lets through, in their order if it has one.
+    void expectRows(ViewKind kind, const SQLObject& view, const QString& condition)
+    {
+        QStringList expected;
+        QStringList keys;
+        QHash<QString, QString> keyOf;
+        for (const QString& line : asked(rowsByHand(kind) + condition)) {
+            expected << line.section(u'|', 1);
+            keys << line.section(u'|', 0, 0);
+            keyOf[expected.back()] = keys.back();
+        }
+        QStringList found = rowsOf(m_database.session(), view.sqlStr()).split(u'\n', Qt::SkipEmptyParts);
+        if (!view.OrderClause.isEmpty()) {
+            QStringList order;
+            for (const QString& line : found)
+                order << keyOf.value(line);
+            keys.sort();
+            EXPECT_EQ(order, keys) << condition.toStdString();
+        }
+        std::sort(expected.begin(), expected.end());
+        std::sort(found.begin(), found.end());
+        EXPECT_EQ(found, expected) << condition.toStdString();
+        m_listed += found.size();
+    }
+
+    static ViewKind kindOf(int number) { return static_cast<ViewKind>(number); }
+
+    /// A keyword search of one to three words, and the same by hand.
+    std::pair<SharedQuery, QString> keywordSearch(ViewKind kind)
+    {
+        QStringList typed;
+        QStringList inName;
+        QStringList inDescription;
+        for (int left = upTo(2); left >= 0; --left) {
+            // the last word holds an apostrophe, which would break the statement
+            const Word& word = words()[static_cast<std::size_t>(upTo(static_cast<int>(words().size()) - 2))];
+            typed << word.shown;
+            inName << u"instr(f.Name, %1)"_s.arg(quoted(word.folded));
+            inDescription << u"instr(f.Description, %1)"_s.arg(quoted(word.folded));
+        }
+        return {keywordQuery(m_queries, kind, typed),
+                u" AND ((%1) OR (%2))"_s.arg(inName.join(u" AND "), inDescription.join(u" AND "))};
+    }
+
+    clsAdvSearch::Items chosen(const QStringList& identifiers)
+    {
+        clsAdvSearch::Items items;
+        for (const QString& identifier : identifiers)
+            items.push_back({static_cast<std::int16_t>(identifier.toInt()), u"any"_s});
+        return items;
+    }
+
+    /// Up to three numbers, of which some stand for nothing; a list criterion counts if it has any.
+    QStringList someNumbers()
+    {
+        QStringList numbers;
+        for (int left = upTo(3); left > 0; --left)
+            numbers << oneOf({u"0"_s, u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"17"_s, u"99"_s});
+        return numbers;
+    }
+
+    /// Switches a list criterion on or leaves it off; by hand it is the condition with the numbers in it.
+    QString criterion(clsAdvSearch& search, bool clsAdvSearch::*flag,
+                      clsAdvSearch::Items clsAdvSearch::*items, const QString& condition,
+                      const QString& separator = u","_s)
+    {
+        const QStringList numbers = someNumbers();
+        search.*flag = upTo(2) == 0;
+        search.*items = chosen(numbers);
+        return search.*flag && !numbers.isEmpty() ? u" AND "_s + condition.arg(numbers.join(separator))
+                                                  : u""_s;
+    }
+
+    /// Links of a record to the numbers of a list criterion.
+    static QString hasLink(const QString& links, const QString& key, const QString& column)
+    {
+        return u"EXISTS (SELECT 1 FROM %1 AS l WHERE l.%2 AND l.%3 IN (%4))"_s.arg(links, key, column,
+                                                                                   u"%1"_s);
+    }
+
+    /// An advanced search by some criteria, and the same by hand. Types are by themselves: a chart of the
+    /// found documents counts those types alone.
+    struct Found
+    {
+        SharedQuery view;
+        QString condition;
+        QString types;
+    };
+
+    Found documentSearch();
+    Found eventSearch();
+    Found organizationSearch();
+
+    std::mt19937 m_random;
+    TestDatabase m_database;
+    StandardQueries m_queries;
+    qsizetype m_listed = 0; ///< all rows that views listed
+};
+
+ViewRows::Found ViewRows::documentSearch()
+{
+    using Search = clsAdvSearch;
+    Search search;
+    // the numbers of several venues are read as one
+    QString condition =
+        criterion(search, &Search::bDocVenues, &Search::docVenues,
+                  hasLink(u"DocumentVenues"_s, u"DocumentID = d.DocumentID"_s, u"VenueID"_s), QString());
+    const QString types =
+        criterion(search, &Search::bDocTypes, &Search::docTypes, u"l.DocumentTypeID IN (%1)"_s);
+    condition +=
+        criterion(search, &Search::bDocOrgs, &Search::docOrgs, u"d.OrganizationID IN (%1)"_s) +
+        criterion(search, &Search::bFileTypes, &Search::fileTypes, u"ifnull(d.FileTypeID, 1) IN (%1)"_s);
+    search.buildAdvSQL();
+    return {advancedView(m_queries, ViewKind::Documents, search).SQL, condition, types};
+}
+
+ViewRows::Found ViewRows::eventSearch()
+{
+    using Search = clsAdvSearch;
+    Search search;
+    QString condition;
+    search.bEventDate = upTo(1) == 0;
+    if (search.bEventDate) {
+        search.eventStartDate = QDate(2001, 9, 8 + upTo(2));
+        search.eventEndDate = search.eventStartDate.addDays(upTo(3));
+        search.eventStartTime = upTo(1) == 0 ? QTime(0, 0) : QTime(9, 30);
+        search.eventEndTime = upTo(1) == 0 ? QTime(9, 30) : QTime(23, 59);
+        // an event without a time has none to compare
+        condition = u" AND e.StartDate BETWEEN '%1' AND '%2' AND substr(e.StartTime, 1, 5) "
+                    "BETWEEN '%3' AND '%4'"_s.arg(search.eventStartDate.toString(Qt::ISODate),
+                                                  search.eventEndDate.toString(Qt::ISODate),
+                                                  search.eventStartTime.toString(u"HH:mm"),
+                                                  search.eventEndTime.toString(u"HH:mm"));
+    }
+    const QString event = u"EventID = e.EventID"_s;
+    condition += criterion(search, &Search::bEventVenues, &Search::eventVenues,
+                           hasLink(u"EventVenues"_s, event, u"VenueID"_s)) +
+                 criterion(search, &Search::bEventFunctions, &Search::eventFunctions,
+                           hasLink(u"EventFunctions"_s, event, u"FunctionID"_s)) +
+                 criterion(search, &Search::bEventOrgs, &Search::eventOrgs,
+                           hasLink(u"OrganizationEvents"_s, event, u"OrganizationID"_s));
+    search.buildAdvSQL();
+    return {advancedView(m_queries, ViewKind::Events, search).SQL, condition, {}};
+}
+
+ViewRows::Found ViewRows::organizationSearch()
+{
+    using Search = clsAdvSearch;
+    Search search;
+    QString condition =
+        criterion(search, &Search::bOrgVenues, &Search::orgVenues,
+                  hasLink(u"OrganizationVenues"_s, u"OrganizationID = o.OrganizationID"_s, u"VenueID"_s)) +
+        criterion(search, &Search::bOrgTypes, &Search::orgTypes,
+                  u"ifnull(o.OrganizationTypeID, 1) IN (%1)"_s) +
+        criterion(search, &Search::bOrgFunctions, &Search::orgFunctions, u"o.FunctionID IN (%1)"_s);
+    search.bOrgLocations = upTo(1) == 0;
+    QStringList places;
+    for (int left = upTo(2); left > 0; --left) {
+        const QString city = oneOf({u"Austin"_s, u"dallas"_s, u"Boston"_s, u"Nowhere"_s});
+        const QString state = oneOf({u"TX"_s, u"ma"_s, u""_s});
+        search.orgLocations.push_back({2, city + u", "_s + state});
+        // a location without a state is one with a state that is empty
+        places << u"(lower(o.City) = lower('%1') AND lower(o.State) = lower('%2'))"_s.arg(city, state);
+    }
+    if (search.bOrgLocations && !places.isEmpty()) condition += u" AND ("_s + places.join(u" OR ") + u')';
+    search.buildAdvSQL();
+    return {advancedView(m_queries, ViewKind::Organizations, search).SQL, condition, {}};
+}
+
+TEST_P(ViewRows, OfStandardListsAndKeywordSearches)
+{
+    for (int kind = 0; kind < 3; ++kind) {
+        const SharedQuery& all = kind == 0   ? m_queries.documents
+                                 : kind == 1 ? m_queries.events
+                                             : m_queries.organizations;
+        expectRows(kindOf(kind), *all, QString());
+        EXPECT_GT(m_listed, (kind + 1) * most / 3);
+    }
+    m_listed = 0;
+    for (int draw = 0; draw < 60; ++draw) {
+        const auto [view, condition] = keywordSearch(kindOf(draw % 3));
+        expectRows(kindOf(draw % 3), *view, condition);
+    }
+    EXPECT_GT(m_listed, 60) << "most searches find something";
+}
+
+TEST_P(ViewRows, OfAdvancedSearchesAndTheirCharts)
+{
+    for (int draw = 0; draw < 40; ++draw) {
+        const Found documents = documentSearch();
+        const QString ofTypes =
+            documents.types.isEmpty()
+                ? QString()
+                : u" AND EXISTS (SELECT 1 FROM DocumentTypes AS l WHERE l.DocumentID = d.DocumentID%1)"_s.arg(
+                      documents.types);
+        expectRows(ViewKind::Documents, *documents.view, documents.condition + ofTypes);
+        const Found events = eventSearch();
+        expectRows(ViewKind::Events, *events.view, events.condition);
+        const Found organizations = organizationSearch();
+        expectRows(ViewKind::Organizations, *organizations.view, organizations.condition);
+
+        QStringList chart;
+        for (const DocumentTypeCount& type : countDocumentTypes(m_database.session(), *documents.view))
+            chart << type.name + u'|' + QString::number(type.documents);
+        QStringList byHand = asked(
+            u"SELECT ifnull((SELECT DocumentTypeName FROM DocumentType AS t WHERE t.DocumentTypeID = "
+            "l.DocumentTypeID), ''), count(DISTINCT l.DocumentID) FROM DocumentTypes AS l JOIN Document "
+            "AS d ON d.DocumentID = l.DocumentID WHERE d.DocumentID > 1 AND upper(d.dStatus) <> "
+            "'DELETED' AND l.DocumentTypeID > 0%1 GROUP BY l.DocumentTypeID"_s.arg(documents.types +
+                                                                                   documents.condition));
+        chart.sort();
+        byHand.sort();
+        EXPECT_EQ(chart, byHand) << documents.condition.toStdString();
+    }
+    EXPECT_GT(m_listed, 200);
+}
+
+TEST_P(ViewRows, OfRelatedRecords)
+{
+    using enum RelatedCommand;
+    const QString link = u" AND EXISTS (SELECT 1 FROM %1 AS l WHERE l.%2 = %3 AND l.%4 = %5)"_s;
+    const struct
+    {
+        RelatedCommand command;
+        ViewKind kind;
+        QString condition; ///< with %1 for the record that it begins from
+    } cases[] = {
+        {DocumentEvents, ViewKind::Events,
+         link.arg(u"DocumentEvents"_s, u"EventID"_s, u"e.EventID"_s, u"DocumentID"_s, u"%1"_s)},
+        {EventDocuments, ViewKind::Documents,
+         link.arg(u"DocumentEvents"_s, u"DocumentID"_s, u"d.DocumentID"_s, u"EventID"_s, u"%1"_s)},
+        {EventOrganizations, ViewKind::Organizations,
+         link.arg(u"OrganizationEvents"_s, u"OrganizationID"_s, u"o.OrganizationID"_s, u"EventID"_s,
+                  u"%1"_s)},
+        {OrganizationEvents, ViewKind::Events,
+         link.arg(u"OrganizationEvents"_s, u"EventID"_s, u"e.EventID"_s, u"OrganizationID"_s, u"%1"_s)},
+        {OrganizationDocuments, ViewKind::Documents, u" AND d.OrganizationID = %1"_s},
+        {DocumentOrganization, ViewKind::Organizations,
+         u" AND o.OrganizationID = (SELECT OrganizationID FROM Document WHERE DocumentID = %1)"_s},
+    };
+    int questions = 0;
+    for (const auto& [command, kind, condition] : cases) {
+        for (int id = 2; id <= most; ++id) {
+            const QString here = condition.arg(id);
+            const RelatedOutcome outcome =
+                RelatedViews(m_database.session(), m_queries).follow(command, {id, u"N"_s});
+            const bool hasSource = command == DocumentOrganization &&
+                                   m_database.ask(qPrintable(u"SELECT OrganizationID FROM Document WHERE "
+                                                             "DocumentID = %1"_s.arg(id))) != u"NULL";
+            if (outcome.view) {
+                expectRows(kind, *outcome.view->SQL, here);
+            } else {
+                EXPECT_TRUE(asked(rowsByHand(kind) + here).isEmpty());
+                ++questions;
+            }
+            EXPECT_EQ(outcome.view.has_value(), hasSource || !asked(rowsByHand(kind) + here).isEmpty()) << id;
+        }
+    }
+    EXPECT_GT(questions, 10);
+    EXPECT_GT(m_listed, 200);
+}
+
+TEST_P(ViewRows, OfOneTypeStateOrCity)
+{
+    const ShowOnlyViews views(m_database.session(), m_queries);
+    for (const auto& [name, type] : {std::pair(u"Report"_s, 2), {u"ÉTUDE"_s, 3}, {u"none"_s, 1}}) {
+        expectRows(ViewKind::Documents, *views.documentsOfType(name).SQL,
+                   u" AND EXISTS (SELECT 1 FROM DocumentTypes AS l WHERE l.DocumentID = d.DocumentID AND "
+                   "l.DocumentTypeID = %1)"_s.arg(type));
+    }
+    for (const QString& state : {u"TX"_s, u"tx"_s, u"MA"_s}) {
+        clsCities place;
+        place.State = state;
+        place.city = u"Austin"_s;
+        // in the known cities of the state that have an organization which is shown; without one, in the
+        // state
+        const QString known =
+            u"EXISTS (SELECT 1 FROM Organization AS p JOIN CityLocations AS c ON lower(trim(c.City)) = "
+            "lower(trim(p.City)) AND lower(trim(c.State)) = lower(trim(p.State)) WHERE p.OrganizationID > 1 "
+            "AND upper(p.Status) <> 'DELETED' AND lower(p.State) = lower('%1')%2)"_s;
+        expectRows(ViewKind::Organizations, *views.organizationsOfState(place).SQL,
+                   u" AND lower(o.State) = lower('%1') AND (%2 OR NOT %3)"_s.arg(
+                       state, known.arg(state, u" AND lower(trim(p.City)) = lower(o.City)"_s),
+                       known.arg(state, QString())));
+        expectRows(ViewKind::Organizations, *views.organizationsOfCity(place).SQL,
+                   u" AND lower(o.City) = 'austin' AND lower(o.State) = lower('%1')"_s.arg(state));
+    }
+    EXPECT_GT(m_listed, 20);
+}
+
+TEST_P(ViewRows, InAWindowOfTimeAndOnTheMap)
+{
+    for (int draw = 0; draw < 40; ++draw) {
+        const auto [view, condition] =
+            draw % 2 == 0 ? std::pair(m_queries.events, QString()) : keywordSearch(ViewKind::Events);
+        const Moment from = at("2001-09-07") + upTo(5) * minutesOfDay + (upTo(2) == 0 ? 0 : 570);
+        const Moment to = from + upTo(3) * 750;
+        SQLObject window = *view;
+        const QString statement = TimeWindowQuery::inWindow(*view, from, to);
+        window.SelectClause = statement.section(u" ORDER BY "_s, 0, 0);
+        window.FromClause.clear();
+        window.WhereClause.clear();
+        window.OrderClause = u"ORDER BY "_s + statement.section(u" ORDER BY "_s, 1);
+        const auto held = [](Moment moment) {
+            return dayOf(moment).toString(Qt::ISODate) + u' ' + timeText(moment);
+        };
+        const QString start = u"(e.StartDate || ' ' || ifnull(substr(e.StartTime, 1, 5), '00:00'))"_s;
+        const QString end = u"(e.EndDate || ' ' || ifnull(substr(e.EndTime, 1, 5), '00:00'))"_s;
+        expectRows(ViewKind::Events, window,
+                   condition + u" AND (%1 BETWEEN '%3' AND '%4' OR (%1 < '%3' AND %2 > '%3'))"_s.arg(
+                                   start, end, held(from), held(to)));
+
+        const auto [organizations, narrowed, types] = organizationSearch();
+        OrganizationPlaces places(m_database.session());
+        places.read(organizations);
+        QStringList drawn;
+        for (const clsCities& place : places.entries()) {
+            drawn << (place.functionId ? QString::number(*place.functionId) : u"NULL"_s) + u'|' +
+                         (place.LocationID ? QString::number(*place.LocationID)
+                                           : u"%1 %2"_s.arg(place.lat).arg(place.lon)) +
+                         u'|' + QString::number(place.colour);
+        }
+        QStringList byHand = asked(u"SELECT DISTINCT o.FunctionID, ifnull(%1, o.Lat || ' ' || o.Lon), "
+                                   u"ifnull((o.FunctionID - 1) % 16, "
+                                   "0) %4%5 AND %2 IS NOT NULL AND %3 IS NOT NULL"_s.arg(
+                                       ofCity(u"LocationID"_s), position(u"Lat"_s), position(u"Lon"_s),
+                                       visibleOrganizations, narrowed));
+        drawn.sort();
+        byHand.sort();
+        EXPECT_EQ(drawn, byHand) << narrowed.toStdString();
+    }
+    EXPECT_GT(m_listed, 100);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, ViewRows, testing::Values(1U, 2U, 3U));
+
+} // namespace
