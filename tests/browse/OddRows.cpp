@@ -1,0 +1,169 @@
+#include "browse/OddRows.h"
+
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const std::vector<OddRows::Word>& words()
+{
+    static const std::vector<OddRows::Word> all{
+        {u"Émile"_s, u"émile"_s, u"emile"_s},
+        {u"emile"_s, u"emile"_s, u"emile"_s},
+        {u"ÉMILE"_s, u"émile"_s, u"emile"_s},
+        {u"Fire"_s, u"fire"_s, u"fire"_s},
+        {u"fire"_s, u"fire"_s, u"fire"_s},
+        {u"Zoo"_s, u"zoo"_s, u"zoo"_s},
+        {u"\"plan\""_s, u"\"plan\""_s, u"\"plan\""_s},
+        {u"ПОЖАР"_s, u"пожар"_s, u"пожар"_s},
+        {u"пожар"_s, u"пожар"_s, u"пожар"_s},
+        {u"火事"_s, u"火事"_s, u"火事"_s},
+        {u"O'Fallon"_s, u"o'fallon"_s, u"o'fallon"_s},
+    };
+    return all;
+}
+
+} // namespace
+
+void OddRows::addTo(const TestDatabase& database)
+{
+    database.run(R"sql(
+        CREATE TABLE Folded (Kind, ID, Name, NameBase, Description, PRIMARY KEY (Kind, ID));
+        INSERT INTO FileTypes VALUES (1, 'None'), (2, 'PDF'), (3, 'étude');
+        INSERT INTO DocumentType VALUES (1, 'None'), (2, 'Report'), (3, 'étude'), (4, NULL);
+        INSERT INTO Function VALUES (1, 'None'), (2, 'Relief'), (3, 'Law'), (17, 'Rescue');
+        INSERT INTO OrganizationTypes VALUES (1, 'None'), (2, 'Federal'), (3, 'Local');
+        INSERT INTO OrganizationSubTypes VALUES (1, 1, 'None'), (2, 2, 'Agency');
+        INSERT INTO CityLocations VALUES (5, 'austin ', 'tx', 1.5, 1.5), (2, 'Austin', 'TX', 30.25, -97.75),
+            (3, 'Dallas', 'TX', 32.75, -96.75), (4, 'Boston', 'MA', 42.25, -71.5), (7, 'Waco', 'TX', NULL, NULL);
+    )sql");
+    QString rows = u"BEGIN;"_s;
+    for (int id = 1; id <= most; ++id)
+        rows += document(id) + event(id) + organization(id);
+    for (const char16_t* links : {u"DocumentEvents", u"OrganizationEvents", u"EventFunctions",
+                                  u"DocumentTypes", u"DocumentVenues", u"EventVenues", u"OrganizationVenues"})
+        rows += linked(QString::fromUtf16(links));
+    database.run((rows + u"COMMIT"_s).toUtf8().constData());
+}
+
+QString OddRows::quoted(QString text)
+{
+    return u'\'' + text.replace(u'\'', u"''"_s) + u'\'';
+}
+
+const OddRows::Word& OddRows::word(bool withApostrophe)
+{
+    // the last one holds it
+    const int last = static_cast<int>(words().size()) - (withApostrophe ? 1 : 2);
+    return words()[static_cast<std::size_t>(upTo(last))];
+}
+
+int OddRows::upTo(int limit)
+{
+    return static_cast<int>(m_random() % static_cast<unsigned>(limit + 1));
+}
+
+QString OddRows::oneOf(const QStringList& values)
+{
+    return values.at(upTo(static_cast<int>(values.size()) - 1));
+}
+
+QString OddRows::status()
+{
+    return oneOf({u"'ACTIVE'"_s, u"'ACTIVE'"_s, u"'ACTIVE'"_s, u"'active'"_s, u"'SUBMITTED'"_s,
+                  u"'DELETED'"_s, u"'Deleted'"_s, u"NULL"_s});
+}
+
+/// One to three words as a text of the engine: as shown, as compared, and its base letters.
+std::array<QString, 3> OddRows::someWords()
+{
+    QStringList shown;
+    QStringList folded;
+    QStringList base;
+    for (int left = upTo(2); left >= 0; --left) {
+        const Word& next = word(true);
+        shown << next.shown;
+        folded << next.folded;
+        base << next.base;
+    }
+    return {quoted(shown.join(u' ')), quoted(folded.join(u' ')), quoted(base.join(u' '))};
+}
+
+/// The name and the description of a record, and their folded forms beside them.
+QString OddRows::named(int kind, int id, QString& names)
+{
+    const auto name = someWords();
+    const auto description = upTo(3) == 0 ? std::array{u"NULL"_s, u"NULL"_s, u"NULL"_s} : someWords();
+    names = name[0] + u", "_s + description[0];
+    return u"INSERT INTO Folded VALUES (%1, %2, %3, %4, %5);"_s.arg(
+        QString::number(kind), QString::number(id), name[1], name[2], description[1]);
+}
+
+QString OddRows::document(int id)
+{
+    QString names;
+    const QString folded = named(0, id, names);
+    const QString owner = upTo(4) == 0 ? u"NULL"_s : QString::number(1 + upTo(most));
+    return folded + u"INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, KeyDocument, "
+                    u"FileTypeID, "
+                    "ReleaseForm, OrganizationID, FileLocation, Author, DocumentDate, dStatus) VALUES "
+                    "(%1, %2, %3, "
+                    "%4, %5, %6, '%1.pdf', NULL, '9/11/2001', %7);"_s.arg(
+                        QString::number(id), names, oneOf({u"0"_s, u"1"_s, u"NULL"_s}),
+                        oneOf({u"NULL"_s, u"1"_s, u"2"_s, u"3"_s, u"9"_s}), oneOf({u"0"_s, u"1"_s}), owner,
+                        status());
+}
+
+QString OddRows::day()
+{
+    return upTo(9) == 0 ? u"NULL"_s : u"'2001-09-%1'"_s.arg(8 + upTo(4), 2, 10, QChar(u'0'));
+}
+QString OddRows::time()
+{
+    return oneOf({u"NULL"_s, u"'00:00'"_s, u"'00:00:30'"_s, u"'09:30'"_s, u"'09:30:59'"_s, u"'10:00'"_s,
+                  u"'23:59'"_s});
+}
+
+QString OddRows::event(int id)
+{
+    QString names;
+    const QString folded = named(1, id, names);
+    return folded +
+           u"INSERT INTO Event (EventID, EventName, EventDescription, KeyEvent, StartDate, "
+           "StartTime, EndDate, EndTime, Status) VALUES (%1, %2, %3, %4, %5, %6, %7, %8);"_s.arg(
+               QString::number(id), names, oneOf({u"0"_s, u"1"_s}), day(), time(), day(), time(), status());
+}
+
+QString OddRows::organization(int id)
+{
+    QString names;
+    const QString folded = named(2, id, names);
+    const QString place = oneOf({u"NULL, NULL"_s, u"NULL, NULL"_s, u"40.5, -120.25"_s, u"10.5, NULL"_s});
+    return folded +
+           u"INSERT INTO Organization (OrganizationID, OrganizationName, ResponseActivities, "
+           "OrganizationTypeID, OrganizationSubTypeID, FunctionID, City, State, Lat, Lon, Status) VALUES "
+           "(%1, %2, %3, %4, %5, %6, %7, %8, %9);"_s.arg(
+               QString::number(id), names, oneOf({u"NULL"_s, u"1"_s, u"2"_s, u"3"_s}),
+               oneOf({u"NULL"_s, u"1"_s, u"2"_s}),
+               oneOf({u"NULL"_s, u"1"_s, u"2"_s, u"3"_s, u"17"_s, u"99"_s}),
+               oneOf({u"'Austin'"_s, u"'AUSTIN'"_s, u"' austin'"_s, u"'Dallas'"_s, u"'Boston'"_s, u"'Waco'"_s,
+                      u"''"_s, u"NULL"_s}),
+               oneOf({u"'TX'"_s, u"'TX'"_s, u"'tx'"_s, u"'MA'"_s, u"'None'"_s, u"''"_s, u"NULL"_s}), place,
+               status());
+}
+
+/// Links at random: some twice, some to records that are not there.
+QString OddRows::linked(const QString& table)
+{
+    const bool toLookup = !table.endsWith(u"Events");
+    QString rows;
+    for (int link = 0; link < 3 * most; ++link) {
+        const QString row = u"INSERT INTO %1 VALUES (%2, %3);"_s.arg(
+            table, QString::number(1 + upTo(most)),
+            toLookup ? oneOf({u"0"_s, u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"23"_s, u"NULL"_s})
+                     : QString::number(1 + upTo(most)));
+        rows += upTo(4) == 0 ? row + row : row;
+    }
+    return rows;
+}
