@@ -31,7 +31,8 @@ void OddRows::addTo(const TestDatabase& database)
     database.run(R"sql(
         CREATE TABLE Folded (Kind, ID, Name, NameBase, Description, PRIMARY KEY (Kind, ID));
         INSERT INTO FileTypes VALUES (1, 'None'), (2, 'PDF'), (3, 'étude');
-        INSERT INTO DocumentType VALUES (1, 'None'), (2, 'Report'), (3, 'étude'), (4, NULL);
+        INSERT INTO DocumentType VALUES (1, 'None'), (2, 'Report'), (3, 'étude'), (4, NULL),
+                (23, 'Report');
         INSERT INTO Function VALUES (1, 'None'), (2, 'Relief'), (3, 'Law'), (17, 'Rescue');
         INSERT INTO OrganizationTypes VALUES (1, 'None'), (2, 'Federal'), (3, 'Local');
         INSERT INTO OrganizationSubTypes VALUES (1, 1, 'None'), (2, 2, 'Agency');
@@ -105,20 +106,23 @@ QString OddRows::document(int id)
     QString names;
     const QString folded = named(0, id, names);
     const QString owner = upTo(4) == 0 ? u"NULL"_s : QString::number(1 + upTo(most));
-    return folded + u"INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, KeyDocument, "
-                    u"FileTypeID, "
-                    "ReleaseForm, OrganizationID, FileLocation, Author, DocumentDate, dStatus) VALUES "
-                    "(%1, %2, %3, "
-                    "%4, %5, %6, '%1.pdf', NULL, '9/11/2001', %7);"_s.arg(
-                        QString::number(id), names, oneOf({u"0"_s, u"1"_s, u"NULL"_s}),
-                        oneOf({u"NULL"_s, u"1"_s, u"2"_s, u"3"_s, u"9"_s}), oneOf({u"0"_s, u"1"_s}), owner,
-                        status());
+    return folded +
+           u"INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, KeyDocument, FileTypeID, "
+           "ReleaseForm, OrganizationID, FileLocation, Author, DocumentDate, dStatus) VALUES (%1, %2, %3, "
+           "%4, "
+           "%5, %6, '%1.pdf', %7, %8);"_s.arg(
+               QString::number(id), names, oneOf({u"0"_s, u"1"_s, u"NULL"_s}),
+               oneOf({u"NULL"_s, u"1"_s, u"2"_s, u"3"_s, u"9"_s}), oneOf({u"0"_s, u"1"_s}), owner,
+               oneOf({u"NULL, '9/11/2001'"_s, u"'The Office', NULL"_s, u"'', 'Spring 1906'"_s}), status());
 }
 
 QString OddRows::day()
 {
-    return upTo(9) == 0 ? u"NULL"_s : u"'2001-09-%1'"_s.arg(8 + upTo(4), 2, 10, QChar(u'0'));
+    const QString september = u"'2001-09-%1'"_s.arg(8 + upTo(4), 2, 10, QChar(u'0'));
+    return upTo(4) == 0 ? oneOf({u"NULL"_s, u"'1600-01-01'"_s, u"'2001-08-15'"_s, u"'9999-12-31'"_s})
+                        : september;
 }
+
 QString OddRows::time()
 {
     return oneOf({u"NULL"_s, u"'00:00'"_s, u"'00:00:30'"_s, u"'09:30'"_s, u"'09:30:59'"_s, u"'10:00'"_s,
@@ -161,7 +165,7 @@ QString OddRows::linked(const QString& table)
     for (int link = 0; link < 3 * most; ++link) {
         const QString row = u"INSERT INTO %1 VALUES (%2, %3);"_s.arg(
             table, QString::number(1 + upTo(most)),
-            toLookup ? oneOf({u"0"_s, u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"23"_s, u"NULL"_s})
+            toLookup ? oneOf({u"0"_s, u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"23"_s, u"NULL"_s})
                      : QString::number(1 + upTo(most)));
         rows += upTo(4) == 0 ? row + row : row;
     }

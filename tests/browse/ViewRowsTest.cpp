@@ -380,6 +380,11 @@ TEST_P(ViewRows, InAWindowOfTimeAndOnTheMap)
     for (int draw = 0; draw < 40; ++draw) {
         const auto [view, condition] =
             draw % 2 == 0 ? std::pair(m_queries.events, QString()) : keywordSearch(ViewKind::Events);
+        if (draw == 30) {
+            // a database from before that index gives the same, only later
+            m_database.session().close();
+            m_database.run("DROP INDEX EventByLength");
+        }
         const Moment from = at("2001-09-07") + upTo(5) * minutesOfDay + (upTo(2) == 0 ? 0 : 570);
         const Moment to = from + upTo(3) * 750;
         SQLObject window = *view;
