@@ -94,6 +94,8 @@ TEST_F(RelatedViewsTest, ShowsWhatIsLinkedOrOffersToAddIt)
             << show(each.command, 4);
     }
     EXPECT_EQ(show(DocumentEvents, 4), std::string(noEvents) + "4 N");
+    EXPECT_EQ(follow(DocumentEvents, 2, QStringLiteral("Say \"no\" & 'yes'")).view->Caption,
+              QStringLiteral("View Only Events for Document \"Say \"no\" & 'yes'\""));
     EXPECT_EQ(show(OrganizationEvents, 4),
               "No Events exist for this Organization. Would you like to add one? > 1 ORGANIZATION 4 N");
 }
@@ -109,32 +111,6 @@ TEST_F(RelatedViewsTest, ASourceThatIsReservedOrDeletedShowsAnEmptyList)
     EXPECT_EQ(show(command, 3), caption) << "a deleted organization";
     EXPECT_EQ(show(command, 4), question) << "no organization at all";
     EXPECT_EQ(show(command, 77), question) << "a document that is gone meanwhile";
-}
-
-TEST_F(RelatedViewsTest, AsksByTheStandardClausesAndTheCondition)
-{
-    const auto where = [&](RelatedCommand command) {
-        return follow(command, 2).view->SQL->WhereClause.toStdString();
-    };
-    const std::string documents = queries.documents->WhereClause.toStdString();
-    const std::string events = queries.events->WhereClause.toStdString();
-    const std::string organizations = queries.organizations->WhereClause.toStdString();
-    EXPECT_EQ(where(RelatedCommand::DocumentEvents), events + " AND DocumentID = 2");
-    EXPECT_EQ(where(RelatedCommand::DocumentOrganization),
-              organizations + " AND Organization.OrganizationID = 2");
-    EXPECT_EQ(where(RelatedCommand::EventDocuments),
-              documents + " AND DocumentID IN (SELECT DISTINCT Document.DocumentID FROM Document, "
-                          "DocumentEvents WHERE Document.DocumentID = DocumentEvents.DocumentID AND "
-                          "Document.DocumentID > 1 AND dStatus <> 'DELETED' AND EventID = 2)");
-    EXPECT_EQ(where(RelatedCommand::EventOrganizations),
-              organizations +
-                  " AND OrganizationID IN (SELECT DISTINCT Organization.OrganizationID FROM Organization, "
-                  "OrganizationEvents WHERE Organization.OrganizationID = OrganizationEvents.OrganizationID "
-                  "AND Organization.OrganizationID > 1 AND Status <> 'DELETED' AND EventID = 2)");
-    EXPECT_EQ(where(RelatedCommand::OrganizationDocuments), documents + " AND Document.OrganizationID = 2");
-    EXPECT_EQ(where(RelatedCommand::OrganizationEvents), events + " AND Organization.OrganizationID = 2");
-    EXPECT_EQ(follow(RelatedCommand::DocumentEvents, 2, QStringLiteral("Say \"no\" & 'yes'")).view->Caption,
-              QStringLiteral("View Only Events for Document \"Say \"no\" & 'yes'\""));
 }
 
 TEST_F(RelatedViewsTest, AQueryThatFailsIsAnError)

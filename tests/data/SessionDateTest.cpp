@@ -1,4 +1,3 @@
-#include "data/StandardQueries.h"
 #include "data/StatementRows.h"
 #include "support/TestDatabase.h"
 
@@ -9,22 +8,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct Moment
-{
-    QString date;
-    QString time;
-};
-
-/// The condition that takes the events which touch a window of time, as the timeline builds it.
-QString windowCondition(const Moment& from, const Moment& to)
-{
-    return u" AND ((((StartDate > #%1#) OR (StartDate = #%1# AND StartTime >= #%2#)) AND ((StartDate < "
-           "#%3#) OR (StartDate = #%3# AND StartTime <= #%4#))) OR (((StartDate < #%1#) OR (StartDate = "
-           "#%1# AND StartTime < #%2#)) AND ((EndDate > #%1#) OR (EndDate = #%1# AND EndTime > #%2#)))) "
-           "ORDER BY StartDate, StartTime, EndDate, EndTime, EventName"_s.arg(from.date, from.time, to.date,
-                                                                              to.time);
-}
 
 class SessionDates : public testing::Test
 {
@@ -49,37 +32,6 @@ protected:
 
     TestDatabase m_database;
 };
-
-TEST_F(SessionDates, TheTimeWindowTakesWhatTouchesIt)
-{
-    m_database.run(statementRows);
-    const StandardQueries standard;
-    struct Window
-    {
-        Moment from;
-        Moment to;
-        QString events;
-    };
-    const QString day = u"09/11/2001"_s;
-    const std::vector<Window> windows{
-        {{day, u"10:00"_s}, {day, u"10:29"_s}, u"3"_s},     // one that ends as the window begins is out
-        {{day, u"08:00"_s}, {day, u"09:00"_s}, u"3 9 2"_s}, // one that starts as it ends is in
-        {{day, u"09:30"_s}, {day, u"09:40"_s}, u"3 9 2"_s}, // around the window
-        {{day, u"10:30"_s}, {day, u"10:30"_s}, u"3 4"_s},   // seconds do not count
-        {{day, u"11:00"_s}, {day, u"12:00"_s}, u"3"_s},
-        {{u"09/12/2001"_s, u"01:00"_s}, {u"11/30/2001"_s, u"23:59"_s}, u"6"_s}, // without a time at midnight
-        {{u"11/29/2001"_s, u"00:00"_s}, {u"12/01/2001"_s, u"00:00"_s}, u"6"_s},
-        {{u"02/29/2000"_s, u"00:00"_s}, {u"02/29/2000"_s, u"00:00"_s}, u"7"_s},
-        {{u"01/01/1600"_s, u"00:00"_s}, {u"12/31/9999"_s, u"23:59"_s}, u"7 3 9 2 4 6"_s},
-    };
-    const QString list = standard.events->SelectClause + u' ' + standard.events->FromClause + u' ' +
-                         standard.events->WhereClause;
-    for (const Window& window : windows) {
-        EXPECT_EQ(firstColumnOf(m_database.session(), list + windowCondition(window.from, window.to)),
-                  window.events)
-            << window.from.time.toStdString() << " to " << window.to.time.toStdString();
-    }
-}
 
 TEST_F(SessionDates, LimitsOfTheTimeline)
 {

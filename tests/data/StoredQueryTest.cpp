@@ -9,7 +9,6 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
-#include <random>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -156,81 +155,6 @@ TEST_F(StoredQueries, ColumnsAreFoundByTheTableTheyComeFrom)
               u"3"_s);
     EXPECT_EQ(errorNumberOf([&] { session.read(u"SELECT Venue.VenueID FROM Q_Document"_s); }), 1);
     EXPECT_EQ(errorNumberOf([&] { session.read(u"SELECT Event.FunctionID FROM Q_Event"_s); }), 1);
-}
-
-/// Links at random, repeated ones among them, so that every join multiplies rows.
-QString randomLinks()
-{
-    std::mt19937 random(1906);
-    const auto below = [&random](int limit) {
-        return static_cast<int>(random() % static_cast<unsigned>(limit));
-    };
-    QString sql = u"BEGIN;"_s;
-    for (int id = 20; id < 60; ++id) {
-        sql += u"INSERT INTO Document (DocumentID, DocumentName, OrganizationID, FileTypeID, dStatus) "
-               "VALUES (%1, 'd%2', %3, %4, '%5');"_s.arg(id)
-                   .arg(id % 7)
-                   .arg(below(9))
-                   .arg(below(5))
-                   .arg(below(4) == 0 ? u"DELETED"_s : u"ACTIVE"_s);
-        sql += u"INSERT INTO Event (EventID, EventName, Status) VALUES (%1, 'e', 'ACTIVE');"_s.arg(id);
-        for (int link = below(6); link > 0; --link) {
-            sql += u"INSERT INTO DocumentTypes VALUES (%1, %2);"_s.arg(id).arg(1 + below(4));
-            sql += u"INSERT INTO DocumentVenues VALUES (%1, %2);"_s.arg(id).arg(2 + below(2));
-            sql += u"INSERT INTO EventVenues VALUES (%1, %2);"_s.arg(id).arg(2 + below(2));
-            sql += u"INSERT INTO EventFunctions VALUES (%1, %2);"_s.arg(id).arg(1 + below(4));
-            sql += u"INSERT INTO OrganizationEvents VALUES (%1, %2);"_s.arg(1 + below(8)).arg(id);
-            sql += u"INSERT INTO DocumentEvents VALUES (%1, %2);"_s.arg(20 + below(40)).arg(id);
-        }
-    }
-    return sql + u"COMMIT"_s;
-}
-
-TEST_F(StoredQueries, JoinsChangeNoCount)
-{
-    m_database.run(randomLinks().toUtf8().constData());
-    const auto sortedRows = [this](const QString& statement) {
-        QStringList lines = rowsOf(m_database.session(), statement).split(u'\n', Qt::SkipEmptyParts);
-        lines.sort();
-        return lines;
-    };
-    const auto expectSame = [&, this](const QString& statement, const QString& independent) {
-        QStringList expected = engineRows(independent);
-        expected.sort();
-        EXPECT_FALSE(expected.isEmpty()) << independent.toStdString();
-        EXPECT_EQ(sortedRows(statement), expected) << statement.toStdString();
-    };
-    const QString chart =
-        u"SELECT DocumentTypeID, DocumentTypeName, count(Document.DocumentID) as Docs FROM Q_Document WHERE "
-        "dStatus <> 'DELETED' AND Document.DocumentID > 1%1 AND DocumentTypeID > 0 GROUP BY "
-        "DocumentTypeID, DocumentTypeName"_s;
-    const QString counted =
-        u"SELECT t.DocumentTypeID, t.DocumentTypeName, (SELECT count(*) FROM Document AS d WHERE "
-        "upper(d.dStatus) <> 'DELETED' AND d.DocumentID > 1%1 AND EXISTS (SELECT 1 FROM DocumentTypes AS l "
-        "WHERE l.DocumentID = d.DocumentID AND l.DocumentTypeID = t.DocumentTypeID)) AS n FROM "
-        "DocumentType AS t WHERE n > 0"_s;
-    const QString hasVenue =
-        u" AND EXISTS (SELECT 1 FROM DocumentVenues AS v WHERE v.DocumentID = d.DocumentID AND v.VenueID IN "
-        "(2,3))"_s;
-    expectSame(chart.arg(QString()), counted.arg(QString()));
-    expectSame(chart.arg(u" AND VenueID IN (2,3) "_s), counted.arg(hasVenue));
-    expectSame(chart.arg(u" AND FileTypeID IN (1,2) "_s), counted.arg(u" AND d.FileTypeID IN (1,2)"_s));
-
-    const QString documents =
-        u"SELECT DISTINCT Document.DocumentID FROM Q_Document WHERE dStatus <> 'DELETED' AND "
-        "Document.DocumentID > 1"_s;
-    const QString plain =
-        u"SELECT DocumentID FROM Document AS d WHERE upper(dStatus) <> 'DELETED' AND DocumentID > 1"_s;
-    expectSame(documents, plain);
-    expectSame(documents + u" AND VenueID IN (2,3)"_s, plain + hasVenue);
-    expectSame(u"SELECT DISTINCT EventID FROM Q_Event WHERE Event.Status <> 'DELETED' AND Event.EventID > 1 "
-               "AND VenueID IN (2)  AND EventFunctions.FunctionID IN (2,3)  AND "
-               "Organization.OrganizationID IN (2,5) "_s,
-               u"SELECT EventID FROM Event AS e WHERE upper(Status) <> 'DELETED' AND EventID > 1 AND EXISTS "
-               "(SELECT 1 FROM EventVenues AS l WHERE l.EventID = e.EventID AND VenueID = 2) AND EXISTS "
-               "(SELECT 1 FROM EventFunctions AS l WHERE l.EventID = e.EventID AND FunctionID IN (2,3)) "
-               "AND EXISTS (SELECT 1 FROM OrganizationEvents AS l WHERE l.EventID = e.EventID AND "
-               "OrganizationID IN (2,5))"_s);
 }
 
 TEST_F(StoredQueries, AViewOfAnotherShapeIsAnErrorAtOpening)

@@ -11,8 +11,6 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
-#include <array>
-#include <random>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -119,53 +117,6 @@ TEST_F(Query, TakesWhatStartsInTheWindowOrRunsAtItsBeginning)
         EXPECT_EQ(inWindow(entry.from, entry.to), entry.events) << entry.from;
     EXPECT_EQ(found(TimeWindowQuery::before(*m_view, at("2001-09-11 09:30"))), "2 5 3 6 8");
     EXPECT_EQ(found(TimeWindowQuery::after(*m_view, at("2001-09-11 09:00"))), "7 4");
-}
-
-/// Many events of every length against what the definition says of each.
-TEST_F(Query, AgreesWithItsDefinition)
-{
-    std::mt19937 random(7);
-    const auto upTo = [&random](int most) { return std::uniform_int_distribution(0, most)(random); };
-    constexpr std::array<Minutes, 8> lengths{0, 30, 600, 1440, 14400, 150000, 1500000, 5300000};
-    std::vector<Row> rows;
-    for (int i = 2; i < 402; ++i) {
-        const Moment start = at("1900-01-01") + upTo(400) * minutesOfDay / 2 + upTo(3) * 60;
-        const Moment end = start + lengths[static_cast<std::size_t>(upTo(7))] - (upTo(9) == 0 ? 3000 : 0);
-        const auto date = [](Moment moment) { return dayOf(moment).toString(Qt::ISODate).toStdString(); };
-        const auto time = [&](Moment moment) { return upTo(4) == 0 ? "" : timeText(moment).toStdString(); };
-        rows.push_back(
-            {i, upTo(20) == 0 ? "" : date(start), time(start), upTo(20) == 0 ? "" : date(end), time(end)});
-    }
-    add(rows);
-    const auto expected = [&rows](Moment from, Moment to) {
-        QStringList identifiers;
-        for (const Row& row : rows) {
-            const auto start = momentOfHeld(row.startDate, row.startTime);
-            const auto end = momentOfHeld(row.endDate, row.endTime);
-            if (!start) continue;
-            if ((from <= *start && *start <= to) || (*start < from && end && *end > from)) {
-                identifiers << QString::number(row.identifier);
-            }
-        }
-        return identifiers;
-    };
-    const auto compareWindows = [&] {
-        for (Moment from = at("1899-12-31"); from < at("1912-01-01"); from += 12011) {
-            const Moment to = from + 1500;
-            QStringList found =
-                firstColumnOf(m_database.session(), TimeWindowQuery::inWindow(*m_view, from, to))
-                    .split(u' ', Qt::SkipEmptyParts);
-            QStringList wanted = expected(from, to);
-            found.sort();
-            wanted.sort();
-            ASSERT_EQ(found, wanted) << dateTimeText(from).toStdString();
-        }
-    };
-    compareWindows();
-    // a database from before that index gives the same, only later
-    m_database.session().close();
-    m_database.run("DROP INDEX EventByLength");
-    compareWindows();
 }
 
 TEST_F(Query, IsServedByIndexesWithoutASearchThroughAllEvents)

@@ -273,6 +273,8 @@ TEST_F(Handlers, WithoutAViewOfEventsNothingIsRead)
     m_state.session.close();
     m_timeline.mainLoad();
     EXPECT_EQ(now(), "06/15/2005 00:00");
+    m_timeline.NavEnd();
+    EXPECT_EQ(now(), "06/16/2005 11:40") << "a day from now";
 }
 
 } // namespace
