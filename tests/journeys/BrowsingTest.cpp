@@ -105,6 +105,31 @@ TEST(Browsing, ListsBeginWithTheirColumnsInOrderAndWidth)
     }
 }
 
+TEST(Browsing, AKeyRecordHasItsSignInTheMiddleOfItsColumn)
+{
+    Journey journey;
+    addRecords(journey.database);
+    journey.database.run("UPDATE Document SET KeyDocument = DocumentID = 2");
+    journey.start();
+    journey.trigger("mnuViewDocuments");
+    journey.list().setColumnWidth(0, 100);
+    const QImage list = journey.list().viewport()->grab().toImage();
+    const auto marked = [&](int row) {
+        const QRect cell = journey.list().visualRect(journey.list().model()->index(row, 1));
+        QRegion ink;
+        for (int y = cell.top(); y <= cell.bottom(); ++y) {
+            for (int x = cell.left(); x <= cell.right(); ++x) {
+                if (list.pixelColor(x, y) != list.pixelColor(cell.topLeft())) ink += QRect(x, y, 1, 1);
+            }
+        }
+        return ink.boundingRect().translated(-cell.topLeft());
+    };
+    const QRect sign = marked(1);
+    EXPECT_NEAR(sign.center().x(), 10, 1) << "without the text beside it that it is sorted by";
+    EXPECT_GT(sign.width(), 8);
+    EXPECT_TRUE(marked(0).isEmpty());
+}
+
 TEST(Browsing, AViewShownAgainShowsTheDataAsTheyAreNow)
 {
     Journey journey;
