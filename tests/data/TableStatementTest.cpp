@@ -139,37 +139,6 @@ TEST_F(TableStatement, ANameIsLookedUpBetweenDoubleQuotes)
     EXPECT_EQ(errorNumberOf([&] { found(documents(u"say \"fire\" plan"_s)); }), 1);
 }
 
-TEST_F(TableStatement, RelatedRecordsAreLookedForFirst)
-{
-    expectRows({
-        {u"SELECT DISTINCT Event.EventID FROM Event, DocumentEvents WHERE Event.EventID = "
-         "DocumentEvents.EventID AND Event.EventID > 1 AND Status <> 'DELETED' AND DocumentID = 2"_s,
-         u"2\n3"_s},
-        {u"SELECT DISTINCT Event.EventID FROM Event, DocumentEvents WHERE Event.EventID = "
-         "DocumentEvents.EventID AND Event.EventID > 1 AND Status <> 'DELETED' AND DocumentID = 4"_s,
-         u""_s},
-        {u"SELECT OrganizationID FROM Document WHERE DocumentID = 3"_s, u"3"_s},
-        {u"SELECT OrganizationID FROM Document WHERE DocumentID = 7"_s, u"NULL"_s},
-        {u"SELECT DISTINCT Document.DocumentID FROM Document, DocumentEvents WHERE Document.DocumentID = "
-         "DocumentEvents.DocumentID AND Document.DocumentID > 1 AND dStatus <> 'DELETED' AND EventID = 2"_s,
-         u"2\n3"_s},
-        {u"SELECT DISTINCT Organization.OrganizationID FROM Organization, OrganizationEvents WHERE "
-         "Organization.OrganizationID = OrganizationEvents.OrganizationID AND Organization.OrganizationID "
-         "> 1 AND Status <> 'DELETED' AND EventID = 2"_s,
-         u"2\n3"_s},
-        {u"SELECT count(DocumentID) as dCount FROM Document WHERE DocumentID > 1 AND dStatus <> 'DELETED' "
-         "AND OrganizationID = 2"_s,
-         u"1"_s},
-        {u"SELECT count(DocumentID) as dCount FROM Document WHERE DocumentID > 1 AND dStatus <> 'DELETED' "
-         "AND OrganizationID = 4"_s,
-         u"0"_s},
-        {u"SELECT DISTINCT Event.EventID FROM Event, OrganizationEvents WHERE Event.EventID = "
-         "OrganizationEvents.EventID "
-         "AND Event.EventID > 1 AND Status <> 'DELETED' AND OrganizationID = 2"_s,
-         u"2\n3"_s},
-    });
-}
-
 TEST_F(TableStatement, LinkedRecordsOfAnEditor)
 {
     expectRows({

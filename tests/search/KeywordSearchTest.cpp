@@ -143,22 +143,10 @@ TEST_F(KeywordSearchOnFile, FindsAllWordsInOneColumn)
         QString found;
     } cases[] = {
         // 3 has one word in its name and the other in its description
-        {ViewKind::Documents, u"fire plan"_s, u"2 4 7"_s},
-        {ViewKind::Documents, u"PLAN fire"_s, u"2 4 7"_s},
-        {ViewKind::Documents, u"plan"_s, u"2 3 4 7"_s},
-        {ViewKind::Documents, u"é"_s, u"6"_s},
-        {ViewKind::Documents, u"École _x_"_s, u"6"_s},
-        {ViewKind::Documents, u"fire_plan"_s, u"2"_s},
-        {ViewKind::Documents, u"f%p"_s, u"2 7"_s},
-        {ViewKind::Documents, u"50% O"_s, u"6"_s},
-        {ViewKind::Documents, u" fire"_s, u"3 4"_s},
+        {ViewKind::Documents, u"fire plan"_s, u"2 4 7"_s}, {ViewKind::Documents, u"École _x_"_s, u"6"_s},
+        {ViewKind::Documents, u"fire_plan"_s, u"2"_s},     {ViewKind::Documents, u"f%p"_s, u"2 7"_s},
+        {ViewKind::Documents, u"50% O"_s, u"6"_s},         {ViewKind::Documents, u" fire"_s, u"3 4"_s},
         {ViewKind::Documents, u"  fire"_s, u"2 3 4"_s},
-        {ViewKind::Documents, u"xylophone"_s, u""_s},
-        {ViewKind::Events, u"fire plan"_s, u"3"_s},
-        {ViewKind::Events, u"ПОЖАР"_s, u"4"_s},
-        {ViewKind::Organizations, u"fire plan"_s, u"3"_s},
-        {ViewKind::Organizations, u"éCOLE"_s, u"2"_s},
-        {ViewKind::Organizations, u"ecole"_s, u""_s},
     };
     for (const auto& [kind, text, expected] : cases)
         EXPECT_EQ(found(kind, text), expected) << text.toStdString();
