@@ -13,14 +13,16 @@
 
 namespace {
 
-bool hasColour(const QImage& image, const QColor& colour)
+/// What stands out from the ground in a part of a picture, whose corner is ground.
+QRect inked(const QImage& image, const QRect& place)
 {
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) == colour) return true;
+    QRegion ink;
+    for (int y = place.top(); y <= place.bottom(); ++y) {
+        for (int x = place.left(); x <= place.right(); ++x) {
+            if (image.pixelColor(x, y) != image.pixelColor(place.bottomLeft())) ink += QRect(x, y, 1, 1);
         }
     }
-    return false;
+    return ink.boundingRect();
 }
 
 class ChartJourney : public testing::Test
@@ -164,7 +166,9 @@ TEST_F(ChartJourney, BarsNumbersNamesAndTheAxisTellTheCounts)
     journey.database.run("INSERT INTO DocumentType VALUES (4, 'Laws'); "
                          "INSERT INTO DocumentTypes (DocumentID, DocumentTypeID) VALUES (2, 4), (3, 4)");
     show();
+    journey.program->window()->resize(1200, 800);
     journey.list().setFocus();
+    QTest::qWait(0);
     const QPalette colours = chart().palette();
     const QImage image = chart().grab().toImage();
     const std::vector<QRect> bars = drawnBars(image, colours.color(QPalette::Highlight));
@@ -199,11 +203,16 @@ TEST_F(ChartJourney, BarsNumbersNamesAndTheAxisTellTheCounts)
     axis.sort();
     EXPECT_EQ(axis.join(u' ').toStdString(), "0 1 2 3 4");
 
-    // each name stands below its bar
-    for (const QRect& bar : bars) {
-        const QImage below =
-            image.copy(bar.left(), bar.bottom() + 8, bar.width(), image.height() - bar.bottom() - 10);
-        EXPECT_TRUE(hasColour(below, colours.color(QPalette::Text))) << bar.left();
+    // each name stands below its bar, written along it or upwards
+    const int slot = bars[1].center().x() - bars[0].center().x();
+    const char* const names[] = {"After-Action Report", "Maps & Charts", "Laws"};
+    for (std::size_t i = 0; i < bars.size(); ++i) {
+        const QRect below(bars[i].center().x() - slot / 2, bars[i].bottom() + 6, slot,
+                          image.height() - bars[i].bottom() - 6);
+        const QRect ink = inked(image, below);
+        const int length = chart().fontMetrics().horizontalAdvance(QString::fromUtf8(names[i]));
+        EXPECT_NEAR(std::max(ink.width(), ink.height()), length, 4) << names[i];
+        EXPECT_NEAR(ink.center().x(), bars[i].center().x(), 4) << names[i];
     }
     chart().setCurrentBar(1);
     const QImage marked = chart().grab().toImage();
