@@ -24,7 +24,59 @@ const std::vector<OddRows::Word>& words()
     return all;
 }
 
+const QString documentRows =
+    u"SELECT f.NameBase || char(1) || f.Name, d.DocumentID, d.DocumentName, d.KeyDocument, "
+    "ifnull(d.FileTypeID, 1), d.ReleaseForm, (SELECT FileTypeName FROM FileTypes AS t WHERE t.FileTypeID = "
+    "ifnull(d.FileTypeID, 1)), d.OrganizationID, (SELECT OrganizationName FROM Organization AS s WHERE "
+    "s.OrganizationID = ifnull(d.OrganizationID, 1)), d.FileLocation, d.Author, d.DocumentDate "
+    "FROM Document AS d JOIN Folded AS f ON f.Kind = 0 AND f.ID = d.DocumentID "
+    "WHERE d.DocumentID > 1 AND upper(d.dStatus) <> 'DELETED'"_s;
+
+const QString eventRows =
+    u"SELECT ifnull(e.StartDate, '') || ' ' || ifnull(substr(e.StartTime, 1, 5), '') || ' ' || "
+    "ifnull(e.EndDate, '') || ' ' || ifnull(substr(e.EndTime, 1, 5), '') || char(1) || f.NameBase || char(1) "
+    "|| f.Name, "
+    "e.EventID, e.EventName, e.KeyEvent, strftime('%m/%d/%Y', e.StartDate), substr(e.StartTime, 1, 5), "
+    "strftime('%m/%d/%Y', e.EndDate), substr(e.EndTime, 1, 5) "
+    "FROM Event AS e JOIN Folded AS f ON f.Kind = 1 AND f.ID = e.EventID "
+    "WHERE e.EventID > 1 AND upper(e.Status) <> 'DELETED'"_s;
+
+QString organizationRows()
+{
+    return u"SELECT f.NameBase || char(1) || f.Name, o.OrganizationID, o.OrganizationName, "
+           "ifnull(o.OrganizationTypeID, 1), (SELECT OrganizationTypeName FROM OrganizationTypes AS t WHERE "
+           "t.OrganizationTypeID = ifnull(o.OrganizationTypeID, 1)), o.OrganizationSubTypeID, (SELECT "
+           "OrganizationSubTypeName FROM OrganizationSubTypes AS t WHERE t.OrganizationSubTypeID = "
+           "ifnull(o.OrganizationSubTypeID, 1)), o.FunctionID, (SELECT FunctionName FROM Function AS t WHERE "
+           "t.FunctionID = ifnull(o.FunctionID, 1)), o.City, o.State, "_s +
+           position(u"Lat"_s) + u", "_s + position(u"Lon"_s) + visibleOrganizations();
+}
+
 } // namespace
+
+QString rowsByHand(ViewKind kind)
+{
+    return kind == ViewKind::Documents ? documentRows
+           : kind == ViewKind::Events  ? eventRows
+                                       : organizationRows();
+}
+
+QString ofCity(const QString& column)
+{
+    return u"(SELECT c.%1 FROM CityLocations AS c WHERE lower(trim(c.City)) = lower(trim(o.City)) AND "
+           "lower(trim(c.State)) = lower(trim(o.State)) ORDER BY c.LocationID LIMIT 1)"_s.arg(column);
+}
+
+QString position(const QString& column)
+{
+    return u"CASE WHEN o.Lat IS NULL OR o.Lon IS NULL THEN %1 ELSE o.%2 END"_s.arg(ofCity(column), column);
+}
+
+QString visibleOrganizations()
+{
+    return u" FROM Organization AS o JOIN Folded AS f ON f.Kind = 2 AND f.ID = o.OrganizationID "
+           "WHERE o.OrganizationID > 1 AND upper(o.Status) <> 'DELETED'"_s;
+}
 
 void OddRows::addTo(const TestDatabase& database)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "browse/clsView.h"
 #include "support/TestDatabase.h"
 
 #include <QStringList>
@@ -55,3 +56,17 @@ private:
 
     std::mt19937 m_random;
 };
+
+/// The statement of the plain engine for all rows of the list of a kind, without an order and open for
+/// further conditions on `d`, `e` or `o`, the record, and on `f`, its folded texts. The first column is what
+/// the list sorts by, the others are those of the list.
+QString rowsByHand(ViewKind kind);
+
+/// A column of the known city of an organization `o`: of several cities, that with the smallest number.
+QString ofCity(const QString& column);
+
+/// `Lat` or `Lon` of an organization `o`: its own if it has both, else that of its city.
+QString position(const QString& column);
+
+/// From and where clauses for the organizations that lists show.
+QString visibleOrganizations();
