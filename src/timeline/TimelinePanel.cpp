@@ -199,6 +199,16 @@ void TimelinePanel::scrollLanes(int lanes)
     if (m_timeline.scroll().isShown) m_scrollBar->setValue(m_scrollBar->value() + lanes);
 }
 
+void TimelinePanel::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::FontChange || m_picture == nullptr) return;
+    // captions and labels are as wide as they are in the font that was measured
+    m_picture->chooseFont();
+    m_timeline.resize(m_picture->width(), m_picture->height());
+    showAll();
+}
+
 void TimelinePanel::keyPressEvent(QKeyEvent* event)
 {
     const bool jumps = event->modifiers().testFlag(Qt::ControlModifier);

@@ -50,6 +50,7 @@ Q_SIGNALS:
     void eventMenuRequested(const QPoint& position);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 

@@ -58,7 +58,6 @@ QSize TimelinePicture::minimumSizeHint() const
     return {TimelineScale::stepWidth / 2, TimelineLanes::laneHeight * fewestLanes};
 }
 
-/// The font of the window, as far as a lane has room for it.
 void TimelinePicture::chooseFont()
 {
     QFont font = parentWidget()->font();
@@ -204,7 +203,7 @@ bool TimelinePicture::event(QEvent* event)
 void TimelinePicture::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ParentChange || event->type() == QEvent::ApplicationFontChange) chooseFont();
+    if (event->type() == QEvent::ParentChange) chooseFont();
 }
 
 void TimelinePicture::focusInEvent(QFocusEvent* event)

@@ -23,6 +23,9 @@ public:
     /// Shows the lanes as they are now.
     void showLanes();
 
+    /// Takes the font of the window, as far as a lane has room for it.
+    void chooseFont();
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -49,7 +52,6 @@ private:
     /// The lane whose bar or marker is at a point; null where there is none.
     [[nodiscard]] const Lane* drawnAt(const QPointF& point) const;
 
-    void chooseFont();
     void paintGrid(QPainter& painter) const;
     void paintLanes(QPainter& painter) const;
 

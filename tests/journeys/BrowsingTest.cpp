@@ -93,7 +93,13 @@ TEST(Browsing, ListsBeginWithTheirColumnsInOrderAndWidth)
         QStringList found;
         for (int place = 0; place < header.count(); ++place) {
             const int column = header.logicalIndex(place);
-            const QString title = journey.list().model()->headerData(column, Qt::Horizontal).toString();
+            const QAbstractItemModel& model = *journey.list().model();
+            const QString title = model.headerData(column, Qt::Horizontal).toString();
+            // the column of key marks says so by its picture
+            const bool isPictured = !model.headerData(column, Qt::Horizontal, Qt::DecorationRole).isNull();
+            EXPECT_EQ(isPictured, title.isEmpty()) << columns << column;
+            EXPECT_EQ(model.headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString(),
+                      isPictured ? QStringLiteral("Key records") : QString());
             // the last one takes what is left of the window
             const bool isLast = place == header.count() - 1;
             const int width =

@@ -220,6 +220,16 @@ TEST_F(MapJourney, ToolsKeysAndWheelZoomAndMove)
     EXPECT_NEAR((before.x() - map().extent().centre().x()) / map().extent().scale(), 50, 1e-6);
     EXPECT_EQ(selected(), "") << "a drag chooses nothing";
 
+    for (const auto& [key, way] : {std::pair(Qt::Key_Left, QPointF(-1, 0)),
+                                   {Qt::Key_Right, QPointF(1, 0)},
+                                   {Qt::Key_Up, QPointF(0, -1)},
+                                   {Qt::Key_Down, QPointF(0, 1)}}) {
+        const QPointF there =
+            map().extent().toPlane(middle + QPointF(way.x() * map().width(), way.y() * map().height()) / 8);
+        QTest::keyClick(&map(), key);
+        EXPECT_LT((map().extent().toScreen(there) - middle).manhattanLength(), 1) << key;
+    }
+
     journey.trigger("mapFullExtent");
     const QRectF screen(map().rect());
     EXPECT_TRUE(screen.contains(map().extent().toScreen(MapProjection::toPlane(173, 52.5))))

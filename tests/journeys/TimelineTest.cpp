@@ -2,6 +2,7 @@
 #include "timeline/EventLabel.h"
 #include "timeline/EventMarker.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QScrollBar>
 #include <QSplitter>
@@ -210,6 +211,22 @@ TEST_F(Timelines, ThePoolGrowsWithThePictureAndNeverWhileDrawing)
     ASSERT_GT(lanes, 26) << "more than the pool holds at first";
     EXPECT_NO_THROW(label(lanes - 1));
     EXPECT_EQ(shown(), "Flood & <b>Fire</b> -->|Quake|Levee breaks");
+}
+
+TEST_F(Timelines, LanesHoldTheirCaptionsInALargeFont)
+{
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPixelSize(40);
+    QApplication::setFont(large);
+    QTest::qWait(0);
+    EXPECT_LT(picture().fontMetrics().height(), 17);
+    EXPECT_GT(picture().fontMetrics().height(), 12) << "as large as a lane allows";
+    EXPECT_EQ(label(1).width(), picture().fontMetrics().horizontalAdvance(label(1).text()) + 1);
+    EXPECT_GT(journey.find<QLabel>("uZoomLabel").fontMetrics().height(), 30);
+    QApplication::setFont(before);
+    QTest::qWait(0);
+    EXPECT_EQ(picture().font(), journey.program->window()->font());
 }
 
 TEST_F(Timelines, AFailureIsReportedOnceByTheList)
