@@ -440,6 +440,16 @@ TEST_F(MapJourney, PlacesAreItemsForAssistiveTools)
     EXPECT_EQ(place->parent(), list);
     EXPECT_EQ(list->indexOfChild(place), item);
     EXPECT_EQ(list->childAt(place->rect().center().x(), place->rect().center().y()), place);
+    journey.database.run(
+        "WITH RECURSIVE n(i) AS (VALUES (50) UNION ALL SELECT i + 1 FROM n WHERE i < 62) INSERT INTO "
+        "Organization (OrganizationID, OrganizationName, FunctionID, City, State, Status) "
+        "SELECT i, 'Org ' || i, 4, 'Reno', 'NV', 'ACTIVE' FROM n");
+    journey.trigger("mnuViewRefresh");
+    const QString reno = map().describe(entry("Reno, NV: Law"));
+    EXPECT_TRUE(reno.startsWith(QStringLiteral("<b>Reno, NV</b><br>Epsilon<br>Org 50<br>")))
+        << reno.toStdString();
+    EXPECT_TRUE(reno.endsWith(QStringLiteral("<br>Org 60<br>and 2 more"))) << reno.toStdString();
+
     journey.database.run("UPDATE Organization SET Status = 'DELETED'");
     journey.trigger("mnuViewRefresh");
     EXPECT_FALSE(place->isValid());

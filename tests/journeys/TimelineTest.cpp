@@ -180,6 +180,7 @@ TEST_F(Timelines, AnEmptyWindowLeadsToTheNearestEvents)
     QTest::keyClick(&picture(), Qt::Key_End);
     EXPECT_EQ(shown(), "");
     EXPECT_FALSE(journey.find<QToolButton>("lnkAfter").isVisible());
+    EXPECT_EQ(journey.find<QLabel>("lblEmptyWindow").text(), u"No events in this window."_s);
     EXPECT_EQ(journey.find<QToolButton>("lnkBefore").accessibleName(), u"Before: 01/01/1930 00:00  Storm"_s);
     click("lnkBefore");
     EXPECT_EQ(now(), "01/01/1930 00:00");
