@@ -161,6 +161,31 @@ TEST_F(Buttons, EachDoesWhatItSays)
     }
 }
 
+TEST_F(Buttons, TheMenusHoldEveryCommand)
+{
+    const struct
+    {
+        const char* menu;
+        const char* entries;
+    } menus[] = {
+        {"mnuRecord", "Add|Edit…|View…|Delete…|Open|Related Records|Copy"},
+        {"mnuRecordAddNew", "New Document…|New Event…|New Organization…"},
+        {"mnuRecordRelated",
+         "View Events|View Source Organization|View Documents|View Organizations|View Documents|View Events"},
+        {"mnuView", "Documents|Events|Organizations|Graphic to the Right|Graphic Below|Refresh"},
+        {"mnuSearch", "Keyword Search…|Advanced Search…|Show All"},
+        {"mnuNavigate", "Back|Forward|Home|History|Open Database…|Exit"},
+        {"mnuHelp", "Contents|Search for Help On…|About Orvik Database"},
+    };
+    for (const auto& [menu, entries] : menus) {
+        QStringList texts;
+        for (const QAction* entry : journey.find<QMenu>(menu).actions()) {
+            if (!entry->isSeparator()) texts << QString(entry->text()).remove(u'&');
+        }
+        EXPECT_EQ(texts.join(u'|').toStdString(), entries) << menu;
+    }
+}
+
 TEST_F(Buttons, TheHomePageIsWorkedByKeysToo)
 {
     button("Image1(0)").setFocus();

@@ -433,6 +433,7 @@ TEST_F(MapJourney, PlacesAreItemsForAssistiveTools)
     QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&map());
     ASSERT_NE(list, nullptr);
     EXPECT_EQ(list->role(), QAccessible::List);
+    EXPECT_EQ(list->text(QAccessible::Name), QStringLiteral("Map of the organizations"));
     ASSERT_EQ(list->childCount(), 5);
     const auto item = static_cast<int>(entry("Reno, NV: Law"));
     QAccessibleInterface* place = list->child(item);
