@@ -181,6 +181,9 @@ TEST_F(ChartJourney, BarsNumbersNamesAndTheAxisTellTheCounts)
     EXPECT_EQ(bars[0].width(), bars[2].width());
     EXPECT_NEAR(bars[1].center().x() - bars[0].center().x(), bars[2].center().x() - bars[1].center().x(), 1);
 
+    const QRectF plot = chart().chart()->plotArea();
+    EXPECT_NEAR(plot.right() - bars[2].right(), bars[0].left() - plot.left(), 2) << "no slot is empty";
+
     QStringList axis;
     QStringList numbers;
     QString title;
