@@ -374,9 +374,11 @@ TEST(Browsing, StaysReadableWhenTheDesktopTurnsDark)
         return journey.list().viewport()->palette().color(QPalette::Base) == dark.color(QPalette::Base);
     };
     EXPECT_TRUE(QTest::qWaitFor([&] { return isDark() && rowsRead(); }));
+    EXPECT_EQ(QIcon::themeName(), QStringLiteral("breeze-dark")) << "its icons are light";
 
     QApplication::setPalette(before);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !isDark() && rowsRead(); }));
+    EXPECT_EQ(QIcon::themeName(), QStringLiteral("breeze"));
 }
 
 } // namespace

@@ -150,6 +150,9 @@ TEST_F(Buttons, EachDoesWhatItSays)
         }
         EXPECT_EQ(press(name, onTimeline), effect) << name;
         journey.desktop.messages.finish();
+        if (std::string(name) == "Delete") {
+            EXPECT_EQ(journey.list().selectionModel()->selectedRows().size(), 1) << "the row that is left";
+        }
         pressed.insert(name);
     }
     // none is left out

@@ -171,6 +171,14 @@ TEST_F(DrawnTimeline, BarsMarkersAndCaptionsStandAtTheirMomentsInTheirColours)
     EXPECT_EQ(marker(2 * 77, 2), "#ffc828 #000080");
     EXPECT_EQ(marker(3 * 77, 3), "#0000ff #0000ff");
 
+    // what another window shows leaves nothing of this one behind
+    journey.find<QToolButton>("NavJumpForward").click();
+    EXPECT_EQ(bar(0), "1-1153 #000080");
+    EXPECT_EQ(label(0).text(), u"<-- Drought -->"_s);
+    EXPECT_EQ(bar(1), "none");
+    EXPECT_FALSE(label(1).isVisible());
+    expectMarks(imageOf(picture()), 2 * 17 + 8, base, {231, 616, 1001});
+
     const auto corner = [this] { return imageOf(picture()).pixelColor(0, picture().height() - 1); };
     journey.list().setFocus();
     EXPECT_EQ(corner(), base);

@@ -378,7 +378,13 @@ TEST_F(MapJourney, RingsTheChosenPlaceAndTakesAPointerNearIt)
     EXPECT_TRUE(isRinged("Dallas, TX: Law"));
     EXPECT_FALSE(isRinged("Reno, NV: Law"));
 
+    // a hand that shakes a little still clicks
     const QPointF reno = map().positionOf(entry("Reno, NV: Law"));
+    QTest::mousePress(&map(), Qt::LeftButton, {}, reno.toPoint());
+    QTest::mouseMove(&map(), reno.toPoint() + QPoint(2, 1));
+    QTest::mouseRelease(&map(), Qt::LeftButton, {}, reno.toPoint() + QPoint(2, 1));
+    EXPECT_EQ(selected(), "Epsilon");
+
     for (const QPointF way : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0.6, -0.8)}) {
         EXPECT_EQ(map().entryAt(reno + 13.5 * way), entry("Reno, NV: Law"));
         EXPECT_EQ(map().entryAt(reno + 14.5 * way), std::nullopt);
