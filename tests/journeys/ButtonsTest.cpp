@@ -141,7 +141,7 @@ TEST_F(Buttons, EachDoesWhatItSays)
         if (onTimeline) journey.widenTimeline(3 * 385);
         if (std::string(name) == "Delete") {
             journey.desktop.messages.expectQuestion(
-                u"Are you sure you want to delete the Document \"Brief\"?"_s, true);
+                u"Are you sure you want to delete the Document \"Brief\"?"_s, true, Question::Loss);
             journey.desktop.messages.expectMessage(u"Document ID 3 successfully deleted."_s);
         }
         if (std::string(name) == "mnuViewRefresh") {

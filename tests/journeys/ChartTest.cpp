@@ -3,8 +3,8 @@
 #include "chart/ChartView.h"
 
 #include <QContextMenuEvent>
-#include <QImage>
 #include <QGraphicsTextItem>
+#include <QImage>
 #include <QMenu>
 #include <QScrollArea>
 #include <QTest>

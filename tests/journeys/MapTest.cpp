@@ -139,7 +139,7 @@ TEST_F(MapJourney, TheMenuNarrowsToACityOrAState)
     map().setFocus();
     QTest::keyClick(&map(), Qt::Key_PageDown);
     EXPECT_EQ(map().ringed(), entry("Austin, TX: Fire & Rescue"));
-    EXPECT_EQ(QToolTip::text(), QStringLiteral("Austin, TX: Fire &amp; Rescue"));
+    EXPECT_EQ(QToolTip::text(), QStringLiteral("Austin, TX: Fire & Rescue"));
     QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QApplication::sendEvent(&map(), &menuKey);
     EXPECT_EQ(menuTexts(), "Show Only Austin, TX Organizations|Show Only TX Organizations");
