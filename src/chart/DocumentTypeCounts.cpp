@@ -16,6 +16,7 @@ std::size_t keepReadable(std::vector<DocumentTypeCount>& counts)
 {
     if (counts.size() <= mostTypes) return 0;
     std::vector<qint64> highest;
+    highest.reserve(counts.size());
     for (const DocumentTypeCount& count : counts)
         highest.push_back(count.documents);
     const auto last = highest.begin() + keptTypes - 1;

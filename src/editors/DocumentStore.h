@@ -56,9 +56,9 @@ public:
     [[nodiscard]] bool hasFile(const DocumentRecord& record) const;
 
     /// Writes a record that exists, and copies a file for it if the record takes one; what the user did not
-    /// change stays as it is stored. If somebody else changed or deleted the record after it was read, returns
-    /// what differs and writes nothing. A deleted record stays deleted. Throws Error if the record is gone
-    /// meanwhile or there is no file to copy; nothing is written then.
+    /// change stays as it is stored. If somebody else changed or deleted the record after it was read,
+    /// returns what differs and writes nothing. A deleted record stays deleted. Throws Error if the record is
+    /// gone meanwhile or there is no file to copy; nothing is written then.
     [[nodiscard]] std::optional<RecordConflict> updateDocument(DocumentRecord& record);
 
     /// Marks a record as deleted, and gives the message that says so.
