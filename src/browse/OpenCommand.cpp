@@ -2,10 +2,12 @@
 
 #include "app/ProgramState.h"
 #include "browse/ListPane.h"
+#include "browse/RowIconKeys.h"
 #include "files/FileOpener.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "platform/WaitCursor.h"
+#include "search/SearchKind.h"
 
 namespace {
 
@@ -26,25 +28,49 @@ QString OpenCommand::question(std::size_t count) const
     return tr("Are you sure you want to open %1 %2?").arg(count).arg(what);
 }
 
-QString OpenCommand::open(const SelectedRecord& record) const
+QString OpenCommand::openFile(ViewKind kind, const SelectedRecord& record) const
 {
     const FileOpener opener({m_platform.volumes, m_platform.shell, m_state.session, m_state.folder,
                              m_state.folders.documents, m_state.folders.organizationCharts});
-    return m_list.kind() == ViewKind::Documents ? opener.openDoc(record.fileLocation, record.iconKey)
-                                                : opener.openOrgChart(record.identifier, record.iconKey);
+    return kind == ViewKind::Documents ? opener.openDoc(record.fileLocation, record.iconKey)
+                                       : opener.openOrgChart(record.identifier, record.iconKey);
 }
 
 void OpenCommand::run() const
 {
     const std::size_t count = m_list.selectedCount();
     if (count > mostUnasked && !m_platform.messages.ask(question(count), Question::Harmless)) return;
+    open(m_list.kind(), [this] { return m_list.selectedRecords(); });
+}
+
+void OpenCommand::openRecord(ViewKind kind, qint64 identifier) const
+{
+    open(kind, [&] { return recordOf(kind, identifier); });
+}
+
+/// The record as a row of its list would show it; without a file if it is gone.
+std::vector<SelectedRecord> OpenCommand::recordOf(ViewKind kind, qint64 identifier) const
+{
+    SQLObject query = standardQuery(m_state.queries, kind);
+    query.WhereClause = QStringLiteral("WHERE %1.%1ID = %2").arg(recordNames(kind).record).arg(identifier);
+    RecordList list(kind);
+    RecordSet rows = m_state.session.read(query.sqlStr());
+    list.beginReading(rows);
+    if (!rows.next()) return {{identifier, {}, {}, {}}};
+    list.append(rows);
+    RowIconKeys icons(m_state.session, m_state.folder.folderPath(m_state.folders.documents));
+    return {{identifier, list.text(0, 0), list.fileLocation(0), icons.key(list, 0)}};
+}
+
+void OpenCommand::open(ViewKind kind, const std::function<std::vector<SelectedRecord>()>& read) const
+{
     QStringList failures;
     const QString procedure =
-        m_list.kind() == ViewKind::Documents ? QStringLiteral("openDoc") : QStringLiteral("openOrgChart");
+        kind == ViewKind::Documents ? QStringLiteral("openDoc") : QStringLiteral("openOrgChart");
     runProcedure(m_platform.messages, procedure, [&] {
         const WaitCursor wait;
-        for (const SelectedRecord& record : m_list.selectedRecords())
-            failures << open(record);
+        for (const SelectedRecord& record : read())
+            failures << openFile(kind, record);
     });
     failures.removeAll(QString());
     // a disc that is missing is missing for all of them

@@ -6,6 +6,9 @@
 #include <QCoreApplication>
 #include <QString>
 
+#include <functional>
+#include <vector>
+
 class ListPane;
 struct ProgramState;
 struct SelectedRecord;
@@ -26,11 +29,16 @@ public:
     /// message at the end.
     void run() const;
 
+    /// Opens the file or the chart of one record, whatever the list shows.
+    void openRecord(ViewKind kind, qint64 identifier) const;
+
     /// What keeps the selection of the list from being opened; empty where it can be.
     [[nodiscard]] QString hindrance() const;
 
 private:
-    [[nodiscard]] QString open(const SelectedRecord& record) const;
+    void open(ViewKind kind, const std::function<std::vector<SelectedRecord>()>& read) const;
+    [[nodiscard]] QString openFile(ViewKind kind, const SelectedRecord& record) const;
+    [[nodiscard]] std::vector<SelectedRecord> recordOf(ViewKind kind, qint64 identifier) const;
     [[nodiscard]] QString question(std::size_t count) const;
 
     Platform m_platform;

@@ -49,9 +49,11 @@ void RecordCommands::connectList()
 
 void RecordCommands::acceptFiles(QWidget& window)
 {
-    connect(new FileDrop(&window), &FileDrop::dropped, this, [this](const QString& file) {
+    auto* drop = new FileDrop(&window);
+    connect(drop, &FileDrop::dropped, this, [this](const QString& file) {
         if (m_commands.mnuRecordAddNewDocument->isEnabled()) m_editors.addDocument({}, file);
     });
+    connect(drop, &FileDrop::severalDropped, this, [this] { m_editors.refuseSeveralFiles(); });
 }
 
 void RecordCommands::run(OpenRecord open)

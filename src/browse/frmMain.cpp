@@ -139,6 +139,8 @@ void frmMain::makeRecordCommands()
         refresh();
         m_records->selectAfterChange(kind, saved);
     });
+    connect(m_editors, &RecordEditors::fileAsked, this,
+            [this](ViewKind kind, qint64 record) { m_open->openRecord(kind, record); });
     connect(m_editors, &RecordEditors::saved, m_status, &StatusLine::showSaved);
     connect(&m_graphics->timeline(), &TimelinePanel::eventOpened, this,
             [this](qint64 event) { m_editors->view(ViewKind::Events, event); });

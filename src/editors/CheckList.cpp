@@ -2,6 +2,12 @@
 
 #include "platform/LineDelegate.h"
 
+namespace {
+
+constexpr int placeRole = Qt::UserRole + 1;
+
+} // namespace
+
 CheckList::CheckList(QChar keyLetter, QWidget* parent) : QListWidget(parent), m_keyLetter(keyLetter)
 {
     setUniformItemSizes(true);
@@ -11,22 +17,31 @@ CheckList::CheckList(QChar keyLetter, QWidget* parent) : QListWidget(parent), m_
 void CheckList::setEntries(const std::vector<CheckEntry>& entries)
 {
     clear();
-    for (const CheckEntry& each : entries) {
-        auto* item = new QListWidgetItem(each.entry.display, this);
-        item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
-        item->setCheckState(each.isChecked ? Qt::Checked : Qt::Unchecked);
-        item->setData(Qt::UserRole, QString(m_keyLetter + QString::number(each.entry.key)));
+    for (const bool isChecked : {true, false}) {
+        for (std::size_t place = 0; place < entries.size(); ++place) {
+            if (entries[place].isChecked == isChecked) addItem(entries[place], static_cast<int>(place));
+        }
     }
     if (count() > 0) setCurrentRow(0, QItemSelectionModel::NoUpdate);
 }
 
+void CheckList::addItem(const CheckEntry& entry, int place)
+{
+    auto* item = new QListWidgetItem(entry.entry.display, this);
+    item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
+    item->setCheckState(entry.isChecked ? Qt::Checked : Qt::Unchecked);
+    item->setData(Qt::UserRole, QString(m_keyLetter + QString::number(entry.entry.key)));
+    item->setData(placeRole, place);
+}
+
 std::vector<CheckEntry> CheckList::entries() const
 {
-    std::vector<CheckEntry> entries;
+    std::vector<CheckEntry> entries(static_cast<std::size_t>(count()));
     for (int row = 0; row < count(); ++row) {
         const QListWidgetItem* each = item(row);
-        entries.push_back({{each->text(), each->data(Qt::UserRole).toString().mid(1).toLongLong()},
-                           each->checkState() == Qt::Checked});
+        entries[each->data(placeRole).toUInt()] = {
+            {each->text(), each->data(Qt::UserRole).toString().mid(1).toLongLong()},
+            each->checkState() == Qt::Checked};
     }
     return entries;
 }

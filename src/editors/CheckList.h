@@ -15,7 +15,10 @@ class CheckList final : public QListWidget
 public:
     CheckList(QChar keyLetter, QWidget* parent);
 
+    /// Shows those that are checked first. They keep their places while the user ticks.
     void setEntries(const std::vector<CheckEntry>& entries);
+
+    /// In the order in which they were set.
     [[nodiscard]] std::vector<CheckEntry> entries() const;
 
     void untickAll();
@@ -24,5 +27,7 @@ public:
     void setLocked(bool locked);
 
 private:
+    void addItem(const CheckEntry& entry, int place);
+
     QChar m_keyLetter;
 };

@@ -70,6 +70,11 @@ void EntryCombo::fill(std::vector<ListEntry> entries)
     setCurrentIndex(-1);
 }
 
+const std::vector<ListEntry>& EntryCombo::entries() const
+{
+    return m_entries->entries();
+}
+
 void EntryCombo::append(const ListEntry& entry)
 {
     m_entries->append(entry);

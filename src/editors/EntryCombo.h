@@ -29,6 +29,8 @@ public:
     /// Takes the entries in place of those before; none is selected.
     void fill(std::vector<ListEntry> entries);
 
+    [[nodiscard]] const std::vector<ListEntry>& entries() const;
+
     /// Adds an entry at the end.
     void append(const ListEntry& entry);
 

@@ -8,11 +8,15 @@
 
 namespace {
 
-/// The one file that is dragged; empty where it is no file of this machine, or more than one.
-QString draggedFile(const QMimeData* data)
+/// The files of this machine that are dragged.
+QStringList draggedFiles(const QMimeData& data)
 {
-    const QList<QUrl> urls = data->urls();
-    return urls.size() == 1 ? urls.front().toLocalFile() : QString();
+    QStringList files;
+    const QList<QUrl> urls = data.urls();
+    for (const QUrl& url : urls) {
+        if (const QString file = url.toLocalFile(); !file.isEmpty()) files << file;
+    }
+    return files;
 }
 
 } // namespace
@@ -27,19 +31,36 @@ FileDrop::FileDrop(QWidget* window) : QObject(window)
     }
 }
 
+QString FileDrop::severalText()
+{
+    return tr("Only one file can be taken at a time. Please drop one file.");
+}
+
 bool FileDrop::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::DragLeave) Q_EMIT dragged(false);
     const bool isDrag = event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove ||
                         event->type() == QEvent::Drop;
     if (!isDrag || !m_isEnabled) return QObject::eventFilter(watched, event);
     auto* drag = static_cast<QDropEvent*>(event);
-    const QString file = draggedFile(drag->mimeData());
-    if (file.isEmpty()) return QObject::eventFilter(watched, event);
+    const QStringList files = draggedFiles(*drag->mimeData());
+    if (files.isEmpty()) return QObject::eventFilter(watched, event);
     drag->setDropAction(Qt::CopyAction);
     drag->accept();
+    if (event->type() == QEvent::DragEnter) Q_EMIT dragged(true);
     if (event->type() == QEvent::Drop) {
-        // the program that the file comes from waits until the drop is over
-        QTimer::singleShot(0, this, [this, file] { Q_EMIT dropped(file); });
+        Q_EMIT dragged(false);
+        // the program that the files come from waits until the drop is over
+        QTimer::singleShot(0, this, [this, files] { takeFiles(files); });
     }
     return true;
+}
+
+void FileDrop::takeFiles(const QStringList& files)
+{
+    if (files.size() == 1) {
+        Q_EMIT dropped(files.front());
+    } else {
+        Q_EMIT severalDropped();
+    }
 }

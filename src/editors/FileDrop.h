@@ -1,12 +1,12 @@
 #pragma once
 
 #include <QObject>
+#include <QStringList>
 
-class QMimeData;
 class QWidget;
 
 /// Takes a file that is dropped anywhere on a window, also on a field that would else take its name as text.
-/// Lives as long as the window.
+/// Several files are not taken. Lives as long as the window.
 class FileDrop final : public QObject
 {
     Q_OBJECT
@@ -17,13 +17,24 @@ public:
 
     void setEnabled(bool enabled) { m_isEnabled = enabled; }
 
+    /// What a user who dropped several files is told.
+    [[nodiscard]] static QString severalText();
+
 Q_SIGNALS:
     /// A file of this machine was dropped.
     void dropped(const QString& file);
+
+    /// More than one file was dropped; none is taken.
+    void severalDropped();
+
+    /// Files are held over the window, or no longer are.
+    void dragged(bool isOver);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void takeFiles(const QStringList& files);
+
     bool m_isEnabled = true;
 };

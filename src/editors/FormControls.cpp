@@ -3,6 +3,7 @@
 #include "editors/CheckList.h"
 #include "editors/EntryCombo.h"
 #include "editors/LinkList.h"
+#include "editors/ReadingText.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -15,6 +16,7 @@
 namespace {
 
 constexpr int hintOpacity = 128;
+constexpr int litShare = 3; ///< of the highlight in the ground of a lit line, one part of so many
 
 /// The lines of a form, without those that are part of another control.
 QList<QLineEdit*> linesOf(const QWidget& form)
@@ -36,25 +38,40 @@ void setReadable(QWidget& field, bool locked)
     field.setPalette(palette);
 }
 
-/// A field that cannot be written to has the window's own ground.
+/// What a field holds is read like a text of the window, without a frame.
 void showLocked(QWidget& field, bool locked)
 {
     QPalette palette = field.palette();
     palette.setColor(QPalette::Base,
                      field.parentWidget()->palette().color(locked ? QPalette::Window : QPalette::Base));
-    // some dark desktops leave the hint of an empty line black
+    // some dark desktops leave the hint of an empty line black; a reader is not told what to type
     QColor hint = palette.color(QPalette::Text);
-    hint.setAlpha(hintOpacity);
+    hint.setAlpha(locked ? 0 : hintOpacity);
     palette.setColor(QPalette::PlaceholderText, hint);
     field.setPalette(palette);
+    if (auto* frame = qobject_cast<QFrame*>(&field)) {
+        frame->setFrameShape(locked ? QFrame::NoFrame : QFrame::StyledPanel);
+    }
+}
+
+void lockLines(QWidget& form, bool locked)
+{
+    for (QLineEdit* line : linesOf(form)) {
+        line->setReadOnly(locked);
+        line->setFrame(!locked);
+        showLocked(*line, locked);
+        locked ? ReadingText::showOver(*line) : ReadingText::remove(*line);
+    }
+    const auto combos = form.findChildren<EntryCombo*>();
+    for (EntryCombo* combo : combos) {
+        setReadable(*combo, locked);
+        locked ? ReadingText::showOver(*combo) : ReadingText::remove(*combo);
+    }
 }
 
 void setLocked(QWidget& form, bool locked)
 {
-    for (QLineEdit* line : linesOf(form)) {
-        line->setReadOnly(locked);
-        showLocked(*line, locked);
-    }
+    lockLines(form, locked);
     const auto texts = form.findChildren<QPlainTextEdit*>();
     for (QPlainTextEdit* text : texts) {
         text->setReadOnly(locked);
@@ -65,9 +82,9 @@ void setLocked(QWidget& form, bool locked)
         if (auto* checks = qobject_cast<CheckList*>(list)) checks->setLocked(locked);
         showLocked(*list, locked);
     }
-    const auto combos = form.findChildren<EntryCombo*>();
-    for (EntryCombo* combo : combos)
-        setReadable(*combo, locked);
+    const auto links = form.findChildren<LinkList*>();
+    for (LinkList* list : links)
+        list->setLocked(locked);
     const auto checks = form.findChildren<QCheckBox*>();
     for (QCheckBox* check : checks)
         setReadable(*check, locked);
@@ -86,6 +103,21 @@ void FormControls::lock(QWidget& form)
 void FormControls::unlock(QWidget& form)
 {
     setLocked(form, false);
+}
+
+void FormControls::light(QWidget& line, bool isLit)
+{
+    const QPalette around = line.parentWidget()->palette();
+    QPalette palette = line.palette();
+    QColor ground = around.color(QPalette::Base);
+    if (isLit) {
+        const QColor highlight = around.color(QPalette::Highlight);
+        const auto mixed = [](int from, int to) { return from + (to - from) / litShare; };
+        ground = QColor(mixed(ground.red(), highlight.red()), mixed(ground.green(), highlight.green()),
+                        mixed(ground.blue(), highlight.blue()));
+    }
+    palette.setColor(QPalette::Base, ground);
+    line.setPalette(palette);
 }
 
 void FormControls::clear(QWidget& form)

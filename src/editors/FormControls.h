@@ -10,9 +10,13 @@ class QWidget;
 /// What is done to all controls of a form at once.
 namespace FormControls {
 
-/// Makes every control read-only: texts can still be marked and copied, lists still be scrolled.
+/// Makes every control read-only, and shows what it holds as text to be read: texts can still be marked and
+/// copied, lists still be scrolled.
 void lock(QWidget& form);
 void unlock(QWidget& form);
+
+/// Shows a line as the place where a file that is held over the window goes, or as it was.
+void light(QWidget& line, bool isLit);
 
 /// Empties texts and takes selections and ticks back. What the drop-downs and lists offer stays.
 void clear(QWidget& form);

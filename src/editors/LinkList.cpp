@@ -4,6 +4,7 @@
 #include "platform/PlainToolTip.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -38,6 +39,8 @@ LinkList::LinkList(const Names& names, PickListKind kind, QWidget* parent)
     layout->addWidget(m_list);
     layout->addLayout(buttons);
 
+    m_list->installEventFilter(this);
+    connect(m_list, &QListWidget::itemDoubleClicked, this, &LinkList::open);
     connect(m_add, &QPushButton::clicked, this, &LinkList::addPressed);
     connect(m_clear, &QPushButton::clicked, this, [this] { setEntries({}); });
 }
@@ -66,4 +69,26 @@ void LinkList::addItem(const ListEntry& entry)
     auto* item = new QListWidgetItem(entry.display, m_list);
     item->setData(Qt::UserRole, entry.key);
     item->setToolTip(PlainToolTip::text(entry.display));
+}
+
+/// The record behind an item can be looked at while nothing can be changed here.
+bool LinkList::open(const QListWidgetItem* item)
+{
+    const bool hasDialog = m_kind == PickListKind::Documents || m_kind == PickListKind::Organizations;
+    const qint64 key = item == nullptr ? noneKey : item->data(Qt::UserRole).toLongLong();
+    if (!m_isLocked || !hasDialog || key == noneKey) return false;
+    Q_EMIT opened(key);
+    return true;
+}
+
+bool LinkList::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const auto* press = static_cast<QKeyEvent*>(event);
+        const bool isEnter = press->key() == Qt::Key_Return || press->key() == Qt::Key_Enter;
+        if (isEnter && !press->modifiers().testFlag(Qt::ControlModifier) && open(m_list->currentItem())) {
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 class QListWidget;
+class QListWidgetItem;
 class QPushButton;
 
 /// The records of one kind that a record is linked to: a list with a button that opens the pick list and one
@@ -31,6 +32,9 @@ public:
     void setEntries(const std::vector<ListEntry>& entries);
     [[nodiscard]] std::vector<ListEntry> entries() const;
 
+    /// Whether the links can only be read: a double click or Enter then asks to show the linked record.
+    void setLocked(bool locked) { m_isLocked = locked; }
+
     [[nodiscard]] PickListKind kind() const { return m_kind; }
     [[nodiscard]] QListWidget* list() const { return m_list; }
 
@@ -38,11 +42,19 @@ Q_SIGNALS:
     /// The user asks for the pick list.
     void addPressed();
 
+    /// The user asks to see the linked record of that key, a document or an organization.
+    void opened(qint64 key);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void addItem(const ListEntry& entry);
+    bool open(const QListWidgetItem* item);
 
     PickListKind m_kind;
     QListWidget* m_list;
     QPushButton* m_add;
     QPushButton* m_clear;
+    bool m_isLocked = false;
 };

@@ -2,6 +2,7 @@
 
 #include "editors/AddressEdit.h"
 #include "editors/EntryCombo.h"
+#include "editors/FileDrop.h"
 #include "editors/LinkList.h"
 #include "editors/PickedEntries.h"
 #include "editors/PickerEdit.h"
@@ -12,12 +13,16 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QTabWidget>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 RecordDialog::RecordDialog(const Platform& platform, ProgramState& state, const QString& name,
                            QSize firstSize, QWidget* parent)
@@ -63,13 +68,48 @@ void RecordDialog::makeButtons()
     auto* buttons = new QDialogButtonBox(this);
     buttons->addButton(m_ok, QDialogButtonBox::AcceptRole);
     buttons->addButton(m_cancel, QDialogButtonBox::RejectRole);
-    m_layout->addWidget(buttons);
+    lblRequired = new QLabel(tr("Fields marked * are required."), this);
+    lblRequired->setObjectName(QStringLiteral("lblRequired"));
+    m_buttons = new QHBoxLayout;
+    m_buttons->addWidget(lblRequired);
+    m_buttons->addStretch();
+    m_buttons->addWidget(buttons);
+    m_layout->addLayout(m_buttons);
     connect(m_ok, &QPushButton::clicked, this, &RecordDialog::cmdOK);
     connect(m_cancel, &QPushButton::clicked, this, &RecordDialog::reject);
     // in a text of several lines the Return key alone begins the next line
     for (const QKeyCombination key : {Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter}) {
         connect(new QShortcut(key, this), &QShortcut::activated, m_ok, &QPushButton::click);
     }
+}
+
+void RecordDialog::markRequired(const std::vector<QWidget*>& fields)
+{
+    const auto labels = m_form->findChildren<QLabel*>();
+    for (QWidget* field : fields) {
+        const auto label = std::find_if(labels.begin(), labels.end(),
+                                        [field](const QLabel* each) { return each->buddy() == field; });
+        m_required.push_back({field, field->accessibleName(), *label, (*label)->text()});
+    }
+}
+
+void RecordDialog::showRequired(bool canBeEdited)
+{
+    lblRequired->setVisible(canBeEdited);
+    for (const RequiredField& each : m_required) {
+        each.label->setText(canBeEdited ? tr("%1 *").arg(each.caption) : each.caption);
+        each.field->setAccessibleName(canBeEdited ? tr("%1, required").arg(each.name) : each.name);
+    }
+}
+
+void RecordDialog::addFileButton(const QString& caption, const QString& toolTip)
+{
+    cmdOpenFile = new QPushButton(caption, this);
+    cmdOpenFile->setObjectName(QStringLiteral("cmdOpenFile"));
+    cmdOpenFile->setAutoDefault(false);
+    cmdOpenFile->setToolTip(toolTip);
+    m_buttons->insertWidget(0, cmdOpenFile);
+    connect(cmdOpenFile, &QPushButton::clicked, this, &RecordDialog::fileAsked);
 }
 
 bool RecordDialog::run(EditorMode mode, QWidget* firstField)
@@ -95,6 +135,8 @@ void RecordDialog::setMode(EditorMode mode)
     m_ok->setText(mode == EditorMode::View ? tr("Edit") : tr("OK"));
     m_ok->setEnabled(canBeEdited);
     m_ok->setToolTip(canBeEdited ? QString() : tr("The database can be read, but not changed."));
+    showRequired(mode != EditorMode::View);
+    if (cmdOpenFile != nullptr) cmdOpenFile->setVisible(mode == EditorMode::View);
     applyMode(mode);
 }
 
@@ -177,7 +219,7 @@ bool RecordDialog::refuse(const QString& message, QWidget* field)
     return false;
 }
 
-void RecordDialog::bringIntoSight(QWidget* field)
+void RecordDialog::showField(QWidget* field)
 {
     for (QWidget* outer = field; outer != nullptr && outer != this; outer = outer->parentWidget()) {
         auto* tabs = qobject_cast<QTabWidget*>(outer);
@@ -186,8 +228,15 @@ void RecordDialog::bringIntoSight(QWidget* field)
             if (tabs->widget(page)->isAncestorOf(field)) tabs->setCurrentIndex(page);
         }
     }
+    if (field->isVisible()) {
+        findChild<QScrollArea*>(QStringLiteral("scrollArea"))->ensureWidgetVisible(field);
+    }
+}
+
+void RecordDialog::bringIntoSight(QWidget* field)
+{
+    showField(field);
     if (!field->isVisible()) return;
-    findChild<QScrollArea*>(QStringLiteral("scrollArea"))->ensureWidgetVisible(field);
     field->setFocus(Qt::OtherFocusReason);
     const auto* combo = qobject_cast<QComboBox*>(field);
     QLineEdit* line = combo == nullptr ? qobject_cast<QLineEdit*>(field) : combo->lineEdit();
@@ -221,6 +270,17 @@ void RecordDialog::connectAddress(AddressEdit* address)
 void RecordDialog::connectList(LinkList* list)
 {
     connect(list, &LinkList::addPressed, this, [this, list] { pickFor(*list); });
+    connect(list, &LinkList::opened, this, [this, list](qint64 id) { Q_EMIT recordAsked(list->kind(), id); });
+}
+
+void RecordDialog::connectDrop(FileDrop* drop, QWidget* field)
+{
+    connect(drop, &FileDrop::dragged, field, [this, field](bool isOver) {
+        if (isOver) showField(field);
+        FormControls::light(*field, isOver);
+    });
+    connect(drop, &FileDrop::severalDropped, this,
+            [this] { m_platform.messages.show(FileDrop::severalText()); });
 }
 
 void RecordDialog::pickFor(LinkList& list)

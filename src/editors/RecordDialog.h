@@ -4,6 +4,7 @@
 #include "data/ListEntry.h"
 #include "editors/EditorTypes.h"
 #include "editors/FormControls.h"
+#include "editors/PickList.h"
 #include "editors/StoredState.h"
 #include "platform/Platform.h"
 #include "platform/Procedure.h"
@@ -16,7 +17,10 @@
 
 class AddressEdit;
 class EntryCombo;
+class FileDrop;
 class LinkList;
+class QHBoxLayout;
+class QLabel;
 class QPushButton;
 class QVBoxLayout;
 
@@ -44,6 +48,13 @@ public:
     void done(int result) override;
     void setVisible(bool visible) override;
 
+Q_SIGNALS:
+    /// The user asks to see a linked document or organization while the record is viewed.
+    void recordAsked(PickListKind kind, qint64 id);
+
+    /// The user asks to open the file or the chart of the record that is viewed.
+    void fileAsked();
+
 protected:
     /// Both must outlive the dialog.
     RecordDialog(const Platform& platform, ProgramState& state, const QString& name, QSize firstSize,
@@ -51,6 +62,12 @@ protected:
 
     /// Puts the form into the dialog, where it scrolls when the window is small.
     void setForm(QWidget* form);
+
+    /// Marks the captions of the fields that must not be empty while the record can be changed.
+    void markRequired(const std::vector<QWidget*>& fields);
+
+    /// Adds a button below the form that asks for the record's file, there while the record is viewed.
+    void addFileButton(const QString& caption, const QString& toolTip);
 
     /// Shows the dialog until the user has done with it. True where the record was saved.
     bool run(EditorMode mode, QWidget* firstField);
@@ -105,8 +122,11 @@ protected:
     /// Lets a click on an address open it, with the desktop's own program for it.
     void connectAddress(AddressEdit* address);
 
-    /// Lets the button of a list open the pick list.
+    /// Lets the button of a list open the pick list, and a list that is viewed ask for its records.
     void connectList(LinkList* list);
+
+    /// Shows the field that takes a file while one is held over the dialog, and refuses several files.
+    void connectDrop(FileDrop* drop, QWidget* field);
 
     [[nodiscard]] EditorMode mode() const { return m_mode; }
     [[nodiscard]] const Platform& platform() const { return m_platform; }
@@ -114,8 +134,19 @@ protected:
     [[nodiscard]] QWidget* form() const { return m_form; }
 
 private:
+    /// A field whose caption is marked.
+    struct RequiredField
+    {
+        QWidget* field;
+        QString name; ///< what a screen reader says of it
+        QLabel* label;
+        QString caption;
+    };
+
     void makeButtons();
     void setMode(EditorMode mode);
+    void showRequired(bool canBeEdited);
+    void showField(QWidget* field);
     void cmdOK();
     void pickFor(LinkList& list);
     [[nodiscard]] bool isChanged() const;
@@ -129,6 +160,10 @@ private:
     QVBoxLayout* m_layout;
     QPushButton* m_ok = nullptr;
     QPushButton* m_cancel = nullptr;
+    QHBoxLayout* m_buttons = nullptr;
+    QLabel* lblRequired = nullptr;
+    QPushButton* cmdOpenFile = nullptr; ///< of kinds that have files
+    std::vector<RequiredField> m_required;
     FormControls::State m_opened; ///< what the controls held when the user could begin to change them
     bool m_hasWritten = false;
     bool m_isLocked = false;

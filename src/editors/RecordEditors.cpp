@@ -1,5 +1,6 @@
 #include "editors/RecordEditors.h"
 
+#include "editors/FileDrop.h"
 #include "editors/frmDocument.h"
 #include "editors/frmEvent.h"
 #include "editors/frmOrganization.h"
@@ -64,31 +65,50 @@ void RecordEditors::add(ViewKind kind, const std::optional<clsFieldInfo>& preset
 
 void RecordEditors::edit(ViewKind kind, qint64 id)
 {
-    open(kind, id, EditorMode::Edit);
+    open(kind, id, EditorMode::Edit, m_window);
 }
 
 void RecordEditors::view(ViewKind kind, qint64 id)
 {
-    open(kind, id, EditorMode::View);
+    open(kind, id, EditorMode::View, m_window);
 }
 
-void RecordEditors::open(ViewKind kind, qint64 id, EditorMode mode)
+void RecordEditors::open(ViewKind kind, qint64 id, EditorMode mode, QWidget& over)
 {
     const bool forEditing = mode == EditorMode::Edit;
     if (kind == ViewKind::Documents) {
-        frmDocument dialog(m_platform, m_state, &m_window);
+        frmDocument dialog(m_platform, m_state, &over);
+        prepare(kind, dialog);
         forEditing ? dialog.editDocument(id) : dialog.viewDocument(id);
         finish(kind, dialog);
     } else if (kind == ViewKind::Events) {
-        frmEvent dialog(m_platform, m_state, &m_window);
+        frmEvent dialog(m_platform, m_state, &over);
+        prepare(kind, dialog);
         const bool isSaved = forEditing ? dialog.editEvent(id) : dialog.viewEvent(id);
         if (isSaved) Q_EMIT eventSaved(dialog.getStartDate());
         finish(kind, dialog);
     } else if (kind == ViewKind::Organizations) {
-        frmOrganization dialog(m_platform, m_state, &m_window);
+        frmOrganization dialog(m_platform, m_state, &over);
+        prepare(kind, dialog);
         forEditing ? dialog.editOrganization(id) : dialog.viewOrganization(id);
         finish(kind, dialog);
     }
+}
+
+/// What a viewed record leads to is shown over it.
+void RecordEditors::prepare(ViewKind kind, RecordDialog& dialog)
+{
+    connect(&dialog, &RecordDialog::recordAsked, this, [this, &dialog](PickListKind asked, qint64 id) {
+        open(asked == PickListKind::Documents ? ViewKind::Documents : ViewKind::Organizations, id,
+             EditorMode::View, dialog);
+    });
+    connect(&dialog, &RecordDialog::fileAsked, this,
+            [this, kind, &dialog] { Q_EMIT fileAsked(kind, dialog.recordId()); });
+}
+
+void RecordEditors::refuseSeveralFiles() const
+{
+    m_platform.messages.show(FileDrop::severalText());
 }
 
 /// A user who leaves after a save that failed half-way has cancelled, but what was written is to be seen.

@@ -37,6 +37,9 @@ public:
     void edit(ViewKind kind, qint64 id);
     void view(ViewKind kind, qint64 id);
 
+    /// Tells a user who dropped several files on the window that only one can be taken.
+    void refuseSeveralFiles() const;
+
     /// Asks whether the records of a kind may go, once for all of them, and marks them as deleted.
     void remove(ViewKind kind, const std::vector<ListEntry>& records);
 
@@ -50,8 +53,12 @@ Q_SIGNALS:
     /// A record of that name was saved whole; comes after `changed`.
     void saved(ViewKind kind, const QString& name);
 
+    /// The file of a document, or the chart of an organization, that is viewed is to be opened.
+    void fileAsked(ViewKind kind, qint64 id);
+
 private:
-    void open(ViewKind kind, qint64 id, EditorMode mode);
+    void open(ViewKind kind, qint64 id, EditorMode mode, QWidget& over);
+    void prepare(ViewKind kind, RecordDialog& dialog);
     void finish(ViewKind kind, const RecordDialog& dialog);
     [[nodiscard]] bool mayDelete(ViewKind kind, const std::vector<ListEntry>& records);
     QString deleteRecord(ViewKind kind, qint64 id);

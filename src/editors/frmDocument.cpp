@@ -4,6 +4,7 @@
 #include "editors/CheckList.h"
 #include "editors/EntryCombo.h"
 #include "editors/FileDrop.h"
+#include "editors/FileHints.h"
 #include "editors/FormControls.h"
 #include "editors/FormGrid.h"
 #include "editors/LinkList.h"
@@ -49,6 +50,8 @@ void frmDocument::makeForm()
     makeFields(fields);
     makeLists(lists);
     setForm(page);
+    markRequired({txtDocumentName, txtOriginalFilename, rtbDocumentDescription});
+    addFileButton(tr("Open &File"), tr("Opens the file of the document"));
 }
 
 void frmDocument::makeFields(QWidget* page)
@@ -68,12 +71,28 @@ void frmDocument::makeFields(QWidget* page)
     cmbFileTypeNames->setObjectName(QStringLiteral("cmbFileTypeNames"));
     grid.add(tr("File t&ype:"), cmbFileTypeNames);
     chkKeyDocument = grid.check("chkKeyDocument", tr("&Key document"));
-    cmbOrganizationNames = new EntryCombo(EntryCombo::Kind::Searching, page);
-    cmbOrganizationNames->setObjectName(QStringLiteral("cmbOrganizationNames"));
-    grid.add(tr("Source &organization:"), cmbOrganizationNames, 2);
+    makeOrganizationField(grid);
     makeFileField(grid);
     rtbDocumentDescription = grid.text("rtbDocumentDescription", tr("D&escription:"), 3);
     rtbNotes = grid.text("rtbNotes", tr("&Notes:"), 2);
+}
+
+void frmDocument::makeOrganizationField(FormGrid& grid)
+{
+    auto* field = new QWidget(this);
+    auto* layout = new QHBoxLayout(field);
+    layout->setContentsMargins(0, 0, 0, 0);
+    cmbOrganizationNames = new EntryCombo(EntryCombo::Kind::Searching, field);
+    cmbOrganizationNames->setObjectName(QStringLiteral("cmbOrganizationNames"));
+    cmdViewOrganization = new QPushButton(tr("View"), field);
+    cmdViewOrganization->setObjectName(QStringLiteral("cmdViewOrganization"));
+    cmdViewOrganization->setAccessibleName(tr("View the source organization"));
+    cmdViewOrganization->setToolTip(tr("Shows the source organization"));
+    cmdViewOrganization->setAutoDefault(false);
+    layout->addWidget(cmbOrganizationNames, 1);
+    layout->addWidget(cmdViewOrganization);
+    field->setFocusProxy(cmbOrganizationNames);
+    grid.add(tr("Source &organization:"), field, 2);
 }
 
 void frmDocument::makeFileField(FormGrid& grid)
@@ -115,7 +134,11 @@ void frmDocument::connectParts()
     connectAddress(txtURL);
     connect(cmdUploadDocument, &QPushButton::clicked, this, &frmDocument::browseForFile);
     m_drop = new FileDrop(this);
-    connect(m_drop, &FileDrop::dropped, txtOriginalFilename, &QLineEdit::setText);
+    connectDrop(m_drop, txtOriginalFilename);
+    connect(m_drop, &FileDrop::dropped, this, &frmDocument::takeFile);
+    connect(cmbFileTypeNames, &QComboBox::activated, this, [this] { m_ownFileType.reset(); });
+    connect(cmdViewOrganization, &QPushButton::clicked, this,
+            [this] { Q_EMIT recordAsked(PickListKind::Organizations, m_record.organizationId); });
 }
 
 bool frmDocument::addDocument(const std::optional<clsFieldInfo>& preset, const QString& file)
@@ -124,7 +147,8 @@ bool frmDocument::addDocument(const std::optional<clsFieldInfo>& preset, const Q
         fillComboBoxes();
         if (isLocked()) return;
         takePreset(preset);
-        if (!file.isEmpty()) txtOriginalFilename->setText(file);
+        rememberFileType(EditorMode::Add);
+        if (!file.isEmpty()) takeFile(file);
     });
     return isReady && !isLocked() && run(EditorMode::Add, txtDocumentName);
 }
@@ -175,6 +199,7 @@ void frmDocument::populateFields(qint64 id)
     m_record.id = id;
     m_storedPath = m_record.originalFilename;
     showRecord();
+    rememberFileType(EditorMode::Edit);
 }
 
 void frmDocument::showRecord()
@@ -232,7 +257,29 @@ void frmDocument::collectFile()
 void frmDocument::browseForFile()
 {
     const QString file = platform().fileDialogs.openFile(tr("Document File"), tr("All Files (*.*)| *.*"));
-    if (!file.isEmpty()) txtOriginalFilename->setText(file);
+    if (!file.isEmpty()) takeFile(file);
+}
+
+/// The type that a new document begins with, and the "None" of a stored one, say nothing yet.
+void frmDocument::rememberFileType(EditorMode mode)
+{
+    const qint64 key = cmbFileTypeNames->key();
+    m_ownFileType = mode == EditorMode::Add || key == noneKey ? std::optional(key) : std::nullopt;
+}
+
+/// Takes a chosen file, with what its name says as long as the user says nothing else.
+void frmDocument::takeFile(const QString& file)
+{
+    txtOriginalFilename->setText(file);
+    if (txtDocumentName->text().isEmpty() || txtDocumentName->text() == m_ownTitle) {
+        m_ownTitle = FileHints::title(file);
+        txtDocumentName->setText(m_ownTitle);
+    }
+    if (m_ownFileType != cmbFileTypeNames->key()) return;
+    if (const auto type = FileHints::fileType(file, cmbFileTypeNames->entries())) {
+        cmbFileTypeNames->selectKey(*type);
+        m_ownFileType = type;
+    }
 }
 
 QString frmDocument::captionFor(EditorMode mode) const
@@ -255,6 +302,9 @@ void frmDocument::applyMode(EditorMode mode)
     txtOriginalFilename->setVisible(m_takesFile);
     cmdUploadDocument->setVisible(m_takesFile);
     m_drop->setEnabled(m_takesFile);
+    const bool hasOrganization = mode == EditorMode::View && m_record.organizationId != noneKey;
+    cmdViewOrganization->setVisible(hasOrganization);
+    cmdViewOrganization->setEnabled(hasOrganization);
 }
 
 QWidget* frmDocument::fieldOf(DocumentField field) const

@@ -37,6 +37,7 @@ private:
     void makeForm();
     void makeFields(QWidget* page);
     void makeLists(QWidget* page);
+    void makeOrganizationField(FormGrid& grid);
     void makeFileField(FormGrid& grid);
     void connectParts();
     void fillComboBoxes();
@@ -46,6 +47,8 @@ private:
     void collectFile();
     void takePreset(const std::optional<clsFieldInfo>& preset);
     void browseForFile();
+    void takeFile(const QString& file);
+    void rememberFileType(EditorMode mode);
     bool openRecord(EditorMode mode, const char* procedure, qint64 id);
     [[nodiscard]] QWidget* fieldOf(DocumentField field) const;
 
@@ -57,6 +60,10 @@ private:
     DocumentRecord m_record;
     QString m_storedPath;    ///< the path that the record was read with
     bool m_takesFile = true; ///< whether the field for the file is shown
+    QString m_ownTitle;      ///< the title that was proposed for a file, or empty
+
+    /// The type that nobody chose, which a chosen file may change.
+    std::optional<qint64> m_ownFileType;
 
     QLineEdit* txtDocumentName = nullptr;
     QLineEdit* txtAuthor = nullptr;
@@ -68,6 +75,7 @@ private:
     AddressEdit* txtURL = nullptr;
     EntryCombo* cmbFileTypeNames = nullptr;
     EntryCombo* cmbOrganizationNames = nullptr;
+    QPushButton* cmdViewOrganization = nullptr;
     QCheckBox* chkKeyDocument = nullptr;
     QLabel* lblFilename = nullptr;
     PathEdit* txtOriginalFilename = nullptr;

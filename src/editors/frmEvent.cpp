@@ -40,6 +40,7 @@ void frmEvent::makeForm()
     makeFields(fields);
     makeLists(lists);
     setForm(page);
+    markRequired({txtEventName, rtbEventDescription, lvVenues});
 }
 
 void frmEvent::makeFields(QWidget* page)

@@ -69,6 +69,8 @@ void frmOrganization::makeForm()
     m_profilePage = makeProfilePage();
     m_tabs->addTab(m_profilePage, tr("Pro&file"));
     setForm(m_tabs);
+    markRequired({txtOrganizationName});
+    addFileButton(tr("Open Chart"), tr("Opens the chart of the organization"));
 }
 
 QWidget* frmOrganization::makeMainPage()
@@ -148,6 +150,7 @@ void frmOrganization::connectParts()
     connect(m_chart, &ChartField::browsePressed, this, &frmOrganization::browseForChart);
     connect(m_chart, &ChartField::pathChanged, this, &frmOrganization::checkChart);
     m_drop = new FileDrop(this);
+    connectDrop(m_drop, m_chart->focusProxy());
     connect(m_drop, &FileDrop::dropped, m_chart, &ChartField::setPath);
 }
 
