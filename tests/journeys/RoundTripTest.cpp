@@ -1,0 +1,345 @@
+// What goes into each control of an editor, and where it comes out again.
+
+#include "Dialogs.h"
+#include "Journey.h"
+#include "editors/RecordEditors.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTabWidget>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const char* const rowsAround = R"sql(
+INSERT INTO Venue VALUES (3, 'Coast'), (4, 'Forest'), (5, 'City'), (6, 'River');
+INSERT INTO FileTypes VALUES (1, 'None'), (2, 'Adobe PDF'), (3, 'Map'), (4, 'Web Page');
+INSERT INTO DocumentType VALUES (1, 'None'), (7, 'Report'), (8, 'Plan'), (9, 'Letter');
+INSERT INTO DocumentCategory VALUES (1, 'None'), (10, 'Floods'), (11, 'Fires');
+INSERT INTO Function VALUES (1, 'None'), (12, 'Rescue'), (13, 'Shelter');
+INSERT INTO States VALUES (1, 'None', ''), (2, 'OR', 'Oregon'), (3, 'WA', 'Washington');
+INSERT INTO OrganizationTypes VALUES (1, 'None'), (14, 'State'), (15, 'Private');
+INSERT INTO OrganizationSubTypes VALUES (1, 1, 'None'), (16, 15, 'Club'), (17, 15, 'Firm');
+INSERT INTO JurisdictionTypes VALUES (18, 'Town'), (19, 'County'), (20, 'Port');
+INSERT INTO PopulationTypes VALUES (21, 'Adults'), (22, 'Children');
+INSERT INTO Organization (OrganizationID, OrganizationName, Lat, Lon, Status) VALUES
+    (1, 'None', NULL, NULL, 'ACTIVE'), (23, 'Levee Board', 1.5, 2.5, 'ACTIVE'), (24, 'Harbor Watch', NULL, NULL, 'ACTIVE');
+INSERT INTO OrganizationProfile (OrganizationProfileID, Training, ChartOption) VALUES (23, 'theirs', 0);
+INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES
+    (1, 'None', 'ACTIVE'), (25, 'Old Levees', 'ACTIVE'), (27, 'Other', 'ACTIVE');
+INSERT INTO Event (EventID, EventName, Status) VALUES (1, 'None', 'ACTIVE'), (27, 'Storm', 'ACTIVE');
+INSERT INTO DocumentVenues VALUES (27, 3);
+INSERT INTO EventVenues VALUES (27, 4);
+INSERT INTO OrganizationVenues VALUES (23, 5);
+)sql";
+
+/// A control, what its user enters there, and what it shows when the record is opened again. Items of a list
+/// are divided by `|`. `FILE` stands for a file of the user.
+struct Control
+{
+    const char* name;
+    QString entered;
+    const char* shown = nullptr; ///< if it is not what was entered
+};
+
+/// Rows of the file that a save leaves, without the time of a change.
+struct Rows
+{
+    const char* statement;
+    const char* expected;
+};
+
+struct Editor
+{
+    ViewKind kind;
+    const char* form;
+    const char* history;
+    std::vector<Control> controls;
+    std::vector<Rows> rows;
+
+    friend std::ostream& operator<<(std::ostream& out, const Editor& editor) { return out << editor.form; }
+};
+
+#define DOCUMENT_ROW "28|Levees \"of\" 1927, 100%|1|4|"
+#define DOCUMENT_TEXTS                                                                                        \
+    "|23|28.PDF|FILE|A. Author|spring 1927|The Press|p. 7|No. 8|Vol. 9|http://levees.example|Été's levees|" \
+    "Some notes|ACTIVE|1|1|SUBMITTED"
+#define EVENT_ROW "28|Flood|1|2002-03-05|13:05|2003-04-06|14:06|High water|Much noted|ACTIVE|1"
+#define ORGANIZATION_ROW                                                                                     \
+    "25|Ferry Service|15|17|13|Pier 1|Quay 2|Dock 3|Astoria|WA|97103|555 0101|555 0102|ferry.example|"       \
+    "Carries people|NULL|NULL|A note|ACTIVE|1|"
+
+const Editor editors[] = {
+    {ViewKind::Documents,
+     "frmDocument",
+     "Document_HIST",
+     {{"txtDocumentName", u"Levees \"of\" 1927, 100%"_s},
+      {"txtAuthor", u"A. Author"_s},
+      {"txtDocumentDate", u"spring 1927"_s},
+      {"txtPublication", u"The Press"_s},
+      {"txtPubNum", u"No. 8"_s},
+      {"txtVolume", u"Vol. 9"_s},
+      {"txtPageNum", u"p. 7"_s},
+      {"txtURL", u"http://levees.example"_s},
+      {"cmbFileTypeNames", u"Web Page"_s},
+      {"chkKeyDocument", u"on"_s},
+      {"cmbOrganizationNames", u"Levee Board"_s},
+      {"txtOriginalFilename", u"FILE"_s},
+      {"rtbDocumentDescription", u"Été's levees"_s},
+      {"rtbNotes", u"Some notes"_s},
+      {"lstDocTypes", u"Report|Letter"_s},
+      {"lstDocCategories", u"Fires"_s},
+      {"lvVenues", u"Forest|River"_s, "*Forest|*River|Coast|City"}},
+     {{"SELECT * FROM Document WHERE DocumentID = 28", DOCUMENT_ROW "1" DOCUMENT_TEXTS},
+      {"SELECT * FROM Document_HIST", DOCUMENT_ROW "NULL" DOCUMENT_TEXTS "|2005-06-15 12:00:00"},
+      {"SELECT * FROM DocumentTypes WHERE DocumentID = 28 ORDER BY 2", "28|7\n28|9"},
+      {"SELECT * FROM DocumentCategories WHERE DocumentID = 28", "28|11"},
+      {"SELECT * FROM DocumentVenues WHERE DocumentID = 28 ORDER BY rowid", "28|4\n28|6"}}},
+    {ViewKind::Events,
+     "frmEvent",
+     "Event_HIST",
+     {{"txtEventName", u"Flood"_s},
+      {"dtpStartDate", u"3/5/2002"_s, "03/05/2002"},
+      {"dtpStartTime", u"1:05 pm"_s, "13:05"},
+      {"dtpEndDate", u"04/06/2003"_s},
+      {"dtpEndTime", u"14:06"_s},
+      {"chkKeyEvent", u"on"_s},
+      {"rtbEventDescription", u"High water"_s},
+      {"rtbNotes", u"Much noted"_s},
+      {"lvVenues", u"City|Coast"_s, "*Coast|*City|Forest|River"},
+      {"lstEventFunctions", u"Shelter"_s},
+      {"lstEventDocuments", u"Other|Old Levees"_s, "Old Levees|Other"},
+      {"lstEventOrgs", u"Harbor Watch"_s}},
+     {{"SELECT * FROM Event WHERE EventID = 28", EVENT_ROW},
+      {"SELECT * FROM Event_HIST", EVENT_ROW "|2005-06-15 12:00:00"},
+      {"SELECT * FROM EventVenues WHERE EventID = 28 ORDER BY rowid", "28|3\n28|5"},
+      {"SELECT * FROM EventFunctions WHERE EventID = 28", "28|13"},
+      {"SELECT * FROM DocumentEvents ORDER BY 1", "25|28\n27|28"},
+      {"SELECT * FROM OrganizationEvents", "24|28"}}},
+    {ViewKind::Organizations,
+     "frmOrganization",
+     "Organization_HIST",
+     {{"txtOrganizationName", u"Ferry Service"_s},
+      {"txtAddress1", u"Pier 1"_s},
+      {"txtAddress2", u"Quay 2"_s},
+      {"txtAddress3", u"Dock 3"_s},
+      {"txtCity", u"Astoria"_s},
+      {"cmbState", u"WA"_s},
+      {"txtZip", u"97103"_s},
+      {"txtTelephone", u"555 0101"_s},
+      {"txtFax", u"555 0102"_s},
+      {"txtWebsite", u"ferry.example"_s},
+      {"rtbResponseActivities", u"Carries people"_s},
+      {"rtbNotes", u"A note"_s},
+      {"cmbOrgTypes", u"Private"_s},
+      {"cmbOrgSubTypes", u"Firm"_s},
+      {"cmbFunctions", u"Shelter"_s},
+      {"lvVenues", u"Coast|City"_s, "*Coast|*City|Forest|River"},
+      {"rtbMissionStatement", u"To ferry"_s},
+      {"txtSwornEmployees", u" 1,250 "_s, "1250"},
+      {"txtCivilianEmployees", u"31"_s},
+      {"txtVolunteers", u"32"_s},
+      {"txtAnnualBudget", u"$1,234,567,890,123.4500"_s, "1234567890123.4500"},
+      {"rtbResources", u"Boats"_s},
+      {"rtbTraining", u"Weekly"_s},
+      {"rtbOther", u"None other"_s},
+      {"txtOrganizationChart", u"FILE"_s},
+      {"lvJurisdictions", u"Port"_s, "*Port|Town|County"},
+      {"lvPopulations", u"Children"_s, "*Children|Adults"}},
+     {{"SELECT * FROM Organization WHERE OrganizationID = 25", ORGANIZATION_ROW "1"},
+      {"SELECT * FROM Organization_HIST", ORGANIZATION_ROW "NULL|2005-06-15 12:00:00"},
+      {"SELECT * FROM OrganizationProfile WHERE OrganizationProfileID = 25",
+       "25|To ferry|1250|31|32|1234567890123.4500|Boats|Weekly|None other|FILE|1"},
+      {"SELECT * FROM OrganizationProfileJurisdictions ORDER BY rowid", "25|18|0\n25|19|0\n25|20|1"},
+      {"SELECT * FROM OrganizationProfilePopulations ORDER BY rowid", "25|21|0\n25|22|1"},
+      {"SELECT * FROM OrganizationVenues WHERE OrganizationID = 25 ORDER BY rowid", "25|3\n25|5"}}},
+};
+
+/// Takes entries over from the pick list.
+void pick(OpenDialog& dialog, QListWidget& list, const QStringList& names)
+{
+    QPushButton* add = nullptr;
+    for (auto* button : list.parentWidget()->findChildren<QPushButton*>()) {
+        if (button->objectName().startsWith(QStringLiteral("cmdAdd"))) add = button;
+    }
+    ASSERT_NE(add, nullptr);
+    inDialog(
+        "frmPicList", [&] { dialog.click(add->objectName().toUtf8().constData()); },
+        [&](OpenDialog& picker) {
+            auto& view = picker.find<QTreeView>("lvPicList");
+            for (const QString& name : names) {
+                const auto found = view.model()->match(view.model()->index(0, 0), Qt::DisplayRole, name);
+                if (found.isEmpty()) throw std::runtime_error("nothing to pick: " + name.toStdString());
+                view.setCurrentIndex(found.front());
+                QTest::keyClick(&view, Qt::Key_Space);
+            }
+            picker.click("cmdOK");
+        });
+}
+
+void bringForward(OpenDialog& dialog, const QWidget& part)
+{
+    auto* tabs = dialog.dialog().findChild<QTabWidget*>();
+    if (tabs != nullptr) tabs->setCurrentIndex(tabs->widget(1)->isAncestorOf(&part) ? 1 : 0);
+}
+
+class RoundTrip : public testing::TestWithParam<Editor>
+{
+protected:
+    RoundTrip()
+    {
+        journey.database.run(rowsAround);
+        QDir().mkpath(journey.dataFolder() + QStringLiteral("orgcharts"));
+        QFile chosen(file);
+        EXPECT_TRUE(chosen.open(QIODevice::WriteOnly));
+        journey.start();
+    }
+
+    /// A text with the user's file in it.
+    [[nodiscard]] QString with(const QString& text) const { return QString(text).replace(u"FILE"_s, file); }
+
+    void enter(OpenDialog& dialog, const Control& control)
+    {
+        auto& part = dialog.find<QWidget>(control.name);
+        bringForward(dialog, part);
+        const QStringList items = control.entered.split(u'|');
+        if (qobject_cast<QComboBox*>(&part) != nullptr) {
+            dialog.choose(control.name, control.entered);
+        } else if (qobject_cast<QCheckBox*>(&part) != nullptr) {
+            part.setFocus();
+            dialog.press(Qt::Key_Space);
+        } else if (auto* list = qobject_cast<QListWidget*>(&part); list == nullptr) {
+            dialog.type(control.name, with(control.entered));
+        } else if (list->item(0)->data(Qt::CheckStateRole).isValid()) {
+            for (const QString& item : items)
+                dialog.tick(control.name, item);
+        } else {
+            pick(dialog, *list, items);
+        }
+    }
+
+    static std::string shown(OpenDialog& dialog, const char* name)
+    {
+        const auto* box = qobject_cast<QCheckBox*>(&dialog.find<QWidget>(name));
+        if (box == nullptr) return dialog.text(name);
+        return box->isChecked() ? "on" : "off";
+    }
+
+    void expectAll(OpenDialog& dialog)
+    {
+        for (const auto& [name, entered, again] : GetParam().controls) {
+            EXPECT_EQ(shown(dialog, name), again != nullptr ? again : with(entered).toStdString()) << name;
+        }
+    }
+
+    /// Every row of every table, each after its table's name.
+    QStringList dump()
+    {
+        QStringList all;
+        const auto ask = [this](const QString& statement) {
+            return journey.database.ask(statement.toUtf8().constData()).split(u'\n');
+        };
+        for (const QString& table : ask(u"SELECT name FROM sqlite_master WHERE type = 'table'"_s)) {
+            for (const QString& row : ask(u"SELECT quote('%1'), * FROM \"%1\""_s.arg(table)))
+                all << row;
+        }
+        return all;
+    }
+
+    void open(EditorMode mode, const std::function<void(OpenDialog&)>& work)
+    {
+        auto& records = journey.find<RecordEditors>("");
+        const ViewKind kind = GetParam().kind;
+        inDialog(
+            GetParam().form,
+            [&] {
+                if (mode == EditorMode::Add) records.add(kind, std::nullopt);
+                if (mode == EditorMode::Edit) records.edit(kind, id());
+                if (mode == EditorMode::View) records.view(kind, id());
+            },
+            work);
+    }
+
+    static qint64 id() { return GetParam().kind == ViewKind::Organizations ? 25 : 28; }
+
+    Journey journey;
+    QString file = journey.database.folder() + QStringLiteral("/scan.PDF");
+};
+
+/// Keys that change something wherever a control takes them.
+void pressAll(QWidget& part)
+{
+    part.setFocus();
+    for (const Qt::Key key : {Qt::Key_X, Qt::Key_Space, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Down})
+        QTest::keyClick(&part, key);
+    QTest::keyClick(&part, Qt::Key_X, Qt::ControlModifier);
+}
+
+TEST_P(RoundTrip, BringsEveryControlIntoTheFileAndBack)
+{
+    open(EditorMode::Add, [&](OpenDialog& dialog) {
+        static const QRegularExpression prefix(u"^(txt|rtb|cmb|chk|dtp|lst|lv)[A-Z]"_s);
+        QStringList known;
+        for (const Control& control : GetParam().controls) {
+            known << QString::fromLatin1(control.name);
+            enter(dialog, control);
+        }
+        for (const QWidget* part : dialog.dialog().findChildren<QWidget*>(prefix))
+            EXPECT_TRUE(known.contains(part->objectName())) << part->objectName().toStdString();
+        dialog.click("cmdOK");
+    });
+    for (const auto& [statement, expected] : GetParam().rows) {
+        EXPECT_EQ(journey.database.ask(statement).toStdString(),
+                  with(QString::fromUtf8(expected)).toStdString())
+            << statement;
+    }
+
+    QStringList before = dump();
+    open(EditorMode::View, [&](OpenDialog& dialog) {
+        expectAll(dialog);
+        for (const Control& control : GetParam().controls) {
+            auto& part = dialog.find<QWidget>(control.name);
+            bringForward(dialog, part);
+            pressAll(part);
+        }
+        expectAll(dialog);
+        for (const auto* button : dialog.find<QWidget>("scrollArea").findChildren<QPushButton*>()) {
+            const bool onlyShows = button->objectName() == QStringLiteral("cmdViewOrganization");
+            EXPECT_EQ(button->isEnabled(), onlyShows) << button->objectName().toStdString();
+        }
+        dialog.press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(dump(), before);
+
+    journey.desktop.clock.moment = journey.desktop.clock.moment.addSecs(1);
+    open(EditorMode::Edit, [&](OpenDialog& dialog) {
+        expectAll(dialog);
+        dialog.click("cmdOK");
+    });
+    const QString history = QString::fromLatin1(GetParam().history);
+    QStringList after = dump();
+    const QStringList versions = before.filter(u"'%1'|"_s.arg(history));
+    ASSERT_EQ(versions.size(), 1);
+    before << QString(versions.front()).replace(u"12:00:00"_s, u"12:00:01"_s);
+    before.sort();
+    after.sort();
+    EXPECT_EQ(after, before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Editors, RoundTrip, testing::ValuesIn(editors),
+                         [](const auto& editor) { return std::string(editor.param.form); });
+
+} // namespace
