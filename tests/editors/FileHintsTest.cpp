@@ -1,0 +1,37 @@
+#include "editors/FileHints.h"
+
+#include "support/TextPrinting.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(FileHints, TellTheTypeAndATitleByTheNameOfAFile)
+{
+    const std::vector<ListEntry> types{
+        {QStringLiteral("None"), 1},          {QStringLiteral("Adobe PDF"), 2},
+        {QStringLiteral("Word Document"), 3}, {QStringLiteral("Web Page"), 4},
+        {QStringLiteral("Picture"), 5},       {QStringLiteral("Film"), 6},
+        {QStringLiteral("Video"), 7},         {QStringLiteral("GPX (track)"), 8}};
+    const struct
+    {
+        const char* path;
+        std::optional<qint64> type;
+        const char* title;
+    } cases[] = {
+        {"/in/flood_report-final.PDF", 2, "flood report final"},
+        {"C:\\in\\My page.htm", 4, "My page"},
+        {"/in/2001-09-11_letter.docx", 3, "2001-09-11 letter"},
+        {"/in/map.v2.jpeg", 5, "map.v2"},
+        {"/in/walk.gpx", 8, "walk"},            // by the extension itself
+        {"/in/clip.mp4", std::nullopt, "clip"}, // two types could be meant
+        {"/in/data.xyz", std::nullopt, "data"}, // no type is
+        {"/in.pdf/README", std::nullopt, "README"},
+    };
+    for (const auto& [path, type, title] : cases) {
+        EXPECT_EQ(FileHints::fileType(QString::fromLatin1(path), types), type) << path;
+        EXPECT_EQ(FileHints::title(QString::fromLatin1(path)), QString::fromLatin1(title)) << path;
+    }
+}
+
+} // namespace
