@@ -71,6 +71,12 @@ void PickerEdit::keyPressEvent(QKeyEvent* event)
     LineEdit::keyPressEvent(event);
 }
 
+void PickerEdit::changeEvent(QEvent* event)
+{
+    LineEdit::changeEvent(event);
+    if (event->type() == QEvent::ReadOnlyChange) setClearButtonEnabled(!isReadOnly());
+}
+
 void PickerEdit::step(int steps)
 {
     if (!normalForm(text())) return;

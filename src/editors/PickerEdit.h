@@ -33,6 +33,7 @@ protected:
     [[nodiscard]] virtual QString stepped(int part, int steps) const = 0;
 
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void takeNormalForm();

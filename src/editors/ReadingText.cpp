@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QLineEdit>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -65,5 +66,7 @@ void ReadingText::fit()
     setVisible(isNeeded);
     setGeometry(m_field.rect());
     document()->setTextWidth(m_field.width());
-    m_field.setMinimumHeight(isNeeded ? static_cast<int>(std::ceil(document()->size().height())) : 0);
+    const int height = static_cast<int>(std::ceil(document()->size().height()));
+    setViewportMargins(0, std::max(0, (m_field.height() - height) / 2), 0, 0);
+    m_field.setMinimumHeight(isNeeded ? height : 0);
 }
