@@ -46,6 +46,7 @@ ReadingText::ReadingText(QWidget& field, const QString& text, bool isLine)
                         field.parentWidget()->palette().color(QPalette::Active, QPalette::Window));
     }
     setPalette(shades);
+    setAutoFillBackground(true);
     setFont(field.font());
     document()->setDocumentMargin(margin);
     setPlainText(text);

@@ -65,6 +65,8 @@ void frmOrganization::makeForm()
 {
     m_tabs = new QTabWidget(this);
     m_tabs->setObjectName(QStringLiteral("tabOrganization"));
+    // the ground of the pages is then that of the window, as of the texts in them that are read
+    m_tabs->setDocumentMode(true);
     m_tabs->addTab(makeMainPage(), tr("&Organization"));
     m_profilePage = makeProfilePage();
     m_tabs->addTab(m_profilePage, tr("Pro&file"));
