@@ -64,6 +64,14 @@ std::vector<ListEntry> LinkList::entries() const
     return entries;
 }
 
+void LinkList::setLocked(bool locked)
+{
+    m_isLocked = locked;
+    m_list->setUniformItemSizes(!locked);
+    m_list->setWordWrap(locked);
+    m_list->setResizeMode(locked ? QListView::Adjust : QListView::Fixed);
+}
+
 void LinkList::addItem(const ListEntry& entry)
 {
     auto* item = new QListWidgetItem(entry.display, m_list);

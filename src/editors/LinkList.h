@@ -33,7 +33,8 @@ public:
     [[nodiscard]] std::vector<ListEntry> entries() const;
 
     /// Whether the links can only be read: a double click or Enter then asks to show the linked record.
-    void setLocked(bool locked) { m_isLocked = locked; }
+    /// Long names wrap then.
+    void setLocked(bool locked);
 
     [[nodiscard]] PickListKind kind() const { return m_kind; }
     [[nodiscard]] QListWidget* list() const { return m_list; }

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QLineEdit>
+#include <QTextFrame>
 
 #include <algorithm>
 #include <cmath>
@@ -46,7 +47,6 @@ ReadingText::ReadingText(QWidget& field, const QString& text, bool isLine)
                         field.parentWidget()->palette().color(QPalette::Active, QPalette::Window));
     }
     setPalette(shades);
-    setAutoFillBackground(true);
     setFont(field.font());
     document()->setDocumentMargin(margin);
     setPlainText(text);
@@ -67,7 +67,15 @@ void ReadingText::fit()
     setVisible(isNeeded);
     setGeometry(m_field.rect());
     document()->setTextWidth(m_field.width());
+    setTopMargin(margin);
     const int height = static_cast<int>(std::ceil(document()->size().height()));
-    setViewportMargins(0, std::max(0, (m_field.height() - height) / 2), 0, 0);
+    setTopMargin(margin + std::max(0, (m_field.height() - height) / 2));
     m_field.setMinimumHeight(isNeeded ? height : 0);
+}
+
+void ReadingText::setTopMargin(int top)
+{
+    QTextFrameFormat format = document()->rootFrame()->frameFormat();
+    format.setTopMargin(top);
+    document()->rootFrame()->setFrameFormat(format);
 }

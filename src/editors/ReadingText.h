@@ -22,6 +22,7 @@ protected:
 private:
     ReadingText(QWidget& field, const QString& text, bool isLine);
     void fit();
+    void setTopMargin(int top);
 
     QWidget& m_field;
     bool m_isLine;

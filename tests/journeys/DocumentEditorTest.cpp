@@ -238,6 +238,8 @@ TEST_F(DocumentEditor, TakesTheFirstOrganizationThatHoldsWhatWasTyped)
             EXPECT_EQ(combo.currentData().toInt(), key) << typed;
             EXPECT_NE(dialog.focus(), "cmbOrganizationNames") << typed;
         }
+        dialog.type("cmbOrganizationNames", QStringLiteral("watch"));
+        EXPECT_EQ(combo.completer()->completionCount(), 1) << "by any part of its name";
         dialog.type("cmbOrganizationNames", QStringLiteral("levee"));
         byReturn(dialog);
         EXPECT_EQ(combo.currentText(), QStringLiteral("Levee Board")) << "Return";

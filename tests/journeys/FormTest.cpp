@@ -4,6 +4,7 @@
 #include "Journey.h"
 
 #include <QLabel>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSet>
@@ -63,6 +64,8 @@ TEST_P(Form, ReachesEveryFieldByAKeyOfItsOwnAndMarksTheRequiredOnes)
             if (label->text().endsWith(u'*')) required << label->buddy()->accessibleName();
         }
         EXPECT_GT(keys.size(), 8);
+        for (const QPushButton* button : dialog.dialog().findChildren<QPushButton*>())
+            EXPECT_EQ(button->autoDefault(), button->isDefault()) << button->objectName().toStdString();
         EXPECT_EQ(required.join(u'|').toStdString(), GetParam().required);
         dialog.click("cmdCancel");
     });
