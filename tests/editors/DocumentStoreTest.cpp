@@ -30,52 +30,6 @@ protected:
     DocumentStore m_store{m_state, m_clock};
 };
 
-TEST_F(DocumentStoreTest, ABlankRecordHasTheFirstFileTypeAndPlaceholders)
-{
-    const DocumentRecord record = m_store.blank(std::nullopt);
-    EXPECT_EQ(record.fileTypeId, 3); // HTML comes before PDF
-    EXPECT_EQ(record.organizationId, 1);
-    EXPECT_EQ(record.url, u"http://"_s);
-    EXPECT_EQ(textsOf(record.types), u"None"_s);
-    EXPECT_EQ(keysOf(record.categories), u"1"_s);
-    EXPECT_EQ(record.venues.size(), 3u);
-    EXPECT_EQ(keysOf(record.venues), QString());
-}
-
-TEST_F(DocumentStoreTest, APresetNamesTheSourceOrganizationAndNothingElse)
-{
-    const clsFieldInfo organization{u"ORGANIZATION"_s, 3, u"Harbor Watch"_s};
-    EXPECT_FALSE(DocumentStore::refusalOfPreset(organization));
-    EXPECT_EQ(m_store.blank(organization).organizationId, 3);
-    const clsFieldInfo event{u"EVENT"_s, 3, u"x"_s};
-    EXPECT_EQ(DocumentStore::refusalOfPreset(event), u"Invalid FieldName to add to current document"_s);
-    EXPECT_EQ(m_store.blank(event).organizationId, 1);
-}
-
-TEST_F(DocumentStoreTest, RequiredFieldsAreAskedForInOrder)
-{
-    DocumentRecord record;
-    const auto expect = [&record](DocumentField field, const QString& message) {
-        const auto problem = DocumentStore::check(record);
-        ASSERT_TRUE(problem);
-        EXPECT_EQ(problem->field, field);
-        EXPECT_EQ(problem->message, message);
-    };
-    expect(DocumentField::DocumentName, u"Document title is required."_s);
-    record.documentName = u"x"_s;
-    expect(DocumentField::DocumentDescription, u"Document description is required."_s);
-    record.documentDescription = u"x"_s;
-    expect(DocumentField::OriginalFilename,
-           u"Document filename is required. Please browse to select your document file."_s);
-    record.originalFilename = u"x"_s;
-    EXPECT_FALSE(DocumentStore::check(record));
-
-    // a stored document without a file name cannot be saved again
-    DocumentRecord storedOne = m_store.load(3).record;
-    storedOne.documentDescription = u"x"_s;
-    EXPECT_TRUE(DocumentStore::check(storedOne));
-}
-
 TEST_F(DocumentStoreTest, TitlesThatAnActiveDocumentHasAreRefused)
 {
     const struct
@@ -112,6 +66,9 @@ TEST_F(DocumentStoreTest, LinksAreReadOnceAndWhatIsMissingAsNone)
     EXPECT_EQ(m_store.load(2).record.types.size(), 2u);
     EXPECT_EQ(m_store.load(3).record.fileTypeId, 1);
     EXPECT_EQ(keysOf(m_store.load(3).record.categories), u"1"_s);
+    DocumentRecord record = m_store.load(2).record;
+    record.documentName = u"The xAy file"_s; // no look for duplicates here
+    EXPECT_FALSE(m_store.updateDocument(record));
 }
 
 TEST_F(DocumentStoreTest, AMissingRecordIsReadWithTheLinksOfItsNumber)
@@ -121,32 +78,6 @@ TEST_F(DocumentStoreTest, AMissingRecordIsReadWithTheLinksOfItsNumber)
     EXPECT_EQ(record.documentName, QString());
     EXPECT_EQ(textsOf(record.types), u"étude"_s);
     EXPECT_EQ(DocumentStore::notFoundMessage(9), u"Document 9 not found"_s);
-}
-
-TEST_F(DocumentStoreTest, ChangingKeepsWhatTheEditorDoesNotShow)
-{
-    DocumentRecord record = m_store.load(2).record;
-    record.documentName = u"The xAy file"_s; // no look for duplicates here
-    record.types = {ListEntry::none()};
-    check(record.venues, {});
-    EXPECT_FALSE(m_store.updateDocument(record));
-    EXPECT_EQ(ask("SELECT DocumentName, ReleaseForm, FileLocation, OriginalFilename, dStatus, UserID, POCID, "
-                  "Status, "
-                  "URL FROM Document WHERE DocumentID = 2"),
-              u"The xAy file|0|2.pdf|C:\\in\\flood.pdf|ACTIVE|5|6|REVIEWED|NULL"_s);
-    EXPECT_EQ(ask("SELECT DocumentTypeID FROM DocumentTypes WHERE DocumentID = 2"), u"1"_s);
-    EXPECT_EQ(ask("SELECT count(*) FROM DocumentVenues"), u"0"_s);
-
-    m_clock.moment = m_clock.moment.addSecs(60);
-    record.documentName = u"Flood report"_s;
-    EXPECT_FALSE(m_store.updateDocument(record));
-    EXPECT_EQ(
-        ask("SELECT DocumentName, FileLocation, OriginalFilename, dStatus, UserID, Status, UpdateTime FROM "
-            "Document_HIST WHERE DocumentID = 2"),
-        u"The xAy file|2.pdf|C:\\in\\flood.pdf|ACTIVE|1|SUBMITTED|2005-06-15 14:03:09\n"
-        u"Flood report|2.pdf|C:\\in\\flood.pdf|ACTIVE|1|SUBMITTED|2005-06-15 14:04:09"_s);
-    EXPECT_EQ(ask("SELECT DocumentTypeID FROM DocumentTypes WHERE DocumentID = 2"), u"1"_s);
-    EXPECT_EQ(ask("SELECT * FROM DocumentTypes WHERE DocumentID = 9"), u"9|3"_s);
 }
 
 TEST_F(DocumentStoreTest, NumbersBeyondSixteenBitsAreRefusedBeforeAnythingIsWritten)
@@ -175,14 +106,6 @@ TEST_F(DocumentStoreTest, NumbersBeyondSixteenBitsAreRefusedBeforeAnythingIsWrit
     DocumentRecord added = filled();
     expectRefused([&] { (void)m_store.saveDocument(added); });
     EXPECT_TRUE(QDir(m_database.folder() + u"/data/documents"_s).isEmpty());
-}
-
-TEST_F(DocumentStoreTest, AVenueOutOfRangeDoesNotMatterWhereItIsNotChecked)
-{
-    m_database.run("INSERT INTO Venue VALUES (40000, 'Far')");
-    DocumentRecord record = m_store.load(2).record;
-    EXPECT_FALSE(m_store.updateDocument(record));
-    EXPECT_EQ(ask("SELECT count(*) FROM DocumentVenues WHERE DocumentID = 2"), u"2"_s);
 }
 
 TEST_F(DocumentStoreTest, WhatWasWrittenBeforeAFailureStaysAndIsCompleted)
@@ -237,18 +160,6 @@ TEST_F(DocumentStoreTest, WithoutAFileToCopyNothingIsWritten)
     EXPECT_EQ(m_database.bytes(), before);
 }
 
-TEST_F(DocumentStoreTest, ACopyThatFailsLeavesTheRowAndReports)
-{
-    DocumentRecord record = filled();
-    QDir().mkpath(m_database.folder() + u"/data/documents/5.PDF"_s); // a folder stands in its way
-    EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveDocument(record); }), isFolder);
-    EXPECT_EQ(ask("SELECT DocumentName, FileLocation FROM Document WHERE DocumentID = 5"),
-              u"Storm survey|5.PDF"_s);
-    EXPECT_EQ(ask("SELECT count(*) FROM DocumentTypes WHERE DocumentID = 5"), u"0"_s);
-    EXPECT_EQ(ask("SELECT count(*) FROM Document_HIST"), u"0"_s);
-    EXPECT_EQ(record.documentDescription, u"What the storm did"_s);
-}
-
 TEST_F(DocumentStoreTest, ARecordThatIsGoneMeanwhileIsNotBroughtBack)
 {
     DocumentRecord record = m_store.load(2).record;
@@ -287,16 +198,6 @@ TEST_F(DocumentStoreTest, WhatAFailedSaveWroteItselfIsNoChangeOfSomebodyElse)
     record.author = u"The Board"_s; // as it was read
     EXPECT_FALSE(m_store.updateDocument(record));
     EXPECT_EQ(ask("SELECT Author, Volume FROM Document WHERE DocumentID = 2"), u"The Board|4"_s);
-}
-
-TEST_F(DocumentStoreTest, DeletingMarksTheRowAndNothingElse)
-{
-    EXPECT_EQ(m_store.deleteDocument(2), u"Document ID 2 successfully deleted."_s);
-    EXPECT_EQ(ask("SELECT DocumentName, dStatus, Status FROM Document WHERE DocumentID = 2"),
-              u"Flood report|DELETED|REVIEWED"_s);
-    EXPECT_EQ(ask("SELECT count(*) FROM DocumentTypes WHERE DocumentID = 2"), u"3"_s);
-    EXPECT_EQ(ask("SELECT count(*) FROM Document_HIST"), u"0"_s);
-    EXPECT_EQ(ask("SELECT count(*) FROM Document WHERE dStatus = 'DELETED'"), u"2"_s);
 }
 
 } // namespace

@@ -27,38 +27,6 @@ protected:
     EventStore m_store{m_state, m_clock};
 };
 
-TEST_F(EventStoreTest, APresetGoesIntoTheListOfItsKind)
-{
-    const EventRecord ofDocument = m_store.blank(clsFieldInfo{u"DOCUMENT"_s, 2, u"Flood report"_s});
-    EXPECT_EQ(textsOf(ofDocument.documents), u"Flood report"_s);
-    EXPECT_EQ(textsOf(ofDocument.organizations), u"None"_s);
-    EXPECT_EQ(textsOf(ofDocument.functions), u"None"_s);
-    const EventRecord ofOrganization = m_store.blank(clsFieldInfo{u"ORGANIZATION"_s, 3, u"Harbor Watch"_s});
-    EXPECT_EQ(keysOf(ofOrganization.documents), u"1"_s);
-    EXPECT_EQ(keysOf(ofOrganization.organizations), u"3"_s);
-    EXPECT_EQ(EventStore::refusalOfPreset({u"EVENT"_s, 3, u"x"_s}),
-              u"Invalid FieldName to add to current event"_s);
-    EXPECT_FALSE(EventStore::refusalOfPreset({u"DOCUMENT"_s, 3, u"x"_s}));
-}
-
-TEST_F(EventStoreTest, RequiredFieldsAreAskedForInOrder)
-{
-    EventRecord record = m_store.blank(std::nullopt);
-    const auto expect = [&record](EventField field, const QString& message) {
-        const auto problem = EventStore::check(record);
-        ASSERT_TRUE(problem);
-        EXPECT_EQ(problem->field, field);
-        EXPECT_EQ(problem->message, message);
-    };
-    expect(EventField::EventName, u"Event title is required."_s);
-    record.eventName = u"x"_s;
-    expect(EventField::EventDescription, u"Event description is required."_s);
-    record.eventDescription = u"x"_s;
-    expect(EventField::Venues, u"Event venue is required."_s);
-    check(record.venues, {12}); // the last of them
-    EXPECT_FALSE(EventStore::check(record));
-}
-
 TEST_F(EventStoreTest, DatesAndTimesGoInAndComeBackAsTheyAre)
 {
     const struct
@@ -151,47 +119,6 @@ TEST_F(EventStoreTest, TitlesThatAnActiveEventHasAreRefused)
     }
 }
 
-TEST_F(EventStoreTest, ChangingKeepsTheStatusAndRewritesTheLinks)
-{
-    const auto [record, isFound] = m_store.load(2);
-    EXPECT_TRUE(isFound);
-    EXPECT_EQ(record.startTime, u"09:05"_s);
-    EXPECT_EQ(record.endDate, QString());
-    EXPECT_EQ(record.functions.size(), 2u);
-    EXPECT_EQ(textsOf(record.documents), u"Flood report|The xAy file"_s);
-    EXPECT_EQ(keysOf(record.venues), u"3"_s);
-
-    EventRecord changed = record;
-    changed.eventName = u"Old storm"_s;
-    changed.organizations.clear();
-    for (int save = 0; save < 2; ++save)
-        EXPECT_FALSE(m_store.updateEvent(changed));
-    EXPECT_EQ(ask("SELECT * FROM Event WHERE EventID = 2"),
-              u"2|Old storm|1|2001-09-11|09:05:30|NULL|NULL|Water was short|NULL|ACTIVE|7"_s);
-    EXPECT_EQ(ask("SELECT group_concat(FunctionID) FROM EventFunctions WHERE EventID = 2").size(), 3);
-    EXPECT_EQ(ask("SELECT count(*) FROM DocumentEvents WHERE EventID = 2"), u"2"_s);
-    EXPECT_EQ(ask("SELECT OrganizationID FROM OrganizationEvents WHERE EventID = 2"), u"1"_s);
-    EXPECT_EQ(ask("SELECT count(*) FROM Event_HIST WHERE EventID = 2"), u"2"_s);
-}
-
-TEST_F(EventStoreTest, AVenueOutOfRangeDoesNotMatterWhereItIsNotChecked)
-{
-    m_database.run("INSERT INTO Venue VALUES (40000, 'Far')");
-    EventRecord record = filled();
-    EXPECT_FALSE(m_store.saveEvent(record));
-    EXPECT_FALSE(m_store.updateEvent(record));
-    EXPECT_EQ(ask("SELECT VenueID FROM EventVenues WHERE EventID = 4"), u"12"_s);
-}
-
-TEST_F(EventStoreTest, AnUndatedEventStaysUndated)
-{
-    m_database.run("UPDATE Event SET StartDate = NULL, StartTime = NULL WHERE EventID = 2");
-    EventRecord record = m_store.load(2).record;
-    EXPECT_FALSE(m_store.updateEvent(record));
-    EXPECT_EQ(ask("SELECT StartDate, StartTime, EndDate, EndTime FROM Event WHERE EventID = 2"),
-              u"NULL|NULL|NULL|NULL"_s);
-}
-
 TEST_F(EventStoreTest, WhatWasWrittenBeforeAFailureStaysAndIsCompleted)
 {
     const struct
@@ -247,14 +174,6 @@ TEST_F(EventStoreTest, WhatCannotBeSavedIsRefusedBeforeAnythingIsWritten)
     EXPECT_EQ(m_database.bytes(), before);
     EXPECT_FALSE(m_store.load(77).isFound);
     EXPECT_EQ(EventStore::notFoundMessage(77), u"Event 77 not found"_s);
-}
-
-TEST_F(EventStoreTest, DeletingMarksTheRowAndNothingElse)
-{
-    EXPECT_EQ(m_store.deleteEvent(2), u"Event ID 2 successfully deleted."_s);
-    EXPECT_EQ(ask("SELECT EventID FROM Event WHERE Status = 'DELETED' ORDER BY 1"), u"2\n3"_s);
-    EXPECT_EQ(ask("SELECT count(*) FROM EventVenues"), u"2"_s);
-    EXPECT_EQ(ask("SELECT count(*) FROM Event_HIST"), u"0"_s);
 }
 
 } // namespace

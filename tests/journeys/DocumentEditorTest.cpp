@@ -355,19 +355,6 @@ TEST_F(DocumentEditor, TakesADroppedFileWithWhatItsNameSays)
         });
 }
 
-TEST_F(DocumentEditor, WritesNothingWithoutAFileToCopy)
-{
-    messages().expectMessageBeginning(QStringLiteral("saveDocument Error (2): "));
-    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
-        fillIn(dialog);
-        QFile::remove(source);
-        dialog.click("cmdOK");
-        EXPECT_EQ(dialog.text("txtDocumentName"), "Levees");
-        discard(dialog, messages());
-    });
-    EXPECT_EQ(journey.column(0), "Old Levees");
-}
-
 TEST_F(DocumentEditor, CompletesARecordWhoseFileCouldNotBeCopied)
 {
     const QString inTheWay = journey.dataFolder() + QStringLiteral("documents/3.PDF/kept");
