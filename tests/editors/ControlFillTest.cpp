@@ -40,13 +40,4 @@ TEST_F(ControlFill, AFailureLeavesWhatWasThere)
     EXPECT_EQ(textsOf(m_entries), u"kept"_s);
 }
 
-TEST_F(ControlFill, ListsWithCheckBoxesKeepTheOrderOfTheTable)
-{
-    std::vector<CheckEntry> entries;
-    fillCheckList(m_state.session, {u"Venue"_s, u"VenueName"_s, u"VenueID"_s}, entries);
-    ASSERT_EQ(entries.size(), 3u);
-    EXPECT_EQ(entries[0], (CheckEntry{{u"Harbor"_s, 2}, false}));
-    EXPECT_EQ(entries[2], (CheckEntry{{u"Stadium"_s, 12}, false}));
-}
-
 } // namespace

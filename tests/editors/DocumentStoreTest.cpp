@@ -10,9 +10,7 @@ namespace {
 
 constexpr int overflow = 6;
 constexpr int gone = 12;
-constexpr int refused = 1;
 constexpr int noSuchFile = 2;
-constexpr int isFolder = 21;
 
 class DocumentStoreTest : public EditorTest
 {
@@ -106,45 +104,6 @@ TEST_F(DocumentStoreTest, NumbersBeyondSixteenBitsAreRefusedBeforeAnythingIsWrit
     DocumentRecord added = filled();
     expectRefused([&] { (void)m_store.saveDocument(added); });
     EXPECT_TRUE(QDir(m_database.folder() + u"/data/documents"_s).isEmpty());
-}
-
-TEST_F(DocumentStoreTest, WhatWasWrittenBeforeAFailureStaysAndIsCompleted)
-{
-    const struct
-    {
-        QString failing;
-        QString standing; // documents, types, categories, venues, history
-    } cases[] = {{u"Document"_s, u"0|0|0|0|0"_s},
-                 {u"DocumentTypes"_s, u"1|0|0|0|0"_s},
-                 {u"DocumentCategories"_s, u"1|1|0|0|0"_s},
-                 {u"DocumentVenues"_s, u"1|1|1|0|0"_s},
-                 {u"Document_HIST"_s, u"1|1|1|1|0"_s}};
-    for (const auto& [failing, standing] : cases) {
-        refuseRows(failing, u"DocumentID"_s, 5);
-        DocumentRecord record = filled();
-        check(record.venues, {3});
-        EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveDocument(record); }), refused) << qPrintable(failing);
-        EXPECT_EQ(ask("SELECT (SELECT count(*) FROM Document WHERE DocumentID = 5), "
-                      "(SELECT count(*) FROM DocumentTypes WHERE DocumentID = 5), "
-                      "(SELECT count(*) FROM DocumentCategories WHERE DocumentID = 5), "
-                      "(SELECT count(*) FROM DocumentVenues WHERE DocumentID = 5), "
-                      "(SELECT count(*) FROM Document_HIST)"),
-                  standing)
-            << qPrintable(failing);
-        EXPECT_EQ(record.id, failing == u"Document"_s ? -1 : 5) << qPrintable(failing);
-        m_database.run("DROP INDEX refuse");
-        EXPECT_FALSE(m_store.saveDocument(record)) << qPrintable(failing);
-        EXPECT_EQ(record.id, 5) << qPrintable(failing);
-        EXPECT_EQ(ask("SELECT (SELECT max(DocumentID) FROM Document), (SELECT count(*) FROM DocumentTypes "
-                      "WHERE DocumentID = 5), (SELECT count(*) FROM DocumentVenues WHERE DocumentID = 5), "
-                      "(SELECT count(*) FROM Document_HIST)"),
-                  u"5|1|1|1"_s)
-            << qPrintable(failing);
-        m_database.run(
-            "DELETE FROM Document_HIST; DELETE FROM Document WHERE DocumentID = 5;"
-            "DELETE FROM DocumentTypes WHERE DocumentID = 5; DELETE FROM DocumentVenues WHERE DocumentID = 5;"
-            "DELETE FROM DocumentCategories WHERE DocumentID = 5");
-    }
 }
 
 TEST_F(DocumentStoreTest, WithoutAFileToCopyNothingIsWritten)

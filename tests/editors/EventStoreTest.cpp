@@ -8,7 +8,6 @@ namespace {
 
 constexpr int overflow = 6;
 constexpr int gone = 12;
-constexpr int refused = 1;
 constexpr int noDateOrTime = 20;
 
 class EventStoreTest : public EditorTest
@@ -95,66 +94,6 @@ TEST_F(EventStoreTest, ADateThatCannotBeReadIsShownAndNeverLost)
     }
     EXPECT_EQ(ask("SELECT StartDate, StartTime, EndDate, EndTime FROM Event WHERE EventID = 2"),
               u"NULL|NULL|NULL|NULL"_s);
-}
-
-TEST_F(EventStoreTest, TitlesThatAnActiveEventHasAreRefused)
-{
-    const struct
-    {
-        QString title;
-        bool isRefused;
-    } cases[] = {{u"HARBOR fire"_s, true},
-                 {u"Harbor\"fire"_s, true},
-                 {u"Old storm"_s, false}, // was deleted
-                 {u"L'Étang \"noir\""_s, false}};
-    for (const auto& [title, isRefused] : cases) {
-        EventRecord record = filled();
-        record.eventName = title;
-        const auto problem = m_store.saveEvent(record);
-        ASSERT_EQ(problem.has_value(), isRefused) << qPrintable(title);
-        EXPECT_EQ(record.id < 0, isRefused);
-        if (!isRefused) continue;
-        EXPECT_EQ(problem->message,
-                  u"Event with identical title already exists. Please choose a different title."_s);
-    }
-}
-
-TEST_F(EventStoreTest, WhatWasWrittenBeforeAFailureStaysAndIsCompleted)
-{
-    const struct
-    {
-        QString failing;
-        QString standing; // events, venues, functions, documents, organizations, history
-    } cases[] = {{u"EventVenues"_s, u"1|0|0|0|0|0"_s},
-                 {u"EventFunctions"_s, u"1|1|0|0|0|0"_s},
-                 {u"DocumentEvents"_s, u"1|1|1|0|0|0"_s},
-                 {u"OrganizationEvents"_s, u"1|1|1|1|0|0"_s},
-                 {u"Event_HIST"_s, u"1|1|1|1|1|0"_s}};
-    for (const auto& [failing, standing] : cases) {
-        refuseRows(failing, u"EventID"_s, 4);
-        EventRecord record = filled();
-        EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveEvent(record); }), refused) << qPrintable(failing);
-        EXPECT_EQ(ask("SELECT (SELECT count(*) FROM Event WHERE EventID = 4), "
-                      "(SELECT count(*) FROM EventVenues WHERE EventID = 4), "
-                      "(SELECT count(*) FROM EventFunctions WHERE EventID = 4), "
-                      "(SELECT count(*) FROM DocumentEvents WHERE EventID = 4), "
-                      "(SELECT count(*) FROM OrganizationEvents WHERE EventID = 4), "
-                      "(SELECT count(*) FROM Event_HIST)"),
-                  standing)
-            << qPrintable(failing);
-        m_database.run("DROP INDEX refuse");
-        EXPECT_FALSE(m_store.saveEvent(record)) << qPrintable(failing);
-        EXPECT_EQ(record.id, 4) << qPrintable(failing);
-        EXPECT_EQ(ask("SELECT (SELECT max(EventID) FROM Event), (SELECT count(*) FROM EventVenues WHERE "
-                      "EventID = 4), (SELECT count(*) FROM OrganizationEvents WHERE EventID = 4), "
-                      "(SELECT count(*) FROM Event_HIST)"),
-                  u"4|1|1|1"_s)
-            << qPrintable(failing);
-        m_database.run(
-            "DELETE FROM Event_HIST; DELETE FROM Event WHERE EventID = 4;"
-            "DELETE FROM EventVenues WHERE EventID = 4; DELETE FROM EventFunctions WHERE EventID = 4;"
-            "DELETE FROM DocumentEvents WHERE EventID = 4; DELETE FROM OrganizationEvents WHERE EventID = 4");
-    }
 }
 
 TEST_F(EventStoreTest, WhatCannotBeSavedIsRefusedBeforeAnythingIsWritten)

@@ -11,7 +11,6 @@ namespace {
 
 constexpr int overflow = 6;
 constexpr int gone = 12;
-constexpr int refused = 1;
 constexpr int noNumber = 20;
 
 class OrganizationStoreTest : public EditorTest
@@ -26,31 +25,6 @@ protected:
 
     OrganizationStore m_store{m_state, m_clock};
 };
-
-TEST_F(OrganizationStoreTest, SubTypesFollowTheirTypeByIdentifier)
-{
-    const struct
-    {
-        qint64 type;
-        QString keys;
-    } cases[] = {{3, u"1 4 6 9"_s}, {2, u"1 5"_s}, {1, u"1"_s}, {99, u"1"_s}};
-    for (const auto& [type, keys] : cases) {
-        std::vector<ListEntry> entries;
-        m_store.fillSubTypes(type, entries);
-        EXPECT_EQ(keysOf(entries), keys) << type;
-        EXPECT_EQ(entries.front(), ListEntry::none());
-    }
-}
-
-TEST_F(OrganizationStoreTest, ChoicesBeginWithNone)
-{
-    std::vector<ListEntry> states;
-    m_store.fillStates(states);
-    EXPECT_EQ(textsOf(states), u"None|MA|TX"_s);
-    std::vector<ListEntry> types;
-    m_store.fillOrganizationTypes(types);
-    EXPECT_EQ(textsOf(types), u"None|Federal|Local"_s);
-}
 
 TEST_F(OrganizationStoreTest, TheNameIsRequiredAndItsOwn)
 {
@@ -186,52 +160,6 @@ TEST_F(OrganizationStoreTest, WhatIsNoNumberIsRefusedBeforeAnythingIsWritten)
     record.id = 77;
     EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateOrganization(record); }), gone);
     EXPECT_EQ(m_database.bytes(), before);
-}
-
-TEST_F(OrganizationStoreTest, WhatWasWrittenBeforeAFailureStaysAndIsCompleted)
-{
-    const struct
-    {
-        QString failing;
-        QString standing; // organizations, profiles, jurisdictions, populations, venues, history
-    } cases[] = {{u"OrganizationProfile"_s, u"1|0|0|0|0|0"_s},
-                 {u"OrganizationProfileJurisdictions"_s, u"1|1|0|0|0|0"_s},
-                 {u"OrganizationProfilePopulations"_s, u"1|1|3|0|0|0"_s},
-                 {u"OrganizationVenues"_s, u"1|1|3|2|0|0"_s},
-                 {u"Organization_HIST"_s, u"1|1|3|2|1|0"_s}};
-    for (const auto& [failing, standing] : cases) {
-        refuseRows(failing,
-                   failing.startsWith(u"OrganizationProfile"_s) ? u"OrganizationProfileID"_s
-                                                                : u"OrganizationID"_s,
-                   6);
-        OrganizationRecord record = named(u"Ridge Patrol"_s);
-        check(record.venues, {2});
-        EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveOrganization(record); }), refused)
-            << qPrintable(failing);
-        EXPECT_EQ(
-            ask("SELECT (SELECT count(*) FROM Organization WHERE OrganizationID = 6), "
-                "(SELECT count(*) FROM OrganizationProfile WHERE OrganizationProfileID = 6), "
-                "(SELECT count(*) FROM OrganizationProfileJurisdictions WHERE OrganizationProfileID = 6), "
-                "(SELECT count(*) FROM OrganizationProfilePopulations WHERE OrganizationProfileID = 6), "
-                "(SELECT count(*) FROM OrganizationVenues WHERE OrganizationID = 6), "
-                "(SELECT count(*) FROM Organization_HIST)"),
-            standing)
-            << qPrintable(failing);
-        m_database.run("DROP INDEX refuse");
-        EXPECT_FALSE(m_store.saveOrganization(record)) << qPrintable(failing);
-        EXPECT_EQ(record.id, 6) << qPrintable(failing);
-        EXPECT_EQ(ask("SELECT (SELECT max(OrganizationID) FROM Organization), (SELECT count(*) FROM "
-                      "OrganizationProfile WHERE OrganizationProfileID = 6), (SELECT count(*) FROM "
-                      "OrganizationVenues WHERE OrganizationID = 6), "
-                      "(SELECT count(*) FROM Organization_HIST)"),
-                  u"6|1|1|1"_s)
-            << qPrintable(failing);
-        m_database.run("DELETE FROM Organization_HIST; DELETE FROM Organization WHERE OrganizationID = 6;"
-                       "DELETE FROM OrganizationProfile WHERE OrganizationProfileID = 6;"
-                       "DELETE FROM OrganizationProfileJurisdictions WHERE OrganizationProfileID = 6;"
-                       "DELETE FROM OrganizationProfilePopulations WHERE OrganizationProfileID = 6;"
-                       "DELETE FROM OrganizationVenues WHERE OrganizationID = 6");
-    }
 }
 
 TEST_F(OrganizationStoreTest, ANewOrganizationTakesNoChartThatLiesUnderItsNumber)

@@ -219,9 +219,13 @@ TEST_F(DocumentEditor, TakesTheFirstOrganizationThatHoldsWhatWasTyped)
         const char* typed;
         const char* shown;
         int key;
-    } cases[] = {{"zebra", "Zebra Society", 7},     {"levee", "Levee Board", 8},
-                 {"levee watch", "Levee Watch", 9}, {" LEVEE w ", "Levee Watch", 9},
-                 {"nobody", "nobody", 9},           {"", "None", 1}};
+    } cases[] = {{"zebra", "Zebra Society", 7},
+                 {"levee", "Levee Board", 8},
+                 {"levee watch", "Levee Watch", 9},
+                 {" LEVEE w ", "Levee Watch", 9},
+                 {"nobody", "nobody", 9},
+                 {"", "None", 1},
+                 {"NONE", "None", 1}};
     const auto byTab = [](OpenDialog& dialog) {
         QTest::keyClick(dialog.dialog().focusWidget(), Qt::Key_Tab);
     };

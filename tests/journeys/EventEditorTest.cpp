@@ -123,12 +123,6 @@ TEST_F(EventEditor, ChangesAnEventAndLeavesEmptyPickersEmpty)
         EXPECT_EQ(dialog.text("dtpEndDate") + dialog.text("dtpEndTime"), "");
         EXPECT_EQ(dialog.text("lstEventFunctions"), "Shelter");
         inDialog(
-            "frmPicList", [&] { dialog.click("cmdAddEventOrg"); },
-            [](OpenDialog& list) {
-                QTest::keyClick(&list.find<QTreeView>("lvPicList"), Qt::Key_Space);
-                list.click("cmdOK");
-            });
-        inDialog(
             "frmPicList", [&] { dialog.click("cmdAddEventDoc"); },
             [](OpenDialog& list) {
                 QTest::keyClick(&list.find<QTreeView>("lvPicList"), Qt::Key_Space);
@@ -139,7 +133,6 @@ TEST_F(EventEditor, ChangesAnEventAndLeavesEmptyPickersEmpty)
     });
     EXPECT_EQ(rows("SELECT StartDate, EndDate, EndTime, KeyEvent FROM Event WHERE EventID = 2"),
               "1927-04-21|NULL|NULL|1");
-    EXPECT_EQ(rows("SELECT OrganizationID FROM OrganizationEvents WHERE EventID = 2"), "8");
     EXPECT_EQ(rows("SELECT DocumentID FROM DocumentEvents WHERE EventID = 2"), "1");
     EXPECT_EQ(rows("SELECT FunctionID FROM EventFunctions WHERE EventID = 2"), "1");
     EXPECT_EQ(rows("SELECT count(*) FROM Event_HIST WHERE EventID = 2"), "1");
