@@ -26,31 +26,6 @@ protected:
     OrganizationStore m_store{m_state, m_clock};
 };
 
-TEST_F(OrganizationStoreTest, TheNameIsRequiredAndItsOwn)
-{
-    OrganizationRecord record = named(QString());
-    ASSERT_TRUE(OrganizationStore::check(record));
-    EXPECT_EQ(OrganizationStore::check(record)->message, u"Organization name is required."_s);
-    const struct
-    {
-        QString name;
-        bool isRefused;
-    } cases[] = {{u"Zebra RESCUE"_s, true},
-                 {u"Gone Brigade"_s, false}, // was deleted
-                 {u"\"Harbor\""_s, true},
-                 {u"\"Harbour\""_s, false}};
-    for (const auto& [name, isRefused] : cases) {
-        record = named(name);
-        EXPECT_FALSE(OrganizationStore::check(record));
-        const auto problem = m_store.saveOrganization(record);
-        ASSERT_EQ(problem.has_value(), isRefused) << qPrintable(name);
-        if (!isRefused) continue;
-        EXPECT_EQ(problem->message,
-                  u"Organization with identical name already exists. Please choose a different name."_s);
-        EXPECT_LT(record.id, 0);
-    }
-}
-
 TEST_F(OrganizationStoreTest, AnOrganizationWithoutAProfileGetsOne)
 {
     OrganizationRecord record = m_store.load(3).record;

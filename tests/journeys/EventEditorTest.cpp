@@ -115,29 +115,6 @@ TEST_F(EventEditor, SaysWhatIsMissingInTurn)
     EXPECT_EQ(rows("SELECT count(*) FROM Event"), "3");
 }
 
-TEST_F(EventEditor, ChangesAnEventAndLeavesEmptyPickersEmpty)
-{
-    editFirst([&](OpenDialog& dialog) {
-        EXPECT_EQ(dialog.title(), "Editing EventID 2");
-        EXPECT_EQ(dialog.text("dtpStartDate") + ' ' + dialog.text("dtpStartTime"), "04/21/1927 07:30");
-        EXPECT_EQ(dialog.text("dtpEndDate") + dialog.text("dtpEndTime"), "");
-        EXPECT_EQ(dialog.text("lstEventFunctions"), "Shelter");
-        inDialog(
-            "frmPicList", [&] { dialog.click("cmdAddEventDoc"); },
-            [](OpenDialog& list) {
-                QTest::keyClick(&list.find<QTreeView>("lvPicList"), Qt::Key_Space);
-                list.click("cmdCancel");
-            });
-        dialog.click("cmdClearEventFunctions");
-        dialog.click("cmdOK");
-    });
-    EXPECT_EQ(rows("SELECT StartDate, EndDate, EndTime, KeyEvent FROM Event WHERE EventID = 2"),
-              "1927-04-21|NULL|NULL|1");
-    EXPECT_EQ(rows("SELECT DocumentID FROM DocumentEvents WHERE EventID = 2"), "1");
-    EXPECT_EQ(rows("SELECT FunctionID FROM EventFunctions WHERE EventID = 2"), "1");
-    EXPECT_EQ(rows("SELECT count(*) FROM Event_HIST WHERE EventID = 2"), "1");
-}
-
 TEST_F(EventEditor, ShowsADateThatCannotBeReadAndSavesItOnlyWhenItIsMended)
 {
     journey.database.run("UPDATE Event SET StartDate = 'about 1927', EndTime = '24:30' WHERE EventID = 2");

@@ -36,11 +36,12 @@ INSERT INTO OrganizationSubTypes VALUES (1, 1, 'None'), (16, 15, 'Club'), (17, 1
 INSERT INTO JurisdictionTypes VALUES (18, 'Town'), (19, 'County'), (20, 'Port');
 INSERT INTO PopulationTypes VALUES (21, 'Adults'), (22, 'Children');
 INSERT INTO Organization (OrganizationID, OrganizationName, Lat, Lon, Status) VALUES
-    (1, 'None', NULL, NULL, 'ACTIVE'), (23, 'Levee Board', 1.5, 2.5, 'ACTIVE'), (24, 'Harbor Watch', NULL, NULL, 'ACTIVE');
+    (1, 'None', NULL, NULL, 'ACTIVE'), (23, 'Levee Board', 1.5, 2.5, 'ACTIVE'), (24, 'Harbor Watch', NULL, NULL, 'ACTIVE'),
+    (22, 'Ferry Service', NULL, NULL, 'DELETED');
 INSERT INTO OrganizationProfile (OrganizationProfileID, Training, ChartOption) VALUES (23, 'theirs', 0);
 INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES
-    (1, 'None', 'ACTIVE'), (25, 'Old Levees', 'ACTIVE'), (27, 'Other', 'ACTIVE');
-INSERT INTO Event (EventID, EventName, Status) VALUES (1, 'None', 'ACTIVE'), (27, 'Storm', 'ACTIVE');
+    (1, 'None', 'ACTIVE'), (25, 'Old Levees', 'ACTIVE'), (27, 'Other', 'ACTIVE'), (24, 'Levees "of" 1927, 100%', 'DELETED');
+INSERT INTO Event (EventID, EventName, Status) VALUES (1, 'None', 'ACTIVE'), (27, 'Storm', 'ACTIVE'), (26, 'Flood', 'DELETED');
 INSERT INTO DocumentVenues VALUES (27, 3);
 INSERT INTO EventVenues VALUES (27, 4);
 INSERT INTO OrganizationVenues VALUES (23, 5);
