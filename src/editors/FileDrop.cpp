@@ -38,10 +38,11 @@ QString FileDrop::severalText()
 
 bool FileDrop::eventFilter(QObject* watched, QEvent* event)
 {
+    if (!m_isEnabled) return QObject::eventFilter(watched, event);
     if (event->type() == QEvent::DragLeave) Q_EMIT dragged(false);
     const bool isDrag = event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove ||
                         event->type() == QEvent::Drop;
-    if (!isDrag || !m_isEnabled) return QObject::eventFilter(watched, event);
+    if (!isDrag) return QObject::eventFilter(watched, event);
     auto* drag = static_cast<QDropEvent*>(event);
     const QStringList files = draggedFiles(*drag->mimeData());
     if (files.isEmpty()) return QObject::eventFilter(watched, event);
