@@ -202,6 +202,8 @@ TEST_F(EventEditor, LeadsFromAViewedEventToItsRecordsAndBack)
         inDialog(
             "frmDocument", [&] { press(dialog, "lstEventDocuments"); },
             close("Viewing DocumentID 5 (Read-Only)"));
+        const QPalette& unset = dialog.find<QWidget>("dtpEndDate").palette();
+        EXPECT_EQ(unset.color(QPalette::PlaceholderText).alpha(), 0) << "a reader is asked for nothing";
         doubleClick(dialog, "lstEventOrgs"); // "None"
         doubleClick(dialog, "lstEventFunctions");
         EXPECT_EQ(dialog.title(), "Viewing EventID 2 (Read-Only)");
