@@ -78,7 +78,6 @@ TEST_F(DocumentEditor, BeginsWithDefaultsAndAddsARecord)
         EXPECT_EQ(dialog.text("txtURL"), "http://");
         EXPECT_EQ(dialog.text("cmbFileTypeNames"), "Adobe PDF");
         EXPECT_EQ(dialog.text("cmbOrganizationNames"), "None");
-        EXPECT_EQ(dialog.text("lstDocTypes"), "None");
         EXPECT_EQ(dialog.focus(), "txtDocumentName");
         fillIn(dialog);
         dialog.click("cmdUploadDocument");
@@ -137,6 +136,9 @@ TEST_F(DocumentEditor, ShowsARecordAndTurnsIntoItsEditor)
             return field.height() / field.fontMetrics().lineSpacing();
         };
         EXPECT_GT(lines(), 3) << "nothing is cut off";
+        EXPECT_TRUE(dialog.find<QWidget>("txtURL").font().underline());
+        const auto* whole = dialog.find<QWidget>("txtPublication").findChild<QAbstractScrollArea*>();
+        EXPECT_EQ(whole->focusPolicy(), Qt::NoFocus) << "the field below has the focus";
         messages().expectMessage(QStringLiteral("Copyright permissions not granted."));
         dialog.click("cmdOpenFile");
         messages().finish();
@@ -341,7 +343,6 @@ TEST_F(DocumentEditor, TakesADroppedFileWithWhatItsNameSays)
             messages().expectMessage(several);
             dropFiles(notes, {source, source});
             expect("/in/b.txt", "b", "Web Page");
-
             // what the user says counts
             dialog.type("txtDocumentName", QStringLiteral("Mine"));
             dialog.find<QWidget>("cmbFileTypeNames").setFocus();
