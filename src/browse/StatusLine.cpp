@@ -6,6 +6,12 @@
 #include <QMainWindow>
 #include <QStatusBar>
 
+namespace {
+
+constexpr int gap = 16; ///< pixels between two counts
+
+} // namespace
+
 StatusLine::StatusLine(QMainWindow& window)
     : QObject(&window),
       m_view(new QLabel(&window)),
@@ -21,6 +27,7 @@ StatusLine::StatusLine(QMainWindow& window)
     m_status->setObjectName(QStringLiteral("pnlStatus"));
     QStatusBar& bar = *window.statusBar();
     bar.addWidget(m_view, 1);
+    m_selection->setContentsMargins(0, 0, gap, 0);
     bar.addPermanentWidget(m_saved, 1);
     bar.addPermanentWidget(m_selection);
     bar.addPermanentWidget(m_status);
