@@ -2,15 +2,17 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 TEST(ImportReport, FollowsTheConversionAndSumsItUp)
 {
     ImportReport report;
-    EXPECT_EQ(report.take("phase\tcopying")->step, QStringLiteral("Copying …"));
+    EXPECT_EQ(report.take("phase\tcopying")->step, u"Copying …"_s);
     const auto progress = report.take("progress\t42\t1000\t2000\tName\\twith\\\\tab");
     EXPECT_EQ(progress->percent, 42);
-    EXPECT_EQ(progress->step, QStringLiteral("Copying Name\twith\\tab (1000 of 2000 rows) …"));
+    EXPECT_EQ(progress->step, u"Copying Name\twith\\tab (1000 of 2000 rows) …"_s);
     EXPECT_EQ(report.take("progress\t85\t2000\t2000\t")->percent, 85);
     for (const char* line :
          {"summary\ttables\t28", "summary\trows\t2528", "summary\tknown\t28",

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void write(const QString& path, const QByteArray& content)
@@ -23,75 +25,71 @@ void write(const QString& path, const QByteArray& content)
 TEST(ProgramFolder, IsChosenFromTheSurroundings)
 {
     const QTemporaryDir place;
-    const QString bin = place.filePath(QStringLiteral("bin"));
+    const QString bin = place.filePath(u"bin"_s);
     QDir().mkpath(bin);
-    ProgramFolder::Surroundings surroundings{QString(), bin, QStringLiteral("/users/data")};
-    EXPECT_EQ(ProgramFolder::choose(surroundings), QStringLiteral("/users/data/orvik"));
-    QDir().mkpath(bin + QStringLiteral("/data"));
+    ProgramFolder::Surroundings surroundings{QString(), bin, u"/users/data"_s};
+    EXPECT_EQ(ProgramFolder::choose(surroundings), u"/users/data/orvik"_s);
+    QDir().mkpath(bin + u"/data"_s);
     EXPECT_EQ(ProgramFolder::choose(surroundings), bin);
-    surroundings.orvikHome = QStringLiteral("/elsewhere/");
-    EXPECT_EQ(ProgramFolder::choose(surroundings), QStringLiteral("/elsewhere"));
+    surroundings.orvikHome = u"/elsewhere/"_s;
+    EXPECT_EQ(ProgramFolder::choose(surroundings), u"/elsewhere"_s);
 }
 
 TEST(ProgramFolder, IsFilledFromTheSampleOnceAndNeverTouchedAgain)
 {
     const QTemporaryDir place;
-    const QString sample = place.filePath(QStringLiteral("sample"));
-    const QString root = place.filePath(QStringLiteral("home/orvik"));
-    write(sample + QStringLiteral("/data/a.sqlite"), "rows");
-    write(sample + QStringLiteral("/data/documents/4_files/x.png"), "picture");
-    QFile::setPermissions(sample + QStringLiteral("/data/a.sqlite"), QFile::ReadOwner);
+    const QString sample = place.filePath(u"sample"_s);
+    const QString root = place.filePath(u"home/orvik"_s);
+    write(sample + u"/data/a.sqlite"_s, "rows");
+    write(sample + u"/data/documents/4_files/x.png"_s, "picture");
+    QFile::setPermissions(sample + u"/data/a.sqlite"_s, QFile::ReadOwner);
 
     EXPECT_TRUE(ProgramFolder::fillFromSample(root, sample));
-    EXPECT_TRUE(QFileInfo(root + QStringLiteral("/data/documents/4_files/x.png")).isFile());
-    EXPECT_TRUE(QFileInfo(root + QStringLiteral("/data/maps")).isDir());
-    EXPECT_TRUE(QFile::permissions(root + QStringLiteral("/data/a.sqlite")) & QFile::WriteOwner);
+    EXPECT_TRUE(QFileInfo(root + u"/data/documents/4_files/x.png"_s).isFile());
+    EXPECT_TRUE(QFileInfo(root + u"/data/maps"_s).isDir());
+    EXPECT_TRUE(QFile::permissions(root + u"/data/a.sqlite"_s) & QFile::WriteOwner);
 
-    write(root + QStringLiteral("/data/a.sqlite"), "mine");
+    write(root + u"/data/a.sqlite"_s, "mine");
     EXPECT_FALSE(ProgramFolder::fillFromSample(root, sample));
-    QFile kept(root + QStringLiteral("/data/a.sqlite"));
+    QFile kept(root + u"/data/a.sqlite"_s);
     ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
     EXPECT_EQ(kept.readAll(), "mine");
 
     // no sample: the folders all the same; no place for it: an error, and nothing half made
-    EXPECT_FALSE(
-        ProgramFolder::fillFromSample(place.filePath(QStringLiteral("bare")), QStringLiteral("/nowhere")));
-    EXPECT_TRUE(QFileInfo(place.filePath(QStringLiteral("bare/data/documents"))).isDir());
-    write(place.filePath(QStringLiteral("file")), "");
-    EXPECT_THROW(ProgramFolder::fillFromSample(place.filePath(QStringLiteral("file/orvik")), sample), Error);
+    EXPECT_FALSE(ProgramFolder::fillFromSample(place.filePath(u"bare"_s), u"/nowhere"_s));
+    EXPECT_TRUE(QFileInfo(place.filePath(u"bare/data/documents"_s)).isDir());
+    write(place.filePath(u"file"_s), "");
+    EXPECT_THROW(ProgramFolder::fillFromSample(place.filePath(u"file/orvik"_s), sample), Error);
 }
 
 TEST(ProgramFolder, PathsLeadThroughTheFoldersThatAreThere)
 {
     const QTemporaryDir root;
-    ASSERT_TRUE(QDir(root.path()).mkpath(QStringLiteral("Data/Documents")));
+    ASSERT_TRUE(QDir(root.path()).mkpath(u"Data/Documents"_s));
     const ProgramFolder folder(root.path());
-    EXPECT_EQ(folder.folderPath(QStringLiteral("\\data\\documents\\")),
-              root.path() + QStringLiteral("/Data/Documents/"));
-    EXPECT_EQ(folder.folderPath(QStringLiteral("\\data\\orgcharts\\")),
-              root.path() + QStringLiteral("/Data/orgcharts/"));
+    EXPECT_EQ(folder.folderPath(u"\\data\\documents\\"_s), root.path() + u"/Data/Documents/"_s);
+    EXPECT_EQ(folder.folderPath(u"\\data\\orgcharts\\"_s), root.path() + u"/Data/orgcharts/"_s);
 }
 
 TEST(ProgramFolder, FindsFilesWhateverTheirLetterCaseAndNothingOutside)
 {
     const QTemporaryDir place;
     const ProgramFolder folder(place.path());
-    const QString documents = QStringLiteral("\\data\\documents\\");
-    write(folder.machinePath(documents) + QStringLiteral("Report 7.PDF"), "x");
-    write(folder.machinePath(QStringLiteral("\\data\\secret.txt")), "x");
-    QDir().mkpath(folder.machinePath(documents) + QStringLiteral("7_files"));
+    const QString documents = u"\\data\\documents\\"_s;
+    write(folder.machinePath(documents) + u"Report 7.PDF"_s, "x");
+    write(folder.machinePath(u"\\data\\secret.txt"_s), "x");
+    QDir().mkpath(folder.machinePath(documents) + u"7_files"_s);
 
-    EXPECT_EQ(folder.machinePath(documents), place.path() + QStringLiteral("/data/documents/"));
-    EXPECT_EQ(folder.find(documents, QStringLiteral("report 7.pdf")),
-              folder.machinePath(documents) + QStringLiteral("Report 7.PDF"));
+    EXPECT_EQ(folder.machinePath(documents), place.path() + u"/data/documents/"_s);
+    EXPECT_EQ(folder.find(documents, u"report 7.pdf"_s), folder.machinePath(documents) + u"Report 7.PDF"_s);
     for (const char* name :
          {"missing.pdf", "..", ".", "", "../secret.txt", "..\\secret.txt", "7_files", "C:x", "a\nb"}) {
         EXPECT_FALSE(folder.find(documents, QString::fromUtf8(name))) << name;
     }
     const FolderNames names(folder.machinePath(documents));
-    EXPECT_TRUE(names.contains(QStringLiteral("REPORT 7.pdf")));
-    EXPECT_FALSE(names.contains(QStringLiteral("7_files")));
-    EXPECT_FALSE(FolderNames(QStringLiteral("/nowhere")).contains(QStringLiteral("x")));
+    EXPECT_TRUE(names.contains(u"REPORT 7.pdf"_s));
+    EXPECT_FALSE(names.contains(u"7_files"_s));
+    EXPECT_FALSE(FolderNames(u"/nowhere"_s).contains(u"x"_s));
 }
 
 } // namespace

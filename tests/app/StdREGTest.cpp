@@ -8,33 +8,34 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 TEST(StdREG, KeepsValuesUnderTheKeyAndItsSections)
 {
     MemorySettings store;
     StdREG settings(store);
-    EXPECT_EQ(settings.GetRegString(QString(), QStringLiteral("DBFile")), QString());
-    settings.WriteRegString(QString(), QStringLiteral("DBFile"), QStringLiteral("  my data.sqlite "));
-    settings.WriteRegString(QStringLiteral("Window"), QStringLiteral("DBFile"), QStringLiteral("other"));
-    EXPECT_EQ(settings.GetRegString(QString(), QStringLiteral("DBFile")), QStringLiteral("my data.sqlite"));
-    EXPECT_EQ(settings.GetRegString(QStringLiteral("Window"), QStringLiteral("DBFile")),
-              QStringLiteral("other"));
-    EXPECT_EQ(store.values.begin()->first, QStringLiteral("SOFTWARE/Tessary/Orvik Database/1.0/DBFile"));
+    EXPECT_EQ(settings.GetRegString(QString(), u"DBFile"_s), QString());
+    settings.WriteRegString(QString(), u"DBFile"_s, u"  my data.sqlite "_s);
+    settings.WriteRegString(u"Window"_s, u"DBFile"_s, u"other"_s);
+    EXPECT_EQ(settings.GetRegString(QString(), u"DBFile"_s), u"my data.sqlite"_s);
+    EXPECT_EQ(settings.GetRegString(u"Window"_s, u"DBFile"_s), u"other"_s);
+    EXPECT_EQ(store.values.begin()->first, u"SOFTWARE/Tessary/Orvik Database/1.0/DBFile"_s);
 }
 
 TEST(StdREG, OutlivesTheProgramInAFileOfTheUser)
 {
     const QTemporaryDir folder;
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
-    const QString name = QStringLiteral("Données \"1\".sqlite");
+    const QString name = u"Données \"1\".sqlite"_s;
     {
         IniSettingsStore store;
-        StdREG(store).WriteRegString(QString(), QStringLiteral("DBFile"), name);
+        StdREG(store).WriteRegString(QString(), u"DBFile"_s, name);
     }
     IniSettingsStore store;
-    EXPECT_EQ(StdREG(store).GetRegString(QString(), QStringLiteral("DBFile")), name);
-    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("Orvik/Orvik Database.ini"))));
+    EXPECT_EQ(StdREG(store).GetRegString(QString(), u"DBFile"_s), name);
+    EXPECT_TRUE(QFile::exists(folder.filePath(u"Orvik/Orvik Database.ini"_s)));
 }
 
 } // namespace

@@ -9,16 +9,18 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A program folder, and two discs that a test may put in.
 class FileOpenerTest : public testing::Test
 {
 protected:
-    void insertDataDisc() { volumes.volumes.push_back({QStringLiteral("Orvik"), disc()}); }
-    void insertPhotosDisc() { volumes.volumes.push_back({QStringLiteral("Orvik_Photos"), photos()}); }
-    [[nodiscard]] QString disc() const { return database.folder() + QStringLiteral("/disc"); }
-    [[nodiscard]] QString photos() const { return database.folder() + QStringLiteral("/photos"); }
+    void insertDataDisc() { volumes.volumes.push_back({u"Orvik"_s, disc()}); }
+    void insertPhotosDisc() { volumes.volumes.push_back({u"Orvik_Photos"_s, photos()}); }
+    [[nodiscard]] QString disc() const { return database.folder() + u"/disc"_s; }
+    [[nodiscard]] QString photos() const { return database.folder() + u"/photos"_s; }
 
     /// Makes an empty file below the test's folder.
     void put(const char* path) const
@@ -39,9 +41,8 @@ protected:
     void storeChart(const char* stored)
     {
         database.run("DELETE FROM OrganizationProfile");
-        database.run(QStringLiteral("INSERT INTO OrganizationProfile (OrganizationProfileID, "
-                                    "OrganizationChart, ChartOption) VALUES (7, %1, 1)")
-                         .arg(QString::fromUtf8(stored))
+        database.run(u"INSERT INTO OrganizationProfile (OrganizationProfileID, "
+                     "OrganizationChart, ChartOption) VALUES (7, %1, 1)"_s.arg(QString::fromUtf8(stored))
                          .toUtf8()
                          .constData());
     }
@@ -50,19 +51,19 @@ protected:
     ScriptedVolumes volumes;
     ScriptedShell shell;
     ProgramFolder folder{database.folder()};
-    FileOpener opener{{volumes, shell, database.session(), folder, QStringLiteral("\\data\\documents\\"),
-                       QStringLiteral("\\data\\orgcharts\\")}};
+    FileOpener opener{
+        {volumes, shell, database.session(), folder, u"\\data\\documents\\"_s, u"\\data\\orgcharts\\"_s}};
 
 private:
     /// What the user is told, what was opened and what was started, without the test's own folder.
     std::string report(const QString& message)
     {
         QString text = message;
-        if (!shell.opened.isEmpty()) text += QStringLiteral("[opened %1]").arg(shell.opened.join(u' '));
-        if (!shell.started.isEmpty()) text += QStringLiteral("[started %1]").arg(shell.started.join(u' '));
+        if (!shell.opened.isEmpty()) text += u"[opened %1]"_s.arg(shell.opened.join(u' '));
+        if (!shell.started.isEmpty()) text += u"[started %1]"_s.arg(shell.started.join(u' '));
         shell.opened.clear();
         shell.started.clear();
-        return text.replace(database.folder(), QStringLiteral("@")).toStdString();
+        return text.replace(database.folder(), u"@"_s).toStdString();
     }
 };
 
@@ -110,7 +111,7 @@ TEST_F(FileOpenerTest, EachDocumentNeedsItsOwnDisc)
     EXPECT_EQ(openDoc("7.pdf", "d6cd"), noPhotos);
     EXPECT_EQ(openDoc("7.pdf", "d2cd"), "[opened @/disc/OrvikDB/data/documents/7.pdf]");
 
-    volumes.volumes.push_back({QStringLiteral("ORVIK"), database.folder() + QStringLiteral("/new/")});
+    volumes.volumes.push_back({u"ORVIK"_s, database.folder() + u"/new/"_s});
     EXPECT_EQ(openDoc("7.pdf", "d2cd"), "[opened @/new/OrvikDB/data/documents/7.pdf]")
         << "the later of two discs with one label";
 

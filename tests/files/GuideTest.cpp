@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// One page of the guide: what it leads to, what can be led to in it, and the pictures that it shows.
@@ -54,15 +56,14 @@ Page read(const QString& name)
         page.pictures << attribute("src");
         if (attribute("alt").size() < 10) page.withoutText << attribute("src");
     }
-    if (reader.hasError())
-        page.error = QStringLiteral("line %1: %2").arg(reader.lineNumber()).arg(reader.errorString());
+    if (reader.hasError()) page.error = u"line %1: %2"_s.arg(reader.lineNumber()).arg(reader.errorString());
     return page;
 }
 
 QMap<QString, Page> allPages()
 {
     QMap<QString, Page> pages;
-    for (const QString& name : guide().entryList({QStringLiteral("*.html")}, QDir::Files))
+    for (const QString& name : guide().entryList({u"*.html"_s}, QDir::Files))
         pages.insert(name, read(name));
     return pages;
 }
@@ -70,7 +71,7 @@ QMap<QString, Page> allPages()
 /// The pages that a contents file, an index or a project names.
 QStringList pagesNamedIn(const QString& name)
 {
-    static const QRegularExpression page(QStringLiteral("[\"\\n=]([a-z-]+\\.html(#[a-z-]+)?)\\b"));
+    static const QRegularExpression page(u"[\"\\n=]([a-z-]+\\.html(#[a-z-]+)?)\\b"_s);
     QStringList names;
     auto found = page.globalMatch(QString::fromUtf8(contentOf(name)));
     while (found.hasNext())
@@ -80,7 +81,7 @@ QStringList pagesNamedIn(const QString& name)
 
 void expectTarget(const QMap<QString, Page>& pages, const QString& from, const QString& link)
 {
-    if (link.startsWith(QStringLiteral("https://")) || link == QStringLiteral("guide.css")) return;
+    if (link.startsWith(u"https://"_s) || link == u"guide.css"_s) return;
     const QString target = link.section(u'#', 0, 0);
     const QString anchor = link.section(u'#', 1);
     const auto page = pages.constFind(target.isEmpty() ? from : target);
@@ -117,15 +118,15 @@ TEST(Guide, ContentsSubjectsAndBookLeadToEveryPage)
         for (const QString& name : named)
             expectTarget(pages, QString::fromUtf8(file), name);
     }
-    const QStringList contents = pagesNamedIn(QStringLiteral("Kelmsett.hhc"));
-    const QStringList inBook = pagesNamedIn(QStringLiteral("Kelmsett.hhp"));
+    const QStringList contents = pagesNamedIn(u"Kelmsett.hhc"_s);
+    const QStringList inBook = pagesNamedIn(u"Kelmsett.hhp"_s);
     for (const QString& name : pages.keys()) {
         EXPECT_TRUE(contents.contains(name)) << name.toStdString();
         EXPECT_TRUE(inBook.contains(name)) << name.toStdString();
     }
     // the page of subjects and the book's own index tell the same
-    const QStringList onPage = pages.value(QStringLiteral("subjects.html")).links;
-    for (const QString& name : pagesNamedIn(QStringLiteral("Kelmsett.hhk")))
+    const QStringList onPage = pages.value(u"subjects.html"_s).links;
+    for (const QString& name : pagesNamedIn(u"Kelmsett.hhk"_s))
         EXPECT_TRUE(onPage.contains(name)) << name.toStdString();
 }
 

@@ -12,6 +12,8 @@
 
 #include <cerrno>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void write(const QString& path, const QByteArray& content)
@@ -68,11 +70,11 @@ TEST_F(HelpFileTest, OpensTheBookForTheWholeGuideAndAPageForAChapter)
     EXPECT_EQ(tried(HelpChapter::Subjects), "Kelmsett.chm");
     EXPECT_EQ(tried(HelpChapter::Records), "help/records.html");
 
-    m_shell.unknown = {QStringLiteral(".chm")};
+    m_shell.unknown = {u".chm"_s};
     EXPECT_EQ(tried(HelpChapter::Contents), "Kelmsett.chm|help/index.html");
     EXPECT_EQ(tried(HelpChapter::Subjects), "Kelmsett.chm|help/subjects.html");
 
-    m_shell.unknown = {QStringLiteral(".html")};
+    m_shell.unknown = {u".html"_s};
     EXPECT_EQ(tried(HelpChapter::Records), "help/records.html|Kelmsett.chm");
     EXPECT_EQ(m_error, 0);
 }
@@ -98,32 +100,31 @@ TEST_F(HelpFileTest, IsRenewedFromTheInstalledGuideAndNothingElseIsTouched)
 {
     const QString installed = path("installed");
     const QString home = path("home");
-    write(installed + QStringLiteral("/Kelmsett.chm"), "new book");
-    write(installed + QStringLiteral("/help/index.html"), "new page");
-    write(installed + QStringLiteral("/help/pictures/list.png"), "picture");
-    write(installed + QStringLiteral("/data/a.sqlite"), "sample rows");
-    QFile::setPermissions(installed + QStringLiteral("/Kelmsett.chm"), QFile::ReadOwner);
-    write(home + QStringLiteral("/help/index.html"), "page");
-    write(home + QStringLiteral("/data/a.sqlite"), "my rows");
+    write(installed + u"/Kelmsett.chm"_s, "new book");
+    write(installed + u"/help/index.html"_s, "new page");
+    write(installed + u"/help/pictures/list.png"_s, "picture");
+    write(installed + u"/data/a.sqlite"_s, "sample rows");
+    QFile::setPermissions(installed + u"/Kelmsett.chm"_s, QFile::ReadOwner);
+    write(home + u"/help/index.html"_s, "page");
+    write(home + u"/data/a.sqlite"_s, "my rows");
 
     // the second time the files that are there are replaced again
     for (const char* book : {"new book", "a newer book"}) {
-        QFile::setPermissions(installed + QStringLiteral("/Kelmsett.chm"),
-                              QFile::ReadOwner | QFile::WriteOwner);
-        write(installed + QStringLiteral("/Kelmsett.chm"), book);
-        QFile::setPermissions(installed + QStringLiteral("/Kelmsett.chm"), QFile::ReadOwner);
+        QFile::setPermissions(installed + u"/Kelmsett.chm"_s, QFile::ReadOwner | QFile::WriteOwner);
+        write(installed + u"/Kelmsett.chm"_s, book);
+        QFile::setPermissions(installed + u"/Kelmsett.chm"_s, QFile::ReadOwner);
         HelpFile::renew(home, installed);
-        EXPECT_EQ(contentOf(home + QStringLiteral("/Kelmsett.chm")), book);
+        EXPECT_EQ(contentOf(home + u"/Kelmsett.chm"_s), book);
     }
-    EXPECT_EQ(contentOf(home + QStringLiteral("/help/index.html")), "new page");
-    EXPECT_EQ(contentOf(home + QStringLiteral("/help/pictures/list.png")), "picture");
-    EXPECT_EQ(contentOf(home + QStringLiteral("/data/a.sqlite")), "my rows");
+    EXPECT_EQ(contentOf(home + u"/help/index.html"_s), "new page");
+    EXPECT_EQ(contentOf(home + u"/help/pictures/list.png"_s), "picture");
+    EXPECT_EQ(contentOf(home + u"/data/a.sqlite"_s), "my rows");
 
     // without an installed guide, or with the installed folder as program folder, everything stays
     HelpFile::renew(home, QString());
     HelpFile::renew(installed, installed);
-    EXPECT_EQ(contentOf(home + QStringLiteral("/Kelmsett.chm")), "a newer book");
-    EXPECT_EQ(contentOf(installed + QStringLiteral("/Kelmsett.chm")), "a newer book");
+    EXPECT_EQ(contentOf(home + u"/Kelmsett.chm"_s), "a newer book");
+    EXPECT_EQ(contentOf(installed + u"/Kelmsett.chm"_s), "a newer book");
 }
 
 } // namespace

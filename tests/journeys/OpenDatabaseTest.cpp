@@ -14,6 +14,8 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString accessFile()
@@ -44,20 +46,18 @@ protected:
     void expectConverted(const QString& name, const QString& target)
     {
         journey.desktop.messages.expectMessage(
-            QStringLiteral(
-                "The Access file %1 was converted to the database %2, which the program uses from now on. "
-                "The "
-                "Access file is unchanged.\n\n28 tables with 2528 rows were taken over and checked.\nNot "
-                "shown in "
-                "lists: Document: 8 deleted, 1 without a status; Event: 7 deleted, 1 without a status; "
-                "Organization: 3 deleted, 1 without a status.")
-                .arg(name, target));
+            u"The Access file %1 was converted to the database %2, which the program uses from now on. "
+            "The "
+            "Access file is unchanged.\n\n28 tables with 2528 rows were taken over and checked.\nNot "
+            "shown in "
+            "lists: Document: 8 deleted, 1 without a status; Event: 7 deleted, 1 without a status; "
+            "Organization: 3 deleted, 1 without a status."_s.arg(name, target));
     }
 
     QString setting() const
     {
         return StdREG(const_cast<MemorySettings&>(journey.desktop.settings))
-            .GetRegString(QString(), QStringLiteral("DBFile"));
+            .GetRegString(QString(), u"DBFile"_s);
     }
 
     Journey journey;
@@ -69,35 +69,34 @@ private:
 TEST_F(OpenDatabase, ConvertsAnAccessFileThatTheSettingsName)
 {
     useTool();
-    const QString source = copyAccessFile(journey.dataFolder() + QStringLiteral("Users.dat"));
+    const QString source = copyAccessFile(journey.dataFolder() + u"Users.dat"_s);
     const QByteArray content = contentOf(source);
     const QFileInfo before(source);
-    expectConverted(QStringLiteral("Users.dat"), journey.dataFolder() + QStringLiteral("Users.sqlite"));
-    journey.start(QStringLiteral("Users.dat"));
+    expectConverted(u"Users.dat"_s, journey.dataFolder() + u"Users.sqlite"_s);
+    journey.start(u"Users.dat"_s);
     journey.desktop.messages.finish();
 
-    EXPECT_EQ(setting(), QStringLiteral("Users.sqlite"));
+    EXPECT_EQ(setting(), u"Users.sqlite"_s);
     EXPECT_EQ(contentOf(source), content);
     EXPECT_EQ(QFileInfo(source).permissions(), before.permissions());
     EXPECT_EQ(QFileInfo(source).lastModified(), before.lastModified());
     journey.trigger("mnuViewDocuments");
-    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 140 Documents"));
-    EXPECT_EQ(QDir(journey.dataFolder()).entryList({QStringLiteral("*part*")}).size(), 0);
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 140 Documents"_s);
+    EXPECT_EQ(QDir(journey.dataFolder()).entryList({u"*part*"_s}).size(), 0);
 
     // named again, the database that came of it is kept unless the user says otherwise
     journey.program.reset();
     journey.database.run("SELECT 1");
-    SQLite::Database((journey.dataFolder() + QStringLiteral("Users.sqlite")).toStdString(),
-                     SQLite::OPEN_READWRITE)
+    SQLite::Database((journey.dataFolder() + u"Users.sqlite"_s).toStdString(), SQLite::OPEN_READWRITE)
         .exec("UPDATE Document SET dStatus = 'DELETED' WHERE DocumentID = 2");
     journey.desktop.messages.expectQuestion(
-        QStringLiteral("Users.dat was converted before, to Users.sqlite.\n\nDo you want to convert it again "
-                       "and replace that "
-                       "database? Whatever was added to it since is then lost. No opens it as it is."),
+        u"Users.dat was converted before, to Users.sqlite.\n\nDo you want to convert it again "
+        "and replace that "
+        "database? Whatever was added to it since is then lost. No opens it as it is."_s,
         false, Question::Loss);
-    journey.start(QStringLiteral("Users.dat"));
+    journey.start(u"Users.dat"_s);
     journey.trigger("mnuViewDocuments");
-    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 139 Documents"));
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 139 Documents"_s);
 }
 
 TEST_F(OpenDatabase, TakesAnAccessFileOfTheUsersChoice)
@@ -105,19 +104,18 @@ TEST_F(OpenDatabase, TakesAnAccessFileOfTheUsersChoice)
     useTool();
     journey.start();
     journey.trigger("mnuViewEvents");
-    const QString source = copyAccessFile(journey.database.folder() + QStringLiteral("/mine.mdb"));
+    const QString source = copyAccessFile(journey.database.folder() + u"/mine.mdb"_s);
     journey.desktop.fileDialogs.files = {QString(), source};
     journey.trigger("mnuOpenDatabase");
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Events"))
-        << "a dialog that is closed changes nothing";
+    EXPECT_EQ(journey.viewPanel(), u"View ALL Events"_s) << "a dialog that is closed changes nothing";
 
-    expectConverted(QStringLiteral("mine.mdb"), journey.dataFolder() + QStringLiteral("mine.sqlite"));
+    expectConverted(u"mine.mdb"_s, journey.dataFolder() + u"mine.sqlite"_s);
     journey.trigger("mnuOpenDatabase");
     journey.desktop.messages.finish();
-    EXPECT_EQ(setting(), QStringLiteral("mine.sqlite"));
+    EXPECT_EQ(setting(), u"mine.sqlite"_s);
     EXPECT_EQ(journey.historyMenu(), "[Home Page]");
     journey.trigger("mnuViewOrganizations");
-    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 35 Organizations"));
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 35 Organizations"_s);
 }
 
 TEST_F(OpenDatabase, BringsADatabaseOfTheProgramIntoTheDataFolderAndReplacesNoneUnasked)
@@ -127,8 +125,8 @@ TEST_F(OpenDatabase, BringsADatabaseOfTheProgramIntoTheDataFolderAndReplacesNone
     journey.start();
     journey.desktop.fileDialogs.files = {other.fileName(), other.fileName()};
     const QString question =
-        QStringLiteral("The data folder holds a database test.sqlite already.\n\nDo you want to replace "
-                       "it? What it holds is then lost.");
+        u"The data folder holds a database test.sqlite already.\n\nDo you want to replace "
+        "it? What it holds is then lost."_s;
     journey.desktop.messages.expectQuestion(question, false, Question::Loss);
     journey.trigger("mnuOpenDatabase");
     journey.trigger("mnuViewEvents");
@@ -160,12 +158,10 @@ TEST_F(OpenDatabase, KeepsWhatWasOpenWhenAFileIsNoneOfThese)
     SQLite::Database(bare.toStdString(), SQLite::OPEN_READWRITE).exec("CREATE TABLE t (x)");
 
     const std::pair<QString, QString> files[] = {
-        {cut, QStringLiteral("openDatabase Error (")},
-        {text, QStringLiteral("openDatabase Error (26): file is not a database (%1)").arg(text)},
-        {bare, QStringLiteral("openDatabase Error (1): This is no Orvik database: it has no Document (%1)")
-                   .arg(bare)},
-        {journey.database.folder() + QStringLiteral("/gone.sqlite"),
-         QStringLiteral("openDatabase Error (14)")},
+        {cut, u"openDatabase Error ("_s},
+        {text, u"openDatabase Error (26): file is not a database (%1)"_s.arg(text)},
+        {bare, u"openDatabase Error (1): This is no Orvik database: it has no Document (%1)"_s.arg(bare)},
+        {journey.database.folder() + u"/gone.sqlite"_s, u"openDatabase Error (14)"_s},
     };
     for (const auto& [file, message] : files) {
         SCOPED_TRACE(file.toStdString());
@@ -173,7 +169,7 @@ TEST_F(OpenDatabase, KeepsWhatWasOpenWhenAFileIsNoneOfThese)
         journey.desktop.messages.expectMessageBeginning(message);
         journey.trigger("mnuOpenDatabase");
         journey.desktop.messages.finish();
-        EXPECT_EQ(setting(), QStringLiteral("test.sqlite"));
+        EXPECT_EQ(setting(), u"test.sqlite"_s);
         journey.trigger("mnuViewEvents");
         EXPECT_EQ(journey.column(0), "Mine");
     }
@@ -183,23 +179,22 @@ TEST_F(OpenDatabase, KeepsWhatWasOpenWhenAFileIsNoneOfThese)
 TEST_F(OpenDatabase, ACancelledConversionLeavesNothing)
 {
     useTool();
-    copyAccessFile(journey.dataFolder() + QStringLiteral("mine.mdb"));
+    copyAccessFile(journey.dataFolder() + u"mine.mdb"_s);
     // answers the window as soon as it is there
     QTimer clicker;
     QObject::connect(&clicker, &QTimer::timeout, [] {
         auto* window = qobject_cast<frmImport*>(QApplication::activeModalWidget());
-        if (window != nullptr) window->findChild<QPushButton*>(QStringLiteral("cmdCancel"))->click();
+        if (window != nullptr) window->findChild<QPushButton*>(u"cmdCancel"_s)->click();
     });
     clicker.start(0);
     journey.desktop.messages.expectMessage(
-        QStringLiteral("Form_Load Error (125): The conversion was cancelled. (%1mine.mdb)")
-            .arg(journey.dataFolder()));
-    journey.start(QStringLiteral("mine.mdb"));
+        u"Form_Load Error (125): The conversion was cancelled. (%1mine.mdb)"_s.arg(journey.dataFolder()));
+    journey.start(u"mine.mdb"_s);
     clicker.stop();
     journey.desktop.messages.finish();
     EXPECT_FALSE(journey.program->state().session.isOpen());
     EXPECT_EQ(QDir(journey.dataFolder()).entryList(QDir::Files).join(u' ').toStdString(), "mine.mdb");
-    EXPECT_EQ(setting(), QStringLiteral("mine.mdb"));
+    EXPECT_EQ(setting(), u"mine.mdb"_s);
 }
 
 TEST(Converter, SurvivesAToolThatIsMissingCrashesOrHangs)
@@ -215,22 +210,20 @@ TEST(Converter, SurvivesAToolThatIsMissingCrashesOrHangs)
         return path;
     };
     using End = DatabaseConverter::Result::End;
-    const QString nothing = folder.filePath(QStringLiteral("x"));
-    EXPECT_EQ(DesktopDatabaseConverter(folder.filePath(QStringLiteral("missing")))
-                  .convert(nothing, nothing, false)
-                  .end,
+    const QString nothing = folder.filePath(u"x"_s);
+    EXPECT_EQ(DesktopDatabaseConverter(folder.filePath(u"missing"_s)).convert(nothing, nothing, false).end,
               End::Failed);
 
     const auto crashed = DesktopDatabaseConverter(script("crash", "#!/bin/sh\nkill -SEGV $$\n"))
                              .convert(nothing, nothing, false);
     EXPECT_EQ(crashed.end, End::Failed);
-    EXPECT_EQ(crashed.error, QStringLiteral("The conversion ended without a word."));
+    EXPECT_EQ(crashed.error, u"The conversion ended without a word."_s);
 
     const auto failed = DesktopDatabaseConverter(
                             script("fail", "#!/bin/sh\nprintf 'error\\tIt is encrypted.\\n' >&2\nexit 4\n"))
                             .convert(nothing, nothing, false);
     EXPECT_EQ(failed.status, 4);
-    EXPECT_EQ(failed.error, QStringLiteral("It is encrypted."));
+    EXPECT_EQ(failed.error, u"It is encrypted."_s);
 
     // deaf to every request to stop; only ending it helps
     QTimer clicker;

@@ -10,11 +10,13 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString loadFailure(int number, const QString& description, const QString& file)
 {
-    return QStringLiteral("Form_Load Error (%1): %2 (%3)").arg(QString::number(number), description, file);
+    return u"Form_Load Error (%1): %2 (%3)"_s.arg(QString::number(number), description, file);
 }
 
 /// With no database open the window stands, and each command answers with its own message.
@@ -22,14 +24,14 @@ void expectWindowWithoutData(Journey& journey)
 {
     EXPECT_TRUE(journey.program->window()->isVisible());
     EXPECT_TRUE(journey.find<QWidget>("pnlHome").isVisible());
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("Home Page"));
+    EXPECT_EQ(journey.viewPanel(), u"Home Page"_s);
     const std::pair<const char*, const char*> commands[] = {{"mnuViewDocuments", "showDocuments"},
                                                             {"mnuViewEvents", "showEvents"},
                                                             {"mnuViewOrganizations", "showOrganizations"},
                                                             {"mnuViewRefresh", "showOrganizations"}};
     for (const auto& [command, procedure] : commands) {
         journey.desktop.messages.expectMessage(
-            QStringLiteral("%1 Error (21): No database is open.").arg(QString::fromUtf8(procedure)));
+            u"%1 Error (21): No database is open."_s.arg(QString::fromUtf8(procedure)));
         journey.trigger(command);
         journey.desktop.messages.finish();
     }
@@ -43,7 +45,7 @@ TEST(StartUp, OpensTheDatabaseThatTheSettingsNameAndShowsTheHomePage)
     journey.start();
     EXPECT_TRUE(journey.find<QWidget>("pnlHome").isVisible());
     EXPECT_EQ(journey.historyMenu(), "[Home Page]");
-    EXPECT_EQ(journey.program->state().databasePath, journey.dataFolder() + QStringLiteral("test.sqlite"));
+    EXPECT_EQ(journey.program->state().databasePath, journey.dataFolder() + u"test.sqlite"_s);
     EXPECT_FALSE(journey.find<QAction>("mnuViewRefresh").isEnabled());
 }
 
@@ -60,10 +62,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         const QString name = watched->objectName();
-        if (name == QStringLiteral("frmMain") && !wasSplashDrawn) wasSplashDrawn = m_isDrawn;
-        if (event->type() == QEvent::Paint && name == QStringLiteral("frmSplash")) m_isDrawn = true;
+        if (name == u"frmMain"_s && !wasSplashDrawn) wasSplashDrawn = m_isDrawn;
+        if (event->type() == QEvent::Paint && name == u"frmSplash"_s) m_isDrawn = true;
         const bool isWordOfDisplay = event->type() == QEvent::Expose || event->type() == QEvent::Paint;
-        if (!isWordOfDisplay || name != QStringLiteral("frmSplashWindow") || m_isOnScreen) return false;
+        if (!isWordOfDisplay || name != u"frmSplashWindow"_s || m_isOnScreen) return false;
         if (event->type() == QEvent::Expose) {
             QTimer::singleShot(20, watched, [this, watched] { bringOnScreen(*watched); });
         }
@@ -92,7 +94,7 @@ TEST(StartUp, TheSplashIsSeenWhileTheWindowLoads)
     journey.start();
     EXPECT_EQ(display.wasSplashDrawn, true);
     for (const QWidget* window : QApplication::topLevelWidgets())
-        EXPECT_NE(window->objectName(), QStringLiteral("frmSplash")) << "it goes when the window comes";
+        EXPECT_NE(window->objectName(), u"frmSplash"_s) << "it goes when the window comes";
 }
 
 TEST(StartUp, SaysOnceWhatIsWrongWithADatabaseAndOpensTheWindow)
@@ -114,14 +116,14 @@ TEST(StartUp, SaysOnceWhatIsWrongWithADatabaseAndOpensTheWindow)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         Journey journey;
-        QDir(journey.dataFolder()).mkdir(QStringLiteral("folder"));
-        QFile text(journey.dataFolder() + QStringLiteral("text.sqlite"));
+        QDir(journey.dataFolder()).mkdir(u"folder"_s);
+        QFile text(journey.dataFolder() + u"text.sqlite"_s);
         ASSERT_TRUE(text.open(QIODevice::WriteOnly));
         text.write(QByteArray(5000, 'x'));
         text.close();
-        QFile(journey.dataFolder() + QStringLiteral("empty.sqlite")).open(QIODevice::WriteOnly);
-        QFile::copy(journey.database.fileName(), journey.dataFolder() + QStringLiteral("cut.sqlite"));
-        QFile cut(journey.dataFolder() + QStringLiteral("cut.sqlite"));
+        QFile(journey.dataFolder() + u"empty.sqlite"_s).open(QIODevice::WriteOnly);
+        QFile::copy(journey.database.fileName(), journey.dataFolder() + u"cut.sqlite"_s);
+        QFile cut(journey.dataFolder() + u"cut.sqlite"_s);
         cut.resize(cut.size() / 2);
 
         const QString name = QString::fromUtf8(c.name);
@@ -130,7 +132,7 @@ TEST(StartUp, SaysOnceWhatIsWrongWithADatabaseAndOpensTheWindow)
         journey.start(name);
         journey.desktop.messages.finish();
         expectWindowWithoutData(journey);
-        EXPECT_FALSE(QFile::exists(journey.dataFolder() + QStringLiteral("missing.sqlite")));
+        EXPECT_FALSE(QFile::exists(journey.dataFolder() + u"missing.sqlite"_s));
     }
 }
 
@@ -139,8 +141,8 @@ TEST(StartUp, WaitsForNoLockedDatabase)
     Journey journey;
     SQLite::Database other(journey.database.fileName().toStdString(), SQLite::OPEN_READWRITE);
     other.exec("BEGIN EXCLUSIVE");
-    journey.desktop.messages.expectMessage(loadFailure(5, QStringLiteral("database is locked"),
-                                                       journey.dataFolder() + QStringLiteral("test.sqlite")));
+    journey.desktop.messages.expectMessage(
+        loadFailure(5, u"database is locked"_s, journey.dataFolder() + u"test.sqlite"_s));
     journey.start();
     journey.desktop.messages.finish();
     expectWindowWithoutData(journey);
@@ -158,20 +160,20 @@ TEST(StartUp, MakesAReadOnlyDatabaseWritable)
 TEST(StartUp, FillsANewProgramFolderAndNamesItsDatabase)
 {
     Journey journey;
-    const QString sample = journey.database.folder() + QStringLiteral("/sample");
-    QDir().mkpath(sample + QStringLiteral("/data"));
-    QFile::copy(journey.database.fileName(), sample + QStringLiteral("/data/first.sqlite"));
-    const QString root = journey.database.folder() + QStringLiteral("/new");
+    const QString sample = journey.database.folder() + u"/sample"_s;
+    QDir().mkpath(sample + u"/data"_s);
+    QFile::copy(journey.database.fileName(), sample + u"/data/first.sqlite"_s);
+    const QString root = journey.database.folder() + u"/new"_s;
     journey.program.emplace(journey.desktop.platform(), ProgramFolder(root), sample);
     journey.program->Main();
     EXPECT_TRUE(journey.program->state().session.isOpen());
-    EXPECT_EQ(journey.program->state().databasePath, root + QStringLiteral("/data/first.sqlite"));
+    EXPECT_EQ(journey.program->state().databasePath, root + u"/data/first.sqlite"_s);
 }
 
 TEST(StartUp, ClearsWhatAKilledUploadLeft)
 {
     Journey journey;
-    const QString leftOver = journey.dataFolder() + QStringLiteral("documents/.upload-5");
+    const QString leftOver = journey.dataFolder() + u"documents/.upload-5"_s;
     QFile::copy(journey.database.fileName(), leftOver);
     journey.start();
     EXPECT_FALSE(QFile::exists(leftOver));
@@ -181,7 +183,7 @@ TEST(StartUp, EndsOnlyWhenTheUserSaysYes)
 {
     Journey journey;
     journey.start();
-    const QString question = QStringLiteral("Are you sure you want to exit?");
+    const QString question = u"Are you sure you want to exit?"_s;
     journey.desktop.messages.expectQuestion(question, false, Question::Loss);
     journey.trigger("mnuNavigateExit");
     EXPECT_TRUE(journey.program->window()->isVisible());

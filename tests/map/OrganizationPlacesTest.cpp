@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class OrganizationPlacesTest : public testing::Test
@@ -21,13 +23,12 @@ protected:
     /// Adds an organization; `position` is its own latitude and longitude or nulls.
     void add(int identifier, const char* function, const char* cityAndState, const char* position)
     {
-        database.run(
-            QStringLiteral("INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, "
-                           "State, Lat, Lon, Status) VALUES (%1, 'Org %1', %2, %3, %4, 'ACTIVE')")
-                .arg(QString::number(identifier), QLatin1StringView(function),
-                     QLatin1StringView(cityAndState), QLatin1StringView(position))
-                .toUtf8()
-                .constData());
+        database.run(u"INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, "
+                     "State, Lat, Lon, Status) VALUES (%1, 'Org %1', %2, %3, %4, 'ACTIVE')"_s
+                         .arg(QString::number(identifier), QLatin1StringView(function),
+                              QLatin1StringView(cityAndState), QLatin1StringView(position))
+                         .toUtf8()
+                         .constData());
     }
 
     void read(const QString& condition = {})
@@ -42,8 +43,7 @@ protected:
     {
         QStringList lines;
         for (const clsCities& place : places.entries()) {
-            lines << QStringLiteral("%1 %2 %3,%4 %5")
-                         .arg(functionName(place), place.placeText())
+            lines << u"%1 %2 %3,%4 %5"_s.arg(functionName(place), place.placeText())
                          .arg(place.lat)
                          .arg(place.lon)
                          .arg(place.colour);
@@ -84,7 +84,7 @@ TEST_F(OrganizationPlacesTest, HasOneEntryForEachPlaceAndFunction)
                          "None 14.30° S, 170.70° W -14.3,-170.7 0\n"
                          "Relief Austin, TX 30.25,-97.75 1\n"
                          "Rescue Austin, TX 30.25,-97.75 0");
-    read(QStringLiteral(" AND State LIKE 'TX'"));
+    read(u" AND State LIKE 'TX'"_s);
     EXPECT_EQ(places.entries().size(), 2u) << "the places before are forgotten";
 }
 
@@ -155,24 +155,24 @@ TEST_F(OrganizationPlacesTest, NamesAllFunctionsOfAColour)
     QStringList legend;
     for (const LegendLine& line : legendLines(places.entries()))
         legend << QString::number(line.colour) + u' ' + line.names.join(u'+');
-    EXPECT_EQ(legend.join(u'|'), QStringLiteral("0 Rescue|1 Law+Relief"));
+    EXPECT_EQ(legend.join(u'|'), u"0 Rescue|1 Law+Relief"_s);
 }
 
 TEST_F(OrganizationPlacesTest, WritesAsManyFunctionsOfAColourAsCanBeRead)
 {
-    LegendLine line{0, {QStringLiteral("Law"), QStringLiteral("Relief")}};
-    EXPECT_EQ(line.text(), QStringLiteral("Law, Relief"));
-    line.names.resize(2000, QStringLiteral("x"));
-    EXPECT_TRUE(line.text().startsWith(QStringLiteral("Law, Relief, x")));
-    EXPECT_TRUE(line.text().endsWith(QStringLiteral("x, x and 1980 more")));
-    line.names = {QString(1000 * 1000, u'x'), QStringLiteral("y")};
+    LegendLine line{0, {u"Law"_s, u"Relief"_s}};
+    EXPECT_EQ(line.text(), u"Law, Relief"_s);
+    line.names.resize(2000, u"x"_s);
+    EXPECT_TRUE(line.text().startsWith(u"Law, Relief, x"_s));
+    EXPECT_TRUE(line.text().endsWith(u"x, x and 1980 more"_s));
+    line.names = {QString(1000 * 1000, u'x'), u"y"_s};
     EXPECT_LT(line.text().size(), 2000);
 }
 
 TEST_F(OrganizationPlacesTest, KeepsWhatWasReadBeforeAFailure)
 {
     add(2, "2", "'Austin', 'TX'", "NULL, NULL");
-    EXPECT_NE(errorNumberOf([&] { read(QStringLiteral(" AND Nothing = 1")); }), 0);
+    EXPECT_NE(errorNumberOf([&] { read(u" AND Nothing = 1"_s); }), 0);
     EXPECT_TRUE(places.entries().empty());
     read();
     EXPECT_EQ(places.entries().size(), 1u);

@@ -12,6 +12,8 @@
 #include <cmath>
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const char* const endings[] = {".shp", ".shx", ".dbf"};
@@ -35,7 +37,7 @@ public:
 
     [[nodiscard]] QString path(const char* ending = ".shp") const
     {
-        return m_folder.filePath(QStringLiteral("states")) + QLatin1StringView(ending);
+        return m_folder.filePath(u"states"_s) + QLatin1StringView(ending);
     }
 
     void write(const char* ending, const QByteArray& bytes) const
@@ -72,8 +74,8 @@ TEST(ShapeFile, ReadsTheStates)
 {
     const auto records = ShapeFile::read(QStringLiteral(ORVIK_MAPS "/states.shp"));
     ASSERT_EQ(records.size(), 56u);
-    EXPECT_EQ(records.front().name, QStringLiteral("Alabama"));
-    EXPECT_EQ(records.front().letters, QStringLiteral("AL"));
+    EXPECT_EQ(records.front().name, u"Alabama"_s);
+    EXPECT_EQ(records.front().letters, u"AL"_s);
     for (const ShapeRecord& record : records)
         EXPECT_FALSE(record.rings.empty()) << record.name.toStdString();
 }

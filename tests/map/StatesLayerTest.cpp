@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const StatesLayer& realLayer()
@@ -30,7 +32,7 @@ TEST(StatesLayer, JoinsWhatLiesBeyondTheBackOfTheMap)
     EXPECT_NEAR(alaska.bounds.left(), -187.5, 0.5) << "172.5 degrees east";
     EXPECT_LT(stateOf(u"GU").bounds.right(), -214);
     EXPECT_EQ(realLayer().states().size(), 56u);
-    EXPECT_EQ(stateOf(u"TX").name, QStringLiteral("Texas"));
+    EXPECT_EQ(stateOf(u"TX").name, u"Texas"_s);
 }
 
 TEST(StatesLayer, FullExtentLeavesOutSmallShapesFarOff)

@@ -9,6 +9,8 @@
 #include <chrono>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void write(const QString& path, const QString& content)
@@ -28,16 +30,13 @@ protected:
     static void SetUpTestSuite()
     {
         desktop = std::make_unique<QTemporaryDir>();
-        write(at("data/mime/globs2"), QStringLiteral("50:application/x-known:*.known\n"
-                                                     "50:application/x-unknown:*.unknown\n"));
+        write(at("data/mime/globs2"), u"50:application/x-known:*.known\n"
+                                      "50:application/x-unknown:*.unknown\n"_s);
         write(at("data/applications/viewer.desktop"),
-              QStringLiteral("[Desktop Entry]\nType=Application\nName=Viewer\nExec=%1 %f\n"
-                             "MimeType=application/x-known;\n")
-                  .arg(viewer()));
-        write(at("config/mimeapps.list"),
-              QStringLiteral("[Default Applications]\napplication/x-known=viewer.desktop\n"));
-        write(viewer(),
-              QStringLiteral("#!/bin/sh\nprintf %s \"$1\" > '%1.new'\nmv '%1.new' '%1'\n").arg(record()));
+              u"[Desktop Entry]\nType=Application\nName=Viewer\nExec=%1 %f\n"
+              "MimeType=application/x-known;\n"_s.arg(viewer()));
+        write(at("config/mimeapps.list"), u"[Default Applications]\napplication/x-known=viewer.desktop\n"_s);
+        write(viewer(), u"#!/bin/sh\nprintf %s \"$1\" > '%1.new'\nmv '%1.new' '%1'\n"_s.arg(record()));
         QFile::setPermissions(viewer(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         qputenv("XDG_CONFIG_HOME", QFile::encodeName(at("config")));
         qputenv("XDG_DATA_HOME", QFile::encodeName(at("data")));
@@ -55,7 +54,7 @@ protected:
     /// A file of that name, with something in it.
     static QString file(const char* name)
     {
-        write(at(name), QStringLiteral("text"));
+        write(at(name), u"text"_s);
         return at(name);
     }
 
@@ -66,8 +65,7 @@ protected:
         for (int i = 0; i < 500 && !QFile::exists(record()); ++i)
             std::this_thread::sleep_for(20ms);
         QFile said(record());
-        return said.open(QIODevice::ReadOnly) ? QString::fromUtf8(said.readAll())
-                                              : QStringLiteral("it was never started");
+        return said.open(QIODevice::ReadOnly) ? QString::fromUtf8(said.readAll()) : u"it was never started"_s;
     }
 
     static std::unique_ptr<QTemporaryDir> desktop;
@@ -86,7 +84,7 @@ TEST_F(DesktopShellTest, OpensAFileWithTheDefaultProgramForItsKind)
 TEST_F(DesktopShellTest, SaysWhereThereIsNoProgram)
 {
     EXPECT_FALSE(shell.open(QUrl::fromLocalFile(file("report.unknown"))));
-    EXPECT_FALSE(shell.open(QUrl(QStringLiteral("nobodys-scheme:address"))));
+    EXPECT_FALSE(shell.open(QUrl(u"nobodys-scheme:address"_s)));
 }
 
 TEST_F(DesktopShellTest, StartsAProgramWithAFile)
