@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -43,13 +44,7 @@ TEST(CraftedSchema, IsRefusedBeforeTheEngineIsAskedForIt)
     std::string columns = "a0";
     for (int i = 1; i < 150; ++i)
         columns += ", a" + std::to_string(i);
-    struct Case
-    {
-        const char* what;
-        std::string statements;
-        int number;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, std::string, int> cases[] = {
         {"a join with views of views", eventQuery(" FROM Event LEFT JOIN v40 ON v40.id = Event.EventID"),
          refused},
         {"another join with one", eventQuery(" FROM Event LEFT JOIN Venue, v40 ON v40.id = Event.EventID"),
@@ -68,12 +63,12 @@ TEST(CraftedSchema, IsRefusedBeforeTheEngineIsAskedForIt)
          "UPDATE sqlite_master SET sql = 'CREATE TABLE Venue (" + columns + keys + ")' WHERE name = 'Venue'",
          corrupt},
     };
-    for (const Case& entry : cases) {
+    for (const auto& [what, statements, expected] : cases) {
         const TestDatabase database;
-        database.run(("PRAGMA writable_schema = ON;" + doublingViews() + entry.statements).c_str());
+        database.run(("PRAGMA writable_schema = ON;" + doublingViews() + statements).c_str());
         DatabaseSession session;
         const int number = errorNumberOf([&] { session.open(database.fileName()); });
-        EXPECT_EQ(number, entry.number) << entry.what;
+        EXPECT_EQ(number, expected) << what;
     }
 }
 

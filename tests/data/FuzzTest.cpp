@@ -115,12 +115,13 @@ TEST(Fuzz, WhateverIsAskedOnlyAnErrorComesOutAndNothingChanges)
 
     const bool longRun = qEnvironmentVariableIsSet("ORVIK_FUZZ_SECONDS");
     const unsigned seed = longRun ? std::random_device{}() : 1u;
+    constexpr int shortRun = 15000;
     const auto end = std::chrono::steady_clock::now() +
-                     std::chrono::seconds(longRun ? qEnvironmentVariableIntValue("ORVIK_FUZZ_SECONDS") : 3);
+                     std::chrono::seconds(qEnvironmentVariableIntValue("ORVIK_FUZZ_SECONDS"));
     StatementMaker maker(seed);
     int rounds = 0;
     int answered = 0;
-    for (; std::chrono::steady_clock::now() < end; ++rounds) {
+    for (; longRun ? std::chrono::steady_clock::now() < end : rounds < shortRun; ++rounds) {
         const QString statement = maker.make();
         try {
             (void)errorNumberOf([&] { (void)StatementTranslator(session.catalog()).change(statement); });
@@ -143,8 +144,6 @@ TEST(Fuzz, WhateverIsAskedOnlyAnErrorComesOutAndNothingChanges)
     EXPECT_TRUE(database.bytes() == before) << "seed " << seed;
     EXPECT_EQ(QDir(database.folder()).entryList(QDir::Files | QDir::Hidden), QStringList{u"test.sqlite"_s});
     EXPECT_GT(answered, 0);
-    RecordProperty("statements", rounds);
-    RecordProperty("answered", answered);
 }
 
 } // namespace

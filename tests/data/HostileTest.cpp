@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -64,68 +62,30 @@ protected:
 
 TEST_F(HostileKeyword, BreaksTheStatementAtMost)
 {
-    const QString other = m_database.folder() + u"/other.sqlite"_s;
-    const std::vector<QString> keywords{
-        u"'"_s,
-        u"o'clock"_s,
-        u"%'; DELETE FROM Document; --"_s,
-        u"'; DROP TABLE Document"_s,
-        u"%' -- "_s,
-        u"%' /* "_s,
-        u"%') OR 1=1) --"_s,
-        u"%')) UNION SELECT sql,2,3,4,5,6,7,8,9,10,11 FROM sqlite_master WHERE (('%' = '"_s,
-        u"%')) UNION ALL SELECT * FROM Document WHERE (('' = '"_s,
-        u"%')) EXCEPT SELECT 1 WHERE (('' = '"_s,
-        u"%')); ATTACH '%1' AS x"_s.arg(other),
-        u"%' AND ATTACH DATABASE '%1' AS other AND '"_s.arg(other),
-        u"%' AND (PRAGMA user_version) AND '"_s,
-        u"%')) ORDER BY 1 LIMIT 1 OFFSET (('"_s,
-        u"%' AND (SELECT sql FROM sqlite_master) LIKE '"_s,
-        u"%' AND (SELECT count(*) FROM sqlite_schema) > 0 AND '"_s,
-        u"%' AND (SELECT file FROM pragma_database_list) LIKE '"_s,
-        u"%' AND EXISTS (SELECT * FROM dbstat) AND '"_s,
-        u"%' AND EXISTS (SELECT * FROM sqlite_dbpage) AND '"_s,
-        u"%' AND EXISTS (SELECT * FROM json_each) AND '"_s,
-        u"%' AND load_extension('extension') AND '"_s,
-        u"%' AND randomblob(1000000000) AND '"_s,
-        u"%' AND zeroblob(1000000000) LIKE '"_s,
-        u"%' AND hex(dStatus) LIKE '"_s,
-        u"%' AND readfile('/etc/passwd') LIKE '"_s,
-        u"%' AND writefile('%1', 'x') LIKE '"_s.arg(other),
-        u"%' AND fts3_tokenizer('simple') LIKE '"_s,
-        u"%' AND sqlite_compileoption_get(1) LIKE '"_s,
-        u"%' AND group_concat(DocumentName) LIKE '"_s,
-        u"%' AND (UPDATE Document SET dStatus = '') LIKE '"_s,
-        u"%' AND (DELETE FROM Document RETURNING 1) LIKE '"_s,
-        u"%' AND (SELECT 1 WHERE x INTO OUTFILE 'x') LIKE '"_s,
-        u"%' AND (WITH RECURSIVE r(x) AS (SELECT 1) SELECT x FROM r) LIKE '"_s,
-        u"%' COLLATE NOWHERE AND '"_s,
-        u"%' AND #31/31/2001# AND '"_s,
-        u"%' AND #"_s,
-        u"%' AND \""_s,
-        u"%' AND [Author] LIKE '"_s,
-        u"%' AND `Author` LIKE '"_s,
-        u"%' AND ?1 LIKE '"_s,
-        u"%' AND :a LIKE '"_s,
-        u"%' AND @a LIKE '"_s,
-        u"%' AND $a LIKE '"_s,
-        u"%' AND ~1 LIKE '"_s,
-        u"%' AND 1 | 2 LIKE '"_s,
-        u"%' AND x'41' LIKE '"_s,
-        u"%' AND count(count(DocumentID)) LIKE '"_s,
-        u"%' AND substr() LIKE '"_s,
-        u"%' AND (((((( LIKE '"_s,
-        u"%' )))))) LIKE '"_s,
-        u"%' AND CASE LIKE '"_s,
-        u"%' AND DocumentID. LIKE '"_s,
-        u"%' AND .5.5 LIKE '"_s,
-        u"%' AND 9999999999999999999999 . LIKE '"_s,
-        u"%' AND SELECT LIKE '"_s,
-        u"%' WHERE 1 = 1 AND '"_s,
-        u"%' AND () AND '"_s,
-        QString(u"nul"_s + QChar(0) + u"nul"_s),
-        QString(u"%' AND "_s + QChar(0) + u" LIKE '"_s),
-    };
+    QStringList keywords{u"nul%1nul"_s.arg(QChar(0)), u"%' AND %1 LIKE '"_s.arg(QChar(0)),
+                         u"%' AND ~1 LIKE '"_s};
+    keywords << u"'~o'clock~%'; DELETE FROM Document; --~'; DROP TABLE Document~%' -- ~%' /* ~%') OR 1=1) --~"
+                "%')) UNION SELECT sql,2,3,4,5,6,7,8,9,10,11 FROM sqlite_master WHERE (('%' = '~"
+                "%')) UNION ALL SELECT * FROM Document WHERE (('' = '~%')) EXCEPT SELECT 1 WHERE (('' = '~"
+                "%')); ATTACH 'OTHER' AS x~%')) ORDER BY 1 LIMIT 1 OFFSET (('~%' COLLATE NOWHERE AND '~"
+                "%' AND #~%' AND \"~%' )))))) LIKE '~%' WHERE 1 = 1 AND '"_s.split(u'~');
+    const auto conditions =
+        u"ATTACH DATABASE 'OTHER' AS other~(PRAGMA user_version)~(SELECT count(*) FROM sqlite_schema) > 0~"
+        "EXISTS (SELECT * FROM dbstat)~EXISTS (SELECT * FROM sqlite_dbpage)~EXISTS (SELECT * FROM json_each)~"
+        "load_extension('extension')~randomblob(1000000000)~#31/31/2001#~()"_s.split(u'~');
+    for (const QString& condition : conditions)
+        keywords << u"%' AND "_s + condition + u" AND '"_s;
+    const auto operands =
+        u"(SELECT sql FROM sqlite_master)~(SELECT file FROM pragma_database_list)~zeroblob(1000000000)~"
+        "hex(dStatus)~readfile('/etc/passwd')~writefile('OTHER', 'x')~fts3_tokenizer('simple')~"
+        "sqlite_compileoption_get(1)~group_concat(DocumentName)~(UPDATE Document SET dStatus = '')~"
+        "(DELETE FROM Document RETURNING 1)~(SELECT 1 WHERE x INTO OUTFILE 'x')~"
+        "(WITH RECURSIVE r(x) AS (SELECT 1) SELECT x FROM r)~[Author]~`Author`~?1~:a~@a~$a~1 | 2~x'41'~"
+        "count(count(DocumentID))~substr()~((((((~CASE~DocumentID.~.5.5~9999999999999999999999 .~SELECT"_s
+            .split(u'~');
+    for (const QString& operand : operands)
+        keywords << u"%' AND "_s + operand + u" LIKE '"_s;
+    keywords.replaceInStrings(u"OTHER"_s, m_database.folder() + u"/other.sqlite"_s);
     for (const QString& keyword : keywords)
         EXPECT_GT(search(keyword), 0) << keyword.toStdString();
 }
@@ -164,27 +124,24 @@ TEST_F(HostileKeyword, IsATextWhereItStaysInItsQuotes)
     EXPECT_EQ(search(QString(40000, u'%')), 0);
 }
 
-TEST_F(HostileKeyword, MayBeAMegabyteLong)
+TEST_F(HostileKeyword, MayBeLongAndRepeatWhatTheLanguageBoundsByDepth)
 {
-    const int size = 1024 * 1024;
+    const int megabyte = 1024 * 1024;
     for (const QChar c : {u'a', u'%', u'\'', u'\"'})
-        EXPECT_NE(search(QString(size, c)), 0) << c.toLatin1();
-    EXPECT_GT(search(u"' AND "_s + QString(size, u'(')), 0);
-}
+        EXPECT_NE(search(QString(megabyte, c)), 0) << c.toLatin1();
+    EXPECT_GT(search(u"' AND "_s + QString(megabyte, u'(')), 0);
 
-TEST_F(HostileKeyword, MayRepeatWhatTheLanguageBoundsByDepth)
-{
-    const int size = 128 * 1024;
-    const auto repeated = [](const QString& text) { return text.repeated(size / text.size()); };
-    EXPECT_GT(search(u"'"_s + repeated(u")"_s)), 0);
-    EXPECT_GT(search(u"' AND "_s + repeated(u"min("_s)), 0);
-    EXPECT_GT(search(u"' AND "_s + repeated(u"("_s) + repeated(u")"_s)), 0);
-    EXPECT_GT(search(u"' AND 1 IN "_s + repeated(u"(SELECT 1 WHERE 1 IN "_s)), 0);
-    EXPECT_GT(search(u"' AND 1"_s + repeated(u" AND 1"_s) + u" AND '"_s), 0);
-    EXPECT_GT(search(u"' || "_s + repeated(u"DocumentName || "_s) + u"'"_s), 0);
-    EXPECT_GT(search(u"' AND "_s + repeated(u"NOT "_s) + u"'"_s), 0);
-    EXPECT_GT(search(u"' AND "_s + repeated(u"- "_s) + u"1 AND '"_s), 0);
-    EXPECT_GT(search(u"' AND CASE"_s + repeated(u" WHEN 1 THEN CASE"_s) + u" AND '"_s), 0);
+    const auto repeated = [](const QString& text) { return text.repeated(128 * 1024 / text.size()); };
+    for (const QString& keyword :
+         {u"'"_s + repeated(u")"_s), u"' AND "_s + repeated(u"min("_s),
+          u"' AND "_s + repeated(u"("_s) + repeated(u")"_s),
+          u"' AND 1 IN "_s + repeated(u"(SELECT 1 WHERE 1 IN "_s),
+          u"' AND 1"_s + repeated(u" AND 1"_s) + u" AND '"_s,
+          u"' || "_s + repeated(u"DocumentName || "_s) + u"'"_s, u"' AND "_s + repeated(u"NOT "_s) + u"'"_s,
+          u"' AND "_s + repeated(u"- "_s) + u"1 AND '"_s,
+          u"' AND CASE"_s + repeated(u" WHEN 1 THEN CASE"_s) + u" AND '"_s}) {
+        EXPECT_GT(search(keyword), 0) << keyword.left(40).toStdString();
+    }
 }
 
 TEST_F(HostileKeyword, MayNestOnlySoDeep)
@@ -224,78 +181,34 @@ TEST_F(HostileKeyword, ThatWouldRunForHoursIsStopped)
     EXPECT_EQ(search(u"fire"_s), 0);
 }
 
-TEST_F(HostileKeyword, CannotMakeAReadingStatementWrite)
+TEST_F(HostileKeyword, CannotMakeAReadingStatementWriteNorAWritingOneDoMore)
 {
     DatabaseSession& session = m_database.session();
-    for (const QString& statement : {u"DELETE FROM Document"_s,
-                                     u"UPDATE Document SET dStatus = 'DELETED'"_s,
-                                     u"INSERT INTO Venue VALUES (7, 'x')"_s,
-                                     u"DROP TABLE Venue"_s,
-                                     u"PRAGMA user_version = 7"_s,
-                                     u"ATTACH 'x' AS y"_s,
-                                     u"VACUUM"_s,
-                                     u"BEGIN"_s,
-                                     u"COMMIT"_s,
-                                     u"REPLACE INTO Venue VALUES (2, 'x')"_s,
-                                     u"CREATE TABLE x (y)"_s,
-                                     u"EXPLAIN SELECT 1"_s,
-                                     u"VALUES (1)"_s,
-                                     u"WITH x AS (SELECT 1) SELECT * FROM x"_s,
-                                     u""_s,
-                                     u" "_s,
-                                     u";"_s,
-                                     u"("_s,
-                                     u"SELECT"_s,
-                                     u"SELECT ,"_s,
-                                     u"SELECT DISTINCT"_s,
-                                     u"SELECT FROM Venue"_s,
-                                     u"SELECT * FROM"_s,
-                                     u"SELECT * FROM Venue,"_s,
-                                     u"SELECT * FROM Venue Function"_s,
-                                     u"SELECT * FROM (SELECT 1)"_s,
-                                     u"FROM Venue SELECT *"_s,
-                                     u"SELECT * WHERE 1 FROM Venue"_s,
-                                     u"SELECT * FROM Venue WHERE"_s,
-                                     u"SELECT * FROM Venue; SELECT 1"_s,
-                                     u"SELECT * FROM Venue WHERE 1 WHERE 1"_s,
-                                     u"SELECT * FROM main.Venue"_s}) {
+    const auto notRead =
+        u"DELETE FROM Document~UPDATE Document SET dStatus = 'DELETED'~REPLACE INTO Venue VALUES (2, 'x')~"
+        "ATTACH 'x' AS y~VACUUM~COMMIT~EXPLAIN SELECT 1~VALUES (1)~WITH x AS (SELECT 1) SELECT * FROM x~ "
+        "~;~(~"
+        "SELECT~SELECT ,~SELECT DISTINCT~SELECT FROM Venue~SELECT * FROM~SELECT * FROM Venue,~"
+        "SELECT * FROM Venue Function~SELECT * FROM (SELECT 1)~FROM Venue SELECT *~"
+        "SELECT * WHERE 1 FROM Venue~SELECT * FROM Venue WHERE~SELECT * FROM Venue; SELECT 1~"
+        "SELECT * FROM Venue WHERE 1 WHERE 1~SELECT * FROM main.Venue"_s.split(u'~');
+    const auto notExecuted =
+        u"SELECT 1~DELETE FROM~DELETE FROM Nowhere~DELETE FROM sqlite_master~DELETE FROM Q_Document~"
+        "DELETE FROM Document WHERE~DELETE FROM Document WHERE DocumentID = ~DELETE Document~"
+        "DELETE FROM Document; DELETE FROM Event~DELETE FROM Document WHERE DocumentID = 2 RETURNING 1~"
+        "UPDATE~UPDATE Document~UPDATE Document SET~UPDATE Document SET Nowhere = 1~"
+        "UPDATE OR REPLACE Document SET DocumentID = 2~"
+        "UPDATE Document SET DocumentID = 2 WHERE DocumentID = 3~UPDATE sqlite_master SET sql = ''~"
+        "UPDATE Document SET Notes = load_extension('x')~UPDATE Document SET Notes = randomblob(1000000)~"
+        "VACUUM INTO 'x'~ANALYZE"_s.split(u'~');
+    const auto neither = u"INSERT INTO Venue VALUES (7, 'x')~DROP TABLE Venue~CREATE TABLE x (y)~"
+                         "PRAGMA user_version = 7~BEGIN~"_s.split(u'~');
+    for (const QString& statement : notRead + neither) {
         EXPECT_GT(errorNumberOf([&] { session.read(statement).next(); }), 0) << statement.toStdString();
         EXPECT_GT(errorNumberOf([&] { session.edit(statement); }), 0) << statement.toStdString();
     }
-}
-
-TEST_F(HostileKeyword, CannotMakeAWritingStatementDoMore)
-{
-    DatabaseSession& session = m_database.session();
-    for (const QString& statement : {u"DELETE FROM"_s,
-                                     u"DELETE FROM Nowhere"_s,
-                                     u"DELETE FROM sqlite_master"_s,
-                                     u"DELETE FROM Q_Document"_s,
-                                     u"DELETE FROM Document WHERE"_s,
-                                     u"DELETE FROM Document WHERE DocumentID = "_s,
-                                     u"DELETE Document"_s,
-                                     u"DELETE FROM Document; DELETE FROM Event"_s,
-                                     u"DELETE FROM Document WHERE DocumentID = 2 RETURNING 1"_s,
-                                     u"UPDATE"_s,
-                                     u"UPDATE Document"_s,
-                                     u"UPDATE Document SET"_s,
-                                     u"UPDATE Document SET Nowhere = 1"_s,
-                                     u"UPDATE OR REPLACE Document SET DocumentID = 2"_s,
-                                     u"UPDATE Document SET DocumentID = 2 WHERE DocumentID = 3"_s,
-                                     u"UPDATE sqlite_master SET sql = ''"_s,
-                                     u"UPDATE Document SET Notes = load_extension('x')"_s,
-                                     u"UPDATE Document SET Notes = randomblob(1000000)"_s,
-                                     u"INSERT INTO Venue VALUES (7, 'x')"_s,
-                                     u"DROP TABLE Venue"_s,
-                                     u"CREATE TABLE x (y)"_s,
-                                     u"PRAGMA user_version = 7"_s,
-                                     u"BEGIN"_s,
-                                     u"VACUUM INTO 'x'"_s,
-                                     u"ANALYZE"_s,
-                                     u""_s,
-                                     u"SELECT 1"_s}) {
+    for (const QString& statement : notExecuted + neither)
         EXPECT_GT(errorNumberOf([&] { session.execute(statement); }), 0) << statement.toStdString();
-    }
 }
 
 } // namespace

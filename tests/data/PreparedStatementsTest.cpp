@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -32,13 +34,7 @@ protected:
 
 TEST(StatementShapes, LeaveOutTheDatesAndNothingElse)
 {
-    struct Case
-    {
-        const char* statement;
-        const char* shape;
-        const char* dates;
-    };
-    const std::vector<Case> cases{
+    const std::vector<std::tuple<const char*, const char*, const char*>> cases{
         {"A = #9/1/2001# AND B = #10:00# AND C = #09/01/2001#", "A = #0d# AND B = #1t# AND C = #0d#",
          "2001-09-01|10:00"},
         {"A = #9/1/2001 00:00# OR A = #9/1/2001#", "A = #0m# OR A = #0d#", "2001-09-01"},
@@ -46,11 +42,11 @@ TEST(StatementShapes, LeaveOutTheDatesAndNothingElse)
          "1999-01-02"},
         {"A = 'open #1/1/2001#", "A = 'open #1/1/2001#", ""},
     };
-    for (const Case& entry : cases) {
-        const auto shape = shapeOf(QString::fromUtf8(entry.statement));
-        ASSERT_TRUE(shape) << entry.statement;
-        EXPECT_EQ(shape->text.toStdString(), entry.shape);
-        EXPECT_EQ(shape->dates.join(u'|').toStdString(), entry.dates);
+    for (const auto& [statement, text, dates] : cases) {
+        const auto shape = shapeOf(QString::fromUtf8(statement));
+        ASSERT_TRUE(shape) << statement;
+        EXPECT_EQ(shape->text.toStdString(), text);
+        EXPECT_EQ(shape->dates.join(u'|').toStdString(), dates);
     }
     for (const char* statement : {"A = #0d#", "A = #9/31/2001#", "A = #1/1/2001"})
         EXPECT_FALSE(shapeOf(QString::fromUtf8(statement))) << statement;

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -65,22 +66,16 @@ constexpr auto manyVenues = "BEGIN; UPDATE Venue SET VenueName = 'changed'; WITH
 
 TEST_F(Unfinished, ChangesAreUndoneInTheCopyAlone)
 {
-    struct Case
-    {
-        const char* mode;
-        const char* change;
-        const char* venues;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"PRAGMA journal_mode = DELETE", manyVenues, "Harbor Airport"},
         {"PRAGMA journal_mode = WAL", "UPDATE Venue SET VenueName = 'in the log'", "in the log in the log"},
     };
-    for (const Case& entry : cases) {
-        SCOPED_TRACE(entry.mode);
-        crash(entry.mode, entry.change);
+    for (const auto& [mode, change, venues] : cases) {
+        SCOPED_TRACE(mode);
+        crash(mode, change);
         const QByteArray before = content();
         copyDatabase(m_source, m_target);
-        EXPECT_EQ(copiedVenues(), QString::fromUtf8(entry.venues));
+        EXPECT_EQ(copiedVenues(), QString::fromUtf8(venues));
         EXPECT_EQ(content(), before);
         EXPECT_EQ(QDir(m_database.folder()).entryList(QDir::Files).filter(u"target"_s),
                   QStringList{u"target.sqlite"_s});

@@ -74,13 +74,7 @@ TEST_F(FileOpenerTest, TheEndingOfTheIconSaysWhereADocumentLies)
     put("photos/OrvikDB/data/documents/7.pdf");
     insertDataDisc();
     insertPhotosDisc();
-    struct Case
-    {
-        const char* name;
-        const char* key;
-        const char* expected;
-    };
-    for (const Case& each : {
+    for (const auto& [name, key, expected] : {
              Case{"Report 7.pdf", "d2", "[opened @/data/documents/Report 7.pdf]"},
              Case{"REPORT 7.PDF", "d123", "[opened @/data/documents/Report 7.pdf]"},
              Case{"7.pdf", "d2", "File not found: @/data/documents/7.pdf"},
@@ -93,7 +87,7 @@ TEST_F(FileOpenerTest, TheEndingOfTheIconSaysWhereADocumentLies)
              Case{"8.jpg", "d6cd", "File not found: @/photos/OrvikDB/data/documents/8.jpg"},
              Case{"7.pdf", "d2ng", "Copyright permissions not granted."},
          }) {
-        EXPECT_EQ(openDoc(each.name, each.key), each.expected) << each.key;
+        EXPECT_EQ(openDoc(name, key), expected) << key;
     }
 }
 

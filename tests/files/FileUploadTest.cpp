@@ -13,6 +13,7 @@
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -94,15 +95,11 @@ protected:
 
 TEST_F(FileUploadTest, TheExtensionComesFromThePathHoweverItIsWritten)
 {
-    const struct
-    {
-        QString path;
-        QString extension;
-    } cases[] = {{u"/home/a.b/Report.PDF"_s, u"PDF"_s},
-                 {u"C:\\in\\x.tar.gz"_s, u"gz"_s},
-                 {u"/home/a.b/report"_s, QString()},
-                 {u"page.html"_s, u"html"_s},
-                 {QString(), QString()}};
+    const std::pair<QString, QString> cases[] = {{u"/home/a.b/Report.PDF"_s, u"PDF"_s},
+                                                 {u"C:\\in\\x.tar.gz"_s, u"gz"_s},
+                                                 {u"/home/a.b/report"_s, QString()},
+                                                 {u"page.html"_s, u"html"_s},
+                                                 {QString(), QString()}};
     for (const auto& [path, extension] : cases)
         EXPECT_EQ(FileUpload::extension(path), extension) << qPrintable(path);
 }
@@ -112,14 +109,10 @@ TEST_F(FileUploadTest, APlainFileIsCopiedUnderItsNumber)
     QByteArray large(3 * 1024 * 1024 + 17, '\0');
     for (qsizetype i = 0; i < large.size(); ++i)
         large[i] = static_cast<char>(i * 31 >> 3);
-    const struct
-    {
-        QString name;
-        QByteArray content;
-        QString storedName;
-    } cases[] = {{u"a.pdf"_s, "%PDF", u"57.pdf"_s},    {u"Größe & \"Maß\" 100%.PDF"_s, "b", u"57.PDF"_s},
-                 {u"large.bin"_s, large, u"57.bin"_s}, {u"empty.txt"_s, "", u"57.txt"_s},
-                 {u"noextension"_s, "c", u"57."_s},    {QString(250, u'n') + u".htm"_s, "d", u"57.htm"_s}};
+    const std::tuple<QString, QByteArray, QString> cases[] = {
+        {u"a.pdf"_s, "%PDF", u"57.pdf"_s},    {u"Größe & \"Maß\" 100%.PDF"_s, "b", u"57.PDF"_s},
+        {u"large.bin"_s, large, u"57.bin"_s}, {u"empty.txt"_s, "", u"57.txt"_s},
+        {u"noextension"_s, "c", u"57."_s},    {QString(250, u'n') + u".htm"_s, "d", u"57.htm"_s}};
     for (const auto& [name, content, storedName] : cases) {
         const QString path = write(name, content);
         QFile::setPermissions(path, QFile::ReadOwner);
@@ -173,17 +166,14 @@ TEST_F(FileUploadTest, AWebPageIsCopiedWithItsFolder)
 
 TEST_F(FileUploadTest, TheNameOfAFolderIsFoundAsPagesWriteIt)
 {
-    const struct
-    {
-        QString folder;
-        QByteArray written;
-    } cases[] = {{u"Crue d'été_files"_s, "Crue d'été_files"},             // UTF-8
-                 {u"Crue d'été_files"_s, "Crue d'\xe9t\xe9_files"},       // Latin-1
-                 {u"Crue d'été_files"_s, "Crue%20d'%C3%A9t%C3%A9_files"}, // as an address
-                 {u"A & B_files"_s, "A &amp; B_files"},
-                 {u"A & B_files"_s, "A%20&amp;%20B_files"},
-                 {u"洪水_files"_s, "洪水_files"},
-                 {u"7_files"_s, "7_files"}};
+    const std::pair<QString, QByteArray> cases[] = {
+        {u"Crue d'été_files"_s, "Crue d'été_files"},             // UTF-8
+        {u"Crue d'été_files"_s, "Crue d'\xe9t\xe9_files"},       // Latin-1
+        {u"Crue d'été_files"_s, "Crue%20d'%C3%A9t%C3%A9_files"}, // as an address
+        {u"A & B_files"_s, "A &amp; B_files"},
+        {u"A & B_files"_s, "A%20&amp;%20B_files"},
+        {u"洪水_files"_s, "洪水_files"},
+        {u"7_files"_s, "7_files"}};
     for (const auto& [folder, written] : cases) {
         const QString base = folder.chopped(6);
         write(folder + u"/x.gif"_s, "x");
@@ -285,22 +275,18 @@ TEST_F(FileUploadTest, WhatAKilledCopyLeftIsClearedAndNothingElse)
 TEST_F(FileUploadTest, ATypedPathIsCleanedOfWhatStandsAroundIt)
 {
     const QString odd = write(u"'odd'.pdf "_s, "x");
-    const struct
-    {
-        QString typed;
-        QString path;
-    } cases[] = {{u"/home/a b/c.pdf"_s, u"/home/a b/c.pdf"_s},
-                 {u"  /home/c.pdf \n"_s, u"/home/c.pdf"_s},
-                 {u"\"/home/a b.pdf\""_s, u"/home/a b.pdf"_s},
-                 {u" '/home/a b.pdf'\r\n"_s, u"/home/a b.pdf"_s},
-                 {u"/home/it's.pdf"_s, u"/home/it's.pdf"_s},
-                 {u"file:///home/a%20b%C3%A9.pdf\r\n"_s, u"/home/a bé.pdf"_s},
-                 {u"FILE:///home/a b.pdf"_s, u"/home/a b.pdf"_s},
-                 {u"/home/a\nb.pdf"_s, u"/home/ab.pdf"_s},
-                 {u"C:\\papers\\x.doc"_s, u"C:\\papers\\x.doc"_s},
-                 {u"\""_s, u"\""_s},
-                 {u" \n"_s, QString()},
-                 {odd, odd}};
+    const std::pair<QString, QString> cases[] = {{u"/home/a b/c.pdf"_s, u"/home/a b/c.pdf"_s},
+                                                 {u"  /home/c.pdf \n"_s, u"/home/c.pdf"_s},
+                                                 {u"\"/home/a b.pdf\""_s, u"/home/a b.pdf"_s},
+                                                 {u" '/home/a b.pdf'\r\n"_s, u"/home/a b.pdf"_s},
+                                                 {u"/home/it's.pdf"_s, u"/home/it's.pdf"_s},
+                                                 {u"file:///home/a%20b%C3%A9.pdf\r\n"_s, u"/home/a bé.pdf"_s},
+                                                 {u"FILE:///home/a b.pdf"_s, u"/home/a b.pdf"_s},
+                                                 {u"/home/a\nb.pdf"_s, u"/home/ab.pdf"_s},
+                                                 {u"C:\\papers\\x.doc"_s, u"C:\\papers\\x.doc"_s},
+                                                 {u"\""_s, u"\""_s},
+                                                 {u" \n"_s, QString()},
+                                                 {odd, odd}};
     for (const auto& [typed, path] : cases)
         EXPECT_EQ(FileUpload::typedPath(typed), path) << qPrintable(typed);
 }

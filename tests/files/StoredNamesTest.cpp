@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -22,13 +24,10 @@ TEST(StoredNames, AWebPageIsFoundUnderEitherEnding)
     for (const char* name : {"5.htm", "6.HTML", "7.htm", "7.html", "8.pdf"})
         ASSERT_TRUE(QFile(path + QLatin1String(name)).open(QIODevice::WriteOnly));
 
-    const struct
-    {
-        QString sought;
-        QString found;
-    } cases[] = {{u"5.html"_s, u"5.htm"_s}, {u"5.HTM"_s, u"5.htm"_s},   {u"6.htm"_s, u"6.HTML"_s},
-                 {u"7.htm"_s, u"7.htm"_s},  {u"7.Html"_s, u"7.html"_s}, {u"8.html"_s, QString()},
-                 {u"5.htmll"_s, QString()}, {u"5"_s, QString()}};
+    const std::pair<QString, QString> cases[] = {{u"5.html"_s, u"5.htm"_s},  {u"5.HTM"_s, u"5.htm"_s},
+                                                 {u"6.htm"_s, u"6.HTML"_s},  {u"7.htm"_s, u"7.htm"_s},
+                                                 {u"7.Html"_s, u"7.html"_s}, {u"8.html"_s, QString()},
+                                                 {u"5.htmll"_s, QString()},  {u"5"_s, QString()}};
     const FolderNames names(path);
     for (const auto& [sought, found] : cases) {
         const QString file = folder.find(documents, sought).value_or(QString());
@@ -47,17 +46,12 @@ TEST(StoredNames, ALinkIsAFileOfItsFolderOnlyWithinIt)
     QDir().mkpath(place.filePath(u"data"_s));
     // the folder itself may be kept elsewhere
     ASSERT_TRUE(QFile::link(place.filePath(u"elsewhere"_s), place.filePath(u"data/documents"_s)));
-    const struct
-    {
-        QString name;
-        QString target;
-        bool isFound;
-    } cases[] = {{u"2.pdf"_s, QString(), true},
-                 {u"3.pdf"_s, u"2.pdf"_s, true},
-                 {u"4.pdf"_s, path + u"2.pdf"_s, true},
-                 {u"5.pdf"_s, u"../secret"_s, false},
-                 {u"6.pdf"_s, place.filePath(u"secret"_s), false},
-                 {u"7.pdf"_s, u"nowhere"_s, false}};
+    const std::tuple<QString, QString, bool> cases[] = {{u"2.pdf"_s, QString(), true},
+                                                        {u"3.pdf"_s, u"2.pdf"_s, true},
+                                                        {u"4.pdf"_s, path + u"2.pdf"_s, true},
+                                                        {u"5.pdf"_s, u"../secret"_s, false},
+                                                        {u"6.pdf"_s, place.filePath(u"secret"_s), false},
+                                                        {u"7.pdf"_s, u"nowhere"_s, false}};
     for (const auto& [name, target, isFound] : cases) {
         ASSERT_TRUE(target.isEmpty() || QFile::link(target, path + name)) << qPrintable(name);
     }

@@ -15,6 +15,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
+#include <tuple>
 
 namespace {
 
@@ -112,13 +113,7 @@ TEST(ImportFailures, aFileThatIsNotReadableSaysWhy)
         file.unscramble();
         return file.bytes;
     };
-    struct Case
-    {
-        std::string bytes;
-        int status;
-        std::string message;
-    };
-    const std::vector<Case> cases = {
+    const std::vector<std::tuple<std::string, int, std::string>> cases = {
         {"", 2, "The file is empty."},
         {"%PDF-1.4", 2, "The file is not an Access database."},
         {std::string(100000, 'x'), 2, "The file is not an Access database."},
@@ -137,14 +132,14 @@ TEST(ImportFailures, aFileThatIsNotReadableSaysWhy)
         {sound.substr(0, sound.size() - 1), 5,
          "The file is cut short: it does not end at the end of a page."},
     };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.message);
+    for (const auto& [bytes, status, message] : cases) {
+        SCOPED_TRACE(message);
         const TemporaryFolder folder;
         // The name says nothing about the content.
-        writeFile(folder.path("it.dat"), one.bytes);
+        writeFile(folder.path("it.dat"), bytes);
         const ToolResult result = ImportTool::run({folder.path("it.dat"), folder.path("it.sqlite")});
-        EXPECT_EQ(result.status, one.status);
-        EXPECT_EQ(result.error, "error\t" + one.message + '\n');
+        EXPECT_EQ(result.status, status);
+        EXPECT_EQ(result.error, "error\t" + message + '\n');
         EXPECT_EQ(folder.names(), (Names{"it.dat"}));
     }
 }

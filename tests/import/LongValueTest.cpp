@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace accessimport;
 
 namespace {
@@ -57,14 +59,7 @@ TEST(LongValue, isPutTogetherOrRefused)
 
     constexpr std::uint32_t inPlace = 0x80000000;
     constexpr std::uint32_t single = 0x40000000;
-    struct Case
-    {
-        std::uint32_t header;
-        std::uint32_t at;
-        std::string rest;
-        std::string expected;
-    };
-    const std::vector<Case> cases = {
+    const std::vector<std::tuple<std::uint32_t, std::uint32_t, std::string, std::string>> cases = {
         {inPlace | 4, 0, "here", "here"},
         {inPlace | 0, 0, "", ""},
         {inPlace | 5, 0, "here", "refused"},
@@ -80,8 +75,8 @@ TEST(LongValue, isPutTogetherOrRefused)
         {single | 5, place(2, 0), "", "refused"}, // a page of another kind
         {0x3fffffff, place(page, 1), "", "refused"},
     };
-    for (const Case& one : cases) {
-        const std::string field = number(one.header) + number(one.at) + number(0) + one.rest;
+    for (const auto& [header, at, rest, expected] : cases) {
+        const std::string field = number(header) + number(at) + number(0) + rest;
         std::vector<std::uint8_t> value;
         std::string found;
         try {
@@ -92,6 +87,6 @@ TEST(LongValue, isPutTogetherOrRefused)
             EXPECT_EQ(error.status(), ExitStatus::Damaged);
             found = "refused";
         }
-        EXPECT_EQ(found, one.expected) << std::hex << one.header << ' ' << one.at;
+        EXPECT_EQ(found, expected) << std::hex << header << ' ' << at;
     }
 }

@@ -17,6 +17,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -148,13 +150,7 @@ TEST_F(AdvancedSearchJourney, SearchesByWhatIsTickedAndShowsItAgain)
 
 TEST_F(AdvancedSearchJourney, WithoutCriteriaItListsAllInTheStandardOrder)
 {
-    const struct
-    {
-        const char* command;
-        int scope;
-        QString caption;
-        const char* rows;
-    } cases[] = {
+    const std::tuple<const char*, int, QString, const char*> cases[] = {
         {"mnuViewEvents", 1, u"Advanced Document Search"_s, "a|b|c"},
         {"mnuViewDocuments", 2, u"Advanced Event Search"_s, "early|late"},
         {"mnuNavigateHome", 3, u"Advanced Organization Search"_s, "Agency|Bureau"},

@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -109,15 +111,10 @@ TEST_F(KeywordSearchJourney, FindsRecordsOfOneKindAndMarksTheWords)
 
 TEST_F(KeywordSearchJourney, OpensAsTheViewSuggestsWithTheLastTextSelected)
 {
-    const struct
-    {
-        const char* command;
-        int scope;
-        bool live;
-    } cases[] = {{"mnuNavigateHome", 0, false},
-                 {"mnuViewDocuments", 1, true},
-                 {"mnuViewEvents", 2, true},
-                 {"mnuViewOrganizations", 3, true}};
+    const std::tuple<const char*, int, bool> cases[] = {{"mnuNavigateHome", 0, false},
+                                                        {"mnuViewDocuments", 1, true},
+                                                        {"mnuViewEvents", 2, true},
+                                                        {"mnuViewOrganizations", 3, true}};
     for (const auto& [command, scope, live] : cases) {
         journey.trigger(command);
         journey.trigger("mnuSearchKeyword");
@@ -262,14 +259,10 @@ TEST_F(KeywordSearchJourney, AnEmptyResultLeadsBackToTheSearch)
 
 TEST_F(KeywordSearchJourney, AFailedSearchIsReportedOnceAndBackLeadsFromIt)
 {
-    const struct
-    {
-        int scope;
-        QString procedure;
-    } cases[] = {{0, u"showSearchResults"_s},
-                 {1, u"showDocuments"_s},
-                 {2, u"showEvents"_s},
-                 {3, u"showOrganizations"_s}};
+    const std::pair<int, QString> cases[] = {{0, u"showSearchResults"_s},
+                                             {1, u"showDocuments"_s},
+                                             {2, u"showEvents"_s},
+                                             {3, u"showOrganizations"_s}};
     for (const auto& [scope, procedure] : cases) {
         journey.trigger("mnuViewDocuments");
         const QString before = journey.viewPanel();

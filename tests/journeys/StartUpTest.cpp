@@ -10,6 +10,8 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -99,13 +101,7 @@ TEST(StartUp, TheSplashIsSeenWhileTheWindowLoads)
 
 TEST(StartUp, SaysOnceWhatIsWrongWithADatabaseAndOpensTheWindow)
 {
-    struct Case
-    {
-        const char* name;
-        int number;
-        const char* description;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, int, const char*> cases[] = {
         {"", 14, "unable to open database file"},
         {"missing.sqlite", 14, "unable to open database file"},
         {"folder", 14, "unable to open database file"},
@@ -113,8 +109,8 @@ TEST(StartUp, SaysOnceWhatIsWrongWithADatabaseAndOpensTheWindow)
         {"cut.sqlite", 11, "database disk image is malformed"},
         {"empty.sqlite", 1, "This is no Orvik database: it has no Document"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [file, number, description] : cases) {
+        SCOPED_TRACE(file);
         Journey journey;
         QDir(journey.dataFolder()).mkdir(u"folder"_s);
         QFile text(journey.dataFolder() + u"text.sqlite"_s);
@@ -126,9 +122,9 @@ TEST(StartUp, SaysOnceWhatIsWrongWithADatabaseAndOpensTheWindow)
         QFile cut(journey.dataFolder() + u"cut.sqlite"_s);
         cut.resize(cut.size() / 2);
 
-        const QString name = QString::fromUtf8(c.name);
+        const QString name = QString::fromUtf8(file);
         journey.desktop.messages.expectMessage(
-            loadFailure(c.number, QString::fromUtf8(c.description), journey.dataFolder() + name));
+            loadFailure(number, QString::fromUtf8(description), journey.dataFolder() + name));
         journey.start(name);
         journey.desktop.messages.finish();
         expectWindowWithoutData(journey);

@@ -136,11 +136,8 @@ TEST_F(OrganizationPlacesTest, KnowsWhoIsAtAPlace)
 
 TEST_F(OrganizationPlacesTest, KeepsTheSixteenColoursInTurn)
 {
-    const struct
-    {
-        std::optional<qint64> function;
-        int colour;
-    } cases[] = {{1, 0}, {2, 1}, {16, 15}, {17, 0}, {32, 15}, {33, 0}, {0, 0}, {-3, 0}, {std::nullopt, 0}};
+    const std::pair<std::optional<qint64>, int> cases[] = {
+        {1, 0}, {2, 1}, {16, 15}, {17, 0}, {32, 15}, {33, 0}, {0, 0}, {-3, 0}, {std::nullopt, 0}};
     for (const auto& [function, colour] : cases)
         EXPECT_EQ(clsCities::colourOf(function), colour) << function.value_or(-99);
 }

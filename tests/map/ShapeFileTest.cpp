@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <cmath>
 #include <random>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -138,12 +139,7 @@ TEST(ShapeFile, SurvivesFlippedBytes)
 TEST(ShapeFile, SurvivesExtremeFigures)
 {
     const Files files;
-    const struct
-    {
-        const char* ending;
-        int at;
-        int size;
-    } figures[] = {
+    const std::tuple<const char*, int, int> figures[] = {
         {".shp", 24, 4},  {".shp", 32, 4},  {".shp", 100, 4}, {".shp", 104, 4}, {".shp", 108, 4},
         {".shp", 144, 4}, {".shp", 148, 4}, {".shp", 152, 4}, {".shp", 156, 4}, {".shp", 200, 8},
         {".shx", 24, 4},  {".shx", 32, 4},  {".shx", 100, 4}, {".shx", 104, 4}, {".shx", 540, 4},

@@ -6,18 +6,15 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 TEST(Keywords, AreSplitAtBlanksAndAtMostFour)
 {
-    const struct
-    {
-        QString text;
-        QStringList words;
-        bool moreThanMost;
-    } cases[] = {
+    const std::tuple<QString, QStringList, bool> cases[] = {
         {u"fire"_s, {u"fire"_s}, false},
         {u"a b c d"_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s}, false},
         {u"a b c d "_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s}, false},
@@ -41,13 +38,7 @@ TEST(Keywords, AreSplitAtBlanksAndAtMostFour)
 TEST(KeywordSearch, BuildsOneConditionForEachKind)
 {
     const StandardQueries queries;
-    const struct
-    {
-        SearchScope scope;
-        ViewKind kind;
-        QString condition;
-        QString caption;
-    } cases[] = {
+    const std::tuple<SearchScope, ViewKind, QString, QString> cases[] = {
         {SearchScope::Documents, ViewKind::Documents,
          u"WHERE dStatus <> 'DELETED' AND Document.DocumentID > 1 AND ((DocumentName LIKE '%fire%' AND "
          "DocumentName LIKE '%plan%') OR (DocumentDescription LIKE '%fire%' AND DocumentDescription LIKE "
@@ -136,12 +127,7 @@ protected:
 
 TEST_F(KeywordSearchOnFile, FindsAllWordsInOneColumn)
 {
-    const struct
-    {
-        ViewKind kind;
-        QString text;
-        QString found;
-    } cases[] = {
+    const std::tuple<ViewKind, QString, QString> cases[] = {
         // 3 has one word in its name and the other in its description
         {ViewKind::Documents, u"fire plan"_s, u"2 4 7"_s}, {ViewKind::Documents, u"École _x_"_s, u"6"_s},
         {ViewKind::Documents, u"fire_plan"_s, u"2"_s},     {ViewKind::Documents, u"f%p"_s, u"2 7"_s},

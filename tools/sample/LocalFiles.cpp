@@ -63,6 +63,16 @@ LocalFiles::LocalFiles(const FigureTables& figures, const FigurePainter& painter
 {
 }
 
+void LocalFiles::check(const DocumentFacts& document) const
+{
+    const FigureTable* figures = figuresOf(document);
+    if (document.figures.isEmpty()) return;
+    if (figures == nullptr || figures->rows.empty())
+        document.row.fail(u"there are no figures \"%1\""_s.arg(document.figures));
+    if (document.localFile == LocalFile::Map && !figures->hasPlaces())
+        document.row.fail(u"the figures %1 have no places"_s.arg(document.figures));
+}
+
 void LocalFiles::write(const DocumentFacts& document) const
 {
     const FigureTable* figures = figuresOf(document);
@@ -76,8 +86,6 @@ void LocalFiles::write(const DocumentFacts& document) const
         writeImage(m_painter.barChart(*figures), document.fileLocation);
         break;
     case LocalFile::Map:
-        if (!figures->hasPlaces())
-            document.row.fail(u"the figures %1 have no places"_s.arg(document.figures));
         writeImage(m_painter.placeMap(*figures), document.fileLocation);
         break;
     case LocalFile::Table:
@@ -91,11 +99,7 @@ void LocalFiles::write(const DocumentFacts& document) const
 
 const FigureTable* LocalFiles::figuresOf(const DocumentFacts& document) const
 {
-    if (document.figures.isEmpty()) return nullptr;
-    const FigureTable* figures = m_figures.find(document.figures);
-    if (figures == nullptr || figures->rows.empty())
-        document.row.fail(u"there are no figures \"%1\""_s.arg(document.figures));
-    return figures;
+    return document.figures.isEmpty() ? nullptr : m_figures.find(document.figures);
 }
 
 QStringList LocalFiles::agenciesOf(const DocumentFacts& document) const

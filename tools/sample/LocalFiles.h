@@ -19,8 +19,11 @@ public:
     LocalFiles(const FigureTables& figures, const FigurePainter& painter, const EventRecords& events,
                const OrganizationRecords& organizations, const QDir& folder);
 
-    /// Writes the document's file, and for a web page its companion folder. Throws SourceError where a
-    /// table of figures is missing or a file cannot be written.
+    /// Throws SourceError if the document's figures are missing, or have no places for its map.
+    void check(const DocumentFacts& document) const;
+
+    /// Writes the file of a document that was checked, and for a web page its companion folder. Throws
+    /// SourceError if a file cannot be written.
     void write(const DocumentFacts& document) const;
 
 private:

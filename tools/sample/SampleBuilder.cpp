@@ -52,6 +52,12 @@ void SampleBuilder::buildInto(const QDir& folder) const
     const DocumentRecords documents(source, lookups, organizations, events, database);
     addHistory(source, documents, events, organizations, database);
 
+    const FigureTables figures(source);
+    const FigurePainter painter(m_source.filePath(u"maps/states.shp"_s));
+    const LocalFiles files(figures, painter, events, organizations, folder.filePath(u"data/documents"_s));
+    for (const DocumentFacts& document : documents.facts())
+        files.check(document);
+
     const SourceTable chartRows(source.filePath(u"orgcharts.tsv"_s), {});
     for (const SourceRow& row : chartRows.rows()) {
         if (!row.text(u"Above"_s).isEmpty()) continue;
@@ -59,10 +65,6 @@ void SampleBuilder::buildInto(const QDir& folder) const
         const qint64 identifier = organizations.names().find(organization, row);
         charts.write(organization, folder.filePath(u"data/orgcharts/%1.pdf"_s.arg(identifier)));
     }
-
-    const FigureTables figures(source);
-    const FigurePainter painter(m_source.filePath(u"maps/states.shp"_s));
-    const LocalFiles files(figures, painter, events, organizations, folder.filePath(u"data/documents"_s));
     for (const DocumentFacts& document : documents.facts())
         files.write(document);
     database.finish();
