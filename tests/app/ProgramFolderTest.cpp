@@ -1,11 +1,9 @@
 #include "files/ProgramFolder.h"
 
 #include "files/FolderNames.h"
+#include "support/TestFiles.h"
 #include "util/Error.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -13,14 +11,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void write(const QString& path, const QByteArray& content)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
 
 TEST(ProgramFolder, IsChosenFromTheSurroundings)
 {
@@ -40,8 +30,8 @@ TEST(ProgramFolder, IsFilledFromTheSampleOnceAndNeverTouchedAgain)
     const QTemporaryDir place;
     const QString sample = place.filePath(u"sample"_s);
     const QString root = place.filePath(u"home/orvik"_s);
-    write(sample + u"/data/a.sqlite"_s, "rows");
-    write(sample + u"/data/documents/4_files/x.png"_s, "picture");
+    writeFile(sample + u"/data/a.sqlite"_s, "rows");
+    writeFile(sample + u"/data/documents/4_files/x.png"_s, "picture");
     QFile::setPermissions(sample + u"/data/a.sqlite"_s, QFile::ReadOwner);
 
     EXPECT_TRUE(ProgramFolder::fillFromSample(root, sample));
@@ -49,16 +39,14 @@ TEST(ProgramFolder, IsFilledFromTheSampleOnceAndNeverTouchedAgain)
     EXPECT_TRUE(QFileInfo(root + u"/data/maps"_s).isDir());
     EXPECT_TRUE(QFile::permissions(root + u"/data/a.sqlite"_s) & QFile::WriteOwner);
 
-    write(root + u"/data/a.sqlite"_s, "mine");
+    writeFile(root + u"/data/a.sqlite"_s, "mine");
     EXPECT_FALSE(ProgramFolder::fillFromSample(root, sample));
-    QFile kept(root + u"/data/a.sqlite"_s);
-    ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
-    EXPECT_EQ(kept.readAll(), "mine");
+    EXPECT_EQ(contentOf(root + u"/data/a.sqlite"_s), "mine");
 
     // no sample: the folders all the same; no place for it: an error, and nothing half made
     EXPECT_FALSE(ProgramFolder::fillFromSample(place.filePath(u"bare"_s), u"/nowhere"_s));
     EXPECT_TRUE(QFileInfo(place.filePath(u"bare/data/documents"_s)).isDir());
-    write(place.filePath(u"file"_s), "");
+    writeFile(place.filePath(u"file"_s), "");
     EXPECT_THROW(ProgramFolder::fillFromSample(place.filePath(u"file/orvik"_s), sample), Error);
 }
 
@@ -76,8 +64,8 @@ TEST(ProgramFolder, FindsFilesWhateverTheirLetterCaseAndNothingOutside)
     const QTemporaryDir place;
     const ProgramFolder folder(place.path());
     const QString documents = u"\\data\\documents\\"_s;
-    write(folder.machinePath(documents) + u"Report 7.PDF"_s, "x");
-    write(folder.machinePath(u"\\data\\secret.txt"_s), "x");
+    writeFile(folder.machinePath(documents) + u"Report 7.PDF"_s, "x");
+    writeFile(folder.machinePath(u"\\data\\secret.txt"_s), "x");
     QDir().mkpath(folder.machinePath(documents) + u"7_files"_s);
 
     EXPECT_EQ(folder.machinePath(documents), place.path() + u"/data/documents/"_s);

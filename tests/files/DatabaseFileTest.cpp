@@ -1,9 +1,7 @@
 #include "files/DatabaseFile.h"
 
 #include "support/TestDatabase.h"
-
-#include <QDir>
-#include <QFile>
+#include "support/TestFiles.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
@@ -14,12 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
-}
 
 /// A database whose last change another program has not finished, with all that lies beside it.
 class Unfinished : public testing::Test
@@ -89,10 +81,7 @@ TEST_F(Unfinished, AJournalThatNamesAnotherFileIsRefused)
     crash("PRAGMA journal_mode = DELETE", manyVenues);
     const QString named = m_folder + u"/precious.txt"_s;
     const QByteArray name = named.toUtf8();
-    QFile precious(named);
-    ASSERT_TRUE(precious.open(QIODevice::WriteOnly));
-    precious.write("not to be deleted");
-    precious.close();
+    writeFile(named, "not to be deleted");
     const auto big = [](int number) {
         QByteArray bytes(4, '\0');
         for (int i = 0; i < 4; ++i)

@@ -1,11 +1,9 @@
 #include "files/FileUpload.h"
 
 #include "support/TestDatabase.h"
+#include "support/TestFiles.h"
 
-#include <QDir>
 #include <QDirIterator>
-#include <QFile>
-#include <QFileInfo>
 
 #include <gtest/gtest.h>
 
@@ -51,18 +49,11 @@ protected:
     QString write(const QString& name, const QByteArray& content) const
     {
         const QString path = m_place.filePath(name);
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(name);
-        file.write(content);
+        writeFile(path, content);
         return path;
     }
 
-    [[nodiscard]] QByteArray stored(const QString& name) const
-    {
-        QFile file(m_documents + name);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-    }
+    [[nodiscard]] QByteArray stored(const QString& name) const { return contentOf(m_documents + name); }
 
     /// All that the documents folder holds, hidden names too.
     [[nodiscard]] QString storedNames() const
@@ -126,17 +117,10 @@ TEST_F(FileUploadTest, APlainFileIsCopiedUnderItsNumber)
     EXPECT_EQ(storedNames(), u"57. 57.PDF 57.bin 57.htm 57.pdf 57.txt"_s);
 }
 
-TEST_F(FileUploadTest, AMissingFolderOfDocumentsIsMade)
+TEST_F(FileUploadTest, AMissingFolderIsMadeAndAPathMayBeWrittenAsTheProgramDoes)
 {
     QDir(m_documents).removeRecursively();
-    m_upload.convertDocument(write(u"a.pdf"_s, "x"), 57);
-    EXPECT_EQ(stored(u"57.pdf"_s), "x");
-}
-
-TEST_F(FileUploadTest, APathMayBeWrittenAsTheProgramDoes)
-{
-    write(u"in/a.pdf"_s, "x");
-    m_upload.convertDocument(ProgramFolder::programForm(m_place.filePath(u"in/a.pdf"_s)), 57);
+    m_upload.convertDocument(ProgramFolder::programForm(write(u"in/a.pdf"_s, "x")), 57);
     EXPECT_EQ(stored(u"57.pdf"_s), "x");
     EXPECT_FALSE(FileUpload::existingFile(m_place.path()));
     EXPECT_FALSE(FileUpload::existingFile(QString()));
@@ -220,6 +204,28 @@ TEST_F(FileUploadTest, AFailedCopyReportsAndLeavesNothingBehind)
     expectRefused(m_place.filePath(u"page.htm"_s), ENOENT);
     QFile::link(u"nowhere"_s, m_place.filePath(u"page_files/broken.gif"_s));
     expectRefused(write(u"page.htm"_s, "x"), ENOENT);
+    QFile::remove(m_place.filePath(u"page_files/broken.gif"_s));
+
+    // a full disk
+    const QString large = write(u"large.pdf"_s, QByteArray(3000000, 'x'));
+    write(u"page_files/2.gif"_s, QByteArray(3000000, 'x'));
+    const SizeLimit limit(1500000);
+    expectRefused(large, EFBIG);
+    expectRefused(m_place.filePath(u"page.htm"_s), EFBIG);
+}
+
+TEST_F(FileUploadTest, AFolderInTheWayOrRoundTheDocumentsIsLeftAlone)
+{
+    write(u"data/documents/57.pdf/kept.txt"_s, "kept");
+    EXPECT_EQ(errorNumberOf([&] { m_upload.convertDocument(write(u"a.pdf"_s, "x"), 57); }), EISDIR);
+    EXPECT_EQ(storedNames(), u"57.pdf 57.pdf/kept.txt"_s);
+
+    const ProgramState inside{ProgramFolder(m_place.filePath(u"page_files"_s))};
+    const QString documents = m_place.filePath(u"page_files/data/documents"_s);
+    QDir().mkpath(documents);
+    EXPECT_EQ(errorNumberOf([&] { FileUpload(inside).convertDocument(write(u"page.htm"_s, "x"), 57); }),
+              EINVAL);
+    EXPECT_TRUE(QDir(documents).isEmpty());
 }
 
 TEST_F(FileUploadTest, LinksInAPagesFolderAreFollowedWithinIt)
@@ -289,33 +295,6 @@ TEST_F(FileUploadTest, ATypedPathIsCleanedOfWhatStandsAroundIt)
                                                  {odd, odd}};
     for (const auto& [typed, path] : cases)
         EXPECT_EQ(FileUpload::typedPath(typed), path) << qPrintable(typed);
-}
-
-TEST_F(FileUploadTest, AFullDiskReportsAndLeavesNothingBehind)
-{
-    const QString large = write(u"large.pdf"_s, QByteArray(3000000, 'x'));
-    const QString page = write(u"page.htm"_s, "page_files");
-    write(u"page_files/1.gif"_s, "x");
-    write(u"page_files/2.gif"_s, QByteArray(3000000, 'x'));
-    const SizeLimit limit(1500000);
-    expectRefused(large, EFBIG);
-    expectRefused(page, EFBIG);
-}
-
-TEST_F(FileUploadTest, AFolderInTheWayIsLeftAlone)
-{
-    write(u"data/documents/57.pdf/kept.txt"_s, "kept");
-    EXPECT_EQ(errorNumberOf([&] { m_upload.convertDocument(write(u"a.pdf"_s, "x"), 57); }), EISDIR);
-    EXPECT_EQ(storedNames(), u"57.pdf 57.pdf/kept.txt"_s);
-}
-
-TEST_F(FileUploadTest, AFolderThatHoldsTheDocumentsIsNotCopiedIntoItself)
-{
-    const ProgramState inside{ProgramFolder(m_place.filePath(u"page_files"_s))};
-    QDir().mkpath(m_place.filePath(u"page_files/data/documents"_s));
-    const QString page = write(u"page.htm"_s, "x");
-    EXPECT_EQ(errorNumberOf([&] { FileUpload(inside).convertDocument(page, 57); }), EINVAL);
-    EXPECT_TRUE(QDir(m_place.filePath(u"page_files/data/documents"_s)).isEmpty());
 }
 
 } // namespace

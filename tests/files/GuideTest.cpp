@@ -1,8 +1,7 @@
 #include "files/HelpFile.h"
+#include "support/TestFiles.h"
 #include "support/TextPrinting.h"
 
-#include <QDir>
-#include <QFile>
 #include <QMap>
 #include <QRegularExpression>
 #include <QSet>
@@ -32,17 +31,15 @@ QDir guide()
     return QDir(QStringLiteral(ORVIK_GUIDE));
 }
 
-QByteArray contentOf(const QString& name)
+QByteArray partOf(const QString& name)
 {
-    QFile file(guide().filePath(name));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
-    return file.readAll();
+    return contentOf(guide().filePath(name));
 }
 
 Page read(const QString& name)
 {
     Page page;
-    QXmlStreamReader reader(contentOf(name));
+    QXmlStreamReader reader(partOf(name));
     while (!reader.atEnd()) {
         if (reader.readNext() != QXmlStreamReader::StartElement) continue;
         const auto attribute = [&](const char* key) {
@@ -73,7 +70,7 @@ QStringList pagesNamedIn(const QString& name)
 {
     static const QRegularExpression page(u"[\"\\n=]([a-z-]+\\.html(#[a-z-]+)?)\\b"_s);
     QStringList names;
-    auto found = page.globalMatch(QString::fromUtf8(contentOf(name)));
+    auto found = page.globalMatch(QString::fromUtf8(partOf(name)));
     while (found.hasNext())
         names << found.next().captured(1);
     return names;
@@ -99,7 +96,7 @@ TEST(Guide, PagesAreWellFormedAndTheirLinksAndPicturesExist)
         EXPECT_EQ(page->error, QString()) << name;
         EXPECT_FALSE(page->title.isEmpty()) << name;
         // viewers of help files guess how the text is encoded
-        const QByteArray content = contentOf(page.key());
+        const QByteArray content = partOf(page.key());
         EXPECT_TRUE(std::all_of(content.begin(), content.end(), [](char c) { return c > 0; })) << name;
         EXPECT_EQ(page->withoutText, QStringList()) << name;
         for (const QString& link : page->links)

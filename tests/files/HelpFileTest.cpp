@@ -1,11 +1,9 @@
 #include "files/HelpFile.h"
 
 #include "support/ScriptedPlatform.h"
+#include "support/TestFiles.h"
 #include "util/Error.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -16,29 +14,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void write(const QString& path, const QByteArray& content)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
-}
-
 /// A program folder, and what the guide in it is opened with.
 class HelpFileTest : public ::testing::Test
 {
 protected:
-    void addBook() { write(path("Kelmsett.chm"), "book"); }
+    void addBook() { writeFile(path("Kelmsett.chm"), "book"); }
     void addPages()
     {
         for (const char* name : {"index.html", "subjects.html", "records.html"})
-            write(path("help/") + QString::fromUtf8(name), "page");
+            writeFile(path("help/") + QString::fromUtf8(name), "page");
     }
 
     /// What was tried, without the folder, in this order.
@@ -100,18 +84,18 @@ TEST_F(HelpFileTest, IsRenewedFromTheInstalledGuideAndNothingElseIsTouched)
 {
     const QString installed = path("installed");
     const QString home = path("home");
-    write(installed + u"/Kelmsett.chm"_s, "new book");
-    write(installed + u"/help/index.html"_s, "new page");
-    write(installed + u"/help/pictures/list.png"_s, "picture");
-    write(installed + u"/data/a.sqlite"_s, "sample rows");
+    writeFile(installed + u"/Kelmsett.chm"_s, "new book");
+    writeFile(installed + u"/help/index.html"_s, "new page");
+    writeFile(installed + u"/help/pictures/list.png"_s, "picture");
+    writeFile(installed + u"/data/a.sqlite"_s, "sample rows");
     QFile::setPermissions(installed + u"/Kelmsett.chm"_s, QFile::ReadOwner);
-    write(home + u"/help/index.html"_s, "page");
-    write(home + u"/data/a.sqlite"_s, "my rows");
+    writeFile(home + u"/help/index.html"_s, "page");
+    writeFile(home + u"/data/a.sqlite"_s, "my rows");
 
     // the second time the files that are there are replaced again
     for (const char* book : {"new book", "a newer book"}) {
         QFile::setPermissions(installed + u"/Kelmsett.chm"_s, QFile::ReadOwner | QFile::WriteOwner);
-        write(installed + u"/Kelmsett.chm"_s, book);
+        writeFile(installed + u"/Kelmsett.chm"_s, book);
         QFile::setPermissions(installed + u"/Kelmsett.chm"_s, QFile::ReadOwner);
         HelpFile::renew(home, installed);
         EXPECT_EQ(contentOf(home + u"/Kelmsett.chm"_s), book);

@@ -1,9 +1,8 @@
 #include "files/FolderNames.h"
 #include "files/ProgramFolder.h"
+#include "support/TestFiles.h"
 #include "support/TextPrinting.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -20,9 +19,8 @@ TEST(StoredNames, AWebPageIsFoundUnderEitherEnding)
     const ProgramFolder folder(place.path());
     const QString documents = u"\\data\\documents\\"_s;
     const QString path = folder.machinePath(documents);
-    QDir().mkpath(path);
     for (const char* name : {"5.htm", "6.HTML", "7.htm", "7.html", "8.pdf"})
-        ASSERT_TRUE(QFile(path + QLatin1String(name)).open(QIODevice::WriteOnly));
+        writeFile(path + QLatin1String(name));
 
     const std::pair<QString, QString> cases[] = {{u"5.html"_s, u"5.htm"_s},  {u"5.HTM"_s, u"5.htm"_s},
                                                  {u"6.htm"_s, u"6.HTML"_s},  {u"7.htm"_s, u"7.htm"_s},
@@ -40,9 +38,8 @@ TEST(StoredNames, ALinkIsAFileOfItsFolderOnlyWithinIt)
 {
     const QTemporaryDir place;
     const QString path = place.filePath(u"data/documents/"_s);
-    QDir().mkpath(place.filePath(u"elsewhere"_s));
     for (const char* name : {"elsewhere/1.pdf", "elsewhere/2.pdf", "secret"})
-        ASSERT_TRUE(QFile(place.filePath(QString::fromLatin1(name))).open(QIODevice::WriteOnly));
+        writeFile(place.filePath(QString::fromLatin1(name)));
     QDir().mkpath(place.filePath(u"data"_s));
     // the folder itself may be kept elsewhere
     ASSERT_TRUE(QFile::link(place.filePath(u"elsewhere"_s), place.filePath(u"data/documents"_s)));

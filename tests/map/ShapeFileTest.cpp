@@ -1,9 +1,8 @@
 #include "map/ShapeFile.h"
 
 #include "support/TestDatabase.h"
+#include "support/TestFiles.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -31,9 +30,7 @@ public:
 
     static QByteArray original(const char* ending)
     {
-        QFile file(QStringLiteral(ORVIK_MAPS "/states") + QLatin1StringView(ending));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
+        return contentOf(QStringLiteral(ORVIK_MAPS "/states") + QLatin1StringView(ending));
     }
 
     [[nodiscard]] QString path(const char* ending = ".shp") const
@@ -41,12 +38,7 @@ public:
         return m_folder.filePath(u"states"_s) + QLatin1StringView(ending);
     }
 
-    void write(const char* ending, const QByteArray& bytes) const
-    {
-        QFile file(path(ending));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
+    void write(const char* ending, const QByteArray& bytes) const { writeFile(path(ending), bytes); }
 
     void restore(const char* ending) const { write(ending, original(ending)); }
 
@@ -81,16 +73,12 @@ TEST(ShapeFile, ReadsTheStates)
         EXPECT_FALSE(record.rings.empty()) << record.name.toStdString();
 }
 
-TEST(ShapeFile, FindsItsFilesInAnyLetterCase)
+TEST(ShapeFile, FindsItsFilesInAnyLetterCaseAndRefusesAMissingOne)
 {
-    const Files files;
-    ASSERT_TRUE(QFile::rename(files.path(".shx"), files.path(".sHX")));
-    ASSERT_TRUE(QFile::rename(files.path(".dbf"), files.path(".DBF")));
-    EXPECT_EQ(ShapeFile::read(files.path()).size(), 56u);
-}
-
-TEST(ShapeFile, RefusesAMissingFile)
-{
+    const Files other;
+    ASSERT_TRUE(QFile::rename(other.path(".shx"), other.path(".sHX")));
+    ASSERT_TRUE(QFile::rename(other.path(".dbf"), other.path(".DBF")));
+    EXPECT_EQ(ShapeFile::read(other.path()).size(), 56u);
     for (const char* ending : endings) {
         const Files files;
         QFile::remove(files.path(ending));

@@ -1,7 +1,7 @@
 #include "platform/DesktopShell.h"
 
-#include <QDir>
-#include <QFile>
+#include "support/TestFiles.h"
+
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -13,14 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void write(const QString& path, const QString& content)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content.toUtf8());
-}
-
 /// A desktop of its own: two kinds of file by their names, and one program, which is the default for the
 /// first kind and writes down what it is asked to open.
 class DesktopShellTest : public testing::Test
@@ -30,13 +22,14 @@ protected:
     static void SetUpTestSuite()
     {
         desktop = std::make_unique<QTemporaryDir>();
-        write(at("data/mime/globs2"), u"50:application/x-known:*.known\n"
-                                      "50:application/x-unknown:*.unknown\n"_s);
-        write(at("data/applications/viewer.desktop"),
-              u"[Desktop Entry]\nType=Application\nName=Viewer\nExec=%1 %f\n"
-              "MimeType=application/x-known;\n"_s.arg(viewer()));
-        write(at("config/mimeapps.list"), u"[Default Applications]\napplication/x-known=viewer.desktop\n"_s);
-        write(viewer(), u"#!/bin/sh\nprintf %s \"$1\" > '%1.new'\nmv '%1.new' '%1'\n"_s.arg(record()));
+        writeFile(at("data/mime/globs2"), "50:application/x-known:*.known\n"
+                                          "50:application/x-unknown:*.unknown\n");
+        writeFile(at("data/applications/viewer.desktop"),
+                  "[Desktop Entry]\nType=Application\nName=Viewer\nMimeType=application/x-known;\nExec=" +
+                      viewer().toUtf8() + " %f\n");
+        writeFile(at("config/mimeapps.list"), "[Default Applications]\napplication/x-known=viewer.desktop\n");
+        writeFile(viewer(), "#!/bin/sh\nprintf %s \"$1\" > '%1.new'\nmv '%1.new' '%1'\n"_ba.replace(
+                                "%1", record().toUtf8()));
         QFile::setPermissions(viewer(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         qputenv("XDG_CONFIG_HOME", QFile::encodeName(at("config")));
         qputenv("XDG_DATA_HOME", QFile::encodeName(at("data")));
@@ -54,7 +47,7 @@ protected:
     /// A file of that name, with something in it.
     static QString file(const char* name)
     {
-        write(at(name), u"text"_s);
+        writeFile(at(name), "text");
         return at(name);
     }
 
@@ -64,8 +57,7 @@ protected:
         using namespace std::chrono_literals;
         for (int i = 0; i < 500 && !QFile::exists(record()); ++i)
             std::this_thread::sleep_for(20ms);
-        QFile said(record());
-        return said.open(QIODevice::ReadOnly) ? QString::fromUtf8(said.readAll()) : u"it was never started"_s;
+        return QString::fromUtf8(contentOf(record()));
     }
 
     static std::unique_ptr<QTemporaryDir> desktop;
