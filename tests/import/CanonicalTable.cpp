@@ -14,18 +14,6 @@
 
 namespace {
 
-std::vector<std::string> divided(const std::string& text, char divider)
-{
-    std::vector<std::string> parts(1);
-    for (const char character : text) {
-        if (character == divider)
-            parts.emplace_back();
-        else
-            parts.back() += character;
-    }
-    return parts;
-}
-
 std::string escaped(const std::string& text)
 {
     std::string result;

@@ -11,20 +11,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace {
-
-std::vector<std::string> fieldsOf(const std::string& line)
-{
-    std::vector<std::string> fields;
-    std::istringstream text(line);
-    for (std::string field; std::getline(text, field, '\t');)
-        fields.push_back(field);
-    if (line.ends_with('\t')) fields.emplace_back();
-    return fields;
-}
-
-} // namespace
-
 TemporaryFolder::TemporaryFolder()
 {
     std::string name = (std::filesystem::temp_directory_path() / "orvik-import-XXXXXX").string();
@@ -139,7 +125,7 @@ ToolResult ImportTool::finish(std::chrono::seconds limit)
     if (WIFEXITED(status)) result.status = WEXITSTATUS(status);
     std::istringstream lines(m_said);
     for (std::string line; std::getline(lines, line);)
-        result.lines.push_back(fieldsOf(line));
+        result.lines.push_back(divided(line, '\t'));
     result.error = m_saidError;
     return result;
 }
@@ -166,4 +152,16 @@ void writeFile(const std::string& path, const std::string& content)
     std::ofstream file(path, std::ios::binary);
     file << content;
     if (!file.flush()) throw std::runtime_error("cannot write " + path);
+}
+
+std::vector<std::string> divided(const std::string& text, char divider)
+{
+    std::vector<std::string> parts(1);
+    for (const char character : text) {
+        if (character == divider)
+            parts.emplace_back();
+        else
+            parts.back() += character;
+    }
+    return parts;
 }

@@ -69,3 +69,6 @@ private:
 std::string testData(const std::string& name);
 std::string readFile(const std::string& path);
 void writeFile(const std::string& path, const std::string& content);
+
+/// The parts of a text between the dividers; one that is empty has one empty part.
+std::vector<std::string> divided(const std::string& text, char divider);
