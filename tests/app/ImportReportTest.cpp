@@ -27,6 +27,13 @@ TEST(ImportReport, FollowsTheConversionAndSumsItUp)
                                            "Missing, made empty: Venue, Document.URL.\n"
                                            "Not shown in lists: Document: 8 deleted, 1 without a status.\n"
                                            "3 rows of EventVenues name a Venue that does not exist.");
+
+    ImportReport many;
+    for (int i = 1; i <= 12; ++i)
+        many.take("summary\tmissing-table\tT" + QByteArray::number(i));
+    EXPECT_TRUE(many.text().endsWith(u", T12."_s)) << many.text().toStdString();
+    many.take("summary\tmissing-table\tLast");
+    EXPECT_TRUE(many.text().contains(u": T1, "_s) && many.text().endsWith(u", T12 and 1 more."_s));
 }
 
 } // namespace

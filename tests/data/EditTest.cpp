@@ -19,7 +19,17 @@ constexpr int noDate = 20;
 class Edit : public testing::Test
 {
 protected:
+    using Values = std::initializer_list<std::pair<QString, Value>>;
+
     EditableRecordSet edit(const QString& statement) { return m_database.session().edit(statement); }
+
+    static void add(EditableRecordSet& records, const Values& values)
+    {
+        records.addNew();
+        for (const auto& [column, value] : values)
+            records.set(column, value);
+        records.update();
+    }
 
     TestDatabase m_database;
 };
@@ -50,35 +60,23 @@ TEST_F(Edit, ANewRowKnowsItsNumberBeforeItIsWritten)
     EXPECT_EQ(records.value(u"DocumentName"), Value());
 }
 
-TEST_F(Edit, TheFirstRowOfATableIsNumberOne)
-{
-    EditableRecordSet records = edit(u"SELECT * FROM Event WHERE EventID = 0"_s);
-    records.addNew();
-    records.update();
-    EXPECT_EQ(m_database.ask("SELECT EventID, EventName FROM Event"), u"1|NULL"_s);
-}
-
 TEST_F(Edit, LinksAndHistoryHaveNoNumberOfTheirOwn)
 {
     m_database.run(statementRows);
     EditableRecordSet history = edit(u"SELECT * FROM Event_HIST WHERE EventID = 2"_s);
+    history.addNew();
+    EXPECT_EQ(history.value(u"EventID"), Value());
     for (const QString& name : {u"first"_s, u"second"_s}) {
-        history.addNew();
-        EXPECT_EQ(history.value(u"EventID"), Value());
-        history.set(u"EventID"_s, qint64{2});
-        history.set(u"EventName"_s, name);
-        history.set(u"UpdateTime"_s, u"9/11/2001 8:46:05 AM"_s);
-        history.update();
+        add(history, {{u"EventID"_s, qint64{2}},
+                      {u"EventName"_s, name},
+                      {u"UpdateTime"_s, u"9/11/2001 8:46:05 AM"_s}});
     }
     EXPECT_EQ(m_database.ask("SELECT EventID, EventName, UpdateTime FROM Event_HIST"),
               u"2|first|2001-09-11 08:46:05\n2|second|2001-09-11 08:46:05"_s);
 
     EditableRecordSet links = edit(u"SELECT * FROM EventFunctions WHERE EventID = 2"_s);
     EXPECT_EQ(links.count(), 3u);
-    links.addNew();
-    links.set(u"EventID"_s, qint64{2});
-    links.set(u"functionId"_s, qint64{3});
-    links.update();
+    add(links, {{u"EventID"_s, qint64{2}}, {u"functionId"_s, qint64{3}}});
     EXPECT_EQ(m_database.ask("SELECT count(*) FROM EventFunctions WHERE EventID = 2 AND FunctionID = 3"),
               u"3"_s);
 }
@@ -86,14 +84,12 @@ TEST_F(Edit, LinksAndHistoryHaveNoNumberOfTheirOwn)
 TEST_F(Edit, ValuesAreHeldAsTheirColumnsAre)
 {
     EditableRecordSet records = edit(u"SELECT * FROM Organization WHERE OrganizationID = 0"_s);
-    records.addNew();
-    records.set(u"OrganizationName"_s, u""_s);
-    records.set(u"City"_s, Value());
-    records.set(u"Lat"_s, 30.25);
-    records.set(u"Lon"_s, u"-97.5"_s);
-    records.set(u"Zip"_s, u"01234"_s);
-    records.set(u"Notes"_s, u"It's \"quoted\"; -- ?1 \U0001F525\r\n"_s);
-    records.update();
+    add(records, {{u"OrganizationName"_s, u""_s},
+                  {u"City"_s, Value()},
+                  {u"Lat"_s, 30.25},
+                  {u"Lon"_s, u"-97.5"_s},
+                  {u"Zip"_s, u"01234"_s},
+                  {u"Notes"_s, u"It's \"quoted\"; -- ?1 \U0001F525\r\n"_s}});
     EXPECT_EQ(
         m_database.ask(
             "SELECT typeof(OrganizationName), typeof(City), typeof(Lat), typeof(Lon), Zip, hex(Notes), "
@@ -104,12 +100,10 @@ TEST_F(Edit, ValuesAreHeldAsTheirColumnsAre)
     EXPECT_EQ(records.value(u"City"), Value());
 
     EditableRecordSet profile = edit(u"SELECT * FROM OrganizationProfile WHERE OrganizationProfileID = 1"_s);
-    profile.addNew();
-    profile.set(u"OrganizationProfileID"_s, qint64{1});
-    profile.set(u"SwornEmployees"_s, u"1200"_s);
-    profile.set(u"Volunteers"_s, u"about 30"_s);
-    profile.set(u"AnnualBudget"_s, u"1234567890123456.78"_s);
-    profile.update();
+    add(profile, {{u"OrganizationProfileID"_s, qint64{1}},
+                  {u"SwornEmployees"_s, u"1200"_s},
+                  {u"Volunteers"_s, u"about 30"_s},
+                  {u"AnnualBudget"_s, u"1234567890123456.78"_s}});
     EXPECT_EQ(
         m_database.ask("SELECT typeof(SwornEmployees), Volunteers, AnnualBudget FROM OrganizationProfile"),
         u"integer|about 30|1234567890123456.78"_s);
@@ -142,8 +136,8 @@ TEST_F(Edit, DatesAreHeldSoThatTheySort)
         EXPECT_EQ(records.value(u"EndTime"), Value(u"13:05"_s));
         if (pass == 0) records.update();
     }
-    EXPECT_EQ(m_database.ask("SELECT StartDate, StartTime, EndDate, EndTime FROM Event"),
-              u"2002-03-05|13:05|9999-12-31|13:05:30"_s);
+    EXPECT_EQ(m_database.ask("SELECT EventID, StartDate, StartTime, EndDate, EndTime FROM Event"),
+              u"1|2002-03-05|13:05|9999-12-31|13:05:30"_s);
 
     records.set(u"StartDate"_s, u"2/29/2000"_s);
     records.update();
@@ -200,27 +194,22 @@ TEST_F(Edit, OnlyWhatWasSetIsWritten)
     EXPECT_EQ(errorNumberOf([&] { records.update(); }), noRow);
 }
 
-TEST_F(Edit, ARowThatIsGoneMeanwhileIsAnError)
+TEST_F(Edit, WhatAnotherProgramDidMeanwhileIsAnError)
 {
     m_database.run(statementRows);
-    EditableRecordSet records = edit(u"SELECT * FROM Document WHERE DocumentID = 3"_s);
-    m_database.run("DELETE FROM Document WHERE DocumentID = 3");
+    EditableRecordSet gone = edit(u"SELECT * FROM Document WHERE DocumentID = 3"_s);
+    EditableRecordSet taken = edit(u"SELECT * FROM Venue WHERE VenueID = 0"_s);
+    taken.addNew();
+    taken.set(u"VenueName"_s, u"Ours"_s);
+    m_database.run("DELETE FROM Document WHERE DocumentID = 3; INSERT INTO Venue VALUES (313, 'Theirs')");
     const QByteArray before = m_database.bytes();
-    records.set(u"DocumentName"_s, u"too late"_s);
-    EXPECT_EQ(errorNumberOf([&] { records.update(); }), noRow);
+    gone.set(u"DocumentName"_s, u"too late"_s);
+    EXPECT_EQ(errorNumberOf([&] { gone.update(); }), noRow);
+    EXPECT_EQ(errorNumberOf([&] { taken.update(); }), constraintBroken);
     EXPECT_TRUE(m_database.bytes() == before);
-}
-
-TEST_F(Edit, ANumberThatAnotherProgramTookIsAnErrorAndCanBeTriedAgain)
-{
-    m_database.run(statementRows);
-    EditableRecordSet records = edit(u"SELECT * FROM Venue WHERE VenueID = 0"_s);
-    records.addNew();
-    records.set(u"VenueName"_s, u"Ours"_s);
-    m_database.run("INSERT INTO Venue VALUES (313, 'Theirs')");
-    EXPECT_EQ(errorNumberOf([&] { records.update(); }), constraintBroken);
-    records.set(u"VenueID"_s, qint64{314});
-    records.update();
+    // with another number the new row can be tried again
+    taken.set(u"VenueID"_s, qint64{314});
+    taken.update();
     EXPECT_EQ(m_database.ask("SELECT * FROM Venue WHERE VenueID > 312"), u"313|Theirs\n314|Ours"_s);
 }
 

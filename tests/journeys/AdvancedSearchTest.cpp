@@ -194,35 +194,22 @@ TEST_F(AdvancedSearchJourney, PicksRecordsForItsLists)
 TEST_F(AdvancedSearchJourney, EveryPickedListHasItsRecords)
 {
     using Records = RecordPicker::Records;
-    const struct
-    {
-        const char* command;
-        int scope;
-        const char* checkBox;
-        const char* add;
-        QString caption;
-        Records records;
-        const char* list;
-    } cases[] = {
-        {"mnuViewDocuments", 1, "chkDocOrgs", "cmdAddDocOrg", u"Add Organization(s) to List"_s,
-         Records::Organizations, "lstDocOrgs"},
-        {"mnuViewEvents", 2, "chkEventFunctions", "cmdAddEventFunction", u"Add Function(s) to List"_s,
-         Records::Functions, "lstEventFunctions"},
-        {"mnuViewEvents", 2, "chkEventOrgs", "cmdAddEventOrg", u"Add Organization(s) to List"_s,
-         Records::Organizations, "lstEventOrgs"},
-        {"mnuViewOrganizations", 3, "chkOrgFunctions", "cmdAddOrgFunction", u"Add Function to List"_s,
-         Records::Functions, "lstOrgFunctions"},
-        {"mnuViewOrganizations", 3, "chkOrgLocations", "cmdAddOrgLocation", u"Add Location(s) to List"_s,
-         Records::CityLocations, "lstOrgLocations"},
+    const std::tuple<int, QByteArray, QString, Records> cases[] = {
+        {1, "DocOrg", u"Add Organization(s) to List"_s, Records::Organizations},
+        {2, "EventFunction", u"Add Function(s) to List"_s, Records::Functions},
+        {2, "EventOrg", u"Add Organization(s) to List"_s, Records::Organizations},
+        {3, "OrgFunction", u"Add Function to List"_s, Records::Functions},
+        {3, "OrgLocation", u"Add Location(s) to List"_s, Records::CityLocations},
     };
-    for (const auto& [command, scope, checkBox, add, caption, records, list] : cases) {
-        openFor(command, scope);
-        tick(checkBox);
+    for (const auto& [scope, name, caption, records] : cases) {
+        const QByteArray add = "cmdAdd" + name;
+        openFor("mnuNavigateHome", scope);
+        tick("chk" + name + 's');
         picker.answer = {{2, u"Austin, TX"_s}};
         EXPECT_EQ(journey.find<QPushButton>(add).text(), caption);
         press(add);
-        EXPECT_EQ(picker.asked, records) << add;
-        EXPECT_EQ(listed(list), "Austin, TX");
+        EXPECT_EQ(picker.asked, records) << add.data();
+        EXPECT_EQ(listed("lst" + name + 's'), "Austin, TX");
         form().close();
     }
 }

@@ -1,13 +1,10 @@
 #include "Journey.h"
 #include "app/StdREG.h"
 #include "app/frmImport.h"
+#include "support/TestFiles.h"
 
 #include <QApplication>
-#include <QCryptographicHash>
 #include <QDateTime>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QPushButton>
 #include <QTimer>
 
@@ -21,13 +18,6 @@ namespace {
 QString accessFile()
 {
     return QStringLiteral(ORVIK_ACCESS_FILE);
-}
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha256);
 }
 
 /// The program with the real tool that converts, on a copy of a real Access file.
@@ -143,25 +133,20 @@ TEST_F(OpenDatabase, KeepsWhatWasOpenWhenAFileIsNoneOfThese)
     useTool();
     journey.database.run("INSERT INTO Event (EventID, EventName, Status) VALUES (2, 'Mine', 'ACTIVE')");
     journey.start();
-    const auto make = [this](const char* name, const QByteArray& content) {
-        const QString path = journey.database.folder() + u'/' + QString::fromUtf8(name);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        return path;
-    };
-    QFile whole(accessFile());
-    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
-    const QString cut = make("cut.mdb", whole.read(300000));
-    const QString text = make("text.sqlite", QByteArray(4000, 'x'));
-    const QString bare = make("bare.sqlite", {});
-    SQLite::Database(bare.toStdString(), SQLite::OPEN_READWRITE).exec("CREATE TABLE t (x)");
+    const QString folder = journey.database.folder();
+    const QString cut = folder + u"/cut.mdb"_s;
+    const QString text = folder + u"/text.sqlite"_s;
+    writeFile(cut, contentOf(accessFile()).first(300000));
+    writeFile(text, QByteArray(4000, 'x'));
+    const QString bare = folder + u"/bare.sqlite"_s;
+    SQLite::Database(bare.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+        .exec("CREATE TABLE t (x)");
 
     const std::pair<QString, QString> files[] = {
         {cut, u"openDatabase Error ("_s},
         {text, u"openDatabase Error (26): file is not a database (%1)"_s.arg(text)},
         {bare, u"openDatabase Error (1): This is no Orvik database: it has no Document (%1)"_s.arg(bare)},
-        {journey.database.folder() + u"/gone.sqlite"_s, u"openDatabase Error (14)"_s},
+        {folder + u"/gone.sqlite"_s, u"openDatabase Error (14)"_s},
     };
     for (const auto& [file, message] : files) {
         SCOPED_TRACE(file.toStdString());
@@ -202,10 +187,7 @@ TEST(Converter, SurvivesAToolThatIsMissingCrashesOrHangs)
     const QTemporaryDir folder;
     const auto script = [&folder](const char* name, const char* text) {
         const QString path = folder.filePath(QString::fromUtf8(name));
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        file.close();
+        writeFile(path, text);
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         return path;
     };

@@ -1,4 +1,5 @@
 #include "Journey.h"
+#include "support/TestFiles.h"
 
 #include <QApplication>
 #include <QDir>
@@ -41,16 +42,6 @@ void expectWindowWithoutData(Journey& journey)
     EXPECT_TRUE(journey.find<QWidget>("pnlHome").isVisible());
 }
 
-TEST(StartUp, OpensTheDatabaseThatTheSettingsNameAndShowsTheHomePage)
-{
-    Journey journey;
-    journey.start();
-    EXPECT_TRUE(journey.find<QWidget>("pnlHome").isVisible());
-    EXPECT_EQ(journey.historyMenu(), "[Home Page]");
-    EXPECT_EQ(journey.program->state().databasePath, journey.dataFolder() + u"test.sqlite"_s);
-    EXPECT_FALSE(journey.find<QAction>("mnuViewRefresh").isEnabled());
-}
-
 /// A display that takes its time with the splash window, as real ones do: it notes whether the splash was
 /// drawn before the main window was made.
 class SlowDisplay final : public QObject
@@ -89,11 +80,15 @@ private:
     bool m_isDrawn = false;
 };
 
-TEST(StartUp, TheSplashIsSeenWhileTheWindowLoads)
+TEST(StartUp, OpensTheDatabaseThatTheSettingsNameWhileTheSplashIsSeen)
 {
     Journey journey;
     const SlowDisplay display;
     journey.start();
+    EXPECT_TRUE(journey.find<QWidget>("pnlHome").isVisible());
+    EXPECT_EQ(journey.historyMenu(), "[Home Page]");
+    EXPECT_EQ(journey.program->state().databasePath, journey.dataFolder() + u"test.sqlite"_s);
+    EXPECT_FALSE(journey.find<QAction>("mnuViewRefresh").isEnabled());
     EXPECT_EQ(display.wasSplashDrawn, true);
     for (const QWidget* window : QApplication::topLevelWidgets())
         EXPECT_NE(window->objectName(), u"frmSplash"_s) << "it goes when the window comes";
@@ -113,14 +108,10 @@ TEST(StartUp, SaysOnceWhatIsWrongWithADatabaseAndOpensTheWindow)
         SCOPED_TRACE(file);
         Journey journey;
         QDir(journey.dataFolder()).mkdir(u"folder"_s);
-        QFile text(journey.dataFolder() + u"text.sqlite"_s);
-        ASSERT_TRUE(text.open(QIODevice::WriteOnly));
-        text.write(QByteArray(5000, 'x'));
-        text.close();
-        QFile(journey.dataFolder() + u"empty.sqlite"_s).open(QIODevice::WriteOnly);
-        QFile::copy(journey.database.fileName(), journey.dataFolder() + u"cut.sqlite"_s);
-        QFile cut(journey.dataFolder() + u"cut.sqlite"_s);
-        cut.resize(cut.size() / 2);
+        writeFile(journey.dataFolder() + u"text.sqlite"_s, QByteArray(5000, 'x'));
+        writeFile(journey.dataFolder() + u"empty.sqlite"_s);
+        const QByteArray whole = journey.database.bytes();
+        writeFile(journey.dataFolder() + u"cut.sqlite"_s, whole.first(whole.size() / 2));
 
         const QString name = QString::fromUtf8(file);
         journey.desktop.messages.expectMessage(
@@ -144,13 +135,16 @@ TEST(StartUp, WaitsForNoLockedDatabase)
     expectWindowWithoutData(journey);
 }
 
-TEST(StartUp, MakesAReadOnlyDatabaseWritable)
+TEST(StartUp, MakesAReadOnlyDatabaseWritableAndClearsWhatAKilledUploadLeft)
 {
     Journey journey;
+    const QString leftOver = journey.dataFolder() + u"documents/.upload-5"_s;
+    writeFile(leftOver);
     ASSERT_TRUE(QFile::setPermissions(journey.database.fileName(), QFile::ReadOwner));
     journey.start();
     EXPECT_TRUE(QFile::permissions(journey.database.fileName()) & QFile::WriteOwner);
     EXPECT_FALSE(journey.program->state().session.isReadOnly());
+    EXPECT_FALSE(QFile::exists(leftOver));
 }
 
 TEST(StartUp, FillsANewProgramFolderAndNamesItsDatabase)
@@ -164,15 +158,6 @@ TEST(StartUp, FillsANewProgramFolderAndNamesItsDatabase)
     journey.program->Main();
     EXPECT_TRUE(journey.program->state().session.isOpen());
     EXPECT_EQ(journey.program->state().databasePath, root + u"/data/first.sqlite"_s);
-}
-
-TEST(StartUp, ClearsWhatAKilledUploadLeft)
-{
-    Journey journey;
-    const QString leftOver = journey.dataFolder() + u"documents/.upload-5"_s;
-    QFile::copy(journey.database.fileName(), leftOver);
-    journey.start();
-    EXPECT_FALSE(QFile::exists(leftOver));
 }
 
 TEST(StartUp, EndsOnlyWhenTheUserSaysYes)

@@ -38,6 +38,9 @@ QPalette halfNamed(const Desktop& desktop, bool restIsLight)
     return palette;
 }
 
+const Desktop light{"light", QColor(239, 240, 241), QColor(252, 252, 252), QColor(35, 38, 41)};
+const Desktop dark{"dark", QColor(49, 54, 59), QColor(35, 38, 41), QColor(239, 240, 241)};
+
 class ReadablePaletteTest : public testing::TestWithParam<Desktop>
 {
 };
@@ -69,22 +72,15 @@ TEST_P(ReadablePaletteTest, LetsRowsLinksAndToolTipsBeRead)
 
 INSTANTIATE_TEST_SUITE_P(
     Desktops, ReadablePaletteTest,
-    testing::Values(Desktop{"light", QColor(239, 240, 241), QColor(252, 252, 252), QColor(35, 38, 41)},
-                    Desktop{"dark", QColor(49, 54, 59), QColor(35, 38, 41), QColor(239, 240, 241)},
-                    Desktop{"black and white", Qt::black, Qt::black, Qt::white},
+    testing::Values(light, dark, Desktop{"black and white", Qt::black, Qt::black, Qt::white},
                     Desktop{"grey", QColor(118, 118, 118), QColor(110, 110, 110), Qt::white},
                     Desktop{"white lists in a dark window", QColor(49, 54, 59), Qt::white, Qt::black}));
 
-TEST(ReadablePalette, KeepsWhatCanBeRead)
+TEST(ReadablePalette, KeepsWhatCanBeReadAndTellsRowsApart)
 {
-    const Desktop dark{"dark", QColor(42, 46, 50), QColor(27, 30, 32), QColor(252, 252, 252)};
-    const QPalette named = halfNamed(dark, false);
+    const QPalette named =
+        halfNamed({"darker", QColor(42, 46, 50), QColor(27, 30, 32), QColor(252, 252, 252)}, false);
     EXPECT_EQ(ReadablePalette::of(named), named);
-}
-
-TEST(ReadablePalette, TellsRowsApart)
-{
-    const Desktop dark{"dark", QColor(49, 54, 59), QColor(35, 38, 41), QColor(239, 240, 241)};
     const QColor row = ReadablePalette::of(halfNamed(dark, true)).color(QPalette::AlternateBase);
     EXPECT_GT(row.lightness(), dark.base.lightness() + 5);
     EXPECT_LT(row.lightness(), dark.base.lightness() + 40);
