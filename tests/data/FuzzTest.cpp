@@ -82,24 +82,17 @@ private:
     {
         const qsizetype at = below(statement.size() + 1);
         const qsizetype length = std::min<qsizetype>(below(12), statement.size() - at);
-        switch (below(5)) {
-        case 0:
-            statement.remove(at, length);
-            break;
-        case 1:
-            statement.insert(at, statement.mid(at, length));
-            break;
-        case 2:
-            statement.insert(at, u' ' + anyOf(vocabulary()) + u' ');
-            break;
-        case 3:
-            statement.replace(at, length, anyOf(vocabulary()));
-            break;
-        default: {
+        const QString& word = anyOf(vocabulary());
+        const int kind = below(5);
+        if (kind == 4) {
             const QString& other = anyOf(realStatements());
             statement = statement.left(at) + other.mid(below(other.size()));
+            return;
         }
-        }
+        // a part is left out, repeated, gets a word before it or becomes a word
+        const QString texts[]{QString(), statement.mid(at, length) + statement.mid(at, length),
+                              u' ' + word + u' ' + statement.mid(at, length), word};
+        statement.replace(at, length, texts[kind]);
     }
 
     std::mt19937 m_random;

@@ -55,10 +55,16 @@ TEST(MapExtent, FirstShowsTheContiguousStatesWhole)
     }
 }
 
-TEST(MapExtent, ZoomsAboutThePointer)
+TEST(MapExtent, ZoomsToARectangleAndAboutThePointer)
 {
     MapExtent extent;
     extent.setSize(QSizeF(800, 500));
+    const QPointF corner = extent.toPlane(QPointF(200, 100));
+    const QPointF other = extent.toPlane(QPointF(400, 225));
+    extent.zoomTo(QRectF(QPointF(200, 100), QPointF(400, 225)));
+    expectNear(extent.toScreen(corner), QPointF(0, 0), 1e-6);
+    expectNear(extent.toScreen(other), QPointF(800, 500), 1e-6);
+
     const double width = extent.width();
     const QPointF pointer(650, 80);
     const QPointF below = extent.toPlane(pointer);
@@ -98,17 +104,6 @@ TEST(MapExtent, MovesWithThePointerAndKeepsItsMiddleInASizeOfItsOwn)
         extent.pan(QPointF(500, 500));
     EXPECT_TRUE(std::isfinite(extent.centre().y()));
     EXPECT_GE(extent.centre().x(), -360) << "the map is never lost";
-}
-
-TEST(MapExtent, ZoomsToARectangle)
-{
-    MapExtent extent;
-    extent.setSize(QSizeF(800, 500));
-    const QPointF corner = extent.toPlane(QPointF(200, 100));
-    const QPointF other = extent.toPlane(QPointF(400, 225));
-    extent.zoomTo(QRectF(QPointF(200, 100), QPointF(400, 225)));
-    expectNear(extent.toScreen(corner), QPointF(0, 0), 1e-6);
-    expectNear(extent.toScreen(other), QPointF(800, 500), 1e-6);
 }
 
 TEST(MapExtent, GoesToPlacesThatAreOutOfSight)

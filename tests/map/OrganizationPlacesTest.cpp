@@ -86,6 +86,8 @@ TEST_F(OrganizationPlacesTest, HasOneEntryForEachPlaceAndFunction)
                          "Rescue Austin, TX 30.25,-97.75 0");
     read(u" AND State LIKE 'TX'"_s);
     EXPECT_EQ(places.entries().size(), 2u) << "the places before are forgotten";
+    EXPECT_NE(errorNumberOf([&] { read(u" AND Nothing = 1"_s); }), 0);
+    EXPECT_TRUE(places.entries().empty());
 }
 
 TEST_F(OrganizationPlacesTest, ReadsThousandsOfFunctionsLikeAFew)
@@ -142,7 +144,7 @@ TEST_F(OrganizationPlacesTest, KeepsTheSixteenColoursInTurn)
         EXPECT_EQ(clsCities::colourOf(function), colour) << function.value_or(-99);
 }
 
-TEST_F(OrganizationPlacesTest, NamesAllFunctionsOfAColour)
+TEST_F(OrganizationPlacesTest, NamesAsManyFunctionsOfAColourAsCanBeRead)
 {
     add(2, "2", "'Austin', 'TX'", "NULL, NULL");
     add(3, "18", "'Reno', 'NV'", "NULL, NULL");
@@ -153,10 +155,7 @@ TEST_F(OrganizationPlacesTest, NamesAllFunctionsOfAColour)
     for (const LegendLine& line : legendLines(places.entries()))
         legend << QString::number(line.colour) + u' ' + line.names.join(u'+');
     EXPECT_EQ(legend.join(u'|'), u"0 Rescue|1 Law+Relief"_s);
-}
 
-TEST_F(OrganizationPlacesTest, WritesAsManyFunctionsOfAColourAsCanBeRead)
-{
     LegendLine line{0, {u"Law"_s, u"Relief"_s}};
     EXPECT_EQ(line.text(), u"Law, Relief"_s);
     line.names.resize(2000, u"x"_s);
@@ -164,15 +163,6 @@ TEST_F(OrganizationPlacesTest, WritesAsManyFunctionsOfAColourAsCanBeRead)
     EXPECT_TRUE(line.text().endsWith(u"x, x and 1980 more"_s));
     line.names = {QString(1000 * 1000, u'x'), u"y"_s};
     EXPECT_LT(line.text().size(), 2000);
-}
-
-TEST_F(OrganizationPlacesTest, KeepsWhatWasReadBeforeAFailure)
-{
-    add(2, "2", "'Austin', 'TX'", "NULL, NULL");
-    EXPECT_NE(errorNumberOf([&] { read(u" AND Nothing = 1"_s); }), 0);
-    EXPECT_TRUE(places.entries().empty());
-    read();
-    EXPECT_EQ(places.entries().size(), 1u);
 }
 
 } // namespace

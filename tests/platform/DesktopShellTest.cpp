@@ -66,15 +66,11 @@ protected:
 
 std::unique_ptr<QTemporaryDir> DesktopShellTest::desktop;
 
-TEST_F(DesktopShellTest, OpensAFileWithTheDefaultProgramForItsKind)
+TEST_F(DesktopShellTest, OpensAFileWithTheDefaultProgramForItsKindIfThereIsOne)
 {
     const QString report = file("Häuser & \"Höfe\" 100%.known");
     EXPECT_TRUE(shell.open(QUrl::fromLocalFile(report)));
     EXPECT_EQ(asked().toStdString(), report.toStdString());
-}
-
-TEST_F(DesktopShellTest, SaysWhereThereIsNoProgram)
-{
     EXPECT_FALSE(shell.open(QUrl::fromLocalFile(file("report.unknown"))));
     EXPECT_FALSE(shell.open(QUrl(u"nobodys-scheme:address"_s)));
 }

@@ -45,22 +45,15 @@ std::vector<StoredDocument> storedDocuments()
     return documents;
 }
 
-TEST(SampleFilesTest, FileNamesAreMadeOfTheIdentifierAndTheExtension)
-{
-    for (const StoredDocument& document : storedDocuments()) {
-        const std::string extension = std::filesystem::path(document.original).extension().string();
-        const std::string expected = extension.empty() ? "" : std::to_string(document.identifier) + extension;
-        EXPECT_EQ(document.fileLocation, expected);
-    }
-}
-
-TEST(SampleFilesTest, EveryFileBelongsToADocument)
+TEST(SampleFilesTest, FilesAreNamedByTheIdentifierAndTheExtensionOfADocument)
 {
     std::set<std::string> expected;
     for (const StoredDocument& document : storedDocuments()) {
+        const std::string identifier = std::to_string(document.identifier);
+        const std::string extension = std::filesystem::path(document.original).extension().string();
+        EXPECT_EQ(document.fileLocation, extension.empty() ? "" : identifier + extension);
         expected.insert(document.fileLocation);
-        if (document.fileLocation.ends_with(".htm"))
-            expected.insert(std::to_string(document.identifier) + "_files");
+        if (extension == ".htm") expected.insert(identifier + "_files");
     }
     for (const auto& entry : std::filesystem::directory_iterator(dataFolder / "documents"))
         EXPECT_TRUE(expected.contains(entry.path().filename().string())) << entry.path();

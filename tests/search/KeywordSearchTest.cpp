@@ -39,29 +39,24 @@ TEST(KeywordSearch, BuildsOneConditionForEachKind)
 {
     const StandardQueries queries;
     const std::tuple<SearchScope, ViewKind, QString, QString> cases[] = {
-        {SearchScope::Documents, ViewKind::Documents,
-         u"WHERE dStatus <> 'DELETED' AND Document.DocumentID > 1 AND ((DocumentName LIKE '%fire%' AND "
-         "DocumentName LIKE '%plan%') OR (DocumentDescription LIKE '%fire%' AND DocumentDescription LIKE "
-         "'%plan%'))"_s,
+        {SearchScope::Documents, ViewKind::Documents, u"DocumentName|DocumentDescription"_s,
          u"Document Search for \"fire plan\""_s},
-        {SearchScope::Events, ViewKind::Events,
-         u"WHERE Event.Status <> 'DELETED' AND Event.EventID > 1 AND ((EventName LIKE '%fire%' AND EventName "
-         "LIKE '%plan%') OR (EventDescription LIKE '%fire%' AND EventDescription LIKE '%plan%'))"_s,
+        {SearchScope::Events, ViewKind::Events, u"EventName|EventDescription"_s,
          u"Event Search for \"fire plan\""_s},
-        {SearchScope::Organizations, ViewKind::Organizations,
-         u"WHERE Organization.Status <> 'DELETED' AND Organization.OrganizationID > 1 AND ((OrganizationName "
-         "LIKE '%fire%' AND OrganizationName LIKE '%plan%') OR (ResponseActivities LIKE '%fire%' AND "
-         "ResponseActivities LIKE '%plan%'))"_s,
+        {SearchScope::Organizations, ViewKind::Organizations, u"OrganizationName|ResponseActivities"_s,
          u"Organization Search for \"fire plan\""_s},
     };
-    for (const auto& [scope, kind, condition, caption] : cases) {
+    for (const auto& [scope, kind, columns, caption] : cases) {
         const clsView view = keywordView(queries, scope, u"fire plan"_s);
         const SQLObject& standard = standardQuery(queries, kind);
         EXPECT_EQ(view.viewIndex, kind);
         EXPECT_EQ(view.Caption, caption);
         EXPECT_EQ(view.Keywords, u"fire plan"_s);
+        const QString condition =
+            u" AND ((%1 LIKE '%fire%' AND %1 LIKE '%plan%') OR (%2 LIKE '%fire%' AND %2 LIKE '%plan%')) "_s;
         EXPECT_EQ(view.SQL->sqlStr(),
-                  standard.SelectClause + u' ' + standard.FromClause + u' ' + condition + u' ');
+                  standard.SelectClause + u' ' + standard.FromClause + u' ' + standard.WhereClause +
+                      condition.arg(columns.section(u'|', 0, 0), columns.section(u'|', 1)));
         EXPECT_EQ(scopeOf(kind), scope);
     }
     const clsView all = keywordView(queries, SearchScope::All, u" fire "_s);
@@ -79,25 +74,23 @@ class KeywordSearchOnFile : public testing::Test
 protected:
     KeywordSearchOnFile()
     {
-        database.run(
-            "INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, dStatus) VALUES "
-            "(1, 'fire plan', NULL, 'ACTIVE'), (2, 'Fire Plan of the County', NULL, 'ACTIVE'), "
-            "(3, 'Plan', 'What to do in a FIRE', 'ACTIVE'), (4, 'Report', 'a plan for fires', 'ACTIVE'), "
-            "(5, 'fire plan', NULL, 'DELETED'), (6, '50% of O''Fallon', 'École _x_', 'ACTIVE'), "
-            "(7, 'fireplan', NULL, 'ACTIVE'), "
-            "(8, 'fire plan', NULL, NULL)");
-        database.run("INSERT INTO DocumentTypes VALUES (2, 2), (2, 3), (4, 2), (4, 2)");
-        database.run("INSERT INTO DocumentVenues VALUES (2, 2), (2, 3), (2, 4)");
-        database.run("INSERT INTO Event (EventID, EventName, EventDescription, Status) VALUES "
-                     "(2, 'Fire', 'the plan', 'ACTIVE'), (3, 'Peshtigo fire', 'fire without a plan', "
-                     "'ACTIVE'), (4, 'Пожар', NULL, 'ACTIVE')");
-        database.run("INSERT INTO EventVenues VALUES (3, 2), (3, 3)");
-        database.run("INSERT INTO EventFunctions VALUES (3, 2), (3, 3), (3, 4)");
-        database.run("INSERT INTO OrganizationEvents VALUES (2, 3), (3, 3)");
-        database.run(
-            "INSERT INTO Organization (OrganizationID, OrganizationName, ResponseActivities, Status) VALUES "
-            "(2, 'Bureau', 'École', 'ACTIVE'), (3, 'Agency', 'plans fires', 'ACTIVE')");
-        database.run("INSERT INTO OrganizationVenues VALUES (3, 2), (3, 3)");
+        database.run(R"sql(
+INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, dStatus) VALUES
+    (1, 'fire plan', NULL, 'ACTIVE'), (2, 'Fire Plan of the County', NULL, 'ACTIVE'),
+    (3, 'Plan', 'What to do in a FIRE', 'ACTIVE'), (4, 'Report', 'a plan for fires', 'ACTIVE'),
+    (5, 'fire plan', NULL, 'DELETED'), (6, '50% of O''Fallon', 'École _x_', 'ACTIVE'),
+    (7, 'fireplan', NULL, 'ACTIVE'), (8, 'fire plan', NULL, NULL);
+INSERT INTO DocumentTypes VALUES (2, 2), (2, 3), (4, 2), (4, 2);
+INSERT INTO DocumentVenues VALUES (2, 2), (2, 3), (2, 4);
+INSERT INTO Event (EventID, EventName, EventDescription, Status) VALUES
+    (2, 'Fire', 'the plan', 'ACTIVE'), (3, 'Peshtigo fire', 'fire without a plan', 'ACTIVE'),
+    (4, 'Пожар', NULL, 'ACTIVE');
+INSERT INTO EventVenues VALUES (3, 2), (3, 3);
+INSERT INTO EventFunctions VALUES (3, 2), (3, 3), (3, 4);
+INSERT INTO OrganizationEvents VALUES (2, 3), (3, 3);
+INSERT INTO Organization (OrganizationID, OrganizationName, ResponseActivities, Status) VALUES
+    (2, 'Bureau', 'École', 'ACTIVE'), (3, 'Agency', 'plans fires', 'ACTIVE');
+INSERT INTO OrganizationVenues VALUES (3, 2), (3, 3))sql");
     }
 
     QString found(ViewKind kind, const QString& text)
