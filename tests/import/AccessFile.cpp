@@ -22,17 +22,16 @@ Bytes bytesOf(const std::string& text)
     return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
 
-} // namespace
-
+/// A text as it stands in an Access file: two bytes for each character.
 std::string wide(const std::string& text)
 {
     std::string units;
-    for (const char character : text) {
-        units += character;
-        units += '\0';
-    }
+    for (const char character : text)
+        units += {character, '\0'};
     return units;
 }
+
+} // namespace
 
 AccessFile::AccessFile(const std::string& name) : bytes(readFile(testData(name))), m_path(testData(name)) {}
 

@@ -39,18 +39,14 @@ public:
     /// Scrambles or unscrambles the part of the first page where keys and passwords are.
     void unscramble();
 
-    /// Where the n-th present row of a table stands in the file, and how long it is.
+private:
     struct Place
     {
         std::size_t start = 0;
         std::size_t size = 0;
     };
-    Place rowOf(const std::string& table, std::size_t row) const;
-
-    /// Where the definition of a table starts.
+    Place rowOf(const std::string& table, std::size_t row) const; ///< the n-th present row
     std::size_t definitionOf(const std::string& table) const;
-
-private:
     Place catalogEntryOf(const std::string& table) const;
     Place
     findRow(std::uint32_t owner,
@@ -58,6 +54,3 @@ private:
 
     std::string m_path;
 };
-
-/// A text as it stands in an Access file: two bytes for each character.
-std::string wide(const std::string& text);
