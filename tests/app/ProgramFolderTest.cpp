@@ -50,17 +50,14 @@ TEST(ProgramFolder, IsFilledFromTheSampleOnceAndNeverTouchedAgain)
     EXPECT_THROW(ProgramFolder::fillFromSample(place.filePath(u"file/orvik"_s), sample), Error);
 }
 
-TEST(ProgramFolder, PathsLeadThroughTheFoldersThatAreThere)
+TEST(ProgramFolder, FindsFilesWhateverTheirLetterCaseAndNothingOutside)
 {
     const QTemporaryDir root;
     ASSERT_TRUE(QDir(root.path()).mkpath(u"Data/Documents"_s));
-    const ProgramFolder folder(root.path());
-    EXPECT_EQ(folder.folderPath(u"\\data\\documents\\"_s), root.path() + u"/Data/Documents/"_s);
-    EXPECT_EQ(folder.folderPath(u"\\data\\orgcharts\\"_s), root.path() + u"/Data/orgcharts/"_s);
-}
+    const ProgramFolder other(root.path());
+    EXPECT_EQ(other.folderPath(u"\\data\\documents\\"_s), root.path() + u"/Data/Documents/"_s);
+    EXPECT_EQ(other.folderPath(u"\\data\\orgcharts\\"_s), root.path() + u"/Data/orgcharts/"_s);
 
-TEST(ProgramFolder, FindsFilesWhateverTheirLetterCaseAndNothingOutside)
-{
     const QTemporaryDir place;
     const ProgramFolder folder(place.path());
     const QString documents = u"\\data\\documents\\"_s;

@@ -2,6 +2,8 @@
 
 #include "support/TextPrinting.h"
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -10,30 +12,23 @@ namespace {
 
 TEST(FileStrings, CutsAPathIntoItsParts)
 {
-    const struct
-    {
-        QString path;
-        QString drive;
-        QString directory;
-        QString baseName;
-        QString extension;
-        QString fullPath;
-    } cases[] = {{u"C:\\My files\\report.v2.pdf"_s, u"C:\\"_s, u"C:\\My files\\"_s, u"report.v2"_s, u"pdf"_s,
-                  u"C:\\My files\\report.v2.pdf"_s},
-                 {u"57.htm"_s, {}, {}, u"57"_s, u"htm"_s, u"57.htm"_s},
-                 {u"\\folder.d\\name"_s, {}, u"\\folder.d\\"_s, u"name"_s, {}, u"\\folder.d\\name."_s},
-                 {u"\\a\\.hidden"_s, {}, u"\\a\\"_s, {}, u"hidden"_s, u"\\a\\.hidden"_s},
-                 {u"\\a\\"_s, {}, u"\\a\\"_s, {}, {}, u"\\a\\."_s},
-                 {u":x"_s, u":\\"_s, {}, u":x"_s, {}, u":x."_s},
-                 {QString(), {}, {}, {}, {}, u"."_s}};
+    // a path, and its drive, directory, name, extension and whole path
+    const std::pair<QString, QString> cases[] = {
+        {u"C:\\My files\\report.v2.pdf"_s,
+         u"C:\\|C:\\My files\\|report.v2|pdf|C:\\My files\\report.v2.pdf"_s},
+        {u"57.htm"_s, u"||57|htm|57.htm"_s},
+        {u"\\folder.d\\name"_s, u"|\\folder.d\\|name||\\folder.d\\name."_s},
+        {u"\\a\\.hidden"_s, u"|\\a\\||hidden|\\a\\.hidden"_s},
+        {u"\\a\\"_s, u"|\\a\\|||\\a\\."_s},
+        {u":x"_s, u":\\||:x||:x."_s},
+        {QString(), u"||||."_s},
+    };
     FileStrings parts;
-    for (const auto& expected : cases) {
-        parts.CrackFileName(expected.path);
-        EXPECT_EQ(parts.drive(), expected.drive) << qPrintable(expected.path);
-        EXPECT_EQ(parts.directory(), expected.directory) << qPrintable(expected.path);
-        EXPECT_EQ(parts.baseName(), expected.baseName) << qPrintable(expected.path);
-        EXPECT_EQ(parts.extension(), expected.extension) << qPrintable(expected.path);
-        EXPECT_EQ(parts.fullPath(), expected.fullPath) << qPrintable(expected.path);
+    for (const auto& [path, expected] : cases) {
+        parts.CrackFileName(path);
+        const QStringList found{parts.drive(), parts.directory(), parts.baseName(), parts.extension(),
+                                parts.fullPath()};
+        EXPECT_EQ(found.join(u'|'), expected);
     }
 }
 

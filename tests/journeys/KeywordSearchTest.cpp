@@ -257,23 +257,27 @@ TEST_F(KeywordSearchJourney, AnEmptyResultLeadsBackToTheSearch)
 
 TEST_F(KeywordSearchJourney, AFailedSearchIsReportedOnceAndBackLeadsFromIt)
 {
-    for (int scope = 0; scope <= 3; ++scope) {
-        journey.trigger("mnuViewDocuments");
-        const QString before = journey.viewPanel();
-        journey.desktop.messages.expectMessageBeginning(procedures[scope] + u" Error ("_s);
-        searchFor(u"o'clock"_s, scope);
-        journey.desktop.messages.finish();
-        EXPECT_TRUE(journey.viewPanel().endsWith(u"\"o'clock\""_s));
-        journey.trigger("mnuSearchKeyword");
-        EXPECT_EQ(keywords().text(), u"o'clock"_s);
-        dialog().close();
-        journey.trigger("mnuNavigateBack");
-        EXPECT_EQ(journey.viewPanel(), before);
-        EXPECT_EQ(journey.column(0), "Fire plan|Map|Report");
+    const QByteArray rows = journey.database.bytes();
+    for (const QString& text : {u"o'clock"_s, u"'"_s, u"%'; DELETE FROM Document"_s, u"%')) OR ((1=1"_s}) {
+        for (int scope = 0; scope <= 3; ++scope) {
+            journey.trigger("mnuViewDocuments");
+            const QString before = journey.viewPanel();
+            journey.desktop.messages.expectMessageBeginning(procedures[scope] + u" Error ("_s);
+            searchFor(text, scope);
+            journey.desktop.messages.finish();
+            EXPECT_TRUE(journey.viewPanel().endsWith(u'"' + text + u'"'));
+            journey.trigger("mnuSearchKeyword");
+            EXPECT_EQ(keywords().text(), text);
+            dialog().close();
+            journey.trigger("mnuNavigateBack");
+            EXPECT_EQ(journey.viewPanel(), before);
+            EXPECT_EQ(journey.column(0), "Fire plan|Map|Report");
+        }
     }
+    EXPECT_TRUE(journey.database.bytes() == rows);
 }
 
-TEST_F(KeywordSearchJourney, HostileTextsFindNothingOrAreReportedAndChangeNothing)
+TEST_F(KeywordSearchJourney, HostileTextsFindNothingAndChangeNothing)
 {
     const QByteArray before = journey.database.bytes();
     const QStringList harmless =
@@ -284,13 +288,6 @@ TEST_F(KeywordSearchJourney, HostileTextsFindNothingOrAreReportedAndChangeNothin
         for (int scope = 0; scope <= 3; ++scope)
             searchFor(text, scope);
         EXPECT_EQ(journey.list().model()->rowCount(), 0) << text.left(40).toStdString();
-    }
-    for (const QString& text : {u"'"_s, u"%'; DELETE FROM Document"_s, u"%')) OR ((1=1"_s}) {
-        for (int scope = 0; scope <= 3; ++scope) {
-            journey.desktop.messages.expectMessageBeginning(procedures[scope] + u" Error ("_s);
-            searchFor(text, scope);
-        }
-        journey.desktop.messages.finish();
     }
     searchFor(u"%"_s, 1);
     EXPECT_EQ(journey.list().model()->rowCount(), 3);

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <ostream>
 
 namespace {
 
@@ -14,11 +13,6 @@ struct Desktop
     QColor base;
     QColor text;
 };
-
-void PrintTo(const Desktop& desktop, std::ostream* out)
-{
-    *out << desktop.name;
-}
 
 /// A desktop that names its grounds and its text; the rest is left as a light palette or a dark one has it.
 QPalette halfNamed(const Desktop& desktop, bool restIsLight)
@@ -41,14 +35,16 @@ QPalette halfNamed(const Desktop& desktop, bool restIsLight)
 const Desktop light{"light", QColor(239, 240, 241), QColor(252, 252, 252), QColor(35, 38, 41)};
 const Desktop dark{"dark", QColor(49, 54, 59), QColor(35, 38, 41), QColor(239, 240, 241)};
 
-class ReadablePaletteTest : public testing::TestWithParam<Desktop>
+TEST(ReadablePalette, LetsRowsLinksAndToolTipsBeRead)
 {
-};
-
-TEST_P(ReadablePaletteTest, LetsRowsLinksAndToolTipsBeRead)
-{
-    for (const bool restIsLight : {true, false}) {
-        const QPalette given = halfNamed(GetParam(), restIsLight);
+    const Desktop desktops[]{light,
+                             dark,
+                             {"black and white", Qt::black, Qt::black, Qt::white},
+                             {"grey", QColor(118, 118, 118), QColor(110, 110, 110), Qt::white},
+                             {"white lists in a dark window", QColor(49, 54, 59), Qt::white, Qt::black}};
+    for (int i = 0; i < 2 * int(std::size(desktops)); ++i) {
+        SCOPED_TRACE(desktops[i / 2].name);
+        const QPalette given = halfNamed(desktops[i / 2], i % 2 == 0);
         const QPalette palette = ReadablePalette::of(given);
         for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
             const auto reads = [&](QPalette::ColorRole text, QPalette::ColorRole ground) {
@@ -69,12 +65,6 @@ TEST_P(ReadablePaletteTest, LetsRowsLinksAndToolTipsBeRead)
         EXPECT_EQ(ReadablePalette::of(palette), palette) << "mending twice must come to an end";
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Desktops, ReadablePaletteTest,
-    testing::Values(light, dark, Desktop{"black and white", Qt::black, Qt::black, Qt::white},
-                    Desktop{"grey", QColor(118, 118, 118), QColor(110, 110, 110), Qt::white},
-                    Desktop{"white lists in a dark window", QColor(49, 54, 59), Qt::white, Qt::black}));
 
 TEST(ReadablePalette, KeepsWhatCanBeReadAndTellsRowsApart)
 {
