@@ -3,10 +3,12 @@
 #include "support/TestDatabase.h"
 #include "support/TestFiles.h"
 
+#include <QtEndian>
+
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <numeric>
 #include <tuple>
 
 using namespace Qt::StringLiterals;
@@ -82,15 +84,11 @@ TEST_F(Unfinished, AJournalThatNamesAnotherFileIsRefused)
     const QString named = m_folder + u"/precious.txt"_s;
     const QByteArray name = named.toUtf8();
     writeFile(named, "not to be deleted");
-    const auto big = [](int number) {
-        QByteArray bytes(4, '\0');
-        for (int i = 0; i < 4; ++i)
-            bytes[i] = static_cast<char>(number >> (24 - 8 * i));
-        return bytes;
+    const auto big = [](qint32 number) {
+        number = qToBigEndian(number);
+        return QByteArray(reinterpret_cast<const char*>(&number), sizeof number);
     };
-    int sum = 0;
-    for (const char letter : name)
-        sum += letter;
+    const int sum = std::accumulate(name.begin(), name.end(), 0);
     constexpr int lockPage = 0x40000000 / 4096 + 1;
     QFile journal(m_source + u"-journal"_s);
     ASSERT_TRUE(journal.open(QIODevice::Append));

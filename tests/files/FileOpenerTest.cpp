@@ -34,11 +34,10 @@ protected:
     }
     void storeChart(const char* stored)
     {
-        database.run("DELETE FROM OrganizationProfile");
-        database.run(u"INSERT INTO OrganizationProfile (OrganizationProfileID, "
-                     "OrganizationChart, ChartOption) VALUES (7, %1, 1)"_s.arg(QString::fromUtf8(stored))
-                         .toUtf8()
-                         .constData());
+        database.run((std::string("DELETE FROM OrganizationProfile; INSERT INTO OrganizationProfile "
+                                  "(OrganizationProfileID, OrganizationChart, ChartOption) VALUES (7, ") +
+                      stored + ", 1)")
+                         .c_str());
     }
 
     TestDatabase database;

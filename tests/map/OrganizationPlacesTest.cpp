@@ -23,12 +23,13 @@ protected:
     /// Adds an organization; `position` is its own latitude and longitude or nulls.
     void add(int identifier, const char* function, const char* cityAndState, const char* position)
     {
-        database.run(u"INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, "
-                     "State, Lat, Lon, Status) VALUES (%1, 'Org %1', %2, %3, %4, 'ACTIVE')"_s
-                         .arg(QString::number(identifier), QLatin1StringView(function),
-                              QLatin1StringView(cityAndState), QLatin1StringView(position))
-                         .toUtf8()
-                         .constData());
+        const std::string number = std::to_string(identifier);
+        database.run(("INSERT INTO Organization (OrganizationID, OrganizationName, Status, FunctionID, City, "
+                      "State, Lat, "
+                      "Lon) VALUES (" +
+                      number + ", 'Org " + number + "', 'ACTIVE', " + function + ", " + cityAndState + ", " +
+                      position + ')')
+                         .c_str());
     }
 
     void read(const QString& condition = {})

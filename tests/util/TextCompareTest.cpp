@@ -23,19 +23,17 @@ int sign(int number)
 
 TEST(TextCompare, CaseMakesNoDifferenceInAnyScript)
 {
-    const std::vector<std::pair<const char*, const char*>> pairs{
-        {"Fire Plan", "fIRE pLAN"},
-        {"ÉCOLE", "école"},
-        {"ΟΔΟΣ", "οδος"},
-        {"ΟΔΟΣ", "οδοσ"},
-        {"ЖУРНАЛ", "журнал"},
-        {"\u212A9", "k9"},
-        {"\u212Bland", "åLAND"},
-        {"ÑANDÚ", "ñandú"},
-        {"ԱՐԱՐԱՏ", "արարատ"},
-        {"𐐀", "𐐨"},
-        {"", ""},
-    };
+    const std::vector<std::pair<const char*, const char*>> pairs{{"Fire Plan", "fIRE pLAN"},
+                                                                 {"ÉCOLE", "école"},
+                                                                 {"ΟΔΟΣ", "οδος"},
+                                                                 {"ΟΔΟΣ", "οδοσ"},
+                                                                 {"ЖУРНАЛ", "журнал"},
+                                                                 {"\u212A9", "k9"},
+                                                                 {"\u212Bland", "åLAND"},
+                                                                 {"ÑANDÚ", "ñandú"},
+                                                                 {"ԱՐԱՐԱՏ", "արարատ"},
+                                                                 {"𐐀", "𐐨"},
+                                                                 {"", ""}};
     for (const auto& [left, right] : pairs) {
         EXPECT_EQ(TextCompare::compare(left, right), 0) << left << " and " << right;
         EXPECT_EQ(folded(left), folded(right)) << left << " and " << right;
