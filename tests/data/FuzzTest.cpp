@@ -15,42 +15,34 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Statements of the program, to be damaged.
-const QStringList& realStatements()
-{
-    static const QStringList statements{
-        u"SELECT DISTINCT Document.DocumentID, DocumentName, KeyDocument, FileTypeName, "
-        "Document.OrganizationID FROM Q_Document WHERE dStatus <> 'DELETED' AND Document.DocumentID > 1 "
-        "AND ((DocumentName LIKE '%fire%') OR (DocumentDescription LIKE '%fire%')) ORDER BY DocumentName "
-        "ASC"_s,
-        u"SELECT DISTINCT EventID, EventName, StartDate, StartTime FROM Q_Event WHERE Event.Status <> "
-        "'DELETED' AND Event.EventID > 1 AND StartDate >= #9/11/2001# AND StartTime <= #23:59# AND VenueID "
-        "IN (2,3) ORDER BY StartDate"_s,
-        u"SELECT DISTINCT FunctionName, LocationID, Lat, Lon, City, State FROM Q_Organization WHERE "
-        "Organization.Status <> 'DELETED' AND Organization.FunctionID = 2 AND Lat IS NOT NULL"_s,
-        u"SELECT DocumentTypeID, DocumentTypeName, count(Document.DocumentID) as Docs FROM Q_Document WHERE "
-        "DocumentID IN (SELECT DISTINCT Document.DocumentID FROM Document, DocumentEvents WHERE "
-        "Document.DocumentID = DocumentEvents.DocumentID AND EventID = 2) AND DocumentTypeID > 0 GROUP BY "
-        "DocumentTypeID, DocumentTypeName"_s,
-        u"SELECT * FROM Organization WHERE OrganizationName LIKE \"Austin%\" AND Status = 'ACTIVE'"_s,
-        u"UPDATE Document SET dStatus = 'DELETED' WHERE DocumentID = 2"_s,
-        u"DELETE FROM DocumentTypes WHERE DocumentID = 2"_s,
-    };
-    return statements;
-}
+const QStringList realStatements{
+    u"SELECT DISTINCT Document.DocumentID, DocumentName, KeyDocument, FileTypeName, "
+    "Document.OrganizationID FROM Q_Document WHERE dStatus <> 'DELETED' AND Document.DocumentID > 1 "
+    "AND ((DocumentName LIKE '%fire%') OR (DocumentDescription LIKE '%fire%')) ORDER BY DocumentName "
+    "ASC"_s,
+    u"SELECT DISTINCT EventID, EventName, StartDate, StartTime FROM Q_Event WHERE Event.Status <> "
+    "'DELETED' AND Event.EventID > 1 AND StartDate >= #9/11/2001# AND StartTime <= #23:59# AND VenueID "
+    "IN (2,3) ORDER BY StartDate"_s,
+    u"SELECT DISTINCT FunctionName, LocationID, Lat, Lon, City, State FROM Q_Organization WHERE "
+    "Organization.Status <> 'DELETED' AND Organization.FunctionID = 2 AND Lat IS NOT NULL"_s,
+    u"SELECT DocumentTypeID, DocumentTypeName, count(Document.DocumentID) as Docs FROM Q_Document WHERE "
+    "DocumentID IN (SELECT DISTINCT Document.DocumentID FROM Document, DocumentEvents WHERE "
+    "Document.DocumentID = DocumentEvents.DocumentID AND EventID = 2) AND DocumentTypeID > 0 GROUP BY "
+    "DocumentTypeID, DocumentTypeName"_s,
+    u"SELECT * FROM Organization WHERE OrganizationName LIKE \"Austin%\" AND Status = 'ACTIVE'"_s,
+    u"UPDATE Document SET dStatus = 'DELETED' WHERE DocumentID = 2"_s,
+    u"DELETE FROM DocumentTypes WHERE DocumentID = 2"_s,
+};
 
-const QStringList& vocabulary()
-{
-    static const QStringList words =
-        u"SELECT~DISTINCT~FROM~WHERE~GROUP BY~HAVING~ORDER BY~AND~OR~NOT~IN~LIKE~IS NULL~BETWEEN~EXISTS~as~"
-        "ASC~CASE~WHEN~THEN~END~UNION~LIMIT~COLLATE~CAST~JOIN~PRAGMA~ATTACH~INSERT INTO~DELETE FROM~UPDATE~"
-        "SET~Document~Q_Document~Q_Event~Event~Organization~Q_Organization~sqlite_master~DocumentID~"
-        "Document.DocumentID~City~EventID~StartDate~StartTime~LocationID~rowid~nowhere~*~,~,~(~(~)~)~"
-        "(SELECT~.~=~<>~<=~>~+~-~/~||~;~--~/*~'~\"~#~'x'~\"y\"~#1/1/2001#~#2/30/2001#~0~1~"
-        "9999999999999999999~1.5~..1~count(~min(~max(~substr(~ifnull(~randomblob(~load_extension(~é~"
-        "\U0001F525~\u200B~[a]~?~%~_"_s.split(u'~') +
-        QStringList{QString(QChar(0)), QString(QChar(0xD800))};
-    return words;
-}
+const QStringList vocabulary =
+    u"SELECT~DISTINCT~FROM~WHERE~GROUP BY~HAVING~ORDER BY~AND~OR~NOT~IN~LIKE~IS NULL~BETWEEN~EXISTS~as~"
+    "ASC~CASE~WHEN~THEN~END~UNION~LIMIT~COLLATE~CAST~JOIN~PRAGMA~ATTACH~INSERT INTO~DELETE FROM~UPDATE~"
+    "SET~Document~Q_Document~Q_Event~Event~Organization~Q_Organization~sqlite_master~DocumentID~"
+    "Document.DocumentID~City~EventID~StartDate~StartTime~LocationID~rowid~nowhere~*~,~,~(~(~)~)~"
+    "(SELECT~.~=~<>~<=~>~+~-~/~||~;~--~/*~'~\"~#~'x'~\"y\"~#1/1/2001#~#2/30/2001#~0~1~"
+    "9999999999999999999~1.5~..1~count(~min(~max(~substr(~ifnull(~randomblob(~load_extension(~é~"
+    "\U0001F525~\u200B~[a]~?~%~_"_s.split(u'~') +
+    QStringList{QString(QChar(0)), QString(QChar(0xD800))};
 
 class StatementMaker
 {
@@ -60,7 +52,7 @@ public:
     QString make()
     {
         if (below(3) == 0) return soup();
-        QString statement = anyOf(realStatements());
+        QString statement = anyOf(realStatements);
         for (int change = 1 + below(2); change > 0; --change)
             damage(statement);
         return statement;
@@ -74,7 +66,7 @@ private:
     {
         QString statement = below(4) == 0 ? QString() : u"SELECT "_s;
         for (int words = below(25); words > 0; --words)
-            statement += anyOf(vocabulary()) + u' ';
+            statement += anyOf(vocabulary) + u' ';
         return statement;
     }
 
@@ -82,10 +74,10 @@ private:
     {
         const qsizetype at = below(statement.size() + 1);
         const qsizetype length = std::min<qsizetype>(below(12), statement.size() - at);
-        const QString& word = anyOf(vocabulary());
+        const QString& word = anyOf(vocabulary);
         const int kind = below(5);
         if (kind == 4) {
-            const QString& other = anyOf(realStatements());
+            const QString& other = anyOf(realStatements);
             statement = statement.left(at) + other.mid(below(other.size()));
             return;
         }

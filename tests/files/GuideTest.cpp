@@ -31,15 +31,10 @@ QDir guide()
     return QDir(QStringLiteral(ORVIK_GUIDE));
 }
 
-QByteArray partOf(const QString& name)
-{
-    return contentOf(guide().filePath(name));
-}
-
 Page read(const QString& name)
 {
     Page page;
-    QXmlStreamReader reader(partOf(name));
+    QXmlStreamReader reader(contentOf(guide().filePath(name)));
     while (!reader.atEnd()) {
         if (reader.readNext() != QXmlStreamReader::StartElement) continue;
         const auto attribute = [&](const char* key) {
@@ -70,7 +65,7 @@ QStringList pagesNamedIn(const QString& name)
 {
     static const QRegularExpression page(u"[\"\\n=]([a-z-]+\\.html(#[a-z-]+)?)\\b"_s);
     QStringList names;
-    auto found = page.globalMatch(QString::fromUtf8(partOf(name)));
+    auto found = page.globalMatch(QString::fromUtf8(contentOf(guide().filePath(name))));
     while (found.hasNext())
         names << found.next().captured(1);
     return names;
@@ -96,7 +91,7 @@ TEST(Guide, PagesAreWellFormedAndTheirLinksAndPicturesExist)
         EXPECT_EQ(page->error, QString()) << name;
         EXPECT_FALSE(page->title.isEmpty()) << name;
         // viewers of help files guess how the text is encoded
-        const QByteArray content = partOf(page.key());
+        const QByteArray content = contentOf(guide().filePath(page.key()));
         EXPECT_TRUE(std::all_of(content.begin(), content.end(), [](char c) { return c > 0; })) << name;
         EXPECT_EQ(page->withoutText, QStringList()) << name;
         for (const QString& link : page->links)

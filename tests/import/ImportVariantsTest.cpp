@@ -14,26 +14,22 @@ class ImportVariants : public testing::Test
 protected:
     AccessFile source{"small.mdb"};
     ToolResult result;
+    TemporaryFolder folder;
 
     int import(const std::vector<std::string>& options = {})
     {
-        writeFile(m_folder.path("it.mdb"), source.bytes);
+        writeFile(folder.path("it.mdb"), source.bytes);
         std::vector<std::string> arguments = options;
-        arguments.insert(arguments.end(), {m_folder.path("it.mdb"), m_folder.path("it.sqlite")});
+        arguments.insert(arguments.end(), {folder.path("it.mdb"), folder.path("it.sqlite")});
         result = ImportTool::run(arguments);
         return result.status;
     }
 
     std::string value(const std::string& query) const
     {
-        SQLite::Database database(m_folder.path("it.sqlite"));
+        SQLite::Database database(folder.path("it.sqlite"));
         return database.execAndGet(query).getString();
     }
-
-    std::vector<std::string> filesLeft() const { return m_folder.names(); }
-
-private:
-    TemporaryFolder m_folder;
 };
 
 } // namespace
@@ -115,7 +111,7 @@ TEST_F(ImportVariants, aTableWithFewerRowsThanItStatesIsDamagedUnlessItIsToBeSal
     EXPECT_EQ(import(), 5);
     EXPECT_EQ(result.error,
               "error\tThe file is damaged: table Venue should have 17 rows, but only 16 are there.\n");
-    EXPECT_EQ(filesLeft(), (std::vector<std::string>{"it.mdb"}));
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"it.mdb"}));
 
     ASSERT_EQ(import({"--salvage"}), 0) << result.error;
     EXPECT_EQ(result.summary("warning"), (Lines{{"Table Venue states 17 rows, but has 16."}}));

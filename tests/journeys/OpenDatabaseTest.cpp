@@ -24,7 +24,7 @@ QString accessFile()
 class OpenDatabase : public ::testing::Test
 {
 protected:
-    void useTool() { journey.desktop.converter = &m_converter; }
+    OpenDatabase() { journey.desktop.converter = &m_converter; }
 
     QString copyAccessFile(const QString& path)
     {
@@ -58,7 +58,6 @@ private:
 
 TEST_F(OpenDatabase, ConvertsAnAccessFileThatTheSettingsName)
 {
-    useTool();
     const QString source = copyAccessFile(journey.dataFolder() + u"Users.dat"_s);
     const QByteArray content = contentOf(source);
     const QFileInfo before(source);
@@ -91,7 +90,6 @@ TEST_F(OpenDatabase, ConvertsAnAccessFileThatTheSettingsName)
 
 TEST_F(OpenDatabase, TakesAnAccessFileOfTheUsersChoice)
 {
-    useTool();
     journey.start();
     journey.trigger("mnuViewEvents");
     const QString source = copyAccessFile(journey.database.folder() + u"/mine.mdb"_s);
@@ -130,7 +128,6 @@ TEST_F(OpenDatabase, BringsADatabaseOfTheProgramIntoTheDataFolderAndReplacesNone
 
 TEST_F(OpenDatabase, KeepsWhatWasOpenWhenAFileIsNoneOfThese)
 {
-    useTool();
     journey.database.run("INSERT INTO Event (EventID, EventName, Status) VALUES (2, 'Mine', 'ACTIVE')");
     journey.start();
     const QString folder = journey.database.folder();
@@ -163,7 +160,6 @@ TEST_F(OpenDatabase, KeepsWhatWasOpenWhenAFileIsNoneOfThese)
 
 TEST_F(OpenDatabase, ACancelledConversionLeavesNothing)
 {
-    useTool();
     copyAccessFile(journey.dataFolder() + u"mine.mdb"_s);
     // answers the window as soon as it is there
     QTimer clicker;
