@@ -36,10 +36,9 @@ protected:
     void expectConverted(const QString& name, const QString& target)
     {
         journey.desktop.messages.expectMessage(
-            u"The Access file %1 was converted to the database %2, which the program uses from now on. "
-            "The "
-            "Access file is unchanged.\n\n28 tables with 2528 rows were taken over and checked.\nNot "
-            "shown in "
+            u"The Access file %1 was converted to the database %2, which the program uses from now on. The "
+            "Access file is unchanged.\n\n28 tables with 2528 rows were taken over and checked.\nNot shown "
+            "in "
             "lists: Document: 8 deleted, 1 without a status; Event: 7 deleted, 1 without a status; "
             "Organization: 3 deleted, 1 without a status."_s.arg(name, target));
     }
