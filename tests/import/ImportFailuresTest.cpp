@@ -74,14 +74,6 @@ void expectCleanFailure(const ToolResult& result, const TemporaryFolder& folder)
     EXPECT_EQ(folder.names(), (Names{"it.mdb"}));
 }
 
-std::string importedContent()
-{
-    const TemporaryFolder folder;
-    const ToolResult result = ImportTool::run({testData("small.mdb"), folder.path("it.sqlite")});
-    EXPECT_EQ(result.status, 0) << result.error;
-    return readFile(folder.path("it.sqlite"));
-}
-
 } // namespace
 
 TEST(ImportFailures, aFileThatIsNotReadableSaysWhy)
@@ -230,7 +222,9 @@ TEST(ImportFailures, aStoppedImportLeavesNothing)
 TEST(ImportFailures, aFileCutAnywhereIsRefusedOrImportedWhole)
 {
     const std::string sound = readFile(testData("small.mdb"));
-    const std::string content = importedContent();
+    const TemporaryFolder whole;
+    ASSERT_EQ(ImportTool::run({testData("small.mdb"), whole.path("it.sqlite")}).status, 0);
+    const std::string content = readFile(whole.path("it.sqlite"));
     std::mt19937 random(1);
     std::vector<Damage> damages;
     const std::size_t pages = sound.size() / 4096;
