@@ -25,7 +25,7 @@ class ProcessorTimeLimit
 public:
     ProcessorTimeLimit()
     {
-        constexpr rlim_t seconds = 5;
+        constexpr rlim_t seconds = 20;
         ::getrlimit(RLIMIT_CPU, &m_before);
         rusage used = {};
         ::getrusage(RUSAGE_SELF, &used);
