@@ -226,6 +226,7 @@ void document(benchmark::State& state, bool adds)
         hand.commit();
     };
     const auto ours = [&] {
+        if (adds) record.id = -1; // else it would be taken for one that was saved half-way
         record.documentName = QStringLiteral("Saved %1").arg(setting.round);
         if (adds ? store.saveDocument(record).has_value() : store.updateDocument(record).has_value())
             state.SkipWithError("the save was refused");
@@ -267,6 +268,7 @@ void event(benchmark::State& state, bool adds)
         hand.commit();
     };
     const auto ours = [&] {
+        if (adds) record.id = -1; // else it would be taken for one that was saved half-way
         record.eventName = QStringLiteral("Saved %1").arg(setting.round);
         if (adds ? store.saveEvent(record).has_value() : store.updateEvent(record).has_value())
             state.SkipWithError("the save was refused");
@@ -336,6 +338,7 @@ void organization(benchmark::State& state, bool adds)
         hand.commit();
     };
     const auto ours = [&] {
+        if (adds) record.id = -1; // else it would be taken for one that was saved half-way
         record.organizationName = QStringLiteral("Saved %1").arg(setting.round);
         if (adds ? store.saveOrganization(record).has_value() : store.updateOrganization(record).has_value())
             state.SkipWithError("the save was refused");

@@ -1,0 +1,185 @@
+#include "DocumentJourney.h"
+#include "editors/RecordEditors.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QDropEvent>
+#include <QFile>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPlainTextEdit>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class DocumentFile : public DocumentJourney
+{
+};
+
+/// What a desktop does when files are dragged over a widget and let go. `whileOver` runs in between.
+void dropFiles(
+    QWidget& target, const QStringList& files, const std::function<void()>& whileOver = [] {})
+{
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const QString& file : files)
+        urls << QUrl::fromLocalFile(file);
+    data.setUrls(urls);
+    data.setText(files.front());
+    QDragEnterEvent enter(QPoint(2, 2), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&target, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    whileOver();
+    QDropEvent drop(QPointF(2, 2), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&target, &drop);
+    QCoreApplication::processEvents();
+}
+
+TEST_F(DocumentFile, TakesADroppedFileWithWhatItsNameSays)
+{
+    const QString several = QStringLiteral("Only one file can be taken at a time. Please drop one file.");
+    QWidget& window = *journey.program->window();
+    messages().expectMessage(several);
+    dropFiles(window, {source, source});
+    inDialog(
+        "frmDocument", [&] { dropFiles(window, {source}); },
+        [&](OpenDialog& dialog) {
+            auto& field = dialog.find<QLineEdit>("txtOriginalFilename");
+            QWidget& notes = *dialog.find<QPlainTextEdit>("rtbNotes").viewport();
+            const auto expect = [&](const char* file, const char* title, const char* type) {
+                EXPECT_TRUE(dialog.text("txtOriginalFilename").ends_with(file));
+                EXPECT_EQ(dialog.text("txtDocumentName"), title) << file;
+                EXPECT_EQ(dialog.text("cmbFileTypeNames"), type) << file;
+            };
+            expect("/scan.PDF", "scan", "Adobe PDF");
+            const QColor ground = field.palette().color(QPalette::Base);
+            dropFiles(notes, {QStringLiteral("/in/old_page.html")},
+                      [&] { EXPECT_NE(field.palette().color(QPalette::Base), ground) << "it lights up"; });
+            EXPECT_EQ(field.palette().color(QPalette::Base), ground);
+            expect("/in/old_page.html", "old page", "Web Page");
+            EXPECT_EQ(dialog.text("rtbNotes"), "");
+            dropFiles(notes, {QStringLiteral("/in/b.txt")});
+            expect("/in/b.txt", "b", "Web Page");
+            messages().expectMessage(several);
+            dropFiles(notes, {source, source});
+            expect("/in/b.txt", "b", "Web Page");
+            // what the user says counts
+            dialog.type("txtDocumentName", QStringLiteral("Mine"));
+            dialog.find<QWidget>("cmbFileTypeNames").setFocus();
+            dialog.press(Qt::Key_Up);
+            journey.desktop.fileDialogs.files = {QStringLiteral("/in/c.htm")};
+            dialog.click("cmdUploadDocument");
+            expect("/in/c.htm", "Mine", "Adobe PDF");
+            discard(dialog, messages());
+        });
+}
+
+TEST_F(DocumentFile, CompletesARecordWhoseFileCouldNotBeCopied)
+{
+    const QString inTheWay = journey.dataFolder() + QStringLiteral("documents/3.PDF/kept");
+    const auto failOnce = [&](OpenDialog& dialog) {
+        QDir().mkpath(inTheWay);
+        fillIn(dialog);
+        messages().expectMessageBeginning(QStringLiteral("saveDocument Error (21): "));
+        dialog.click("cmdOK");
+        messages().finish();
+        QDir(inTheWay).removeRecursively();
+        QDir().rmdir(QFileInfo(inTheWay).path());
+    };
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        failOnce(dialog);
+        dialog.type("txtAuthor", QStringLiteral("A. Writer"));
+        dialog.click("cmdOK");
+    });
+    const QString stored = journey.dataFolder() + QStringLiteral("documents/3.PDF");
+    EXPECT_TRUE(QFileInfo(stored).isFile());
+    EXPECT_EQ(rows("SELECT DocumentID, Author FROM Document WHERE DocumentName = 'Levees'"), "3|A. Writer");
+    EXPECT_EQ(rows("SELECT DocumentTypeID FROM DocumentTypes WHERE DocumentID = 3"), "1");
+    EXPECT_EQ(rows("SELECT FileLocation FROM Document_HIST WHERE DocumentID = 3"), "3.PDF");
+}
+
+TEST_F(DocumentFile, ADocumentWithoutAFileIsGivenOneWhileItIsEdited)
+{
+    journey.database.run("UPDATE Document SET FileLocation = NULL WHERE DocumentID = 2");
+    const QString stored = journey.dataFolder() + QStringLiteral("documents/2.PDF");
+    const auto edit = [&](const std::function<void(OpenDialog&)>& work) {
+        journey.select("Old Levees");
+        inEditor("mnuRecordEdit", work);
+    };
+    edit([&](OpenDialog& dialog) {
+        EXPECT_TRUE(dialog.find<QWidget>("cmdUploadDocument").isVisible());
+        EXPECT_EQ(dialog.text("txtOriginalFilename"), "C:\\papers\\old.html");
+        dialog.type("txtAuthor", QStringLiteral("B. Writer"));
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(rows("SELECT Author, OriginalFilename, FileLocation FROM Document WHERE DocumentID = 2"),
+              "B. Writer|C:\\papers\\old.html|NULL")
+        << "a path that names no file stays as it is";
+    edit([&](OpenDialog& dialog) {
+        dialog.type("txtOriginalFilename", source + u'x');
+        dialog.type("txtAuthor", QStringLiteral("C. Writer"));
+        messages().expectMessageBeginning(QStringLiteral("updateDocument Error (2): "));
+        dialog.click("cmdOK");
+        messages().finish();
+        EXPECT_EQ(rows("SELECT Author FROM Document WHERE DocumentID = 2"), "B. Writer");
+        dialog.type("txtOriginalFilename", QString());
+        messages().expectMessage(
+            QStringLiteral("Document filename is required. Please browse to select your document file."));
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.focus(), "txtOriginalFilename");
+        journey.desktop.fileDialogs.files = {source};
+        dialog.click("cmdUploadDocument");
+        dialog.click("cmdOK");
+    });
+    const std::string given = "C. Writer|" + source.toStdString() + "|2.PDF";
+    EXPECT_EQ(rows("SELECT Author, OriginalFilename, FileLocation FROM Document WHERE DocumentID = 2"),
+              given);
+    EXPECT_EQ(rows("SELECT Author, OriginalFilename, FileLocation FROM Document_HIST WHERE Author LIKE 'C%'"),
+              given);
+    EXPECT_TRUE(QFileInfo(stored).isFile());
+    edit([&](OpenDialog& dialog) {
+        EXPECT_FALSE(dialog.find<QWidget>("txtOriginalFilename").isVisible()) << "it has a file now";
+        EXPECT_FALSE(dialog.find<QWidget>("lblFilename").isVisible());
+        dialog.click("cmdCancel");
+    });
+    QFile::remove(stored);
+    edit([&](OpenDialog& dialog) { dialog.click("cmdOK"); });
+    EXPECT_TRUE(QFileInfo(stored).isFile()) << "the path that the field shows names a file";
+}
+
+TEST_F(DocumentFile, SaysThatANameIsTooLongAndKeepsWhatWasTyped)
+{
+    const QString longPath = journey.database.folder() + u'/' + QString(300, u'n') + QStringLiteral(".pdf");
+    messages().expectMessage(
+        QStringLiteral("saveDocument Error (36): File name too long (%1)").arg(longPath));
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        fillIn(dialog);
+        dialog.type("txtOriginalFilename", longPath);
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.text("txtOriginalFilename"), longPath.toStdString());
+        EXPECT_EQ(dialog.text("rtbDocumentDescription"), "About levees");
+        discard(dialog, messages());
+    });
+    EXPECT_TRUE(QDir(journey.dataFolder() + QStringLiteral("documents")).isEmpty());
+}
+
+TEST_F(DocumentFile, UploadsIntoAFolderOfAnotherLetterCaseAndFindsTheFileThere)
+{
+    QDir data(journey.dataFolder());
+    ASSERT_TRUE(data.rename(QStringLiteral("documents"), QStringLiteral("DOCUMENTS")));
+    journey.start();
+    journey.trigger("mnuViewDocuments");
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        fillIn(dialog);
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(data.entryList({QStringLiteral("documents")}, QDir::Dirs),
+              QStringList{QStringLiteral("DOCUMENTS")});
+    EXPECT_TRUE(data.exists(QStringLiteral("DOCUMENTS/3.PDF")));
+    journey.select("Levees");
+    journey.trigger("mnuRecordOpen");
+    EXPECT_EQ(journey.desktop.shell.opened, QStringList{data.filePath(QStringLiteral("DOCUMENTS/3.PDF"))});
+}
+
+} // namespace

@@ -1,0 +1,154 @@
+#include "MapJourney.h"
+#include "app/StdREG.h"
+#include "map/MapProjection.h"
+
+#include <QImage>
+#include <QListWidget>
+#include <QSplitter>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class DrawnMap : public MapJourney
+{
+};
+
+TEST_F(DrawnMap, PaintsStatesMarkersAndTheirLegendInTheirColours)
+{
+    const char* const palette[] = {"#000000", "#0000ff", "#008000", "#ff0000", "#000080", "#800080",
+                                   "#008080", "#c0c0c0", "#808080", "#808000", "#00ff00", "#ffff00",
+                                   "#800000", "#ff00ff", "#00ffff", "#ffffff"};
+    // one of each function on a line through the states; the seventeenth begins anew
+    for (int function = 1; function <= 17; ++function) {
+        journey.database.run(
+            QStringLiteral(
+                "INSERT OR IGNORE INTO Function VALUES (%1, 'Function %2'); INSERT INTO Organization "
+                "(OrganizationID, OrganizationName, FunctionID, Lat, Lon, Status) VALUES "
+                "(%3, 'O', %1, 42, %4, 'ACTIVE')")
+                .arg(QString::number(function), QString::number(function), QString::number(100 + function))
+                .arg(-120 + 2.5 * function)
+                .toUtf8()
+                .constData());
+    }
+    show();
+    const QImage picture = map().grab().toImage();
+    const auto colourAt = [&](double lon, double lat) {
+        return picture.pixelColor(map().extent().toScreen(MapProjection::toPlane(lon, lat)).toPoint()).name();
+    };
+    EXPECT_EQ(colourAt(-105.8, 35.2), QStringLiteral("#c0c0c0")) << "the middle of New Mexico";
+    EXPECT_EQ(colourAt(-72, 35), map().palette().color(QPalette::Base).name()) << "the sea";
+    EXPECT_EQ(colourAt(-97.74, 30.27), QStringLiteral("#008000")) << "function 3 over function 2 in Austin";
+    for (int function = 1; function <= 17; ++function)
+        EXPECT_EQ(colourAt(-120 + 2.5 * function, 42).toStdString(), palette[(function - 1) % 16])
+            << function;
+
+    auto& legend = journey.find<QListWidget>("MapLegend");
+    ASSERT_EQ(legend.count(), 16);
+    EXPECT_TRUE(legend.isVisible());
+    for (int line = 0; line < 16; ++line) {
+        const QImage sign = legend.item(line)->icon().pixmap(14, 14).toImage();
+        EXPECT_EQ(sign.pixelColor(sign.rect().center()).name().toStdString(), palette[line]) << line;
+    }
+    EXPECT_EQ(legend.item(0)->text(), QStringLiteral("Function 17, None"));
+    EXPECT_EQ(legend.item(2)->text(), QStringLiteral("Fire & Rescue"));
+    EXPECT_EQ(legend.item(15)->text(), QStringLiteral("Function 16"));
+
+    // a wider map has larger markers; their edge takes three pixels
+    const auto redAcross = [&] {
+        const QImage image = map().grab().toImage();
+        const QPoint dallas = map().positionOf(entry("Dallas, TX: Law")).toPoint();
+        int pixels = 0;
+        for (int x = dallas.x() - 20; x <= dallas.x() + 20; ++x)
+            pixels += image.pixelColor(x, dallas.y()) == QColor(Qt::red) ? 1 : 0;
+        return pixels;
+    };
+    EXPECT_NEAR(redAcross(), 9 - 3, 1);
+    journey.program->window()->resize(2600, 1900);
+    journey.find<QSplitter>("splitter").setSizes({10, 4000});
+    QTest::qWait(0);
+    ASSERT_GT(map().width(), 1300);
+    EXPECT_NEAR(redAcross(), std::min(map().width() / 115.0, 14.0) - 3, 1);
+}
+
+TEST_F(DrawnMap, RingsTheChosenPlaceAndTakesAPointerNearIt)
+{
+    show();
+    const QColor ring = map().palette().color(QPalette::Highlight);
+    // a marker is 11 pixels across with its edge, the ring 2.5 beyond that
+    const auto isRinged = [&](const char* place) {
+        const QPoint middle = map().positionOf(entry(place)).toPoint();
+        const QImage picture = map().grab().toImage();
+        const auto isRing = [&](QPoint away) {
+            // the middle may lie between two pixels
+            return picture.pixelColor(middle + 7 * away) == ring ||
+                   picture.pixelColor(middle + 8 * away) == ring ||
+                   picture.pixelColor(middle + 9 * away) == ring;
+        };
+        return isRing({1, 0}) && isRing({-1, 0}) && isRing({0, 1}) && isRing({0, -1});
+    };
+    EXPECT_FALSE(isRinged("Reno, NV: Law"));
+    click(Qt::LeftButton, "Reno, NV: Law");
+    EXPECT_TRUE(isRinged("Reno, NV: Law"));
+    EXPECT_FALSE(isRinged("Dallas, TX: Law"));
+    click(Qt::LeftButton, "Dallas, TX: Law");
+    EXPECT_TRUE(isRinged("Dallas, TX: Law"));
+    EXPECT_FALSE(isRinged("Reno, NV: Law"));
+
+    // a hand that shakes a little still clicks
+    const QPointF reno = map().positionOf(entry("Reno, NV: Law"));
+    QTest::mousePress(&map(), Qt::LeftButton, {}, reno.toPoint());
+    QTest::mouseMove(&map(), reno.toPoint() + QPoint(2, 1));
+    QTest::mouseRelease(&map(), Qt::LeftButton, {}, reno.toPoint() + QPoint(2, 1));
+    EXPECT_EQ(selected(), "Epsilon");
+
+    for (const QPointF way : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0.6, -0.8)}) {
+        EXPECT_EQ(map().entryAt(reno + 13.5 * way), entry("Reno, NV: Law"));
+        EXPECT_EQ(map().entryAt(reno + 14.5 * way), std::nullopt);
+    }
+    map().zoomIn();
+    const QPointF nearer = map().positionOf(entry("Reno, NV: Law"));
+    EXPECT_EQ(map().entryAt(nearer + QPointF(14.5, 0)), std::nullopt)
+        << "the radius is in pixels of the screen";
+}
+
+TEST_F(DrawnMap, WithoutTheStatesTheMarkersAreThereAndTheMessageFollows)
+{
+    QFile::rename(journey.mapsFolder() + QStringLiteral("states.dbf"),
+                  journey.mapsFolder() + QStringLiteral("kept"));
+    journey.desktop.messages.expectMessageBeginning(QStringLiteral("drawMap Error (2): "));
+    show();
+    journey.desktop.messages.finish();
+    EXPECT_EQ(map().accessibleItemCount(), 5);
+    EXPECT_FALSE(map().hasStates());
+    EXPECT_FALSE(map().grab().isNull());
+
+    QFile shapes(journey.mapsFolder() + QStringLiteral("states.shp"));
+    QFile::rename(journey.mapsFolder() + QStringLiteral("kept"),
+                  journey.mapsFolder() + QStringLiteral("states.dbf"));
+    ASSERT_TRUE(shapes.setPermissions(QFile::ReadOwner | QFile::WriteOwner));
+    const qint64 size = shapes.size();
+    ASSERT_TRUE(shapes.resize(size / 2));
+    journey.desktop.messages.expectMessageBeginning(QStringLiteral("drawMap Error (84): "));
+    journey.trigger("mnuViewRefresh");
+    journey.desktop.messages.finish();
+
+    shapes.remove();
+    ASSERT_TRUE(QFile::copy(QStringLiteral(ORVIK_MAPS "/states.shp"), shapes.fileName()));
+    journey.trigger("mnuViewRefresh");
+    EXPECT_TRUE(map().hasStates());
+}
+
+TEST_F(DrawnMap, AFailingListTakesTheMarkersAway)
+{
+    show();
+    SQLObject broken = *journey.program->state().queries.organizations;
+    broken.WhereClause += QStringLiteral(" AND Nothing = 1");
+    journey.desktop.messages.expectMessageBeginning(QStringLiteral("showOrganizations Error ("));
+    journey.program->state().history.addView(
+        {ViewKind::Organizations, std::make_shared<const SQLObject>(broken), QStringLiteral("Broken")});
+    EXPECT_EQ(map().accessibleItemCount(), 0);
+}
+
+} // namespace

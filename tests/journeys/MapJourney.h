@@ -1,0 +1,75 @@
+#pragma once
+
+#include "Journey.h"
+#include "map/MapView.h"
+
+#include <QMenu>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+/// Organizations of two functions in Austin, of one in Dallas and in Reno, and one without a place.
+inline void addOrganizations(const TestDatabase& database)
+{
+    database.run("INSERT INTO Function VALUES (1, 'None'), (2, 'Relief'), (3, 'Fire & Rescue'), (4, 'Law')");
+    database.run("INSERT INTO CityLocations (LocationID, City, State, Lat, Lon) VALUES "
+                 "(5, 'Austin', 'TX', 30.27, -97.74), (6, 'Dallas', 'TX', 32.78, -96.8), "
+                 "(7, 'Reno', 'NV', 39.53, -119.81), (8, 'O''Fallon', 'MO', 38.81, -90.7)");
+    database.run(
+        "INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, State, Status) VALUES "
+        "(2, 'Alpha <b>', 2, 'Austin', 'TX', 'ACTIVE'), (3, 'Beta', 2, 'Austin', 'TX', 'ACTIVE'), "
+        "(4, 'Gamma', 3, 'Austin', 'TX', 'ACTIVE'), (5, 'Delta', 4, 'Dallas', 'TX', 'ACTIVE'), "
+        "(6, 'Epsilon', 4, 'Reno', 'NV', 'ACTIVE'), (7, 'Zeta', 4, 'Nowhere', 'UT', 'ACTIVE'), "
+        "(8, 'Eta', 4, 'O''Fallon', 'MO', 'ACTIVE')");
+}
+
+class MapJourney : public testing::Test
+{
+protected:
+    MapJourney() { addOrganizations(journey.database); }
+
+    void show()
+    {
+        journey.start();
+        journey.trigger("mnuViewOrganizations");
+        QApplication::processEvents();
+    }
+
+    MapView& map() { return journey.find<MapView>("Map1"); }
+
+    /// The number of the entry of that name, as assistive tools name it.
+    std::size_t entry(const char* name)
+    {
+        for (int item = 0; item < map().accessibleItemCount(); ++item) {
+            if (map().accessibleItemName(item) == QString::fromUtf8(name))
+                return static_cast<std::size_t>(item);
+        }
+        throw std::runtime_error(std::string("no such place: ") + name);
+    }
+
+    void click(Qt::MouseButton button, const char* place)
+    {
+        QTest::mouseClick(&map(), button, {}, map().positionOf(entry(place)).toPoint());
+    }
+
+    /// The names of the selected rows, in the list's order.
+    std::string selected()
+    {
+        QStringList names;
+        for (int row = 0; row < journey.list().model()->rowCount(); ++row) {
+            const QModelIndex index = journey.list().model()->index(row, 0);
+            if (journey.list().selectionModel()->isSelected(index)) names << index.data().toString();
+        }
+        return names.join(u'|').toStdString();
+    }
+
+    std::string menuTexts()
+    {
+        QStringList texts;
+        for (const QAction* action : journey.find<QMenu>("popOrgTab").actions())
+            texts << action->text();
+        return texts.join(u'|').toStdString();
+    }
+
+    Journey journey;
+};
