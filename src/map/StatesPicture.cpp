@@ -4,7 +4,10 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <cmath>
+#include <ranges>
+#include <utility>
 
 namespace {
 
@@ -26,6 +29,11 @@ void StatesPicture::setLayer(StatesLayer layer)
 void StatesPicture::setMarkers(std::vector<QPointF> markers)
 {
     m_markers = std::move(markers);
+    // many organizations stand at one place
+    const auto place = [](const QPointF& marker) { return std::pair(marker.x(), marker.y()); };
+    std::ranges::sort(m_markers, {}, place);
+    const auto repeated = std::ranges::unique(m_markers, {}, place);
+    m_markers.erase(repeated.begin(), repeated.end());
     forget();
 }
 
@@ -33,7 +41,10 @@ void StatesPicture::setMarkers(std::vector<QPointF> markers)
 std::vector<QPointF> StatesPicture::markersIn(const StateShape& state) const
 {
     std::vector<QPointF> found;
-    for (const QPointF& marker : m_markers) {
+    const auto x = [](const QPointF& marker) { return marker.x(); };
+    const auto first = std::ranges::lower_bound(m_markers, state.bounds.left(), {}, x);
+    const auto last = std::ranges::upper_bound(m_markers, state.bounds.right(), {}, x);
+    for (const QPointF& marker : std::ranges::subrange(first, last)) {
         if (state.bounds.contains(marker)) found.push_back(m_frame.toPixels(marker));
     }
     return found;

@@ -36,7 +36,7 @@ private:
     [[nodiscard]] std::vector<QPointF> markersIn(const StateShape& state) const;
 
     StatesLayer m_layer;
-    std::vector<QPointF> m_markers; ///< in the plane
+    std::vector<QPointF> m_markers; ///< in the plane, each place once, from left to right
     QPixmap m_picture;
     MapPicture m_frame; ///< in device pixels
 };
