@@ -94,8 +94,8 @@ void GuidePictures::showLists()
     select(QStringLiteral("Tropical Cyclone Report: Hurricane Katrina"));
     save(m_window.grab(), "documents");
 
-    // rows with each of the icons that tell where a file is
-    select(QStringLiteral("Post-Katrina"));
+    // rows with icons that tell the kind of a file, and that one of them is on a disc
+    select(QStringLiteral("Turn Around"));
     QTreeView& rows = list();
     const QRect current = rows.visualRect(rows.currentIndex());
     rows.clearSelection();
