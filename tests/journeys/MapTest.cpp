@@ -6,8 +6,8 @@
 #include <QContextMenuEvent>
 #include <QListWidget>
 #include <QMenu>
-#include <QSplitter>
 #include <QScrollBar>
+#include <QSplitter>
 #include <QTest>
 #include <QToolTip>
 #include <QWheelEvent>
