@@ -284,6 +284,7 @@ TEST_F(ChartJourney, ManyBarsAreScrolledAndNeverOverlap)
         EXPECT_GT(rect.left(), before.right());
         EXPECT_GE(rect.center().x() - before.center().x(), textHeight) << "turned names stand side by side";
     }
+    EXPECT_GT(chart().height() - chart().barRect(0).bottom(), 4 * textHeight) << "with room for long names";
     journey.trigger("mnuViewGraphicBelow");
     QApplication::processEvents();
     EXPECT_LE(chart().height(), pane().height()) << "it is scrolled to the side only";
