@@ -94,9 +94,11 @@ TEST_F(DocumentStoreTest, NumbersBeyondSixteenBitsAreRefusedBeforeAnythingIsWrit
         changed.*key = 32768;
         expectRefused([&] { (void)m_store.updateDocument(changed); });
     }
-    record.categories.push_back({u"far"_s, 40000});
-    expectRefused([&] { (void)m_store.updateDocument(record); });
-    record.categories.pop_back();
+    for (const auto list : {&DocumentRecord::types, &DocumentRecord::categories}) {
+        DocumentRecord changed = record;
+        (changed.*list).push_back({u"far"_s, 40000});
+        expectRefused([&] { (void)m_store.updateDocument(changed); });
+    }
     record.venues.push_back({{u"far"_s, 40000}, true});
     expectRefused([&] { (void)m_store.updateDocument(record); });
 

@@ -101,10 +101,12 @@ TEST_F(EventStoreTest, WhatCannotBeSavedIsRefusedBeforeAnythingIsWritten)
     EventRecord record = m_store.load(2).record;
     const QByteArray before = m_database.bytes();
     EXPECT_EQ(errorNumberOf([&] { (void)m_store.load(40000); }), overflow);
-    record.documents.push_back({u"far"_s, 32768});
-    EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateEvent(record); }), overflow);
-    EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveEvent(record); }), overflow);
-    record.documents.clear();
+    for (const auto list : {&EventRecord::functions, &EventRecord::documents, &EventRecord::organizations}) {
+        EventRecord changed = record;
+        (changed.*list).push_back({u"far"_s, 32768});
+        EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateEvent(changed); }), overflow);
+        EXPECT_EQ(errorNumberOf([&] { (void)m_store.saveEvent(changed); }), overflow);
+    }
     record.venues.push_back({{u"far"_s, 32768}, true});
     EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateEvent(record); }), overflow);
     record.venues.pop_back();

@@ -123,15 +123,20 @@ TEST_F(OrganizationStoreTest, WhatIsNoNumberIsRefusedBeforeAnythingIsWritten)
     record.profile.swornEmployees.clear();
     record.profile.annualBudget = u"-12.5"_s;
     EXPECT_FALSE(OrganizationStore::check(record));
-    record.profile.populations.push_back({{u"far"_s, 32768}, false}); // written with its setting
-    EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateOrganization(record); }), overflow);
-    record.profile.populations.pop_back();
+    for (const auto list : {&OrganizationProfile::jurisdictions, &OrganizationProfile::populations}) {
+        (record.profile.*list).push_back({{u"far"_s, 32768}, false}); // written with its setting
+        EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateOrganization(record); }), overflow);
+        (record.profile.*list).pop_back();
+    }
     record.venues.push_back({{u"far"_s, 32768}, true});
     EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateOrganization(record); }), overflow);
     record.venues.pop_back();
-    record.functionId = 32768;
-    EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateOrganization(record); }), overflow);
-    record.functionId = 2;
+    for (const auto key : {&OrganizationRecord::functionId, &OrganizationRecord::organizationTypeId,
+                           &OrganizationRecord::organizationSubTypeId}) {
+        OrganizationRecord changed = record;
+        changed.*key = 32768;
+        EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateOrganization(changed); }), overflow);
+    }
     record.id = 77;
     EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateOrganization(record); }), gone);
     EXPECT_EQ(m_database.bytes(), before);
