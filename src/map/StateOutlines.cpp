@@ -88,7 +88,10 @@ std::optional<std::pair<double, double>> roomAcross(const PlaneRing& ring, doubl
 
 bool isFree(const QRectF& place, const std::vector<QPointF>& avoided)
 {
-    return std::none_of(avoided.begin(), avoided.end(), [&](QPointF point) { return place.contains(point); });
+    const auto height = [](QPointF point) { return point.y(); };
+    const auto first = std::ranges::lower_bound(avoided, place.top(), {}, height);
+    const auto last = std::ranges::upper_bound(first, avoided.end(), place.bottom(), {}, height);
+    return std::none_of(first, last, [&](QPointF point) { return place.contains(point); });
 }
 
 } // namespace
@@ -98,9 +101,11 @@ std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& pictur
 {
     constexpr int linesTried = 12; // above and below the best one
     const double halfHeight = text.height() / 2 * picture.scale;
+    if (text.width() * picture.scale > state.bounds.width()) return std::nullopt;
     for (int line = 0; line <= 2 * linesTried; ++line) {
         const int step = line % 2 == 0 ? line / 2 : -(line + 1) / 2;
         const double y = state.label.y() + step * halfHeight;
+        if (y - halfHeight < state.bounds.top() || y + halfHeight > state.bounds.bottom()) continue;
         const auto about = step == 0 ? std::optional(state.label.x()) : std::nullopt;
         const auto room = roomAcross(state.rings[state.largest], y, halfHeight, about);
         const double spare = room ? (room->second - room->first) / picture.scale - text.width() : -1;

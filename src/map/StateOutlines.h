@@ -25,7 +25,7 @@ struct MapPicture
 std::vector<std::vector<QPointF>> outlines(const StateShape& state, const MapPicture& picture);
 
 /// Where a text of that size fits into a state without one of the points in it, as the text's middle in
-/// pixels; nothing if it does not. The points are in pixels too.
+/// pixels; `std::nullopt` if it does not. The points are in pixels too, from top to bottom.
 std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& picture, QSizeF text,
                                const std::vector<QPointF>& avoided = {});
 

@@ -37,7 +37,7 @@ void StatesPicture::setMarkers(std::vector<QPointF> markers)
     forget();
 }
 
-/// The markers about a state, in the pixels of the picture.
+/// The markers about a state in the pixels of the picture, from top to bottom.
 std::vector<QPointF> StatesPicture::markersIn(const StateShape& state) const
 {
     std::vector<QPointF> found;
@@ -47,6 +47,7 @@ std::vector<QPointF> StatesPicture::markersIn(const StateShape& state) const
     for (const QPointF& marker : std::ranges::subrange(first, last)) {
         if (state.bounds.contains(marker)) found.push_back(m_frame.toPixels(marker));
     }
+    std::ranges::sort(found, {}, [](const QPointF& marker) { return marker.y(); });
     return found;
 }
 

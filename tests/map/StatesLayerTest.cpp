@@ -101,8 +101,8 @@ TEST(StateOutlines, FindsRoomForNamesWithinTheState)
     const QPointF other = roomFor(stateOf(u"TX"), picture, text, {best}).value_or(best);
     EXPECT_TRUE(std::abs(other.x() - best.x()) >= 20 || std::abs(other.y() - best.y()) >= 7);
     std::vector<QPointF> everywhere;
-    for (int x = 0; x < 600; x += 10)
-        for (int y = 0; y < 400; y += 10)
+    for (int y = 0; y < 400; y += 10)
+        for (int x = 0; x < 600; x += 10)
             everywhere.emplace_back(x, y);
     EXPECT_FALSE(roomFor(stateOf(u"TX"), picture, text, everywhere));
     for (const StateShape& state : realLayer().states()) {
