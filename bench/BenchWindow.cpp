@@ -1,6 +1,6 @@
 #include "BenchWindow.h"
 
-#include "browse/frmMain.h"
+#include "browse/window/frmMain.h"
 
 #include <QDir>
 #include <QProcess>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/Main_Mod.h"
+#include "opening/DatabaseConverter.h"
 #include "platform/Clock.h"
-#include "platform/DatabaseConverter.h"
 #include "platform/FileAttributes.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"

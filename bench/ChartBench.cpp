@@ -2,7 +2,7 @@
 // views that hold all the joins.
 
 #include "BenchWindow.h"
-#include "browse/frmMain.h"
+#include "browse/window/frmMain.h"
 #include "chart/ChartPane.h"
 
 namespace {

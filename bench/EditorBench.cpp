@@ -2,7 +2,7 @@
 // what the engine alone takes to step the names of all organizations.
 
 #include "BenchWindow.h"
-#include "browse/frmMain.h"
+#include "browse/window/frmMain.h"
 #include "editors/EntryCombo.h"
 #include "editors/RecordEditors.h"
 #include "editors/frmPicList.h"

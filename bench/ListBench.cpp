@@ -5,8 +5,8 @@
 
 #include "BenchWindow.h"
 #include "LastRow.h"
-#include "browse/RecordListModel.h"
-#include "browse/frmMain.h"
+#include "browse/list/RecordListModel.h"
+#include "browse/window/frmMain.h"
 #include "chart/ChartPane.h"
 
 #include <QApplication>

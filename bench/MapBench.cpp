@@ -2,7 +2,7 @@
 // the redraw of states and markers at rest, while dragging and at every step of a zoom.
 
 #include "BenchWindow.h"
-#include "browse/frmMain.h"
+#include "browse/window/frmMain.h"
 #include "map/MapPane.h"
 #include "map/MapView.h"
 #include "map/OrganizationPlaces.h"

@@ -3,10 +3,10 @@
 // file that a new document takes is copied on both sides.
 
 #include "BenchWindow.h"
-#include "editors/DocumentStore.h"
-#include "editors/EventStore.h"
-#include "editors/OrganizationStore.h"
 #include "files/FileCopy.h"
+#include "records/DocumentStore.h"
+#include "records/EventStore.h"
+#include "records/OrganizationStore.h"
 
 #include <QDir>
 #include <QFile>
@@ -203,7 +203,7 @@ void finishDocument(ByHand& hand, const Row& row, std::int64_t id)
 void document(benchmark::State& state, bool adds)
 {
     Setting setting;
-    DocumentStore store(setting.state, setting.clock);
+    DocumentStore store(setting.state.session, setting.state.folder, setting.clock);
     const QString source = setting.copies.path(QStringLiteral("report.pdf"));
     DocumentRecord record = store.load(2).record;
     record.documentDescription = description;
@@ -248,7 +248,7 @@ const Row constants{{"Status", "ACTIVE"}, {"UserID", std::int64_t{1}}};
 void event(benchmark::State& state, bool adds)
 {
     Setting setting;
-    EventStore store(setting.state, setting.clock);
+    EventStore store(setting.state.session, setting.clock);
     EventRecord record = store.load(2).record;
     record.eventDescription = description;
     record.startDate = QStringLiteral("09/11/2001");
@@ -310,7 +310,7 @@ const Row profileRow{{"MissionStatement", text},
 void organization(benchmark::State& state, bool adds)
 {
     Setting setting;
-    OrganizationStore store(setting.state, setting.clock);
+    OrganizationStore store(setting.state.session, setting.state.folder, setting.clock);
     const qint64 changed = setting.state.session
                                .readAll(QStringLiteral("SELECT min(OrganizationProfileID) AS id FROM "
                                                        "OrganizationProfile WHERE OrganizationProfileID > 1"))

@@ -4,7 +4,7 @@
 
 #include "BenchWindow.h"
 #include "LastRow.h"
-#include "browse/frmMain.h"
+#include "browse/window/frmMain.h"
 #include "search/AdvancedSearch.h"
 #include "search/KeywordSearch.h"
 

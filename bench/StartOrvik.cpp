@@ -5,11 +5,11 @@
 
 #include "BenchWindow.h"
 #include "EndAtOnce.h"
-#include "browse/IconSet.h"
-#include "browse/frmMain.h"
+#include "browse/window/frmMain.h"
 #include "platform/DesktopShell.h"
-#include "platform/IndicatorStyle.h"
-#include "platform/ReadablePalette.h"
+#include "widgets/IconSet.h"
+#include "widgets/IndicatorStyle.h"
+#include "widgets/ReadablePalette.h"
 
 #include <QApplication>
 #include <QEvent>

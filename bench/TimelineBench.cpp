@@ -3,7 +3,7 @@
 // plain view.
 
 #include "BenchWindow.h"
-#include "browse/frmMain.h"
+#include "browse/window/frmMain.h"
 #include "timeline/TimeWindowQuery.h"
 #include "timeline/TimelinePanel.h"
 

@@ -1,11 +1,11 @@
 #include "app/Main_Mod.h"
 
-#include "app/StdREG.h"
 #include "app/frmSplash.h"
-#include "browse/frmMain.h"
+#include "browse/window/frmMain.h"
 #include "files/FileUpload.h"
-#include "files/HelpFile.h"
+#include "help/HelpFile.h"
 #include "platform/Procedure.h"
+#include "platform/StdREG.h"
 
 #include <QDir>
 
@@ -48,10 +48,10 @@ void Main_Mod::prepareProgramFolder()
 {
     const bool filled = ProgramFolder::fillFromSample(m_state.folder.root(), m_sampleFolder);
     HelpFile::renew(m_state.folder.root(), m_sampleFolder);
-    FileUpload(m_state).clearUnfinished();
+    FileUpload(m_state.folder).clearUnfinished();
     if (!filled) return;
     StdREG settings(m_platform.settings);
     const QString name = QStringLiteral("DBFile");
     if (!settings.GetRegString(QString(), name).isEmpty()) return;
-    settings.WriteRegString(QString(), name, firstDatabase(m_state.folder.machinePath(m_state.folders.data)));
+    settings.WriteRegString(QString(), name, firstDatabase(m_state.folder.machinePath(ProgramFolders::data)));
 }

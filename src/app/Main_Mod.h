@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/ProgramState.h"
 #include "platform/Platform.h"
+#include "state/ProgramState.h"
 
 #include <memory>
 

@@ -1,15 +1,15 @@
 #include "app/Main_Mod.h"
-#include "app/frmImport.h"
-#include "browse/IconSet.h"
+#include "opening/frmImport.h"
 #include "platform/Clock.h"
 #include "platform/DesktopFileDialogs.h"
 #include "platform/DesktopMessages.h"
 #include "platform/DesktopShell.h"
 #include "platform/FileAttributes.h"
-#include "platform/IndicatorStyle.h"
 #include "platform/IniSettingsStore.h"
-#include "platform/ReadablePalette.h"
 #include "platform/Volumes.h"
+#include "widgets/IconSet.h"
+#include "widgets/IndicatorStyle.h"
+#include "widgets/ReadablePalette.h"
 
 #include <QApplication>
 #include <QStandardPaths>

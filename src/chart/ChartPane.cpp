@@ -1,10 +1,10 @@
 #include "chart/ChartPane.h"
 
-#include "app/ProgramState.h"
 #include "chart/ChartView.h"
 #include "platform/Procedure.h"
-#include "search/ShowOnlyViews.h"
+#include "state/ProgramState.h"
 #include "util/ReadableLine.h"
+#include "views/ShowOnlyViews.h"
 
 #include <QGuiApplication>
 #include <QLabel>

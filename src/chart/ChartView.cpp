@@ -1,8 +1,8 @@
 #include "chart/ChartView.h"
 
 #include "chart/ChartScale.h"
-#include "platform/PlainToolTip.h"
 #include "util/ReadableLine.h"
+#include "widgets/PlainToolTip.h"
 
 #include <QAccessible>
 #include <QBarCategoryAxis>

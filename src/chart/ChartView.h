@@ -1,7 +1,7 @@
 #pragma once
 
-#include "browse/AccessibleItems.h"
 #include "chart/DocumentTypeCounts.h"
+#include "widgets/AccessibleItems.h"
 
 #include <QChartView>
 

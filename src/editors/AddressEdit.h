@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/LineEdit.h"
+#include "widgets/LineEdit.h"
 
 #include <QUrl>
 

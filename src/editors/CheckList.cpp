@@ -1,6 +1,6 @@
 #include "editors/CheckList.h"
 
-#include "platform/LineDelegate.h"
+#include "widgets/LineDelegate.h"
 
 namespace {
 

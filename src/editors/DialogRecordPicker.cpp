@@ -1,7 +1,7 @@
 #include "editors/DialogRecordPicker.h"
 
-#include "app/ProgramState.h"
 #include "editors/frmPicList.h"
+#include "state/ProgramState.h"
 
 clsAdvSearch::Items DialogRecordPicker::pick(Records records, const clsAdvSearch::Items& chosen,
                                              QWidget* window)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Platform.h"
-#include "search/RecordPicker.h"
+#include "views/RecordPicker.h"
 
 struct ProgramState;
 

@@ -1,7 +1,7 @@
 #include "editors/EntryCombo.h"
 
 #include "editors/ListEntryModel.h"
-#include "platform/LineEdit.h"
+#include "widgets/LineEdit.h"
 
 #include <QAbstractItemView>
 #include <QAbstractProxyModel>

@@ -1,7 +1,7 @@
 #include "editors/FormGrid.h"
 
-#include "platform/LineEdit.h"
-#include "platform/TextEdit.h"
+#include "widgets/LineEdit.h"
+#include "widgets/TextEdit.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

@@ -1,7 +1,7 @@
 #include "editors/LinkList.h"
 
-#include "platform/LineDelegate.h"
-#include "platform/PlainToolTip.h"
+#include "widgets/LineDelegate.h"
+#include "widgets/PlainToolTip.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/ListEntry.h"
-#include "editors/PickList.h"
+#include "records/PickList.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/LineEdit.h"
+#include "widgets/LineEdit.h"
 
 /// A line for the path of a file, which is typed, pasted or set.
 class PathEdit final : public LineEdit

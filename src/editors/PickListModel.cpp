@@ -1,7 +1,7 @@
 #include "editors/PickListModel.h"
 
-#include "platform/PlainToolTip.h"
 #include "util/TextCompare.h"
+#include "widgets/PlainToolTip.h"
 
 #include <QSet>
 

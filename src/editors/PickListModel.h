@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editors/PickList.h"
+#include "records/PickList.h"
 
 #include <QAbstractTableModel>
 

@@ -1,6 +1,6 @@
 #include "editors/PickListView.h"
 
-#include "platform/LineDelegate.h"
+#include "widgets/LineDelegate.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

@@ -4,12 +4,12 @@
 #include "editors/EntryCombo.h"
 #include "editors/FileDrop.h"
 #include "editors/LinkList.h"
-#include "editors/PickedEntries.h"
 #include "editors/PickerEdit.h"
-#include "editors/WindowSize.h"
 #include "editors/frmPicList.h"
 #include "platform/Messages.h"
 #include "platform/Shell.h"
+#include "records/PickedEntries.h"
+#include "widgets/WindowSize.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

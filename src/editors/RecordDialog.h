@@ -1,13 +1,13 @@
 #pragma once
 
-#include "app/ProgramState.h"
 #include "data/ListEntry.h"
-#include "editors/EditorTypes.h"
 #include "editors/FormControls.h"
-#include "editors/PickList.h"
-#include "editors/StoredState.h"
 #include "platform/Platform.h"
 #include "platform/Procedure.h"
+#include "records/EditorTypes.h"
+#include "records/PickList.h"
+#include "records/StoredState.h"
+#include "state/ProgramState.h"
 
 #include <QDialog>
 

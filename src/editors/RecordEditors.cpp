@@ -167,7 +167,8 @@ bool RecordEditors::deleteRecords(ViewKind kind, const std::vector<ListEntry>& r
 
 QString RecordEditors::deleteRecord(ViewKind kind, qint64 id)
 {
-    if (kind == ViewKind::Documents) return DocumentStore(m_state, m_platform.clock).deleteDocument(id);
-    if (kind == ViewKind::Events) return EventStore(m_state, m_platform.clock).deleteEvent(id);
-    return OrganizationStore(m_state, m_platform.clock).deleteOrganization(id);
+    if (kind == ViewKind::Documents)
+        return DocumentStore(m_state.session, m_state.folder, m_platform.clock).deleteDocument(id);
+    if (kind == ViewKind::Events) return EventStore(m_state.session, m_platform.clock).deleteEvent(id);
+    return OrganizationStore(m_state.session, m_state.folder, m_platform.clock).deleteOrganization(id);
 }

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "browse/clsView.h"
 #include "data/ListEntry.h"
-#include "editors/EditorTypes.h"
 #include "platform/Platform.h"
+#include "records/EditorTypes.h"
+#include "views/clsView.h"
 
 #include <QDateTime>
 #include <QObject>

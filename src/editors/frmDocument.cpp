@@ -4,7 +4,6 @@
 #include "editors/CheckList.h"
 #include "editors/EntryCombo.h"
 #include "editors/FileDrop.h"
-#include "editors/FileHints.h"
 #include "editors/FormControls.h"
 #include "editors/FormGrid.h"
 #include "editors/LinkList.h"
@@ -12,6 +11,7 @@
 #include "files/FileUpload.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
+#include "records/FileHints.h"
 
 #include <QCheckBox>
 #include <QDir>
@@ -32,7 +32,7 @@ constexpr int listsShare = 2;
 
 frmDocument::frmDocument(const Platform& platform, ProgramState& state, QWidget* parent)
     : RecordDialog(platform, state, QStringLiteral("frmDocument"), firstSize, parent),
-      m_store(state, platform.clock)
+      m_store(state.session, state.folder, platform.clock)
 {
     makeForm();
     connectParts();

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editors/DocumentStore.h"
 #include "editors/RecordDialog.h"
+#include "records/DocumentStore.h"
 
 class AddressEdit;
 class CheckList;

@@ -21,7 +21,7 @@ constexpr QSize firstSize(1000, 700);
 
 frmEvent::frmEvent(const Platform& platform, ProgramState& state, QWidget* parent)
     : RecordDialog(platform, state, QStringLiteral("frmEvent"), firstSize, parent),
-      m_store(state, platform.clock)
+      m_store(state.session, platform.clock)
 {
     makeForm();
     for (LinkList* list : {lstEventFunctions, lstEventDocuments, lstEventOrgs})

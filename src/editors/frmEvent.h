@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editors/EventStore.h"
 #include "editors/RecordDialog.h"
+#include "records/EventStore.h"
 
 class CheckList;
 class FormGrid;

@@ -55,7 +55,7 @@ CheckList* addCheckList(FormGrid& grid, const char* name, const QString& caption
 
 frmOrganization::frmOrganization(const Platform& platform, ProgramState& state, QWidget* parent)
     : RecordDialog(platform, state, QStringLiteral("frmOrganization"), firstSize, parent),
-      m_store(state, platform.clock)
+      m_store(state.session, state.folder, platform.clock)
 {
     makeForm();
     connectParts();

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editors/OrganizationStore.h"
 #include "editors/RecordDialog.h"
+#include "records/OrganizationStore.h"
 
 class AddressEdit;
 class ChartField;

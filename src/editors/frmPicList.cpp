@@ -2,10 +2,10 @@
 
 #include "editors/PickListModel.h"
 #include "editors/PickListView.h"
-#include "editors/WindowSize.h"
-#include "platform/LineEdit.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
+#include "widgets/LineEdit.h"
+#include "widgets/WindowSize.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>

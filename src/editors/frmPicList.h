@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editors/PickList.h"
 #include "platform/Platform.h"
+#include "records/PickList.h"
 
 #include <QDialog>
 

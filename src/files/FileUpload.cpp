@@ -125,8 +125,7 @@ void FileUpload::convertDocument(const QString& chosenPath, qint64 documentId) c
     const fs::path source = sourceOf(chosenPath);
     const QString oldFolder = parts.baseName() + folderEnding;
     const QString newFolder = QString::number(documentId) + folderEnding;
-    const QString target =
-        targetFolder(m_state.folder, m_state.folders.uploadDocuments) + QString::number(documentId);
+    const QString target = targetFolder(m_folder, ProgramFolders::documents) + QString::number(documentId);
     const std::optional<fs::path> folder = folderBeside(source, oldFolder);
     if (!folder) {
         FileCopy::copyFile(source, machinePath(target + point + parts.extension()));
@@ -143,7 +142,7 @@ void FileUpload::convertDocument(const QString& chosenPath, qint64 documentId) c
 
 void FileUpload::copyChart(const QString& chosenPath, qint64 organizationId) const
 {
-    const QString target = targetFolder(m_state.folder, m_state.folders.organizationCharts) +
+    const QString target = targetFolder(m_folder, ProgramFolders::organizationCharts) +
                            QString::number(organizationId) + point + extension(chosenPath);
     FileCopy::copyFile(sourceOf(chosenPath), machinePath(target));
 }
@@ -157,7 +156,7 @@ std::optional<QString> FileUpload::copyOfChart(const QString& chosenPath, qint64
 
 std::optional<QString> FileUpload::fileInCharts(const QString& text) const
 {
-    return m_state.folder.find(m_state.folders.organizationCharts, text);
+    return m_folder.find(ProgramFolders::organizationCharts, text);
 }
 
 std::optional<QString> FileUpload::storedChart(const QString& chosenPath, qint64 organizationId) const
@@ -169,6 +168,6 @@ std::optional<QString> FileUpload::storedChart(const QString& chosenPath, qint64
 
 void FileUpload::clearUnfinished() const
 {
-    for (const QString& folder : {m_state.folders.uploadDocuments, m_state.folders.organizationCharts})
-        FileCopy::clearUnfinished(machinePath(m_state.folder.folderPath(folder)));
+    for (const QString& folder : {ProgramFolders::documents, ProgramFolders::organizationCharts})
+        FileCopy::clearUnfinished(machinePath(m_folder.folderPath(folder)));
 }

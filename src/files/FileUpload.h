@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ProgramState.h"
+#include "files/ProgramFolder.h"
 
 #include <QString>
 
@@ -13,7 +13,8 @@
 class FileUpload
 {
 public:
-    explicit FileUpload(const ProgramState& state) : m_state(state) {}
+    /// The folder must outlive the upload.
+    explicit FileUpload(const ProgramFolder& folder) : m_folder(folder) {}
 
     /// The extension that a chosen path gives to the stored file, without the point.
     static QString extension(const QString& chosenPath);
@@ -51,5 +52,5 @@ public:
     [[nodiscard]] std::optional<QString> storedChart(const QString& chosenPath, qint64 organizationId) const;
 
 private:
-    const ProgramState& m_state;
+    const ProgramFolder& m_folder;
 };

@@ -4,6 +4,15 @@
 
 #include <optional>
 
+/// The folders of the program, each as a program path below its base folder.
+struct ProgramFolders
+{
+    static inline const QString documents = QStringLiteral("\\data\\documents\\");
+    static inline const QString organizationCharts = QStringLiteral("\\data\\orgcharts\\");
+    static inline const QString data = QStringLiteral("\\data\\");
+    static inline const QString maps = QStringLiteral("\\data\\maps\\");
+};
+
 /// The folder with the program's data, and the one place that turns program paths such as
 /// `\data\documents\` into paths of the machine. Letter case of stored names does not matter.
 class ProgramFolder

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "map/clsCities.h"
+#include "views/clsCities.h"
 
 #include <QString>
 #include <QStringList>

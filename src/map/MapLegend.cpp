@@ -1,7 +1,7 @@
 #include "map/MapLegend.h"
 
 #include "map/MarkerPictures.h"
-#include "platform/PlainToolTip.h"
+#include "widgets/PlainToolTip.h"
 
 #include <QScrollBar>
 

@@ -1,12 +1,12 @@
 #include "map/MapPane.h"
 
-#include "app/ProgramState.h"
-#include "browse/IconSet.h"
 #include "map/MapLegend.h"
 #include "map/MapView.h"
 #include "platform/Procedure.h"
-#include "platform/WaitCursor.h"
-#include "search/ShowOnlyViews.h"
+#include "state/ProgramState.h"
+#include "views/ShowOnlyViews.h"
+#include "widgets/IconSet.h"
+#include "widgets/WaitCursor.h"
 
 #include <QActionGroup>
 #include <QBoxLayout>
@@ -143,10 +143,10 @@ void MapPane::addStatesLayer()
 {
     if (m_map->hasStates()) return;
     const QString name = QStringLiteral("states.shp");
-    const auto file = m_state.folder.find(m_state.folders.maps, name);
+    const auto file = m_state.folder.find(ProgramFolders::maps, name);
     if (!file) {
         throw Error(ENOENT, tr("There is no map of the states. (%1)")
-                                .arg(m_state.folder.machinePath(m_state.folders.maps) + name));
+                                .arg(m_state.folder.machinePath(ProgramFolders::maps) + name));
     }
     m_map->setStates(StatesLayer(ShapeFile::read(*file)));
 }

@@ -1,7 +1,7 @@
 #include "map/MapView.h"
 
 #include "map/MapProjection.h"
-#include "platform/PlainToolTip.h"
+#include "widgets/PlainToolTip.h"
 
 #include <QAccessible>
 #include <QApplication>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "browse/AccessibleItems.h"
 #include "map/MapExtent.h"
 #include "map/MapTool.h"
 #include "map/PlaceMarkers.h"
 #include "map/StatesPicture.h"
+#include "widgets/AccessibleItems.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
 #include "map/MarkerPictures.h"
 
-#include "app/ProgramState.h"
+#include "map/ColourPalette.h"
 
 #include <QPainter>
 

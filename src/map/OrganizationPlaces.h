@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/SQLObject.h"
-#include "map/clsCities.h"
+#include "views/clsCities.h"
 
 #include <QHash>
 #include <QString>

@@ -2,7 +2,7 @@
 
 #include "map/MapExtent.h"
 #include "map/MarkerPictures.h"
-#include "map/clsCities.h"
+#include "views/clsCities.h"
 
 #include <QColor>
 #include <QPointF>

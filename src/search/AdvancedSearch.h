@@ -1,7 +1,7 @@
 #pragma once
 
-#include "search/SearchKind.h"
-#include "search/clsAdvSearch.h"
+#include "views/SearchKind.h"
+#include "views/clsAdvSearch.h"
 
 #include <QHash>
 #include <QString>

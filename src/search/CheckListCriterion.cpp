@@ -1,6 +1,6 @@
 #include "search/CheckListCriterion.h"
 
-#include "platform/LineDelegate.h"
+#include "widgets/LineDelegate.h"
 
 #include <QFrame>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "search/clsAdvSearch.h"
+#include "views/clsAdvSearch.h"
 
 #include <QWidget>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "browse/clsView.h"
-#include "search/RecordPicker.h"
+#include "views/RecordPicker.h"
+#include "views/clsView.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #include "search/EventDateCriterion.h"
 
-#include "search/clsEventFilter.h"
 #include "util/DateTimeText.h"
+#include "views/clsEventFilter.h"
 
 #include <QBoxLayout>
 #include <QDateEdit>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/LineDelegate.h"
 #include "search/FoundWords.h"
+#include "widgets/LineDelegate.h"
 
 /// Shows the names of a list with the words marked that a keyword search looked for. With no words, it is
 /// like any other delegate.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "search/SearchKind.h"
+#include "views/SearchKind.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #include "search/LinkButton.h"
 
-#include "platform/PlainToolTip.h"
-#include "platform/ReadablePalette.h"
+#include "widgets/PlainToolTip.h"
+#include "widgets/ReadablePalette.h"
 
 #include <QKeyEvent>
 #include <QPainter>

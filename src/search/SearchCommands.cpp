@@ -1,8 +1,6 @@
 #include "search/SearchCommands.h"
 
-#include "app/ProgramState.h"
 #include "platform/Procedure.h"
-#include "platform/WaitCursor.h"
 #include "search/AdvancedSearch.h"
 #include "search/EmptyResultNotice.h"
 #include "search/FoundKeys.h"
@@ -11,6 +9,8 @@
 #include "search/SearchResultsPage.h"
 #include "search/frmAdvSearch.h"
 #include "search/frmSearch.h"
+#include "state/ProgramState.h"
+#include "widgets/WaitCursor.h"
 
 #include <QAbstractItemView>
 

@@ -1,12 +1,12 @@
 #include "search/frmAdvSearch.h"
 
-#include "app/ProgramState.h"
 #include "platform/Procedure.h"
-#include "platform/WaitCursor.h"
 #include "search/CheckListCriterion.h"
 #include "search/ChosenListCriterion.h"
-#include "search/ElidedLabel.h"
 #include "search/EventDateCriterion.h"
+#include "state/ProgramState.h"
+#include "widgets/ElidedLabel.h"
+#include "widgets/WaitCursor.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

@@ -3,7 +3,7 @@
 #include "platform/Platform.h"
 #include "search/AdvancedSearch.h"
 #include "search/CriterionControls.h"
-#include "search/SearchKind.h"
+#include "views/SearchKind.h"
 
 #include <QDialog>
 

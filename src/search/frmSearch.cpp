@@ -1,12 +1,12 @@
 #include "search/frmSearch.h"
 
-#include "app/ProgramState.h"
-#include "platform/LineEdit.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
-#include "platform/WaitCursor.h"
 #include "search/KeywordSearch.h"
 #include "search/LinkButton.h"
+#include "state/ProgramState.h"
+#include "widgets/LineEdit.h"
+#include "widgets/WaitCursor.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

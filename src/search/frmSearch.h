@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Platform.h"
-#include "search/SearchKind.h"
+#include "views/SearchKind.h"
 
 #include <QDialog>
 

@@ -1,7 +1,7 @@
 #include "timeline/EmptyWindowNotice.h"
 
-#include "browse/IconSet.h"
-#include "platform/PlainToolTip.h"
+#include "widgets/IconSet.h"
+#include "widgets/PlainToolTip.h"
 
 #include <QBoxLayout>
 #include <QLabel>

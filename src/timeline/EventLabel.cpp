@@ -1,6 +1,6 @@
 #include "timeline/EventLabel.h"
 
-#include "platform/PlainToolTip.h"
+#include "widgets/PlainToolTip.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>

@@ -1,9 +1,9 @@
 #include "timeline/Timeline.h"
 
-#include "app/ProgramState.h"
 #include "platform/Clock.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
+#include "state/ProgramState.h"
 #include "timeline/TimeWindowQuery.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "timeline/TimelinePanel.h"
 
-#include "browse/IconSet.h"
 #include "timeline/RulerStrip.h"
 #include "timeline/TimelinePicture.h"
+#include "widgets/IconSet.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

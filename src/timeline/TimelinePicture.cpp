@@ -1,11 +1,11 @@
 #include "timeline/TimelinePicture.h"
 
-#include "platform/PlainToolTip.h"
 #include "timeline/EmptyWindowNotice.h"
 #include "timeline/EventLabel.h"
 #include "timeline/EventMarker.h"
 #include "timeline/Timeline.h"
 #include "timeline/TimelineColours.h"
+#include "widgets/PlainToolTip.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>

@@ -1,4 +1,4 @@
-#include "app/AboutText.h"
+#include "help/AboutText.h"
 
 #include "support/TestDatabase.h"
 

@@ -1,4 +1,4 @@
-#include "files/ImportReport.h"
+#include "opening/ImportReport.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/StdREG.h"
+#include "platform/StdREG.h"
 
 #include "platform/IniSettingsStore.h"
 #include "support/ScriptedPlatform.h"

@@ -1,4 +1,4 @@
-#include "browse/EventTimes.h"
+#include "browse/list/EventTimes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "browse/clsView.h"
 #include "support/TestDatabase.h"
+#include "views/clsView.h"
 
 #include <QStringList>
 

@@ -1,8 +1,8 @@
-#include "browse/RecordList.h"
+#include "browse/list/RecordList.h"
 
-#include "browse/RowIconKeys.h"
-#include "data/StandardQueries.h"
+#include "browse/list/RowIconKeys.h"
 #include "support/TestDatabase.h"
+#include "views/StandardQueries.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
-#include "browse/RelatedViews.h"
+#include "views/RelatedViews.h"
 
-#include "data/StandardQueries.h"
 #include "support/TestDatabase.h"
+#include "views/StandardQueries.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "browse/ViewHistory.h"
+#include "views/ViewHistory.h"
 
 #include <QStringList>
 

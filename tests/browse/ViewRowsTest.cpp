@@ -2,16 +2,16 @@
 // the odd values that real collections hold.
 
 #include "browse/OddRows.h"
-#include "browse/RelatedViews.h"
 #include "chart/DocumentTypeCounts.h"
-#include "data/StandardQueries.h"
 #include "map/OrganizationPlaces.h"
 #include "search/AdvancedSearch.h"
 #include "search/KeywordSearch.h"
-#include "search/ShowOnlyViews.h"
 #include "support/TestDatabase.h"
 #include "timeline/Moments.h"
 #include "timeline/TimeWindowQuery.h"
+#include "views/RelatedViews.h"
+#include "views/ShowOnlyViews.h"
+#include "views/StandardQueries.h"
 
 #include <QMap>
 

@@ -1,6 +1,6 @@
-#include "data/StandardQueries.h"
 #include "data/StatementRows.h"
 #include "support/TestDatabase.h"
+#include "views/StandardQueries.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "data/StandardQueries.h"
 #include "data/StatementRows.h"
 #include "data/StatementTranslator.h"
 #include "support/TestDatabase.h"
+#include "views/StandardQueries.h"
 
 #include <QSet>
 #include <QStringList>

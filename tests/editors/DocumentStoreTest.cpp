@@ -1,4 +1,4 @@
-#include "editors/DocumentStore.h"
+#include "records/DocumentStore.h"
 
 #include "editors/EditorTest.h"
 
@@ -25,7 +25,7 @@ protected:
         return record;
     }
 
-    DocumentStore m_store{m_state, m_clock};
+    DocumentStore m_store{m_state.session, m_state.folder, m_clock};
 };
 
 TEST_F(DocumentStoreTest, TitlesThatAnActiveDocumentHasAreRefused)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/ProgramState.h"
 #include "data/ListEntry.h"
+#include "state/ProgramState.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
 

@@ -1,4 +1,4 @@
-#include "editors/EventStore.h"
+#include "records/EventStore.h"
 
 #include "editors/EditorTest.h"
 
@@ -23,7 +23,7 @@ protected:
         return record;
     }
 
-    EventStore m_store{m_state, m_clock};
+    EventStore m_store{m_state.session, m_clock};
 };
 
 TEST_F(EventStoreTest, DatesAndTimesGoInAndComeBackAsTheyAre)

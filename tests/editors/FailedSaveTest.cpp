@@ -1,7 +1,7 @@
-#include "editors/DocumentStore.h"
 #include "editors/EditorTest.h"
-#include "editors/EventStore.h"
-#include "editors/OrganizationStore.h"
+#include "records/DocumentStore.h"
+#include "records/EventStore.h"
+#include "records/OrganizationStore.h"
 
 #include <functional>
 #include <memory>
@@ -73,7 +73,7 @@ TEST_F(FailedSave, LeavesWhatWasWrittenAndIsCompleted)
                      {u"DocumentVenues"_s, document, 1},
                      {u"Document_HIST"_s, document, 1}},
                     [this] {
-                        DocumentStore store(m_state, m_clock);
+                        DocumentStore store(m_state.session, m_state.folder, m_clock);
                         DocumentRecord record = store.blank(std::nullopt);
                         record.documentName = u"Storm survey"_s;
                         record.originalFilename = userFile(u"survey.pdf"_s, "%PDF");
@@ -89,7 +89,7 @@ TEST_F(FailedSave, LeavesWhatWasWrittenAndIsCompleted)
                      {u"OrganizationEvents"_s, event, 1},
                      {u"Event_HIST"_s, event, 1}},
                     [this] {
-                        EventStore store(m_state, m_clock);
+                        EventStore store(m_state.session, m_clock);
                         EventRecord record = store.blank(std::nullopt);
                         record.eventName = u"Ice storm"_s;
                         check(record.venues, {12});
@@ -105,7 +105,7 @@ TEST_F(FailedSave, LeavesWhatWasWrittenAndIsCompleted)
                      {u"OrganizationVenues"_s, organization, 1},
                      {u"Organization_HIST"_s, organization, 1}},
                     [this] {
-                        OrganizationStore store(m_state, m_clock);
+                        OrganizationStore store(m_state.session, m_state.folder, m_clock);
                         OrganizationRecord record = store.blank();
                         record.organizationName = u"Ridge Patrol"_s;
                         check(record.venues, {2});

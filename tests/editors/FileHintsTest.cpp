@@ -1,4 +1,4 @@
-#include "editors/FileHints.h"
+#include "records/FileHints.h"
 
 #include "support/TextPrinting.h"
 

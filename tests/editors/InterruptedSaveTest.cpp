@@ -1,7 +1,7 @@
-#include "editors/DocumentStore.h"
 #include "editors/EditorTest.h"
-#include "editors/EventStore.h"
-#include "editors/OrganizationStore.h"
+#include "records/DocumentStore.h"
+#include "records/EventStore.h"
+#include "records/OrganizationStore.h"
 
 #include <QFile>
 
@@ -50,7 +50,7 @@ protected:
 
     void saveDocument(const QString& name)
     {
-        DocumentStore store(m_state, m_clock);
+        DocumentStore store(m_state.session, m_state.folder, m_clock);
         DocumentRecord record = store.blank(std::nullopt);
         record.documentName = name;
         record.documentDescription = u"x"_s;
@@ -66,7 +66,7 @@ protected:
 
     void saveEvent(const QString& name)
     {
-        EventStore store(m_state, m_clock);
+        EventStore store(m_state.session, m_clock);
         EventRecord record = store.blank(std::nullopt);
         record.eventName = name;
         record.notes = u"1"_s;
@@ -80,7 +80,7 @@ protected:
 
     void saveOrganization(const QString& name)
     {
-        OrganizationStore store(m_state, m_clock);
+        OrganizationStore store(m_state.session, m_state.folder, m_clock);
         OrganizationRecord record = store.blank();
         record.organizationName = name;
         record.notes = record.profile.volunteers = u"1"_s;

@@ -1,4 +1,4 @@
-#include "editors/OrganizationStore.h"
+#include "records/OrganizationStore.h"
 
 #include "editors/EditorTest.h"
 
@@ -23,7 +23,7 @@ protected:
         return record;
     }
 
-    OrganizationStore m_store{m_state, m_clock};
+    OrganizationStore m_store{m_state.session, m_state.folder, m_clock};
 };
 
 TEST_F(OrganizationStoreTest, AnOrganizationWithoutAProfileGetsOne)

@@ -1,5 +1,5 @@
 #include "editors/EditorTest.h"
-#include "editors/PickedEntries.h"
+#include "records/PickedEntries.h"
 
 using namespace Qt::StringLiterals;
 

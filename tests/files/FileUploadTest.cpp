@@ -80,8 +80,8 @@ protected:
 
     QTemporaryDir m_place;
     QString m_documents = m_place.filePath(u"data/documents/"_s);
-    ProgramState m_state{ProgramFolder(m_place.path())};
-    FileUpload m_upload{m_state};
+    ProgramFolder m_folder{m_place.path()};
+    FileUpload m_upload{m_folder};
 };
 
 TEST_F(FileUploadTest, APlainFileIsCopiedUnderItsNumber)
@@ -209,7 +209,7 @@ TEST_F(FileUploadTest, AFolderInTheWayOrRoundTheDocumentsIsLeftAlone)
     EXPECT_EQ(errorNumberOf([&] { m_upload.convertDocument(write(u"a.pdf"_s, "x"), 57); }), EISDIR);
     EXPECT_EQ(storedNames(), u"57.pdf 57.pdf/kept.txt"_s);
 
-    const ProgramState inside{ProgramFolder(m_place.filePath(u"page_files"_s))};
+    const ProgramFolder inside(m_place.filePath(u"page_files"_s));
     const QString documents = m_place.filePath(u"page_files/data/documents"_s);
     QDir().mkpath(documents);
     EXPECT_EQ(errorNumberOf([&] { FileUpload(inside).convertDocument(write(u"page.htm"_s, "x"), 57); }),

@@ -1,4 +1,4 @@
-#include "files/HelpFile.h"
+#include "help/HelpFile.h"
 #include "support/TestFiles.h"
 #include "support/TextPrinting.h"
 

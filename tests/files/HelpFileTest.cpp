@@ -1,4 +1,4 @@
-#include "files/HelpFile.h"
+#include "help/HelpFile.h"
 
 #include "support/ScriptedPlatform.h"
 #include "support/TestFiles.h"

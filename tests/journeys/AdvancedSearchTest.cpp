@@ -1,7 +1,7 @@
 #include "Journey.h"
 #include "search/LinkButton.h"
-#include "search/RecordPicker.h"
 #include "search/SearchCommands.h"
+#include "views/RecordPicker.h"
 
 #include <QCheckBox>
 #include <QDateEdit>

@@ -1,7 +1,7 @@
 #include "Journey.h"
-#include "browse/IconSet.h"
-#include "browse/RecordList.h"
-#include "platform/ReadablePalette.h"
+#include "browse/list/RecordList.h"
+#include "widgets/IconSet.h"
+#include "widgets/ReadablePalette.h"
 
 #include <QAbstractButton>
 #include <QApplication>

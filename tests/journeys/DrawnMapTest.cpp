@@ -1,6 +1,6 @@
 #include "MapJourney.h"
-#include "app/StdREG.h"
 #include "map/MapProjection.h"
+#include "platform/StdREG.h"
 
 #include <QImage>
 #include <QListWidget>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Main_Mod.h"
-#include "browse/frmMain.h"
+#include "browse/window/frmMain.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
 

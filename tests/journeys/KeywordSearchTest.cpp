@@ -1,7 +1,7 @@
 #include "Dialogs.h"
 #include "Journey.h"
-#include "platform/ReadablePalette.h"
 #include "search/LinkButton.h"
+#include "widgets/ReadablePalette.h"
 
 #include <QDialog>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
 #include "Journey.h"
-#include "browse/RecordListModel.h"
-#include "browse/RecordListView.h"
+#include "browse/list/RecordListModel.h"
+#include "browse/list/RecordListView.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>

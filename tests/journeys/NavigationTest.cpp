@@ -1,5 +1,5 @@
 #include "Journey.h"
-#include "app/StdREG.h"
+#include "platform/StdREG.h"
 
 #include <QHeaderView>
 #include <QMenu>

@@ -1,6 +1,6 @@
 #include "Journey.h"
-#include "app/StdREG.h"
-#include "app/frmImport.h"
+#include "opening/frmImport.h"
+#include "platform/StdREG.h"
 #include "support/TestFiles.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
 #include "Journey.h"
-#include "browse/RecordListModel.h"
+#include "browse/list/RecordListModel.h"
 
 #include <QClipboard>
 #include <QDir>

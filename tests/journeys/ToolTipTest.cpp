@@ -3,8 +3,8 @@
 #include "editors/LinkList.h"
 #include "editors/PickListModel.h"
 #include "map/MapView.h"
-#include "search/ElidedLabel.h"
 #include "search/LinkButton.h"
+#include "widgets/ElidedLabel.h"
 
 #include <QHelpEvent>
 #include <QListWidget>

@@ -1,4 +1,4 @@
-#include "browse/IconSet.h"
+#include "widgets/IconSet.h"
 
 #include <QApplication>
 

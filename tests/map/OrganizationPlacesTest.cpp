@@ -1,8 +1,8 @@
 #include "map/OrganizationPlaces.h"
 
-#include "data/StandardQueries.h"
 #include "map/LegendLines.h"
 #include "support/TestDatabase.h"
+#include "views/StandardQueries.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/ReadablePalette.h"
+#include "widgets/ReadablePalette.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "data/DatabaseSession.h"
-#include "data/StandardQueries.h"
 #include "map/OrganizationPlaces.h"
-#include "search/ShowOnlyViews.h"
+#include "views/ShowOnlyViews.h"
+#include "views/StandardQueries.h"
 
 #include <QFile>
 #include <QSet>

@@ -1,9 +1,9 @@
 #include "search/AdvancedSearch.h"
 
-#include "search/clsDocFilter.h"
-#include "search/clsEventFilter.h"
-#include "search/clsOrgFilter.h"
 #include "support/TestDatabase.h"
+#include "views/clsDocFilter.h"
+#include "views/clsEventFilter.h"
+#include "views/clsOrgFilter.h"
 
 #include <gtest/gtest.h>
 

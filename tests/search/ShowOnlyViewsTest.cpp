@@ -1,9 +1,9 @@
-#include "search/ShowOnlyViews.h"
+#include "views/ShowOnlyViews.h"
 
-#include "data/StandardQueries.h"
-#include "map/clsCities.h"
 #include "search/AdvancedSearch.h"
 #include "support/TestDatabase.h"
+#include "views/StandardQueries.h"
+#include "views/clsCities.h"
 
 #include <QStringList>
 

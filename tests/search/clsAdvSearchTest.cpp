@@ -1,4 +1,4 @@
-#include "search/clsAdvSearch.h"
+#include "views/clsAdvSearch.h"
 
 #include "support/TestDatabase.h"
 

@@ -1,6 +1,6 @@
 #include "support/ScriptedPlatform.h"
 
-#include "app/StdREG.h"
+#include "platform/StdREG.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "opening/DatabaseConverter.h"
 #include "platform/Clock.h"
-#include "platform/DatabaseConverter.h"
 #include "platform/FileAttributes.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"

@@ -1,10 +1,10 @@
 #include "timeline/TimeWindowQuery.h"
 
 #include "data/EngineRules.h"
-#include "data/StandardQueries.h"
 #include "data/StatementTranslator.h"
 #include "support/TestDatabase.h"
 #include "timeline/Moments.h"
+#include "views/StandardQueries.h"
 
 #include <QRegularExpression>
 

@@ -1,6 +1,6 @@
 #include "timeline/Timeline.h"
 
-#include "app/ProgramState.h"
+#include "state/ProgramState.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
 #include "timeline/Moments.h"

@@ -5,9 +5,9 @@
 #include "GuidePictures.h"
 #include "QuietDesktop.h"
 #include "app/Main_Mod.h"
-#include "app/StdREG.h"
-#include "browse/IconSet.h"
-#include "browse/frmMain.h"
+#include "browse/window/frmMain.h"
+#include "platform/StdREG.h"
+#include "widgets/IconSet.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,0 +1,340 @@
+#include "browse/list/ListPane.h"
+
+#include "browse/list/RecordListView.h"
+#include "data/DatabaseSession.h"
+#include "platform/StdREG.h"
+#include "views/ViewHistory.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int twipsPerPixel = 15;
+constexpr int defaultWidth = 96;
+constexpr int rowsBetweenYields = 500;
+constexpr int widestColumn = 4000;
+constexpr int widestAuthors = 400;
+
+QString section()
+{
+    return QStringLiteral("Window");
+}
+
+QString widthsName(ViewKind kind)
+{
+    return QStringLiteral("Columns%1").arg(static_cast<int>(kind));
+}
+
+} // namespace
+
+ListPane::ListPane(DatabaseSession& session, ViewHistory& history, const QString& documentsFolder,
+                   QWidget* parent)
+    : QWidget(parent),
+      m_session(session),
+      m_history(history),
+      m_iconKeys(session, documentsFolder),
+      m_model(new RecordListModel(m_iconKeys, m_icons, this)),
+      m_view(new RecordListView(this)),
+      m_list(std::make_shared<RecordList>(ViewKind::Home))
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_view);
+    m_view->setModel(m_model);
+    setFocusProxy(m_view);
+    connect(m_view->header(), &QHeaderView::sectionClicked, this, &ListPane::sortBy);
+    connect(m_view, &RecordListView::widthChosen, this, [this](int column, int width) {
+        chosenWidths(m_list->kind()).at(static_cast<std::size_t>(column)) = width;
+    });
+    connect(m_view, &QAbstractItemView::pressed, this, &ListPane::announce);
+    connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ListPane::noteSelected);
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current) {
+                const bool isSelected = m_view->selectionModel()->isSelected(current);
+                if (isSelected && m_history.selected() != m_model->identifier(current.row())) noteSelected();
+                // a press announces itself, so that a row that is current already can be chosen again
+                if (QGuiApplication::mouseButtons() == Qt::NoButton) announce(current);
+            });
+}
+
+bool ListPane::fill(ViewKind kind, std::size_t entry, const QString& statement)
+{
+    begin(kind, entry);
+    const std::uint64_t token = m_token;
+    const auto list = m_list;
+    try {
+        if (!readRows(statement, list)) return false;
+    } catch (...) {
+        if (token == m_token) finish();
+        throw;
+    }
+    finish();
+    return true;
+}
+
+bool ListPane::readRows(const QString& statement, const std::shared_ptr<RecordList>& list)
+{
+    const std::uint64_t token = m_token;
+    RecordSet rows = m_session.read(statement);
+    list->beginReading(rows);
+    int counter = 0;
+    while (rows.next()) {
+        list->append(rows);
+        if (counter < rowsBetweenYields) {
+            ++counter;
+            continue;
+        }
+        counter = 0;
+        m_model->publish();
+        QCoreApplication::processEvents();
+        if (token != m_token) return false;
+    }
+    return true;
+}
+
+void ListPane::stop()
+{
+    ++m_token;
+    m_filling = false;
+}
+
+void ListPane::forget()
+{
+    stop();
+    m_remembered.clear();
+    m_entry = 0;
+}
+
+void ListPane::begin(ViewKind kind, std::size_t entry)
+{
+    if (!m_filling && m_entry != 0) rememberPlace();
+    ++m_token;
+    m_filling = true;
+    m_entry = entry;
+    m_list = std::make_shared<RecordList>(kind);
+    m_model->setList(m_list);
+    Q_EMIT selectionChanged();
+    m_view->scrollToTop();
+    applyWidths();
+    const auto& sort = m_remembered[entry].sort;
+    m_view->header()->setSortIndicatorShown(sort.has_value());
+    if (sort)
+        m_view->header()->setSortIndicator(sort->column,
+                                           sort->descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void ListPane::finish()
+{
+    m_model->publishAll();
+    fitAuthors();
+    if (m_remembered[m_entry].sort) applySort();
+    restorePlace();
+    m_filling = false;
+    // what the list does not show is selected no longer
+    tellHistory(selectedRecord());
+}
+
+void ListPane::rememberPlace()
+{
+    Remembered& remembered = m_remembered[m_entry];
+    const QModelIndex top = m_view->indexAt({0, 0});
+    remembered.top = top.isValid() ? std::optional(m_model->identifier(top.row())) : std::nullopt;
+}
+
+/// Goes back to where the user was in this view, unless they went elsewhere while it was read.
+void ListPane::restorePlace()
+{
+    const Remembered remembered = m_remembered[m_entry];
+    const int scrolledTo = m_view->verticalScrollBar()->value();
+    if (selectedRecord()) return;
+    showSelected();
+    if (scrolledTo != 0) {
+        m_view->verticalScrollBar()->setValue(scrolledTo);
+        return;
+    }
+    const int top = remembered.top ? m_model->rowOf(*remembered.top) : -1;
+    if (top >= 0) m_view->scrollTo(m_model->index(top, 0), QAbstractItemView::PositionAtTop);
+}
+
+std::vector<int>& ListPane::chosenWidths(ViewKind kind)
+{
+    std::vector<int>& widths = m_widths[kind];
+    widths.resize(listColumns(kind).size());
+    return widths;
+}
+
+void ListPane::applyWidths()
+{
+    const auto& columns = listColumns(m_list->kind());
+    const std::vector<int>& chosen = chosenWidths(m_list->kind());
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        int width = columns[i].widthInTwips == 0 ? defaultWidth : columns[i].widthInTwips / twipsPerPixel;
+        if (chosen[i] != 0) width = chosen[i];
+        m_view->setWidth(static_cast<int>(i), width);
+    }
+}
+
+/// Authors are mostly longer than the width of a column of which none is said.
+void ListPane::fitAuthors()
+{
+    constexpr int authorColumn = 2;
+    if (m_list->kind() != ViewKind::Documents || chosenWidths(ViewKind::Documents)[authorColumn] != 0) return;
+    const int needed = m_view->widthNeeded(authorColumn);
+    m_view->setWidth(authorColumn, std::clamp(needed, defaultWidth, widestAuthors));
+}
+
+void ListPane::sortBy(int column)
+{
+    std::optional<ListSort>& sort = m_remembered[m_entry].sort;
+    sort = ListSort{column, sort && sort->column == column && !sort->descending};
+    m_view->header()->setSortIndicatorShown(true);
+    m_view->header()->setSortIndicator(column, sort->descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    // a list that is still being read is sorted once it is whole
+    if (!m_filling) applySort();
+}
+
+void ListPane::applySort()
+{
+    m_model->order(m_remembered[m_entry].sort);
+    if (m_view->currentIndex().isValid()) m_view->scrollTo(m_view->currentIndex());
+}
+
+std::optional<qint64> ListPane::selectedRecord() const
+{
+    const QModelIndex current = m_view->currentIndex();
+    // a list that gets the focus makes its first row current, which is nobody's choice
+    if (current.isValid() && m_view->selectionModel()->isSelected(current))
+        return m_model->identifier(current.row());
+    const QItemSelection selection = m_view->selectionModel()->selection();
+    if (selection.isEmpty()) return std::nullopt;
+    const auto first = std::min_element(
+        selection.begin(), selection.end(),
+        [](const QItemSelectionRange& a, const QItemSelectionRange& b) { return a.top() < b.top(); });
+    return m_model->identifier(first->top());
+}
+
+/// The history is elsewhere while a page is shown in the list's place.
+void ListPane::tellHistory(std::optional<qint64> selected)
+{
+    if (m_entry != 0 && m_entry == m_history.current()) m_history.select(selected);
+}
+
+void ListPane::noteSelected()
+{
+    if (!m_selecting) tellHistory(selectedRecord());
+    Q_EMIT selectionChanged();
+}
+
+bool ListPane::select(qint64 identifier)
+{
+    const int row = m_model->rowOf(identifier);
+    if (row < 0) return false;
+    tellHistory(identifier);
+    const QScopedValueRollback selecting(m_selecting, true);
+    const QModelIndex index = m_model->index(row, 0);
+    m_view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                         QItemSelectionModel::Rows);
+    m_view->scrollTo(index);
+    return true;
+}
+
+void ListPane::select(const std::vector<qint64>& identifiers)
+{
+    std::vector<int> rows;
+    for (const qint64 identifier : identifiers) {
+        if (const int row = m_model->rowOf(identifier); row >= 0) rows.push_back(row);
+    }
+    if (rows.empty()) return clearSelection();
+    std::sort(rows.begin(), rows.end());
+    tellHistory(m_model->identifier(rows.front()));
+    const QScopedValueRollback selecting(m_selecting, true);
+    QItemSelection selection;
+    for (const int row : rows)
+        selection.append(QItemSelectionRange(m_model->index(row, 0)));
+    const QModelIndex first = m_model->index(rows.front(), 0);
+    m_view->selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    m_view->selectionModel()->select(selection,
+                                     QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    m_view->scrollTo(first);
+}
+
+void ListPane::clearSelection()
+{
+    tellHistory(std::nullopt);
+    const QScopedValueRollback selecting(m_selecting, true);
+    m_view->clearSelection();
+    Q_EMIT selectionChanged();
+}
+
+void ListPane::showSelected()
+{
+    const std::optional<qint64> selected = m_history.selected();
+    if (selected && select(*selected)) return;
+    clearSelection();
+    // a list that is still being read may yet come to it
+    if (m_filling) tellHistory(selected);
+}
+
+void ListPane::announce(const QModelIndex& index)
+{
+    if (m_selecting || m_filling || !index.isValid()) return;
+    if (m_view->selectionModel()->isSelected(index)) Q_EMIT chosen(m_model->identifier(index.row()));
+}
+
+std::size_t ListPane::selectedCount() const
+{
+    std::size_t count = 0;
+    for (const QItemSelectionRange& range : m_view->selectionModel()->selection())
+        count += static_cast<std::size_t>(range.height());
+    return count;
+}
+
+std::vector<SelectedRecord> ListPane::selectedRecords() const
+{
+    std::vector<SelectedRecord> records;
+    for (const int row : m_view->selectedRows()) {
+        const std::size_t source = m_model->source(row);
+        records.push_back({m_model->identifier(row), m_list->text(source, 0), m_list->fileLocation(source),
+                           m_model->iconKey(row)});
+    }
+    return records;
+}
+
+void ListPane::restoreWidths(SettingsStore& settings)
+{
+    for (const ViewKind kind : {ViewKind::Documents, ViewKind::Events, ViewKind::Organizations}) {
+        const QStringList saved = StdREG(settings).GetRegString(section(), widthsName(kind)).split(u' ');
+        std::vector<int> widths;
+        for (const QString& width : saved) {
+            const int pixels = width.toInt();
+            widths.push_back(
+                pixels <= 0 ? 0 : std::clamp(pixels, m_view->header()->minimumSectionSize(), widestColumn));
+        }
+        if (widths.size() == listColumns(kind).size()) m_widths[kind] = widths;
+    }
+}
+
+void ListPane::saveWidths(SettingsStore& settings)
+{
+    for (const auto& [kind, widths] : m_widths) {
+        if (widths.empty()) continue;
+        QStringList texts;
+        for (const int width : widths)
+            texts << QString::number(width);
+        StdREG(settings).WriteRegString(section(), widthsName(kind), texts.join(u' '));
+    }
+}
+
+void ListPane::refreshIcons()
+{
+    m_icons.clear();
+    m_view->viewport()->update();
+}

@@ -1,0 +1,125 @@
+#include "browse/list/RecordListModel.h"
+
+#include "widgets/IconSet.h"
+#include "widgets/PlainToolTip.h"
+
+#include <algorithm>
+
+RecordListModel::RecordListModel(RowIconKeys& iconKeys, IconSet& icons, QObject* parent)
+    : QAbstractTableModel(parent),
+      m_iconKeys(iconKeys),
+      m_icons(icons),
+      m_list(std::make_shared<const RecordList>(ViewKind::Home))
+{
+}
+
+void RecordListModel::setList(std::shared_ptr<const RecordList> list)
+{
+    beginResetModel();
+    m_list = std::move(list);
+    m_known = 0;
+    m_order.clear();
+    m_iconKeys.clear();
+    endResetModel();
+}
+
+void RecordListModel::publish()
+{
+    if (m_known == 0 || m_list->count() >= 2 * static_cast<std::size_t>(m_known)) publishAll();
+}
+
+void RecordListModel::publishAll()
+{
+    const int count = static_cast<int>(m_list->count());
+    if (count == m_known) return;
+    beginInsertRows({}, m_known, count - 1);
+    m_known = count;
+    endInsertRows();
+}
+
+void RecordListModel::order(const std::optional<ListSort>& sort)
+{
+    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
+    const QModelIndexList before = persistentIndexList();
+    std::vector<std::size_t> sources;
+    sources.reserve(static_cast<std::size_t>(before.size()));
+    for (const QModelIndex& index : before)
+        sources.push_back(source(index.row()));
+
+    m_order = sort ? m_list->sorted(sort->column, sort->descending) : std::vector<std::uint32_t>();
+
+    std::vector<int> rows(m_list->count());
+    for (int row = 0; row < m_known; ++row)
+        rows[source(row)] = row;
+    QModelIndexList after;
+    for (qsizetype i = 0; i < before.size(); ++i) {
+        after << index(rows[sources[static_cast<std::size_t>(i)]], before[i].column());
+    }
+    changePersistentIndexList(before, after);
+    Q_EMIT layoutChanged({}, VerticalSortHint);
+}
+
+std::size_t RecordListModel::source(int row) const
+{
+    const auto index = static_cast<std::size_t>(row);
+    return m_order.empty() ? index : m_order[index];
+}
+
+int RecordListModel::rowOf(qint64 identifier) const
+{
+    for (int row = 0; row < m_known; ++row) {
+        if (this->identifier(row) == identifier) return row;
+    }
+    return -1;
+}
+
+QString RecordListModel::iconKey(int row) const
+{
+    return m_iconKeys.key(*m_list, source(row));
+}
+
+int RecordListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_known;
+}
+
+int RecordListModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(listColumns(m_list->kind()).size());
+}
+
+bool RecordListModel::marksKeys(int column) const
+{
+    return column == 1 && m_list->kind() != ViewKind::Organizations;
+}
+
+QVariant RecordListModel::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+    const std::size_t row = source(index.row());
+    switch (role) {
+    case Qt::DisplayRole:
+        return m_list->text(row, index.column());
+    case Qt::ToolTipRole:
+        return PlainToolTip::text(m_list->toolTip(row, index.column()));
+    case Qt::AccessibleTextRole:
+        return marksKeys(index.column()) ? m_list->toolTip(row, index.column())
+                                         : m_list->text(row, index.column());
+    case Qt::DecorationRole:
+        if (index.column() == 0) return m_icons.icon(m_iconKeys.key(*m_list, row));
+        if (marksKeys(index.column()) && m_list->isKey(row)) return m_icons.icon(QStringLiteral("isKey"));
+        return {};
+    default:
+        return {};
+    }
+}
+
+QVariant RecordListModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section >= columnCount()) return {};
+    if (role == Qt::DisplayRole) return listColumns(m_list->kind())[static_cast<std::size_t>(section)].title;
+    if (!marksKeys(section)) return {};
+    if (role == Qt::DecorationRole) return m_icons.icon(QStringLiteral("isKey"));
+    if (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) return QStringLiteral("Key records");
+    return {};
+}

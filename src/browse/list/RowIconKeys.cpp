@@ -1,0 +1,55 @@
+#include "browse/list/RowIconKeys.h"
+
+#include "data/DatabaseSession.h"
+#include "files/ProgramFolder.h"
+#include "util/Error.h"
+
+void RowIconKeys::clear()
+{
+    m_keys.clear();
+    m_documents.reset();
+}
+
+QString RowIconKeys::key(const RecordList& list, std::size_t row)
+{
+    if (m_keys.size() <= row) m_keys.resize(list.count());
+    if (m_keys[row].isNull()) m_keys[row] = look(list, row);
+    return m_keys[row];
+}
+
+QString RowIconKeys::look(const RecordList& list, std::size_t row)
+{
+    switch (list.kind()) {
+    case ViewKind::Documents:
+        if (!m_documents) m_documents.emplace(m_documentsFolder);
+        return list.documentIcon(row, isInFolder(list.fileLocation(row)));
+    case ViewKind::Events:
+        return QStringLiteral("Event");
+    case ViewKind::Organizations:
+        return hasChart(list.identifier(row)) ? QStringLiteral("Organization_cd")
+                                              : QStringLiteral("Organization_wc");
+    case ViewKind::Home:
+    case ViewKind::SearchResults:
+        break;
+    }
+    return QStringLiteral("");
+}
+
+/// Whether the command that opens the document would find its file there.
+bool RowIconKeys::isInFolder(const QString& fileName) const
+{
+    return ProgramFolder::isPlainName(fileName) && m_documents->contains(fileName);
+}
+
+bool RowIconKeys::hasChart(qint64 organization)
+{
+    try {
+        const RecordTable profiles = m_session.readAll(
+            QStringLiteral("SELECT ChartOption FROM OrganizationProfile WHERE OrganizationProfileID = ") +
+            QString::number(organization));
+        return profiles.count() == 1 && profiles.integer(0, u"ChartOption") != 0;
+    } catch (const Error&) {
+        // asked for while the list is painted: the list's own statement reports what is wrong with the file
+        return false;
+    }
+}

@@ -1,0 +1,66 @@
+#include "browse/window/HomePage.h"
+
+#include "browse/window/HomeButton.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int buttonSpacing = 20;
+constexpr int titleSpacing = 28;
+
+} // namespace
+
+HomePage::HomePage(QWidget* parent)
+    : QWidget(parent), m_subtitle(new QLabel(this)), m_buttons(new QHBoxLayout)
+{
+    setObjectName(QStringLiteral("pnlHome"));
+    setAccessibleName(tr("Home page"));
+
+    auto* title = new QLabel(tr("Orvik Database"), this);
+    QFont font = title->font();
+    font.setPointSizeF(font.pointSizeF() * 2.2);
+    font.setBold(true);
+    title->setFont(font);
+    title->setAlignment(Qt::AlignHCenter);
+    m_subtitle->setAlignment(Qt::AlignHCenter);
+    m_subtitle->setTextFormat(Qt::PlainText);
+
+    m_buttons->setSpacing(buttonSpacing);
+    m_buttons->addStretch();
+    addButton(0, QStringLiteral("home-documents"), tr("&Documents"),
+              tr("Reports, publications and pictures"));
+    addButton(1, QStringLiteral("home-events"), tr("&Events"), tr("What happened, and when"));
+    addButton(2, QStringLiteral("home-organizations"), tr("&Organizations"),
+              tr("Who took part, and where they are"));
+    addButton(3, QStringLiteral("home-search"), tr("Sear&ch"), tr("Find words in records of every kind"));
+    addButton(4, QStringLiteral("home-help"), tr("Hel&p"), tr("How to do what, in the user's guide"));
+    m_buttons->addStretch();
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addStretch(2);
+    layout->addWidget(title);
+    layout->addWidget(m_subtitle);
+    layout->addSpacing(titleSpacing);
+    layout->addLayout(m_buttons);
+    layout->addStretch(3);
+}
+
+void HomePage::setSubtitle(const QString& text)
+{
+    m_subtitle->setText(text);
+}
+
+void HomePage::addButton(int index, const QString& picture, const QString& caption,
+                         const QString& explanation)
+{
+    auto* button =
+        new HomeButton(QStringLiteral(":/pictures/%1.svg").arg(picture), caption, explanation, this);
+    button->setObjectName(QStringLiteral("Image1(%1)").arg(index));
+    QString name = caption;
+    button->setAccessibleName(name.remove(u'&'));
+    connect(button, &QAbstractButton::clicked, this, [this, index] { Q_EMIT chosen(index); });
+    m_buttons->addWidget(button);
+}

@@ -1,0 +1,100 @@
+#include "browse/window/RecordCommands.h"
+
+#include "browse/list/ListPane.h"
+#include "browse/list/RecordListView.h"
+#include "browse/window/CommandState.h"
+#include "browse/window/MainCommands.h"
+#include "editors/FileDrop.h"
+#include "editors/RecordEditors.h"
+
+#include <QMenu>
+#include <QToolBar>
+
+#include <algorithm>
+
+RecordCommands::RecordCommands(const MainCommands& commands, ListPane& list, RecordEditors& editors,
+                               QWidget& window)
+    : QObject(&window), m_commands(commands), m_list(list), m_editors(editors)
+{
+    connectAdditions();
+    connectList();
+    acceptFiles(window);
+}
+
+void RecordCommands::connectAdditions()
+{
+    connect(m_commands.mnuRecordAddNewDocument, &QAction::triggered, this,
+            [this] { m_editors.addDocument(); });
+    connect(m_commands.mnuRecordAddNewEvent, &QAction::triggered, this, [this] { m_editors.addEvent(); });
+    connect(m_commands.mnuRecordAddNewOrganization, &QAction::triggered, this,
+            [this] { m_editors.addOrganization(); });
+    connect(m_commands.mnuRecordAdd, &QAction::triggered, this, [this] {
+        const QWidget* button = m_commands.tbToolBar->widgetForAction(m_commands.mnuRecordAdd);
+        m_commands.mnuAddKinds->popup(button->mapToGlobal(button->rect().bottomLeft()));
+    });
+}
+
+void RecordCommands::connectList()
+{
+    connect(m_commands.mnuRecordEdit, &QAction::triggered, this, [this] { run(&RecordEditors::edit); });
+    connect(m_commands.mnuRecordView, &QAction::triggered, this, [this] { run(&RecordEditors::view); });
+    connect(m_commands.mnuRecordDelete, &QAction::triggered, this, &RecordCommands::remove);
+    connect(&m_list.view(), &QAbstractItemView::doubleClicked, m_commands.mnuRecordView, &QAction::trigger);
+    // these keys mean something else wherever a text is typed
+    for (QAction* action : {m_commands.mnuRecordView, m_commands.mnuRecordDelete}) {
+        action->setShortcutContext(Qt::WidgetShortcut);
+        m_list.view().addAction(action);
+    }
+}
+
+void RecordCommands::acceptFiles(QWidget& window)
+{
+    auto* drop = new FileDrop(&window);
+    connect(drop, &FileDrop::dropped, this, [this](const QString& file) {
+        if (m_commands.mnuRecordAddNewDocument->isEnabled()) m_editors.addDocument({}, file);
+    });
+    connect(drop, &FileDrop::severalDropped, this, [this] { m_editors.refuseSeveralFiles(); });
+}
+
+void RecordCommands::run(OpenRecord open)
+{
+    if (const auto record = m_list.selectedRecord()) (m_editors.*open)(m_list.kind(), *record);
+}
+
+void RecordCommands::remove()
+{
+    std::vector<ListEntry> records;
+    for (const SelectedRecord& record : m_list.selectedRecords())
+        records.push_back({record.name, record.identifier});
+    const QList<int> rows = m_list.view().selectedRows();
+    m_rowOfDeleted = rows.isEmpty() ? -1 : rows.front();
+    m_editors.remove(m_list.kind(), records);
+    m_rowOfDeleted = -1;
+}
+
+void RecordCommands::enable(const QString& unwritable, const QString& hindrance)
+{
+    for (QAction* action : {m_commands.mnuRecordAdd, m_commands.mnuRecordAddNewDocument,
+                            m_commands.mnuRecordAddNewEvent, m_commands.mnuRecordAddNewOrganization}) {
+        enableUnless(*action, unwritable);
+    }
+    const std::size_t count = m_list.selectedCount();
+    const QString nothing = count > 0 ? hindrance : tr("Select a record first.");
+    const QString notOne = count > 1 ? tr("Select a single record.") : nothing;
+    const auto first = [](std::initializer_list<QString> reasons) {
+        const auto* const found = std::find_if(reasons.begin(), reasons.end(),
+                                               [](const QString& reason) { return !reason.isEmpty(); });
+        return found == reasons.end() ? QString() : *found;
+    };
+    enableUnless(*m_commands.mnuRecordView, first({hindrance, notOne}));
+    enableUnless(*m_commands.mnuRecordEdit, first({unwritable, hindrance, notOne}));
+    enableUnless(*m_commands.mnuRecordDelete, first({unwritable, hindrance, nothing}));
+}
+
+void RecordCommands::selectAfterChange(ViewKind kind, qint64 saved)
+{
+    if (kind != m_list.kind() || (saved >= 0 && m_list.select(saved))) return;
+    if (m_rowOfDeleted < 0 || m_list.selectedRecord()) return;
+    const int last = m_list.model().rowCount() - 1;
+    if (last >= 0) m_list.select(m_list.model().identifier(std::min(m_rowOfDeleted, last)));
+}

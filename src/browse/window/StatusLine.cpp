@@ -1,0 +1,59 @@
+#include "browse/window/StatusLine.h"
+
+#include "util/ReadableLine.h"
+#include "widgets/ElidedLabel.h"
+
+#include <QMainWindow>
+#include <QStatusBar>
+
+namespace {
+
+constexpr int gap = 16; ///< pixels between two counts
+
+} // namespace
+
+StatusLine::StatusLine(QMainWindow& window)
+    : QObject(&window),
+      m_view(new QLabel(&window)),
+      m_saved(new ElidedLabel(&window)),
+      m_selection(new QLabel(&window)),
+      m_status(new QLabel(&window))
+{
+    m_view->setObjectName(QStringLiteral("pnlView"));
+    m_view->setTextFormat(Qt::PlainText);
+    m_view->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_saved->setObjectName(QStringLiteral("pnlSaved"));
+    m_selection->setObjectName(QStringLiteral("pnlSelection"));
+    m_status->setObjectName(QStringLiteral("pnlStatus"));
+    QStatusBar& bar = *window.statusBar();
+    bar.addWidget(m_view, 1);
+    m_selection->setContentsMargins(0, 0, gap, 0);
+    bar.addPermanentWidget(m_saved, 1);
+    bar.addPermanentWidget(m_selection);
+    bar.addPermanentWidget(m_status);
+    m_saved->hide();
+    m_selection->hide();
+}
+
+void StatusLine::showView(const QString& caption, const QString& count)
+{
+    m_view->setText(caption);
+    m_status->setText(count);
+    m_saved->clear();
+    m_saved->hide();
+}
+
+void StatusLine::showSaved(ViewKind kind, const QString& name)
+{
+    const QString what = kind == ViewKind::Documents ? tr("Document")
+                         : kind == ViewKind::Events  ? tr("Event")
+                                                     : tr("Organization");
+    m_saved->setLine(tr("Saved: %1 \"%2\"").arg(what, readableLine(name)));
+    m_saved->show();
+}
+
+void StatusLine::showSelected(std::size_t rows)
+{
+    m_selection->setText(rows == 1 ? tr("1 row selected") : tr("%1 rows selected").arg(rows));
+    m_selection->setVisible(rows > 0);
+}

@@ -1,8 +1,0 @@
-#include "editors/RecordIdentifier.h"
-
-#include "editors/clsPickListItem.h"
-
-std::int16_t recordIdentifier(qint64 identifier)
-{
-    return clsPickListItem::of(identifier, {}).itemID;
-}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "help/HelpFile.h"
+#include "platform/Platform.h"
+
+#include <QObject>
+
+class QAction;
+class QMainWindow;
+class QToolBar;
+struct ProgramState;
+
+/// The Help menu with its commands, the toolbar's Help button, and the F1 key in the dialogs, which opens the
+/// chapter about the dialog. Lives as long as the main window.
+class HelpCommands final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Adds the menu and the button behind those that the window has. The state must outlive the window.
+    HelpCommands(QMainWindow& window, QToolBar& toolBar, const Platform& platform, ProgramState& state);
+    ~HelpCommands() override;
+
+    QAction* mnuHelpContents;
+    QAction* mnuSearchForHelpOn;
+    QAction* mnuHelpAbout;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QAction* add(const QString& name, const QString& text, const QString& icon, const QString& statusTip);
+    void makeMenu();
+    void makeButton(QToolBar& toolBar);
+    void open(const QString& procedure, HelpChapter chapter);
+    void showAbout();
+
+    QMainWindow& m_window;
+    Platform m_platform;
+    ProgramState& m_state;
+    HelpFile m_help;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+/// A colour of the palette, in parts of 255.
+struct PaletteColour
+{
+    std::uint8_t red = 0;
+    std::uint8_t green = 0;
+    std::uint8_t blue = 0;
+};
+
+/// The sixteen colours by which functions are told apart; black first, white last.
+inline constexpr std::array<PaletteColour, 16> colourPalette{{{0, 0, 0},
+                                                              {0, 0, 255},
+                                                              {0, 128, 0},
+                                                              {255, 0, 0},
+                                                              {0, 0, 128},
+                                                              {128, 0, 128},
+                                                              {0, 128, 128},
+                                                              {192, 192, 192},
+                                                              {128, 128, 128},
+                                                              {128, 128, 0},
+                                                              {0, 255, 0},
+                                                              {255, 255, 0},
+                                                              {128, 0, 0},
+                                                              {255, 0, 255},
+                                                              {0, 255, 255},
+                                                              {255, 255, 255}}};

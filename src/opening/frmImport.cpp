@@ -1,0 +1,134 @@
+#include "opening/frmImport.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileInfo>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int dialogWidth = 480;
+constexpr int patienceMilliseconds = 3000;
+constexpr int crashNumber = 5;
+
+/// The one line that the tool says on a failure, without the word that begins it.
+QString errorText(const QByteArray& output)
+{
+    const QByteArray line = output.trimmed().split('\n').back();
+    const auto tab = line.indexOf('\t');
+    return QString::fromUtf8(tab < 0 ? line : line.mid(tab + 1));
+}
+
+} // namespace
+
+frmImport::frmImport(QString tool, QWidget* parent)
+    : QDialog(parent),
+      m_tool(std::move(tool)),
+      m_title(new QLabel(this)),
+      m_step(new QLabel(this)),
+      m_bar(new QProgressBar(this))
+{
+    setObjectName(QStringLiteral("frmImport"));
+    setWindowTitle(tr("Converting an Access File"));
+    setMinimumWidth(dialogWidth);
+    m_title->setTextFormat(Qt::PlainText);
+    m_title->setWordWrap(true);
+    m_step->setTextFormat(Qt::PlainText);
+    m_step->setObjectName(QStringLiteral("lblStep"));
+    m_bar->setRange(0, 100);
+    m_bar->setAccessibleName(tr("Progress of the conversion"));
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
+    m_cancel = buttons->button(QDialogButtonBox::Cancel);
+    m_cancel->setObjectName(QStringLiteral("cmdCancel"));
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_title);
+    layout->addWidget(m_bar);
+    layout->addWidget(m_step);
+    layout->addWidget(buttons);
+    connect(buttons, &QDialogButtonBox::rejected, this, &frmImport::reject);
+    connect(&m_process, &QProcess::readyReadStandardOutput, this, &frmImport::readOutput);
+    connect(&m_process, &QProcess::finished, this, &frmImport::finish);
+    connect(&m_process, &QProcess::errorOccurred, this, &frmImport::fail);
+}
+
+frmImport::~frmImport() = default;
+
+DatabaseConverter::Result frmImport::run(const QString& source, const QString& target, bool replace)
+{
+    m_title->setText(
+        tr("%1 is being converted into a database of the program. The Access file is not changed.")
+            .arg(QFileInfo(source).fileName()));
+    m_step->setText(tr("Starting …"));
+    QStringList arguments;
+    if (replace) arguments << QStringLiteral("--replace");
+    m_process.start(m_tool, arguments << source << target);
+    exec();
+    return m_result;
+}
+
+/// The tool removes what it has not finished; only one that does not answer is ended without asking.
+void frmImport::reject()
+{
+    if (m_process.state() == QProcess::NotRunning) {
+        QDialog::reject();
+        return;
+    }
+    if (m_cancelled) return;
+    m_cancelled = true;
+    m_cancel->setEnabled(false);
+    m_step->setText(tr("Stopping …"));
+    m_process.terminate();
+    QTimer::singleShot(patienceMilliseconds, &m_process, &QProcess::kill);
+}
+
+void frmImport::readOutput()
+{
+    m_rest += m_process.readAllStandardOutput();
+    for (auto end = m_rest.indexOf('\n'); end >= 0; end = m_rest.indexOf('\n')) {
+        const auto progress = m_result.report.take(m_rest.left(end));
+        m_rest.remove(0, end + 1);
+        if (!progress || m_cancelled) continue;
+        m_bar->setValue(progress->percent);
+        if (!progress->step.isEmpty()) m_step->setText(progress->step);
+    }
+}
+
+void frmImport::finish(int status, QProcess::ExitStatus exit)
+{
+    readOutput();
+    using End = DatabaseConverter::Result::End;
+    if (exit == QProcess::NormalExit && status == 0) {
+        // also where the user asked to stop just after the last moment to do so
+        m_result.end = End::Done;
+    } else if (m_cancelled) {
+        m_result.end = End::Cancelled;
+    } else {
+        m_result.end = End::Failed;
+        m_result.status = exit == QProcess::NormalExit ? status : crashNumber;
+        m_result.error = errorText(m_process.readAllStandardError());
+        if (m_result.error.isEmpty()) m_result.error = tr("The conversion ended without a word.");
+    }
+    done(QDialog::Accepted);
+}
+
+void frmImport::fail(QProcess::ProcessError error)
+{
+    if (error != QProcess::FailedToStart) return;
+    m_result.end = DatabaseConverter::Result::End::Failed;
+    m_result.status = static_cast<int>(error);
+    m_result.error =
+        tr("The program that converts Access files cannot be started: %1").arg(m_process.errorString());
+    QTimer::singleShot(0, this, [this] { done(QDialog::Rejected); });
+}
+
+DatabaseConverter::Result DesktopDatabaseConverter::convert(const QString& source, const QString& target,
+                                                            bool replace)
+{
+    frmImport window(m_tool, QApplication::activeWindow());
+    return window.run(source, target, replace);
+}

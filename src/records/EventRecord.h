@@ -1,0 +1,36 @@
+#pragma once
+
+#include "data/ListEntry.h"
+#include "records/StoredState.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+/// An event as its editor holds it.
+struct EventRecord
+{
+    qint64 id = -1; ///< below 0 until it is saved
+
+    QString eventName;
+    QString eventDescription;
+    QString notes;
+    bool keyEvent = false;
+
+    /// What the pickers hold: `mm/dd/yyyy` and `hh:mm`, empty where there is none. A text that the file holds
+    /// or that somebody typed is kept as it is, also where it cannot be read.
+    QString startDate;
+    QString endDate;
+    QString startTime;
+    QString endTime;
+
+    std::vector<CheckEntry> venues; ///< all venues; only those checked are linked
+
+    /// Each id once; empty stands for "None", which a loaded or blank record already holds then.
+    std::vector<ListEntry> functions;
+    std::vector<ListEntry> documents;
+    std::vector<ListEntry> organizations;
+
+    std::optional<StoredState> stored; ///< what was read, missing for a new record; the store's own
+};

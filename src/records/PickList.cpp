@@ -1,0 +1,91 @@
+#include "records/PickList.h"
+
+#include "data/DatabaseSession.h"
+
+#include <array>
+
+namespace {
+
+struct KindOfList
+{
+    const char* name;
+    const char* header;
+    const char* secondHeader;
+    const char* statement;
+};
+
+constexpr std::array<KindOfList, 6> kinds{
+    {{"Organizations", "Organization Name", nullptr,
+      "SELECT OrganizationID as idField, OrganizationName as nameField"
+      " FROM Organization"
+      " WHERE OrganizationID > 1"
+      " AND Status <> 'DELETED'"
+      " ORDER BY OrganizationName"},
+     {"Functions", "Function Name", nullptr,
+      "SELECT FunctionID as idField, FunctionName as nameField"
+      " FROM Function"
+      " WHERE FunctionID > 1"
+      " ORDER BY FunctionName"},
+     {"DocumentTypes", "Document Type", nullptr,
+      "SELECT DocumentTypeID as idField, DocumentTypeName as nameField"
+      " FROM DocumentType"
+      " WHERE DocumentTypeID > 1"
+      " ORDER BY DocumentTypeName"},
+     {"Documents", "Document Title", nullptr,
+      "SELECT DocumentID as idField, DocumentName as nameField"
+      " FROM Document"
+      " WHERE DocumentID > 1"
+      " AND dStatus <> 'DELETED'"
+      " ORDER BY DocumentName"},
+     {"DocumentCategories", "Document Category Name", nullptr,
+      "SELECT DocumentCategoryID as idField, DocumentCategoryName as nameField"
+      " FROM DocumentCategory"
+      " WHERE DocumentCategoryID > 1"
+      " ORDER BY DocumentCategoryName"},
+     {"CityLocations", "City", "State",
+      "SELECT DISTINCT LocationID as idField, City as nameField, State"
+      " FROM Q_Organization"
+      " WHERE OrganizationID > 1"
+      " AND Status <> 'DELETED' AND LocationID > 0"
+      " AND City <> '' AND State <> '' AND State <> 'None'"
+      " ORDER BY State, City"}}};
+
+const KindOfList& of(PickListKind kind)
+{
+    return kinds[static_cast<std::size_t>(kind)];
+}
+
+} // namespace
+
+QString pickListName(PickListKind kind)
+{
+    return QString::fromLatin1(of(kind).name);
+}
+
+QStringList pickListHeaders(PickListKind kind)
+{
+    QStringList headers{QString::fromLatin1(of(kind).header)};
+    if (of(kind).secondHeader != nullptr) headers << QString::fromLatin1(of(kind).secondHeader);
+    return headers;
+}
+
+std::vector<PickListRow> readPickList(DatabaseSession& session, PickListKind kind)
+{
+    RecordSet records = session.read(QString::fromLatin1(of(kind).statement));
+    const int identifier = records.column(u"idField");
+    const int name = records.column(u"nameField");
+    const int state = kind == PickListKind::CityLocations ? records.column(u"State") : -1;
+    std::vector<PickListRow> rows;
+    while (records.next()) {
+        rows.push_back(
+            {records.integer(identifier), records.text(name), state < 0 ? QString() : records.text(state)});
+    }
+    return rows;
+}
+
+clsPickListItem pickedItem(const PickListRow& row, PickListKind kind)
+{
+    return clsPickListItem::of(row.identifier, kind == PickListKind::CityLocations
+                                                   ? row.name + QStringLiteral(", ") + row.state
+                                                   : row.name);
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "records/clsPickListItem.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+class DatabaseSession;
+
+/// The kinds of records that a pick list offers, by their numbers.
+enum class PickListKind
+{
+    Organizations = 0,
+    Functions = 1,
+    DocumentTypes = 2,
+    Documents = 3,
+    DocumentCategories = 4,
+    CityLocations = 5
+};
+
+/// One record that a pick list offers.
+struct PickListRow
+{
+    qint64 identifier = 0;
+    QString name;
+    QString state; ///< of a city location, else empty
+};
+
+/// What was chosen from a pick list, in order, each record once.
+using PickedItems = std::vector<clsPickListItem>;
+
+/// The name of a kind, as the message about an empty list gives it.
+QString pickListName(PickListKind kind);
+
+/// The titles of the columns: one, or City and State.
+QStringList pickListHeaders(PickListKind kind);
+
+/// All records that a kind offers, in its order. Throws Error.
+std::vector<PickListRow> readPickList(DatabaseSession& session, PickListKind kind);
+
+/// The item that a row becomes when it is chosen. Throws Error 6 where its identifier does not fit into 16
+/// bits.
+clsPickListItem pickedItem(const PickListRow& row, PickListKind kind);

@@ -1,0 +1,8 @@
+#include "records/RecordIdentifier.h"
+
+#include "records/clsPickListItem.h"
+
+std::int16_t recordIdentifier(qint64 identifier)
+{
+    return clsPickListItem::of(identifier, {}).itemID;
+}

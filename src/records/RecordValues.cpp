@@ -1,0 +1,78 @@
+#include "records/RecordValues.h"
+
+#include "util/Error.h"
+
+#include <QLocale>
+
+#include <sqlite3.h>
+
+#include <algorithm>
+
+namespace {
+
+/// Numbers are typed with a comma between thousands and a point before the fraction, whatever the locale.
+const QLocale typed(QLocale::English, QLocale::UnitedStates);
+
+} // namespace
+
+Value RecordValues::flag(bool set)
+{
+    return qint64{set ? 1 : 0};
+}
+
+Value RecordValues::updateTime(const Clock& clock)
+{
+    return clock.now().toString(QStringLiteral("MM/dd/yyyy HH:mm:ss"));
+}
+
+std::optional<Value> RecordValues::count(const QString& text)
+{
+    const QString number = text.trimmed();
+    if (number.isEmpty()) return Value();
+    bool isWhole = false;
+    const qint64 whole = typed.toLongLong(number, &isWhole);
+    if (!isWhole || whole < 0) return std::nullopt;
+    return whole;
+}
+
+std::optional<Value> RecordValues::amount(const QString& text)
+{
+    QString number = text.trimmed();
+    if (number.startsWith(u'$')) number = number.mid(1).trimmed();
+    if (number.isEmpty()) return Value();
+    bool isNumber = std::all_of(number.cbegin(), number.cend(), [](QChar c) {
+        return (c >= u'0' && c <= u'9') || c == u',' || c == u'.' || c == u'-';
+    });
+    if (isNumber) typed.toDouble(number, &isNumber);
+    if (!isNumber) return std::nullopt;
+    return number.remove(u',');
+}
+
+qint64 RecordValues::key(const RecordTable& rows, QStringView column)
+{
+    return isNull(rows.value(0, column)) ? noneKey : rows.integer(0, column);
+}
+
+EditableRecordSet RecordValues::openRecord(DatabaseSession& session, const QString& statement)
+{
+    EditableRecordSet rows = session.edit(statement);
+    if (rows.atEnd()) {
+        throw Error(SQLITE_NOTFOUND, QStringLiteral("The record is not in the database any more."));
+    }
+    return rows;
+}
+
+bool RecordValues::hasRow(DatabaseSession& session, const QString& statement)
+{
+    return session.read(statement).next();
+}
+
+QString RecordValues::quotedTitle(const QString& title)
+{
+    return u'"' + QString(title).replace(u'"', u'%') + u'"';
+}
+
+QString RecordValues::exceptFor(QStringView idColumn, qint64 id)
+{
+    return id < 0 ? QString() : QStringLiteral(" AND %1 <> %2").arg(idColumn, QString::number(id));
+}

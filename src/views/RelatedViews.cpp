@@ -1,0 +1,123 @@
+#include "views/RelatedViews.h"
+
+#include "data/DatabaseSession.h"
+#include "views/StandardQueries.h"
+
+#include <array>
+
+namespace {
+
+/// What one command asks, shows and offers.
+struct Relation
+{
+    ViewKind source;
+    ViewKind target;
+    const char16_t* check; ///< finds what is linked, once the identifier stands at its end
+    const char16_t* caption;
+    const char16_t* question;
+    const char16_t* presetKind = nullptr; ///< the word for the source in the editor's preset; else none
+};
+
+/// In the order of the commands.
+constexpr std::array<Relation, 6> relations{
+    {{ViewKind::Documents, ViewKind::Events,
+      u"SELECT DISTINCT Event.EventID FROM Event, DocumentEvents WHERE Event.EventID = "
+      u"DocumentEvents.EventID AND Event.EventID > 1 AND Status <> 'DELETED' AND DocumentID = ",
+      u"View Only Events for Document ", u"No Events exist for this Document. Would you like to add one?",
+      u"DOCUMENT"},
+     {ViewKind::Documents, ViewKind::Organizations,
+      u"SELECT OrganizationID FROM Document WHERE DocumentID = ", u"View Source Organization for Document ",
+      u"No Source Organization exists for this Document. Would you like to add one?"},
+     {ViewKind::Events, ViewKind::Documents,
+      u"SELECT DISTINCT Document.DocumentID FROM Document, DocumentEvents WHERE Document.DocumentID = "
+      u"DocumentEvents.DocumentID AND Document.DocumentID > 1 AND dStatus <> 'DELETED' AND EventID = ",
+      u"View Only Documents for Event ", u"No Documents exist for this Event. Would you like to add one?"},
+     {ViewKind::Events, ViewKind::Organizations,
+      u"SELECT DISTINCT Organization.OrganizationID FROM Organization, OrganizationEvents WHERE "
+      u"Organization.OrganizationID = OrganizationEvents.OrganizationID AND Organization.OrganizationID > 1 "
+      u"AND Status <> 'DELETED' AND EventID = ",
+      u"View Only Organizations for Event ",
+      u"No Organizations exist for this Event. Would you like to add one?"},
+     {ViewKind::Organizations, ViewKind::Documents,
+      u"SELECT count(DocumentID) as dCount FROM Document WHERE DocumentID > 1 AND dStatus <> 'DELETED' AND "
+      u"OrganizationID = ",
+      u"View Only Documents for Organization ",
+      u"No Documents exist for this Organization. Would you like to add one?", u"ORGANIZATION"},
+     // users know this view by the caption that it has always had, odd as it is
+     {ViewKind::Organizations, ViewKind::Events,
+      u"SELECT DISTINCT Event.EventID FROM Event, OrganizationEvents WHERE Event.EventID = "
+      u"OrganizationEvents.EventID AND Event.EventID > 1 AND Status <> 'DELETED' AND OrganizationID = ",
+      u"View Only Organizations for Event ",
+      u"No Events exist for this Organization. Would you like to add one?", u"ORGANIZATION"}}};
+
+const Relation& relationOf(RelatedCommand command)
+{
+    return relations.at(static_cast<std::size_t>(command));
+}
+
+RecordAddition additionFor(const Relation& relation, const RelatedSource& source)
+{
+    if (relation.presetKind == nullptr) return {relation.target, std::nullopt};
+    return {relation.target,
+            clsFieldInfo{QString::fromUtf16(relation.presetKind), source.identifier, source.name}};
+}
+
+} // namespace
+
+ViewKind RelatedViews::sourceKind(RelatedCommand command)
+{
+    return relationOf(command).source;
+}
+
+const SQLObject& RelatedViews::standardQuery(ViewKind kind) const
+{
+    if (kind == ViewKind::Documents) return *m_queries.documents;
+    return kind == ViewKind::Events ? *m_queries.events : *m_queries.organizations;
+}
+
+/// The condition that narrows the target's records to the linked ones; empty where there are none.
+QString RelatedViews::conditionFor(RelatedCommand command, const QString& check,
+                                   const QString& identifier) const
+{
+    RecordSet found = m_session.read(check);
+    if (!found.next()) return {};
+    switch (command) {
+    case RelatedCommand::DocumentEvents:
+        return QStringLiteral(" AND DocumentID = ") + identifier;
+    case RelatedCommand::DocumentOrganization: {
+        const qint64 organization = found.integer(found.column(u"OrganizationID"));
+        // a document that names none, not even the reserved "None", has no source
+        if (organization < 1) return {};
+        return QStringLiteral(" AND Organization.OrganizationID = ") + QString::number(organization);
+    }
+    case RelatedCommand::EventDocuments:
+        return QStringLiteral(" AND DocumentID IN (") + check + u')';
+    case RelatedCommand::EventOrganizations:
+        return QStringLiteral(" AND OrganizationID IN (") + check + u')';
+    case RelatedCommand::OrganizationDocuments:
+        if (found.integer(found.column(u"dCount")) == 0) return {};
+        return QStringLiteral(" AND Document.OrganizationID = ") + identifier;
+    case RelatedCommand::OrganizationEvents:
+        return QStringLiteral(" AND Organization.OrganizationID = ") + identifier;
+    }
+    return {};
+}
+
+RelatedOutcome RelatedViews::follow(RelatedCommand command, const RelatedSource& source) const
+{
+    const Relation& relation = relationOf(command);
+    const QString identifier = QString::number(source.identifier);
+    const QString condition =
+        conditionFor(command, QString::fromUtf16(relation.check) + identifier, identifier);
+    if (condition.isEmpty()) {
+        return {std::nullopt, QString::fromUtf16(relation.question), additionFor(relation, source)};
+    }
+    SQLObject query = standardQuery(relation.target);
+    query.WhereClause += condition;
+    // asked once before it is shown, so that the current view stays where it cannot be
+    (void)m_session.read(query.sqlStr());
+    return {clsView{relation.target, std::make_shared<const SQLObject>(query),
+                    QString::fromUtf16(relation.caption) + u'"' + source.name + u'"'},
+            {},
+            {}};
+}

@@ -1,0 +1,127 @@
+#include "views/ShowOnlyViews.h"
+
+#include "data/DatabaseSession.h"
+#include "views/StandardQueries.h"
+#include "views/clsCities.h"
+
+#include <QStringList>
+
+#include <cerrno>
+#include <utility>
+
+namespace {
+
+SharedQuery narrowed(const SQLObject& standard, const QString& condition)
+{
+    SQLObject query = standard;
+    query.WhereClause += condition;
+    return std::make_shared<const SQLObject>(query);
+}
+
+QString locationName(const QString& city, const QString& state)
+{
+    return city + QStringLiteral(", ") + state;
+}
+
+QString partCondition(const QString& column, const QString& text)
+{
+    const QString match = column + QStringLiteral(" LIKE '") + text + u'\'';
+    return text.isEmpty() ? u'(' + column + QStringLiteral(" IS NULL OR ") + match + u')' : match;
+}
+
+/// The organizations of several cities, each with its state.
+class Locations
+{
+public:
+    /// `known` is the known city that stands for the place; 0 if there is none. Throws Error 6 if it
+    /// does not fit into 16 bits.
+    void add(qint64 known, const QString& city, const QString& state)
+    {
+        const QString name = locationName(city, state);
+        const bool isEmpty = city.isEmpty() || state.isEmpty();
+        if (isEmpty || clsAdvSearch::cityAndState(name) != std::pair(city, state)) {
+            // the name of a location cannot carry it: a part is missing, or has a comma or an outer blank
+            m_others << QStringLiteral("(%1 AND %2)")
+                            .arg(partCondition(QStringLiteral("City"), city),
+                                 partCondition(QStringLiteral("State"), state));
+        } else {
+            m_search.orgLocations.push_back(clsPickListItem::of(known, name));
+        }
+    }
+
+    /// The condition, to stand behind the standard where clause; empty without a location.
+    [[nodiscard]] QString condition()
+    {
+        m_search.bOrgLocations = true;
+        m_search.buildAdvSQL();
+        if (m_others.isEmpty()) return m_search.advOrgSQL;
+        const QString joint = QStringLiteral(" AND ");
+        if (!m_search.advOrgSQL.isEmpty()) m_others.prepend(m_search.advOrgSQL.mid(joint.size()));
+        return joint + u'(' + m_others.join(QStringLiteral(" OR ")) + u')';
+    }
+
+private:
+    clsAdvSearch m_search;
+    QStringList m_others;
+};
+
+} // namespace
+
+clsView ShowOnlyViews::documentsOfType(const QString& typeName) const
+{
+    RecordSet types = m_session.read(
+        QStringLiteral("SELECT * FROM DocumentType WHERE DocumentTypeName LIKE '") + typeName + u'\'');
+    if (!types.next()) throw Error(ENOENT, QStringLiteral("There is no document type of this name."));
+    clsAdvSearch search;
+    search.bDocTypes = true;
+    search.docTypes.push_back(clsPickListItem::of(types.integer(types.column(u"DocumentTypeID")),
+                                                  types.text(types.column(u"DocumentTypeName"))));
+    search.buildAdvSQL();
+    return checked({ViewKind::Documents, narrowed(*m_queries.documents, search.advDocSQL),
+                    QStringLiteral("View Only ") + typeName + QStringLiteral(" Documents")});
+}
+
+clsView ShowOnlyViews::organizationsOfState(const clsCities& place) const
+{
+    RecordSet known =
+        m_session.read(QStringLiteral("SELECT DISTINCT LocationID, City, State FROM Q_Organization "
+                                      "WHERE OrganizationID > 1 AND Status <> 'DELETED' AND LocationID > 0 "
+                                      "AND City <> '' AND State LIKE '") +
+                       place.State + QStringLiteral("' ORDER BY State, City"));
+    Locations locations;
+    while (known.next())
+        locations.add(known.integer(0), known.text(1), known.text(2));
+    // the map draws those with a position of their own too
+    RecordSet others = m_session.read(
+        QStringLiteral(
+            "SELECT DISTINCT City, State FROM Q_Organization WHERE OrganizationID > 1 "
+            "AND Status <> 'DELETED' AND (LocationID IS NULL OR LocationID <= 0) AND State LIKE '") +
+        place.State + QStringLiteral("' ORDER BY State, City"));
+    while (others.next())
+        locations.add(0, others.text(0), others.text(1));
+    QString condition = locations.condition();
+    if (condition.isEmpty()) condition = QStringLiteral(" AND State LIKE '") + place.State + u'\'';
+    return organizations(condition,
+                         QStringLiteral("View Only ") + place.State + QStringLiteral(" Organizations"));
+}
+
+clsView ShowOnlyViews::organizationsOfCity(const clsCities& place) const
+{
+    Locations locations;
+    locations.add(place.LocationID.value_or(0), place.city, place.State);
+    return organizations(locations.condition(), QStringLiteral("View Only ") +
+                                                    locationName(place.city, place.State) +
+                                                    QStringLiteral(" Organizations"));
+}
+
+clsView ShowOnlyViews::organizations(const QString& condition, const QString& caption) const
+{
+    return checked({ViewKind::Organizations, narrowed(*m_queries.organizations, condition), caption});
+}
+
+/// A view is only shown once its statement can be asked, so that the current one stays where it cannot.
+clsView ShowOnlyViews::checked(clsView view) const
+{
+    (void)m_session.read(view.SQL->sqlStr());
+    return view;
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "views/clsView.h"
+
+#include <QString>
+
+class DatabaseSession;
+struct StandardQueries;
+struct clsCities;
+
+/// The views that the chart and the map narrow the records to: the documents of one type, the organizations
+/// of one state or one city. Each starts from all records of its kind. A name with an apostrophe breaks the
+/// statement; each call throws Error then, and where else the query cannot be asked.
+class ShowOnlyViews
+{
+public:
+    /// Both must outlive the object.
+    ShowOnlyViews(DatabaseSession& session, const StandardQueries& queries)
+        : m_session(session), m_queries(queries)
+    {
+    }
+
+    [[nodiscard]] clsView documentsOfType(const QString& typeName) const;
+
+    /// The place must have a state, or a city for the other view.
+    [[nodiscard]] clsView organizationsOfState(const clsCities& place) const;
+    [[nodiscard]] clsView organizationsOfCity(const clsCities& place) const;
+
+private:
+    [[nodiscard]] clsView organizations(const QString& condition, const QString& caption) const;
+    [[nodiscard]] clsView checked(clsView view) const;
+
+    DatabaseSession& m_session;
+    const StandardQueries& m_queries;
+};

@@ -1,0 +1,44 @@
+#include "views/StandardQueries.h"
+
+namespace {
+
+SharedQuery documentsQuery()
+{
+    return std::make_shared<const SQLObject>(SQLObject{
+        QStringLiteral(
+            "SELECT DISTINCT Document.DocumentID, DocumentName, KeyDocument, FileTypeID, ReleaseForm, "
+            "FileTypeName, Document.OrganizationID, OrganizationName, FileLocation, Author, "
+            "DocumentDate"),
+        QStringLiteral("FROM Q_Document"),
+        QStringLiteral("WHERE dStatus <> 'DELETED' AND Document.DocumentID > 1"),
+        QStringLiteral("ORDER BY DocumentName")});
+}
+
+SharedQuery eventsQuery()
+{
+    return std::make_shared<const SQLObject>(
+        SQLObject{QStringLiteral(
+                      "SELECT DISTINCT EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, EndTime"),
+                  QStringLiteral("FROM Q_Event"),
+                  QStringLiteral("WHERE Event.Status <> 'DELETED' AND Event.EventID > 1"),
+                  QStringLiteral("ORDER BY StartDate, StartTime, EndDate, EndTime, EventName")});
+}
+
+SharedQuery organizationsQuery()
+{
+    return std::make_shared<const SQLObject>(SQLObject{
+        QStringLiteral("SELECT DISTINCT Organization.OrganizationID, OrganizationName, "
+                       "Organization.OrganizationTypeID, OrganizationTypeName, "
+                       "Organization.OrganizationSubTypeID, OrganizationSubTypeName, "
+                       "Organization.FunctionID, FunctionName, City, State, Lat, Lon"),
+        QStringLiteral("FROM Q_Organization"),
+        QStringLiteral("WHERE Organization.Status <> 'DELETED' AND Organization.OrganizationID > 1"),
+        QStringLiteral("ORDER BY OrganizationName")});
+}
+
+} // namespace
+
+StandardQueries::StandardQueries()
+    : documents(documentsQuery()), events(eventsQuery()), organizations(organizationsQuery())
+{
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "records/clsPickListItem.h"
+
+#include <QDate>
+#include <QString>
+
+#include <vector>
+
+/// The default range of dates of documents, from the beginning of the data to today, and nothing chosen yet.
+struct clsDocFilter
+{
+    explicit clsDocFilter(QDate today) : endDate(today.toString(QStringLiteral("MM/dd/yyyy"))) {}
+
+    QString startDate = QStringLiteral("09/11/2001");
+    QString endDate;
+    std::vector<clsPickListItem> venues;
+    std::vector<clsPickListItem> types;
+    std::vector<clsPickListItem> organizations;
+};

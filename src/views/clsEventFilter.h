@@ -1,0 +1,19 @@
+#pragma once
+
+#include "records/clsPickListItem.h"
+
+#include <QString>
+
+#include <vector>
+
+/// The default range of dates and times of events, and nothing chosen yet.
+struct clsEventFilter
+{
+    QString startDate = QStringLiteral("09/11/2001");
+    QString startTime = QStringLiteral("12:00:00 AM");
+    QString endDate = QStringLiteral("11/30/2001");
+    QString endTime = QStringLiteral("11:59:00 PM");
+    std::vector<clsPickListItem> venues;
+    std::vector<clsPickListItem> functions;
+    std::vector<clsPickListItem> organizations;
+};
