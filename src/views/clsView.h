@@ -1,9 +1,12 @@
 #pragma once
 
 #include "data/SQLObject.h"
+#include "records/RecordKind.h"
 #include "views/clsAdvSearch.h"
 
 #include <QString>
+
+#include <optional>
 
 /// The kinds of view that the main window shows.
 enum class ViewKind
@@ -14,6 +17,28 @@ enum class ViewKind
     Home = 3,
     SearchResults = 4
 };
+
+/// The view that lists the records of a kind.
+constexpr ViewKind viewOf(RecordKind kind)
+{
+    switch (kind) {
+    case RecordKind::Document:
+        return ViewKind::Documents;
+    case RecordKind::Event:
+        return ViewKind::Events;
+    case RecordKind::Organization:
+        break;
+    }
+    return ViewKind::Organizations;
+}
+
+/// The kind of record that a view lists; `std::nullopt` for the home page and the page of search results.
+constexpr std::optional<RecordKind> recordKindOf(ViewKind view)
+{
+    for (const RecordKind kind : recordKinds)
+        if (viewOf(kind) == view) return kind;
+    return std::nullopt;
+}
 
 /// One entry of the history of views. Once added it does not change, so showing it again asks the same query
 /// of the data as they are then.
