@@ -27,25 +27,18 @@ QString withoutQualifiers(const SQLObject& query)
     return statement;
 }
 
-SharedQuery queryOf(const StandardQueries& queries, ViewKind kind)
-{
-    return kind == ViewKind::Documents ? queries.documents
-           : kind == ViewKind::Events  ? queries.events
-                                       : queries.organizations;
-}
-
-void showList(benchmark::State& state, ViewKind kind, int records)
+void showList(benchmark::State& state, RecordKind kind, int records)
 {
     BenchWindow window(records);
     ProgramState& program = window.program().state();
-    const SharedQuery query = queryOf(program.queries, kind);
+    const SharedQuery query = program.queries.of(kind);
     const QString plain = withoutQualifiers(*query);
     const auto* view = window.program().window()->findChild<QTreeView*>(QStringLiteral("ListView1"));
     const LastRow lastRow(*view->model());
     std::vector<double> wholeTimes;
     const auto show = [&] {
         const auto begin = std::chrono::steady_clock::now();
-        program.history.addView({kind, query, QStringLiteral("All")});
+        program.history.addView({viewOf(kind), query, QStringLiteral("All")});
         wholeTimes.push_back(lastRow.since(begin).count());
         return lastRow.ofList();
     };
@@ -60,17 +53,17 @@ void showList(benchmark::State& state, ViewKind kind, int records)
 
 void documents(benchmark::State& state)
 {
-    showList(state, ViewKind::Documents, static_cast<int>(state.range(0)));
+    showList(state, RecordKind::Document, static_cast<int>(state.range(0)));
 }
 
 void events(benchmark::State& state)
 {
-    showList(state, ViewKind::Events, static_cast<int>(state.range(0)));
+    showList(state, RecordKind::Event, static_cast<int>(state.range(0)));
 }
 
 void organizations(benchmark::State& state)
 {
-    showList(state, ViewKind::Organizations, static_cast<int>(state.range(0)));
+    showList(state, RecordKind::Organization, static_cast<int>(state.range(0)));
 }
 
 /// Notes when a widget has painted rows.

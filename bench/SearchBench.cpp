@@ -41,10 +41,10 @@ class KeywordDialog
 public:
     explicit KeywordDialog(frmMain& window) : m_window(window) {}
 
-    void fill(SearchScope scope, const QString& text)
+    void fill(std::optional<RecordKind> scope, const QString& text)
     {
         m_window.findChild<QAction*>(QStringLiteral("mnuSearchKeyword"))->trigger();
-        const int index = static_cast<int>(scope);
+        const int index = scope ? 1 + static_cast<int>(*scope) : 0;
         m_window.findChild<QRadioButton*>(QStringLiteral("optSearch(%1)").arg(index))->setChecked(true);
         m_window.findChild<QLineEdit*>(QStringLiteral("txtKeywords"))->setText(text);
     }
@@ -61,7 +61,7 @@ const QAbstractItemModel& listOf(const frmMain& window)
 }
 
 /// From the press of GO to the last row of the list, or to the end of it all where there is none.
-Milliseconds timeOfSearch(KeywordDialog& dialog, const LastRow& lastRow, SearchScope scope)
+Milliseconds timeOfSearch(KeywordDialog& dialog, const LastRow& lastRow, std::optional<RecordKind> scope)
 {
     dialog.fill(scope, rareWords);
     const auto begin = std::chrono::steady_clock::now();
@@ -70,7 +70,7 @@ Milliseconds timeOfSearch(KeywordDialog& dialog, const LastRow& lastRow, SearchS
 }
 
 /// A search of one kind, with the graphic of the kind beside its list.
-void keywordsOfOneKind(benchmark::State& state, SearchScope scope)
+void keywordsOfOneKind(benchmark::State& state, RecordKind scope)
 {
     BenchWindow window(fullSize);
     const QAbstractItemModel& list = listOf(*window.program().window());
@@ -94,7 +94,7 @@ void keywordsOfAllKinds(benchmark::State& state)
     const LastRow lastRow(listOf(*window.program().window()));
     const StandardQueries& queries = window.program().state().queries;
     QStringList statements;
-    for (const ViewKind kind : searchedKinds)
+    for (const RecordKind kind : recordKinds)
         statements << plainStatement(*keywordQuery(queries, kind, splitWords(rareWords).words));
     compareTimed(
         state,
@@ -104,7 +104,7 @@ void keywordsOfAllKinds(benchmark::State& state)
                     stepPlain(largeDatabase(fullSize), statement);
             });
         },
-        [&] { return timeOfSearch(dialog, lastRow, SearchScope::All); });
+        [&] { return timeOfSearch(dialog, lastRow, std::nullopt); });
 }
 
 clsAdvSearch::Items items(int first, int count)
@@ -116,7 +116,7 @@ clsAdvSearch::Items items(int first, int count)
 }
 
 /// All four criteria of a kind.
-clsAdvSearch fourCriteria(ViewKind kind)
+clsAdvSearch fourCriteria(RecordKind kind)
 {
     clsAdvSearch search;
     for (const SearchCriterion& criterion : criteriaOf(kind)) {
@@ -135,7 +135,7 @@ clsAdvSearch fourCriteria(ViewKind kind)
     return search;
 }
 
-void criteria(benchmark::State& state, ViewKind kind)
+void criteria(benchmark::State& state, RecordKind kind)
 {
     BenchWindow window(fullSize);
     ProgramState& program = window.program().state();
@@ -157,28 +157,28 @@ void criteria(benchmark::State& state, ViewKind kind)
 
 } // namespace
 
-BENCHMARK_CAPTURE(keywordsOfOneKind, documents, SearchScope::Documents)
+BENCHMARK_CAPTURE(keywordsOfOneKind, documents, RecordKind::Document)
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()
     ->MinTime(2);
-BENCHMARK_CAPTURE(keywordsOfOneKind, events, SearchScope::Events)
+BENCHMARK_CAPTURE(keywordsOfOneKind, events, RecordKind::Event)
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()
     ->MinTime(2);
-BENCHMARK_CAPTURE(keywordsOfOneKind, organizations, SearchScope::Organizations)
+BENCHMARK_CAPTURE(keywordsOfOneKind, organizations, RecordKind::Organization)
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()
     ->MinTime(2);
 BENCHMARK(keywordsOfAllKinds)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(2);
-BENCHMARK_CAPTURE(criteria, documents, ViewKind::Documents)
+BENCHMARK_CAPTURE(criteria, documents, RecordKind::Document)
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()
     ->MinTime(2);
-BENCHMARK_CAPTURE(criteria, events, ViewKind::Events)
+BENCHMARK_CAPTURE(criteria, events, RecordKind::Event)
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()
     ->MinTime(2);
-BENCHMARK_CAPTURE(criteria, organizations, ViewKind::Organizations)
+BENCHMARK_CAPTURE(criteria, organizations, RecordKind::Organization)
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()
     ->MinTime(2);

@@ -3,11 +3,9 @@
 #include "editors/frmPicList.h"
 #include "state/ProgramState.h"
 
-clsAdvSearch::Items DialogRecordPicker::pick(Records records, const clsAdvSearch::Items& chosen,
-                                             QWidget* window)
+PickedItems DialogRecordPicker::pick(PickListKind kind, const PickedItems& chosen, QWidget* window)
 {
     m_state.chosen = chosen;
-    frmPicList(m_platform, m_state.session, window)
-        .showList(static_cast<PickListKind>(records), m_state.chosen);
+    frmPicList(m_platform, m_state.session, window).showList(kind, m_state.chosen);
     return m_state.chosen;
 }

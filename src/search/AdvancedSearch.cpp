@@ -1,19 +1,21 @@
 #include "search/AdvancedSearch.h"
 
+#include "views/StandardQueries.h"
+
 #include <QStringList>
 
 namespace {
 
-const QString& conditionsOf(ViewKind kind, const clsAdvSearch& search)
+const QString& conditionsOf(RecordKind kind, const clsAdvSearch& search)
 {
-    return kind == ViewKind::Documents ? search.advDocSQL
-           : kind == ViewKind::Events  ? search.advEventSQL
-                                       : search.advOrgSQL;
+    return kind == RecordKind::Document ? search.advDocSQL
+           : kind == RecordKind::Event  ? search.advEventSQL
+                                        : search.advOrgSQL;
 }
 
 } // namespace
 
-const std::vector<SearchCriterion>& criteriaOf(ViewKind kind)
+const std::vector<SearchCriterion>& criteriaOf(RecordKind kind)
 {
     using Search = clsAdvSearch;
     static const std::vector<SearchCriterion> documents{
@@ -31,12 +33,12 @@ const std::vector<SearchCriterion>& criteriaOf(ViewKind kind)
         {QStringLiteral("Organization Type"), &Search::bOrgTypes, &Search::orgTypes},
         {QStringLiteral("Function"), &Search::bOrgFunctions, &Search::orgFunctions},
         {QStringLiteral("Location"), &Search::bOrgLocations, &Search::orgLocations}};
-    return kind == ViewKind::Documents ? documents : kind == ViewKind::Events ? events : organizations;
+    return kind == RecordKind::Document ? documents : kind == RecordKind::Event ? events : organizations;
 }
 
 bool hasCriteria(const clsAdvSearch& search)
 {
-    for (const ViewKind kind : searchedKinds) {
+    for (const RecordKind kind : recordKinds) {
         for (const SearchCriterion& criterion : criteriaOf(kind)) {
             if (search.*criterion.flag) return true;
         }
@@ -44,7 +46,7 @@ bool hasCriteria(const clsAdvSearch& search)
     return false;
 }
 
-QString advancedCaption(ViewKind kind, const clsAdvSearch& search)
+QString advancedCaption(RecordKind kind, const clsAdvSearch& search)
 {
     QStringList words;
     for (const SearchCriterion& criterion : criteriaOf(kind)) {
@@ -55,14 +57,11 @@ QString advancedCaption(ViewKind kind, const clsAdvSearch& search)
     return words.isEmpty() ? caption : caption + QStringLiteral(" by ") + words.join(QStringLiteral(", "));
 }
 
-clsView advancedView(const StandardQueries& queries, ViewKind kind, const clsAdvSearch& search)
+clsView advancedView(const StandardQueries& queries, RecordKind kind, const clsAdvSearch& search)
 {
-    SQLObject query = standardQuery(queries, kind);
-    query.WhereClause += conditionsOf(kind, search);
-    clsView view;
-    view.viewIndex = kind;
-    view.SQL = std::make_shared<const SQLObject>(std::move(query));
-    view.Caption = advancedCaption(kind, search);
-    view.AdvSearch = search;
-    return view;
+    return {viewOf(kind),
+            queries.narrowed(kind, conditionsOf(kind, search)),
+            advancedCaption(kind, search),
+            {},
+            search};
 }

@@ -1,37 +1,37 @@
 #pragma once
 
-#include "views/SearchKind.h"
-#include "views/clsAdvSearch.h"
+#include "views/clsView.h"
 
 #include <QHash>
 #include <QString>
 
 #include <vector>
 
+struct StandardQueries;
+
 /// One criterion of an advanced search.
 struct SearchCriterion
 {
     QString word; ///< what captions call it, such as `Document Type`
     bool clsAdvSearch::*flag;
-    clsAdvSearch::Items clsAdvSearch::*items; ///< null for the dates of events, which are no list
+    clsAdvSearch::Items clsAdvSearch::*items; ///< null for the dates of events, which are not a list
 };
 
-/// The criteria of a kind that has a list, in the order in which captions name them.
-const std::vector<SearchCriterion>& criteriaOf(ViewKind kind);
+/// The criteria of a kind, in the order in which captions name them.
+const std::vector<SearchCriterion>& criteriaOf(RecordKind kind);
 
-/// Whether a criterion of any kind is switched on, as it is in the views that an advanced search made.
+/// Whether any criterion of any kind is switched on. False for views that no advanced search made.
 bool hasCriteria(const clsAdvSearch& search);
 
-/// `Advanced Document Search by Venue, File Type`: each criterion that is switched on, whether or not
-/// anything is chosen for it.
-QString advancedCaption(ViewKind kind, const clsAdvSearch& search);
+/// Returns a caption such as `Advanced Document Search by Venue, File Type`. It names each criterion that is
+/// switched on, even with no choices.
+QString advancedCaption(RecordKind kind, const clsAdvSearch& search);
 
-/// The view of a search whose conditions are built.
-clsView advancedView(const StandardQueries& queries, ViewKind kind, const clsAdvSearch& search);
+/// Returns the view of a search. The search must have its conditions built.
+clsView advancedView(const StandardQueries& queries, RecordKind kind, const clsAdvSearch& search);
 
-/// The names of all venues by their numbers as texts.
+/// The names of all venues by their identifiers as texts.
 using VenueNames = QHash<QString, QString>;
 
-/// One line that says which records the conditions of a search let through, where that is not what the
-/// choices alone suggest, too.
-QString advancedSearchText(ViewKind kind, const clsAdvSearch& search, const VenueNames& venues);
+/// Returns one line that says which records a search will find, also if its choices suggest otherwise.
+QString advancedSearchText(RecordKind kind, const clsAdvSearch& search, const VenueNames& venues);

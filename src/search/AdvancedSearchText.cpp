@@ -6,7 +6,8 @@ namespace {
 
 constexpr qsizetype namesInFull = 4;
 
-/// `A`, `A or B`, `A, B or C`; of many, the first three.
+/// Returns `A`, `A or B`, `A, B or C`; of more than four names, the first three and how many others there
+/// are.
 QString oneOf(const QStringList& names)
 {
     if (names.size() == 1) return names.front();
@@ -27,7 +28,7 @@ QStringList namesOf(const clsAdvSearch::Items& items)
     return names;
 }
 
-/// Several venues of documents are looked for as the one whose number their numbers make together.
+/// The search joins the identifiers of several document venues to one number; this says which venue that is.
 QString joinedVenue(const clsAdvSearch::Items& chosen, const VenueNames& venues)
 {
     QString number;
@@ -78,11 +79,11 @@ QString choiceText(const SearchCriterion& criterion, const clsAdvSearch& search,
 
 } // namespace
 
-QString advancedSearchText(ViewKind kind, const clsAdvSearch& search, const VenueNames& venues)
+QString advancedSearchText(RecordKind kind, const clsAdvSearch& search, const VenueNames& venues)
 {
-    const QString records = kind == ViewKind::Documents ? QStringLiteral("documents")
-                            : kind == ViewKind::Events  ? QStringLiteral("events")
-                                                        : QStringLiteral("organizations");
+    const QString records = kind == RecordKind::Document ? QStringLiteral("documents")
+                            : kind == RecordKind::Event  ? QStringLiteral("events")
+                                                         : QStringLiteral("organizations");
     QStringList restrictions;
     QStringList unrestricted;
     for (const SearchCriterion& criterion : criteriaOf(kind)) {

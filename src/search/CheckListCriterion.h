@@ -31,5 +31,5 @@ private:
     void countTicks();
 
     QListWidget* m_list;
-    bool m_ticking = false; ///< many entries at once, announced once
+    bool m_ticking = false; ///< while several entries change at once, which is announced once
 };

@@ -4,7 +4,7 @@
 
 class QListWidget;
 
-/// A criterion with a list of what was picked, and the buttons that pick more and that clear it.
+/// A criterion with a list of picked records, a button to pick more of them and one to clear the list.
 class ChosenListCriterion final : public CriterionBox
 {
     Q_OBJECT

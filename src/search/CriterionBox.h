@@ -9,8 +9,9 @@ class QCheckBox;
 class QFrame;
 class QLabel;
 
-/// One criterion of the advanced search: a check box that switches it on, below it a frame with what can be
-/// chosen, and how much is. What a box that is switched off holds stays, but is not searched for.
+/// One criterion of the advanced search: a check box that switches it on, and below it a frame with the
+/// possible choices and the number of those made. Switched off, it keeps its choices, but the search ignores
+/// them.
 class CriterionBox : public QWidget
 {
     Q_OBJECT
@@ -19,16 +20,16 @@ public:
     [[nodiscard]] bool isOn() const;
     void setOn(bool on);
 
-    /// What is chosen, in the order of the list. Throws Error 6 for an identifier beyond 16 bits.
+    /// The choices, in the order of the list. Throws Error 6 for an identifier beyond 16 bits.
     [[nodiscard]] virtual clsAdvSearch::Items items() const = 0;
     virtual void setItems(const clsAdvSearch::Items& items) = 0;
 
 Q_SIGNALS:
-    /// The user switched it on or off, or chose otherwise.
+    /// The user switched it on or off, or changed the choices.
     void changed();
 
 protected:
-    /// `stem` ends the names of the parts, as in `chkDocVenues` and `fraDocVenues`.
+    /// The names of the parts end in `stem`, as `chkDocVenues` and `fraDocVenues` do.
     CriterionBox(const QString& stem, const QString& caption, QWidget* parent);
 
     [[nodiscard]] QFrame* frame() const { return m_frame; }

@@ -3,7 +3,7 @@
 namespace {
 
 using Controls = CriterionControls;
-using Records = RecordPicker::Records;
+using Records = PickListKind;
 
 Controls::Lookup venues()
 {
@@ -106,9 +106,9 @@ std::vector<Controls> organizationControls()
 
 } // namespace
 
-std::vector<CriterionControls> criterionControls(ViewKind kind)
+std::vector<CriterionControls> criterionControls(RecordKind kind)
 {
-    return kind == ViewKind::Documents ? documentControls()
-           : kind == ViewKind::Events  ? eventControls()
-                                       : organizationControls();
+    return kind == RecordKind::Document ? documentControls()
+           : kind == RecordKind::Event  ? eventControls()
+                                        : organizationControls();
 }

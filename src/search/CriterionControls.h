@@ -1,7 +1,7 @@
 #pragma once
 
-#include "views/RecordPicker.h"
-#include "views/clsView.h"
+#include "records/PickList.h"
+#include "records/RecordKind.h"
 
 #include <QString>
 
@@ -11,7 +11,7 @@
 /// The names and captions of the controls of one criterion on the advanced search form.
 struct CriterionControls
 {
-    /// A lookup table that is shown whole.
+    /// A lookup table, all of whose rows are shown.
     struct Lookup
     {
         QString table;
@@ -19,21 +19,21 @@ struct CriterionControls
         QString nameColumn;
     };
 
-    /// Records that are picked.
+    /// Records that the user picks.
     struct Picked
     {
-        RecordPicker::Records records;
+        PickListKind records;
         QString addName;
         QString addCaption;
         QString clearName;
         QString clearCaption;
     };
 
-    QString stem; ///< ends the names of its check box, frame and list
+    QString stem; ///< how the names of its check box, frame and list end
     QString caption;
-    std::optional<Lookup> lookup; ///< neither this nor the other: the dates of events
-    std::optional<Picked> picked;
+    std::optional<Lookup> lookup;
+    std::optional<Picked> picked; ///< if neither is set, the criterion is the dates of events
 };
 
-/// The controls of a kind's criteria, in the order of the criteria themselves.
-std::vector<CriterionControls> criterionControls(ViewKind kind);
+/// Returns the controls of a kind's criteria, in the order of the criteria.
+std::vector<CriterionControls> criterionControls(RecordKind kind);

@@ -6,13 +6,13 @@ class LinkButton;
 class QAbstractScrollArea;
 class QLabel;
 
-/// Says in the middle of an empty list that a search found nothing, with the way back to the search.
+/// A notice in the middle of an empty list that a search found nothing, with a link back to the search.
 class EmptyResultNotice final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Becomes a child of the area, and stands over it while it is shown.
+    /// Becomes a child of the area, which it covers in part while it is shown.
     explicit EmptyResultNotice(QAbstractScrollArea& area);
 
     void showNotice(const QString& text, const QString& link);

@@ -5,7 +5,7 @@
 class QDateEdit;
 class QTimeEdit;
 
-/// The criterion of the first and last date, and of the times of day, at which events start.
+/// The criterion of the dates and the times of day between which events start.
 class EventDateCriterion final : public CriterionBox
 {
     Q_OBJECT
@@ -13,12 +13,14 @@ class EventDateCriterion final : public CriterionBox
 public:
     EventDateCriterion(const QString& stem, const QString& caption, QWidget* parent);
 
-    /// The dates are no list: there are no items.
+    /// The dates are not a list, so there are no items.
     [[nodiscard]] clsAdvSearch::Items items() const override { return {}; }
     void setItems(const clsAdvSearch::Items& /*items*/) override {}
 
-    /// Takes the dates and times into a search, or shows those of one.
+    /// Copies the dates and times to a search.
     void writeTo(clsAdvSearch& search) const;
+
+    /// Shows the dates and times of a search.
     void readFrom(const clsAdvSearch& search);
 
 private:

@@ -10,7 +10,7 @@ constexpr qsizetype mostKeys = 500;
 
 } // namespace
 
-SharedQuery queryByKeys(DatabaseSession& session, ViewKind kind, const SharedQuery& query)
+SharedQuery queryByKeys(DatabaseSession& session, RecordKind kind, const SharedQuery& query)
 {
     const RecordNames names = recordNames(kind);
     const QString key = names.record + u'.' + names.key;
@@ -23,7 +23,7 @@ SharedQuery queryByKeys(DatabaseSession& session, ViewKind kind, const SharedQue
             keys << QString::number(rows.integer(0));
         }
     } catch (const Error&) {
-        // the list asks the same of the same data, and tells
+        // the list runs the same query and reports the failure
         return query;
     }
     SQLObject byKeys = *query;

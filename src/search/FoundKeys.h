@@ -1,12 +1,13 @@
 #pragma once
 
-#include "views/SearchKind.h"
+#include "data/SQLObject.h"
+#include "records/RecordKind.h"
 
 class DatabaseSession;
 
-/// A query for the very records of a keyword search, asked for by their keys where they are few: looking
-/// through every description once is enough for the list and the graphic beside it together. Where the
-/// records are many, or the search cannot be made, it is the query itself.
+/// Runs a keyword search and returns a query for the same records by their keys, so that the list and its
+/// graphic do not both read every description. Returns `query` itself if there are more than 500 records or
+/// the search fails.
 ///
-/// Only for keyword searches: a query by criteria of links means these very links, which a graphic counts.
-SharedQuery queryByKeys(DatabaseSession& session, ViewKind kind, const SharedQuery& query);
+/// For keyword searches only: a query with criteria on links selects the links too, which a graphic counts.
+SharedQuery queryByKeys(DatabaseSession& session, RecordKind kind, const SharedQuery& query);

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// A word as an expression: its wildcards translated, everything else for itself.
+/// Translates the wildcards of a word and escapes everything else.
 QString expressionOf(const QString& word)
 {
     QString expression;
@@ -22,7 +22,7 @@ QString expressionOf(const QString& word)
     return expression;
 }
 
-/// Wildcards at the ends of a word reach beyond what the user looked for.
+/// Without this, a wildcard at the end of a word would mark text that the user did not look for.
 QString withoutOuterWildcards(const QString& word)
 {
     const auto isWildcard = [](QChar character) { return character == u'%' || character == u'_'; };

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-/// Where the words of a keyword search stand in a text, so that they can be marked.
+/// Finds the words of a keyword search in a text, so that they can be marked.
 class FoundWords
 {
 public:
@@ -14,20 +14,20 @@ public:
     struct Range
     {
         qsizetype begin = 0;
-        qsizetype end = 0; ///< the first character behind it
+        qsizetype end = 0; ///< one past its last character
 
         friend bool operator==(const Range&, const Range&) = default;
     };
 
     FoundWords() = default;
 
-    /// In a word, `%` stands for any run of characters and `_` for one. Words of these alone mark nothing.
+    /// In a word, `%` matches any run of characters and `_` a single one. Words of only these are ignored.
     explicit FoundWords(const QStringList& words);
 
     [[nodiscard]] bool isEmpty() const { return m_words.empty(); }
 
-    /// Every place where a word stands, without regard to case, from the left to the right; places that touch
-    /// or overlap are one.
+    /// Returns the places of all words in the text, from left to right, without regard to case. Places that
+    /// touch or overlap are merged.
     [[nodiscard]] std::vector<Range> in(const QString& text) const;
 
 private:

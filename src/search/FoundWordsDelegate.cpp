@@ -49,7 +49,7 @@ void FoundWordsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
 
     const QRect inner = area.adjusted(margin, 0, -margin, 0);
     QTextLayout layout(item.fontMetrics.elidedText(text, Qt::ElideRight, inner.width()), item.font);
-    // a mark that is cut off ends where the text does
+    // a mark beyond the end of the elided text is cut off with it
     layout.setFormats(formats(places));
     layout.beginLayout();
     const QTextLine line = layout.createLine();

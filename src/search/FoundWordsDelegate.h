@@ -3,8 +3,7 @@
 #include "search/FoundWords.h"
 #include "widgets/LineDelegate.h"
 
-/// Shows the names of a list with the words marked that a keyword search looked for. With no words, it is
-/// like any other delegate.
+/// Marks the words of a keyword search in the names of a list. Without words, it paints as its base does.
 class FoundWordsDelegate final : public LineDelegate
 {
     Q_OBJECT

@@ -1,28 +1,21 @@
 #include "search/KeywordSearch.h"
 
 #include "util/StrTok.h"
+#include "views/StandardQueries.h"
 
 namespace {
 
-struct Columns
+QString descriptionColumn(RecordKind kind)
 {
-    QString name;
-    QString description;
-    QString captionPrefix;
-};
-
-Columns columnsOf(ViewKind kind)
-{
-    if (kind == ViewKind::Documents) {
-        return {QStringLiteral("DocumentName"), QStringLiteral("DocumentDescription"),
-                QStringLiteral("Document Search for \"")};
+    switch (kind) {
+    case RecordKind::Document:
+        return QStringLiteral("DocumentDescription");
+    case RecordKind::Event:
+        return QStringLiteral("EventDescription");
+    case RecordKind::Organization:
+        break;
     }
-    if (kind == ViewKind::Events) {
-        return {QStringLiteral("EventName"), QStringLiteral("EventDescription"),
-                QStringLiteral("Event Search for \"")};
-    }
-    return {QStringLiteral("OrganizationName"), QStringLiteral("ResponseActivities"),
-            QStringLiteral("Organization Search for \"")};
+    return QStringLiteral("ResponseActivities");
 }
 
 QString allWordsIn(const QString& column, const QStringList& words)
@@ -53,27 +46,24 @@ Keywords splitWords(const QString& text)
     return keywords;
 }
 
-SharedQuery keywordQuery(const StandardQueries& queries, ViewKind kind, const QStringList& words)
+SharedQuery keywordQuery(const StandardQueries& queries, RecordKind kind, const QStringList& words)
 {
-    const SQLObject& standard = standardQuery(queries, kind);
-    const Columns columns = columnsOf(kind);
-    SQLObject query;
-    query.SelectClause = standard.SelectClause;
-    query.FromClause = standard.FromClause;
-    query.WhereClause = standard.WhereClause + QStringLiteral(" AND ((") + allWordsIn(columns.name, words) +
-                        QStringLiteral(") OR (") + allWordsIn(columns.description, words) +
-                        QStringLiteral("))");
+    SQLObject query = *queries.of(kind);
+    query.WhereClause += QStringLiteral(" AND ((") + allWordsIn(recordNames(kind).name, words) +
+                         QStringLiteral(") OR (") + allWordsIn(descriptionColumn(kind), words) +
+                         QStringLiteral("))");
+    query.OrderClause.clear();
     return std::make_shared<const SQLObject>(std::move(query));
 }
 
-clsView keywordView(const StandardQueries& queries, SearchScope scope, const QString& text)
+clsView keywordView(const StandardQueries& queries, std::optional<RecordKind> kind, const QString& text)
 {
     clsView view;
     view.Keywords = text;
-    if (const auto kind = kindOf(scope)) {
-        view.viewIndex = *kind;
+    if (kind) {
+        view.viewIndex = viewOf(*kind);
         view.SQL = keywordQuery(queries, *kind, splitWords(text).words);
-        view.Caption = columnsOf(*kind).captionPrefix + text + u'"';
+        view.Caption = recordNames(*kind).record + QStringLiteral(" Search for \"") + text + u'"';
     } else {
         view.viewIndex = ViewKind::SearchResults;
         view.Caption = QStringLiteral("Search Results for \"") + text + u'"';

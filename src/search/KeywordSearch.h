@@ -1,28 +1,32 @@
 #pragma once
 
-#include "views/SearchKind.h"
+#include "views/clsView.h"
 
 #include <QString>
 #include <QStringList>
 
-/// The words of a keyword search, as typed and in their order.
+#include <optional>
+
+struct StandardQueries;
+
+/// The words of a keyword search, as typed and in order.
 struct Keywords
 {
     static constexpr int most = 4;
 
     QStringList words;
-    bool moreThanMost = false; ///< further words were left out
+    bool moreThanMost = false; ///< whether words beyond the fourth were dropped
 };
 
-/// Splits a text at its blanks, as it stands: a blank where a word begins belongs to that word, so that
-/// repeated blanks give words that begin with one.
+/// Splits a text at its blanks. A blank where a word should begin is its first character: the second of two
+/// blanks, or one before the first word.
 Keywords splitWords(const QString& text);
 
-/// The query for the records of a kind that hold all words in their name, or all of them in their
-/// descriptive text. Words go into it as they are; `%` and `_` act as wildcards. It has no order of its own.
-/// `kind` has a list; `words` is not empty.
-SharedQuery keywordQuery(const StandardQueries& queries, ViewKind kind, const QStringList& words);
+/// Returns the query for the records of a kind that have all words in their name, or all of them in their
+/// description. Words are not escaped; `%` and `_` are wildcards. The query has no order clause. `words` must
+/// not be empty.
+SharedQuery keywordQuery(const StandardQueries& queries, RecordKind kind, const QStringList& words);
 
-/// The view that a search for a text shows: a list for one kind, the results page for all. It keeps the text,
-/// so that showing it again searches for the same words.
-clsView keywordView(const StandardQueries& queries, SearchScope scope, const QString& text);
+/// Returns the view that shows a search for a text: the list of one kind, or the results page if the search
+/// has no kind and looks through all. The view keeps the text, so that showing it again repeats the search.
+clsView keywordView(const StandardQueries& queries, std::optional<RecordKind> kind, const QString& text);

@@ -11,7 +11,7 @@ namespace {
 constexpr int margin = 4;
 constexpr qreal cornerRadius = 3.0;
 
-/// A colour on which dark links can be read.
+/// The background for links too dark for that of the window.
 constexpr QColor plateColour(236, 238, 242);
 
 } // namespace
@@ -41,13 +41,13 @@ void LinkButton::setColour(const QColor& colour)
 QColor LinkButton::colour() const
 {
     if (m_colour.isValid()) return m_colour;
-    // what leads nowhere is a text to be read all the same
+    // a disabled link still has to be readable
     return palette().color(QPalette::Active, isEnabled() ? QPalette::Link : QPalette::WindowText);
 }
 
 QSize LinkButton::sizeHint() const
 {
-    // a part of a pixel must not cost the last letters
+    // one pixel more, since the advance is rounded and the text must not be shortened for that
     return {fontMetrics().horizontalAdvance(text()) + 2 * margin + 1, fontMetrics().height() + 2 * margin};
 }
 
@@ -78,7 +78,7 @@ void LinkButton::paintEvent(QPaintEvent* /*event*/)
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
 }
 
-/// Enter belongs to the link that has the keyboard, before it belongs to any command of the window.
+/// Enter goes to the link that has the focus, not to a command of the window with that key.
 bool LinkButton::event(QEvent* event)
 {
     if (event->type() == QEvent::ShortcutOverride) {

@@ -2,8 +2,8 @@
 
 #include <QAbstractButton>
 
-/// A text that leads somewhere: underlined, in a colour of its own, chosen with the mouse, Enter or the space
-/// bar. A text too long for its place is cut, and shown whole as a tool tip.
+/// A link: underlined, in a colour of its own, followed with the mouse, Enter or the space bar. A text too
+/// wide for the button is shortened; its tool tip shows all of it.
 class LinkButton final : public QAbstractButton
 {
     Q_OBJECT
@@ -11,11 +11,11 @@ class LinkButton final : public QAbstractButton
 public:
     explicit LinkButton(QWidget* parent);
 
-    /// An ampersand in the text is an ampersand.
+    /// An ampersand in the text is shown, and marks no key.
     void setLink(const QString& text);
 
-    /// The palette's own colour of links unless set, or a light one where that cannot be read. A colour that
-    /// was set stays as it is; where it cannot be read, the link stands on a light ground.
+    /// The default is the palette's colour of links. If the colour cannot be read on the window's background,
+    /// the link is drawn on a light plate.
     void setColour(const QColor& colour);
     [[nodiscard]] QColor colour() const;
 

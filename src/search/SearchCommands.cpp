@@ -9,16 +9,20 @@
 #include "search/SearchResultsPage.h"
 #include "search/frmAdvSearch.h"
 #include "search/frmSearch.h"
-#include "state/ProgramState.h"
+#include "views/ViewHistory.h"
 #include "widgets/WaitCursor.h"
 
 #include <QAbstractItemView>
 
-SearchCommands::SearchCommands(const Platform& platform, ProgramState& state, RecordPicker& picker,
-                               QWidget& window)
-    : QObject(&window), m_platform(platform), m_state(state), m_picker(&picker), m_window(window)
+SearchCommands::SearchCommands(const SearchSurroundings& surroundings, RecordPicker& picker, QWidget& window)
+    : QObject(&window), m_at(surroundings), m_picker(&picker), m_window(window)
 {
     setObjectName(QStringLiteral("SearchCommands"));
+}
+
+const clsView& SearchCommands::currentView() const
+{
+    return m_at.history.view(m_at.history.current());
 }
 
 SearchResultsPage* SearchCommands::page()
@@ -28,7 +32,7 @@ SearchResultsPage* SearchCommands::page()
     connect(m_page, &SearchResultsPage::searchPressed, this, &SearchCommands::openKeywordSearch);
     connect(m_page, &SearchResultsPage::recordChosen, this, &SearchCommands::recordChosen);
     connect(m_page, &SearchResultsPage::listChosen, this,
-            [this](const clsView& view) { m_state.history.addView(view); });
+            [this](const clsView& view) { m_at.history.addView(view); });
     return m_page;
 }
 
@@ -43,48 +47,44 @@ void SearchCommands::attachTo(QAbstractItemView& list)
 void SearchCommands::openKeywordSearch()
 {
     if (m_keywordSearch == nullptr) {
-        m_keywordSearch = new frmSearch(m_platform, m_state, &m_window);
-        connect(m_keywordSearch, &frmSearch::advancedSearchChosen, this, [this](SearchScope scope) {
-            if (const auto kind = kindOf(scope)) openAdvancedSearch(*kind);
-        });
+        m_keywordSearch = new frmSearch(m_at, &m_window);
+        connect(m_keywordSearch, &frmSearch::advancedSearchChosen, this, &SearchCommands::openAdvancedSearch);
     }
     m_keywordSearch->doSearch();
 }
 
-void SearchCommands::openAdvancedSearch(ViewKind kind)
+void SearchCommands::openAdvancedSearch(RecordKind kind)
 {
-    // each opening reads the lookup tables as they are now
+    // a new form reads the lookup tables again, which may have changed
     delete m_advancedSearch;
-    m_advancedSearch = new frmAdvSearch(m_platform, m_state, *m_picker, &m_window);
+    m_advancedSearch = new frmAdvSearch(m_at, *m_picker, &m_window);
     m_advancedSearch->doAdvSearch(kind);
 }
 
 void SearchCommands::showResults()
 {
-    const QString keywords = m_state.history.view(m_state.history.current()).Keywords;
-    const bool found = runProcedure(m_platform.messages, QStringLiteral("showSearchResults"), [&] {
+    const QString keywords = currentView().Keywords;
+    const bool found = runProcedure(m_at.messages, QStringLiteral("showSearchResults"), [&] {
         const WaitCursor wait;
-        page()->showResults(SearchResults::read(m_state.session, m_state.queries, keywords));
+        page()->showResults(SearchResults::read(m_at.session, m_at.queries, keywords));
     });
     if (!found) page()->showFailure(keywords);
 }
 
-SharedQuery SearchCommands::queryFor(const SharedQuery& query)
+SharedQuery SearchCommands::queryFor(RecordKind kind, const SharedQuery& query) const
 {
-    const clsView& view = m_state.history.view(m_state.history.current());
-    return view.Keywords.isEmpty() ? query : queryByKeys(m_state.session, view.viewIndex, query);
+    return currentView().Keywords.isEmpty() ? query : queryByKeys(m_at.session, kind, query);
 }
 
 void SearchCommands::beginList()
 {
     m_notice->hide();
-    m_delegate->setWords(
-        FoundWords(splitWords(m_state.history.view(m_state.history.current()).Keywords).words));
+    m_delegate->setWords(FoundWords(splitWords(currentView().Keywords).words));
 }
 
 void SearchCommands::finishList(std::size_t rows, bool isListed)
 {
-    const clsView& view = m_state.history.view(m_state.history.current());
+    const clsView& view = currentView();
     const bool byCriteria = hasCriteria(view.AdvSearch);
     if (rows > 0 || (view.Keywords.isEmpty() && !byCriteria)) return;
     if (!isListed) {
@@ -98,9 +98,10 @@ void SearchCommands::finishList(std::size_t rows, bool isListed)
 
 void SearchCommands::searchAgain()
 {
-    const clsView& view = m_state.history.view(m_state.history.current());
-    if (hasCriteria(view.AdvSearch)) {
-        openAdvancedSearch(view.viewIndex);
+    const clsView& view = currentView();
+    const auto kind = recordKindOf(view.viewIndex);
+    if (kind && hasCriteria(view.AdvSearch)) {
+        openAdvancedSearch(*kind);
     } else {
         openKeywordSearch();
     }

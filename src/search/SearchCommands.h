@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/Platform.h"
-#include "views/SearchKind.h"
+#include "data/SQLObject.h"
+#include "records/RecordKind.h"
+#include "search/SearchSurroundings.h"
 
 #include <QObject>
 #include <QPointer>
@@ -13,54 +14,56 @@ class RecordPicker;
 class SearchResultsPage;
 class frmAdvSearch;
 class frmSearch;
-struct ProgramState;
+struct clsView;
 
-/// The searches of the main window: opens their dialogs, fills the page of results, and shows in a list what
-/// a search looked for. Lives as long as its window, whose children the dialogs become when they are first
-/// asked for.
+/// The searches of the main window: opens their dialogs, fills the page of results, and marks the words of a
+/// search in the list. Lives as long as its window, which owns the dialogs; they are made when first needed.
 class SearchCommands final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The state and the picker must outlive the object, which becomes a child of the window.
-    SearchCommands(const Platform& platform, ProgramState& state, RecordPicker& picker, QWidget& window);
+    /// Becomes a child of the window. The picker must outlive it.
+    SearchCommands(const SearchSurroundings& surroundings, RecordPicker& picker, QWidget& window);
 
-    /// Lets records be picked in another way from now on.
+    /// Replaces the picker.
     void setPicker(RecordPicker& picker) { m_picker = &picker; }
 
-    /// The page of results, for the window to show; made when it is first asked for.
+    /// The page of results, for the window to show; made when first needed.
     [[nodiscard]] SearchResultsPage* page();
 
-    /// Marks found words and empty results in a list from now on. The names are in its first column.
+    /// Lets the searches mark found words and empty results in a list, whose first column has the names. To
+    /// be called once.
     void attachTo(QAbstractItemView& list);
 
     void openKeywordSearch();
 
-    /// Opens the form for a kind that has a list.
-    void openAdvancedSearch(ViewKind kind);
+    /// Opens the form for a kind.
+    void openAdvancedSearch(RecordKind kind);
 
-    /// Searches once more for what the current view, one of results, looked for.
+    /// Fills the page of results: repeats the search of the current view, which must be one of results.
     void showResults();
 
-    /// The query to show the current view with: what a keyword search found is asked for by its keys.
-    [[nodiscard]] SharedQuery queryFor(const SharedQuery& query);
+    /// Returns the query to read the current view with, one of a kind of record: for a keyword search, a
+    /// cheaper one for the same records.
+    [[nodiscard]] SharedQuery queryFor(RecordKind kind, const SharedQuery& query) const;
 
-    /// To be called before a list is filled with the current view.
+    /// To be called before the list is filled with the current view.
     void beginList();
 
-    /// To be called after that: with the number of rows, and whether they could be read.
+    /// To be called after that, with the number of rows and whether they could be read.
     void finishList(std::size_t rows, bool isListed);
 
 Q_SIGNALS:
-    /// The user wants to look at a record.
-    void recordChosen(ViewKind kind, qint64 identifier);
+    /// The user wants to see a record.
+    void recordChosen(RecordKind kind, qint64 identifier);
 
 private:
     void searchAgain();
 
-    Platform m_platform;
-    ProgramState& m_state;
+    [[nodiscard]] const clsView& currentView() const;
+
+    SearchSurroundings m_at;
     RecordPicker* m_picker;
     QWidget& m_window;
     SearchResultsPage* m_page = nullptr;

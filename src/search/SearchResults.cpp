@@ -2,10 +2,11 @@
 
 #include "data/DatabaseSession.h"
 #include "search/KeywordSearch.h"
+#include "views/StandardQueries.h"
 
 namespace {
 
-/// Counting costs a fraction of reading the rows, which the list does where it is asked for.
+/// Counts the records without reading their rows, which would take several times as long.
 qint64 countOf(DatabaseSession& session, const SearchResults::Kind& kind)
 {
     const RecordNames names = recordNames(kind.kind);
@@ -56,12 +57,7 @@ QString SearchResults::sentence() const
 
 clsView SearchResults::listView(const Kind& kind) const
 {
-    clsView view;
-    view.viewIndex = kind.kind;
-    view.SQL = kind.query;
-    view.Caption = kind.caption;
-    view.Keywords = keywords;
-    return view;
+    return {viewOf(kind.kind), kind.query, kind.caption, keywords, {}};
 }
 
 SearchResults SearchResults::read(DatabaseSession& session, const StandardQueries& queries,
@@ -70,9 +66,9 @@ SearchResults SearchResults::read(DatabaseSession& session, const StandardQuerie
     SearchResults results;
     results.keywords = keywords;
     const QStringList words = splitWords(keywords).words;
-    for (std::size_t i = 0; i < searchedKinds.size(); ++i) {
+    for (std::size_t i = 0; i < recordKinds.size(); ++i) {
         Kind& kind = results.kinds[i];
-        kind.kind = searchedKinds[i];
+        kind.kind = recordKinds[i];
         kind.query = keywordQuery(queries, kind.kind, words);
         kind.caption =
             recordNames(kind.kind).record + QStringLiteral(" Search Results for \"") + keywords + u'"';

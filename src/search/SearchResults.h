@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/SearchKind.h"
+#include "views/clsView.h"
 
 #include <QString>
 
@@ -8,43 +8,44 @@
 #include <optional>
 
 class DatabaseSession;
+struct StandardQueries;
 
-/// What a keyword search of all kinds found: how many records of each, and the query that lists them.
+/// The result of a keyword search of all kinds: for each, how many records there are and the query that lists
+/// them.
 struct SearchResults
 {
     struct Kind
     {
-        ViewKind kind = ViewKind::Documents;
+        RecordKind kind = RecordKind::Document;
         SharedQuery query;
         QString caption;
         qint64 count = 0;
 
-        /// `3 Documents`, `1 Document`.
+        /// Returns `3 Documents` or `1 Document`.
         [[nodiscard]] QString label() const;
     };
 
     /// The one record that was found.
     struct Record
     {
-        ViewKind kind = ViewKind::Documents;
+        RecordKind kind = RecordKind::Document;
         qint64 identifier = 0;
         QString name;
     };
 
     QString keywords; ///< as typed
-    std::array<Kind, searchedKinds.size()> kinds;
-    std::optional<Record> single; ///< where the search found exactly one record
+    std::array<Kind, recordKinds.size()> kinds;
+    std::optional<Record> single; ///< the record, if the search found exactly one
 
     [[nodiscard]] qint64 total() const;
 
-    /// What the results page says above the kinds.
+    /// The sentence above the kinds on the results page.
     [[nodiscard]] QString sentence() const;
 
-    /// The view that lists what was found of a kind.
+    /// The view that lists the records that were found of a kind.
     [[nodiscard]] clsView listView(const Kind& kind) const;
 
-    /// Searches for the words of a text, the first four of more. Throws Error where the words break the
-    /// statement.
+    /// Searches for the first four words of a text. Throws Error if the words break the statement.
     static SearchResults read(DatabaseSession& session, const StandardQueries& queries,
                               const QString& keywords);
 };

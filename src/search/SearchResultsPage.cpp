@@ -25,11 +25,11 @@ QFont larger(const QFont& font, double factor)
     return result;
 }
 
-QString pictureOf(ViewKind kind)
+QString pictureOf(RecordKind kind)
 {
-    return kind == ViewKind::Documents ? QStringLiteral("home-documents")
-           : kind == ViewKind::Events  ? QStringLiteral("home-events")
-                                       : QStringLiteral("home-organizations");
+    return kind == RecordKind::Document ? QStringLiteral("home-documents")
+           : kind == RecordKind::Event  ? QStringLiteral("home-events")
+                                        : QStringLiteral("home-organizations");
 }
 
 } // namespace
@@ -57,7 +57,15 @@ SearchResultsPage::SearchResultsPage(QWidget* parent)
     m_search->setFocusPolicy(Qt::StrongFocus);
     m_record->setObjectName(QStringLiteral("lblRecord"));
     m_record->setFont(larger(font(), summarySize));
+    layOut();
+    connect(m_search, &QToolButton::clicked, this, &SearchResultsPage::searchPressed);
+    connect(m_record, &LinkButton::clicked, this, [this] {
+        if (m_results.single) Q_EMIT recordChosen(m_results.single->kind, m_results.single->identifier);
+    });
+}
 
+void SearchResultsPage::layOut()
+{
     auto* content = new QWidget(this);
     content->setMaximumWidth(contentWidth);
     auto* column = new QVBoxLayout(content);
@@ -68,12 +76,12 @@ SearchResultsPage::SearchResultsPage(QWidget* parent)
     top->addWidget(m_summary, 1);
     column->addStretch(1);
     column->addLayout(top);
-    for (std::size_t i = 0; i < searchedKinds.size(); ++i)
+    for (std::size_t i = 0; i < recordKinds.size(); ++i)
         makeKind(i, *column);
     column->addWidget(m_record);
     column->addStretch(2);
 
-    // a very long text to search for must not make the window larger
+    // a very long search text must not make the window larger
     auto* area = new QScrollArea(this);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
@@ -87,10 +95,6 @@ SearchResultsPage::SearchResultsPage(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(area);
-    connect(m_search, &QToolButton::clicked, this, &SearchResultsPage::searchPressed);
-    connect(m_record, &LinkButton::clicked, this, [this] {
-        if (m_results.single) Q_EMIT recordChosen(m_results.single->kind, m_results.single->identifier);
-    });
 }
 
 void SearchResultsPage::makeKind(std::size_t index, QVBoxLayout& layout)
@@ -100,7 +104,7 @@ void SearchResultsPage::makeKind(std::size_t index, QVBoxLayout& layout)
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(spacing);
     auto* picture = new QLabel(m_rows[index]);
-    const QIcon icon(QStringLiteral(":/pictures/%1.svg").arg(pictureOf(searchedKinds[index])));
+    const QIcon icon(QStringLiteral(":/pictures/%1.svg").arg(pictureOf(recordKinds[index])));
     picture->setAlignment(Qt::AlignCenter);
     picture->setFixedWidth(m_search->sizeHint().width());
     picture->setPixmap(icon.pixmap(QSize(kindIconSize, kindIconSize), devicePixelRatioF()));
@@ -111,7 +115,8 @@ void SearchResultsPage::makeKind(std::size_t index, QVBoxLayout& layout)
     row->addWidget(m_links[index]);
     row->addStretch();
     layout.addWidget(m_rows[index]);
-    connect(m_links[index], &LinkButton::clicked, this, [this, index] { openList(searchedKinds[index]); });
+    connect(m_links[index], &LinkButton::clicked, this,
+            [this, index] { Q_EMIT listChosen(m_results.listView(m_results.kinds[index])); });
 }
 
 void SearchResultsPage::showResults(const SearchResults& results)
@@ -128,16 +133,6 @@ void SearchResultsPage::showResults(const SearchResults& results)
     focusFirst();
 }
 
-void SearchResultsPage::openList(ViewKind kind)
-{
-    for (const SearchResults::Kind& found : m_results.kinds) {
-        if (found.kind == kind) {
-            Q_EMIT listChosen(m_results.listView(found));
-            return;
-        }
-    }
-}
-
 void SearchResultsPage::showFailure(const QString& keywords)
 {
     m_results = {};
@@ -150,7 +145,7 @@ void SearchResultsPage::showFailure(const QString& keywords)
     focusFirst();
 }
 
-/// The keyboard begins at what the user most likely wants.
+/// Gives the keyboard focus to what the user most likely wants next.
 void SearchResultsPage::focusFirst()
 {
     if (m_results.single) {

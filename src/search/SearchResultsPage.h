@@ -11,8 +11,8 @@ class QLabel;
 class QToolButton;
 class QVBoxLayout;
 
-/// The page of what a keyword search of all kinds found: how many records of each kind, as links to their
-/// lists, and the record itself where there is just one.
+/// The page with the results of a keyword search of all kinds: the number of records of each kind, as a link
+/// to their list, and a link to the record itself if there is only one.
 class SearchResultsPage final : public QWidget
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
 
     void showResults(const SearchResults& results);
 
-    /// Shows that the search for a text could not be made.
+    /// Says that the search for a text failed.
     void showFailure(const QString& keywords);
 
 Q_SIGNALS:
@@ -32,18 +32,18 @@ Q_SIGNALS:
     /// The user wants the list of a kind.
     void listChosen(const clsView& view);
 
-    /// The user wants the one record that was found.
-    void recordChosen(ViewKind kind, qint64 identifier);
+    /// The user wants to see the only record that was found.
+    void recordChosen(RecordKind kind, qint64 identifier);
 
 private:
-    void openList(ViewKind kind);
+    void layOut();
     void makeKind(std::size_t index, QVBoxLayout& layout);
     void focusFirst();
 
     SearchResults m_results;
     QLabel* m_summary;
     QToolButton* m_search;
-    std::array<QWidget*, searchedKinds.size()> m_rows{};
-    std::array<LinkButton*, searchedKinds.size()> m_links{};
+    std::array<QWidget*, recordKinds.size()> m_rows{};
+    std::array<LinkButton*, recordKinds.size()> m_links{};
     LinkButton* m_record;
 };

@@ -18,13 +18,13 @@ WrappingCheckBox::WrappingCheckBox(const QString& text, QWidget* parent) : QChec
     setSizePolicy(policy);
 }
 
-/// What the mark and its gap take of the width.
+/// The width of the mark and of the gap beside it, in pixels.
 int WrappingCheckBox::besideText() const
 {
     return sizeHint().width() - fontMetrics().size(Qt::TextShowMnemonic, text()).width();
 }
 
-/// The text with line ends where it must go on in another line.
+/// The text, with a line end wherever it has to wrap.
 QString WrappingCheckBox::wrapped(int width) const
 {
     const int room = width - besideText();

@@ -2,7 +2,7 @@
 
 #include <QCheckBox>
 
-/// A check box whose text goes on in another line if the box is narrower than it.
+/// A check box that wraps its text if the text is wider than the box.
 class WrappingCheckBox final : public QCheckBox
 {
     Q_OBJECT

@@ -1,10 +1,12 @@
 #include "search/frmAdvSearch.h"
 
+#include "data/DatabaseSession.h"
 #include "platform/Procedure.h"
 #include "search/CheckListCriterion.h"
 #include "search/ChosenListCriterion.h"
 #include "search/EventDateCriterion.h"
-#include "state/ProgramState.h"
+#include "views/RecordPicker.h"
+#include "views/ViewHistory.h"
 #include "widgets/ElidedLabel.h"
 #include "widgets/WaitCursor.h"
 
@@ -14,8 +16,6 @@
 #include <QScreen>
 #include <QTabWidget>
 #include <QVBoxLayout>
-
-#include <map>
 
 namespace {
 
@@ -27,9 +27,8 @@ constexpr QSize frame(16, 48);
 
 } // namespace
 
-frmAdvSearch::frmAdvSearch(const Platform& platform, ProgramState& state, RecordPicker& picker,
-                           QWidget* parent)
-    : QDialog(parent), m_platform(platform), m_state(state), m_picker(picker)
+frmAdvSearch::frmAdvSearch(const SearchSurroundings& surroundings, RecordPicker& picker, QWidget* parent)
+    : QDialog(parent), m_at(surroundings), m_picker(picker)
 {
     setObjectName(QStringLiteral("frmAdvSearch"));
     setWindowTitle(tr("Advanced Search"));
@@ -43,26 +42,26 @@ void frmAdvSearch::makeTabs()
 {
     m_tabs = new QTabWidget(this);
     m_tabs->setObjectName(QStringLiteral("SSTab1"));
-    m_tabs->addTab(makeTab(ViewKind::Documents), tr("Documents"));
-    m_tabs->addTab(makeTab(ViewKind::Events), tr("Events"));
-    m_tabs->addTab(makeTab(ViewKind::Organizations), tr("Organizations"));
+    makeTab(RecordKind::Document, tr("Documents"));
+    makeTab(RecordKind::Event, tr("Events"));
+    makeTab(RecordKind::Organization, tr("Organizations"));
 }
 
-QWidget* frmAdvSearch::makeTab(ViewKind kind)
+void frmAdvSearch::makeTab(RecordKind kind, const QString& title)
 {
-    auto* tab = new QWidget(m_tabs);
-    auto* grid = new QGridLayout(tab);
-    std::vector<CriterionBox*>& made = m_boxes[static_cast<std::size_t>(kind)];
+    Tab& tab = m_tabOf[kind];
+    tab.page = new QWidget(m_tabs);
+    auto* grid = new QGridLayout(tab.page);
     for (const CriterionControls& controls : criterionControls(kind)) {
-        CriterionBox* box = makeBox(controls, tab);
+        CriterionBox* box = makeBox(controls, tab.page);
         connect(box, &CriterionBox::changed, this, &frmAdvSearch::showSearchText);
-        const int place = static_cast<int>(made.size());
+        const int place = static_cast<int>(tab.boxes.size());
         grid->addWidget(box, place / columns, place % columns);
-        made.push_back(box);
+        tab.boxes.push_back(box);
     }
     for (int column = 0; column < columns; ++column)
         grid->setColumnStretch(column, 1);
-    return tab;
+    m_tabs->addTab(tab.page, title);
 }
 
 CriterionBox* frmAdvSearch::makeBox(const CriterionControls& controls, QWidget* parent)
@@ -110,13 +109,13 @@ void frmAdvSearch::layOut()
 
 void frmAdvSearch::fillComboBoxes()
 {
-    runProcedure(m_platform.messages, QStringLiteral("fillComboBoxes"), [this] {
+    runProcedure(m_at.messages, QStringLiteral("fillComboBoxes"), [this] {
         std::map<QString, std::vector<CheckListCriterion::Entry>> tables;
         for (const LookupList& list : m_lookupLists) {
             const auto& [table, keyColumn, nameColumn] = list.lookup;
             const auto [entries, isNew] = tables.try_emplace(table);
             if (isNew) {
-                RecordSet rows = m_state.session.read(QStringLiteral("SELECT * FROM ") + table);
+                RecordSet rows = m_at.session.read(QStringLiteral("SELECT * FROM ") + table);
                 const int key = rows.column(keyColumn);
                 const int name = rows.column(nameColumn);
                 while (rows.next())
@@ -129,26 +128,25 @@ void frmAdvSearch::fillComboBoxes()
     });
 }
 
-void frmAdvSearch::doAdvSearch(ViewKind kind)
+void frmAdvSearch::doAdvSearch(RecordKind kind)
 {
     m_kind = kind;
     enableOnly(kind);
-    const ViewHistory& history = m_state.history;
+    const ViewHistory& history = m_at.history;
     if (history.current() > 0) {
         const clsAdvSearch& search = history.view(history.current()).AdvSearch;
         if (hasCriteria(search)) {
-            runProcedure(m_platform.messages, QStringLiteral("populateFields"),
-                         [&] { populateFields(search); });
+            runProcedure(m_at.messages, QStringLiteral("populateFields"), [&] { populateFields(search); });
         }
     }
     showSearchText();
-    boxes(kind).front()->setFocus();
+    m_tabOf.at(kind).boxes.front()->setFocus();
     open();
 }
 
-void frmAdvSearch::enableOnly(ViewKind kind)
+void frmAdvSearch::enableOnly(RecordKind kind)
 {
-    const int chosen = static_cast<int>(kind);
+    const int chosen = m_tabs->indexOf(m_tabOf.at(kind).page);
     m_tabs->setTabEnabled(chosen, true);
     m_tabs->setCurrentIndex(chosen);
     for (int tab = 0; tab < m_tabs->count(); ++tab)
@@ -157,24 +155,24 @@ void frmAdvSearch::enableOnly(ViewKind kind)
 
 void frmAdvSearch::populateFields(const clsAdvSearch& search)
 {
-    for (const ViewKind kind : searchedKinds) {
+    for (const auto& [kind, tab] : m_tabOf) {
         const auto& criteria = criteriaOf(kind);
         for (std::size_t i = 0; i < criteria.size(); ++i) {
-            CriterionBox& box = *boxes(kind)[i];
+            CriterionBox& box = *tab.boxes[i];
             box.setOn(search.*criteria[i].flag);
             if (criteria[i].items != nullptr) {
                 box.setItems(search.*criteria[i].items);
             } else if (search.*criteria[i].flag) {
-                // a search that is not by date knows no dates
+                // a search without the date criterion has no dates to show
                 dynamic_cast<EventDateCriterion&>(box).readFrom(search);
             }
         }
     }
 }
 
-void frmAdvSearch::pickFor(ChosenListCriterion& criterion, RecordPicker::Records records)
+void frmAdvSearch::pickFor(ChosenListCriterion& criterion, PickListKind records)
 {
-    runProcedure(m_platform.messages, QStringLiteral("showList"),
+    runProcedure(m_at.messages, QStringLiteral("showList"),
                  [&] { criterion.setItems(m_picker.pick(records, criterion.items(), this)); });
     showSearchText();
 }
@@ -184,7 +182,7 @@ clsAdvSearch frmAdvSearch::collect() const
     clsAdvSearch search;
     const auto& criteria = criteriaOf(m_kind);
     for (std::size_t i = 0; i < criteria.size(); ++i) {
-        const CriterionBox& box = *boxes(m_kind)[i];
+        const CriterionBox& box = *m_tabOf.at(m_kind).boxes[i];
         if (!box.isOn()) continue;
         search.*criteria[i].flag = true;
         if (criteria[i].items != nullptr) {
@@ -207,13 +205,13 @@ void frmAdvSearch::showSearchText()
 
 void frmAdvSearch::cmdSearch()
 {
-    runProcedure(m_platform.messages, QStringLiteral("cmdSearch"), [this] {
+    runProcedure(m_at.messages, QStringLiteral("cmdSearch"), [this] {
         clsAdvSearch search = collect();
-        runProcedure(m_platform.messages, QStringLiteral("buildAdvSQL"), [&] { search.buildAdvSQL(); });
-        clsView found = advancedView(m_state.queries, m_kind, search);
-        // a list yields as it fills: the form is gone before anything in it can be pressed again
+        runProcedure(m_at.messages, QStringLiteral("buildAdvSQL"), [&] { search.buildAdvSQL(); });
+        clsView found = advancedView(m_at.queries, m_kind, search);
+        // a list yields as it fills: close first, so that nothing in the form can be pressed again
         accept();
         const WaitCursor wait;
-        m_state.history.addView(std::move(found));
+        m_at.history.addView(std::move(found));
     });
 }

@@ -4,7 +4,7 @@
 #include "platform/Procedure.h"
 #include "search/KeywordSearch.h"
 #include "search/LinkButton.h"
-#include "state/ProgramState.h"
+#include "views/ViewHistory.h"
 #include "widgets/LineEdit.h"
 #include "widgets/WaitCursor.h"
 
@@ -18,15 +18,15 @@
 
 namespace {
 
-/// The colour of the link while it leads somewhere.
+/// The colour of the link while it can be followed.
 constexpr QColor liveLink(0, 0, 255);
 constexpr int keywordWidth = 420;
 constexpr double hintSize = 0.9;
 
 } // namespace
 
-frmSearch::frmSearch(const Platform& platform, ProgramState& state, QWidget* parent)
-    : QDialog(parent), m_platform(platform), m_state(state)
+frmSearch::frmSearch(const SearchSurroundings& surroundings, QWidget* parent)
+    : QDialog(parent), m_at(surroundings)
 {
     setObjectName(QStringLiteral("frmSearch"));
     setWindowTitle(tr("Keyword Search"));
@@ -43,13 +43,12 @@ QGroupBox* frmSearch::makeScopes()
     auto* layout = new QVBoxLayout(box);
     const std::array captions{tr("ALL (Documents, Events, and Organizations)"), tr("Documents ONLY"),
                               tr("Events ONLY"), tr("Organizations ONLY")};
-    for (std::size_t i = 0; i < scopes; ++i) {
-        const int index = static_cast<int>(i);
+    for (std::size_t i = 0; i < scopes.size(); ++i) {
         m_options[i] = new QRadioButton(captions[i], box);
-        m_options[i]->setObjectName(QStringLiteral("optSearch(%1)").arg(index));
+        m_options[i]->setObjectName(QStringLiteral("optSearch(%1)").arg(i));
         layout->addWidget(m_options[i]);
-        connect(m_options[i], &QRadioButton::toggled, this, [this, index](bool chosen) {
-            if (chosen) chooseScope(index);
+        connect(m_options[i], &QRadioButton::toggled, this, [this, scope = scopes[i]](bool chosen) {
+            if (chosen) chooseScope(scope);
         });
     }
     return box;
@@ -118,35 +117,36 @@ void frmSearch::layOut(QGroupBox* scopeBox)
 
 void frmSearch::doSearch()
 {
-    const auto scope = static_cast<std::size_t>(scopeOf(m_state.history.currentKind()));
-    m_options[scope]->setChecked(true);
-    chooseScope(static_cast<int>(scope));
-    m_keywords->setText(m_state.lastKeywords);
+    const std::optional<RecordKind> shown = recordKindOf(m_at.history.currentKind());
+    for (std::size_t i = 0; i < scopes.size(); ++i)
+        if (scopes[i] == shown) m_options[i]->setChecked(true);
+    chooseScope(shown);
+    m_keywords->setText(m_lastKeywords);
     m_keywords->selectAll();
     m_keywords->setFocus();
     open();
 }
 
-void frmSearch::chooseScope(int index)
+void frmSearch::chooseScope(std::optional<RecordKind> scope)
 {
-    m_scope = static_cast<SearchScope>(index);
-    m_advanced->setColour(m_scope == SearchScope::All ? palette().color(QPalette::ButtonText) : liveLink);
+    m_scope = scope;
+    m_advanced->setColour(m_scope ? liveLink : palette().color(QPalette::ButtonText));
 }
 
 void frmSearch::followLink()
 {
-    if (m_advanced->colour() != liveLink) {
-        m_platform.messages.show(QStringLiteral("Advanced Search not available when searching All"));
+    if (!m_scope) {
+        m_at.messages.show(QStringLiteral("Advanced Search not available when searching All"));
         return;
     }
     accept();
-    Q_EMIT advancedSearchChosen(m_scope);
+    Q_EMIT advancedSearchChosen(*m_scope);
 }
 
 void frmSearch::cmdGO()
 {
     if (m_keywords->text().trimmed().isEmpty()) {
-        m_platform.messages.show(QStringLiteral("No keyword entered."));
+        m_at.messages.show(QStringLiteral("No keyword entered."));
         m_keywords->setFocus();
         return;
     }
@@ -155,16 +155,16 @@ void frmSearch::cmdGO()
 
 void frmSearch::doKeywordSearch()
 {
-    runProcedure(m_platform.messages, QStringLiteral("doKeywordSearch"), [this] {
+    runProcedure(m_at.messages, QStringLiteral("doKeywordSearch"), [this] {
         const QString text = m_keywords->text();
-        m_state.lastKeywords = text;
+        m_lastKeywords = text;
         if (splitWords(text).moreThanMost) {
-            m_platform.messages.show(QStringLiteral("Search Limited to 4 Keywords. First 4 Keywords used."));
+            m_at.messages.show(QStringLiteral("Search Limited to 4 Keywords. First 4 Keywords used."));
         }
-        clsView found = keywordView(m_state.queries, m_scope, text);
-        // a list yields as it fills: the dialog is gone before anything in it can be pressed again
+        clsView found = keywordView(m_at.queries, m_scope, text);
+        // a list yields as it fills: close first, so that nothing in the dialog can be pressed again
         accept();
         const WaitCursor wait;
-        m_state.history.addView(std::move(found));
+        m_at.history.addView(std::move(found));
     });
 }

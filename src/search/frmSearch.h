@@ -1,52 +1,53 @@
 #pragma once
 
-#include "platform/Platform.h"
-#include "views/SearchKind.h"
+#include "records/RecordKind.h"
+#include "search/SearchSurroundings.h"
 
 #include <QDialog>
 
 #include <array>
+#include <optional>
 
 class LinkButton;
 class QGroupBox;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
-struct ProgramState;
 
-/// The dialog for a keyword search: what to look through, and up to four words. What it finds becomes a view
-/// of the main window. Made once; each opening begins with the text searched for last.
+/// The dialog for a keyword search: the kind of record to look through, or all, and up to four words. Its
+/// result becomes a view of the main window. Made once; each opening begins with the last search text.
 class frmSearch final : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// The state must outlive the dialog.
-    frmSearch(const Platform& platform, ProgramState& state, QWidget* parent);
+    frmSearch(const SearchSurroundings& surroundings, QWidget* parent);
 
-    /// Opens the dialog over its window, with the scope that suits the view shown there.
+    /// Opens the dialog over its window, set to the kind of record that is shown there.
     void doSearch();
 
 Q_SIGNALS:
-    /// The user wants to search one kind by its criteria instead.
-    void advancedSearchChosen(SearchScope scope);
+    /// The user wants to search a kind by its criteria instead.
+    void advancedSearchChosen(RecordKind kind);
 
 private:
-    static constexpr std::size_t scopes = 4;
+    /// What each option looks through; without a kind, all.
+    static constexpr std::array<std::optional<RecordKind>, 4> scopes{
+        std::nullopt, RecordKind::Document, RecordKind::Event, RecordKind::Organization};
 
     QGroupBox* makeScopes();
     void makeKeywords();
     void makeButtons();
     void layOut(QGroupBox* scopeBox);
-    void chooseScope(int index);
+    void chooseScope(std::optional<RecordKind> scope);
     void followLink();
     void cmdGO();
     void doKeywordSearch();
 
-    Platform m_platform;
-    ProgramState& m_state;
-    SearchScope m_scope = SearchScope::All;
-    std::array<QRadioButton*, scopes> m_options{};
+    SearchSurroundings m_at;
+    QString m_lastKeywords; ///< as typed
+    std::optional<RecordKind> m_scope;
+    std::array<QRadioButton*, scopes.size()> m_options{};
     QLineEdit* m_keywords = nullptr;
     LinkButton* m_advanced = nullptr;
     QPushButton* m_go = nullptr;

@@ -17,7 +17,6 @@ struct ProgramState
     StandardQueries queries;
     ProgramFolder folder;
     QString databasePath;
-    QString lastKeywords; ///< what was searched for last, as typed
     DatabaseSession session;
 
     /// Set by an editor that was left by Cancel; reset by who opened it.

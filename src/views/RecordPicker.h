@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/clsAdvSearch.h"
+#include "records/PickList.h"
 
 class QWidget;
 
@@ -8,20 +8,11 @@ class QWidget;
 class RecordPicker
 {
 public:
-    /// By the numbers that pick lists have for them.
-    enum class Records
-    {
-        Organizations = 0,
-        Functions = 1,
-        DocumentTypes = 2,
-        CityLocations = 5
-    };
-
     virtual ~RecordPicker() = default;
 
-    /// Asks over the window that wants to know. What is chosen afterwards; `chosen` itself where the user
-    /// changed their mind. City locations are named `city, state`. Failures show their own message.
-    virtual clsAdvSearch::Items pick(Records records, const clsAdvSearch::Items& chosen, QWidget* window) = 0;
+    /// Opens over `window`. Returns what is chosen afterwards, or `chosen` itself if the user changed their
+    /// mind. City locations are named `city, state`. Failures show their own message.
+    virtual PickedItems pick(PickListKind kind, const PickedItems& chosen, QWidget* window) = 0;
 
 protected:
     RecordPicker() = default;

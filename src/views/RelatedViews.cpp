@@ -4,47 +4,48 @@
 #include "views/StandardQueries.h"
 
 #include <array>
+#include <utility>
 
 namespace {
 
-/// What one command asks, shows and offers.
+/// What a command reads, shows and offers.
 struct Relation
 {
-    ViewKind source;
-    ViewKind target;
-    const char16_t* check; ///< finds what is linked, once the identifier stands at its end
+    RecordKind source;
+    RecordKind target;
+    const char16_t* check; ///< finds the linked records, once the identifier is appended
     const char16_t* caption;
     const char16_t* question;
-    const char16_t* presetKind = nullptr; ///< the word for the source in the editor's preset; else none
+    const char16_t* presetKind = nullptr; ///< the word for the source in the editor's preset, if it takes one
 };
 
 /// In the order of the commands.
 constexpr std::array<Relation, 6> relations{
-    {{ViewKind::Documents, ViewKind::Events,
+    {{RecordKind::Document, RecordKind::Event,
       u"SELECT DISTINCT Event.EventID FROM Event, DocumentEvents WHERE Event.EventID = "
       u"DocumentEvents.EventID AND Event.EventID > 1 AND Status <> 'DELETED' AND DocumentID = ",
       u"View Only Events for Document ", u"No Events exist for this Document. Would you like to add one?",
       u"DOCUMENT"},
-     {ViewKind::Documents, ViewKind::Organizations,
+     {RecordKind::Document, RecordKind::Organization,
       u"SELECT OrganizationID FROM Document WHERE DocumentID = ", u"View Source Organization for Document ",
       u"No Source Organization exists for this Document. Would you like to add one?"},
-     {ViewKind::Events, ViewKind::Documents,
+     {RecordKind::Event, RecordKind::Document,
       u"SELECT DISTINCT Document.DocumentID FROM Document, DocumentEvents WHERE Document.DocumentID = "
       u"DocumentEvents.DocumentID AND Document.DocumentID > 1 AND dStatus <> 'DELETED' AND EventID = ",
       u"View Only Documents for Event ", u"No Documents exist for this Event. Would you like to add one?"},
-     {ViewKind::Events, ViewKind::Organizations,
+     {RecordKind::Event, RecordKind::Organization,
       u"SELECT DISTINCT Organization.OrganizationID FROM Organization, OrganizationEvents WHERE "
       u"Organization.OrganizationID = OrganizationEvents.OrganizationID AND Organization.OrganizationID > 1 "
       u"AND Status <> 'DELETED' AND EventID = ",
       u"View Only Organizations for Event ",
       u"No Organizations exist for this Event. Would you like to add one?"},
-     {ViewKind::Organizations, ViewKind::Documents,
+     {RecordKind::Organization, RecordKind::Document,
       u"SELECT count(DocumentID) as dCount FROM Document WHERE DocumentID > 1 AND dStatus <> 'DELETED' AND "
       u"OrganizationID = ",
       u"View Only Documents for Organization ",
       u"No Documents exist for this Organization. Would you like to add one?", u"ORGANIZATION"},
-     // users know this view by the caption that it has always had, odd as it is
-     {ViewKind::Organizations, ViewKind::Events,
+     // the caption does not say what the view lists, but users know the view by it
+     {RecordKind::Organization, RecordKind::Event,
       u"SELECT DISTINCT Event.EventID FROM Event, OrganizationEvents WHERE Event.EventID = "
       u"OrganizationEvents.EventID AND Event.EventID > 1 AND Status <> 'DELETED' AND OrganizationID = ",
       u"View Only Organizations for Event ",
@@ -64,18 +65,13 @@ RecordAddition additionFor(const Relation& relation, const RelatedSource& source
 
 } // namespace
 
-ViewKind RelatedViews::sourceKind(RelatedCommand command)
+RecordKind RelatedViews::sourceKind(RelatedCommand command)
 {
     return relationOf(command).source;
 }
 
-const SQLObject& RelatedViews::standardQuery(ViewKind kind) const
-{
-    if (kind == ViewKind::Documents) return *m_queries.documents;
-    return kind == ViewKind::Events ? *m_queries.events : *m_queries.organizations;
-}
-
-/// The condition that narrows the target's records to the linked ones; empty where there are none.
+/// Returns the condition that narrows the target's records to the linked ones, or an empty text if there are
+/// none.
 QString RelatedViews::conditionFor(RelatedCommand command, const QString& check,
                                    const QString& identifier) const
 {
@@ -86,7 +82,7 @@ QString RelatedViews::conditionFor(RelatedCommand command, const QString& check,
         return QStringLiteral(" AND DocumentID = ") + identifier;
     case RelatedCommand::DocumentOrganization: {
         const qint64 organization = found.integer(found.column(u"OrganizationID"));
-        // a document that names none, not even the reserved "None", has no source
+        // the reserved "None" counts as a source; a missing one does not
         if (organization < 1) return {};
         return QStringLiteral(" AND Organization.OrganizationID = ") + QString::number(organization);
     }
@@ -112,12 +108,9 @@ RelatedOutcome RelatedViews::follow(RelatedCommand command, const RelatedSource&
     if (condition.isEmpty()) {
         return {std::nullopt, QString::fromUtf16(relation.question), additionFor(relation, source)};
     }
-    SQLObject query = standardQuery(relation.target);
-    query.WhereClause += condition;
-    // asked once before it is shown, so that the current view stays where it cannot be
-    (void)m_session.read(query.sqlStr());
-    return {clsView{relation.target, std::make_shared<const SQLObject>(query),
-                    QString::fromUtf16(relation.caption) + u'"' + source.name + u'"'},
-            {},
-            {}};
+    clsView view{viewOf(relation.target), m_queries.narrowed(relation.target, condition),
+                 QString::fromUtf16(relation.caption) + u'"' + source.name + u'"'};
+    // read once before it is shown: if that fails, the current view stays
+    (void)m_session.read(view.SQL->sqlStr());
+    return {std::move(view), {}, {}};
 }

@@ -10,7 +10,7 @@
 class DatabaseSession;
 struct StandardQueries;
 
-/// The commands that lead from one record to those that are linked to it.
+/// The commands that lead from a record to those linked to it.
 enum class RelatedCommand
 {
     DocumentEvents,
@@ -31,11 +31,11 @@ struct RelatedSource
 /// A record to be added: its kind, and what its editor is preset with, if anything.
 struct RecordAddition
 {
-    ViewKind kind = ViewKind::Documents;
+    RecordKind kind = RecordKind::Document;
     std::optional<clsFieldInfo> preset;
 };
 
-/// Where a command leads: to a view or, where nothing is linked, to a question and what Yes begins.
+/// Where a command leads: to a view or, if no record is linked, to a question and what Yes begins.
 struct RelatedOutcome
 {
     std::optional<clsView> view;
@@ -43,7 +43,7 @@ struct RelatedOutcome
     RecordAddition addition;
 };
 
-/// Makes the views of linked records. Each is narrowed from all records of its kind.
+/// Makes the views of linked records, each narrowed from the view of all records of its kind.
 class RelatedViews
 {
 public:
@@ -53,16 +53,15 @@ public:
     {
     }
 
-    /// Looks for what is linked. Throws Error where that, or the view, cannot be asked.
+    /// Looks for the linked records. Throws Error if they, or those of the view, cannot be read.
     [[nodiscard]] RelatedOutcome follow(RelatedCommand command, const RelatedSource& source) const;
 
     /// The kind of record that a command begins from.
-    static ViewKind sourceKind(RelatedCommand command);
+    static RecordKind sourceKind(RelatedCommand command);
 
 private:
     [[nodiscard]] QString conditionFor(RelatedCommand command, const QString& check,
                                        const QString& identifier) const;
-    [[nodiscard]] const SQLObject& standardQuery(ViewKind kind) const;
 
     DatabaseSession& m_session;
     const StandardQueries& m_queries;

@@ -11,13 +11,6 @@
 
 namespace {
 
-SharedQuery narrowed(const SQLObject& standard, const QString& condition)
-{
-    SQLObject query = standard;
-    query.WhereClause += condition;
-    return std::make_shared<const SQLObject>(query);
-}
-
 QString locationName(const QString& city, const QString& state)
 {
     return city + QStringLiteral(", ") + state;
@@ -33,14 +26,14 @@ QString partCondition(const QString& column, const QString& text)
 class Locations
 {
 public:
-    /// `known` is the known city that stands for the place; 0 if there is none. Throws Error 6 if it
-    /// does not fit into 16 bits.
+    /// `known` is the identifier of the known city that stands for the place, or 0. Throws Error 6 if it does
+    /// not fit into 16 bits.
     void add(qint64 known, const QString& city, const QString& state)
     {
         const QString name = locationName(city, state);
         const bool isEmpty = city.isEmpty() || state.isEmpty();
         if (isEmpty || clsAdvSearch::cityAndState(name) != std::pair(city, state)) {
-            // the name of a location cannot carry it: a part is missing, or has a comma or an outer blank
+            // the name of a location cannot hold it: a part is missing, or has a comma or an outer blank
             m_others << QStringLiteral("(%1 AND %2)")
                             .arg(partCondition(QStringLiteral("City"), city),
                                  partCondition(QStringLiteral("State"), state));
@@ -49,7 +42,7 @@ public:
         }
     }
 
-    /// The condition, to stand behind the standard where clause; empty without a location.
+    /// Returns the condition that follows the standard where clause; empty without a location.
     [[nodiscard]] QString condition()
     {
         m_search.bOrgLocations = true;
@@ -77,7 +70,7 @@ clsView ShowOnlyViews::documentsOfType(const QString& typeName) const
     search.docTypes.push_back(clsPickListItem::of(types.integer(types.column(u"DocumentTypeID")),
                                                   types.text(types.column(u"DocumentTypeName"))));
     search.buildAdvSQL();
-    return checked({ViewKind::Documents, narrowed(*m_queries.documents, search.advDocSQL),
+    return checked({ViewKind::Documents, m_queries.narrowed(RecordKind::Document, search.advDocSQL),
                     QStringLiteral("View Only ") + typeName + QStringLiteral(" Documents")});
 }
 
@@ -91,7 +84,7 @@ clsView ShowOnlyViews::organizationsOfState(const clsCities& place) const
     Locations locations;
     while (known.next())
         locations.add(known.integer(0), known.text(1), known.text(2));
-    // the map draws those with a position of their own too
+    // the map also draws organizations that have a position of their own, but no known city
     RecordSet others = m_session.read(
         QStringLiteral(
             "SELECT DISTINCT City, State FROM Q_Organization WHERE OrganizationID > 1 "
@@ -116,10 +109,11 @@ clsView ShowOnlyViews::organizationsOfCity(const clsCities& place) const
 
 clsView ShowOnlyViews::organizations(const QString& condition, const QString& caption) const
 {
-    return checked({ViewKind::Organizations, narrowed(*m_queries.organizations, condition), caption});
+    return checked(
+        {ViewKind::Organizations, m_queries.narrowed(RecordKind::Organization, condition), caption});
 }
 
-/// A view is only shown once its statement can be asked, so that the current one stays where it cannot.
+/// Reads the view's records once before it is shown: if that fails, the current view stays.
 clsView ShowOnlyViews::checked(clsView view) const
 {
     (void)m_session.read(view.SQL->sqlStr());

@@ -9,8 +9,8 @@ struct StandardQueries;
 struct clsCities;
 
 /// The views that the chart and the map narrow the records to: the documents of one type, the organizations
-/// of one state or one city. Each starts from all records of its kind. A name with an apostrophe breaks the
-/// statement; each call throws Error then, and where else the query cannot be asked.
+/// of one state or one city, each out of all records of its kind. Every call throws Error if the records
+/// cannot be read, as with an apostrophe in a name, which breaks the statement.
 class ShowOnlyViews
 {
 public:

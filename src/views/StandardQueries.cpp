@@ -36,9 +36,47 @@ SharedQuery organizationsQuery()
         QStringLiteral("ORDER BY OrganizationName")});
 }
 
+QString titleOfAll(RecordKind kind)
+{
+    switch (kind) {
+    case RecordKind::Document:
+        return QStringLiteral("View ALL Documents");
+    case RecordKind::Event:
+        return QStringLiteral("View ALL Events");
+    case RecordKind::Organization:
+        break;
+    }
+    return QStringLiteral("View ALL Organizations");
+}
+
 } // namespace
 
 StandardQueries::StandardQueries()
     : documents(documentsQuery()), events(eventsQuery()), organizations(organizationsQuery())
 {
+}
+
+const SharedQuery& StandardQueries::of(RecordKind kind) const
+{
+    switch (kind) {
+    case RecordKind::Document:
+        return documents;
+    case RecordKind::Event:
+        return events;
+    case RecordKind::Organization:
+        break;
+    }
+    return organizations;
+}
+
+SharedQuery StandardQueries::narrowed(RecordKind kind, const QString& condition) const
+{
+    SQLObject query = *of(kind);
+    query.WhereClause += condition;
+    return std::make_shared<const SQLObject>(std::move(query));
+}
+
+clsView StandardQueries::all(RecordKind kind) const
+{
+    return {viewOf(kind), of(kind), titleOfAll(kind)};
 }

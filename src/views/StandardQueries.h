@@ -1,8 +1,6 @@
 #pragma once
 
-#include "data/SQLObject.h"
-
-#include <QString>
+#include "views/clsView.h"
 
 /// The three queries that show all records of a kind, made once at start-up and never changed. A narrower
 /// view builds a query of its own from their clauses.
@@ -10,10 +8,15 @@ struct StandardQueries
 {
     StandardQueries();
 
+    [[nodiscard]] const SharedQuery& of(RecordKind kind) const;
+
+    /// The query for those records of a kind that also meet a condition, which begins with ` AND `.
+    [[nodiscard]] SharedQuery narrowed(RecordKind kind, const QString& condition) const;
+
+    /// The view of all records of a kind.
+    [[nodiscard]] clsView all(RecordKind kind) const;
+
     SharedQuery documents;
     SharedQuery events;
     SharedQuery organizations;
-    QString documentsTitle = QStringLiteral("View ALL Documents");
-    QString eventsTitle = QStringLiteral("View ALL Events");
-    QString organizationsTitle = QStringLiteral("View ALL Organizations");
 };

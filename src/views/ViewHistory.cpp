@@ -39,7 +39,7 @@ void ViewHistory::showView(std::size_t position)
 {
     if (position < 1 || position > count()) return;
     m_current = position;
-    // a copy: showing a long list yields, and another view may be added meanwhile
+    // a copy: a long list yields while it is read, and another view may be added meanwhile
     const clsView shown = view(position);
     m_currentKind = shown.viewIndex;
     m_currentQuery.reset();

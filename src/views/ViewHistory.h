@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-/// Shows views of each kind; the main window does.
+/// Shows the views of the history; the pages of the main window do.
 class ViewPresenter
 {
 public:
@@ -25,23 +25,24 @@ protected:
     ViewPresenter& operator=(const ViewPresenter&) = default;
 };
 
-/// Every view that was opened, in the order of opening; positions count from 1. Nothing is ever removed, and
-/// a new view goes to the end also where the user had gone back, so the whole trail of a run stays in sight.
+/// Every view that was opened, in the order of opening; positions count from 1. A new view goes to the end
+/// even if the user had gone back, and no view is removed, so the user sees the whole trail of a run.
 class ViewHistory
 {
 public:
-    /// Views are shown through the presenter from now on; it must outlive the history or be taken back.
+    /// Shows views through the presenter from now on, or none with a null pointer. A presenter that does not
+    /// outlive the history must be replaced before it goes.
     void setPresenter(ViewPresenter* presenter) { m_presenter = presenter; }
 
     void addView(clsView view);
 
-    /// Forgets every view, as when another database takes the place of the one they were made for.
+    /// Removes every view, when another database is opened.
     void clear();
 
-    /// Shows the view at a position from 1 to `count()`; other positions are ignored.
+    /// Shows the view at a position from 1 to `count()`; ignores other positions.
     void showView(std::size_t position);
 
-    /// Whether there was a view to go to.
+    /// Shows the view before or after the one shown last; returns false if there is none.
     bool goBack();
     bool goForward();
 
@@ -52,15 +53,16 @@ public:
     [[nodiscard]] std::size_t current() const { return m_current; }
     [[nodiscard]] ViewKind currentKind() const { return m_currentKind; }
 
-    /// What list and graphic ask of the data for the view shown last: its query, or the one that was given in
-    /// its place. There must be a view.
+    /// The query of the view shown last, for its list and its graphic; the cheaper one if one was set. There
+    /// must be a view.
     [[nodiscard]] const SharedQuery& currentQuery() const;
 
-    /// Gives the view shown last a query that has the same rows at less cost, until a view is shown again.
+    /// Sets a query for the view shown last that returns the same rows at less cost; lasts until a view is
+    /// shown again.
     void setCurrentQuery(SharedQuery query) { m_currentQuery = std::move(query); }
 
-    /// The record that is selected in the view shown last, in its list as in its graphic; of several in the
-    /// list, the one that the user went to.
+    /// The record that is selected in the list and in the graphic of the view shown last; if several are
+    /// selected in the list, the one that the user went to last.
     [[nodiscard]] std::optional<qint64> selected() const;
     void select(std::optional<qint64> identifier);
 
@@ -69,6 +71,6 @@ private:
     std::map<std::size_t, qint64> m_selected; ///< by position
     std::size_t m_current = 0;
     ViewKind m_currentKind = ViewKind::Home;
-    SharedQuery m_currentQuery; ///< null: the view's own
+    SharedQuery m_currentQuery; ///< null for the view's own
     ViewPresenter* m_presenter = nullptr;
 };

@@ -16,7 +16,7 @@ void addList(QString& sql, bool flag, const clsAdvSearch::Items& items, const ch
     sql += QLatin1StringView(prefix) + identifiers.join(QLatin1StringView(separator)) + QStringLiteral(") ");
 }
 
-/// `City LIKE 'Austin' AND State LIKE 'TX'` of a location named `Austin, TX`.
+/// `City LIKE 'Austin' AND State LIKE 'TX'` for a location named `Austin, TX`.
 QString locationCondition(const QString& name)
 {
     const auto [city, state] = clsAdvSearch::cityAndState(name);
@@ -27,7 +27,7 @@ QString locationCondition(const QString& name)
 
 void clsAdvSearch::buildAdvSQL()
 {
-    // the venues of documents are joined without commas, unlike every other list
+    // unlike every other list, the venues of documents are joined without commas
     addList(advDocSQL, bDocVenues, docVenues, " AND VenueID IN (", "");
     addList(advDocSQL, bDocTypes, docTypes, " AND DocumentTypeID IN (");
     addList(advDocSQL, bDocOrgs, docOrgs, " AND Document.OrganizationID IN (");

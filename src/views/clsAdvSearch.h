@@ -9,11 +9,11 @@
 #include <utility>
 #include <vector>
 
-/// The criteria of an advanced search, and the conditions that they make: a run of conditions for each kind
-/// of record, each beginning with ` AND `, to stand behind the kind's standard where clause.
+/// The criteria of an advanced search, and for each kind of record the conditions made of them. Each
+/// condition begins with ` AND ` and follows the kind's standard where clause.
 ///
-/// A criterion counts where its flag is set and its list holds something. Identifiers keep the order of the
-/// list. Texts go into a condition as they are.
+/// A criterion counts if its flag is set and its list is not empty. Identifiers keep the order of the list;
+/// texts are not escaped.
 struct clsAdvSearch
 {
     using Items = std::vector<clsPickListItem>;
@@ -27,7 +27,7 @@ struct clsAdvSearch
     bool bFileTypes = false;
     Items fileTypes;
 
-    /// Bounds of an event's start date and, each day on its own, of its start time.
+    /// First and last start date of an event, and earliest and latest start time on each of these days.
     bool bEventDate = false;
     QDate eventStartDate{1899, 12, 30};
     QTime eventStartTime{0, 0};
@@ -53,11 +53,11 @@ struct clsAdvSearch
     QString advEventSQL;
     QString advOrgSQL;
 
-    /// Appends the conditions to the three texts. They are not cleared first: a search is built once.
+    /// Appends the conditions to the three texts, which must be empty: call it once.
     void buildAdvSQL();
 
-    /// The two parts of a location's name, without outer blanks; of a city that holds a comma itself, the
-    /// part behind it is taken for the state.
+    /// Returns the first two parts of a location's name between its commas, without outer blanks. If the city
+    /// itself has a comma, its second part takes the place of the state.
     static std::pair<QString, QString> cityAndState(const QString& name);
 
 private:

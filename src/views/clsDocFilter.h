@@ -7,7 +7,7 @@
 
 #include <vector>
 
-/// The default range of dates of documents, from the beginning of the data to today, and nothing chosen yet.
+/// The default filter of documents: dates from the first of the data to today, and no choices.
 struct clsDocFilter
 {
     explicit clsDocFilter(QDate today) : endDate(today.toString(QStringLiteral("MM/dd/yyyy"))) {}

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-/// The default range of dates and times of events, and nothing chosen yet.
+/// The default filter of events: a range of dates and times, and no choices.
 struct clsEventFilter
 {
     QString startDate = QStringLiteral("09/11/2001");

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-/// What organizations are narrowed to: nothing yet.
+/// The default filter of organizations: no choices.
 struct clsOrgFilter
 {
     std::vector<clsPickListItem> venues;

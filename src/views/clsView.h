@@ -18,7 +18,7 @@ enum class ViewKind
     SearchResults = 4
 };
 
-/// The view that lists the records of a kind.
+/// Returns the view that lists the records of a kind.
 constexpr ViewKind viewOf(RecordKind kind)
 {
     switch (kind) {
@@ -32,7 +32,7 @@ constexpr ViewKind viewOf(RecordKind kind)
     return ViewKind::Organizations;
 }
 
-/// The kind of record that a view lists; `std::nullopt` for the home page and the page of search results.
+/// Returns the kind of record that a view lists, or `std::nullopt` for the home page and the search results.
 constexpr std::optional<RecordKind> recordKindOf(ViewKind view)
 {
     for (const RecordKind kind : recordKinds)
@@ -40,13 +40,13 @@ constexpr std::optional<RecordKind> recordKindOf(ViewKind view)
     return std::nullopt;
 }
 
-/// One entry of the history of views. Once added it does not change, so showing it again asks the same query
-/// of the data as they are then.
+/// An entry of the history of views. It never changes once it is added: shown again, it runs the same query
+/// on the data of that moment.
 struct clsView
 {
     ViewKind viewIndex = ViewKind::Home;
     SharedQuery SQL = std::make_shared<const SQLObject>();
     QString Caption;
-    QString Keywords{};       ///< what a keyword search looked for, as typed; else empty
-    clsAdvSearch AdvSearch{}; ///< the criteria of the search that made the view; else empty
+    QString Keywords{};       ///< the text of the keyword search that made the view, as typed, or empty
+    clsAdvSearch AdvSearch{}; ///< the criteria of the advanced search that made the view, or none
 };

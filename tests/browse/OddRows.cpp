@@ -54,11 +54,11 @@ QString organizationRows()
 
 } // namespace
 
-QString rowsByHand(ViewKind kind)
+QString rowsByHand(RecordKind kind)
 {
-    return kind == ViewKind::Documents ? documentRows
-           : kind == ViewKind::Events  ? eventRows
-                                       : organizationRows();
+    return kind == RecordKind::Document ? documentRows
+           : kind == RecordKind::Event  ? eventRows
+                                        : organizationRows();
 }
 
 QString ofCity(const QString& column)
@@ -128,7 +128,7 @@ QString OddRows::status()
                   u"'DELETED'"_s, u"'Deleted'"_s, u"NULL"_s});
 }
 
-/// One to three words as a text of the engine: as shown, as compared, and its base letters.
+/// Returns one to three words as SQL texts: as shown, as compared, and their base letters.
 std::array<QString, 3> OddRows::someWords()
 {
     QStringList shown;

@@ -60,7 +60,7 @@ private:
 /// The statement of the plain engine for all rows of the list of a kind, without an order and open for
 /// further conditions on `d`, `e` or `o`, the record, and on `f`, its folded texts. The first column is what
 /// the list sorts by, the others are those of the list.
-QString rowsByHand(ViewKind kind);
+QString rowsByHand(RecordKind kind);
 
 /// A column of the known city of an organization `o`: of several cities, that with the smallest number.
 QString ofCity(const QString& column);

@@ -11,13 +11,9 @@
 
 namespace {
 
-RecordList read(TestDatabase& database, ViewKind kind)
+RecordList read(TestDatabase& database, RecordKind kind)
 {
-    const StandardQueries queries;
-    const SharedQuery query = kind == ViewKind::Documents ? queries.documents
-                              : kind == ViewKind::Events  ? queries.events
-                                                          : queries.organizations;
-    RecordSet rows = database.session().read(query->sqlStr());
+    RecordSet rows = database.session().read(StandardQueries().of(kind)->sqlStr());
     RecordList list(kind);
     list.beginReading(rows);
     while (rows.next())
@@ -31,7 +27,7 @@ std::string shown(const RecordList& list)
     QStringList lines;
     for (std::size_t row = 0; row < list.count(); ++row) {
         QStringList cells;
-        for (int column = 0; column < static_cast<int>(listColumns(list.kind()).size()); ++column) {
+        for (int column = 0; column < static_cast<int>(list.columns().size()); ++column) {
             cells << list.text(row, column);
         }
         lines << cells.join(u'|');
@@ -60,7 +56,7 @@ TEST(RecordList, ShowsDocuments)
                  "(3, 'alpha', 0, 12, 0, 1, '3.mpg', NULL, NULL, 'SUBMITTED'),"
                  "(4, 'Gone', 0, 2, 1, 7, '4.pdf', NULL, NULL, 'DELETED'),"
                  "(5, 'Delta', 0, NULL, 1, NULL, NULL, NULL, NULL, 'ACTIVE')");
-    const RecordList list = read(database, ViewKind::Documents);
+    const RecordList list = read(database, RecordKind::Document);
     EXPECT_EQ(shown(list), "alpha|||"
                            "|Film|None\nBeta|1|The Office|3/1907|PDF|Survey\nDelta||||None|None");
 
@@ -93,7 +89,7 @@ TEST(RecordList, ShowsOrganizations)
         "(6, 'E', 1, 1, 1, '', '', 'ACTIVE')");
     database.run("INSERT INTO OrganizationProfile (OrganizationProfileID, ChartOption) VALUES (2, 1), (3, "
                  "0), (4, 1), (4, 1)");
-    const RecordList list = read(database, ViewKind::Organizations);
+    const RecordList list = read(database, RecordKind::Organization);
     EXPECT_EQ(shown(list), "A|Agency - State|Rescue|Austin, TX\nB|Agency|None|Austin\nC|Agency|Rescue|TX\n"
                            "D|None|None|Austin\nE|None|None|");
 
@@ -111,7 +107,7 @@ TEST(RecordList, SortsDatesAsDatesAndTextsWithoutRegardToCase)
                  "(2, 'b', 1, '12/01/1999', 'ACTIVE'), (3, 'A', 0, '02/01/2001', 'ACTIVE'), (4, 'É', 1, "
                  "'undated', 'ACTIVE'),"
                  "(5, 'e', 0, '1907', 'ACTIVE'), (6, 'f', 0, 'March 1907', 'ACTIVE')");
-    const RecordList documents = read(database, ViewKind::Documents);
+    const RecordList documents = read(database, RecordKind::Document);
     EXPECT_EQ(sortedNames(documents, 0, false), "A b e É f");
     EXPECT_EQ(sortedNames(documents, 0, true), "f É e b A");
     EXPECT_EQ(sortedNames(documents, 3, false), "e f b A É");
@@ -123,16 +119,16 @@ TEST(RecordList, SortsDatesAsDatesAndTextsWithoutRegardToCase)
         "(3, 'early', '1999-01-05', '08:00', '1999-01-05', '08:00', 'ACTIVE'),"
         "(4, 'longer', '1999-01-05', '08:00', '1999-01-06', '07:00', 'ACTIVE'),"
         "(5, 'day', '1999-01-05', NULL, '1999-01-05', NULL, 'ACTIVE')");
-    const RecordList events = read(database, ViewKind::Events);
+    const RecordList events = read(database, RecordKind::Event);
     EXPECT_EQ(sortedNames(events, 2, false), "day early longer late");
     EXPECT_EQ(sortedNames(events, 2, true), "late longer early day");
 }
 
 TEST(RecordList, CountsInWords)
 {
-    EXPECT_EQ(RecordList::countText(ViewKind::Documents, 0), QStringLiteral("Displaying 0 Documents"));
-    EXPECT_EQ(RecordList::countText(ViewKind::Events, 1), QStringLiteral("Displaying 1 Event"));
-    EXPECT_EQ(RecordList::countText(ViewKind::Organizations, 40000),
+    EXPECT_EQ(RecordList::countText(RecordKind::Document, 0), QStringLiteral("Displaying 0 Documents"));
+    EXPECT_EQ(RecordList::countText(RecordKind::Event, 1), QStringLiteral("Displaying 1 Event"));
+    EXPECT_EQ(RecordList::countText(RecordKind::Organization, 40000),
               QStringLiteral("Displaying 40000 Organizations"));
 }
 

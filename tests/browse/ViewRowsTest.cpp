@@ -35,7 +35,7 @@ protected:
     }
 
     /// Expects a view to list the rows that a condition lets through, in their order if it has one.
-    void expectRows(ViewKind kind, const SQLObject& view, const QString& condition)
+    void expectRows(RecordKind kind, const SQLObject& view, const QString& condition)
     {
         QMap<QString, QString> keyOf;
         for (const QString& line : asked(rowsByHand(kind) + condition))
@@ -55,7 +55,7 @@ protected:
     }
 
     /// A keyword search of one to three words, and the same by hand.
-    std::pair<SharedQuery, QString> keywordSearch(ViewKind kind)
+    std::pair<SharedQuery, QString> keywordSearch(RecordKind kind)
     {
         QStringList typed;
         QStringList inName;
@@ -134,7 +134,7 @@ ViewRows::Found ViewRows::documentSearch()
         criterion(search, &Search::bDocOrgs, &Search::docOrgs, u"d.OrganizationID IN (%1)"_s) +
         criterion(search, &Search::bFileTypes, &Search::fileTypes, u"ifnull(d.FileTypeID, 1) IN (%1)"_s);
     search.buildAdvSQL();
-    return {advancedView(m_queries, ViewKind::Documents, search).SQL, condition, types};
+    return {advancedView(m_queries, RecordKind::Document, search).SQL, condition, types};
 }
 
 ViewRows::Found ViewRows::eventSearch()
@@ -163,7 +163,7 @@ ViewRows::Found ViewRows::eventSearch()
         criterion(search, &Search::bEventOrgs, &Search::eventOrgs,
                   hasLink(u"OrganizationEvents"_s, event, u"OrganizationID"_s));
     search.buildAdvSQL();
-    return {advancedView(m_queries, ViewKind::Events, search).SQL, condition, {}};
+    return {advancedView(m_queries, RecordKind::Event, search).SQL, condition, {}};
 }
 
 ViewRows::Found ViewRows::organizationSearch()
@@ -187,18 +187,18 @@ ViewRows::Found ViewRows::organizationSearch()
     }
     if (search.bOrgLocations && !places.isEmpty()) condition += u" AND ("_s + places.join(u" OR ") + u')';
     search.buildAdvSQL();
-    return {advancedView(m_queries, ViewKind::Organizations, search).SQL, condition, {}};
+    return {advancedView(m_queries, RecordKind::Organization, search).SQL, condition, {}};
 }
 
 TEST_P(ViewRows, OfStandardListsAndKeywordSearches)
 {
-    expectRows(ViewKind::Documents, *m_queries.documents, QString());
-    expectRows(ViewKind::Events, *m_queries.events, QString());
-    expectRows(ViewKind::Organizations, *m_queries.organizations, QString());
+    expectRows(RecordKind::Document, *m_queries.documents, QString());
+    expectRows(RecordKind::Event, *m_queries.events, QString());
+    expectRows(RecordKind::Organization, *m_queries.organizations, QString());
     EXPECT_GT(m_listed, OddRows::most);
     m_listed = 0;
     for (int draw = 0; draw < 60; ++draw) {
-        const auto kind = static_cast<ViewKind>(draw % 3);
+        const RecordKind kind = recordKinds[static_cast<std::size_t>(draw) % recordKinds.size()];
         const auto [view, condition] = keywordSearch(kind);
         expectRows(kind, *view, condition);
     }
@@ -214,11 +214,11 @@ TEST_P(ViewRows, OfAdvancedSearchesAndTheirCharts)
                 ? QString()
                 : u" AND EXISTS (SELECT 1 FROM DocumentTypes AS l WHERE l.DocumentID = d.DocumentID%1)"_s.arg(
                       documents.types);
-        expectRows(ViewKind::Documents, *documents.view, documents.condition + ofTypes);
+        expectRows(RecordKind::Document, *documents.view, documents.condition + ofTypes);
         const Found events = eventSearch();
-        expectRows(ViewKind::Events, *events.view, events.condition);
+        expectRows(RecordKind::Event, *events.view, events.condition);
         const Found organizations = organizationSearch();
-        expectRows(ViewKind::Organizations, *organizations.view, organizations.condition);
+        expectRows(RecordKind::Organization, *organizations.view, organizations.condition);
 
         QStringList chart;
         for (const DocumentTypeCount& type : countDocumentTypes(m_database.session(), *documents.view))
@@ -243,20 +243,20 @@ TEST_P(ViewRows, OfRelatedRecords)
     const struct
     {
         RelatedCommand command;
-        ViewKind kind;
+        RecordKind kind;
         QString condition; ///< with %1 for the record that it begins from
     } cases[] = {
-        {DocumentEvents, ViewKind::Events,
+        {DocumentEvents, RecordKind::Event,
          link.arg(u"DocumentEvents"_s, u"EventID"_s, u"e.EventID"_s, u"DocumentID"_s, u"%1"_s)},
-        {EventDocuments, ViewKind::Documents,
+        {EventDocuments, RecordKind::Document,
          link.arg(u"DocumentEvents"_s, u"DocumentID"_s, u"d.DocumentID"_s, u"EventID"_s, u"%1"_s)},
-        {EventOrganizations, ViewKind::Organizations,
+        {EventOrganizations, RecordKind::Organization,
          link.arg(u"OrganizationEvents"_s, u"OrganizationID"_s, u"o.OrganizationID"_s, u"EventID"_s,
                   u"%1"_s)},
-        {OrganizationEvents, ViewKind::Events,
+        {OrganizationEvents, RecordKind::Event,
          link.arg(u"OrganizationEvents"_s, u"EventID"_s, u"e.EventID"_s, u"OrganizationID"_s, u"%1"_s)},
-        {OrganizationDocuments, ViewKind::Documents, u" AND d.OrganizationID = %1"_s},
-        {DocumentOrganization, ViewKind::Organizations,
+        {OrganizationDocuments, RecordKind::Document, u" AND d.OrganizationID = %1"_s},
+        {DocumentOrganization, RecordKind::Organization,
          u" AND o.OrganizationID = (SELECT OrganizationID FROM Document WHERE DocumentID = %1)"_s},
     };
     int questions = 0;
@@ -285,7 +285,7 @@ TEST_P(ViewRows, OfOneTypeStateOrCity)
 {
     const ShowOnlyViews views(m_database.session(), m_queries);
     for (const auto& [name, type] : {std::pair(u"Report"_s, 2), {u"ÉTUDE"_s, 3}, {u"none"_s, 1}}) {
-        expectRows(ViewKind::Documents, *views.documentsOfType(name).SQL,
+        expectRows(RecordKind::Document, *views.documentsOfType(name).SQL,
                    u" AND EXISTS (SELECT 1 FROM DocumentTypes AS l WHERE l.DocumentID = d.DocumentID AND "
                    "l.DocumentTypeID = %1)"_s.arg(type));
     }
@@ -293,9 +293,9 @@ TEST_P(ViewRows, OfOneTypeStateOrCity)
         clsCities place;
         place.State = state;
         place.city = u"Austin"_s;
-        expectRows(ViewKind::Organizations, *views.organizationsOfState(place).SQL,
+        expectRows(RecordKind::Organization, *views.organizationsOfState(place).SQL,
                    u" AND lower(o.State) = lower('%1')"_s.arg(state));
-        expectRows(ViewKind::Organizations, *views.organizationsOfCity(place).SQL,
+        expectRows(RecordKind::Organization, *views.organizationsOfCity(place).SQL,
                    u" AND lower(o.City) = 'austin' AND lower(o.State) = lower('%1')"_s.arg(state));
     }
     EXPECT_GT(m_listed, 20);
@@ -310,7 +310,7 @@ TEST_P(ViewRows, InAWindowOfTime)
     };
     for (int draw = 0; draw < 40; ++draw) {
         const auto [view, condition] =
-            draw % 2 == 0 ? std::pair(m_queries.events, QString()) : keywordSearch(ViewKind::Events);
+            draw % 2 == 0 ? std::pair(m_queries.events, QString()) : keywordSearch(RecordKind::Event);
         if (draw == 30) {
             // a database from before that index gives the same, only later
             m_database.session().close();
@@ -323,7 +323,7 @@ TEST_P(ViewRows, InAWindowOfTime)
                                {},
                                {},
                                u"ORDER BY "_s + statement.section(u" ORDER BY "_s, 1)};
-        expectRows(ViewKind::Events, window,
+        expectRows(RecordKind::Event, window,
                    condition + u" AND (%1 BETWEEN '%3' AND '%4' OR (%1 < '%3' AND %2 > '%3'))"_s.arg(
                                    start, end, held(from), held(to)));
     }

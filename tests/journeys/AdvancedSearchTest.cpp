@@ -23,20 +23,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Picks what the test says, and writes down what it was asked.
+/// Returns the scripted answer, and notes what it was asked.
 class ScriptedPicker final : public RecordPicker
 {
 public:
-    clsAdvSearch::Items pick(Records records, const clsAdvSearch::Items& chosen, QWidget* /*window*/) override
+    PickedItems pick(PickListKind kind, const PickedItems& chosen, QWidget* /*window*/) override
     {
-        asked = records;
+        asked = kind;
         given = chosen;
         return answer;
     }
 
-    Records asked = Records::Organizations;
-    clsAdvSearch::Items given;
-    clsAdvSearch::Items answer;
+    PickListKind asked = PickListKind::Organizations;
+    PickedItems given;
+    PickedItems answer;
 };
 
 class AdvancedSearchJourney : public testing::Test
@@ -170,7 +170,7 @@ TEST_F(AdvancedSearchJourney, PicksRecordsForItsLists)
     EXPECT_EQ(label("lblDocTypes"), u"0 chosen: searches all"_s);
     picker.answer = {{7, u"Map"_s}, {9, u"Law"_s}};
     press("cmdAddDocType");
-    EXPECT_EQ(picker.asked, RecordPicker::Records::DocumentTypes);
+    EXPECT_EQ(picker.asked, PickListKind::DocumentTypes);
     EXPECT_TRUE(picker.given.empty());
     EXPECT_EQ(listed("lstDocTypes"), "Map|Law");
     EXPECT_EQ(label("lblDocTypes"), u"2 chosen"_s);
@@ -192,22 +192,22 @@ TEST_F(AdvancedSearchJourney, PicksRecordsForItsLists)
 
 TEST_F(AdvancedSearchJourney, EveryPickedListHasItsRecords)
 {
-    using Records = RecordPicker::Records;
-    const std::tuple<int, QByteArray, QString, Records> cases[] = {
-        {1, "DocOrg", u"Add Organization(s) to List"_s, Records::Organizations},
-        {2, "EventFunction", u"Add Function(s) to List"_s, Records::Functions},
-        {2, "EventOrg", u"Add Organization(s) to List"_s, Records::Organizations},
-        {3, "OrgFunction", u"Add Function to List"_s, Records::Functions},
-        {3, "OrgLocation", u"Add Location(s) to List"_s, Records::CityLocations},
+    using enum PickListKind;
+    const std::tuple<int, QByteArray, QString, PickListKind> cases[] = {
+        {1, "DocOrg", u"Add Organization(s) to List"_s, Organizations},
+        {2, "EventFunction", u"Add Function(s) to List"_s, Functions},
+        {2, "EventOrg", u"Add Organization(s) to List"_s, Organizations},
+        {3, "OrgFunction", u"Add Function to List"_s, Functions},
+        {3, "OrgLocation", u"Add Location(s) to List"_s, CityLocations},
     };
-    for (const auto& [scope, name, caption, records] : cases) {
+    for (const auto& [scope, name, caption, kind] : cases) {
         const QByteArray add = "cmdAdd" + name;
         openFor("mnuNavigateHome", scope);
         tick("chk" + name + 's');
         picker.answer = {{2, u"Austin, TX"_s}};
         EXPECT_EQ(journey.find<QPushButton>(add).text(), caption);
         press(add);
-        EXPECT_EQ(picker.asked, records) << add.data();
+        EXPECT_EQ(picker.asked, kind) << add.data();
         EXPECT_EQ(listed("lst" + name + 's'), "Austin, TX");
         form().close();
     }

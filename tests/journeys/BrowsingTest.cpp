@@ -1,5 +1,5 @@
 #include "Journey.h"
-#include "browse/list/RecordList.h"
+#include "browse/list/ListLayout.h"
 #include "widgets/IconSet.h"
 #include "widgets/ReadablePalette.h"
 
@@ -80,12 +80,12 @@ TEST(Browsing, ListsBeginWithTheirColumnsInOrderAndWidth)
     const struct
     {
         const char* command;
-        ViewKind kind;
+        RecordKind kind;
         const char* columns; ///< with their widths in pixels, 15 twips each
     } cases[] = {
-        {"mnuViewDocuments", ViewKind::Documents, "Title 428| 20|Author 96|Date 96|File 96|Source default"},
-        {"mnuViewEvents", ViewKind::Events, "Name 430| 20|Date - Time 430"},
-        {"mnuViewOrganizations", ViewKind::Organizations, "Name 304|Type 127|Function 145|Location 96"},
+        {"mnuViewDocuments", RecordKind::Document, "Title 428| 20|Author 96|Date 96|File 96|Source default"},
+        {"mnuViewEvents", RecordKind::Event, "Name 430| 20|Date - Time 430"},
+        {"mnuViewOrganizations", RecordKind::Organization, "Name 304|Type 127|Function 145|Location 96"},
     };
     for (const auto& [command, kind, columns] : cases) {
         journey.trigger(command);
@@ -103,7 +103,7 @@ TEST(Browsing, ListsBeginWithTheirColumnsInOrderAndWidth)
             // the last one takes what is left of the window
             const bool isLast = place == header.count() - 1;
             const int width =
-                isLast ? listColumns(kind).back().widthInTwips / 15 : header.sectionSize(column);
+                isLast ? listLayout(kind).columns.back().widthInTwips / 15 : header.sectionSize(column);
             found << title + u' ' + (width == 0 ? QStringLiteral("default") : QString::number(width));
         }
         EXPECT_EQ(found.join(u'|').toStdString(), columns);

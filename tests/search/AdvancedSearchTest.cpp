@@ -47,34 +47,35 @@ TEST(AdvancedSearch, NamesEveryCriterionThatIsSwitchedOn)
     const StandardQueries queries;
     const struct
     {
-        ViewKind kind;
+        RecordKind kind;
         QString none;
         QString all;
     } cases[] = {
-        {ViewKind::Documents, u"Advanced Document Search"_s,
+        {RecordKind::Document, u"Advanced Document Search"_s,
          u"Advanced Document Search by Venue, Document Type, Organization, File Type"_s},
-        {ViewKind::Events, u"Advanced Event Search"_s,
+        {RecordKind::Event, u"Advanced Event Search"_s,
          u"Advanced Event Search by Date, Venue, Function, Organization"_s},
-        {ViewKind::Organizations, u"Advanced Organization Search"_s,
+        {RecordKind::Organization, u"Advanced Organization Search"_s,
          u"Advanced Organization Search by Venue, Organization Type, Function, Location"_s},
     };
     for (const auto& [kind, none, all] : cases) {
         Search search;
         const clsView plain = advancedView(queries, kind, search);
         EXPECT_EQ(plain.Caption, none);
-        EXPECT_EQ(plain.SQL->sqlStr(), standardQuery(queries, kind).sqlStr());
+        EXPECT_EQ(plain.SQL->sqlStr(), queries.of(kind)->sqlStr());
         EXPECT_FALSE(hasCriteria(plain.AdvSearch));
-        // nothing is chosen for any of them
+        // the caption names them even without choices
         for (const SearchCriterion& criterion : criteriaOf(kind))
             search.*criterion.flag = true;
         const clsView view = advancedView(queries, kind, search);
         EXPECT_EQ(view.Caption, all);
-        EXPECT_EQ(view.viewIndex, kind);
+        EXPECT_EQ(view.viewIndex, viewOf(kind));
         EXPECT_TRUE(hasCriteria(view.AdvSearch));
     }
     Search files = searchBy({{&Search::bDocVenues, &Search::docVenues}}, items({3}));
     files.bFileTypes = true;
-    EXPECT_EQ(advancedCaption(ViewKind::Documents, files), u"Advanced Document Search by Venue, File Type"_s);
+    EXPECT_EQ(advancedCaption(RecordKind::Document, files),
+              u"Advanced Document Search by Venue, File Type"_s);
 }
 
 TEST(AdvancedSearch, SaysWhatItReallySearches)
@@ -92,39 +93,39 @@ TEST(AdvancedSearch, SaysWhatItReallySearches)
     half.bFileTypes = true;
     const struct
     {
-        ViewKind kind;
+        RecordKind kind;
         Search search;
         QString text;
     } cases[] = {
-        {ViewKind::Documents, {}, u"Searches all documents."_s},
-        {ViewKind::Documents, searchBy({{&Search::bDocVenues, &Search::docVenues}}, named({u"Coast"})),
+        {RecordKind::Document, {}, u"Searches all documents."_s},
+        {RecordKind::Document, searchBy({{&Search::bDocVenues, &Search::docVenues}}, named({u"Coast"})),
          u"Searches documents whose venue is Coast."_s},
-        {ViewKind::Documents, searchBy({{&Search::bDocVenues, &Search::docVenues}}, items({3, 12})),
+        {RecordKind::Document, searchBy({{&Search::bDocVenues, &Search::docVenues}}, items({3, 12})),
          u"Searches documents whose venue is Desert (the numbers of several venues are read as one: choose "
          "one venue)."_s},
-        {ViewKind::Documents, searchBy({{&Search::bDocVenues, &Search::docVenues}}, items({1, 5})),
+        {RecordKind::Document, searchBy({{&Search::bDocVenues, &Search::docVenues}}, items({1, 5})),
          u"Searches documents whose venue is number 15, which no venue has (the numbers of several venues "
          u"are "
          "read as one: choose one venue)."_s},
-        {ViewKind::Documents, half,
+        {RecordKind::Document, half,
          u"Searches documents whose document type is Map; no organization and no file type is chosen, so it "
          "may be any."_s},
-        {ViewKind::Events,
+        {RecordKind::Event,
          searchBy({{&Search::bEventVenues, &Search::eventVenues}, {&Search::bEventOrgs, &Search::eventOrgs}},
                   named({u"A", u"B", u"C"})),
          u"Searches events whose venue is A, B or C, and whose organization is A, B or C."_s},
-        {ViewKind::Events, dates,
+        {RecordKind::Event, dates,
          u"Searches events that start from 09/11/2001 to 11/30/2001, each day between 00:00 and 23:59."_s},
-        {ViewKind::Events, backwards,
+        {RecordKind::Event, backwards,
          u"Searches events that start from 09/11/2001 to 11/30/2001, each day between 23:59 and 06:00 (there "
          "is no such moment)."_s},
-        {ViewKind::Organizations,
+        {RecordKind::Organization,
          searchBy({{&Search::bOrgLocations, &Search::orgLocations}}, named({u"Austin, TX", u"Rome"})),
          u"Searches organizations whose location is Austin, TX or Rome without a state."_s},
-        {ViewKind::Organizations,
+        {RecordKind::Organization,
          searchBy({{&Search::bOrgTypes, &Search::orgTypes}}, named({u"A", u"B", u"C", u"D", u"E"})),
          u"Searches organizations whose organization type is A, B, C or one of 2 others."_s},
-        {ViewKind::Organizations, searchBy({{&Search::bOrgTypes, &Search::orgTypes}}, {}),
+        {RecordKind::Organization, searchBy({{&Search::bOrgTypes, &Search::orgTypes}}, {}),
          u"Searches all organizations; no organization type is chosen, so it may be any."_s},
     };
     const VenueNames venues{{u"3"_s, u"Coast"_s}, {u"12"_s, u"River"_s}, {u"312"_s, u"Desert"_s}};

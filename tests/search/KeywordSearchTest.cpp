@@ -3,6 +3,7 @@
 #include "search/FoundKeys.h"
 #include "search/SearchResults.h"
 #include "support/TestDatabase.h"
+#include "views/StandardQueries.h"
 
 #include <gtest/gtest.h>
 
@@ -38,18 +39,18 @@ TEST(Keywords, AreSplitAtBlanksAndAtMostFour)
 TEST(KeywordSearch, BuildsOneConditionForEachKind)
 {
     const StandardQueries queries;
-    const std::tuple<SearchScope, ViewKind, QString, QString> cases[] = {
-        {SearchScope::Documents, ViewKind::Documents, u"DocumentName|DocumentDescription"_s,
+    const std::tuple<RecordKind, ViewKind, QString, QString> cases[] = {
+        {RecordKind::Document, ViewKind::Documents, u"DocumentName|DocumentDescription"_s,
          u"Document Search for \"fire plan\""_s},
-        {SearchScope::Events, ViewKind::Events, u"EventName|EventDescription"_s,
+        {RecordKind::Event, ViewKind::Events, u"EventName|EventDescription"_s,
          u"Event Search for \"fire plan\""_s},
-        {SearchScope::Organizations, ViewKind::Organizations, u"OrganizationName|ResponseActivities"_s,
+        {RecordKind::Organization, ViewKind::Organizations, u"OrganizationName|ResponseActivities"_s,
          u"Organization Search for \"fire plan\""_s},
     };
-    for (const auto& [scope, kind, columns, caption] : cases) {
-        const clsView view = keywordView(queries, scope, u"fire plan"_s);
-        const SQLObject& standard = standardQuery(queries, kind);
-        EXPECT_EQ(view.viewIndex, kind);
+    for (const auto& [kind, shown, columns, caption] : cases) {
+        const clsView view = keywordView(queries, kind, u"fire plan"_s);
+        const SQLObject& standard = *queries.of(kind);
+        EXPECT_EQ(view.viewIndex, shown);
         EXPECT_EQ(view.Caption, caption);
         EXPECT_EQ(view.Keywords, u"fire plan"_s);
         const QString condition =
@@ -57,15 +58,15 @@ TEST(KeywordSearch, BuildsOneConditionForEachKind)
         EXPECT_EQ(view.SQL->sqlStr(),
                   standard.SelectClause + u' ' + standard.FromClause + u' ' + standard.WhereClause +
                       condition.arg(columns.section(u'|', 0, 0), columns.section(u'|', 1)));
-        EXPECT_EQ(scopeOf(kind), scope);
+        EXPECT_EQ(recordKindOf(shown), kind);
     }
-    const clsView all = keywordView(queries, SearchScope::All, u" fire "_s);
+    const clsView all = keywordView(queries, std::nullopt, u" fire "_s);
     EXPECT_EQ(all.viewIndex, ViewKind::SearchResults);
     EXPECT_EQ(all.Caption, u"Search Results for \" fire \""_s);
     EXPECT_EQ(all.Keywords, u" fire "_s);
     EXPECT_EQ(all.SQL->sqlStr().trimmed(), QString());
     for (const ViewKind page : {ViewKind::Home, ViewKind::SearchResults})
-        EXPECT_EQ(scopeOf(page), SearchScope::All);
+        EXPECT_EQ(recordKindOf(page), std::nullopt);
 }
 
 /// Records of each kind, some with several links, whose finds are counted by hand.
@@ -93,7 +94,7 @@ INSERT INTO Organization (OrganizationID, OrganizationName, ResponseActivities, 
 INSERT INTO OrganizationVenues VALUES (3, 2), (3, 3))sql");
     }
 
-    QString found(ViewKind kind, const QString& text)
+    QString found(RecordKind kind, const QString& text)
     {
         const SharedQuery query = keywordQuery(queries, kind, splitWords(text).words);
         return firstColumnOf(database.session(), query->sqlStr());
@@ -120,12 +121,12 @@ INSERT INTO OrganizationVenues VALUES (3, 2), (3, 3))sql");
 
 TEST_F(KeywordSearchOnFile, FindsAllWordsInOneColumn)
 {
-    const std::tuple<ViewKind, QString, QString> cases[] = {
+    const std::tuple<RecordKind, QString, QString> cases[] = {
         // 3 has one word in its name and the other in its description
-        {ViewKind::Documents, u"fire plan"_s, u"2 4 7"_s}, {ViewKind::Documents, u"École _x_"_s, u"6"_s},
-        {ViewKind::Documents, u"fire_plan"_s, u"2"_s},     {ViewKind::Documents, u"f%p"_s, u"2 7"_s},
-        {ViewKind::Documents, u"50% O"_s, u"6"_s},         {ViewKind::Documents, u" fire"_s, u"3 4"_s},
-        {ViewKind::Documents, u"  fire"_s, u"2 3 4"_s},
+        {RecordKind::Document, u"fire plan"_s, u"2 4 7"_s}, {RecordKind::Document, u"École _x_"_s, u"6"_s},
+        {RecordKind::Document, u"fire_plan"_s, u"2"_s},     {RecordKind::Document, u"f%p"_s, u"2 7"_s},
+        {RecordKind::Document, u"50% O"_s, u"6"_s},         {RecordKind::Document, u" fire"_s, u"3 4"_s},
+        {RecordKind::Document, u"  fire"_s, u"2 3 4"_s},
     };
     for (const auto& [kind, text, expected] : cases)
         EXPECT_EQ(found(kind, text), expected) << text.toStdString();
@@ -133,7 +134,7 @@ TEST_F(KeywordSearchOnFile, FindsAllWordsInOneColumn)
 
 TEST_F(KeywordSearchOnFile, AsksForFewRecordsByTheirKeys)
 {
-    for (const ViewKind kind : searchedKinds) {
+    for (const RecordKind kind : recordKinds) {
         const SharedQuery query = keywordQuery(queries, kind, {u"fire"_s});
         const SharedQuery byKeys = queryByKeys(database.session(), kind, query);
         EXPECT_NE(byKeys, query);
@@ -147,8 +148,8 @@ TEST_F(KeywordSearchOnFile, AsksForFewRecordsByTheirKeys)
     database.run(
         "WITH RECURSIVE n(i) AS (VALUES (100) UNION ALL SELECT i + 1 FROM n WHERE i < 700) INSERT INTO "
         "Document (DocumentID, DocumentName, dStatus) SELECT i, 'flood', 'ACTIVE' FROM n");
-    const SharedQuery many = keywordQuery(queries, ViewKind::Documents, {u"flood"_s});
-    EXPECT_EQ(queryByKeys(database.session(), ViewKind::Documents, many), many);
+    const SharedQuery many = keywordQuery(queries, RecordKind::Document, {u"flood"_s});
+    EXPECT_EQ(queryByKeys(database.session(), RecordKind::Document, many), many);
 }
 
 TEST_F(KeywordSearchOnFile, CountsEachRecordOnce)
@@ -168,7 +169,7 @@ TEST_F(KeywordSearchOnFile, CountsEachRecordOnce)
     const SearchResults one = results(u"Peshtigo"_s);
     EXPECT_EQ(labels(u"Peshtigo"_s), u"0 Documents|1 Event|0 Organizations"_s);
     ASSERT_TRUE(one.single);
-    EXPECT_EQ(one.single->kind, ViewKind::Events);
+    EXPECT_EQ(one.single->kind, RecordKind::Event);
     EXPECT_EQ(one.single->identifier, 3);
     EXPECT_EQ(one.single->name, u"Peshtigo fire"_s);
 

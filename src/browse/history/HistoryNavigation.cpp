@@ -24,7 +24,7 @@ HistoryNavigation::HistoryNavigation(ViewHistory& history, QAction& back, QActio
         button->setPopupMode(QToolButton::MenuButtonPopup);
         connect(menu, &QMenu::aboutToShow, this, [this, menu, action] { fill(*menu, action == &m_back); });
     }
-    // whichever part of the window is under the mouse, most of which would take the press for their own
+    // the buttons have to work over all parts of the window, most of which would handle the press themselves
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -44,22 +44,30 @@ void HistoryNavigation::fill(QMenu& menu, bool isBack)
     if (menu.isEmpty()) menu.addAction(tr("There is no other view."))->setEnabled(false);
 }
 
-void HistoryNavigation::addEntry(QMenu& menu, std::size_t position)
+void HistoryNavigation::listAll(QMenu& menu)
 {
-    connect(addCaption(menu, m_history.view(position).Caption), &QAction::triggered, this,
-            [this, position] { m_history.showView(position); });
+    menu.clear();
+    for (std::size_t position = 1; position <= m_history.count(); ++position) {
+        QAction* entry = addEntry(menu, position);
+        entry->setObjectName(QStringLiteral("mnuHistoryList(%1)").arg(position - 1));
+        entry->setCheckable(true);
+        entry->setChecked(position == m_history.current());
+    }
+    menu.setEnabled(m_history.count() > 0);
 }
 
-QAction* HistoryNavigation::addCaption(QMenu& menu, QString caption)
+/// Adds the entry of a view, with its caption shortened if it is long; the tool tip then has all of it.
+QAction* HistoryNavigation::addEntry(QMenu& menu, std::size_t position)
 {
     constexpr int widestEntry = 400;
-    const QString whole = caption;
-    caption = menu.fontMetrics().elidedText(caption, Qt::ElideMiddle, widestEntry);
-    const bool isShortened = caption != whole;
+    const QString& caption = m_history.view(position).Caption;
+    QString text = menu.fontMetrics().elidedText(caption, Qt::ElideMiddle, widestEntry);
+    const bool isShortened = text != caption;
     // a menu would take an ampersand in a record's name for the mark of a key
-    QAction* entry = menu.addAction(caption.replace(u'&', QStringLiteral("&&")));
-    if (isShortened) entry->setToolTip(PlainToolTip::text(whole));
+    QAction* entry = menu.addAction(text.replace(u'&', QStringLiteral("&&")));
+    if (isShortened) entry->setToolTip(PlainToolTip::text(caption));
     menu.setToolTipsVisible(true);
+    connect(entry, &QAction::triggered, this, [this, position] { m_history.showView(position); });
     return entry;
 }
 

@@ -7,7 +7,7 @@ namespace {
 constexpr std::size_t heldDateLength = 10;
 constexpr std::size_t heldTimeLength = 5;
 
-/// A text that is not in the form of a date is shown as it is.
+/// Returns a text that is not a date unchanged.
 std::string dateText(std::string_view held, bool wholeYear)
 {
     if (held.size() != heldDateLength || held[4] != '-' || held[7] != '-') return std::string(held);

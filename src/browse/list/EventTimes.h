@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-/// When an event was, as the file holds it: `YYYY-MM-DD` and `HH:MM`, each empty where missing.
+/// Start and end of an event, as the file holds them: `YYYY-MM-DD` and `HH:MM`, each empty if it is missing.
 struct EventTimes
 {
     std::string_view startDate;
@@ -12,11 +12,11 @@ struct EventTimes
     std::string_view endDate;
     std::string_view endTime;
 
-    /// `mm/dd/yy hh:mm - mm/dd/yy hh:mm`; within one day `mm/dd/yy hh:mm-hh:mm`; for an instant only the
-    /// start; without times only the dates. What is missing is left out.
+    /// Returns `mm/dd/yy hh:mm - mm/dd/yy hh:mm`; within a day `mm/dd/yy hh:mm-hh:mm`; for an instant only
+    /// its start. Missing dates and times are left out.
     [[nodiscard]] QString shortText() const;
 
-    /// The same with the whole year, for where there is room.
+    /// Returns the same with four digits for a year.
     [[nodiscard]] QString longText() const;
 
 private:

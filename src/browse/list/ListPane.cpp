@@ -2,7 +2,6 @@
 
 #include "browse/list/RecordListView.h"
 #include "data/DatabaseSession.h"
-#include "platform/StdREG.h"
 #include "views/ViewHistory.h"
 
 #include <QCoreApplication>
@@ -17,21 +16,7 @@
 
 namespace {
 
-constexpr int twipsPerPixel = 15;
-constexpr int defaultWidth = 96;
 constexpr int rowsBetweenYields = 500;
-constexpr int widestColumn = 4000;
-constexpr int widestAuthors = 400;
-
-QString section()
-{
-    return QStringLiteral("Window");
-}
-
-QString widthsName(ViewKind kind)
-{
-    return QStringLiteral("Columns%1").arg(static_cast<int>(kind));
-}
 
 } // namespace
 
@@ -40,10 +25,11 @@ ListPane::ListPane(DatabaseSession& session, ViewHistory& history, const QString
     : QWidget(parent),
       m_session(session),
       m_history(history),
+      m_list(std::make_shared<RecordList>(RecordKind::Document)),
       m_iconKeys(session, documentsFolder),
-      m_model(new RecordListModel(m_iconKeys, m_icons, this)),
+      m_model(new RecordListModel(m_list, m_iconKeys, m_icons, this)),
       m_view(new RecordListView(this)),
-      m_list(std::make_shared<RecordList>(ViewKind::Home))
+      m_widths(*m_view)
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -51,21 +37,20 @@ ListPane::ListPane(DatabaseSession& session, ViewHistory& history, const QString
     m_view->setModel(m_model);
     setFocusProxy(m_view);
     connect(m_view->header(), &QHeaderView::sectionClicked, this, &ListPane::sortBy);
-    connect(m_view, &RecordListView::widthChosen, this, [this](int column, int width) {
-        chosenWidths(m_list->kind()).at(static_cast<std::size_t>(column)) = width;
-    });
+    connect(m_view, &RecordListView::widthChosen, this,
+            [this](int column, int width) { m_widths.choose(kind(), column, width); });
     connect(m_view, &QAbstractItemView::pressed, this, &ListPane::announce);
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ListPane::noteSelected);
     connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& current) {
                 const bool isSelected = m_view->selectionModel()->isSelected(current);
                 if (isSelected && m_history.selected() != m_model->identifier(current.row())) noteSelected();
-                // a press announces itself, so that a row that is current already can be chosen again
+                // presses are announced by `pressed`, also on a row that is current already
                 if (QGuiApplication::mouseButtons() == Qt::NoButton) announce(current);
             });
 }
 
-bool ListPane::fill(ViewKind kind, std::size_t entry, const QString& statement)
+bool ListPane::fill(RecordKind kind, std::size_t entry, const QString& statement)
 {
     begin(kind, entry);
     const std::uint64_t token = m_token;
@@ -113,7 +98,7 @@ void ListPane::forget()
     m_entry = 0;
 }
 
-void ListPane::begin(ViewKind kind, std::size_t entry)
+void ListPane::begin(RecordKind kind, std::size_t entry)
 {
     if (!m_filling && m_entry != 0) rememberPlace();
     ++m_token;
@@ -123,7 +108,7 @@ void ListPane::begin(ViewKind kind, std::size_t entry)
     m_model->setList(m_list);
     Q_EMIT selectionChanged();
     m_view->scrollToTop();
-    applyWidths();
+    m_widths.apply(kind);
     const auto& sort = m_remembered[entry].sort;
     m_view->header()->setSortIndicatorShown(sort.has_value());
     if (sort)
@@ -134,11 +119,11 @@ void ListPane::begin(ViewKind kind, std::size_t entry)
 void ListPane::finish()
 {
     m_model->publishAll();
-    fitAuthors();
+    m_widths.fitTexts(kind());
     if (m_remembered[m_entry].sort) applySort();
     restorePlace();
     m_filling = false;
-    // what the list does not show is selected no longer
+    // a record that the list does not show cannot stay selected
     tellHistory(selectedRecord());
 }
 
@@ -149,7 +134,7 @@ void ListPane::rememberPlace()
     remembered.top = top.isValid() ? std::optional(m_model->identifier(top.row())) : std::nullopt;
 }
 
-/// Goes back to where the user was in this view, unless they went elsewhere while it was read.
+/// Goes back to the user's place in this view, unless they selected or scrolled while it was read.
 void ListPane::restorePlace()
 {
     const Remembered remembered = m_remembered[m_entry];
@@ -164,40 +149,13 @@ void ListPane::restorePlace()
     if (top >= 0) m_view->scrollTo(m_model->index(top, 0), QAbstractItemView::PositionAtTop);
 }
 
-std::vector<int>& ListPane::chosenWidths(ViewKind kind)
-{
-    std::vector<int>& widths = m_widths[kind];
-    widths.resize(listColumns(kind).size());
-    return widths;
-}
-
-void ListPane::applyWidths()
-{
-    const auto& columns = listColumns(m_list->kind());
-    const std::vector<int>& chosen = chosenWidths(m_list->kind());
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        int width = columns[i].widthInTwips == 0 ? defaultWidth : columns[i].widthInTwips / twipsPerPixel;
-        if (chosen[i] != 0) width = chosen[i];
-        m_view->setWidth(static_cast<int>(i), width);
-    }
-}
-
-/// Authors are mostly longer than the width of a column of which none is said.
-void ListPane::fitAuthors()
-{
-    constexpr int authorColumn = 2;
-    if (m_list->kind() != ViewKind::Documents || chosenWidths(ViewKind::Documents)[authorColumn] != 0) return;
-    const int needed = m_view->widthNeeded(authorColumn);
-    m_view->setWidth(authorColumn, std::clamp(needed, defaultWidth, widestAuthors));
-}
-
 void ListPane::sortBy(int column)
 {
     std::optional<ListSort>& sort = m_remembered[m_entry].sort;
     sort = ListSort{column, sort && sort->column == column && !sort->descending};
     m_view->header()->setSortIndicatorShown(true);
     m_view->header()->setSortIndicator(column, sort->descending ? Qt::DescendingOrder : Qt::AscendingOrder);
-    // a list that is still being read is sorted once it is whole
+    // a list that is still being read is sorted at its end
     if (!m_filling) applySort();
 }
 
@@ -210,7 +168,7 @@ void ListPane::applySort()
 std::optional<qint64> ListPane::selectedRecord() const
 {
     const QModelIndex current = m_view->currentIndex();
-    // a list that gets the focus makes its first row current, which is nobody's choice
+    // a list that gets the focus makes its first row current, but does not select it
     if (current.isValid() && m_view->selectionModel()->isSelected(current))
         return m_model->identifier(current.row());
     const QItemSelection selection = m_view->selectionModel()->selection();
@@ -221,7 +179,7 @@ std::optional<qint64> ListPane::selectedRecord() const
     return m_model->identifier(first->top());
 }
 
-/// The history is elsewhere while a page is shown in the list's place.
+/// Does nothing while a page is shown in the list's place: the history is at another entry then.
 void ListPane::tellHistory(std::optional<qint64> selected)
 {
     if (m_entry != 0 && m_entry == m_history.current()) m_history.select(selected);
@@ -279,7 +237,7 @@ void ListPane::showSelected()
     const std::optional<qint64> selected = m_history.selected();
     if (selected && select(*selected)) return;
     clearSelection();
-    // a list that is still being read may yet come to it
+    // a list that is still being read may show it later
     if (m_filling) tellHistory(selected);
 }
 
@@ -306,31 +264,6 @@ std::vector<SelectedRecord> ListPane::selectedRecords() const
                            m_model->iconKey(row)});
     }
     return records;
-}
-
-void ListPane::restoreWidths(SettingsStore& settings)
-{
-    for (const ViewKind kind : {ViewKind::Documents, ViewKind::Events, ViewKind::Organizations}) {
-        const QStringList saved = StdREG(settings).GetRegString(section(), widthsName(kind)).split(u' ');
-        std::vector<int> widths;
-        for (const QString& width : saved) {
-            const int pixels = width.toInt();
-            widths.push_back(
-                pixels <= 0 ? 0 : std::clamp(pixels, m_view->header()->minimumSectionSize(), widestColumn));
-        }
-        if (widths.size() == listColumns(kind).size()) m_widths[kind] = widths;
-    }
-}
-
-void ListPane::saveWidths(SettingsStore& settings)
-{
-    for (const auto& [kind, widths] : m_widths) {
-        if (widths.empty()) continue;
-        QStringList texts;
-        for (const int width : widths)
-            texts << QString::number(width);
-        StdREG(settings).WriteRegString(section(), widthsName(kind), texts.join(u' '));
-    }
 }
 
 void ListPane::refreshIcons()

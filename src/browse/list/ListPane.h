@@ -1,5 +1,6 @@
 #pragma once
 
+#include "browse/list/ColumnWidths.h"
 #include "browse/list/RecordListModel.h"
 #include "widgets/IconSet.h"
 
@@ -13,57 +14,58 @@
 #include <vector>
 
 class RecordListView;
-class SettingsStore;
 class ViewHistory;
 
-/// A selected row, as commands take it.
+/// A selected row, for the commands that act on it.
 struct SelectedRecord
 {
     qint64 identifier = 0;
     QString name;         ///< the text of its first column
-    QString fileLocation; ///< of a document, else empty
+    QString fileLocation; ///< the file name of a document, else empty
     QString iconKey;
 };
 
-/// The list of the main window: fills itself from a query, yields to the window as it does, and remembers for
-/// each entry of the history how it was ordered. Which record is selected in an entry the history knows: the
-/// list tells it what the user selects, and shows what it says.
+/// The list of the main window. It is filled from a query, yields to the window meanwhile, and remembers
+/// order and place for each entry of the history. The selected record of an entry is kept in the history: the
+/// list writes the user's selection there and shows what it finds there. An empty list of documents until the
+/// first fill.
 class ListPane final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// `documentsFolder` is a path of the machine; the session and the history must outlive the pane.
+    /// `documentsFolder` is a path of the file system; the session and the history must outlive the pane.
     ListPane(DatabaseSession& session, ViewHistory& history, const QString& documentsFolder, QWidget* parent);
 
-    /// Reads a statement into the list. While it yields, another fill may begin; then this one stops, leaves
-    /// nothing behind and returns false. Throws Error; the rows read so far stay. `entry` is the history
-    /// position of the view.
-    bool fill(ViewKind kind, std::size_t entry, const QString& statement);
+    /// Fills the list with the rows of a statement. `entry` is the history position of the view. If another
+    /// fill begins while this one yields, this one stops, leaves nothing behind and returns false. Throws
+    /// Error; the rows read so far stay.
+    bool fill(RecordKind kind, std::size_t entry, const QString& statement);
 
-    /// Forgets what it remembered of the entries of a history that is gone.
+    /// Forgets order and place of all entries, when the history is cleared.
     void forget();
 
-    /// Makes a fill that is under way stop, as when a page takes the list's place.
+    /// Stops a fill that is under way, as when a page takes the list's place.
     void stop();
 
-    [[nodiscard]] ViewKind kind() const { return m_list->kind(); }
+    [[nodiscard]] RecordKind kind() const { return m_list->kind(); }
     [[nodiscard]] std::size_t count() const { return m_list->count(); }
     [[nodiscard]] RecordListView& view() { return *m_view; }
     [[nodiscard]] RecordListModel& model() { return *m_model; }
 
-    /// The record of the current row if that is selected, else of the first row that is.
+    /// The record of the current row if that is selected, else of the first selected row.
     [[nodiscard]] std::optional<qint64> selectedRecord() const;
 
-    /// Selects a record and scrolls to it; false if the list does not show it. Announces nothing.
+    /// Selects a record and scrolls to it; returns false if the list does not show it. Does not emit
+    /// `chosen`.
     bool select(qint64 identifier);
 
-    /// Selects those of the records that the list shows, and no others, and scrolls to the first of them.
-    /// Announces nothing.
+    /// Selects the records that the list shows, and no others, and scrolls to the first of them. Does not
+    /// emit `chosen`.
     void select(const std::vector<qint64>& identifiers);
 
-    /// Selects the record that the history has as selected; nothing, also for the history, if the list does
-    /// not show it. Announces nothing.
+    /// Selects the record that is selected in the history. If the list does not show it, clears the selection
+    /// in both. Does not emit `chosen`.
     void showSelected();
 
     [[nodiscard]] bool isFilling() const { return m_filling; }
@@ -75,25 +77,23 @@ public:
 
     void refreshIcons();
 
-    /// The widths that the user chose, from one run to the next.
-    void restoreWidths(SettingsStore& settings);
-    void saveWidths(SettingsStore& settings);
+    [[nodiscard]] ColumnWidths& widths() { return m_widths; }
 
 Q_SIGNALS:
-    /// The selection is another one, by whomever.
+    /// The selection changed, by the user or by the program.
     void selectionChanged();
 
-    /// The user went to a record, or to the same one again.
+    /// The user went to a record, perhaps to the same one again.
     void chosen(qint64 identifier);
 
 private:
     struct Remembered
     {
         std::optional<ListSort> sort;
-        std::optional<qint64> top; ///< the first row in sight
+        std::optional<qint64> top; ///< the record of the first visible row
     };
 
-    void begin(ViewKind kind, std::size_t entry);
+    void begin(RecordKind kind, std::size_t entry);
     void rememberPlace();
     void restorePlace();
     void finish();
@@ -102,23 +102,20 @@ private:
     void clearSelection();
     bool readRows(const QString& statement, const std::shared_ptr<RecordList>& list);
     void announce(const QModelIndex& index);
-    std::vector<int>& chosenWidths(ViewKind kind);
-    void applyWidths();
-    void fitAuthors();
     void sortBy(int column);
     void applySort();
 
     DatabaseSession& m_session;
     ViewHistory& m_history;
+    std::shared_ptr<RecordList> m_list;
     IconSet m_icons;
     RowIconKeys m_iconKeys;
     RecordListModel* m_model;
     RecordListView* m_view;
-    std::shared_ptr<RecordList> m_list;
+    ColumnWidths m_widths;
     std::uint64_t m_token = 0;
     bool m_filling = false;
-    bool m_selecting = false; ///< by itself, not by the user
+    bool m_selecting = false; ///< while the program selects, not the user
     std::size_t m_entry = 0;
-    std::map<std::size_t, Remembered> m_remembered;
-    std::map<ViewKind, std::vector<int>> m_widths; ///< in pixels, 0 if the user chose none
+    std::map<std::size_t, Remembered> m_remembered; ///< by history position
 };

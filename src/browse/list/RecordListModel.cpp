@@ -5,11 +5,9 @@
 
 #include <algorithm>
 
-RecordListModel::RecordListModel(RowIconKeys& iconKeys, IconSet& icons, QObject* parent)
-    : QAbstractTableModel(parent),
-      m_iconKeys(iconKeys),
-      m_icons(icons),
-      m_list(std::make_shared<const RecordList>(ViewKind::Home))
+RecordListModel::RecordListModel(std::shared_ptr<const RecordList> list, RowIconKeys& iconKeys,
+                                 IconSet& icons, QObject* parent)
+    : QAbstractTableModel(parent), m_iconKeys(iconKeys), m_icons(icons), m_list(std::move(list))
 {
 }
 
@@ -17,7 +15,7 @@ void RecordListModel::setList(std::shared_ptr<const RecordList> list)
 {
     beginResetModel();
     m_list = std::move(list);
-    m_known = 0;
+    m_published = 0;
     m_order.clear();
     m_iconKeys.clear();
     endResetModel();
@@ -25,15 +23,15 @@ void RecordListModel::setList(std::shared_ptr<const RecordList> list)
 
 void RecordListModel::publish()
 {
-    if (m_known == 0 || m_list->count() >= 2 * static_cast<std::size_t>(m_known)) publishAll();
+    if (m_published == 0 || m_list->count() >= 2 * static_cast<std::size_t>(m_published)) publishAll();
 }
 
 void RecordListModel::publishAll()
 {
     const int count = static_cast<int>(m_list->count());
-    if (count == m_known) return;
-    beginInsertRows({}, m_known, count - 1);
-    m_known = count;
+    if (count == m_published) return;
+    beginInsertRows({}, m_published, count - 1);
+    m_published = count;
     endInsertRows();
 }
 
@@ -49,7 +47,7 @@ void RecordListModel::order(const std::optional<ListSort>& sort)
     m_order = sort ? m_list->sorted(sort->column, sort->descending) : std::vector<std::uint32_t>();
 
     std::vector<int> rows(m_list->count());
-    for (int row = 0; row < m_known; ++row)
+    for (int row = 0; row < m_published; ++row)
         rows[source(row)] = row;
     QModelIndexList after;
     for (qsizetype i = 0; i < before.size(); ++i) {
@@ -67,7 +65,7 @@ std::size_t RecordListModel::source(int row) const
 
 int RecordListModel::rowOf(qint64 identifier) const
 {
-    for (int row = 0; row < m_known; ++row) {
+    for (int row = 0; row < m_published; ++row) {
         if (this->identifier(row) == identifier) return row;
     }
     return -1;
@@ -80,17 +78,17 @@ QString RecordListModel::iconKey(int row) const
 
 int RecordListModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : m_known;
+    return parent.isValid() ? 0 : m_published;
 }
 
 int RecordListModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(listColumns(m_list->kind()).size());
+    return parent.isValid() ? 0 : static_cast<int>(m_list->columns().size());
 }
 
 bool RecordListModel::marksKeys(int column) const
 {
-    return column == 1 && m_list->kind() != ViewKind::Organizations;
+    return m_list->columns()[static_cast<std::size_t>(column)].marksKeys;
 }
 
 QVariant RecordListModel::data(const QModelIndex& index, int role) const
@@ -117,7 +115,7 @@ QVariant RecordListModel::data(const QModelIndex& index, int role) const
 QVariant RecordListModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation != Qt::Horizontal || section >= columnCount()) return {};
-    if (role == Qt::DisplayRole) return listColumns(m_list->kind())[static_cast<std::size_t>(section)].title;
+    if (role == Qt::DisplayRole) return m_list->columns()[static_cast<std::size_t>(section)].title;
     if (!marksKeys(section)) return {};
     if (role == Qt::DecorationRole) return m_icons.icon(QStringLiteral("isKey"));
     if (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) return QStringLiteral("Key records");

@@ -12,7 +12,7 @@
 
 class IconSet;
 
-/// How the rows of a list are ordered where the user chose an order.
+/// The order of a list's rows that the user chose.
 struct ListSort
 {
     int column = 0;
@@ -21,33 +21,36 @@ struct ListSort
     friend bool operator==(const ListSort&, const ListSort&) = default;
 };
 
-/// Shows a record list to a view. While the list is read, its rows are made known in growing batches, since
-/// a view's own work for a batch grows with the rows it already has.
+/// The model of a record list. While the list is read, its rows are published in growing batches, since a
+/// view's work for a batch grows with the number of rows that it already has.
 class RecordListModel final : public QAbstractTableModel
 {
     Q_OBJECT
 
 public:
-    /// Both must outlive the model.
-    RecordListModel(RowIconKeys& iconKeys, IconSet& icons, QObject* parent);
+    /// The icons and their keys must outlive the model.
+    RecordListModel(std::shared_ptr<const RecordList> list, RowIconKeys& iconKeys, IconSet& icons,
+                    QObject* parent);
 
-    /// Takes another list in place of the one before; its rows are known once they are published.
+    /// Replaces the list. The rows of the new one are shown once they are published.
     void setList(std::shared_ptr<const RecordList> list);
 
-    /// Makes rows known: the first ones at once, later ones when there are twice as many as were known.
+    /// Publishes rows: the first ones at once, later ones when there are twice as many as before.
     void publish();
 
-    /// Makes all rows known.
+    /// Publishes all rows.
     void publishAll();
 
-    /// Orders the rows that are known, or brings them back into the query's order.
+    /// Orders the rows, which must all be published, or returns them to the query's order.
     void order(const std::optional<ListSort>& sort);
 
-    /// The position of a record in the list as it is ordered now, or -1.
+    /// The row of a record in the present order, or -1.
     [[nodiscard]] int rowOf(qint64 identifier) const;
     [[nodiscard]] qint64 identifier(int row) const { return m_list->identifier(source(row)); }
     [[nodiscard]] QString iconKey(int row) const;
     [[nodiscard]] const RecordList& list() const { return *m_list; }
+
+    /// The row of the record list that is shown in a row.
     [[nodiscard]] std::size_t source(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -61,6 +64,6 @@ private:
     RowIconKeys& m_iconKeys;
     IconSet& m_icons;
     std::shared_ptr<const RecordList> m_list;
-    int m_known = 0;
-    std::vector<std::uint32_t> m_order; ///< empty: the query's order
+    int m_published = 0;
+    std::vector<std::uint32_t> m_order; ///< empty for the query's order
 };

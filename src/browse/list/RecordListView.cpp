@@ -14,7 +14,7 @@
 
 namespace {
 
-/// Shows a key marker as its picture alone: the text beside it is for sorting and for screen readers.
+/// Shows a key marker as a picture without its text, which is meant for the clipboard.
 class KeyMarkerDelegate final : public LineDelegate
 {
 public:
@@ -49,7 +49,7 @@ RecordListView::RecordListView(QWidget* parent) : QTreeView(parent)
     setContextMenuPolicy(Qt::CustomContextMenu);
     setItemDelegate(new LineDelegate(this));
     setItemDelegateForColumn(1, new KeyMarkerDelegate(this));
-    // the header's own stretching forgets the width that it stretches, and makes it narrower too
+    // the header's own stretching forgets the user's width and also makes the column narrower
     header()->setStretchLastSection(false);
     connect(header(), &QHeaderView::sectionResized, this,
             [this](int column, int /*before*/, int width) { takeWidth(column, width); });
@@ -110,7 +110,7 @@ void RecordListView::copySelection() const
         QStringList cells;
         for (int column = 0; column < model()->columnCount(); ++column) {
             QString cell = model()->index(row, column).data(Qt::DisplayRole).toString();
-            // a tab or a line end in it would make two cells or two rows of it where it is pasted
+            // a tab or a line end would split the cell where it is pasted
             std::replace_if(
                 cell.begin(), cell.end(), [](QChar c) { return c == u'\t' || c == u'\n' || c == u'\r'; },
                 u' ');

@@ -2,8 +2,8 @@
 
 #include <QTreeView>
 
-/// A list of records in report style: one row a record, columns that can be widened, typing finds a name,
-/// a click on a header asks for that order.
+/// A list of records in report style: a row for each record, columns that the user can widen, names found by
+/// typing.
 class RecordListView final : public QTreeView
 {
     Q_OBJECT
@@ -11,10 +11,10 @@ class RecordListView final : public QTreeView
 public:
     explicit RecordListView(QWidget* parent);
 
-    /// Gives a column a width in pixels. The last one is drawn wider if there is room beside it.
+    /// Sets the width of a column in pixels. The last column is drawn wider if there is room beside it.
     void setWidth(int column, int width);
 
-    /// The width at which no text of a column is shortened, as far as its first rows tell.
+    /// The width in pixels at which no text of the column's first rows is shortened.
     [[nodiscard]] int widthNeeded(int column) const { return sizeHintForColumn(column); }
 
     /// Copies the selected rows, as text with tabs and as a table.
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] QList<int> selectedRows() const;
 
 Q_SIGNALS:
-    /// The user gave a column that width, in pixels.
+    /// The user gave a column this width, in pixels.
     void widthChosen(int column, int width);
 
 protected:
@@ -34,6 +34,6 @@ private:
     void takeWidth(int column, int width);
     void stretchLastColumn();
 
-    int m_lastWidth = 0;     ///< of the last column, before it is drawn wider
-    bool m_resizing = false; ///< by itself, not by the user
+    int m_lastWidth = 0;     ///< of the last column in pixels, before it is drawn wider
+    bool m_resizing = false; ///< while the program resizes columns, not the user
 };

@@ -20,22 +20,19 @@ QString RowIconKeys::key(const RecordList& list, std::size_t row)
 QString RowIconKeys::look(const RecordList& list, std::size_t row)
 {
     switch (list.kind()) {
-    case ViewKind::Documents:
+    case RecordKind::Document:
         if (!m_documents) m_documents.emplace(m_documentsFolder);
         return list.documentIcon(row, isInFolder(list.fileLocation(row)));
-    case ViewKind::Events:
+    case RecordKind::Event:
         return QStringLiteral("Event");
-    case ViewKind::Organizations:
-        return hasChart(list.identifier(row)) ? QStringLiteral("Organization_cd")
-                                              : QStringLiteral("Organization_wc");
-    case ViewKind::Home:
-    case ViewKind::SearchResults:
+    case RecordKind::Organization:
         break;
     }
-    return QStringLiteral("");
+    return hasChart(list.identifier(row)) ? QStringLiteral("Organization_cd")
+                                          : QStringLiteral("Organization_wc");
 }
 
-/// Whether the command that opens the document would find its file there.
+/// Whether the command that opens the document would find its file in the documents folder.
 bool RowIconKeys::isInFolder(const QString& fileName) const
 {
     return ProgramFolder::isPlainName(fileName) && m_documents->contains(fileName);
@@ -49,7 +46,7 @@ bool RowIconKeys::hasChart(qint64 organization)
             QString::number(organization));
         return profiles.count() == 1 && profiles.integer(0, u"ChartOption") != 0;
     } catch (const Error&) {
-        // asked for while the list is painted: the list's own statement reports what is wrong with the file
+        // no message while the list is painted: its own statement reports what is wrong with the database
         return false;
     }
 }

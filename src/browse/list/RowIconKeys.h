@@ -10,18 +10,18 @@
 
 class DatabaseSession;
 
-/// The icon of each row of a list. A row is looked up when it is first seen and once only; what its file or
-/// its chart is about to become shows when the list is shown again.
+/// The icon of each row of a list. A row is looked up once, when it is first painted; a later change of its
+/// file or its chart shows when the list is shown again.
 class RowIconKeys
 {
 public:
-    /// `documentsFolder` is a path of the machine. The session must outlive the object.
+    /// `documentsFolder` is a path of the file system. The session must outlive the object.
     RowIconKeys(DatabaseSession& session, QString documentsFolder)
         : m_session(session), m_documentsFolder(std::move(documentsFolder))
     {
     }
 
-    /// Forgets what was looked up for another list.
+    /// Forgets all rows, before another list is shown.
     void clear();
 
     QString key(const RecordList& list, std::size_t row);

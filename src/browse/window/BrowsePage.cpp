@@ -1,6 +1,7 @@
 #include "browse/window/BrowsePage.h"
 
 #include "platform/StdREG.h"
+#include "views/clsView.h"
 
 #include <QSplitter>
 #include <QStackedWidget>
@@ -14,9 +15,9 @@ namespace {
 constexpr double smallestShare = 0.1;
 constexpr double largestShare = 0.9;
 
-QString valueName(ViewKind kind)
+QString valueName(RecordKind kind)
 {
-    return QStringLiteral("Graphic%1").arg(static_cast<int>(kind));
+    return QStringLiteral("Graphic%1").arg(static_cast<int>(viewOf(kind)));
 }
 
 QString section()
@@ -45,7 +46,7 @@ BrowsePage::BrowsePage(QWidget* list, SettingsStore& settings, QWidget* parent)
 
 BrowsePage::~BrowsePage() = default;
 
-void BrowsePage::setGraphic(ViewKind kind, Maker maker, Qt::Orientation side)
+void BrowsePage::setGraphic(RecordKind kind, Maker maker, Qt::Orientation side)
 {
     Place place{std::move(maker), nullptr, side, side == Qt::Horizontal ? 0.45 : 0.4};
     const QStringList saved = StdREG(m_settings).GetRegString(section(), valueName(kind)).split(u' ');
@@ -56,52 +57,48 @@ void BrowsePage::setGraphic(ViewKind kind, Maker maker, Qt::Orientation side)
     m_places[kind] = place;
 }
 
-void BrowsePage::showKind(ViewKind kind)
+void BrowsePage::showKind(RecordKind kind)
 {
-    if (kind == m_kind) return;
+    Place& place = m_places.at(kind);
+    if (&place == m_shown) return;
     rememberShare();
-    m_kind = kind;
+    m_shown = &place;
     applyPlace();
 }
 
 Qt::Orientation BrowsePage::side() const
 {
-    const auto place = m_places.find(m_kind);
-    return place == m_places.end() ? Qt::Vertical : place->second.side;
+    return m_shown == nullptr ? Qt::Vertical : m_shown->side;
 }
 
 void BrowsePage::setSide(Qt::Orientation side)
 {
-    const auto place = m_places.find(m_kind);
-    if (place == m_places.end() || place->second.side == side) return;
+    if (m_shown == nullptr || m_shown->side == side) return;
     rememberShare();
-    place->second.side = side;
+    m_shown->side = side;
     applyPlace();
 }
 
 void BrowsePage::rememberShare()
 {
-    const auto place = m_places.find(m_kind);
     const QList<int> sizes = m_splitter->sizes();
-    if (place == m_places.end() || m_graphics->isHidden() || sizes[0] + sizes[1] == 0) return;
-    place->second.share =
+    if (m_shown == nullptr || m_graphics->isHidden() || sizes[0] + sizes[1] == 0) return;
+    m_shown->share =
         std::clamp(static_cast<double>(sizes[1]) / (sizes[0] + sizes[1]), smallestShare, largestShare);
 }
 
 void BrowsePage::applyPlace()
 {
-    const auto place = m_places.find(m_kind);
-    m_graphics->setVisible(place != m_places.end());
-    if (place == m_places.end()) return;
-    QWidget*& graphic = place->second.graphic;
+    m_graphics->show();
+    QWidget*& graphic = m_shown->graphic;
     if (graphic == nullptr) {
-        graphic = place->second.maker(m_graphics);
+        graphic = m_shown->maker(m_graphics);
         m_graphics->addWidget(graphic);
     }
     m_graphics->setCurrentWidget(graphic);
-    m_splitter->setOrientation(place->second.side);
-    const int length = place->second.side == Qt::Horizontal ? width() : height();
-    const int forGraphic = static_cast<int>(length * place->second.share);
+    m_splitter->setOrientation(m_shown->side);
+    const int length = m_shown->side == Qt::Horizontal ? width() : height();
+    const int forGraphic = static_cast<int>(length * m_shown->share);
     m_splitter->setSizes({length - forGraphic, forGraphic});
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/clsView.h"
+#include "records/RecordKind.h"
 
 #include <QWidget>
 
@@ -11,40 +11,42 @@ class QSplitter;
 class QStackedWidget;
 class SettingsStore;
 
-/// The list of records with, beside it or below it, the graphic view of the kind shown. Where the graphic
-/// stands and how much room it has is kept for each kind, also from one run to the next.
+/// The list of records with the graphic of the kind shown, to its right or below it. Side and size of the
+/// graphic are kept for each kind, also from one run to the next.
 class BrowsePage final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Takes the list as its child; the settings must outlive the page.
+    /// The list becomes a child of the page; the settings must outlive it.
     BrowsePage(QWidget* list, SettingsStore& settings, QWidget* parent);
     ~BrowsePage() override;
 
-    /// Makes a graphic view as a child of the widget that it is given.
+    /// Makes a graphic as a child of a widget.
     using Maker = std::function<QWidget*(QWidget* parent)>;
 
-    /// Gives a kind its graphic view, made when the kind is first shown. `side` is where it stands at first.
-    void setGraphic(ViewKind kind, Maker maker, Qt::Orientation side);
+    /// Sets the graphic of a kind, to be made when the kind is first shown, and its side unless the settings
+    /// have one.
+    void setGraphic(RecordKind kind, Maker maker, Qt::Orientation side);
 
-    /// Shows the list with the graphic of a kind, or alone where the kind has none.
-    void showKind(ViewKind kind);
+    /// Shows the graphic of a kind, which must have one, beside the list.
+    void showKind(RecordKind kind);
 
-    /// `Qt::Horizontal` where the graphic of the kind shown stands to the right, `Qt::Vertical` where below.
+    /// `Qt::Horizontal` if the graphic of the kind shown is to the right of the list, `Qt::Vertical` if
+    /// below.
     [[nodiscard]] Qt::Orientation side() const;
     void setSide(Qt::Orientation side);
 
-    /// Writes down where the graphics stand; called when the window closes.
+    /// Writes sides and sizes to the settings; to be called when the window closes.
     void save();
 
 private:
     struct Place
     {
         Maker maker;
-        QWidget* graphic = nullptr; ///< null until it is shown
+        QWidget* graphic = nullptr; ///< null until it is first shown
         Qt::Orientation side = Qt::Vertical;
-        double share = 0.5; ///< of the page, for the graphic
+        double share = 0.5; ///< of the page's width or height, for the graphic
     };
 
     void rememberShare();
@@ -53,6 +55,6 @@ private:
     SettingsStore& m_settings;
     QSplitter* m_splitter;
     QStackedWidget* m_graphics;
-    std::map<ViewKind, Place> m_places;
-    ViewKind m_kind = ViewKind::Home;
+    std::map<RecordKind, Place> m_places;
+    Place* m_shown = nullptr; ///< null until a kind is shown
 };

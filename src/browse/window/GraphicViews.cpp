@@ -16,16 +16,16 @@ GraphicViews::GraphicViews(const Platform& platform, ProgramState& state, ListPa
 {
     m_timeline->hide();
     page.setGraphic(
-        ViewKind::Documents, [this](QWidget* parent) { return makeChart(parent); }, Qt::Horizontal);
-    // the timeline is set up at start-up, whatever is shown first
+        RecordKind::Document, [this](QWidget* parent) { return makeChart(parent); }, Qt::Horizontal);
+    // made at start-up, whatever is shown first
     page.setGraphic(
-        ViewKind::Events, [this](QWidget*) { return m_timeline; }, Qt::Vertical);
+        RecordKind::Event, [this](QWidget*) { return m_timeline; }, Qt::Vertical);
     page.setGraphic(
-        ViewKind::Organizations, [this](QWidget* parent) { return makeMap(parent); }, Qt::Horizontal);
-    // what is done next must not be done to another record
+        RecordKind::Organization, [this](QWidget* parent) { return makeMap(parent); }, Qt::Horizontal);
+    // the list has to follow: its commands must not act on another record
     connect(m_timeline, &TimelinePanel::eventSelected, &m_list, &ListPane::showSelected);
     connect(&m_list, &ListPane::selectionChanged, this, [this] {
-        // once it is read, all of it is shown
+        // drawAfterList() does it once the list is read
         if (!m_list.isFilling()) showSelected();
     });
     connect(&m_list, &ListPane::chosen, this, &GraphicViews::goToRecord);
@@ -51,16 +51,16 @@ void GraphicViews::mainLoad()
     if (m_map != nullptr) m_map->forget();
 }
 
-void GraphicViews::drawBeforeList(ViewKind kind)
+void GraphicViews::drawBeforeList(RecordKind kind)
 {
-    if (kind == ViewKind::Documents) m_chart->drawCharts();
-    if (kind == ViewKind::Events) m_timeline->drawTimeline();
+    if (kind == RecordKind::Document) m_chart->drawCharts();
+    if (kind == RecordKind::Event) m_timeline->drawTimeline();
 }
 
-void GraphicViews::drawAfterList(ViewKind kind, bool isListed)
+void GraphicViews::drawAfterList(RecordKind kind, bool isListed)
 {
-    if (kind == ViewKind::Organizations) {
-        // if it could not be read, the list has said what is wrong
+    if (kind == RecordKind::Organization) {
+        // if it could not be read, the list has reported why
         isListed ? m_map->drawMap() : m_map->clearMap();
     } else {
         showSelected();
@@ -69,13 +69,13 @@ void GraphicViews::drawAfterList(ViewKind kind, bool isListed)
 
 void GraphicViews::showSelected()
 {
-    if (m_list.kind() == ViewKind::Events) m_timeline->showSelected();
-    if (m_list.kind() == ViewKind::Organizations) m_map->showSelected();
+    if (m_list.kind() == RecordKind::Event) m_timeline->showSelected();
+    if (m_list.kind() == RecordKind::Organization) m_map->showSelected();
 }
 
-/// The user went to a record of the list; its graphic goes there too.
+/// Moves the graphic to a record that the user went to in the list.
 void GraphicViews::goToRecord(qint64 identifier)
 {
-    if (m_list.kind() == ViewKind::Events) m_timeline->chooseEvent(identifier);
-    if (m_list.kind() == ViewKind::Organizations) m_map->goToSelected();
+    if (m_list.kind() == RecordKind::Event) m_timeline->chooseEvent(identifier);
+    if (m_list.kind() == RecordKind::Organization) m_map->goToSelected();
 }

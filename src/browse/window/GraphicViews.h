@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Platform.h"
-#include "views/clsView.h"
+#include "records/RecordKind.h"
 
 #include <QObject>
 
@@ -13,30 +13,29 @@ class TimelinePanel;
 class QWidget;
 struct ProgramState;
 
-/// The graphic views beside the lists: the chart of documents, the timeline of events and the map of
-/// organizations. What is chosen in a list is shown in its graphic, and the other way round. Lives as long as
-/// the window.
+/// The graphics beside the list: the chart of documents, the timeline of events and the map of organizations.
+/// Keeps the selections of the list and of its graphic the same. Lives as long as the window.
 class GraphicViews final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// All must outlive the views, which become a child of the window.
+    /// Becomes a child of the window. All must outlive it.
     GraphicViews(const Platform& platform, ProgramState& state, ListPane& list, BrowsePage& page,
                  QWidget& window);
 
     [[nodiscard]] TimelinePanel& timeline() { return *m_timeline; }
 
-    /// Begins anew on the database that is open.
+    /// Starts over with the database that is open.
     void mainLoad();
 
-    /// Draws the graphic of the current view where that comes before its list is read: the chart and the
-    /// timeline. The page must show the kind.
-    void drawBeforeList(ViewKind kind);
+    /// Draws the chart or the timeline for the current view, which come before the list is read. The page
+    /// must show the kind.
+    void drawBeforeList(RecordKind kind);
 
-    /// Draws the graphic that comes after the list: the map, empty where the list could not be read. Then
-    /// list and graphic show the same record as selected.
-    void drawAfterList(ViewKind kind, bool isListed);
+    /// Draws the map, which comes after the list, or empties it if the list could not be read. Then selects
+    /// the same record in the graphic as in the list.
+    void drawAfterList(RecordKind kind, bool isListed);
 
 private:
     QWidget* makeChart(QWidget* parent);

@@ -43,11 +43,11 @@ void StatusLine::showView(const QString& caption, const QString& count)
     m_saved->hide();
 }
 
-void StatusLine::showSaved(ViewKind kind, const QString& name)
+void StatusLine::showSaved(RecordKind kind, const QString& name)
 {
-    const QString what = kind == ViewKind::Documents ? tr("Document")
-                         : kind == ViewKind::Events  ? tr("Event")
-                                                     : tr("Organization");
+    const QString what = kind == RecordKind::Document ? tr("Document")
+                         : kind == RecordKind::Event  ? tr("Event")
+                                                      : tr("Organization");
     m_saved->setLine(tr("Saved: %1 \"%2\"").arg(what, readableLine(name)));
     m_saved->show();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/clsView.h"
+#include "records/RecordKind.h"
 
 #include <QObject>
 
@@ -8,8 +8,8 @@ class ElidedLabel;
 class QLabel;
 class QMainWindow;
 
-/// What the status bar says: the view, what was saved last, how many rows are selected, and how many there
-/// are.
+/// The status bar: the view's caption, the record saved last, the number of selected rows and that of all
+/// rows.
 class StatusLine final : public QObject
 {
     Q_OBJECT
@@ -18,11 +18,11 @@ public:
     /// The panels become part of the window's status bar.
     explicit StatusLine(QMainWindow& window);
 
-    /// Says what another view is and how many rows it has, and no longer what was saved in the one before it.
+    /// Shows the caption of a view and its number of rows; clears what showSaved() showed.
     void showView(const QString& caption, const QString& count);
 
-    /// Until another view is shown.
-    void showSaved(ViewKind kind, const QString& name);
+    /// Says that a record was saved, until another view is shown.
+    void showSaved(RecordKind kind, const QString& name);
 
     void showSelected(std::size_t rows);
 

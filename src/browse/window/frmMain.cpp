@@ -1,18 +1,19 @@
 #include "browse/window/frmMain.h"
 
+#include "browse/commands/CommandState.h"
+#include "browse/commands/ListMenus.h"
+#include "browse/commands/MainCommands.h"
+#include "browse/commands/OpenCommand.h"
+#include "browse/commands/RecordCommands.h"
+#include "browse/commands/RelatedCommands.h"
 #include "browse/history/HistoryNavigation.h"
+#include "browse/home/HomePage.h"
 #include "browse/list/ListPane.h"
 #include "browse/list/RecordListView.h"
 #include "browse/window/BrowsePage.h"
-#include "browse/window/CommandState.h"
 #include "browse/window/GraphicViews.h"
-#include "browse/window/HomePage.h"
-#include "browse/window/ListMenus.h"
-#include "browse/window/MainCommands.h"
-#include "browse/window/OpenCommand.h"
-#include "browse/window/RecordCommands.h"
-#include "browse/window/RelatedCommands.h"
 #include "browse/window/StatusLine.h"
+#include "browse/window/ViewPages.h"
 #include "editors/DialogRecordPicker.h"
 #include "editors/RecordEditors.h"
 #include "help/HelpCommands.h"
@@ -21,13 +22,11 @@
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "search/SearchCommands.h"
-#include "search/SearchResultsPage.h"
 #include "state/ProgramState.h"
 #include "timeline/TimelinePanel.h"
 #include "util/ReadableLine.h"
 #include "widgets/IconSet.h"
 #include "widgets/ReadablePalette.h"
-#include "widgets/WaitCursor.h"
 #include "widgets/WindowPlace.h"
 
 #include <QApplication>
@@ -35,7 +34,6 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QScreen>
-#include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -53,46 +51,47 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
       m_commands(new MainCommands(*this)),
       m_help(new HelpCommands(*this, *m_commands->tbToolBar, platform, state)),
       m_status(new StatusLine(*this)),
-      m_pages(new QStackedWidget(this)),
       m_home(new HomePage(this)),
       m_list(new ListPane(state.session, state.history, state.folder.folderPath(ProgramFolders::documents),
                           this)),
       m_browse(new BrowsePage(m_list, platform.settings, this)),
       m_picker(std::make_unique<DialogRecordPicker>(platform, state)),
-      m_search(new SearchCommands(platform, state, *m_picker, *this)),
-      m_related(new RelatedCommands(platform, state, *m_list, this)),
-      m_open(std::make_unique<OpenCommand>(platform, state, *m_list)),
+      m_search(new SearchCommands({platform.messages, state.session, state.history, state.queries}, *m_picker,
+                                  *this)),
+      m_related(new RelatedCommands(platform.messages, {state.session, state.queries}, state.history, *m_list,
+                                    this)),
+      m_open(std::make_unique<OpenCommand>(platform, state.session, state.queries, state.folder, *m_list)),
       m_editors(new RecordEditors(platform, state, *this)),
-      m_graphics(new GraphicViews(platform, state, *m_list, *m_browse, *this))
+      m_records(new RecordCommands(*m_commands, *m_list, *m_editors, *this)),
+      m_graphics(new GraphicViews(platform, state, *m_list, *m_browse, *this)),
+      m_pages(new ViewPages(platform.messages, state.history,
+                            {*m_home, *m_browse, *m_list, *m_search, *m_graphics}, this)),
+      m_navigation(new HistoryNavigation(state.history, *m_commands->mnuNavigateBack,
+                                         *m_commands->mnuNavigateForward, *m_commands->tbToolBar, *this))
 {
     setObjectName(QStringLiteral("frmMain"));
-    m_pages->addWidget(m_home);
-    m_pages->addWidget(m_browse);
     m_search->attachTo(m_list->view());
     setCentralWidget(m_pages);
     connectCommands();
-    makeRecordCommands();
-    m_state.history.setPresenter(this);
+    connectViews();
+    connectEditors();
+    connectRows();
 }
 
-frmMain::~frmMain()
-{
-    m_state.history.setPresenter(nullptr);
-}
+frmMain::~frmMain() = default;
 
 void frmMain::connectCommands()
 {
     const auto on = [this](QAction* action, auto&& handler) {
         connect(action, &QAction::triggered, this, std::forward<decltype(handler)>(handler));
     };
-    on(m_commands->mnuViewDocuments, [this] { viewAll(ViewKind::Documents); });
-    on(m_commands->mnuViewEvents, [this] { viewAll(ViewKind::Events); });
-    on(m_commands->mnuViewOrganizations, [this] { viewAll(ViewKind::Organizations); });
-    on(m_commands->mnuSearchShowAll, [this] { viewAll(m_state.history.currentKind()); });
+    on(m_commands->mnuViewDocuments, [this] { viewAll(RecordKind::Document); });
+    on(m_commands->mnuViewEvents, [this] { viewAll(RecordKind::Event); });
+    on(m_commands->mnuViewOrganizations, [this] { viewAll(RecordKind::Organization); });
+    on(m_commands->mnuSearchShowAll, [this] { viewAll(m_list->kind()); });
     on(m_commands->mnuSearchKeyword, [this] { m_search->openKeywordSearch(); });
-    on(m_commands->mnuSearchAdvanced,
-       [this] { m_search->openAdvancedSearch(m_state.history.currentKind()); });
-    on(m_commands->mnuViewRefresh, [this] { refresh(); });
+    on(m_commands->mnuSearchAdvanced, [this] { m_search->openAdvancedSearch(m_list->kind()); });
+    on(m_commands->mnuViewRefresh, [this] { m_pages->refresh(); });
     on(m_commands->mnuViewGraphicRight, [this] { m_browse->setSide(Qt::Horizontal); });
     on(m_commands->mnuViewGraphicBelow, [this] { m_browse->setSide(Qt::Vertical); });
     on(m_commands->mnuNavigateBack, [this] {
@@ -101,19 +100,45 @@ void frmMain::connectCommands()
     on(m_commands->mnuNavigateForward, [this] {
         if (!m_state.history.goForward()) m_platform.messages.beep();
     });
-    on(m_commands->mnuNavigateHome, [this] { viewAll(ViewKind::Home); });
+    on(m_commands->mnuNavigateHome, [this] { viewHome(); });
     on(m_commands->mnuOpenDatabase, [this] { openDatabase(); });
     on(m_commands->mnuNavigateExit, [this] { close(); });
     on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
-    connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
-    connect(m_home, &HomePage::chosen, this, &frmMain::pressHomeButton);
-    connect(m_search, &SearchCommands::recordChosen, m_editors, &RecordEditors::view);
-    new HistoryNavigation(m_state.history, *m_commands->mnuNavigateBack, *m_commands->mnuNavigateForward,
-                          *m_commands->tbToolBar, *this);
+    on(m_commands->mnuRecordOpen, [this] { m_open->run(); });
 }
 
-/// The commands that act on the rows of a list, in the menu and in the pop-up menu of each kind.
-void frmMain::makeRecordCommands()
+void frmMain::connectViews()
+{
+    connect(m_home, &HomePage::recordsChosen, this, &frmMain::viewAll);
+    connect(m_home, &HomePage::searchChosen, m_search, &SearchCommands::openKeywordSearch);
+    connect(m_home, &HomePage::helpChosen, m_help->mnuHelpContents, &QAction::trigger);
+    connect(m_pages, &ViewPages::pageChanged, this, &frmMain::enableCommands);
+    connect(m_pages, &ViewPages::viewShown, this, &frmMain::showCaption);
+    connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
+    connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
+}
+
+void frmMain::connectEditors()
+{
+    connect(m_search, &SearchCommands::recordChosen, m_editors,
+            [this](RecordKind kind, qint64 id) { m_editors->view(viewOf(kind), id); });
+    connect(m_related, &RelatedCommands::additionWanted, this, &frmMain::add);
+    connect(m_editors, &RecordEditors::eventSaved, this, [this](const std::optional<QDateTime>& start) {
+        m_graphics->timeline().updateTimeline(start ? std::optional(momentOf(start->date(), start->time()))
+                                                    : std::nullopt);
+    });
+    connect(m_editors, &RecordEditors::changed, this, [this](ViewKind kind, qint64 saved) {
+        m_pages->refresh();
+        m_records->selectAfterChange(*recordKindOf(kind), saved);
+    });
+    connect(m_editors, &RecordEditors::fileAsked, this,
+            [this](ViewKind kind, qint64 record) { m_open->openRecord(*recordKindOf(kind), record); });
+    connect(m_editors, &RecordEditors::saved, m_status,
+            [this](ViewKind kind, const QString& name) { m_status->showSaved(*recordKindOf(kind), name); });
+}
+
+/// Connects what the user does with rows of the list and with events of the timeline.
+void frmMain::connectRows()
 {
     m_related->addTo(*m_commands->mnuRecordRelated);
     auto* menus = new ListMenus(*m_commands, *m_related, *this);
@@ -121,31 +146,11 @@ void frmMain::makeRecordCommands()
             [this, menus](const QPoint& position) {
                 menus->popUp(m_list->kind(), m_list->view().viewport()->mapToGlobal(position));
             });
-    connect(m_commands->mnuRecordOpen, &QAction::triggered, this, [this] { m_open->run(); });
-    m_records = new RecordCommands(*m_commands, *m_list, *m_editors, *this);
-    connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
-    connect(m_related, &RelatedCommands::additionWanted, m_editors, [this](const RecordAddition& addition) {
-        const QString hindrance = unwritable();
-        if (hindrance.isEmpty())
-            m_editors->add(addition.kind, addition.preset);
-        else
-            m_platform.messages.show(hindrance);
-    });
-    connect(m_editors, &RecordEditors::eventSaved, this, [this](const std::optional<QDateTime>& start) {
-        m_graphics->timeline().updateTimeline(start ? std::optional(momentOf(start->date(), start->time()))
-                                                    : std::nullopt);
-    });
-    connect(m_editors, &RecordEditors::changed, this, [this](ViewKind kind, qint64 saved) {
-        refresh();
-        m_records->selectAfterChange(kind, saved);
-    });
-    connect(m_editors, &RecordEditors::fileAsked, this,
-            [this](ViewKind kind, qint64 record) { m_open->openRecord(kind, record); });
-    connect(m_editors, &RecordEditors::saved, m_status, &StatusLine::showSaved);
-    connect(&m_graphics->timeline(), &TimelinePanel::eventOpened, this,
+    const TimelinePanel& timeline = m_graphics->timeline();
+    connect(&timeline, &TimelinePanel::eventOpened, this,
             [this](qint64 event) { m_editors->view(ViewKind::Events, event); });
-    connect(&m_graphics->timeline(), &TimelinePanel::eventMenuRequested, this,
-            [menus](const QPoint& position) { menus->popUp(ViewKind::Events, position); });
+    connect(&timeline, &TimelinePanel::eventMenuRequested, this,
+            [menus](const QPoint& position) { menus->popUp(RecordKind::Event, position); });
 }
 
 void frmMain::load(bool hasProgramFolder)
@@ -155,12 +160,12 @@ void frmMain::load(bool hasProgramFolder)
     });
     showDatabaseName();
     placeOnScreen();
-    m_list->restoreWidths(m_platform.settings);
+    m_list->widths().restore(m_platform.settings);
     m_graphics->mainLoad();
-    viewAll(ViewKind::Home);
+    viewHome();
 }
 
-/// Lets the user choose another database, and begins afresh with it.
+/// Lets the user choose another database, and starts over with it.
 void frmMain::openDatabase()
 {
     const QString file = m_platform.fileDialogs.openFile(
@@ -172,13 +177,13 @@ void frmMain::openDatabase()
     bool opened = false;
     runProcedure(m_platform.messages, QStringLiteral("openDatabase"),
                  [&] { opened = DatabaseOpener(m_platform, m_state).openChosen(file); });
-    // a database that can only be read is open after its message
+    // a database that can only be read is open although its message counts as a failure
     if (!opened && m_state.session.fileName() == before) return;
     m_state.history.clear();
     m_list->forget();
     m_graphics->mainLoad();
     showDatabaseName();
-    viewAll(ViewKind::Home);
+    viewHome();
 }
 
 void frmMain::showDatabaseName()
@@ -188,92 +193,40 @@ void frmMain::showDatabaseName()
                                        : tr("Database: %1").arg(QFileInfo(file).completeBaseName()));
 }
 
-/// The window takes most of a small screen, and no more of a large one than its lists can use.
+/// Without a place from an earlier run, takes most of a small screen, and of a large one as much as the lists
+/// use.
 void frmMain::placeOnScreen()
 {
     if (WindowPlace::restore(*this, m_platform.settings)) return;
     const QRect available = screen()->availableGeometry();
-    // the frame around the window, which the desktop adds, is about as high as these two
+    // stands for the height of the frame that the desktop adds around the window
     const int bars = m_commands->tbToolBar->sizeHint().height() + statusBar()->sizeHint().height();
     const QSize wanted(available.width() * 9 / 10, available.height() - bars);
     resize(wanted.boundedTo(largestFirstSize));
     move(available.center().x() - width() / 2, available.top() + (available.height() - bars - height()) / 2);
 }
 
-void frmMain::viewAll(ViewKind kind)
+void frmMain::viewAll(RecordKind kind)
 {
-    const StandardQueries& queries = m_state.queries;
-    switch (kind) {
-    case ViewKind::Documents:
-        m_state.history.addView({kind, queries.documents, queries.documentsTitle});
-        break;
-    case ViewKind::Events:
-        m_state.history.addView({kind, queries.events, queries.eventsTitle});
-        break;
-    case ViewKind::Organizations:
-        m_state.history.addView({kind, queries.organizations, queries.organizationsTitle});
-        break;
-    case ViewKind::Home:
-        m_state.history.addView({kind, std::make_shared<const SQLObject>(), tr("Home Page")});
-        break;
-    case ViewKind::SearchResults:
-        break;
-    }
+    m_state.history.addView(m_state.queries.all(kind));
 }
 
-void frmMain::pressHomeButton(int button)
+void frmMain::viewHome()
 {
-    constexpr int searchButton = 3;
-    constexpr int helpButton = 4;
-    switch (button) {
-    case searchButton:
-        m_search->openKeywordSearch();
-        break;
-    case helpButton:
-        m_help->mnuHelpContents->trigger();
-        break;
-    default:
-        viewAll(static_cast<ViewKind>(button));
-    }
+    m_state.history.addView({ViewKind::Home, std::make_shared<const SQLObject>(), tr("Home Page")});
 }
 
-void frmMain::showDocuments(const SharedQuery& query, const QString& caption)
+/// Adds a record to which a command for related records led, if the database can be changed.
+void frmMain::add(const RecordAddition& addition)
 {
-    showList(ViewKind::Documents, QStringLiteral("showDocuments"), query, caption);
+    const QString hindrance = unwritable();
+    if (hindrance.isEmpty())
+        m_editors->add(viewOf(addition.kind), addition.preset);
+    else
+        m_platform.messages.show(hindrance);
 }
 
-void frmMain::showEvents(const SharedQuery& query, const QString& caption)
-{
-    showList(ViewKind::Events, QStringLiteral("showEvents"), query, caption);
-}
-
-void frmMain::showOrganizations(const SharedQuery& query, const QString& caption)
-{
-    showList(ViewKind::Organizations, QStringLiteral("showOrganizations"), query, caption);
-}
-
-void frmMain::showList(ViewKind kind, const QString& procedure, const SharedQuery& query,
-                       const QString& caption)
-{
-    m_pages->setCurrentWidget(m_browse);
-    m_browse->showKind(kind);
-    enableCommands();
-    m_search->beginList();
-    bool stayed = true;
-    const bool isListed = runProcedure(m_platform.messages, procedure, [&] {
-        const WaitCursor wait;
-        m_state.history.setCurrentQuery(m_search->queryFor(query));
-        m_graphics->drawBeforeList(kind);
-        stayed = m_list->fill(kind, m_state.history.current(), m_state.history.currentQuery()->sqlStr());
-    });
-    if (!stayed) return;
-    showCaption(caption, RecordList::countText(kind, m_list->count()));
-    m_list->setFocus();
-    m_search->finishList(m_list->count(), isListed);
-    m_graphics->drawAfterList(kind, isListed);
-}
-
-/// The window is named after what it shows, so that it is found among others on the desktop.
+/// The window's title says what it shows, so that the user finds it among others.
 void frmMain::showCaption(const QString& caption, const QString& count)
 {
     const QString line = readableLine(caption);
@@ -282,52 +235,13 @@ void frmMain::showCaption(const QString& caption, const QString& count)
     const QString file = QFileInfo(m_state.session.fileName()).fileName();
     if (!file.isEmpty()) title += QStringLiteral(" - ") + file;
     if (m_state.session.isReadOnly()) title += tr(" [read-only]");
-    // a window takes three of these signs together for the place of a mark of its own
+    // Qt replaces a single `[*]` in a window's title by its mark for unsaved changes
     setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
-}
-
-void frmMain::showHome()
-{
-    m_list->stop();
-    m_pages->setCurrentWidget(m_home);
-    enableCommands();
-    showCaption(m_state.history.view(m_state.history.current()).Caption, QString());
-}
-
-void frmMain::showSearchResults()
-{
-    m_list->stop();
-    if (m_pages->indexOf(m_search->page()) < 0) m_pages->addWidget(m_search->page());
-    m_pages->setCurrentWidget(m_search->page());
-    enableCommands();
-    showCaption(m_state.history.view(m_state.history.current()).Caption, QString());
-    m_search->showResults();
-}
-
-void frmMain::refresh()
-{
-    const clsView view = m_state.history.view(m_state.history.current());
-    switch (view.viewIndex) {
-    case ViewKind::Documents:
-        showDocuments(view.SQL, view.Caption);
-        break;
-    case ViewKind::Events:
-        showEvents(view.SQL, view.Caption);
-        break;
-    case ViewKind::Organizations:
-        showOrganizations(view.SQL, view.Caption);
-        break;
-    case ViewKind::SearchResults:
-        showSearchResults();
-        break;
-    case ViewKind::Home:
-        break;
-    }
 }
 
 void frmMain::enableCommands()
 {
-    const bool showsList = m_pages->currentWidget() == m_browse;
+    const bool showsList = m_pages->showsList();
     const QString noList = showsList ? QString() : tr("This page has no list of records.");
     for (QAction* action :
          {m_commands->mnuViewRefresh, m_commands->mnuSearchShowAll, m_commands->mnuSearchAdvanced,
@@ -345,7 +259,7 @@ void frmMain::enableCommands()
     m_commands->mnuViewGraphicBelow->setChecked(m_browse->side() == Qt::Vertical);
 }
 
-/// What is in the way of changing the database; empty if nothing is.
+/// Returns why the database cannot be changed, or an empty text if it can.
 QString frmMain::unwritable() const
 {
     if (!m_state.session.isOpen()) return tr("No database is open.");
@@ -354,16 +268,7 @@ QString frmMain::unwritable() const
 
 void frmMain::UpdateHistoryList()
 {
-    QMenu& menu = *m_commands->mnuHistory;
-    menu.clear();
-    for (std::size_t position = 1; position <= m_state.history.count(); ++position) {
-        QAction* entry = HistoryNavigation::addCaption(menu, m_state.history.view(position).Caption);
-        connect(entry, &QAction::triggered, this, [this, position] { m_state.history.showView(position); });
-        entry->setObjectName(QStringLiteral("mnuHistoryList(%1)").arg(position - 1));
-        entry->setCheckable(true);
-        entry->setChecked(position == m_state.history.current());
-    }
-    menu.setEnabled(m_state.history.count() > 0);
+    m_navigation->listAll(*m_commands->mnuHistory);
 }
 
 void frmMain::closeEvent(QCloseEvent* event)
@@ -374,7 +279,7 @@ void frmMain::closeEvent(QCloseEvent* event)
     }
     m_list->stop();
     m_browse->save();
-    m_list->saveWidths(m_platform.settings);
+    m_list->widths().save(m_platform.settings);
     WindowPlace::save(*this, m_platform.settings);
     event->accept();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Platform.h"
-#include "views/ViewHistory.h"
+#include "records/RecordKind.h"
 
 #include <QMainWindow>
 
@@ -10,6 +10,7 @@
 class BrowsePage;
 class GraphicViews;
 class HelpCommands;
+class HistoryNavigation;
 class HomePage;
 class ListMenus;
 class ListPane;
@@ -17,16 +18,17 @@ class MainCommands;
 class OpenCommand;
 class RecordPicker;
 class SearchCommands;
-class QStackedWidget;
 class RecordCommands;
 class RecordEditors;
 class RelatedCommands;
 class StatusLine;
+class ViewPages;
 struct ProgramState;
+struct RecordAddition;
 
-/// The main window: shows one view of the history at a time, the home page or a list, and runs the commands
-/// of its menus and its toolbar. There is one, from start-up to the end of the program.
-class frmMain final : public QMainWindow, private ViewPresenter
+/// The main window: puts together the pages that show the views, the commands and the status bar. There is
+/// one, from start-up to the end of the program.
+class frmMain final : public QMainWindow
 {
     Q_OBJECT
 
@@ -37,10 +39,10 @@ public:
 
     /// The second half of start-up: opens the database that the settings name, and shows the home page. A
     /// failure shows its message; the window then has no data, and its commands say so. Without a program
-    /// folder, of which the user was told, nothing is opened.
+    /// folder, which start-up has reported, opens no database.
     void load(bool hasProgramFolder);
 
-    /// Builds the menu of the views shown so far.
+    /// Rebuilds the menu of the views opened so far.
     void UpdateHistoryList();
 
 protected:
@@ -48,21 +50,16 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void showDocuments(const SharedQuery& query, const QString& caption) override;
-    void showEvents(const SharedQuery& query, const QString& caption) override;
-    void showOrganizations(const SharedQuery& query, const QString& caption) override;
-    void showHome() override;
-    void showSearchResults() override;
-
     void connectCommands();
-    void makeRecordCommands();
+    void connectViews();
+    void connectEditors();
+    void connectRows();
     void placeOnScreen();
     void openDatabase();
     void showDatabaseName();
-    void showList(ViewKind kind, const QString& procedure, const SharedQuery& query, const QString& caption);
-    void viewAll(ViewKind kind);
-    void pressHomeButton(int button);
-    void refresh();
+    void viewAll(RecordKind kind);
+    void viewHome();
+    void add(const RecordAddition& addition);
     void enableCommands();
     void showCaption(const QString& caption, const QString& count);
     [[nodiscard]] QString unwritable() const;
@@ -72,7 +69,6 @@ private:
     MainCommands* m_commands;
     HelpCommands* m_help;
     StatusLine* m_status;
-    QStackedWidget* m_pages;
     HomePage* m_home;
     ListPane* m_list;
     BrowsePage* m_browse;
@@ -81,6 +77,8 @@ private:
     RelatedCommands* m_related;
     std::unique_ptr<OpenCommand> m_open;
     RecordEditors* m_editors;
-    RecordCommands* m_records = nullptr;
+    RecordCommands* m_records;
     GraphicViews* m_graphics;
+    ViewPages* m_pages;
+    HistoryNavigation* m_navigation;
 };

@@ -4,8 +4,8 @@
 #include <QHash>
 #include <QIcon>
 
-/// A picture button of the home page: a picture, a caption and a line that says what it leads to. It looks
-/// different under the mouse, when pressed and when it has the keyboard.
+/// A button of the home page: a picture, a caption and a line of explanation. It looks different under the
+/// mouse, when pressed and with the keyboard focus.
 class HomeButton final : public QAbstractButton
 {
     Q_OBJECT
@@ -30,5 +30,5 @@ private:
 
     QIcon m_picture;
     QString m_explanation;
-    mutable QHash<int, int> m_heights; ///< in pixels, by width; empty after a change of font or style
+    mutable QHash<int, int> m_heights; ///< in pixels, by width; cleared if font or style changes
 };

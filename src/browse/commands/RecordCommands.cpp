@@ -1,9 +1,9 @@
-#include "browse/window/RecordCommands.h"
+#include "browse/commands/RecordCommands.h"
 
+#include "browse/commands/CommandState.h"
+#include "browse/commands/MainCommands.h"
 #include "browse/list/ListPane.h"
 #include "browse/list/RecordListView.h"
-#include "browse/window/CommandState.h"
-#include "browse/window/MainCommands.h"
 #include "editors/FileDrop.h"
 #include "editors/RecordEditors.h"
 
@@ -36,11 +36,11 @@ void RecordCommands::connectAdditions()
 
 void RecordCommands::connectList()
 {
-    connect(m_commands.mnuRecordEdit, &QAction::triggered, this, [this] { run(&RecordEditors::edit); });
-    connect(m_commands.mnuRecordView, &QAction::triggered, this, [this] { run(&RecordEditors::view); });
+    connect(m_commands.mnuRecordEdit, &QAction::triggered, this, &RecordCommands::edit);
+    connect(m_commands.mnuRecordView, &QAction::triggered, this, &RecordCommands::view);
     connect(m_commands.mnuRecordDelete, &QAction::triggered, this, &RecordCommands::remove);
     connect(&m_list.view(), &QAbstractItemView::doubleClicked, m_commands.mnuRecordView, &QAction::trigger);
-    // these keys mean something else wherever a text is typed
+    // only in the list: these keys have another meaning in text fields
     for (QAction* action : {m_commands.mnuRecordView, m_commands.mnuRecordDelete}) {
         action->setShortcutContext(Qt::WidgetShortcut);
         m_list.view().addAction(action);
@@ -56,9 +56,14 @@ void RecordCommands::acceptFiles(QWidget& window)
     connect(drop, &FileDrop::severalDropped, this, [this] { m_editors.refuseSeveralFiles(); });
 }
 
-void RecordCommands::run(OpenRecord open)
+void RecordCommands::edit()
 {
-    if (const auto record = m_list.selectedRecord()) (m_editors.*open)(m_list.kind(), *record);
+    if (const auto record = m_list.selectedRecord()) m_editors.edit(viewOf(m_list.kind()), *record);
+}
+
+void RecordCommands::view()
+{
+    if (const auto record = m_list.selectedRecord()) m_editors.view(viewOf(m_list.kind()), *record);
 }
 
 void RecordCommands::remove()
@@ -68,7 +73,7 @@ void RecordCommands::remove()
         records.push_back({record.name, record.identifier});
     const QList<int> rows = m_list.view().selectedRows();
     m_rowOfDeleted = rows.isEmpty() ? -1 : rows.front();
-    m_editors.remove(m_list.kind(), records);
+    m_editors.remove(viewOf(m_list.kind()), records);
     m_rowOfDeleted = -1;
 }
 
@@ -91,7 +96,7 @@ void RecordCommands::enable(const QString& unwritable, const QString& hindrance)
     enableUnless(*m_commands.mnuRecordDelete, first({unwritable, hindrance, nothing}));
 }
 
-void RecordCommands::selectAfterChange(ViewKind kind, qint64 saved)
+void RecordCommands::selectAfterChange(RecordKind kind, qint64 saved)
 {
     if (kind != m_list.kind() || (saved >= 0 && m_list.select(saved))) return;
     if (m_rowOfDeleted < 0 || m_list.selectedRecord()) return;

@@ -1,4 +1,4 @@
-#include "browse/window/CommandState.h"
+#include "browse/commands/CommandState.h"
 
 #include <QAction>
 #include <QVariant>

@@ -7,15 +7,15 @@ class QAction;
 class QToolBar;
 class QToolButton;
 
-/// Lets labels of a toolbar go before any of its buttons does: if the bar is too narrow for all of them,
-/// buttons show their icons alone, as many as need be.
+/// Keeps all buttons of a toolbar visible: if the bar is too narrow, as many of them as necessary lose their
+/// texts.
 class ToolBarLabels final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The labels of these actions of the bar go in this order, the first one first.
-    /// The object belongs to the bar; the actions must outlive it.
+    /// The actions of the bar lose their texts in this order. The object belongs to the bar; the actions must
+    /// outlive it.
     ToolBarLabels(QToolBar& bar, QList<QAction*> actions);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

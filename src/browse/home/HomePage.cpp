@@ -1,6 +1,6 @@
-#include "browse/window/HomePage.h"
+#include "browse/home/HomePage.h"
 
-#include "browse/window/HomeButton.h"
+#include "browse/home/HomeButton.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -30,13 +30,16 @@ HomePage::HomePage(QWidget* parent)
 
     m_buttons->setSpacing(buttonSpacing);
     m_buttons->addStretch();
-    addButton(0, QStringLiteral("home-documents"), tr("&Documents"),
-              tr("Reports, publications and pictures"));
-    addButton(1, QStringLiteral("home-events"), tr("&Events"), tr("What happened, and when"));
-    addButton(2, QStringLiteral("home-organizations"), tr("&Organizations"),
-              tr("Who took part, and where they are"));
-    addButton(3, QStringLiteral("home-search"), tr("Sear&ch"), tr("Find words in records of every kind"));
-    addButton(4, QStringLiteral("home-help"), tr("Hel&p"), tr("How to do what, in the user's guide"));
+    addKind(RecordKind::Document, QStringLiteral("home-documents"), tr("&Documents"),
+            tr("Reports, publications and pictures"));
+    addKind(RecordKind::Event, QStringLiteral("home-events"), tr("&Events"), tr("What happened, and when"));
+    addKind(RecordKind::Organization, QStringLiteral("home-organizations"), tr("&Organizations"),
+            tr("Who took part, and where they are"));
+    connect(
+        &addButton(QStringLiteral("home-search"), tr("Sear&ch"), tr("Find words in records of every kind")),
+        &QAbstractButton::clicked, this, &HomePage::searchChosen);
+    connect(&addButton(QStringLiteral("home-help"), tr("Hel&p"), tr("How to do what, in the user's guide")),
+            &QAbstractButton::clicked, this, &HomePage::helpChosen);
     m_buttons->addStretch();
 
     auto* layout = new QVBoxLayout(this);
@@ -53,14 +56,20 @@ void HomePage::setSubtitle(const QString& text)
     m_subtitle->setText(text);
 }
 
-void HomePage::addButton(int index, const QString& picture, const QString& caption,
-                         const QString& explanation)
+void HomePage::addKind(RecordKind kind, const QString& picture, const QString& caption,
+                       const QString& explanation)
+{
+    connect(&addButton(picture, caption, explanation), &QAbstractButton::clicked, this,
+            [this, kind] { Q_EMIT recordsChosen(kind); });
+}
+
+HomeButton& HomePage::addButton(const QString& picture, const QString& caption, const QString& explanation)
 {
     auto* button =
         new HomeButton(QStringLiteral(":/pictures/%1.svg").arg(picture), caption, explanation, this);
-    button->setObjectName(QStringLiteral("Image1(%1)").arg(index));
+    button->setObjectName(QStringLiteral("Image1(%1)").arg(m_count++));
     QString name = caption;
     button->setAccessibleName(name.remove(u'&'));
-    connect(button, &QAbstractButton::clicked, this, [this, index] { Q_EMIT chosen(index); });
     m_buttons->addWidget(button);
+    return *button;
 }

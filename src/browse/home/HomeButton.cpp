@@ -1,4 +1,4 @@
-#include "browse/window/HomeButton.h"
+#include "browse/home/HomeButton.h"
 
 #include <QFontMetrics>
 #include <QKeyEvent>
@@ -57,7 +57,7 @@ QSize HomeButton::minimumSizeHint() const
 
 int HomeButton::heightForWidth(int width) const
 {
-    // a layout asks for the same few widths many times over, and each answer lays out the text
+    // a layout asks for the same few widths many times, and measuring lays out the text
     const auto known = m_heights.constFind(width);
     return known != m_heights.constEnd() ? *known : *m_heights.insert(width, measureHeight(width));
 }

@@ -1,12 +1,12 @@
-#include "browse/window/OpenCommand.h"
+#include "browse/commands/OpenCommand.h"
 
 #include "browse/list/ListPane.h"
 #include "browse/list/RowIconKeys.h"
+#include "data/DatabaseSession.h"
 #include "files/FileOpener.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
-#include "state/ProgramState.h"
-#include "views/SearchKind.h"
+#include "views/StandardQueries.h"
 #include "widgets/WaitCursor.h"
 
 namespace {
@@ -18,22 +18,22 @@ constexpr qsizetype mostTold = 10;
 
 QString OpenCommand::hindrance() const
 {
-    if (m_list.kind() == ViewKind::Events) return tr("An event has no file to open.");
+    if (m_list.kind() == RecordKind::Event) return tr("An event has no file to open.");
     return m_list.selectedCount() == 0 ? tr("Select a record first.") : QString();
 }
 
 QString OpenCommand::question(std::size_t count) const
 {
-    const QString what = m_list.kind() == ViewKind::Documents ? tr("documents") : tr("charts");
+    const QString what = m_list.kind() == RecordKind::Document ? tr("documents") : tr("charts");
     return tr("Are you sure you want to open %1 %2?").arg(count).arg(what);
 }
 
-QString OpenCommand::openFile(ViewKind kind, const SelectedRecord& record) const
+QString OpenCommand::openFile(RecordKind kind, const SelectedRecord& record) const
 {
-    const FileOpener opener({m_platform.volumes, m_platform.shell, m_state.session, m_state.folder,
+    const FileOpener opener({m_platform.volumes, m_platform.shell, m_session, m_folder,
                              ProgramFolders::documents, ProgramFolders::organizationCharts});
-    return kind == ViewKind::Documents ? opener.openDoc(record.fileLocation, record.iconKey)
-                                       : opener.openOrgChart(record.identifier, record.iconKey);
+    return kind == RecordKind::Document ? opener.openDoc(record.fileLocation, record.iconKey)
+                                        : opener.openOrgChart(record.identifier, record.iconKey);
 }
 
 void OpenCommand::run() const
@@ -43,37 +43,38 @@ void OpenCommand::run() const
     open(m_list.kind(), [this] { return m_list.selectedRecords(); });
 }
 
-void OpenCommand::openRecord(ViewKind kind, qint64 identifier) const
+void OpenCommand::openRecord(RecordKind kind, qint64 identifier) const
 {
     open(kind, [&] { return recordOf(kind, identifier); });
 }
 
-/// The record as a row of its list would show it; without a file if it is gone.
-std::vector<SelectedRecord> OpenCommand::recordOf(ViewKind kind, qint64 identifier) const
+/// Returns the record as its list would show it, or one without a file if it no longer exists.
+std::vector<SelectedRecord> OpenCommand::recordOf(RecordKind kind, qint64 identifier) const
 {
-    SQLObject query = standardQuery(m_state.queries, kind);
-    query.WhereClause = QStringLiteral("WHERE %1.%1ID = %2").arg(recordNames(kind).record).arg(identifier);
+    const RecordNames names = recordNames(kind);
+    SQLObject query = *m_queries.of(kind);
+    query.WhereClause = QStringLiteral("WHERE %1.%2 = %3").arg(names.record, names.key).arg(identifier);
     RecordList list(kind);
-    RecordSet rows = m_state.session.read(query.sqlStr());
+    RecordSet rows = m_session.read(query.sqlStr());
     list.beginReading(rows);
     if (!rows.next()) return {{identifier, {}, {}, {}}};
     list.append(rows);
-    RowIconKeys icons(m_state.session, m_state.folder.folderPath(ProgramFolders::documents));
+    RowIconKeys icons(m_session, m_folder.folderPath(ProgramFolders::documents));
     return {{identifier, list.text(0, 0), list.fileLocation(0), icons.key(list, 0)}};
 }
 
-void OpenCommand::open(ViewKind kind, const std::function<std::vector<SelectedRecord>()>& read) const
+void OpenCommand::open(RecordKind kind, const std::function<std::vector<SelectedRecord>()>& read) const
 {
     QStringList failures;
     const QString procedure =
-        kind == ViewKind::Documents ? QStringLiteral("openDoc") : QStringLiteral("openOrgChart");
+        kind == RecordKind::Document ? QStringLiteral("openDoc") : QStringLiteral("openOrgChart");
     runProcedure(m_platform.messages, procedure, [&] {
         const WaitCursor wait;
         for (const SelectedRecord& record : read())
             failures << openFile(kind, record);
     });
     failures.removeAll(QString());
-    // a disc that is missing is missing for all of them
+    // several files can fail for the same reason, such as a missing disc
     failures.removeDuplicates();
     if (failures.isEmpty()) return;
     const qsizetype untold = failures.size() - mostTold;

@@ -1,6 +1,6 @@
-#include "browse/window/MainCommands.h"
+#include "browse/commands/MainCommands.h"
 
-#include "browse/window/ToolBarLabels.h"
+#include "browse/commands/ToolBarLabels.h"
 #include "widgets/IconSet.h"
 
 #include <QActionGroup>
@@ -145,7 +145,7 @@ void MainCommands::makeMenus()
     mnuNavigate->addSeparator();
     mnuHistory = mnuNavigate->addMenu(tr("H&istory"));
     mnuHistory->setObjectName(QStringLiteral("mnuHistory"));
-    // it has no upper bound, and would else grow column by column out of the screen
+    // it has no upper bound: without scrolling, it would grow column by column out of the screen
     mnuHistory->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));
     mnuNavigate->addSeparator();
     mnuNavigate->addAction(mnuOpenDatabase);
@@ -198,10 +198,10 @@ void MainCommands::makeToolBar()
     nameButton(mnuRecordView, "View");
     nameButton(mnuRecordOpen, "Open");
     nameButton(mnuRecordDelete, "Delete");
-    // what everybody knows by its picture needs no word, so that all buttons fit a small screen
+    // these have familiar pictures and need no text, so that all buttons fit on a small screen
     for (QAction* action : {mnuNavigateForward, mnuNavigateHome, mnuViewRefresh})
         action->setPriority(QAction::LowPriority);
-    // of the rest, those go first whose pictures say most
+    // of the others, those with the clearest pictures lose their texts first
     new ToolBarLabels(*tbToolBar,
                       {mnuNavigateBack, mnuRecordDelete, mnuRecordEdit, mnuRecordAdd, mnuSearchKeyword,
                        mnuRecordView, mnuRecordOpen, mnuViewDocuments, mnuViewEvents, mnuViewOrganizations});

@@ -1,19 +1,19 @@
-#include "browse/window/RelatedCommands.h"
+#include "browse/commands/RelatedCommands.h"
 
+#include "browse/commands/CommandState.h"
 #include "browse/list/ListPane.h"
-#include "browse/window/CommandState.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
-#include "state/ProgramState.h"
+#include "views/ViewHistory.h"
 #include "widgets/IconSet.h"
 #include "widgets/WaitCursor.h"
 
 #include <QAction>
 #include <QMenu>
 
-RelatedCommands::RelatedCommands(const Platform& platform, ProgramState& state, ListPane& list,
+RelatedCommands::RelatedCommands(Messages& messages, RelatedViews views, ViewHistory& history, ListPane& list,
                                  QObject* parent)
-    : QObject(parent), m_platform(platform), m_state(state), m_list(list)
+    : QObject(parent), m_messages(messages), m_views(views), m_history(history), m_list(list)
 {
     const QString documents = QStringLiteral("view-list-text");
     const QString events = QStringLiteral("view-calendar");
@@ -39,14 +39,14 @@ void RelatedCommands::add(RelatedCommand command, const char* name, const QStrin
     auto* action = new QAction(IconSet::themeIcon(icon), text, this);
     action->setObjectName(QString::fromUtf8(name));
     action->setStatusTip(statusTip);
-    // two commands share a key; never more than one of them is enabled
+    // two commands can share a key: only those of the listed kind are enabled
     action->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | key));
     action->setToolTip(statusTip);
     connect(action, &QAction::triggered, this, [this, command] { follow(command); });
     m_actions.at(static_cast<std::size_t>(command)) = action;
 }
 
-QList<QAction*> RelatedCommands::actions(ViewKind source) const
+QList<QAction*> RelatedCommands::actions(RecordKind source) const
 {
     QList<QAction*> found;
     for (std::size_t i = 0; i < count; ++i) {
@@ -83,15 +83,14 @@ void RelatedCommands::follow(RelatedCommand command)
     if (selected.size() != 1) return;
     RelatedOutcome outcome;
     const QString procedure = m_actions.at(static_cast<std::size_t>(command))->objectName();
-    const bool isFollowed = runProcedure(m_platform.messages, procedure, [&] {
+    const bool isFollowed = runProcedure(m_messages, procedure, [&] {
         const WaitCursor wait;
-        outcome = RelatedViews(m_state.session, m_state.queries)
-                      .follow(command, {selected.front().identifier, selected.front().name});
+        outcome = m_views.follow(command, {selected.front().identifier, selected.front().name});
     });
     if (!isFollowed) return;
     if (outcome.view) {
-        m_state.history.addView(*outcome.view);
-    } else if (m_platform.messages.ask(outcome.question, Question::Harmless)) {
+        m_history.addView(*outcome.view);
+    } else if (m_messages.ask(outcome.question, Question::Harmless)) {
         Q_EMIT additionWanted(outcome.addition);
     }
 }

@@ -1,20 +1,18 @@
 #pragma once
 
-#include "views/clsView.h"
+#include "records/RecordKind.h"
 
-#include <QList>
 #include <QObject>
 
 #include <map>
 
 class MainCommands;
-class QAction;
 class QMenu;
 class QPoint;
 class QWidget;
 class RelatedCommands;
 
-/// The pop-up menus of the rows of each list.
+/// The pop-up menus for the rows of the list, one for each kind.
 class ListMenus final : public QObject
 {
     Q_OBJECT
@@ -24,8 +22,8 @@ public:
     ListMenus(const MainCommands& commands, const RelatedCommands& related, QWidget& window);
 
     /// Opens the menu of a kind at a global position, and returns at once.
-    void popUp(ViewKind kind, const QPoint& position);
+    void popUp(RecordKind kind, const QPoint& position);
 
 private:
-    std::map<ViewKind, QMenu*> m_menus;
+    std::map<RecordKind, QMenu*> m_menus;
 };

@@ -1,4 +1,4 @@
-#include "browse/window/ToolBarLabels.h"
+#include "browse/commands/ToolBarLabels.h"
 
 #include <QAction>
 #include <QEvent>

@@ -7,8 +7,8 @@ class QMainWindow;
 class QMenu;
 class QToolBar;
 
-/// The commands of the main window: its menus, its toolbar and their keys. What a command does is the
-/// window's business; it connects to the actions, which live as long as the window.
+/// The commands of the main window: its menus, its toolbar and their keys. The actions live as long as the
+/// window, which connects them to what they do.
 class MainCommands final : public QObject
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ public:
     QAction* mnuNavigateHome;
     QAction* mnuOpenDatabase;
     QAction* mnuNavigateExit;
-    QAction* mnuRecordAdd; ///< of the toolbar: opens the choice of kinds
+    QAction* mnuRecordAdd; ///< of the toolbar: drops down `mnuAddKinds`
     QAction* mnuRecordAddNewDocument;
     QAction* mnuRecordAddNewEvent;
     QAction* mnuRecordAddNewOrganization;
@@ -39,7 +39,7 @@ public:
     QAction* mnuRecordDelete;
     QAction* mnuRecordOpen;
     QAction* mnuRecordCopy;
-    QMenu* mnuAddKinds; ///< the choice of kinds
+    QMenu* mnuAddKinds; ///< the kinds of record that can be added
     QMenu* mnuRecordRelated;
     QMenu* mnuNavigate;
     QMenu* mnuHistory;

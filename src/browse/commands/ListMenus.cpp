@@ -1,18 +1,18 @@
-#include "browse/window/ListMenus.h"
+#include "browse/commands/ListMenus.h"
 
-#include "browse/window/MainCommands.h"
-#include "browse/window/RelatedCommands.h"
+#include "browse/commands/MainCommands.h"
+#include "browse/commands/RelatedCommands.h"
 
 #include <QMenu>
 
 ListMenus::ListMenus(const MainCommands& commands, const RelatedCommands& related, QWidget& window)
     : QObject(&window)
 {
-    const auto add = [&](ViewKind kind, const char* name, QAction* addRecord) {
+    const auto add = [&](RecordKind kind, const char* name, QAction* addRecord) {
         auto* menu = new QMenu(&window);
         menu->setObjectName(QString::fromUtf8(name));
         menu->setToolTipsVisible(true);
-        if (kind != ViewKind::Events) menu->addAction(commands.mnuRecordOpen);
+        if (kind != RecordKind::Event) menu->addAction(commands.mnuRecordOpen);
         menu->addActions(
             {commands.mnuRecordView, commands.mnuRecordEdit, addRecord, commands.mnuRecordDelete});
         menu->addSeparator();
@@ -23,13 +23,12 @@ ListMenus::ListMenus(const MainCommands& commands, const RelatedCommands& relate
         menu->addActions({commands.mnuViewRefresh, commands.mnuSearchShowAll});
         m_menus[kind] = menu;
     };
-    add(ViewKind::Documents, "popDocList", commands.mnuRecordAddNewDocument);
-    add(ViewKind::Events, "popEventList", commands.mnuRecordAddNewEvent);
-    add(ViewKind::Organizations, "popOrgList", commands.mnuRecordAddNewOrganization);
+    add(RecordKind::Document, "popDocList", commands.mnuRecordAddNewDocument);
+    add(RecordKind::Event, "popEventList", commands.mnuRecordAddNewEvent);
+    add(RecordKind::Organization, "popOrgList", commands.mnuRecordAddNewOrganization);
 }
 
-void ListMenus::popUp(ViewKind kind, const QPoint& position)
+void ListMenus::popUp(RecordKind kind, const QPoint& position)
 {
-    const auto menu = m_menus.find(kind);
-    if (menu != m_menus.end()) menu->second->popup(position);
+    m_menus.at(kind)->popup(position);
 }

@@ -1,0 +1,8 @@
+#pragma once
+
+class QAction;
+class QString;
+
+/// Enables a command if `hindrance` is empty. Else it is a sentence that says why the command cannot be used:
+/// disables the command and adds the sentence to its tool tip.
+void enableUnless(QAction& command, const QString& hindrance);

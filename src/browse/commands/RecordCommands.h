@@ -1,0 +1,44 @@
+#pragma once
+
+#include "records/RecordKind.h"
+
+#include <QObject>
+
+class ListPane;
+class MainCommands;
+class QAction;
+class QWidget;
+class RecordEditors;
+
+/// The commands that add, edit, view and delete records: in the menus, in the toolbar, by the keys of the
+/// list, by a double click on a row and by a file dropped on the window. They live as long as the window.
+class RecordCommands final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// All must outlive the commands.
+    RecordCommands(const MainCommands& commands, ListPane& list, RecordEditors& editors, QWidget& window);
+
+    /// Enables adding if the database can be changed, viewing if a list is shown and has a selection, editing
+    /// and deleting if both is so. `unwritable` says why the database cannot be changed, `hindrance` why
+    /// there is no list; both are empty otherwise.
+    void enable(const QString& unwritable, const QString& hindrance);
+
+    /// To be called when the list was read again after a change: selects the record that was saved or, after
+    /// a deletion, the row that took the place of the first deleted one. `saved` is below 0 after a deletion.
+    void selectAfterChange(RecordKind kind, qint64 saved);
+
+private:
+    void connectAdditions();
+    void connectList();
+    void acceptFiles(QWidget& window);
+    void edit();
+    void view();
+    void remove();
+
+    const MainCommands& m_commands;
+    ListPane& m_list;
+    RecordEditors& m_editors;
+    int m_rowOfDeleted = -1; ///< the first row that is being deleted, or -1
+};

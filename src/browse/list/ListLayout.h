@@ -1,0 +1,58 @@
+#pragma once
+
+#include "records/RecordKind.h"
+
+#include <QString>
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A row of a list, with its texts as the file holds them. The texts belong to the list.
+struct ListRow
+{
+    static constexpr std::size_t mostFields = 6;
+
+    qint64 identifier = 0;
+    std::array<std::string_view, mostFields> fields; ///< in the order of the layout's field names
+    std::int32_t number = 0;                         ///< a document's file type, an organization's sub-type
+    bool isKey = false;                              ///< whether the record is marked as a key record
+    bool isReleased = false;                         ///< whether a document may be shown
+};
+
+/// What rows are ordered by: the number and, if that is equal, the text, without regard to case.
+struct ListSortKey
+{
+    qint64 number = 0;
+    std::string text;
+};
+
+/// A column of a list.
+struct ListColumn
+{
+    QString title;
+    int widthInTwips = 0; ///< 1/1440 inch; 0 for the list's own default
+    QString (*text)(const ListRow& row) = nullptr;
+    ListSortKey (*sortKey)(const ListRow& row) = nullptr;
+    QString (*toolTip)(const ListRow& row) = nullptr;
+    bool marksKeys = false; ///< whether it shows a picture for key records in place of a text
+    bool fitsTexts = false; ///< whether it is made as wide as its texts, within limits
+};
+
+/// What a list of one kind of record reads of its query, and the columns that it shows.
+struct ListLayout
+{
+    QStringView identifier;
+    QStringView number; ///< empty if the list needs none; so are the next two
+    QStringView isKey;
+    QStringView isReleased;
+    std::vector<QStringView> fields;
+    std::vector<ListColumn> columns;
+};
+
+const ListLayout& listLayout(RecordKind kind);
+
+/// The field of a document's row that has its file name.
+inline constexpr std::size_t fileLocationField = 5;

@@ -1,0 +1,92 @@
+#include "browse/window/ViewPages.h"
+
+#include "browse/home/HomePage.h"
+#include "browse/list/ListPane.h"
+#include "browse/window/BrowsePage.h"
+#include "browse/window/GraphicViews.h"
+#include "platform/Procedure.h"
+#include "search/SearchCommands.h"
+#include "search/SearchResultsPage.h"
+#include "widgets/WaitCursor.h"
+
+ViewPages::ViewPages(Messages& messages, ViewHistory& history, const Parts& parts, QWidget* parent)
+    : QStackedWidget(parent), m_messages(messages), m_history(history), m_parts(parts)
+{
+    addWidget(&m_parts.home);
+    addWidget(&m_parts.browse);
+    m_history.setPresenter(this);
+}
+
+ViewPages::~ViewPages()
+{
+    m_history.setPresenter(nullptr);
+}
+
+bool ViewPages::showsList() const
+{
+    return currentWidget() == &m_parts.browse;
+}
+
+void ViewPages::refresh()
+{
+    if (m_history.currentKind() != ViewKind::Home) m_history.showView(m_history.current());
+}
+
+void ViewPages::showDocuments(const SharedQuery& query, const QString& caption)
+{
+    showList(RecordKind::Document, QStringLiteral("showDocuments"), query, caption);
+}
+
+void ViewPages::showEvents(const SharedQuery& query, const QString& caption)
+{
+    showList(RecordKind::Event, QStringLiteral("showEvents"), query, caption);
+}
+
+void ViewPages::showOrganizations(const SharedQuery& query, const QString& caption)
+{
+    showList(RecordKind::Organization, QStringLiteral("showOrganizations"), query, caption);
+}
+
+void ViewPages::showList(RecordKind kind, const QString& procedure, const SharedQuery& query,
+                         const QString& caption)
+{
+    auto& [home, browse, list, search, graphics] = m_parts;
+    setCurrentWidget(&browse);
+    browse.showKind(kind);
+    Q_EMIT pageChanged();
+    search.beginList();
+    bool stayed = true;
+    const bool isListed = runProcedure(m_messages, procedure, [&] {
+        const WaitCursor wait;
+        m_history.setCurrentQuery(search.queryFor(kind, query));
+        graphics.drawBeforeList(kind);
+        stayed = list.fill(kind, m_history.current(), m_history.currentQuery()->sqlStr());
+    });
+    if (!stayed) return;
+    Q_EMIT viewShown(caption, RecordList::countText(kind, list.count()));
+    list.setFocus();
+    search.finishList(list.count(), isListed);
+    graphics.drawAfterList(kind, isListed);
+}
+
+void ViewPages::showHome()
+{
+    showPage(m_parts.home);
+}
+
+void ViewPages::showSearchResults()
+{
+    SearchResultsPage& page = *m_parts.search.page();
+    if (indexOf(&page) < 0) addWidget(&page);
+    showPage(page);
+    m_parts.search.showResults();
+}
+
+/// Shows a page without a list.
+void ViewPages::showPage(QWidget& page)
+{
+    m_parts.list.stop();
+    setCurrentWidget(&page);
+    Q_EMIT pageChanged();
+    Q_EMIT viewShown(m_history.view(m_history.current()).Caption, QString());
+}
