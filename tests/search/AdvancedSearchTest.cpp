@@ -1,6 +1,7 @@
 #include "search/AdvancedSearch.h"
 
 #include "support/TestDatabase.h"
+#include "views/StandardQueries.h"
 #include "views/clsDocFilter.h"
 #include "views/clsEventFilter.h"
 #include "views/clsOrgFilter.h"
