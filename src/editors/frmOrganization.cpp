@@ -254,8 +254,8 @@ void frmOrganization::showProfile()
     rtbTraining->setPlainText(profile.training);
     rtbOther->setPlainText(profile.other);
     m_chart->setPath(profile.organizationChart);
-    lvJurisdictions->setEntries(profile.jurisdictions);
-    lvPopulations->setEntries(profile.populations);
+    lvJurisdictions->setEntries(m_record.jurisdictions);
+    lvPopulations->setEntries(m_record.populations);
 }
 
 void frmOrganization::collectRecord()
@@ -294,8 +294,8 @@ void frmOrganization::collectProfile()
     profile.training = FormControls::text(*rtbTraining, profile.training);
     profile.other = FormControls::text(*rtbOther, profile.other);
     profile.organizationChart = m_chart->path();
-    profile.jurisdictions = lvJurisdictions->entries();
-    profile.populations = lvPopulations->entries();
+    m_record.jurisdictions = lvJurisdictions->entries();
+    m_record.populations = lvPopulations->entries();
 }
 
 void frmOrganization::browseForChart()
