@@ -1,10 +1,12 @@
 #pragma once
 
+#include "records/RecordKind.h"
 #include "records/clsPickListItem.h"
 
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 class DatabaseSession;
@@ -30,6 +32,14 @@ struct PickListRow
 
 /// What was chosen from a pick list, in order, each record once.
 using PickedItems = std::vector<clsPickListItem>;
+
+/// The kind of record that a pick list offers; std::nullopt for the rows of a lookup table.
+constexpr std::optional<RecordKind> recordKindOf(PickListKind kind)
+{
+    if (kind == PickListKind::Documents) return RecordKind::Document;
+    if (kind == PickListKind::Organizations) return RecordKind::Organization;
+    return std::nullopt;
+}
 
 /// The name of a kind, as the message about an empty list gives it.
 QString pickListName(PickListKind kind);
