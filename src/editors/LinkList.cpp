@@ -79,7 +79,7 @@ void LinkList::addItem(const ListEntry& entry)
     item->setToolTip(PlainToolTip::text(entry.display));
 }
 
-/// The record behind an item can be looked at while nothing can be changed here.
+/// Asks to show the record of an item; returns false if the list is not locked or the record has no dialog.
 bool LinkList::open(const QListWidgetItem* item)
 {
     const auto kind = recordKindOf(m_kind);

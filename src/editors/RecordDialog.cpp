@@ -51,7 +51,7 @@ void RecordDialog::setForm(QWidget* form)
     m_layout->addWidget(scroll);
     const auto lines = form->findChildren<QLineEdit*>();
     for (QLineEdit* line : lines) {
-        // a long text is read from its beginning once it is left
+        // once it is left, a long text shows its beginning
         if (qobject_cast<PickerEdit*>(line) != nullptr) continue;
         connect(line, &QLineEdit::editingFinished, line, [line] { line->setCursorPosition(0); });
     }
@@ -78,7 +78,7 @@ void RecordDialog::makeButtons()
     m_layout->addLayout(m_buttons);
     connect(m_ok, &QPushButton::clicked, this, &RecordDialog::cmdOK);
     connect(m_cancel, &QPushButton::clicked, this, &RecordDialog::reject);
-    // in a text of several lines the Return key alone begins the next line
+    // in a text of several lines, Return alone begins a new line
     for (const QKeyCombination key : {Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter}) {
         connect(new QShortcut(key, this), &QShortcut::activated, m_ok, &QPushButton::click);
     }
@@ -148,7 +148,7 @@ void RecordDialog::cmdOK()
         m_opened = FormControls::state(*m_form);
         return;
     }
-    // a field takes what was typed when it is left
+    // some fields only take what was typed when they lose the focus
     m_ok->setFocus();
     if (saveRecord()) accept();
 }
@@ -163,7 +163,7 @@ void RecordDialog::reject()
 void RecordDialog::setVisible(bool visible)
 {
     QDialog::setVisible(visible);
-    // a dialog marks the text of its first field, and the next key would then replace a record's title
+    // Qt selects the text of the first field, so that the next key would replace the record's title
     if (auto* line = qobject_cast<QLineEdit*>(focusWidget()); visible && line != nullptr) {
         line->setCursorPosition(0);
     }

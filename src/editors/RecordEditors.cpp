@@ -81,7 +81,7 @@ void RecordEditors::open(RecordKind kind, qint64 id, EditorMode mode, QWidget& o
     }
 }
 
-/// What a viewed record leads to is shown over it.
+/// Linked records open over the dialog that shows the links.
 void RecordEditors::prepare(RecordKind kind, RecordDialog& dialog)
 {
     connect(&dialog, &RecordDialog::recordAsked, this,
@@ -95,7 +95,7 @@ void RecordEditors::refuseSeveralFiles() const
     m_platform.messages.show(FileDrop::severalText());
 }
 
-/// A user who leaves after a save that failed half-way has cancelled, but what was written is to be seen.
+/// A user who cancels after a save that failed half-way must still see what it wrote.
 void RecordEditors::finish(RecordKind kind, const RecordDialog& dialog)
 {
     if (!dialog.hasWritten()) return;
@@ -122,7 +122,7 @@ bool RecordEditors::mayDelete(RecordKind kind, const std::vector<ListEntry>& rec
                                    Question::Loss);
 }
 
-/// What the user is told after several records were deleted: how many, and which.
+/// The message after several records were deleted: how many, and which.
 QString RecordEditors::deletionText(RecordKind kind, const QStringList& names)
 {
     constexpr qsizetype mostNamed = 10;
@@ -133,7 +133,8 @@ QString RecordEditors::deletionText(RecordKind kind, const QStringList& names)
     return text;
 }
 
-/// Stops at the first failure; what was deleted before it stays deleted, and is named. False if nothing was.
+/// Stops at the first failure; what was deleted before it stays deleted, and is named. Returns false if
+/// nothing was deleted.
 bool RecordEditors::deleteRecords(RecordKind kind, const std::vector<ListEntry>& records)
 {
     QString said;

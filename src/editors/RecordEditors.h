@@ -16,8 +16,8 @@ class ProgramFolder;
 class QWidget;
 class RecordDialog;
 
-/// Opens the editors over the main window, each made when it is asked for, and deletes records. Whatever was
-/// written, one notice goes out. Lives as long as the window.
+/// Opens the editors over the main window, each made when it is asked for, and deletes records. Every change
+/// is announced once, by `changed`. Lives as long as the window.
 class RecordEditors final : public QObject
 {
     Q_OBJECT
@@ -38,20 +38,20 @@ public:
     void edit(RecordKind kind, qint64 id);
     void view(RecordKind kind, qint64 id);
 
-    /// Tells a user who dropped several files on the window that only one can be taken.
+    /// Shows the message for several files dropped on the window at once.
     void refuseSeveralFiles() const;
 
-    /// Asks whether the records of a kind may go, once for all of them, and marks them as deleted.
+    /// Asks once whether all these records may be deleted, and marks them as deleted.
     void remove(RecordKind kind, const std::vector<ListEntry>& records);
 
 Q_SIGNALS:
-    /// An event was saved that starts then, or that has no date; comes before `changed`.
+    /// An event was saved; `start` is std::nullopt if it has no date. Comes before `changed`.
     void eventSaved(const std::optional<QDateTime>& start);
 
-    /// Records of a kind were saved or deleted; `id` is the one that was saved, or below 0.
+    /// Records of a kind were saved or deleted; `id` is the saved one, or below 0.
     void changed(RecordKind kind, qint64 id);
 
-    /// A record of that name was saved whole; comes after `changed`.
+    /// A record of that name was saved without an error. Comes after `changed`.
     void saved(RecordKind kind, const QString& name);
 
     /// The file of a document, or the chart of an organization, that is viewed is to be opened.

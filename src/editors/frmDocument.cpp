@@ -184,7 +184,7 @@ bool frmDocument::viewDocument(qint64 id)
     return openRecord(EditorMode::View, "viewDocument", id);
 }
 
-/// A record that could not be read is not opened: what is missing on the screen would be lost by a save.
+/// A record that cannot be read is not opened: a save would lose what the screen does not show.
 bool frmDocument::openRecord(EditorMode mode, const char* procedure, qint64 id)
 {
     if (!runTrapped(procedure, [this] { fillComboBoxes(); }) || isLocked()) return false;
@@ -209,7 +209,7 @@ void frmDocument::populateFields(qint64 id)
     rememberFileType(EditorMode::Edit);
 }
 
-/// A document without a file gets the one that the path names; a stored path that names none stays as it is.
+/// A document without a stored file takes the one at the path; a stored path without a file stays as it is.
 void frmDocument::collectFile()
 {
     if (!m_takesFile) return;
@@ -225,14 +225,14 @@ void frmDocument::browseForFile()
     if (!file.isEmpty()) takeFile(file);
 }
 
-/// The type that a new document begins with, and the "None" of a stored one, say nothing yet.
+/// The first type of a new document and the "None" of a stored one are no choice of the user.
 void frmDocument::rememberFileType(EditorMode mode)
 {
     const qint64 key = cmbFileTypeNames->key();
     m_ownFileType = mode == EditorMode::Add || key == noneKey ? std::optional(key) : std::nullopt;
 }
 
-/// Takes a chosen file, with what its name says as long as the user says nothing else.
+/// Takes a chosen file; its name proposes a title and a type unless the user entered others.
 void frmDocument::takeFile(const QString& file)
 {
     txtOriginalFilename->setText(file);

@@ -56,7 +56,7 @@ private:
     DocumentStore m_store;
     DocumentRecord m_record;
     QString m_storedPath;    ///< the path that the record was read with
-    bool m_takesFile = true; ///< whether the field for the file is shown
+    bool m_takesFile = true; ///< whether the field of the file is shown
     QString m_ownTitle;      ///< the title that was proposed for a file, or empty
 
     /// The file type that the user did not choose, which a chosen file may change.

@@ -121,7 +121,7 @@ bool frmEvent::viewEvent(qint64 id)
     return openRecord(EditorMode::View, id);
 }
 
-/// A record that could not be read is not opened: what is missing on the screen would be lost by a save.
+/// A record that cannot be read is not opened: a save would lose what the screen does not show.
 bool frmEvent::openRecord(EditorMode mode, qint64 id)
 {
     FormControls::clear(*form());

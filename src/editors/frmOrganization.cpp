@@ -22,7 +22,7 @@ constexpr QSize firstSize(1000, 680);
 constexpr int fieldsShare = 3;
 constexpr int listsShare = 2;
 
-/// Two columns side by side; gives the widgets to fill.
+/// Adds two columns side by side and returns the widgets to fill.
 std::pair<QWidget*, QWidget*> addColumns(QWidget* page)
 {
     auto* columns = new QHBoxLayout(page);
@@ -66,7 +66,7 @@ void frmOrganization::makeForm()
 {
     m_tabs = new QTabWidget(this);
     m_tabs->setObjectName(QStringLiteral("tabOrganization"));
-    // the ground of the pages is then that of the window, as of the texts in them that are read
+    // gives the pages the background of the window, as locked texts have it
     m_tabs->setDocumentMode(true);
     m_tabs->addTab(makeMainPage(), tr("&Organization"));
     m_profilePage = makeProfilePage();
@@ -196,7 +196,7 @@ bool frmOrganization::viewOrganization(qint64 id)
     return openRecord(EditorMode::View, "viewOrganization", id);
 }
 
-/// A record that could not be read is not opened: what is missing on the screen would be lost by a save.
+/// A record that cannot be read is not opened: a save would lose what the screen does not show.
 bool frmOrganization::openRecord(EditorMode mode, const char* procedure, qint64 id)
 {
     if (!runTrapped(procedure, [this] { fillComboBoxes(); }) || isLocked()) return false;
@@ -211,7 +211,7 @@ void frmOrganization::fillComboBoxes()
     fillCombo(*cmbFunctions, [this](auto& entries) { m_store.fillFunctions(entries); });
 }
 
-/// Another type has other sub-types; none of them is chosen yet.
+/// Another type has other sub-types, of which none is chosen yet.
 void frmOrganization::fillSubTypes()
 {
     fillCombo(*cmbOrgSubTypes, [this](auto& entries) { m_store.fillSubTypes(cmbOrgTypes->key(), entries); });
@@ -274,7 +274,7 @@ void frmOrganization::checkChart()
     m_tabs->setTabToolTip(profile, isDropped ? droppedText(m_chart->path()) : QString());
 }
 
-/// What the user is told of a chart that a save drops.
+/// The warning about a chart that a save drops.
 QString frmOrganization::droppedText(const QString& path)
 {
     return path.isEmpty()
@@ -282,10 +282,10 @@ QString frmOrganization::droppedText(const QString& path)
                : tr("There is no file at this path. Saving drops the organization's chart.");
 }
 
-/// Whether the chart of the record need not be dropped or the user lets it go.
+/// Returns whether the chart stays or the user agrees to drop it.
 bool frmOrganization::mayDropChart()
 {
-    checkChart(); // files come and go
+    checkChart(); // the file may be gone by now
     const QString& path = m_record.profile.organizationChart;
     if (m_store.chartPath(m_record, path).outcome != ChartOutcome::Dropped) return true;
     const QString question = tr("%1 Save all the same?").arg(droppedText(path));

@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-/// What is known of an organization beside its address. Numbers are texts, as typed.
+/// What is known of an organization besides its address. Numbers are texts, as typed.
 struct OrganizationProfile
 {
     QString missionStatement;
@@ -20,7 +20,7 @@ struct OrganizationProfile
     QString training;
     QString other;
     QString organizationChart; ///< the path of the chart's file, in the form that the user gave it
-    bool chartOption = false;  ///< whether there is a chart; the store's own, an editor does not touch it
+    bool chartOption = false;  ///< whether there is a chart; kept by the store alone
 };
 
 /// An organization as its editor holds it.
@@ -52,5 +52,5 @@ struct OrganizationRecord
 
     OrganizationProfile profile;
 
-    std::optional<StoredState> stored; ///< what was read, missing for a new record; the store's own
+    std::optional<StoredState> stored; ///< what was read; missing for a new record; kept by the store alone
 };

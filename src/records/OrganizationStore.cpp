@@ -149,9 +149,9 @@ ChartPath OrganizationStore::chartPath(const OrganizationRecord& record, const Q
     const FileUpload upload(m_folder);
     const bool isChanged = text != profileAsRead(record).organizationChart;
     if (text.isEmpty() && (isChanged || !record.profile.chartOption)) return {};
-    // what lies under the number of a new organization is not its own
+    // a file under the number of a new organization belongs to another one
     const bool hasCopy = record.stored && upload.copyOfChart(text, record.id);
-    // a name alone means the charts folder, wherever the program was started
+    // a bare name is looked for in the charts folder, not in the working directory
     const auto named = upload.fileInCharts(text);
     if (named && hasCopy && !isChanged) return {ChartOutcome::Kept, {}, {}};
     if (named) return {ChartOutcome::Taken, *named, {}};

@@ -20,17 +20,17 @@ enum class OrganizationField
 /// What a save does with an organization's chart.
 enum class ChartOutcome
 {
-    None,   ///< there is none, or the user emptied the field
+    None,   ///< there is none, or the user cleared the field
     Taken,  ///< the file is copied into the charts folder
-    Kept,   ///< the file is not at its path any more, but its copy in the charts folder stays
-    Dropped ///< neither the file nor its copy is there
+    Kept,   ///< there is no file at the path any more, but its copy in the charts folder stays
+    Dropped ///< neither the file nor its copy exists
 };
 
 /// What a save does with the text in an organization's chart field.
 struct ChartPath
 {
     ChartOutcome outcome = ChartOutcome::None;
-    QString source; ///< if the file is taken: where it is, as a path of the machine
+    QString source; ///< if the file is taken: its path on this machine
 
     /// If the chart is dropped: another file in the charts folder that an earlier save or an import left for
     /// the organization.

@@ -11,7 +11,7 @@
 
 class DatabaseSession;
 
-/// The kinds of records that a pick list offers, by their numbers.
+/// What a pick list offers; the numbers are fixed.
 enum class PickListKind
 {
     Organizations = 0,
@@ -41,15 +41,14 @@ constexpr std::optional<RecordKind> recordKindOf(PickListKind kind)
     return std::nullopt;
 }
 
-/// The name of a kind, as the message about an empty list gives it.
+/// The name of a kind in the message about an empty list.
 QString pickListName(PickListKind kind);
 
 /// The titles of the columns: one, or City and State.
 QStringList pickListHeaders(PickListKind kind);
 
-/// All records that a kind offers, in its order. Throws Error.
+/// All rows of a kind, in its order. Throws Error.
 std::vector<PickListRow> readPickList(DatabaseSession& session, PickListKind kind);
 
-/// The item that a row becomes when it is chosen. Throws Error 6 where its identifier does not fit into 16
-/// bits.
+/// The item for a chosen row. Throws Error 6 if its identifier does not fit into 16 bits.
 clsPickListItem pickedItem(const PickListRow& row, PickListKind kind);

@@ -16,7 +16,7 @@ QString condition(const LinkTable& links, qint64 record)
            QStringLiteral(" = ") + QString::number(record);
 }
 
-/// Removes a record's links, and opens the table for those that take their place.
+/// Deletes a record's links and opens the table for the new ones.
 EditableRecordSet replace(DatabaseSession& session, const LinkTable& links, qint64 record)
 {
     session.execute(QStringLiteral("DELETE") + condition(links, record));

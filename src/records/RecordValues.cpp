@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Numbers are typed with a comma between thousands and a point before the fraction, whatever the locale.
+/// In any locale, numbers are typed with a comma between thousands and a decimal point.
 const QLocale typed(QLocale::English, QLocale::UnitedStates);
 
 } // namespace

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// In any letter case, as the lists leave a record out.
+/// In any letter case, like the condition of the lists.
 bool isDeleted(const QString& status)
 {
     return status.compare(deletedStatus, Qt::CaseInsensitive) == 0;
