@@ -4,7 +4,7 @@
 
 #include <QUrl>
 
-/// A line for an address of the web. While it is read-only, the address looks like a link and a click or the
+/// A line for a web address. While it is read-only, the address looks like a link and a click or the
 /// space bar asks to open it.
 class AddressEdit final : public LineEdit
 {
@@ -13,7 +13,7 @@ class AddressEdit final : public LineEdit
 public:
     explicit AddressEdit(QWidget* parent);
 
-    /// The address as a link; not valid where the text is not an address of the web.
+    /// The address as a link; invalid if the text is no web address.
     [[nodiscard]] QUrl link() const;
 
 Q_SIGNALS:

@@ -8,9 +8,9 @@ class PathEdit;
 class QLabel;
 class QPushButton;
 
-/// The path of an organization's chart, with a button that browses for it. Where a save would drop the chart,
-/// since neither a file at the path nor its copy is there, a line below says so, and a click takes the stored
-/// copy instead.
+/// The path of an organization's chart, with a button that browses for it. If a save would drop the chart,
+/// because there is neither a file at the path nor a stored copy of it, a line below says so; a click takes
+/// another stored copy instead.
 class ChartField final : public QWidget
 {
     Q_OBJECT

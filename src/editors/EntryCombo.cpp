@@ -19,7 +19,7 @@ namespace {
 constexpr int shortestContents = 12;
 constexpr int visibleEntries = 15;
 
-/// Rows of one height need not be measured one by one, which tens of thousands of them would show.
+/// Rows of equal height are not measured one by one: with tens of thousands of them that takes seconds.
 void makeRowsUniform(QAbstractItemView* view)
 {
     if (auto* list = qobject_cast<QListView*>(view)) list->setUniformItemSizes(true);
@@ -55,7 +55,7 @@ void EntryCombo::makeSearching()
     setCompleter(completer);
     connect(lineEdit(), &QLineEdit::textChanged, m_mark, [this] { m_mark->setVisible(false); });
     connect(lineEdit(), &QLineEdit::returnPressed, this, &EntryCombo::settleText);
-    // the completer keeps the event of a lost focus to itself while it shows its offers
+    // while it shows its offers, the completer swallows the event of a lost focus
     connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
         if (before != this || now == nullptr || now == this) return;
         settleText();
@@ -127,7 +127,7 @@ void EntryCombo::takeText(const QString& typed)
     setEditText(itemText(currentIndex()));
 }
 
-/// The row that the user marked among those offered; -1 if there is none.
+/// Returns the row that the user marked among those offered, or -1.
 int EntryCombo::rowMarked() const
 {
     const QAbstractItemView* offers = completer()->popup();
@@ -136,7 +136,7 @@ int EntryCombo::rowMarked() const
     return marked.isValid() && offered != nullptr ? offered->mapToSource(marked).row() : -1;
 }
 
-/// The entry of that name or else the first one that holds the text; -1 if there is none.
+/// Returns the entry of that name, else the first one that contains the text, else -1.
 int EntryCombo::rowMeant(const QString& typed) const
 {
     const auto& entries = m_entries->entries();
@@ -151,7 +151,7 @@ int EntryCombo::rowMeant(const QString& typed) const
 
 void EntryCombo::wheelEvent(QWheelEvent* event)
 {
-    // a form that is scrolled past must not change
+    // scrolling the form with the wheel must not change what is selected
     if (hasFocus()) {
         QComboBox::wheelEvent(event);
     } else {

@@ -10,9 +10,9 @@ class ListEntryModel;
 class QAction;
 
 /// A drop-down of records. The plain kind finds entries by their first letters; the searching kind, for
-/// thousands of entries, is typed into and offers those that hold the text. When the line is left or Return
-/// is pressed, it takes the entry of that name or else the first one offered; a text that names none stays as
-/// typed, with a mark that says so.
+/// thousands of entries, is typed into and offers those that contain the text. When the line is left or
+/// Return is pressed, it takes the entry of that name or else the first one offered; a text that names none
+/// stays as typed, with a mark that says so.
 class EntryCombo final : public QComboBox
 {
     Q_OBJECT
@@ -26,19 +26,18 @@ public:
 
     EntryCombo(Kind kind, QWidget* parent);
 
-    /// Takes the entries in place of those before; none is selected.
+    /// Replaces the entries; none is selected.
     void fill(std::vector<ListEntry> entries);
 
     [[nodiscard]] const std::vector<ListEntry>& entries() const;
 
-    /// Adds an entry at the end.
     void append(const ListEntry& entry);
 
     /// Selects the first entry with that key. If there is none, no entry is selected, and the key is kept
     /// until one is.
     void selectKey(qint64 key);
 
-    /// Selects the first entry with that text, in any letter case; where there is none, the selection stays.
+    /// Selects the first entry with that text, in any letter case; if there is none, the selection stays.
     void selectText(const QString& text);
 
     /// The key of the selected entry; if none is selected, the one that `selectKey` did not find, else that

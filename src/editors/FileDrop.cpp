@@ -8,7 +8,7 @@
 
 namespace {
 
-/// The files of this machine that are dragged.
+/// The local files that are dragged.
 QStringList draggedFiles(const QMimeData& data)
 {
     QStringList files;
@@ -51,7 +51,7 @@ bool FileDrop::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::DragEnter) Q_EMIT dragged(true);
     if (event->type() == QEvent::Drop) {
         Q_EMIT dragged(false);
-        // the program that the files come from waits until the drop is over
+        // the program that the files come from is blocked until the drop is over
         QTimer::singleShot(0, this, [this, files] { takeFiles(files); });
     }
     return true;

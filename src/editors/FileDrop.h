@@ -5,19 +5,19 @@
 
 class QWidget;
 
-/// Takes a file that is dropped anywhere on a window, also on a field that would else take its name as text.
+/// Takes a file that is dropped anywhere on a window, even on a field that would take its name as text.
 /// Several files are not taken. Lives as long as the window.
 class FileDrop final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Watches the window and the parts that it has now.
+    /// Watches the window and the widgets that it has now.
     explicit FileDrop(QWidget* window);
 
     void setEnabled(bool enabled) { m_isEnabled = enabled; }
 
-    /// What a user who dropped several files is told.
+    /// The message for a user who dropped several files.
     [[nodiscard]] static QString severalText();
 
 Q_SIGNALS:

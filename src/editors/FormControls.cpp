@@ -16,9 +16,9 @@
 namespace {
 
 constexpr int hintOpacity = 128;
-constexpr int litShare = 3; ///< of the highlight in the ground of a lit line, one part of so many
+constexpr int litShare = 3; ///< a lit line takes one third of its ground from the highlight
 
-/// The lines of a form, without those that are part of another control.
+/// The lines of a form, without those of the drop-downs.
 QList<QLineEdit*> linesOf(const QWidget& form)
 {
     QList<QLineEdit*> lines = form.findChildren<QLineEdit*>();
@@ -27,7 +27,7 @@ QList<QLineEdit*> linesOf(const QWidget& form)
     return lines;
 }
 
-/// A locked choice is there to be read, as a locked text is.
+/// A locked choice is not greyed out: it is there to be read, like a locked text.
 void setReadable(QWidget& field, bool locked)
 {
     field.setEnabled(!locked);
@@ -38,13 +38,13 @@ void setReadable(QWidget& field, bool locked)
     field.setPalette(palette);
 }
 
-/// What a field holds is read like a text of the window, without a frame.
+/// A locked field looks like text of the window, without a frame.
 void showLocked(QWidget& field, bool locked)
 {
     QPalette palette = field.palette();
     palette.setColor(QPalette::Base,
                      field.parentWidget()->palette().color(locked ? QPalette::Window : QPalette::Base));
-    // some dark desktops leave the hint of an empty line black; a reader is not told what to type
+    // some dark desktops leave the hint of an empty line black; a locked line needs none
     QColor hint = palette.color(QPalette::Text);
     hint.setAlpha(locked ? 0 : hintOpacity);
     palette.setColor(QPalette::PlaceholderText, hint);

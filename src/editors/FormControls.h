@@ -7,7 +7,7 @@
 class QPlainTextEdit;
 class QWidget;
 
-/// What is done to all controls of a form at once.
+/// Acts on all controls of a form at once.
 namespace FormControls {
 
 /// Makes every control read-only, and shows what it holds as text to be read: texts can still be marked and
@@ -15,10 +15,10 @@ namespace FormControls {
 void lock(QWidget& form);
 void unlock(QWidget& form);
 
-/// Shows a line as the place where a file that is held over the window goes, or as it was.
+/// Highlights the line that would take the file held over the window, or shows it as it was.
 void light(QWidget& line, bool isLit);
 
-/// Empties texts and takes selections and ticks back. What the drop-downs and lists offer stays.
+/// Empties texts, selections and ticks. What the drop-downs and lists offer stays.
 void clear(QWidget& form);
 
 /// Lets every line take texts of any length: what a record holds is shown and saved whole.
@@ -27,8 +27,8 @@ void takeAnyLength(QWidget& form);
 /// Brings the beginning of every text into sight.
 void showBeginnings(QWidget& form);
 
-/// What a text of several lines holds: to the letter what was stored, where the user did not change it, since
-/// the field knows one kind of line end and of blank only.
+/// What a text of several lines holds. If the user did not change it, returns `stored` as it is: the field
+/// knows only one kind of line end and of blank.
 [[nodiscard]] QString text(const QPlainTextEdit& field, const QString& stored);
 
 /// What each control holds, by its object name, so that a later state can be compared with an earlier one.

@@ -14,7 +14,7 @@ constexpr int linesOfText = 3;
 QLabel* captionFor(const QString& caption, QWidget* field, QWidget* form)
 {
     auto* label = new QLabel(caption, form);
-    // a key only reaches a part that takes the focus itself
+    // the key of a caption reaches only a widget that takes the focus itself
     while (field->focusProxy() != nullptr)
         field = field->focusProxy();
     label->setBuddy(field);

@@ -9,21 +9,21 @@ class QLineEdit;
 class QPlainTextEdit;
 class QWidget;
 
-/// Lays the fields of a form out, each with a caption whose key brings the focus to it. The order in which
+/// Lays out the fields of a form, each with a caption whose key brings the focus to it. The order in which
 /// fields are added is the order of the tab key.
 class FormGrid
 {
 public:
-    /// How many pairs of a caption and a field stand beside each other.
+    /// `pairs` of a caption and a field stand side by side.
     FormGrid(QWidget* form, int pairs);
 
     [[nodiscard]] QGridLayout* layout() const { return m_layout; }
 
-    /// Puts a field into the next free place, over so many pairs; a row that has no room for it is left.
-    /// Gives the caption.
+    /// Puts a field into the next free place, as wide as so many pairs; if the row has no room for it, begins
+    /// the next. Returns the caption.
     QLabel* add(const QString& caption, QWidget* field, int pairs = 1);
 
-    /// A field over the whole width, below its caption, that takes what height there is.
+    /// A field below its caption, over the whole width, that takes the height that is left.
     void addTall(const QString& caption, QWidget* field, int stretch = 1);
 
     /// A field without a caption of its own, in the column of the fields.
@@ -33,7 +33,6 @@ public:
     QPlainTextEdit* text(const char* name, const QString& caption, int stretch = 1);
     QCheckBox* check(const char* name, const QString& caption);
 
-    /// Ends the row that is being filled.
     void endRow();
 
 private:

@@ -2,6 +2,7 @@
 
 #include "data/ListEntry.h"
 #include "records/PickList.h"
+#include "records/RecordKind.h"
 
 #include <QWidget>
 
@@ -18,7 +19,7 @@ class LinkList final : public QWidget
     Q_OBJECT
 
 public:
-    /// The object names of the parts; `what` is said of them to screen readers, such as `document types`.
+    /// The object names of the widgets; screen readers say `what`, such as `document types`.
     struct Names
     {
         const char* list;
@@ -32,19 +33,17 @@ public:
     void setEntries(const std::vector<ListEntry>& entries);
     [[nodiscard]] std::vector<ListEntry> entries() const;
 
-    /// Whether the links can only be read: a double click or Enter then asks to show the linked record.
-    /// Long names wrap then.
+    /// While the list is locked, a double click or Enter asks to show the linked record, and long names wrap.
     void setLocked(bool locked);
 
     [[nodiscard]] PickListKind kind() const { return m_kind; }
     [[nodiscard]] QListWidget* list() const { return m_list; }
 
 Q_SIGNALS:
-    /// The user asks for the pick list.
     void addPressed();
 
-    /// The user asks to see the linked record of that key, a document or an organization.
-    void opened(qint64 key);
+    /// The user asks to see the linked record of that key.
+    void opened(RecordKind kind, qint64 key);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

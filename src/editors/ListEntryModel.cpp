@@ -22,7 +22,7 @@ int ListEntryModel::rowCount(const QModelIndex& parent) const
 
 QVariant ListEntryModel::data(const QModelIndex& index, int role) const
 {
-    // a drop-down without a selection asks for no index at all
+    // a drop-down without a selection asks with an invalid index
     if (!index.isValid() || !checkIndex(index)) return {};
     const ListEntry& entry = m_entries[static_cast<std::size_t>(index.row())];
     if (role == Qt::DisplayRole || role == Qt::EditRole) return entry.display;

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-/// The entries of a drop-down: what is shown, and the key as item data.
+/// The entries of a drop-down, with their keys as item data.
 class ListEntryModel final : public QAbstractListModel
 {
     Q_OBJECT
@@ -16,7 +16,6 @@ public:
 
     void setEntries(std::vector<ListEntry> entries);
 
-    /// Adds an entry at the end.
     void append(const ListEntry& entry);
 
     [[nodiscard]] const std::vector<ListEntry>& entries() const { return m_entries; }

@@ -10,7 +10,7 @@ class PathEdit final : public LineEdit
 public:
     explicit PathEdit(QWidget* parent);
 
-    /// The path. What was typed may have come from a file manager or a terminal, and is cleaned of what these
-    /// put around a path; a path that the program set is as it was set.
+    /// The path. What was typed may have been copied from a file manager or a terminal, so it is stripped of
+    /// what these put around a path; a path that the program set is returned as it is.
     [[nodiscard]] QString path() const;
 };

@@ -17,24 +17,22 @@ class PickListModel final : public QAbstractTableModel
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Takes the rows of a kind, each ticked where it is among the chosen ones.
+    /// Takes the rows of a kind, each ticked if it is among the chosen ones.
     void setRows(std::vector<PickListRow> rows, PickListKind kind, const PickedItems& chosen);
 
-    /// Shows only rows that hold every word of the text, without regard to case.
+    /// Shows only rows that contain every word of the text, without regard to case.
     void setFilter(const QString& text);
 
-    /// Orders by the text of a column.
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
-    /// Turns the tick of each of the rows.
+    /// Toggles the ticks of the rows.
     void toggle(const QModelIndexList& rows);
 
     [[nodiscard]] std::size_t count() const { return m_rows.size(); }
     [[nodiscard]] std::size_t tickedCount() const { return m_tickedCount; }
 
     /// What is ticked, in the order of the list, hidden rows in their place, each record once.
-    /// Throws Error 6 where an
-    /// identifier does not fit into 16 bits.
+    /// Throws Error 6 if an identifier does not fit into 16 bits.
     [[nodiscard]] PickedItems ticked() const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -63,7 +61,7 @@ private:
     std::vector<char> m_ticks;
     std::size_t m_tickedCount = 0;
     std::vector<std::uint32_t> m_order; ///< every row, as ordered
-    std::vector<std::uint32_t> m_shown; ///< those that pass the filter, in that order
-    std::vector<std::string> m_folded;  ///< what the filter looks at; made when it is first used
+    std::vector<std::uint32_t> m_shown; ///< those that pass the filter, in the same order
+    std::vector<std::string> m_folded;  ///< what the filter searches; made when first used
     std::vector<std::string> m_words;   ///< of the filter, folded
 };

@@ -2,7 +2,7 @@
 
 #include <QTreeView>
 
-/// A list with check boxes whose space bar turns the ticks of all selected rows.
+/// A list with check boxes; the space bar toggles the ticks of all selected rows.
 class PickListView final : public QTreeView
 {
     Q_OBJECT

@@ -8,9 +8,8 @@
 
 class QAction;
 
-/// A line for a date or a time that can be left empty and typed into. What can be read takes its usual form
-/// when the line is left; what cannot stays as typed, with a mark that says so. The up and down keys count
-/// the part at the cursor.
+/// A line for an optional date or time. When it is left, what can be read takes its usual form; what cannot
+/// stays as typed, with a mark that says so. The up and down keys count the part at the cursor.
 class PickerEdit : public LineEdit
 {
     Q_OBJECT
@@ -19,17 +18,17 @@ public:
     /// Whether the line is empty or can be read.
     [[nodiscard]] bool isAcceptable() const;
 
-    /// Shows a text as it is, with the mark where it cannot be read.
+    /// Shows a text as it is, with the mark if it cannot be read.
     void showText(const QString& text);
 
 protected:
     /// `whatIsExpected` completes the sentence of the mark, such as `a date like 09/11/2001`.
     PickerEdit(const QString& placeholder, const QString& whatIsExpected, QChar separator, QWidget* parent);
 
-    /// What was typed in its usual form; nothing where it cannot be read.
+    /// What was typed, in its usual form; std::nullopt if it cannot be read.
     [[nodiscard]] virtual std::optional<QString> normalForm(const QString& typed) const = 0;
 
-    /// The value so many steps on, counted in the part of that number from 0.
+    /// The value `steps` on, counted in its part of that number (from 0).
     [[nodiscard]] virtual QString stepped(int part, int steps) const = 0;
 
     void keyPressEvent(QKeyEvent* event) override;
@@ -53,7 +52,7 @@ class OptionalDateEdit final : public PickerEdit
 public:
     explicit OptionalDateEdit(QWidget* parent);
 
-    /// Nothing where the line is empty or cannot be read.
+    /// std::nullopt if the line is empty or cannot be read.
     [[nodiscard]] std::optional<QDate> date() const;
     void setDate(const std::optional<QDate>& date);
 

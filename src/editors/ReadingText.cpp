@@ -38,7 +38,7 @@ ReadingText::ReadingText(QWidget& field, const QString& text, bool isLine)
     setFrameShape(NoFrame);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    // a click on an address is for the line below
+    // an address is opened by the line below, which needs the click
     setAttribute(Qt::WA_TransparentForMouseEvents, qobject_cast<AddressEdit*>(&field) != nullptr);
     QPalette shades = field.palette();
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {

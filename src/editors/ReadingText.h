@@ -2,18 +2,16 @@
 
 #include <QTextEdit>
 
-/// What a locked line or drop-down holds, laid over it as text that wraps, so that nothing is cut off: always
-/// over a drop-down, over a line only while its text does not fit. The field grows with it. Its parent is the
-/// field.
+/// The text of a locked line or drop-down, laid over it and wrapped so that nothing is cut off: always over a
+/// drop-down, over a line only while its text does not fit. The field grows with it and is its parent.
 class ReadingText final : public QTextEdit
 {
     Q_OBJECT
 
 public:
-    /// Lays a text over a QLineEdit or QComboBox that holds its text already.
+    /// `field` is a QLineEdit or QComboBox that has its text already.
     static void showOver(QWidget& field);
 
-    /// Takes it away again, if there is one.
     static void remove(QWidget& field);
 
 protected:

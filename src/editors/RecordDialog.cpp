@@ -1,5 +1,6 @@
 #include "editors/RecordDialog.h"
 
+#include "data/DatabaseSession.h"
 #include "editors/AddressEdit.h"
 #include "editors/EntryCombo.h"
 #include "editors/FileDrop.h"
@@ -24,11 +25,11 @@
 
 #include <algorithm>
 
-RecordDialog::RecordDialog(const Platform& platform, ProgramState& state, const QString& name,
+RecordDialog::RecordDialog(const Platform& platform, DatabaseSession& session, const QString& name,
                            QSize firstSize, QWidget* parent)
     : QDialog(parent),
       m_platform(platform),
-      m_state(state),
+      m_session(session),
       m_firstSize(firstSize),
       m_layout(new QVBoxLayout(this))
 {
@@ -50,7 +51,7 @@ void RecordDialog::setForm(QWidget* form)
     m_layout->addWidget(scroll);
     const auto lines = form->findChildren<QLineEdit*>();
     for (QLineEdit* line : lines) {
-        // a long text is read from its beginning once it is left
+        // once it is left, a long text shows its beginning
         if (qobject_cast<PickerEdit*>(line) != nullptr) continue;
         connect(line, &QLineEdit::editingFinished, line, [line] { line->setCursorPosition(0); });
     }
@@ -77,7 +78,7 @@ void RecordDialog::makeButtons()
     m_layout->addLayout(m_buttons);
     connect(m_ok, &QPushButton::clicked, this, &RecordDialog::cmdOK);
     connect(m_cancel, &QPushButton::clicked, this, &RecordDialog::reject);
-    // in a text of several lines the Return key alone begins the next line
+    // in a text of several lines, Return alone begins a new line
     for (const QKeyCombination key : {Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter}) {
         connect(new QShortcut(key, this), &QShortcut::activated, m_ok, &QPushButton::click);
     }
@@ -131,7 +132,7 @@ void RecordDialog::setMode(EditorMode mode)
     } else {
         FormControls::unlock(*m_form);
     }
-    const bool canBeEdited = mode != EditorMode::View || !m_state.session.isReadOnly();
+    const bool canBeEdited = mode != EditorMode::View || !m_session.isReadOnly();
     m_ok->setText(mode == EditorMode::View ? tr("Edit") : tr("OK"));
     m_ok->setEnabled(canBeEdited);
     m_ok->setToolTip(canBeEdited ? QString() : tr("The database can be read, but not changed."));
@@ -147,7 +148,7 @@ void RecordDialog::cmdOK()
         m_opened = FormControls::state(*m_form);
         return;
     }
-    // a field takes what was typed when it is left
+    // some fields only take what was typed when they lose the focus
     m_ok->setFocus();
     if (saveRecord()) accept();
 }
@@ -156,14 +157,13 @@ void RecordDialog::reject()
 {
     const QString question = tr("Close without saving your changes?");
     if (isChanged() && !m_platform.messages.ask(question, Question::Discard)) return;
-    m_state.editCancelled = true;
     QDialog::reject();
 }
 
 void RecordDialog::setVisible(bool visible)
 {
     QDialog::setVisible(visible);
-    // a dialog marks the text of its first field, and the next key would then replace a record's title
+    // Qt selects the text of the first field, so that the next key would replace the record's title
     if (auto* line = qobject_cast<QLineEdit*>(focusWidget()); visible && line != nullptr) {
         line->setCursorPosition(0);
     }
@@ -270,7 +270,7 @@ void RecordDialog::connectAddress(AddressEdit* address)
 void RecordDialog::connectList(LinkList* list)
 {
     connect(list, &LinkList::addPressed, this, [this, list] { pickFor(*list); });
-    connect(list, &LinkList::opened, this, [this, list](qint64 id) { Q_EMIT recordAsked(list->kind(), id); });
+    connect(list, &LinkList::opened, this, &RecordDialog::recordAsked);
 }
 
 void RecordDialog::connectDrop(FileDrop* drop, QWidget* field)
@@ -285,10 +285,10 @@ void RecordDialog::connectDrop(FileDrop* drop, QWidget* field)
 
 void RecordDialog::pickFor(LinkList& list)
 {
-    bool isPicked = false;
     runTrapped("showList", [&] {
-        m_state.chosen = pickedItems(list.entries());
-        isPicked = frmPicList(m_platform, m_state.session, this).showList(list.kind(), m_state.chosen);
+        PickedItems items = pickedItems(list.entries());
+        if (frmPicList(m_platform, m_session, this).showList(list.kind(), items)) {
+            list.setEntries(listEntries(items));
+        }
     });
-    if (isPicked) list.setEntries(listEntries(m_state.chosen));
 }

@@ -5,9 +5,8 @@
 #include "platform/Platform.h"
 #include "platform/Procedure.h"
 #include "records/EditorTypes.h"
-#include "records/PickList.h"
+#include "records/RecordKind.h"
 #include "records/StoredState.h"
-#include "state/ProgramState.h"
 
 #include <QDialog>
 
@@ -16,6 +15,7 @@
 #include <vector>
 
 class AddressEdit;
+class DatabaseSession;
 class EntryCombo;
 class FileDrop;
 class LinkList;
@@ -24,40 +24,41 @@ class QLabel;
 class QPushButton;
 class QVBoxLayout;
 
-/// What the three editors have in common: their modes, the two buttons, and what happens to what was typed.
+/// What the three editors have in common: their modes, the two buttons, and how changes are saved or given
+/// up.
 ///
-/// Lives for one opening, which ends when OK has saved the record or the user leaves. OK in a dialog for
+/// Lives for one opening, which ends when OK has saved the record or the user cancels. OK in a dialog for
 /// viewing turns it into one for editing. Cancel, Esc and the window's close button ask first if something
-/// was changed. Whoever leaves without saving sets the program's flag.
+/// was changed.
 class RecordDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// Whether rows were written, also where a later step failed and the user then left.
+    /// Whether rows were written, also if a later step failed and the user then cancelled.
     [[nodiscard]] bool hasWritten() const { return m_hasWritten; }
 
-    /// The record that is open, or below 0 where it was never saved.
+    /// The identifier of the open record; below 0 if it was never saved.
     [[nodiscard]] virtual qint64 recordId() const = 0;
 
     /// The name under which it was last read or written.
     [[nodiscard]] virtual QString recordName() const = 0;
 
-    /// Asks if something was changed; the way of Cancel, Esc and the window's close button.
+    /// Cancel, Esc and the window's close button end here; asks first if something was changed.
     void reject() override;
     void done(int result) override;
     void setVisible(bool visible) override;
 
 Q_SIGNALS:
     /// The user asks to see a linked document or organization while the record is viewed.
-    void recordAsked(PickListKind kind, qint64 id);
+    void recordAsked(RecordKind kind, qint64 id);
 
     /// The user asks to open the file or the chart of the record that is viewed.
     void fileAsked();
 
 protected:
-    /// Both must outlive the dialog.
-    RecordDialog(const Platform& platform, ProgramState& state, const QString& name, QSize firstSize,
+    /// The session must outlive the dialog.
+    RecordDialog(const Platform& platform, DatabaseSession& session, const QString& name, QSize firstSize,
                  QWidget* parent);
 
     /// Puts the form into the dialog, where it scrolls when the window is small.
@@ -69,26 +70,26 @@ protected:
     /// Adds a button below the form that asks for the record's file, there while the record is viewed.
     void addFileButton(const QString& caption, const QString& toolTip);
 
-    /// Shows the dialog until the user has done with it. True where the record was saved.
+    /// Shows the dialog until the user is done with it, and returns whether the record was saved.
     bool run(EditorMode mode, QWidget* firstField);
 
     [[nodiscard]] virtual QString captionFor(EditorMode mode) const = 0;
 
-    /// Shows what belongs to a mode beside the caption, the buttons and the lock.
+    /// Adjusts what the caption, the buttons and the lock do not cover.
     virtual void applyMode(EditorMode mode) = 0;
 
-    /// Checks what the controls hold and writes it. True where it is saved; else the user was told why not.
+    /// Checks what the controls hold and writes it. If it returns false, the user was told why.
     virtual bool saveRecord() = 0;
 
-    /// Runs a procedure; a failure shows its message. True where nothing failed.
+    /// Runs a procedure; a failure shows its message and returns false.
     template <typename Body>
     bool runTrapped(const char* name, Body&& body)
     {
         return runProcedure(m_platform.messages, QString::fromLatin1(name), std::forward<Body>(body));
     }
 
-    /// Writes by `write`, which gives a problem where it wrote nothing. What it may have written before a
-    /// failure is in the file.
+    /// Writes by `write`, which returns a problem if it wrote nothing. What it wrote before a failure stays
+    /// in the file.
     template <typename Problem, typename FieldOf>
     bool writeTrapped(const char* name, const std::function<std::optional<Problem>()>& write, FieldOf fieldOf)
     {
@@ -100,37 +101,33 @@ protected:
     }
 
     /// Changes a record that was read by `update`, which returns a conflict, having written nothing, if
-    /// somebody else changed the record meanwhile. Asks then whether to save over it. `stored` is what was
-    /// read.
+    /// the record was changed meanwhile; asks then whether to save over it. `stored` is what was read.
     bool updateTrapped(const char* name, std::optional<StoredState>& stored,
                        const std::function<std::optional<RecordConflict>()>& update);
 
-    /// Brings a field into sight and focus.
     void bringIntoSight(QWidget* field);
 
-    /// Shows a message and brings the field it is about into sight and focus; always false.
+    /// Shows a message and brings the field it is about into sight and focus. Always returns false.
     bool refuse(const QString& message, QWidget* field);
 
-    /// Fills a drop-down; where that fails, a message says so and the entries read so far stay. While the
-    /// dialog is being opened, a locked database is told of once, and nothing more is read.
+    /// Fills a drop-down; if that fails, shows a message and keeps the entries read so far. While the dialog
+    /// is being opened, a locked database is reported once, and nothing more is read.
     void fillCombo(EntryCombo& combo, const std::function<void(std::vector<ListEntry>&)>& fill);
 
-    /// Whether the drop-downs could not be filled because another program locks the database, which the user
-    /// was told of.
+    /// Whether the drop-downs could not be filled because another program locks the database. The user knows.
     [[nodiscard]] bool isLocked() const { return m_isLocked; }
 
-    /// Lets a click on an address open it, with the desktop's own program for it.
+    /// Lets a click on an address open it in the desktop's program for it.
     void connectAddress(AddressEdit* address);
 
     /// Lets the button of a list open the pick list, and a list that is viewed ask for its records.
     void connectList(LinkList* list);
 
-    /// Shows the field that takes a file while one is held over the dialog, and refuses several files.
+    /// Shows `field`, which takes the file, while one is held over the dialog. Several files are refused.
     void connectDrop(FileDrop* drop, QWidget* field);
 
     [[nodiscard]] EditorMode mode() const { return m_mode; }
     [[nodiscard]] const Platform& platform() const { return m_platform; }
-    [[nodiscard]] ProgramState& state() const { return m_state; }
     [[nodiscard]] QWidget* form() const { return m_form; }
 
 private:
@@ -153,7 +150,7 @@ private:
     [[nodiscard]] static QString questionOf(const RecordConflict& conflict);
 
     Platform m_platform;
-    ProgramState& m_state;
+    DatabaseSession& m_session;
     EditorMode m_mode = EditorMode::Add;
     QSize m_firstSize;
     QWidget* m_form = nullptr;
@@ -164,7 +161,7 @@ private:
     QLabel* lblRequired = nullptr;
     QPushButton* cmdOpenFile = nullptr; ///< of kinds that have files
     std::vector<RequiredField> m_required;
-    FormControls::State m_opened; ///< what the controls held when the user could begin to change them
+    FormControls::State m_opened; ///< what the controls held before the user could change them
     bool m_hasWritten = false;
     bool m_isLocked = false;
 };

@@ -128,7 +128,7 @@ void frmPicList::giveColumnsTheirWidths(PickListKind kind)
 
 void frmPicList::cmdOK()
 {
-    // a list that cannot be handed back whole is not handed back at all
+    // all of the ticked rows are handed back, or none
     if (runProcedure(m_platform.messages, QStringLiteral("cmdOK"),
                      [this] { m_picked = m_model->ticked(); })) {
         accept();
@@ -141,7 +141,7 @@ void frmPicList::done(int result)
     QDialog::done(result);
 }
 
-/// The list under a filter is worked through without leaving the keyboard: Enter ticks, Ctrl+Enter is OK.
+/// A filtered list can be worked through by keyboard: Enter ticks, Ctrl+Enter is OK.
 void frmPicList::keyPressEvent(QKeyEvent* event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -162,7 +162,7 @@ bool frmPicList::takeEnter(Qt::KeyboardModifiers modifiers)
     const bool isPicking = m_filter->hasFocus() || m_list->hasFocus();
     if (!isPicking || m_filter->text().isEmpty()) return false;
     toggleSelected();
-    // the next words replace these
+    // so that typing replaces the filter
     m_filter->selectAll();
     return true;
 }

@@ -13,7 +13,7 @@ class QLineEdit;
 class QPushButton;
 
 /// The modal dialog in which several records are chosen at once. It offers every active row of a kind with a
-/// check box, ticked where the caller has it already, and hands the ticked rows back. Lives for one choice.
+/// check box, ticked if the caller has it already, and hands the ticked rows back. Lives for one choice.
 class frmPicList final : public QDialog
 {
     Q_OBJECT
@@ -22,8 +22,8 @@ public:
     /// The session must outlive the dialog.
     frmPicList(const Platform& platform, DatabaseSession& session, QWidget* parent);
 
-    /// Shows the rows of a kind until the user decides. OK replaces what is chosen and gives true; Cancel, a
-    /// failure and a kind without rows, each of the last two after a message, leave it as it was.
+    /// Shows the rows of a kind until the user decides. OK replaces `chosen` and returns true. Cancel, a
+    /// failure and a kind without rows leave it as it was; the last two show a message.
     bool showList(PickListKind kind, PickedItems& chosen);
 
     void done(int result) override;

@@ -29,11 +29,11 @@ struct DocumentRecord
     qint64 fileTypeId = noneKey;
     qint64 organizationId = noneKey;
 
-    /// The store's own, which an editor does not touch.
+    // kept by the store alone:
     QString fileLocation;              ///< the stored file's name
     std::optional<StoredState> stored; ///< what was read; missing for a new record
 
-    /// Each id once; empty stands for "None", which a loaded or blank record already holds then.
+    /// Each record once. Without links they hold "None"; an empty list is saved as that.
     std::vector<ListEntry> types;
     std::vector<ListEntry> categories;
     std::vector<CheckEntry> venues; ///< all venues; only those checked are linked

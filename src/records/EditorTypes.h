@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <limits>
 
-/// What an editor was opened for. Goes from View to Edit by the Edit button, else stays.
+/// What an editor was opened for. The Edit button turns View into Edit; nothing else changes it.
 enum class EditorMode
 {
     Add,
@@ -13,7 +13,7 @@ enum class EditorMode
     View
 };
 
-/// A value that a caller hands over to an editor that adds a record: the record to link it to.
+/// The record that a new one is to be linked to, handed over to its editor.
 struct clsFieldInfo
 {
     QString FieldName; ///< the kind of the record: `ORGANIZATION` or `DOCUMENT`
@@ -24,7 +24,7 @@ struct clsFieldInfo
 inline const QString documentKindWord = QStringLiteral("DOCUMENT");
 inline const QString organizationKindWord = QStringLiteral("ORGANIZATION");
 
-/// A field that fails its check, and what the user is told.
+/// A field that fails its check, and the message about it.
 template <typename Field>
 struct FieldProblem
 {
@@ -32,7 +32,7 @@ struct FieldProblem
     QString message;
 };
 
-/// A record as read for an editor. Where it was not found, its own fields are empty, but its links are read.
+/// A record as read for an editor. If it was not found, its own fields are empty, but its links are read.
 template <typename Record>
 struct LoadedRecord
 {

@@ -18,8 +18,8 @@ struct EventRecord
     QString notes;
     bool keyEvent = false;
 
-    /// What the pickers hold: `mm/dd/yyyy` and `hh:mm`, empty where there is none. A text that the file holds
-    /// or that somebody typed is kept as it is, also where it cannot be read.
+    /// What the pickers hold: `mm/dd/yyyy` and `hh:mm`, empty if there is none. A text that cannot be read
+    /// is kept as it is stored or typed.
     QString startDate;
     QString endDate;
     QString startTime;
@@ -27,10 +27,10 @@ struct EventRecord
 
     std::vector<CheckEntry> venues; ///< all venues; only those checked are linked
 
-    /// Each id once; empty stands for "None", which a loaded or blank record already holds then.
+    /// Each record once. Without links they hold "None"; an empty list is saved as that.
     std::vector<ListEntry> functions;
     std::vector<ListEntry> documents;
     std::vector<ListEntry> organizations;
 
-    std::optional<StoredState> stored; ///< what was read, missing for a new record; the store's own
+    std::optional<StoredState> stored; ///< what was read; missing for a new record; kept by the store alone
 };

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Extensions that belong together, and the words by which the names of file types mean them.
+/// Extensions that belong together, and the words for them in the names of file types.
 struct Family
 {
     QStringList extensions;

@@ -7,10 +7,10 @@
 #include <optional>
 #include <vector>
 
-/// What the name of a chosen file says of its document.
+/// What the name of a chosen file says about its document.
 namespace FileHints {
 
-/// The key of the one type whose name speaks of the file's extension; `std::nullopt` if none or several do.
+/// The key of the one type whose name matches the file's extension; std::nullopt if none or several do.
 [[nodiscard]] std::optional<qint64> fileType(const QString& path, const std::vector<ListEntry>& types);
 
 /// The file's name as a title: without its extension, with blanks for underscores and for hyphens, except

@@ -1,15 +1,17 @@
 #pragma once
 
+#include "records/RecordKind.h"
 #include "records/clsPickListItem.h"
 
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 class DatabaseSession;
 
-/// The kinds of records that a pick list offers, by their numbers.
+/// What a pick list offers; the numbers are fixed.
 enum class PickListKind
 {
     Organizations = 0,
@@ -31,15 +33,22 @@ struct PickListRow
 /// What was chosen from a pick list, in order, each record once.
 using PickedItems = std::vector<clsPickListItem>;
 
-/// The name of a kind, as the message about an empty list gives it.
+/// The kind of record that a pick list offers; std::nullopt for the rows of a lookup table.
+constexpr std::optional<RecordKind> recordKindOf(PickListKind kind)
+{
+    if (kind == PickListKind::Documents) return RecordKind::Document;
+    if (kind == PickListKind::Organizations) return RecordKind::Organization;
+    return std::nullopt;
+}
+
+/// The name of a kind in the message about an empty list.
 QString pickListName(PickListKind kind);
 
 /// The titles of the columns: one, or City and State.
 QStringList pickListHeaders(PickListKind kind);
 
-/// All records that a kind offers, in its order. Throws Error.
+/// All rows of a kind, in its order. Throws Error.
 std::vector<PickListRow> readPickList(DatabaseSession& session, PickListKind kind);
 
-/// The item that a row becomes when it is chosen. Throws Error 6 where its identifier does not fit into 16
-/// bits.
+/// The item for a chosen row. Throws Error 6 if its identifier does not fit into 16 bits.
 clsPickListItem pickedItem(const PickListRow& row, PickListKind kind);

@@ -8,5 +8,5 @@
 /// What an editor's list holds, as the pick list takes it. Throws Error 6 beyond 16 bits.
 PickedItems pickedItems(const std::vector<ListEntry>& entries);
 
-/// What the pick list gave back, as an editor's list shows it: "None" where nothing was chosen.
+/// What the pick list returned, as an editor's list shows it: "None" if nothing was chosen.
 std::vector<ListEntry> listEntries(const PickedItems& items);

@@ -16,14 +16,14 @@ struct LinkTable
     QString linkColumn;   ///< the key of what it is linked to
 };
 
-/// What the editors of all kinds do with a record's links. Every failure is an Error.
+/// How the links of a record are read and written. Every failure is an Error.
 namespace RecordLinks {
 
-/// The linked records that a statement gives, each once, in the statement's order.
+/// The linked records that a statement returns, each once, in its order.
 std::vector<ListEntry> read(DatabaseSession& session, const QString& statement, const QString& displayColumn,
                             const QString& keyColumn);
 
-/// Checks the entries that a link table has a row for; where it has a setting, a row in which that is 1.
+/// Checks the entries that have a row in the link table; if it has a setting, a row whose setting is 1.
 void readChecks(DatabaseSession& session, const LinkTable& links, qint64 record, bool hasSetting,
                 std::vector<CheckEntry>& entries);
 
@@ -33,27 +33,26 @@ void addPlaceholder(std::vector<ListEntry>& entries);
 /// Replaces a record's links; a list without entries is written as its placeholder.
 void rewrite(DatabaseSession& session, const LinkTable& links, qint64 record, std::vector<ListEntry> entries);
 
-/// Replaces a record's links by the entries that are checked.
+/// Replaces a record's links by the checked entries.
 void rewriteChecked(DatabaseSession& session, const LinkTable& links, qint64 record,
                     const std::vector<CheckEntry>& entries);
 
-/// Replaces a record's settings: a row for every entry, with 1 where it is checked and 0 where not.
+/// Replaces a record's settings: a row for every entry, with 1 if it is checked, else 0.
 void rewriteSettings(DatabaseSession& session, const LinkTable& links, qint64 record,
                      const std::vector<CheckEntry>& entries);
 
-/// The keys that a record is linked to, in one text that does not depend on their order; of a list with check
-/// boxes, those that are checked.
-[[nodiscard]] FieldValue field(const LinkTable& links, const QString& caption,
+/// The keys that a record is linked to, as one text that does not depend on their order; of a list with check
+/// boxes, the checked ones.
+[[nodiscard]] FieldValue field(const LinkTable& links, const char* caption,
                                const std::vector<ListEntry>& entries);
-[[nodiscard]] FieldValue field(const LinkTable& links, const QString& caption,
+[[nodiscard]] FieldValue field(const LinkTable& links, const char* caption,
                                const std::vector<CheckEntry>& entries);
 
-/// Throws Error 6 where an identifier that `rewrite` or `rewriteSettings` would write does not fit into 16
-/// bits.
+/// Throws Error 6 if an identifier that `rewrite` or `rewriteSettings` would write does not fit into 16 bits.
 void requireIdentifiers(const std::vector<ListEntry>& entries);
 void requireIdentifiers(const std::vector<CheckEntry>& entries);
 
-/// The same of what `rewriteChecked` would write: what is not checked does not count.
+/// The same for `rewriteChecked`, which writes the checked entries only.
 void requireChecked(const std::vector<CheckEntry>& entries);
 
 } // namespace RecordLinks

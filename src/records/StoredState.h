@@ -14,15 +14,15 @@
 /// One field of a record: the column it is written to, what its user calls it, and what it holds.
 struct FieldValue
 {
-    QString column;
-    QString caption;
+    QStringView column;  ///< of a literal or a table of links, which outlive the value
+    const char* caption; ///< to be translated in the context `RecordColumns`
     Value value;
 };
 
 /// The fields of a record in the order in which they are written.
 using FieldValues = std::vector<FieldValue>;
 
-/// What a record held when somebody looked: its fields with those of its links, and its status.
+/// What a record held at one moment: its fields with those of its links, and its status.
 struct RecordView
 {
     FieldValues fields;
@@ -32,18 +32,18 @@ struct RecordView
 /// What the file held of a record when its editor read it.
 struct StoredState
 {
-    RecordTable row;     ///< to the letter, so that what the user did not change can stay as it is
+    RecordTable row;     ///< as stored, so that what the user did not change can stay as it is
     RecordTable profile; ///< of an organization; no row if it has none
 
-    /// What the user last knew the file to hold, own saves included. What differs from it, somebody else
-    /// changed.
+    /// What the user last knew the file to hold, own saves included. Whatever differs was changed by another
+    /// program.
     RecordView known;
 };
 
-/// A record that was changed or deleted by somebody else after its editor read it.
+/// A record that another program changed or deleted after its editor read it.
 struct RecordConflict
 {
-    QStringList fields; ///< what differs, as its user calls it
+    QStringList fields; ///< what differs, as the user calls it
     bool isDeleted = false;
     RecordView found; ///< what the file holds now
 };
@@ -51,26 +51,27 @@ struct RecordConflict
 inline const QString activeStatus = QStringLiteral("ACTIVE");
 inline const QString deletedStatus = QStringLiteral("DELETED");
 
-/// How a save leaves alone what its user did not change.
+/// How a save leaves alone what the user did not change.
 namespace StoredStates {
 
-/// Gives the fields that hold what was read the stored value again: the editor may know one key, one letter
-/// case or one kind of "nothing" only. `read` holds the same fields as they were read from `row`; if there
-/// is no row, nothing is given back.
+/// Restores the stored value of each field that holds what was read: an editor cannot show every key, letter
+/// case or kind of empty value. `read` holds the same fields as they were read from `row`; without a row,
+/// nothing is restored.
 void keepUnchanged(FieldValues& fields, const FieldValues& read, const RecordTable& row);
 
-/// Sets the columns of the current row that hold something else.
+/// Sets the columns of the current row whose values differ.
 void setDiffering(EditableRecordSet& rows, const FieldValues& fields);
 
-/// Whether somebody else was there since the user last knew; `std::nullopt` for a record that was not read.
+/// What differs between what the user last knew and what was found; std::nullopt if nothing does or if the
+/// record was not read.
 [[nodiscard]] std::optional<RecordConflict> conflict(const std::optional<StoredState>& stored,
                                                      RecordView found);
 
-/// The life-cycle status for the history of a record that has the given one: a deleted record stays deleted.
+/// The status for the history of a record with the given status: a deleted record stays deleted.
 [[nodiscard]] QString historyStatus(const Value& status);
 
-/// Lets the end of a save, whether it succeeded or failed half-way, be what the user last knew the file to
-/// hold: nobody is told of changes of their own. `find` returns a RecordView of what the file holds then.
+/// At the end of a save, successful or not, notes what the file holds now as known to the user, so that users
+/// are not warned of changes of their own. `find` returns that RecordView.
 template <typename Find>
 class KnownAfterSave
 {

@@ -16,7 +16,7 @@ struct clsPickListItem
     /// The key of an item in the collections that hold it: `k` and its identifier.
     [[nodiscard]] QString key() const { return u'k' + QString::number(itemID); }
 
-    /// An item for a record. Throws Error 6 where its identifier does not fit into 16 bits.
+    /// An item for a record. Throws Error 6 if its identifier does not fit into 16 bits.
     static clsPickListItem of(qint64 identifier, const QString& name)
     {
         using Limits = std::numeric_limits<std::int16_t>;

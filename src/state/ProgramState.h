@@ -2,7 +2,6 @@
 
 #include "data/DatabaseSession.h"
 #include "files/ProgramFolder.h"
-#include "records/PickList.h"
 #include "views/StandardQueries.h"
 #include "views/ViewHistory.h"
 
@@ -18,10 +17,4 @@ struct ProgramState
     ProgramFolder folder;
     QString databasePath;
     DatabaseSession session;
-
-    /// Set by an editor that was left by Cancel; reset by who opened it.
-    bool editCancelled = false;
-
-    /// What the pick list is opened with and gives back.
-    PickedItems chosen;
 };

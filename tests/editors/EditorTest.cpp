@@ -90,7 +90,7 @@ QByteArray EditorTest::stored(const QString& pathInData) const
 
 void EditorTest::refuseRows(const QString& table, const QString& column, int number) const
 {
-    // the session runs no triggers, but it keeps indexes: the magnitude of the smallest integer is no integer
+    // sessions run no triggers but update indexes, and abs() of the smallest integer overflows
     const QString index = u"CREATE INDEX refuse ON %1 (abs(-9223372036854775807 - (%2 = %3)))"_s;
     m_database.run(index.arg(table, column).arg(number).toUtf8().constData());
 }

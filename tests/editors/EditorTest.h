@@ -15,10 +15,10 @@ class EditorTest : public testing::Test
 protected:
     EditorTest();
 
-    /// A file that a user has somewhere.
+    /// A file of the user, outside the program folder.
     QString userFile(const QString& name, const QByteArray& content) const;
 
-    /// The content of a file in the program folder; nothing distinguishes a missing one but `isEmpty`.
+    /// The content of a file in the data folder; empty if there is none.
     [[nodiscard]] QByteArray stored(const QString& pathInData) const;
 
     [[nodiscard]] QString ask(const char* statement) const { return m_database.ask(statement); }
@@ -34,7 +34,7 @@ protected:
     ScriptedClock m_clock;
 };
 
-/// The keys of the entries, joined by blanks; of a list with check boxes, those that are checked.
+/// The keys of the entries, joined by blanks; of a list with check boxes, the checked ones.
 QString keysOf(const std::vector<ListEntry>& entries);
 QString keysOf(const std::vector<CheckEntry>& entries);
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int refused = 1;
 
-/// A table that a save writes, in its turn, and how many rows of the record end up there.
+/// A table in the order in which a save writes it, and how many rows of the record it gets.
 struct Table
 {
     QString name;
@@ -23,7 +23,8 @@ struct Table
 class FailedSave : public EditorTest
 {
 protected:
-    /// The table refuses the record: those before it keep their rows, and the next save completes it.
+    /// Lets each table in turn refuse the record: those before it keep their rows; the next save completes
+    /// it.
     void expectCompleted(int id, const std::vector<Table>& tables,
                          const std::function<std::function<bool()>()>& newRecord)
     {
@@ -52,7 +53,7 @@ protected:
         }
     }
 
-    /// A save of a new record by its store; true where it was saved.
+    /// A save of a new record by its store; returns whether it was saved.
     template <typename Record, typename Store>
     static std::function<bool()> saving(Record record, Store store,
                                         std::optional<typename Store::Problem> (Store::*save)(Record&))

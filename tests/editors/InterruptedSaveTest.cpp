@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Saves of every kind, one after the other, by a process that is killed in the middle of one.
+/// Saves records of every kind in a process that is killed in the middle of a save.
 class InterruptedSave : public EditorTest
 {
 protected:
@@ -85,17 +85,17 @@ protected:
         record.organizationName = name;
         record.notes = record.profile.volunteers = u"1"_s;
         check(record.venues, {2});
-        check(record.profile.jurisdictions, {1});
-        check(record.profile.populations, {1});
+        check(record.jurisdictions, {1});
+        check(record.populations, {1});
         (void)store.saveOrganization(record);
         record.notes = record.profile.volunteers = u"2"_s;
         check(record.venues, {2, 3});
-        check(record.profile.jurisdictions, {1, 2});
-        check(record.profile.populations, {1, 2});
+        check(record.jurisdictions, {1, 2});
+        check(record.populations, {1, 2});
         (void)store.updateOrganization(record);
     }
 
-    /// The records whose tables do not tell the same version, of which there must be none.
+    /// The records whose tables hold different versions; there must be none.
     [[nodiscard]] QString halfWritten() const
     {
         return ask(R"sql(
@@ -142,7 +142,7 @@ TEST_F(InterruptedSave, LeavesTheWholeSaveOrNoneOfIt)
         ASSERT_TRUE(WIFSIGNALED(status)) << "the saving ended by itself";
         if (QFile::exists(m_database.fileName() + u"-journal"_s)) ++interruptedWhileWriting;
         m_database.run(
-            "SELECT count(*) FROM Document"); // who opens the file next takes back what is unfinished
+            "SELECT count(*) FROM Document"); // the next to open the file rolls back what is unfinished
         ASSERT_EQ(ask("PRAGMA integrity_check"), u"ok"_s);
         ASSERT_EQ(halfWritten(), QString());
     }

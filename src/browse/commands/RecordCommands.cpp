@@ -58,12 +58,12 @@ void RecordCommands::acceptFiles(QWidget& window)
 
 void RecordCommands::edit()
 {
-    if (const auto record = m_list.selectedRecord()) m_editors.edit(viewOf(m_list.kind()), *record);
+    if (const auto record = m_list.selectedRecord()) m_editors.edit(m_list.kind(), *record);
 }
 
 void RecordCommands::view()
 {
-    if (const auto record = m_list.selectedRecord()) m_editors.view(viewOf(m_list.kind()), *record);
+    if (const auto record = m_list.selectedRecord()) m_editors.view(m_list.kind(), *record);
 }
 
 void RecordCommands::remove()
@@ -73,7 +73,7 @@ void RecordCommands::remove()
         records.push_back({record.name, record.identifier});
     const QList<int> rows = m_list.view().selectedRows();
     m_rowOfDeleted = rows.isEmpty() ? -1 : rows.front();
-    m_editors.remove(viewOf(m_list.kind()), records);
+    m_editors.remove(m_list.kind(), records);
     m_rowOfDeleted = -1;
 }
 

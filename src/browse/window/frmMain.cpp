@@ -55,13 +55,13 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
       m_list(new ListPane(state.session, state.history, state.folder.folderPath(ProgramFolders::documents),
                           this)),
       m_browse(new BrowsePage(m_list, platform.settings, this)),
-      m_picker(std::make_unique<DialogRecordPicker>(platform, state)),
+      m_picker(std::make_unique<DialogRecordPicker>(platform, state.session)),
       m_search(new SearchCommands({platform.messages, state.session, state.history, state.queries}, *m_picker,
                                   *this)),
       m_related(new RelatedCommands(platform.messages, {state.session, state.queries}, state.history, *m_list,
                                     this)),
       m_open(std::make_unique<OpenCommand>(platform, state.session, state.queries, state.folder, *m_list)),
-      m_editors(new RecordEditors(platform, state, *this)),
+      m_editors(new RecordEditors(platform, state.session, state.folder, *this)),
       m_records(new RecordCommands(*m_commands, *m_list, *m_editors, *this)),
       m_graphics(new GraphicViews(platform, state, *m_list, *m_browse, *this)),
       m_pages(new ViewPages(platform.messages, state.history,
@@ -120,21 +120,19 @@ void frmMain::connectViews()
 
 void frmMain::connectEditors()
 {
-    connect(m_search, &SearchCommands::recordChosen, m_editors,
-            [this](RecordKind kind, qint64 id) { m_editors->view(viewOf(kind), id); });
+    connect(m_search, &SearchCommands::recordChosen, m_editors, &RecordEditors::view);
     connect(m_related, &RelatedCommands::additionWanted, this, &frmMain::add);
     connect(m_editors, &RecordEditors::eventSaved, this, [this](const std::optional<QDateTime>& start) {
         m_graphics->timeline().updateTimeline(start ? std::optional(momentOf(start->date(), start->time()))
                                                     : std::nullopt);
     });
-    connect(m_editors, &RecordEditors::changed, this, [this](ViewKind kind, qint64 saved) {
+    connect(m_editors, &RecordEditors::changed, this, [this](RecordKind kind, qint64 saved) {
         m_pages->refresh();
-        m_records->selectAfterChange(*recordKindOf(kind), saved);
+        m_records->selectAfterChange(kind, saved);
     });
     connect(m_editors, &RecordEditors::fileAsked, this,
-            [this](ViewKind kind, qint64 record) { m_open->openRecord(*recordKindOf(kind), record); });
-    connect(m_editors, &RecordEditors::saved, m_status,
-            [this](ViewKind kind, const QString& name) { m_status->showSaved(*recordKindOf(kind), name); });
+            [this](RecordKind kind, qint64 record) { m_open->openRecord(kind, record); });
+    connect(m_editors, &RecordEditors::saved, m_status, &StatusLine::showSaved);
 }
 
 /// Connects what the user does with rows of the list and with events of the timeline.
@@ -148,7 +146,7 @@ void frmMain::connectRows()
             });
     const TimelinePanel& timeline = m_graphics->timeline();
     connect(&timeline, &TimelinePanel::eventOpened, this,
-            [this](qint64 event) { m_editors->view(ViewKind::Events, event); });
+            [this](qint64 event) { m_editors->view(RecordKind::Event, event); });
     connect(&timeline, &TimelinePanel::eventMenuRequested, this,
             [menus](const QPoint& position) { menus->popUp(RecordKind::Event, position); });
 }
@@ -221,7 +219,7 @@ void frmMain::add(const RecordAddition& addition)
 {
     const QString hindrance = unwritable();
     if (hindrance.isEmpty())
-        m_editors->add(viewOf(addition.kind), addition.preset);
+        m_editors->add(addition.kind, addition.preset);
     else
         m_platform.messages.show(hindrance);
 }
