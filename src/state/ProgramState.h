@@ -16,7 +16,6 @@ struct ProgramState
     ViewHistory history;
     StandardQueries queries;
     ProgramFolder folder;
-    QString databasePath;
     QString lastKeywords; ///< what was searched for last, as typed
     DatabaseSession session;
 

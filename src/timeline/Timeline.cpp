@@ -1,10 +1,11 @@
 #include "timeline/Timeline.h"
 
+#include "data/DatabaseSession.h"
 #include "platform/Clock.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
-#include "state/ProgramState.h"
 #include "timeline/TimeWindowQuery.h"
+#include "views/ViewHistory.h"
 
 #include <algorithm>
 
@@ -17,14 +18,16 @@ TimelineLimits today(const QDateTime& now)
 
 } // namespace
 
-Timeline::Timeline(const Platform& platform, ProgramState& state, TextWidth captionWidth,
-                   LabelWidth labelWidth)
-    : m_platform(platform),
-      m_state(state),
+Timeline::Timeline(DatabaseSession& session, ViewHistory& history, const Clock& clock, Messages& messages,
+                   TextWidth captionWidth, LabelWidth labelWidth)
+    : m_session(session),
+      m_history(history),
+      m_clock(clock),
+      m_messages(messages),
       m_captionWidth(std::move(captionWidth)),
       m_labelWidth(std::move(labelWidth))
 {
-    m_window.begin(today(platform.clock.now()));
+    m_window.begin(today(clock.now()));
 }
 
 void Timeline::mainLoad()
@@ -34,10 +37,10 @@ void Timeline::mainLoad()
     m_scroll = {};
     m_before.reset();
     m_after.reset();
-    TimelineLimits limits = today(m_platform.clock.now());
-    if (m_state.session.isOpen()) {
-        runProcedure(m_platform.messages, QStringLiteral("setTimelineLimits"),
-                     [&] { setTimelineLimits(m_state.session, m_platform.clock.now(), limits); });
+    TimelineLimits limits = today(m_clock.now());
+    if (m_session.isOpen()) {
+        runProcedure(m_messages, QStringLiteral("setTimelineLimits"),
+                     [&] { setTimelineLimits(m_session, m_clock.now(), limits); });
     }
     m_window.begin(limits);
     refresh(m_window);
@@ -53,16 +56,16 @@ void Timeline::drawTimeline()
         // the list is about to read the same view, and says what is wrong with it
         return;
     }
-    const bool done = runProcedure(m_platform.messages, QStringLiteral("searchByTimeConstraint"),
-                                   [&] { take(std::move(events)); });
+    const bool done =
+        runProcedure(m_messages, QStringLiteral("searchByTimeConstraint"), [&] { take(std::move(events)); });
     if (done) DisplayRecords();
 }
 
 void Timeline::updateTimeline(std::optional<Moment> savedStart)
 {
     TimelineLimits limits = m_window.limits();
-    runProcedure(m_platform.messages, QStringLiteral("setTimelineLimits"),
-                 [&] { setTimelineLimits(m_state.session, m_platform.clock.now(), limits); });
+    runProcedure(m_messages, QStringLiteral("setTimelineLimits"),
+                 [&] { setTimelineLimits(m_session, m_clock.now(), limits); });
     m_window.setLimits(limits);
     const TimeWindow before = m_window;
     m_window.moveTo(savedStart.value_or(m_window.currentTime()));
@@ -133,29 +136,26 @@ void Timeline::ZoomOut()
 
 void Timeline::VScroll1_Change(int value)
 {
-    const bool done =
-        runProcedure(m_platform.messages, QStringLiteral("searchByTimeConstraint"), [this, value] {
-            search();
-            m_scroll.value = value;
-        });
+    const bool done = runProcedure(m_messages, QStringLiteral("searchByTimeConstraint"), [this, value] {
+        search();
+        m_scroll.value = value;
+    });
     if (done) DisplayRecords();
 }
 
 void Timeline::chooseEvent(qint64 eventId)
 {
     if (!showsEvents()) return;
-    m_state.history.select(eventId);
+    m_history.select(eventId);
     const TimeWindow before = m_window;
-    const bool done =
-        runProcedure(m_platform.messages, QStringLiteral("searchByTimeConstraint"), [this, eventId] {
-            showInWindow(eventId);
-            positionScale();
-            search();
-            const auto found =
-                std::find_if(m_events.begin(), m_events.end(),
-                             [eventId](const WindowEvent& row) { return row.eventId == eventId; });
-            if (found != m_events.end()) m_scroll.value = static_cast<int>(found - m_events.begin());
-        });
+    const bool done = runProcedure(m_messages, QStringLiteral("searchByTimeConstraint"), [this, eventId] {
+        showInWindow(eventId);
+        positionScale();
+        search();
+        const auto found = std::find_if(m_events.begin(), m_events.end(),
+                                        [eventId](const WindowEvent& row) { return row.eventId == eventId; });
+        if (found != m_events.end()) m_scroll.value = static_cast<int>(found - m_events.begin());
+    });
     if (done) {
         DisplayRecords();
     } else {
@@ -166,7 +166,7 @@ void Timeline::chooseEvent(qint64 eventId)
 
 void Timeline::showInWindow(qint64 eventId)
 {
-    RecordSet rows = m_state.session.read(
+    RecordSet rows = m_session.read(
         QStringLiteral(
             "SELECT EventName, StartDate, EndDate, StartTime, EndTime FROM Event WHERE EventID = ") +
         QString::number(eventId));
@@ -185,7 +185,7 @@ void Timeline::showInWindow(qint64 eventId)
 
 void Timeline::selectEvent(qint64 eventId)
 {
-    if (showsEvents()) m_state.history.select(eventId);
+    if (showsEvents()) m_history.select(eventId);
     DisplayRecords();
 }
 
@@ -230,21 +230,20 @@ void Timeline::positionScale()
     if (strip) {
         m_ruler = rulerOf(m_window, *strip, m_labelWidth);
     } else {
-        m_platform.messages.show(QStringLiteral("zoomFactor %1 not yet handled.").arg(level));
+        m_messages.show(QStringLiteral("zoomFactor %1 not yet handled.").arg(level));
     }
 }
 
 bool Timeline::showsEvents() const
 {
-    const ViewHistory& history = m_state.history;
-    return history.current() > 0 && history.currentKind() == ViewKind::Events;
+    return m_history.current() > 0 && m_history.currentKind() == ViewKind::Events;
 }
 
 /// True if the events could be read.
 bool Timeline::searchByTimeConstraint()
 {
     const bool done =
-        runProcedure(m_platform.messages, QStringLiteral("searchByTimeConstraint"), [this] { search(); });
+        runProcedure(m_messages, QStringLiteral("searchByTimeConstraint"), [this] { search(); });
     if (done) DisplayRecords();
     return done;
 }
@@ -258,8 +257,8 @@ void Timeline::search()
 /// The view must be one of events.
 std::vector<WindowEvent> Timeline::readWindow()
 {
-    return readWindowEvents(m_state.session.read(TimeWindowQuery::inWindow(
-        *m_state.history.currentQuery(), m_window.currentTime(), m_window.windowEnd())));
+    return readWindowEvents(m_session.read(
+        TimeWindowQuery::inWindow(*m_history.currentQuery(), m_window.currentTime(), m_window.windowEnd())));
 }
 
 /// Takes the events of the window and, if there are none, finds the nearest. Throws Error; then all stays as
@@ -269,7 +268,7 @@ void Timeline::take(std::vector<WindowEvent> events)
     std::optional<NearestEvent> before;
     std::optional<NearestEvent> after;
     if (events.empty()) {
-        const SharedQuery view = m_state.history.currentQuery();
+        const SharedQuery view = m_history.currentQuery();
         before = firstOf(TimeWindowQuery::before(*view, m_window.currentTime()));
         after = firstOf(TimeWindowQuery::after(*view, m_window.windowEnd()));
     }
@@ -282,14 +281,14 @@ void Timeline::take(std::vector<WindowEvent> events)
 
 std::optional<NearestEvent> Timeline::firstOf(const QString& statement)
 {
-    const auto events = readWindowEvents(m_state.session.read(statement), 1);
+    const auto events = readWindowEvents(m_session.read(statement), 1);
     if (events.empty()) return std::nullopt;
     return NearestEvent{events.front().eventId, events.front().eventName, events.front().start()};
 }
 
 void Timeline::DisplayRecords()
 {
-    runProcedure(m_platform.messages, QStringLiteral("DisplayRecords"), [this] { drawLanes(); });
+    runProcedure(m_messages, QStringLiteral("DisplayRecords"), [this] { drawLanes(); });
 }
 
 /// Draws the lanes from the event that the scroll bar names. Throws Error; the lanes drawn so far stay.
@@ -300,7 +299,7 @@ void Timeline::drawLanes()
     m_scroll.max = m_scroll.isShown ? static_cast<int>(m_events.size() - lanes) : 0;
     m_scroll.value = std::clamp(m_scroll.value, 0, m_scroll.max);
     m_lanes.clear();
-    const std::optional<qint64> selected = showsEvents() ? m_state.history.selected() : std::nullopt;
+    const std::optional<qint64> selected = showsEvents() ? m_history.selected() : std::nullopt;
     TimelineLanes::draw(m_window, m_events, static_cast<std::size_t>(m_scroll.value), m_laneCount, selected,
                         m_captionWidth, m_lanes);
 }

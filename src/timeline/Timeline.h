@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/Platform.h"
 #include "timeline/TimeWindow.h"
 #include "timeline/TimelineLanes.h"
 #include "timeline/TimelineRuler.h"
@@ -12,8 +11,10 @@
 #include <optional>
 #include <vector>
 
-struct ProgramState;
-struct SQLObject;
+class Clock;
+class DatabaseSession;
+class Messages;
+class ViewHistory;
 
 /// An event to go to from a window that shows none.
 struct NearestEvent
@@ -38,9 +39,10 @@ class Timeline
 public:
     static constexpr std::size_t captionCount = 4;
 
-    /// Platform and state must outlive the timeline. `captionWidth` measures the captions of the lanes,
+    /// The four references must outlive the timeline. `captionWidth` measures the captions of the lanes,
     /// `labelWidth` the labels of the ruler.
-    Timeline(const Platform& platform, ProgramState& state, TextWidth captionWidth, LabelWidth labelWidth);
+    Timeline(DatabaseSession& session, ViewHistory& history, const Clock& clock, Messages& messages,
+             TextWidth captionWidth, LabelWidth labelWidth);
 
     /// Begins anew on the database that is open.
     void mainLoad();
@@ -109,8 +111,10 @@ private:
     [[nodiscard]] std::optional<NearestEvent> firstOf(const QString& statement);
     [[nodiscard]] bool showsEvents() const;
 
-    Platform m_platform;
-    ProgramState& m_state;
+    DatabaseSession& m_session;
+    ViewHistory& m_history;
+    const Clock& m_clock;
+    Messages& m_messages;
     TextWidth m_captionWidth;
     LabelWidth m_labelWidth;
     TimeWindow m_window;

@@ -4,6 +4,7 @@
 #include "browse/window/BrowsePage.h"
 #include "chart/ChartPane.h"
 #include "map/MapPane.h"
+#include "state/ProgramState.h"
 #include "timeline/TimelinePanel.h"
 
 GraphicViews::GraphicViews(const Platform& platform, ProgramState& state, ListPane& list, BrowsePage& page,
@@ -12,7 +13,7 @@ GraphicViews::GraphicViews(const Platform& platform, ProgramState& state, ListPa
       m_platform(platform),
       m_state(state),
       m_list(list),
-      m_timeline(new TimelinePanel(platform, state, &window))
+      m_timeline(new TimelinePanel(state.session, state.history, platform.clock, platform.messages, &window))
 {
     m_timeline->hide();
     page.setGraphic(
@@ -33,13 +34,14 @@ GraphicViews::GraphicViews(const Platform& platform, ProgramState& state, ListPa
 
 QWidget* GraphicViews::makeChart(QWidget* parent)
 {
-    m_chart = new ChartPane(m_platform, m_state, parent);
+    m_chart = new ChartPane(m_state.session, m_state.history, m_state.queries, m_platform.messages, parent);
     return m_chart;
 }
 
 QWidget* GraphicViews::makeMap(QWidget* parent)
 {
-    m_map = new MapPane(m_platform, m_state, parent);
+    m_map = new MapPane(m_state.session, m_state.history, m_state.queries, m_state.folder,
+                        m_platform.messages, parent);
     connect(m_map, &MapPane::organizationsChosen, this,
             [this](const std::vector<qint64>& identifiers) { m_list.select(identifiers); });
     return m_map;

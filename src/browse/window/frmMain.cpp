@@ -47,11 +47,13 @@ constexpr QSize largestFirstSize(1600, 1000);
 
 } // namespace
 
-frmMain::frmMain(const Platform& platform, ProgramState& state)
+frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState& state)
     : m_platform(platform),
+      m_opener(opener),
       m_state(state),
       m_commands(new MainCommands(*this)),
-      m_help(new HelpCommands(*this, *m_commands->tbToolBar, platform, state)),
+      m_help(new HelpCommands(*this, *m_commands->tbToolBar, state.session, state.folder, platform.shell,
+                              platform.messages)),
       m_status(new StatusLine(*this)),
       m_pages(new QStackedWidget(this)),
       m_home(new HomePage(this)),
@@ -151,7 +153,7 @@ void frmMain::makeRecordCommands()
 void frmMain::load(bool hasProgramFolder)
 {
     runProcedure(m_platform.messages, QStringLiteral("Form_Load"), [&] {
-        if (hasProgramFolder) DatabaseOpener(m_platform, m_state).openNamed();
+        if (hasProgramFolder) m_opener.openNamed();
     });
     showDatabaseName();
     placeOnScreen();
@@ -171,7 +173,7 @@ void frmMain::openDatabase()
     const QString before = m_state.session.fileName();
     bool opened = false;
     runProcedure(m_platform.messages, QStringLiteral("openDatabase"),
-                 [&] { opened = DatabaseOpener(m_platform, m_state).openChosen(file); });
+                 [&] { opened = m_opener.openChosen(file); });
     // a database that can only be read is open after its message
     if (!opened && m_state.session.fileName() == before) return;
     m_state.history.clear();
