@@ -4,7 +4,6 @@
 #include "platform/Clock.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
-#include "timeline/TimeWindowQuery.h"
 #include "views/ViewHistory.h"
 
 #include <algorithm>
@@ -25,7 +24,8 @@ Timeline::Timeline(DatabaseSession& session, ViewHistory& history, const Clock& 
       m_clock(clock),
       m_messages(messages),
       m_captionWidth(std::move(captionWidth)),
-      m_labelWidth(std::move(labelWidth))
+      m_labelWidth(std::move(labelWidth)),
+      m_events(session)
 {
     m_window.begin(today(clock.now()));
 }
@@ -33,10 +33,7 @@ Timeline::Timeline(DatabaseSession& session, ViewHistory& history, const Clock& 
 void Timeline::mainLoad()
 {
     m_events.clear();
-    m_hitCount = 0;
     m_scroll = {};
-    m_before.reset();
-    m_after.reset();
     TimelineLimits limits = today(m_clock.now());
     if (m_session.isOpen()) {
         runProcedure(m_messages, QStringLiteral("setTimelineLimits"),
@@ -51,9 +48,8 @@ void Timeline::drawTimeline()
     if (!showsEvents()) return;
     std::vector<WindowEvent> events;
     try {
-        events = readWindow();
+        events = m_events.read(*m_history.currentQuery(), m_window);
     } catch (const std::exception&) {
-        // the list is about to read the same view, and says what is wrong with it
         return;
     }
     const bool done =
@@ -78,11 +74,10 @@ void Timeline::resize(int width, int height)
     m_window.setWidth(width);
     m_laneCount = TimelineLanes::laneCount(height);
     positionScale();
-    // nobody asked for anything, so nobody is told what goes wrong
+    // a resize is no user action: errors are not reported, and the events read before are drawn
     try {
         if (isWindowNew) search();
     } catch (const std::exception&) {
-        // those read before are drawn at their new places
     }
     showSelected();
 }
@@ -152,9 +147,7 @@ void Timeline::chooseEvent(qint64 eventId)
         showInWindow(eventId);
         positionScale();
         search();
-        const auto found = std::find_if(m_events.begin(), m_events.end(),
-                                        [eventId](const WindowEvent& row) { return row.eventId == eventId; });
-        if (found != m_events.end()) m_scroll.value = static_cast<int>(found - m_events.begin());
+        if (const auto position = m_events.positionOf(eventId)) m_scroll.value = static_cast<int>(*position);
     });
     if (done) {
         DisplayRecords();
@@ -164,23 +157,11 @@ void Timeline::chooseEvent(qint64 eventId)
     }
 }
 
+/// An event without a start has no place: the window stays where it is. Throws Error.
 void Timeline::showInWindow(qint64 eventId)
 {
-    RecordSet rows = m_session.read(
-        QStringLiteral(
-            "SELECT EventName, StartDate, EndDate, StartTime, EndTime FROM Event WHERE EventID = ") +
-        QString::number(eventId));
-    if (!rows.next()) return;
-    const auto held = [&rows](QStringView column) { return std::string(rows.held(rows.column(column))); };
-    const WindowEvent event{eventId,
-                            rows.text(rows.column(u"EventName")),
-                            false,
-                            held(u"StartDate"),
-                            held(u"StartTime"),
-                            held(u"EndDate"),
-                            held(u"EndTime")};
-    // an event without a date has no place to go to
-    if (!event.startDate.empty()) m_window.showEvent(event.start(), event.end());
+    const auto event = readEvent(m_session, eventId);
+    if (event && !event->startDate.empty()) m_window.showEvent(event->start(), event->end());
 }
 
 void Timeline::selectEvent(qint64 eventId)
@@ -191,11 +172,10 @@ void Timeline::selectEvent(qint64 eventId)
 
 void Timeline::showSelected()
 {
-    // what cannot be drawn was reported when it was to be seen first
+    // what cannot be drawn was reported when its window was first drawn
     try {
         drawLanes();
     } catch (const std::exception&) {
-        return;
     }
 }
 
@@ -208,7 +188,7 @@ std::array<QString, Timeline::captionCount> Timeline::captions() const
     return texts;
 }
 
-/// Shows the events of a window that was moved. If they cannot be read, the window goes back.
+/// Shows the events of the window after a move; if they cannot be read, moves back.
 void Timeline::refresh(const TimeWindow& before)
 {
     positionScale();
@@ -221,7 +201,7 @@ void Timeline::goBackTo(const TimeWindow& before)
     positionScale();
 }
 
-/// Lays the ruler behind the window; at a level that has none, it stays where it is.
+/// Lays the ruler out for the window. At a level that has none, the ruler stays as it is.
 void Timeline::positionScale()
 {
     const int level = m_window.zoomFactor();
@@ -251,39 +231,14 @@ bool Timeline::searchByTimeConstraint()
 /// Reads the events of the window. Throws Error; then those read before stay.
 void Timeline::search()
 {
-    if (showsEvents()) take(readWindow());
+    if (showsEvents()) take(m_events.read(*m_history.currentQuery(), m_window));
 }
 
-/// The view must be one of events.
-std::vector<WindowEvent> Timeline::readWindow()
-{
-    return readWindowEvents(m_session.read(
-        TimeWindowQuery::inWindow(*m_history.currentQuery(), m_window.currentTime(), m_window.windowEnd())));
-}
-
-/// Takes the events of the window and, if there are none, finds the nearest. Throws Error; then all stays as
-/// it was.
+/// Throws Error; then those before stay.
 void Timeline::take(std::vector<WindowEvent> events)
 {
-    std::optional<NearestEvent> before;
-    std::optional<NearestEvent> after;
-    if (events.empty()) {
-        const SharedQuery view = m_history.currentQuery();
-        before = firstOf(TimeWindowQuery::before(*view, m_window.currentTime()));
-        after = firstOf(TimeWindowQuery::after(*view, m_window.windowEnd()));
-    }
-    m_events = std::move(events);
-    m_before = std::move(before);
-    m_after = std::move(after);
+    m_events.take(std::move(events), *m_history.currentQuery(), m_window);
     m_scroll.value = 0;
-    if (!m_events.empty()) m_hitCount = m_events.size();
-}
-
-std::optional<NearestEvent> Timeline::firstOf(const QString& statement)
-{
-    const auto events = readWindowEvents(m_session.read(statement), 1);
-    if (events.empty()) return std::nullopt;
-    return NearestEvent{events.front().eventId, events.front().eventName, events.front().start()};
 }
 
 void Timeline::DisplayRecords()
@@ -291,15 +246,16 @@ void Timeline::DisplayRecords()
     runProcedure(m_messages, QStringLiteral("DisplayRecords"), [this] { drawLanes(); });
 }
 
-/// Draws the lanes from the event that the scroll bar names. Throws Error; the lanes drawn so far stay.
+/// Draws the lanes from the event at the scroll bar's position on. Throws Error; the lanes drawn so far stay.
 void Timeline::drawLanes()
 {
+    const std::vector<WindowEvent>& events = m_events.events();
     const auto lanes = static_cast<std::size_t>(m_laneCount);
-    m_scroll.isShown = lanes < m_events.size();
-    m_scroll.max = m_scroll.isShown ? static_cast<int>(m_events.size() - lanes) : 0;
+    m_scroll.isShown = lanes < events.size();
+    m_scroll.max = m_scroll.isShown ? static_cast<int>(events.size() - lanes) : 0;
     m_scroll.value = std::clamp(m_scroll.value, 0, m_scroll.max);
     m_lanes.clear();
     const std::optional<qint64> selected = showsEvents() ? m_history.selected() : std::nullopt;
-    TimelineLanes::draw(m_window, m_events, static_cast<std::size_t>(m_scroll.value), m_laneCount, selected,
+    TimelineLanes::draw(m_window, events, static_cast<std::size_t>(m_scroll.value), m_laneCount, selected,
                         m_captionWidth, m_lanes);
 }
