@@ -89,8 +89,8 @@ QString largeDatabase(int records)
 
 BenchWindow::BenchWindow(int records)
     : m_settings(QStringLiteral("large.sqlite")),
-      m_platform{m_messages, m_settings, m_fileAttributes, m_files, m_files, m_clock, m_volumes, m_files},
-      m_program(m_platform, ProgramFolder(programFolder(records)), QString())
+      m_platform{m_messages, m_settings, m_fileAttributes, m_files, m_clock, m_volumes, m_files},
+      m_program(m_platform, m_files, ProgramFolder(programFolder(records)), QString())
 {
     m_program.Main();
     m_program.window()->resize(1280, 760);

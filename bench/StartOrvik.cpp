@@ -66,7 +66,7 @@ int main(int argc, char** argv)
     SystemClock clock;
     SystemVolumes volumes;
     DesktopShell shell; // as in the program, with all that it links
-    Main_Mod program({messages, settings, fileAttributes, files, files, clock, volumes, shell},
+    Main_Mod program({messages, settings, fileAttributes, files, clock, volumes, shell}, files,
                      ProgramFolder(QString::fromLocal8Bit(argv[1])), QString());
     program.Main();
     if (argc > 2) {

@@ -20,8 +20,12 @@ QString firstDatabase(const QString& dataFolder)
 
 } // namespace
 
-Main_Mod::Main_Mod(const Platform& platform, ProgramFolder folder, QString sampleFolder)
-    : m_platform(platform), m_state(std::move(folder)), m_sampleFolder(std::move(sampleFolder))
+Main_Mod::Main_Mod(const Platform& platform, DatabaseConverter& converter, ProgramFolder folder,
+                   QString sampleFolder)
+    : m_platform(platform),
+      m_state(std::move(folder)),
+      m_opener(platform, converter, m_state.folder, m_state.session),
+      m_sampleFolder(std::move(sampleFolder))
 {
 }
 
@@ -35,7 +39,7 @@ void Main_Mod::Main()
         splash.showAtOnce();
         // without a program folder there is a window all the same, and it says what it cannot open
         const bool hasFolder = runProcedure(m_platform.messages, name, [this] { prepareProgramFolder(); });
-        m_window = std::make_unique<frmMain>(m_platform, m_state);
+        m_window = std::make_unique<frmMain>(m_platform, m_opener, m_state);
         m_window->load(hasFolder);
         splash.close();
         m_window->show();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "opening/DatabaseOpener.h"
 #include "platform/Platform.h"
 #include "state/ProgramState.h"
 
@@ -12,8 +13,10 @@ class frmMain;
 class Main_Mod
 {
 public:
-    /// `sampleFolder` is what a new program folder is filled from.
-    Main_Mod(const Platform& platform, ProgramFolder folder, QString sampleFolder);
+    /// `sampleFolder` is what a new program folder is filled from. The converter, like the doors of the
+    /// platform, must outlive this object.
+    Main_Mod(const Platform& platform, DatabaseConverter& converter, ProgramFolder folder,
+             QString sampleFolder);
     ~Main_Mod();
     Main_Mod(const Main_Mod&) = delete;
     Main_Mod& operator=(const Main_Mod&) = delete;
@@ -29,6 +32,7 @@ private:
 
     Platform m_platform;
     ProgramState m_state;
+    DatabaseOpener m_opener;
     QString m_sampleFolder;
     std::unique_ptr<frmMain> m_window;
 };

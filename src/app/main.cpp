@@ -38,7 +38,7 @@ int main(int argc, char** argv)
     const ProgramFolder::Surroundings surroundings{
         qEnvironmentVariable("ORVIK_HOME"), QCoreApplication::applicationDirPath(),
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)};
-    Main_Mod program({messages, settings, fileAttributes, fileDialogs, converter, clock, volumes, shell},
+    Main_Mod program({messages, settings, fileAttributes, fileDialogs, clock, volumes, shell}, converter,
                      ProgramFolder(ProgramFolder::choose(surroundings)),
                      surroundings.executableFolder + QStringLiteral("/../share/orvik/sample"));
     program.Main();

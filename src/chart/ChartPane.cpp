@@ -1,10 +1,10 @@
 #include "chart/ChartPane.h"
 
 #include "chart/ChartView.h"
+#include "data/DatabaseSession.h"
 #include "platform/Procedure.h"
-#include "state/ProgramState.h"
 #include "util/ReadableLine.h"
-#include "views/ShowOnlyViews.h"
+#include "views/ViewHistory.h"
 
 #include <QGuiApplication>
 #include <QLabel>
@@ -14,10 +14,13 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
-ChartPane::ChartPane(const Platform& platform, ProgramState& state, QWidget* parent)
+ChartPane::ChartPane(DatabaseSession& session, ViewHistory& history, const StandardQueries& queries,
+                     Messages& messages, QWidget* parent)
     : QWidget(parent),
-      m_platform(platform),
-      m_state(state),
+      m_session(session),
+      m_history(history),
+      m_messages(messages),
+      m_showOnly(session, queries),
       m_area(new QScrollArea(this)),
       m_chart(new ChartView(m_area)),
       m_more(new QLabel(this)),
@@ -56,7 +59,7 @@ void ChartPane::drawCharts()
     m_selectedDocType.clear();
     std::vector<DocumentTypeCount> counts;
     try {
-        counts = countDocumentTypes(m_state.session, *m_state.history.currentQuery());
+        counts = countDocumentTypes(m_session, *m_history.currentQuery());
     } catch (const Error&) {
         // the list asks the same of the same data, and tells
     }
@@ -86,8 +89,6 @@ void ChartPane::offerMenu()
 
 void ChartPane::showOnlyType()
 {
-    runProcedure(m_platform.messages, QStringLiteral("popDocTabShowOnlyType"), [this] {
-        m_state.history.addView(
-            ShowOnlyViews(m_state.session, m_state.queries).documentsOfType(m_selectedDocType));
-    });
+    runProcedure(m_messages, QStringLiteral("popDocTabShowOnlyType"),
+                 [this] { m_history.addView(m_showOnly.documentsOfType(m_selectedDocType)); });
 }

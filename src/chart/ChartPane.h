@@ -1,16 +1,17 @@
 #pragma once
 
-#include "platform/Platform.h"
+#include "views/ShowOnlyViews.h"
 
 #include <QPoint>
 #include <QWidget>
 
 class ChartView;
+class Messages;
 class QAction;
 class QLabel;
 class QMenu;
 class QScrollArea;
-struct ProgramState;
+class ViewHistory;
 
 /// The chart beside the list of documents, with its pop-up menu.
 class ChartPane final : public QWidget
@@ -18,8 +19,9 @@ class ChartPane final : public QWidget
     Q_OBJECT
 
 public:
-    /// The program's state must outlive the pane.
-    ChartPane(const Platform& platform, ProgramState& state, QWidget* parent);
+    /// The references must outlive the pane.
+    ChartPane(DatabaseSession& session, ViewHistory& history, const StandardQueries& queries,
+              Messages& messages, QWidget* parent);
     ~ChartPane() override;
 
     /// Counts the documents of the current view. Where they cannot be counted, the chart is empty; no message
@@ -42,8 +44,10 @@ private:
     void offerMenu();
     void showOnlyType();
 
-    Platform m_platform;
-    ProgramState& m_state;
+    DatabaseSession& m_session;
+    ViewHistory& m_history;
+    Messages& m_messages;
+    ShowOnlyViews m_showOnly;
     QScrollArea* m_area;
     ChartView* m_chart;
     QLabel* m_more; ///< says how many types have no bar

@@ -5,44 +5,34 @@
 #include "widgets/PlainToolTip.h"
 
 #include <QAccessible>
-#include <QBarCategoryAxis>
-#include <QBarSeries>
-#include <QBarSet>
 #include <QFontMetrics>
 #include <QGraphicsLayout>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QToolTip>
-#include <QValueAxis>
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
-constexpr double widestShare = 0.7; ///< that a bar takes of its slot
-constexpr double widestBar = 90;    ///< pixels
+constexpr double widestShare = 0.7; ///< of its slot that a bar takes
+
+// pixels
+constexpr double widestBar = 90;
 constexpr int pixelsPerStep = 36;
-constexpr int mostSteps = 10;
 constexpr int besideAxis = 26; ///< the margins on both sides, and the ticks
-constexpr int titleRoom = 48;  ///< for the title and the margins
+constexpr int titleRoom = 48;  ///< with the margins above and below
 constexpr int titleTop = 4;
 constexpr int lowestPlot = 60;
 constexpr int lowestHeight = 150;
-constexpr int nameGap = 8;
-constexpr int widestTurnedSlot = 100;
-constexpr double shareForNames = 0.4; ///< of the height, at most
-constexpr int allDigits = 15;
+
+constexpr int mostSteps = 10;
 
 } // namespace
 
-ChartView::ChartView(QWidget* parent)
-    : QChartView(parent),
-      m_bars(new QBarSet(QString())),
-      m_series(new QBarSeries(this)),
-      m_names(new QBarCategoryAxis(this)),
-      m_axis(new QValueAxis(this))
+ChartView::ChartView(QWidget* parent) : QChartView(parent), m_bars(*chart())
 {
     AccessibleItems::install();
     setObjectName(QStringLiteral("MSChart1"));
@@ -54,25 +44,11 @@ ChartView::ChartView(QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
-    m_series->append(m_bars);
-    m_series->setLabelsVisible(true);
-    m_series->setLabelsPosition(QAbstractBarSeries::LabelsOutsideEnd);
-    m_series->setLabelsPrecision(allDigits);
-    m_axis->setLabelFormat(QStringLiteral("%d"));
-    m_axis->setTickType(QValueAxis::TicksDynamic);
-    m_names->setGridLineVisible(false);
-    m_names->setLabelsVisible(false);
-
-    chart()->addSeries(m_series);
-    chart()->addAxis(m_names, Qt::AlignBottom);
-    chart()->addAxis(m_axis, Qt::AlignLeft);
-    m_series->attachAxis(m_names);
-    m_series->attachAxis(m_axis);
     chart()->setTitle(tr("Documents by Type"));
     chart()->legend()->hide();
     chart()->setBackgroundRoundness(0);
     chart()->layout()->setContentsMargins(0, 0, 0, 0);
-    // the names stand below the plot, wherever the chart's own layout puts it
+    // the names are written below the plot, wherever the chart's layout puts it
     connect(chart(), &QChart::plotAreaChanged, viewport(), qOverload<>(&QWidget::update));
     applyPalette();
 }
@@ -81,14 +57,7 @@ void ChartView::setCounts(std::vector<DocumentTypeCount> counts)
 {
     m_counts = std::move(counts);
     m_current.reset();
-    m_bars->remove(0, m_bars->count());
-    m_bars->deselectAllBars();
-    QList<qreal> values;
-    for (const DocumentTypeCount& count : m_counts)
-        values << static_cast<double>(count.documents);
-    m_bars->append(values);
-    for (QAbstractAxis* axis : {static_cast<QAbstractAxis*>(m_names), static_cast<QAbstractAxis*>(m_axis)})
-        axis->setVisible(!m_counts.empty());
+    m_bars.setCounts(m_counts);
     applyMinimumSize();
     layOut();
     QAccessibleTableModelChangeEvent changed(this, QAccessibleTableModelChangeEvent::ModelReset);
@@ -101,7 +70,7 @@ qint64 ChartView::highestCount() const
     return highest == m_counts.end() ? 0 : highest->documents;
 }
 
-/// What the axis takes of the width with its numbers, none of which is twice the highest count.
+/// The width that the axis takes with its numbers, none of which is twice the highest count.
 int ChartView::axisRoom() const
 {
     return besideAxis + fontMetrics().horizontalAdvance(QString::number(2 * highestCount()));
@@ -122,66 +91,16 @@ void ChartView::applyMinimumSize()
 
 void ChartView::layOut()
 {
-    layOutNames();
-    QStringList categories;
-    // names are written by this view, since the axis would leave out those that are alike or long
-    for (std::size_t bar = 0; bar < m_counts.size(); ++bar)
-        categories << QString::number(bar);
-    const int plotHeight = std::max(height() - m_nameRoom - titleRoom, lowestPlot);
-    const double numberRoom = static_cast<double>(fontMetrics().height() + 8) / plotHeight;
-    const ChartScale scale = ChartScale::forCounts(
-        highestCount(), std::min(plotHeight / pixelsPerStep, mostSteps), std::min(numberRoom, 0.5));
-    applyScale(scale);
-    if (categories != m_names->categories()) m_names->setCategories(categories);
-    chart()->setMargins(QMargins(4, 4, 8, m_nameRoom));
-    viewport()->update();
-}
-
-/// Makes the axis coarser before it becomes longer and shorter before it becomes finer: in between, a long
-/// axis with small steps would have thousands of numbers.
-void ChartView::applyScale(const ChartScale& scale)
-{
-    const auto top = static_cast<double>(scale.top);
-    const auto step = static_cast<double>(scale.step);
-    if (step > m_axis->tickInterval()) m_axis->setTickInterval(step);
-    m_axis->setRange(0, top);
-    m_axis->setTickInterval(step);
-}
-
-void ChartView::layOutNames()
-{
-    const int count = std::max(static_cast<int>(m_counts.size()), 1);
+    const int count = std::max(accessibleItemCount(), 1);
     const int slot = (width() - axisRoom()) / count;
-    m_series->setBarWidth(std::min(widestShare, widestBar / std::max(slot, 1)));
-    int widest = 0;
-    for (const DocumentTypeCount& type : m_counts)
-        // a pixel more, since the advance is rounded and a name that is cut by a part of one is elided
-        widest = std::max(widest, fontMetrics().horizontalAdvance(readableLine(type.name)) + 1);
-    m_turned = widest > slot - nameGap && slot < widestTurnedSlot;
-    const int longest = static_cast<int>(height() * shareForNames);
-    m_nameRoom = nameGap + (m_turned ? std::min(widest, longest) : fontMetrics().height());
-}
-
-void ChartView::drawNames(QPainter& painter) const
-{
-    painter.setPen(palette().color(QPalette::Text));
-    const double slot = inView(1, 0).x() - inView(0, 0).x();
-    const int room = m_turned ? m_nameRoom - nameGap : static_cast<int>(slot) - nameGap;
-    const double height = fontMetrics().height();
-    for (std::size_t bar = 0; bar < m_counts.size(); ++bar) {
-        const QString name = fontMetrics().elidedText(readableLine(m_counts[bar].name), Qt::ElideRight, room);
-        painter.save();
-        painter.translate(inView(static_cast<double>(bar), 0) + QPointF(0, nameGap));
-        if (m_turned) {
-            constexpr double upwards = -90;
-            painter.rotate(upwards);
-            painter.drawText(QRectF(-room, -height / 2, room, height), Qt::AlignRight | Qt::AlignVCenter,
-                             name);
-        } else {
-            painter.drawText(QRectF(-slot / 2, 0, slot, height), Qt::AlignHCenter | Qt::AlignTop, name);
-        }
-        painter.restore();
-    }
+    m_names.layOut(m_counts, fontMetrics(), slot, height());
+    const int plotHeight = std::max(height() - m_names.room() - titleRoom, lowestPlot);
+    const double numberRoom = static_cast<double>(fontMetrics().height() + 8) / plotHeight;
+    m_bars.layOut(ChartScale::forCounts(highestCount(), std::min(plotHeight / pixelsPerStep, mostSteps),
+                                        std::min(numberRoom, 0.5)),
+                  std::min(widestShare, widestBar / std::max(slot, 1)));
+    chart()->setMargins(QMargins(4, 4, 8, m_names.room()));
+    viewport()->update();
 }
 
 int ChartView::axisWidth() const
@@ -189,7 +108,7 @@ int ChartView::axisWidth() const
     return static_cast<int>(std::ceil(chart()->mapToScene(chart()->plotArea().topLeft()).x()));
 }
 
-/// The title and the axis stay where they are while the bars are scrolled.
+/// Draws the title and the axis, which stay in sight while the bars are scrolled.
 void ChartView::drawStanding(QPainter& painter)
 {
     const QRect sight = viewport()->visibleRegion().boundingRect();
@@ -209,40 +128,25 @@ void ChartView::drawStanding(QPainter& painter)
 /// A point of the chart, by the number of a bar and a value, in the pixels of the view.
 QPointF ChartView::inView(double bar, double value) const
 {
-    return mapFromScene(chart()->mapToScene(chart()->mapToPosition(QPointF(bar, value), m_series)));
+    return mapFromScene(chart()->mapToScene(m_bars.position(bar, value)));
 }
 
 void ChartView::applyPalette()
 {
-    const QColor text = palette().color(QPalette::Text);
-    QColor faint = text;
-    constexpr int faintness = 60;
-    faint.setAlpha(faintness);
     QFont title = font();
     title.setBold(true);
     chart()->setTitleFont(title);
-    // its place is over the middle of the whole chart; this view draws it over the middle of what is in sight
+    // the chart keeps room for its title; this view draws it, over the middle of what is in sight
     chart()->setTitleBrush(Qt::transparent);
     chart()->setBackgroundBrush(palette().color(QPalette::Base));
-    m_bars->setColor(palette().color(QPalette::Highlight));
-    m_bars->setSelectedColor(palette().color(QPalette::Highlight).darker());
-    m_bars->setBorderColor(Qt::transparent);
-    m_bars->setLabelColor(text);
-    m_bars->setLabelFont(font());
-    for (QAbstractAxis* axis : {static_cast<QAbstractAxis*>(m_names), static_cast<QAbstractAxis*>(m_axis)}) {
-        axis->setLabelsFont(font());
-        axis->setLabelsColor(text);
-        axis->setLinePenColor(faint);
-        axis->setGridLineColor(faint);
-    }
+    m_bars.setColours(palette(), font());
 }
 
 void ChartView::setCurrentBar(std::optional<int> bar)
 {
-    m_bars->deselectAllBars();
     m_current = bar;
+    m_bars.mark(bar);
     if (!bar) return;
-    m_bars->selectBar(*bar);
     QAccessibleEvent focused(this, QAccessible::Focus);
     focused.setChild(*bar);
     QAccessible::updateAccessibility(&focused);
@@ -251,7 +155,7 @@ void ChartView::setCurrentBar(std::optional<int> bar)
 QRect ChartView::barRect(int bar) const
 {
     const double value = static_cast<double>(m_counts.at(static_cast<std::size_t>(bar)).documents);
-    const double half = m_series->barWidth() / 2;
+    const double half = m_bars.barWidth() / 2;
     const QRect plain(inView(bar - half, value).toPoint(), inView(bar + half, 0).toPoint());
     return plain.adjusted(0, -fontMetrics().height() - 2, 0, 0);
 }
@@ -260,7 +164,7 @@ std::optional<int> ChartView::barAt(QPoint position) const
 {
     if (m_counts.empty()) return std::nullopt;
     const QPointF inChart = chart()->mapFromScene(mapToScene(position));
-    const int bar = static_cast<int>(std::lround(chart()->mapToValue(inChart, m_series).x()));
+    const int bar = m_bars.slotAt(inChart);
     if (bar < 0 || bar >= accessibleItemCount()) return std::nullopt;
     const QRectF plot = chart()->plotArea();
     if (inChart.x() < plot.left() || inChart.x() > plot.right()) return std::nullopt;
@@ -284,7 +188,7 @@ void ChartView::mousePressEvent(QMouseEvent* event)
     Q_EMIT barSelected(*bar, event->button(), event->globalPosition().toPoint());
 }
 
-// the chart's own items are not for the mouse
+// the items of the chart get no mouse events
 
 void ChartView::mouseReleaseEvent(QMouseEvent* /*event*/) {}
 
@@ -297,7 +201,7 @@ void ChartView::mouseMoveEvent(QMouseEvent* /*event*/) {}
 
 void ChartView::wheelEvent(QWheelEvent* event)
 {
-    // left to the area that scrolls the chart
+    // the area around the chart scrolls it
     event->ignore();
 }
 
@@ -328,12 +232,12 @@ void ChartView::goToBar(int bar)
     if (m_counts.empty()) return;
     setCurrentBar(bar);
     Q_EMIT barSelected(bar, Qt::NoButton, viewport()->mapToGlobal(barRect(bar).center()));
-    // where the bar is once it has been scrolled to
+    // the bar may have been scrolled into sight
     const QPoint position = viewport()->mapToGlobal(barRect(bar).center());
     QToolTip::showText(position, PlainToolTip::text(accessibleItemName(bar)), this);
 }
 
-/// The menu key, or whatever opens a menu from the keyboard. The mouse has opened its menu when it went down.
+/// For the keyboard alone: a mouse button opens the menu when it is pressed.
 void ChartView::contextMenuEvent(QContextMenuEvent* event)
 {
     if (event->reason() != QContextMenuEvent::Keyboard || !m_current) return;
@@ -357,7 +261,7 @@ void ChartView::resizeEvent(QResizeEvent* event)
 {
     QChartView::resizeEvent(event);
     layOut();
-    // the base has asked for all that the chart took, with the names as they stood before
+    // the base class took the minimum of the chart with the names as they were laid out before
     applyMinimumSize();
 }
 
@@ -378,7 +282,9 @@ void ChartView::paintEvent(QPaintEvent* event)
         painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
                          tr("No documents of any type."));
     } else {
-        drawNames(painter);
+        painter.setPen(palette().color(QPalette::Text));
+        m_names.draw(painter, fontMetrics(), inView(1, 0).x() - inView(0, 0).x(),
+                     [this](int bar) { return inView(bar, 0); });
     }
     drawStanding(painter);
     if (!hasFocus()) return;

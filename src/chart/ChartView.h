@@ -1,5 +1,7 @@
 #pragma once
 
+#include "chart/BarNames.h"
+#include "chart/ChartBars.h"
 #include "chart/DocumentTypeCounts.h"
 #include "widgets/AccessibleItems.h"
 
@@ -8,14 +10,8 @@
 #include <optional>
 #include <vector>
 
-class QBarCategoryAxis;
-class QBarSeries;
-class QBarSet;
-class QValueAxis;
-struct ChartScale;
-
-/// The bar chart of documents by type. Names stand below their bars, turned where they are many; where even
-/// that is too narrow, the chart asks for more width than its pane has and is scrolled.
+/// The bar chart of documents by type, and what the mouse and the keyboard do on it. If its bars are too many
+/// for the width of its pane, the chart asks for more and is scrolled.
 class ChartView final : public QChartView, public AccessibleItems
 {
     Q_OBJECT
@@ -64,9 +60,6 @@ private:
     void applyPalette();
     void applyMinimumSize();
     void layOut();
-    void layOutNames();
-    void applyScale(const ChartScale& scale);
-    void drawNames(QPainter& painter) const;
     void drawStanding(QPainter& painter);
     [[nodiscard]] qint64 highestCount() const;
     [[nodiscard]] int axisRoom() const;
@@ -76,10 +69,6 @@ private:
 
     std::vector<DocumentTypeCount> m_counts;
     std::optional<int> m_current;
-    bool m_turned = false; ///< the names are written upwards
-    int m_nameRoom = 0;    ///< pixels below the bars
-    QBarSet* m_bars;       ///< owned by the series
-    QBarSeries* m_series;
-    QBarCategoryAxis* m_names;
-    QValueAxis* m_axis;
+    ChartBars m_bars;
+    BarNames m_names;
 };

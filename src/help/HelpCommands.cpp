@@ -2,7 +2,6 @@
 
 #include "help/frmAbout.h"
 #include "platform/Procedure.h"
-#include "state/ProgramState.h"
 #include "widgets/IconSet.h"
 
 #include <QAction>
@@ -13,16 +12,17 @@
 #include <QMenuBar>
 #include <QToolBar>
 
-HelpCommands::HelpCommands(QMainWindow& window, QToolBar& toolBar, const Platform& platform,
-                           ProgramState& state)
+HelpCommands::HelpCommands(QMainWindow& window, QToolBar& toolBar, DatabaseSession& session,
+                           const ProgramFolder& folder, Shell& shell, Messages& messages)
     : QObject(&window),
       mnuHelpContents(nullptr),
       mnuSearchForHelpOn(nullptr),
       mnuHelpAbout(nullptr),
       m_window(window),
-      m_platform(platform),
-      m_state(state),
-      m_help(state.folder, platform.shell)
+      m_session(session),
+      m_shell(shell),
+      m_messages(messages),
+      m_help(folder, shell)
 {
     makeMenu();
     makeButton(toolBar);
@@ -76,12 +76,12 @@ void HelpCommands::makeButton(QToolBar& toolBar)
 
 void HelpCommands::open(const QString& procedure, HelpChapter chapter)
 {
-    runProcedure(m_platform.messages, procedure, [&] { m_help.open(chapter); });
+    runProcedure(m_messages, procedure, [&] { m_help.open(chapter); });
 }
 
 void HelpCommands::showAbout()
 {
-    frmAbout about(m_state.session, m_platform.shell, &m_window);
+    frmAbout about(m_session, m_shell, &m_window);
     about.exec();
 }
 

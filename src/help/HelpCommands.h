@@ -1,14 +1,14 @@
 #pragma once
 
 #include "help/HelpFile.h"
-#include "platform/Platform.h"
 
 #include <QObject>
 
+class DatabaseSession;
+class Messages;
 class QAction;
 class QMainWindow;
 class QToolBar;
-struct ProgramState;
 
 /// The Help menu with its commands, the toolbar's Help button, and the F1 key in the dialogs, which opens the
 /// chapter about the dialog. Lives as long as the main window.
@@ -17,8 +17,10 @@ class HelpCommands final : public QObject
     Q_OBJECT
 
 public:
-    /// Adds the menu and the button behind those that the window has. The state must outlive the window.
-    HelpCommands(QMainWindow& window, QToolBar& toolBar, const Platform& platform, ProgramState& state);
+    /// Adds the menu and the button behind those that the window has. `session` is the one that the about box
+    /// tells of, `folder` that of the guide. The references must outlive the window.
+    HelpCommands(QMainWindow& window, QToolBar& toolBar, DatabaseSession& session,
+                 const ProgramFolder& folder, Shell& shell, Messages& messages);
     ~HelpCommands() override;
 
     QAction* mnuHelpContents;
@@ -36,7 +38,8 @@ private:
     void showAbout();
 
     QMainWindow& m_window;
-    Platform m_platform;
-    ProgramState& m_state;
+    DatabaseSession& m_session;
+    Shell& m_shell;
+    Messages& m_messages;
     HelpFile m_help;
 };

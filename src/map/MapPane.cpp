@@ -1,10 +1,10 @@
 #include "map/MapPane.h"
 
+#include "files/ProgramFolder.h"
 #include "map/MapLegend.h"
 #include "map/MapView.h"
 #include "platform/Procedure.h"
-#include "state/ProgramState.h"
-#include "views/ShowOnlyViews.h"
+#include "views/ViewHistory.h"
 #include "widgets/IconSet.h"
 #include "widgets/WaitCursor.h"
 
@@ -27,11 +27,14 @@ QString menuText(QString text)
 
 } // namespace
 
-MapPane::MapPane(const Platform& platform, ProgramState& state, QWidget* parent)
+MapPane::MapPane(DatabaseSession& session, ViewHistory& history, const StandardQueries& queries,
+                 const ProgramFolder& folder, Messages& messages, QWidget* parent)
     : QWidget(parent),
-      m_platform(platform),
-      m_state(state),
-      m_places(state.session),
+      m_history(history),
+      m_folder(folder),
+      m_messages(messages),
+      m_places(session),
+      m_showOnly(session, queries),
       m_layout(new QBoxLayout(QBoxLayout::TopToBottom)),
       m_tools(new QToolBar(this)),
       m_toolGroup(new QActionGroup(this)),
@@ -111,19 +114,19 @@ void MapPane::makeMenu()
 void MapPane::drawMap()
 {
     const QString procedure = QStringLiteral("drawMap");
-    const bool isRead = runProcedure(m_platform.messages, procedure, [this] {
+    const bool isRead = runProcedure(m_messages, procedure, [this] {
         const WaitCursor wait;
-        m_places.read(m_state.history.currentQuery());
+        m_places.read(m_history.currentQuery());
     });
     showPlaces();
     showSelected();
     // a view that is read again stays where the user has moved it
-    if (isRead && m_shownView != m_state.history.current()) {
-        m_shownView = m_state.history.current();
+    if (isRead && m_shownView != m_history.current()) {
+        m_shownView = m_history.current();
         m_map->ringed() ? m_map->showEntry(*m_map->ringed()) : m_map->goToPlaces();
     }
     // the markers are there when the message of a missing layer comes
-    runProcedure(m_platform.messages, procedure, [this] { addStatesLayer(); });
+    runProcedure(m_messages, procedure, [this] { addStatesLayer(); });
 }
 
 void MapPane::clearMap()
@@ -143,19 +146,20 @@ void MapPane::addStatesLayer()
 {
     if (m_map->hasStates()) return;
     const QString name = QStringLiteral("states.shp");
-    const auto file = m_state.folder.find(ProgramFolders::maps, name);
+    const auto file = m_folder.find(ProgramFolders::maps, name);
     if (!file) {
-        throw Error(ENOENT, tr("There is no map of the states. (%1)")
-                                .arg(m_state.folder.machinePath(ProgramFolders::maps) + name));
+        throw Error(
+            ENOENT,
+            tr("There is no map of the states. (%1)").arg(m_folder.machinePath(ProgramFolders::maps) + name));
     }
     m_map->setStates(StatesLayer(ShapeFile::read(*file)));
 }
 
 void MapPane::showSelected()
 {
-    const std::optional<qint64> selected = m_state.history.selected();
+    const std::optional<qint64> selected = m_history.selected();
     std::optional<std::size_t> entry;
-    runProcedure(m_platform.messages, QStringLiteral("ringOrganization"), [&] {
+    runProcedure(m_messages, QStringLiteral("ringOrganization"), [&] {
         if (selected) entry = m_places.entryOf(*selected);
     });
     m_map->setRinged(entry);
@@ -169,7 +173,7 @@ void MapPane::goToSelected()
 
 void MapPane::choose(std::size_t entry)
 {
-    runProcedure(m_platform.messages, QStringLiteral("Map1_MouseDown"), [&] {
+    runProcedure(m_messages, QStringLiteral("Map1_MouseDown"), [&] {
         std::vector<qint64> identifiers;
         for (const PlacedOrganization& organization : m_places.organizationsAt(entry, false))
             identifiers.push_back(organization.identifier);
@@ -191,10 +195,9 @@ void MapPane::showMenu(std::size_t entry, const QPoint& position)
 
 void MapPane::showOnly(const QString& procedure, bool city)
 {
-    runProcedure(m_platform.messages, procedure, [&] {
-        const ShowOnlyViews views(m_state.session, m_state.queries);
-        m_state.history.addView(city ? views.organizationsOfCity(m_menuPlace)
-                                     : views.organizationsOfState(m_menuPlace));
+    runProcedure(m_messages, procedure, [&] {
+        m_history.addView(city ? m_showOnly.organizationsOfCity(m_menuPlace)
+                               : m_showOnly.organizationsOfState(m_menuPlace));
     });
 }
 

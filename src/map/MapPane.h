@@ -1,7 +1,7 @@
 #pragma once
 
 #include "map/OrganizationPlaces.h"
-#include "platform/Platform.h"
+#include "views/ShowOnlyViews.h"
 
 #include <QWidget>
 
@@ -15,7 +15,9 @@ class QActionGroup;
 class QBoxLayout;
 class QMenu;
 class QToolBar;
-struct ProgramState;
+class Messages;
+class ProgramFolder;
+class ViewHistory;
 
 /// The map beside the list of organizations, with its tools, its legend and its pop-up menu.
 class MapPane final : public QWidget
@@ -23,8 +25,9 @@ class MapPane final : public QWidget
     Q_OBJECT
 
 public:
-    /// The program's state must outlive the pane.
-    MapPane(const Platform& platform, ProgramState& state, QWidget* parent);
+    /// The references must outlive the pane. The states are read from `folder`.
+    MapPane(DatabaseSession& session, ViewHistory& history, const StandardQueries& queries,
+            const ProgramFolder& folder, Messages& messages, QWidget* parent);
     ~MapPane() override;
 
     /// Draws the places of the current view and rings that of its selected organization. For another view
@@ -65,9 +68,11 @@ private:
     void showOnly(const QString& procedure, bool city);
     [[nodiscard]] QString description(std::size_t entry);
 
-    Platform m_platform;
-    ProgramState& m_state;
+    ViewHistory& m_history;
+    const ProgramFolder& m_folder;
+    Messages& m_messages;
     OrganizationPlaces m_places;
+    ShowOnlyViews m_showOnly;
     std::size_t m_shownView = 0; ///< its position in the history; 0 before the first
     clsCities m_menuPlace;       ///< what the pop-up menu acts on
     QBoxLayout* m_layout;

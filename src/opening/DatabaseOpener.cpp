@@ -1,13 +1,17 @@
 #include "opening/DatabaseOpener.h"
 
+#include "data/DatabaseSession.h"
 #include "files/DatabaseFile.h"
+#include "files/ProgramFolder.h"
+#include "opening/DatabaseConverter.h"
 #include "platform/FileAttributes.h"
 #include "platform/Messages.h"
 #include "platform/StdREG.h"
-#include "state/ProgramState.h"
 #include "util/Error.h"
 
 #include <QFileInfo>
+
+#include <cerrno>
 
 namespace {
 
@@ -25,33 +29,39 @@ QString convertedName(const QString& accessFile)
 
 QString DatabaseOpener::dataPath(const QString& name) const
 {
-    return m_state.folder.machinePath(ProgramFolders::data + name);
+    return m_folder.machinePath(ProgramFolders::data + name);
 }
 
 void DatabaseOpener::openNamed()
 {
     const QString name = StdREG(m_platform.settings).GetRegString(QString(), settingName());
-    m_state.databasePath = m_state.folder.find(ProgramFolders::data, name).value_or(dataPath(name));
-    if (kindOfDatabaseFile(m_state.databasePath) == DatabaseFileKind::Access) {
-        const QString source = m_state.databasePath;
-        m_state.databasePath = dataPath(convertedName(name));
-        const bool exists = QFileInfo::exists(m_state.databasePath);
-        const bool replace =
-            exists && m_platform.messages.ask(
-                          QStringLiteral("%1 was converted before, to %2.\n\nDo you want to convert it "
-                                         "again and replace that database? Whatever was added to it "
-                                         "since is then lost. No opens it as it is.")
-                              .arg(name, convertedName(name)),
-                          Question::Loss);
-        if (!exists || replace) {
-            if (!convert(source, m_state.databasePath, replace)) {
-                throw Error(ECANCELED, QStringLiteral("The conversion was cancelled. (%1)").arg(source));
-            }
-        }
-        nameInSettings(m_state.databasePath);
+    QString file = m_folder.find(ProgramFolders::data, name).value_or(dataPath(name));
+    if (kindOfDatabaseFile(file) == DatabaseFileKind::Access) {
+        file = convertNamed(name, file);
+        nameInSettings(file);
     }
-    open(m_state.databasePath);
-    m_state.session.requireWritable();
+    open(file);
+    m_session.requireWritable();
+}
+
+/// Converts the Access file that the settings name, unless that was done before and the user keeps it.
+/// Returns the database. Throws Error.
+QString DatabaseOpener::convertNamed(const QString& name, const QString& source)
+{
+    const QString target = dataPath(convertedName(name));
+    const bool exists = QFileInfo::exists(target);
+    const bool replace =
+        exists &&
+        m_platform.messages.ask(QStringLiteral("%1 was converted before, to %2.\n\nDo you want to convert it "
+                                               "again and replace that database? Whatever was added to it "
+                                               "since is then lost. No opens it as it is.")
+                                    .arg(name, convertedName(name)),
+                                Question::Loss);
+    const bool isNeeded = !exists || replace;
+    if (isNeeded && !convert(source, target, replace)) {
+        throw Error(ECANCELED, QStringLiteral("The conversion was cancelled. (%1)").arg(source));
+    }
+    return target;
 }
 
 bool DatabaseOpener::openChosen(const QString& file)
@@ -61,29 +71,32 @@ bool DatabaseOpener::openChosen(const QString& file)
         dataPath(kind == DatabaseFileKind::Access ? convertedName(file) : QFileInfo(file).fileName());
     const bool inPlace = QFileInfo(file).canonicalFilePath() == QFileInfo(target).canonicalFilePath();
     const bool replace = !inPlace && QFileInfo::exists(target);
-    if (replace && !m_platform.messages.ask(
-                       QStringLiteral("The data folder holds a database %1 already.\n\nDo you want to "
-                                      "replace it? What it holds is then lost.")
-                           .arg(QFileInfo(target).fileName()),
-                       Question::Loss)) {
-        return false;
-    }
+    if (replace && !mayReplace(target)) return false;
     if (kind == DatabaseFileKind::Access) {
         if (!convert(file, target, replace)) return false;
     } else if (!inPlace) {
         copyDatabase(file, target);
     }
     open(target);
-    m_state.databasePath = target;
     nameInSettings(target);
-    m_state.session.requireWritable();
+    m_session.requireWritable();
     return true;
 }
 
+bool DatabaseOpener::mayReplace(const QString& target)
+{
+    return m_platform.messages.ask(
+        QStringLiteral("The data folder holds a database %1 already.\n\nDo you want to "
+                       "replace it? What it holds is then lost.")
+            .arg(QFileInfo(target).fileName()),
+        Question::Loss);
+}
+
+/// Converts a file and tells the user what came of it; false if the user cancelled it. Throws Error.
 bool DatabaseOpener::convert(const QString& source, const QString& target, bool replace)
 {
     using End = DatabaseConverter::Result::End;
-    const DatabaseConverter::Result result = m_platform.converter.convert(source, target, replace);
+    const DatabaseConverter::Result result = m_converter.convert(source, target, replace);
     if (result.end == End::Cancelled) return false;
     if (result.end == End::Failed) {
         throw Error(result.status, QStringLiteral("%1 (%2)").arg(result.error, source));
@@ -98,7 +111,7 @@ bool DatabaseOpener::convert(const QString& source, const QString& target, bool 
 void DatabaseOpener::open(const QString& file)
 {
     m_platform.fileAttributes.makeWritable(file);
-    m_state.session.open(file);
+    m_session.open(file);
 }
 
 void DatabaseOpener::nameInSettings(const QString& file)

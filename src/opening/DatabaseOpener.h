@@ -1,35 +1,44 @@
 #pragma once
 
-#include "opening/DatabaseConverter.h"
 #include "platform/Platform.h"
 
 #include <QString>
 
-struct ProgramState;
+class DatabaseConverter;
+class DatabaseSession;
+class ProgramFolder;
 
-/// Opens the database that the settings name, or one that the user chose: an Access file is converted first,
-/// once, and what lies outside the data folder is brought into it. Nothing there is replaced unasked.
+/// Opens the database that the settings name, or one that the user chose. An Access file is converted first,
+/// once; a file from outside the data folder is copied into it. Nothing there is replaced unasked.
 class DatabaseOpener
 {
 public:
-    /// Both must outlive the opener.
-    DatabaseOpener(const Platform& platform, ProgramState& state) : m_platform(platform), m_state(state) {}
+    /// The references, and the doors of the platform, must outlive the opener.
+    DatabaseOpener(const Platform& platform, DatabaseConverter& converter, const ProgramFolder& folder,
+                   DatabaseSession& session)
+        : m_platform(platform), m_converter(converter), m_folder(folder), m_session(session)
+    {
+    }
 
-    /// Opens what `DBFile` names. Throws Error; then no database is open, or, where it can be read only, it
-    /// is open all the same.
+    /// Opens what `DBFile` names. Throws Error; then no database is open, unless the error is that it can
+    /// only be read.
     void openNamed();
 
-    /// Opens a file that the user chose and names it in the settings; false where the user changed their
-    /// mind. Throws Error; then what was open stays open, or, where the file can be read only, the file is
-    /// open and named all the same.
+    /// Opens a file that the user chose and names it in the settings; false if the user changed their mind.
+    /// Throws Error; then the database before stays open, unless the error is that the file can only be read:
+    /// such a file is open and named.
     bool openChosen(const QString& file);
 
 private:
     [[nodiscard]] QString dataPath(const QString& name) const;
-    bool convert(const QString& source, const QString& target, bool replace);
+    [[nodiscard]] QString convertNamed(const QString& name, const QString& source);
+    [[nodiscard]] bool mayReplace(const QString& target);
+    [[nodiscard]] bool convert(const QString& source, const QString& target, bool replace);
     void open(const QString& file);
     void nameInSettings(const QString& file);
 
     Platform m_platform;
-    ProgramState& m_state;
+    DatabaseConverter& m_converter;
+    const ProgramFolder& m_folder;
+    DatabaseSession& m_session;
 };

@@ -1,7 +1,6 @@
 #pragma once
 
 class Clock;
-class DatabaseConverter;
 class FileAttributes;
 class FileDialogs;
 class Messages;
@@ -16,7 +15,6 @@ struct Platform
     SettingsStore& settings;
     FileAttributes& fileAttributes;
     FileDialogs& fileDialogs;
-    DatabaseConverter& converter;
     Clock& clock;
     Volumes& volumes;
     Shell& shell;

@@ -15,6 +15,5 @@ struct ProgramState
     ViewHistory history;
     StandardQueries queries;
     ProgramFolder folder;
-    QString databasePath;
     DatabaseSession session;
 };

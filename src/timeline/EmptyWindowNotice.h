@@ -1,6 +1,6 @@
 #pragma once
 
-#include "timeline/Timeline.h"
+#include "timeline/VisibleEvents.h"
 
 #include <QWidget>
 

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "platform/Platform.h"
 #include "timeline/TimeWindow.h"
 #include "timeline/TimelineLanes.h"
 #include "timeline/TimelineRuler.h"
-#include "timeline/WindowEvents.h"
+#include "timeline/VisibleEvents.h"
 
 #include <QString>
 
@@ -12,18 +11,12 @@
 #include <optional>
 #include <vector>
 
-struct ProgramState;
-struct SQLObject;
+class Clock;
+class DatabaseSession;
+class Messages;
+class ViewHistory;
 
-/// An event to go to from a window that shows none.
-struct NearestEvent
-{
-    qint64 eventId = 0;
-    QString eventName;
-    Moment start = 0;
-};
-
-/// The lane scroll bar: hidden while all events of the window have a lane.
+/// The lane scroll bar, hidden if all events of the window have a lane.
 struct LaneScroll
 {
     int value = 0; ///< the position of the event in the first lane
@@ -32,27 +25,29 @@ struct LaneScroll
 };
 
 /// The timeline of the events in the current view: its state, what each of its handlers does to it, and what
-/// there is to see afterwards. Lives as long as the main window, which shows it.
+/// it then shows. Lives as long as the main window.
 class Timeline
 {
 public:
     static constexpr std::size_t captionCount = 4;
 
-    /// Platform and state must outlive the timeline. `captionWidth` measures the captions of the lanes,
+    /// The four references must outlive the timeline. `captionWidth` measures the captions of the lanes,
     /// `labelWidth` the labels of the ruler.
-    Timeline(const Platform& platform, ProgramState& state, TextWidth captionWidth, LabelWidth labelWidth);
+    Timeline(DatabaseSession& session, ViewHistory& history, const Clock& clock, Messages& messages,
+             TextWidth captionWidth, LabelWidth labelWidth);
 
-    /// Begins anew on the database that is open.
+    /// Starts afresh on the database that is open.
     void mainLoad();
 
-    /// Shows the events of the current view; failures are the list's to report, which reads the same view.
+    /// Shows the events of the current view. A failure to read them is not reported: the list reads the same
+    /// view and reports it.
     void drawTimeline();
 
-    /// After an event was saved: reads the limits again and moves to the event's start. Where it has none,
-    /// the window stays where it is, or as near as the limits allow.
+    /// Reads the limits again after an event was saved, and moves to its start. If it has none, the window
+    /// stays where it is, or as near as the limits allow.
     void updateTimeline(std::optional<Moment> savedStart);
 
-    /// The picture has another size, in units.
+    /// Takes the new size of the picture, in units.
     void resize(int width, int height);
 
     void NavBeginning();
@@ -64,16 +59,16 @@ public:
     void ZoomIn();
     void ZoomOut();
 
-    /// The lane scroll bar was moved to a value.
+    /// Shows the lanes from the event at a position on.
     void VScroll1_Change(int value);
 
-    /// An event was chosen in the list: moves to it and selects it.
+    /// Selects an event that was chosen in the list, and moves to it.
     void chooseEvent(qint64 eventId);
 
-    /// An event was clicked on the timeline: selects it.
+    /// Selects an event that was clicked on the timeline.
     void selectEvent(qint64 eventId);
 
-    /// Another event is selected in the view: marks it, or none.
+    /// Marks the event that is selected in the view, or none.
     void showSelected();
 
     [[nodiscard]] const TimeWindow& window() const { return m_window; }
@@ -86,13 +81,16 @@ public:
     [[nodiscard]] std::array<QString, captionCount> captions() const;
 
     /// How many events the last window that was not empty had.
-    [[nodiscard]] std::size_t hitCount() const { return m_hitCount; }
+    [[nodiscard]] std::size_t hitCount() const { return m_events.hitCount(); }
 
-    [[nodiscard]] bool isEmpty() const { return m_events.empty(); }
+    [[nodiscard]] bool isEmpty() const { return m_events.events().empty(); }
 
-    /// The events to go to from an empty window; both are nothing while it is not.
-    [[nodiscard]] const std::optional<NearestEvent>& nearestBefore() const { return m_before; }
-    [[nodiscard]] const std::optional<NearestEvent>& nearestAfter() const { return m_after; }
+    /// The events to go to from an empty window; `std::nullopt` if the window has events.
+    [[nodiscard]] const std::optional<NearestEvent>& nearestBefore() const
+    {
+        return m_events.nearestBefore();
+    }
+    [[nodiscard]] const std::optional<NearestEvent>& nearestAfter() const { return m_events.nearestAfter(); }
 
 private:
     void navigate(void (TimeWindow::*move)());
@@ -101,25 +99,22 @@ private:
     void positionScale();
     bool searchByTimeConstraint();
     void search();
-    [[nodiscard]] std::vector<WindowEvent> readWindow();
     void take(std::vector<WindowEvent> events);
     void DisplayRecords();
     void drawLanes();
     void showInWindow(qint64 eventId);
-    [[nodiscard]] std::optional<NearestEvent> firstOf(const QString& statement);
     [[nodiscard]] bool showsEvents() const;
 
-    Platform m_platform;
-    ProgramState& m_state;
+    DatabaseSession& m_session;
+    ViewHistory& m_history;
+    const Clock& m_clock;
+    Messages& m_messages;
     TextWidth m_captionWidth;
     LabelWidth m_labelWidth;
     TimeWindow m_window;
     int m_laneCount = 0;
-    std::vector<WindowEvent> m_events;
+    VisibleEvents m_events;
     std::vector<Lane> m_lanes;
     TimelineRuler m_ruler;
     LaneScroll m_scroll;
-    std::size_t m_hitCount = 0;
-    std::optional<NearestEvent> m_before;
-    std::optional<NearestEvent> m_after;
 };

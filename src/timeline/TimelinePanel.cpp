@@ -21,10 +21,11 @@ constexpr int lanesPerNotch = 3;
 
 } // namespace
 
-TimelinePanel::TimelinePanel(const Platform& platform, ProgramState& state, QWidget* parent)
+TimelinePanel::TimelinePanel(DatabaseSession& session, ViewHistory& history, const Clock& clock,
+                             Messages& messages, QWidget* parent)
     : QWidget(parent),
       m_timeline(
-          platform, state, [this](const QString& text) { return captionWidth(text); },
+          session, history, clock, messages, [this](const QString& text) { return captionWidth(text); },
           [this](const QString& text, bool isDate) { return labelWidth(text, isDate); })
 {
     setObjectName(QStringLiteral("pnlTimeline"));

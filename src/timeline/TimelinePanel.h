@@ -19,8 +19,9 @@ class TimelinePanel final : public QWidget
     Q_OBJECT
 
 public:
-    /// The state must outlive the panel.
-    TimelinePanel(const Platform& platform, ProgramState& state, QWidget* parent);
+    /// The references must outlive the panel.
+    TimelinePanel(DatabaseSession& session, ViewHistory& history, const Clock& clock, Messages& messages,
+                  QWidget* parent);
 
     /// Begins anew on the database that is open.
     void mainLoad();

@@ -1,5 +1,6 @@
 #include "timeline/WindowEvents.h"
 
+#include "data/DatabaseSession.h"
 #include "util/Error.h"
 
 #include <algorithm>
@@ -46,4 +47,16 @@ std::vector<WindowEvent> readWindowEvents(RecordSet rows, std::optional<std::siz
                           std::string(rows.held(endDate)), std::string(rows.held(endTime))});
     }
     return events;
+}
+
+std::optional<WindowEvent> readEvent(DatabaseSession& session, qint64 eventId)
+{
+    auto events = readWindowEvents(
+        session.read(
+            QStringLiteral("SELECT EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, EndTime "
+                           "FROM Event WHERE EventID = ") +
+            QString::number(eventId)),
+        1);
+    if (events.empty()) return std::nullopt;
+    return std::move(events.front());
 }

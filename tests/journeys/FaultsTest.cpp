@@ -119,7 +119,7 @@ TEST_F(Faults, AProgramFolderThatCannotBeMadeIsToldOfOnce)
 {
     const QString root = journey.database.fileName() + QStringLiteral("/below/orvik");
     messages().expectMessageBeginning(QStringLiteral("Sub Main Error ("));
-    journey.program.emplace(journey.desktop.platform(), ProgramFolder(root), QString());
+    journey.program.emplace(journey.desktop.platform(), *journey.converter, ProgramFolder(root), QString());
     journey.program->Main();
     messages().finish();
     EXPECT_TRUE(journey.program->window()->isVisible());

@@ -4,6 +4,15 @@
 #include <QMenu>
 #include <QTest>
 
+#include <gtest/gtest.h>
+
+DatabaseConverter::Result NoConverter::convert(const QString& source, const QString& /*target*/,
+                                               bool /*replace*/)
+{
+    ADD_FAILURE() << "not meant to be converted: " << source.toStdString();
+    return {};
+}
+
 Journey::Journey()
 {
     QDir().mkpath(dataFolder() + QStringLiteral("documents"));
@@ -19,7 +28,7 @@ void Journey::start(const QString& databaseName)
         QFile::link(database.fileName(), dataFolder() + databaseName);
     }
     desktop.setDatabase(databaseName);
-    program.emplace(desktop.platform(), ProgramFolder(database.folder()), QString());
+    program.emplace(desktop.platform(), *converter, ProgramFolder(database.folder()), QString());
     program->Main();
     // keys reach the window's commands only while it is active
     program->window()->activateWindow();

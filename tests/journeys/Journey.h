@@ -2,6 +2,7 @@
 
 #include "app/Main_Mod.h"
 #include "browse/window/frmMain.h"
+#include "opening/DatabaseConverter.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
 
@@ -10,6 +11,13 @@
 #include <QTreeView>
 
 #include <optional>
+
+/// Fails the test that has a file converted.
+class NoConverter final : public DatabaseConverter
+{
+public:
+    [[nodiscard]] Result convert(const QString& source, const QString& target, bool replace) override;
+};
 
 /// The program as its user has it, on a database of its own: its window is driven and looked at by object
 /// name, and what it says follows a script.
@@ -55,5 +63,7 @@ public:
 
     TestDatabase database;
     ScriptedPlatform desktop;
+    NoConverter noConverter;
+    DatabaseConverter* converter = &noConverter; ///< or another for a test with the real tool
     std::optional<Main_Mod> program;
 };

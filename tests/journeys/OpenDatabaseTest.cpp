@@ -24,7 +24,7 @@ QString accessFile()
 class OpenDatabase : public ::testing::Test
 {
 protected:
-    OpenDatabase() { journey.desktop.converter = &m_converter; }
+    OpenDatabase() { journey.converter = &m_converter; }
 
     QString copyAccessFile(const QString& path)
     {

@@ -87,7 +87,7 @@ TEST(StartUp, OpensTheDatabaseThatTheSettingsNameWhileTheSplashIsSeen)
     journey.start();
     EXPECT_TRUE(journey.find<QWidget>("pnlHome").isVisible());
     EXPECT_EQ(journey.historyMenu(), "[Home Page]");
-    EXPECT_EQ(journey.program->state().databasePath, journey.dataFolder() + u"test.sqlite"_s);
+    EXPECT_EQ(journey.program->state().session.fileName(), journey.dataFolder() + u"test.sqlite"_s);
     EXPECT_FALSE(journey.find<QAction>("mnuViewRefresh").isEnabled());
     EXPECT_EQ(display.wasSplashDrawn, true);
     for (const QWidget* window : QApplication::topLevelWidgets())
@@ -154,10 +154,10 @@ TEST(StartUp, FillsANewProgramFolderAndNamesItsDatabase)
     QDir().mkpath(sample + u"/data"_s);
     QFile::copy(journey.database.fileName(), sample + u"/data/first.sqlite"_s);
     const QString root = journey.database.folder() + u"/new"_s;
-    journey.program.emplace(journey.desktop.platform(), ProgramFolder(root), sample);
+    journey.program.emplace(journey.desktop.platform(), *journey.converter, ProgramFolder(root), sample);
     journey.program->Main();
     EXPECT_TRUE(journey.program->state().session.isOpen());
-    EXPECT_EQ(journey.program->state().databasePath, root + u"/data/first.sqlite"_s);
+    EXPECT_EQ(journey.program->state().session.fileName(), root + u"/data/first.sqlite"_s);
 }
 
 TEST(StartUp, EndsOnlyWhenTheUserSaysYes)

@@ -57,20 +57,6 @@ QString ScriptedFileDialogs::openFile(const QString& title, const QString& filte
     return file;
 }
 
-DatabaseConverter::Result ScriptedConverter::convert(const QString& source, const QString& target,
-                                                     bool replace)
-{
-    asked << QStringLiteral("%1 > %2%3")
-                 .arg(source, target, replace ? QStringLiteral(" replacing") : QString());
-    if (results.empty()) {
-        ADD_FAILURE() << "a conversion that is not in the script: " << source.toStdString();
-        return {};
-    }
-    const Result result = results.front();
-    results.pop_front();
-    return result;
-}
-
 bool ScriptedShell::open(const QUrl& url)
 {
     const QString name = url.isLocalFile() ? url.toLocalFile() : url.toString();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "opening/DatabaseConverter.h"
 #include "platform/Clock.h"
 #include "platform/FileAttributes.h"
 #include "platform/FileDialogs.h"
@@ -68,16 +67,6 @@ public:
     QStringList filters; ///< of the dialogs that were opened
 };
 
-/// A converter that gives the results of a script, and writes down what it was asked for.
-class ScriptedConverter final : public DatabaseConverter
-{
-public:
-    [[nodiscard]] Result convert(const QString& source, const QString& target, bool replace) override;
-
-    std::deque<Result> results;
-    QStringList asked;
-};
-
 /// Settings that live as long as the test.
 class MemorySettings final : public SettingsStore
 {
@@ -132,15 +121,13 @@ struct ScriptedPlatform
     MemorySettings settings;
     SystemFileAttributes fileAttributes;
     ScriptedFileDialogs fileDialogs;
-    ScriptedConverter scriptedConverter;
     ScriptedClock clock;
-    DatabaseConverter* converter = &scriptedConverter; ///< or another for a test with the real tool
     ScriptedVolumes volumes;
     ScriptedShell shell;
 
     [[nodiscard]] Platform platform()
     {
-        return {messages, settings, fileAttributes, fileDialogs, *converter, clock, volumes, shell};
+        return {messages, settings, fileAttributes, fileDialogs, clock, volumes, shell};
     }
 
     /// Names the database that the program opens at its start.

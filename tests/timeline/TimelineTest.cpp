@@ -1,9 +1,10 @@
 #include "timeline/Timeline.h"
 
-#include "state/ProgramState.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
 #include "timeline/Moments.h"
+#include "views/StandardQueries.h"
+#include "views/ViewHistory.h"
 
 #include <gtest/gtest.h>
 
@@ -31,16 +32,13 @@ protected:
             "(13, 'C', '2001-09-10', '10:02', '2001-09-10', '12:00', 'ACTIVE'),"
             "(14, 'D', '2001-09-10', '10:03', '2001-09-10', '12:00', 'ACTIVE'),"
             "(15, 'E', '2001-09-10', '10:04', '2001-09-10', '12:00', 'ACTIVE')");
-        m_state.session.open(m_database.fileName());
-        showView(m_state.queries.events);
+        m_session.open(m_database.fileName());
+        showView(m_queries.events);
         m_timeline.mainLoad();
         m_timeline.resize(4 * 385, 3 * 17 + 5);
     }
 
-    void showView(const SharedQuery& query)
-    {
-        m_state.history.addView({ViewKind::Events, query, u"Events"_s});
-    }
+    void showView(const SharedQuery& query) { m_history.addView({ViewKind::Events, query, u"Events"_s}); }
 
     /// The captions of the lanes; the selected one in brackets.
     std::string lanes()
@@ -64,9 +62,15 @@ protected:
 
     TestDatabase m_database;
     ScriptedPlatform m_desktop;
-    ProgramState m_state{ProgramFolder(m_database.folder())};
+    DatabaseSession m_session;
+    StandardQueries m_queries;
+    ViewHistory m_history;
     Timeline m_timeline{
-        m_desktop.platform(), m_state, [](const QString& text) { return static_cast<int>(text.size()) * 7; },
+        m_session,
+        m_history,
+        m_desktop.clock,
+        m_desktop.messages,
+        [](const QString& text) { return static_cast<int>(text.size()) * 7; },
         [](const QString& text, bool /*isDate*/) { return static_cast<int>(text.size()) * 7; }};
 };
 
@@ -92,7 +96,7 @@ TEST_F(Handlers, AnEmptyWindowSaysWhereTheNearestEventsAre)
     m_timeline.NavJumpForward();
     EXPECT_EQ(nearest(), "First A");
 
-    auto none = std::make_shared<SQLObject>(*m_state.queries.events);
+    auto none = std::make_shared<SQLObject>(*m_queries.events);
     none->WhereClause += u" AND EventID = 99"_s;
     showView(none);
     m_timeline.drawTimeline();
@@ -191,7 +195,7 @@ TEST_F(Handlers, AfterASaveWithoutADateTheTimelineStaysWithinItsNewLimits)
 
 TEST_F(Handlers, OneFailureShowsOneMessage)
 {
-    auto broken = std::make_shared<SQLObject>(*m_state.queries.events);
+    auto broken = std::make_shared<SQLObject>(*m_queries.events);
     broken->WhereClause += u" AND NoSuchColumn = 1"_s;
     showView(broken);
     m_timeline.drawTimeline();
@@ -201,7 +205,7 @@ TEST_F(Handlers, OneFailureShowsOneMessage)
     m_timeline.NavStepForward();
     m_desktop.messages.finish();
 
-    showView(m_state.queries.events);
+    showView(m_queries.events);
     m_timeline.resize(4 * 385, 5 * 17);
     m_database.run("UPDATE Event SET StartTime = '10:0x' WHERE EventID = 12");
     m_desktop.messages.expectMessage(
@@ -248,29 +252,29 @@ TEST_F(Handlers, AnEventThatCannotBeReadLeavesTheWindowAsItWas)
 TEST_F(Handlers, TheSelectedEventIsThatOfTheView)
 {
     m_timeline.chooseEvent(11);
-    EXPECT_EQ(m_state.history.selected(), 11);
-    showView(m_state.queries.events);
+    EXPECT_EQ(m_history.selected(), 11);
+    showView(m_queries.events);
     m_timeline.drawTimeline();
     EXPECT_EQ(lanes(), "A -->|B -->|C -->");
     m_timeline.selectEvent(12);
-    m_state.history.goBack();
+    m_history.goBack();
     m_timeline.drawTimeline();
     EXPECT_EQ(lanes(), "[A -->]|B -->|C -->");
-    m_state.history.select(13);
+    m_history.select(13);
     m_timeline.showSelected();
     EXPECT_EQ(lanes(), "A -->|B -->|[C -->]");
 }
 
 TEST_F(Handlers, WithoutAViewOfEventsNothingIsRead)
 {
-    m_state.history.addView({ViewKind::Home, std::make_shared<const SQLObject>(), u"Home Page"_s});
+    m_history.addView({ViewKind::Home, std::make_shared<const SQLObject>(), u"Home Page"_s});
     m_timeline.mainLoad();
     m_timeline.NavEnd();
     m_timeline.chooseEvent(11);
     EXPECT_EQ(now(), "09/20/2001 23:40");
     EXPECT_EQ(lanes(), "");
 
-    m_state.session.close();
+    m_session.close();
     m_timeline.mainLoad();
     EXPECT_EQ(now(), "06/15/2005 00:00");
     m_timeline.NavEnd();

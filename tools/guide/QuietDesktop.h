@@ -51,7 +51,7 @@ public:
 
     [[nodiscard]] Platform platform()
     {
-        return {*this, *this, m_fileAttributes, *this, *this, m_clock, m_volumes, *this};
+        return {*this, *this, m_fileAttributes, *this, m_clock, m_volumes, *this};
     }
 
 private:

@@ -48,7 +48,7 @@ int main(int argc, char** argv)
     QuietDesktop desktop;
     StdREG(desktop).WriteRegString(QString(), QStringLiteral("DBFile"), databases.front());
 
-    Main_Mod program(desktop.platform(), ProgramFolder(folder), QString());
+    Main_Mod program(desktop.platform(), desktop, ProgramFolder(folder), QString());
     program.Main();
     if (program.window() == nullptr) return EXIT_FAILURE;
     program.window()->resize(windowSize);

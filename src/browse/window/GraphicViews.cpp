@@ -6,13 +6,12 @@
 #include "map/MapPane.h"
 #include "timeline/TimelinePanel.h"
 
-GraphicViews::GraphicViews(const Platform& platform, ProgramState& state, ListPane& list, BrowsePage& page,
+GraphicViews::GraphicViews(const Surroundings& surroundings, ListPane& list, BrowsePage& page,
                            QWidget& window)
     : QObject(&window),
-      m_platform(platform),
-      m_state(state),
+      m_at(surroundings),
       m_list(list),
-      m_timeline(new TimelinePanel(platform, state, &window))
+      m_timeline(new TimelinePanel(m_at.session, m_at.history, m_at.clock, m_at.messages, &window))
 {
     m_timeline->hide();
     page.setGraphic(
@@ -33,13 +32,13 @@ GraphicViews::GraphicViews(const Platform& platform, ProgramState& state, ListPa
 
 QWidget* GraphicViews::makeChart(QWidget* parent)
 {
-    m_chart = new ChartPane(m_platform, m_state, parent);
+    m_chart = new ChartPane(m_at.session, m_at.history, m_at.queries, m_at.messages, parent);
     return m_chart;
 }
 
 QWidget* GraphicViews::makeMap(QWidget* parent)
 {
-    m_map = new MapPane(m_platform, m_state, parent);
+    m_map = new MapPane(m_at.session, m_at.history, m_at.queries, m_at.folder, m_at.messages, parent);
     connect(m_map, &MapPane::organizationsChosen, this,
             [this](const std::vector<qint64>& identifiers) { m_list.select(identifiers); });
     return m_map;

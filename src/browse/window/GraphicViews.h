@@ -1,17 +1,21 @@
 #pragma once
 
-#include "platform/Platform.h"
 #include "records/RecordKind.h"
 
 #include <QObject>
 
 class BrowsePage;
 class ChartPane;
+class Clock;
+class DatabaseSession;
 class ListPane;
 class MapPane;
+class Messages;
+class ProgramFolder;
 class TimelinePanel;
 class QWidget;
-struct ProgramState;
+class ViewHistory;
+struct StandardQueries;
 
 /// The graphics beside the list: the chart of documents, the timeline of events and the map of organizations.
 /// Keeps the selections of the list and of its graphic the same. Lives as long as the window.
@@ -20,9 +24,19 @@ class GraphicViews final : public QObject
     Q_OBJECT
 
 public:
-    /// Becomes a child of the window. All must outlive it.
-    GraphicViews(const Platform& platform, ProgramState& state, ListPane& list, BrowsePage& page,
-                 QWidget& window);
+    /// What the graphics read, and where their messages go. All must outlive them.
+    struct Surroundings
+    {
+        DatabaseSession& session;
+        ViewHistory& history;
+        const StandardQueries& queries;
+        const ProgramFolder& folder;
+        const Clock& clock;
+        Messages& messages;
+    };
+
+    /// Becomes a child of the window. List and page must outlive it.
+    GraphicViews(const Surroundings& surroundings, ListPane& list, BrowsePage& page, QWidget& window);
 
     [[nodiscard]] TimelinePanel& timeline() { return *m_timeline; }
 
@@ -43,8 +57,7 @@ private:
     void goToRecord(qint64 identifier);
     void showSelected();
 
-    Platform m_platform;
-    ProgramState& m_state;
+    Surroundings m_at;
     ListPane& m_list;
     TimelinePanel* m_timeline;
     ChartPane* m_chart = nullptr; ///< null until documents are shown

@@ -45,11 +45,13 @@ constexpr QSize largestFirstSize(1600, 1000);
 
 } // namespace
 
-frmMain::frmMain(const Platform& platform, ProgramState& state)
+frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState& state)
     : m_platform(platform),
+      m_opener(opener),
       m_state(state),
       m_commands(new MainCommands(*this)),
-      m_help(new HelpCommands(*this, *m_commands->tbToolBar, platform, state)),
+      m_help(new HelpCommands(*this, *m_commands->tbToolBar, state.session, state.folder, platform.shell,
+                              platform.messages)),
       m_status(new StatusLine(*this)),
       m_home(new HomePage(this)),
       m_list(new ListPane(state.session, state.history, state.folder.folderPath(ProgramFolders::documents),
@@ -63,7 +65,9 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
       m_open(std::make_unique<OpenCommand>(platform, state.session, state.queries, state.folder, *m_list)),
       m_editors(new RecordEditors(platform, state.session, state.folder, *this)),
       m_records(new RecordCommands(*m_commands, *m_list, *m_editors, *this)),
-      m_graphics(new GraphicViews(platform, state, *m_list, *m_browse, *this)),
+      m_graphics(new GraphicViews(
+          {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},
+          *m_list, *m_browse, *this)),
       m_pages(new ViewPages(platform.messages, state.history,
                             {*m_home, *m_browse, *m_list, *m_search, *m_graphics}, this)),
       m_navigation(new HistoryNavigation(state.history, *m_commands->mnuNavigateBack,
@@ -154,7 +158,7 @@ void frmMain::connectRows()
 void frmMain::load(bool hasProgramFolder)
 {
     runProcedure(m_platform.messages, QStringLiteral("Form_Load"), [&] {
-        if (hasProgramFolder) DatabaseOpener(m_platform, m_state).openNamed();
+        if (hasProgramFolder) m_opener.openNamed();
     });
     showDatabaseName();
     placeOnScreen();
@@ -174,7 +178,7 @@ void frmMain::openDatabase()
     const QString before = m_state.session.fileName();
     bool opened = false;
     runProcedure(m_platform.messages, QStringLiteral("openDatabase"),
-                 [&] { opened = DatabaseOpener(m_platform, m_state).openChosen(file); });
+                 [&] { opened = m_opener.openChosen(file); });
     // a database that can only be read is open although its message counts as a failure
     if (!opened && m_state.session.fileName() == before) return;
     m_state.history.clear();

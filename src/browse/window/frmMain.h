@@ -8,6 +8,7 @@
 #include <memory>
 
 class BrowsePage;
+class DatabaseOpener;
 class GraphicViews;
 class HelpCommands;
 class HistoryNavigation;
@@ -33,8 +34,8 @@ class frmMain final : public QMainWindow
     Q_OBJECT
 
 public:
-    /// Both must outlive the window.
-    frmMain(const Platform& platform, ProgramState& state);
+    /// All must outlive the window.
+    frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState& state);
     ~frmMain() override;
 
     /// The second half of start-up: opens the database that the settings name, and shows the home page. A
@@ -65,6 +66,7 @@ private:
     [[nodiscard]] QString unwritable() const;
 
     Platform m_platform;
+    DatabaseOpener& m_opener;
     ProgramState& m_state;
     MainCommands* m_commands;
     HelpCommands* m_help;

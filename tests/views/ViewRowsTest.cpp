@@ -1,7 +1,7 @@
 // What every kind of view lists, against queries of the plain engine that were written by hand, on rows with
 // the odd values that real collections hold.
 
-#include "browse/OddRows.h"
+#include "views/OddRows.h"
 #include "chart/DocumentTypeCounts.h"
 #include "map/OrganizationPlaces.h"
 #include "search/AdvancedSearch.h"

@@ -1,4 +1,4 @@
-#include "browse/OddRows.h"
+#include "views/OddRows.h"
 
 #include <vector>
 
