@@ -7,9 +7,15 @@
 #include "state/ProgramState.h"
 #include "util/Error.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(DatabaseOpener)
+};
 
 QString settingName()
 {
@@ -37,15 +43,15 @@ void DatabaseOpener::openNamed()
         m_state.databasePath = dataPath(convertedName(name));
         const bool exists = QFileInfo::exists(m_state.databasePath);
         const bool replace =
-            exists && m_platform.messages.ask(
-                          QStringLiteral("%1 was converted before, to %2.\n\nDo you want to convert it "
-                                         "again and replace that database? Whatever was added to it "
-                                         "since is then lost. No opens it as it is.")
-                              .arg(name, convertedName(name)),
-                          Question::Loss);
+            exists &&
+            m_platform.messages.ask(Texts::tr("%1 was converted before, to %2.\n\nDo you want to convert it "
+                                              "again and replace that database? Whatever was added to it "
+                                              "since is then lost. No opens it as it is.")
+                                        .arg(name, convertedName(name)),
+                                    Question::Loss);
         if (!exists || replace) {
             if (!convert(source, m_state.databasePath, replace)) {
-                throw Error(ECANCELED, QStringLiteral("The conversion was cancelled. (%1)").arg(source));
+                throw Error(ECANCELED, Texts::tr("The conversion was cancelled. (%1)").arg(source));
             }
         }
         nameInSettings(m_state.databasePath);
@@ -61,11 +67,11 @@ bool DatabaseOpener::openChosen(const QString& file)
         dataPath(kind == DatabaseFileKind::Access ? convertedName(file) : QFileInfo(file).fileName());
     const bool inPlace = QFileInfo(file).canonicalFilePath() == QFileInfo(target).canonicalFilePath();
     const bool replace = !inPlace && QFileInfo::exists(target);
-    if (replace && !m_platform.messages.ask(
-                       QStringLiteral("The data folder holds a database %1 already.\n\nDo you want to "
-                                      "replace it? What it holds is then lost.")
-                           .arg(QFileInfo(target).fileName()),
-                       Question::Loss)) {
+    if (replace &&
+        !m_platform.messages.ask(Texts::tr("The data folder holds a database %1 already.\n\nDo you want to "
+                                           "replace it? What it holds is then lost.")
+                                     .arg(QFileInfo(target).fileName()),
+                                 Question::Loss)) {
         return false;
     }
     if (kind == DatabaseFileKind::Access) {
@@ -89,8 +95,8 @@ bool DatabaseOpener::convert(const QString& source, const QString& target, bool 
         throw Error(result.status, QStringLiteral("%1 (%2)").arg(result.error, source));
     }
     m_platform.messages.show(
-        QStringLiteral("The Access file %1 was converted to the database %2, which the program uses from "
-                       "now on. The Access file is unchanged.\n\n%3")
+        Texts::tr("The Access file %1 was converted to the database %2, which the program uses from "
+                  "now on. The Access file is unchanged.\n\n%3")
             .arg(QFileInfo(source).fileName(), target, result.report.text()));
     return true;
 }

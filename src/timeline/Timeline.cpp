@@ -6,9 +6,16 @@
 #include "state/ProgramState.h"
 #include "timeline/TimeWindowQuery.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Timeline)
+};
 
 TimelineLimits today(const QDateTime& now)
 {
@@ -230,7 +237,7 @@ void Timeline::positionScale()
     if (strip) {
         m_ruler = rulerOf(m_window, *strip, m_labelWidth);
     } else {
-        m_platform.messages.show(QStringLiteral("zoomFactor %1 not yet handled.").arg(level));
+        m_platform.messages.show(Texts::tr("zoomFactor %1 not yet handled.").arg(level));
     }
 }
 
