@@ -2,27 +2,34 @@
 
 #include "util/StrTok.h"
 
+#include <QCoreApplication>
+
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(KeywordSearch)
+};
 
 struct Columns
 {
     QString name;
     QString description;
-    QString captionPrefix;
+    QString caption; ///< %1 stands for the keywords
 };
 
 Columns columnsOf(ViewKind kind)
 {
     if (kind == ViewKind::Documents) {
         return {QStringLiteral("DocumentName"), QStringLiteral("DocumentDescription"),
-                QStringLiteral("Document Search for \"")};
+                Texts::tr("Document Search for \"%1\"")};
     }
     if (kind == ViewKind::Events) {
         return {QStringLiteral("EventName"), QStringLiteral("EventDescription"),
-                QStringLiteral("Event Search for \"")};
+                Texts::tr("Event Search for \"%1\"")};
     }
     return {QStringLiteral("OrganizationName"), QStringLiteral("ResponseActivities"),
-            QStringLiteral("Organization Search for \"")};
+            Texts::tr("Organization Search for \"%1\"")};
 }
 
 QString allWordsIn(const QString& column, const QStringList& words)
@@ -73,10 +80,10 @@ clsView keywordView(const StandardQueries& queries, SearchScope scope, const QSt
     if (const auto kind = kindOf(scope)) {
         view.viewIndex = *kind;
         view.SQL = keywordQuery(queries, *kind, splitWords(text).words);
-        view.Caption = columnsOf(*kind).captionPrefix + text + u'"';
+        view.Caption = columnsOf(*kind).caption.arg(text);
     } else {
         view.viewIndex = ViewKind::SearchResults;
-        view.Caption = QStringLiteral("Search Results for \"") + text + u'"';
+        view.Caption = Texts::tr("Search Results for \"%1\"").arg(text);
     }
     return view;
 }

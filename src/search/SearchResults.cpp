@@ -3,7 +3,22 @@
 #include "data/DatabaseSession.h"
 #include "search/KeywordSearch.h"
 
+#include <QCoreApplication>
+
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(SearchResults)
+};
+
+/// The caption of a list of results; %1 stands for the keywords.
+QString captionOf(ViewKind kind)
+{
+    return kind == ViewKind::Documents ? Texts::tr("Document Search Results for \"%1\"")
+           : kind == ViewKind::Events  ? Texts::tr("Event Search Results for \"%1\"")
+                                       : Texts::tr("Organization Search Results for \"%1\"");
+}
 
 /// Counting costs a fraction of reading the rows, which the list does where it is asked for.
 qint64 countOf(DatabaseSession& session, const SearchResults::Kind& kind)
@@ -28,8 +43,15 @@ std::optional<SearchResults::Record> firstOf(DatabaseSession& session, const Sea
 
 QString SearchResults::Kind::label() const
 {
-    return QString::number(count) + u' ' + recordNames(kind).record +
-           (count == 1 ? QString() : QStringLiteral("s"));
+    const int number = static_cast<int>(count);
+    switch (kind) {
+    case ViewKind::Documents:
+        return number == 1 ? Texts::tr("1 Document") : Texts::tr("%n Documents", nullptr, number);
+    case ViewKind::Events:
+        return number == 1 ? Texts::tr("1 Event") : Texts::tr("%n Events", nullptr, number);
+    default:
+        return number == 1 ? Texts::tr("1 Organization") : Texts::tr("%n Organizations", nullptr, number);
+    }
 }
 
 qint64 SearchResults::total() const
@@ -43,15 +65,22 @@ qint64 SearchResults::total() const
 QString SearchResults::sentence() const
 {
     const qint64 count = total();
-    const QString beginning = QStringLiteral("Your keyword search for \"") + keywords +
-                              QStringLiteral("\" found ") + QString::number(count);
-    if (count == 0) return beginning + QStringLiteral(" items. Click on the Search icon to try again.");
-    if (count == 1) {
-        return beginning + QStringLiteral(" item. Click on the result to view this item or click the Search "
-                                          "icon to try again.");
+    if (count == 0) {
+        return Texts::tr(
+                   "Your keyword search for \"%1\" found 0 items. Click on the Search icon to try again.")
+            .arg(keywords);
     }
-    return beginning + QStringLiteral(" items. Click on the results you would like to view or click the "
-                                      "Search icon to try again.");
+    if (count == 1) {
+        return Texts::tr(
+                   "Your keyword search for \"%1\" found 1 item. Click on the result to view this item or "
+                   "click the Search icon to try again.")
+            .arg(keywords);
+    }
+    return Texts::tr(
+               "Your keyword search for \"%1\" found %n items. Click on the results you would like to view "
+               "or click the Search icon to try again.",
+               nullptr, static_cast<int>(count))
+        .arg(keywords);
 }
 
 clsView SearchResults::listView(const Kind& kind) const
@@ -74,8 +103,7 @@ SearchResults SearchResults::read(DatabaseSession& session, const StandardQuerie
         Kind& kind = results.kinds[i];
         kind.kind = searchedKinds[i];
         kind.query = keywordQuery(queries, kind.kind, words);
-        kind.caption =
-            recordNames(kind.kind).record + QStringLiteral(" Search Results for \"") + keywords + u'"';
+        kind.caption = captionOf(kind.kind).arg(keywords);
         kind.count = countOf(session, kind);
     }
     if (results.total() != 1) return results;

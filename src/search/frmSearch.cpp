@@ -136,7 +136,7 @@ void frmSearch::chooseScope(int index)
 void frmSearch::followLink()
 {
     if (m_advanced->colour() != liveLink) {
-        m_platform.messages.show(QStringLiteral("Advanced Search not available when searching All"));
+        m_platform.messages.show(tr("Advanced Search not available when searching All"));
         return;
     }
     accept();
@@ -146,7 +146,7 @@ void frmSearch::followLink()
 void frmSearch::cmdGO()
 {
     if (m_keywords->text().trimmed().isEmpty()) {
-        m_platform.messages.show(QStringLiteral("No keyword entered."));
+        m_platform.messages.show(tr("No keyword entered."));
         m_keywords->setFocus();
         return;
     }
@@ -159,7 +159,7 @@ void frmSearch::doKeywordSearch()
         const QString text = m_keywords->text();
         m_state.lastKeywords = text;
         if (splitWords(text).moreThanMost) {
-            m_platform.messages.show(QStringLiteral("Search Limited to 4 Keywords. First 4 Keywords used."));
+            m_platform.messages.show(tr("Search Limited to 4 Keywords. First 4 Keywords used."));
         }
         clsView found = keywordView(m_state.queries, m_scope, text);
         // a list yields as it fills: the dialog is gone before anything in it can be pressed again

@@ -3,9 +3,16 @@
 #include "data/DatabaseSession.h"
 #include "views/StandardQueries.h"
 
+#include <QCoreApplication>
+
 #include <array>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RelatedViews)
+};
 
 /// What one command asks, shows and offers.
 struct Relation
@@ -13,8 +20,8 @@ struct Relation
     ViewKind source;
     ViewKind target;
     const char16_t* check; ///< finds what is linked, once the identifier stands at its end
-    const char16_t* caption;
-    const char16_t* question;
+    const char* caption;   ///< %1 stands for the name of the source
+    const char* question;
     const char16_t* presetKind = nullptr; ///< the word for the source in the editor's preset; else none
 };
 
@@ -23,32 +30,39 @@ constexpr std::array<Relation, 6> relations{
     {{ViewKind::Documents, ViewKind::Events,
       u"SELECT DISTINCT Event.EventID FROM Event, DocumentEvents WHERE Event.EventID = "
       u"DocumentEvents.EventID AND Event.EventID > 1 AND Status <> 'DELETED' AND DocumentID = ",
-      u"View Only Events for Document ", u"No Events exist for this Document. Would you like to add one?",
+      QT_TRANSLATE_NOOP("RelatedViews", "View Only Events for Document \"%1\""),
+      QT_TRANSLATE_NOOP("RelatedViews", "No Events exist for this Document. Would you like to add one?"),
       u"DOCUMENT"},
      {ViewKind::Documents, ViewKind::Organizations,
-      u"SELECT OrganizationID FROM Document WHERE DocumentID = ", u"View Source Organization for Document ",
-      u"No Source Organization exists for this Document. Would you like to add one?"},
+      u"SELECT OrganizationID FROM Document WHERE DocumentID = ",
+      QT_TRANSLATE_NOOP("RelatedViews", "View Source Organization for Document \"%1\""),
+      QT_TRANSLATE_NOOP("RelatedViews",
+                        "No Source Organization exists for this Document. Would you like to add one?")},
      {ViewKind::Events, ViewKind::Documents,
       u"SELECT DISTINCT Document.DocumentID FROM Document, DocumentEvents WHERE Document.DocumentID = "
       u"DocumentEvents.DocumentID AND Document.DocumentID > 1 AND dStatus <> 'DELETED' AND EventID = ",
-      u"View Only Documents for Event ", u"No Documents exist for this Event. Would you like to add one?"},
+      QT_TRANSLATE_NOOP("RelatedViews", "View Only Documents for Event \"%1\""),
+      QT_TRANSLATE_NOOP("RelatedViews", "No Documents exist for this Event. Would you like to add one?")},
      {ViewKind::Events, ViewKind::Organizations,
       u"SELECT DISTINCT Organization.OrganizationID FROM Organization, OrganizationEvents WHERE "
       u"Organization.OrganizationID = OrganizationEvents.OrganizationID AND Organization.OrganizationID > 1 "
       u"AND Status <> 'DELETED' AND EventID = ",
-      u"View Only Organizations for Event ",
-      u"No Organizations exist for this Event. Would you like to add one?"},
+      QT_TRANSLATE_NOOP("RelatedViews", "View Only Organizations for Event \"%1\""),
+      QT_TRANSLATE_NOOP("RelatedViews", "No Organizations exist for this Event. Would you like to add one?")},
      {ViewKind::Organizations, ViewKind::Documents,
       u"SELECT count(DocumentID) as dCount FROM Document WHERE DocumentID > 1 AND dStatus <> 'DELETED' AND "
       u"OrganizationID = ",
-      u"View Only Documents for Organization ",
-      u"No Documents exist for this Organization. Would you like to add one?", u"ORGANIZATION"},
+      QT_TRANSLATE_NOOP("RelatedViews", "View Only Documents for Organization \"%1\""),
+      QT_TRANSLATE_NOOP("RelatedViews",
+                        "No Documents exist for this Organization. Would you like to add one?"),
+      u"ORGANIZATION"},
      // users know this view by the caption that it has always had, odd as it is
      {ViewKind::Organizations, ViewKind::Events,
       u"SELECT DISTINCT Event.EventID FROM Event, OrganizationEvents WHERE Event.EventID = "
       u"OrganizationEvents.EventID AND Event.EventID > 1 AND Status <> 'DELETED' AND OrganizationID = ",
-      u"View Only Organizations for Event ",
-      u"No Events exist for this Organization. Would you like to add one?", u"ORGANIZATION"}}};
+      QT_TRANSLATE_NOOP("RelatedViews", "View Only Organizations for Event \"%1\""),
+      QT_TRANSLATE_NOOP("RelatedViews", "No Events exist for this Organization. Would you like to add one?"),
+      u"ORGANIZATION"}}};
 
 const Relation& relationOf(RelatedCommand command)
 {
@@ -110,14 +124,14 @@ RelatedOutcome RelatedViews::follow(RelatedCommand command, const RelatedSource&
     const QString condition =
         conditionFor(command, QString::fromUtf16(relation.check) + identifier, identifier);
     if (condition.isEmpty()) {
-        return {std::nullopt, QString::fromUtf16(relation.question), additionFor(relation, source)};
+        return {std::nullopt, Texts::tr(relation.question), additionFor(relation, source)};
     }
     SQLObject query = standardQuery(relation.target);
     query.WhereClause += condition;
     // asked once before it is shown, so that the current view stays where it cannot be
     (void)m_session.read(query.sqlStr());
     return {clsView{relation.target, std::make_shared<const SQLObject>(query),
-                    QString::fromUtf16(relation.caption) + u'"' + source.name + u'"'},
+                    Texts::tr(relation.caption).arg(source.name)},
             {},
             {}};
 }

@@ -2,6 +2,7 @@
 
 #include "data/SQLObject.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 /// The three queries that show all records of a kind, made once at start-up and never changed. A narrower
@@ -13,7 +14,7 @@ struct StandardQueries
     SharedQuery documents;
     SharedQuery events;
     SharedQuery organizations;
-    QString documentsTitle = QStringLiteral("View ALL Documents");
-    QString eventsTitle = QStringLiteral("View ALL Events");
-    QString organizationsTitle = QStringLiteral("View ALL Organizations");
+    QString documentsTitle = QCoreApplication::translate("StandardQueries", "View ALL Documents");
+    QString eventsTitle = QCoreApplication::translate("StandardQueries", "View ALL Events");
+    QString organizationsTitle = QCoreApplication::translate("StandardQueries", "View ALL Organizations");
 };
