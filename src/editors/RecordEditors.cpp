@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The word for one record of a kind.
+/// The word for one record of a kind in the names of procedures.
 QString kindWord(ViewKind kind)
 {
     switch (kind) {
@@ -129,12 +129,19 @@ void RecordEditors::remove(ViewKind kind, const std::vector<ListEntry>& records)
 bool RecordEditors::mayDelete(ViewKind kind, const std::vector<ListEntry>& records)
 {
     if (records.size() == 1) {
-        return m_platform.messages.ask(QStringLiteral("Are you sure you want to delete the %1 \"%2\"?")
-                                           .arg(kindWord(kind), records.front().display),
-                                       Question::Loss);
+        const QString question =
+            kind == ViewKind::Documents ? tr("Are you sure you want to delete the Document \"%1\"?")
+            : kind == ViewKind::Events  ? tr("Are you sure you want to delete the Event \"%1\"?")
+                                        : tr("Are you sure you want to delete the Organization \"%1\"?");
+        return m_platform.messages.ask(question.arg(records.front().display), Question::Loss);
     }
+    const int count = static_cast<int>(records.size());
     return m_platform.messages.ask(
-        tr("Are you sure you want to delete the %1 selected %2s?").arg(records.size()).arg(kindWord(kind)),
+        kind == ViewKind::Documents
+            ? tr("Are you sure you want to delete the %n selected Documents?", nullptr, count)
+        : kind == ViewKind::Events
+            ? tr("Are you sure you want to delete the %n selected Events?", nullptr, count)
+            : tr("Are you sure you want to delete the %n selected Organizations?", nullptr, count),
         Question::Loss);
 }
 
@@ -142,10 +149,14 @@ bool RecordEditors::mayDelete(ViewKind kind, const std::vector<ListEntry>& recor
 QString RecordEditors::deletionText(ViewKind kind, const QStringList& names)
 {
     constexpr qsizetype mostNamed = 10;
-    QString text = tr("%1 %2s successfully deleted.").arg(names.size()).arg(kindWord(kind));
+    const int count = static_cast<int>(names.size());
+    QString text = kind == ViewKind::Documents ? tr("%n Documents successfully deleted.", nullptr, count)
+                   : kind == ViewKind::Events  ? tr("%n Events successfully deleted.", nullptr, count)
+                                               : tr("%n Organizations successfully deleted.", nullptr, count);
     for (const QString& name : names.first(std::min(names.size(), mostNamed)))
         text += u'\n' + name;
-    if (names.size() > mostNamed) text += u'\n' + tr("… and %1 more.").arg(names.size() - mostNamed);
+    if (names.size() > mostNamed)
+        text += u'\n' + tr("… and %n more.", nullptr, static_cast<int>(names.size() - mostNamed));
     return text;
 }
 

@@ -31,8 +31,8 @@ struct PickListRow
 /// What was chosen from a pick list, in order, each record once.
 using PickedItems = std::vector<clsPickListItem>;
 
-/// The name of a kind, as the message about an empty list gives it.
-QString pickListName(PickListKind kind);
+/// The message about a list without rows.
+QString emptyPickListText(PickListKind kind);
 
 /// The titles of the columns: one, or City and State.
 QStringList pickListHeaders(PickListKind kind);

@@ -3,11 +3,18 @@
 #include "util/TextCompare.h"
 #include "util/TypedDate.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <limits>
 #include <numeric>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RecordList)
+};
 
 constexpr int noSubType = 1;
 constexpr std::string_view noState = "None";
@@ -72,15 +79,16 @@ void join(std::string& text, std::string_view separator, std::string_view more)
 const std::vector<ListColumn>& listColumns(ViewKind kind)
 {
     static const std::vector<ListColumn> documents{
-        {QStringLiteral("Title"), 6420}, {QString(), 300},
-        {QStringLiteral("Author"), 0},   {QStringLiteral("Date"), 0},
-        {QStringLiteral("File"), 0},     {QStringLiteral("Source"), 0}};
-    static const std::vector<ListColumn> events{
-        {QStringLiteral("Name"), 6450}, {QString(), 300}, {QStringLiteral("Date - Time"), 6450}};
-    static const std::vector<ListColumn> organizations{{QStringLiteral("Name"), 4560},
-                                                       {QStringLiteral("Type"), 1905},
-                                                       {QStringLiteral("Function"), 2175},
-                                                       {QStringLiteral("Location"), 1440}};
+        {QT_TRANSLATE_NOOP("RecordList", "Title"), 6420}, {"", 300},
+        {QT_TRANSLATE_NOOP("RecordList", "Author"), 0},   {QT_TRANSLATE_NOOP("RecordList", "Date"), 0},
+        {QT_TRANSLATE_NOOP("RecordList", "File"), 0},     {QT_TRANSLATE_NOOP("RecordList", "Source"), 0}};
+    static const std::vector<ListColumn> events{{QT_TRANSLATE_NOOP("RecordList", "Name"), 6450},
+                                                {"", 300},
+                                                {QT_TRANSLATE_NOOP("RecordList", "Date - Time"), 6450}};
+    static const std::vector<ListColumn> organizations{{QT_TRANSLATE_NOOP("RecordList", "Name"), 4560},
+                                                       {QT_TRANSLATE_NOOP("RecordList", "Type"), 1905},
+                                                       {QT_TRANSLATE_NOOP("RecordList", "Function"), 2175},
+                                                       {QT_TRANSLATE_NOOP("RecordList", "Location"), 1440}};
     static const std::vector<ListColumn> none;
     switch (kind) {
     case ViewKind::Documents:
@@ -176,9 +184,8 @@ QString RecordList::toolTip(std::size_t row, int column) const
     const Row& found = m_rows[row];
     if (m_kind == ViewKind::Events && column == 2) return times(found).longText();
     if (m_kind == ViewKind::Documents && column == 1)
-        return found.flag ? QStringLiteral("Key document") : QString();
-    if (m_kind == ViewKind::Events && column == 1)
-        return found.flag ? QStringLiteral("Key event") : QString();
+        return found.flag ? Texts::tr("Key document") : QString();
+    if (m_kind == ViewKind::Events && column == 1) return found.flag ? Texts::tr("Key event") : QString();
     return text(row, column);
 }
 
@@ -259,21 +266,20 @@ std::vector<std::uint32_t> RecordList::sorted(int column, bool descending) const
 
 QString RecordList::countText(ViewKind kind, std::size_t count)
 {
-    QString noun;
+    const int number = static_cast<int>(count);
     switch (kind) {
     case ViewKind::Documents:
-        noun = QStringLiteral(" Document");
-        break;
+        return number == 1 ? Texts::tr("Displaying 1 Document")
+                           : Texts::tr("Displaying %n Documents", nullptr, number);
     case ViewKind::Events:
-        noun = QStringLiteral(" Event");
-        break;
+        return number == 1 ? Texts::tr("Displaying 1 Event")
+                           : Texts::tr("Displaying %n Events", nullptr, number);
     case ViewKind::Organizations:
-        noun = QStringLiteral(" Organization");
-        break;
+        return number == 1 ? Texts::tr("Displaying 1 Organization")
+                           : Texts::tr("Displaying %n Organizations", nullptr, number);
     case ViewKind::Home:
     case ViewKind::SearchResults:
-        return {};
+        break;
     }
-    return QStringLiteral("Displaying ") + QString::number(count) + noun +
-           (count == 1 ? QString() : QStringLiteral("s"));
+    return {};
 }

@@ -16,8 +16,8 @@
 /// A column of a list.
 struct ListColumn
 {
-    QString title;
-    int widthInTwips = 0; ///< 1/1440 inch; 0 for the list's own default
+    const char* title = ""; ///< to be translated
+    int widthInTwips = 0;   ///< 1/1440 inch; 0 for the list's own default
 };
 
 /// The columns of each kind that has a list.
