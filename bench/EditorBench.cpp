@@ -55,26 +55,27 @@ void compareToShown(benchmark::State& state, const std::function<void()>& open)
     state.counters["ratio"] = medianOf(ours) / medianOf(plain);
 }
 
-void openEditor(benchmark::State& state, ViewKind kind)
+void openEditor(benchmark::State& state, RecordKind kind)
 {
     BenchWindow window(fullSize);
-    RecordEditors editors(window.platform(), window.program().state(), *window.program().window());
+    ProgramState& program = window.program().state();
+    RecordEditors editors(window.platform(), program.session, program.folder, *window.program().window());
     compareToShown(state, [&] { editors.view(kind, fullSize / 2); });
 }
 
 void documentEditor(benchmark::State& state)
 {
-    openEditor(state, ViewKind::Documents);
+    openEditor(state, RecordKind::Document);
 }
 
 void eventEditor(benchmark::State& state)
 {
-    openEditor(state, ViewKind::Events);
+    openEditor(state, RecordKind::Event);
 }
 
 void organizationEditor(benchmark::State& state)
 {
-    openEditor(state, ViewKind::Organizations);
+    openEditor(state, RecordKind::Organization);
 }
 
 void pickList(benchmark::State& state)

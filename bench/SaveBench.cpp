@@ -328,10 +328,8 @@ void organization(benchmark::State& state, bool adds)
             hand.insert("OrganizationProfile", with({{"OrganizationProfileID", id}}, profileRow));
         else
             hand.update("OrganizationProfile", profileRow, id, "OrganizationProfileID");
-        hand.settings("OrganizationProfileJurisdictions", "JurisdictionID", id,
-                      record.profile.jurisdictions.size());
-        hand.settings("OrganizationProfilePopulations", "PopulationID", id,
-                      record.profile.populations.size());
+        hand.settings("OrganizationProfileJurisdictions", "JurisdictionID", id, record.jurisdictions.size());
+        hand.settings("OrganizationProfilePopulations", "PopulationID", id, record.populations.size());
         hand.link("OrganizationVenues", "OrganizationID", "VenueID", id);
         hand.insert("Organization_HIST",
                     with(with(row, constants), with({{"OrganizationID", id}}, updateTime)));

@@ -3,14 +3,15 @@
 #include "platform/Platform.h"
 #include "views/RecordPicker.h"
 
-struct ProgramState;
+class DatabaseSession;
 
-/// Lets other windows choose records with the dialog that the editors choose theirs with.
+/// Lets other windows choose records with the pick list of the editors.
 class DialogRecordPicker final : public RecordPicker
 {
 public:
-    /// The state must outlive the picker.
-    DialogRecordPicker(const Platform& platform, ProgramState& state) : m_platform(platform), m_state(state)
+    /// The session must outlive the picker.
+    DialogRecordPicker(const Platform& platform, DatabaseSession& session)
+        : m_platform(platform), m_session(session)
     {
     }
 
@@ -18,5 +19,5 @@ public:
 
 private:
     Platform m_platform;
-    ProgramState& m_state;
+    DatabaseSession& m_session;
 };

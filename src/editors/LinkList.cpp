@@ -82,10 +82,10 @@ void LinkList::addItem(const ListEntry& entry)
 /// The record behind an item can be looked at while nothing can be changed here.
 bool LinkList::open(const QListWidgetItem* item)
 {
-    const bool hasDialog = m_kind == PickListKind::Documents || m_kind == PickListKind::Organizations;
+    const auto kind = recordKindOf(m_kind);
     const qint64 key = item == nullptr ? noneKey : item->data(Qt::UserRole).toLongLong();
-    if (!m_isLocked || !hasDialog || key == noneKey) return false;
-    Q_EMIT opened(key);
+    if (!m_isLocked || !kind || key == noneKey) return false;
+    Q_EMIT opened(*kind, key);
     return true;
 }
 

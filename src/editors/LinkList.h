@@ -2,6 +2,7 @@
 
 #include "data/ListEntry.h"
 #include "records/PickList.h"
+#include "records/RecordKind.h"
 
 #include <QWidget>
 
@@ -43,8 +44,8 @@ Q_SIGNALS:
     /// The user asks for the pick list.
     void addPressed();
 
-    /// The user asks to see the linked record of that key, a document or an organization.
-    void opened(qint64 key);
+    /// The user asks to see the linked record of that key.
+    void opened(RecordKind kind, qint64 key);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,5 +1,6 @@
 #include "editors/RecordDialog.h"
 
+#include "data/DatabaseSession.h"
 #include "editors/AddressEdit.h"
 #include "editors/EntryCombo.h"
 #include "editors/FileDrop.h"
@@ -24,11 +25,11 @@
 
 #include <algorithm>
 
-RecordDialog::RecordDialog(const Platform& platform, ProgramState& state, const QString& name,
+RecordDialog::RecordDialog(const Platform& platform, DatabaseSession& session, const QString& name,
                            QSize firstSize, QWidget* parent)
     : QDialog(parent),
       m_platform(platform),
-      m_state(state),
+      m_session(session),
       m_firstSize(firstSize),
       m_layout(new QVBoxLayout(this))
 {
@@ -131,7 +132,7 @@ void RecordDialog::setMode(EditorMode mode)
     } else {
         FormControls::unlock(*m_form);
     }
-    const bool canBeEdited = mode != EditorMode::View || !m_state.session.isReadOnly();
+    const bool canBeEdited = mode != EditorMode::View || !m_session.isReadOnly();
     m_ok->setText(mode == EditorMode::View ? tr("Edit") : tr("OK"));
     m_ok->setEnabled(canBeEdited);
     m_ok->setToolTip(canBeEdited ? QString() : tr("The database can be read, but not changed."));
@@ -156,7 +157,6 @@ void RecordDialog::reject()
 {
     const QString question = tr("Close without saving your changes?");
     if (isChanged() && !m_platform.messages.ask(question, Question::Discard)) return;
-    m_state.editCancelled = true;
     QDialog::reject();
 }
 
@@ -270,7 +270,7 @@ void RecordDialog::connectAddress(AddressEdit* address)
 void RecordDialog::connectList(LinkList* list)
 {
     connect(list, &LinkList::addPressed, this, [this, list] { pickFor(*list); });
-    connect(list, &LinkList::opened, this, [this, list](qint64 id) { Q_EMIT recordAsked(list->kind(), id); });
+    connect(list, &LinkList::opened, this, &RecordDialog::recordAsked);
 }
 
 void RecordDialog::connectDrop(FileDrop* drop, QWidget* field)
@@ -285,10 +285,10 @@ void RecordDialog::connectDrop(FileDrop* drop, QWidget* field)
 
 void RecordDialog::pickFor(LinkList& list)
 {
-    bool isPicked = false;
     runTrapped("showList", [&] {
-        m_state.chosen = pickedItems(list.entries());
-        isPicked = frmPicList(m_platform, m_state.session, this).showList(list.kind(), m_state.chosen);
+        PickedItems items = pickedItems(list.entries());
+        if (frmPicList(m_platform, m_session, this).showList(list.kind(), items)) {
+            list.setEntries(listEntries(items));
+        }
     });
-    if (isPicked) list.setEntries(listEntries(m_state.chosen));
 }

@@ -5,9 +5,8 @@
 #include "platform/Platform.h"
 #include "platform/Procedure.h"
 #include "records/EditorTypes.h"
-#include "records/PickList.h"
+#include "records/RecordKind.h"
 #include "records/StoredState.h"
-#include "state/ProgramState.h"
 
 #include <QDialog>
 
@@ -16,6 +15,7 @@
 #include <vector>
 
 class AddressEdit;
+class DatabaseSession;
 class EntryCombo;
 class FileDrop;
 class LinkList;
@@ -28,7 +28,7 @@ class QVBoxLayout;
 ///
 /// Lives for one opening, which ends when OK has saved the record or the user leaves. OK in a dialog for
 /// viewing turns it into one for editing. Cancel, Esc and the window's close button ask first if something
-/// was changed. Whoever leaves without saving sets the program's flag.
+/// was changed.
 class RecordDialog : public QDialog
 {
     Q_OBJECT
@@ -50,14 +50,14 @@ public:
 
 Q_SIGNALS:
     /// The user asks to see a linked document or organization while the record is viewed.
-    void recordAsked(PickListKind kind, qint64 id);
+    void recordAsked(RecordKind kind, qint64 id);
 
     /// The user asks to open the file or the chart of the record that is viewed.
     void fileAsked();
 
 protected:
-    /// Both must outlive the dialog.
-    RecordDialog(const Platform& platform, ProgramState& state, const QString& name, QSize firstSize,
+    /// The session must outlive the dialog.
+    RecordDialog(const Platform& platform, DatabaseSession& session, const QString& name, QSize firstSize,
                  QWidget* parent);
 
     /// Puts the form into the dialog, where it scrolls when the window is small.
@@ -130,7 +130,6 @@ protected:
 
     [[nodiscard]] EditorMode mode() const { return m_mode; }
     [[nodiscard]] const Platform& platform() const { return m_platform; }
-    [[nodiscard]] ProgramState& state() const { return m_state; }
     [[nodiscard]] QWidget* form() const { return m_form; }
 
 private:
@@ -153,7 +152,7 @@ private:
     [[nodiscard]] static QString questionOf(const RecordConflict& conflict);
 
     Platform m_platform;
-    ProgramState& m_state;
+    DatabaseSession& m_session;
     EditorMode m_mode = EditorMode::Add;
     QSize m_firstSize;
     QWidget* m_form = nullptr;

@@ -30,9 +30,10 @@ constexpr int listsShare = 2;
 
 } // namespace
 
-frmDocument::frmDocument(const Platform& platform, ProgramState& state, QWidget* parent)
-    : RecordDialog(platform, state, QStringLiteral("frmDocument"), firstSize, parent),
-      m_store(state.session, state.folder, platform.clock)
+frmDocument::frmDocument(const Platform& platform, DatabaseSession& session, const ProgramFolder& folder,
+                         QWidget* parent)
+    : RecordDialog(platform, session, QStringLiteral("frmDocument"), firstSize, parent),
+      m_store(session, folder, platform.clock)
 {
     makeForm();
     connectParts();
@@ -57,24 +58,27 @@ void frmDocument::makeForm()
 void frmDocument::makeFields(QWidget* page)
 {
     FormGrid grid(page, 2);
-    txtDocumentName = grid.line("txtDocumentName", tr("&Title:"), 2);
-    txtAuthor = grid.line("txtAuthor", tr("&Author:"));
-    txtDocumentDate = grid.line("txtDocumentDate", tr("&Date:"));
-    txtPublication = grid.line("txtPublication", tr("&Publication:"));
-    txtPubNum = grid.line("txtPubNum", tr("Publication num&ber:"));
-    txtVolume = grid.line("txtVolume", tr("&Volume:"));
-    txtPageNum = grid.line("txtPageNum", tr("Pa&ge number:"));
-    txtURL = new AddressEdit(page);
+    using Record = DocumentRecord;
+    txtDocumentName = m_fields.bind(grid.line("txtDocumentName", tr("&Title:"), 2), &Record::documentName);
+    m_fields.bind(grid.line("txtAuthor", tr("&Author:")), &Record::author);
+    m_fields.bind(grid.line("txtDocumentDate", tr("&Date:")), &Record::documentDate);
+    m_fields.bind(grid.line("txtPublication", tr("&Publication:")), &Record::publication);
+    m_fields.bind(grid.line("txtPubNum", tr("Publication num&ber:")), &Record::pubNum);
+    m_fields.bind(grid.line("txtVolume", tr("&Volume:")), &Record::volume);
+    m_fields.bind(grid.line("txtPageNum", tr("Pa&ge number:")), &Record::pageNum);
+    auto* txtURL = m_fields.bind(new AddressEdit(page), &Record::url);
     txtURL->setObjectName(QStringLiteral("txtURL"));
+    connectAddress(txtURL);
     grid.add(tr("&Web address:"), txtURL, 2);
-    cmbFileTypeNames = new EntryCombo(EntryCombo::Kind::Plain, page);
+    cmbFileTypeNames = m_fields.bind(new EntryCombo(EntryCombo::Kind::Plain, page), &Record::fileTypeId);
     cmbFileTypeNames->setObjectName(QStringLiteral("cmbFileTypeNames"));
     grid.add(tr("File t&ype:"), cmbFileTypeNames);
-    chkKeyDocument = grid.check("chkKeyDocument", tr("&Key document"));
+    m_fields.bind(grid.check("chkKeyDocument", tr("&Key document")), &Record::keyDocument);
     makeOrganizationField(grid);
     makeFileField(grid);
-    rtbDocumentDescription = grid.text("rtbDocumentDescription", tr("D&escription:"), 3);
-    rtbNotes = grid.text("rtbNotes", tr("&Notes:"), 2);
+    rtbDocumentDescription = m_fields.bind(grid.text("rtbDocumentDescription", tr("D&escription:"), 3),
+                                           &Record::documentDescription);
+    m_fields.bind(grid.text("rtbNotes", tr("&Notes:"), 2), &Record::notes);
 }
 
 void frmDocument::makeOrganizationField(FormGrid& grid)
@@ -82,7 +86,8 @@ void frmDocument::makeOrganizationField(FormGrid& grid)
     auto* field = new QWidget(this);
     auto* layout = new QHBoxLayout(field);
     layout->setContentsMargins(0, 0, 0, 0);
-    cmbOrganizationNames = new EntryCombo(EntryCombo::Kind::Searching, field);
+    cmbOrganizationNames =
+        m_fields.bind(new EntryCombo(EntryCombo::Kind::Searching, field), &DocumentRecord::organizationId);
     cmbOrganizationNames->setObjectName(QStringLiteral("cmbOrganizationNames"));
     cmdViewOrganization = new QPushButton(tr("View"), field);
     cmdViewOrganization->setObjectName(QStringLiteral("cmdViewOrganization"));
@@ -102,6 +107,9 @@ void frmDocument::makeFileField(FormGrid& grid)
     layout->setContentsMargins(0, 0, 0, 0);
     txtOriginalFilename = new PathEdit(field);
     txtOriginalFilename->setObjectName(QStringLiteral("txtOriginalFilename"));
+    m_fields.add(
+        [this](const DocumentRecord& record) { txtOriginalFilename->setText(record.originalFilename); },
+        [this](DocumentRecord& /*record*/) { collectFile(); });
     cmdUploadDocument = new QPushButton(tr("B&rowse…"), field);
     cmdUploadDocument->setObjectName(QStringLiteral("cmdUploadDocument"));
     cmdUploadDocument->setAutoDefault(false);
@@ -115,30 +123,29 @@ void frmDocument::makeFileField(FormGrid& grid)
 void frmDocument::makeLists(QWidget* page)
 {
     FormGrid grid(page, 1);
-    lstDocTypes = new LinkList({"lstDocTypes", "cmdAddDocType", "cmdClearDocTypes", tr("document types")},
+    auto* types = new LinkList({"lstDocTypes", "cmdAddDocType", "cmdClearDocTypes", tr("document types")},
                                PickListKind::DocumentTypes, page);
-    grid.addTall(tr("Do&cument types:"), lstDocTypes);
-    lstDocCategories =
+    grid.addTall(tr("Do&cument types:"), m_fields.bind(types, &DocumentRecord::types));
+    auto* categories =
         new LinkList({"lstDocCategories", "cmdAddDocCategory", "cmdClearDocCategories", tr("categories")},
                      PickListKind::DocumentCategories, page);
-    grid.addTall(tr("Categor&ies:"), lstDocCategories);
-    lvVenues = new CheckList(u'v', page);
-    lvVenues->setObjectName(QStringLiteral("lvVenues"));
-    grid.addTall(tr("Ven&ues:"), lvVenues, 2);
+    grid.addTall(tr("Categor&ies:"), m_fields.bind(categories, &DocumentRecord::categories));
+    auto* venues = new CheckList(u'v', page);
+    venues->setObjectName(QStringLiteral("lvVenues"));
+    grid.addTall(tr("Ven&ues:"), m_fields.bind(venues, &DocumentRecord::venues), 2);
+    connectList(types);
+    connectList(categories);
 }
 
 void frmDocument::connectParts()
 {
-    connectList(lstDocTypes);
-    connectList(lstDocCategories);
-    connectAddress(txtURL);
     connect(cmdUploadDocument, &QPushButton::clicked, this, &frmDocument::browseForFile);
     m_drop = new FileDrop(this);
     connectDrop(m_drop, txtOriginalFilename);
     connect(m_drop, &FileDrop::dropped, this, &frmDocument::takeFile);
     connect(cmbFileTypeNames, &QComboBox::activated, this, [this] { m_ownFileType.reset(); });
     connect(cmdViewOrganization, &QPushButton::clicked, this,
-            [this] { Q_EMIT recordAsked(PickListKind::Organizations, m_record.organizationId); });
+            [this] { Q_EMIT recordAsked(RecordKind::Organization, m_record.organizationId); });
 }
 
 bool frmDocument::addDocument(const std::optional<clsFieldInfo>& preset, const QString& file)
@@ -159,7 +166,7 @@ void frmDocument::takePreset(const std::optional<clsFieldInfo>& preset)
     if (refusal) platform().messages.show(*refusal);
     m_record = m_store.blank(preset);
     if (preset && !refusal) cmbOrganizationNames->append({preset->FieldText, preset->FieldID});
-    showRecord();
+    m_fields.show(m_record);
     if (refusal) {
         cmbOrganizationNames->setCurrentIndex(-1);
     } else if (preset) {
@@ -198,50 +205,8 @@ void frmDocument::populateFields(qint64 id)
     m_record = std::move(loaded.record);
     m_record.id = id;
     m_storedPath = m_record.originalFilename;
-    showRecord();
+    m_fields.show(m_record);
     rememberFileType(EditorMode::Edit);
-}
-
-void frmDocument::showRecord()
-{
-    txtDocumentName->setText(m_record.documentName);
-    txtAuthor->setText(m_record.author);
-    txtDocumentDate->setText(m_record.documentDate);
-    txtPublication->setText(m_record.publication);
-    txtPageNum->setText(m_record.pageNum);
-    txtPubNum->setText(m_record.pubNum);
-    txtVolume->setText(m_record.volume);
-    txtURL->setText(m_record.url);
-    txtOriginalFilename->setText(m_record.originalFilename);
-    chkKeyDocument->setChecked(m_record.keyDocument);
-    rtbDocumentDescription->setPlainText(m_record.documentDescription);
-    rtbNotes->setPlainText(m_record.notes);
-    cmbFileTypeNames->selectKey(m_record.fileTypeId);
-    cmbOrganizationNames->selectKey(m_record.organizationId);
-    lstDocTypes->setEntries(m_record.types);
-    lstDocCategories->setEntries(m_record.categories);
-    lvVenues->setEntries(m_record.venues);
-}
-
-void frmDocument::collectRecord()
-{
-    m_record.documentName = txtDocumentName->text();
-    m_record.author = txtAuthor->text();
-    m_record.documentDate = txtDocumentDate->text();
-    m_record.publication = txtPublication->text();
-    m_record.pageNum = txtPageNum->text();
-    m_record.pubNum = txtPubNum->text();
-    m_record.volume = txtVolume->text();
-    m_record.url = txtURL->text();
-    collectFile();
-    m_record.keyDocument = chkKeyDocument->isChecked();
-    m_record.documentDescription = FormControls::text(*rtbDocumentDescription, m_record.documentDescription);
-    m_record.notes = FormControls::text(*rtbNotes, m_record.notes);
-    m_record.fileTypeId = cmbFileTypeNames->key();
-    m_record.organizationId = cmbOrganizationNames->key();
-    m_record.types = lstDocTypes->entries();
-    m_record.categories = lstDocCategories->entries();
-    m_record.venues = lvVenues->entries();
 }
 
 /// A document without a file gets the one that the path names; a stored path that names none stays as it is.
@@ -323,7 +288,7 @@ QWidget* frmDocument::fieldOf(DocumentField field) const
 
 bool frmDocument::saveRecord()
 {
-    collectRecord();
+    m_fields.take(m_record);
     if (const auto problem = DocumentStore::check(m_record)) {
         return refuse(problem->message, fieldOf(problem->field));
     }

@@ -1,15 +1,13 @@
 #pragma once
 
+#include "editors/FormBinding.h"
 #include "editors/RecordDialog.h"
 #include "records/DocumentStore.h"
 
-class AddressEdit;
-class CheckList;
 class EntryCombo;
 class FileDrop;
 class FormGrid;
 class PathEdit;
-class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
@@ -21,10 +19,11 @@ class frmDocument final : public RecordDialog
     Q_OBJECT
 
 public:
-    /// Both must outlive the dialog.
-    frmDocument(const Platform& platform, ProgramState& state, QWidget* parent);
+    /// The session and the folder must outlive the dialog.
+    frmDocument(const Platform& platform, DatabaseSession& session, const ProgramFolder& folder,
+                QWidget* parent);
 
-    /// Each shows the dialog until the user has done with it, and is true where a record was saved. `file`
+    /// Each shows the dialog until the user is done with it, and returns whether a record was saved. `file`
     /// is the path of a file to begin with, or empty.
     bool addDocument(const std::optional<clsFieldInfo>& preset, const QString& file = QString());
     bool editDocument(qint64 id);
@@ -42,8 +41,6 @@ private:
     void connectParts();
     void fillComboBoxes();
     void populateFields(qint64 id);
-    void showRecord();
-    void collectRecord();
     void collectFile();
     void takePreset(const std::optional<clsFieldInfo>& preset);
     void browseForFile();
@@ -62,28 +59,17 @@ private:
     bool m_takesFile = true; ///< whether the field for the file is shown
     QString m_ownTitle;      ///< the title that was proposed for a file, or empty
 
-    /// The type that nobody chose, which a chosen file may change.
+    /// The file type that the user did not choose, which a chosen file may change.
     std::optional<qint64> m_ownFileType;
 
+    FormBinding<DocumentRecord> m_fields;
     QLineEdit* txtDocumentName = nullptr;
-    QLineEdit* txtAuthor = nullptr;
-    QLineEdit* txtDocumentDate = nullptr;
-    QLineEdit* txtPublication = nullptr;
-    QLineEdit* txtPageNum = nullptr;
-    QLineEdit* txtPubNum = nullptr;
-    QLineEdit* txtVolume = nullptr;
-    AddressEdit* txtURL = nullptr;
     EntryCombo* cmbFileTypeNames = nullptr;
     EntryCombo* cmbOrganizationNames = nullptr;
     QPushButton* cmdViewOrganization = nullptr;
-    QCheckBox* chkKeyDocument = nullptr;
     QLabel* lblFilename = nullptr;
     PathEdit* txtOriginalFilename = nullptr;
     QPushButton* cmdUploadDocument = nullptr;
     QPlainTextEdit* rtbDocumentDescription = nullptr;
-    QPlainTextEdit* rtbNotes = nullptr;
-    LinkList* lstDocTypes = nullptr;
-    LinkList* lstDocCategories = nullptr;
-    CheckList* lvVenues = nullptr;
     FileDrop* m_drop = nullptr;
 };

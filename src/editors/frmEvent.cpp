@@ -3,7 +3,6 @@
 #include "editors/CheckList.h"
 #include "editors/FormControls.h"
 #include "editors/FormGrid.h"
-#include "editors/LinkList.h"
 #include "editors/PickerEdit.h"
 #include "platform/Messages.h"
 
@@ -19,13 +18,11 @@ constexpr QSize firstSize(1000, 700);
 
 } // namespace
 
-frmEvent::frmEvent(const Platform& platform, ProgramState& state, QWidget* parent)
-    : RecordDialog(platform, state, QStringLiteral("frmEvent"), firstSize, parent),
-      m_store(state.session, platform.clock)
+frmEvent::frmEvent(const Platform& platform, DatabaseSession& session, QWidget* parent)
+    : RecordDialog(platform, session, QStringLiteral("frmEvent"), firstSize, parent),
+      m_store(session, platform.clock)
 {
     makeForm();
-    for (LinkList* list : {lstEventFunctions, lstEventDocuments, lstEventOrgs})
-        connectList(list);
 }
 
 void frmEvent::makeForm()
@@ -45,52 +42,62 @@ void frmEvent::makeForm()
 
 void frmEvent::makeFields(QWidget* page)
 {
+    using Record = EventRecord;
     FormGrid grid(page, 1);
-    txtEventName = grid.line("txtEventName", tr("&Title:"));
-    grid.add(tr("&Start:"),
-             makeMoment(tr("Start"), dtpStartDate, "dtpStartDate", dtpStartTime, "dtpStartTime"));
-    grid.add(tr("&End:"), makeMoment(tr("End"), dtpEndDate, "dtpEndDate", dtpEndTime, "dtpEndTime"));
-    chkKeyEvent = grid.check("chkKeyEvent", tr("&Key event"));
-    rtbEventDescription = grid.text("rtbEventDescription", tr("Des&cription:"), 3);
-    rtbNotes = grid.text("rtbNotes", tr("&Notes:"), 2);
+    txtEventName = m_fields.bind(grid.line("txtEventName", tr("&Title:")), &Record::eventName);
+    dtpStartDate = m_fields.bind(new OptionalDateEdit(page), &Record::startDate);
+    dtpStartDate->setObjectName(QStringLiteral("dtpStartDate"));
+    dtpStartTime = m_fields.bind(new OptionalTimeEdit(page), &Record::startTime);
+    dtpStartTime->setObjectName(QStringLiteral("dtpStartTime"));
+    grid.add(tr("&Start:"), makeMoment(tr("Start"), *dtpStartDate, *dtpStartTime));
+    dtpEndDate = m_fields.bind(new OptionalDateEdit(page), &Record::endDate);
+    dtpEndDate->setObjectName(QStringLiteral("dtpEndDate"));
+    dtpEndTime = m_fields.bind(new OptionalTimeEdit(page), &Record::endTime);
+    dtpEndTime->setObjectName(QStringLiteral("dtpEndTime"));
+    grid.add(tr("&End:"), makeMoment(tr("End"), *dtpEndDate, *dtpEndTime));
+    m_fields.bind(grid.check("chkKeyEvent", tr("&Key event")), &Record::keyEvent);
+    rtbEventDescription =
+        m_fields.bind(grid.text("rtbEventDescription", tr("Des&cription:"), 3), &Record::eventDescription);
+    m_fields.bind(grid.text("rtbNotes", tr("&Notes:"), 2), &Record::notes);
 }
 
-QWidget* frmEvent::makeMoment(const QString& what, OptionalDateEdit*& date, const char* dateName,
-                              OptionalTimeEdit*& time, const char* timeName)
+QWidget* frmEvent::makeMoment(const QString& what, OptionalDateEdit& date, OptionalTimeEdit& time)
 {
     auto* field = new QWidget(this);
     auto* layout = new QHBoxLayout(field);
     layout->setContentsMargins(0, 0, 0, 0);
-    date = new OptionalDateEdit(field);
-    date->setObjectName(QString::fromLatin1(dateName));
-    date->setAccessibleName(tr("%1 date").arg(what));
-    time = new OptionalTimeEdit(field);
-    time->setObjectName(QString::fromLatin1(timeName));
-    time->setAccessibleName(tr("%1 time").arg(what));
-    layout->addWidget(date, 3);
-    layout->addWidget(time, 2);
-    field->setFocusProxy(date);
+    date.setAccessibleName(tr("%1 date").arg(what));
+    time.setAccessibleName(tr("%1 time").arg(what));
+    layout->addWidget(&date, 3);
+    layout->addWidget(&time, 2);
+    field->setFocusProxy(&date);
     return field;
 }
 
 void frmEvent::makeLists(QWidget* page)
 {
     FormGrid grid(page, 1);
-    lvVenues = new CheckList(u'v', page);
+    lvVenues = m_fields.bind(new CheckList(u'v', page), &EventRecord::venues);
     lvVenues->setObjectName(QStringLiteral("lvVenues"));
     grid.addTall(tr("&Venues:"), lvVenues, 2);
-    lstEventFunctions =
-        new LinkList({"lstEventFunctions", "cmdAddEventFunction", "cmdClearEventFunctions", tr("functions")},
-                     PickListKind::Functions, page);
-    grid.addTall(tr("&Functions:"), lstEventFunctions);
-    lstEventDocuments =
-        new LinkList({"lstEventDocuments", "cmdAddEventDoc", "cmdClearEventDocs", tr("related documents")},
-                     PickListKind::Documents, page);
-    grid.addTall(tr("Related &documents:"), lstEventDocuments);
-    lstEventOrgs =
-        new LinkList({"lstEventOrgs", "cmdAddEventOrg", "cmdClearEventOrgs", tr("related organizations")},
-                     PickListKind::Organizations, page);
-    grid.addTall(tr("Related &organizations:"), lstEventOrgs);
+    grid.addTall(tr("&Functions:"), makeList({"lstEventFunctions", "cmdAddEventFunction",
+                                              "cmdClearEventFunctions", tr("functions")},
+                                             PickListKind::Functions, &EventRecord::functions, page));
+    grid.addTall(tr("Related &documents:"), makeList({"lstEventDocuments", "cmdAddEventDoc",
+                                                      "cmdClearEventDocs", tr("related documents")},
+                                                     PickListKind::Documents, &EventRecord::documents, page));
+    grid.addTall(
+        tr("Related &organizations:"),
+        makeList({"lstEventOrgs", "cmdAddEventOrg", "cmdClearEventOrgs", tr("related organizations")},
+                 PickListKind::Organizations, &EventRecord::organizations, page));
+}
+
+LinkList* frmEvent::makeList(const LinkList::Names& names, PickListKind kind,
+                             std::vector<ListEntry> EventRecord::*entries, QWidget* page)
+{
+    auto* list = m_fields.bind(new LinkList(names, kind, page), entries);
+    connectList(list);
+    return list;
 }
 
 bool frmEvent::addEvent(const std::optional<clsFieldInfo>& preset)
@@ -99,7 +106,7 @@ bool frmEvent::addEvent(const std::optional<clsFieldInfo>& preset)
         const auto refusal = preset ? EventStore::refusalOfPreset(*preset) : std::nullopt;
         if (refusal) platform().messages.show(*refusal);
         m_record = m_store.blank(preset);
-        showRecord();
+        m_fields.show(m_record);
     });
     return isReady && run(EditorMode::Add, txtEventName);
 }
@@ -127,39 +134,7 @@ void frmEvent::populateFields(qint64 id)
     if (!loaded.isFound) platform().messages.show(EventStore::notFoundMessage(id));
     m_record = std::move(loaded.record);
     m_record.id = id;
-    showRecord();
-}
-
-void frmEvent::showRecord()
-{
-    txtEventName->setText(m_record.eventName);
-    rtbEventDescription->setPlainText(m_record.eventDescription);
-    rtbNotes->setPlainText(m_record.notes);
-    chkKeyEvent->setChecked(m_record.keyEvent);
-    dtpStartDate->showText(m_record.startDate);
-    dtpEndDate->showText(m_record.endDate);
-    dtpStartTime->showText(m_record.startTime);
-    dtpEndTime->showText(m_record.endTime);
-    lvVenues->setEntries(m_record.venues);
-    lstEventFunctions->setEntries(m_record.functions);
-    lstEventDocuments->setEntries(m_record.documents);
-    lstEventOrgs->setEntries(m_record.organizations);
-}
-
-void frmEvent::collectRecord()
-{
-    m_record.eventName = txtEventName->text();
-    m_record.eventDescription = FormControls::text(*rtbEventDescription, m_record.eventDescription);
-    m_record.notes = FormControls::text(*rtbNotes, m_record.notes);
-    m_record.keyEvent = chkKeyEvent->isChecked();
-    m_record.startDate = dtpStartDate->text();
-    m_record.endDate = dtpEndDate->text();
-    m_record.startTime = dtpStartTime->text();
-    m_record.endTime = dtpEndTime->text();
-    m_record.venues = lvVenues->entries();
-    m_record.functions = lstEventFunctions->entries();
-    m_record.documents = lstEventDocuments->entries();
-    m_record.organizations = lstEventOrgs->entries();
+    m_fields.show(m_record);
 }
 
 QString frmEvent::captionFor(EditorMode mode) const
@@ -198,7 +173,7 @@ QWidget* frmEvent::fieldOf(EventField field) const
 
 bool frmEvent::saveRecord()
 {
-    collectRecord();
+    m_fields.take(m_record);
     if (const auto problem = EventStore::check(m_record)) {
         return refuse(problem->message, fieldOf(problem->field));
     }

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "editors/FormBinding.h"
+#include "editors/LinkList.h"
 #include "editors/RecordDialog.h"
 #include "records/EventStore.h"
 
 class CheckList;
-class FormGrid;
 class OptionalDateEdit;
 class OptionalTimeEdit;
-class QCheckBox;
 class QLineEdit;
 class QPlainTextEdit;
 
@@ -17,15 +17,15 @@ class frmEvent final : public RecordDialog
     Q_OBJECT
 
 public:
-    /// Both must outlive the dialog.
-    frmEvent(const Platform& platform, ProgramState& state, QWidget* parent);
+    /// The session must outlive the dialog.
+    frmEvent(const Platform& platform, DatabaseSession& session, QWidget* parent);
 
-    /// Each shows the dialog until the user has done with it, and is true where a record was saved.
+    /// Each shows the dialog until the user is done with it, and returns whether a record was saved.
     bool addEvent(const std::optional<clsFieldInfo>& preset);
     bool editEvent(qint64 id);
     bool viewEvent(qint64 id);
 
-    /// The moment at which the saved event starts; nothing where it has no date.
+    /// The moment at which the saved event starts; std::nullopt if it has no date.
     [[nodiscard]] std::optional<QDateTime> getStartDate() const { return EventStore::getStartDate(m_record); }
 
     [[nodiscard]] qint64 recordId() const override { return m_record.id; }
@@ -35,12 +35,11 @@ private:
     void makeForm();
     void makeFields(QWidget* page);
     void makeLists(QWidget* page);
-    QWidget* makeMoment(const QString& what, OptionalDateEdit*& date, const char* dateName,
-                        OptionalTimeEdit*& time, const char* timeName);
+    QWidget* makeMoment(const QString& what, OptionalDateEdit& date, OptionalTimeEdit& time);
+    LinkList* makeList(const LinkList::Names& names, PickListKind kind,
+                       std::vector<ListEntry> EventRecord::*entries, QWidget* page);
     bool openRecord(EditorMode mode, qint64 id);
     void populateFields(qint64 id);
-    void showRecord();
-    void collectRecord();
     [[nodiscard]] QWidget* fieldOf(EventField field) const;
 
     [[nodiscard]] QString captionFor(EditorMode mode) const override;
@@ -50,16 +49,12 @@ private:
     EventStore m_store;
     EventRecord m_record;
 
+    FormBinding<EventRecord> m_fields;
     QLineEdit* txtEventName = nullptr;
     OptionalDateEdit* dtpStartDate = nullptr;
     OptionalTimeEdit* dtpStartTime = nullptr;
     OptionalDateEdit* dtpEndDate = nullptr;
     OptionalTimeEdit* dtpEndTime = nullptr;
-    QCheckBox* chkKeyEvent = nullptr;
     QPlainTextEdit* rtbEventDescription = nullptr;
-    QPlainTextEdit* rtbNotes = nullptr;
     CheckList* lvVenues = nullptr;
-    LinkList* lstEventFunctions = nullptr;
-    LinkList* lstEventDocuments = nullptr;
-    LinkList* lstEventOrgs = nullptr;
 };

@@ -53,9 +53,10 @@ CheckList* addCheckList(FormGrid& grid, const char* name, const QString& caption
 
 } // namespace
 
-frmOrganization::frmOrganization(const Platform& platform, ProgramState& state, QWidget* parent)
-    : RecordDialog(platform, state, QStringLiteral("frmOrganization"), firstSize, parent),
-      m_store(state.session, state.folder, platform.clock)
+frmOrganization::frmOrganization(const Platform& platform, DatabaseSession& session,
+                                 const ProgramFolder& folder, QWidget* parent)
+    : RecordDialog(platform, session, QStringLiteral("frmOrganization"), firstSize, parent),
+      m_store(session, folder, platform.clock)
 {
     makeForm();
     connectParts();
@@ -87,30 +88,40 @@ QWidget* frmOrganization::makeMainPage()
 void frmOrganization::makeAddressFields(QWidget* page)
 {
     FormGrid grid(page, 2);
-    txtOrganizationName = grid.line("txtOrganizationName", tr("&Name:"), 2);
-    txtAddress1 = grid.line("txtAddress1", tr("&Address:"), 2);
-    txtAddress2 = grid.line("txtAddress2", tr("Address line &2:"), 2);
-    txtAddress3 = grid.line("txtAddress3", tr("Address line &3:"), 2);
-    txtCity = grid.line("txtCity", tr("&City:"));
+    using Record = OrganizationRecord;
+    txtOrganizationName =
+        m_fields.bind(grid.line("txtOrganizationName", tr("&Name:"), 2), &Record::organizationName);
+    m_fields.bind(grid.line("txtAddress1", tr("&Address:"), 2), &Record::address1);
+    m_fields.bind(grid.line("txtAddress2", tr("Address line &2:"), 2), &Record::address2);
+    m_fields.bind(grid.line("txtAddress3", tr("Address line &3:"), 2), &Record::address3);
+    m_fields.bind(grid.line("txtCity", tr("&City:")), &Record::city);
     cmbState = addCombo(grid, "cmbState", tr("&State:"), page);
-    txtZip = grid.line("txtZip", tr("&Zip:"));
+    m_fields.add([this](const Record& record) { showState(record.state); },
+                 [this](Record& record) { takeState(record.state); });
+    m_fields.bind(grid.line("txtZip", tr("&Zip:")), &Record::zip);
     grid.endRow();
-    txtTelephone = grid.line("txtTelephone", tr("&Telephone:"));
-    txtFax = grid.line("txtFax", tr("Fa&x:"));
-    txtWebsite = new AddressEdit(page);
+    m_fields.bind(grid.line("txtTelephone", tr("&Telephone:")), &Record::telephone);
+    m_fields.bind(grid.line("txtFax", tr("Fa&x:")), &Record::fax);
+    auto* txtWebsite = m_fields.bind(new AddressEdit(page), &Record::website);
     txtWebsite->setObjectName(QStringLiteral("txtWebsite"));
+    connectAddress(txtWebsite);
     grid.add(tr("&Web site:"), txtWebsite, 2);
-    rtbResponseActivities = grid.text("rtbResponseActivities", tr("&Response activities:"), 3);
-    rtbNotes = grid.text("rtbNotes", tr("Not&es:"), 2);
+    m_fields.bind(grid.text("rtbResponseActivities", tr("&Response activities:"), 3),
+                  &Record::responseActivities);
+    m_fields.bind(grid.text("rtbNotes", tr("Not&es:"), 2), &Record::notes);
 }
 
 void frmOrganization::makeKindFields(QWidget* page)
 {
+    using Record = OrganizationRecord;
     FormGrid grid(page, 1);
-    cmbOrgTypes = addCombo(grid, "cmbOrgTypes", tr("T&ype:"), page);
-    cmbOrgSubTypes = addCombo(grid, "cmbOrgSubTypes", tr("Su&b-type:"), page);
-    cmbFunctions = addCombo(grid, "cmbFunctions", tr("F&unction:"), page);
-    lvVenues = addCheckList(grid, "lvVenues", tr("&Venues:"), u'v', page);
+    cmbOrgTypes =
+        m_fields.bind(addCombo(grid, "cmbOrgTypes", tr("T&ype:"), page), &Record::organizationTypeId);
+    // after the type, which brings the sub-types
+    cmbOrgSubTypes = m_fields.bind(addCombo(grid, "cmbOrgSubTypes", tr("Su&b-type:"), page),
+                                   &Record::organizationSubTypeId);
+    cmbFunctions = m_fields.bind(addCombo(grid, "cmbFunctions", tr("F&unction:"), page), &Record::functionId);
+    m_fields.bind(addCheckList(grid, "lvVenues", tr("&Venues:"), u'v', page), &Record::venues);
 }
 
 QWidget* frmOrganization::makeProfilePage()
@@ -125,29 +136,35 @@ QWidget* frmOrganization::makeProfilePage()
 void frmOrganization::makeProfileFields(QWidget* page)
 {
     FormGrid grid(page, 2);
-    rtbMissionStatement = grid.text("rtbMissionStatement", tr("&Mission statement:"));
-    txtSwornEmployees = grid.line("txtSwornEmployees", tr("&Sworn employees:"));
-    txtCivilianEmployees = grid.line("txtCivilianEmployees", tr("&Civilian employees:"));
-    txtVolunteers = grid.line("txtVolunteers", tr("&Volunteers:"));
-    txtAnnualBudget = grid.line("txtAnnualBudget", tr("Annual &budget:"));
-    rtbResources = grid.text("rtbResources", tr("&Resources:"));
-    rtbTraining = grid.text("rtbTraining", tr("&Training:"));
-    rtbOther = grid.text("rtbOther", tr("Ot&her:"));
+    using Profile = OrganizationProfile;
+    auto& fields = m_profileFields;
+    fields.bind(grid.text("rtbMissionStatement", tr("&Mission statement:")), &Profile::missionStatement);
+    txtSwornEmployees =
+        fields.bind(grid.line("txtSwornEmployees", tr("&Sworn employees:")), &Profile::swornEmployees);
+    txtCivilianEmployees = fields.bind(grid.line("txtCivilianEmployees", tr("&Civilian employees:")),
+                                       &Profile::civilianEmployees);
+    txtVolunteers = fields.bind(grid.line("txtVolunteers", tr("&Volunteers:")), &Profile::volunteers);
+    txtAnnualBudget =
+        fields.bind(grid.line("txtAnnualBudget", tr("Annual &budget:")), &Profile::annualBudget);
+    fields.bind(grid.text("rtbResources", tr("&Resources:")), &Profile::resources);
+    fields.bind(grid.text("rtbTraining", tr("&Training:")), &Profile::training);
+    fields.bind(grid.text("rtbOther", tr("Ot&her:")), &Profile::other);
     grid.endRow();
-    m_chart = new ChartField(page);
+    m_chart = fields.bind(new ChartField(page), &Profile::organizationChart);
     grid.add(tr("Or&ganization chart:"), m_chart, 2);
 }
 
 void frmOrganization::makeProfileLists(QWidget* page)
 {
     FormGrid grid(page, 1);
-    lvJurisdictions = addCheckList(grid, "lvJurisdictions", tr("&Jurisdictions:"), u'j', page);
-    lvPopulations = addCheckList(grid, "lvPopulations", tr("&Populations:"), u'p', page);
+    m_fields.bind(addCheckList(grid, "lvJurisdictions", tr("&Jurisdictions:"), u'j', page),
+                  &OrganizationRecord::jurisdictions);
+    m_fields.bind(addCheckList(grid, "lvPopulations", tr("&Populations:"), u'p', page),
+                  &OrganizationRecord::populations);
 }
 
 void frmOrganization::connectParts()
 {
-    connectAddress(txtWebsite);
     connect(cmbOrgTypes, &QComboBox::currentIndexChanged, this, &frmOrganization::fillSubTypes);
     connect(m_chart, &ChartField::browsePressed, this, &frmOrganization::browseForChart);
     connect(m_chart, &ChartField::pathChanged, this, &frmOrganization::checkChart);
@@ -212,90 +229,24 @@ void frmOrganization::populateFields(qint64 id)
 
 void frmOrganization::showRecord()
 {
-    txtOrganizationName->setText(m_record.organizationName);
-    txtAddress1->setText(m_record.address1);
-    txtAddress2->setText(m_record.address2);
-    txtAddress3->setText(m_record.address3);
-    txtCity->setText(m_record.city);
-    showState();
-    txtZip->setText(m_record.zip);
-    txtFax->setText(m_record.fax);
-    txtTelephone->setText(m_record.telephone);
-    txtWebsite->setText(m_record.website);
-    rtbResponseActivities->setPlainText(m_record.responseActivities);
-    rtbNotes->setPlainText(m_record.notes);
-    cmbFunctions->selectKey(m_record.functionId);
-    cmbOrgTypes->selectKey(m_record.organizationTypeId);
-    cmbOrgSubTypes->selectKey(m_record.organizationSubTypeId);
-    lvVenues->setEntries(m_record.venues);
-    showProfile();
+    m_fields.show(m_record);
+    m_profileFields.show(m_record.profile);
 }
 
-/// A state that the table of states does not know is offered beside those that it knows: a save would else
-/// lose it.
-void frmOrganization::showState()
+/// A state that is missing in the table of states is offered beside those in it: a save would lose it
+/// otherwise.
+void frmOrganization::showState(const QString& state)
 {
-    const QString& state = m_record.state;
     if (!state.isEmpty() && cmbState->findText(state, Qt::MatchFixedString) < 0) {
         cmbState->append({state, noneKey});
     }
     cmbState->selectText(state);
 }
 
-void frmOrganization::showProfile()
+/// The table of states and the records may differ in letter case.
+void frmOrganization::takeState(QString& state) const
 {
-    const OrganizationProfile& profile = m_record.profile;
-    rtbMissionStatement->setPlainText(profile.missionStatement);
-    txtSwornEmployees->setText(profile.swornEmployees);
-    txtCivilianEmployees->setText(profile.civilianEmployees);
-    txtVolunteers->setText(profile.volunteers);
-    txtAnnualBudget->setText(profile.annualBudget);
-    rtbResources->setPlainText(profile.resources);
-    rtbTraining->setPlainText(profile.training);
-    rtbOther->setPlainText(profile.other);
-    m_chart->setPath(profile.organizationChart);
-    lvJurisdictions->setEntries(profile.jurisdictions);
-    lvPopulations->setEntries(profile.populations);
-}
-
-void frmOrganization::collectRecord()
-{
-    m_record.organizationName = txtOrganizationName->text();
-    m_record.address1 = txtAddress1->text();
-    m_record.address2 = txtAddress2->text();
-    m_record.address3 = txtAddress3->text();
-    m_record.city = txtCity->text();
-    // the letter case of the table of states is not that of every record
-    if (cmbState->currentText().compare(m_record.state, Qt::CaseInsensitive) != 0) {
-        m_record.state = cmbState->currentText();
-    }
-    m_record.zip = txtZip->text();
-    m_record.fax = txtFax->text();
-    m_record.telephone = txtTelephone->text();
-    m_record.website = txtWebsite->text();
-    m_record.responseActivities = FormControls::text(*rtbResponseActivities, m_record.responseActivities);
-    m_record.notes = FormControls::text(*rtbNotes, m_record.notes);
-    m_record.functionId = cmbFunctions->key();
-    m_record.organizationTypeId = cmbOrgTypes->key();
-    m_record.organizationSubTypeId = cmbOrgSubTypes->key();
-    m_record.venues = lvVenues->entries();
-    collectProfile();
-}
-
-void frmOrganization::collectProfile()
-{
-    OrganizationProfile& profile = m_record.profile;
-    profile.missionStatement = FormControls::text(*rtbMissionStatement, profile.missionStatement);
-    profile.swornEmployees = txtSwornEmployees->text();
-    profile.civilianEmployees = txtCivilianEmployees->text();
-    profile.volunteers = txtVolunteers->text();
-    profile.annualBudget = txtAnnualBudget->text();
-    profile.resources = FormControls::text(*rtbResources, profile.resources);
-    profile.training = FormControls::text(*rtbTraining, profile.training);
-    profile.other = FormControls::text(*rtbOther, profile.other);
-    profile.organizationChart = m_chart->path();
-    profile.jurisdictions = lvJurisdictions->entries();
-    profile.populations = lvPopulations->entries();
+    if (cmbState->currentText().compare(state, Qt::CaseInsensitive) != 0) state = cmbState->currentText();
 }
 
 void frmOrganization::browseForChart()
@@ -384,7 +335,8 @@ QWidget* frmOrganization::fieldOf(OrganizationField field) const
 
 bool frmOrganization::saveRecord()
 {
-    collectRecord();
+    m_fields.take(m_record);
+    m_profileFields.take(m_record.profile);
     if (const auto problem = OrganizationStore::check(m_record)) {
         return refuse(problem->message, fieldOf(problem->field));
     }

@@ -1,15 +1,13 @@
 #pragma once
 
+#include "editors/FormBinding.h"
 #include "editors/RecordDialog.h"
 #include "records/OrganizationStore.h"
 
-class AddressEdit;
 class ChartField;
-class CheckList;
 class EntryCombo;
 class FileDrop;
 class QLineEdit;
-class QPlainTextEdit;
 class QTabWidget;
 
 /// The editor of one organization with its profile.
@@ -18,10 +16,11 @@ class frmOrganization final : public RecordDialog
     Q_OBJECT
 
 public:
-    /// Both must outlive the dialog.
-    frmOrganization(const Platform& platform, ProgramState& state, QWidget* parent);
+    /// The session and the folder must outlive the dialog.
+    frmOrganization(const Platform& platform, DatabaseSession& session, const ProgramFolder& folder,
+                    QWidget* parent);
 
-    /// Each shows the dialog until the user has done with it, and is true where a record was saved.
+    /// Each shows the dialog until the user is done with it, and returns whether a record was saved.
     bool addOrganization();
     bool editOrganization(qint64 id);
     bool viewOrganization(qint64 id);
@@ -43,10 +42,8 @@ private:
     void fillSubTypes();
     void populateFields(qint64 id);
     void showRecord();
-    void showState();
-    void showProfile();
-    void collectRecord();
-    void collectProfile();
+    void showState(const QString& state);
+    void takeState(QString& state) const;
     void browseForChart();
     void checkChart();
     [[nodiscard]] static QString droppedText(const QString& path);
@@ -61,35 +58,19 @@ private:
     OrganizationStore m_store;
     OrganizationRecord m_record;
 
+    FormBinding<OrganizationRecord> m_fields;
+    FormBinding<OrganizationProfile> m_profileFields;
     QLineEdit* txtOrganizationName = nullptr;
-    QLineEdit* txtAddress1 = nullptr;
-    QLineEdit* txtAddress2 = nullptr;
-    QLineEdit* txtAddress3 = nullptr;
-    QLineEdit* txtCity = nullptr;
     EntryCombo* cmbState = nullptr;
-    QLineEdit* txtZip = nullptr;
-    QLineEdit* txtTelephone = nullptr;
-    QLineEdit* txtFax = nullptr;
-    AddressEdit* txtWebsite = nullptr;
     EntryCombo* cmbOrgTypes = nullptr;
     EntryCombo* cmbOrgSubTypes = nullptr;
     EntryCombo* cmbFunctions = nullptr;
-    CheckList* lvVenues = nullptr;
-    QPlainTextEdit* rtbResponseActivities = nullptr;
-    QPlainTextEdit* rtbNotes = nullptr;
-
-    QPlainTextEdit* rtbMissionStatement = nullptr;
     QLineEdit* txtSwornEmployees = nullptr;
     QLineEdit* txtCivilianEmployees = nullptr;
     QLineEdit* txtVolunteers = nullptr;
     QLineEdit* txtAnnualBudget = nullptr;
-    QPlainTextEdit* rtbResources = nullptr;
-    QPlainTextEdit* rtbTraining = nullptr;
-    QPlainTextEdit* rtbOther = nullptr;
     ChartField* m_chart = nullptr;
     QTabWidget* m_tabs = nullptr;
     QWidget* m_profilePage = nullptr;
-    CheckList* lvJurisdictions = nullptr;
-    CheckList* lvPopulations = nullptr;
     FileDrop* m_drop = nullptr;
 };

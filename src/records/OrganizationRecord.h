@@ -21,10 +21,6 @@ struct OrganizationProfile
     QString other;
     QString organizationChart; ///< the path of the chart's file, in the form that the user gave it
     bool chartOption = false;  ///< whether there is a chart; the store's own, an editor does not touch it
-
-    /// All types, each stored with whether it is checked.
-    std::vector<CheckEntry> jurisdictions;
-    std::vector<CheckEntry> populations;
 };
 
 /// An organization as its editor holds it.
@@ -37,7 +33,7 @@ struct OrganizationRecord
     QString address2;
     QString address3;
     QString city;
-    QString state; ///< the abbreviation; `None` or empty where there is none
+    QString state; ///< the abbreviation; `None` or empty if there is none
     QString zip;
     QString fax;
     QString telephone;
@@ -49,6 +45,11 @@ struct OrganizationRecord
     qint64 organizationSubTypeId = noneKey;
 
     std::vector<CheckEntry> venues; ///< all venues; only those checked are linked
+
+    /// All types, each stored with whether it is checked.
+    std::vector<CheckEntry> jurisdictions;
+    std::vector<CheckEntry> populations;
+
     OrganizationProfile profile;
 
     std::optional<StoredState> stored; ///< what was read, missing for a new record; the store's own

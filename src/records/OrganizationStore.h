@@ -1,10 +1,8 @@
 #pragma once
 
-#include "data/DatabaseSession.h"
 #include "files/ProgramFolder.h"
-#include "platform/Clock.h"
-#include "records/EditorTypes.h"
 #include "records/OrganizationRecord.h"
+#include "records/RecordStore.h"
 
 #include <optional>
 #include <vector>
@@ -41,18 +39,13 @@ struct ChartPath
 
 /// Reads and writes organizations, with their profile, their links, their history and their chart.
 ///
-/// Lives as long as its editor; the session, the program's folder and the clock outlive it. Every failure is
-/// an Error. A save is one transaction: what was written before a failure stays, and a process that dies
-/// leaves all or nothing.
-class OrganizationStore
+/// What RecordStore says of a save holds here; the program's folder outlives the store.
+class OrganizationStore final : public RecordStore<OrganizationRecord>
 {
 public:
     using Problem = FieldProblem<OrganizationField>;
 
-    OrganizationStore(DatabaseSession& session, const ProgramFolder& folder, const Clock& clock)
-        : m_session(session), m_folder(folder), m_clock(clock)
-    {
-    }
+    OrganizationStore(DatabaseSession& session, const ProgramFolder& folder, const Clock& clock);
 
     /// The choices of the drop-downs, "None" first. Throws Error; the entries added so far stay.
     void fillStates(std::vector<ListEntry>& entries) const;
@@ -65,36 +58,31 @@ public:
     /// A record to begin with: "None" everywhere, nothing checked.
     [[nodiscard]] OrganizationRecord blank() const;
 
-    /// A record for editing or viewing. Throws Error 6 for an identifier beyond 16 bits.
-    [[nodiscard]] LoadedRecord<OrganizationRecord> load(qint64 id) const;
     [[nodiscard]] static QString notFoundMessage(qint64 id);
 
-    /// The name where it is empty; else the first number of the profile that is none.
+    /// The name if it is empty; else the first number of the profile that cannot be read.
     [[nodiscard]] static std::optional<Problem> check(const OrganizationRecord& record);
 
     /// What a save of that organization does with a text in its chart field.
     [[nodiscard]] ChartPath chartPath(const OrganizationRecord& record, const QString& text) const;
 
-    /// Adds the record and copies its chart; `record.id` is known afterwards, also if a later step failed.
-    /// A record that such a failure left unfinished is completed. Returns a problem, and writes nothing, if
-    /// another active organization has that name.
+    /// Adds the record and copies its chart, as RecordStore::add does. Returns a problem if another active
+    /// organization has that name. Throws Error, and writes nothing, if a number cannot be read.
     [[nodiscard]] std::optional<Problem> saveOrganization(OrganizationRecord& record);
 
-    /// Writes a record that exists; what the user did not change stays as it is stored. If somebody else
-    /// changed or deleted the record after it was read, returns what differs and writes nothing. A deleted
-    /// record stays deleted. Throws Error if it is gone meanwhile; nothing is written then.
+    /// Changes the record as RecordStore::change does. Throws Error, and writes nothing, if a number cannot
+    /// be read.
     [[nodiscard]] std::optional<RecordConflict> updateOrganization(OrganizationRecord& record);
 
-    /// Marks a record as deleted, and gives the message that says so.
+    /// Marks a record as deleted and returns the message that says so.
     QString deleteOrganization(qint64 id);
 
 private:
-    [[nodiscard]] bool hasOtherActiveName(const OrganizationRecord& record) const;
-    void writeProfile(const OrganizationRecord& record);
-    void writeLinks(const OrganizationRecord& record);
-    void writeHistory(const OrganizationRecord& record, const QString& status);
+    void requireWritable(const OrganizationRecord& record) const override;
+    [[nodiscard]] FieldValues changedFields(const OrganizationRecord& record) const override;
+    RecordTable readParts(OrganizationRecord& record) const override;
+    [[nodiscard]] FieldValues partFields(const OrganizationRecord& record) const override;
+    void writeParts(const OrganizationRecord& record, SaveMode mode) override;
 
-    DatabaseSession& m_session;
     const ProgramFolder& m_folder;
-    const Clock& m_clock;
 };

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "records/RecordKind.h"
 #include "records/clsPickListItem.h"
 
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 class DatabaseSession;
@@ -33,6 +35,14 @@ using PickedItems = std::vector<clsPickListItem>;
 
 /// The message about a list without rows.
 QString emptyPickListText(PickListKind kind);
+
+/// The kind of record that a pick list offers; std::nullopt for the rows of a lookup table.
+constexpr std::optional<RecordKind> recordKindOf(PickListKind kind)
+{
+    if (kind == PickListKind::Documents) return RecordKind::Document;
+    if (kind == PickListKind::Organizations) return RecordKind::Organization;
+    return std::nullopt;
+}
 
 /// The titles of the columns: one, or City and State.
 QStringList pickListHeaders(PickListKind kind);

@@ -104,7 +104,7 @@ void RecordLinks::rewriteSettings(DatabaseSession& session, const LinkTable& lin
     }
 }
 
-FieldValue RecordLinks::field(const LinkTable& links, const QString& caption,
+FieldValue RecordLinks::field(const LinkTable& links, const char* caption,
                               const std::vector<ListEntry>& entries)
 {
     std::set<qint64> keys;
@@ -116,7 +116,7 @@ FieldValue RecordLinks::field(const LinkTable& links, const QString& caption,
     return {links.table, caption, text};
 }
 
-FieldValue RecordLinks::field(const LinkTable& links, const QString& caption,
+FieldValue RecordLinks::field(const LinkTable& links, const char* caption,
                               const std::vector<CheckEntry>& entries)
 {
     std::vector<ListEntry> checked;

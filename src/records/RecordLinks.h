@@ -43,9 +43,9 @@ void rewriteSettings(DatabaseSession& session, const LinkTable& links, qint64 re
 
 /// The keys that a record is linked to, in one text that does not depend on their order; of a list with check
 /// boxes, those that are checked.
-[[nodiscard]] FieldValue field(const LinkTable& links, const QString& caption,
+[[nodiscard]] FieldValue field(const LinkTable& links, const char* caption,
                                const std::vector<ListEntry>& entries);
-[[nodiscard]] FieldValue field(const LinkTable& links, const QString& caption,
+[[nodiscard]] FieldValue field(const LinkTable& links, const char* caption,
                                const std::vector<CheckEntry>& entries);
 
 /// Throws Error 6 where an identifier that `rewrite` or `rewriteSettings` would write does not fit into 16

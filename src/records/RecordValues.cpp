@@ -1,7 +1,9 @@
 #include "records/RecordValues.h"
 
+#include "util/DateTimeText.h"
 #include "util/Error.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 
 #include <sqlite3.h>
@@ -9,6 +11,11 @@
 #include <algorithm>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RecordValues)
+};
 
 /// Numbers are typed with a comma between thousands and a point before the fraction, whatever the locale.
 const QLocale typed(QLocale::English, QLocale::UnitedStates);
@@ -18,6 +25,40 @@ const QLocale typed(QLocale::English, QLocale::UnitedStates);
 Value RecordValues::flag(bool set)
 {
     return qint64{set ? 1 : 0};
+}
+
+Value RecordValues::text(const QString& text)
+{
+    return text;
+}
+
+Value RecordValues::date(const QString& text)
+{
+    if (text.trimmed().isEmpty()) return {};
+    const auto date = DateTimeText::readDate(text);
+    return date ? DateTimeText::programDate(*date) : text;
+}
+
+Value RecordValues::time(const QString& text)
+{
+    if (text.trimmed().isEmpty()) return {};
+    const auto time = DateTimeText::readTime(text);
+    return time ? DateTimeText::programTime(*time) : text;
+}
+
+Value RecordValues::countOrText(const QString& text)
+{
+    return count(text).value_or(text);
+}
+
+Value RecordValues::amountOrText(const QString& text)
+{
+    return amount(text).value_or(text);
+}
+
+Value RecordValues::stateOrNone(const QString& text)
+{
+    return text.isEmpty() ? ListEntry::none().display : text;
 }
 
 Value RecordValues::updateTime(const Clock& clock)
@@ -48,16 +89,26 @@ std::optional<Value> RecordValues::amount(const QString& text)
     return number.remove(u',');
 }
 
-qint64 RecordValues::key(const RecordTable& rows, QStringView column)
+void RecordValues::read(const RecordTable& rows, QStringView column, QString& text)
 {
-    return isNull(rows.value(0, column)) ? noneKey : rows.integer(0, column);
+    text = rows.text(0, column);
+}
+
+void RecordValues::read(const RecordTable& rows, QStringView column, bool& flag)
+{
+    flag = rows.integer(0, column) != 0;
+}
+
+void RecordValues::read(const RecordTable& rows, QStringView column, qint64& key)
+{
+    key = isNull(rows.value(0, column)) ? noneKey : rows.integer(0, column);
 }
 
 EditableRecordSet RecordValues::openRecord(DatabaseSession& session, const QString& statement)
 {
     EditableRecordSet rows = session.edit(statement);
     if (rows.atEnd()) {
-        throw Error(SQLITE_NOTFOUND, QStringLiteral("The record is not in the database any more."));
+        throw Error(SQLITE_NOTFOUND, Texts::tr("The record is not in the database any more."));
     }
     return rows;
 }

@@ -15,6 +15,14 @@ namespace RecordValues {
 /// A flag as it is written: 1 or 0.
 Value flag(bool set);
 
+/// Texts as they are written. One that cannot be read is returned as it is: a check finds it before a save.
+Value text(const QString& text);
+Value date(const QString& text); ///< `mm/dd/yyyy`, missing if blank
+Value time(const QString& text); ///< `hh:mm`, missing if blank
+Value countOrText(const QString& text);
+Value amountOrText(const QString& text);
+Value stateOrNone(const QString& text); ///< "None" if empty
+
 /// The present moment, for the history.
 Value updateTime(const Clock& clock);
 
@@ -26,8 +34,11 @@ std::optional<Value> count(const QString& text);
 /// text; nothing where it is no number.
 std::optional<Value> amount(const QString& text);
 
-/// A key of another table; that of "None" where it is missing.
-qint64 key(const RecordTable& rows, QStringView column);
+/// Reads a column of the first row: a text, empty if it is missing; a flag; a key of another table, that of
+/// "None" if it is missing. Throws Error if there is no such column.
+void read(const RecordTable& rows, QStringView column, QString& text);
+void read(const RecordTable& rows, QStringView column, bool& flag);
+void read(const RecordTable& rows, QStringView column, qint64& key);
 
 /// Opens the one record that a statement names, for changing it. Throws Error where it is gone.
 EditableRecordSet openRecord(DatabaseSession& session, const QString& statement);

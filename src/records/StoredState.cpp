@@ -1,5 +1,7 @@
 #include "records/StoredState.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 /// In any letter case, as the lists leave a record out.
@@ -21,7 +23,7 @@ void StoredStates::keepUnchanged(FieldValues& fields, const FieldValues& read, c
 void StoredStates::setDiffering(EditableRecordSet& rows, const FieldValues& fields)
 {
     for (const FieldValue& field : fields) {
-        if (rows.value(field.column) != field.value) rows.set(field.column, field.value);
+        if (rows.value(field.column) != field.value) rows.set(field.column.toString(), field.value);
     }
 }
 
@@ -32,12 +34,13 @@ std::optional<RecordConflict> StoredStates::conflict(const std::optional<StoredS
     const RecordView& known = stored->known;
     RecordConflict conflict;
     for (std::size_t i = 0; i < found.fields.size(); ++i) {
-        if (found.fields[i].value != known.fields[i].value) conflict.fields << found.fields[i].caption;
+        if (found.fields[i].value == known.fields[i].value) continue;
+        conflict.fields << QCoreApplication::translate("RecordColumns", found.fields[i].caption);
     }
     conflict.fields.removeDuplicates();
     if (found.status != known.status) {
         conflict.isDeleted = isDeleted(found.status);
-        if (!conflict.isDeleted) conflict.fields << QStringLiteral("Status");
+        if (!conflict.isDeleted) conflict.fields << QCoreApplication::translate("RecordColumns", "Status");
     }
     if (conflict.fields.isEmpty() && !conflict.isDeleted) return std::nullopt;
     conflict.found = std::move(found);

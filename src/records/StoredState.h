@@ -14,8 +14,8 @@
 /// One field of a record: the column it is written to, what its user calls it, and what it holds.
 struct FieldValue
 {
-    QString column;
-    QString caption;
+    QStringView column;  ///< of a literal or a table of links, which outlive the value
+    const char* caption; ///< to be translated in the context `RecordColumns`
     Value value;
 };
 

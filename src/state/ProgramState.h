@@ -2,7 +2,6 @@
 
 #include "data/DatabaseSession.h"
 #include "files/ProgramFolder.h"
-#include "records/PickList.h"
 #include "views/StandardQueries.h"
 #include "views/ViewHistory.h"
 
@@ -19,10 +18,4 @@ struct ProgramState
     QString databasePath;
     QString lastKeywords; ///< what was searched for last, as typed
     DatabaseSession session;
-
-    /// Set by an editor that was left by Cancel; reset by who opened it.
-    bool editCancelled = false;
-
-    /// What the pick list is opened with and gives back.
-    PickedItems chosen;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/PickList.h"
 #include "views/clsAdvSearch.h"
 
 class QWidget;
@@ -8,14 +9,7 @@ class QWidget;
 class RecordPicker
 {
 public:
-    /// By the numbers that pick lists have for them.
-    enum class Records
-    {
-        Organizations = 0,
-        Functions = 1,
-        DocumentTypes = 2,
-        CityLocations = 5
-    };
+    using Records = PickListKind;
 
     virtual ~RecordPicker() = default;
 

@@ -42,20 +42,10 @@ constexpr std::optional<ViewKind> kindOf(SearchScope scope)
     return static_cast<ViewKind>(static_cast<int>(scope) - 1);
 }
 
-/// What a kind of record is called, in captions and in the tables.
-struct RecordNames
-{
-    QString record; ///< also its table
-    QString key;
-    QString name;
-};
-
+/// What the tables call a kind of record that has a list.
 inline RecordNames recordNames(ViewKind kind)
 {
-    const QString record = kind == ViewKind::Documents ? QStringLiteral("Document")
-                           : kind == ViewKind::Events  ? QStringLiteral("Event")
-                                                       : QStringLiteral("Organization");
-    return {record, record + QStringLiteral("ID"), record + QStringLiteral("Name")};
+    return recordNames(recordKindOf(kind).value_or(RecordKind::Organization));
 }
 
 /// The query that shows all records of a kind that has a list.

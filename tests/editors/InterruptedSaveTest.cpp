@@ -85,13 +85,13 @@ protected:
         record.organizationName = name;
         record.notes = record.profile.volunteers = u"1"_s;
         check(record.venues, {2});
-        check(record.profile.jurisdictions, {1});
-        check(record.profile.populations, {1});
+        check(record.jurisdictions, {1});
+        check(record.populations, {1});
         (void)store.saveOrganization(record);
         record.notes = record.profile.volunteers = u"2"_s;
         check(record.venues, {2, 3});
-        check(record.profile.jurisdictions, {1, 2});
-        check(record.profile.populations, {1, 2});
+        check(record.jurisdictions, {1, 2});
+        check(record.populations, {1, 2});
         (void)store.updateOrganization(record);
     }
 

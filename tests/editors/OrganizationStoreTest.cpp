@@ -123,10 +123,10 @@ TEST_F(OrganizationStoreTest, WhatIsNoNumberIsRefusedBeforeAnythingIsWritten)
     record.profile.swornEmployees.clear();
     record.profile.annualBudget = u"-12.5"_s;
     EXPECT_FALSE(OrganizationStore::check(record));
-    for (const auto list : {&OrganizationProfile::jurisdictions, &OrganizationProfile::populations}) {
-        (record.profile.*list).push_back({{u"far"_s, 32768}, false}); // written with its setting
+    for (const auto list : {&OrganizationRecord::jurisdictions, &OrganizationRecord::populations}) {
+        (record.*list).push_back({{u"far"_s, 32768}, false}); // written with its setting
         EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateOrganization(record); }), overflow);
-        (record.profile.*list).pop_back();
+        (record.*list).pop_back();
     }
     record.venues.push_back({{u"far"_s, 32768}, true});
     EXPECT_EQ(errorNumberOf([&] { (void)m_store.updateOrganization(record); }), overflow);

@@ -248,13 +248,13 @@ TEST_F(DocumentEditor, SaysThatARecordIsGoneOrOutOfRange)
     auto& editors = journey.find<RecordEditors>("");
     messages().expectMessage(QStringLiteral("Document 99 not found"));
     inDialog(
-        "frmDocument", [&] { editors.view(ViewKind::Documents, 99); },
+        "frmDocument", [&] { editors.view(RecordKind::Document, 99); },
         [](OpenDialog& dialog) {
             EXPECT_EQ(dialog.text("txtDocumentName"), "");
             dialog.press(Qt::Key_Escape);
         });
     messages().expectMessage(QStringLiteral("populateFields Error (6): Overflow"));
-    editors.edit(ViewKind::Documents, 32768);
+    editors.edit(RecordKind::Document, 32768);
     messages().finish();
 }
 

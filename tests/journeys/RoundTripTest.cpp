@@ -65,7 +65,7 @@ struct Rows
 
 struct Editor
 {
-    ViewKind kind;
+    RecordKind kind;
     const char* form;
     const char* history;
     const char* unshown; ///< sets what the editor does not know
@@ -85,7 +85,7 @@ struct Editor
     "Carries people|NULL|NULL|A note|ACTIVE|1|"
 
 const Editor editors[] = {
-    {ViewKind::Documents,
+    {RecordKind::Document,
      "frmDocument",
      "Document_HIST",
      "UPDATE Document SET ReleaseForm = 0, UserID = 5, POCID = 6, Status = 'REVIEWED'",
@@ -111,7 +111,7 @@ const Editor editors[] = {
       {"SELECT * FROM DocumentTypes WHERE DocumentID = 28 ORDER BY 2", "28|7\n28|9"},
       {"SELECT * FROM DocumentCategories WHERE DocumentID = 28", "28|11"},
       {"SELECT * FROM DocumentVenues WHERE DocumentID = 28 ORDER BY rowid", "28|4\n28|6"}}},
-    {ViewKind::Events,
+    {RecordKind::Event,
      "frmEvent",
      "Event_HIST",
      "UPDATE Event SET UserID = 7, StartTime = '13:05:30'",
@@ -133,7 +133,7 @@ const Editor editors[] = {
       {"SELECT * FROM EventFunctions WHERE EventID = 28", "28|13"},
       {"SELECT * FROM DocumentEvents ORDER BY 1", "25|28\n27|28"},
       {"SELECT * FROM OrganizationEvents", "24|28"}}},
-    {ViewKind::Organizations,
+    {RecordKind::Organization,
      "frmOrganization",
      "Organization_HIST",
      "UPDATE Organization SET UserID = 7, ParentID = 23, Lat = 46.2, Lon = -123.8",
@@ -267,7 +267,7 @@ protected:
     void open(EditorMode mode, const std::function<void(OpenDialog&)>& work)
     {
         auto& records = journey.find<RecordEditors>("");
-        const ViewKind kind = GetParam().kind;
+        const RecordKind kind = GetParam().kind;
         inDialog(
             GetParam().form,
             [&] {
@@ -278,7 +278,7 @@ protected:
             work);
     }
 
-    static qint64 id() { return GetParam().kind == ViewKind::Organizations ? 25 : 28; }
+    static qint64 id() { return GetParam().kind == RecordKind::Organization ? 25 : 28; }
 
     Journey journey;
     QString file = journey.database.folder() + QStringLiteral("/scan.PDF");

@@ -41,10 +41,10 @@ struct KindNames
     const char* status;
 };
 
-KindNames namesOf(ViewKind kind)
+KindNames namesOf(RecordKind kind)
 {
-    if (kind == ViewKind::Documents) return {"frmDocument", "Document", "dStatus"};
-    if (kind == ViewKind::Events) return {"frmEvent", "Event", "Status"};
+    if (kind == RecordKind::Document) return {"frmDocument", "Document", "dStatus"};
+    if (kind == RecordKind::Event) return {"frmEvent", "Event", "Status"};
     return {"frmOrganization", "Organization", "Status"};
 }
 
@@ -60,14 +60,14 @@ public:
         journey.start();
     }
 
-    void edit(ViewKind kind, const std::function<void(OpenDialog&)>& work)
+    void edit(RecordKind kind, const std::function<void(OpenDialog&)>& work)
     {
         inDialog(
             namesOf(kind).form, [&] { journey.find<RecordEditors>("").edit(kind, 2); }, work);
     }
 
     /// What is stored of a record, in its own row.
-    std::string row(ViewKind kind)
+    std::string row(RecordKind kind)
     {
         const QString table = QString::fromLatin1(namesOf(kind).table);
         return rows(QStringLiteral("SELECT * FROM %1 WHERE %1ID = 2").arg(table));
@@ -90,23 +90,24 @@ TEST(Save, LeavesAloneWhatItsUserDidNotChange)
 {
     const struct
     {
-        ViewKind kind;
+        RecordKind kind;
         const char* stored;
     } cases[] = {
-        {ViewKind::Documents, "UPDATE Document SET FileTypeID = 99"},
-        {ViewKind::Documents, "UPDATE Document SET FileTypeID = 40000, OrganizationID = 500"},
-        {ViewKind::Documents,
+        {RecordKind::Document, "UPDATE Document SET FileTypeID = 99"},
+        {RecordKind::Document, "UPDATE Document SET FileTypeID = 40000, OrganizationID = 500"},
+        {RecordKind::Document,
          "UPDATE Document SET FileTypeID = NULL, OrganizationID = NULL, KeyDocument = -1"},
-        {ViewKind::Documents, "UPDATE Document SET Author = printf('%040000d', 7)"},
-        {ViewKind::Documents, "INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES "
-                              "(7, 'Levee Board ', 'ACTIVE'); UPDATE Document SET OrganizationID = 7"},
-        {ViewKind::Events, "UPDATE Event SET StartTime = '09:05:30', EndTime = ''"},
-        {ViewKind::Organizations,
+        {RecordKind::Document, "UPDATE Document SET Author = printf('%040000d', 7)"},
+        {RecordKind::Document, "INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES "
+                               "(7, 'Levee Board ', 'ACTIVE'); UPDATE Document SET OrganizationID = 7"},
+        {RecordKind::Event, "UPDATE Event SET StartTime = '09:05:30', EndTime = ''"},
+        {RecordKind::Organization,
          "UPDATE Organization SET OrganizationSubTypeID = 5 WHERE OrganizationID = 2"},
-        {ViewKind::Organizations, "UPDATE Organization SET OrganizationTypeID = 99 WHERE OrganizationID = 2"},
-        {ViewKind::Organizations, "UPDATE Organization SET FunctionID = 77, OrganizationTypeID = NULL, "
-                                  "OrganizationSubTypeID = NULL WHERE OrganizationID = 2"},
-        {ViewKind::Organizations, "UPDATE Organization SET State = 'or' WHERE OrganizationID = 2"},
+        {RecordKind::Organization,
+         "UPDATE Organization SET OrganizationTypeID = 99 WHERE OrganizationID = 2"},
+        {RecordKind::Organization, "UPDATE Organization SET FunctionID = 77, OrganizationTypeID = NULL, "
+                                   "OrganizationSubTypeID = NULL WHERE OrganizationID = 2"},
+        {RecordKind::Organization, "UPDATE Organization SET State = 'or' WHERE OrganizationID = 2"},
     };
     for (const auto& [kind, stored] : cases) {
         SCOPED_TRACE(stored);
@@ -144,31 +145,31 @@ TEST(Save, AsksBeforeItWritesOverWhatSomebodyElseChanged)
                        "Save over these changes all the same? The record stays deleted.");
     const struct
     {
-        ViewKind kind;
+        RecordKind kind;
         const char* meanwhile;
         QString question;
         const char* links; // which a save writes over too
     } cases[] = {
-        {ViewKind::Documents, "UPDATE Document SET Author = 'other', FileTypeID = 1",
+        {RecordKind::Document, "UPDATE Document SET Author = 'other', FileTypeID = 1",
          changed("Author\nFile type"), ""},
-        {ViewKind::Documents,
+        {RecordKind::Document,
          "INSERT INTO DocumentVenues VALUES (2, 1); INSERT INTO DocumentTypes VALUES (2, 2)",
          changed("Document types\nVenues"),
          "SELECT (SELECT count(*) FROM DocumentVenues), sum(DocumentTypeID) FROM DocumentTypes"},
-        {ViewKind::Documents, "UPDATE Document SET dStatus = 'DELETED'", deleted, ""},
-        {ViewKind::Documents,
+        {RecordKind::Document, "UPDATE Document SET dStatus = 'DELETED'", deleted, ""},
+        {RecordKind::Document,
          "UPDATE Document SET DocumentName = 'Dams', "
          "dStatus = 'DELETED'",
          deletedAndChanged, ""},
-        {ViewKind::Events,
+        {RecordKind::Event,
          "UPDATE Event SET EndDate = '1927-05-01'; INSERT INTO EventFunctions VALUES (2, 2)",
          changed("End date\nFunctions"), "SELECT FunctionID FROM EventFunctions"},
-        {ViewKind::Events, "UPDATE Event SET Status = 'DELETED'", deleted, ""},
-        {ViewKind::Organizations,
+        {RecordKind::Event, "UPDATE Event SET Status = 'DELETED'", deleted, ""},
+        {RecordKind::Organization,
          "UPDATE Organization SET Telephone = '1' WHERE OrganizationID = 2; "
          "UPDATE OrganizationProfile SET Training = 'x', Volunteers = 5",
          changed("Telephone\nVolunteers\nTraining"), "SELECT Training, Volunteers FROM OrganizationProfile"},
-        {ViewKind::Organizations, "UPDATE Organization SET Status = 'DELETED' WHERE OrganizationID = 2",
+        {RecordKind::Organization, "UPDATE Organization SET Status = 'DELETED' WHERE OrganizationID = 2",
          deleted, ""},
     };
     for (const auto& [kind, meanwhile, question, links] : cases) {
@@ -209,7 +210,7 @@ TEST(Save, ShowsAndChangesTheFirstOfTwoProfiles)
     Saving saving("INSERT INTO OrganizationProfile (OrganizationProfileID, MissionStatement, ChartOption) "
                   "VALUES (2, 'Second', NULL), (2, 'Third', 1)");
     for (const char* mission : {"First", "one", "two"}) {
-        saving.edit(ViewKind::Organizations, [&](OpenDialog& dialog) {
+        saving.edit(RecordKind::Organization, [&](OpenDialog& dialog) {
             EXPECT_EQ(dialog.text("rtbMissionStatement"), mission);
             dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
             dialog.type("rtbMissionStatement",
@@ -263,7 +264,7 @@ TEST(Save, KeepsAChartWhoseFileOrCopyIsThereAndAsksBeforeItDropsAnother)
         const QString chart =
             QStringLiteral("SELECT OrganizationChart, ChartOption FROM OrganizationProfile");
         const std::string before = saving.rows(chart);
-        saving.edit(ViewKind::Organizations, [&, isDropped = isDropped](OpenDialog& dialog) {
+        saving.edit(RecordKind::Organization, [&, isDropped = isDropped](OpenDialog& dialog) {
             auto& tabs = dialog.find<QTabWidget>("tabOrganization");
             EXPECT_EQ(tabs.tabToolTip(1).isEmpty(), !isDropped);
             dialog.type("txtTelephone", QStringLiteral("555 0100"));

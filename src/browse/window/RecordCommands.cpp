@@ -6,6 +6,7 @@
 #include "browse/window/MainCommands.h"
 #include "editors/FileDrop.h"
 #include "editors/RecordEditors.h"
+#include "views/clsView.h"
 
 #include <QMenu>
 #include <QToolBar>
@@ -58,17 +59,21 @@ void RecordCommands::acceptFiles(QWidget& window)
 
 void RecordCommands::run(OpenRecord open)
 {
-    if (const auto record = m_list.selectedRecord()) (m_editors.*open)(m_list.kind(), *record);
+    const auto kind = recordKindOf(m_list.kind());
+    const auto record = m_list.selectedRecord();
+    if (kind && record) (m_editors.*open)(*kind, *record);
 }
 
 void RecordCommands::remove()
 {
+    const auto kind = recordKindOf(m_list.kind());
+    if (!kind) return;
     std::vector<ListEntry> records;
     for (const SelectedRecord& record : m_list.selectedRecords())
         records.push_back({record.name, record.identifier});
     const QList<int> rows = m_list.view().selectedRows();
     m_rowOfDeleted = rows.isEmpty() ? -1 : rows.front();
-    m_editors.remove(m_list.kind(), records);
+    m_editors.remove(*kind, records);
     m_rowOfDeleted = -1;
 }
 
@@ -91,9 +96,9 @@ void RecordCommands::enable(const QString& unwritable, const QString& hindrance)
     enableUnless(*m_commands.mnuRecordDelete, first({unwritable, hindrance, nothing}));
 }
 
-void RecordCommands::selectAfterChange(ViewKind kind, qint64 saved)
+void RecordCommands::selectAfterChange(RecordKind kind, qint64 saved)
 {
-    if (kind != m_list.kind() || (saved >= 0 && m_list.select(saved))) return;
+    if (viewOf(kind) != m_list.kind() || (saved >= 0 && m_list.select(saved))) return;
     if (m_rowOfDeleted < 0 || m_list.selectedRecord()) return;
     const int last = m_list.model().rowCount() - 1;
     if (last >= 0) m_list.select(m_list.model().identifier(std::min(m_rowOfDeleted, last)));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/clsView.h"
+#include "records/RecordKind.h"
 
 #include <QObject>
 
@@ -27,10 +27,10 @@ public:
 
     /// After the list was read again because records were saved or deleted: selects the record that was
     /// saved or, where the selected ones are gone, the row that stands in the place of the first of them.
-    void selectAfterChange(ViewKind kind, qint64 saved);
+    void selectAfterChange(RecordKind kind, qint64 saved);
 
 private:
-    using OpenRecord = void (RecordEditors::*)(ViewKind, qint64);
+    using OpenRecord = void (RecordEditors::*)(RecordKind, qint64);
 
     void connectAdditions();
     void connectList();

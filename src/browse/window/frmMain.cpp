@@ -58,11 +58,11 @@ frmMain::frmMain(const Platform& platform, ProgramState& state)
       m_list(new ListPane(state.session, state.history, state.folder.folderPath(ProgramFolders::documents),
                           this)),
       m_browse(new BrowsePage(m_list, platform.settings, this)),
-      m_picker(std::make_unique<DialogRecordPicker>(platform, state)),
+      m_picker(std::make_unique<DialogRecordPicker>(platform, state.session)),
       m_search(new SearchCommands(platform, state, *m_picker, *this)),
       m_related(new RelatedCommands(platform, state, *m_list, this)),
       m_open(std::make_unique<OpenCommand>(platform, state, *m_list)),
-      m_editors(new RecordEditors(platform, state, *this)),
+      m_editors(new RecordEditors(platform, state.session, state.folder, *this)),
       m_graphics(new GraphicViews(platform, state, *m_list, *m_browse, *this))
 {
     setObjectName(QStringLiteral("frmMain"));
@@ -107,7 +107,9 @@ void frmMain::connectCommands()
     on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
     connect(m_home, &HomePage::chosen, this, &frmMain::pressHomeButton);
-    connect(m_search, &SearchCommands::recordChosen, m_editors, &RecordEditors::view);
+    connect(m_search, &SearchCommands::recordChosen, m_editors, [this](ViewKind kind, qint64 record) {
+        if (const auto records = recordKindOf(kind)) m_editors->view(*records, record);
+    });
     new HistoryNavigation(m_state.history, *m_commands->mnuNavigateBack, *m_commands->mnuNavigateForward,
                           *m_commands->tbToolBar, *this);
 }
@@ -127,7 +129,7 @@ void frmMain::makeRecordCommands()
     connect(m_related, &RelatedCommands::additionWanted, m_editors, [this](const RecordAddition& addition) {
         const QString hindrance = unwritable();
         if (hindrance.isEmpty())
-            m_editors->add(addition.kind, addition.preset);
+            m_editors->add(recordKindOf(addition.kind).value(), addition.preset);
         else
             m_platform.messages.show(hindrance);
     });
@@ -135,15 +137,16 @@ void frmMain::makeRecordCommands()
         m_graphics->timeline().updateTimeline(start ? std::optional(momentOf(start->date(), start->time()))
                                                     : std::nullopt);
     });
-    connect(m_editors, &RecordEditors::changed, this, [this](ViewKind kind, qint64 saved) {
+    connect(m_editors, &RecordEditors::changed, this, [this](RecordKind kind, qint64 saved) {
         refresh();
         m_records->selectAfterChange(kind, saved);
     });
     connect(m_editors, &RecordEditors::fileAsked, this,
-            [this](ViewKind kind, qint64 record) { m_open->openRecord(kind, record); });
-    connect(m_editors, &RecordEditors::saved, m_status, &StatusLine::showSaved);
+            [this](RecordKind kind, qint64 record) { m_open->openRecord(viewOf(kind), record); });
+    connect(m_editors, &RecordEditors::saved, m_status,
+            [this](RecordKind kind, const QString& name) { m_status->showSaved(viewOf(kind), name); });
     connect(&m_graphics->timeline(), &TimelinePanel::eventOpened, this,
-            [this](qint64 event) { m_editors->view(ViewKind::Events, event); });
+            [this](qint64 event) { m_editors->view(RecordKind::Event, event); });
     connect(&m_graphics->timeline(), &TimelinePanel::eventMenuRequested, this,
             [menus](const QPoint& position) { menus->popUp(ViewKind::Events, position); });
 }

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "records/DocumentRecord.h"
+#include "records/RecordColumns.h"
+
+/// The columns of `Document` that an editor shows, and the name of the stored file.
+inline constexpr RecordColumn<DocumentRecord> documentColumns[]{
+    {u"DocumentName", &DocumentRecord::documentName, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Title")},
+    {u"Author", &DocumentRecord::author, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Author")},
+    {u"DocumentDate", &DocumentRecord::documentDate, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Date")},
+    {u"Publication", &DocumentRecord::publication, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Publication")},
+    {u"PageNum", &DocumentRecord::pageNum, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Page number")},
+    {u"PubNum", &DocumentRecord::pubNum, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Publication number")},
+    {u"Volume", &DocumentRecord::volume, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Volume")},
+    {u"URL", &DocumentRecord::url, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Web address")},
+    {u"OriginalFilename", &DocumentRecord::originalFilename, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Document file"), &RecordValues::text, true},
+    {u"KeyDocument", &DocumentRecord::keyDocument, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Key document")},
+    {u"DocumentDescription", &DocumentRecord::documentDescription, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Description")},
+    {u"Notes", &DocumentRecord::notes, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Notes")},
+    {u"FileTypeID", &DocumentRecord::fileTypeId, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "File type")},
+    {u"OrganizationID", &DocumentRecord::organizationId, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Source organization")},
+    {u"FileLocation", &DocumentRecord::fileLocation, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Document file"), &RecordValues::text, true},
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "records/EventRecord.h"
+#include "records/RecordColumns.h"
+
+/// The columns of `Event` that an editor shows.
+inline constexpr RecordColumn<EventRecord> eventColumns[]{
+    {u"EventName", &EventRecord::eventName, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Title")},
+    {u"EventDescription", &EventRecord::eventDescription, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Description")},
+    {u"Notes", &EventRecord::notes, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Notes")},
+    {u"KeyEvent", &EventRecord::keyEvent, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Key event")},
+    {u"startDate", &EventRecord::startDate, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Start date"),
+     &RecordValues::date},
+    {u"endDate", &EventRecord::endDate, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "End date"),
+     &RecordValues::date},
+    {u"startTime", &EventRecord::startTime, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Start time"),
+     &RecordValues::time},
+    {u"endTime", &EventRecord::endTime, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "End time"),
+     &RecordValues::time},
+};

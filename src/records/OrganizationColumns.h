@@ -1,0 +1,57 @@
+#pragma once
+
+#include "records/OrganizationRecord.h"
+#include "records/RecordColumns.h"
+
+/// The columns of `Organization` that an editor shows.
+inline constexpr RecordColumn<OrganizationRecord> organizationColumns[]{
+    {u"OrganizationName", &OrganizationRecord::organizationName, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Name")},
+    {u"Address1", &OrganizationRecord::address1, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Address")},
+    {u"Address2", &OrganizationRecord::address2, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Address line 2")},
+    {u"Address3", &OrganizationRecord::address3, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Address line 3")},
+    {u"city", &OrganizationRecord::city, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "City")},
+    {u"State", &OrganizationRecord::state, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "State"),
+     &RecordValues::stateOrNone},
+    {u"Zip", &OrganizationRecord::zip, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Zip")},
+    {u"Fax", &OrganizationRecord::fax, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Fax")},
+    {u"Telephone", &OrganizationRecord::telephone, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Telephone")},
+    {u"Website", &OrganizationRecord::website, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Web site")},
+    {u"ResponseActivities", &OrganizationRecord::responseActivities, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Response activities")},
+    {u"Notes", &OrganizationRecord::notes, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Notes")},
+    {u"functionId", &OrganizationRecord::functionId, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Function")},
+    {u"OrganizationTypeID", &OrganizationRecord::organizationTypeId, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Type")},
+    {u"OrganizationSubTypeID", &OrganizationRecord::organizationSubTypeId, History::Copied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Sub-type")},
+};
+
+/// The columns of `OrganizationProfile`, which has no history.
+inline constexpr RecordColumn<OrganizationProfile> profileColumns[]{
+    {u"MissionStatement", &OrganizationProfile::missionStatement, History::NotCopied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Mission statement")},
+    {u"SwornEmployees", &OrganizationProfile::swornEmployees, History::NotCopied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Sworn employees"), &RecordValues::countOrText},
+    {u"CivilianEmployees", &OrganizationProfile::civilianEmployees, History::NotCopied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Civilian employees"), &RecordValues::countOrText},
+    {u"Volunteers", &OrganizationProfile::volunteers, History::NotCopied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Volunteers"), &RecordValues::countOrText},
+    {u"AnnualBudget", &OrganizationProfile::annualBudget, History::NotCopied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Annual budget"), &RecordValues::amountOrText},
+    {u"Resources", &OrganizationProfile::resources, History::NotCopied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Resources")},
+    {u"Training", &OrganizationProfile::training, History::NotCopied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Training")},
+    {u"Other", &OrganizationProfile::other, History::NotCopied, QT_TRANSLATE_NOOP("RecordColumns", "Other")},
+    {u"OrganizationChart", &OrganizationProfile::organizationChart, History::NotCopied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Organization chart")},
+    {u"ChartOption", &OrganizationProfile::chartOption, History::NotCopied,
+     QT_TRANSLATE_NOOP("RecordColumns", "Organization chart")},
+};

@@ -1,0 +1,24 @@
+#include "records/RecordKind.h"
+
+namespace {
+
+QString recordWord(RecordKind kind)
+{
+    switch (kind) {
+    case RecordKind::Document:
+        return QStringLiteral("Document");
+    case RecordKind::Event:
+        return QStringLiteral("Event");
+    case RecordKind::Organization:
+        break;
+    }
+    return QStringLiteral("Organization");
+}
+
+} // namespace
+
+RecordNames recordNames(RecordKind kind)
+{
+    const QString record = recordWord(kind);
+    return {record, record + QStringLiteral("ID"), record + QStringLiteral("Name")};
+}
