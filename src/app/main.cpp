@@ -1,4 +1,5 @@
 #include "app/Main_Mod.h"
+#include "app/Translations.h"
 #include "opening/frmImport.h"
 #include "platform/Clock.h"
 #include "platform/DesktopFileDialogs.h"
@@ -12,6 +13,7 @@
 #include "widgets/ReadablePalette.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <QStandardPaths>
 
 int main(int argc, char** argv)
@@ -22,6 +24,8 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(QStringLiteral(ORVIK_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("orvik-database"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/orvik-database.svg")));
+    const Translations translations(QLocale(), QCoreApplication::applicationDirPath() +
+                                                   QStringLiteral("/../share/orvik/translations"));
     IndicatorStyle::install();
     ReadablePalette::apply();
     IconSet::chooseTheme();

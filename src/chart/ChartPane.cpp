@@ -64,7 +64,8 @@ void ChartPane::drawCharts()
         // the list asks the same of the same data, and tells
     }
     const std::size_t leftOut = keepReadable(counts);
-    m_more->setText(tr("and %1 more").arg(QLocale(QLocale::English).toString(leftOut)));
+    m_more->setText(tr("and %1 more", nullptr, static_cast<int>(leftOut))
+                        .arg(QLocale(QLocale::English).toString(leftOut)));
     m_more->setVisible(leftOut > 0);
     m_chart->setCounts(std::move(counts));
 }

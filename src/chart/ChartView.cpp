@@ -176,8 +176,9 @@ QString ChartView::accessibleItemName(int item) const
 {
     const DocumentTypeCount& count = m_counts.at(static_cast<std::size_t>(item));
     const QString name = readableLine(count.name);
-    return count.documents == 1 ? tr("%1: 1 document").arg(name)
-                                : tr("%1: %2 documents").arg(name, QString::number(count.documents));
+    return count.documents == 1
+               ? tr("%1: 1 document").arg(name)
+               : tr("%1: %n documents", nullptr, static_cast<int>(count.documents)).arg(name);
 }
 
 void ChartView::mousePressEvent(QMouseEvent* event)

@@ -8,11 +8,17 @@
 #include "util/Error.h"
 #include "util/FileAccess.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Database)
+};
 
 constexpr int lockPatienceMilliseconds = 1000;
 
@@ -93,7 +99,7 @@ void DatabaseSession::close()
 
 const std::shared_ptr<SQLite::Database>& DatabaseSession::database() const
 {
-    if (!m_database) throw Error(SQLITE_MISUSE, QStringLiteral("No database is open."));
+    if (!m_database) throw Error(SQLITE_MISUSE, Texts::tr("No database is open."));
     return m_database;
 }
 
@@ -105,12 +111,11 @@ bool DatabaseSession::isReadOnly() const
 void DatabaseSession::requireWritable() const
 {
     if (!isReadOnly()) return;
-    throw Error(
-        SQLITE_READONLY,
-        hasReadOnlyFile()
-            ? QStringLiteral("The database can be read, but not changed. (%1)").arg(m_fileName)
-            : QStringLiteral("The database can be read, but not changed: its folder is read-only. (%1)")
-                  .arg(folder()));
+    throw Error(SQLITE_READONLY,
+                hasReadOnlyFile()
+                    ? Texts::tr("The database can be read, but not changed. (%1)").arg(m_fileName)
+                    : Texts::tr("The database can be read, but not changed: its folder is read-only. (%1)")
+                          .arg(folder()));
 }
 
 bool DatabaseSession::hasReadOnlyFile() const
@@ -173,7 +178,7 @@ EngineStatement DatabaseSession::prepare(const QString& engineStatement, Access 
     m_watch.beginStep();
     EngineStatement prepared(database(), engineStatement.toStdString());
     if (access == Access::Read && !prepared.isReadOnly()) {
-        throw Error(SQLITE_AUTH, QStringLiteral("A statement that reads cannot change anything."));
+        throw Error(SQLITE_AUTH, Texts::tr("A statement that reads cannot change anything."));
     }
     return prepared;
 }

@@ -3,16 +3,22 @@
 #include "util/Error.h"
 #include "util/FileAccess.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
 namespace {
 
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Database)
+};
+
 constexpr int primaryCodeMask = 0xFF;
 
-QString withPath(const char* description, const QString& path)
+QString withPath(const QString& description, const QString& path)
 {
-    return QStringLiteral("%1 (%2)").arg(QString::fromUtf8(description), path);
+    return QStringLiteral("%1 (%2)").arg(description, path);
 }
 
 /// What is in the way of writing, or of opening what is needed to write; empty if the file tells nothing.
@@ -20,18 +26,19 @@ QString hindranceOf(int code, const QString& path)
 {
     if (path.isEmpty()) return {};
     const QFileInfo file(path);
-    if (!file.exists()) return withPath("The database was moved or deleted while it was open.", path);
+    if (!file.exists())
+        return withPath(Texts::tr("The database was moved or deleted while it was open."), path);
     if (code == SQLITE_READONLY_DBMOVED)
-        return withPath("The database was replaced by another file while it was open.", path);
-    if (!isWritable(path)) return withPath("The file of the database is read-only.", path);
+        return withPath(Texts::tr("The database was replaced by another file while it was open."), path);
+    if (!isWritable(path)) return withPath(Texts::tr("The file of the database is read-only."), path);
     if (!isWritable(file.path()))
-        return withPath("The database cannot be changed: its folder is read-only.", file.path());
+        return withPath(Texts::tr("The database cannot be changed: its folder is read-only."), file.path());
     return {};
 }
 
 QString describe(int code, const char* message)
 {
-    if (code == SQLITE_INTERRUPT) return QStringLiteral("The statement took too long and was stopped.");
+    if (code == SQLITE_INTERRUPT) return Texts::tr("The statement took too long and was stopped.");
     return QString::fromUtf8(message);
 }
 

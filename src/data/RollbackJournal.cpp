@@ -2,6 +2,7 @@
 
 #include "util/Error.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
@@ -11,6 +12,11 @@
 #include <array>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Database)
+};
 
 // such a journal ends in a name, the length of the name, a checksum and these bytes
 constexpr std::array<unsigned char, 8> magic{0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
@@ -33,6 +39,6 @@ void refuseForeignJournal(const QString& database)
     const QByteArray end(reinterpret_cast<const char*>(magic.data()), magic.size());
     if (!tail.endsWith(end) || qFromBigEndian<quint32>(tail.constData()) == 0) return;
     throw Error(SQLITE_CANTOPEN,
-                QStringLiteral("The journal beside the database belongs to a change of several databases, "
-                               "which only the program that began it can finish or undo."));
+                Texts::tr("The journal beside the database belongs to a change of several databases, "
+                          "which only the program that began it can finish or undo."));
 }

@@ -2,10 +2,17 @@
 
 #include "util/Error.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <array>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Database)
+};
 
 constexpr int syntaxErrorNumber = 1;
 
@@ -76,7 +83,7 @@ private:
         QString text;
         for (++m_at; m_at < m_statement.size(); ++m_at) {
             const QChar c = m_statement[m_at];
-            if (c.isNull()) fail(QStringLiteral("a text holds a NUL character"));
+            if (c.isNull()) fail(Texts::tr("a text holds a NUL character"));
             if (c == quote) {
                 ++m_at;
                 if (m_at >= m_statement.size() || m_statement[m_at] != quote) {
@@ -86,7 +93,7 @@ private:
             }
             text += c;
         }
-        fail(QStringLiteral("a text has no closing %1").arg(quote));
+        fail(Texts::tr("a text has no closing %1").arg(quote));
     }
 
     /// A text that goes on behind its end was ended by a quote that is part of it.
@@ -96,14 +103,14 @@ private:
         if (m_at >= m_statement.size()) return;
         const QChar next = m_statement[m_at];
         if (next.isSpace() || next.isNull() || follows.contains(next)) return;
-        if (quote == u'"') fail(QStringLiteral("a quotation mark in a text ends it too early"));
-        fail(QStringLiteral("an apostrophe in a text ends it too early. In a search, type _ in its place"));
+        if (quote == u'"') fail(Texts::tr("a quotation mark in a text ends it too early"));
+        fail(Texts::tr("an apostrophe in a text ends it too early. In a search, type _ in its place"));
     }
 
     SqlToken date()
     {
         const auto end = m_statement.indexOf(u'#', m_at + 1);
-        if (end < 0) fail(QStringLiteral("a date has no closing #"));
+        if (end < 0) fail(Texts::tr("a date has no closing #"));
         const auto text = m_statement.sliced(m_at + 1, end - m_at - 1).toString();
         m_at = end + 1;
         return {SqlToken::Kind::Date, text};
@@ -115,12 +122,12 @@ private:
         static constexpr QStringView singles = u"(),.=<>+-*/";
 
         const QStringView rest = m_statement.sliced(m_at);
-        if (rest.startsWith(u"--") || rest.startsWith(u"/*")) fail(QStringLiteral("a comment stands in it"));
+        if (rest.startsWith(u"--") || rest.startsWith(u"/*")) fail(Texts::tr("a comment stands in it"));
         for (const QStringView pair : pairs) {
             if (rest.startsWith(pair)) return take(pair.size());
         }
         if (singles.contains(rest.front())) return take(1);
-        fail(QStringLiteral("the character %1 has no meaning in it").arg(rest.front()));
+        fail(Texts::tr("the character %1 has no meaning in it").arg(rest.front()));
     }
 
     SqlToken take(qsizetype length)
@@ -132,7 +139,7 @@ private:
 
     [[noreturn]] static void fail(const QString& why)
     {
-        throw Error(syntaxErrorNumber, QStringLiteral("The statement cannot be read: %1.").arg(why));
+        throw Error(syntaxErrorNumber, Texts::tr("The statement cannot be read: %1.").arg(why));
     }
 
     QStringView m_statement;

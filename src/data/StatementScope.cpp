@@ -3,9 +3,16 @@
 #include "data/SqlTokenizer.h"
 #include "util/Error.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Database)
+};
 
 constexpr int unknownTableNumber = 1;
 
@@ -20,7 +27,7 @@ void StatementScope::addSource(const QString& name)
 {
     const Source source{name, m_catalog.findTable(name), m_catalog.findStoredQuery(name)};
     if (source.table == nullptr && source.storedQuery == nullptr) {
-        throw Error(unknownTableNumber, QStringLiteral("no such table: %1").arg(name));
+        throw Error(unknownTableNumber, Texts::tr("no such table: %1").arg(name));
     }
     m_sources.push_back(source);
 }

@@ -2,7 +2,14 @@
 
 #include "util/Error.h"
 
+#include <QCoreApplication>
+
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Database)
+};
 
 constexpr int syntaxErrorNumber = 1;
 
@@ -10,12 +17,12 @@ constexpr int syntaxErrorNumber = 1;
 
 void refuseStatement(const QString& why)
 {
-    throw Error(syntaxErrorNumber, QStringLiteral("The statement cannot be read: %1.").arg(why));
+    throw Error(syntaxErrorNumber, Texts::tr("The statement cannot be read: %1.").arg(why));
 }
 
 void refuseToken(const SqlToken& token)
 {
-    refuseStatement(QStringLiteral("%1 stands where it has no meaning").arg(token.text));
+    refuseStatement(Texts::tr("%1 stands where it has no meaning").arg(token.text));
 }
 
 bool StatementTokens::isWordAt(std::size_t i, QStringView word) const
@@ -46,7 +53,7 @@ std::size_t StatementTokens::closingParenthesis(std::size_t open, std::size_t en
         if (m_tokens[i].isSymbol(u"(")) ++depth;
         if (m_tokens[i].isSymbol(u")") && --depth == 0) return i;
     }
-    refuseStatement(QStringLiteral("a parenthesis is not closed"));
+    refuseStatement(Texts::tr("a parenthesis is not closed"));
 }
 
 std::optional<std::pair<Clause, std::size_t>> StatementTokens::clauseAt(std::size_t i) const
@@ -69,7 +76,7 @@ ClauseSpans StatementTokens::splitClauses(Span span) const
         const SqlToken& token = m_tokens[i];
         if (token.isSymbol(u"(")) ++depth;
         if (token.isSymbol(u")") && --depth < 0) {
-            refuseStatement(QStringLiteral("a parenthesis was not opened"));
+            refuseStatement(Texts::tr("a parenthesis was not opened"));
         }
         const auto clause = depth == 0 ? clauseAt(i) : std::nullopt;
         if (!clause) continue;
@@ -80,7 +87,7 @@ ClauseSpans StatementTokens::splitClauses(Span span) const
         spans[index] = Span{i + clause->second, span.end};
         i += clause->second - 1;
     }
-    if (!current) refuseStatement(QStringLiteral("it is no SELECT"));
+    if (!current) refuseStatement(Texts::tr("it is no SELECT"));
     return spans;
 }
 

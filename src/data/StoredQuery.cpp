@@ -3,9 +3,16 @@
 #include "data/SqlTokenizer.h"
 #include "util/Error.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Database)
+};
 
 constexpr int syntaxErrorNumber = 1;
 
@@ -210,7 +217,7 @@ private:
     [[noreturn]] void fail() const
     {
         throw Error(syntaxErrorNumber,
-                    QStringLiteral("The stored query %1 is not of the expected form.").arg(m_query.name));
+                    Texts::tr("The stored query %1 is not of the expected form.").arg(m_query.name));
     }
 
     Tokens m_tokens;

@@ -112,24 +112,34 @@ void RecordEditors::remove(RecordKind kind, const std::vector<ListEntry>& record
 bool RecordEditors::mayDelete(RecordKind kind, const std::vector<ListEntry>& records)
 {
     if (records.size() == 1) {
-        return m_platform.messages.ask(QStringLiteral("Are you sure you want to delete the %1 \"%2\"?")
-                                           .arg(recordNames(kind).record, records.front().display),
-                                       Question::Loss);
+        const QString question =
+            kind == RecordKind::Document ? tr("Are you sure you want to delete the Document \"%1\"?")
+            : kind == RecordKind::Event  ? tr("Are you sure you want to delete the Event \"%1\"?")
+                                         : tr("Are you sure you want to delete the Organization \"%1\"?");
+        return m_platform.messages.ask(question.arg(records.front().display), Question::Loss);
     }
-    return m_platform.messages.ask(tr("Are you sure you want to delete the %1 selected %2s?")
-                                       .arg(records.size())
-                                       .arg(recordNames(kind).record),
-                                   Question::Loss);
+    const int count = static_cast<int>(records.size());
+    return m_platform.messages.ask(
+        kind == RecordKind::Document
+            ? tr("Are you sure you want to delete the %n selected Documents?", nullptr, count)
+        : kind == RecordKind::Event
+            ? tr("Are you sure you want to delete the %n selected Events?", nullptr, count)
+            : tr("Are you sure you want to delete the %n selected Organizations?", nullptr, count),
+        Question::Loss);
 }
 
 /// The message after several records were deleted: how many, and which.
 QString RecordEditors::deletionText(RecordKind kind, const QStringList& names)
 {
     constexpr qsizetype mostNamed = 10;
-    QString text = tr("%1 %2s successfully deleted.").arg(names.size()).arg(recordNames(kind).record);
+    const int count = static_cast<int>(names.size());
+    QString text = kind == RecordKind::Document ? tr("%n Documents successfully deleted.", nullptr, count)
+                   : kind == RecordKind::Event  ? tr("%n Events successfully deleted.", nullptr, count)
+                                               : tr("%n Organizations successfully deleted.", nullptr, count);
     for (const QString& name : names.first(std::min(names.size(), mostNamed)))
         text += u'\n' + name;
-    if (names.size() > mostNamed) text += u'\n' + tr("… and %1 more.").arg(names.size() - mostNamed);
+    if (names.size() > mostNamed)
+        text += u'\n' + tr("… and %n more.", nullptr, static_cast<int>(names.size() - mostNamed));
     return text;
 }
 

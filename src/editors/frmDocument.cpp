@@ -221,7 +221,8 @@ void frmDocument::collectFile()
 
 void frmDocument::browseForFile()
 {
-    const QString file = platform().fileDialogs.openFile(tr("Document File"), tr("All Files (*.*)| *.*"));
+    const QString file =
+        platform().fileDialogs.openFile(tr("Document File"), tr("All Files") + QStringLiteral(" (*.*)| *.*"));
     if (!file.isEmpty()) takeFile(file);
 }
 
@@ -251,13 +252,13 @@ QString frmDocument::captionFor(EditorMode mode) const
 {
     switch (mode) {
     case EditorMode::Add:
-        return QStringLiteral("Add a New Document");
+        return tr("Add a New Document");
     case EditorMode::Edit:
-        return QStringLiteral("Editing DocumentID %1").arg(m_record.id);
+        return tr("Editing DocumentID %1").arg(m_record.id);
     case EditorMode::View:
         break;
     }
-    return QStringLiteral("Viewing DocumentID %1 (Read-Only)").arg(m_record.id);
+    return tr("Viewing DocumentID %1 (Read-Only)").arg(m_record.id);
 }
 
 void frmDocument::applyMode(EditorMode mode)

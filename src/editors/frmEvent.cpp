@@ -141,13 +141,13 @@ QString frmEvent::captionFor(EditorMode mode) const
 {
     switch (mode) {
     case EditorMode::Add:
-        return QStringLiteral("Add a New Event");
+        return tr("Add a New Event");
     case EditorMode::Edit:
-        return QStringLiteral("Editing EventID %1").arg(m_record.id);
+        return tr("Editing EventID %1").arg(m_record.id);
     case EditorMode::View:
         break;
     }
-    return QStringLiteral("Viewing EventID %1 (Read-Only)").arg(m_record.id);
+    return tr("Viewing EventID %1 (Read-Only)").arg(m_record.id);
 }
 
 QWidget* frmEvent::fieldOf(EventField field) const

@@ -251,8 +251,8 @@ void frmOrganization::takeState(QString& state) const
 
 void frmOrganization::browseForChart()
 {
-    const QString file =
-        platform().fileDialogs.openFile(tr("Organization Chart"), tr("All Files (*.*)| *.*"));
+    const QString file = platform().fileDialogs.openFile(tr("Organization Chart"),
+                                                         tr("All Files") + QStringLiteral(" (*.*)| *.*"));
     if (!file.isEmpty()) m_chart->setPath(file);
 }
 
@@ -301,13 +301,13 @@ QString frmOrganization::captionFor(EditorMode mode) const
 {
     switch (mode) {
     case EditorMode::Add:
-        return QStringLiteral("Add a New Organization");
+        return tr("Add a New Organization");
     case EditorMode::Edit:
-        return QStringLiteral("Editing OrganizationID %1").arg(m_record.id);
+        return tr("Editing OrganizationID %1").arg(m_record.id);
     case EditorMode::View:
         break;
     }
-    return QStringLiteral("Viewing Organization %1 (Read-Only)").arg(m_record.id);
+    return tr("Viewing Organization %1 (Read-Only)").arg(m_record.id);
 }
 
 void frmOrganization::applyMode(EditorMode mode)

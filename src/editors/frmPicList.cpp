@@ -94,7 +94,7 @@ bool frmPicList::showList(PickListKind kind, PickedItems& chosen)
         return false;
     }
     if (!hasRows) {
-        m_platform.messages.show(QStringLiteral("No ACTIVE ") + pickListName(kind));
+        m_platform.messages.show(emptyPickListText(kind));
         return false;
     }
     if (exec() != Accepted) return false;
@@ -186,7 +186,6 @@ void frmPicList::sortBy(int column)
 void frmPicList::countTicks()
 {
     const auto shown = static_cast<std::size_t>(m_model->rowCount());
-    QString text = tr("%1 of %2 ticked").arg(m_model->tickedCount()).arg(m_model->count());
-    if (shown < m_model->count()) text += tr(", %1 shown").arg(shown);
-    m_count->setText(text);
+    const QString ticked = tr("%1 of %2 ticked").arg(m_model->tickedCount()).arg(m_model->count());
+    m_count->setText(shown < m_model->count() ? tr("%1, %2 shown").arg(ticked).arg(shown) : ticked);
 }

@@ -6,6 +6,7 @@
 #include "util/Error.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QFile>
 
 #include <SQLiteCpp/Backup.h>
@@ -15,6 +16,11 @@
 #include <cstdio>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Files)
+};
 
 constexpr qint64 headLength = 32;
 
@@ -48,7 +54,7 @@ void copyFile(const QString& source, const QString& copy)
 {
     QFile file(source);
     if (file.copy(copy)) return;
-    throw Error(EIO, QStringLiteral("The file cannot be copied: %1 (%2)").arg(file.errorString(), source));
+    throw Error(EIO, Texts::tr("The file cannot be copied: %1 (%2)").arg(file.errorString(), source));
 }
 
 /// A change that was never finished is undone in the copy when that is first opened; the source keeps its
@@ -104,6 +110,6 @@ void copyDatabase(const QString& source, const QString& target)
     for (const char* leftover : {"-journal", "-wal", "-shm"})
         QFile::remove(target + QLatin1String(leftover));
     if (std::rename(QFile::encodeName(copy).constData(), QFile::encodeName(target).constData()) != 0) {
-        throw Error(errno, QStringLiteral("The file cannot be made. (%1)").arg(target));
+        throw Error(errno, Texts::tr("The file cannot be made. (%1)").arg(target));
     }
 }

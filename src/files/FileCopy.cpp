@@ -3,6 +3,7 @@
 #include "files/LinkTarget.h"
 #include "util/Error.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <algorithm>
@@ -22,6 +23,11 @@
 namespace fs = std::filesystem;
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Files)
+};
 
 constexpr std::size_t blockSize = 1 << 20;
 
@@ -157,7 +163,7 @@ void refuseLinkOut(const OpenFolders& open, const fs::path& entry)
     std::error_code code;
     const bool leadsOut = fs::is_symlink(fs::symlink_status(entry, code)) && fs::exists(entry, code) &&
                           !LinkTarget::liesIn(open.front(), entry);
-    if (leadsOut) refuse(QStringLiteral("A link leads out of the folder"), entry);
+    if (leadsOut) refuse(Texts::tr("A link leads out of the folder"), entry);
 }
 
 void copyTree(const fs::path& from, const fs::path& to, OpenFolders& open)
@@ -166,7 +172,7 @@ void copyTree(const fs::path& from, const fs::path& to, OpenFolders& open)
     const fs::path folder = fs::canonical(from, code);
     require(code, from);
     if (std::find(open.begin(), open.end(), folder) != open.end()) {
-        refuse(QStringLiteral("A folder cannot be copied into itself"), from);
+        refuse(Texts::tr("A folder cannot be copied into itself"), from);
     }
     open.push_back(folder);
     fs::create_directory(to, code);

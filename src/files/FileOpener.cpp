@@ -5,11 +5,17 @@
 #include "platform/Shell.h"
 #include "util/FileStrings.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <algorithm>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Files)
+};
 
 constexpr auto discFolder = u"\\OrvikDB";
 constexpr auto readerFolder = u"\\data\\viewers\\Acrobat5\\Windows\\Reader\\";
@@ -23,7 +29,7 @@ QString text(QStringView view)
 
 QString notFound(const QString& path)
 {
-    return QStringLiteral("File not found: ") + path;
+    return Texts::tr("File not found: %1").arg(path);
 }
 
 /// The extension of a name or of a path of any machine.
@@ -64,7 +70,7 @@ QStringList chartNames(qint64 organization, const QString& stored)
 
 QString FileOpener::openDoc(const QString& fileName, const QString& iconKey) const
 {
-    if (iconKey.contains(QStringLiteral("ng"))) return QStringLiteral("Copyright permissions not granted.");
+    if (iconKey.contains(Texts::tr("ng"))) return QStringLiteral("Copyright permissions not granted.");
     const QString path = m_at.folder.machinePath(m_at.documents) + fileName;
     if (!ProgramFolder::isPlainName(fileName)) return notFound(path);
     if (iconKey.endsWith(QStringLiteral("cd"))) {
@@ -78,7 +84,7 @@ QString FileOpener::openDoc(const QString& fileName, const QString& iconKey) con
 QString FileOpener::openOrgChart(qint64 organization, const QString& iconKey) const
 {
     if (iconKey != QStringLiteral("Organization_cd")) {
-        return QStringLiteral("No chart currently associated with this organization.");
+        return Texts::tr("No chart currently associated with this organization.");
     }
     const QString stored = storedChart(organization);
     if (!isPossiblePath(stored)) return notFound(m_at.folder.machinePath(m_at.organizationCharts) + stored);
@@ -102,7 +108,7 @@ QString FileOpener::openOnDisc(Disc disc, const QString& programFolder, const QS
     const DistributionDiscs discs = DistributionDiscs::scan(m_at.volumes);
     const auto& root = disc == Disc::Photos ? discs.photos : discs.data;
     if (!root) {
-        return QStringLiteral("Unable to find the %1 CD. Please insert the CDROM.")
+        return Texts::tr("Unable to find the %1 CD. Please insert the CDROM.")
             .arg(text(disc == Disc::Photos ? DistributionDiscs::photosLabel : DistributionDiscs::dataLabel));
     }
     const ProgramFolder volume(*root);
@@ -118,11 +124,11 @@ QString FileOpener::openFile(const QString& file) const
     if (m_at.shell.open(QUrl::fromLocalFile(file))) return {};
     const QString name = QFileInfo(file).fileName();
     const QString extension = extensionOf(name);
-    QString message = QStringLiteral("No file association available to view files of type: ") +
-                      (extension.isEmpty() ? name : extension) + u'.';
+    QString message = Texts::tr("No file association available to view files of type: %1.")
+                          .arg(extension.isEmpty() ? name : extension);
     if (extension.compare(QStringLiteral("pdf"), Qt::CaseInsensitive) != 0) return message;
     if (openWithDiscReader(file)) return {};
-    return message + QStringLiteral(" Please install the Adobe Acrobat Reader.");
+    return Texts::tr("%1 Please install the Adobe Acrobat Reader.").arg(message);
 }
 
 bool FileOpener::openWithDiscReader(const QString& file) const

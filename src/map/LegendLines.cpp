@@ -2,9 +2,16 @@
 
 #include "util/ReadableLine.h"
 
+#include <QCoreApplication>
+
 #include <map>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(MapLegend)
+};
 
 constexpr qsizetype mostNames = 20;
 
@@ -13,14 +20,14 @@ constexpr qsizetype mostNames = 20;
 QString functionName(const clsCities& place)
 {
     if (!place.functionName.isEmpty()) return place.functionName;
-    return place.functionId ? QStringLiteral("Function %1").arg(*place.functionId) : QStringLiteral("None");
+    return place.functionId ? Texts::tr("Function %1").arg(*place.functionId) : Texts::tr("None");
 }
 
 QString LegendLine::text() const
 {
     if (names.size() <= mostNames) return readableLine(names.join(QStringLiteral(", ")));
-    return readableLine(names.first(mostNames).join(QStringLiteral(", "))) +
-           QStringLiteral(" and %1 more").arg(names.size() - mostNames);
+    return Texts::tr("%1 and %n more", nullptr, static_cast<int>(names.size() - mostNames))
+        .arg(readableLine(names.first(mostNames).join(QStringLiteral(", "))));
 }
 
 std::vector<LegendLine> legendLines(const std::vector<clsCities>& places)

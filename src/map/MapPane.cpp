@@ -210,7 +210,8 @@ QString MapPane::description(std::size_t entry)
         for (std::size_t i = 0; i < std::min(organizations.size(), mostNamesInTip); ++i)
             text += QStringLiteral("<br>") + organizations[i].name.toHtmlEscaped();
         if (organizations.size() > mostNamesInTip) {
-            text += QStringLiteral("<br>") + tr("and %1 more").arg(organizations.size() - mostNamesInTip);
+            text += QStringLiteral("<br>") +
+                    tr("and %n more", nullptr, static_cast<int>(organizations.size() - mostNamesInTip));
         }
     } catch (const Error&) {
         // a tip is no place for a message: the place's name alone stands for it

@@ -2,6 +2,7 @@
 
 #include "map/ShapeFileCheck.h"
 
+#include <QCoreApplication>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
@@ -13,6 +14,11 @@
 #include <memory>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(ShapeFile)
+};
 
 /// The file of that path, whatever the letter case of its name.
 QString anyCase(const QString& path)
@@ -110,13 +116,13 @@ std::vector<std::vector<QPointF>> ringsOf(const SHPObject& shape)
         const int begin = shape.panPartStart[part];
         const int end = part + 1 < shape.nParts ? shape.panPartStart[part + 1] : shape.nVertices;
         if (begin < 0 || end < begin || end > shape.nVertices) {
-            ShapeFileCheck::refuse(QStringLiteral("The parts of a polygon overlap."));
+            ShapeFileCheck::refuse(Texts::tr("The parts of a polygon overlap."));
         }
         std::vector<QPointF>& ring = rings.emplace_back();
         for (int vertex = begin; vertex < end; ++vertex) {
             // also catches what is not a number
             if (!isOnEarth(shape.padfX[vertex], shape.padfY[vertex])) {
-                ShapeFileCheck::refuse(QStringLiteral("A border leads off the earth."));
+                ShapeFileCheck::refuse(Texts::tr("A border leads off the earth."));
             }
             ring.emplace_back(shape.padfX[vertex], shape.padfY[vertex]);
         }
@@ -139,18 +145,18 @@ std::vector<ShapeRecord> ShapeFile::read(const QString& shapes)
     const QString table = beside(shapes, ".dbf");
     const int count = ShapeFileCheck::countShapes(ShapeFileCheck::load(shapes), ShapeFileCheck::load(index));
     if (ShapeFileCheck::countRows(ShapeFileCheck::load(table)) != count) {
-        ShapeFileCheck::refuse(QStringLiteral("Shapes and names are not as many."));
+        ShapeFileCheck::refuse(Texts::tr("Shapes and names are not as many."));
     }
     SAHooks hooks = quietHooks();
     const QByteArray path = shapes.toUtf8();
     const OpenShapes openShapes(SHPOpenLL(path.constData(), "rb", &hooks));
     const OpenTable openTable(DBFOpenLL(path.constData(), "rb", &hooks));
-    if (!openShapes || !openTable) ShapeFileCheck::refuse(QStringLiteral("It cannot be opened."));
+    if (!openShapes || !openTable) ShapeFileCheck::refuse(Texts::tr("It cannot be opened."));
 
     std::vector<ShapeRecord> records;
     for (int record = 0; record < count; ++record) {
         const Shape shape(SHPReadObject(openShapes.get(), record));
-        if (!shape) ShapeFileCheck::refuse(QStringLiteral("A shape cannot be read."));
+        if (!shape) ShapeFileCheck::refuse(Texts::tr("A shape cannot be read."));
         records.push_back({ringsOf(*shape), textOf(*openTable, record, "STATE_NAME"),
                            textOf(*openTable, record, "STATE_ABBR")});
     }

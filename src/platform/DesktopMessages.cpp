@@ -1,6 +1,7 @@
 #include "platform/DesktopMessages.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QMessageBox>
 #include <QPointer>
@@ -8,6 +9,11 @@
 #include <QThread>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(DesktopMessages)
+};
 
 constexpr int activationPatience = 500; ///< milliseconds
 
@@ -52,8 +58,8 @@ bool DesktopMessages::ask(const QString& text, Question about)
     QPushButton* yes = box.addButton(isDiscard ? QMessageBox::Discard : QMessageBox::Yes);
     QPushButton* no = box.addButton(isDiscard ? QMessageBox::Cancel : QMessageBox::No);
     if (isDiscard) {
-        yes->setText(QStringLiteral("&Discard"));
-        no->setText(QStringLiteral("&Keep Editing"));
+        yes->setText(Texts::tr("&Discard"));
+        no->setText(Texts::tr("&Keep Editing"));
     }
     box.setDefaultButton(about == Question::Harmless ? yes : no);
     box.setEscapeButton(no);

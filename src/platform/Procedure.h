@@ -3,6 +3,7 @@
 #include "platform/Messages.h"
 #include "util/Error.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <exception>
@@ -14,7 +15,8 @@ template <typename Body>
 bool runProcedure(Messages& messages, const QString& name, Body&& body)
 {
     const auto report = [&](int number, const QString& description) {
-        messages.show(QStringLiteral("%1 Error (%2): %3").arg(name, QString::number(number), description));
+        messages.show(QCoreApplication::translate("Procedure", "%1 Error (%2): %3")
+                          .arg(name, QString::number(number), description));
     };
     try {
         std::forward<Body>(body)();

@@ -3,9 +3,16 @@
 #include "files/FileUpload.h"
 #include "records/DocumentColumns.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(DocumentStore)
+};
 
 const RecordTables<DocumentRecord>& documentTables()
 {
@@ -79,25 +86,26 @@ DocumentRecord DocumentStore::blank(const std::optional<clsFieldInfo>& preset) c
 std::optional<QString> DocumentStore::refusalOfPreset(const clsFieldInfo& preset)
 {
     if (preset.FieldName == organizationKindWord) return std::nullopt;
-    return u"Invalid FieldName to add to current document"_s;
+    return Texts::tr("Invalid FieldName to add to current document");
 }
 
 QString DocumentStore::notFoundMessage(qint64 id)
 {
-    return u"Document %1 not found"_s.arg(id);
+    return Texts::tr("Document %1 not found").arg(id);
 }
 
 std::optional<DocumentStore::Problem> DocumentStore::check(const DocumentRecord& record)
 {
     if (record.documentName.isEmpty()) {
-        return Problem{DocumentField::DocumentName, u"Document title is required."_s};
+        return Problem{DocumentField::DocumentName, Texts::tr("Document title is required.")};
     }
     if (record.documentDescription.isEmpty()) {
-        return Problem{DocumentField::DocumentDescription, u"Document description is required."_s};
+        return Problem{DocumentField::DocumentDescription, Texts::tr("Document description is required.")};
     }
     if (record.originalFilename.isEmpty()) {
-        return Problem{DocumentField::OriginalFilename,
-                       u"Document filename is required. Please browse to select your document file."_s};
+        return Problem{
+            DocumentField::OriginalFilename,
+            Texts::tr("Document filename is required. Please browse to select your document file.")};
     }
     return std::nullopt;
 }
@@ -105,8 +113,9 @@ std::optional<DocumentStore::Problem> DocumentStore::check(const DocumentRecord&
 std::optional<DocumentStore::Problem> DocumentStore::saveDocument(DocumentRecord& record)
 {
     if (add(record)) return std::nullopt;
-    return Problem{DocumentField::DocumentName,
-                   u"Document with identical title already exists. Please choose a different title."_s};
+    return Problem{
+        DocumentField::DocumentName,
+        Texts::tr("Document with identical title already exists. Please choose a different title.")};
 }
 
 std::optional<RecordConflict> DocumentStore::updateDocument(DocumentRecord& record)

@@ -4,6 +4,8 @@
 #include "util/DateTimeText.h"
 #include "util/Error.h"
 
+#include <QCoreApplication>
+
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -11,6 +13,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(EventStore)
+};
 
 const CheckLink<EventRecord> venueLinks{{u"EventVenues"_s, u"EventID"_s, u"VenueID"_s},
                                         QT_TRANSLATE_NOOP("RecordColumns", "Venues"),
@@ -57,8 +64,9 @@ const RecordTables<EventRecord>& eventTables()
 /// A date or time that cannot be read must not be saved as if there were none.
 std::optional<EventStore::Problem> unreadableMoment(const EventRecord& record)
 {
-    const QString noDate = u"%1 \"%2\" is not a date. Please type month, day and year, such as 09/11/2001."_s;
-    const QString noTime = u"%1 \"%2\" is not a time. Please type hour and minute, such as 13:05."_s;
+    const QString noDate =
+        Texts::tr("%1 \"%2\" is not a date. Please type month, day and year, such as 09/11/2001.");
+    const QString noTime = Texts::tr("%1 \"%2\" is not a time. Please type hour and minute, such as 13:05.");
     const auto isDate = [](const QString& text) { return DateTimeText::readDate(text).has_value(); };
     const auto isTime = [](const QString& text) { return DateTimeText::readTime(text).has_value(); };
     const struct
@@ -69,10 +77,10 @@ std::optional<EventStore::Problem> unreadableMoment(const EventRecord& record)
         bool isRead;
         QString message;
     } moments[] = {
-        {EventField::StartDate, u"Start date"_s, record.startDate, isDate(record.startDate), noDate},
-        {EventField::EndDate, u"End date"_s, record.endDate, isDate(record.endDate), noDate},
-        {EventField::StartTime, u"Start time"_s, record.startTime, isTime(record.startTime), noTime},
-        {EventField::EndTime, u"End time"_s, record.endTime, isTime(record.endTime), noTime},
+        {EventField::StartDate, Texts::tr("Start date"), record.startDate, isDate(record.startDate), noDate},
+        {EventField::EndDate, Texts::tr("End date"), record.endDate, isDate(record.endDate), noDate},
+        {EventField::StartTime, Texts::tr("Start time"), record.startTime, isTime(record.startTime), noTime},
+        {EventField::EndTime, Texts::tr("End time"), record.endTime, isTime(record.endTime), noTime},
     };
     for (const auto& [field, name, text, isRead, message] : moments) {
         if (!isRead && !text.trimmed().isEmpty()) return EventStore::Problem{field, message.arg(name, text)};
@@ -102,23 +110,24 @@ EventRecord EventStore::blank(const std::optional<clsFieldInfo>& preset) const
 std::optional<QString> EventStore::refusalOfPreset(const clsFieldInfo& preset)
 {
     if (preset.FieldName == documentKindWord || preset.FieldName == organizationKindWord) return std::nullopt;
-    return u"Invalid FieldName to add to current event"_s;
+    return Texts::tr("Invalid FieldName to add to current event");
 }
 
 QString EventStore::notFoundMessage(qint64 id)
 {
-    return u"Event %1 not found"_s.arg(id);
+    return Texts::tr("Event %1 not found").arg(id);
 }
 
 std::optional<EventStore::Problem> EventStore::check(const EventRecord& record)
 {
-    if (record.eventName.isEmpty()) return Problem{EventField::EventName, u"Event title is required."_s};
+    if (record.eventName.isEmpty())
+        return Problem{EventField::EventName, Texts::tr("Event title is required.")};
     if (record.eventDescription.isEmpty()) {
-        return Problem{EventField::EventDescription, u"Event description is required."_s};
+        return Problem{EventField::EventDescription, Texts::tr("Event description is required.")};
     }
     const bool hasVenue = std::any_of(record.venues.begin(), record.venues.end(),
                                       [](const CheckEntry& venue) { return venue.isChecked; });
-    if (!hasVenue) return Problem{EventField::Venues, u"Event venue is required."_s};
+    if (!hasVenue) return Problem{EventField::Venues, Texts::tr("Event venue is required.")};
     return unreadableMoment(record);
 }
 
@@ -126,7 +135,7 @@ std::optional<EventStore::Problem> EventStore::saveEvent(EventRecord& record)
 {
     if (add(record)) return std::nullopt;
     return Problem{EventField::EventName,
-                   u"Event with identical title already exists. Please choose a different title."_s};
+                   Texts::tr("Event with identical title already exists. Please choose a different title.")};
 }
 
 std::optional<RecordConflict> EventStore::updateEvent(EventRecord& record)

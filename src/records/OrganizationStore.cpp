@@ -4,6 +4,8 @@
 #include "records/OrganizationColumns.h"
 #include "util/Error.h"
 
+#include <QCoreApplication>
+
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -11,6 +13,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(OrganizationStore)
+};
 
 const RecordTables<OrganizationRecord>& organizationTables()
 {
@@ -62,8 +69,8 @@ OrganizationProfile profileAsRead(const OrganizationRecord& record)
 std::optional<OrganizationStore::Problem> unreadableNumber(const OrganizationProfile& profile)
 {
     const QString noCount =
-        u"%1 \"%2\" is not a number of people. Please type a whole number, such as 1,250."_s;
-    const QString noAmount = u"%1 \"%2\" is not a number. Please type one such as 1,250,000.50."_s;
+        Texts::tr("%1 \"%2\" is not a number of people. Please type a whole number, such as 1,250.");
+    const QString noAmount = Texts::tr("%1 \"%2\" is not a number. Please type one such as 1,250,000.50.");
     const auto isCount = [](const QString& text) { return RecordValues::count(text).has_value(); };
     const struct
     {
@@ -73,13 +80,13 @@ std::optional<OrganizationStore::Problem> unreadableNumber(const OrganizationPro
         bool isRead;
         QString message;
     } numbers[] = {
-        {OrganizationField::SwornEmployees, u"Sworn employees"_s, profile.swornEmployees,
+        {OrganizationField::SwornEmployees, Texts::tr("Sworn employees"), profile.swornEmployees,
          isCount(profile.swornEmployees), noCount},
-        {OrganizationField::CivilianEmployees, u"Civilian employees"_s, profile.civilianEmployees,
+        {OrganizationField::CivilianEmployees, Texts::tr("Civilian employees"), profile.civilianEmployees,
          isCount(profile.civilianEmployees), noCount},
-        {OrganizationField::Volunteers, u"Volunteers"_s, profile.volunteers, isCount(profile.volunteers),
-         noCount},
-        {OrganizationField::AnnualBudget, u"Annual budget"_s, profile.annualBudget,
+        {OrganizationField::Volunteers, Texts::tr("Volunteers"), profile.volunteers,
+         isCount(profile.volunteers), noCount},
+        {OrganizationField::AnnualBudget, Texts::tr("Annual budget"), profile.annualBudget,
          RecordValues::amount(profile.annualBudget).has_value(), noAmount},
     };
     for (const auto& [field, name, text, isRead, message] : numbers) {
@@ -133,13 +140,13 @@ OrganizationRecord OrganizationStore::blank() const
 
 QString OrganizationStore::notFoundMessage(qint64 id)
 {
-    return u"OrganizationID %1 not found"_s.arg(id);
+    return Texts::tr("OrganizationID %1 not found").arg(id);
 }
 
 std::optional<OrganizationStore::Problem> OrganizationStore::check(const OrganizationRecord& record)
 {
     if (record.organizationName.isEmpty()) {
-        return Problem{OrganizationField::OrganizationName, u"Organization name is required."_s};
+        return Problem{OrganizationField::OrganizationName, Texts::tr("Organization name is required.")};
     }
     return unreadableNumber(record.profile);
 }
@@ -163,8 +170,9 @@ ChartPath OrganizationStore::chartPath(const OrganizationRecord& record, const Q
 std::optional<OrganizationStore::Problem> OrganizationStore::saveOrganization(OrganizationRecord& record)
 {
     if (add(record)) return std::nullopt;
-    return Problem{OrganizationField::OrganizationName,
-                   u"Organization with identical name already exists. Please choose a different name."_s};
+    return Problem{
+        OrganizationField::OrganizationName,
+        Texts::tr("Organization with identical name already exists. Please choose a different name.")};
 }
 
 std::optional<RecordConflict> OrganizationStore::updateOrganization(OrganizationRecord& record)

@@ -2,47 +2,60 @@
 
 #include "data/DatabaseSession.h"
 
+#include <QCoreApplication>
+
 #include <array>
 
 namespace {
 
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(PickList)
+};
+
 struct KindOfList
 {
-    const char* name;
+    const char* none; ///< the message about an empty list
     const char* header;
     const char* secondHeader;
     const char* statement;
 };
 
 constexpr std::array<KindOfList, 6> kinds{
-    {{"Organizations", "Organization Name", nullptr,
+    {{QT_TRANSLATE_NOOP("PickList", "No ACTIVE Organizations"),
+      QT_TRANSLATE_NOOP("PickList", "Organization Name"), nullptr,
       "SELECT OrganizationID as idField, OrganizationName as nameField"
       " FROM Organization"
       " WHERE OrganizationID > 1"
       " AND Status <> 'DELETED'"
       " ORDER BY OrganizationName"},
-     {"Functions", "Function Name", nullptr,
+     {QT_TRANSLATE_NOOP("PickList", "No ACTIVE Functions"), QT_TRANSLATE_NOOP("PickList", "Function Name"),
+      nullptr,
       "SELECT FunctionID as idField, FunctionName as nameField"
       " FROM Function"
       " WHERE FunctionID > 1"
       " ORDER BY FunctionName"},
-     {"DocumentTypes", "Document Type", nullptr,
+     {QT_TRANSLATE_NOOP("PickList", "No ACTIVE DocumentTypes"),
+      QT_TRANSLATE_NOOP("PickList", "Document Type"), nullptr,
       "SELECT DocumentTypeID as idField, DocumentTypeName as nameField"
       " FROM DocumentType"
       " WHERE DocumentTypeID > 1"
       " ORDER BY DocumentTypeName"},
-     {"Documents", "Document Title", nullptr,
+     {QT_TRANSLATE_NOOP("PickList", "No ACTIVE Documents"), QT_TRANSLATE_NOOP("PickList", "Document Title"),
+      nullptr,
       "SELECT DocumentID as idField, DocumentName as nameField"
       " FROM Document"
       " WHERE DocumentID > 1"
       " AND dStatus <> 'DELETED'"
       " ORDER BY DocumentName"},
-     {"DocumentCategories", "Document Category Name", nullptr,
+     {QT_TRANSLATE_NOOP("PickList", "No ACTIVE DocumentCategories"),
+      QT_TRANSLATE_NOOP("PickList", "Document Category Name"), nullptr,
       "SELECT DocumentCategoryID as idField, DocumentCategoryName as nameField"
       " FROM DocumentCategory"
       " WHERE DocumentCategoryID > 1"
       " ORDER BY DocumentCategoryName"},
-     {"CityLocations", "City", "State",
+     {QT_TRANSLATE_NOOP("PickList", "No ACTIVE CityLocations"), QT_TRANSLATE_NOOP("PickList", "City"),
+      QT_TRANSLATE_NOOP("PickList", "State"),
       "SELECT DISTINCT LocationID as idField, City as nameField, State"
       " FROM Q_Organization"
       " WHERE OrganizationID > 1"
@@ -57,15 +70,15 @@ const KindOfList& of(PickListKind kind)
 
 } // namespace
 
-QString pickListName(PickListKind kind)
+QString emptyPickListText(PickListKind kind)
 {
-    return QString::fromLatin1(of(kind).name);
+    return Texts::tr(of(kind).none);
 }
 
 QStringList pickListHeaders(PickListKind kind)
 {
-    QStringList headers{QString::fromLatin1(of(kind).header)};
-    if (of(kind).secondHeader != nullptr) headers << QString::fromLatin1(of(kind).secondHeader);
+    QStringList headers{Texts::tr(of(kind).header)};
+    if (of(kind).secondHeader != nullptr) headers << Texts::tr(of(kind).secondHeader);
     return headers;
 }
 

@@ -33,6 +33,9 @@ struct PickListRow
 /// What was chosen from a pick list, in order, each record once.
 using PickedItems = std::vector<clsPickListItem>;
 
+/// The message about a list without rows.
+QString emptyPickListText(PickListKind kind);
+
 /// The kind of record that a pick list offers; std::nullopt for the rows of a lookup table.
 constexpr std::optional<RecordKind> recordKindOf(PickListKind kind)
 {
@@ -40,9 +43,6 @@ constexpr std::optional<RecordKind> recordKindOf(PickListKind kind)
     if (kind == PickListKind::Organizations) return RecordKind::Organization;
     return std::nullopt;
 }
-
-/// The name of a kind in the message about an empty list.
-QString pickListName(PickListKind kind);
 
 /// The titles of the columns: one, or City and State.
 QStringList pickListHeaders(PickListKind kind);

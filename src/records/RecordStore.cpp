@@ -5,7 +5,14 @@
 #include "records/OrganizationRecord.h"
 #include "records/RecordIdentifier.h"
 
+#include <QCoreApplication>
+
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RecordStore)
+};
 
 template <typename Record>
 void addEmpty(DatabaseSession& /*session*/, const ListLink<Record>& link, Record& record)
@@ -260,7 +267,15 @@ QString RecordStore<Record>::remove(qint64 id)
     const QString number = QString::number(recordIdentifier(id));
     m_session.execute(QStringLiteral("UPDATE %1 SET %2 = 'DELETED' WHERE %3 = %4")
                           .arg(names.record, m_tables.statusColumn, names.key, number));
-    return QStringLiteral("%1 ID %2 successfully deleted.").arg(names.record, number);
+    switch (m_tables.kind) {
+    case RecordKind::Document:
+        return Texts::tr("Document ID %1 successfully deleted.").arg(number);
+    case RecordKind::Event:
+        return Texts::tr("Event ID %1 successfully deleted.").arg(number);
+    case RecordKind::Organization:
+        break;
+    }
+    return Texts::tr("Organization ID %1 successfully deleted.").arg(number);
 }
 
 template class RecordStore<DocumentRecord>;

@@ -3,6 +3,7 @@
 #include "util/DateTimeText.h"
 #include "util/Error.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 
 #include <sqlite3.h>
@@ -10,6 +11,11 @@
 #include <algorithm>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RecordValues)
+};
 
 /// In any locale, numbers are typed with a comma between thousands and a decimal point.
 const QLocale typed(QLocale::English, QLocale::UnitedStates);
@@ -102,7 +108,7 @@ EditableRecordSet RecordValues::openRecord(DatabaseSession& session, const QStri
 {
     EditableRecordSet rows = session.edit(statement);
     if (rows.atEnd()) {
-        throw Error(SQLITE_NOTFOUND, QStringLiteral("The record is not in the database any more."));
+        throw Error(SQLITE_NOTFOUND, Texts::tr("The record is not in the database any more."));
     }
     return rows;
 }

@@ -2,9 +2,15 @@
 
 #include "views/StandardQueries.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(AdvancedSearch)
+};
 
 const QString& conditionsOf(RecordKind kind, const clsAdvSearch& search)
 {
@@ -19,20 +25,32 @@ const std::vector<SearchCriterion>& criteriaOf(RecordKind kind)
 {
     using Search = clsAdvSearch;
     static const std::vector<SearchCriterion> documents{
-        {QStringLiteral("Venue"), &Search::bDocVenues, &Search::docVenues},
-        {QStringLiteral("Document Type"), &Search::bDocTypes, &Search::docTypes},
-        {QStringLiteral("Organization"), &Search::bDocOrgs, &Search::docOrgs},
-        {QStringLiteral("File Type"), &Search::bFileTypes, &Search::fileTypes}};
+        {QT_TRANSLATE_NOOP("AdvancedSearch", "Venue"), QT_TRANSLATE_NOOP("AdvancedSearch", "venue"),
+         &Search::bDocVenues, &Search::docVenues},
+        {QT_TRANSLATE_NOOP("AdvancedSearch", "Document Type"),
+         QT_TRANSLATE_NOOP("AdvancedSearch", "document type"), &Search::bDocTypes, &Search::docTypes},
+        {QT_TRANSLATE_NOOP("AdvancedSearch", "Organization"),
+         QT_TRANSLATE_NOOP("AdvancedSearch", "organization"), &Search::bDocOrgs, &Search::docOrgs},
+        {QT_TRANSLATE_NOOP("AdvancedSearch", "File Type"), QT_TRANSLATE_NOOP("AdvancedSearch", "file type"),
+         &Search::bFileTypes, &Search::fileTypes}};
     static const std::vector<SearchCriterion> events{
-        {QStringLiteral("Date"), &Search::bEventDate, nullptr},
-        {QStringLiteral("Venue"), &Search::bEventVenues, &Search::eventVenues},
-        {QStringLiteral("Function"), &Search::bEventFunctions, &Search::eventFunctions},
-        {QStringLiteral("Organization"), &Search::bEventOrgs, &Search::eventOrgs}};
+        {QT_TRANSLATE_NOOP("AdvancedSearch", "Date"), QT_TRANSLATE_NOOP("AdvancedSearch", "date"),
+         &Search::bEventDate, nullptr},
+        {QT_TRANSLATE_NOOP("AdvancedSearch", "Venue"), QT_TRANSLATE_NOOP("AdvancedSearch", "venue"),
+         &Search::bEventVenues, &Search::eventVenues},
+        {QT_TRANSLATE_NOOP("AdvancedSearch", "Function"), QT_TRANSLATE_NOOP("AdvancedSearch", "function"),
+         &Search::bEventFunctions, &Search::eventFunctions},
+        {QT_TRANSLATE_NOOP("AdvancedSearch", "Organization"),
+         QT_TRANSLATE_NOOP("AdvancedSearch", "organization"), &Search::bEventOrgs, &Search::eventOrgs}};
     static const std::vector<SearchCriterion> organizations{
-        {QStringLiteral("Venue"), &Search::bOrgVenues, &Search::orgVenues},
-        {QStringLiteral("Organization Type"), &Search::bOrgTypes, &Search::orgTypes},
-        {QStringLiteral("Function"), &Search::bOrgFunctions, &Search::orgFunctions},
-        {QStringLiteral("Location"), &Search::bOrgLocations, &Search::orgLocations}};
+        {QT_TRANSLATE_NOOP("AdvancedSearch", "Venue"), QT_TRANSLATE_NOOP("AdvancedSearch", "venue"),
+         &Search::bOrgVenues, &Search::orgVenues},
+        {QT_TRANSLATE_NOOP("AdvancedSearch", "Organization Type"),
+         QT_TRANSLATE_NOOP("AdvancedSearch", "organization type"), &Search::bOrgTypes, &Search::orgTypes},
+        {QT_TRANSLATE_NOOP("AdvancedSearch", "Function"), QT_TRANSLATE_NOOP("AdvancedSearch", "function"),
+         &Search::bOrgFunctions, &Search::orgFunctions},
+        {QT_TRANSLATE_NOOP("AdvancedSearch", "Location"), QT_TRANSLATE_NOOP("AdvancedSearch", "location"),
+         &Search::bOrgLocations, &Search::orgLocations}};
     return kind == RecordKind::Document ? documents : kind == RecordKind::Event ? events : organizations;
 }
 
@@ -50,11 +68,12 @@ QString advancedCaption(RecordKind kind, const clsAdvSearch& search)
 {
     QStringList words;
     for (const SearchCriterion& criterion : criteriaOf(kind)) {
-        if (search.*criterion.flag) words << criterion.word;
+        if (search.*criterion.flag) words << Texts::tr(criterion.word);
     }
-    const QString caption =
-        QStringLiteral("Advanced ") + recordNames(kind).record + QStringLiteral(" Search");
-    return words.isEmpty() ? caption : caption + QStringLiteral(" by ") + words.join(QStringLiteral(", "));
+    const QString caption = kind == RecordKind::Document ? Texts::tr("Advanced Document Search")
+                            : kind == RecordKind::Event  ? Texts::tr("Advanced Event Search")
+                                                         : Texts::tr("Advanced Organization Search");
+    return words.isEmpty() ? caption : Texts::tr("%1 by %2").arg(caption, words.join(QStringLiteral(", ")));
 }
 
 clsView advancedView(const StandardQueries& queries, RecordKind kind, const clsAdvSearch& search)

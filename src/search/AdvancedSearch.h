@@ -12,7 +12,8 @@ struct StandardQueries;
 /// One criterion of an advanced search.
 struct SearchCriterion
 {
-    QString word; ///< what captions call it, such as `Document Type`
+    const char* word;       ///< what captions call it, such as `Document Type`, to be translated
+    const char* inSentence; ///< what a sentence calls it, such as `document type`, to be translated
     bool clsAdvSearch::*flag;
     clsAdvSearch::Items clsAdvSearch::*items; ///< null for the dates of events, which are not a list
 };

@@ -53,5 +53,6 @@ void ChosenListCriterion::setItems(const clsAdvSearch::Items& items)
         auto* item = new QListWidgetItem(chosen.itemName, m_list);
         item->setData(Qt::UserRole, chosen.itemID);
     }
-    showCount(items.empty() ? tr("0 chosen: searches all") : tr("%1 chosen").arg(items.size()));
+    showCount(items.empty() ? tr("0 chosen: searches all")
+                            : tr("%n chosen", nullptr, static_cast<int>(items.size())));
 }

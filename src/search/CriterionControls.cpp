@@ -1,6 +1,13 @@
 #include "search/CriterionControls.h"
 
+#include <QCoreApplication>
+
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(CriterionControls)
+};
 
 using Controls = CriterionControls;
 using Records = PickListKind;
@@ -23,30 +30,30 @@ Controls::Lookup organizationTypes()
 
 QString clearList()
 {
-    return QStringLiteral("Clear List (Search ALL)");
+    return Texts::tr("Clear List (Search ALL)");
 }
 
 std::vector<Controls> documentControls()
 {
     return {
         {QStringLiteral("DocVenues"),
-         QStringLiteral("I want to restrict my search to documents pertaining to specific venues"),
+         Texts::tr("I want to restrict my search to documents pertaining to specific venues"),
          venues(),
          {}},
         {QStringLiteral("DocTypes"),
-         QStringLiteral("I want to restrict my search to documents of specific document types"),
+         Texts::tr("I want to restrict my search to documents of specific document types"),
          {},
          Controls::Picked{Records::DocumentTypes, QStringLiteral("cmdAddDocType"),
-                          QStringLiteral("Add Document Type(s) to List"), QStringLiteral("cmdClearDocTypes"),
-                          QStringLiteral("Clear Selections (Search ALL)")}},
+                          Texts::tr("Add Document Type(s) to List"), QStringLiteral("cmdClearDocTypes"),
+                          Texts::tr("Clear Selections (Search ALL)")}},
         {QStringLiteral("DocOrgs"),
-         QStringLiteral("I want to restrict my search to documents from specific organizations"),
+         Texts::tr("I want to restrict my search to documents from specific organizations"),
          {},
          Controls::Picked{Records::Organizations, QStringLiteral("cmdAddDocOrg"),
-                          QStringLiteral("Add Organization(s) to List"), QStringLiteral("cmdClearDocOrgs"),
+                          Texts::tr("Add Organization(s) to List"), QStringLiteral("cmdClearDocOrgs"),
                           clearList()}},
         {QStringLiteral("FileTypes"),
-         QStringLiteral("I want to restrict my search to documents of specific file types"),
+         Texts::tr("I want to restrict my search to documents of specific file types"),
          fileTypes(),
          {}},
     };
@@ -56,24 +63,24 @@ std::vector<Controls> eventControls()
 {
     return {
         {QStringLiteral("EventDate"),
-         QStringLiteral("I want to restrict my search to events between specific dates"),
+         Texts::tr("I want to restrict my search to events between specific dates"),
          {},
          {}},
         {QStringLiteral("EventVenues"),
-         QStringLiteral("I want to restrict my search to events in specific venues"),
+         Texts::tr("I want to restrict my search to events in specific venues"),
          venues(),
          {}},
         {QStringLiteral("EventFunctions"),
-         QStringLiteral("I want to restrict my search to events pertaining to specific functions"),
+         Texts::tr("I want to restrict my search to events pertaining to specific functions"),
          {},
          Controls::Picked{Records::Functions, QStringLiteral("cmdAddEventFunction"),
-                          QStringLiteral("Add Function(s) to List"), QStringLiteral("cmdClearEventFunctions"),
+                          Texts::tr("Add Function(s) to List"), QStringLiteral("cmdClearEventFunctions"),
                           clearList()}},
         {QStringLiteral("EventOrgs"),
-         QStringLiteral("I want to restrict my search to events involving specific organizations"),
+         Texts::tr("I want to restrict my search to events involving specific organizations"),
          {},
          Controls::Picked{Records::Organizations, QStringLiteral("cmdAddEventOrg"),
-                          QStringLiteral("Add Organization(s) to List"), QStringLiteral("cmdClearEventOrgs"),
+                          Texts::tr("Add Organization(s) to List"), QStringLiteral("cmdClearEventOrgs"),
                           clearList()}},
     };
 }
@@ -82,24 +89,24 @@ std::vector<Controls> organizationControls()
 {
     return {
         {QStringLiteral("OrgVenues"),
-         QStringLiteral("I want to restrict my search to organizations associated with specific venues"),
+         Texts::tr("I want to restrict my search to organizations associated with specific venues"),
          venues(),
          {}},
         {QStringLiteral("OrgTypes"),
-         QStringLiteral("I want to restrict my search to organizations of specific organization types"),
+         Texts::tr("I want to restrict my search to organizations of specific organization types"),
          organizationTypes(),
          {}},
         {QStringLiteral("OrgFunctions"),
-         QStringLiteral("I want to restrict my search to organizations performing specific functions"),
+         Texts::tr("I want to restrict my search to organizations performing specific functions"),
          {},
          Controls::Picked{Records::Functions, QStringLiteral("cmdAddOrgFunction"),
-                          QStringLiteral("Add Function to List"), QStringLiteral("cmdClearOrgFunctions"),
+                          Texts::tr("Add Function to List"), QStringLiteral("cmdClearOrgFunctions"),
                           clearList()}},
         {QStringLiteral("OrgLocations"),
-         QStringLiteral("I want to restrict my search to organizations from specific locations"),
+         Texts::tr("I want to restrict my search to organizations from specific locations"),
          {},
          Controls::Picked{Records::CityLocations, QStringLiteral("cmdAddOrgLocation"),
-                          QStringLiteral("Add Location(s) to List"), QStringLiteral("cmdClearOrgLocations"),
+                          Texts::tr("Add Location(s) to List"), QStringLiteral("cmdClearOrgLocations"),
                           clearList()}},
     };
 }

@@ -3,7 +3,14 @@
 #include "util/StrTok.h"
 #include "views/StandardQueries.h"
 
+#include <QCoreApplication>
+
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(KeywordSearch)
+};
 
 QString descriptionColumn(RecordKind kind)
 {
@@ -16,6 +23,19 @@ QString descriptionColumn(RecordKind kind)
         break;
     }
     return QStringLiteral("ResponseActivities");
+}
+
+QString caption(RecordKind kind, const QString& text)
+{
+    switch (kind) {
+    case RecordKind::Document:
+        return Texts::tr("Document Search for \"%1\"").arg(text);
+    case RecordKind::Event:
+        return Texts::tr("Event Search for \"%1\"").arg(text);
+    case RecordKind::Organization:
+        break;
+    }
+    return Texts::tr("Organization Search for \"%1\"").arg(text);
 }
 
 QString allWordsIn(const QString& column, const QStringList& words)
@@ -63,10 +83,10 @@ clsView keywordView(const StandardQueries& queries, std::optional<RecordKind> ki
     if (kind) {
         view.viewIndex = viewOf(*kind);
         view.SQL = keywordQuery(queries, *kind, splitWords(text).words);
-        view.Caption = recordNames(*kind).record + QStringLiteral(" Search for \"") + text + u'"';
+        view.Caption = caption(*kind, text);
     } else {
         view.viewIndex = ViewKind::SearchResults;
-        view.Caption = QStringLiteral("Search Results for \"") + text + u'"';
+        view.Caption = Texts::tr("Search Results for \"%1\"").arg(text);
     }
     return view;
 }

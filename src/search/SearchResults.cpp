@@ -4,7 +4,22 @@
 #include "search/KeywordSearch.h"
 #include "views/StandardQueries.h"
 
+#include <QCoreApplication>
+
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(SearchResults)
+};
+
+/// Returns the caption of a list of results, with %1 for the keywords.
+QString captionOf(RecordKind kind)
+{
+    return kind == RecordKind::Document ? Texts::tr("Document Search Results for \"%1\"")
+           : kind == RecordKind::Event  ? Texts::tr("Event Search Results for \"%1\"")
+                                        : Texts::tr("Organization Search Results for \"%1\"");
+}
 
 /// Counts the records without reading their rows, which would take several times as long.
 qint64 countOf(DatabaseSession& session, const SearchResults::Kind& kind)
@@ -29,8 +44,16 @@ std::optional<SearchResults::Record> firstOf(DatabaseSession& session, const Sea
 
 QString SearchResults::Kind::label() const
 {
-    return QString::number(count) + u' ' + recordNames(kind).record +
-           (count == 1 ? QString() : QStringLiteral("s"));
+    const int number = static_cast<int>(count);
+    switch (kind) {
+    case RecordKind::Document:
+        return number == 1 ? Texts::tr("1 Document") : Texts::tr("%n Documents", nullptr, number);
+    case RecordKind::Event:
+        return number == 1 ? Texts::tr("1 Event") : Texts::tr("%n Events", nullptr, number);
+    case RecordKind::Organization:
+        break;
+    }
+    return number == 1 ? Texts::tr("1 Organization") : Texts::tr("%n Organizations", nullptr, number);
 }
 
 qint64 SearchResults::total() const
@@ -44,15 +67,22 @@ qint64 SearchResults::total() const
 QString SearchResults::sentence() const
 {
     const qint64 count = total();
-    const QString beginning = QStringLiteral("Your keyword search for \"") + keywords +
-                              QStringLiteral("\" found ") + QString::number(count);
-    if (count == 0) return beginning + QStringLiteral(" items. Click on the Search icon to try again.");
-    if (count == 1) {
-        return beginning + QStringLiteral(" item. Click on the result to view this item or click the Search "
-                                          "icon to try again.");
+    if (count == 0) {
+        return Texts::tr(
+                   "Your keyword search for \"%1\" found 0 items. Click on the Search icon to try again.")
+            .arg(keywords);
     }
-    return beginning + QStringLiteral(" items. Click on the results you would like to view or click the "
-                                      "Search icon to try again.");
+    if (count == 1) {
+        return Texts::tr(
+                   "Your keyword search for \"%1\" found 1 item. Click on the result to view this item or "
+                   "click the Search icon to try again.")
+            .arg(keywords);
+    }
+    return Texts::tr(
+               "Your keyword search for \"%1\" found %n items. Click on the results you would like to view "
+               "or click the Search icon to try again.",
+               nullptr, static_cast<int>(count))
+        .arg(keywords);
 }
 
 clsView SearchResults::listView(const Kind& kind) const
@@ -70,8 +100,7 @@ SearchResults SearchResults::read(DatabaseSession& session, const StandardQuerie
         Kind& kind = results.kinds[i];
         kind.kind = recordKinds[i];
         kind.query = keywordQuery(queries, kind.kind, words);
-        kind.caption =
-            recordNames(kind.kind).record + QStringLiteral(" Search Results for \"") + keywords + u'"';
+        kind.caption = captionOf(kind.kind).arg(keywords);
         kind.count = countOf(session, kind);
     }
     if (results.total() != 1) return results;

@@ -136,7 +136,7 @@ void frmSearch::chooseScope(std::optional<RecordKind> scope)
 void frmSearch::followLink()
 {
     if (!m_scope) {
-        m_at.messages.show(QStringLiteral("Advanced Search not available when searching All"));
+        m_at.messages.show(tr("Advanced Search not available when searching All"));
         return;
     }
     accept();
@@ -146,7 +146,7 @@ void frmSearch::followLink()
 void frmSearch::cmdGO()
 {
     if (m_keywords->text().trimmed().isEmpty()) {
-        m_at.messages.show(QStringLiteral("No keyword entered."));
+        m_at.messages.show(tr("No keyword entered."));
         m_keywords->setFocus();
         return;
     }
@@ -159,7 +159,7 @@ void frmSearch::doKeywordSearch()
         const QString text = m_keywords->text();
         m_lastKeywords = text;
         if (splitWords(text).moreThanMost) {
-            m_at.messages.show(QStringLiteral("Search Limited to 4 Keywords. First 4 Keywords used."));
+            m_at.messages.show(tr("Search Limited to 4 Keywords. First 4 Keywords used."));
         }
         clsView found = keywordView(m_at.queries, m_scope, text);
         // a list yields as it fills: close first, so that nothing in the dialog can be pressed again

@@ -57,7 +57,7 @@ void EmptyWindowNotice::fill(QToolButton& link, const std::optional<NearestEvent
 {
     link.setVisible(nearest.has_value());
     if (!nearest) return;
-    const QString whole = words.arg(dateTimeText(nearest->start)) + nearest->eventName;
+    const QString whole = words.arg(dateTimeText(nearest->start), nearest->eventName);
     QString text = link.fontMetrics().elidedText(whole, Qt::ElideRight, room - iconRoom);
     // a button would take an ampersand for the mark of a key
     link.setText(text.replace(u'&', QStringLiteral("&&")));
@@ -72,8 +72,8 @@ void EmptyWindowNotice::showNearest(const std::optional<NearestEvent>& before,
     const QSize whole = parentWidget()->size() - QSize(2 * margin, 0);
     m_text->setText(before || after ? tr("No events in this window.") : tr("No events to show."));
     const auto fillBoth = [&](int room) {
-        fill(*m_before, before, tr("Before: %1  "), room);
-        fill(*m_after, after, tr("After: %1  "), room);
+        fill(*m_before, before, tr("Before: %1  %2"), room);
+        fill(*m_after, after, tr("After: %1  %2"), room);
     };
     m_layout->setDirection(QBoxLayout::TopToBottom);
     fillBoth(whole.width());

@@ -3,7 +3,14 @@
 #include "data/DatabaseSession.h"
 #include "util/Error.h"
 
+#include <QCoreApplication>
+
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Timeline)
+};
 
 constexpr int mismatchNumber = 13;
 
@@ -19,7 +26,7 @@ std::optional<Moment> firstMoment(DatabaseSession& session, const QString& state
         const auto moment = momentOfHeld(rows.held(date), rows.held(time));
         if (moment) return moment;
         throw Error(mismatchNumber,
-                    QStringLiteral("%1 %2 is not a date and time").arg(rows.text(date), rows.text(time)));
+                    Texts::tr("%1 %2 is not a date and time").arg(rows.text(date), rows.text(time)));
     }
     return std::nullopt;
 }

@@ -109,8 +109,12 @@ QWidget* TimelinePanel::makeButtons()
     m_zoomLabel->setObjectName(QStringLiteral("uZoomLabel"));
     m_zoomLabel->setAccessibleName(tr("One step of the scale"));
     m_zoomLabel->setAlignment(Qt::AlignCenter);
-    m_zoomLabel->setMinimumWidth(
-        m_zoomLabel->fontMetrics().horizontalAdvance(QStringLiteral("  30 minutes  ")));
+    int widest = 0;
+    for (int level = 0; level < TimelineScale::namedLevels; ++level) {
+        const QString name = QStringLiteral("  %1  ").arg(TimelineScale::zoomName(level));
+        widest = std::max(widest, m_zoomLabel->fontMetrics().horizontalAdvance(name));
+    }
+    m_zoomLabel->setMinimumWidth(widest);
     layout->addWidget(m_zoomLabel);
     m_zoomOut = add("ZoomOut", "list-remove", tr("Coarser scale"), tr("-"), &Timeline::ZoomOut);
     return row;
@@ -188,7 +192,7 @@ void TimelinePanel::showAll()
     m_scrollBar->setVisible(scroll.isShown);
 
     const TimeWindow& window = m_timeline.window();
-    m_zoomLabel->setText(TimelineScale::zoomNames[static_cast<std::size_t>(window.zoomFactor())].toString());
+    m_zoomLabel->setText(TimelineScale::zoomName(window.zoomFactor()));
     m_zoomIn->setEnabled(window.canZoomIn());
     m_zoomOut->setEnabled(window.canZoomOut());
     m_ruler->showRuler();

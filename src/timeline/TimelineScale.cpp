@@ -2,11 +2,18 @@
 
 #include "util/Error.h"
 
+#include <QCoreApplication>
+
 #include <cmath>
 
 namespace TimelineScale {
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Timeline)
+};
 
 constexpr int outOfRangeNumber = 9;
 
@@ -32,10 +39,22 @@ Strip stripOfDays(Moment currentTime)
 
 } // namespace
 
+QString zoomName(int zoomFactor)
+{
+    static constexpr std::array<const char*, namedLevels> names{
+        QT_TRANSLATE_NOOP("Timeline", "5 minutes"),  QT_TRANSLATE_NOOP("Timeline", "10 minutes"),
+        QT_TRANSLATE_NOOP("Timeline", "30 minutes"), QT_TRANSLATE_NOOP("Timeline", "1 hour"),
+        QT_TRANSLATE_NOOP("Timeline", "2 hours"),    QT_TRANSLATE_NOOP("Timeline", "4 hours"),
+        QT_TRANSLATE_NOOP("Timeline", "8 hours"),    QT_TRANSLATE_NOOP("Timeline", "1 day"),
+        QT_TRANSLATE_NOOP("Timeline", "2 days"),     QT_TRANSLATE_NOOP("Timeline", "4 days"),
+        QT_TRANSLATE_NOOP("Timeline", "1 week"),     QT_TRANSLATE_NOOP("Timeline", "2 weeks")};
+    return Texts::tr(names.at(static_cast<std::size_t>(zoomFactor)));
+}
+
 std::int32_t stepAt(int zoomFactor)
 {
     if (zoomFactor < 0 || zoomFactor >= static_cast<int>(stepMinutes.size())) {
-        throw Error(outOfRangeNumber, QStringLiteral("Subscript out of range"));
+        throw Error(outOfRangeNumber, Texts::tr("Subscript out of range"));
     }
     return stepMinutes[static_cast<std::size_t>(zoomFactor)];
 }

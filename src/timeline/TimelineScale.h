@@ -25,9 +25,11 @@ inline constexpr int dayLevel = 7;
 inline constexpr std::array<std::int32_t, 16> stepMinutes{5,    10,   30,    60,    120,   240,   480, 1440,
                                                           2880, 5760, 10080, 20160, 20160, 30320, 0,   0};
 
-inline constexpr std::array<QStringView, 12> zoomNames{
-    u"5 minutes", u"10 minutes", u"30 minutes", u"1 hour", u"2 hours", u"4 hours",
-    u"8 hours",   u"1 day",      u"2 days",     u"4 days", u"1 week",  u"2 weeks"};
+/// The levels that have a name.
+inline constexpr int namedLevels = 12;
+
+/// How long one step is at a level with a name, in words.
+[[nodiscard]] QString zoomName(int zoomFactor);
 
 /// The step of a level. Throws Error beyond the table.
 [[nodiscard]] std::int32_t stepAt(int zoomFactor);

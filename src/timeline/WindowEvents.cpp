@@ -3,9 +3,16 @@
 #include "data/DatabaseSession.h"
 #include "util/Error.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Timeline)
+};
 
 constexpr int mismatchNumber = 13;
 
@@ -14,7 +21,7 @@ Moment momentAt(const std::string& date, const std::string& time, const QString&
     const auto moment = momentOfHeld(date, time);
     if (moment) return *moment;
     throw Error(mismatchNumber,
-                QStringLiteral("%1 %2 is not a date and time (%3)")
+                Texts::tr("%1 %2 is not a date and time (%3)")
                     .arg(QString::fromStdString(date), QString::fromStdString(time), eventName));
 }
 

@@ -2,9 +2,15 @@
 
 #include "util/Error.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(DateTimeText)
+};
 
 constexpr int mismatchNumber = 20;
 constexpr int earliestYear = 100;
@@ -50,7 +56,7 @@ QString joined(std::string_view first, char separator, std::string_view second)
 
 [[noreturn]] void refuse(QStringView literal)
 {
-    throw Error(mismatchNumber, QStringLiteral("#%1# is not a date or time").arg(literal));
+    throw Error(mismatchNumber, Texts::tr("#%1# is not a date or time").arg(literal));
 }
 
 } // namespace

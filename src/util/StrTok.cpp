@@ -2,16 +2,27 @@
 
 #include "util/Error.h"
 
+#include <QCoreApplication>
+
 #include <cerrno>
 #include <limits>
 #include <new>
+
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(StrTok)
+};
+
+} // namespace
 
 void StrTok::AddDelimiter(const QString& d)
 {
     try {
         m_delimiters.push_back(d);
     } catch (const std::bad_alloc&) {
-        throw Error(ENOMEM, QStringLiteral("Couldn't add delimiter!"));
+        throw Error(ENOMEM, Texts::tr("Couldn't add delimiter!"));
     }
 }
 

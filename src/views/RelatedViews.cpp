@@ -3,10 +3,17 @@
 #include "data/DatabaseSession.h"
 #include "views/StandardQueries.h"
 
+#include <QCoreApplication>
+
 #include <array>
 #include <utility>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RelatedViews)
+};
 
 /// What a command reads, shows and offers.
 struct Relation
@@ -14,8 +21,8 @@ struct Relation
     RecordKind source;
     RecordKind target;
     const char16_t* check; ///< finds the linked records, once the identifier is appended
-    const char16_t* caption;
-    const char16_t* question;
+    const char* caption;   ///< with %1 for the name of the source
+    const char* question;
     const char16_t* presetKind = nullptr; ///< the word for the source in the editor's preset, if it takes one
 };
 
@@ -24,32 +31,39 @@ constexpr std::array<Relation, 6> relations{
     {{RecordKind::Document, RecordKind::Event,
       u"SELECT DISTINCT Event.EventID FROM Event, DocumentEvents WHERE Event.EventID = "
       u"DocumentEvents.EventID AND Event.EventID > 1 AND Status <> 'DELETED' AND DocumentID = ",
-      u"View Only Events for Document ", u"No Events exist for this Document. Would you like to add one?",
+      QT_TRANSLATE_NOOP("RelatedViews", "View Only Events for Document \"%1\""),
+      QT_TRANSLATE_NOOP("RelatedViews", "No Events exist for this Document. Would you like to add one?"),
       u"DOCUMENT"},
      {RecordKind::Document, RecordKind::Organization,
-      u"SELECT OrganizationID FROM Document WHERE DocumentID = ", u"View Source Organization for Document ",
-      u"No Source Organization exists for this Document. Would you like to add one?"},
+      u"SELECT OrganizationID FROM Document WHERE DocumentID = ",
+      QT_TRANSLATE_NOOP("RelatedViews", "View Source Organization for Document \"%1\""),
+      QT_TRANSLATE_NOOP("RelatedViews",
+                        "No Source Organization exists for this Document. Would you like to add one?")},
      {RecordKind::Event, RecordKind::Document,
       u"SELECT DISTINCT Document.DocumentID FROM Document, DocumentEvents WHERE Document.DocumentID = "
       u"DocumentEvents.DocumentID AND Document.DocumentID > 1 AND dStatus <> 'DELETED' AND EventID = ",
-      u"View Only Documents for Event ", u"No Documents exist for this Event. Would you like to add one?"},
+      QT_TRANSLATE_NOOP("RelatedViews", "View Only Documents for Event \"%1\""),
+      QT_TRANSLATE_NOOP("RelatedViews", "No Documents exist for this Event. Would you like to add one?")},
      {RecordKind::Event, RecordKind::Organization,
       u"SELECT DISTINCT Organization.OrganizationID FROM Organization, OrganizationEvents WHERE "
       u"Organization.OrganizationID = OrganizationEvents.OrganizationID AND Organization.OrganizationID > 1 "
       u"AND Status <> 'DELETED' AND EventID = ",
-      u"View Only Organizations for Event ",
-      u"No Organizations exist for this Event. Would you like to add one?"},
+      QT_TRANSLATE_NOOP("RelatedViews", "View Only Organizations for Event \"%1\""),
+      QT_TRANSLATE_NOOP("RelatedViews", "No Organizations exist for this Event. Would you like to add one?")},
      {RecordKind::Organization, RecordKind::Document,
       u"SELECT count(DocumentID) as dCount FROM Document WHERE DocumentID > 1 AND dStatus <> 'DELETED' AND "
       u"OrganizationID = ",
-      u"View Only Documents for Organization ",
-      u"No Documents exist for this Organization. Would you like to add one?", u"ORGANIZATION"},
+      QT_TRANSLATE_NOOP("RelatedViews", "View Only Documents for Organization \"%1\""),
+      QT_TRANSLATE_NOOP("RelatedViews",
+                        "No Documents exist for this Organization. Would you like to add one?"),
+      u"ORGANIZATION"},
      // the caption does not say what the view lists, but users know the view by it
      {RecordKind::Organization, RecordKind::Event,
       u"SELECT DISTINCT Event.EventID FROM Event, OrganizationEvents WHERE Event.EventID = "
       u"OrganizationEvents.EventID AND Event.EventID > 1 AND Status <> 'DELETED' AND OrganizationID = ",
-      u"View Only Organizations for Event ",
-      u"No Events exist for this Organization. Would you like to add one?", u"ORGANIZATION"}}};
+      QT_TRANSLATE_NOOP("RelatedViews", "View Only Organizations for Event \"%1\""),
+      QT_TRANSLATE_NOOP("RelatedViews", "No Events exist for this Organization. Would you like to add one?"),
+      u"ORGANIZATION"}}};
 
 const Relation& relationOf(RelatedCommand command)
 {
@@ -106,10 +120,10 @@ RelatedOutcome RelatedViews::follow(RelatedCommand command, const RelatedSource&
     const QString condition =
         conditionFor(command, QString::fromUtf16(relation.check) + identifier, identifier);
     if (condition.isEmpty()) {
-        return {std::nullopt, QString::fromUtf16(relation.question), additionFor(relation, source)};
+        return {std::nullopt, Texts::tr(relation.question), additionFor(relation, source)};
     }
     clsView view{viewOf(relation.target), m_queries.narrowed(relation.target, condition),
-                 QString::fromUtf16(relation.caption) + u'"' + source.name + u'"'};
+                 Texts::tr(relation.caption).arg(source.name)};
     // read once before it is shown: if that fails, the current view stays
     (void)m_session.read(view.SQL->sqlStr());
     return {std::move(view), {}, {}};

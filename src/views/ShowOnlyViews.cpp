@@ -4,12 +4,18 @@
 #include "views/StandardQueries.h"
 #include "views/clsCities.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <cerrno>
 #include <utility>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(ShowOnlyViews)
+};
 
 QString locationName(const QString& city, const QString& state)
 {
@@ -64,14 +70,14 @@ clsView ShowOnlyViews::documentsOfType(const QString& typeName) const
 {
     RecordSet types = m_session.read(
         QStringLiteral("SELECT * FROM DocumentType WHERE DocumentTypeName LIKE '") + typeName + u'\'');
-    if (!types.next()) throw Error(ENOENT, QStringLiteral("There is no document type of this name."));
+    if (!types.next()) throw Error(ENOENT, Texts::tr("There is no document type of this name."));
     clsAdvSearch search;
     search.bDocTypes = true;
     search.docTypes.push_back(clsPickListItem::of(types.integer(types.column(u"DocumentTypeID")),
                                                   types.text(types.column(u"DocumentTypeName"))));
     search.buildAdvSQL();
     return checked({ViewKind::Documents, m_queries.narrowed(RecordKind::Document, search.advDocSQL),
-                    QStringLiteral("View Only ") + typeName + QStringLiteral(" Documents")});
+                    Texts::tr("View Only %1 Documents").arg(typeName)});
 }
 
 clsView ShowOnlyViews::organizationsOfState(const clsCities& place) const
@@ -94,17 +100,15 @@ clsView ShowOnlyViews::organizationsOfState(const clsCities& place) const
         locations.add(0, others.text(0), others.text(1));
     QString condition = locations.condition();
     if (condition.isEmpty()) condition = QStringLiteral(" AND State LIKE '") + place.State + u'\'';
-    return organizations(condition,
-                         QStringLiteral("View Only ") + place.State + QStringLiteral(" Organizations"));
+    return organizations(condition, Texts::tr("View Only %1 Organizations").arg(place.State));
 }
 
 clsView ShowOnlyViews::organizationsOfCity(const clsCities& place) const
 {
     Locations locations;
     locations.add(place.LocationID.value_or(0), place.city, place.State);
-    return organizations(locations.condition(), QStringLiteral("View Only ") +
-                                                    locationName(place.city, place.State) +
-                                                    QStringLiteral(" Organizations"));
+    return organizations(locations.condition(),
+                         Texts::tr("View Only %1 Organizations").arg(locationName(place.city, place.State)));
 }
 
 clsView ShowOnlyViews::organizations(const QString& condition, const QString& caption) const

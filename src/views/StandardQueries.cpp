@@ -1,6 +1,13 @@
 #include "views/StandardQueries.h"
 
+#include <QCoreApplication>
+
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(StandardQueries)
+};
 
 SharedQuery documentsQuery()
 {
@@ -40,13 +47,13 @@ QString titleOfAll(RecordKind kind)
 {
     switch (kind) {
     case RecordKind::Document:
-        return QStringLiteral("View ALL Documents");
+        return Texts::tr("View ALL Documents");
     case RecordKind::Event:
-        return QStringLiteral("View ALL Events");
+        return Texts::tr("View ALL Events");
     case RecordKind::Organization:
         break;
     }
-    return QStringLiteral("View ALL Organizations");
+    return Texts::tr("View ALL Organizations");
 }
 
 } // namespace

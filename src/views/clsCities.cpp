@@ -1,17 +1,27 @@
 #include "views/clsCities.h"
 
+#include <QCoreApplication>
+
 #include <cmath>
+
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(clsCities)
+};
+
+} // namespace
 
 QString clsCities::placeText() const
 {
     if (!city.isEmpty() && !State.isEmpty()) return city + QStringLiteral(", ") + State;
     if (!city.isEmpty() || !State.isEmpty()) return city + State;
     constexpr int decimals = 2;
-    return QStringLiteral("%1° %2, %3° %4")
-        .arg(std::abs(lat), 0, 'f', decimals)
-        .arg(lat < 0 ? QChar(u'S') : QChar(u'N'))
-        .arg(std::abs(lon), 0, 'f', decimals)
-        .arg(lon < 0 ? QChar(u'W') : QChar(u'E'));
+    const QString latitude = QString::number(std::abs(lat), 'f', decimals);
+    const QString longitude = QString::number(std::abs(lon), 'f', decimals);
+    return (lat < 0 ? Texts::tr("%1° S") : Texts::tr("%1° N")).arg(latitude) + QStringLiteral(", ") +
+           (lon < 0 ? Texts::tr("%1° W") : Texts::tr("%1° E")).arg(longitude);
 }
 
 bool clsCities::hasState() const

@@ -36,7 +36,7 @@ TEST_F(PickList, OffersTheRecordsOfItsKindInOrder)
          {u"City"_s, u"State"_s},
          u"3 Boston, MA;4 Salem, Old, MA;2 Austin, TX"_s}};
     for (const auto& kind : kinds) {
-        EXPECT_EQ(pickListName(kind.kind), kind.name);
+        EXPECT_EQ(emptyPickListText(kind.kind), QStringLiteral("No ACTIVE ") + kind.name);
         EXPECT_EQ(pickListHeaders(kind.kind), kind.headers) << qPrintable(kind.name);
         QStringList rows;
         for (const PickListRow& row : readPickList(m_state.session, kind.kind)) {

@@ -24,8 +24,10 @@ QString OpenCommand::hindrance() const
 
 QString OpenCommand::question(std::size_t count) const
 {
-    const QString what = m_list.kind() == RecordKind::Document ? tr("documents") : tr("charts");
-    return tr("Are you sure you want to open %1 %2?").arg(count).arg(what);
+    const int files = static_cast<int>(count);
+    return m_list.kind() == RecordKind::Document
+               ? tr("Are you sure you want to open %n documents?", nullptr, files)
+               : tr("Are you sure you want to open %n charts?", nullptr, files);
 }
 
 QString OpenCommand::openFile(RecordKind kind, const SelectedRecord& record) const
@@ -78,6 +80,7 @@ void OpenCommand::open(RecordKind kind, const std::function<std::vector<Selected
     failures.removeDuplicates();
     if (failures.isEmpty()) return;
     const qsizetype untold = failures.size() - mostTold;
-    if (untold > 0) failures = failures.first(mostTold) << tr("… and %1 more.").arg(untold);
+    if (untold > 0)
+        failures = failures.first(mostTold) << tr("… and %n more.", nullptr, static_cast<int>(untold));
     m_platform.messages.show(failures.join(u'\n'));
 }

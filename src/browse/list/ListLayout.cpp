@@ -3,9 +3,16 @@
 #include "browse/list/EventTimes.h"
 #include "util/TypedDate.h"
 
+#include <QCoreApplication>
+
 #include <limits>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RecordList)
+};
 
 constexpr int noSubType = 1;
 constexpr std::string_view noState = "None";
@@ -70,7 +77,7 @@ ListSortKey timesKey(const ListRow& row)
 
 /// A column that shows and sorts the text that `utf8` returns for a row.
 template <auto utf8>
-ListColumn textColumn(const QString& title, int widthInTwips = 0)
+ListColumn textColumn(const char* title, int widthInTwips = 0)
 {
     constexpr auto shown = [](const ListRow& row) {
         const auto text = utf8(row);
@@ -86,7 +93,7 @@ ListColumn textColumn(const QString& title, int widthInTwips = 0)
 /// What is not a date sorts after all dates.
 ListColumn documentDateColumn()
 {
-    ListColumn column = textColumn<field<documentField::date>>(QStringLiteral("Date"));
+    ListColumn column = textColumn<field<documentField::date>>(QT_TRANSLATE_NOOP("RecordList", "Date"));
     column.sortKey = [](const ListRow& row) {
         const std::string_view date = field<documentField::date>(row);
         const auto order =
@@ -100,7 +107,7 @@ ListColumn documentDateColumn()
 ListColumn keyColumn(QString (*toolTip)(const ListRow&))
 {
     constexpr int width = 300;
-    return {QString(),
+    return {"",
             width,
             [](const ListRow& row) { return row.isKey ? QStringLiteral("1") : QString(); },
             [](const ListRow& row) {
@@ -112,7 +119,7 @@ ListColumn keyColumn(QString (*toolTip)(const ListRow&))
 
 ListLayout documentLayout()
 {
-    ListColumn author = textColumn<field<documentField::author>>(QStringLiteral("Author"));
+    ListColumn author = textColumn<field<documentField::author>>(QT_TRANSLATE_NOOP("RecordList", "Author"));
     author.fitsTexts = true;
     return {
         u"DocumentID",
@@ -120,38 +127,40 @@ ListLayout documentLayout()
         u"KeyDocument",
         u"ReleaseForm",
         {u"DocumentName", u"Author", u"DocumentDate", u"FileTypeName", u"OrganizationName", u"FileLocation"},
-        {textColumn<field<documentField::name>>(QStringLiteral("Title"), 6420),
-         keyColumn([](const ListRow& row) { return row.isKey ? QStringLiteral("Key document") : QString(); }),
-         author, documentDateColumn(), textColumn<field<documentField::fileType>>(QStringLiteral("File")),
-         textColumn<field<documentField::source>>(QStringLiteral("Source"))}};
+        {textColumn<field<documentField::name>>(QT_TRANSLATE_NOOP("RecordList", "Title"), 6420),
+         keyColumn([](const ListRow& row) { return row.isKey ? Texts::tr("Key document") : QString(); }),
+         author, documentDateColumn(),
+         textColumn<field<documentField::fileType>>(QT_TRANSLATE_NOOP("RecordList", "File")),
+         textColumn<field<documentField::source>>(QT_TRANSLATE_NOOP("RecordList", "Source"))}};
 }
 
 ListLayout eventLayout()
 {
-    return {
-        u"EventID",
-        {},
-        u"KeyEvent",
-        {},
-        {u"EventName", u"StartDate", u"StartTime", u"EndDate", u"EndTime"},
-        {textColumn<field<eventField::name>>(QStringLiteral("Name"), 6450),
-         keyColumn([](const ListRow& row) { return row.isKey ? QStringLiteral("Key event") : QString(); }),
-         {QStringLiteral("Date - Time"), 6450, [](const ListRow& row) { return times(row).shortText(); },
-          &timesKey, [](const ListRow& row) { return times(row).longText(); }}}};
+    return {u"EventID",
+            {},
+            u"KeyEvent",
+            {},
+            {u"EventName", u"StartDate", u"StartTime", u"EndDate", u"EndTime"},
+            {textColumn<field<eventField::name>>(QT_TRANSLATE_NOOP("RecordList", "Name"), 6450),
+             keyColumn([](const ListRow& row) { return row.isKey ? Texts::tr("Key event") : QString(); }),
+             {QT_TRANSLATE_NOOP("RecordList", "Date - Time"), 6450,
+              [](const ListRow& row) { return times(row).shortText(); }, &timesKey,
+              [](const ListRow& row) { return times(row).longText(); }}}};
 }
 
 ListLayout organizationLayout()
 {
-    return {u"OrganizationID",
-            u"OrganizationSubTypeID",
-            {},
-            {},
-            {u"OrganizationName", u"OrganizationTypeName", u"OrganizationSubTypeName", u"FunctionName",
-             u"City", u"State"},
-            {textColumn<field<organizationField::name>>(QStringLiteral("Name"), 4560),
-             textColumn<organizationType>(QStringLiteral("Type"), 1905),
-             textColumn<field<organizationField::function>>(QStringLiteral("Function"), 2175),
-             textColumn<organizationPlace>(QStringLiteral("Location"), 1440)}};
+    return {
+        u"OrganizationID",
+        u"OrganizationSubTypeID",
+        {},
+        {},
+        {u"OrganizationName", u"OrganizationTypeName", u"OrganizationSubTypeName", u"FunctionName", u"City",
+         u"State"},
+        {textColumn<field<organizationField::name>>(QT_TRANSLATE_NOOP("RecordList", "Name"), 4560),
+         textColumn<organizationType>(QT_TRANSLATE_NOOP("RecordList", "Type"), 1905),
+         textColumn<field<organizationField::function>>(QT_TRANSLATE_NOOP("RecordList", "Function"), 2175),
+         textColumn<organizationPlace>(QT_TRANSLATE_NOOP("RecordList", "Location"), 1440)}};
 }
 
 } // namespace

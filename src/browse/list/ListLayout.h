@@ -32,8 +32,8 @@ struct ListSortKey
 /// A column of a list.
 struct ListColumn
 {
-    QString title;
-    int widthInTwips = 0; ///< 1/1440 inch; 0 for the list's own default
+    const char* title = ""; ///< to be translated
+    int widthInTwips = 0;   ///< 1/1440 inch; 0 for the list's own default
     QString (*text)(const ListRow& row) = nullptr;
     ListSortKey (*sortKey)(const ListRow& row) = nullptr;
     QString (*toolTip)(const ListRow& row) = nullptr;

@@ -2,8 +2,19 @@
 
 #include "util/TextCompare.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <numeric>
+
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RecordList)
+};
+
+} // namespace
 
 void RecordList::beginReading(const RecordSet& rows)
 {
@@ -91,6 +102,17 @@ std::vector<std::uint32_t> RecordList::sorted(int column, bool descending) const
 
 QString RecordList::countText(RecordKind kind, std::size_t count)
 {
-    return QStringLiteral("Displaying %1 %2%3")
-        .arg(QString::number(count), recordNames(kind).record, count == 1 ? QString() : QStringLiteral("s"));
+    const int number = static_cast<int>(count);
+    switch (kind) {
+    case RecordKind::Document:
+        return number == 1 ? Texts::tr("Displaying 1 Document")
+                           : Texts::tr("Displaying %n Documents", nullptr, number);
+    case RecordKind::Event:
+        return number == 1 ? Texts::tr("Displaying 1 Event")
+                           : Texts::tr("Displaying %n Events", nullptr, number);
+    case RecordKind::Organization:
+        break;
+    }
+    return number == 1 ? Texts::tr("Displaying 1 Organization")
+                       : Texts::tr("Displaying %n Organizations", nullptr, number);
 }

@@ -3,6 +3,8 @@
 #include "widgets/IconSet.h"
 #include "widgets/PlainToolTip.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 RecordListModel::RecordListModel(std::shared_ptr<const RecordList> list, RowIconKeys& iconKeys,
@@ -115,9 +117,11 @@ QVariant RecordListModel::data(const QModelIndex& index, int role) const
 QVariant RecordListModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation != Qt::Horizontal || section >= columnCount()) return {};
-    if (role == Qt::DisplayRole) return m_list->columns()[static_cast<std::size_t>(section)].title;
+    if (role == Qt::DisplayRole)
+        return QCoreApplication::translate("RecordList",
+                                           m_list->columns()[static_cast<std::size_t>(section)].title);
     if (!marksKeys(section)) return {};
     if (role == Qt::DecorationRole) return m_icons.icon(QStringLiteral("isKey"));
-    if (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) return QStringLiteral("Key records");
+    if (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) return tr("Key records");
     return {};
 }

@@ -45,15 +45,16 @@ void StatusLine::showView(const QString& caption, const QString& count)
 
 void StatusLine::showSaved(RecordKind kind, const QString& name)
 {
-    const QString what = kind == RecordKind::Document ? tr("Document")
-                         : kind == RecordKind::Event  ? tr("Event")
-                                                      : tr("Organization");
-    m_saved->setLine(tr("Saved: %1 \"%2\"").arg(what, readableLine(name)));
+    const QString text = kind == RecordKind::Document ? tr("Saved: Document \"%1\"")
+                         : kind == RecordKind::Event  ? tr("Saved: Event \"%1\"")
+                                                      : tr("Saved: Organization \"%1\"");
+    m_saved->setLine(text.arg(readableLine(name)));
     m_saved->show();
 }
 
 void StatusLine::showSelected(std::size_t rows)
 {
-    m_selection->setText(rows == 1 ? tr("1 row selected") : tr("%1 rows selected").arg(rows));
+    m_selection->setText(rows == 1 ? tr("1 row selected")
+                                   : tr("%n rows selected", nullptr, static_cast<int>(rows)));
     m_selection->setVisible(rows > 0);
 }

@@ -171,8 +171,9 @@ void frmMain::load(bool hasProgramFolder)
 void frmMain::openDatabase()
 {
     const QString file = m_platform.fileDialogs.openFile(
-        tr("Open Database"),
-        tr("Databases (*.mdb *.accdb *.sqlite)|*.mdb *.accdb *.sqlite|All Files (*.*)| *.*"));
+        tr("Open Database"), tr("Databases") +
+                                 QStringLiteral(" (*.mdb *.accdb *.sqlite)|*.mdb *.accdb *.sqlite|") +
+                                 tr("All Files") + QStringLiteral(" (*.*)| *.*"));
     if (file.isEmpty()) return;
     m_list->stop();
     const QString before = m_state.session.fileName();
@@ -236,7 +237,7 @@ void frmMain::showCaption(const QString& caption, const QString& count)
     QString title = line;
     const QString file = QFileInfo(m_state.session.fileName()).fileName();
     if (!file.isEmpty()) title += QStringLiteral(" - ") + file;
-    if (m_state.session.isReadOnly()) title += tr(" [read-only]");
+    if (m_state.session.isReadOnly()) title = tr("%1 [read-only]").arg(title);
     // Qt replaces a single `[*]` in a window's title by its mark for unsaved changes
     setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
