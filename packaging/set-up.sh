@@ -60,16 +60,18 @@ build() {
 show_tests() {
     local line running=
     while IFS= read -r line; do
-        if [[ $line =~ ^\ *([0-9]+)/([0-9]+)\ Test\ +#[0-9]+:\ ([^ ]+)\ .*\ Passed\ +(.*)$ ]]; then
+        if [[ $line == '[       OK ]'* ]]; then
+            running=
+            continue
+        fi
+        [[ -z $running ]] || echo "$running"
+        running=
+        if [[ $line == '[ RUN      ]'* ]]; then
+            running=$line
+        elif [[ $line =~ ^\ *([0-9]+)/([0-9]+)\ Test\ +#[0-9]+:\ ([^ ]+)\ .*\ Passed\ +(.*)$ ]]; then
             echo "$1: $((100 * BASH_REMATCH[1] / BASH_REMATCH[2])) %" \
                 "(${BASH_REMATCH[1]} of ${BASH_REMATCH[2]}: ${BASH_REMATCH[3]}, ${BASH_REMATCH[4]})"
-        elif [[ $line == '[ RUN      ]'* ]]; then
-            running=$line
-        elif [[ $line == '[       OK ]'* ]]; then
-            running=
         elif [[ $line != *'    Start '* ]]; then
-            [[ -z $running ]] || echo "$running"
-            running=
             echo "$line"
         fi
     done
