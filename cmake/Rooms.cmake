@@ -17,7 +17,26 @@ function(orvik_room)
     endforeach()
     set_property(GLOBAL APPEND PROPERTY ORVIK_ROOMS ${name})
     target_sources(orvik_core PRIVATE ${room_CORE})
+    orvik_compile_together(orvik_core ${room_CORE})
     if(TARGET orvik_ui)
         target_sources(orvik_ui PRIVATE ${room_WINDOWS})
+        orvik_compile_together(orvik_ui ${room_WINDOWS})
     endif()
+endfunction()
+
+# Sources with a local name that another source of their room has too.
+set(ORVIK_SOURCES_APART
+    data/EditableRecordSet.cpp data/EngineRules.cpp data/MomentCondition.cpp data/StatementTokens.cpp
+    data/StoredQuery.cpp editors/frmDocument.cpp editors/frmEvent.cpp editors/frmOrganization.cpp
+    editors/frmPicList.cpp files/FileCopy.cpp map/OrganizationPlaces.cpp records/DocumentStore.cpp
+    records/EventStore.cpp records/OrganizationStore.cpp search/LinkButton.cpp timeline/EventMarker.cpp
+    timeline/WindowEvents.cpp widgets/ReadablePalette.cpp widgets/WindowSize.cpp)
+
+# orvik_compile_together(LIBRARY file...): with ORVIK_UNITY, the sources of a room are compiled as one, but those apart.
+function(orvik_compile_together library)
+    foreach(source IN LISTS ARGN)
+        if(source MATCHES "\\.cpp$" AND NOT "${name}/${source}" IN_LIST ORVIK_SOURCES_APART)
+            set_source_files_properties(${source} TARGET_DIRECTORY ${library} PROPERTIES UNITY_GROUP ${name})
+        endif()
+    endforeach()
 endfunction()

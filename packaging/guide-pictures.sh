@@ -4,7 +4,7 @@ set -euo pipefail
 source "$(dirname "$0")/set-up.sh"
 
 install_packages
-build release -DORVIK_TESTS=OFF
+build release -DORVIK_TESTS=OFF --target orvik-guide-pictures sample_folder
 pictures="$root/sample/help/pictures"
 status=0
 QT_QPA_PLATFORM=offscreen "$root/build/release/bin/orvik-guide-pictures" \

@@ -5,11 +5,11 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <cerrno>
 #include <fstream>
-#include <regex>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -242,11 +242,11 @@ void FileCopy::copyFolder(const fs::path& from, const fs::path& to)
 
 void FileCopy::clearUnfinished(const fs::path& folder)
 {
-    static const std::regex name(R"(\.(upload|replaced)-([0-9]+(_files)?))");
+    static const QRegularExpression name(QStringLiteral(R"(\A\.(upload|replaced)-[0-9]+(_files)?\z)"));
     std::vector<fs::path> found;
     std::error_code code;
     for (fs::directory_iterator entry(folder, code), end; !code && entry != end; entry.increment(code)) {
-        if (std::regex_match(entry->path().filename().string(), name)) found.push_back(entry->path());
+        if (name.match(textOf(entry->path().filename())).hasMatch()) found.push_back(entry->path());
     }
     for (const fs::path& path : found) {
         const std::string leftOver = path.filename().string();
