@@ -127,8 +127,16 @@ QString DatabaseSession::folder() const
 RecordSet DatabaseSession::read(const QString& statement)
 {
     database();
+    auto log = StatementLog::begin(statement);
+    auto prepared = prepareToRead(statement);
+    if (log) log->setPrepared(prepared->statement.expandedSql());
+    return {std::move(prepared), m_watch, std::move(log)};
+}
+
+PreparedStatements::Loan DatabaseSession::prepareToRead(const QString& statement)
+{
     const auto shape = shapeOf(statement);
-    if (!shape) return readOnce(StatementTranslator(m_catalog).select(statement).sql);
+    if (!shape) return prepareOnce(StatementTranslator(m_catalog).select(statement).sql);
     auto prepared = PreparedStatements::take(m_prepared, shape->text);
     if (!prepared) {
         const QString sql = StatementTranslator(m_catalog).select(statement, shape->dates).sql;
@@ -137,15 +145,22 @@ RecordSet DatabaseSession::read(const QString& statement)
     }
     for (int i = 0; i < shape->dates.size(); ++i)
         prepared->statement.bind(i + 1, shape->dates[i]);
-    return {std::move(prepared), m_watch};
+    return prepared;
 }
 
-/// Reads a statement of the engine that is not kept.
-RecordSet DatabaseSession::readOnce(const QString& engineStatement)
+/// Prepares a statement of SQLite that is not kept.
+PreparedStatements::Loan DatabaseSession::prepareOnce(const QString& engineStatement)
 {
-    return {PreparedStatements::lend({}, {},
-                                     PreparedStatement(prepare(engineStatement, Access::Read), m_catalog)),
-            m_watch};
+    return PreparedStatements::lend({}, {},
+                                    PreparedStatement(prepare(engineStatement, Access::Read), m_catalog));
+}
+
+RecordSet DatabaseSession::readOnce(const QString& engineStatement, const QString& built)
+{
+    auto log = StatementLog::begin(built);
+    auto prepared = prepareOnce(engineStatement);
+    if (log) log->setPrepared(prepared->statement.expandedSql());
+    return {std::move(prepared), m_watch, std::move(log)};
 }
 
 RecordTable DatabaseSession::readAll(const QString& statement)
@@ -156,14 +171,15 @@ RecordTable DatabaseSession::readAll(const QString& statement)
 EditableRecordSet DatabaseSession::edit(const QString& statement)
 {
     database();
-    return {*this, StatementTranslator(m_catalog).selectForEditing(statement)};
+    const TranslatedStatement translated = StatementTranslator(m_catalog).selectForEditing(statement);
+    return {*this, translated.table, readOnce(translated.sql, statement)};
 }
 
 int DatabaseSession::execute(const QString& statement)
 {
     database();
     EngineStatement prepared = prepare(StatementTranslator(m_catalog).change(statement).sql, Access::Write);
-    run(prepared);
+    run(prepared, statement);
     return database()->getChanges();
 }
 
@@ -184,12 +200,16 @@ void DatabaseSession::runInEngine(const QString& engineStatement)
     run(prepared);
 }
 
-void DatabaseSession::run(EngineStatement& statement)
+void DatabaseSession::run(EngineStatement& statement, const QString& built)
 {
-    // granted here too: where the schema changed meanwhile, the engine prepares the statement once more
+    // granted here too: SQLite prepares a statement once more if the schema has changed meanwhile
     const AccessGranted granted(m_access, Access::Write);
+    const auto log = StatementLog::begin(built);
+    if (log) log->setPrepared(statement.expandedSql());
     m_watch.beginStep();
-    statement.step();
+    if (log) log->beginStep();
+    const bool hasRow = statement.step();
+    if (log) log->endStep(hasRow);
 }
 
 Transaction::Transaction(DatabaseSession& session) : m_session(session)

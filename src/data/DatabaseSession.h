@@ -63,12 +63,14 @@ private:
     friend class EditableRecordSet;
     friend class Transaction;
 
-    RecordSet readOnce(const QString& engineStatement);
+    PreparedStatements::Loan prepareToRead(const QString& statement);
+    PreparedStatements::Loan prepareOnce(const QString& engineStatement);
+    RecordSet readOnce(const QString& engineStatement, const QString& built = {});
     EngineStatement prepare(const QString& engineStatement, Access access);
     void runInEngine(const QString& engineStatement);
 
-    /// Runs a prepared statement that changes something.
-    void run(EngineStatement& statement);
+    /// Runs a prepared statement that changes something. `built` is what it was made of, if anything.
+    void run(EngineStatement& statement, const QString& built = {});
     const std::shared_ptr<SQLite::Database>& database() const;
     [[nodiscard]] bool hasReadOnlyFile() const;
     [[nodiscard]] QString folder() const; ///< of the open file, where the engine keeps its journal

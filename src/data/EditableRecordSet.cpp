@@ -53,12 +53,9 @@ Value inProgramForm(const CatalogColumn& column, const Value& heldValue)
 
 } // namespace
 
-EditableRecordSet::EditableRecordSet(DatabaseSession& session, const TranslatedStatement& statement)
-    : m_session(&session),
-      m_database(session.database()),
-      m_table(*session.m_catalog.findTable(statement.table))
+EditableRecordSet::EditableRecordSet(DatabaseSession& session, const QString& table, RecordSet rows)
+    : m_session(&session), m_database(session.database()), m_table(*session.m_catalog.findTable(table))
 {
-    RecordSet rows = session.readOnce(statement.sql);
     while (rows.next()) {
         Row& row = m_rows.emplace_back();
         row.number = rows.integer(0);

@@ -2,7 +2,6 @@
 
 #include "data/EngineStatement.h"
 #include "data/RecordSet.h"
-#include "data/StatementTranslator.h"
 #include "data/Value.h"
 
 #include <QString>
@@ -21,7 +20,8 @@ class DatabaseSession;
 class EditableRecordSet
 {
 public:
-    EditableRecordSet(DatabaseSession& session, const TranslatedStatement& statement);
+    /// `rows` are those of the table to be changed, the row's own number before all its columns.
+    EditableRecordSet(DatabaseSession& session, const QString& table, RecordSet rows);
     ~EditableRecordSet();
     EditableRecordSet(EditableRecordSet&&) noexcept;
     EditableRecordSet& operator=(EditableRecordSet&&) = delete;

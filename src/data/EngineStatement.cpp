@@ -39,6 +39,14 @@ void EngineStatement::bind(int index, const Value& value)
     if (result != SQLITE_OK) throwEngineError(sqlite3_db_handle(handle));
 }
 
+QString EngineStatement::expandedSql() const
+{
+    const std::unique_ptr<char, decltype(&sqlite3_free)> expanded(sqlite3_expanded_sql(m_handle.get()),
+                                                                  &sqlite3_free);
+    // SQLite fills nothing in if the whole would be longer than a value may be
+    return QString::fromUtf8(expanded ? expanded.get() : sqlite3_sql(m_handle.get()));
+}
+
 QString EngineStatement::columnName(int column) const
 {
     return QString::fromUtf8(sqlite3_column_name(m_handle.get(), column));

@@ -24,6 +24,9 @@ public:
     /// Binds the parameter at `index`, counted from 1.
     void bind(int index, const Value& value);
 
+    /// What SQLite runs, with the values bound so far in it.
+    [[nodiscard]] QString expandedSql() const;
+
     [[nodiscard]] bool isReadOnly() const { return sqlite3_stmt_readonly(m_handle.get()) != 0; }
     [[nodiscard]] int columnCount() const { return sqlite3_column_count(m_handle.get()); }
     [[nodiscard]] QString columnName(int column) const;

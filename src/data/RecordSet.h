@@ -3,11 +3,13 @@
 #include "data/Catalog.h"
 #include "data/EngineRules.h"
 #include "data/PreparedStatements.h"
+#include "data/StatementLog.h"
 #include "data/Value.h"
 #include "util/Error.h"
 
 #include <QString>
 
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -22,7 +24,8 @@ QString programText(ColumnForm form, std::string_view held);
 class RecordSet
 {
 public:
-    RecordSet(PreparedStatements::Loan prepared, StatementWatch& watch);
+    /// `log` is null if statements are not logged.
+    RecordSet(PreparedStatements::Loan prepared, StatementWatch& watch, std::unique_ptr<StatementLog> log);
 
     /// Moves to the next row; false after the last, however often it is asked.
     bool next();
@@ -46,6 +49,7 @@ private:
 
     PreparedStatements::Loan m_prepared;
     StatementWatch* m_watch;
+    std::unique_ptr<StatementLog> m_log;
     bool m_ended = false;
     std::optional<Error> m_failure;
 };

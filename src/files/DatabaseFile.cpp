@@ -4,6 +4,7 @@
 #include "data/EngineError.h"
 #include "data/RollbackJournal.h"
 #include "util/Error.h"
+#include "util/Logging.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -106,4 +107,5 @@ void copyDatabase(const QString& source, const QString& target)
     if (std::rename(QFile::encodeName(copy).constData(), QFile::encodeName(target).constData()) != 0) {
         throw Error(errno, QStringLiteral("The file cannot be made. (%1)").arg(target));
     }
+    qCInfo(filesLog).noquote() << "copied:" << source << "to" << target;
 }

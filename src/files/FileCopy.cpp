@@ -2,6 +2,7 @@
 
 #include "files/LinkTarget.h"
 #include "util/Error.h"
+#include "util/Logging.h"
 
 #include <QFile>
 
@@ -190,6 +191,11 @@ void move(const fs::path& from, const fs::path& to)
     require(code, to);
 }
 
+void logCopy(const fs::path& from, const fs::path& to)
+{
+    qCInfo(filesLog).noquote() << "copied:" << textOf(from) << "to" << textOf(to);
+}
+
 } // namespace
 
 std::string FileCopy::read(const fs::path& file)
@@ -209,6 +215,7 @@ void FileCopy::copyFile(const fs::path& from, const fs::path& to)
     const Unfinished unfinished(to, uploadName);
     copyContent(from, unfinished.path());
     move(unfinished.path(), to);
+    logCopy(from, to);
 }
 
 void FileCopy::writeFile(const std::string& content, const fs::path& to)
@@ -218,6 +225,7 @@ void FileCopy::writeFile(const std::string& content, const fs::path& to)
     write(target, content, unfinished.path());
     finish(target, unfinished.path());
     move(unfinished.path(), to);
+    qCInfo(filesLog).noquote() << "written:" << textOf(to);
 }
 
 void FileCopy::copyFolder(const fs::path& from, const fs::path& to)
@@ -232,6 +240,7 @@ void FileCopy::copyFolder(const fs::path& from, const fs::path& to)
     fs::rename(unfinished.path(), to, code);
     if (code && isThere) move(replaced.path(), to);
     require(code, to);
+    logCopy(from, to);
 }
 
 void FileCopy::clearUnfinished(const fs::path& folder)

@@ -6,6 +6,7 @@
 #include "platform/StdREG.h"
 #include "state/ProgramState.h"
 #include "util/Error.h"
+#include "util/Logging.h"
 
 #include <QFileInfo>
 
@@ -83,6 +84,7 @@ bool DatabaseOpener::openChosen(const QString& file)
 bool DatabaseOpener::convert(const QString& source, const QString& target, bool replace)
 {
     using End = DatabaseConverter::Result::End;
+    qCInfo(startLog).noquote() << "convert:" << source << "to" << target;
     const DatabaseConverter::Result result = m_platform.converter.convert(source, target, replace);
     if (result.end == End::Cancelled) return false;
     if (result.end == End::Failed) {
@@ -98,6 +100,7 @@ bool DatabaseOpener::convert(const QString& source, const QString& target, bool 
 void DatabaseOpener::open(const QString& file)
 {
     m_platform.fileAttributes.makeWritable(file);
+    qCInfo(startLog).noquote() << "open database:" << file;
     m_state.session.open(file);
 }
 

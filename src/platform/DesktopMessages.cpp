@@ -1,5 +1,7 @@
 #include "platform/DesktopMessages.h"
 
+#include "util/Logging.h"
+
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QMessageBox>
@@ -35,6 +37,7 @@ void prepare(QMessageBox& box, QMessageBox::Icon icon, const QString& text)
 
 void DesktopMessages::show(const QString& text)
 {
+    qCInfo(messagesLog).noquote() << "shown:" << text;
     const QPointer<QWidget> below = QApplication::activeWindow();
     QMessageBox box(below);
     prepare(box, QMessageBox::NoIcon, text);
@@ -59,7 +62,9 @@ bool DesktopMessages::ask(const QString& text, Question about)
     box.setEscapeButton(no);
     box.exec();
     waitForActivation(below);
-    return box.clickedButton() == yes;
+    const bool isYes = box.clickedButton() == yes;
+    qCInfo(messagesLog).noquote() << "asked:" << text << "\n  answer:" << (isYes ? "yes" : "no");
+    return isYes;
 }
 
 void DesktopMessages::beep()
