@@ -29,18 +29,18 @@ private:
     Access& m_access;
 };
 
-/// One that is read with its log of changes can be neither moved nor copied by hand without losing some. It
-/// stays as it is while another program has it open; all that is written is safe in either mode.
+/// A file in write-ahead mode can be neither moved nor copied by hand without losing changes. It stays in
+/// that mode while another program has it open; what is written is safe in either.
 void setRollbackJournal(SQLite::Database& database)
 {
     if (sqlite3_db_readonly(database.getHandle(), "main") == 1) return;
     sqlite3_exec(database.getHandle(), "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
 }
 
-/// A path that the engine can take for nothing else, as it does with `:memory:` and `file:`.
+/// A path that SQLite cannot take for anything else, such as `:memory:` or `file:`.
 QString absolutePath(const QString& file)
 {
-    // to Qt, a colon begins the name of something inside the program
+    // to Qt, a path that begins with a colon names a resource of the program
     if (file.startsWith(u':')) return QDir::currentPath() + u'/' + file;
     return QDir::current().absoluteFilePath(file);
 }
@@ -56,7 +56,7 @@ void DatabaseSession::open(const QString& file)
         const QString path = absolutePath(file);
         refuseForeignJournal(path);
         auto opened = callEngine([&path] {
-            // one thread works with the file, so the engine needs no locks of its own
+            // one thread works with the file, so SQLite needs no locks of its own
             return std::make_shared<SQLite::Database>(QFile::encodeName(path).toStdString(),
                                                       SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
                                                       lockPatienceMilliseconds);
@@ -120,7 +120,7 @@ bool DatabaseSession::hasReadOnlyFile() const
 
 QString DatabaseSession::folder() const
 {
-    // the engine has followed symbolic links
+    // SQLite has followed symbolic links
     return QFileInfo(QFile::decodeName(sqlite3_db_filename(m_database->getHandle(), "main"))).path();
 }
 
@@ -236,7 +236,7 @@ void Transaction::commit()
         try {
             m_session.runInEngine(QStringLiteral("ROLLBACK"));
         } catch (const Error&) {
-            // the engine has rolled back by itself
+            // SQLite has rolled back by itself
         }
         throw;
     }

@@ -43,7 +43,7 @@ Value held(const CatalogColumn& column, const Value& value)
     return both;
 }
 
-/// A value that the file holds, as a record set that reads it gives it.
+/// A value that the file holds, as a record set returns it.
 Value inProgramForm(const CatalogColumn& column, const Value& heldValue)
 {
     const auto* text = std::get_if<QString>(&heldValue);

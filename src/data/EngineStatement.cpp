@@ -59,8 +59,8 @@ QString EngineStatement::declaredType(int column) const
 
 std::string_view EngineStatement::text(int column) const
 {
-    // the size comes first: asking for it makes UTF-8 of a text that the file holds in UTF-16. Asked for as
-    // a blob, the text then comes without the copy that would put a NUL behind it
+    // the size first, since that call converts a text that the file holds in UTF-16. Reading the text as a
+    // blob avoids the copy that sqlite3_column_text makes to append a NUL
     const auto size = static_cast<std::size_t>(sqlite3_column_bytes(m_handle.get(), column));
     const auto* text = static_cast<const char*>(sqlite3_column_blob(m_handle.get(), column));
     if (text == nullptr) return {};

@@ -41,7 +41,7 @@ RecordSet::RecordSet(PreparedStatements::Loan prepared, StatementWatch& watch,
 
 bool RecordSet::next()
 {
-    // the engine would begin a statement anew that has ended or failed
+    // SQLite would begin a statement again that has ended or failed
     if (m_failure) throw Error(*m_failure);
     if (m_ended) return false;
     m_watch->beginStep();

@@ -53,7 +53,7 @@ void copyFile(const QString& source, const QString& copy)
 }
 
 /// A change that was never finished is undone in the copy when that is first opened; the source keeps its
-/// journal. The journal comes last: whatever another program undoes meanwhile, it undoes once more.
+/// journal. The journal is copied last: undoing twice what another program undoes meanwhile does no harm.
 void copyWithJournal(const QString& source, const QString& copy)
 {
     QFile::remove(copy);

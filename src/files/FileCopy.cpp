@@ -26,7 +26,7 @@ namespace {
 
 constexpr std::size_t blockSize = 1 << 20;
 
-/// How the names of what is not finished begin; the rest is that of the target.
+/// Prefixes of the names of unfinished copies; the name of the target follows.
 constexpr auto uploadName = ".upload-";
 constexpr auto replacedName = ".replaced-";
 
@@ -37,7 +37,7 @@ QString textOf(const fs::path& path)
 
 [[noreturn]] void fail(int number, const fs::path& path)
 {
-    if (number == 0) number = EIO; // the library kept the reason to itself
+    if (number == 0) number = EIO; // the library did not pass the reason on
     const std::string reason = std::generic_category().message(number);
     throw Error(number, QStringLiteral("%1 (%2)").arg(QString::fromLocal8Bit(reason.c_str()), textOf(path)));
 }
@@ -98,7 +98,7 @@ std::ofstream createFile(const fs::path& file)
     return stream;
 }
 
-/// Ends the writing of a file, and sees that it is on the disk before its name says so.
+/// Closes a file and makes sure that it is on the disk before it gets its final name.
 void finish(std::ofstream& stream, const fs::path& file)
 {
     stream.close();

@@ -26,7 +26,7 @@ QString notFound(const QString& path)
     return QStringLiteral("File not found: ") + path;
 }
 
-/// The extension of a name or of a path of any machine.
+/// The extension of a name or path, with `/` or `\` between folders.
 QString extensionOf(const QString& path)
 {
     FileStrings parts;

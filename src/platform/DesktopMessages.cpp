@@ -24,7 +24,7 @@ void waitForActivation(const QPointer<QWidget>& window)
     }
 }
 
-/// A box as wide as its text needs, with the text as it is: what a record holds is never read as markup.
+/// Shows the text as it is: what a record holds is never read as markup.
 void prepare(QMessageBox& box, QMessageBox::Icon icon, const QString& text)
 {
     box.setIcon(icon);
