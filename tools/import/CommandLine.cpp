@@ -4,6 +4,20 @@
 
 namespace accessimport {
 
+namespace {
+
+/// Returns false for an option that does not exist.
+bool setOption(std::string_view option, CommandLine& line)
+{
+    const bool isHelp = option == "--help" || option == "-h";
+    line.replace = line.replace || option == "--replace";
+    line.salvage = line.salvage || option == "--salvage";
+    line.help = line.help || isHelp;
+    return isHelp || option == "--replace" || option == "--salvage";
+}
+
+} // namespace
+
 std::optional<CommandLine> parseCommandLine(int count, const char* const* arguments)
 {
     CommandLine line;
@@ -11,21 +25,13 @@ std::optional<CommandLine> parseCommandLine(int count, const char* const* argume
     bool onlyNames = false;
     for (int at = 1; at < count; ++at) {
         const std::string_view argument = arguments[at];
-        if (!onlyNames && argument == "--") {
-            onlyNames = true;
-        } else if (!onlyNames && argument == "--replace") {
-            line.replace = true;
-        } else if (!onlyNames && argument == "--salvage") {
-            line.salvage = true;
-        } else if (!onlyNames && (argument == "--help" || argument == "-h")) {
-            line.help = true;
-        } else if (!onlyNames && argument.starts_with('-')) {
-            return std::nullopt;
-        } else if (++names > 2 || argument.empty()) {
-            return std::nullopt;
-        } else {
-            (names == 1 ? line.source : line.target) = argument;
+        if (!onlyNames && argument.starts_with('-')) {
+            onlyNames = argument == "--";
+            if (!onlyNames && !setOption(argument, line)) return std::nullopt;
+            continue;
         }
+        if (++names > 2 || argument.empty()) return std::nullopt;
+        (names == 1 ? line.source : line.target) = argument;
     }
     if (!line.help && names != 2) return std::nullopt;
     return line;
