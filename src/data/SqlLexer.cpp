@@ -24,12 +24,12 @@ bool isDigit(QChar c)
     return c >= u'0' && c <= u'9';
 }
 
-[[noreturn]] void fail(const QString& why)
+} // namespace
+
+void refuseStatement(const QString& why)
 {
     throw Error(syntaxErrorNumber, QStringLiteral("The statement cannot be read: %1.").arg(why));
 }
-
-} // namespace
 
 std::optional<SqlLexeme> SqlLexer::next()
 {
@@ -68,8 +68,8 @@ void SqlLexer::skipQuoted(QChar quote)
         end = m_statement.indexOf(quote, end + 2);
     m_at = end < 0 ? m_statement.size() : end + 1;
     if (m_statement.sliced(begin, m_at - begin).contains(QChar()))
-        fail(QStringLiteral("a text holds a NUL character"));
-    if (end < 0) fail(QStringLiteral("a text has no closing %1").arg(quote));
+        refuseStatement(QStringLiteral("a text holds a NUL character"));
+    if (end < 0) refuseStatement(QStringLiteral("a text has no closing %1").arg(quote));
     refuseRest(quote);
 }
 
@@ -80,14 +80,15 @@ void SqlLexer::refuseRest(QChar quote) const
     if (isAtEnd()) return;
     const QChar next = m_statement[m_at];
     if (next.isSpace() || next.isNull() || follows.contains(next)) return;
-    if (quote == u'"') fail(QStringLiteral("a quotation mark in a text ends it too early"));
-    fail(QStringLiteral("an apostrophe in a text ends it too early. In a search, type _ in its place"));
+    if (quote == u'"') refuseStatement(QStringLiteral("a quotation mark in a text ends it too early"));
+    refuseStatement(
+        QStringLiteral("an apostrophe in a text ends it too early. In a search, type _ in its place"));
 }
 
 void SqlLexer::skipDate()
 {
     const auto end = m_statement.indexOf(u'#', m_at + 1);
-    if (end < 0) fail(QStringLiteral("a date has no closing #"));
+    if (end < 0) refuseStatement(QStringLiteral("a date has no closing #"));
     m_at = end + 1;
 }
 
@@ -97,13 +98,14 @@ void SqlLexer::skipSymbol()
     static constexpr QStringView singles = u"(),.=<>+-*/";
 
     const QStringView rest = m_statement.sliced(m_at);
-    if (rest.startsWith(u"--") || rest.startsWith(u"/*")) fail(QStringLiteral("a comment stands in it"));
+    if (rest.startsWith(u"--") || rest.startsWith(u"/*"))
+        refuseStatement(QStringLiteral("a comment stands in it"));
     for (const QStringView pair : pairs) {
         if (!rest.startsWith(pair)) continue;
         m_at += pair.size();
         return;
     }
     if (!singles.contains(rest.front()))
-        fail(QStringLiteral("the character %1 has no meaning in it").arg(rest.front()));
+        refuseStatement(QStringLiteral("the character %1 has no meaning in it").arg(rest.front()));
     ++m_at;
 }

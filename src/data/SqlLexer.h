@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QStringView>
 
 #include <optional>
@@ -46,3 +47,6 @@ private:
     QStringView m_statement;
     qsizetype m_at = 0;
 };
+
+/// Throws the Error of a statement that cannot be read.
+[[noreturn]] void refuseStatement(const QString& why);

@@ -1,18 +1,5 @@
 #include "data/StatementTokens.h"
 
-#include "util/Error.h"
-
-namespace {
-
-constexpr int syntaxErrorNumber = 1;
-
-} // namespace
-
-void refuseStatement(const QString& why)
-{
-    throw Error(syntaxErrorNumber, QStringLiteral("The statement cannot be read: %1.").arg(why));
-}
-
 void refuseToken(const SqlToken& token)
 {
     refuseStatement(QStringLiteral("%1 stands where it has no meaning").arg(token.text));

@@ -63,6 +63,5 @@ private:
     std::vector<SqlToken> m_tokens;
 };
 
-/// Throws the Error of a statement that cannot be read.
-[[noreturn]] void refuseStatement(const QString& why);
+/// Throws the Error of a token that stands where it has no meaning.
 [[noreturn]] void refuseToken(const SqlToken& token);

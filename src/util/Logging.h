@@ -2,8 +2,8 @@
 
 #include <QLoggingCategory>
 
-/// What the program can log for those who look for a fault in it. All of it is off unless QT_LOGGING_RULES
-/// asks for it, such as `orvik.*=true`; what the user has to know is a message, never a line of the log.
+// What the program can log for those who look for a fault in it. All of it is off unless QT_LOGGING_RULES
+// asks for it, such as `orvik.*=true`; what the user has to know is a message, never a line of the log.
 
 /// `orvik.statements`: each statement as built and as SQLite ran it, with its time.
 Q_DECLARE_LOGGING_CATEGORY(statementsLog)

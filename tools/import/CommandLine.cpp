@@ -9,11 +9,16 @@ namespace {
 /// Returns false for an option that does not exist.
 bool setOption(std::string_view option, CommandLine& line)
 {
-    const bool isHelp = option == "--help" || option == "-h";
-    line.replace = line.replace || option == "--replace";
-    line.salvage = line.salvage || option == "--salvage";
-    line.help = line.help || isHelp;
-    return isHelp || option == "--replace" || option == "--salvage";
+    if (option == "--replace") {
+        line.replace = true;
+    } else if (option == "--salvage") {
+        line.salvage = true;
+    } else if (option == "--help" || option == "-h") {
+        line.help = true;
+    } else {
+        return false;
+    }
+    return true;
 }
 
 } // namespace
