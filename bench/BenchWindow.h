@@ -28,7 +28,7 @@ public:
     void beep() override;
 };
 
-/// Settings that name one database and take nothing.
+/// Settings that name one database and store nothing.
 class OneDatabase final : public SettingsStore
 {
 public:
@@ -50,7 +50,7 @@ public:
     [[nodiscard]] bool start(const QString& program, const QString& file) override;
 };
 
-/// A database with so many records of each kind; made once a run, in a folder that goes with the program.
+/// A database with so many records of each kind; made once in a run, in a folder that goes with the program.
 QString largeDatabase(int records);
 
 /// The program with its window on a large database, shown.
@@ -87,5 +87,5 @@ void compareTimed(benchmark::State& state, const Timed& plain, const Timed& ours
 /// Runs both in turn for as long as the benchmark wants, and reports the medians and their ratio.
 void compare(benchmark::State& state, const std::function<void()>& plain, const std::function<void()>& ours);
 
-/// Steps a statement through the engine alone, without the program's rules; gives the number of rows.
+/// Steps a statement through SQLite alone, without the program's rules; returns the number of rows.
 std::int64_t stepPlain(const QString& file, const QString& statement);

@@ -1,4 +1,4 @@
-// The chart of documents by type: counting and drawing, beside the engine's own time for the count over plain
+// The chart of documents by type: counting and drawing, beside SQLite's own time for the count over plain
 // views that hold all the joins.
 
 #include "BenchWindow.h"

@@ -1,5 +1,5 @@
 // The editors and the pick list on a database of full size, from the command to the dialog painted, beside
-// what the engine alone takes to step the names of all organizations.
+// what SQLite alone takes to step the names of all organizations.
 
 #include "BenchWindow.h"
 #include "browse/window/frmMain.h"

@@ -22,7 +22,7 @@ public:
     /// The time that the list itself took, without the graphic that is drawn before or after it.
     [[nodiscard]] Milliseconds ofList() const { return since(m_begin); }
 
-    /// The time from a moment to the last row, or to now where no row came since.
+    /// The time from a moment to the last row, or to now if no row came since.
     [[nodiscard]] Milliseconds since(std::chrono::steady_clock::time_point begin) const
     {
         return (m_moment > begin ? m_moment : std::chrono::steady_clock::now()) - begin;

@@ -1,5 +1,5 @@
-// The three lists, from their beginning to the last row in the model, painting included, beside what the
-// engine alone takes to step the same statement over the stored queries as plain views. The chart of the
+// The three lists, from their beginning to the last row in the model, painting included, beside what
+// SQLite alone takes to step the same statement over the stored queries as plain views. The chart of the
 // documents and the timeline of the events, which are drawn before their lists, have figures of their own;
 // `from_call_ms` counts them in.
 
@@ -17,7 +17,7 @@ namespace {
 
 constexpr int fullSize = 32000;
 
-/// The statement without the table names that plain views know nothing of.
+/// The statement without the table names that plain views do not know.
 QString withoutQualifiers(const SQLObject& query)
 {
     QString statement = query.sqlStr();

@@ -1,4 +1,4 @@
-// The map of the organizations: reading its places beside the engine's own time for the same statements, and
+// The map of the organizations: reading its places beside SQLite's own time for the same statements, and
 // the redraw of states and markers at rest, while dragging and at every step of a zoom.
 
 #include "BenchWindow.h"
@@ -19,13 +19,13 @@ constexpr int fullSize = 32000;
 constexpr int markers = 5000;
 constexpr QSize wholeScreen(1600, 1000);
 
-/// The clauses without the table names that plain views know nothing of.
+/// The clauses without the table names that plain views do not know.
 QString plainClauses(const SQLObject& query)
 {
     return QString(query.FromClause + u' ' + query.WhereClause).remove(QStringLiteral("Organization."));
 }
 
-/// The statements of one drawing of the map, as the engine alone takes them.
+/// The statements of one drawing of the map, as SQLite alone runs them.
 QStringList statementsOf(const SQLObject& query, const std::vector<clsCities>& places)
 {
     const QString clauses = plainClauses(query);

@@ -1,4 +1,4 @@
-// A save of each kind, beside the same rows written by hand in one transaction of the engine, on two copies
+// A save of each kind, beside the same rows written by hand in one transaction of SQLite, on two copies
 // of the same large database. A save also looks for a title that is taken, and reads what it changes. The
 // file that a new document takes is copied on both sides.
 
@@ -23,7 +23,7 @@ constexpr int rounds = 100;
 using Bound = std::variant<std::int64_t, std::string>;
 using Row = std::vector<std::pair<std::string, Bound>>;
 
-/// The engine alone, with the program's own care for the disk.
+/// SQLite alone, with the program's own care for the disk.
 class ByHand
 {
 public:
@@ -59,7 +59,7 @@ public:
         run("UPDATE " + table + " SET " + assignments + " WHERE " + key + " = " + std::to_string(id), row);
     }
 
-    /// Replaces the links of a record by two, each with a setting where it has one.
+    /// Replaces the links of a record by two, each with a setting if it has one.
     void link(const std::string& table, const std::string& record, const std::string& other, std::int64_t id)
     {
         m_database.exec("DELETE FROM " + table + " WHERE " + record + " = " + std::to_string(id));

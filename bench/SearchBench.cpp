@@ -1,5 +1,5 @@
 // Searches as the user makes them, from the press of the button to the last row of the list, beside
-// what the engine alone takes to step the same statements over the stored queries as plain views, with its
+// what SQLite alone takes to step the same statements over the stored queries as plain views, with its
 // own LIKE.
 
 #include "BenchWindow.h"
@@ -21,7 +21,7 @@ constexpr int fullSize = 32000;
 /// Both in the name of few documents, and in no description.
 const QString rareWords = QStringLiteral("fairwood drought");
 
-/// A statement without the table names that plain views know nothing of, and with dates and times as the file
+/// A statement without the table names that plain views do not know, and with dates and times as the file
 /// holds them.
 QString plainStatement(const SQLObject& query)
 {
@@ -60,7 +60,7 @@ const QAbstractItemModel& listOf(const frmMain& window)
     return *window.findChild<QTreeView*>(QStringLiteral("ListView1"))->model();
 }
 
-/// From the press of GO to the last row of the list, or to the end of it all where there is none.
+/// From the press of GO to the last row of the list, or to the end of it all if there is none.
 Milliseconds timeOfSearch(KeywordDialog& dialog, const LastRow& lastRow, std::optional<RecordKind> scope)
 {
     dialog.fill(scope, rareWords);

@@ -1,4 +1,4 @@
-// LIKE without regard to case for every letter, beside the engine's own that knows ASCII alone.
+// LIKE without regard to case for every letter, beside SQLite's own, which knows ASCII alone.
 
 #include "BenchWindow.h"
 #include "data/EngineRules.h"

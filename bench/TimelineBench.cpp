@@ -1,5 +1,5 @@
 // The timeline's refresh, from the button to the painted picture of 1600 x 400, at both ends of the span and
-// in its middle; and its statement beside what the engine alone takes for the same over the stored query as a
+// in its middle; and its statement beside what SQLite alone takes for the same over the stored query as a
 // plain view.
 
 #include "BenchWindow.h"
@@ -20,7 +20,7 @@ enum Place
     End
 };
 
-/// The statement as the engine knows it: dates and times in held form, names without their table.
+/// The statement as SQLite takes it: dates and times in held form, names without their table.
 QString plainStatement(QString statement)
 {
     statement.replace(QRegularExpression(QStringLiteral("#(\\d\\d)/(\\d\\d)/(\\d{4})#")),

@@ -6,6 +6,7 @@
 #include "help/HelpFile.h"
 #include "platform/Procedure.h"
 #include "platform/StdREG.h"
+#include "util/Logging.h"
 
 #include <QDir>
 
@@ -39,10 +40,12 @@ void Main_Mod::Main()
         splash.showAtOnce();
         // without a program folder there is a window all the same, and it says what it cannot open
         const bool hasFolder = runProcedure(m_platform.messages, name, [this] { prepareProgramFolder(); });
+        qCInfo(startLog) << "build the main window";
         m_window = std::make_unique<frmMain>(m_platform, m_opener, m_state);
         m_window->load(hasFolder);
         splash.close();
         m_window->show();
+        qCInfo(startLog) << "the main window is shown";
     });
 }
 
@@ -50,10 +53,12 @@ void Main_Mod::Main()
 /// is always that of the program which runs.
 void Main_Mod::prepareProgramFolder()
 {
+    qCInfo(startLog).noquote() << "program folder:" << m_state.folder.root();
     const bool filled = ProgramFolder::fillFromSample(m_state.folder.root(), m_sampleFolder);
     HelpFile::renew(m_state.folder.root(), m_sampleFolder);
     FileUpload(m_state.folder).clearUnfinished();
     if (!filled) return;
+    qCInfo(startLog).noquote() << "filled from the sample:" << m_sampleFolder;
     StdREG settings(m_platform.settings);
     const QString name = QStringLiteral("DBFile");
     if (!settings.GetRegString(QString(), name).isEmpty()) return;

@@ -28,7 +28,7 @@ struct CatalogTable
 {
     QString name;
     std::vector<CatalogColumn> columns;
-    QString keyColumn; ///< the integer primary key, or empty
+    QString keyColumn; ///< the integer primary key; empty if there is none
 
     [[nodiscard]] const CatalogColumn* findColumn(QStringView column) const;
 };

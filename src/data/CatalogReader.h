@@ -4,6 +4,6 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
-/// Reads the tables, stored queries and indexes of an open file that are the program's own; whatever else is
-/// in it stays unread. Throws Error if one of them is missing or is of another form.
+/// Reads the tables, stored queries and indexes of an open file that are the program's own; what else it
+/// holds is not read. Throws Error if one of them is missing or is of another form.
 Catalog readCatalog(SQLite::Database& database);

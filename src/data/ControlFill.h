@@ -7,7 +7,7 @@
 
 #include <vector>
 
-/// Where the entries of a drop-down or list come from.
+/// The table and columns that the entries of a drop-down or list come from.
 struct ListSource
 {
     QString table;
@@ -15,7 +15,7 @@ struct ListSource
     QString keyColumn;
 };
 
-/// Adds one entry for each row of a table, in the order of the display texts. Where `skipReserved` is set,
+/// Adds one entry for each row of a table, in the order of the display texts. If `skipReserved` is set,
 /// the reserved row is left out and "None" stands first in its place. Throws Error; the entries added so far
 /// stay.
 void fillList(DatabaseSession& session, const ListSource& source, bool skipReserved,

@@ -35,18 +35,18 @@ private:
     Access& m_access;
 };
 
-/// One that is read with its log of changes can be neither moved nor copied by hand without losing some. It
-/// stays as it is while another program has it open; all that is written is safe in either mode.
+/// A file in write-ahead mode can be neither moved nor copied by hand without losing changes. It stays in
+/// that mode while another program has it open; what is written is safe in either.
 void setRollbackJournal(SQLite::Database& database)
 {
     if (sqlite3_db_readonly(database.getHandle(), "main") == 1) return;
     sqlite3_exec(database.getHandle(), "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
 }
 
-/// A path that the engine can take for nothing else, as it does with `:memory:` and `file:`.
+/// A path that SQLite cannot take for anything else, such as `:memory:` or `file:`.
 QString absolutePath(const QString& file)
 {
-    // to Qt, a colon begins the name of something inside the program
+    // to Qt, a path that begins with a colon names a resource of the program
     if (file.startsWith(u':')) return QDir::currentPath() + u'/' + file;
     return QDir::current().absoluteFilePath(file);
 }
@@ -62,7 +62,7 @@ void DatabaseSession::open(const QString& file)
         const QString path = absolutePath(file);
         refuseForeignJournal(path);
         auto opened = callEngine([&path] {
-            // one thread works with the file, so the engine needs no locks of its own
+            // one thread works with the file, so SQLite needs no locks of its own
             return std::make_shared<SQLite::Database>(QFile::encodeName(path).toStdString(),
                                                       SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
                                                       lockPatienceMilliseconds);
@@ -125,15 +125,23 @@ bool DatabaseSession::hasReadOnlyFile() const
 
 QString DatabaseSession::folder() const
 {
-    // the engine has followed symbolic links
+    // SQLite has followed symbolic links
     return QFileInfo(QFile::decodeName(sqlite3_db_filename(m_database->getHandle(), "main"))).path();
 }
 
 RecordSet DatabaseSession::read(const QString& statement)
 {
     database();
+    auto log = StatementLog::begin(statement);
+    auto prepared = prepareToRead(statement);
+    if (log) log->setPrepared(prepared->statement.expandedSql());
+    return {std::move(prepared), m_watch, std::move(log)};
+}
+
+PreparedStatements::Loan DatabaseSession::prepareToRead(const QString& statement)
+{
     const auto shape = shapeOf(statement);
-    if (!shape) return readOnce(StatementTranslator(m_catalog).select(statement).sql);
+    if (!shape) return prepareOnce(StatementTranslator(m_catalog).select(statement).sql);
     auto prepared = PreparedStatements::take(m_prepared, shape->text);
     if (!prepared) {
         const QString sql = StatementTranslator(m_catalog).select(statement, shape->dates).sql;
@@ -142,15 +150,22 @@ RecordSet DatabaseSession::read(const QString& statement)
     }
     for (int i = 0; i < shape->dates.size(); ++i)
         prepared->statement.bind(i + 1, shape->dates[i]);
-    return {std::move(prepared), m_watch};
+    return prepared;
 }
 
-/// Reads a statement of the engine that is not kept.
-RecordSet DatabaseSession::readOnce(const QString& engineStatement)
+/// Prepares a statement of SQLite that is not kept.
+PreparedStatements::Loan DatabaseSession::prepareOnce(const QString& engineStatement)
 {
-    return {PreparedStatements::lend({}, {},
-                                     PreparedStatement(prepare(engineStatement, Access::Read), m_catalog)),
-            m_watch};
+    return PreparedStatements::lend({}, {},
+                                    PreparedStatement(prepare(engineStatement, Access::Read), m_catalog));
+}
+
+RecordSet DatabaseSession::readOnce(const QString& engineStatement, const QString& built)
+{
+    auto log = StatementLog::begin(built);
+    auto prepared = prepareOnce(engineStatement);
+    if (log) log->setPrepared(prepared->statement.expandedSql());
+    return {std::move(prepared), m_watch, std::move(log)};
 }
 
 RecordTable DatabaseSession::readAll(const QString& statement)
@@ -161,14 +176,15 @@ RecordTable DatabaseSession::readAll(const QString& statement)
 EditableRecordSet DatabaseSession::edit(const QString& statement)
 {
     database();
-    return {*this, StatementTranslator(m_catalog).selectForEditing(statement)};
+    const TranslatedStatement translated = StatementTranslator(m_catalog).selectForEditing(statement);
+    return {*this, translated.table, readOnce(translated.sql, statement)};
 }
 
 int DatabaseSession::execute(const QString& statement)
 {
     database();
     EngineStatement prepared = prepare(StatementTranslator(m_catalog).change(statement).sql, Access::Write);
-    run(prepared);
+    run(prepared, statement);
     return database()->getChanges();
 }
 
@@ -189,12 +205,16 @@ void DatabaseSession::runInEngine(const QString& engineStatement)
     run(prepared);
 }
 
-void DatabaseSession::run(EngineStatement& statement)
+void DatabaseSession::run(EngineStatement& statement, const QString& built)
 {
-    // granted here too: where the schema changed meanwhile, the engine prepares the statement once more
+    // granted here too: SQLite prepares a statement once more if the schema has changed meanwhile
     const AccessGranted granted(m_access, Access::Write);
+    const auto log = StatementLog::begin(built);
+    if (log) log->setPrepared(statement.expandedSql());
     m_watch.beginStep();
-    statement.step();
+    if (log) log->beginStep();
+    const bool hasRow = statement.step();
+    if (log) log->endStep(hasRow);
 }
 
 Transaction::Transaction(DatabaseSession& session) : m_session(session)
@@ -221,7 +241,7 @@ void Transaction::commit()
         try {
             m_session.runInEngine(QStringLiteral("ROLLBACK"));
         } catch (const Error&) {
-            // the engine has rolled back by itself
+            // SQLite has rolled back by itself
         }
         throw;
     }

@@ -16,7 +16,7 @@
 ///
 /// Takes statements in the program's own dialect (dates between `#`, texts in single or double quotes, names
 /// qualified with a table over a stored query) and answers without regard to the case of letters. A
-/// statement opened for reading can only read. Every failure is an Error with the engine's number; while no
+/// statement opened for reading can only read. Every failure is an Error with SQLite's number; while no
 /// database is open, every call but `open` fails with one.
 class DatabaseSession
 {
@@ -26,7 +26,7 @@ public:
     DatabaseSession(const DatabaseSession&) = delete;
     DatabaseSession& operator=(const DatabaseSession&) = delete;
 
-    /// Opens a file that exists. Whatever was open stays open where this fails.
+    /// Opens a file that exists. Throws Error; what was open before then stays open.
     void open(const QString& file);
     void close();
 
@@ -40,7 +40,7 @@ public:
     /// Throws an Error that names the cause if the open file can be read but not changed.
     void requireWritable() const;
 
-    /// What the open file holds; empty while none is open.
+    /// The tables and stored queries of the open file; empty while none is open.
     [[nodiscard]] const Catalog& catalog() const { return m_catalog; }
 
     /// Opens a statement for reading, row by row.
@@ -53,25 +53,27 @@ public:
     /// them.
     EditableRecordSet edit(const QString& statement);
 
-    /// Runs an `UPDATE` or `DELETE FROM`; gives the number of rows changed.
+    /// Runs an `UPDATE` or `DELETE FROM`; returns the number of rows changed.
     int execute(const QString& statement);
 
-    /// The longest time that the engine may work before it gives a row, 30 seconds unless set.
+    /// The longest time that SQLite may work before it returns a row, 30 seconds unless set.
     void setPatience(std::chrono::milliseconds patience) { m_watch.setPatience(patience); }
 
 private:
     friend class EditableRecordSet;
     friend class Transaction;
 
-    RecordSet readOnce(const QString& engineStatement);
+    PreparedStatements::Loan prepareToRead(const QString& statement);
+    PreparedStatements::Loan prepareOnce(const QString& engineStatement);
+    RecordSet readOnce(const QString& engineStatement, const QString& built = {});
     EngineStatement prepare(const QString& engineStatement, Access access);
     void runInEngine(const QString& engineStatement);
 
-    /// Runs a prepared statement that changes something.
-    void run(EngineStatement& statement);
+    /// Runs a prepared statement that changes something. `built` is what it was made of, if anything.
+    void run(EngineStatement& statement, const QString& built = {});
     const std::shared_ptr<SQLite::Database>& database() const;
     [[nodiscard]] bool hasReadOnlyFile() const;
-    [[nodiscard]] QString folder() const; ///< of the open file, where the engine keeps its journal
+    [[nodiscard]] QString folder() const; ///< of the open file, where SQLite keeps its journal
 
     std::shared_ptr<SQLite::Database> m_database; ///< shared with the statements that still read
     Catalog m_catalog;
@@ -91,7 +93,7 @@ public:
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
 
-    /// Throws Error where the file cannot take the rows; then none of them is in it.
+    /// Throws Error if the file cannot take the rows; then none of them is in it.
     void commit();
 
 private:

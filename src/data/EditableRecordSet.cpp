@@ -49,7 +49,7 @@ Value held(const CatalogColumn& column, const Value& value)
     return both;
 }
 
-/// A value that the file holds, as a record set that reads it gives it.
+/// A value that the file holds, as a record set returns it.
 Value inProgramForm(const CatalogColumn& column, const Value& heldValue)
 {
     const auto* text = std::get_if<QString>(&heldValue);
@@ -59,12 +59,9 @@ Value inProgramForm(const CatalogColumn& column, const Value& heldValue)
 
 } // namespace
 
-EditableRecordSet::EditableRecordSet(DatabaseSession& session, const TranslatedStatement& statement)
-    : m_session(&session),
-      m_database(session.database()),
-      m_table(*session.m_catalog.findTable(statement.table))
+EditableRecordSet::EditableRecordSet(DatabaseSession& session, const QString& table, RecordSet rows)
+    : m_session(&session), m_database(session.database()), m_table(*session.m_catalog.findTable(table))
 {
-    RecordSet rows = session.readOnce(statement.sql);
     while (rows.next()) {
         Row& row = m_rows.emplace_back();
         row.number = rows.integer(0);

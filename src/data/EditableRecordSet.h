@@ -2,7 +2,6 @@
 
 #include "data/EngineStatement.h"
 #include "data/RecordSet.h"
-#include "data/StatementTranslator.h"
 #include "data/Value.h"
 
 #include <QString>
@@ -17,11 +16,12 @@ class DatabaseSession;
 ///
 /// Begins on the first row; rows come in the order in which they were added to the table. `set` collects
 /// values for the current row, or for a new one after `addNew`, and `update` writes them. Dates and times are
-/// given in program form. The session must outlive it, and have the same file open.
+/// in program form. The session must outlive it, and have the same file open.
 class EditableRecordSet
 {
 public:
-    EditableRecordSet(DatabaseSession& session, const TranslatedStatement& statement);
+    /// `rows` are those of the table to be changed, the row's own number before all its columns.
+    EditableRecordSet(DatabaseSession& session, const QString& table, RecordSet rows);
     ~EditableRecordSet();
     EditableRecordSet(EditableRecordSet&&) noexcept;
     EditableRecordSet& operator=(EditableRecordSet&&) = delete;
@@ -31,19 +31,19 @@ public:
     void moveNext() { ++m_current; }
 
     /// A column of the new row as set so far, or of the current row as last read or written. The key of a
-    /// new row is known from `addNew` on. Throws Error where there is no such column or no row.
+    /// new row is known from `addNew` on. Throws Error if there is no such column or no row.
     [[nodiscard]] Value value(QStringView column) const;
 
     /// The current row alone, as last read or written; no row after the last.
     [[nodiscard]] RecordTable current() const;
 
-    /// Begins a new row. Where the table has an integer key, it gets the number after the largest.
+    /// Begins a new row. If the table has an integer key, the row gets the number after the largest.
     void addNew();
 
-    /// Throws Error where there is no such column, or where a date or time does not exist.
+    /// Throws Error if there is no such column, or if a date or time does not exist.
     void set(const QString& column, const Value& value);
 
-    /// Writes the row. Throws Error where it is gone meanwhile or where the file refuses it.
+    /// Writes the row. Throws Error if it has gone meanwhile or the file refuses it.
     void update();
 
 private:

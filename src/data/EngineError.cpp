@@ -21,7 +21,7 @@ QString withPath(const QString& description, const QString& path)
     return QStringLiteral("%1 (%2)").arg(description, path);
 }
 
-/// What is in the way of writing, or of opening what is needed to write; empty if the file tells nothing.
+/// What prevents writing, or opening what is needed to write; empty if the file does not show it.
 QString hindranceOf(int code, const QString& path)
 {
     if (path.isEmpty()) return {};

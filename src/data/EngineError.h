@@ -3,12 +3,12 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
-/// Reports what the engine says as the program's own error: its primary code, and its message or, if that
-/// hides what happened to the file of the connection, what did.
+/// Throws what SQLite reports as the program's own error: its primary code, and its message or, if the
+/// message hides what happened to the file of the connection, what did.
 [[noreturn]] void throwEngineError(sqlite3* database);
 [[noreturn]] void throwEngineError(const SQLite::Exception& exception);
 
-/// Runs what calls the engine through its wrapper, and turns the wrapper's exceptions into errors.
+/// Runs what calls SQLite through SQLiteCpp, and turns the wrapper's exceptions into errors.
 template <typename Call>
 auto callEngine(Call&& call) -> decltype(call())
 {

@@ -24,7 +24,7 @@ constexpr std::size_t longestName = 50000; ///< bytes
 constexpr int longestValue = 64 * 1024 * 1024;
 constexpr int operationsBetweenLooks = 10000;
 constexpr int longestDefinition = 100 * 1000; ///< of a table or view; some take time that grows as its square
-constexpr int operationsBetweenSchemaLooks = 100; ///< few, since each may have the engine read a definition
+constexpr int operationsBetweenSchemaLooks = 100; ///< few, since each may read a definition
 constexpr int mostOperations = 5 * 1000 * 1000;   ///< of a prepared statement; a million keys need fewer
 
 std::string_view bytes(int length, const void* text)
@@ -44,7 +44,7 @@ std::string_view textOf(sqlite3_value* value)
                            : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
 }
 
-/// `like(pattern, text)`: the engine asks for it with the pattern first. The pattern is read once a
+/// `like(pattern, text)`: SQLite calls it for LIKE, with the pattern first. The pattern is parsed once for a
 /// statement.
 void like(sqlite3_context* context, int /*count*/, sqlite3_value** arguments)
 {
@@ -69,9 +69,9 @@ void like(sqlite3_context* context, int /*count*/, sqlite3_value** arguments)
     }
 }
 
-/// `lower(text)`: the text folded, in every script; none of a text that is longer than the name of any city,
-/// which would be folded once for each city that is known. No index of the schema depends on the engine's
-/// own.
+/// `lower(text)`: the text folded, in every script. NULL for a text that is longer than the name of any city,
+/// since it would be folded once for each known city. No index of the schema depends on the built-in `lower`,
+/// which this one replaces.
 void lower(sqlite3_context* context, int /*count*/, sqlite3_value** arguments)
 {
     if (sqlite3_value_type(arguments[0]) == SQLITE_NULL) return;

@@ -11,17 +11,17 @@ enum class Access
     Write
 };
 
-/// Tells a statement that is slow from one that would keep the user waiting for ever: how long the engine has
-/// worked since it was last asked for a row.
+/// Stops a statement that would keep the user waiting for ever: measures how long SQLite has worked since it
+/// was last asked for a row.
 class StatementWatch
 {
 public:
     void setPatience(std::chrono::milliseconds patience) { m_patience = patience; }
 
-    /// The engine is about to be asked for something.
+    /// To be called before SQLite is asked for something.
     void beginStep() { m_fresh = true; }
 
-    /// Asked by the engine now and then while it works.
+    /// Called by SQLite now and then while it works.
     bool isOverdue();
 
 private:
@@ -30,8 +30,8 @@ private:
     bool m_fresh = true;
 };
 
-/// Gives a connection the program's rules for text: the collation `ORVIK`, and `LIKE` without regard to case
-/// in every script, and `lower` that folds every letter. The file never depends on them.
+/// Adds the program's rules for text to a connection: the collation `ORVIK`, and `LIKE` without regard to
+/// case in every script, and `lower` that folds every letter. The file never depends on them.
 void addTextRules(sqlite3* connection);
 
 /// Bounds what reading the schema of a file may cost, which may have been made to hang the program: the
@@ -41,7 +41,7 @@ void addTextRules(sqlite3* connection);
 void addSchemaLimits(sqlite3* connection, StatementWatch* watch);
 
 /// Bounds what a statement may cost, and turns off what no statement of the program needs: attached
-/// files, triggers, double quotes as names, changes to the schema's own tables, modules of the engine.
+/// files, triggers, double quotes as names, changes to the schema's own tables, modules of SQLite.
 void addLimits(sqlite3* connection);
 
 /// Lets the connection prepare only what `*access` allows; `access` must outlive the connection. Reading
@@ -49,5 +49,5 @@ void addLimits(sqlite3* connection);
 /// reaches the schema, another file, a setting or an extension.
 void addAuthorizer(sqlite3* connection, const Access* access);
 
-/// Stops statements that the watch, which must outlive the connection, calls overdue.
+/// Stops statements that the watch reports as overdue. It must outlive the connection.
 void addWatch(sqlite3* connection, StatementWatch* watch);

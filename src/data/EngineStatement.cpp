@@ -39,6 +39,14 @@ void EngineStatement::bind(int index, const Value& value)
     if (result != SQLITE_OK) throwEngineError(sqlite3_db_handle(handle));
 }
 
+QString EngineStatement::expandedSql() const
+{
+    const std::unique_ptr<char, decltype(&sqlite3_free)> expanded(sqlite3_expanded_sql(m_handle.get()),
+                                                                  &sqlite3_free);
+    // SQLite fills nothing in if the whole would be longer than a value may be
+    return QString::fromUtf8(expanded ? expanded.get() : sqlite3_sql(m_handle.get()));
+}
+
 QString EngineStatement::columnName(int column) const
 {
     return QString::fromUtf8(sqlite3_column_name(m_handle.get(), column));
@@ -51,8 +59,8 @@ QString EngineStatement::declaredType(int column) const
 
 std::string_view EngineStatement::text(int column) const
 {
-    // the size comes first: asking for it makes UTF-8 of a text that the file holds in UTF-16. Asked for as
-    // a blob, the text then comes without the copy that would put a NUL behind it
+    // the size first, since that call converts a text that the file holds in UTF-16. Reading the text as a
+    // blob avoids the copy that sqlite3_column_text makes to append a NUL
     const auto size = static_cast<std::size_t>(sqlite3_column_bytes(m_handle.get(), column));
     const auto* text = static_cast<const char*>(sqlite3_column_blob(m_handle.get(), column));
     if (text == nullptr) return {};

@@ -8,21 +8,24 @@
 #include <memory>
 #include <string_view>
 
-/// One prepared statement of the engine. The library's own wrapper copies a counted pointer for each value
+/// One prepared statement of SQLite. The library's own wrapper copies a counted pointer for each value
 /// that is read and keeps the handle to itself; lists of tens of thousands of rows need neither.
 ///
-/// Keeps its connection open as long as it lives. Every failure is an Error with the engine's number.
+/// Keeps its connection open as long as it lives. Every failure is an Error with SQLite's number.
 class EngineStatement
 {
 public:
     EngineStatement(std::shared_ptr<SQLite::Database> database, std::string_view sql);
 
-    /// Moves to the next row; false where there is none. Runs a statement that changes something.
+    /// Moves to the next row; returns false if there is none. Runs a statement that changes something.
     bool step();
     void reset() { sqlite3_reset(m_handle.get()); }
 
     /// Binds the parameter at `index`, counted from 1.
     void bind(int index, const Value& value);
+
+    /// What SQLite runs, with the values bound so far in it.
+    [[nodiscard]] QString expandedSql() const;
 
     [[nodiscard]] bool isReadOnly() const { return sqlite3_stmt_readonly(m_handle.get()) != 0; }
     [[nodiscard]] int columnCount() const { return sqlite3_column_count(m_handle.get()); }

@@ -19,8 +19,8 @@ struct Texts
 constexpr int deepestNesting = 50;
 constexpr qsizetype longestChain = 200;
 
-/// The engine takes a chain of OR as one level of depth for each, and bounds the depth. The places that a
-/// search names can be many more, so a long chain is halved until its pieces are short.
+/// SQLite counts each OR of a chain as one level of depth, and bounds the depth. A search can name many more
+/// places than that, so a long chain is halved until its pieces are short.
 QString joinAlternatives(const QStringList& alternatives, qsizetype begin, qsizetype end)
 {
     if (end - begin <= longestChain) {
@@ -105,7 +105,7 @@ QString ExpressionTranslator::symbol(std::size_t& i, std::size_t end, StatementS
     return u'(' + (condition ? *condition : expression(inner, scope, clause, depth + 1)) + u')';
 }
 
-/// A comparison with a moment; nothing where the tokens are something else.
+/// A comparison with a moment; std::nullopt if the tokens are something else.
 std::optional<QString> ExpressionTranslator::momentCondition(Span span, StatementScope& scope) const
 {
     if (const auto comparison = readMomentComparison(m_tokens.all(), span.begin, span.end)) {
@@ -119,7 +119,7 @@ std::optional<QString> ExpressionTranslator::momentCondition(Span span, Statemen
     return u'(' + *started + QStringLiteral(") AND (") + *ended + u')' + candidates(*running, scope);
 }
 
-/// A long chain of pairs of texts; `std::nullopt` if the tokens are something else.
+/// A long chain of pairs of texts; std::nullopt if the tokens are something else.
 std::optional<QString> ExpressionTranslator::pairCondition(Span span, StatementScope& scope) const
 {
     const auto pairs = readTextPairs(m_tokens.all(), span.begin, span.end);
@@ -130,7 +130,7 @@ std::optional<QString> ExpressionTranslator::pairCondition(Span span, StatementS
     return pairs->sql(first.sql, second.sql);
 }
 
-/// A date as the engine reads it.
+/// A date as SQLite reads it.
 QString ExpressionTranslator::date(const QString& compared) const
 {
     const auto parameter = m_dates.indexOf(compared);
@@ -146,7 +146,7 @@ std::optional<QString> ExpressionTranslator::comparedSql(const MomentComparison&
     return comparison.sql(day.sql, time.sql, date(comparison.day), date(comparison.time));
 }
 
-/// What narrows events that run at a moment to those that an index can tell; empty where it does not
+/// The condition that lets an index narrow the events that run at a moment; empty if it does not
 /// apply.
 QString ExpressionTranslator::candidates(const RunningCondition& running, StatementScope& scope) const
 {
@@ -176,7 +176,7 @@ QString ExpressionTranslator::function(std::size_t& i, std::size_t end, Statemen
     return name.toLower() + u'(' + (once ? QStringLiteral("DISTINCT ") : QString()) + sql + u')';
 }
 
-/// Whether `> 1` or `> 0` follows. It leaves out a row at most; the engine takes it for a narrow range
+/// Whether `> 1` or `> 0` follows. It leaves out one row at most; SQLite takes it for a narrow range
 /// and would walk the whole table by its key, unless a plus keeps the key out of its plans.
 bool ExpressionTranslator::excludesReservedRow(std::size_t i) const
 {
@@ -224,7 +224,7 @@ QString ExpressionTranslator::timeOrMidnight(const ResolvedColumn& time, const Q
     return QStringLiteral("ifnull(%1, CASE WHEN %2 IS NOT NULL THEN '00:00' END)").arg(time.sql, day.sql);
 }
 
-/// Where a text to match follows by itself, the end of the condition.
+/// The end of a condition that is LIKE and a text alone; std::nullopt for any other.
 std::optional<std::size_t> ExpressionTranslator::endOfMatch(std::size_t i, std::size_t end) const
 {
     if (!m_tokens.isWordAt(i, u"LIKE") || i + 1 >= end || m_tokens[i + 1].kind != SqlToken::Kind::Text) {
@@ -248,7 +248,7 @@ QString ExpressionTranslator::column(std::size_t& i, std::size_t end, StatementS
         i += 2;
     }
     const ResolvedColumn resolved = scope.resolve(qualifier, name);
-    // matching knows the rule of cases by itself, and an assignment takes no rule
+    // LIKE ignores the case of letters by itself, and an assignment takes no collation
     const bool matched =
         m_tokens.isWordAt(i, u"LIKE") || (m_tokens.isWordAt(i, u"NOT") && m_tokens.isWordAt(i + 1, u"LIKE"));
     const bool compares = clause != Clause::Select || scope.comparesListed();

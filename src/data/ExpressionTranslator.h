@@ -11,7 +11,7 @@
 #include <functional>
 #include <optional>
 
-/// Turns the expressions of a statement into those of the engine: conditions, items of lists, assignments.
+/// Turns the expressions of a statement into those of SQLite: conditions, items of lists, assignments.
 /// It lives as long as the translation of one statement; the catalog and the tokens outlive it.
 class ExpressionTranslator
 {
@@ -26,8 +26,8 @@ public:
     {
     }
 
-    /// The translation of a span that belongs to a clause and stands in so many parentheses. Takes note in
-    /// the scope of the columns it names. Throws Error for what cannot be read.
+    /// The translation of a span of a clause at that depth of parentheses. Tells the scope which columns it
+    /// names. Throws Error for what cannot be read.
     [[nodiscard]] QString expression(Span span, StatementScope& scope, Clause clause, int depth) const;
 
 private:

@@ -2,12 +2,12 @@
 
 #include <QString>
 
-/// What the beginning of a pattern of LIKE tells of the texts that match it, so that an index can find them
-/// although the engine's own comparison minds the case of letters.
+/// Derives ranges from the beginning of a pattern of LIKE, so that an index can find the matches although
+/// SQLite's own comparison minds the case of letters.
 namespace LikePrefix {
 
-/// The ranges of a column in which every match of a pattern lies, as a condition of the engine; empty where
-/// the pattern's first character can be anything or is no plain one.
+/// The ranges of a column in which every match of a pattern lies, as a condition for SQLite; empty if
+/// the pattern's first character can be anything or is not a plain one.
 [[nodiscard]] QString ranges(const QString& column, const QString& pattern);
 
 } // namespace LikePrefix

@@ -11,7 +11,7 @@ constexpr int heldDateLength = 10;
 /// As many digits as the number of days between the first and the last year that the data can hold.
 constexpr int mostDigits = 7;
 
-/// Reads tokens one after the other; once one is not what was expected, all that follows is nothing too.
+/// Reads tokens one after the other. After one that was not expected, everything that it returns is empty.
 class Reader
 {
 public:
@@ -50,7 +50,7 @@ public:
         return {first, textOf(SqlToken::Kind::Word)};
     }
 
-    /// The place of the parenthesis that closes the one just read, and moves past it.
+    /// Returns the position of the parenthesis that closes the one just read, and moves past it.
     std::size_t closing()
     {
         int depth = 1;
@@ -99,10 +99,10 @@ bool isTime(const QString& held)
     return held.size() > 2 && held[2] == u':';
 }
 
-/// The day before which no event can have started that runs on a day and whose own days have so many digits.
+/// No event that runs on a day can have started before this one if the number of its days has so many digits.
 QString earliestStart(const QString& day, int digits)
 {
-    // the engine knows no day that is as long ago as the longest can be
+    // SQLite has no dates as early as that would be
     if (digits == mostDigits) return QStringLiteral("''");
     return QStringLiteral("date(%1, '-%2 days')").arg(day, QString(digits, u'9'));
 }

@@ -13,7 +13,7 @@ struct MomentComparison
 {
     struct Name
     {
-        QString qualifier; ///< empty where there is none
+        QString qualifier; ///< empty if there is none
         QString column;
     };
 
@@ -24,14 +24,14 @@ struct MomentComparison
     bool isAfter = false; ///< with `>`
     bool isInclusive = false;
 
-    /// The comparison for the engine, with the day bounded on its own as well, so that an index of days
-    /// serves it. A missing time is midnight. The literals are given as the engine is to read them.
+    /// The comparison for SQLite, with the day bounded on its own as well, so that an index of days
+    /// serves it. A missing time is midnight. The literals are in the form that SQLite reads.
     [[nodiscard]] QString sql(const QString& dayExpression, const QString& timeExpression,
                               const QString& dayLiteral, const QString& timeLiteral) const;
 };
 
-/// Reads the tokens from `begin` to `end`, the parentheses around them left out; nothing where they are
-/// something else.
+/// Reads the tokens from `begin` to `end`, the parentheses around them left out; std::nullopt if they
+/// are something else.
 [[nodiscard]] std::optional<MomentComparison> readMomentComparison(const std::vector<SqlToken>& tokens,
                                                                    std::size_t begin, std::size_t end);
 
@@ -52,7 +52,7 @@ namespace EventsByLength {
 inline constexpr QStringView indexName = u"EventByLength";
 
 /// Selects the identifiers of the events that started on a day or before it and ended on another or after it;
-/// both are expressions of the engine.
+/// both are expressions of SQLite.
 [[nodiscard]] QString candidates(const QString& startedBy, const QString& endedFrom);
 
 } // namespace EventsByLength

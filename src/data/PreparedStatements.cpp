@@ -31,7 +31,7 @@ void PreparedStatements::Return::operator()(PreparedStatement* statement) const
     std::unique_ptr<PreparedStatement> returned(statement);
     const auto home = owner.lock();
     if (!home) return;
-    // what still reads would keep the file from being written
+    // a statement that has not ended would keep the file from being written
     returned->statement.reset();
     home->m_idle.push_front({shape, std::move(returned)});
     if (home->m_idle.size() > mostIdle) home->m_idle.pop_back();

@@ -20,7 +20,7 @@ struct PreparedStatement
 };
 
 /// The statements that were read last, kept prepared: for most of them, preparing takes longer than running.
-/// Each is lent to one reader at a time and comes back by itself when that one ends, unless the file was
+/// Each is lent to one reader at a time and returned when that reader goes, unless the file was
 /// closed meanwhile.
 class PreparedStatements
 {
@@ -33,7 +33,7 @@ public:
     };
     using Loan = std::unique_ptr<PreparedStatement, Return>;
 
-    /// A statement of that shape that nobody reads; null where there is none.
+    /// A statement of that shape that is not being read; null if there is none.
     [[nodiscard]] static Loan take(const std::shared_ptr<PreparedStatements>& owner, const QString& shape);
 
     /// Lends a new statement.

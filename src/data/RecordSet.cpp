@@ -40,23 +40,28 @@ QString programText(ColumnForm form, std::string_view held)
     return QString::fromUtf8(held.data(), static_cast<qsizetype>(held.size()));
 }
 
-RecordSet::RecordSet(PreparedStatements::Loan prepared, StatementWatch& watch)
-    : m_prepared(std::move(prepared)), m_watch(&watch)
+RecordSet::RecordSet(PreparedStatements::Loan prepared, StatementWatch& watch,
+                     std::unique_ptr<StatementLog> log)
+    : m_prepared(std::move(prepared)), m_watch(&watch), m_log(std::move(log))
 {
 }
 
 bool RecordSet::next()
 {
-    // the engine would begin a statement anew that has ended or failed
+    // SQLite would begin a statement again that has ended or failed
     if (m_failure) throw Error(*m_failure);
     if (m_ended) return false;
     m_watch->beginStep();
+    if (m_log) m_log->beginStep();
     try {
         m_ended = !engine().step();
     } catch (const Error& error) {
         m_failure = error;
+        m_log.reset();
         throw;
     }
+    if (m_log) m_log->endStep(!m_ended);
+    if (m_ended) m_log.reset();
     return !m_ended;
 }
 

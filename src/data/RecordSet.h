@@ -3,16 +3,18 @@
 #include "data/Catalog.h"
 #include "data/EngineRules.h"
 #include "data/PreparedStatements.h"
+#include "data/StatementLog.h"
 #include "data/Value.h"
 #include "util/Error.h"
 
 #include <QString>
 
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
 
-/// What a column of that form holds, in program form.
+/// A held value of a column of that form, in program form.
 QString programText(ColumnForm form, std::string_view held);
 
 /// The rows of a statement that reads, one after the other. Columns are found by name in any letter case;
@@ -22,18 +24,19 @@ QString programText(ColumnForm form, std::string_view held);
 class RecordSet
 {
 public:
-    RecordSet(PreparedStatements::Loan prepared, StatementWatch& watch);
+    /// `log` is null if statements are not logged.
+    RecordSet(PreparedStatements::Loan prepared, StatementWatch& watch, std::unique_ptr<StatementLog> log);
 
-    /// Moves to the next row; false after the last, however often it is asked.
+    /// Moves to the next row; returns false after the last, however often it is called.
     bool next();
 
-    /// The position of a column. Throws Error where the rows have no such column.
+    /// The position of a column. Throws Error if the rows have no such column.
     [[nodiscard]] int column(QStringView name) const;
 
     [[nodiscard]] bool isNull(int column) const { return engine().type(column) == SQLITE_NULL; }
-    [[nodiscard]] qint64 integer(int column) const { return engine().integer(column); } ///< 0 where missing
-    [[nodiscard]] double real(int column) const { return engine().real(column); }       ///< 0 where missing
-    [[nodiscard]] QString text(int column) const; ///< empty where missing
+    [[nodiscard]] qint64 integer(int column) const { return engine().integer(column); } ///< 0 if missing
+    [[nodiscard]] double real(int column) const { return engine().real(column); }       ///< 0 if missing
+    [[nodiscard]] QString text(int column) const;                                       ///< empty if missing
     [[nodiscard]] Value value(int column) const;
 
     /// The text as the file holds it, in UTF-8; valid until the next row is asked for.
@@ -46,6 +49,7 @@ private:
 
     PreparedStatements::Loan m_prepared;
     StatementWatch* m_watch;
+    std::unique_ptr<StatementLog> m_log;
     bool m_ended = false;
     std::optional<Error> m_failure;
 };
@@ -63,10 +67,10 @@ public:
 
     [[nodiscard]] std::size_t count() const { return m_rows.size(); }
 
-    /// Throws Error where the rows have no such column; `row` must be below `count()`.
+    /// Throws Error if the rows have no such column; `row` must be below `count()`.
     [[nodiscard]] const Value& value(std::size_t row, QStringView column) const;
-    [[nodiscard]] qint64 integer(std::size_t row, QStringView column) const; ///< 0 where missing
-    [[nodiscard]] QString text(std::size_t row, QStringView column) const;   ///< empty where missing
+    [[nodiscard]] qint64 integer(std::size_t row, QStringView column) const; ///< 0 if missing
+    [[nodiscard]] QString text(std::size_t row, QStringView column) const;   ///< empty if missing
 
 private:
     std::vector<QString> m_names;

@@ -18,7 +18,7 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(Database)
 };
 
-// such a journal ends in a name, the length of the name, a checksum and these bytes
+// a journal that names a file ends in the name, its length, its checksum and these bytes
 constexpr std::array<unsigned char, 8> magic{0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
 constexpr qint64 tailLength = 16;
 

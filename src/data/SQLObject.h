@@ -4,7 +4,7 @@
 
 #include <memory>
 
-/// The four clauses of a query and its direction. Views hand these to each other: a list hands its query
+/// The four clauses of a query and its direction. Views pass these to each other: a list passes its query
 /// to the timeline, the map and the chart, and each narrows it by a longer where clause of its own.
 struct SQLObject
 {
@@ -14,7 +14,7 @@ struct SQLObject
     QString OrderClause;  ///< begins with `ORDER BY`, or is empty
     bool AtoZ = true;     ///< the direction of the last sort key
 
-    /// The complete statement. Empty clauses leave their blanks behind; the engine ignores them.
+    /// The complete statement. Empty clauses leave their blanks behind, which mean nothing.
     [[nodiscard]] QString sqlStr() const;
 };
 

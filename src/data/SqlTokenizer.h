@@ -1,23 +1,18 @@
 #pragma once
 
+#include "data/SqlLexer.h"
+
 #include <QString>
 
 #include <vector>
 
-/// One token of a statement.
+/// One token of a statement, with a text of its own.
 struct SqlToken
 {
-    enum class Kind
-    {
-        Word,
-        Number,
-        Text,
-        Date,
-        Symbol
-    };
+    using Kind = SqlLexeme::Kind;
 
     Kind kind = Kind::Symbol;
-    QString text; ///< a text or date literal comes without its delimiters
+    QString text; ///< a literal without its delimiters, each doubled quote as the one that it stands for
 
     [[nodiscard]] bool isSymbol(QStringView symbol) const { return kind == Kind::Symbol && text == symbol; }
     [[nodiscard]] bool isWord(QStringView word) const
@@ -29,13 +24,9 @@ struct SqlToken
     [[nodiscard]] bool isKeyword() const;
 };
 
-/// Splits a statement of the program's dialect: names and keywords, numbers, texts in single or double quotes
-/// (the quote doubled stands for itself), dates and times between `#`, operators and parentheses.
-///
-/// Throws Error for what no statement of the program holds: a comment, a semicolon, a NUL, a literal without
-/// its end. A text that a user typed can so break a statement, but never add another one.
+/// All tokens of a statement. Throws Error for what the lexer refuses.
 std::vector<SqlToken> tokenizeSql(QStringView statement);
 
-/// A text as a literal of the engine, and a name as the engine takes it whatever it holds.
+/// A text as a literal of SQLite, and a name in quotes, as SQLite takes it whatever it holds.
 QString quoteSqlText(const QString& text);
 QString quoteSqlName(const QString& name);

@@ -17,7 +17,7 @@ struct ResolvedColumn
 };
 
 /// The tables and stored queries that one select, update or delete names, and how its columns are found in
-/// them; a sub-select's scope looks further in the scope around it. Where a stored query is all that a
+/// them; a sub-select's scope looks further in the scope around it. If a stored query is all that a
 /// select reads, it is replaced by its base table and by those of its joins that the columns ask for.
 class StatementScope
 {
@@ -25,7 +25,7 @@ public:
     /// `outer` is the scope around a sub-select, or null; both must outlive this one.
     StatementScope(const Catalog& catalog, StatementScope* outer) : m_catalog(catalog), m_outer(outer) {}
 
-    /// Throws Error where the file has no such table or stored query.
+    /// Throws Error if the file has no such table or stored query.
     void addSource(const QString& name);
 
     /// In an update or delete, columns are written without their table.
@@ -33,19 +33,19 @@ public:
     void setDistinct(bool distinct) { m_distinct = distinct; }
     void setGrouped() { m_grouped = true; }
 
-    /// Finds a column and takes note of the joins it needs. A name that is not found comes back quoted, for
-    /// the engine to report.
+    /// Finds a column and remembers the joins it needs. A name that is not found is returned in quotes, for
+    /// SQLite to report.
     ResolvedColumn resolve(const QString& qualifier, const QString& name);
 
-    /// Whether a column of a stored query is the same wherever these expressions are: it belongs to a joined
-    /// row that one of them names.
+    /// Whether rows in which these expressions are equal also agree in a column of a stored query: it belongs
+    /// to a joined row that one of them names.
     [[nodiscard]] bool isDeterminedBy(const QStringList& expressions, const QString& qualifier,
                                       const QString& name) const;
 
     /// What `*` stands for in the select list.
     QString allColumns();
 
-    /// Takes note that the select list holds this expression by itself.
+    /// Remembers that the select list holds this expression by itself.
     void noteListed(const QString& sql) { m_keyListed = m_keyListed || isBaseKey(sql); }
 
     [[nodiscard]] bool isBaseKey(const QString& sql) const;
@@ -64,7 +64,7 @@ public:
     /// The from clause with the joins that the columns resolved so far need; empty without sources.
     [[nodiscard]] QString fromSql() const;
 
-    /// The name of the one table read, as the catalog writes it; empty where it is not one table.
+    /// The name of the one table read, as the catalog writes it; empty unless it is one table.
     [[nodiscard]] QString onlyTable() const;
 
 private:

@@ -1,26 +1,19 @@
 #include "data/StatementShape.h"
 
+#include "data/SqlLexer.h"
 #include "util/DateTimeText.h"
 #include "util/Error.h"
 
 namespace {
 
-/// Of a day, of a time of day or of both: they are told apart where a moment is compared.
+/// Tells a day, a time of day and both together apart, as comparisons with a moment do.
 QChar kindOf(const QString& held)
 {
     if (held.contains(u' ')) return u'm';
     return held.contains(u':') ? u't' : u'd';
 }
 
-/// The end of the text that begins at a quote, past the other one. A doubled quote ends one text and begins
-/// another, which comes to the same.
-qsizetype pastText(const QString& statement, qsizetype begin)
-{
-    const auto end = statement.indexOf(statement[begin], begin + 1);
-    return end < 0 ? statement.size() : end + 1;
-}
-
-void addDate(StatementShape& shape, const QString& literal)
+void addDate(StatementShape& shape, QStringView literal)
 {
     const QString held = DateTimeText::heldFromLiteral(literal);
     const QString compared = comparedDate(held);
@@ -32,6 +25,22 @@ void addDate(StatementShape& shape, const QString& literal)
     shape.text += u'#' + QString::number(number) + kindOf(held) + u'#';
 }
 
+StatementShape readShape(QStringView statement)
+{
+    StatementShape shape;
+    shape.text.reserve(statement.size());
+    const QChar* copied = statement.begin();
+    SqlLexer lexer(statement);
+    while (const auto lexeme = lexer.next()) {
+        if (lexeme->kind != SqlLexeme::Kind::Date) continue;
+        shape.text += QStringView(copied, lexeme->text.begin());
+        addDate(shape, lexeme->text.sliced(1, lexeme->text.size() - 2));
+        copied = lexeme->text.end();
+    }
+    shape.text += QStringView(copied, statement.end());
+    return shape;
+}
+
 } // namespace
 
 QString comparedDate(const QString& held)
@@ -41,28 +50,9 @@ QString comparedDate(const QString& held)
 
 std::optional<StatementShape> shapeOf(const QString& statement)
 {
-    StatementShape shape;
-    shape.text.reserve(statement.size());
-    qsizetype copied = 0;
-    for (qsizetype at = 0; at < statement.size();) {
-        const QChar c = statement[at];
-        if (c == u'\'' || c == u'"') {
-            at = pastText(statement, at);
-        } else if (c == u'#') {
-            const auto end = statement.indexOf(u'#', at + 1);
-            if (end < 0) return std::nullopt;
-            shape.text += QStringView(statement).sliced(copied, at - copied);
-            try {
-                addDate(shape, statement.sliced(at + 1, end - at - 1));
-            } catch (const Error&) {
-                return std::nullopt;
-            }
-            at = end + 1;
-            copied = at;
-        } else {
-            ++at;
-        }
+    try {
+        return readShape(statement);
+    } catch (const Error&) {
+        return std::nullopt;
     }
-    shape.text += QStringView(statement).sliced(copied);
-    return shape;
 }

@@ -5,16 +5,17 @@
 
 #include <optional>
 
-/// What is left of a statement when the dates and times between its `#` are taken out. Statements of one
-/// shape become the same statement of the engine, with other values.
+/// What is left of a statement if the dates and times between its `#` are taken out. Statements of one
+/// shape become the same statement for SQLite, with other values.
 struct StatementShape
 {
-    QString text;      ///< with a number and a kind where a literal was; equal literals have equal numbers
+    QString text;      ///< with a number and a kind in place of each literal; equal literals have equal numbers
     QStringList dates; ///< the literals, each once, as they are compared; the first has the number 0
 };
 
-/// Nothing where a literal is none, which is for the translator to say.
+/// Returns std::nullopt for a statement that cannot be read; the translator tells why.
 [[nodiscard]] std::optional<StatementShape> shapeOf(const QString& statement);
 
-/// What a literal is compared as, from its held form. Midnight is no part of a column that holds days alone.
+/// The form in which a literal in held form is compared: a day at midnight is compared as the day alone, as
+/// columns of days hold it.
 [[nodiscard]] QString comparedDate(const QString& held);

@@ -1,7 +1,5 @@
 #include "data/StatementTokens.h"
 
-#include "util/Error.h"
-
 #include <QCoreApplication>
 
 namespace {
@@ -11,14 +9,7 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(Database)
 };
 
-constexpr int syntaxErrorNumber = 1;
-
 } // namespace
-
-void refuseStatement(const QString& why)
-{
-    throw Error(syntaxErrorNumber, Texts::tr("The statement cannot be read: %1.").arg(why));
-}
 
 void refuseToken(const SqlToken& token)
 {

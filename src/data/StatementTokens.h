@@ -43,13 +43,13 @@ public:
     [[nodiscard]] bool isWordAt(std::size_t i, QStringView word) const;
     [[nodiscard]] bool isSymbolAt(std::size_t i, QStringView symbol) const;
 
-    /// Where a word stands outside of parentheses; the end of the span where it does not.
+    /// The position of a word outside of parentheses, or the end of the span.
     [[nodiscard]] std::size_t findWord(Span span, QStringView word) const;
 
-    /// Throws Error where there is none.
+    /// Throws Error if there is none.
     [[nodiscard]] std::size_t closingParenthesis(std::size_t open, std::size_t end) const;
 
-    /// The clause that begins at a token, and how many words name it.
+    /// The clause that begins at a token, and how many words name it; std::nullopt if none does.
     [[nodiscard]] std::optional<std::pair<Clause, std::size_t>> clauseAt(std::size_t i) const;
 
     /// The clauses of a select. Each may stand once, in the order of the language: a second one is what a
@@ -63,6 +63,5 @@ private:
     std::vector<SqlToken> m_tokens;
 };
 
-/// Throws the Error of a statement that cannot be read.
-[[noreturn]] void refuseStatement(const QString& why);
+/// Throws the Error of a token that stands where it has no meaning.
 [[noreturn]] void refuseToken(const SqlToken& token);

@@ -103,7 +103,7 @@ private:
         if (grouped) rest += groupBy(*spans[static_cast<std::size_t>(Clause::Group)], scope, depth);
         rest += clause(Clause::Having, QStringLiteral("HAVING"));
         rest += clause(Clause::Order, QStringLiteral("ORDER BY"));
-        // of several rows that a condition names, the first is the same one each time
+        // so that the first of several rows is the same one each time
         if (m_forEditing && depth == 0 && !spans[static_cast<std::size_t>(Clause::Order)]) {
             rest += QStringLiteral(" ORDER BY rowid");
         }
@@ -136,8 +136,8 @@ private:
         return items.join(QStringLiteral(", "));
     }
 
-    /// An item of a select list. A column of a stored query is an expression in the end, so it is given
-    /// its own name.
+    /// An item of a select list. A column of a stored query becomes an expression, so it is named after
+    /// the column.
     QString selectItem(Span item, StatementScope& scope, int depth)
     {
         if (item.end == item.begin + 1 && m_tokens.isSymbolAt(item.begin, u"*")) return scope.allColumns();
@@ -151,8 +151,8 @@ private:
         return sql;
     }
 
-    /// The names of what is grouped by its key are left out: they are the same throughout a group, and to
-    /// compare them row by row would take most of the time.
+    /// Names of what is grouped by its key are left out: they are the same throughout a group, and comparing
+    /// them row by row would take most of the time.
     QString groupBy(Span span, StatementScope& scope, int depth)
     {
         const std::vector<Span> spans = m_tokens.split(span);

@@ -5,14 +5,14 @@
 #include <QString>
 #include <QStringList>
 
-/// A statement in the engine's own dialect.
+/// A statement in the dialect of SQLite.
 struct TranslatedStatement
 {
     QString sql;
-    QString table; ///< the one table that the statement names, where it names exactly one; else empty
+    QString table; ///< the table that the statement names if it names exactly one; else empty
 };
 
-/// Turns statements of the program's dialect into statements of the engine, with the same rows:
+/// Turns statements of the program's dialect into statements of SQLite with the same rows:
 ///
 /// - texts stand in single or double quotes and never name a column; dates stand between `#`;
 /// - texts compare, match and sort without regard to case;
@@ -21,7 +21,7 @@ struct TranslatedStatement
 /// - a day and a time of day compared with a moment are spelled so that the indexes of days serve them;
 /// - a time of day that is missing beside a date is compared with a literal as midnight, and a record without
 ///   a venue has venue 1, "None";
-/// - `DISTINCT` is dropped where each row holds the key of the only table whose rows can differ, and a count
+/// - `DISTINCT` is dropped if each row holds the key of the only table whose rows can differ, and a count
 ///   of a stored query's key counts each record once.
 ///
 /// Select, insert-free updates and deletes are read; a sub-select has a scope of its own. Throws Error for

@@ -18,7 +18,7 @@ constexpr int syntaxErrorNumber = 1;
 
 using Tokens = std::vector<SqlToken>;
 
-/// A token as the engine reads it.
+/// A token as SQLite reads it.
 QString render(const SqlToken& token)
 {
     if (token.kind == SqlToken::Kind::Text) return quoteSqlText(token.text);
@@ -56,7 +56,7 @@ public:
     }
 
 private:
-    /// A view among the sources could stand for views of views, each of them doubling what the engine has to
+    /// A view among the sources could stand for views of views, each of them doubling what SQLite has to
     /// take apart before it can even be stopped.
     [[nodiscard]] bool readsTablesOnly() const
     {
@@ -115,7 +115,7 @@ private:
         m_query.joins.push_back(std::move(join));
     }
 
-    /// True where the joined table is a select with one row for each group that the condition names.
+    /// Returns true if the joined table is a select with one row for each group that the condition names.
     bool parseJoinedTable(StoredQuery::Join& join)
     {
         if (m_at >= m_tokens.size() || !m_tokens[m_at].isSymbol(u"(")) {

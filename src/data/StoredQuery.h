@@ -19,7 +19,7 @@ struct StoredQuery
         QString sql; ///< from `LEFT JOIN` to the end of its condition
         std::vector<std::size_t> dependsOn;
         bool single = false; ///< at most one row for each row before it
-        QString boundTo;     ///< the expression that names that row's key; empty where it is not that simple
+        QString boundTo;     ///< the expression that names that row's key; empty if it is not that simple
     };
 
     struct Column
@@ -37,7 +37,7 @@ struct StoredQuery
     std::vector<Join> joins;
 
     /// The column of that name, with a qualifier only if its expression mentions that table (or the stored
-    /// query itself is named). Null where there is none.
+    /// query itself is named). Null if there is none.
     [[nodiscard]] const Column* findColumn(QStringView qualifier, QStringView column) const;
 
     /// Adds to `joins` all that they depend on.

@@ -18,7 +18,7 @@ QString folded(const QString& text)
     return QString::fromStdString(result);
 }
 
-/// Reads the chain from left to right; whatever does not fit makes it read nothing.
+/// Reads the chain from left to right.
 class ChainReader
 {
 public:

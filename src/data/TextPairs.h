@@ -29,7 +29,7 @@ struct TextPairs
     [[nodiscard]] QString sql(const QString& firstColumn, const QString& secondColumn) const;
 };
 
-/// Reads the tokens from `begin` to `end`, the parentheses around them left out; `std::nullopt` if they are
-/// something else, a short chain, or if a text holds a sign that stands for others.
+/// Reads the tokens from `begin` to `end`, the parentheses around them left out; std::nullopt if they are
+/// something else or a short chain, or if a text holds a wildcard.
 [[nodiscard]] std::optional<TextPairs> readTextPairs(const std::vector<SqlToken>& tokens, std::size_t begin,
                                                      std::size_t end);

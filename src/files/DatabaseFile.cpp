@@ -4,6 +4,7 @@
 #include "data/EngineError.h"
 #include "data/RollbackJournal.h"
 #include "util/Error.h"
+#include "util/Logging.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -58,7 +59,7 @@ void copyFile(const QString& source, const QString& copy)
 }
 
 /// A change that was never finished is undone in the copy when that is first opened; the source keeps its
-/// journal. The journal comes last: whatever another program undoes meanwhile, it undoes once more.
+/// journal. The journal is copied last: undoing twice what another program undoes meanwhile does no harm.
 void copyWithJournal(const QString& source, const QString& copy)
 {
     QFile::remove(copy);
@@ -112,4 +113,5 @@ void copyDatabase(const QString& source, const QString& target)
     if (std::rename(QFile::encodeName(copy).constData(), QFile::encodeName(target).constData()) != 0) {
         throw Error(errno, Texts::tr("The file cannot be made. (%1)").arg(target));
     }
+    qCInfo(filesLog).noquote() << "copied:" << source << "to" << target;
 }

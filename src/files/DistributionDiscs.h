@@ -15,6 +15,6 @@ struct DistributionDiscs
     static constexpr auto dataLabel = u"Orvik";
     static constexpr auto photosLabel = u"Orvik_Photos";
 
-    std::optional<QString> data;   ///< the folder of the machine where the data disc is, or nothing
+    std::optional<QString> data;   ///< where the data disc is mounted, as a path of the machine
     std::optional<QString> photos; ///< the same for the disc with the pictures
 };

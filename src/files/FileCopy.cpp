@@ -2,6 +2,7 @@
 
 #include "files/LinkTarget.h"
 #include "util/Error.h"
+#include "util/Logging.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -31,7 +32,7 @@ struct Texts
 
 constexpr std::size_t blockSize = 1 << 20;
 
-/// How the names of what is not finished begin; the rest is that of the target.
+/// Prefixes of the names of unfinished copies; the name of the target follows.
 constexpr auto uploadName = ".upload-";
 constexpr auto replacedName = ".replaced-";
 
@@ -42,7 +43,7 @@ QString textOf(const fs::path& path)
 
 [[noreturn]] void fail(int number, const fs::path& path)
 {
-    if (number == 0) number = EIO; // the library kept the reason to itself
+    if (number == 0) number = EIO; // the library did not pass the reason on
     const std::string reason = std::generic_category().message(number);
     throw Error(number, QStringLiteral("%1 (%2)").arg(QString::fromLocal8Bit(reason.c_str()), textOf(path)));
 }
@@ -103,7 +104,7 @@ std::ofstream createFile(const fs::path& file)
     return stream;
 }
 
-/// Ends the writing of a file, and sees that it is on the disk before its name says so.
+/// Closes a file and makes sure that it is on the disk before it gets its final name.
 void finish(std::ofstream& stream, const fs::path& file)
 {
     stream.close();
@@ -196,6 +197,11 @@ void move(const fs::path& from, const fs::path& to)
     require(code, to);
 }
 
+void logCopy(const fs::path& from, const fs::path& to)
+{
+    qCInfo(filesLog).noquote() << "copied:" << textOf(from) << "to" << textOf(to);
+}
+
 } // namespace
 
 std::string FileCopy::read(const fs::path& file)
@@ -215,6 +221,7 @@ void FileCopy::copyFile(const fs::path& from, const fs::path& to)
     const Unfinished unfinished(to, uploadName);
     copyContent(from, unfinished.path());
     move(unfinished.path(), to);
+    logCopy(from, to);
 }
 
 void FileCopy::writeFile(const std::string& content, const fs::path& to)
@@ -224,6 +231,7 @@ void FileCopy::writeFile(const std::string& content, const fs::path& to)
     write(target, content, unfinished.path());
     finish(target, unfinished.path());
     move(unfinished.path(), to);
+    qCInfo(filesLog).noquote() << "written:" << textOf(to);
 }
 
 void FileCopy::copyFolder(const fs::path& from, const fs::path& to)
@@ -238,6 +246,7 @@ void FileCopy::copyFolder(const fs::path& from, const fs::path& to)
     fs::rename(unfinished.path(), to, code);
     if (code && isThere) move(replaced.path(), to);
     require(code, to);
+    logCopy(from, to);
 }
 
 void FileCopy::clearUnfinished(const fs::path& folder)

@@ -3,15 +3,15 @@
 #include <filesystem>
 #include <string>
 
-/// Copying files and folders so that the target is the old one or the whole new one, also where the source is
+/// Copying files and folders so that the target is the old one or the whole new one, even if the source is
 /// the target. Names are taken byte for byte. Every failure is an Error with the system's number; nothing
 /// half-finished is left behind.
 namespace FileCopy {
 
-/// The content of a file. Throws Error for what is no file.
+/// The content of a file. Throws Error if it is not a file.
 std::string read(const std::filesystem::path& file);
 
-/// Throws Error for what is no file or cannot be read.
+/// Throws Error if it is not a file or cannot be read.
 void requireReadable(const std::filesystem::path& file);
 
 /// Replaces a file by a copy of another.
@@ -24,8 +24,8 @@ void writeFile(const std::string& content, const std::filesystem::path& to);
 /// Throws Error for a link in it that leads out of it or back to a folder that holds the link.
 void copyFolder(const std::filesystem::path& from, const std::filesystem::path& to);
 
-/// Clears a folder of what copies left unfinished in it when the program was killed. An old folder that was
-/// about to be replaced comes back. Never fails, and touches nothing but copies named after records.
+/// Removes from a folder what unfinished copies left there when the program was killed. An old folder that
+/// was about to be replaced is restored. Never fails, and touches only copies named after records.
 void clearUnfinished(const std::filesystem::path& folder);
 
 } // namespace FileCopy

@@ -32,7 +32,7 @@ QString notFound(const QString& path)
     return Texts::tr("File not found: %1").arg(path);
 }
 
-/// The extension of a name or of a path of any machine.
+/// The extension of a name or path, with `/` or `\` between folders.
 QString extensionOf(const QString& path)
 {
     FileStrings parts;

@@ -10,7 +10,7 @@ class Shell;
 class Volumes;
 
 /// Opens the files of documents and the charts of organizations: finds out whether a file lies in the
-/// program's own folder or on one of the distribution discs, and hands it to the desktop. Where the desktop
+/// program's own folder or on one of the distribution discs, and hands it to the desktop. If the desktop
 /// has no program for a PDF, the reader on the data disc takes its place.
 class FileOpener
 {
@@ -29,10 +29,10 @@ public:
     explicit FileOpener(Surroundings surroundings) : m_at(std::move(surroundings)) {}
 
     /// Opens a document's file. `iconKey` is the key of its row's icon, which says where the file lies and
-    /// of which type it is. Gives what to tell the user, nothing where the file was opened.
+    /// of which type it is. Returns the message for the user, empty if the file was opened.
     [[nodiscard]] QString openDoc(const QString& fileName, const QString& iconKey) const;
 
-    /// The same for an organization's chart. Throws Error where its profile cannot be read.
+    /// The same for an organization's chart. Throws Error if its profile cannot be read.
     [[nodiscard]] QString openOrgChart(qint64 organization, const QString& iconKey) const;
 
 private:

@@ -39,7 +39,7 @@ FileStrings partsOf(const QString& chosenPath)
     return parts;
 }
 
-/// The file that a chosen path means, also where there is none.
+/// The file that a chosen path means, whether it exists or not.
 fs::path sourceOf(const QString& chosenPath)
 {
     return machinePath(FileUpload::existingFile(chosenPath).value_or(chosenPath));
@@ -81,11 +81,11 @@ void refuseFolderElsewhere(const fs::path& folder)
                             .arg(QFile::decodeName(folder.c_str())));
 }
 
-/// The folder of the machine that a program folder stands for; made where it is missing.
+/// The folder of the machine that a program folder stands for; created if it is missing.
 QString targetFolder(const ProgramFolder& folder, const QString& programPath)
 {
     QString path = folder.folderPath(programPath);
-    QDir().mkpath(path); // where it fails, so does the copy, with the system's reason
+    QDir().mkpath(path); // if it fails, so does the copy, with the system's reason
     return path;
 }
 

@@ -19,8 +19,8 @@ public:
     /// The extension that a chosen path gives to the stored file, without the point.
     static QString extension(const QString& chosenPath);
 
-    /// The file that a typed, chosen or dropped path means, as a path of the machine; nothing where there is
-    /// no such file.
+    /// The file that a typed, chosen or dropped path means, as a path of the machine; std::nullopt if
+    /// there is no such file.
     static std::optional<QString> existingFile(const QString& chosenPath);
 
     /// The path that a typed or pasted text means: without line ends, the blanks and quotes around it, and
@@ -38,14 +38,15 @@ public:
     /// Copies an organization's chart.
     void copyChart(const QString& chosenPath, qint64 organizationId) const;
 
-    /// Clears the two folders for files of what copies left unfinished in them when the program was killed.
+    /// Removes from both folders what unfinished copies left there when the program was killed.
     void clearUnfinished() const;
 
-    /// The copy that `copyChart` made of a chosen file, whatever became of that file. A path without an
+    /// The copy that `copyChart` made of a chosen file, even if that file has gone. A path without an
     /// extension may also stand for a copy named as the distribution names charts.
     [[nodiscard]] std::optional<QString> copyOfChart(const QString& chosenPath, qint64 organizationId) const;
 
-    /// The file of that name in the charts folder; nothing if the text is more than a name.
+    /// The file of that name in the charts folder; std::nullopt if there is none or the text is not just a
+    /// name.
     [[nodiscard]] std::optional<QString> fileInCharts(const QString& text) const;
 
     /// That copy, or a chart named as the distribution names charts.

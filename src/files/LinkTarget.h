@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-/// Where links of the file system lead.
+/// Follows links of the file system.
 namespace LinkTarget {
 
 /// Whether a file or folder lies below a folder once all links on the way to either are followed. False for

@@ -21,7 +21,7 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(Files)
 };
 
-/// On Windows a colon ends the name of a drive; elsewhere it is a letter like any other.
+/// On Windows a colon ends the name of a drive; elsewhere it may be part of a name.
 #ifdef Q_OS_WIN
 constexpr bool colonLeadsOut = true;
 #else
@@ -61,8 +61,8 @@ std::filesystem::path pathOf(const QString& path)
     return {QFile::encodeName(path).toStdString()};
 }
 
-/// The file or folder of that name in a folder, whatever the letter case of its name. A file that has that
-/// very name comes before one that is taken for it.
+/// The file or folder of that name in a folder, whatever the letter case of its name. The exact name comes
+/// before one that is merely taken for it.
 std::optional<QString> entryOf(const QString& folder, const QString& name, QDir::Filter kind)
 {
     const QString exact = folder + u'/' + name;

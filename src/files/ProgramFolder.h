@@ -20,7 +20,7 @@ class ProgramFolder
 public:
     explicit ProgramFolder(QString root) : m_root(std::move(root)) {}
 
-    /// Where the machine and its user keep things, as far as the choice of the folder depends on it.
+    /// What the choice of the folder depends on.
     struct Surroundings
     {
         QString orvikHome;        ///< the environment's `ORVIK_HOME`, or empty
@@ -31,14 +31,14 @@ public:
     /// `ORVIK_HOME` if set; else the executable's folder if it holds `data`; else `orvik` in the user's data.
     static QString choose(const Surroundings& surroundings);
 
-    /// Fills a folder that does not exist yet from a sample, whole or not at all; true where it did. Where
+    /// Fills a folder that does not exist yet from a sample, whole or not at all; returns true if it did. If
     /// there is no sample, makes the empty data folders. A folder that exists is left alone. Throws Error
-    /// where the folder cannot be made.
+    /// if the folder cannot be made.
     static bool fillFromSample(const QString& root, const QString& sample);
 
     [[nodiscard]] const QString& root() const { return m_root; }
 
-    /// A program path below this folder as a path of the machine. Nothing needs to exist there.
+    /// A program path below this folder as a path of the machine; it need not exist.
     [[nodiscard]] QString machinePath(const QString& programPath) const;
 
     /// A program path of a folder as a path of the machine that ends with `/`: through the folders that are
@@ -50,7 +50,7 @@ public:
 
     /// The file of that name in a program folder, whatever the letter case of the file and of the folders;
     /// `.htm` and `.html` are one.
-    /// Nothing if there is none, or if the name or a link of that name leads out of the folder, or if it
+    /// std::nullopt if there is none, or if the name or a link of that name leads out of the folder, or if it
     /// cannot be a name.
     [[nodiscard]] std::optional<QString> find(const QString& programPath, const QString& fileName) const;
 

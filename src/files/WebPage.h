@@ -5,7 +5,7 @@
 
 #include <string>
 
-/// The text of a saved web page, kept byte for byte whatever its encoding.
+/// Edits saved web pages byte for byte, whatever their encoding.
 namespace WebPage {
 
 /// The page with every occurrence of the names of its folder, in their letter case, replaced by the new name.

@@ -8,6 +8,7 @@
 #include "platform/Messages.h"
 #include "platform/StdREG.h"
 #include "util/Error.h"
+#include "util/Logging.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -101,6 +102,7 @@ bool DatabaseOpener::mayReplace(const QString& target)
 bool DatabaseOpener::convert(const QString& source, const QString& target, bool replace)
 {
     using End = DatabaseConverter::Result::End;
+    qCInfo(startLog).noquote() << "convert:" << source << "to" << target;
     const DatabaseConverter::Result result = m_converter.convert(source, target, replace);
     if (result.end == End::Cancelled) return false;
     if (result.end == End::Failed) {
@@ -116,6 +118,7 @@ bool DatabaseOpener::convert(const QString& source, const QString& target, bool 
 void DatabaseOpener::open(const QString& file)
 {
     m_platform.fileAttributes.makeWritable(file);
+    qCInfo(startLog).noquote() << "open database:" << file;
     m_session.open(file);
 }
 

@@ -1,5 +1,7 @@
 #include "platform/DesktopMessages.h"
 
+#include "util/Logging.h"
+
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -28,7 +30,7 @@ void waitForActivation(const QPointer<QWidget>& window)
     }
 }
 
-/// A box as wide as its text needs, with the text as it is: what a record holds is never read as markup.
+/// Shows the text as it is: what a record holds is never read as markup.
 void prepare(QMessageBox& box, QMessageBox::Icon icon, const QString& text)
 {
     box.setIcon(icon);
@@ -41,6 +43,7 @@ void prepare(QMessageBox& box, QMessageBox::Icon icon, const QString& text)
 
 void DesktopMessages::show(const QString& text)
 {
+    qCInfo(messagesLog).noquote() << "shown:" << text;
     const QPointer<QWidget> below = QApplication::activeWindow();
     QMessageBox box(below);
     prepare(box, QMessageBox::NoIcon, text);
@@ -65,7 +68,9 @@ bool DesktopMessages::ask(const QString& text, Question about)
     box.setEscapeButton(no);
     box.exec();
     waitForActivation(below);
-    return box.clickedButton() == yes;
+    const bool isYes = box.clickedButton() == yes;
+    qCInfo(messagesLog).noquote() << "asked:" << text << "\n  answer:" << (isYes ? "yes" : "no");
+    return isYes;
 }
 
 void DesktopMessages::beep()

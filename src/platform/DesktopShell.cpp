@@ -1,5 +1,7 @@
 #include "platform/DesktopShell.h"
 
+#include "util/Logging.h"
+
 #include <QProcess>
 
 #ifdef ORVIK_USES_GIO
@@ -16,10 +18,11 @@ bool DesktopShell::open(const QUrl& url)
     const bool opened =
         g_app_info_launch_default_for_uri(url.toEncoded().constData(), nullptr, &failure) != FALSE;
     g_clear_error(&failure);
-    return opened;
 #else
-    return QDesktopServices::openUrl(url);
+    const bool opened = QDesktopServices::openUrl(url);
 #endif
+    qCInfo(filesLog).noquote() << (opened ? "opened:" : "no program opens:") << url.toDisplayString();
+    return opened;
 }
 
 bool DesktopShell::start(const QString& program, const QString& file)
@@ -31,5 +34,7 @@ bool DesktopShell::start(const QString& program, const QString& file)
 #else
     process.setArguments({file});
 #endif
-    return process.startDetached();
+    const bool started = process.startDetached();
+    qCInfo(filesLog).noquote() << (started ? "started:" : "cannot be started:") << program << file;
+    return started;
 }

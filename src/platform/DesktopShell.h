@@ -2,7 +2,7 @@
 
 #include "platform/Shell.h"
 
-/// Opens what it is given by the user's own choice of programs.
+/// Opens files and addresses with the programs that the user's desktop is set to use.
 class DesktopShell final : public Shell
 {
 public:

@@ -2,13 +2,13 @@
 
 #include <QString>
 
-/// What the desktop knows of a file beside its content.
+/// What the system knows of a file beside its content.
 class FileAttributes
 {
 public:
     virtual ~FileAttributes() = default;
 
-    /// Clears the read-only attribute, as a file copied from a disc may carry it. Reports nothing.
+    /// Clears the read-only attribute, as a file copied from a disc may carry it. Failures are ignored.
     virtual void makeWritable(const QString& file) = 0;
 
 protected:

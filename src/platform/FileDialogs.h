@@ -8,8 +8,8 @@ class FileDialogs
 public:
     virtual ~FileDialogs() = default;
 
-    /// The file that the user chose to open, or an empty text. `filter` is made of pairs of what the user
-    /// reads and the patterns it stands for, all of them separated by `|`, such as
+    /// The file that the user chose to open, or an empty text. `filter` is made of pairs of a text for the
+    /// user and the patterns it stands for, all of them separated by `|`, such as
     /// `Databases (*.mdb *.sqlite)|*.mdb *.sqlite|All Files (*.*)| *.*`; `*.*` takes names without a point
     /// too.
     [[nodiscard]] virtual QString openFile(const QString& title, const QString& filter) = 0;

@@ -19,7 +19,7 @@ public:
     /// One message with an OK button and no title of its own.
     virtual void show(const QString& text) = 0;
 
-    /// A question with two answers; true for "Yes" or "Discard". Closing the box gives the other one.
+    /// A question with two answers; returns true for "Yes" or "Discard". Closing the box returns false.
     [[nodiscard]] virtual bool ask(const QString& text, Question about) = 0;
 
     virtual void beep() = 0;

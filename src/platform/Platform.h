@@ -8,7 +8,7 @@ class SettingsStore;
 class Shell;
 class Volumes;
 
-/// The doors to the desktop, as the program was given them at its start. They outlive everything else.
+/// The doors to the desktop, chosen when the program starts. They outlive everything else.
 struct Platform
 {
     Messages& messages;

@@ -10,7 +10,7 @@
 #include <utility>
 
 /// Runs the body of a procedure. A failure shows one message, `name Error (number): description`, and ends
-/// the procedure, never the program; what was done so far stays. True where nothing failed.
+/// the procedure, never the program; what was done so far stays. Returns true if nothing failed.
 template <typename Body>
 bool runProcedure(Messages& messages, const QString& name, Body&& body)
 {

@@ -2,13 +2,13 @@
 
 #include <QString>
 
-/// Named texts that outlive the program. The only door to where the desktop keeps settings.
+/// Named texts kept from one run to the next. The only door to the settings of the desktop.
 class SettingsStore
 {
 public:
     virtual ~SettingsStore() = default;
 
-    /// The value under a path such as `SOFTWARE/.../DBFile`; empty where there is none.
+    /// The value under a path such as `SOFTWARE/.../DBFile`; empty if there is none.
     [[nodiscard]] virtual QString value(const QString& path) const = 0;
     virtual void setValue(const QString& path, const QString& value) = 0;
 

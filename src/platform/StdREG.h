@@ -11,11 +11,11 @@ public:
     /// The store must outlive the object.
     explicit StdREG(SettingsStore& store) : m_store(store) {}
 
-    /// Stores a value under the key, or under a section of it where `TargetSubKey` is not empty. No failure
-    /// is reported.
+    /// Stores a value under the key, or under a section of it if `TargetSubKey` is not empty. Failures are
+    /// ignored.
     void WriteRegString(const QString& TargetSubKey, const QString& TargetKey, const QString& NewValue);
 
-    /// The value, without blanks around it; empty where there is none.
+    /// The value, without blanks around it; empty if there is none.
     [[nodiscard]] QString GetRegString(const QString& TargetSubKey, const QString& TargetKey) const;
 
 private:

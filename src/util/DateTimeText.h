@@ -15,7 +15,7 @@
 /// Years run from 100 to 9999. Reading accepts one or two digits for month, day and hour.
 namespace DateTimeText {
 
-/// A date in program form, such as `9/11/2001`; nothing where there is no such day.
+/// A date in program form, such as `9/11/2001`; std::nullopt if there is no such day.
 std::optional<QDate> readDate(QStringView text);
 
 /// A time in program form, with or without seconds, with or without `AM` or `PM`.
@@ -27,14 +27,14 @@ QString programTime(QTime time);
 QString heldDate(QDate date);
 QString heldTime(QTime time);
 
-/// What a column of dates, of times or of both holds, in program form. A text that is not in held form
-/// comes back as it is: nothing that the file holds is hidden.
+/// A held value of a column of dates, of times or of both, in program form. A text that is not in held form
+/// is returned as it is, so that nothing in the file is hidden.
 QString programFromHeldDate(std::string_view held);
 QString programFromHeldTime(std::string_view held);
 QString programFromHeldDateTime(std::string_view held);
 
 /// The held form of what stands between two `#`: a date, a time, or both with a blank between them.
-/// Throws Error where it is neither, or where there is no such day or time.
+/// Throws Error if it is neither, or if there is no such day or time.
 QString heldFromLiteral(QStringView literal);
 
 } // namespace DateTimeText

@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-/// The one error type of the program: what the database engine, the system or a check of ours reports.
+/// The one error type of the program: what SQLite, the system or a check of ours reports.
 /// `number` is the reporter's own code (6 for an overflow); `description` is one line for the user.
 class Error : public std::exception
 {
@@ -23,7 +23,7 @@ public:
     [[nodiscard]] const char* what() const noexcept override { return m_what.c_str(); }
 
 private:
-    static constexpr int lockNumber = 5; // the engine's own
+    static constexpr int lockNumber = 5; // SQLITE_BUSY
 
     int m_number;
     QString m_description;

@@ -11,7 +11,7 @@
 bool isWritable(const QString& path)
 {
 #ifdef Q_OS_UNIX
-    // with the rights that the process has now, as opening the file would ask for
+    // with the effective rights of the process, as opening the file would
     return faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
 #else
     return QFileInfo(path).isWritable();

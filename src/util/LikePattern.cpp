@@ -31,7 +31,7 @@ std::size_t characterLength(std::string_view folded, std::size_t i)
     return found == length ? length : 1;
 }
 
-/// Whether the piece, which may hold `_`, matches at `at`; then `end` is where the match ends.
+/// Whether the piece, which may hold `_`, matches at `at`; if so, `end` is set to the end of the match.
 bool pieceMatchesAt(std::string_view piece, std::string_view text, std::size_t at, std::size_t& end)
 {
     std::size_t t = at;
@@ -49,7 +49,7 @@ bool pieceMatchesAt(std::string_view piece, std::string_view text, std::size_t a
     return true;
 }
 
-/// The first match of the piece at or after `from`; `end` is where it ends.
+/// The first match of the piece at or after `from`; `end` is set to its end.
 bool findPiece(std::string_view piece, std::string_view text, std::size_t from, std::size_t& end)
 {
     if (piece.find('_') == std::string_view::npos) {
@@ -88,7 +88,7 @@ LikePattern::LikePattern(std::string_view pattern)
     readWords();
 }
 
-/// Finds out whether the pattern is one that the keyword search makes, and takes it apart if so.
+/// Takes the pattern apart if it is of the form that the keyword search makes.
 void LikePattern::readWords()
 {
     const std::string_view pattern = m_folded;

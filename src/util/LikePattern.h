@@ -5,8 +5,8 @@
 #include <vector>
 
 /// A pattern of LIKE, read once and matched often: `%` stands for any run of characters, `_` for one
-/// character, everything else for itself without regard to case, in every script. Matching takes time in
-/// proportion to the text for patterns without `_`; one with `_` is tried at every character, never more.
+/// character, everything else for itself without regard to case, in every script. Matching
+/// takes linear time for patterns without `_`; a piece with `_` is tried once at every character.
 class LikePattern
 {
 public:
@@ -35,7 +35,7 @@ private:
     [[nodiscard]] bool matchesFolded(std::string_view text) const;
 
     std::string m_folded;
-    char m_first = 0;           ///< the letter that a match begins with, where it is an ASCII one; else 0
+    char m_first = 0;           ///< the ASCII letter that a match begins with; 0 if it is none
     bool m_onlyWords = false;   ///< `%word%`, `%word%word%` and so on
     bool m_meetsOthers = false; ///< holds a letter that a letter beyond ASCII folds to
     std::vector<Word> m_words;

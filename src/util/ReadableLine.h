@@ -2,6 +2,6 @@
 
 #include <QString>
 
-/// What of a text can be read on one line: the first thousand characters, with an ellipsis for the rest. To
-/// measure and draw megabytes takes seconds, for a line that shows a few words of them.
+/// The part of a text that can be read on one line: the first thousand characters, with an ellipsis for the
+/// rest. Measuring and drawing megabytes would take seconds, for a line that shows a few words of them.
 [[nodiscard]] QString readableLine(const QString& text);

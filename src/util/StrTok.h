@@ -9,15 +9,15 @@
 class StrTok
 {
 public:
-    /// Throws Error where there is no memory for it.
+    /// Throws Error if there is no memory for it.
     void AddDelimiter(const QString& d);
 
     /// Takes the text to split and begins at its first character.
     void setDataString(const QString& text);
     [[nodiscard]] const QString& DataString() const { return m_text; }
 
-    /// The next token, not trimmed. After the last one it is the last one again, or empty where the text ends
-    /// in a delimiter: ask `atEnd` before.
+    /// The next token, not trimmed. After the last one it is the last one again, or empty if the text ends
+    /// in a delimiter: check `atEnd` first.
     QString NextToken();
 
     /// Whether the token that runs to the end of the text has been taken.

@@ -10,7 +10,7 @@ namespace {
 
 constexpr unsigned char firstNonAscii = 0x80;
 
-/// Where the numbers of damaged bytes begin: one above the last character.
+/// Damaged bytes are numbered from here on, above the last character.
 constexpr char32_t firstDamaged = 0x110000;
 
 constexpr unsigned char lowerAscii(unsigned char c)
@@ -67,7 +67,7 @@ char32_t foldCharacter(char32_t character)
     return character < firstDamaged ? QChar::toCaseFolded(character) : character;
 }
 
-/// The letter without its accents: e for é, itself where it has none. A Korean syllable is made of letters
+/// The letter without its accents: e for é, itself if it has none. A Korean syllable is made of letters
 /// too, but none of them is an accent.
 char32_t baseLetter(char32_t folded)
 {
@@ -103,7 +103,7 @@ void appendCharacter(std::string& text, char32_t character)
     }
 }
 
-/// Compares from `i` on, where both texts agreed before it.
+/// Compares from `i` on; both texts agree before it.
 int compareCharacters(std::string_view left, std::string_view right, std::size_t i)
 {
     std::size_t l = i;
@@ -134,7 +134,7 @@ int compare(std::string_view left, std::string_view right)
         const unsigned char a = byteAt(left, i);
         const unsigned char b = byteAt(right, i);
         if (a >= firstNonAscii || b >= firstNonAscii) {
-            // what came before is ASCII, and equal, so both stand at the start of a character
+            // everything before is ASCII and equal, so both are at the start of a character
             return compareCharacters(left, right, i);
         }
         const unsigned char lowerA = lowerTable[a];

@@ -8,7 +8,7 @@
 namespace TextCompare {
 
 /// Less than, equal to or greater than zero. Letters sort by their base letter first and by their accent
-/// only where the rest is equal, so that "Éclair" stands among the words with e.
+/// only if the rest is equal, so that "Éclair" stands among the words with e.
 int compare(std::string_view left, std::string_view right);
 
 /// The text with every letter folded, so that two texts are equal without regard to case exactly when

@@ -123,6 +123,6 @@ QAccessibleInterface* interfaceOf(const QString& /*className*/, QObject* object)
 
 void AccessibleItems::install()
 {
-    // a factory that is installed already is not installed again
+    // installing a factory twice has no effect
     QAccessible::installFactory(interfaceOf);
 }

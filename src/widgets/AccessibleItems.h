@@ -19,7 +19,7 @@ public:
     /// The item that the keyboard acts on, or -1.
     [[nodiscard]] virtual int accessibleCurrentItem() const = 0;
 
-    /// Teaches the desktop's assistive tools about such widgets; any number of times.
+    /// Makes such widgets known to assistive tools. May be called more than once.
     static void install();
 
 protected:

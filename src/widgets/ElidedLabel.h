@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-/// One line of plain text that is cut where its place is too narrow, and shown whole as a tool tip.
+/// One line of plain text, elided if its place is too narrow, and then shown whole as a tool tip.
 class ElidedLabel final : public QLabel
 {
     Q_OBJECT

@@ -10,7 +10,7 @@
 #include <array>
 #include <cstdlib>
 
-/// A library's own resources are only there once they are asked for; this cannot stand in a namespace.
+/// The resources of a static library must be initialized by hand; the macro cannot stand in a namespace.
 static void loadPictures()
 {
     Q_INIT_RESOURCE(pictures);
@@ -64,7 +64,7 @@ QIcon withEmblem(const QIcon& base, const QIcon& emblem)
 /// How much of a pixel stands out from a ground, from 0 to 255.
 int standingOut(const QColor& pixel, int ground)
 {
-    constexpr int plain = 90; // steps of grey, from which on it counts as a whole
+    constexpr int plain = 90; // steps of grey from which on it counts in full
     const int contrast = std::min(std::abs(qGray(pixel.rgb()) - ground), plain);
     return pixel.alpha() * contrast / plain;
 }

@@ -11,7 +11,7 @@ class IndicatorStyle final : public QProxyStyle
 public:
     IndicatorStyle();
 
-    /// Gives the application this style, where it would have the plain one.
+    /// Sets this style for the application if it would have the plain one.
     static void install();
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -4,7 +4,7 @@
 
 #include <QStyledItemDelegate>
 
-/// Draws the items of a list, each with what of its text can be read on a line.
+/// Draws the items of a list, each cut to the text that can be read on one line.
 class LineDelegate : public QStyledItemDelegate
 {
 public:

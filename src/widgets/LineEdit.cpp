@@ -59,7 +59,7 @@ void LineEdit::contextMenuEvent(QContextMenuEvent* event)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const auto actions = menu->actions();
     for (QAction* action : actions) {
-        // Qt gives its entry no name to know it by
+        // Qt sets no object name for its entry
         if (!action->text().startsWith(QLineEdit::tr("&Paste"))) continue;
         disconnect(action, &QAction::triggered, nullptr, nullptr);
         connect(action, &QAction::triggered, this, [this] {

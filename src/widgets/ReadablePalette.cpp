@@ -45,7 +45,7 @@ QColor shaded(const QColor& ground, const QColor& text)
                   between(ground.blue(), text.blue()));
 }
 
-/// What a text that lets its ground shine through looks like.
+/// The colour that a translucent text has on a ground.
 QColor seenOn(const QColor& ground, const QColor& text)
 {
     const auto part = [&text](int below, int above) {

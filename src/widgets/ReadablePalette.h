@@ -11,10 +11,11 @@ namespace ReadablePalette {
 [[nodiscard]] bool canBeRead(const QColor& text, const QColor& ground);
 
 /// The palette with other alternate rows, hints, links and tool-tips in place of those that cannot be read
-/// beside its text and its ground. What can be read stays as it is, so the result of a result is the same.
+/// beside its text and its ground. What can be read stays as it is, so applying it twice changes nothing
+/// more.
 [[nodiscard]] QPalette of(QPalette palette);
 
-/// Gives the application such a palette; to be called when it starts and whenever its palette changes.
+/// Sets such a palette for the application; to be called when it starts and whenever its palette changes.
 void apply();
 
 } // namespace ReadablePalette

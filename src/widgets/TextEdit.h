@@ -2,7 +2,7 @@
 
 #include <QPlainTextEdit>
 
-/// A text of several lines that can be pasted into at any time, also while there is nothing to paste.
+/// A text of several lines. Pasting from an empty clipboard does nothing.
 class TextEdit final : public QPlainTextEdit
 {
     Q_OBJECT

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// No screen reaches as far, in pixels.
+/// In pixels, beyond any screen.
 constexpr int farthest = 100000;
 
 QString section()
@@ -67,7 +67,7 @@ bool WindowPlace::restore(QWidget& window, SettingsStore& settings)
 void WindowPlace::save(const QWidget& window, SettingsStore& settings)
 {
     const bool isMaximized = window.isMaximized();
-    // without the frame, of which the desktop tells nothing while the window is maximized
+    // without the frame, whose size is unknown while the window is maximized
     const QRect place = isMaximized ? window.normalGeometry() : window.geometry();
     QString text = QStringLiteral("%1 %2 %3 %4")
                        .arg(place.left())

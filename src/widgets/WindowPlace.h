@@ -3,11 +3,11 @@
 class QWidget;
 class SettingsStore;
 
-/// Where a window stands and how large it is, from one run to the next.
+/// Keeps the place and size of a window from one run to the next.
 namespace WindowPlace {
 
-/// Gives a window that is not shown yet its place of the last run, moved and shrunk to where there is a
-/// screen now; false where there is none written down.
+/// Restores the place of the last run for a window that is not shown yet, moved and shrunk to fit a screen
+/// that is there now; returns false if no place was stored.
 bool restore(QWidget& window, SettingsStore& settings);
 
 void save(const QWidget& window, SettingsStore& settings);

@@ -5,11 +5,11 @@
 class QWidget;
 class SettingsStore;
 
-/// The size of a dialog from one use to the next, kept under the dialog's object name.
+/// Keeps the size of a dialog from one use to the next, under the dialog's object name.
 namespace WindowSize {
 
-/// Gives the dialog the size that it had last, `first` where it never had one, and in no case more than its
-/// screen has room for.
+/// Resizes the dialog to the size that it had last, or to `first`, but never to more than its screen has
+/// room for.
 void restore(QWidget& dialog, SettingsStore& settings, QSize first);
 
 void save(const QWidget& dialog, SettingsStore& settings);

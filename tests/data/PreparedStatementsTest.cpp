@@ -1,9 +1,6 @@
-#include "data/StatementShape.h"
 #include "support/TestDatabase.h"
 
 #include <gtest/gtest.h>
-
-#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -31,26 +28,6 @@ protected:
 
     TestDatabase m_database;
 };
-
-TEST(StatementShapes, LeaveOutTheDatesAndNothingElse)
-{
-    const std::vector<std::tuple<const char*, const char*, const char*>> cases{
-        {"A = #9/1/2001# AND B = #10:00# AND C = #09/01/2001#", "A = #0d# AND B = #1t# AND C = #0d#",
-         "2001-09-01|10:00"},
-        {"A = #9/1/2001 00:00# OR A = #9/1/2001#", "A = #0m# OR A = #0d#", "2001-09-01"},
-        {"A = \"#1#\" AND B = 'it''s #2#' AND C = #1/2/1999#", "A = \"#1#\" AND B = 'it''s #2#' AND C = #0d#",
-         "1999-01-02"},
-        {"A = 'open #1/1/2001#", "A = 'open #1/1/2001#", ""},
-    };
-    for (const auto& [statement, text, dates] : cases) {
-        const auto shape = shapeOf(QString::fromUtf8(statement));
-        ASSERT_TRUE(shape) << statement;
-        EXPECT_EQ(shape->text.toStdString(), text);
-        EXPECT_EQ(shape->dates.join(u'|').toStdString(), dates);
-    }
-    for (const char* statement : {"A = #0d#", "A = #9/31/2001#", "A = #1/1/2001"})
-        EXPECT_FALSE(shapeOf(QString::fromUtf8(statement))) << statement;
-}
 
 TEST_F(Prepared, TheSameStatementReadsAnewWithOtherDates)
 {
@@ -82,7 +59,7 @@ TEST_F(Prepared, EachReaderHasAStatementOfItsOwnThatHoldsNoLockWhenAbandoned)
     EXPECT_EQ(first.integer(0), 3);
     EXPECT_EQ(from(u"9/3/2001"_s), "4");
     m_database.session().close();
-    ASSERT_TRUE(first.next()) << "a reader goes on where the file is closed meanwhile";
+    ASSERT_TRUE(first.next()) << "a reader goes on if the file is closed meanwhile";
     EXPECT_EQ(first.integer(0), 4);
     EXPECT_FALSE(first.next());
 }

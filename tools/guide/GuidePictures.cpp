@@ -237,7 +237,7 @@ void GuidePictures::select(const QString& beginning)
     settle();
 }
 
-/// Opens a dialog, visits it when it is shown, and closes it again. Fails where none of that name comes.
+/// Opens a dialog, visits it when it is shown, and closes it again. Fails if none of that name appears.
 void GuidePictures::inDialog(const char* name, const std::function<void()>& opener, const Visit& visit)
 {
     const QString dialogName = QString::fromUtf8(name);

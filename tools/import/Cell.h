@@ -17,7 +17,7 @@ enum class HeldForm
 {
     Plain,        ///< as it is; a date as YYYY-MM-DD HH:MM:SS
     Date,         ///< YYYY-MM-DD
-    Time,         ///< HH:MM, or HH:MM:SS where there are seconds
+    Time,         ///< HH:MM, or HH:MM:SS if there are seconds
     DateTime,     ///< YYYY-MM-DD HH:MM:SS
     MonthDayYear, ///< a date as MM/DD/YYYY, with the time of day if it has one
     Boolean,      ///< 0 or 1

@@ -4,6 +4,25 @@
 
 namespace accessimport {
 
+namespace {
+
+/// Returns false for an option that does not exist.
+bool setOption(std::string_view option, CommandLine& line)
+{
+    if (option == "--replace") {
+        line.replace = true;
+    } else if (option == "--salvage") {
+        line.salvage = true;
+    } else if (option == "--help" || option == "-h") {
+        line.help = true;
+    } else {
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
 std::optional<CommandLine> parseCommandLine(int count, const char* const* arguments)
 {
     CommandLine line;
@@ -11,21 +30,13 @@ std::optional<CommandLine> parseCommandLine(int count, const char* const* argume
     bool onlyNames = false;
     for (int at = 1; at < count; ++at) {
         const std::string_view argument = arguments[at];
-        if (!onlyNames && argument == "--") {
-            onlyNames = true;
-        } else if (!onlyNames && argument == "--replace") {
-            line.replace = true;
-        } else if (!onlyNames && argument == "--salvage") {
-            line.salvage = true;
-        } else if (!onlyNames && (argument == "--help" || argument == "-h")) {
-            line.help = true;
-        } else if (!onlyNames && argument.starts_with('-')) {
-            return std::nullopt;
-        } else if (++names > 2 || argument.empty()) {
-            return std::nullopt;
-        } else {
-            (names == 1 ? line.source : line.target) = argument;
+        if (!onlyNames && argument.starts_with('-')) {
+            onlyNames = argument == "--";
+            if (!onlyNames && !setOption(argument, line)) return std::nullopt;
+            continue;
         }
+        if (++names > 2 || argument.empty()) return std::nullopt;
+        (names == 1 ? line.source : line.target) = argument;
     }
     if (!line.help && names != 2) return std::nullopt;
     return line;

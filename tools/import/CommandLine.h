@@ -15,7 +15,7 @@ struct CommandLine
     bool help = false;
 };
 
-/// Nothing if the arguments make no sense.
+/// std::nullopt if the arguments make no sense.
 std::optional<CommandLine> parseCommandLine(int count, const char* const* arguments);
 
 /// The whole help, with the line protocol and the exit statuses.

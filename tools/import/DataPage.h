@@ -24,14 +24,15 @@ public:
     /// What stands in the owner's place on pages that hold long values: the letters LVAL.
     static constexpr std::uint32_t longValueOwner = 0x4c41564c;
 
-    /// Nothing if the bytes are no data page or its table of rows does not fit.
+    /// std::nullopt if the bytes are no data page or its table of rows does not fit.
     static std::optional<DataPage> open(Bytes page);
 
     std::uint32_t owner() const { return read32(m_page, 4); }
     std::size_t rowCount() const { return m_rowCount; }
     RowKind rowKind(std::size_t row) const;
 
-    /// The bytes of a row, whatever its kind. Nothing if the row does not exist or leads out of the page.
+    /// The bytes of a row, whatever its kind. std::nullopt if the row does not exist or leads out of the
+    /// page.
     std::optional<Bytes> row(std::size_t row) const;
 
     /// The number of rows that a reader sees: present and moved ones.

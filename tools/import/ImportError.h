@@ -17,7 +17,7 @@ enum class ExitStatus
     TargetUnwritable = 6, ///< the target cannot be written
     Unverified = 7,       ///< what was written does not agree with the source
     TargetExists = 8,     ///< the target exists and --replace was not given
-    Stopped = 9,          ///< stopped by a signal, or nobody reads the progress any more
+    Stopped = 9,          ///< stopped by a signal, or the progress is no longer read
     Internal = 10         ///< any other failure
 };
 

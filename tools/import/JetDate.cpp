@@ -36,7 +36,7 @@ unsigned numberIn(const std::ssub_match& digits)
     return digits.matched ? static_cast<unsigned>(std::stoul(digits.str())) : 0;
 }
 
-/// The hour of a clock of 12 hours. Nothing if it is none.
+/// The hour of a 12-hour clock; std::nullopt if it is none.
 std::optional<unsigned> hourOf(unsigned hour, bool isAfternoon)
 {
     if (hour < 1 || hour > 12) return std::nullopt;

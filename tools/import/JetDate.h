@@ -23,16 +23,16 @@ struct DateTime
 };
 
 /// The date of a stored number: days since 1899-12-30, whose fraction is the time of day also when the day is
-/// negative. Rounded to the nearest second. Nothing outside the years 100 to 9999.
+/// negative. Rounded to the nearest second. std::nullopt outside the years 100 to 9999.
 std::optional<DateTime> dateFromSerial(double serial);
 
 /// Reads a date, a time or both from a text: year-month-day or month/day/year, and hours:minutes with or
-/// without seconds, AM or PM. A missing date is the day zero. Nothing if it is anything else or no day of the
-/// calendar.
+/// without seconds, AM or PM. A missing date is the day zero. std::nullopt if it is anything else or no day
+/// of the calendar.
 std::optional<DateTime> dateFromText(std::string_view text);
 
 std::string dateText(const DateTime& value);         ///< YYYY-MM-DD
-std::string timeText(const DateTime& value);         ///< HH:MM, or HH:MM:SS where there are seconds
+std::string timeText(const DateTime& value);         ///< HH:MM, or HH:MM:SS if there are seconds
 std::string dateTimeText(const DateTime& value);     ///< YYYY-MM-DD HH:MM:SS
 std::string monthDayYearText(const DateTime& value); ///< MM/DD/YYYY, and HH:MM:SS if there is a time of day
 

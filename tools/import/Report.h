@@ -23,7 +23,8 @@ public:
     Report(int output, int errorOutput) : m_output(output), m_errorOutput(errorOutput) {}
 
     void phase(std::string_view name);
-    /// Writes a line when the percentage or the table changed. Throws ImportError(Stopped) when nobody reads.
+    /// Writes a line when the percentage or the table changed. Throws ImportError(Stopped) if the output is
+    /// no longer read.
     void progress(int percent, std::uint64_t done, std::uint64_t total, std::string_view table);
     void summary(std::initializer_list<std::string_view> fields);
     void done(std::string_view target);

@@ -23,7 +23,7 @@ public:
     /// Goes to the next row; false after the last.
     bool next();
 
-    /// The value's bytes in the current row, valid until next(); nothing if the value is null.
+    /// The value's bytes in the current row, valid until next(); std::nullopt if the value is null.
     std::optional<Bytes> value(const SourceColumn& column) const;
 
     /// A Yes/No value; it lives in the null mask and is never null.

@@ -15,7 +15,7 @@ using Page = std::array<std::uint8_t, pageSize>;
 
 /// The Access file, open for reading for as long as this object lives.
 ///
-/// It is never written, and where the system allows it its access time stays as it was. Pages are read one by
+/// It is never written, and if the system allows it, its access time stays as it was. Pages are read one by
 /// one into a small cache, so that memory does not grow with the file.
 class SourceFile
 {

@@ -94,7 +94,7 @@ CopiedTable TableCopier::run(const std::function<void(std::uint64_t)>& onRows)
     return m_copied;
 }
 
-/// The database would invent a key where there is none, and refuses one that is taken or is no number.
+/// The database would invent a key if there is none, and refuses one that is taken or is no number.
 bool TableCopier::isKeyMissing() const
 {
     for (std::size_t at = 0; at < m_cells.size(); ++at)

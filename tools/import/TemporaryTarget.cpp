@@ -117,7 +117,7 @@ void TemporaryTarget::create()
         if (m_descriptor < 0 && errno != EEXIST) failToWrite(m_target, errno);
         if (m_descriptor >= 0) m_path = path;
     }
-    // Where a file system knows no locks, leftovers are not told apart and stay.
+    // If a file system has no locks, leftovers are not told apart and stay.
     ::flock(m_descriptor, LOCK_EX | LOCK_NB);
 }
 

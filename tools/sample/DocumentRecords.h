@@ -36,9 +36,9 @@ struct DocumentFacts
     QString description;
     qint64 organization = 1;
     std::set<qint64> events;
-    QString fileLocation; ///< empty where the document has no file
+    QString fileLocation; ///< empty if the document has no file
     LocalFile localFile = LocalFile::None;
-    QString figures; ///< empty where it shows none
+    QString figures; ///< empty if it shows none
     SourceRow row;   ///< for messages
 };
 

@@ -14,7 +14,7 @@
 struct EventFacts
 {
     QString name;
-    QString when; ///< in words; empty where there is no date
+    QString when; ///< in words; empty if there is no date
     QString description;
     std::set<qint64> organizations;
 };

@@ -14,7 +14,7 @@ class QPainter;
 class FigurePainter
 {
 public:
-    /// `statesPath` is the shapefile of the states. Throws SourceError where it cannot be read.
+    /// `statesPath` is the shapefile of the states. Throws SourceError if it cannot be read.
     explicit FigurePainter(const QString& statesPath);
 
     [[nodiscard]] QImage barChart(const FigureTable& figures) const;

@@ -39,7 +39,7 @@ class FigureTables
 public:
     explicit FigureTables(const QDir& source);
 
-    /// Nothing where there is no such table.
+    /// Null if there is no such table.
     [[nodiscard]] const FigureTable* find(const QString& name) const;
 
 private:

@@ -22,7 +22,7 @@ public:
     /// The organizations that have a chart.
     [[nodiscard]] QStringList organizations() const;
 
-    /// Draws one chart on a page of US Letter. Throws SourceError where the file cannot be written.
+    /// Draws one chart on a page of US Letter. Throws SourceError if the file cannot be written.
     void write(const QString& organization, const QString& path) const;
 
 private:

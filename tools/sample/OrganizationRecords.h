@@ -13,7 +13,7 @@
 struct OrganizationFacts
 {
     QString name;
-    QString place; ///< "City, ST"; empty where it is not known
+    QString place; ///< "City, ST"; empty if it is not known
     QString activities;
 };
 

@@ -16,7 +16,7 @@
 using FieldValue = std::variant<std::monostate, qint64, double, QString>;
 using Field = std::pair<const char*, FieldValue>;
 
-/// NULL where the text is empty.
+/// NULL if the text is empty.
 FieldValue textOrNull(const QString& text);
 
 /// The database file while it is being built: created from the schema, filled in one transaction, checked.
@@ -24,7 +24,7 @@ FieldValue textOrNull(const QString& text);
 class SampleDatabase
 {
 public:
-    /// Throws SQLite::Exception where the file exists already or the schema has an error.
+    /// Throws SQLite::Exception if the file exists already or the schema has an error.
     SampleDatabase(const QString& path, const QString& schema);
 
     void insert(const std::string& table, const std::vector<Field>& fields);
@@ -34,11 +34,11 @@ public:
               const std::set<qint64>& others);
 
     /// Copies a record as it stands now into the history table of its kind ("Event" into "Event_HIST"), with
-    /// one column set to an earlier value where `field` is not empty. False where there is no such column.
+    /// one column set to an earlier value if `field` is not empty. Returns false if there is no such column.
     bool copyToHistory(const std::string& kind, qint64 identifier, const QString& updateTime,
                        const std::string& field, const FieldValue& earlier);
 
-    /// Commits and checks. Throws SQLite::Exception where the file is not sound or a reference leads nowhere.
+    /// Commits and checks. Throws SQLite::Exception if the file is not sound or a reference leads nowhere.
     void finish();
 
 private:

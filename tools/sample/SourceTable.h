@@ -37,7 +37,7 @@ class SourceRow
 public:
     SourceRow(std::shared_ptr<const SourceHeader> header, int line, QStringList fields);
 
-    /// Empty where the row says nothing. `\n` in the file is a line break.
+    /// Empty if the row says nothing. `\n` in the file is a line break.
     [[nodiscard]] QString text(const QString& column) const;
     /// As text(), but it must not be empty.
     [[nodiscard]] QString requiredText(const QString& column) const;
@@ -45,13 +45,13 @@ public:
     [[nodiscard]] QStringList list(const QString& column) const;
     /// `yes` or `no`.
     [[nodiscard]] bool flag(const QString& column) const;
-    /// `YYYY-MM-DD`; nothing where the field is empty.
+    /// `YYYY-MM-DD`; std::nullopt if the field is empty.
     [[nodiscard]] std::optional<QDate> date(const QString& column) const;
-    /// `HH:MM`; nothing where the field is empty.
+    /// `HH:MM`; std::nullopt if the field is empty.
     [[nodiscard]] std::optional<QTime> time(const QString& column) const;
-    /// A decimal number within [lowest, highest]; nothing where the field is empty.
+    /// A decimal number within [lowest, highest]; std::nullopt if the field is empty.
     [[nodiscard]] std::optional<double> number(const QString& column, double lowest, double highest) const;
-    /// A whole number from 0 on; nothing where the field is empty.
+    /// A whole number from 0 on; std::nullopt if the field is empty.
     [[nodiscard]] std::optional<qint64> count(const QString& column) const;
 
     [[noreturn]] void fail(const QString& message) const;
@@ -66,7 +66,7 @@ private:
 class SourceTable
 {
 public:
-    /// Throws SourceError where the file cannot be read, is not UTF-8, or lacks one of the columns.
+    /// Throws SourceError if the file cannot be read, is not UTF-8, or lacks one of the columns.
     SourceTable(const QString& path, const QStringList& requiredColumns);
 
     [[nodiscard]] const std::vector<SourceRow>& rows() const { return m_rows; }

@@ -10,7 +10,7 @@
 #include <vector>
 
 /// What a summary sheet says, whatever the kind of file: a title, what it is and is not, the data of the
-/// publication, sections of paragraphs, and figures where there are any.
+/// publication, sections of paragraphs, and figures if there are any.
 struct SummarySheet
 {
     struct Section
