@@ -1,5 +1,5 @@
 #include "app/Main_Mod.h"
-#include "opening/frmImport.h"
+#include "opening/DesktopDatabaseConverter.h"
 #include "platform/Clock.h"
 #include "platform/DesktopFileDialogs.h"
 #include "platform/DesktopMessages.h"

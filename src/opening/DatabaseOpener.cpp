@@ -9,11 +9,17 @@
 #include "platform/StdREG.h"
 #include "util/Error.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <cerrno>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(DatabaseOpener)
+};
 
 QString settingName()
 {
@@ -52,14 +58,14 @@ QString DatabaseOpener::convertNamed(const QString& name, const QString& source)
     const bool exists = QFileInfo::exists(target);
     const bool replace =
         exists &&
-        m_platform.messages.ask(QStringLiteral("%1 was converted before, to %2.\n\nDo you want to convert it "
-                                               "again and replace that database? Whatever was added to it "
-                                               "since is then lost. No opens it as it is.")
+        m_platform.messages.ask(Texts::tr("%1 was converted before, to %2.\n\nDo you want to convert it "
+                                          "again and replace that database? Whatever was added to it "
+                                          "since is then lost. No opens it as it is.")
                                     .arg(name, convertedName(name)),
                                 Question::Loss);
     const bool isNeeded = !exists || replace;
     if (isNeeded && !convert(source, target, replace)) {
-        throw Error(ECANCELED, QStringLiteral("The conversion was cancelled. (%1)").arg(source));
+        throw Error(ECANCELED, Texts::tr("The conversion was cancelled. (%1)").arg(source));
     }
     return target;
 }
@@ -85,11 +91,10 @@ bool DatabaseOpener::openChosen(const QString& file)
 
 bool DatabaseOpener::mayReplace(const QString& target)
 {
-    return m_platform.messages.ask(
-        QStringLiteral("The data folder holds a database %1 already.\n\nDo you want to "
-                       "replace it? What it holds is then lost.")
-            .arg(QFileInfo(target).fileName()),
-        Question::Loss);
+    return m_platform.messages.ask(Texts::tr("The data folder holds a database %1 already.\n\nDo you want to "
+                                             "replace it? What it holds is then lost.")
+                                       .arg(QFileInfo(target).fileName()),
+                                   Question::Loss);
 }
 
 /// Converts a file and tells the user what came of it; false if the user cancelled it. Throws Error.
@@ -102,8 +107,8 @@ bool DatabaseOpener::convert(const QString& source, const QString& target, bool 
         throw Error(result.status, QStringLiteral("%1 (%2)").arg(result.error, source));
     }
     m_platform.messages.show(
-        QStringLiteral("The Access file %1 was converted to the database %2, which the program uses from "
-                       "now on. The Access file is unchanged.\n\n%3")
+        Texts::tr("The Access file %1 was converted to the database %2, which the program uses from "
+                  "now on. The Access file is unchanged.\n\n%3")
             .arg(QFileInfo(source).fileName(), target, result.report.text()));
     return true;
 }

@@ -1,5 +1,5 @@
 #include "Journey.h"
-#include "opening/frmImport.h"
+#include "opening/DesktopDatabaseConverter.h"
 #include "platform/StdREG.h"
 #include "support/TestFiles.h"
 
