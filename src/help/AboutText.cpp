@@ -58,8 +58,8 @@ QString tableOf(const std::array<Part, count>& parts)
     return QStringLiteral("<table cellspacing=\"0\" cellpadding=\"3\">%1</table>").arg(rows);
 }
 
-/// The records of a table that are not deleted, without the reserved row, in words: `1 document`, `2
-/// documents`.
+/// Counts the records of a table that are not deleted, without the reserved one: `1 document`, `2 documents`.
+/// Throws Error.
 QString countOf(DatabaseSession& session, const QString& noun, const QString& table, const QString& status)
 {
     const QString statement =

@@ -8,7 +8,8 @@
 
 #include <QString>
 
-/// What the whole program shares, from its start to its end. Start-up makes it and passes it on by reference.
+/// What the program shares from its start to its end. Start-up owns it and hands each class the parts that it
+/// needs, by reference; another database is opened in the same session.
 struct ProgramState
 {
     explicit ProgramState(ProgramFolder programFolder) : folder(std::move(programFolder)) {}
@@ -16,12 +17,12 @@ struct ProgramState
     ViewHistory history;
     StandardQueries queries;
     ProgramFolder folder;
-    QString lastKeywords; ///< what was searched for last, as typed
+    QString lastKeywords; ///< of the last keyword search, as typed
     DatabaseSession session;
 
-    /// Set by an editor that was left by Cancel; reset by who opened it.
+    /// Set by an editor that was cancelled; reset by the caller that opened it.
     bool editCancelled = false;
 
-    /// What the pick list is opened with and gives back.
+    /// What the pick list is opened with, and what was picked.
     PickedItems chosen;
 };
