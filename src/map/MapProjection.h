@@ -7,8 +7,8 @@
 /// in units as long as a degree of longitude.
 namespace MapProjection {
 
-/// Returns a longitude between -276 and 84 degrees, so that Guam and the westernmost Aleutians lie in the
-/// west: 172 becomes -188.
+/// Returns a longitude of at most 84 degrees, so that Guam and the westernmost Aleutians lie in the west: 172
+/// becomes -188.
 double continuous(double lon);
 
 /// Latitudes beyond 85 degrees are taken as 85.
