@@ -1,5 +1,6 @@
 #include "Journey.h"
 #include "opening/DesktopDatabaseConverter.h"
+#include "opening/frmImport.h"
 #include "platform/StdREG.h"
 #include "support/TestFiles.h"
 
