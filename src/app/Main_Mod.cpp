@@ -38,7 +38,7 @@ void Main_Mod::Main()
     runProcedure(m_platform.messages, name, [&] {
         frmSplash splash;
         splash.showAtOnce();
-        // without a program folder there is a window all the same, and it says what it cannot open
+        // without a program folder, the window is shown all the same
         const bool hasFolder = runProcedure(m_platform.messages, name, [this] { prepareProgramFolder(); });
         qCInfo(startLog) << "build the main window";
         m_window = std::make_unique<frmMain>(m_platform, m_opener, m_state);
@@ -49,8 +49,8 @@ void Main_Mod::Main()
     });
 }
 
-/// On a first start the program folder comes to be, and the settings name the sample in it. The guide in it
-/// is always that of the program which runs.
+/// On a first start, makes the program folder and names the sample in the settings. On every start, brings
+/// the guide up to date and removes what an upload left unfinished. Throws Error.
 void Main_Mod::prepareProgramFolder()
 {
     qCInfo(startLog).noquote() << "program folder:" << m_state.folder.root();

@@ -8,20 +8,20 @@
 
 class frmMain;
 
-/// Brings the program up: makes what the whole program shares, shows the splash while the main window loads,
-/// then the window. It owns both, and must outlive the event loop.
+/// Starts the program: makes the state, and shows the splash screen while the main window loads, then the
+/// window. It owns the state and the window, and must outlive the event loop.
 class Main_Mod
 {
 public:
-    /// `sampleFolder` is what a new program folder is filled from. The converter, like the doors of the
-    /// platform, must outlive this object.
+    /// A new program folder is filled from `sampleFolder`. The converter and the members of the platform must
+    /// outlive this object.
     Main_Mod(const Platform& platform, DatabaseConverter& converter, ProgramFolder folder,
              QString sampleFolder);
     ~Main_Mod();
     Main_Mod(const Main_Mod&) = delete;
     Main_Mod& operator=(const Main_Mod&) = delete;
 
-    /// Starts the program and returns. A failure shows one message; the program goes on with what was made.
+    /// Starts the program and returns. A failure shows one message; the program goes on with what there is.
     void Main();
 
     [[nodiscard]] ProgramState& state() { return m_state; }

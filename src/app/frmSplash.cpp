@@ -28,7 +28,7 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
 void frmSplash::showAtOnce()
 {
     QEventLoop untilPainted;
-    // the window is on the screen only after what was drawn has been handed over
+    // queued, since the picture is on the screen only after the paint event is over
     connect(this, &frmSplash::painted, &untilPainted, &QEventLoop::quit, Qt::QueuedConnection);
     QTimer::singleShot(longestWaitMilliseconds, &untilPainted, &QEventLoop::quit);
     show();

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-/// What the user sees while the program starts.
+/// The splash screen, shown while the program starts.
 class frmSplash final : public QWidget
 {
     Q_OBJECT
@@ -10,8 +10,8 @@ class frmSplash final : public QWidget
 public:
     frmSplash();
 
-    /// Shows the window and returns once it has been drawn, or after a moment if the desktop does not show
-    /// it. What the user does meanwhile waits.
+    /// Shows the window and returns when it has been drawn, or after half a second if the desktop does not
+    /// show it. Input of the user waits meanwhile.
     void showAtOnce();
 
 Q_SIGNALS:

@@ -1,6 +1,6 @@
 #include "app/Main_Mod.h"
 #include "app/Translations.h"
-#include "opening/frmImport.h"
+#include "opening/DesktopDatabaseConverter.h"
 #include "platform/Clock.h"
 #include "platform/DesktopFileDialogs.h"
 #include "platform/DesktopMessages.h"

@@ -41,7 +41,7 @@ ChartPane::ChartPane(DatabaseSession& session, ViewHistory& history, const Stand
     m_area->setWidgetResizable(true);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_area->setWidget(m_chart);
-    // what stands while the rest is scrolled is drawn anew
+    // the title and the axis, which do not scroll, are drawn anew
     connect(m_area->horizontalScrollBar(), &QScrollBar::valueChanged, m_chart->viewport(),
             qOverload<>(&QWidget::update));
     setFocusProxy(m_chart);
@@ -61,7 +61,7 @@ void ChartPane::drawCharts()
     try {
         counts = countDocumentTypes(m_session, *m_history.currentQuery());
     } catch (const Error&) {
-        // the list asks the same of the same data, and tells
+        // the list reports it
     }
     const std::size_t leftOut = keepReadable(counts);
     m_more->setText(tr("and %1 more", nullptr, static_cast<int>(leftOut))
@@ -82,7 +82,7 @@ void ChartPane::selectBar(int bar, Qt::MouseButton button, const QPoint& positio
 void ChartPane::offerMenu()
 {
     if (m_selectedDocType.isEmpty() || m_mouse.button != Qt::RightButton) return;
-    // a menu would take an ampersand for the mark of a key
+    // a menu takes a single ampersand as the mark of a mnemonic
     QString name = readableLine(m_selectedDocType);
     m_showOnlyType->setText(tr("Show Only %1 Documents").arg(name.replace(u'&', QStringLiteral("&&"))));
     m_menu->popup(m_mouse.position);

@@ -24,15 +24,15 @@ public:
               Messages& messages, QWidget* parent);
     ~ChartPane() override;
 
-    /// Counts the documents of the current view. Where they cannot be counted, the chart is empty; no message
-    /// is shown, since the list has its own.
+    /// Counts the documents of the current view and shows them. If they cannot be counted, the chart is
+    /// empty; that is not reported here, since the list reads the same view and reports it.
     void drawCharts();
 
-    /// The type of the bar pointed at last, empty before.
+    /// The type of the bar that was selected last; empty before.
     [[nodiscard]] const QString& selectedDocType() const { return m_selectedDocType; }
 
 private:
-    /// The mouse as it was when a button last went down on a bar.
+    /// The state of the mouse when a bar was selected last.
     struct MouseState
     {
         Qt::MouseButton button = Qt::NoButton;
@@ -50,7 +50,7 @@ private:
     ShowOnlyViews m_showOnly;
     QScrollArea* m_area;
     ChartView* m_chart;
-    QLabel* m_more; ///< says how many types have no bar
+    QLabel* m_more; ///< the number of types without a bar
     QMenu* m_menu;
     QAction* m_showOnlyType;
     QString m_selectedDocType;

@@ -125,7 +125,7 @@ void ChartView::drawStanding(QPainter& painter)
     painter.setFont(font());
 }
 
-/// A point of the chart, by the number of a bar and a value, in the pixels of the view.
+/// The point at a value above a bar, in pixels of the view.
 QPointF ChartView::inView(double bar, double value) const
 {
     return mapFromScene(chart()->mapToScene(m_bars.position(bar, value)));

@@ -25,10 +25,10 @@ public:
     /// Marks one bar, or none.
     void setCurrentBar(std::optional<int> bar);
 
-    /// The bar that a position of the view means: the bar itself, its number or its name.
+    /// Returns the bar at a position in pixels of the view: a hit is the bar itself, its number or its name.
     [[nodiscard]] std::optional<int> barAt(QPoint position) const;
 
-    /// A bar with its number, in the view's pixels.
+    /// The place of a bar with its number, in pixels of the view.
     [[nodiscard]] QRect barRect(int bar) const;
 
     [[nodiscard]] int accessibleItemCount() const override { return static_cast<int>(m_counts.size()); }
@@ -37,7 +37,7 @@ public:
     [[nodiscard]] int accessibleCurrentItem() const override { return m_current.value_or(-1); }
 
 Q_SIGNALS:
-    /// A bar was pressed with a mouse button or gone to by key; `position` is global.
+    /// A bar was pressed with a mouse button or, with `Qt::NoButton`, gone to by key; `position` is global.
     void barSelected(int bar, Qt::MouseButton button, const QPoint& position);
 
 protected:

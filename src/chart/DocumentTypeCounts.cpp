@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::size_t mostTypes = 200; ///< a chart that is scrolled shows them all
+constexpr std::size_t mostTypes = 200; ///< with fewer, the chart shows all, scrolled if need be
 constexpr std::size_t keptTypes = 50;
 
 } // namespace
@@ -22,7 +22,7 @@ std::size_t keepReadable(std::vector<DocumentTypeCount>& counts)
     const auto last = highest.begin() + keptTypes - 1;
     std::nth_element(highest.begin(), last, highest.end(), std::greater<>());
     const qint64 least = *last;
-    // of those that have as few documents as the last one, the first come in
+    // of the types with as many documents as the last one that is kept, the first ones are kept
     auto alike = static_cast<std::ptrdiff_t>(keptTypes) -
                  std::count_if(counts.begin(), counts.end(),
                                [least](const DocumentTypeCount& count) { return count.documents > least; });
@@ -30,6 +30,7 @@ std::size_t keepReadable(std::vector<DocumentTypeCount>& counts)
         return count.documents < least || (count.documents == least && --alike < 0);
     });
 }
+
 std::vector<DocumentTypeCount> countDocumentTypes(DatabaseSession& session, const SQLObject& query)
 {
     RecordSet rows = session.read(

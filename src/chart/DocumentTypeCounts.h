@@ -8,17 +8,17 @@
 
 class DatabaseSession;
 
-/// How many documents of a view are of one type.
+/// The number of documents of one type in a view.
 struct DocumentTypeCount
 {
     QString name;
     qint64 documents = 0;
 };
 
-/// The documents that a query shows, counted by type, in the order of the database. A document counts once
-/// for each of its types; documents without a type do not count. Throws Error.
+/// Counts the documents of a query by type; the types are in the order in which the database returns them. A
+/// document counts once for each of its types; documents without a type do not count. Throws Error.
 std::vector<DocumentTypeCount> countDocumentTypes(DatabaseSession& session, const SQLObject& query);
 
-/// Leaves of hundreds of types, whose bars nobody can tell apart, the fifty with most documents, in the order
-/// in which they were. Returns how many it left out, 0 of fewer types.
+/// Keeps the fifty types with the most documents, in their order, if there are more than two hundred, whose
+/// bars could not be told apart. Returns the number of types left out.
 std::size_t keepReadable(std::vector<DocumentTypeCount>& counts);

@@ -75,7 +75,7 @@ QString tableOf(const std::array<Part, count>& parts)
     return QStringLiteral("<table cellspacing=\"0\" cellpadding=\"3\">%1</table>").arg(rows);
 }
 
-/// The records of a table that are not deleted, without the reserved row.
+/// Counts the records of a table that are not deleted, without the reserved one. Throws Error.
 int countOf(DatabaseSession& session, const QString& table, const QString& status)
 {
     const QString statement =

@@ -4,18 +4,17 @@
 
 class DatabaseSession;
 
-/// What the about box tells, in the rich text that a window shows. Texts of the machine, such as paths, stand
-/// in it as they are, never as markup.
+/// The texts of the about box, as rich text. Texts from outside the program, such as paths, are escaped.
 class AboutText
 {
 public:
     /// The version of the program, such as `1.0.0`.
     [[nodiscard]] static QString version();
 
-    /// Which database is open and how many records of each kind its lists show; in its place what is wrong,
-    /// where no database is open or it cannot be read.
+    /// Which database is open and how many records of each kind its lists show; or that none is open, or why
+    /// it cannot be read.
     [[nodiscard]] static QString database(DatabaseSession& session);
 
-    /// The licence of the program, and the libraries and data it is made of with theirs.
+    /// The licence of the program, and its libraries and data with their licences.
     [[nodiscard]] static QString licences();
 };

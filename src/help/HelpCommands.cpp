@@ -85,8 +85,8 @@ void HelpCommands::showAbout()
     about.exec();
 }
 
-/// The menu's key works in the main window alone. A dialog gets its chapter here, so that none has to know
-/// about the guide.
+/// The key of the menu works in the main window alone. Here it works in every dialog, without each of them
+/// having to know the guide.
 bool HelpCommands::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress && watched->isWidgetType()) {

@@ -10,15 +10,15 @@ class QAction;
 class QMainWindow;
 class QToolBar;
 
-/// The Help menu with its commands, the toolbar's Help button, and the F1 key in the dialogs, which opens the
-/// chapter about the dialog. Lives as long as the main window.
+/// The Help menu with its commands, the Help button of the toolbar, and the F1 key in dialogs, which opens
+/// the chapter about the dialog. Lives as long as the main window.
 class HelpCommands final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Adds the menu and the button behind those that the window has. `session` is the one that the about box
-    /// tells of, `folder` that of the guide. The references must outlive the window.
+    /// Adds the menu and the button after those that the window has. The about box tells of `session`; the
+    /// guide is in `folder`. The references must outlive the window.
     HelpCommands(QMainWindow& window, QToolBar& toolBar, DatabaseSession& session,
                  const ProgramFolder& folder, Shell& shell, Messages& messages);
     ~HelpCommands() override;

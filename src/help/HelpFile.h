@@ -6,7 +6,7 @@
 
 class Shell;
 
-/// A page of the user's guide that the program leads to.
+/// A page of the user's guide that the program opens.
 enum class HelpChapter
 {
     Contents,
@@ -24,28 +24,26 @@ enum class HelpChapter
     Keys
 };
 
-/// The user's guide in the program folder: one help file, and the same pages beside it. Opens what the
-/// desktop has a program for.
+/// The user's guide in the program folder: one help file, and the same pages beside it.
 class HelpFile
 {
 public:
-    /// Both must outlive this object.
+    /// The folder and the shell must outlive this object.
     HelpFile(const ProgramFolder& folder, Shell& shell) : m_folder(folder), m_shell(shell) {}
 
-    /// Opens the guide at a chapter. The contents and the subjects open the whole guide, for which the help
-    /// file comes first. A desktop's default program cannot be told where to open a help file, so every other
-    /// chapter is opened as a page, and the help file only where that fails. Throws Error where nothing
-    /// opens.
+    /// Opens the guide at a chapter with the desktop's default program. Contents and Subjects open the help
+    /// file or, if that fails, their page. A default program cannot be told at which page to open a help
+    /// file, so for every other chapter the page is tried first. Throws Error if neither opens.
     void open(HelpChapter chapter) const;
 
-    /// The chapter about a window of that name; the contents for a window without a chapter of its own.
+    /// Returns the chapter about a window of that name; Contents for a window without a chapter of its own.
     [[nodiscard]] static HelpChapter chapterOf(const QString& windowName);
 
-    /// The name of a chapter's page.
+    /// The file name of a chapter's page.
     [[nodiscard]] static QString pageName(HelpChapter chapter);
 
-    /// Brings the guide of a program folder up to the one that was installed, file by file. What cannot be
-    /// copied stays as it is.
+    /// Replaces the files of a program folder's guide that are missing or older than the installed ones, or
+    /// of another size. A file that cannot be copied stays as it is.
     static void renew(const QString& programFolder, const QString& installedFolder);
 
 private:

@@ -11,7 +11,7 @@ class frmAbout final : public QDialog
     Q_OBJECT
 
 public:
-    /// Counts the records of the session as it is made. The door must outlive the box, the session need not.
+    /// The records of the session are counted once, here. The shell must outlive the box.
     frmAbout(DatabaseSession& session, Shell& shell, QWidget* parent);
 
 private:

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-/// A colour of the palette, in parts of 255.
+/// A colour of the palette; its parts range from 0 to 255.
 struct PaletteColour
 {
     std::uint8_t red = 0;
@@ -11,7 +11,7 @@ struct PaletteColour
     std::uint8_t blue = 0;
 };
 
-/// The sixteen colours by which functions are told apart; black first, white last.
+/// The sixteen colours of the functions, from black to white.
 inline constexpr std::array<PaletteColour, 16> colourPalette{{{0, 0, 0},
                                                               {0, 0, 255},
                                                               {0, 128, 0},

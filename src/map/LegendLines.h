@@ -13,13 +13,14 @@ struct LegendLine
     int colour = 0; ///< index into the palette
     QStringList names;
 
-    /// The names on one line, as many as can be read; how many more there are, for the rest.
+    /// The names on one line. Of more than twenty, the rest is only counted.
     [[nodiscard]] QString text() const;
 };
 
-/// What a function is called on the map; a function without a name by its number.
+/// The name of a place's function, such as `Function 7` if it has none, or `None` if the place has no
+/// function.
 QString functionName(const clsCities& place);
 
-/// The legend of places: a line for each colour in use, in the palette's order, names in order of the
-/// alphabet.
+/// The legend of places: a line for each colour in use, in the order of the palette, with its names in
+/// alphabetical order.
 std::vector<LegendLine> legendLines(const std::vector<clsCities>& places);

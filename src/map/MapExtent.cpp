@@ -11,13 +11,13 @@ constexpr double smallestScale = 0.0001;
 constexpr double largestScale = 1;
 constexpr double roomAround = 1.04;
 
-/// At most one in so many places may lie beyond the contiguous states and be left out of sight.
+/// Places beyond the contiguous states are left out of sight if they are at most one in so many.
 constexpr std::size_t shareLeftOut = 8;
 
-/// In degrees of longitude: around a single place there is something to know it by.
+/// In degrees of longitude; what is around a single place tells where it is.
 constexpr double smallestStretch = 6;
 
-/// Those places that are to be in sight.
+/// Returns the places that are to be in sight.
 std::vector<QPointF> mainPlaces(const std::vector<QPointF>& places)
 {
     const QRectF states = MapProjection::contiguousStates();
@@ -40,7 +40,7 @@ QRectF around(const std::vector<QPointF>& places)
     return stretch;
 }
 
-/// How far the middle of the map can be moved.
+/// The bounds of the middle of the map.
 const QRectF& middleBounds()
 {
     static const QRectF bounds(MapProjection::toPlane(-276, 84), MapProjection::toPlane(84, -84));
@@ -118,7 +118,7 @@ void MapExtent::goTo(const std::vector<QPointF>& places)
     if (isInSight) return;
     const QRectF states = MapProjection::contiguousStates();
     const QRectF stretch = around(wanted);
-    // places all over the states look familiar only with the states whole
+    // for places all over the states, all of the states is the more familiar picture
     const bool isMost = states.contains(stretch) && stretch.width() > states.width() / 2;
     fit(isMost ? states : stretch);
 }

@@ -6,9 +6,9 @@
 
 #include <vector>
 
-/// The part of the map that is on the screen. Screen positions are in logical pixels from the upper left
-/// corner; the plane is that of MapProjection. The same part stays in sight when the screen's size changes:
-/// as it was fitted until it is moved or zoomed, by its middle and scale afterwards.
+/// The part of the map that is in sight. Screen positions are in logical pixels from the upper left corner of
+/// the widget; the plane is that of MapProjection. When the widget is resized, a part that was fitted is
+/// fitted again; once it was moved or zoomed, its middle and its scale stay.
 class MapExtent
 {
 public:
@@ -20,16 +20,16 @@ public:
     /// Shows a part of the plane as large as it fits, with a little room around it.
     void fit(const QRectF& plane);
 
-    /// Zooms in by a factor (out where it is below 1) and leaves the point below `about` where it is.
+    /// Zooms in by a factor (out if it is below 1); the point of the plane at `about` stays where it is.
     void zoom(double factor, QPointF about);
 
     /// Shows what lies within a rectangle of the screen.
     void zoomTo(const QRectF& screen);
 
-    /// Moves the map's picture by so many pixels.
+    /// Moves the map by so many pixels.
     void pan(QPointF pixels);
 
-    /// Makes a point visible where it is not.
+    /// Moves to a point unless it is in sight.
     void show(QPointF plane);
 
     /// Moves to places of the plane unless they are in sight. A few of many that lie beyond the contiguous
@@ -47,7 +47,7 @@ public:
     /// In degrees of longitude.
     [[nodiscard]] double width() const { return m_size.width() * m_scale; }
 
-    /// The size of a marker in degrees, so that it is the same on the screen at every zoom.
+    /// The size of a marker in degrees of longitude; on the screen it is the same at every zoom.
     [[nodiscard]] double markerScale() const { return width() / 115; }
 
 private:

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int swatch = 12;
 constexpr int widestBeside = 240;
-constexpr int barFrame = 4; ///< of a scroll bar that has a frame of its own, at most
+constexpr int barFrame = 4; ///< at most; some styles put a frame around a scroll bar
 
 } // namespace
 
@@ -71,10 +71,10 @@ QSize MapLegend::sizeHint() const
     return {std::min(widest + 2 * spacing() + scrollBar, widestBeside), height};
 }
 
-/// As high as its lines are when they stand side by side as far as the width goes.
+/// The height of the lines side by side in that width.
 int MapLegend::heightForWidth(int width) const
 {
-    // the list leaves room for a scroll bar, shown or not
+    // the list keeps room for a scroll bar that is hidden
     const int lineWidth = width - verticalScrollBar()->sizeHint().width() - barFrame;
     int height = spacing();
     int right = lineWidth;

@@ -14,7 +14,7 @@ public:
 
     void setLines(const std::vector<LegendLine>& lines);
 
-    /// Stands beside the map as a column, or below it with its lines side by side and no higher than that.
+    /// Lays the lines out in a column beside the map, or side by side below it, at most so many pixels high.
     void setPlace(bool beside, int highestBelow);
 
     [[nodiscard]] QSize sizeHint() const override;

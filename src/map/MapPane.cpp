@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t mostNamesInTip = 12;
 
-/// A menu would take an ampersand for the mark of a key.
+/// A menu takes a single ampersand as the mark of a mnemonic.
 QString menuText(QString text)
 {
     return text.replace(u'&', QStringLiteral("&&"));
@@ -120,12 +120,12 @@ void MapPane::drawMap()
     });
     showPlaces();
     showSelected();
-    // a view that is read again stays where the user has moved it
+    // the map of a view that is read again stays where the user moved it
     if (isRead && m_shownView != m_history.current()) {
         m_shownView = m_history.current();
         m_map->ringed() ? m_map->showEntry(*m_map->ringed()) : m_map->goToPlaces();
     }
-    // the markers are there when the message of a missing layer comes
+    // last, so that the markers are drawn before the message about a missing layer
     runProcedure(m_messages, procedure, [this] { addStatesLayer(); });
 }
 
@@ -141,7 +141,7 @@ void MapPane::showPlaces()
     m_legend->setLines(legendLines(m_places.entries()));
 }
 
-/// Once the layer is there, it stays.
+/// Reads the states once. Throws Error.
 void MapPane::addStatesLayer()
 {
     if (m_map->hasStates()) return;
@@ -187,7 +187,7 @@ void MapPane::showMenu(std::size_t entry, const QPoint& position)
     const QString& state = m_menuPlace.State;
     m_showOnlyCity->setText(menuText(tr("Show Only %1, %2 Organizations").arg(m_menuPlace.city, state)));
     m_showOnlyState->setText(menuText(tr("Show Only %1 Organizations").arg(state)));
-    // nothing narrows to a place that has no name
+    // a place without a city cannot be narrowed to
     m_showOnlyCity->setEnabled(!m_menuPlace.city.isEmpty());
     m_showOnlyState->setVisible(m_menuPlace.hasState());
     m_menu->popup(position);
@@ -214,12 +214,12 @@ QString MapPane::description(std::size_t entry)
                     tr("and %n more", nullptr, static_cast<int>(organizations.size() - mostNamesInTip));
         }
     } catch (const Error&) {
-        // a tip is no place for a message: the place's name alone stands for it
+        // a tool tip shows no message: it is left with the name of the place
     }
     return text;
 }
 
-/// The legend stands where it takes least of the map.
+/// Puts the legend where it takes the least room from the map.
 void MapPane::resizeEvent(QResizeEvent* event)
 {
     constexpr double widestBelow = 1.75;

@@ -31,11 +31,11 @@ public:
     ~MapPane() override;
 
     /// Draws the places of the current view and rings that of its selected organization. For another view
-    /// than before, goes to that place or, without one, to all of them. Where the states or the places cannot
-    /// be read, its message is shown and what there is of the markers stays.
+    /// than before, goes to that place or, without one, to all of them. If the states or the places cannot be
+    /// read, the message is shown; places that were read are drawn.
     void drawMap();
 
-    /// Begins anew with another history.
+    /// Starts afresh after the history was cleared.
     void forget() { m_shownView = 0; }
 
     /// Takes all markers off the map.
@@ -44,13 +44,13 @@ public:
     /// Rings the marker of the organization that is selected in the view, or none.
     void showSelected();
 
-    /// Rings it, and moves the map to it if it is out of sight.
+    /// Rings that marker, and moves the map to it if it is out of sight.
     void goToSelected();
 
     [[nodiscard]] MapView& map() { return *m_map; }
 
 Q_SIGNALS:
-    /// The user chose a marker with these organizations.
+    /// The user chose a marker; these are its organizations.
     void organizationsChosen(const std::vector<qint64>& identifiers);
 
 protected:
@@ -73,7 +73,7 @@ private:
     Messages& m_messages;
     OrganizationPlaces m_places;
     ShowOnlyViews m_showOnly;
-    std::size_t m_shownView = 0; ///< its position in the history; 0 before the first
+    std::size_t m_shownView = 0; ///< position in the history; 0 before the first view
     clsCities m_menuPlace;       ///< what the pop-up menu acts on
     QBoxLayout* m_layout;
     QToolBar* m_tools;

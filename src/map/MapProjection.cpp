@@ -31,6 +31,6 @@ QPointF MapProjection::toDegrees(QPointF plane)
 
 QRectF MapProjection::contiguousStates()
 {
-    // Maine ends at 66.9 degrees; a high map shows Puerto Rico below, which is to be seen whole or not at all
+    // Maine ends at 66.9 degrees; a little more, so that a high map shows all of Puerto Rico, too
     return {toPlane(-124.8, 49.4), toPlane(-65.2, 24.5)};
 }

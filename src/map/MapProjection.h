@@ -3,13 +3,12 @@
 #include <QPointF>
 #include <QRectF>
 
-/// Degrees on the earth, and points of the plane that the map is drawn on. In the plane, x is the longitude
-/// in degrees and y grows to the south, stretched at each latitude as much as x is there, so that no shape
-/// looks squashed wherever the map is moved.
+/// The Mercator projection. In the plane of the map, x is the longitude in degrees, and y grows to the south
+/// in units as long as a degree of longitude.
 namespace MapProjection {
 
-/// A longitude beyond the back of the map, such as that of Guam or of the westernmost Aleutians, continues
-/// the map in the west: 172 becomes -188.
+/// Returns a longitude of at most 84 degrees, so that Guam and the westernmost Aleutians lie in the west: 172
+/// becomes -188.
 double continuous(double lon);
 
 /// Latitudes beyond 85 degrees are taken as 85.

@@ -8,8 +8,8 @@
 
 namespace {
 
-/// A magnifying glass with a plus or a minus, which points with the middle of its glass. Dark lines over
-/// broader light ones are seen on any ground.
+/// A magnifying glass with a plus or a minus, whose hot spot is the middle of the glass. Dark lines over
+/// broader light ones can be seen on any background.
 QCursor zoomCursor(bool in, double devicePixelRatio)
 {
     constexpr int size = 24;

@@ -2,8 +2,8 @@
 
 #include <QCursor>
 
-/// What the left button does on the map. With every tool, dragging moves the map, but for the one that zooms
-/// in: it zooms to the rectangle that is dragged.
+/// What the left mouse button does on the map. Dragging moves the map; with ZoomIn, it draws the rectangle to
+/// zoom to.
 enum class MapTool
 {
     Pointer,
@@ -12,5 +12,5 @@ enum class MapTool
     Pan
 };
 
-/// The mouse pointer that tells which tool is active. The screen's scale says how finely it is drawn.
+/// The mouse pointer of a tool, drawn for a screen of that scale.
 [[nodiscard]] QCursor cursorOf(MapTool tool, bool isPressed, double devicePixelRatio);

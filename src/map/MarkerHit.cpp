@@ -12,7 +12,7 @@ std::optional<std::size_t> markerAt(std::span<const QPointF> markers, QPointF po
         const bool isUnderPointer = distance <= square(reach.drawn);
         if (!isUnderPointer && distance > least) continue;
         found = i;
-        // nothing that is merely near comes before what is under the pointer
+        // a marker that is only near does not replace one under the pointer
         least = isUnderPointer ? 0 : distance;
     }
     return found;

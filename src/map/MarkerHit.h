@@ -6,15 +6,15 @@
 #include <optional>
 #include <span>
 
-/// How far from its middle a marker can be hit, in pixels.
+/// The distances from its middle at which a marker is hit, in pixels.
 struct MarkerReach
 {
-    double drawn = 0; ///< as far as it is drawn; there the marker drawn last is the one that is seen
-    double near = 0;  ///< beyond, where the nearest marker is meant
+    double drawn = 0; ///< the marker is drawn up to here; of several, the one drawn last is hit
+    double near = 0;  ///< beyond that and up to here, the nearest marker is hit
 };
 
-/// The marker that a pointer means: the last of those under it, else the nearest one. Markers are given by
-/// their positions in the plane of the map, in the order in which they are drawn; `scale` is of the plane to
-/// a pixel.
+/// Returns the index of the marker that a pointer hits, or `std::nullopt`. Markers and pointer are points of
+/// the plane of the map, the markers in the order in which they are drawn; a pixel is `scale` units of the
+/// plane.
 std::optional<std::size_t> markerAt(std::span<const QPointF> markers, QPointF pointer, double scale,
                                     MarkerReach reach);

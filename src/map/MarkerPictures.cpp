@@ -16,7 +16,7 @@ QPixmap MarkerPictures::draw(int colour, double diameter, double devicePixelRati
     painter.setRenderHint(QPainter::Antialiasing);
     const PaletteColour& fill = colourPalette[static_cast<std::size_t>(colour)];
     const double middle = pixels / devicePixelRatio / 2;
-    // a light ring outside and a dark one inside keep each colour apart from whatever lies below it
+    // a light ring outside and a dark one inside set every colour off from what lies below
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(255, 255, 255, 220));
     painter.drawEllipse(QPointF(middle, middle), diameter / 2 + 1, diameter / 2 + 1);

@@ -8,7 +8,7 @@
 class MarkerPictures
 {
 public:
-    /// Draws them anew where the diameter (in logical pixels) or the screen's scale has changed.
+    /// Draws the markers anew if the diameter (in logical pixels) or the scale of the screen has changed.
     void prepare(double diameter, double devicePixelRatio);
 
     [[nodiscard]] const QPixmap& marker(int colour) const
@@ -16,10 +16,10 @@ public:
         return m_markers[static_cast<std::size_t>(colour)];
     }
 
-    /// The room that a marker takes with the line around it, in logical pixels.
+    /// The width of a marker with the ring around it, in logical pixels.
     [[nodiscard]] double extent() const { return m_diameter + 2; }
 
-    /// One marker, as for a legend.
+    /// Draws one marker, as for a legend.
     static QPixmap draw(int colour, double diameter, double devicePixelRatio);
 
 private:

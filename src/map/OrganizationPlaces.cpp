@@ -24,13 +24,13 @@ QString functionCondition(std::optional<qint64> functionId)
                       : QStringLiteral(" AND Organization.FunctionID IS NULL");
 }
 
-/// All digits, so that the engine finds the very same number again.
+/// With all digits, so that SQLite reads the very same number.
 QString exactNumber(double number)
 {
     return QString::number(number, 'g', 17);
 }
 
-/// One text for each place and function; a place without a known city is told by its position.
+/// The key of a place and a function. A place without a known city goes by its position.
 QString keyOf(std::optional<qint64> location, double lat, double lon, std::optional<qint64> functionId)
 {
     const QString place = location ? QString::number(*location) : exactNumber(lat) + u' ' + exactNumber(lon);
@@ -79,8 +79,8 @@ void OrganizationPlaces::readPlaces(std::optional<qint64> functionId)
         addPlace(places, functionId);
 }
 
-/// A statement for each of thousands of functions would look through all organizations as often. Repeated
-/// places need no DISTINCT, since each is added once.
+/// One statement instead of thousands, each of which would scan all organizations. It needs no DISTINCT,
+/// since each place is added once.
 void OrganizationPlaces::readAllPlaces(const std::vector<std::optional<qint64>>& functions)
 {
     std::map<std::optional<qint64>, std::size_t> order;

@@ -27,19 +27,19 @@ public:
     /// The session must outlive the places.
     explicit OrganizationPlaces(DatabaseSession& session) : m_session(session) {}
 
-    /// Forgets the places before, and reads those of a query. Throws Error; the places read so far stay.
+    /// Reads the places of a query in place of those before. Throws Error; then the places read so far stay.
     void read(const SharedQuery& query);
 
     void clear();
 
     [[nodiscard]] const std::vector<clsCities>& entries() const { return m_entries; }
 
-    /// The organizations of the view at an entry's place, in the order of their names: those of its function,
-    /// or of all functions. Throws Error.
+    /// Returns the organizations of the view at an entry's place, ordered by name: those of its function, or
+    /// of all functions. Throws Error.
     [[nodiscard]] std::vector<PlacedOrganization> organizationsAt(std::size_t entry,
                                                                   bool everyFunction) const;
 
-    /// The entry that stands for an organization; nothing where it is not on the map. Throws Error.
+    /// Returns the entry of an organization; `std::nullopt` if it is not on the map. Throws Error.
     [[nodiscard]] std::optional<std::size_t> entryOf(qint64 organization) const;
 
 private:

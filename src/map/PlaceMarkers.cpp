@@ -32,7 +32,7 @@ void PlaceMarkers::set(const std::vector<clsCities>& places)
         m_colours.push_back(place.colour);
         m_names.push_back(place.placeText() + QStringLiteral(": ") + functionName(place));
     }
-    // one marker covers another at the very same position, so only the last of them needs to be drawn
+    // of markers at the same position, only the last can be seen
     std::set<std::pair<double, double>> covered;
     for (std::size_t entry = m_positions.size(); entry-- > 0;) {
         if (covered.insert({m_positions[entry].x(), m_positions[entry].y()}).second)
@@ -75,7 +75,7 @@ void PlaceMarkers::paint(QPainter& painter, const MapExtent& extent, const QRect
     for (const std::size_t entry : m_topmost) {
         const QPointF middle = extent.toScreen(m_positions[entry]);
         if (!reach.contains(middle)) continue;
-        // on whole pixels of the screen, where a picture is copied as it is
+        // on whole device pixels, a picture is copied without smoothing
         const QPointF corner(std::round((middle.x() - half) * ratio) / ratio,
                              std::round((middle.y() - half) * ratio) / ratio);
         painter.drawPixmap(corner, m_pictures.marker(m_colours[entry]));

@@ -20,7 +20,7 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(ShapeFile)
 };
 
-/// The file of that path, whatever the letter case of its name.
+/// Returns the path of a file whose name may differ in letter case; the path itself if there is none.
 QString anyCase(const QString& path)
 {
     if (QFileInfo::exists(path)) return path;
@@ -74,7 +74,7 @@ int closeFile(SAFile file)
     return 0;
 }
 
-/// Reads only, and keeps what goes wrong to itself: the calls' own results tell it.
+/// Files that can only be read. Errors are not printed: the results of the calls tell of them.
 SAHooks quietHooks()
 {
     SAHooks hooks{};
@@ -120,7 +120,7 @@ std::vector<std::vector<QPointF>> ringsOf(const SHPObject& shape)
         }
         std::vector<QPointF>& ring = rings.emplace_back();
         for (int vertex = begin; vertex < end; ++vertex) {
-            // also catches what is not a number
+            // also false for NaN
             if (!isOnEarth(shape.padfX[vertex], shape.padfY[vertex])) {
                 ShapeFileCheck::refuse(Texts::tr("A border leads off the earth."));
             }

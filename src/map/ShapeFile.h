@@ -5,8 +5,8 @@
 
 #include <vector>
 
-/// A record of a file of shapes: rings of longitude and latitude in degrees, and what the table beside the
-/// shapes calls them.
+/// A record of a shapefile: rings of longitude and latitude in degrees, and their name and letters in the
+/// table beside the shapes.
 struct ShapeRecord
 {
     std::vector<std::vector<QPointF>> rings;
@@ -14,12 +14,12 @@ struct ShapeRecord
     QString letters;
 };
 
-/// Files of polygons with their index and their table (`.shp`, `.shx` and `.dbf`, in any letter case). Every
-/// figure in them is checked before it is used, since such files come from discs and downloads.
+/// Shapefiles of polygons with their index and their table (`.shp`, `.shx` and `.dbf`, in any letter case).
+/// They come from discs and downloads, so every number in them is checked before it is used.
 namespace ShapeFile {
 
-/// All records. `shapes` is the path of the `.shp` file; the other two lie beside it. Throws Error where one
-/// of the three is missing, cut short or damaged.
+/// Returns all records. `shapes` is the path of the `.shp` file; the other two lie beside it. Throws Error if
+/// one of the three is missing, cut short or damaged.
 std::vector<ShapeRecord> read(const QString& shapes);
 
 } // namespace ShapeFile

@@ -56,13 +56,13 @@ void checkHeader(const Bytes& bytes, const QString& which)
     if (!holdsPolygons(little(bytes, 32))) {
         ShapeFileCheck::refuse(Texts::tr("The %1 file holds no polygons.").arg(which));
     }
-    // the length is given in words of two bytes
+    // the length is in words of two bytes
     if (qint64{big(bytes, 24)} * 2 != sizeOf(bytes)) {
         ShapeFileCheck::refuse(Texts::tr("The %1 file is not as long as it says.").arg(which));
     }
 }
 
-/// Checks one record against the size of the file and of itself; gives its number of vertices.
+/// Checks one record against the size of the file and of itself, and returns its number of vertices.
 int checkRecord(const Bytes& shapes, qint64 begin, qint64 length)
 {
     if (begin < headerSize || length < 4 || begin + recordHeaderSize + length > sizeOf(shapes)) {

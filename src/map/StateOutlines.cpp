@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Points closer than this cannot be told apart. A grid, so that neighbours leave out the same points.
+/// In pixels. Points in one cell of this grid become one, the same ones on both sides of a common border.
 constexpr double grid = 0.25;
 constexpr double outOfSight = 16;
 
@@ -14,7 +14,7 @@ QPointF onGrid(QPointF pixels)
     return {std::round(pixels.x() / grid) * grid, std::round(pixels.y() / grid) * grid};
 }
 
-/// Cuts a ring at one side; `distance` is positive for what is kept.
+/// Cuts a ring at a line; points at a positive distance are kept.
 template <typename Distance>
 std::vector<QPointF> cut(const std::vector<QPointF>& ring, Distance distance)
 {
@@ -63,8 +63,8 @@ std::vector<std::vector<QPointF>> outlines(const StateShape& state, const MapPic
 
 namespace {
 
-/// What a line of text at a height has to itself of a state, from left to right in the plane; about the given
-/// place, or else about the widest one.
+/// Returns the room for a line of text at a height of a ring, as left and right in the plane: around `about`,
+/// or around the middle of the widest part.
 std::optional<std::pair<double, double>> roomAcross(const PlaneRing& ring, double y, double halfHeight,
                                                     std::optional<double> about)
 {
@@ -99,7 +99,7 @@ bool isFree(const QRectF& place, const std::vector<QPointF>& avoided)
 std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& picture, QSizeF text,
                                const std::vector<QPointF>& avoided)
 {
-    constexpr int linesTried = 12; // above and below the best one
+    constexpr int linesTried = 12; // on each side of the best one
     const double halfHeight = text.height() / 2 * picture.scale;
     if (text.width() * picture.scale > state.bounds.width()) return std::nullopt;
     for (int line = 0; line <= 2 * linesTried; ++line) {

@@ -9,8 +9,8 @@
 #include <optional>
 #include <vector>
 
-/// A picture of the map: which point of the plane is in its upper left corner, and how much of the plane a
-/// pixel of it is.
+/// A picture of the map: the point of the plane in its upper left corner, and the units of the plane per
+/// pixel.
 struct MapPicture
 {
     QPointF corner;
@@ -20,12 +20,12 @@ struct MapPicture
     [[nodiscard]] QPointF toPixels(QPointF plane) const { return (plane - corner) / scale; }
 };
 
-/// The rings of a state as a picture shows them, in pixels: only what is in sight, and no more points than
-/// the picture can tell apart. Neighbours keep their common border.
+/// Returns the rings of a state in the pixels of a picture: only what is in sight, and no more points than
+/// the picture can resolve. Neighbours keep their common border.
 std::vector<std::vector<QPointF>> outlines(const StateShape& state, const MapPicture& picture);
 
-/// Where a text of that size fits into a state without one of the points in it, as the text's middle in
-/// pixels; `std::nullopt` if it does not. The points are in pixels too, from top to bottom.
+/// Returns the middle of a place in a state, in pixels, that is as large as the text and free of the points
+/// to avoid; `std::nullopt` if there is none. The points are in pixels, too, ordered from top to bottom.
 std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& picture, QSizeF text,
                                const std::vector<QPointF>& avoided = {});
 

@@ -7,9 +7,9 @@
 
 namespace {
 
-/// In square degrees of the plane; the islands and the capital's district are smaller.
+/// In square degrees of the plane. Islands and the District of Columbia are smaller.
 constexpr double smallArea = 0.3;
-/// How far a small shape may stand off and still be part of the whole, as a share of its size.
+/// A small shape belongs to the full extent if it is no further off than this share of the extent's size.
 constexpr double nearShare = 0.05;
 constexpr int linesTried = 24;
 
@@ -42,7 +42,7 @@ QRectF boundsOf(const PlaneRing& ring)
     return {QPointF(left->x(), top->y()), QPointF(right->x(), bottom->y())};
 }
 
-/// The middle of the widest line across a ring; lines near its middle are preferred.
+/// Returns the middle of the widest horizontal line across a ring; lines near its middle are preferred.
 QPointF widestPlace(const PlaneRing& ring)
 {
     const QRectF bounds = boundsOf(ring);

@@ -18,10 +18,10 @@ struct StateShape
     std::vector<PlaneRing> rings;
     QRectF bounds;
     std::size_t largest = 0; ///< the ring that the name is written in
-    QPointF label;           ///< the middle of where that ring is widest
+    QPointF label;           ///< the best place for the middle of the name
 };
 
-/// The states as the map draws them. What a shape has beyond the back of the map is joined to it in the west.
+/// The states as the map draws them, in the plane of MapProjection.
 class StatesLayer
 {
 public:
@@ -30,8 +30,8 @@ public:
 
     [[nodiscard]] const std::vector<StateShape>& states() const { return m_states; }
 
-    /// What a look at the whole layer shows: all shapes but the small ones far off, which would shrink the
-    /// rest to a patch. The 48 contiguous states where the layer is empty.
+    /// The bounds of all shapes but small ones far off, which would shrink the rest to a patch; those of the
+    /// 48 contiguous states if the layer is empty.
     [[nodiscard]] const QRectF& fullExtent() const { return m_fullExtent; }
 
 private:
@@ -39,5 +39,5 @@ private:
     QRectF m_fullExtent;
 };
 
-/// The parts of a horizontal line that lie within a ring, from the left to the right: pairs of x.
+/// Returns the parts of the horizontal line at `y` that lie within a ring, as pairs of x, from left to right.
 std::vector<std::pair<double, double>> chords(const PlaneRing& ring, double y);

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Logical pixels on each side beyond what is in sight.
+/// Of the picture around what is in sight, in logical pixels.
 constexpr double margin = 160;
 constexpr double widestMarker = 14;
 const QColor stateColour(192, 192, 192);
@@ -37,7 +37,7 @@ void StatesPicture::setMarkers(std::vector<QPointF> markers)
     forget();
 }
 
-/// The markers about a state in the pixels of the picture, from top to bottom.
+/// Returns the markers within the bounds of a state, in the pixels of the picture, from top to bottom.
 std::vector<QPointF> StatesPicture::markersIn(const StateShape& state) const
 {
     std::vector<QPointF> found;
@@ -80,7 +80,7 @@ void StatesPicture::render(const MapExtent& extent, const QPalette& palette, con
     m_picture.setDevicePixelRatio(devicePixelRatio);
     m_picture.fill(palette.color(QPalette::Base));
     QPainter painter(&m_picture);
-    // outlines and room for names are reckoned in device pixels
+    // outlines and places of names are in device pixels
     painter.scale(1 / devicePixelRatio, 1 / devicePixelRatio);
     drawStates(painter);
     drawNames(painter, font);

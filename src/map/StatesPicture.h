@@ -10,21 +10,21 @@
 
 class QPainter;
 
-/// The states as a picture, somewhat larger than the screen, so that it only needs to be moved while the map
-/// is dragged. Borders and names are drawn anew at every zoom, in the pixels of the screen.
+/// The states as a picture somewhat larger than the widget, so that dragging the map only moves it. Borders
+/// and names are drawn anew at every zoom, in device pixels.
 class StatesPicture
 {
 public:
     void setLayer(StatesLayer layer);
     [[nodiscard]] const StatesLayer& layer() const { return m_layer; }
 
-    /// The points of the plane that names keep clear of.
+    /// Takes the points of the plane that names must keep clear of.
     void setMarkers(std::vector<QPointF> markers);
 
     /// Paints the part that the extent shows, at the painter's origin.
     void paint(QPainter& painter, const MapExtent& extent, const QPalette& palette, const QFont& font);
 
-    /// Makes the next painting draw anew, as after a change of palette or font.
+    /// Makes the next painting draw the picture anew, as after a change of palette or font.
     void forget() { m_picture = QPixmap(); }
 
 private:
@@ -36,7 +36,7 @@ private:
     [[nodiscard]] std::vector<QPointF> markersIn(const StateShape& state) const;
 
     StatesLayer m_layer;
-    std::vector<QPointF> m_markers; ///< in the plane, each place once, from left to right
+    std::vector<QPointF> m_markers; ///< in the plane, each point once, from left to right
     QPixmap m_picture;
     MapPicture m_frame; ///< in device pixels
 };

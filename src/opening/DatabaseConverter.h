@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// Converts an Access file into a database of the program, where the user can watch and stop it.
+/// Converts Access files into databases of the program, while the user can watch and cancel it.
 class DatabaseConverter
 {
 public:
@@ -20,13 +20,14 @@ public:
         };
 
         End end = End::Failed;
-        int status = 0;      ///< of the process that converts, where it failed
-        QString error;       ///< what it said, where it failed
-        ImportReport report; ///< what it told, where it is done
+        int status = 0;      ///< exit status of the process that converts, if it failed
+        QString error;       ///< its error message, if it failed
+        ImportReport report; ///< complete if the conversion is done
     };
 
-    /// Makes `target` of `source`. An existing target is replaced, once the new one is complete, where
-    /// `replace` says so, and is else a failure. Never ends the program, whatever the file holds.
+    /// Makes the database `target` from the file `source`. With `replace`, an existing target is replaced
+    /// once the new one is complete; without, it makes the conversion fail. Never ends the program, whatever
+    /// the file holds.
     [[nodiscard]] virtual Result convert(const QString& source, const QString& target, bool replace) = 0;
 
 protected:

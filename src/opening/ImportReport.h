@@ -6,26 +6,26 @@
 
 #include <optional>
 
-/// How far a conversion has come.
+/// The progress of a conversion.
 struct ImportProgress
 {
     int percent = 0;
-    QString step; ///< for the user: what is done now
+    QString step; ///< what is done now, for the user; empty if that has not changed
 };
 
-/// What the process that converts an Access file tells, line by line: fields divided by tabs, with tabs, line
-/// ends and backslashes in a field written as `\t`, `\n`, `\r` and `\\`.
+/// The report of the process that converts an Access file. Each line has fields divided by tabs; tabs, line
+/// ends and backslashes within a field are written as `\t`, `\n`, `\r` and `\\`.
 class ImportReport
 {
 public:
-    /// Takes one line without its end. Gives the progress where the line tells of any; a line of a kind
-    /// that is not known is passed over.
+    /// Takes one line without its end. Returns the progress that it tells, if any. Lines of an unknown kind
+    /// are ignored.
     std::optional<ImportProgress> take(const QByteArray& line);
 
-    /// How many of the program's own tables the file had.
+    /// The number of the program's own tables in the file.
     [[nodiscard]] int knownTables() const { return m_knownTables; }
 
-    /// What the user should know of the conversion, in a few lines.
+    /// What the user should know about the conversion, in a few lines.
     [[nodiscard]] QString text() const;
 
 private:

@@ -1,6 +1,5 @@
 #include "opening/frmImport.h"
 
-#include <QApplication>
 #include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QLabel>
@@ -15,7 +14,7 @@ constexpr int dialogWidth = 480;
 constexpr int patienceMilliseconds = 3000;
 constexpr int crashNumber = 5;
 
-/// The one line that the tool says on a failure, without the word that begins it.
+/// The last line of the tool's error output, without its first field.
 QString errorText(const QByteArray& output)
 {
     const QByteArray line = output.trimmed().split('\n').back();
@@ -71,7 +70,7 @@ DatabaseConverter::Result frmImport::run(const QString& source, const QString& t
     return m_result;
 }
 
-/// The tool removes what it has not finished; only one that does not answer is ended without asking.
+/// Asks the tool to end, so that it removes the unfinished database. It is killed if it does not answer.
 void frmImport::reject()
 {
     if (m_process.state() == QProcess::NotRunning) {
@@ -103,7 +102,7 @@ void frmImport::finish(int status, QProcess::ExitStatus exit)
     readOutput();
     using End = DatabaseConverter::Result::End;
     if (exit == QProcess::NormalExit && status == 0) {
-        // also where the user asked to stop just after the last moment to do so
+        // also if the user cancelled it when it was all but done
         m_result.end = End::Done;
     } else if (m_cancelled) {
         m_result.end = End::Cancelled;
@@ -124,11 +123,4 @@ void frmImport::fail(QProcess::ProcessError error)
     m_result.error =
         tr("The program that converts Access files cannot be started: %1").arg(m_process.errorString());
     QTimer::singleShot(0, this, [this] { done(QDialog::Rejected); });
-}
-
-DatabaseConverter::Result DesktopDatabaseConverter::convert(const QString& source, const QString& target,
-                                                            bool replace)
-{
-    frmImport window(m_tool, QApplication::activeWindow());
-    return window.run(source, target, replace);
 }

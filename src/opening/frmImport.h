@@ -10,8 +10,8 @@ class QLabel;
 class QProgressBar;
 class QPushButton;
 
-/// Shows how the conversion of an Access file goes on, and lets the user stop it. The work is done by a
-/// process of its own, so that no file, however damaged, can take the program with it.
+/// Shows the progress of the conversion of an Access file, and lets the user cancel it. A process of its own
+/// does the work, so that a damaged file cannot crash the program. One window runs one conversion.
 class frmImport final : public QDialog
 {
     Q_OBJECT
@@ -21,8 +21,8 @@ public:
     frmImport(QString tool, QWidget* parent);
     ~frmImport() override;
 
-    /// Runs a conversion to its end, modally.
-    DatabaseConverter::Result run(const QString& source, const QString& target, bool replace);
+    /// Runs a conversion, as in DatabaseConverter, and returns when it has ended.
+    [[nodiscard]] DatabaseConverter::Result run(const QString& source, const QString& target, bool replace);
 
 public Q_SLOTS:
     void reject() override;
@@ -34,23 +34,11 @@ private:
 
     QString m_tool;
     QProcess m_process;
-    QByteArray m_rest;
+    QByteArray m_rest; ///< of the output: a line without its end
     DatabaseConverter::Result m_result;
     bool m_cancelled = false;
     QLabel* m_title;
     QLabel* m_step;
     QProgressBar* m_bar;
     QPushButton* m_cancel;
-};
-
-/// Converts by the program's own tool, under a window that shows the progress.
-class DesktopDatabaseConverter final : public DatabaseConverter
-{
-public:
-    explicit DesktopDatabaseConverter(QString tool) : m_tool(std::move(tool)) {}
-
-    [[nodiscard]] Result convert(const QString& source, const QString& target, bool replace) override;
-
-private:
-    QString m_tool;
 };

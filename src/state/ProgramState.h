@@ -7,7 +7,8 @@
 
 #include <QString>
 
-/// What the whole program shares, from its start to its end. Start-up makes it and passes it on by reference.
+/// What the program shares from its start to its end. Start-up owns it and hands each class the parts that it
+/// needs, by reference; another database is opened in the same session.
 struct ProgramState
 {
     explicit ProgramState(ProgramFolder programFolder) : folder(std::move(programFolder)) {}

@@ -30,7 +30,7 @@ EmptyWindowNotice::EmptyWindowNotice(QWidget* parent)
     m_layout->addWidget(m_text);
     m_layout->addWidget(m_before, 0, Qt::AlignCenter);
     m_layout->addWidget(m_after, 0, Qt::AlignCenter);
-    // the lines of the grid do not run through the words
+    // hides the grid behind the text
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
     hide();
@@ -45,7 +45,7 @@ QToolButton* EmptyWindowNotice::makeLink(const QString& name, const QString& ico
     link->setAutoRaise(true);
     link->setCursor(Qt::PointingHandCursor);
     connect(link, &QToolButton::clicked, this, [this, link] {
-        // the link is about to go, and the keys are the timeline's
+        // the link is about to be hidden; the focus goes back to the timeline
         if (link->hasFocus()) parentWidget()->setFocus();
         Q_EMIT chosen(link->property("tag").toLongLong());
     });
@@ -59,7 +59,7 @@ void EmptyWindowNotice::fill(QToolButton& link, const std::optional<NearestEvent
     if (!nearest) return;
     const QString whole = words.arg(dateTimeText(nearest->start), nearest->eventName);
     QString text = link.fontMetrics().elidedText(whole, Qt::ElideRight, room - iconRoom);
-    // a button would take an ampersand for the mark of a key
+    // a button takes a single ampersand as the mark of a mnemonic
     link.setText(text.replace(u'&', QStringLiteral("&&")));
     link.setAccessibleName(whole);
     link.setToolTip(PlainToolTip::text(whole));

@@ -8,8 +8,8 @@ class QBoxLayout;
 class QLabel;
 class QToolButton;
 
-/// What an empty window says: that it is, and where the nearest events before and after it are. A click on
-/// one of them asks to go there.
+/// The notice over a window without events. Names the nearest events before and after it, with a link to
+/// each.
 class EmptyWindowNotice final : public QWidget
 {
     Q_OBJECT
@@ -17,10 +17,11 @@ class EmptyWindowNotice final : public QWidget
 public:
     explicit EmptyWindowNotice(QWidget* parent);
 
-    /// Says where the nearest events are and takes the middle of its parent; in one line where that is low.
+    /// Shows the nearest events, in the middle of the parent; on one line if the parent is too low for three.
     void showNearest(const std::optional<NearestEvent>& before, const std::optional<NearestEvent>& after);
 
 Q_SIGNALS:
+    /// The link to an event was clicked.
     void chosen(qint64 eventId);
 
 private:

@@ -4,8 +4,8 @@
 
 #include <QLabel>
 
-/// The caption of one lane. It belongs to the pool of the picture: made once, then moved, told what to say,
-/// shown and hidden. Its property `tag` is the identifier of its event.
+/// The caption of one lane. It belongs to the pool of the picture: made once, then filled, moved, shown and
+/// hidden. Its property `tag` is the identifier of its event.
 class EventLabel final : public QLabel
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ class EventLabel final : public QLabel
 public:
     explicit EventLabel(QWidget* parent);
 
-    /// Says what the lane at `index` from the top says, and stands where it stands.
+    /// Shows the caption of a lane; `index` is the number of the lane from the top, from 0.
     void showLane(const Lane& lane, int index);
 
     [[nodiscard]] qint64 eventId() const { return m_eventId; }

@@ -58,11 +58,11 @@ void EventMarker::paintEvent(QPaintEvent* /*event*/)
     const bool isSelected = m_picture == Picture::imgSelected || m_picture == Picture::imgSelectedKey;
     const bool isKey = m_picture == Picture::imgDefaultKey || m_picture == Picture::imgSelectedKey;
     const QPointF middle = QRectF(rect()).center();
-    // at an edge of the timeline it is drawn narrower rather than cut through its middle
+    // at an edge of the timeline it is drawn narrower rather than cut off
     const QRectF seen = parentWidget()->rect().translated(-pos());
     const QRectF whole(middle.x() - 7, middle.y() - 7, 14, 14);
     const QRectF outer = whole.intersected(seen.adjusted(0.5, 0, -0.5, 0));
-    // dark as the colours are, an outline keeps them apart from a dark ground
+    // the colours are dark: an outline sets them off from a dark background
     QColor outline = palette().color(QPalette::Text);
     outline.setAlpha(outlineAlpha);
     painter.setPen(QPen(outline, 1));

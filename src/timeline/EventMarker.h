@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-/// The marker of one lane whose event takes no time. It belongs to the pool of the picture, as its label
+/// The marker of one lane whose event takes no time. It belongs to the pool of the picture, as EventLabel
 /// does.
 class EventMarker final : public QWidget
 {
@@ -22,11 +22,12 @@ public:
 
     explicit EventMarker(QWidget* parent);
 
+    /// Shows the marker of a lane; `index` is the number of the lane from the top, from 0.
     void showLane(const Lane& lane, int index);
 
     [[nodiscard]] Picture picture() const { return m_picture; }
 
-    /// The sign of a key event, as large as the rectangle; bars carry it too.
+    /// Paints the sign of a key event as large as the rectangle. Bars carry it too.
     static void paintKey(QPainter& painter, const QRectF& place);
 
 protected:

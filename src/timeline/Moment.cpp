@@ -9,7 +9,7 @@ namespace {
 constexpr int earliestYear = 100;
 constexpr int latestYear = 9999;
 
-/// The number that stands at a place of a text, digits alone; -1 where there is none.
+/// Returns the number that `length` digits of a text make from a position on; -1 if they are not all digits.
 int numberAt(std::string_view text, std::size_t at, std::size_t length)
 {
     if (text.size() < at + length) return -1;

@@ -8,15 +8,15 @@
 #include <optional>
 #include <string_view>
 
-/// A moment to the minute, in the Gregorian calendar as it reaches back before its own beginning: the minutes
-/// since the midnight that begins Julian day 0.
+/// A moment to the minute: the minutes since the midnight that begins Julian day 0, in the proleptic
+/// Gregorian calendar.
 using Moment = std::int64_t;
 
 using Minutes = std::int64_t;
 
 inline constexpr Minutes minutesOfDay = Minutes{24} * 60;
 
-/// Both must be valid.
+/// The day and the time must be valid.
 [[nodiscard]] Moment momentOf(QDate day, QTime time = QTime(0, 0));
 
 [[nodiscard]] QDate dayOf(Moment moment);
@@ -28,11 +28,11 @@ inline constexpr Minutes minutesOfDay = Minutes{24} * 60;
 [[nodiscard]] Moment earliestMoment();
 [[nodiscard]] Moment latestMoment();
 
-/// What the file holds as `YYYY-MM-DD` and `HH:MM` (seconds are dropped). A missing time is midnight; nothing
-/// where the date is missing or where there is no such day or time.
+/// Returns the moment that the file holds as `YYYY-MM-DD` and `HH:MM` (seconds are dropped). An empty time is
+/// midnight. Returns `std::nullopt` if the date is empty or there is no such day or time.
 [[nodiscard]] std::optional<Moment> momentOfHeld(std::string_view date, std::string_view time);
 
-/// `mm/dd/yyyy`, `hh:mm`, and both with a blank between them, whatever the locale.
+/// `mm/dd/yyyy`, `hh:mm`, and both with a blank between them, in every locale.
 [[nodiscard]] QString dateText(Moment moment);
 [[nodiscard]] QString timeText(Moment moment);
 [[nodiscard]] QString dateTimeText(Moment moment);

@@ -11,7 +11,7 @@ namespace {
 constexpr int captionGap = 3;
 constexpr int tickRoom = 14;
 
-/// The heights of the ticks, by rank; those of days and longer cross the row of dates too.
+/// The height of a tick by its rank. Ticks of days and longer cross the row of dates too.
 int tickHeight(TimelineRuler::Rank rank, int whole)
 {
     switch (rank) {
@@ -88,7 +88,7 @@ void RulerStrip::showRuler()
         caption.setText(texts[i]);
         caption.adjustSize();
         const int at = static_cast<int>(i) * TimelineScale::stepWidth;
-        // at the right edge the caption stands before its moment rather than half beyond the edge
+        // a caption that does not fit to the right of its moment stands to the left of it
         const bool fits = at + captionGap + caption.width() <= width();
         caption.move(fits ? at + captionGap : at - captionGap - caption.width(), 0);
         caption.setVisible(at < width());
@@ -129,7 +129,7 @@ void RulerStrip::paintLabels(QPainter& painter, int top) const
         const int row = label.isDate ? top : top + lineHeight;
         painter.setFont(label.isDate ? m_dateFont : font());
         painter.setPen(label.rank == TimelineRuler::Rank::Part ? faint(plain) : plain);
-        // at the right edge a date stands across its tick
+        // a date at the right edge covers its tick
         if (label.isDate) {
             const QRectF room(label.left - 1, row, labelWidth(label.text, true) + 2, lineHeight);
             painter.fillRect(room, palette().color(QPalette::AlternateBase));

@@ -7,8 +7,8 @@
 class QLabel;
 class Timeline;
 
-/// The strip of the scale above the lanes, and the four captions that say which moments stand at the left
-/// edge and one, two and three steps after it.
+/// The ruler above the lanes, with the four captions of the moments at the left edge and one, two and three
+/// steps after it.
 class RulerStrip final : public QWidget
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     /// The timeline must outlive the strip.
     RulerStrip(const Timeline& timeline, QWidget* parent);
 
-    /// The width of a label: dates are bold.
+    /// The width of a label in pixels. Dates are bold.
     [[nodiscard]] int labelWidth(const QString& text, bool isDate) const;
 
     /// Shows the ruler and the captions as they are now.
@@ -30,7 +30,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
 
-    /// The picture below may have its new width, and have shown the ruler, before the strip has its own.
+    /// The picture below may get its new width, and show the ruler for it, before this strip is resized.
     void resizeEvent(QResizeEvent* /*event*/) override { showRuler(); }
 
 private:

@@ -23,13 +23,13 @@ void TimeWindow::setWidth(int width)
     enableZoomOut();
 }
 
-/// What was the whole timeline may no longer be, and the other way round.
+/// A window that showed the whole timeline may no longer do so, and the other way round.
 void TimeWindow::enableZoomOut()
 {
     m_canZoomOut = m_zoomFactor < TimelineScale::dayLevel && (m_zoomFactor == 0 || !showsAll());
 }
 
-/// Whole minutes: a moment that does not reach the right edge is not in the window.
+/// Rounded down: a minute that the right edge cuts is not in the window.
 Minutes TimeWindow::length() const
 {
     return m_width * step() / TimelineScale::stepWidth;
@@ -100,8 +100,7 @@ void TimeWindow::showEvent(Moment start, Moment end)
     const bool isVisible = (start < windowEnd() && end > m_currentTime) || start == m_currentTime;
     if (isVisible) return;
     moveTo(start);
-    // an event without a sound end may begin beyond the last end of all; its user wants to see it all the
-    // same
+    // an event without a valid end may start after the end of the timeline; it is shown all the same
     const bool isWithin = start <= m_limits.timelineEnd;
     if (isWithin && windowEnd() > m_limits.timelineEnd) NavEnd();
 }

@@ -4,18 +4,18 @@
 #include "timeline/TimelineLimits.h"
 #include "timeline/TimelineScale.h"
 
-/// The visible window on the timeline: where its left edge is, how coarse its scale is, and how it moves
-/// between the limits. Its left edge never lies before the timeline's start.
+/// The visible window on the timeline: the position of its left edge, the zoom level, and how it moves
+/// between the limits. The left edge never lies before the start of the timeline.
 class TimeWindow
 {
 public:
-    /// Begins at the start of the timeline, at the finest level.
+    /// Goes to the start of a timeline, at the finest level.
     void begin(const TimelineLimits& limits);
 
     /// Takes new limits; the window stays where it is.
     void setLimits(const TimelineLimits& limits);
 
-    /// The width of the picture, in units; 385 are one step.
+    /// The width of the picture, in units; one step is 385 units wide.
     void setWidth(int width);
 
     [[nodiscard]] const TimelineLimits& limits() const { return m_limits; }
@@ -35,16 +35,16 @@ public:
     [[nodiscard]] bool canZoomIn() const { return m_canZoomIn; }
     [[nodiscard]] bool canZoomOut() const { return m_canZoomOut; }
 
-    /// Nothing happens where the direction is disabled.
+    /// Have no effect if the direction is disabled.
     void ZoomIn();
     void ZoomOut();
 
-    /// Moves to an event unless it is in the window already; the window then ends with the timeline at the
-    /// latest.
+    /// Moves to an event unless it is in the window already. Then the window does not reach beyond the end of
+    /// the timeline, unless the event itself lies there.
     void showEvent(Moment start, Moment end);
 
-    /// Puts the left edge at a moment, or at the start of the timeline where it lies before that. The window
-    /// may reach beyond the end.
+    /// Puts the left edge at a moment, but not before the start of the timeline. The window may reach beyond
+    /// the end.
     void moveTo(Moment moment);
 
 private:

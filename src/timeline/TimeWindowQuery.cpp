@@ -4,7 +4,8 @@
 
 namespace {
 
-/// The bounds of a comparison, between the first and the last day that the data can hold.
+/// A moment as date and time of a statement, kept between the first and the last moment that the data can
+/// hold.
 struct Literals
 {
     explicit Literals(Moment moment)

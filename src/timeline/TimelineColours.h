@@ -2,7 +2,7 @@
 
 #include <QColor>
 
-/// The colours of the timeline that do not follow the palette of the desktop.
+/// The colours of the timeline that do not depend on the palette of the desktop.
 namespace TimelineColours {
 
 inline constexpr QColor event(0, 0, 128);

@@ -9,11 +9,11 @@ namespace {
 
 using namespace TimelineLanes;
 
-/// From a bar's end to its caption, and from the middle of an instant's marker to its caption.
+/// Units from the end of a bar, or from the middle of a marker, to the caption.
 constexpr int barOffset = 2;
 constexpr int markerOffset = 10;
 
-/// Far out of sight, and small enough for sums of positions to fit into an integer.
+/// Far out of sight, yet sums of such positions fit into an int.
 constexpr double farthest = 1 << 30;
 
 struct Extent
@@ -22,7 +22,7 @@ struct Extent
     double right = 0;
 };
 
-/// The room that an event's own drawing takes.
+/// The extent of a bar or a marker without its caption.
 Extent drawnExtent(const Lane& lane)
 {
     if (lane.isInstant) return {lane.markerLeft, lane.markerLeft + markerWidth};
@@ -30,8 +30,8 @@ Extent drawnExtent(const Lane& lane)
     return {lane.barLeft, lane.barLeft + std::max(lane.barWidth, mark)};
 }
 
-/// Inside the bar where the whole caption fits, else after it, else before it; where it fits nowhere, it
-/// takes the place with the most room.
+/// Puts the caption inside the bar if it fits, else after it, else before it; if it fits nowhere, at the
+/// place with the most room.
 void placeCaption(Lane& lane, int pictureWidth, int textWidth)
 {
     const Extent drawn = drawnExtent(lane);

@@ -12,7 +12,7 @@
 /// The width of a text in the font of the captions, in units.
 using TextWidth = std::function<int(const QString&)>;
 
-/// One lane of the timeline: an event, drawn as a bar or, where it takes no time, as a marker. Positions are
+/// One lane of the timeline: an event, drawn as a bar or, if it takes no time, as a marker. Positions are
 /// units from the left edge of the picture.
 struct Lane
 {
@@ -34,7 +34,7 @@ struct Lane
     double barWidth = 0;   ///< 0 for an instant
     double markerLeft = 0; ///< of an instant
     int captionLeft = 0;
-    int captionWidth = 0; ///< less than the text takes where there is no room for it
+    int captionWidth = 0; ///< less than the width of the text if that does not fit
     CaptionPlace place = CaptionPlace::Inside;
 };
 
@@ -43,14 +43,14 @@ namespace TimelineLanes {
 inline constexpr int laneHeight = 17;
 inline constexpr int markerWidth = 18;
 
-/// The room that the mark of a key event takes at the beginning of its bar.
+/// The width of the mark of a key event at the start of its bar.
 inline constexpr int keyMarkWidth = 13;
 
-/// How many lanes a picture has.
+/// The number of lanes in a picture of a height in units.
 [[nodiscard]] int laneCount(int pictureHeight);
 
-/// Draws events into lanes, one each, beginning with the event at `first`. Lanes are added to `lanes` one by
-/// one, so that those drawn before a failure stay. Throws Error for an event without a sound start.
+/// Draws events into lanes, one each, from the event at `first` on. Lanes are added to `lanes` one by one:
+/// those drawn before an error stay. Throws Error for an event without a valid start or end.
 void draw(const TimeWindow& window, const std::vector<WindowEvent>& events, std::size_t first, int laneCount,
           std::optional<qint64> selected, const TextWidth& textWidth, std::vector<Lane>& lanes);
 

@@ -14,7 +14,7 @@ struct Texts
 
 constexpr int mismatchNumber = 13;
 
-/// The first date and time of a statement's rows; a missing time is midnight.
+/// Returns the first moment among the rows of a statement, or `std::nullopt`; a missing time is midnight.
 std::optional<Moment> firstMoment(DatabaseSession& session, const QString& statement, QStringView dateColumn,
                                   QStringView timeColumn)
 {

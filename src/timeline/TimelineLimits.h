@@ -13,7 +13,7 @@ struct TimelineLimits
     Moment timelineEnd = 0;   ///< a day after the end of the latest event
 };
 
-/// Reads the limits from the events that are not deleted, the reserved one left out; missing dates are
-/// skipped. Without events they are today's midnight and a day after `now`. Throws Error; the limits keep
-/// what they had reached.
+/// Reads the limits from the events that are not deleted, without the reserved one; missing dates are
+/// skipped. Without events they are the midnight before `now` and a day after it. Throws Error; then a limit
+/// that was not read stays as it was.
 void setTimelineLimits(DatabaseSession& session, const QDateTime& now, TimelineLimits& limits);

@@ -40,7 +40,7 @@ void TimelinePanel::makeParts()
     m_scrollBar = new QScrollBar(Qt::Vertical, this);
     m_scrollBar->setObjectName(QStringLiteral("VScroll1"));
     m_scrollBar->setAccessibleName(tr("Lanes"));
-    // the picture keeps its width whether the bar is there or not
+    // the picture keeps its width if the bar is hidden
     QSizePolicy policy = m_scrollBar->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     m_scrollBar->setSizePolicy(policy);
@@ -130,7 +130,7 @@ QToolButton* TimelinePanel::makeButton(const QString& name, const QString& icon,
     button->setIcon(IconSet::themeIcon(icon));
     button->setAutoRaise(true);
     button->setAutoRepeat(true);
-    // the keys do what the buttons do; the focus stays where the user is at work
+    // the buttons have keys of their own; a click leaves the focus where it is
     button->setFocusPolicy(Qt::NoFocus);
     connect(button, &QToolButton::clicked, this, [this, handler] { run(handler); });
     return button;
@@ -208,7 +208,7 @@ void TimelinePanel::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() != QEvent::FontChange || m_picture == nullptr) return;
-    // captions and labels are as wide as they are in the font that was measured
+    // captions and labels are measured anew in the new font
     m_picture->chooseFont();
     m_timeline.resize(m_picture->width(), m_picture->height());
     showAll();
@@ -227,7 +227,7 @@ void TimelinePanel::keyPressEvent(QKeyEvent* event)
     case Qt::Key_End:
         return run(&Timeline::NavEnd);
     case Qt::Key_Plus:
-    case Qt::Key_Equal: // the plus of many keyboards, without Shift
+    case Qt::Key_Equal: // the key of the plus on many keyboards, without Shift
         return run(&Timeline::ZoomIn);
     case Qt::Key_Minus:
         return run(&Timeline::ZoomOut);
@@ -255,7 +255,7 @@ void TimelinePanel::wheelEvent(QWheelEvent* event)
     if (event->modifiers().testFlag(Qt::ControlModifier)) {
         turn(notches, &Timeline::ZoomIn, &Timeline::ZoomOut);
     } else if (event->modifiers().testFlag(Qt::ShiftModifier) || isSideways) {
-        // time runs sideways, and so does a wheel that can
+        // time runs sideways, as do wheels that turn sideways
         turn(notches, &Timeline::NavStepBack, &Timeline::NavStepForward);
     } else {
         scrollLanes(-notches * lanesPerNotch);

@@ -12,8 +12,7 @@ class RulerStrip;
 class TimelinePicture;
 
 /// The timeline beside the list of events: the ruler, the lanes with their scroll bar, and the buttons that
-/// move the window and change its scale. It hands what the user does to the timeline and shows what that
-/// decided.
+/// move the window and change its scale. It passes what the user does to the timeline and shows the result.
 class TimelinePanel final : public QWidget
 {
     Q_OBJECT
@@ -23,19 +22,19 @@ public:
     TimelinePanel(DatabaseSession& session, ViewHistory& history, const Clock& clock, Messages& messages,
                   QWidget* parent);
 
-    /// Begins anew on the database that is open.
+    /// Starts afresh on the database that is open.
     void mainLoad();
 
     /// Shows the events of the current view.
     void drawTimeline();
 
-    /// An event was chosen in the list.
+    /// Selects an event that was chosen in the list, and moves to it.
     void chooseEvent(qint64 eventId);
 
-    /// Another event is selected in the view, or none.
+    /// Marks the event that is selected in the view, or none.
     void showSelected();
 
-    /// After an event was saved.
+    /// Reads the limits again after an event was saved, and moves to its start.
     void updateTimeline(std::optional<Moment> savedStart);
 
     [[nodiscard]] const Timeline& timeline() const { return m_timeline; }
@@ -77,5 +76,5 @@ private:
     QToolButton* m_zoomIn = nullptr;
     QToolButton* m_zoomOut = nullptr;
     QLabel* m_zoomLabel = nullptr;
-    QPoint m_wheel; ///< what a wheel of fine steps has turned since its last whole notch
+    QPoint m_wheel; ///< the turn of the wheel since its last whole notch, in eighths of a degree
 };

@@ -16,14 +16,14 @@
 
 namespace {
 
-/// Dark as the colours of events are, an outline keeps them apart from a dark ground.
+/// Of the outline that sets the dark colours of events off from a dark background.
 constexpr int outlineAlpha = 110;
 
 constexpr int firstPool = 26;
 constexpr int fewestLanes = 3;
 constexpr int usualLanes = 12;
 
-/// A bar is always wide enough to be seen.
+/// A shorter bar could not be seen.
 constexpr double narrowestBar = 2;
 
 QRectF barPlace(const Lane& lane, std::size_t index)
@@ -117,7 +117,7 @@ void TimelinePicture::paintEvent(QPaintEvent* /*event*/)
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
-/// The steps of the ruler go on through the lanes, days and longer more plainly.
+/// Paints the steps of the ruler through the lanes, those of days and longer more strongly.
 void TimelinePicture::paintGrid(QPainter& painter) const
 {
     QColor faint = palette().color(QPalette::Text);
@@ -172,7 +172,7 @@ const Lane* TimelinePicture::drawnAt(const QPointF& point) const
     return point.x() >= left && point.x() < left + width ? &lane : nullptr;
 }
 
-/// A bar or a marker is clicked as its label is.
+/// A click on a bar or a marker means the same as on its label.
 void TimelinePicture::mousePressEvent(QMouseEvent* event)
 {
     const Lane* lane = drawnAt(event->position());
@@ -189,7 +189,7 @@ void TimelinePicture::mouseDoubleClickEvent(QMouseEvent* event)
     if (lane != nullptr) Q_EMIT eventDoubleClicked(lane->eventId);
 }
 
-/// A bar and a marker say what their label says.
+/// Bars and markers have the tool tip of their label.
 bool TimelinePicture::event(QEvent* event)
 {
     if (event->type() != QEvent::ToolTip) return QWidget::event(event);

@@ -10,8 +10,8 @@ class EventMarker;
 class Timeline;
 struct Lane;
 
-/// The lanes of the timeline, with a label and a marker for each from a pool. The pool grows when the picture
-/// is resized; drawing only moves, fills, shows and hides what is there.
+/// The lanes of the timeline, each with a label and a marker from a pool. The pool grows when the picture is
+/// resized; drawing only fills, moves, shows and hides what is there.
 class TimelinePicture final : public QWidget
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     /// Shows the lanes as they are now.
     void showLanes();
 
-    /// Takes the font of the window, as far as a lane has room for it.
+    /// Takes the font of the window, made smaller if it is too high for a lane.
     void chooseFont();
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -49,7 +49,7 @@ protected:
 private:
     void growPool(int count);
 
-    /// The lane whose bar or marker is at a point; null where there is none.
+    /// Returns the lane whose bar or marker is at a point, or null.
     [[nodiscard]] const Lane* drawnAt(const QPointF& point) const;
 
     void paintGrid(QPainter& painter) const;

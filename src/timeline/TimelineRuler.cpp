@@ -8,14 +8,14 @@
 
 namespace {
 
-/// From a tick to its label, and from one label to the next.
+/// Units from a tick to its label, and from one label to the next.
 constexpr int labelOffset = 3;
 constexpr int labelGap = 8;
 
-/// Less than a tick can lie beside the edge for another reason than the arithmetic of real numbers.
+/// Absorbs rounding errors: a tick at the left edge itself counts as in the window.
 constexpr double tolerance = 1e-6;
 
-/// How a step is divided, and at how many parts a time stands.
+/// The parts that a step is divided into, and how many of them one label of time spans.
 struct Division
 {
     int parts = 1;
@@ -47,7 +47,7 @@ QString dayText(Moment moment)
     return QLocale::c().toString(dayOf(moment), QStringLiteral("ddd ")) + dateText(moment);
 }
 
-/// Adds labels that keep clear of those already in their row and of both edges.
+/// Adds a label if it overlaps none of its row and neither edge.
 class LabelRows
 {
 public:
@@ -57,7 +57,7 @@ public:
     {
         const int width = m_labelWidth(text, isDate);
         double left = tick.left + labelOffset;
-        // a day that begins close to the right edge is named all the same
+        // the date of a day that starts close to the right edge moves to the left
         if (isDate) left = std::min(left, static_cast<double>(m_width - width));
         const double right = left + width;
         if (left < 0 || right > m_width) return;
@@ -96,7 +96,7 @@ TimelineRuler rulerOf(const TimeWindow& window, const TimelineScale::Strip& stri
 
     TimelineRuler ruler;
     std::vector<TimelineRuler::Tick> labelled;
-    // the ruler goes on where a wide picture reaches beyond the strip
+    // a wide picture may reach beyond the strip: the ruler goes on
     for (auto part = static_cast<int>(std::ceil(-strip.left / partWidth - tolerance));; ++part) {
         const double left = strip.left + part * partWidth;
         if (left > window.width()) break;
@@ -104,7 +104,7 @@ TimelineRuler rulerOf(const TimeWindow& window, const TimelineScale::Strip& stri
         ruler.ticks.push_back({left, rankOf(moment, part % division.parts == 0), moment});
         if (part % division.partsToLabel == 0) labelled.push_back(ruler.ticks.back());
     }
-    // where there is not room for all, the steps come first
+    // if there is not room for all labels, those of higher rank come first
     std::stable_sort(labelled.begin(), labelled.end(),
                      [](const auto& a, const auto& b) { return a.rank > b.rank; });
     LabelRows rows(window.width(), labelWidth);

@@ -10,8 +10,8 @@
 /// The width of a label of the ruler in the font of its row, in units.
 using LabelWidth = std::function<int(const QString& text, bool isDate)>;
 
-/// The ruler above the lanes: a tick at each division of the scale, the time at those that have room for it,
-/// and the date wherever a day begins. Positions are units from the left edge of the window.
+/// The ruler above the lanes: a tick at each division of the scale, with its time if there is room for it,
+/// and with the date at the start of a day. Positions are units from the left edge of the window.
 struct TimelineRuler
 {
     enum class Rank
@@ -42,6 +42,6 @@ struct TimelineRuler
     std::vector<Label> labels; ///< none overlaps another of its row or reaches over an edge
 };
 
-/// The ruler of a window, on a strip that lies where `positionScale` puts it.
+/// Returns the ruler of a window, for the strip that `positionScale` returned.
 [[nodiscard]] TimelineRuler rulerOf(const TimeWindow& window, const TimelineScale::Strip& strip,
                                     const LabelWidth& labelWidth);

@@ -27,7 +27,7 @@ Strip stripOfSteps(int zoomFactor, Moment timelineStart, Moment currentTime)
     return {-stepWidth * passed, firstMidnight + wholeStrips * stepsOnStrip * step};
 }
 
-/// One strip a month, a step a day.
+/// A strip spans a month, a step a day.
 Strip stripOfDays(Moment currentTime)
 {
     const QDate day = dayOf(currentTime);

@@ -1,4 +1,5 @@
 #include "Journey.h"
+#include "opening/DesktopDatabaseConverter.h"
 #include "opening/frmImport.h"
 #include "platform/StdREG.h"
 #include "support/TestFiles.h"

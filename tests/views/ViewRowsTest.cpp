@@ -1,7 +1,6 @@
 // What every kind of view lists, against queries of the plain engine that were written by hand, on rows with
 // the odd values that real collections hold.
 
-#include "views/OddRows.h"
 #include "chart/DocumentTypeCounts.h"
 #include "map/OrganizationPlaces.h"
 #include "search/AdvancedSearch.h"
@@ -9,6 +8,7 @@
 #include "support/TestDatabase.h"
 #include "timeline/Moments.h"
 #include "timeline/TimeWindowQuery.h"
+#include "views/OddRows.h"
 #include "views/RelatedViews.h"
 #include "views/ShowOnlyViews.h"
 #include "views/StandardQueries.h"
