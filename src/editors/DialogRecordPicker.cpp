@@ -2,10 +2,9 @@
 
 #include "editors/frmPicList.h"
 
-clsAdvSearch::Items DialogRecordPicker::pick(Records records, const clsAdvSearch::Items& chosen,
-                                             QWidget* window)
+PickedItems DialogRecordPicker::pick(PickListKind kind, const PickedItems& chosen, QWidget* window)
 {
     PickedItems picked = chosen;
-    frmPicList(m_platform, m_session, window).showList(records, picked);
+    frmPicList(m_platform, m_session, window).showList(kind, picked);
     return picked;
 }

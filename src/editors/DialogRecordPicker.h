@@ -15,7 +15,7 @@ public:
     {
     }
 
-    clsAdvSearch::Items pick(Records records, const clsAdvSearch::Items& chosen, QWidget* window) override;
+    PickedItems pick(PickListKind kind, const PickedItems& chosen, QWidget* window) override;
 
 private:
     Platform m_platform;
