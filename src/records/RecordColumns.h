@@ -27,7 +27,7 @@ struct RecordColumn
     const char* caption; ///< what the user calls it, to be translated in the context `RecordColumns`
     Value (*written)(const QString& text) = &RecordValues::text; ///< the value that a text stands for
 
-    /// Written only by a save that takes the record's file. Changes by other users are not looked for.
+    /// Written only by a save that takes the record's file, and not compared with what was read.
     bool isOfFile = false;
 };
 
