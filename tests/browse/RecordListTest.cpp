@@ -21,7 +21,7 @@ RecordList read(TestDatabase& database, RecordKind kind)
     return list;
 }
 
-/// The rows as the user sees them, cells joined by `|`.
+/// Returns the rows as the user sees them, with their cells joined by `|`.
 std::string shown(const RecordList& list)
 {
     QStringList lines;
@@ -60,7 +60,7 @@ TEST(RecordList, ShowsDocuments)
     EXPECT_EQ(shown(list), "alpha|||"
                            "|Film|None\nBeta|1|The Office|3/1907|PDF|Survey\nDelta||||None|None");
 
-    // a file that is in the folder is local; any other lies on a disc, to be shown or not
+    // a file that is not in the folder is on a disc, from which it may be shown or not
     QDir(database.folder()).mkdir(QStringLiteral("documents"));
     QFile file(database.folder() + QStringLiteral("/documents/2.PDF"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));

@@ -31,7 +31,7 @@ Search::Items named(std::initializer_list<const char16_t*> names)
     return made;
 }
 
-/// Each criterion of a search switched on, with the items given for the lists among them.
+/// Returns a search with some criteria switched on, and with the items in their lists.
 Search searchBy(std::initializer_list<std::pair<bool Search::*, Search::Items Search::*>> criteria,
                 const Search::Items& chosen)
 {

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The text with its marked places in brackets.
+/// Returns the text with its marked places in brackets.
 QString marked(const QStringList& words, QString text)
 {
     const auto places = FoundWords(words).in(text);

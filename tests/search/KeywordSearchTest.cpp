@@ -21,7 +21,7 @@ TEST(Keywords, AreSplitAtBlanksAndAtMostFour)
         {u"a b c d "_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s}, false},
         {u"a b c d e"_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s}, true},
         {u"a b c d e f g"_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s}, true},
-        // a blank where a word begins belongs to it
+        // a blank where a word should begin is its first character
         {u" fire "_s, {u" fire"_s}, false},
         {u"fire  plan"_s, {u"fire"_s, u" plan"_s}, false},
         {u"fire   plan"_s, {u"fire"_s, u" "_s, u"plan"_s}, false},
@@ -69,7 +69,7 @@ TEST(KeywordSearch, BuildsOneConditionForEachKind)
         EXPECT_EQ(recordKindOf(page), std::nullopt);
 }
 
-/// Records of each kind, some with several links, whose finds are counted by hand.
+/// Records of each kind, some with several links. The expected results were counted by hand.
 class KeywordSearchOnFile : public testing::Test
 {
 protected:
@@ -105,7 +105,7 @@ INSERT INTO OrganizationVenues VALUES (3, 2), (3, 3))sql");
         return SearchResults::read(database.session(), queries, text);
     }
 
-    /// The labels of the three kinds, joined by `|`.
+    /// Returns the labels of the three kinds, joined by `|`.
     QString labels(const QString& text)
     {
         QStringList labels;
@@ -174,7 +174,7 @@ TEST_F(KeywordSearchOnFile, CountsEachRecordOnce)
     EXPECT_EQ(one.single->name, u"Peshtigo fire"_s);
 
     EXPECT_EQ(labels(u"xylophone"_s), u"0 Documents|0 Events|0 Organizations"_s);
-    // the first four of five words
+    // only the first four of the five words count
     EXPECT_EQ(results(u"plan plan plan plan xylophone"_s).total(), 7);
     EXPECT_NE(errorNumberOf([&] { (void)results(u"O'Fallon"_s); }), 0);
 }

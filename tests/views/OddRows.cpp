@@ -107,7 +107,7 @@ QString OddRows::quoted(QString text)
 
 const OddRows::Word& OddRows::word(bool withApostrophe)
 {
-    // the last one holds it
+    // only the last one has it
     const int last = static_cast<int>(words().size()) - (withApostrophe ? 1 : 2);
     return words()[static_cast<std::size_t>(upTo(last))];
 }
@@ -209,7 +209,7 @@ QString OddRows::organization(int id)
                status());
 }
 
-/// Links at random: some twice, some to records that are not there.
+/// Returns links at random: some twice, some to missing records.
 QString OddRows::linked(const QString& table)
 {
     const bool toLookup = !table.endsWith(u"Events");

@@ -1,26 +1,26 @@
 #pragma once
 
+#include "records/RecordKind.h"
 #include "support/TestDatabase.h"
-#include "views/clsView.h"
 
 #include <QStringList>
 
 #include <array>
 #include <random>
 
-/// Records of every kind with the odd values that real collections hold, drawn from a seed: missing keys,
-/// names and times, deleted ones and ones without a status, links that are repeated or lead nowhere, quotes,
-/// other scripts and both letter cases. The reserved row 1 of each kind is like any other.
+/// Records of every kind with the odd values of real collections, drawn at random from a seed: missing keys,
+/// names and times, deleted records and ones without a status, links that are repeated or lead nowhere,
+/// quotes, other scripts and both letter cases. The reserved row 1 of each kind is no exception.
 ///
-/// Beside them stands a table for queries by hand: `Folded (Kind, ID, Name, NameBase, Description)` holds the
-/// texts of a record as they are compared, and its name as it sorts before its accents are looked at.
+/// A further table serves queries by hand: `Folded (Kind, ID, Name, NameBase, Description)` has the texts of
+/// a record as they are compared, and its name without accents, by which it sorts first.
 class OddRows
 {
 public:
-    /// How many records of each kind there are.
+    /// The number of records of each kind.
     static constexpr int most = 40;
 
-    /// A word as it stands in a text, as it is compared, and as it sorts before its accents are looked at.
+    /// A word as shown, as it is compared, and without accents, as it sorts first.
     struct Word
     {
         QString shown;
@@ -32,15 +32,15 @@ public:
 
     void addTo(const TestDatabase& database);
 
-    /// A number from 0 to the limit.
+    /// Returns a number from 0 to the limit.
     int upTo(int limit);
 
     QString oneOf(const QStringList& values);
 
-    /// A word, or one that can stand in a text between apostrophes.
+    /// Returns a word, on request also one with an apostrophe.
     const Word& word(bool withApostrophe);
 
-    /// The text as the engine reads it.
+    /// The text as an SQL literal.
     static QString quoted(QString text);
 
 private:
@@ -57,15 +57,16 @@ private:
     std::mt19937 m_random;
 };
 
-/// The statement of the plain engine for all rows of the list of a kind, without an order and open for
-/// further conditions on `d`, `e` or `o`, the record, and on `f`, its folded texts. The first column is what
-/// the list sorts by, the others are those of the list.
+/// Returns plain SQL for all rows of the list of a kind, unordered. Further conditions can follow, on the
+/// record `d`, `e` or `o` and on its folded texts `f`. The first column is the list's sort key, the others
+/// are those of the list.
 QString rowsByHand(RecordKind kind);
 
-/// A column of the known city of an organization `o`: of several cities, that with the smallest number.
+/// Returns a column of the known city of an organization `o`; of several cities, the one with the smallest
+/// key.
 QString ofCity(const QString& column);
 
-/// `Lat` or `Lon` of an organization `o`: its own if it has both, else that of its city.
+/// Returns `Lat` or `Lon` of an organization `o`: its own if it has both, else that of its city.
 QString position(const QString& column);
 
 /// From and where clauses for the organizations that lists show.

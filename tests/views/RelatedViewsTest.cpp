@@ -35,7 +35,7 @@ protected:
         return RelatedViews(database.session(), queries).follow(command, {identifier, name});
     }
 
-    /// The view as `kind caption: identifiers`, or the question and what Yes begins.
+    /// Returns the view as `kind caption: identifiers`, or the question and the record that Yes adds.
     std::string show(RelatedCommand command, qint64 identifier)
     {
         const RelatedOutcome outcome = follow(command, identifier);

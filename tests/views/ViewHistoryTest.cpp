@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Writes down what it is asked to show.
+/// Notes what it is asked to show.
 class NotingPresenter final : public ViewPresenter
 {
 public:
@@ -56,7 +56,7 @@ TEST(ViewHistory, KeepsTheWholeTrail)
     EXPECT_EQ(history.current(), 1u);
     EXPECT_EQ(history.currentKind(), ViewKind::Home);
 
-    // a new view goes to the end, and Back leads to what was last before it
+    // a new view goes to the end, and Back leads to the one that was last before
     history.addView(view(ViewKind::Organizations, QStringLiteral("c")));
     EXPECT_EQ(history.count(), 4u);
     EXPECT_EQ(history.current(), 4u);

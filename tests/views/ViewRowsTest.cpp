@@ -1,5 +1,5 @@
-// What every kind of view lists, against queries of the plain engine that were written by hand, on rows with
-// the odd values that real collections hold.
+// Compares what every kind of view lists with queries in plain SQL, written by hand, on rows with the odd
+// values of real collections.
 
 #include "chart/DocumentTypeCounts.h"
 #include "map/OrganizationPlaces.h"
@@ -54,7 +54,7 @@ protected:
         m_listed += found.size();
     }
 
-    /// A keyword search of one to three words, and the same by hand.
+    /// Returns a keyword search of one to three words, and its condition by hand.
     std::pair<SharedQuery, QString> keywordSearch(RecordKind kind)
     {
         QStringList typed;
@@ -71,8 +71,8 @@ protected:
                 u" AND ((%1) OR (%2))"_s.arg(inName.join(u" AND "), inDescription.join(u" AND "))};
     }
 
-    /// Switches a list criterion on or leaves it off, with up to three numbers, of which some stand for
-    /// nothing; without any it does not count. By hand it is the condition with the numbers in it.
+    /// Switches a list criterion on or leaves it off, with up to three keys, some of which do not exist.
+    /// Returns the condition by hand with the keys in it, or an empty text if the criterion has none.
     QString criterion(clsAdvSearch& search, bool clsAdvSearch::*flag,
                       clsAdvSearch::Items clsAdvSearch::*items, const QString& condition,
                       const QString& separator = u","_s)
@@ -87,14 +87,14 @@ protected:
                                                   : u""_s;
     }
 
-    /// Links of a record to the numbers of a list criterion.
+    /// Returns the condition that a record has links to the keys of a list criterion.
     static QString hasLink(const QString& links, const QString& key, const QString& column)
     {
         return u"EXISTS (SELECT 1 FROM %1 AS l WHERE l.%2 AND l.%3 IN (%4))"_s.arg(links, key, column,
                                                                                    u"%1"_s);
     }
 
-    /// The same of venues, where a record without one has the venue "None", which is number 1.
+    /// The same for venues: a record without one has the venue "None" with the key 1.
     static QString hasVenue(const QString& links, const QString& key)
     {
         return u"(%1 OR 1 IN (%2) AND NOT EXISTS (SELECT 1 FROM %3 AS l WHERE l.%4))"_s.arg(
@@ -102,8 +102,8 @@ protected:
             links, key);
     }
 
-    /// An advanced search by some criteria, and the same by hand. Types are by themselves: a chart of the
-    /// found documents counts those types alone.
+    /// An advanced search by some criteria, and its condition by hand. The types are kept apart: a chart of
+    /// the found documents counts only these.
     struct Found
     {
         SharedQuery view;
@@ -125,7 +125,7 @@ ViewRows::Found ViewRows::documentSearch()
 {
     using Search = clsAdvSearch;
     Search search;
-    // the numbers of several venues are read as one
+    // the search joins the keys of several venues to one
     QString condition = criterion(search, &Search::bDocVenues, &Search::docVenues,
                                   hasVenue(u"DocumentVenues"_s, u"DocumentID = d.DocumentID"_s), QString());
     const QString types =
@@ -182,7 +182,7 @@ ViewRows::Found ViewRows::organizationSearch()
         const QString city = oneOf({u"Austin"_s, u"dallas"_s, u"Boston"_s, u"Nowhere"_s});
         const QString state = oneOf({u"TX"_s, u"ma"_s, u""_s});
         search.orgLocations.push_back({2, city + u", "_s + state});
-        // a location without a state is one with a state that is empty
+        // a location without a state matches an empty state
         places << u"(lower(o.City) = lower('%1') AND lower(o.State) = lower('%2'))"_s.arg(city, state);
     }
     if (search.bOrgLocations && !places.isEmpty()) condition += u" AND ("_s + places.join(u" OR ") + u')';
@@ -312,7 +312,7 @@ TEST_P(ViewRows, InAWindowOfTime)
         const auto [view, condition] =
             draw % 2 == 0 ? std::pair(m_queries.events, QString()) : keywordSearch(RecordKind::Event);
         if (draw == 30) {
-            // a database from before that index gives the same, only later
+            // a database without that index returns the same rows, only later
             m_database.session().close();
             m_database.run("DROP INDEX EventByLength");
         }

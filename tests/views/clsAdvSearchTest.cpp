@@ -22,7 +22,7 @@ clsAdvSearch::Items locations(std::initializer_list<const char16_t*> names)
     return made;
 }
 
-/// Each list by itself: which text it adds to which of the three conditions.
+/// For each list alone: the condition that it adds, and to which of the three texts.
 TEST(clsAdvSearch, WritesAConditionForEachList)
 {
     using Search = clsAdvSearch;
