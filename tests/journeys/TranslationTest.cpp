@@ -3,8 +3,9 @@
 #include "PseudoLocale.h"
 #include "app/frmSplash.h"
 #include "opening/frmImport.h"
-#include "search/SearchResults.h"
 
+#include <QCheckBox>
+#include <QDir>
 #include <QTabWidget>
 #include <QTest>
 
@@ -93,9 +94,9 @@ INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, 
     /// Looks at a dialog with each of its pages in front.
     void lookAtPages(QWidget& dialog, const char* where)
     {
-        const auto* tabs = dialog.findChild<QTabWidget*>();
+        auto* tabs = dialog.findChild<QTabWidget*>();
         for (int page = 0; page < (tabs == nullptr ? 1 : tabs->count()); ++page) {
-            if (tabs != nullptr) const_cast<QTabWidget*>(tabs)->setCurrentIndex(page);
+            if (tabs != nullptr) tabs->setCurrentIndex(page);
             QTest::qWait(0);
             pseudo.expectTranslated(dialog, where);
         }
@@ -214,7 +215,7 @@ TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
     frmSplash splash;
     splash.show();
     pseudo.expectTranslated(splash, "splash");
-    frmImport conversion((QString()));
+    frmImport conversion(QString(), nullptr);
     conversion.show();
     pseudo.expectTranslated(conversion, "conversion");
 }
