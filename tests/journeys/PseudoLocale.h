@@ -19,7 +19,7 @@ public:
     /// Lets the words of a text, such as those of a record, be seen as they are.
     void allow(const QString& text);
 
-    /// Fails the test for each word of a text that was not transformed.
+    /// Fails the test for each word of a text that was not transformed, but for the letter of a key.
     void expectTranslated(const QString& text, const char* where) const;
 
     /// The same for all that a window and its menus show or tell, and for texts that are cut off.
