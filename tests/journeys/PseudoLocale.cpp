@@ -1,5 +1,7 @@
 #include "PseudoLocale.h"
 
+#include "widgets/ElidedLabel.h"
+
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -30,7 +32,8 @@ namespace {
 
 /// Texts of Qt itself, which come from Qt's own translations.
 const QSet<QString> qtContexts{QStringLiteral("QPlatformTheme"), QStringLiteral("QShortcut"),
-                               QStringLiteral("QLineEdit"), QStringLiteral("QWidgetTextControl")};
+                               QStringLiteral("QLineEdit"), QStringLiteral("QTabBar"),
+                               QStringLiteral("QWidgetTextControl")};
 
 QString transformed(const QString& source)
 {
@@ -88,6 +91,10 @@ protected:
         case PdmPhysicalDpiX:
         case PdmPhysicalDpiY:
             return dotsPerInch;
+        case PdmDevicePixelRatio:
+            return 1;
+        case PdmDevicePixelRatioScaled:
+            return static_cast<int>(devicePixelRatioFScale());
         default:
             return QPaintDevice::metric(metric);
         }
@@ -152,6 +159,8 @@ QStringList textsOf(QWidget& widget)
 /// How much wider and higher a control must be for the whole of its text.
 QSize lackOf(const QWidget& widget)
 {
+    // a text of any length is cut on purpose there, and shown whole as a tool-tip
+    if (qobject_cast<const ElidedLabel*>(&widget) != nullptr) return {};
     const auto* label = qobject_cast<const QLabel*>(&widget);
     if (label != nullptr && label->wordWrap())
         return {0, label->heightForWidth(label->width()) - label->height()};

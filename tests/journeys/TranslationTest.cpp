@@ -58,8 +58,9 @@ INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, 
         window().resize(1280, 800);
         window().activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
-        for (const char* word : {"Atlas", "Brief", "Flood", "Storm", "Bureau", "Agency", "River", "Coast",
-                                 "Report", "PDF", "Rescue", "Austin", "TX", "None", "test", "sqlite"})
+        for (const char* word : {"Atlas", "Brief",  "Flood", "Storm",  "Bureau", "Agency", "River",
+                                 "Coast", "Report", "PDF",   "Rescue", "Austin", "TX",     "None",
+                                 "test",  "sqlite", "data",  "maps",   "states", "drawMap"})
             pseudo.allow(QString::fromUtf8(word));
         pseudo.allow(database.folder());
     }
@@ -98,7 +99,7 @@ INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, 
         auto* tabs = dialog.findChild<QTabWidget*>();
         for (int page = 0; page < (tabs == nullptr ? 1 : tabs->count()); ++page) {
             if (tabs != nullptr) tabs->setCurrentIndex(page);
-            QTest::qWait(0);
+            QTest::qWait(50);
             pseudo.expectTranslated(dialog, where);
         }
     }
@@ -184,26 +185,28 @@ TEST_F(Translation, ReachesEveryTextOfTheEditors)
 
 TEST_F(Translation, ReachesEveryTextOfTheSearches)
 {
-    inDialog(
-        "frmSearch", [&] { action("mnuSearchKeyword").trigger(); },
-        [&](OpenDialog& open) {
-            pseudo.expectTranslated(open.dialog(), "keyword search");
-            open.click("cmdGO");
-            open.type("txtKeywords", QStringLiteral("brl"));
-            open.press(Qt::Key_Return);
-        });
+    action("mnuSearchKeyword").trigger();
+    OpenDialog search(*window().findChild<QDialog*>(QStringLiteral("frmSearch")));
+    QTest::qWait(50);
+    pseudo.expectTranslated(search.dialog(), "keyword search");
+    search.click("cmdGO");
+    search.type("txtKeywords", QStringLiteral("brl"));
+    search.press(Qt::Key_Return);
+    QTest::qWait(50);
     pseudo.expectTranslated(window(), "search results");
+
     action("mnuViewDocuments").trigger();
-    inDialog(
-        "frmAdvSearch", [&] { action("mnuSearchAdvanced").trigger(); },
-        [&](OpenDialog& open) {
-            for (QCheckBox* box : open.dialog().findChildren<QCheckBox*>())
-                box->setChecked(true);
-            lookAtPages(open.dialog(), "advanced search");
-            open.find<QTabWidget>("SSTab1").setCurrentIndex(0);
-            open.click("cmdSearch");
-        });
+    action("mnuSearchAdvanced").trigger();
+    OpenDialog advanced(*window().findChild<QDialog*>(QStringLiteral("frmAdvSearch")));
+    const auto boxes = advanced.dialog().findChildren<QCheckBox*>();
+    for (QCheckBox* box : boxes)
+        box->setChecked(true);
+    lookAtPages(advanced.dialog(), "advanced search");
+    advanced.find<QTabWidget>("SSTab1").setCurrentIndex(0);
+    advanced.click("cmdSearch");
+    QTest::qWait(50);
     pseudo.expectTranslated(window(), "list of an advanced search");
+    EXPECT_EQ(messages.heard.size(), 1) << qPrintable(messages.heard.join(u'\n'));
 }
 
 TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
