@@ -70,7 +70,7 @@ QStringList chartNames(qint64 organization, const QString& stored)
 
 QString FileOpener::openDoc(const QString& fileName, const QString& iconKey) const
 {
-    if (iconKey.contains(Texts::tr("ng"))) return QStringLiteral("Copyright permissions not granted.");
+    if (iconKey.contains(QStringLiteral("ng"))) return Texts::tr("Copyright permissions not granted.");
     const QString path = m_at.folder.machinePath(m_at.documents) + fileName;
     if (!ProgramFolder::isPlainName(fileName)) return notFound(path);
     if (iconKey.endsWith(QStringLiteral("cd"))) {

@@ -2,6 +2,7 @@
 
 #include "util/Error.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <cstdint>
@@ -22,7 +23,7 @@ struct clsPickListItem
         using Limits = std::numeric_limits<std::int16_t>;
         constexpr int overflow = 6;
         if (identifier < Limits::min() || identifier > Limits::max()) {
-            throw Error(overflow, QStringLiteral("Overflow"));
+            throw Error(overflow, QCoreApplication::translate("clsPickListItem", "Overflow"));
         }
         return {static_cast<std::int16_t>(identifier), name};
     }

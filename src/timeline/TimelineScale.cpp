@@ -10,11 +10,6 @@ namespace TimelineScale {
 
 namespace {
 
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Timeline)
-};
-
 constexpr int outOfRangeNumber = 9;
 
 Strip stripOfSteps(int zoomFactor, Moment timelineStart, Moment currentTime)
@@ -48,13 +43,13 @@ QString zoomName(int zoomFactor)
         QT_TRANSLATE_NOOP("Timeline", "8 hours"),    QT_TRANSLATE_NOOP("Timeline", "1 day"),
         QT_TRANSLATE_NOOP("Timeline", "2 days"),     QT_TRANSLATE_NOOP("Timeline", "4 days"),
         QT_TRANSLATE_NOOP("Timeline", "1 week"),     QT_TRANSLATE_NOOP("Timeline", "2 weeks")};
-    return Texts::tr(names.at(static_cast<std::size_t>(zoomFactor)));
+    return QCoreApplication::translate("Timeline", names.at(static_cast<std::size_t>(zoomFactor)));
 }
 
 std::int32_t stepAt(int zoomFactor)
 {
     if (zoomFactor < 0 || zoomFactor >= static_cast<int>(stepMinutes.size())) {
-        throw Error(outOfRangeNumber, Texts::tr("Subscript out of range"));
+        throw Error(outOfRangeNumber, QCoreApplication::translate("Timeline", "Subscript out of range"));
     }
     return stepMinutes[static_cast<std::size_t>(zoomFactor)];
 }
