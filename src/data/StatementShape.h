@@ -9,7 +9,7 @@
 /// shape become the same statement for SQLite, with other values.
 struct StatementShape
 {
-    QString text;      ///< with a number and a kind in place of each literal; equal literals have equal numbers
+    QString text; ///< with a number and a kind in place of each literal; equal literals have equal numbers
     QStringList dates; ///< the literals, each once, as they are compared; the first has the number 0
 };
 

@@ -11,7 +11,7 @@ namespace PlainToolTip {
 /// The text of a tool-tip that shows `text` as it is.
 [[nodiscard]] inline QString text(const QString& whole)
 {
-    const QString plain = readableLine(whole);
+    QString plain = readableLine(whole);
     constexpr qsizetype longestLine = 80;
     if (!Qt::mightBeRichText(plain)) return plain;
     if (plain.size() > longestLine) return Qt::convertFromPlainText(plain);
