@@ -1,20 +1,15 @@
 #include "data/CatalogReader.h"
 
+#include "data/DataTexts.h"
 #include "data/EngineError.h"
 #include "util/Error.h"
 
-#include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
 #include <array>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Database)
-};
 
 constexpr std::array expectedTables{u"Document",
                                     u"Event",
@@ -105,7 +100,7 @@ void readStoredQueries(SQLite::Database& database, Catalog& catalog)
         if (!isAmong(expectedQueries, name)) continue;
         const QString definition = textOf(views, 1);
         if (definition.size() > longestStoredQuery) {
-            throw Error(SQLITE_TOOBIG, Texts::tr("The stored query %1 is too long.").arg(name));
+            throw Error(SQLITE_TOOBIG, DataTexts::tr("The stored query %1 is too long.").arg(name));
         }
         catalog.addStoredQuery(StoredQuery::parse(definition, [&catalog](const QString& table) {
             const CatalogTable* found = catalog.findTable(table);
@@ -121,7 +116,7 @@ Catalog readCatalog(SQLite::Database& database)
     Catalog catalog;
     const auto require = [](bool found, QStringView name) {
         if (found) return;
-        throw Error(SQLITE_ERROR, Texts::tr("This is no Orvik database: it has no %1").arg(name));
+        throw Error(SQLITE_ERROR, DataTexts::tr("This is no Orvik database: it has no %1").arg(name));
     };
     callEngine([&] {
         readTables(database, catalog);

@@ -1,6 +1,7 @@
 #include "data/DatabaseSession.h"
 
 #include "data/CatalogReader.h"
+#include "data/DataTexts.h"
 #include "data/EngineError.h"
 #include "data/RollbackJournal.h"
 #include "data/StatementShape.h"
@@ -8,17 +9,11 @@
 #include "util/Error.h"
 #include "util/FileAccess.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Database)
-};
 
 constexpr int lockPatienceMilliseconds = 1000;
 
@@ -99,7 +94,7 @@ void DatabaseSession::close()
 
 const std::shared_ptr<SQLite::Database>& DatabaseSession::database() const
 {
-    if (!m_database) throw Error(SQLITE_MISUSE, Texts::tr("No database is open."));
+    if (!m_database) throw Error(SQLITE_MISUSE, DataTexts::tr("No database is open."));
     return m_database;
 }
 
@@ -111,11 +106,12 @@ bool DatabaseSession::isReadOnly() const
 void DatabaseSession::requireWritable() const
 {
     if (!isReadOnly()) return;
-    throw Error(SQLITE_READONLY,
-                hasReadOnlyFile()
-                    ? Texts::tr("The database can be read, but not changed. (%1)").arg(m_fileName)
-                    : Texts::tr("The database can be read, but not changed: its folder is read-only. (%1)")
-                          .arg(folder()));
+    throw Error(
+        SQLITE_READONLY,
+        hasReadOnlyFile()
+            ? DataTexts::tr("The database can be read, but not changed. (%1)").arg(m_fileName)
+            : DataTexts::tr("The database can be read, but not changed: its folder is read-only. (%1)")
+                  .arg(folder()));
 }
 
 bool DatabaseSession::hasReadOnlyFile() const
@@ -194,7 +190,7 @@ EngineStatement DatabaseSession::prepare(const QString& engineStatement, Access 
     m_watch.beginStep();
     EngineStatement prepared(database(), engineStatement.toStdString());
     if (access == Access::Read && !prepared.isReadOnly()) {
-        throw Error(SQLITE_AUTH, Texts::tr("A statement that reads cannot change anything."));
+        throw Error(SQLITE_AUTH, DataTexts::tr("A statement that reads cannot change anything."));
     }
     return prepared;
 }

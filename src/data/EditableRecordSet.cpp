@@ -1,21 +1,16 @@
 #include "data/EditableRecordSet.h"
 
+#include "data/DataTexts.h"
 #include "data/DatabaseSession.h"
 #include "data/SqlTokenizer.h"
 #include "util/DateTimeText.h"
 #include "util/Error.h"
 
-#include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Database)
-};
 
 constexpr int unknownColumnNumber = SQLITE_ERROR;
 constexpr int noRowNumber = SQLITE_NOTFOUND;
@@ -23,7 +18,7 @@ constexpr int noDateNumber = SQLITE_MISMATCH;
 
 [[noreturn]] void refuseDate(const QString& text)
 {
-    throw Error(noDateNumber, Texts::tr("%1 is not a date or time").arg(text));
+    throw Error(noDateNumber, DataTexts::tr("%1 is not a date or time").arg(text));
 }
 
 /// A value as the file holds it.
@@ -32,7 +27,7 @@ Value held(const CatalogColumn& column, const Value& value)
     if (isNull(value) || column.form == ColumnForm::Plain || column.form == ColumnForm::Text) return value;
     const auto* text = std::get_if<QString>(&value);
     if (text == nullptr) {
-        throw Error(noDateNumber, Texts::tr("%1 takes a date or time as text").arg(column.name));
+        throw Error(noDateNumber, DataTexts::tr("%1 takes a date or time as text").arg(column.name));
     }
     if (column.form == ColumnForm::Date) {
         const auto date = DateTimeText::readDate(*text);
@@ -78,7 +73,7 @@ std::size_t EditableRecordSet::position(QStringView column) const
 {
     const CatalogColumn* found = m_table.findColumn(column);
     if (found == nullptr) {
-        throw Error(unknownColumnNumber, Texts::tr("no such column: %1.%2").arg(m_table.name, column));
+        throw Error(unknownColumnNumber, DataTexts::tr("no such column: %1.%2").arg(m_table.name, column));
     }
     return static_cast<std::size_t>(found - m_table.columns.data());
 }
@@ -87,7 +82,7 @@ Value EditableRecordSet::value(QStringView column) const
 {
     const std::size_t index = position(column);
     if (m_adding) return m_newRow.at(index);
-    if (atEnd()) throw Error(noRowNumber, Texts::tr("There is no current record."));
+    if (atEnd()) throw Error(noRowNumber, DataTexts::tr("There is no current record."));
     return m_rows[m_current].values.at(index);
 }
 
@@ -113,7 +108,7 @@ void EditableRecordSet::addNew()
 void EditableRecordSet::requireOpen() const
 {
     if (m_session->database() == m_database) return;
-    throw Error(SQLITE_MISUSE, Texts::tr("The database of this record is not open any more."));
+    throw Error(SQLITE_MISUSE, DataTexts::tr("The database of this record is not open any more."));
 }
 
 std::optional<qint64> EditableRecordSet::nextNumber() const
@@ -186,7 +181,7 @@ void EditableRecordSet::insertRow()
 
 void EditableRecordSet::changeRow()
 {
-    if (atEnd()) throw Error(noRowNumber, Texts::tr("There is no current record."));
+    if (atEnd()) throw Error(noRowNumber, DataTexts::tr("There is no current record."));
     if (m_staged.empty()) return;
     QStringList assignments;
     for (const auto& entry : m_staged) {
@@ -199,7 +194,7 @@ void EditableRecordSet::changeRow()
     statement.bind(static_cast<int>(m_staged.size()) + 1, m_rows[m_current].number);
     m_session->run(statement);
     if (m_database->getChanges() == 0) {
-        throw Error(noRowNumber, Texts::tr("The record is not in the database any more."));
+        throw Error(noRowNumber, DataTexts::tr("The record is not in the database any more."));
     }
     for (const auto& [index, heldValue] : m_staged) {
         m_rows[m_current].values[index] = inProgramForm(m_table.columns[index], heldValue);

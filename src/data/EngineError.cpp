@@ -1,18 +1,13 @@
 #include "data/EngineError.h"
 
+#include "data/DataTexts.h"
 #include "util/Error.h"
 #include "util/FileAccess.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Database)
-};
 
 constexpr int primaryCodeMask = 0xFF;
 
@@ -27,18 +22,19 @@ QString hindranceOf(int code, const QString& path)
     if (path.isEmpty()) return {};
     const QFileInfo file(path);
     if (!file.exists())
-        return withPath(Texts::tr("The database was moved or deleted while it was open."), path);
+        return withPath(DataTexts::tr("The database was moved or deleted while it was open."), path);
     if (code == SQLITE_READONLY_DBMOVED)
-        return withPath(Texts::tr("The database was replaced by another file while it was open."), path);
-    if (!isWritable(path)) return withPath(Texts::tr("The file of the database is read-only."), path);
+        return withPath(DataTexts::tr("The database was replaced by another file while it was open."), path);
+    if (!isWritable(path)) return withPath(DataTexts::tr("The file of the database is read-only."), path);
     if (!isWritable(file.path()))
-        return withPath(Texts::tr("The database cannot be changed: its folder is read-only."), file.path());
+        return withPath(DataTexts::tr("The database cannot be changed: its folder is read-only."),
+                        file.path());
     return {};
 }
 
 QString describe(int code, const char* message)
 {
-    if (code == SQLITE_INTERRUPT) return Texts::tr("The statement took too long and was stopped.");
+    if (code == SQLITE_INTERRUPT) return DataTexts::tr("The statement took too long and was stopped.");
     return QString::fromUtf8(message);
 }
 

@@ -1,9 +1,8 @@
 #include "data/EngineRules.h"
 
+#include "data/DataTexts.h"
 #include "util/LikePattern.h"
 #include "util/TextCompare.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <array>
@@ -12,11 +11,6 @@
 #include <string_view>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Database)
-};
 
 constexpr int longestStatement = 8 * 1024 * 1024;
 constexpr int longestPattern = 50000;
@@ -55,8 +49,8 @@ void like(sqlite3_context* context, int /*count*/, sqlite3_value** arguments)
     if (pattern == nullptr) {
         const std::string_view text = textOf(arguments[0]);
         if (text.size() > longestPattern) {
-            sqlite3_result_error(context, Texts::tr("The text to look for is too long.").toUtf8().constData(),
-                                 -1);
+            sqlite3_result_error(context,
+                                 DataTexts::tr("The text to look for is too long.").toUtf8().constData(), -1);
             return;
         }
         fresh = std::make_unique<LikePattern>(text);

@@ -1,20 +1,14 @@
 #include "data/ExpressionTranslator.h"
 
+#include "data/DataTexts.h"
 #include "data/LikePrefix.h"
 #include "data/StatementShape.h"
 #include "data/TextPairs.h"
 #include "util/DateTimeText.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Database)
-};
 
 constexpr int deepestNesting = 50;
 constexpr qsizetype longestChain = 200;
@@ -35,7 +29,7 @@ QString joinAlternatives(const QStringList& alternatives, qsizetype begin, qsize
 
 QString ExpressionTranslator::expression(Span span, StatementScope& scope, Clause clause, int depth) const
 {
-    if (depth > deepestNesting) refuseStatement(Texts::tr("its parentheses are nested too deeply"));
+    if (depth > deepestNesting) refuseStatement(DataTexts::tr("its parentheses are nested too deeply"));
     QStringList alternatives;
     QStringList parts;
     bool divisible = true;

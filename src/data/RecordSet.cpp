@@ -1,16 +1,10 @@
 #include "data/RecordSet.h"
 
+#include "data/DataTexts.h"
 #include "util/DateTimeText.h"
 #include "util/Error.h"
 
-#include <QCoreApplication>
-
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Database)
-};
 
 constexpr int unknownColumnNumber = 1;
 
@@ -19,7 +13,7 @@ int findColumn(const std::vector<QString>& names, QStringView name)
     for (std::size_t i = 0; i < names.size(); ++i) {
         if (names[i].compare(name, Qt::CaseInsensitive) == 0) return static_cast<int>(i);
     }
-    throw Error(unknownColumnNumber, Texts::tr("no such column: %1").arg(name));
+    throw Error(unknownColumnNumber, DataTexts::tr("no such column: %1").arg(name));
 }
 
 } // namespace

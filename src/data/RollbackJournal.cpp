@@ -1,8 +1,8 @@
 #include "data/RollbackJournal.h"
 
+#include "data/DataTexts.h"
 #include "util/Error.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
@@ -12,11 +12,6 @@
 #include <array>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Database)
-};
 
 // a journal that names a file ends in the name, its length, its checksum and these bytes
 constexpr std::array<unsigned char, 8> magic{0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
@@ -39,6 +34,6 @@ void refuseForeignJournal(const QString& database)
     const QByteArray end(reinterpret_cast<const char*>(magic.data()), magic.size());
     if (!tail.endsWith(end) || qFromBigEndian<quint32>(tail.constData()) == 0) return;
     throw Error(SQLITE_CANTOPEN,
-                Texts::tr("The journal beside the database belongs to a change of several databases, "
-                          "which only the program that began it can finish or undo."));
+                DataTexts::tr("The journal beside the database belongs to a change of several databases, "
+                              "which only the program that began it can finish or undo."));
 }

@@ -1,17 +1,11 @@
 #include "data/SqlLexer.h"
 
+#include "data/DataTexts.h"
 #include "util/Error.h"
-
-#include <QCoreApplication>
 
 #include <array>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Database)
-};
 
 constexpr int syntaxErrorNumber = 1;
 
@@ -35,7 +29,7 @@ bool isDigit(QChar c)
 
 void refuseStatement(const QString& why)
 {
-    throw Error(syntaxErrorNumber, Texts::tr("The statement cannot be read: %1.").arg(why));
+    throw Error(syntaxErrorNumber, DataTexts::tr("The statement cannot be read: %1.").arg(why));
 }
 
 std::optional<SqlLexeme> SqlLexer::next()
@@ -75,8 +69,8 @@ void SqlLexer::skipQuoted(QChar quote)
         end = m_statement.indexOf(quote, end + 2);
     m_at = end < 0 ? m_statement.size() : end + 1;
     if (m_statement.sliced(begin, m_at - begin).contains(QChar()))
-        refuseStatement(Texts::tr("a text holds a NUL character"));
-    if (end < 0) refuseStatement(Texts::tr("a text has no closing %1").arg(quote));
+        refuseStatement(DataTexts::tr("a text holds a NUL character"));
+    if (end < 0) refuseStatement(DataTexts::tr("a text has no closing %1").arg(quote));
     refuseRest(quote);
 }
 
@@ -87,14 +81,15 @@ void SqlLexer::refuseRest(QChar quote) const
     if (isAtEnd()) return;
     const QChar next = m_statement[m_at];
     if (next.isSpace() || next.isNull() || follows.contains(next)) return;
-    if (quote == u'"') refuseStatement(Texts::tr("a quotation mark in a text ends it too early"));
-    refuseStatement(Texts::tr("an apostrophe in a text ends it too early. In a search, type _ in its place"));
+    if (quote == u'"') refuseStatement(DataTexts::tr("a quotation mark in a text ends it too early"));
+    refuseStatement(
+        DataTexts::tr("an apostrophe in a text ends it too early. In a search, type _ in its place"));
 }
 
 void SqlLexer::skipDate()
 {
     const auto end = m_statement.indexOf(u'#', m_at + 1);
-    if (end < 0) refuseStatement(Texts::tr("a date has no closing #"));
+    if (end < 0) refuseStatement(DataTexts::tr("a date has no closing #"));
     m_at = end + 1;
 }
 
@@ -105,13 +100,13 @@ void SqlLexer::skipSymbol()
 
     const QStringView rest = m_statement.sliced(m_at);
     if (rest.startsWith(u"--") || rest.startsWith(u"/*"))
-        refuseStatement(Texts::tr("a comment stands in it"));
+        refuseStatement(DataTexts::tr("a comment stands in it"));
     for (const QStringView pair : pairs) {
         if (!rest.startsWith(pair)) continue;
         m_at += pair.size();
         return;
     }
     if (!singles.contains(rest.front()))
-        refuseStatement(Texts::tr("the character %1 has no meaning in it").arg(rest.front()));
+        refuseStatement(DataTexts::tr("the character %1 has no meaning in it").arg(rest.front()));
     ++m_at;
 }

@@ -1,18 +1,12 @@
 #include "data/StatementScope.h"
 
+#include "data/DataTexts.h"
 #include "data/SqlTokenizer.h"
 #include "util/Error.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Database)
-};
 
 constexpr int unknownTableNumber = 1;
 
@@ -27,7 +21,7 @@ void StatementScope::addSource(const QString& name)
 {
     const Source source{name, m_catalog.findTable(name), m_catalog.findStoredQuery(name)};
     if (source.table == nullptr && source.storedQuery == nullptr) {
-        throw Error(unknownTableNumber, Texts::tr("no such table: %1").arg(name));
+        throw Error(unknownTableNumber, DataTexts::tr("no such table: %1").arg(name));
     }
     m_sources.push_back(source);
 }

@@ -1,19 +1,10 @@
 #include "data/StatementTokens.h"
 
-#include <QCoreApplication>
-
-namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Database)
-};
-
-} // namespace
+#include "data/DataTexts.h"
 
 void refuseToken(const SqlToken& token)
 {
-    refuseStatement(Texts::tr("%1 stands where it has no meaning").arg(token.text));
+    refuseStatement(DataTexts::tr("%1 stands where it has no meaning").arg(token.text));
 }
 
 bool StatementTokens::isWordAt(std::size_t i, QStringView word) const
@@ -44,7 +35,7 @@ std::size_t StatementTokens::closingParenthesis(std::size_t open, std::size_t en
         if (m_tokens[i].isSymbol(u"(")) ++depth;
         if (m_tokens[i].isSymbol(u")") && --depth == 0) return i;
     }
-    refuseStatement(Texts::tr("a parenthesis is not closed"));
+    refuseStatement(DataTexts::tr("a parenthesis is not closed"));
 }
 
 std::optional<std::pair<Clause, std::size_t>> StatementTokens::clauseAt(std::size_t i) const
@@ -67,7 +58,7 @@ ClauseSpans StatementTokens::splitClauses(Span span) const
         const SqlToken& token = m_tokens[i];
         if (token.isSymbol(u"(")) ++depth;
         if (token.isSymbol(u")") && --depth < 0) {
-            refuseStatement(Texts::tr("a parenthesis was not opened"));
+            refuseStatement(DataTexts::tr("a parenthesis was not opened"));
         }
         const auto clause = depth == 0 ? clauseAt(i) : std::nullopt;
         if (!clause) continue;
@@ -78,7 +69,7 @@ ClauseSpans StatementTokens::splitClauses(Span span) const
         spans[index] = Span{i + clause->second, span.end};
         i += clause->second - 1;
     }
-    if (!current) refuseStatement(Texts::tr("it is no SELECT"));
+    if (!current) refuseStatement(DataTexts::tr("it is no SELECT"));
     return spans;
 }
 

@@ -1,21 +1,16 @@
 #include "data/StatementTranslator.h"
 
+#include "data/DataTexts.h"
 #include "data/ExpressionTranslator.h"
 #include "data/StatementScope.h"
 #include "data/StatementTokens.h"
 
-#include <QCoreApplication>
 #include <QStringList>
 
 #include <optional>
 #include <utility>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Database)
-};
 
 /// The translation of one statement.
 class Translation
@@ -37,7 +32,7 @@ public:
 
     TranslatedStatement select()
     {
-        if (m_tokens.size() == 0) refuseStatement(Texts::tr("it is empty"));
+        if (m_tokens.size() == 0) refuseStatement(DataTexts::tr("it is empty"));
         const QString sql = translateSelect({0, m_tokens.size()}, nullptr, 0);
         return {sql, m_onlyTable};
     }
@@ -54,10 +49,10 @@ public:
             sql = QStringLiteral("UPDATE ");
             at = 1;
         } else {
-            refuseStatement(Texts::tr("it is neither a DELETE nor an UPDATE"));
+            refuseStatement(DataTexts::tr("it is neither a DELETE nor an UPDATE"));
         }
         if (at >= m_tokens.size() || m_tokens[at].kind != SqlToken::Kind::Word) {
-            refuseStatement(Texts::tr("it names no table"));
+            refuseStatement(DataTexts::tr("it names no table"));
         }
         m_onlyTable = m_tokens[at].text;
         scope.addSource(m_onlyTable);
@@ -76,7 +71,7 @@ private:
     QString translateSelect(Span span, StatementScope* outer, int depth)
     {
         if (!m_tokens.isWordAt(span.begin, u"SELECT")) {
-            refuseStatement(Texts::tr("it does not begin with SELECT"));
+            refuseStatement(DataTexts::tr("it does not begin with SELECT"));
         }
         const ClauseSpans spans = m_tokens.splitClauses(span);
 
@@ -88,7 +83,7 @@ private:
         const bool allOfOneTable = list.end == list.begin + 1 && m_tokens.isSymbolAt(list.begin, u"*");
         const bool grouped = spans[static_cast<std::size_t>(Clause::Group)].has_value();
         if (m_forEditing && depth == 0 && (grouped || !allOfOneTable)) {
-            refuseStatement(Texts::tr("it does not select the rows of a table"));
+            refuseStatement(DataTexts::tr("it does not select the rows of a table"));
         }
         scope.setDistinct(m_tokens.isWordAt(list.begin, u"DISTINCT"));
         if (scope.isDistinct()) ++list.begin;
@@ -119,7 +114,7 @@ private:
     void addSources(Span span, StatementScope& scope) const
     {
         for (std::size_t i = span.begin;; ++i) {
-            if (i >= span.end) refuseStatement(Texts::tr("it names no table"));
+            if (i >= span.end) refuseStatement(DataTexts::tr("it names no table"));
             if (m_tokens[i].kind != SqlToken::Kind::Word) refuseToken(m_tokens[i]);
             scope.addSource(m_tokens[i].text);
             if (++i >= span.end) return;
@@ -142,7 +137,7 @@ private:
     {
         if (item.end == item.begin + 1 && m_tokens.isSymbolAt(item.begin, u"*")) return scope.allColumns();
         const std::size_t length = item.end - item.begin;
-        if (length == 0) refuseStatement(Texts::tr("an item of its list is missing"));
+        if (length == 0) refuseStatement(DataTexts::tr("an item of its list is missing"));
         const bool plain = m_tokens[item.begin].kind == SqlToken::Kind::Word &&
                            (length == 1 || (length == 3 && m_tokens.isSymbolAt(item.begin + 1, u".")));
         QString sql = m_expressions.expression(item, scope, Clause::Select, depth);
@@ -188,7 +183,7 @@ TranslatedStatement StatementTranslator::select(const QString& statement, const 
 TranslatedStatement StatementTranslator::selectForEditing(const QString& statement) const
 {
     TranslatedStatement translated = Translation(m_catalog, statement, true).select();
-    if (translated.table.isEmpty()) refuseStatement(Texts::tr("it is not about one table"));
+    if (translated.table.isEmpty()) refuseStatement(DataTexts::tr("it is not about one table"));
     return translated;
 }
 

@@ -1,18 +1,12 @@
 #include "data/StoredQuery.h"
 
+#include "data/DataTexts.h"
 #include "data/SqlTokenizer.h"
 #include "util/Error.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Database)
-};
 
 constexpr int syntaxErrorNumber = 1;
 
@@ -217,7 +211,7 @@ private:
     [[noreturn]] void fail() const
     {
         throw Error(syntaxErrorNumber,
-                    Texts::tr("The stored query %1 is not of the expected form.").arg(m_query.name));
+                    DataTexts::tr("The stored query %1 is not of the expected form.").arg(m_query.name));
     }
 
     Tokens m_tokens;

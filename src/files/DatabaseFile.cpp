@@ -3,11 +3,11 @@
 #include "data/DatabaseSession.h"
 #include "data/EngineError.h"
 #include "data/RollbackJournal.h"
+#include "files/FilesTexts.h"
 #include "util/Error.h"
 #include "util/Logging.h"
 
 #include <QByteArray>
-#include <QCoreApplication>
 #include <QFile>
 
 #include <SQLiteCpp/Backup.h>
@@ -17,11 +17,6 @@
 #include <cstdio>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Files)
-};
 
 constexpr qint64 headLength = 32;
 
@@ -55,7 +50,7 @@ void copyFile(const QString& source, const QString& copy)
 {
     QFile file(source);
     if (file.copy(copy)) return;
-    throw Error(EIO, Texts::tr("The file cannot be copied: %1 (%2)").arg(file.errorString(), source));
+    throw Error(EIO, FilesTexts::tr("The file cannot be copied: %1 (%2)").arg(file.errorString(), source));
 }
 
 /// A change that was never finished is undone in the copy when that is first opened; the source keeps its
@@ -111,7 +106,7 @@ void copyDatabase(const QString& source, const QString& target)
     for (const char* leftover : {"-journal", "-wal", "-shm"})
         QFile::remove(target + QLatin1String(leftover));
     if (std::rename(QFile::encodeName(copy).constData(), QFile::encodeName(target).constData()) != 0) {
-        throw Error(errno, Texts::tr("The file cannot be made. (%1)").arg(target));
+        throw Error(errno, FilesTexts::tr("The file cannot be made. (%1)").arg(target));
     }
     qCInfo(filesLog).noquote() << "copied:" << source << "to" << target;
 }

@@ -1,10 +1,10 @@
 #include "files/FileCopy.h"
 
+#include "files/FilesTexts.h"
 #include "files/LinkTarget.h"
 #include "util/Error.h"
 #include "util/Logging.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QRegularExpression>
 
@@ -24,11 +24,6 @@
 namespace fs = std::filesystem;
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Files)
-};
 
 constexpr std::size_t blockSize = 1 << 20;
 
@@ -164,7 +159,7 @@ void refuseLinkOut(const OpenFolders& open, const fs::path& entry)
     std::error_code code;
     const bool leadsOut = fs::is_symlink(fs::symlink_status(entry, code)) && fs::exists(entry, code) &&
                           !LinkTarget::liesIn(open.front(), entry);
-    if (leadsOut) refuse(Texts::tr("A link leads out of the folder"), entry);
+    if (leadsOut) refuse(FilesTexts::tr("A link leads out of the folder"), entry);
 }
 
 void copyTree(const fs::path& from, const fs::path& to, OpenFolders& open)
@@ -173,7 +168,7 @@ void copyTree(const fs::path& from, const fs::path& to, OpenFolders& open)
     const fs::path folder = fs::canonical(from, code);
     require(code, from);
     if (std::find(open.begin(), open.end(), folder) != open.end()) {
-        refuse(Texts::tr("A folder cannot be copied into itself"), from);
+        refuse(FilesTexts::tr("A folder cannot be copied into itself"), from);
     }
     open.push_back(folder);
     fs::create_directory(to, code);

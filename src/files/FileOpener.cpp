@@ -2,20 +2,15 @@
 
 #include "data/DatabaseSession.h"
 #include "files/DistributionDiscs.h"
+#include "files/FilesTexts.h"
 #include "platform/Shell.h"
 #include "util/FileStrings.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <algorithm>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Files)
-};
 
 constexpr auto discFolder = u"\\OrvikDB";
 constexpr auto readerFolder = u"\\data\\viewers\\Acrobat5\\Windows\\Reader\\";
@@ -29,7 +24,7 @@ QString text(QStringView view)
 
 QString notFound(const QString& path)
 {
-    return Texts::tr("File not found: %1").arg(path);
+    return FilesTexts::tr("File not found: %1").arg(path);
 }
 
 /// The extension of a name or path, with `/` or `\` between folders.
@@ -70,7 +65,7 @@ QStringList chartNames(qint64 organization, const QString& stored)
 
 QString FileOpener::openDoc(const QString& fileName, const QString& iconKey) const
 {
-    if (iconKey.contains(QStringLiteral("ng"))) return Texts::tr("Copyright permissions not granted.");
+    if (iconKey.contains(QStringLiteral("ng"))) return FilesTexts::tr("Copyright permissions not granted.");
     const QString path = m_at.folder.machinePath(m_at.documents) + fileName;
     if (!ProgramFolder::isPlainName(fileName)) return notFound(path);
     if (iconKey.endsWith(QStringLiteral("cd"))) {
@@ -84,7 +79,7 @@ QString FileOpener::openDoc(const QString& fileName, const QString& iconKey) con
 QString FileOpener::openOrgChart(qint64 organization, const QString& iconKey) const
 {
     if (iconKey != QStringLiteral("Organization_cd")) {
-        return Texts::tr("No chart currently associated with this organization.");
+        return FilesTexts::tr("No chart currently associated with this organization.");
     }
     const QString stored = storedChart(organization);
     if (!isPossiblePath(stored)) return notFound(m_at.folder.machinePath(m_at.organizationCharts) + stored);
@@ -108,7 +103,7 @@ QString FileOpener::openOnDisc(Disc disc, const QString& programFolder, const QS
     const DistributionDiscs discs = DistributionDiscs::scan(m_at.volumes);
     const auto& root = disc == Disc::Photos ? discs.photos : discs.data;
     if (!root) {
-        return Texts::tr("Unable to find the %1 CD. Please insert the CDROM.")
+        return FilesTexts::tr("Unable to find the %1 CD. Please insert the CDROM.")
             .arg(text(disc == Disc::Photos ? DistributionDiscs::photosLabel : DistributionDiscs::dataLabel));
     }
     const ProgramFolder volume(*root);
@@ -124,11 +119,11 @@ QString FileOpener::openFile(const QString& file) const
     if (m_at.shell.open(QUrl::fromLocalFile(file))) return {};
     const QString name = QFileInfo(file).fileName();
     const QString extension = extensionOf(name);
-    QString message = Texts::tr("No file association available to view files of type: %1.")
+    QString message = FilesTexts::tr("No file association available to view files of type: %1.")
                           .arg(extension.isEmpty() ? name : extension);
     if (extension.compare(QStringLiteral("pdf"), Qt::CaseInsensitive) != 0) return message;
     if (openWithDiscReader(file)) return {};
-    return Texts::tr("%1 Please install the Adobe Acrobat Reader.").arg(message);
+    return FilesTexts::tr("%1 Please install the Adobe Acrobat Reader.").arg(message);
 }
 
 bool FileOpener::openWithDiscReader(const QString& file) const

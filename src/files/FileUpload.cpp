@@ -1,12 +1,12 @@
 #include "files/FileUpload.h"
 
 #include "files/FileCopy.h"
+#include "files/FilesTexts.h"
 #include "files/LinkTarget.h"
 #include "files/WebPage.h"
 #include "util/Error.h"
 #include "util/FileStrings.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QUrl>
@@ -18,11 +18,6 @@
 namespace fs = std::filesystem;
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Files)
-};
 
 constexpr QChar point = u'.';
 const QString folderEnding = QStringLiteral("_files");
@@ -69,7 +64,7 @@ void refuseHolderOf(const fs::path& target, const fs::path& folder)
     if (code || relative.empty() || *relative.begin() == "..") return;
     throw Error(
         EINVAL,
-        Texts::tr("A folder cannot be copied into itself (%1)").arg(QFile::decodeName(folder.c_str())));
+        FilesTexts::tr("A folder cannot be copied into itself (%1)").arg(QFile::decodeName(folder.c_str())));
 }
 
 /// Refuses a page's folder that is a link to somewhere else.
@@ -77,7 +72,7 @@ void refuseFolderElsewhere(const fs::path& folder)
 {
     const fs::path surroundings = folder.has_parent_path() ? folder.parent_path() : fs::path(".");
     if (LinkTarget::liesIn(surroundings, folder)) return;
-    throw Error(EINVAL, Texts::tr("The page's folder is a link to another place (%1)")
+    throw Error(EINVAL, FilesTexts::tr("The page's folder is a link to another place (%1)")
                             .arg(QFile::decodeName(folder.c_str())));
 }
 

@@ -1,10 +1,10 @@
 #include "files/ProgramFolder.h"
 
+#include "files/FilesTexts.h"
 #include "files/FolderNames.h"
 #include "files/LinkTarget.h"
 #include "util/Error.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -15,11 +15,6 @@
 #include <filesystem>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Files)
-};
 
 /// On Windows a colon ends the name of a drive; elsewhere it may be part of a name.
 #ifdef Q_OS_WIN
@@ -35,7 +30,7 @@ constexpr bool colonLeadsOut = false;
 
 void makeFolder(const QString& path)
 {
-    if (!QDir().mkpath(path)) refuse(Texts::tr("The folder cannot be made."), path);
+    if (!QDir().mkpath(path)) refuse(FilesTexts::tr("The folder cannot be made."), path);
 }
 
 void copyFolder(const QString& from, const QString& to)
@@ -51,7 +46,7 @@ void copyFolder(const QString& from, const QString& to)
             continue;
         }
         makeFolder(QFileInfo(target).path());
-        if (!QFile::copy(entry, target)) refuse(Texts::tr("The file cannot be copied."), target);
+        if (!QFile::copy(entry, target)) refuse(FilesTexts::tr("The file cannot be copied."), target);
         QFile::setPermissions(target, QFile::permissions(target) | QFile::WriteOwner);
     }
 }
@@ -102,7 +97,7 @@ bool ProgramFolder::fillFromSample(const QString& root, const QString& sample)
          {QStringLiteral("documents"), QStringLiteral("orgcharts"), QStringLiteral("maps")}) {
         makeFolder(unfinished + QStringLiteral("/data/") + folder);
     }
-    if (!QDir().rename(unfinished, root)) refuse(Texts::tr("The folder cannot be made."), root);
+    if (!QDir().rename(unfinished, root)) refuse(FilesTexts::tr("The folder cannot be made."), root);
     return hasSample;
 }
 

@@ -1,19 +1,14 @@
 #include "help/AboutText.h"
 
 #include "data/DatabaseSession.h"
+#include "help/HelpTexts.h"
 #include "util/Error.h"
 
-#include <QCoreApplication>
 #include <QDir>
 
 #include <array>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(AboutText)
-};
 
 struct Part
 {
@@ -57,13 +52,13 @@ constexpr std::array dataSources{
 
 QString rowOf(const Part& part)
 {
-    const QString name = Texts::tr(part.name);
+    const QString name = HelpTexts::tr(part.name);
     const QString shown =
         part.address == nullptr
             ? name
             : QStringLiteral("<a href=\"%1\">%2</a>").arg(QString::fromUtf8(part.address), name);
     return QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td></tr>")
-        .arg(shown, Texts::tr(part.purpose), Texts::tr(part.licence));
+        .arg(shown, HelpTexts::tr(part.purpose), HelpTexts::tr(part.licence));
 }
 
 template <std::size_t count>
@@ -90,11 +85,11 @@ QString countsOf(DatabaseSession& session)
     const int documents = countOf(session, QStringLiteral("Document"), QStringLiteral("dStatus"));
     const int events = countOf(session, QStringLiteral("Event"), status);
     const int organizations = countOf(session, QStringLiteral("Organization"), status);
-    return QStringList{documents == 1 ? Texts::tr("1 document")
-                                      : Texts::tr("%n documents", nullptr, documents),
-                       events == 1 ? Texts::tr("1 event") : Texts::tr("%n events", nullptr, events),
-                       organizations == 1 ? Texts::tr("1 organization")
-                                          : Texts::tr("%n organizations", nullptr, organizations)}
+    return QStringList{documents == 1 ? HelpTexts::tr("1 document")
+                                      : HelpTexts::tr("%n documents", nullptr, documents),
+                       events == 1 ? HelpTexts::tr("1 event") : HelpTexts::tr("%n events", nullptr, events),
+                       organizations == 1 ? HelpTexts::tr("1 organization")
+                                          : HelpTexts::tr("%n organizations", nullptr, organizations)}
         .join(QStringLiteral(", "));
 }
 
@@ -107,20 +102,20 @@ QString AboutText::version()
 
 QString AboutText::database(DatabaseSession& session)
 {
-    if (!session.isOpen()) return Texts::tr("No database is open.");
+    if (!session.isOpen()) return HelpTexts::tr("No database is open.");
     QString records;
     try {
         records = countsOf(session);
     } catch (const Error& error) {
-        records = Texts::tr("The records cannot be counted: %1").arg(error.description());
+        records = HelpTexts::tr("The records cannot be counted: %1").arg(error.description());
     }
-    return Texts::tr("Database: %1<br>%2")
+    return HelpTexts::tr("Database: %1<br>%2")
         .arg(QDir::toNativeSeparators(session.fileName()).toHtmlEscaped(), records.toHtmlEscaped());
 }
 
 QString AboutText::licences()
 {
-    return Texts::tr(
+    return HelpTexts::tr(
                "<p>This program is free software: you may use it, pass it on and change it under the terms "
                "of the "
                "<a href=\"https://www.gnu.org/licenses/gpl-3.0.html\">GNU General Public License</a>, "

@@ -1,9 +1,9 @@
 #include "help/HelpFile.h"
 
+#include "help/HelpTexts.h"
 #include "platform/Shell.h"
 #include "util/Error.h"
 
-#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -15,11 +15,6 @@
 #include <cerrno>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(HelpFile)
-};
 
 struct WindowChapter
 {
@@ -115,9 +110,10 @@ void HelpFile::open(HelpChapter chapter) const
     const QString page = m_folder.machinePath(pagesPath()) + pageName(chapter);
     if (openFile(wholeGuide ? book : page) || openFile(wholeGuide ? page : book)) return;
     if (QFileInfo::exists(book) || QFileInfo::exists(page)) {
-        throw Error(ENOEXEC, Texts::tr("No program of the desktop opens the user's guide. (%1)").arg(page));
+        throw Error(ENOEXEC,
+                    HelpTexts::tr("No program of the desktop opens the user's guide. (%1)").arg(page));
     }
-    throw Error(ENOENT, Texts::tr("The user's guide was not found. (%1)").arg(book));
+    throw Error(ENOENT, HelpTexts::tr("The user's guide was not found. (%1)").arg(book));
 }
 
 bool HelpFile::openFile(const QString& path) const

@@ -1,17 +1,11 @@
 #include "map/LegendLines.h"
 
+#include "map/MapTexts.h"
 #include "util/ReadableLine.h"
-
-#include <QCoreApplication>
 
 #include <map>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(MapLegend)
-};
 
 constexpr qsizetype mostNames = 20;
 
@@ -20,13 +14,13 @@ constexpr qsizetype mostNames = 20;
 QString functionName(const clsCities& place)
 {
     if (!place.functionName.isEmpty()) return place.functionName;
-    return place.functionId ? Texts::tr("Function %1").arg(*place.functionId) : Texts::tr("None");
+    return place.functionId ? MapTexts::tr("Function %1").arg(*place.functionId) : MapTexts::tr("None");
 }
 
 QString LegendLine::text() const
 {
     if (names.size() <= mostNames) return readableLine(names.join(QStringLiteral(", ")));
-    return Texts::tr("%1 and %n more", nullptr, static_cast<int>(names.size() - mostNames))
+    return MapTexts::tr("%1 and %n more", nullptr, static_cast<int>(names.size() - mostNames))
         .arg(readableLine(names.first(mostNames).join(QStringLiteral(", "))));
 }
 

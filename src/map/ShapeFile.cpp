@@ -1,8 +1,8 @@
 #include "map/ShapeFile.h"
 
+#include "map/MapTexts.h"
 #include "map/ShapeFileCheck.h"
 
-#include <QCoreApplication>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
@@ -14,11 +14,6 @@
 #include <memory>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(ShapeFile)
-};
 
 /// Returns the path of a file whose name may differ in letter case; the path itself if there is none.
 QString anyCase(const QString& path)
@@ -116,13 +111,13 @@ std::vector<std::vector<QPointF>> ringsOf(const SHPObject& shape)
         const int begin = shape.panPartStart[part];
         const int end = part + 1 < shape.nParts ? shape.panPartStart[part + 1] : shape.nVertices;
         if (begin < 0 || end < begin || end > shape.nVertices) {
-            ShapeFileCheck::refuse(Texts::tr("The parts of a polygon overlap."));
+            ShapeFileCheck::refuse(MapTexts::tr("The parts of a polygon overlap."));
         }
         std::vector<QPointF>& ring = rings.emplace_back();
         for (int vertex = begin; vertex < end; ++vertex) {
             // also false for NaN
             if (!isOnEarth(shape.padfX[vertex], shape.padfY[vertex])) {
-                ShapeFileCheck::refuse(Texts::tr("A border leads off the earth."));
+                ShapeFileCheck::refuse(MapTexts::tr("A border leads off the earth."));
             }
             ring.emplace_back(shape.padfX[vertex], shape.padfY[vertex]);
         }
@@ -145,18 +140,18 @@ std::vector<ShapeRecord> ShapeFile::read(const QString& shapes)
     const QString table = beside(shapes, ".dbf");
     const int count = ShapeFileCheck::countShapes(ShapeFileCheck::load(shapes), ShapeFileCheck::load(index));
     if (ShapeFileCheck::countRows(ShapeFileCheck::load(table)) != count) {
-        ShapeFileCheck::refuse(Texts::tr("Shapes and names are not as many."));
+        ShapeFileCheck::refuse(MapTexts::tr("Shapes and names are not as many."));
     }
     SAHooks hooks = quietHooks();
     const QByteArray path = shapes.toUtf8();
     const OpenShapes openShapes(SHPOpenLL(path.constData(), "rb", &hooks));
     const OpenTable openTable(DBFOpenLL(path.constData(), "rb", &hooks));
-    if (!openShapes || !openTable) ShapeFileCheck::refuse(Texts::tr("It cannot be opened."));
+    if (!openShapes || !openTable) ShapeFileCheck::refuse(MapTexts::tr("It cannot be opened."));
 
     std::vector<ShapeRecord> records;
     for (int record = 0; record < count; ++record) {
         const Shape shape(SHPReadObject(openShapes.get(), record));
-        if (!shape) ShapeFileCheck::refuse(Texts::tr("A shape cannot be read."));
+        if (!shape) ShapeFileCheck::refuse(MapTexts::tr("A shape cannot be read."));
         records.push_back({ringsOf(*shape), textOf(*openTable, record, "STATE_NAME"),
                            textOf(*openTable, record, "STATE_ABBR")});
     }

@@ -1,8 +1,8 @@
 #include "map/ShapeFileCheck.h"
 
+#include "map/MapTexts.h"
 #include "util/Error.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QtEndian>
 
@@ -10,11 +10,6 @@
 #include <cerrno>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(ShapeFile)
-};
 
 using ShapeFileCheck::Bytes;
 
@@ -51,14 +46,14 @@ bool holdsPolygons(qint32 shapeType)
 void checkHeader(const Bytes& bytes, const QString& which)
 {
     if (sizeOf(bytes) < headerSize || big(bytes, 0) != fileCode) {
-        ShapeFileCheck::refuse(Texts::tr("The %1 file is not one of shapes.").arg(which));
+        ShapeFileCheck::refuse(MapTexts::tr("The %1 file is not one of shapes.").arg(which));
     }
     if (!holdsPolygons(little(bytes, 32))) {
-        ShapeFileCheck::refuse(Texts::tr("The %1 file holds no polygons.").arg(which));
+        ShapeFileCheck::refuse(MapTexts::tr("The %1 file holds no polygons.").arg(which));
     }
     // the length is in words of two bytes
     if (qint64{big(bytes, 24)} * 2 != sizeOf(bytes)) {
-        ShapeFileCheck::refuse(Texts::tr("The %1 file is not as long as it says.").arg(which));
+        ShapeFileCheck::refuse(MapTexts::tr("The %1 file is not as long as it says.").arg(which));
     }
 }
 
@@ -66,21 +61,21 @@ void checkHeader(const Bytes& bytes, const QString& which)
 int checkRecord(const Bytes& shapes, qint64 begin, qint64 length)
 {
     if (begin < headerSize || length < 4 || begin + recordHeaderSize + length > sizeOf(shapes)) {
-        ShapeFileCheck::refuse(Texts::tr("The index leads out of the shapes."));
+        ShapeFileCheck::refuse(MapTexts::tr("The index leads out of the shapes."));
     }
     const qint64 content = begin + recordHeaderSize;
     if (big(shapes, begin + 4) * qint64{2} != length) {
-        ShapeFileCheck::refuse(Texts::tr("Index and shapes do not agree."));
+        ShapeFileCheck::refuse(MapTexts::tr("Index and shapes do not agree."));
     }
     const qint32 shapeType = little(shapes, content);
     if (shapeType == 0) return 0;
     if (!holdsPolygons(shapeType) || length < countsEnd) {
-        ShapeFileCheck::refuse(Texts::tr("A record is no polygon."));
+        ShapeFileCheck::refuse(MapTexts::tr("A record is no polygon."));
     }
     const qint64 parts = little(shapes, content + 36);
     const qint64 vertices = little(shapes, content + 40);
     if (parts < 0 || vertices < 0 || countsEnd + 4 * parts + 16 * vertices > length) {
-        ShapeFileCheck::refuse(Texts::tr("A polygon is longer than its record."));
+        ShapeFileCheck::refuse(MapTexts::tr("A polygon is longer than its record."));
     }
     return static_cast<int>(vertices);
 }
@@ -89,7 +84,7 @@ int checkRecord(const Bytes& shapes, qint64 begin, qint64 length)
 
 void ShapeFileCheck::refuse(const QString& reason)
 {
-    throw Error(EILSEQ, Texts::tr("The map of the states is damaged. %1").arg(reason));
+    throw Error(EILSEQ, MapTexts::tr("The map of the states is damaged. %1").arg(reason));
 }
 
 ShapeFileCheck::Bytes ShapeFileCheck::load(const QString& fileName)
@@ -97,9 +92,9 @@ ShapeFileCheck::Bytes ShapeFileCheck::load(const QString& fileName)
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly)) {
         throw Error(file.error() == QFileDevice::PermissionsError ? EACCES : ENOENT,
-                    Texts::tr("The map of the states cannot be read. (%1)").arg(fileName));
+                    MapTexts::tr("The map of the states cannot be read. (%1)").arg(fileName));
     }
-    if (file.size() > largestFile) refuse(Texts::tr("A file of it is too large."));
+    if (file.size() > largestFile) refuse(MapTexts::tr("A file of it is too large."));
     Bytes bytes(static_cast<std::size_t>(file.size()));
     const qint64 taken = file.read(bytes.data(), sizeOf(bytes));
     bytes.resize(static_cast<std::size_t>(std::max<qint64>(taken, 0)));
@@ -111,13 +106,13 @@ int ShapeFileCheck::countShapes(const Bytes& shapes, const Bytes& index)
     checkHeader(shapes, QStringLiteral(".shp"));
     checkHeader(index, QStringLiteral(".shx"));
     const qint64 records = (sizeOf(index) - headerSize) / indexEntrySize;
-    if (records > mostRecords) refuse(Texts::tr("It has too many records."));
+    if (records > mostRecords) refuse(MapTexts::tr("It has too many records."));
     qint64 vertices = 0;
     for (qint64 record = 0; record < records; ++record) {
         const qint64 entry = headerSize + record * indexEntrySize;
         vertices += checkRecord(shapes, qint64{big(index, entry)} * 2, qint64{big(index, entry + 4)} * 2);
     }
-    if (vertices > mostVertices) refuse(Texts::tr("It has too many vertices."));
+    if (vertices > mostVertices) refuse(MapTexts::tr("It has too many vertices."));
     return static_cast<int>(records);
 }
 
@@ -126,19 +121,19 @@ int ShapeFileCheck::countRows(const Bytes& table)
     constexpr qint64 fixedPart = 32;
     constexpr qint64 fieldSize = 32;
     constexpr char endOfFields = 0x0D;
-    if (sizeOf(table) <= fixedPart) refuse(Texts::tr("The .dbf file is too short."));
+    if (sizeOf(table) <= fixedPart) refuse(MapTexts::tr("The .dbf file is too short."));
     const qint32 rows = little(table, 4);
     const auto header = qFromLittleEndian<quint16>(table.data() + 8);
     const auto rowLength = qFromLittleEndian<quint16>(table.data() + 10);
     if (rows < 0 || rows > mostRecords || header <= fixedPart ||
         header + qint64{rows} * rowLength > sizeOf(table)) {
-        refuse(Texts::tr("The .dbf file is shorter than it says."));
+        refuse(MapTexts::tr("The .dbf file is shorter than it says."));
     }
     qint64 fields = 1; // the mark of a deleted row
     for (qint64 at = fixedPart;
          at + fieldSize <= header && table[static_cast<std::size_t>(at)] != endOfFields; at += fieldSize) {
         fields += static_cast<quint8>(table[static_cast<std::size_t>(at) + 16]);
     }
-    if (fields > rowLength) refuse(Texts::tr("The fields of the .dbf file are longer than its rows."));
+    if (fields > rowLength) refuse(MapTexts::tr("The fields of the .dbf file are longer than its rows."));
     return rows;
 }

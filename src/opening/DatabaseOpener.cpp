@@ -4,23 +4,18 @@
 #include "files/DatabaseFile.h"
 #include "files/ProgramFolder.h"
 #include "opening/DatabaseConverter.h"
+#include "opening/OpeningTexts.h"
 #include "platform/FileAttributes.h"
 #include "platform/Messages.h"
 #include "platform/StdREG.h"
 #include "util/Error.h"
 #include "util/Logging.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <cerrno>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(DatabaseOpener)
-};
 
 QString settingName()
 {
@@ -58,15 +53,15 @@ QString DatabaseOpener::convertNamed(const QString& name, const QString& source)
     const QString target = dataPath(convertedName(name));
     const bool exists = QFileInfo::exists(target);
     const bool replace =
-        exists &&
-        m_platform.messages.ask(Texts::tr("%1 was converted before, to %2.\n\nDo you want to convert it "
-                                          "again and replace that database? Whatever was added to it "
-                                          "since is then lost. No opens it as it is.")
-                                    .arg(name, convertedName(name)),
-                                Question::Loss);
+        exists && m_platform.messages.ask(
+                      OpeningTexts::tr("%1 was converted before, to %2.\n\nDo you want to convert it "
+                                       "again and replace that database? Whatever was added to it "
+                                       "since is then lost. No opens it as it is.")
+                          .arg(name, convertedName(name)),
+                      Question::Loss);
     const bool isNeeded = !exists || replace;
     if (isNeeded && !convert(source, target, replace)) {
-        throw Error(ECANCELED, Texts::tr("The conversion was cancelled. (%1)").arg(source));
+        throw Error(ECANCELED, OpeningTexts::tr("The conversion was cancelled. (%1)").arg(source));
     }
     return target;
 }
@@ -92,10 +87,11 @@ bool DatabaseOpener::openChosen(const QString& file)
 
 bool DatabaseOpener::mayReplace(const QString& target)
 {
-    return m_platform.messages.ask(Texts::tr("The data folder holds a database %1 already.\n\nDo you want to "
-                                             "replace it? What it holds is then lost.")
-                                       .arg(QFileInfo(target).fileName()),
-                                   Question::Loss);
+    return m_platform.messages.ask(
+        OpeningTexts::tr("The data folder holds a database %1 already.\n\nDo you want to "
+                         "replace it? What it holds is then lost.")
+            .arg(QFileInfo(target).fileName()),
+        Question::Loss);
 }
 
 /// Converts a file and tells the user what came of it; false if the user cancelled it. Throws Error.
@@ -109,8 +105,8 @@ bool DatabaseOpener::convert(const QString& source, const QString& target, bool 
         throw Error(result.status, QStringLiteral("%1 (%2)").arg(result.error, source));
     }
     m_platform.messages.show(
-        Texts::tr("The Access file %1 was converted to the database %2, which the program uses from "
-                  "now on. The Access file is unchanged.\n\n%3")
+        OpeningTexts::tr("The Access file %1 was converted to the database %2, which the program uses from "
+                         "now on. The Access file is unchanged.\n\n%3")
             .arg(QFileInfo(source).fileName(), target, result.report.text()));
     return true;
 }

@@ -1,13 +1,8 @@
 #include "opening/ImportReport.h"
 
-#include <QCoreApplication>
+#include "opening/OpeningTexts.h"
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(ImportReport)
-};
 
 constexpr qsizetype mostNamesListed = 12;
 
@@ -28,17 +23,17 @@ QString unescape(const QByteArray& field)
 /// What the converter is at, by its own word for it.
 QString phaseText(const QString& phase)
 {
-    if (phase == QStringLiteral("reading")) return Texts::tr("Reading …");
-    if (phase == QStringLiteral("copying")) return Texts::tr("Copying …");
-    if (phase == QStringLiteral("indexing")) return Texts::tr("Indexing …");
-    if (phase == QStringLiteral("verifying")) return Texts::tr("Verifying …");
+    if (phase == QStringLiteral("reading")) return OpeningTexts::tr("Reading …");
+    if (phase == QStringLiteral("copying")) return OpeningTexts::tr("Copying …");
+    if (phase == QStringLiteral("indexing")) return OpeningTexts::tr("Indexing …");
+    if (phase == QStringLiteral("verifying")) return OpeningTexts::tr("Verifying …");
     return phase;
 }
 
 QString listed(const QStringList& names)
 {
     if (names.size() <= mostNamesListed) return names.join(QStringLiteral(", "));
-    return Texts::tr("%1 and %n more", nullptr, static_cast<int>(names.size() - mostNamesListed))
+    return OpeningTexts::tr("%1 and %n more", nullptr, static_cast<int>(names.size() - mostNamesListed))
         .arg(names.mid(0, mostNamesListed).join(QStringLiteral(", ")));
 }
 
@@ -61,8 +56,8 @@ std::optional<ImportProgress> ImportReport::take(const QByteArray& line)
     if (kind != QStringLiteral("progress") || fields.size() < 4) return std::nullopt;
     m_percent = fields[0].toInt();
     if (fields[3].isEmpty()) return ImportProgress{m_percent, {}};
-    return ImportProgress{m_percent,
-                          Texts::tr("Copying %1 (%2 of %3 rows) …").arg(fields[3], fields[1], fields[2])};
+    return ImportProgress{
+        m_percent, OpeningTexts::tr("Copying %1 (%2 of %3 rows) …").arg(fields[3], fields[1], fields[2])};
 }
 
 void ImportReport::takeSummary(const QStringList& fields)
@@ -82,18 +77,18 @@ void ImportReport::takeSummary(const QStringList& fields)
     } else if (key == QStringLiteral("missing-table")) {
         m_missing << field(1);
     } else if (key == QStringLiteral("linked-table")) {
-        m_notes << Texts::tr("The rows of %1 are in another file and were not taken.").arg(field(1));
+        m_notes << OpeningTexts::tr("The rows of %1 are in another file and were not taken.").arg(field(1));
     } else if (key == QStringLiteral("hidden")) {
-        m_hidden << Texts::tr("%1: %2 deleted, %3 without a status").arg(field(1), field(2), field(3));
+        m_hidden << OpeningTexts::tr("%1: %2 deleted, %3 without a status").arg(field(1), field(2), field(3));
     } else if (key == QStringLiteral("orphans")) {
-        m_notes
-            << Texts::tr("%1 rows of %2 name a %3 that does not exist.").arg(field(4), field(1), field(3));
+        m_notes << OpeningTexts::tr("%1 rows of %2 name a %3 that does not exist.")
+                       .arg(field(4), field(1), field(3));
     } else if (key == QStringLiteral("repeated")) {
-        m_notes << Texts::tr("%1 rows of %2 with a repeated identifier are in %3.")
+        m_notes << OpeningTexts::tr("%1 rows of %2 with a repeated identifier are in %3.")
                        .arg(field(2), field(1), field(3));
     } else if (key == QStringLiteral("unfit")) {
-        m_notes
-            << Texts::tr("%1 values of %2.%3 are whole in %4.").arg(field(3), field(1), field(2), field(4));
+        m_notes << OpeningTexts::tr("%1 values of %2.%3 are whole in %4.")
+                       .arg(field(3), field(1), field(2), field(4));
     } else if (key == QStringLiteral("warning")) {
         m_notes << field(1);
     }
@@ -102,17 +97,17 @@ void ImportReport::takeSummary(const QStringList& fields)
 QString ImportReport::text() const
 {
     QStringList lines;
-    lines << Texts::tr("%1 tables with %2 rows were taken over and checked.").arg(m_tables, m_rows);
+    lines << OpeningTexts::tr("%1 tables with %2 rows were taken over and checked.").arg(m_tables, m_rows);
     if (m_knownTables == 0)
-        lines << Texts::tr("None of them is a table of the program: its lists are empty.");
+        lines << OpeningTexts::tr("None of them is a table of the program: its lists are empty.");
     if (!m_unknown.isEmpty())
-        lines << Texts::tr("Unknown, taken over as they are: %1.").arg(listed(m_unknown));
-    if (!m_missing.isEmpty()) lines << Texts::tr("Missing, made empty: %1.").arg(listed(m_missing));
+        lines << OpeningTexts::tr("Unknown, taken over as they are: %1.").arg(listed(m_unknown));
+    if (!m_missing.isEmpty()) lines << OpeningTexts::tr("Missing, made empty: %1.").arg(listed(m_missing));
     if (!m_hidden.isEmpty())
-        lines << Texts::tr("Not shown in lists: %1.").arg(m_hidden.join(QStringLiteral("; ")));
+        lines << OpeningTexts::tr("Not shown in lists: %1.").arg(m_hidden.join(QStringLiteral("; ")));
     lines << m_notes.mid(0, mostNamesListed);
     if (m_notes.size() > mostNamesListed)
-        lines << Texts::tr("… and %n more notes.", nullptr,
-                           static_cast<int>(m_notes.size() - mostNamesListed));
+        lines << OpeningTexts::tr("… and %n more notes.", nullptr,
+                                  static_cast<int>(m_notes.size() - mostNamesListed));
     return lines.join(u'\n');
 }

@@ -1,5 +1,6 @@
 #include "platform/DesktopMessages.h"
 
+#include "platform/PlatformTexts.h"
 #include "util/Logging.h"
 
 #include <QApplication>
@@ -11,11 +12,6 @@
 #include <QThread>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(DesktopMessages)
-};
 
 constexpr int activationPatience = 500; ///< milliseconds
 
@@ -61,8 +57,8 @@ bool DesktopMessages::ask(const QString& text, Question about)
     QPushButton* yes = box.addButton(isDiscard ? QMessageBox::Discard : QMessageBox::Yes);
     QPushButton* no = box.addButton(isDiscard ? QMessageBox::Cancel : QMessageBox::No);
     if (isDiscard) {
-        yes->setText(Texts::tr("&Discard"));
-        no->setText(Texts::tr("&Keep Editing"));
+        yes->setText(PlatformTexts::tr("&Discard"));
+        no->setText(PlatformTexts::tr("&Keep Editing"));
     }
     box.setDefaultButton(about == Question::Harmless ? yes : no);
     box.setEscapeButton(no);

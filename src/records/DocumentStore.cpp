@@ -2,17 +2,11 @@
 
 #include "files/FileUpload.h"
 #include "records/DocumentColumns.h"
-
-#include <QCoreApplication>
+#include "records/RecordsTexts.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(DocumentStore)
-};
 
 const RecordTables<DocumentRecord>& documentTables()
 {
@@ -86,26 +80,27 @@ DocumentRecord DocumentStore::blank(const std::optional<clsFieldInfo>& preset) c
 std::optional<QString> DocumentStore::refusalOfPreset(const clsFieldInfo& preset)
 {
     if (preset.FieldName == organizationKindWord) return std::nullopt;
-    return Texts::tr("Invalid FieldName to add to current document");
+    return RecordsTexts::tr("Invalid FieldName to add to current document");
 }
 
 QString DocumentStore::notFoundMessage(qint64 id)
 {
-    return Texts::tr("Document %1 not found").arg(id);
+    return RecordsTexts::tr("Document %1 not found").arg(id);
 }
 
 std::optional<DocumentStore::Problem> DocumentStore::check(const DocumentRecord& record)
 {
     if (record.documentName.isEmpty()) {
-        return Problem{DocumentField::DocumentName, Texts::tr("Document title is required.")};
+        return Problem{DocumentField::DocumentName, RecordsTexts::tr("Document title is required.")};
     }
     if (record.documentDescription.isEmpty()) {
-        return Problem{DocumentField::DocumentDescription, Texts::tr("Document description is required.")};
+        return Problem{DocumentField::DocumentDescription,
+                       RecordsTexts::tr("Document description is required.")};
     }
     if (record.originalFilename.isEmpty()) {
         return Problem{
             DocumentField::OriginalFilename,
-            Texts::tr("Document filename is required. Please browse to select your document file.")};
+            RecordsTexts::tr("Document filename is required. Please browse to select your document file.")};
     }
     return std::nullopt;
 }
@@ -115,7 +110,7 @@ std::optional<DocumentStore::Problem> DocumentStore::saveDocument(DocumentRecord
     if (add(record)) return std::nullopt;
     return Problem{
         DocumentField::DocumentName,
-        Texts::tr("Document with identical title already exists. Please choose a different title.")};
+        RecordsTexts::tr("Document with identical title already exists. Please choose a different title.")};
 }
 
 std::optional<RecordConflict> DocumentStore::updateDocument(DocumentRecord& record)

@@ -1,10 +1,9 @@
 #include "records/EventStore.h"
 
 #include "records/EventColumns.h"
+#include "records/RecordsTexts.h"
 #include "util/DateTimeText.h"
 #include "util/Error.h"
-
-#include <QCoreApplication>
 
 #include <sqlite3.h>
 
@@ -13,11 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(EventStore)
-};
 
 const CheckLink<EventRecord> venueLinks{{u"EventVenues"_s, u"EventID"_s, u"VenueID"_s},
                                         QT_TRANSLATE_NOOP("RecordColumns", "Venues"),
@@ -65,8 +59,9 @@ const RecordTables<EventRecord>& eventTables()
 std::optional<EventStore::Problem> unreadableMoment(const EventRecord& record)
 {
     const QString noDate =
-        Texts::tr("%1 \"%2\" is not a date. Please type month, day and year, such as 09/11/2001.");
-    const QString noTime = Texts::tr("%1 \"%2\" is not a time. Please type hour and minute, such as 13:05.");
+        RecordsTexts::tr("%1 \"%2\" is not a date. Please type month, day and year, such as 09/11/2001.");
+    const QString noTime =
+        RecordsTexts::tr("%1 \"%2\" is not a time. Please type hour and minute, such as 13:05.");
     const auto isDate = [](const QString& text) { return DateTimeText::readDate(text).has_value(); };
     const auto isTime = [](const QString& text) { return DateTimeText::readTime(text).has_value(); };
     const struct
@@ -77,10 +72,12 @@ std::optional<EventStore::Problem> unreadableMoment(const EventRecord& record)
         bool isRead;
         QString message;
     } moments[] = {
-        {EventField::StartDate, Texts::tr("Start date"), record.startDate, isDate(record.startDate), noDate},
-        {EventField::EndDate, Texts::tr("End date"), record.endDate, isDate(record.endDate), noDate},
-        {EventField::StartTime, Texts::tr("Start time"), record.startTime, isTime(record.startTime), noTime},
-        {EventField::EndTime, Texts::tr("End time"), record.endTime, isTime(record.endTime), noTime},
+        {EventField::StartDate, RecordsTexts::tr("Start date"), record.startDate, isDate(record.startDate),
+         noDate},
+        {EventField::EndDate, RecordsTexts::tr("End date"), record.endDate, isDate(record.endDate), noDate},
+        {EventField::StartTime, RecordsTexts::tr("Start time"), record.startTime, isTime(record.startTime),
+         noTime},
+        {EventField::EndTime, RecordsTexts::tr("End time"), record.endTime, isTime(record.endTime), noTime},
     };
     for (const auto& [field, name, text, isRead, message] : moments) {
         if (!isRead && !text.trimmed().isEmpty()) return EventStore::Problem{field, message.arg(name, text)};
@@ -110,32 +107,33 @@ EventRecord EventStore::blank(const std::optional<clsFieldInfo>& preset) const
 std::optional<QString> EventStore::refusalOfPreset(const clsFieldInfo& preset)
 {
     if (preset.FieldName == documentKindWord || preset.FieldName == organizationKindWord) return std::nullopt;
-    return Texts::tr("Invalid FieldName to add to current event");
+    return RecordsTexts::tr("Invalid FieldName to add to current event");
 }
 
 QString EventStore::notFoundMessage(qint64 id)
 {
-    return Texts::tr("Event %1 not found").arg(id);
+    return RecordsTexts::tr("Event %1 not found").arg(id);
 }
 
 std::optional<EventStore::Problem> EventStore::check(const EventRecord& record)
 {
     if (record.eventName.isEmpty())
-        return Problem{EventField::EventName, Texts::tr("Event title is required.")};
+        return Problem{EventField::EventName, RecordsTexts::tr("Event title is required.")};
     if (record.eventDescription.isEmpty()) {
-        return Problem{EventField::EventDescription, Texts::tr("Event description is required.")};
+        return Problem{EventField::EventDescription, RecordsTexts::tr("Event description is required.")};
     }
     const bool hasVenue = std::any_of(record.venues.begin(), record.venues.end(),
                                       [](const CheckEntry& venue) { return venue.isChecked; });
-    if (!hasVenue) return Problem{EventField::Venues, Texts::tr("Event venue is required.")};
+    if (!hasVenue) return Problem{EventField::Venues, RecordsTexts::tr("Event venue is required.")};
     return unreadableMoment(record);
 }
 
 std::optional<EventStore::Problem> EventStore::saveEvent(EventRecord& record)
 {
     if (add(record)) return std::nullopt;
-    return Problem{EventField::EventName,
-                   Texts::tr("Event with identical title already exists. Please choose a different title.")};
+    return Problem{
+        EventField::EventName,
+        RecordsTexts::tr("Event with identical title already exists. Please choose a different title.")};
 }
 
 std::optional<RecordConflict> EventStore::updateEvent(EventRecord& record)

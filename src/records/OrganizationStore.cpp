@@ -2,9 +2,8 @@
 
 #include "files/FileUpload.h"
 #include "records/OrganizationColumns.h"
+#include "records/RecordsTexts.h"
 #include "util/Error.h"
-
-#include <QCoreApplication>
 
 #include <sqlite3.h>
 
@@ -13,11 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(OrganizationStore)
-};
 
 const RecordTables<OrganizationRecord>& organizationTables()
 {
@@ -69,8 +63,9 @@ OrganizationProfile profileAsRead(const OrganizationRecord& record)
 std::optional<OrganizationStore::Problem> unreadableNumber(const OrganizationProfile& profile)
 {
     const QString noCount =
-        Texts::tr("%1 \"%2\" is not a number of people. Please type a whole number, such as 1,250.");
-    const QString noAmount = Texts::tr("%1 \"%2\" is not a number. Please type one such as 1,250,000.50.");
+        RecordsTexts::tr("%1 \"%2\" is not a number of people. Please type a whole number, such as 1,250.");
+    const QString noAmount =
+        RecordsTexts::tr("%1 \"%2\" is not a number. Please type one such as 1,250,000.50.");
     const auto isCount = [](const QString& text) { return RecordValues::count(text).has_value(); };
     const struct
     {
@@ -80,13 +75,13 @@ std::optional<OrganizationStore::Problem> unreadableNumber(const OrganizationPro
         bool isRead;
         QString message;
     } numbers[] = {
-        {OrganizationField::SwornEmployees, Texts::tr("Sworn employees"), profile.swornEmployees,
+        {OrganizationField::SwornEmployees, RecordsTexts::tr("Sworn employees"), profile.swornEmployees,
          isCount(profile.swornEmployees), noCount},
-        {OrganizationField::CivilianEmployees, Texts::tr("Civilian employees"), profile.civilianEmployees,
-         isCount(profile.civilianEmployees), noCount},
-        {OrganizationField::Volunteers, Texts::tr("Volunteers"), profile.volunteers,
+        {OrganizationField::CivilianEmployees, RecordsTexts::tr("Civilian employees"),
+         profile.civilianEmployees, isCount(profile.civilianEmployees), noCount},
+        {OrganizationField::Volunteers, RecordsTexts::tr("Volunteers"), profile.volunteers,
          isCount(profile.volunteers), noCount},
-        {OrganizationField::AnnualBudget, Texts::tr("Annual budget"), profile.annualBudget,
+        {OrganizationField::AnnualBudget, RecordsTexts::tr("Annual budget"), profile.annualBudget,
          RecordValues::amount(profile.annualBudget).has_value(), noAmount},
     };
     for (const auto& [field, name, text, isRead, message] : numbers) {
@@ -140,13 +135,14 @@ OrganizationRecord OrganizationStore::blank() const
 
 QString OrganizationStore::notFoundMessage(qint64 id)
 {
-    return Texts::tr("OrganizationID %1 not found").arg(id);
+    return RecordsTexts::tr("OrganizationID %1 not found").arg(id);
 }
 
 std::optional<OrganizationStore::Problem> OrganizationStore::check(const OrganizationRecord& record)
 {
     if (record.organizationName.isEmpty()) {
-        return Problem{OrganizationField::OrganizationName, Texts::tr("Organization name is required.")};
+        return Problem{OrganizationField::OrganizationName,
+                       RecordsTexts::tr("Organization name is required.")};
     }
     return unreadableNumber(record.profile);
 }
@@ -172,7 +168,7 @@ std::optional<OrganizationStore::Problem> OrganizationStore::saveOrganization(Or
     if (add(record)) return std::nullopt;
     return Problem{
         OrganizationField::OrganizationName,
-        Texts::tr("Organization with identical name already exists. Please choose a different name.")};
+        RecordsTexts::tr("Organization with identical name already exists. Please choose a different name.")};
 }
 
 std::optional<RecordConflict> OrganizationStore::updateOrganization(OrganizationRecord& record)

@@ -1,17 +1,11 @@
 #include "records/PickList.h"
 
 #include "data/DatabaseSession.h"
-
-#include <QCoreApplication>
+#include "records/RecordsTexts.h"
 
 #include <array>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(PickList)
-};
 
 struct KindOfList
 {
@@ -72,13 +66,13 @@ const KindOfList& of(PickListKind kind)
 
 QString emptyPickListText(PickListKind kind)
 {
-    return Texts::tr(of(kind).none);
+    return RecordsTexts::tr(of(kind).none);
 }
 
 QStringList pickListHeaders(PickListKind kind)
 {
-    QStringList headers{Texts::tr(of(kind).header)};
-    if (of(kind).secondHeader != nullptr) headers << Texts::tr(of(kind).secondHeader);
+    QStringList headers{RecordsTexts::tr(of(kind).header)};
+    if (of(kind).secondHeader != nullptr) headers << RecordsTexts::tr(of(kind).secondHeader);
     return headers;
 }
 

@@ -4,15 +4,9 @@
 #include "records/EventRecord.h"
 #include "records/OrganizationRecord.h"
 #include "records/RecordIdentifier.h"
-
-#include <QCoreApplication>
+#include "records/RecordsTexts.h"
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(RecordStore)
-};
 
 template <typename Record>
 void addEmpty(DatabaseSession& /*session*/, const ListLink<Record>& link, Record& record)
@@ -269,13 +263,13 @@ QString RecordStore<Record>::remove(qint64 id)
                           .arg(names.record, m_tables.statusColumn, names.key, number));
     switch (m_tables.kind) {
     case RecordKind::Document:
-        return Texts::tr("Document ID %1 successfully deleted.").arg(number);
+        return RecordsTexts::tr("Document ID %1 successfully deleted.").arg(number);
     case RecordKind::Event:
-        return Texts::tr("Event ID %1 successfully deleted.").arg(number);
+        return RecordsTexts::tr("Event ID %1 successfully deleted.").arg(number);
     case RecordKind::Organization:
         break;
     }
-    return Texts::tr("Organization ID %1 successfully deleted.").arg(number);
+    return RecordsTexts::tr("Organization ID %1 successfully deleted.").arg(number);
 }
 
 template class RecordStore<DocumentRecord>;

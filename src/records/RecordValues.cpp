@@ -1,9 +1,9 @@
 #include "records/RecordValues.h"
 
+#include "records/RecordsTexts.h"
 #include "util/DateTimeText.h"
 #include "util/Error.h"
 
-#include <QCoreApplication>
 #include <QLocale>
 
 #include <sqlite3.h>
@@ -11,11 +11,6 @@
 #include <algorithm>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(RecordValues)
-};
 
 /// In any locale, numbers are typed with a comma between thousands and a decimal point.
 const QLocale typed(QLocale::English, QLocale::UnitedStates);
@@ -108,7 +103,7 @@ EditableRecordSet RecordValues::openRecord(DatabaseSession& session, const QStri
 {
     EditableRecordSet rows = session.edit(statement);
     if (rows.atEnd()) {
-        throw Error(SQLITE_NOTFOUND, Texts::tr("The record is not in the database any more."));
+        throw Error(SQLITE_NOTFOUND, RecordsTexts::tr("The record is not in the database any more."));
     }
     return rows;
 }

@@ -1,16 +1,11 @@
 #include "search/AdvancedSearch.h"
 
+#include "search/SearchTexts.h"
 #include "views/StandardQueries.h"
 
-#include <QCoreApplication>
 #include <QStringList>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(AdvancedSearch)
-};
 
 const QString& conditionsOf(RecordKind kind, const clsAdvSearch& search)
 {
@@ -68,12 +63,13 @@ QString advancedCaption(RecordKind kind, const clsAdvSearch& search)
 {
     QStringList words;
     for (const SearchCriterion& criterion : criteriaOf(kind)) {
-        if (search.*criterion.flag) words << Texts::tr(criterion.word);
+        if (search.*criterion.flag) words << SearchTexts::tr(criterion.word);
     }
-    const QString caption = kind == RecordKind::Document ? Texts::tr("Advanced Document Search")
-                            : kind == RecordKind::Event  ? Texts::tr("Advanced Event Search")
-                                                         : Texts::tr("Advanced Organization Search");
-    return words.isEmpty() ? caption : Texts::tr("%1 by %2").arg(caption, words.join(QStringLiteral(", ")));
+    const QString caption = kind == RecordKind::Document ? SearchTexts::tr("Advanced Document Search")
+                            : kind == RecordKind::Event  ? SearchTexts::tr("Advanced Event Search")
+                                                         : SearchTexts::tr("Advanced Organization Search");
+    return words.isEmpty() ? caption
+                           : SearchTexts::tr("%1 by %2").arg(caption, words.join(QStringLiteral(", ")));
 }
 
 clsView advancedView(const StandardQueries& queries, RecordKind kind, const clsAdvSearch& search)

@@ -1,14 +1,9 @@
 #include "search/AdvancedSearch.h"
+#include "search/SearchTexts.h"
 
-#include <QCoreApplication>
 #include <QStringList>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(AdvancedSearch)
-};
 
 constexpr qsizetype namesInFull = 4;
 
@@ -18,11 +13,11 @@ QString oneOf(const QStringList& names)
 {
     if (names.size() == 1) return names.front();
     if (names.size() <= namesInFull) {
-        return Texts::tr("%1 or %2")
+        return SearchTexts::tr("%1 or %2")
             .arg(names.first(names.size() - 1).join(QStringLiteral(", ")), names.back());
     }
     const qsizetype shown = namesInFull - 1;
-    return Texts::tr("%1 or one of %n others", nullptr, static_cast<int>(names.size() - shown))
+    return SearchTexts::tr("%1 or one of %n others", nullptr, static_cast<int>(names.size() - shown))
         .arg(names.first(shown).join(QStringLiteral(", ")));
 }
 
@@ -40,8 +35,8 @@ QString joinedVenue(const clsAdvSearch::Items& chosen, const VenueNames& venues)
     QString number;
     for (const clsPickListItem& venue : chosen)
         number += QString::number(venue.itemID);
-    return Texts::tr("%1 (the numbers of several venues are read as one: choose one venue)")
-        .arg(venues.value(number, Texts::tr("number %1, which no venue has").arg(number)));
+    return SearchTexts::tr("%1 (the numbers of several venues are read as one: choose one venue)")
+        .arg(venues.value(number, SearchTexts::tr("number %1, which no venue has").arg(number)));
 }
 
 QStringList locationNames(const clsAdvSearch::Items& items)
@@ -49,7 +44,7 @@ QStringList locationNames(const clsAdvSearch::Items& items)
     QStringList names;
     for (const clsPickListItem& item : items) {
         const auto [city, state] = clsAdvSearch::cityAndState(item.itemName);
-        names << (state.isEmpty() ? Texts::tr("%1 without a state").arg(city)
+        names << (state.isEmpty() ? SearchTexts::tr("%1 without a state").arg(city)
                                   : city + QStringLiteral(", ") + state);
     }
     return names;
@@ -59,11 +54,11 @@ QString datesText(const clsAdvSearch& search)
 {
     const QString date = QStringLiteral("MM/dd/yyyy");
     const QString time = QStringLiteral("hh:mm");
-    QString text = Texts::tr("that start from %1 to %2, each day between %3 and %4")
+    QString text = SearchTexts::tr("that start from %1 to %2, each day between %3 and %4")
                        .arg(search.eventStartDate.toString(date), search.eventEndDate.toString(date),
                             search.eventStartTime.toString(time), search.eventEndTime.toString(time));
     if (search.eventEndDate < search.eventStartDate || search.eventEndTime < search.eventStartTime) {
-        text = Texts::tr("%1 (there is no such moment)").arg(text);
+        text = SearchTexts::tr("%1 (there is no such moment)").arg(text);
     }
     return text;
 }
@@ -80,23 +75,23 @@ QString choiceText(const SearchCriterion& criterion, const clsAdvSearch& search,
     } else {
         choices = oneOf(namesOf(items));
     }
-    return Texts::tr("whose %1 is %2").arg(Texts::tr(criterion.inSentence), choices);
+    return SearchTexts::tr("whose %1 is %2").arg(SearchTexts::tr(criterion.inSentence), choices);
 }
 
 QString searchesText(RecordKind kind, const QString& restrictions)
 {
     switch (kind) {
     case RecordKind::Document:
-        return restrictions.isEmpty() ? Texts::tr("Searches all documents")
-                                      : Texts::tr("Searches documents %1").arg(restrictions);
+        return restrictions.isEmpty() ? SearchTexts::tr("Searches all documents")
+                                      : SearchTexts::tr("Searches documents %1").arg(restrictions);
     case RecordKind::Event:
-        return restrictions.isEmpty() ? Texts::tr("Searches all events")
-                                      : Texts::tr("Searches events %1").arg(restrictions);
+        return restrictions.isEmpty() ? SearchTexts::tr("Searches all events")
+                                      : SearchTexts::tr("Searches events %1").arg(restrictions);
     case RecordKind::Organization:
         break;
     }
-    return restrictions.isEmpty() ? Texts::tr("Searches all organizations")
-                                  : Texts::tr("Searches organizations %1").arg(restrictions);
+    return restrictions.isEmpty() ? SearchTexts::tr("Searches all organizations")
+                                  : SearchTexts::tr("Searches organizations %1").arg(restrictions);
 }
 
 } // namespace
@@ -108,13 +103,13 @@ QString advancedSearchText(RecordKind kind, const clsAdvSearch& search, const Ve
     for (const SearchCriterion& criterion : criteriaOf(kind)) {
         if (!(search.*criterion.flag)) continue;
         if (criterion.items != nullptr && (search.*criterion.items).empty()) {
-            unrestricted << Texts::tr(criterion.inSentence);
+            unrestricted << SearchTexts::tr(criterion.inSentence);
         } else {
             restrictions << choiceText(criterion, search, venues);
         }
     }
-    const QString text = searchesText(kind, restrictions.join(Texts::tr(", and ")));
-    if (unrestricted.isEmpty()) return Texts::tr("%1.").arg(text);
-    return Texts::tr("%1; no %2 is chosen, so it may be any.")
-        .arg(text, unrestricted.join(Texts::tr(" and no ")));
+    const QString text = searchesText(kind, restrictions.join(SearchTexts::tr(", and ")));
+    if (unrestricted.isEmpty()) return SearchTexts::tr("%1.").arg(text);
+    return SearchTexts::tr("%1; no %2 is chosen, so it may be any.")
+        .arg(text, unrestricted.join(SearchTexts::tr(" and no ")));
 }

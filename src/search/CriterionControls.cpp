@@ -1,13 +1,8 @@
 #include "search/CriterionControls.h"
 
-#include <QCoreApplication>
+#include "search/SearchTexts.h"
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(CriterionControls)
-};
 
 using Controls = CriterionControls;
 using Records = PickListKind;
@@ -30,30 +25,30 @@ Controls::Lookup organizationTypes()
 
 QString clearList()
 {
-    return Texts::tr("Clear List (Search ALL)");
+    return SearchTexts::tr("Clear List (Search ALL)");
 }
 
 std::vector<Controls> documentControls()
 {
     return {
         {QStringLiteral("DocVenues"),
-         Texts::tr("I want to restrict my search to documents pertaining to specific venues"),
+         SearchTexts::tr("I want to restrict my search to documents pertaining to specific venues"),
          venues(),
          {}},
         {QStringLiteral("DocTypes"),
-         Texts::tr("I want to restrict my search to documents of specific document types"),
+         SearchTexts::tr("I want to restrict my search to documents of specific document types"),
          {},
          Controls::Picked{Records::DocumentTypes, QStringLiteral("cmdAddDocType"),
-                          Texts::tr("Add Document Type(s) to List"), QStringLiteral("cmdClearDocTypes"),
-                          Texts::tr("Clear Selections (Search ALL)")}},
+                          SearchTexts::tr("Add Document Type(s) to List"), QStringLiteral("cmdClearDocTypes"),
+                          SearchTexts::tr("Clear Selections (Search ALL)")}},
         {QStringLiteral("DocOrgs"),
-         Texts::tr("I want to restrict my search to documents from specific organizations"),
+         SearchTexts::tr("I want to restrict my search to documents from specific organizations"),
          {},
          Controls::Picked{Records::Organizations, QStringLiteral("cmdAddDocOrg"),
-                          Texts::tr("Add Organization(s) to List"), QStringLiteral("cmdClearDocOrgs"),
+                          SearchTexts::tr("Add Organization(s) to List"), QStringLiteral("cmdClearDocOrgs"),
                           clearList()}},
         {QStringLiteral("FileTypes"),
-         Texts::tr("I want to restrict my search to documents of specific file types"),
+         SearchTexts::tr("I want to restrict my search to documents of specific file types"),
          fileTypes(),
          {}},
     };
@@ -63,24 +58,24 @@ std::vector<Controls> eventControls()
 {
     return {
         {QStringLiteral("EventDate"),
-         Texts::tr("I want to restrict my search to events between specific dates"),
+         SearchTexts::tr("I want to restrict my search to events between specific dates"),
          {},
          {}},
         {QStringLiteral("EventVenues"),
-         Texts::tr("I want to restrict my search to events in specific venues"),
+         SearchTexts::tr("I want to restrict my search to events in specific venues"),
          venues(),
          {}},
         {QStringLiteral("EventFunctions"),
-         Texts::tr("I want to restrict my search to events pertaining to specific functions"),
+         SearchTexts::tr("I want to restrict my search to events pertaining to specific functions"),
          {},
          Controls::Picked{Records::Functions, QStringLiteral("cmdAddEventFunction"),
-                          Texts::tr("Add Function(s) to List"), QStringLiteral("cmdClearEventFunctions"),
-                          clearList()}},
+                          SearchTexts::tr("Add Function(s) to List"),
+                          QStringLiteral("cmdClearEventFunctions"), clearList()}},
         {QStringLiteral("EventOrgs"),
-         Texts::tr("I want to restrict my search to events involving specific organizations"),
+         SearchTexts::tr("I want to restrict my search to events involving specific organizations"),
          {},
          Controls::Picked{Records::Organizations, QStringLiteral("cmdAddEventOrg"),
-                          Texts::tr("Add Organization(s) to List"), QStringLiteral("cmdClearEventOrgs"),
+                          SearchTexts::tr("Add Organization(s) to List"), QStringLiteral("cmdClearEventOrgs"),
                           clearList()}},
     };
 }
@@ -89,24 +84,24 @@ std::vector<Controls> organizationControls()
 {
     return {
         {QStringLiteral("OrgVenues"),
-         Texts::tr("I want to restrict my search to organizations associated with specific venues"),
+         SearchTexts::tr("I want to restrict my search to organizations associated with specific venues"),
          venues(),
          {}},
         {QStringLiteral("OrgTypes"),
-         Texts::tr("I want to restrict my search to organizations of specific organization types"),
+         SearchTexts::tr("I want to restrict my search to organizations of specific organization types"),
          organizationTypes(),
          {}},
         {QStringLiteral("OrgFunctions"),
-         Texts::tr("I want to restrict my search to organizations performing specific functions"),
+         SearchTexts::tr("I want to restrict my search to organizations performing specific functions"),
          {},
          Controls::Picked{Records::Functions, QStringLiteral("cmdAddOrgFunction"),
-                          Texts::tr("Add Function to List"), QStringLiteral("cmdClearOrgFunctions"),
+                          SearchTexts::tr("Add Function to List"), QStringLiteral("cmdClearOrgFunctions"),
                           clearList()}},
         {QStringLiteral("OrgLocations"),
-         Texts::tr("I want to restrict my search to organizations from specific locations"),
+         SearchTexts::tr("I want to restrict my search to organizations from specific locations"),
          {},
          Controls::Picked{Records::CityLocations, QStringLiteral("cmdAddOrgLocation"),
-                          Texts::tr("Add Location(s) to List"), QStringLiteral("cmdClearOrgLocations"),
+                          SearchTexts::tr("Add Location(s) to List"), QStringLiteral("cmdClearOrgLocations"),
                           clearList()}},
     };
 }

@@ -1,16 +1,10 @@
 #include "search/KeywordSearch.h"
 
+#include "search/SearchTexts.h"
 #include "util/StrTok.h"
 #include "views/StandardQueries.h"
 
-#include <QCoreApplication>
-
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(KeywordSearch)
-};
 
 QString descriptionColumn(RecordKind kind)
 {
@@ -29,13 +23,13 @@ QString caption(RecordKind kind, const QString& text)
 {
     switch (kind) {
     case RecordKind::Document:
-        return Texts::tr("Document Search for \"%1\"").arg(text);
+        return SearchTexts::tr("Document Search for \"%1\"").arg(text);
     case RecordKind::Event:
-        return Texts::tr("Event Search for \"%1\"").arg(text);
+        return SearchTexts::tr("Event Search for \"%1\"").arg(text);
     case RecordKind::Organization:
         break;
     }
-    return Texts::tr("Organization Search for \"%1\"").arg(text);
+    return SearchTexts::tr("Organization Search for \"%1\"").arg(text);
 }
 
 QString allWordsIn(const QString& column, const QStringList& words)
@@ -86,7 +80,7 @@ clsView keywordView(const StandardQueries& queries, std::optional<RecordKind> ki
         view.Caption = caption(*kind, text);
     } else {
         view.viewIndex = ViewKind::SearchResults;
-        view.Caption = Texts::tr("Search Results for \"%1\"").arg(text);
+        view.Caption = SearchTexts::tr("Search Results for \"%1\"").arg(text);
     }
     return view;
 }

@@ -2,23 +2,17 @@
 
 #include "data/DatabaseSession.h"
 #include "search/KeywordSearch.h"
+#include "search/SearchTexts.h"
 #include "views/StandardQueries.h"
 
-#include <QCoreApplication>
-
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(SearchResults)
-};
 
 /// Returns the caption of a list of results, with %1 for the keywords.
 QString captionOf(RecordKind kind)
 {
-    return kind == RecordKind::Document ? Texts::tr("Document Search Results for \"%1\"")
-           : kind == RecordKind::Event  ? Texts::tr("Event Search Results for \"%1\"")
-                                        : Texts::tr("Organization Search Results for \"%1\"");
+    return kind == RecordKind::Document ? SearchTexts::tr("Document Search Results for \"%1\"")
+           : kind == RecordKind::Event  ? SearchTexts::tr("Event Search Results for \"%1\"")
+                                        : SearchTexts::tr("Organization Search Results for \"%1\"");
 }
 
 /// Counts the records without reading their rows, which would take several times as long.
@@ -47,13 +41,14 @@ QString SearchResults::Kind::label() const
     const int number = static_cast<int>(count);
     switch (kind) {
     case RecordKind::Document:
-        return number == 1 ? Texts::tr("1 Document") : Texts::tr("%n Documents", nullptr, number);
+        return number == 1 ? SearchTexts::tr("1 Document") : SearchTexts::tr("%n Documents", nullptr, number);
     case RecordKind::Event:
-        return number == 1 ? Texts::tr("1 Event") : Texts::tr("%n Events", nullptr, number);
+        return number == 1 ? SearchTexts::tr("1 Event") : SearchTexts::tr("%n Events", nullptr, number);
     case RecordKind::Organization:
         break;
     }
-    return number == 1 ? Texts::tr("1 Organization") : Texts::tr("%n Organizations", nullptr, number);
+    return number == 1 ? SearchTexts::tr("1 Organization")
+                       : SearchTexts::tr("%n Organizations", nullptr, number);
 }
 
 qint64 SearchResults::total() const
@@ -68,17 +63,17 @@ QString SearchResults::sentence() const
 {
     const qint64 count = total();
     if (count == 0) {
-        return Texts::tr(
+        return SearchTexts::tr(
                    "Your keyword search for \"%1\" found 0 items. Click on the Search icon to try again.")
             .arg(keywords);
     }
     if (count == 1) {
-        return Texts::tr(
+        return SearchTexts::tr(
                    "Your keyword search for \"%1\" found 1 item. Click on the result to view this item or "
                    "click the Search icon to try again.")
             .arg(keywords);
     }
-    return Texts::tr(
+    return SearchTexts::tr(
                "Your keyword search for \"%1\" found %n items. Click on the results you would like to view "
                "or click the Search icon to try again.",
                nullptr, static_cast<int>(count))

@@ -4,18 +4,12 @@
 #include "platform/Clock.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
+#include "timeline/TimelineTexts.h"
 #include "views/ViewHistory.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Timeline)
-};
 
 TimelineLimits today(const QDateTime& now)
 {
@@ -217,7 +211,7 @@ void Timeline::positionScale()
     if (strip) {
         m_ruler = rulerOf(m_window, *strip, m_labelWidth);
     } else {
-        m_messages.show(Texts::tr("zoomFactor %1 not yet handled.").arg(level));
+        m_messages.show(TimelineTexts::tr("zoomFactor %1 not yet handled.").arg(level));
     }
 }
 

@@ -1,16 +1,10 @@
 #include "timeline/TimelineLimits.h"
 
 #include "data/DatabaseSession.h"
+#include "timeline/TimelineTexts.h"
 #include "util/Error.h"
 
-#include <QCoreApplication>
-
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Timeline)
-};
 
 constexpr int mismatchNumber = 13;
 
@@ -26,7 +20,7 @@ std::optional<Moment> firstMoment(DatabaseSession& session, const QString& state
         const auto moment = momentOfHeld(rows.held(date), rows.held(time));
         if (moment) return moment;
         throw Error(mismatchNumber,
-                    Texts::tr("%1 %2 is not a date and time").arg(rows.text(date), rows.text(time)));
+                    TimelineTexts::tr("%1 %2 is not a date and time").arg(rows.text(date), rows.text(time)));
     }
     return std::nullopt;
 }

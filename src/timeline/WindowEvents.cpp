@@ -1,18 +1,12 @@
 #include "timeline/WindowEvents.h"
 
 #include "data/DatabaseSession.h"
+#include "timeline/TimelineTexts.h"
 #include "util/Error.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(Timeline)
-};
 
 constexpr int mismatchNumber = 13;
 
@@ -21,7 +15,7 @@ Moment momentAt(const std::string& date, const std::string& time, const QString&
     const auto moment = momentOfHeld(date, time);
     if (moment) return *moment;
     throw Error(mismatchNumber,
-                Texts::tr("%1 %2 is not a date and time (%3)")
+                TimelineTexts::tr("%1 %2 is not a date and time (%3)")
                     .arg(QString::fromStdString(date), QString::fromStdString(time), eventName));
 }
 

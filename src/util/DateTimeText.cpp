@@ -1,16 +1,11 @@
 #include "util/DateTimeText.h"
 
 #include "util/Error.h"
+#include "util/UtilTexts.h"
 
-#include <QCoreApplication>
 #include <QStringList>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(DateTimeText)
-};
 
 constexpr int mismatchNumber = 20;
 constexpr int earliestYear = 100;
@@ -56,7 +51,7 @@ QString joined(std::string_view first, char separator, std::string_view second)
 
 [[noreturn]] void refuse(QStringView literal)
 {
-    throw Error(mismatchNumber, Texts::tr("#%1# is not a date or time").arg(literal));
+    throw Error(mismatchNumber, UtilTexts::tr("#%1# is not a date or time").arg(literal));
 }
 
 } // namespace

@@ -1,28 +1,18 @@
 #include "util/StrTok.h"
 
 #include "util/Error.h"
-
-#include <QCoreApplication>
+#include "util/UtilTexts.h"
 
 #include <cerrno>
 #include <limits>
 #include <new>
-
-namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(StrTok)
-};
-
-} // namespace
 
 void StrTok::AddDelimiter(const QString& d)
 {
     try {
         m_delimiters.push_back(d);
     } catch (const std::bad_alloc&) {
-        throw Error(ENOMEM, Texts::tr("Couldn't add delimiter!"));
+        throw Error(ENOMEM, UtilTexts::tr("Couldn't add delimiter!"));
     }
 }
 

@@ -2,18 +2,12 @@
 
 #include "data/DatabaseSession.h"
 #include "views/StandardQueries.h"
-
-#include <QCoreApplication>
+#include "views/ViewsTexts.h"
 
 #include <array>
 #include <utility>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(RelatedViews)
-};
 
 /// What a command reads, shows and offers.
 struct Relation
@@ -120,10 +114,10 @@ RelatedOutcome RelatedViews::follow(RelatedCommand command, const RelatedSource&
     const QString condition =
         conditionFor(command, QString::fromUtf16(relation.check) + identifier, identifier);
     if (condition.isEmpty()) {
-        return {std::nullopt, Texts::tr(relation.question), additionFor(relation, source)};
+        return {std::nullopt, ViewsTexts::tr(relation.question), additionFor(relation, source)};
     }
     clsView view{viewOf(relation.target), m_queries.narrowed(relation.target, condition),
-                 Texts::tr(relation.caption).arg(source.name)};
+                 ViewsTexts::tr(relation.caption).arg(source.name)};
     // read once before it is shown: if that fails, the current view stays
     (void)m_session.read(view.SQL->sqlStr());
     return {std::move(view), {}, {}};

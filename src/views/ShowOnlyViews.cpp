@@ -2,20 +2,15 @@
 
 #include "data/DatabaseSession.h"
 #include "views/StandardQueries.h"
+#include "views/ViewsTexts.h"
 #include "views/clsCities.h"
 
-#include <QCoreApplication>
 #include <QStringList>
 
 #include <cerrno>
 #include <utility>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(ShowOnlyViews)
-};
 
 QString locationName(const QString& city, const QString& state)
 {
@@ -70,14 +65,14 @@ clsView ShowOnlyViews::documentsOfType(const QString& typeName) const
 {
     RecordSet types = m_session.read(
         QStringLiteral("SELECT * FROM DocumentType WHERE DocumentTypeName LIKE '") + typeName + u'\'');
-    if (!types.next()) throw Error(ENOENT, Texts::tr("There is no document type of this name."));
+    if (!types.next()) throw Error(ENOENT, ViewsTexts::tr("There is no document type of this name."));
     clsAdvSearch search;
     search.bDocTypes = true;
     search.docTypes.push_back(clsPickListItem::of(types.integer(types.column(u"DocumentTypeID")),
                                                   types.text(types.column(u"DocumentTypeName"))));
     search.buildAdvSQL();
     return checked({ViewKind::Documents, m_queries.narrowed(RecordKind::Document, search.advDocSQL),
-                    Texts::tr("View Only %1 Documents").arg(typeName)});
+                    ViewsTexts::tr("View Only %1 Documents").arg(typeName)});
 }
 
 clsView ShowOnlyViews::organizationsOfState(const clsCities& place) const
@@ -100,15 +95,16 @@ clsView ShowOnlyViews::organizationsOfState(const clsCities& place) const
         locations.add(0, others.text(0), others.text(1));
     QString condition = locations.condition();
     if (condition.isEmpty()) condition = QStringLiteral(" AND State LIKE '") + place.State + u'\'';
-    return organizations(condition, Texts::tr("View Only %1 Organizations").arg(place.State));
+    return organizations(condition, ViewsTexts::tr("View Only %1 Organizations").arg(place.State));
 }
 
 clsView ShowOnlyViews::organizationsOfCity(const clsCities& place) const
 {
     Locations locations;
     locations.add(place.LocationID.value_or(0), place.city, place.State);
-    return organizations(locations.condition(),
-                         Texts::tr("View Only %1 Organizations").arg(locationName(place.city, place.State)));
+    return organizations(
+        locations.condition(),
+        ViewsTexts::tr("View Only %1 Organizations").arg(locationName(place.city, place.State)));
 }
 
 clsView ShowOnlyViews::organizations(const QString& condition, const QString& caption) const

@@ -1,13 +1,8 @@
 #include "views/StandardQueries.h"
 
-#include <QCoreApplication>
+#include "views/ViewsTexts.h"
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(StandardQueries)
-};
 
 SharedQuery documentsQuery()
 {
@@ -47,13 +42,13 @@ QString titleOfAll(RecordKind kind)
 {
     switch (kind) {
     case RecordKind::Document:
-        return Texts::tr("View ALL Documents");
+        return ViewsTexts::tr("View ALL Documents");
     case RecordKind::Event:
-        return Texts::tr("View ALL Events");
+        return ViewsTexts::tr("View ALL Events");
     case RecordKind::Organization:
         break;
     }
-    return Texts::tr("View ALL Organizations");
+    return ViewsTexts::tr("View ALL Organizations");
 }
 
 } // namespace

@@ -1,17 +1,8 @@
 #include "views/clsCities.h"
 
-#include <QCoreApplication>
+#include "views/ViewsTexts.h"
 
 #include <cmath>
-
-namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(clsCities)
-};
-
-} // namespace
 
 QString clsCities::placeText() const
 {
@@ -20,8 +11,9 @@ QString clsCities::placeText() const
     constexpr int decimals = 2;
     const QString latitude = QString::number(std::abs(lat), 'f', decimals);
     const QString longitude = QString::number(std::abs(lon), 'f', decimals);
-    return (lat < 0 ? Texts::tr("%1° S") : Texts::tr("%1° N")).arg(latitude) + QStringLiteral(", ") +
-           (lon < 0 ? Texts::tr("%1° W") : Texts::tr("%1° E")).arg(longitude);
+    return (lat < 0 ? ViewsTexts::tr("%1° S") : ViewsTexts::tr("%1° N")).arg(latitude) +
+           QStringLiteral(", ") +
+           (lon < 0 ? ViewsTexts::tr("%1° W") : ViewsTexts::tr("%1° E")).arg(longitude);
 }
 
 bool clsCities::hasState() const

@@ -1,18 +1,12 @@
 #include "browse/list/ListLayout.h"
 
 #include "browse/list/EventTimes.h"
+#include "browse/list/ListTexts.h"
 #include "util/TypedDate.h"
-
-#include <QCoreApplication>
 
 #include <limits>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(RecordList)
-};
 
 constexpr int noSubType = 1;
 constexpr std::string_view noState = "None";
@@ -128,7 +122,7 @@ ListLayout documentLayout()
         u"ReleaseForm",
         {u"DocumentName", u"Author", u"DocumentDate", u"FileTypeName", u"OrganizationName", u"FileLocation"},
         {textColumn<field<documentField::name>>(QT_TRANSLATE_NOOP("RecordList", "Title"), 6420),
-         keyColumn([](const ListRow& row) { return row.isKey ? Texts::tr("Key document") : QString(); }),
+         keyColumn([](const ListRow& row) { return row.isKey ? ListTexts::tr("Key document") : QString(); }),
          author, documentDateColumn(),
          textColumn<field<documentField::fileType>>(QT_TRANSLATE_NOOP("RecordList", "File")),
          textColumn<field<documentField::source>>(QT_TRANSLATE_NOOP("RecordList", "Source"))}};
@@ -142,7 +136,7 @@ ListLayout eventLayout()
             {},
             {u"EventName", u"StartDate", u"StartTime", u"EndDate", u"EndTime"},
             {textColumn<field<eventField::name>>(QT_TRANSLATE_NOOP("RecordList", "Name"), 6450),
-             keyColumn([](const ListRow& row) { return row.isKey ? Texts::tr("Key event") : QString(); }),
+             keyColumn([](const ListRow& row) { return row.isKey ? ListTexts::tr("Key event") : QString(); }),
              {QT_TRANSLATE_NOOP("RecordList", "Date - Time"), 6450,
               [](const ListRow& row) { return times(row).shortText(); }, &timesKey,
               [](const ListRow& row) { return times(row).longText(); }}}};

@@ -1,20 +1,10 @@
 #include "browse/list/RecordList.h"
 
+#include "browse/list/ListTexts.h"
 #include "util/TextCompare.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <numeric>
-
-namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(RecordList)
-};
-
-} // namespace
 
 void RecordList::beginReading(const RecordSet& rows)
 {
@@ -105,14 +95,14 @@ QString RecordList::countText(RecordKind kind, std::size_t count)
     const int number = static_cast<int>(count);
     switch (kind) {
     case RecordKind::Document:
-        return number == 1 ? Texts::tr("Displaying 1 Document")
-                           : Texts::tr("Displaying %n Documents", nullptr, number);
+        return number == 1 ? ListTexts::tr("Displaying 1 Document")
+                           : ListTexts::tr("Displaying %n Documents", nullptr, number);
     case RecordKind::Event:
-        return number == 1 ? Texts::tr("Displaying 1 Event")
-                           : Texts::tr("Displaying %n Events", nullptr, number);
+        return number == 1 ? ListTexts::tr("Displaying 1 Event")
+                           : ListTexts::tr("Displaying %n Events", nullptr, number);
     case RecordKind::Organization:
         break;
     }
-    return number == 1 ? Texts::tr("Displaying 1 Organization")
-                       : Texts::tr("Displaying %n Organizations", nullptr, number);
+    return number == 1 ? ListTexts::tr("Displaying 1 Organization")
+                       : ListTexts::tr("Displaying %n Organizations", nullptr, number);
 }

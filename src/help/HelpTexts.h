@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QCoreApplication>
+
+/// Translates the texts of this room that no window class holds.
+struct HelpTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(Help)
+};
