@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSplitter>
 #include <QTest>
 #include <QToolButton>
 
@@ -247,6 +248,14 @@ TEST_F(KeywordSearchJourney, AnEmptyResultLeadsBackToTheSearch)
     EXPECT_EQ(journey.statusPanel(), u"Displaying 0 Organizations"_s);
     EXPECT_EQ(journey.find<QLabel>("lblEmptyResult").text(), u"Nothing was found for \"xylophone\"."_s);
     EXPECT_TRUE(link("lblSearchAgain").isVisible());
+    for (const int width : {120, 400, 2000}) {
+        journey.find<QSplitter>("splitter").setSizes({2000 - width, width});
+        QTest::qWait(0);
+        const QRect room = journey.list().viewport()->geometry();
+        const QRect notice = journey.find<QWidget>("EmptyResultNotice").geometry();
+        EXPECT_TRUE(room.contains(notice)) << room.width();
+        EXPECT_LE((notice.center() - room.center()).manhattanLength(), 2) << room.width();
+    }
     QTest::mouseClick(&link("lblSearchAgain"), Qt::LeftButton);
     EXPECT_TRUE(dialog().isVisible());
     EXPECT_TRUE(option(3).isChecked());

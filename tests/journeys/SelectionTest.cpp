@@ -5,6 +5,7 @@
 #include "timeline/TimelinePanel.h"
 
 #include <QTest>
+#include <QToolButton>
 
 #include <gtest/gtest.h>
 
@@ -165,8 +166,20 @@ TEST_F(Selection, ListAndTimelineShowTheSameEventWhateverIsDone)
           },
           "Quake / Quake"},
          {"Edit", [this] { edit("frmEvent", "Editing EventID 3"); }, "Quake / Quake"},
+         {"a click on an event that the list does not hold yet",
+          [this] {
+              journey.database.run("INSERT INTO Event (EventID, EventName, StartDate, StartTime, Status) "
+                                   "VALUES (9, 'Crack', '1927-04-01', '06:04', 'ACTIVE')");
+              journey.find<QToolButton>("NavStepForward").click();
+              journey.find<QToolButton>("NavStepBack").click();
+              QTest::mouseClick(&journey.find<EventLabel>("tlLabel(3)"), Qt::LeftButton);
+              journey.database.run("DELETE FROM Event WHERE EventID = 9");
+          },
+          " / "},
+         {"Refresh", [this] { journey.trigger("mnuViewRefresh"); }, " / "},
          {"a selection taken away",
           [this] {
+              journey.select("Quake");
               const QPoint row = journey.list().visualRect(journey.list().model()->index(1, 0)).center();
               QTest::mouseClick(journey.list().viewport(), Qt::LeftButton, Qt::ControlModifier, row);
           },

@@ -173,6 +173,9 @@ TEST_F(Timelines, TheScrollBarMovesTheLanes)
     EXPECT_EQ(label(lanes - 1).text(), u"Levee breaks again"_s);
     click("NavStepForward");
     EXPECT_EQ(scrollBar.value(), 0);
+    journey.select("Levee breaks again");
+    EXPECT_GT(scrollBar.value(), 0);
+    EXPECT_EQ(scrollBar.value(), scrollBar.maximum()) << "down to the lane of an event that is chosen";
 }
 
 TEST_F(Timelines, AnEmptyWindowLeadsToTheNearestEvents)

@@ -243,6 +243,14 @@ TEST_F(Handlers, AnEventThatCannotBeReadLeavesTheWindowAsItWas)
         EXPECT_EQ(m_timeline.isEmpty(), wasEmpty) << each.what;
         EXPECT_EQ(m_timeline.window().zoomFactor(), 0) << each.what;
     }
+
+    m_timeline.chooseEvent(11);
+    m_database.run("UPDATE Event SET StartTime = '10:0x' WHERE EventID = 14");
+    m_desktop.messages.expectMessage(
+        u"searchByTimeConstraint Error (13): 2001-09-10 10:0x is not a date and time (D)"_s);
+    m_timeline.chooseEvent(14);
+    EXPECT_EQ(now() + ' ' + lanes(), "09/10/2001 10:00 A -->|B -->|C -->")
+        << "what is selected is out of sight";
 }
 
 TEST_F(Handlers, TheSelectedEventIsThatOfTheView)
