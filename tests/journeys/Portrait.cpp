@@ -177,9 +177,15 @@ QStringList rowsOf(const QWidget& widget)
     if (model == nullptr) return found;
     const auto* tree = qobject_cast<const QTreeView*>(&widget);
     for (int column = 0; tree != nullptr && column < model->columnCount(); ++column) {
-        found << u"column "_s + model->headerData(column, Qt::Horizontal).toString() + u" tip "_s +
-                     model->headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString() +
-                     (tree->isColumnHidden(column) ? u" hidden"_s : QString());
+        const auto header = [model, column](int role) {
+            return model->headerData(column, Qt::Horizontal, role);
+        };
+        // the last one takes what is left of the window
+        const bool isLast = column == model->columnCount() - 1;
+        found << u"column "_s + header(Qt::DisplayRole).toString() +
+                     (header(Qt::DecorationRole).isNull() ? QString() : u" icon"_s) + u" tip "_s +
+                     header(Qt::ToolTipRole).toString() + u" width "_s +
+                     (isLast ? u"left"_s : QString::number(tree->columnWidth(column)));
     }
     constexpr int shownRows = 20;
     for (int row = 0; row < std::min(model->rowCount(), shownRows); ++row) {

@@ -25,6 +25,9 @@ public:
     /// Runs statements of the engine itself, past the session and its rules.
     void run(const char* statements) const;
 
+    /// Runs the statements of a file of the folder of all tests.
+    void runFile(const char* name) const;
+
     /// What the engine itself answers, one line a row, values joined by `|`.
     [[nodiscard]] QString ask(const char* statement) const;
 
