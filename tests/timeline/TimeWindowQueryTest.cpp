@@ -58,6 +58,14 @@ TEST_F(Query, IsServedByIndexesWithoutASearchThroughAllEvents)
     EXPECT_TRUE(plan.contains(u"EventByLength (<expr>=? AND StartDate>? AND StartDate<?)"_s))
         << plan.toStdString();
     EXPECT_FALSE(plan.contains(QRegularExpression(u"SCAN (e|Event)\\b"_s))) << plan.toStdString();
+    // the nearest event before or after a moment never begins at it
+    const auto found = [this](const QString& statement) {
+        return firstColumnOf(m_database.session(), statement);
+    };
+    EXPECT_EQ(found(TimeWindowQuery::before(*m_view, at("2001-09-11 09:00"))), QString());
+    EXPECT_EQ(found(TimeWindowQuery::before(*m_view, at("2001-09-11 09:01"))), u"2"_s);
+    EXPECT_EQ(found(TimeWindowQuery::after(*m_view, at("2001-09-11 09:00"))), QString());
+    EXPECT_EQ(found(TimeWindowQuery::after(*m_view, at("2001-09-11 08:59"))), u"2"_s);
     for (const QString& nearest : {TimeWindowQuery::before(*m_view, at("2001-09-11")),
                                    TimeWindowQuery::after(*m_view, at("2001-09-11"))}) {
         EXPECT_TRUE(planOf(nearest).startsWith(u"SEARCH Event USING INDEX EventByStart (StartDate"_s));
