@@ -118,7 +118,7 @@ QString OddRows::status()
                   u"'DELETED'"_s, u"'Deleted'"_s, u"NULL"_s});
 }
 
-/// One to three words as a text of the engine: as shown, as compared, and its base letters.
+/// One to three words as literals of SQLite: as shown, as compared, and its base letters.
 std::array<QString, 3> OddRows::someWords()
 {
     QStringList shown;

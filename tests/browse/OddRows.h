@@ -40,7 +40,7 @@ public:
     /// A word, or one that can stand in a text between apostrophes.
     const Word& word(bool withApostrophe);
 
-    /// The text as the engine reads it.
+    /// The text as a literal of SQLite.
     static QString quoted(QString text);
 
 private:
@@ -57,7 +57,7 @@ private:
     std::mt19937 m_random;
 };
 
-/// The statement of the plain engine for all rows of the list of a kind, without an order and open for
+/// The statement in plain SQLite for all rows of the list of a kind, without an order and open for
 /// further conditions on `d`, `e` or `o`, the record, and on `f`, its folded texts. The first column is what
 /// the list sorts by, the others are those of the list.
 QString rowsByHand(ViewKind kind);

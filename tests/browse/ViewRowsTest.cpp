@@ -1,4 +1,4 @@
-// What every kind of view lists, against queries of the plain engine that were written by hand, on rows with
+// What every kind of view lists, against queries written by hand for plain SQLite, on rows with
 // the odd values that real collections hold.
 
 #include "browse/OddRows.h"

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What the engine is asked in the end, and what it makes of it.
+/// What SQLite is asked in the end, and what it returns.
 class StoredQueries : public testing::Test
 {
 protected:
@@ -25,7 +25,7 @@ protected:
         return StatementTranslator(m_database.session().catalog()).select(statement).sql;
     }
 
-    /// The rows of a statement of the engine that may use the program's rules for text.
+    /// The rows of a statement in plain SQLite, which may use the program's rules for text.
     QStringList engineRows(const QString& statement)
     {
         SQLite::Database database(m_database.fileName().toStdString());
@@ -42,7 +42,7 @@ protected:
         return lines;
     }
 
-    /// The tables that the engine opens for a statement, by name, and `DISTINCT` where it folds rows.
+    /// The tables that SQLite opens for a statement, by name, and `DISTINCT` where it folds rows.
     QString planOf(const QString& statement)
     {
         QStringList used;

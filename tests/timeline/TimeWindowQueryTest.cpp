@@ -18,7 +18,7 @@ namespace {
 class Query : public testing::Test
 {
 protected:
-    /// What the engine does for a statement, one line a step.
+    /// The query plan of SQLite for a statement, one line a step.
     QString planOf(const QString& statement)
     {
         const QString sql = StatementTranslator(m_database.session().catalog()).select(statement).sql;
