@@ -267,7 +267,7 @@ QString marginsOf(const QLayout& layout)
 
 void addLayout(QStringList& lines, const QLayout& layout, int depth)
 {
-    const QString begin(2 * depth, u' ');
+    const QString begin(qsizetype{2} * depth, u' ');
     lines << begin + marginsOf(layout);
     for (int i = 0; i < layout.count(); ++i) {
         QLayoutItem& item = *layout.itemAt(i);
@@ -305,7 +305,7 @@ void addWidget(QStringList& lines, const QWidget& widget, int depth)
     const bool isPage = widget.parentWidget() != nullptr &&
                         widget.parentWidget()->objectName() == u"qt_tabwidget_stackedwidget";
     if (widget.isHidden() && isSpare(widget)) return;
-    const QString begin(2 * depth, u' ');
+    const QString begin(qsizetype{2} * depth, u' ');
     lines << begin + describe(widget);
     if (widget.isHidden() && !isPage && !widget.isWindow()) return;
     for (const QString& row : rowsOf(widget))
