@@ -124,12 +124,4 @@ TEST(RecordList, SortsDatesAsDatesAndTextsWithoutRegardToCase)
     EXPECT_EQ(sortedNames(events, 2, true), "late longer early day");
 }
 
-TEST(RecordList, CountsInWords)
-{
-    EXPECT_EQ(RecordList::countText(RecordKind::Document, 0), QStringLiteral("Displaying 0 Documents"));
-    EXPECT_EQ(RecordList::countText(RecordKind::Event, 1), QStringLiteral("Displaying 1 Event"));
-    EXPECT_EQ(RecordList::countText(RecordKind::Organization, 40000),
-              QStringLiteral("Displaying 40000 Organizations"));
-}
-
 } // namespace

@@ -1,4 +1,3 @@
-#include "data/StatementRows.h"
 #include "support/TestDatabase.h"
 
 #include <gtest/gtest.h>
@@ -36,7 +35,7 @@ protected:
 
 TEST_F(Edit, ANewRowKnowsItsNumberBeforeItIsWritten)
 {
-    m_database.run(statementRows);
+    m_database.runFile("data/rows/Statements.sql");
     EditableRecordSet records = edit(u"SELECT * FROM Document WHERE DocumentID = 0"_s);
     EXPECT_TRUE(records.atEnd());
     records.addNew();
@@ -62,7 +61,7 @@ TEST_F(Edit, ANewRowKnowsItsNumberBeforeItIsWritten)
 
 TEST_F(Edit, LinksAndHistoryHaveNoNumberOfTheirOwn)
 {
-    m_database.run(statementRows);
+    m_database.runFile("data/rows/Statements.sql");
     EditableRecordSet history = edit(u"SELECT * FROM Event_HIST WHERE EventID = 2"_s);
     history.addNew();
     EXPECT_EQ(history.value(u"EventID"), Value());
@@ -149,7 +148,7 @@ TEST_F(Edit, DatesAreHeldSoThatTheySort)
 
 TEST_F(Edit, ADateThatDoesNotExistIsRefusedBeforeAnythingIsWritten)
 {
-    m_database.run(statementRows);
+    m_database.runFile("data/rows/Statements.sql");
     const QByteArray before = m_database.bytes();
     EditableRecordSet records = edit(u"SELECT * FROM Event WHERE EventID = 2"_s);
     EditableRecordSet history = edit(u"SELECT * FROM Event_HIST WHERE EventID = 2"_s);
@@ -175,7 +174,7 @@ TEST_F(Edit, ADateThatDoesNotExistIsRefusedBeforeAnythingIsWritten)
 
 TEST_F(Edit, OnlyWhatWasSetIsWritten)
 {
-    m_database.run(statementRows);
+    m_database.runFile("data/rows/Statements.sql");
     EditableRecordSet records =
         edit(u"SELECT * FROM Document WHERE DocumentID IN (2,3) ORDER BY DocumentID"_s);
     ASSERT_EQ(records.count(), 2u);
@@ -196,7 +195,7 @@ TEST_F(Edit, OnlyWhatWasSetIsWritten)
 
 TEST_F(Edit, WhatAnotherProgramDidMeanwhileIsAnError)
 {
-    m_database.run(statementRows);
+    m_database.runFile("data/rows/Statements.sql");
     EditableRecordSet gone = edit(u"SELECT * FROM Document WHERE DocumentID = 3"_s);
     EditableRecordSet taken = edit(u"SELECT * FROM Venue WHERE VenueID = 0"_s);
     taken.addNew();
@@ -224,7 +223,7 @@ TEST_F(Edit, ATextBeyondTheBoundIsAnErrorAndNotLostInSilence)
 
 TEST_F(Edit, OnlyTheColumnsOfOneTableCanBeEdited)
 {
-    m_database.run(statementRows);
+    m_database.runFile("data/rows/Statements.sql");
     for (const QString& statement :
          {u"SELECT DocumentID FROM Document"_s, u"SELECT DISTINCT * FROM Document"_s,
           u"SELECT count(DocumentID) FROM Document"_s, u"SELECT * FROM Q_Document"_s,

@@ -1,4 +1,3 @@
-#include "data/StatementRows.h"
 #include "data/StatementTranslator.h"
 #include "support/TestDatabase.h"
 
@@ -93,7 +92,7 @@ private:
 TEST(Fuzz, WhateverIsAskedOnlyAnErrorComesOutAndNothingChanges)
 {
     TestDatabase database;
-    database.run(statementRows);
+    database.runFile("data/rows/Statements.sql");
     DatabaseSession& session = database.session();
     session.setPatience(std::chrono::milliseconds(50));
     const QByteArray before = database.bytes();

@@ -1,4 +1,3 @@
-#include "data/StatementRows.h"
 #include "support/TestDatabase.h"
 #include "views/StandardQueries.h"
 
@@ -19,7 +18,7 @@ class HostileKeyword : public testing::Test
 protected:
     HostileKeyword()
     {
-        m_database.run(statementRows);
+        m_database.runFile("data/rows/Statements.sql");
         m_database.session();
         m_before = m_database.bytes();
     }

@@ -1,4 +1,3 @@
-#include "data/StatementRows.h"
 #include "support/TestDatabase.h"
 
 #include <gtest/gtest.h>
@@ -35,7 +34,7 @@ protected:
 
 TEST_F(SessionDates, LimitsOfTheTimeline)
 {
-    m_database.run(statementRows);
+    m_database.runFile("data/rows/Statements.sql");
     DatabaseSession& session = m_database.session();
     EXPECT_EQ(
         rowsOf(session,

@@ -1,4 +1,3 @@
-#include "data/StatementRows.h"
 #include "support/TestDatabase.h"
 
 #include <QLoggingCategory>
@@ -41,7 +40,7 @@ private:
 TEST(StatementLog, HoldsStatementsAsBuiltAndAsRunIfRulesAskForThem)
 {
     TestDatabase database;
-    database.run(statementRows);
+    database.runFile("data/rows/Statements.sql");
     DatabaseSession& session = database.session();
     const QString dated = u"SELECT EventID FROM Event WHERE StartDate = #09/11/2001#"_s;
     const QString update = u"UPDATE Venue SET VenueName = \"it's\" WHERE VenueID = 3"_s;

@@ -1,4 +1,3 @@
-#include "data/StatementRows.h"
 #include "support/TestDatabase.h"
 #include "views/StandardQueries.h"
 
@@ -12,7 +11,7 @@ namespace {
 class Statement : public testing::Test
 {
 protected:
-    Statement() { m_database.run(statementRows); }
+    Statement() { m_database.runFile("data/rows/Statements.sql"); }
 
     TestDatabase m_database;
     StandardQueries m_standard;

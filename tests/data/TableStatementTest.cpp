@@ -1,4 +1,3 @@
-#include "data/StatementRows.h"
 #include "support/TestDatabase.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +18,7 @@ struct Case
 class TableStatement : public testing::Test
 {
 protected:
-    TableStatement() { m_database.run(statementRows); }
+    TableStatement() { m_database.runFile("data/rows/Statements.sql"); }
 
     void expectRows(const std::vector<Case>& cases)
     {

@@ -4,6 +4,8 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 using Lines = std::vector<std::vector<std::string>>;
@@ -42,6 +44,8 @@ TEST_F(ImportVariants, namesAreTakenInAnyLetterCaseAndColumnsInAnyOrder)
     ASSERT_EQ(import(), 0) << result.error;
     EXPECT_EQ(result.summary("known"), (Lines{{"28"}}));
     EXPECT_EQ(value("SELECT count(*) FROM Event"), "120");
+    const Lines tables = result.summary("table");
+    EXPECT_EQ(std::count(tables.begin(), tables.end(), Lines::value_type{"eVENT", "120", "Event"}), 1);
     EXPECT_EQ(value("SELECT StartTime FROM Event WHERE EventID = 2"), "16:45");
     EXPECT_EQ(value("SELECT name FROM pragma_table_info('Event') WHERE cid = 4"), "StartTime");
 

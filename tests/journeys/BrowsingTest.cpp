@@ -19,24 +19,17 @@
 
 namespace {
 
-/// A few records of each kind.
-void addRecords(const TestDatabase& database)
+/// The program with a few records of each kind, about to be started.
+class Browsing : public testing::Test
 {
-    database.run(
-        "INSERT INTO Document (DocumentID, DocumentName, DocumentDate, dStatus) VALUES (1, 'None', NULL, "
-        "'ACTIVE'),"
-        "(2, 'Beta', '12/01/1999', 'ACTIVE'), (3, 'alpha', '1907', 'ACTIVE'), (4, 'Delta', NULL, 'DELETED')");
-    database.run("INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, EndTime, "
-                 "Status) VALUES "
-                 "(2, 'Flood & Fire', 1, '1927-04-01', '06:00', '1927-08-31', '18:00', 'ACTIVE')");
-    database.run("INSERT INTO Organization (OrganizationID, OrganizationName, City, State, Status) VALUES "
-                 "(2, 'Agency', 'Austin', 'TX', 'ACTIVE'), (3, 'Bureau', 'Boston', 'MA', 'ACTIVE')");
-}
+protected:
+    Browsing() { journey.database.runFile("journeys/rows/Browsing.sql"); }
 
-TEST(Browsing, GoesThroughTheListsAndBack)
-{
     Journey journey;
-    addRecords(journey.database);
+};
+
+TEST_F(Browsing, GoesThroughTheListsAndBack)
+{
     journey.start();
 
     QTest::mouseClick(&journey.find<QAbstractButton>("Image1(0)"), Qt::LeftButton);
@@ -72,49 +65,8 @@ TEST(Browsing, GoesThroughTheListsAndBack)
     EXPECT_EQ(journey.program->state().history.count(), 6u);
 }
 
-TEST(Browsing, ListsBeginWithTheirColumnsInOrderAndWidth)
+TEST_F(Browsing, AKeyRecordHasItsSignInTheMiddleOfItsColumn)
 {
-    Journey journey;
-    addRecords(journey.database);
-    journey.start();
-    const struct
-    {
-        const char* command;
-        RecordKind kind;
-        const char* columns; ///< with their widths in pixels, 15 twips each
-    } cases[] = {
-        {"mnuViewDocuments", RecordKind::Document, "Title 428| 20|Author 96|Date 96|File 96|Source default"},
-        {"mnuViewEvents", RecordKind::Event, "Name 430| 20|Date - Time 430"},
-        {"mnuViewOrganizations", RecordKind::Organization, "Name 304|Type 127|Function 145|Location 96"},
-    };
-    for (const auto& [command, kind, columns] : cases) {
-        journey.trigger(command);
-        const QHeaderView& header = *journey.list().header();
-        QStringList found;
-        for (int place = 0; place < header.count(); ++place) {
-            const int column = header.logicalIndex(place);
-            const QAbstractItemModel& model = *journey.list().model();
-            const QString title = model.headerData(column, Qt::Horizontal).toString();
-            // the column of key marks says so by its picture
-            const bool isPictured = !model.headerData(column, Qt::Horizontal, Qt::DecorationRole).isNull();
-            EXPECT_EQ(isPictured, title.isEmpty()) << columns << column;
-            EXPECT_EQ(model.headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString(),
-                      isPictured ? QStringLiteral("Key records") : QString());
-            // the last one takes what is left of the window
-            const bool isLast = place == header.count() - 1;
-            const int width =
-                isLast ? listLayout(kind).columns.back().widthInTwips / 15 : header.sectionSize(column);
-            found << title + u' ' + (width == 0 ? QStringLiteral("default") : QString::number(width));
-        }
-        EXPECT_EQ(found.join(u'|').toStdString(), columns);
-        EXPECT_FALSE(header.isSortIndicatorShown());
-    }
-}
-
-TEST(Browsing, AKeyRecordHasItsSignInTheMiddleOfItsColumn)
-{
-    Journey journey;
-    addRecords(journey.database);
     journey.database.run("UPDATE Document SET KeyDocument = DocumentID = 2");
     journey.start();
     journey.trigger("mnuViewDocuments");
@@ -137,10 +89,8 @@ TEST(Browsing, AKeyRecordHasItsSignInTheMiddleOfItsColumn)
     EXPECT_TRUE(marked(0).isEmpty());
 }
 
-TEST(Browsing, AViewShownAgainShowsTheDataAsTheyAreNow)
+TEST_F(Browsing, AViewShownAgainShowsTheDataAsTheyAreNow)
 {
-    Journey journey;
-    addRecords(journey.database);
     journey.start();
     journey.trigger("mnuViewOrganizations");
     journey.database.run("UPDATE Organization SET Status = 'DELETED' WHERE OrganizationID = 2");
@@ -158,13 +108,11 @@ void clickHeader(Journey& journey, int column)
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, at);
 }
 
-TEST(Browsing, TheWindowAndItsStatusLineSayWhatIsShownAndSelected)
+TEST_F(Browsing, TheWindowAndItsStatusLineSayWhatIsShownAndSelected)
 {
-    Journey journey;
-    addRecords(journey.database);
     journey.start();
-    const auto title = [&journey] { return journey.program->window()->windowTitle().toStdString(); };
-    const auto selection = [&journey] {
+    const auto title = [this] { return journey.program->window()->windowTitle().toStdString(); };
+    const auto selection = [this] {
         const auto& panel = journey.find<QLabel>("pnlSelection");
         return panel.isVisible() ? panel.text().toStdString() : std::string();
     };
@@ -181,10 +129,8 @@ TEST(Browsing, TheWindowAndItsStatusLineSayWhatIsShownAndSelected)
     EXPECT_EQ(selection(), "");
 }
 
-TEST(Browsing, AHeaderSortsAndTheViewRemembersIt)
+TEST_F(Browsing, AHeaderSortsAndTheViewRemembersIt)
 {
-    Journey journey;
-    addRecords(journey.database);
     journey.start();
     journey.trigger("mnuViewDocuments");
     journey.list().setColumnWidth(0, 333);
@@ -205,10 +151,8 @@ TEST(Browsing, AHeaderSortsAndTheViewRemembersIt)
     EXPECT_EQ(journey.column(0), "Beta|alpha");
 }
 
-TEST(Browsing, TheKeyboardFindsAndTheSelectionStays)
+TEST_F(Browsing, TheKeyboardFindsAndTheSelectionStays)
 {
-    Journey journey;
-    addRecords(journey.database);
     journey.addDocuments(50);
     journey.start();
     journey.trigger("mnuViewDocuments");
@@ -225,20 +169,18 @@ TEST(Browsing, TheKeyboardFindsAndTheSelectionStays)
     EXPECT_EQ(journey.list().currentIndex().data().toString(), QStringLiteral("Document 149"));
 }
 
-TEST(Browsing, AViewAskedForWhileAListFillsTakesItsPlace)
+TEST_F(Browsing, AViewAskedForWhileAListFillsTakesItsPlace)
 {
-    Journey journey;
-    addRecords(journey.database);
     journey.addDocuments(3000);
     journey.start();
     // runs at the first yield, in the middle of the documents
-    QTimer::singleShot(0, [&journey] { journey.trigger("mnuViewOrganizations"); });
+    QTimer::singleShot(0, [this] { journey.trigger("mnuViewOrganizations"); });
     journey.trigger("mnuViewDocuments");
     EXPECT_EQ(journey.column(0), "Agency|Bureau");
     EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Organizations"));
     EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 2 Organizations"));
 
-    QTimer::singleShot(0, [&journey] { journey.trigger("mnuNavigateHome"); });
+    QTimer::singleShot(0, [this] { journey.trigger("mnuNavigateHome"); });
     journey.trigger("mnuViewDocuments");
     EXPECT_TRUE(journey.find<QWidget>("pnlHome").isVisible());
     EXPECT_EQ(journey.viewPanel(), QStringLiteral("Home Page"));
@@ -249,10 +191,8 @@ TEST(Browsing, AViewAskedForWhileAListFillsTakesItsPlace)
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST(Browsing, AFailingStatementShowsOneMessageAndTheWindowGoesOn)
+TEST_F(Browsing, AFailingStatementShowsOneMessageAndTheWindowGoesOn)
 {
-    Journey journey;
-    addRecords(journey.database);
     journey.start();
     auto query = std::make_shared<SQLObject>(*journey.program->state().queries.documents);
     query->WhereClause += QStringLiteral(" AND NoSuchColumn = 1");
@@ -266,7 +206,7 @@ TEST(Browsing, AFailingStatementShowsOneMessageAndTheWindowGoesOn)
     EXPECT_EQ(journey.column(0), "alpha|Beta");
 }
 
-TEST(Browsing, TellsTheWholeOfALongCaptionInItsEntry)
+TEST(History, TellsTheWholeOfALongCaptionInItsEntry)
 {
     Journey journey;
     const QString name = QStringLiteral("Fish & <b>Chips</b>").repeated(20);
@@ -319,7 +259,7 @@ double contrastOf(const QIcon& icon, QIcon::Mode mode, const QColor& ground)
     return most;
 }
 
-TEST(Browsing, IconsOfSelectedRowsCanBeSeen)
+TEST(Icons, OfSelectedRowsCanBeSeen)
 {
     const QPalette palette = QApplication::palette();
     IconSet icons;
@@ -332,10 +272,8 @@ TEST(Browsing, IconsOfSelectedRowsCanBeSeen)
               3);
 }
 
-TEST(Browsing, TheAuthorsAreAsWideAsTheyNeedUnlessTheUserChose)
+TEST_F(Browsing, TheAuthorsAreAsWideAsTheyNeedUnlessTheUserChose)
 {
-    Journey journey;
-    addRecords(journey.database);
     const QString author = QStringLiteral("An Office of Many Words and Fires");
     journey.database.run(QStringLiteral("UPDATE Document SET Author = '%1' WHERE DocumentID = 2")
                              .arg(author)
@@ -349,10 +287,8 @@ TEST(Browsing, TheAuthorsAreAsWideAsTheyNeedUnlessTheUserChose)
     EXPECT_EQ(journey.list().columnWidth(2), 50);
 }
 
-TEST(Browsing, StaysReadableWhenTheDesktopTurnsDark)
+TEST_F(Browsing, StaysReadableWhenTheDesktopTurnsDark)
 {
-    Journey journey;
-    addRecords(journey.database);
     journey.start();
     journey.trigger("mnuViewDocuments");
     const QPalette before = QApplication::palette();
@@ -364,13 +300,13 @@ TEST(Browsing, StaysReadableWhenTheDesktopTurnsDark)
     dark.setColor(QPalette::Base, QColor(35, 38, 41));
     dark.setColor(QPalette::Text, Qt::white);
     QApplication::setPalette(dark);
-    const auto rowsRead = [&journey] {
+    const auto rowsRead = [this] {
         const QPalette rows = journey.list().viewport()->palette();
         return ReadablePalette::canBeRead(rows.color(QPalette::Text), rows.color(QPalette::Base)) &&
                ReadablePalette::canBeRead(rows.color(QPalette::Text), rows.color(QPalette::AlternateBase)) &&
                ReadablePalette::canBeRead(rows.color(QPalette::Link), rows.color(QPalette::Base));
     };
-    const auto isDark = [&journey, &dark] {
+    const auto isDark = [this, &dark] {
         return journey.list().viewport()->palette().color(QPalette::Base) == dark.color(QPalette::Base);
     };
     EXPECT_TRUE(QTest::qWaitFor([&] { return isDark() && rowsRead(); }));

@@ -28,17 +28,7 @@ QRect inked(const QImage& image, const QRect& place)
 class ChartJourney : public testing::Test
 {
 protected:
-    ChartJourney()
-    {
-        journey.database.run("INSERT INTO DocumentType VALUES (1, 'None'), (2, 'After-Action Report'), "
-                             "(3, 'Maps & Charts')");
-        journey.database.run(
-            "INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES (2, 'a', 'ACTIVE'), "
-            "(3, 'b', 'ACTIVE'), (4, 'c', 'ACTIVE'), (5, 'd', 'ACTIVE')");
-        journey.database.run(
-            "INSERT INTO DocumentTypes (DocumentID, DocumentTypeID) VALUES (2, 2), (3, 2), (4, 2), "
-            "(4, 3)");
-    }
+    ChartJourney() { journey.database.runFile("journeys/rows/Chart.sql"); }
 
     void show()
     {

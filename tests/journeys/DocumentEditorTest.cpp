@@ -1,6 +1,7 @@
 #include "DocumentJourney.h"
 #include "editors/RecordEditors.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
 #include <QDropEvent>
@@ -8,6 +9,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -194,6 +196,14 @@ TEST_F(DocumentEditor, TakesTheFirstOrganizationThatHoldsWhatWasTyped)
         combo.completer()->popup()->setCurrentIndex(combo.completer()->completionModel()->index(1, 0));
         byReturn(dialog);
         EXPECT_EQ(combo.currentText(), QStringLiteral("Levee Watch")) << "the one that is marked";
+
+        for (const bool hasFocus : {false, true}) {
+            dialog.find<QWidget>(hasFocus ? "cmbOrganizationNames" : "txtDocumentName").setFocus();
+            QWheelEvent turn({4, 4}, combo.mapToGlobal(QPointF(4, 4)), {}, {0, 120}, Qt::NoButton,
+                             Qt::NoModifier, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(&combo, &turn);
+            EXPECT_EQ(combo.currentText() != u"Levee Watch", hasFocus) << "a form that is scrolled past";
+        }
         discard(dialog, messages());
     });
 }

@@ -16,14 +16,7 @@ namespace {
 class Faults : public ::testing::Test
 {
 protected:
-    Faults()
-    {
-        journey.database.run(
-            "INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES (2, 'Plan', 'ACTIVE')");
-        journey.database.run("INSERT INTO Event (EventID, EventName, Status) VALUES (2, 'Flood', 'ACTIVE')");
-        journey.database.run("INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES "
-                             "(2, 'Agency', 'ACTIVE')");
-    }
+    Faults() { journey.database.runFile("journeys/rows/Faults.sql"); }
 
     void choose(const char* view)
     {

@@ -1,14 +1,10 @@
-// What every editor owes to the keyboard and to small screens.
+// What every editor owes to small screens.
 
 #include "Dialogs.h"
 #include "Journey.h"
 
-#include <QLabel>
-#include <QPushButton>
-#include <QRegularExpression>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QSet>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -19,7 +15,6 @@ struct EditorCase
 {
     const char* dialog;
     const char* command;
-    const char* required; ///< what must not be empty, as a screen reader names it
 
     friend std::ostream& operator<<(std::ostream& out, const EditorCase& editor)
     {
@@ -41,42 +36,6 @@ protected:
     Journey journey;
 };
 
-/// The letter that a caption is reached by, or nothing.
-QString mnemonic(const QString& caption)
-{
-    const qsizetype mark = caption.indexOf(u'&');
-    return mark < 0 ? QString() : QString(caption.mid(mark + 1, 1).toLower());
-}
-
-TEST_P(Form, ReachesEveryFieldByAKeyOfItsOwnAndNamesIt)
-{
-    open([](OpenDialog& dialog) {
-        QSet<QString> keys;
-        QStringList required;
-        for (const QLabel* label : dialog.dialog().findChildren<QLabel*>()) {
-            if (!label->isVisible() || label->text().isEmpty()) continue;
-            if (label->objectName() == QStringLiteral("lblRequired")) continue;
-            const QString key = mnemonic(label->text());
-            EXPECT_FALSE(key.isEmpty()) << label->text().toStdString();
-            EXPECT_FALSE(keys.contains(key)) << label->text().toStdString();
-            ASSERT_NE(label->buddy(), nullptr) << label->text().toStdString();
-            EXPECT_NE(label->buddy()->focusPolicy(), Qt::NoFocus) << label->text().toStdString();
-            keys.insert(key);
-            if (label->text().endsWith(u'*')) required << label->buddy()->accessibleName();
-        }
-        EXPECT_GT(keys.size(), 8);
-        static const QRegularExpression field(QStringLiteral("^(txt|rtb|cmb|dtp|l)"));
-        for (const QWidget* part : dialog.dialog().findChildren<QWidget*>(field)) {
-            if (part->focusPolicy() == Qt::NoFocus) continue;
-            EXPECT_FALSE(part->accessibleName().isEmpty()) << part->objectName().toStdString();
-        }
-        for (const QPushButton* button : dialog.dialog().findChildren<QPushButton*>())
-            EXPECT_EQ(button->autoDefault(), button->isDefault()) << button->objectName().toStdString();
-        EXPECT_EQ(required.join(u'|').toStdString(), GetParam().required);
-        dialog.click("cmdCancel");
-    });
-}
-
 TEST_P(Form, ScrollsWhereTheWindowIsSmallAndRemembersItsSize)
 {
     open([](OpenDialog& dialog) {
@@ -94,13 +53,10 @@ TEST_P(Form, ScrollsWhereTheWindowIsSmallAndRemembersItsSize)
     });
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Editors, Form,
-    ::testing::Values(EditorCase{"frmDocument", "mnuRecordAddNewDocument",
-                                 "Title, required|Document file, required|Description, required"},
-                      EditorCase{"frmEvent", "mnuRecordAddNewEvent",
-                                 "Title, required|Description, required|Venues, required"},
-                      EditorCase{"frmOrganization", "mnuRecordAddNewOrganization", "Name, required"}),
-    [](const auto& editor) { return std::string(editor.param.dialog); });
+INSTANTIATE_TEST_SUITE_P(Editors, Form,
+                         ::testing::Values(EditorCase{"frmDocument", "mnuRecordAddNewDocument"},
+                                           EditorCase{"frmEvent", "mnuRecordAddNewEvent"},
+                                           EditorCase{"frmOrganization", "mnuRecordAddNewOrganization"}),
+                         [](const auto& editor) { return std::string(editor.param.dialog); });
 
 } // namespace

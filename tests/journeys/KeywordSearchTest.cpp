@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSplitter>
 #include <QTest>
 #include <QToolButton>
 
@@ -27,14 +28,7 @@ class KeywordSearchJourney : public testing::Test
 protected:
     KeywordSearchJourney()
     {
-        journey.database.run(R"sql(
-INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, dStatus) VALUES
-    (1, 'None', NULL, 'ACTIVE'), (2, 'Fire plan', NULL, 'ACTIVE'), (3, 'Report', 'a plan for FIRES', 'ACTIVE'),
-    (4, 'Map', NULL, 'ACTIVE');
-INSERT INTO Event (EventID, EventName, StartDate, EndDate, Status) VALUES
-    (2, 'Fire & flood', '1927-04-01', '1927-04-01', 'ACTIVE'),
-    (3, 'Quake', '1927-04-01', '1927-04-01', 'ACTIVE');
-INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES (2, 'Agency', 'ACTIVE'))sql");
+        journey.database.runFile("journeys/rows/KeywordSearch.sql");
         journey.start();
     }
 
@@ -247,6 +241,14 @@ TEST_F(KeywordSearchJourney, AnEmptyResultLeadsBackToTheSearch)
     EXPECT_EQ(journey.statusPanel(), u"Displaying 0 Organizations"_s);
     EXPECT_EQ(journey.find<QLabel>("lblEmptyResult").text(), u"Nothing was found for \"xylophone\"."_s);
     EXPECT_TRUE(link("lblSearchAgain").isVisible());
+    for (const int width : {120, 400, 2000}) {
+        journey.find<QSplitter>("splitter").setSizes({2000 - width, width});
+        QTest::qWait(0);
+        const QRect room = journey.list().viewport()->geometry();
+        const QRect notice = journey.find<QWidget>("EmptyResultNotice").geometry();
+        EXPECT_TRUE(room.contains(notice)) << room.width();
+        EXPECT_LE((notice.center() - room.center()).manhattanLength(), 2) << room.width();
+    }
     QTest::mouseClick(&link("lblSearchAgain"), Qt::LeftButton);
     EXPECT_TRUE(dialog().isVisible());
     EXPECT_TRUE(option(3).isChecked());

@@ -17,17 +17,7 @@ class OpenFilesJourney : public testing::Test
 protected:
     OpenFilesJourney()
     {
-        journey.database.run(
-            "INSERT INTO FileTypes VALUES (1, 'None'), (2, 'PDF'), (6, 'Picture');"
-            "INSERT INTO Document (DocumentID, DocumentName, FileTypeID, ReleaseForm, FileLocation, "
-            "dStatus) VALUES (2, 'Local', 2, 0, '2.pdf', 'ACTIVE'), (3, 'On disc', 2, 1, '3.pdf', "
-            "'ACTIVE'), (4, 'Photo', 6, 1, '4.jpg', 'ACTIVE'), (5, 'Secret', 2, 0, '5.pdf', 'ACTIVE'), "
-            "(6, 'Way out', 2, 1, '../../6.pdf', 'ACTIVE')");
-        journey.database.run(
-            "INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES (2, 'Charted', "
-            "'ACTIVE'), (3, 'Plain', 'ACTIVE')");
-        journey.database.run("INSERT INTO OrganizationProfile (OrganizationProfileID, OrganizationChart, "
-                             "ChartOption) VALUES (2, '/home/user/tree.png', 1)");
+        journey.database.runFile("journeys/rows/OpenFiles.sql");
         put(QStringLiteral("/data/documents/2.pdf"));
         put(QStringLiteral("/data/orgcharts/2.png"));
         put(QStringLiteral("/disc/OrvikDB/data/documents/3.pdf"));

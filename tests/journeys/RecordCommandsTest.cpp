@@ -16,13 +16,7 @@ class RecordCommands : public ::testing::Test
 protected:
     RecordCommands()
     {
-        journey.database.run(
-            "INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, OriginalFilename, dStatus) "
-            "VALUES (2, 'One', 'd', 'a.pdf', 'ACTIVE'), (3, 'Three \"3\"', 'd', 'a.pdf', 'ACTIVE'), "
-            "(4, 'Two', 'd', 'a.pdf', 'ACTIVE'), (5, 'Zero', 'd', 'a.pdf', 'ACTIVE')");
-        journey.database.run("INSERT INTO Event (EventID, EventName, Status) VALUES (2, 'Flood', 'ACTIVE')");
-        journey.database.run("INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES (2, "
-                             "'Agency', 'ACTIVE')");
+        journey.database.runFile("journeys/rows/RecordCommands.sql");
         journey.start();
     }
 

@@ -9,25 +9,12 @@
 
 namespace {
 
-void addRecords(const TestDatabase& database)
-{
-    database.run("INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES "
-                 "(2, 'Survey', 'ACTIVE'), (3, 'Office', 'ACTIVE')");
-    database.run("INSERT INTO Event (EventID, EventName, StartDate, EndDate, Status) VALUES "
-                 "(2, 'Flood', '1927-04-01', '1927-08-31', 'ACTIVE'), "
-                 "(3, 'Fire', '1928-04-01', '1928-04-02', 'ACTIVE')");
-    database.run("INSERT INTO Document (DocumentID, DocumentName, OrganizationID, dStatus) VALUES "
-                 "(2, 'Atlas', 2, 'ACTIVE'), (3, 'Brief & \"more\"', NULL, 'ACTIVE')");
-    database.run("INSERT INTO DocumentEvents (DocumentID, EventID) VALUES (2, 2)");
-    database.run("INSERT INTO OrganizationEvents (OrganizationID, EventID) VALUES (2, 2)");
-}
-
 class RelatedJourney : public testing::Test
 {
 protected:
     RelatedJourney()
     {
-        addRecords(journey.database);
+        journey.database.runFile("journeys/rows/Related.sql");
         journey.start();
     }
 

@@ -10,28 +10,11 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const char* const rowsToSave = R"sql(
-INSERT INTO Venue VALUES (1, 'Coast'), (2, 'Forest');
-INSERT INTO Function VALUES (1, 'None'), (2, 'Rescue');
-INSERT INTO FileTypes VALUES (1, 'None'), (2, 'Adobe PDF');
-INSERT INTO DocumentType VALUES (1, 'None'), (2, 'Report');
-INSERT INTO States VALUES (1, 'None', ''), (2, 'OR', 'Oregon');
-INSERT INTO OrganizationTypes VALUES (1, 'None'), (2, 'State'), (3, 'Private');
-INSERT INTO OrganizationSubTypes VALUES (1, 1, 'None'), (4, 2, 'Police'), (5, 3, 'Club');
-INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, FileTypeID, OrganizationID,
-    OriginalFilename, FileLocation, dStatus) VALUES
-    (2, 'Levees', 'About levees', 2, 2, 'a.pdf', '2.pdf', 'ACTIVE');
-INSERT INTO Event (EventID, EventName, EventDescription, StartDate, Status) VALUES
-    (2, 'Flood', 'High water', '1927-04-21', 'ACTIVE');
-INSERT INTO EventVenues VALUES (2, 2);
-INSERT INTO Organization (OrganizationID, OrganizationName, State, OrganizationTypeID, OrganizationSubTypeID,
-    FunctionID, Status) VALUES (1, 'None', NULL, 1, 1, 1, 'ACTIVE'), (2, 'Levee Board', 'OR', 2, 4, 2, 'ACTIVE');
-INSERT INTO OrganizationProfile (OrganizationProfileID, MissionStatement, ChartOption) VALUES (2, 'First', 0);
-)sql";
 
 /// The words that the program and its file have for the records of a kind.
 struct KindNames
@@ -54,7 +37,7 @@ class Saving
 public:
     explicit Saving(const char* more = "")
     {
-        journey.database.run(rowsToSave);
+        journey.database.runFile("journeys/rows/Save.sql");
         journey.database.run(more);
         QDir().mkpath(charts);
         journey.start();
@@ -135,7 +118,17 @@ QString changed(const char* fields)
         .arg(QLatin1String(fields));
 }
 
-TEST(Save, AsksBeforeItWritesOverWhatSomebodyElseChanged)
+/// What happens to a record while it is edited, what the program asks, and the links that a save writes over
+/// too.
+struct Meanwhile
+{
+    RecordKind kind;
+    const char* statements;
+    QString question;
+    const char* links;
+};
+
+std::vector<Meanwhile> whatHappensMeanwhile()
 {
     const QString deleted =
         QStringLiteral("This record was deleted after you opened it. Save your changes to it all the same? "
@@ -143,36 +136,44 @@ TEST(Save, AsksBeforeItWritesOverWhatSomebodyElseChanged)
     const QString deletedAndChanged =
         QStringLiteral("This record was deleted after you opened it, and these fields differ:\n\nTitle\n\n"
                        "Save over these changes all the same? The record stays deleted.");
-    const struct
-    {
-        RecordKind kind;
-        const char* meanwhile;
-        QString question;
-        const char* links; // which a save writes over too
-    } cases[] = {
+    return {
         {RecordKind::Document, "UPDATE Document SET Author = 'other', FileTypeID = 1",
          changed("Author\nFile type"), ""},
         {RecordKind::Document,
-         "INSERT INTO DocumentVenues VALUES (2, 1); INSERT INTO DocumentTypes VALUES (2, 2)",
-         changed("Document types\nVenues"),
-         "SELECT (SELECT count(*) FROM DocumentVenues), sum(DocumentTypeID) FROM DocumentTypes"},
+         "INSERT INTO DocumentVenues VALUES (2, 1); INSERT INTO DocumentTypes VALUES (2, 2); "
+         "INSERT INTO DocumentCategories VALUES (2, 2)",
+         changed("Document types\nCategories\nVenues"),
+         "SELECT (SELECT count(*) FROM DocumentVenues), (SELECT sum(DocumentTypeID) FROM DocumentTypes), "
+         "sum(DocumentCategoryID) FROM DocumentCategories"},
         {RecordKind::Document, "UPDATE Document SET dStatus = 'DELETED'", deleted, ""},
-        {RecordKind::Document,
-         "UPDATE Document SET DocumentName = 'Dams', "
-         "dStatus = 'DELETED'",
+        {RecordKind::Document, "UPDATE Document SET DocumentName = 'Dams', dStatus = 'DELETED'",
          deletedAndChanged, ""},
         {RecordKind::Event,
-         "UPDATE Event SET EndDate = '1927-05-01'; INSERT INTO EventFunctions VALUES (2, 2)",
-         changed("End date\nFunctions"), "SELECT FunctionID FROM EventFunctions"},
+         "UPDATE Event SET EndDate = '1927-05-01'; INSERT INTO EventFunctions VALUES (2, 2); "
+         "INSERT INTO EventVenues VALUES (2, 1); INSERT INTO DocumentEvents VALUES (2, 2); "
+         "INSERT INTO OrganizationEvents VALUES (2, 2)",
+         changed("End date\nVenues\nFunctions\nRelated documents\nRelated organizations"),
+         "SELECT (SELECT sum(VenueID) FROM EventVenues), (SELECT sum(DocumentID) FROM DocumentEvents), "
+         "(SELECT sum(OrganizationID) FROM OrganizationEvents), FunctionID FROM EventFunctions"},
         {RecordKind::Event, "UPDATE Event SET Status = 'DELETED'", deleted, ""},
         {RecordKind::Organization,
          "UPDATE Organization SET Telephone = '1' WHERE OrganizationID = 2; "
-         "UPDATE OrganizationProfile SET Training = 'x', Volunteers = 5",
-         changed("Telephone\nVolunteers\nTraining"), "SELECT Training, Volunteers FROM OrganizationProfile"},
+         "UPDATE OrganizationProfile SET Training = 'x', Volunteers = 5; "
+         "UPDATE OrganizationProfileJurisdictions SET Setting = 1; "
+         "UPDATE OrganizationProfilePopulations SET Setting = 1; INSERT INTO OrganizationVenues VALUES (2, "
+         "1)",
+         changed("Telephone\nVolunteers\nTraining\nJurisdictions\nPopulations\nVenues"),
+         "SELECT Training, Volunteers, (SELECT sum(Setting) FROM OrganizationProfileJurisdictions), "
+         "(SELECT sum(Setting) FROM OrganizationProfilePopulations), "
+         "(SELECT count(*) FROM OrganizationVenues) FROM OrganizationProfile"},
         {RecordKind::Organization, "UPDATE Organization SET Status = 'DELETED' WHERE OrganizationID = 2",
          deleted, ""},
     };
-    for (const auto& [kind, meanwhile, question, links] : cases) {
+}
+
+TEST(Save, AsksBeforeItWritesOverWhatSomebodyElseChanged)
+{
+    for (const auto& [kind, meanwhile, question, links] : whatHappensMeanwhile()) {
         SCOPED_TRACE(meanwhile);
         const auto [form, table, status] = namesOf(kind);
         Saving saving;

@@ -5,6 +5,7 @@
 #include "timeline/TimelinePanel.h"
 
 #include <QTest>
+#include <QToolButton>
 
 #include <gtest/gtest.h>
 
@@ -26,22 +27,7 @@ class Selection : public testing::Test
 protected:
     Selection()
     {
-        journey.database.run(
-            "INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) VALUES "
-            "(2, 'Flood', '1927-04-01', '06:00', '1927-08-31', '18:00', 'ACTIVE'), "
-            "(3, 'Quake', '1927-04-01', '06:02', '1927-04-01', '06:02', 'ACTIVE'), "
-            "(4, 'Slide', '1927-04-01', '06:03', '1927-04-01', '06:03', 'ACTIVE')");
-        journey.database.run("INSERT INTO Function VALUES (1, 'None'), (2, 'Relief')");
-        journey.database.run("INSERT INTO Venue VALUES (1, 'None'), (2, 'Coast')");
-        journey.database.run("INSERT INTO States VALUES (1, 'None', ''), (2, 'NV', 'Nevada')");
-        journey.database.run("INSERT INTO OrganizationTypes VALUES (1, 'None'), (2, 'State')");
-        journey.database.run("INSERT INTO OrganizationSubTypes VALUES (1, 1, 'None')");
-        journey.database.run("INSERT INTO CityLocations (LocationID, City, State, Lat, Lon) VALUES "
-                             "(5, 'Austin', 'TX', 30.27, -97.74), (6, 'Dallas', 'TX', 32.78, -96.8), "
-                             "(7, 'Reno', 'NV', 39.53, -119.81)");
-        journey.database.run("INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, "
-                             "State, Status) VALUES (2, 'Alpha', 2, 'Austin', 'TX', 'ACTIVE'), "
-                             "(3, 'Beta', 2, 'Dallas', 'TX', 'ACTIVE')");
+        journey.database.runFile("journeys/rows/Selection.sql");
         journey.start();
         journey.program->window()->resize(1200, 800);
     }
@@ -165,8 +151,20 @@ TEST_F(Selection, ListAndTimelineShowTheSameEventWhateverIsDone)
           },
           "Quake / Quake"},
          {"Edit", [this] { edit("frmEvent", "Editing EventID 3"); }, "Quake / Quake"},
+         {"a click on an event that the list does not hold yet",
+          [this] {
+              journey.database.run("INSERT INTO Event (EventID, EventName, StartDate, StartTime, Status) "
+                                   "VALUES (9, 'Crack', '1927-04-01', '06:04', 'ACTIVE')");
+              journey.find<QToolButton>("NavStepForward").click();
+              journey.find<QToolButton>("NavStepBack").click();
+              QTest::mouseClick(&journey.find<EventLabel>("tlLabel(3)"), Qt::LeftButton);
+              journey.database.run("DELETE FROM Event WHERE EventID = 9");
+          },
+          " / "},
+         {"Refresh", [this] { journey.trigger("mnuViewRefresh"); }, " / "},
          {"a selection taken away",
           [this] {
+              journey.select("Quake");
               const QPoint row = journey.list().visualRect(journey.list().model()->index(1, 0)).center();
               QTest::mouseClick(journey.list().viewport(), Qt::LeftButton, Qt::ControlModifier, row);
           },

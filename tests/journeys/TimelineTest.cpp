@@ -21,13 +21,7 @@ class Timelines : public testing::Test
 protected:
     Timelines()
     {
-        journey.database.run(
-            "INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, EndTime, "
-            "Status) "
-            "VALUES (2, 'Flood & <b>Fire</b>', 1, '1927-04-01', '06:00', '1927-08-31', '18:00', 'ACTIVE'),"
-            "(3, 'Quake', 1, '1927-04-01', '06:02', '1927-04-01', '06:02', 'ACTIVE'),"
-            "(4, 'Levee breaks', 0, '1927-04-01', '06:03', '1927-04-01', '06:03', 'ACTIVE'),"
-            "(5, 'Storm', 0, '1930-01-01', NULL, '1930-01-02', NULL, 'ACTIVE')");
+        journey.database.runFile("journeys/rows/Timeline.sql");
         journey.start();
         journey.program->window()->resize(1200, 800);
         journey.trigger("mnuViewEvents");
@@ -173,6 +167,9 @@ TEST_F(Timelines, TheScrollBarMovesTheLanes)
     EXPECT_EQ(label(lanes - 1).text(), u"Levee breaks again"_s);
     click("NavStepForward");
     EXPECT_EQ(scrollBar.value(), 0);
+    journey.select("Levee breaks again");
+    EXPECT_GT(scrollBar.value(), 0);
+    EXPECT_EQ(scrollBar.value(), scrollBar.maximum()) << "down to the lane of an event that is chosen";
 }
 
 TEST_F(Timelines, AnEmptyWindowLeadsToTheNearestEvents)

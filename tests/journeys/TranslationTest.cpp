@@ -52,8 +52,8 @@ INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, 
         desktop.setDatabase(QStringLiteral("test.sqlite"));
         Platform platform = desktop.platform();
         program.emplace(Platform{messages, platform.settings, platform.fileAttributes, platform.fileDialogs,
-                                 platform.converter, platform.clock, platform.volumes, platform.shell},
-                        ProgramFolder(database.folder()), QString());
+                                 platform.clock, platform.volumes, platform.shell},
+                        converter, ProgramFolder(database.folder()), QString());
         program->Main();
         window().resize(1280, 800);
         window().activateWindow();
@@ -115,6 +115,7 @@ INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, 
     TestDatabase database;
     ScriptedPlatform desktop;
     HeardMessages messages;
+    NoConverter converter;
     std::optional<Main_Mod> program;
 };
 

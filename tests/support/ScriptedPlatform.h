@@ -29,13 +29,13 @@ public:
         m_script.push_back({text, about, answer});
     }
 
-    /// Expects a message of which only the beginning is known, as where the system words the rest.
+    /// Expects a message of which only the beginning is known, since the system words the rest.
     void expectMessageBeginning(const QString& text)
     {
         m_script.push_back({text, std::nullopt, false, true});
     }
 
-    /// Fails the test where lines are left, and forgets them.
+    /// Fails the test if lines are left, and forgets them.
     void finish();
 
     void show(const QString& text) override;
@@ -57,7 +57,7 @@ private:
     std::deque<Line> m_script;
 };
 
-/// File dialogs that give the files of a script, an empty name for a dialog that is closed.
+/// File dialogs that return the files of a script; an empty name stands for a dialog that is closed.
 class ScriptedFileDialogs final : public FileDialogs
 {
 public:
@@ -100,7 +100,7 @@ public:
     mutable int scans = 0;
 };
 
-/// Programs of the desktop that write down what they were asked to open.
+/// Records what the desktop was asked to open.
 class ScriptedShell final : public Shell
 {
 public:

@@ -7,13 +7,22 @@
 
 #include <stdexcept>
 
+namespace {
+
+std::string statementsOf(const QString& name)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error("cannot read " + name.toStdString());
+    return file.readAll().toStdString();
+}
+
+} // namespace
+
 TestDatabase::TestDatabase(const char* encoding)
 {
-    QFile schema(QStringLiteral(ORVIK_SCHEMA));
-    if (!schema.open(QIODevice::ReadOnly)) throw std::runtime_error("the schema cannot be read");
     SQLite::Database database(fileName().toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
     database.exec(std::string("PRAGMA synchronous = OFF; PRAGMA encoding = '") + encoding + '\'');
-    database.exec(schema.readAll().toStdString());
+    database.exec(statementsOf(QStringLiteral(ORVIK_SCHEMA)));
 }
 
 QByteArray TestDatabase::bytes() const
@@ -28,6 +37,11 @@ void TestDatabase::run(const char* statements) const
     SQLite::Database database(fileName().toStdString(), SQLite::OPEN_READWRITE);
     database.exec("PRAGMA synchronous = OFF");
     database.exec(statements);
+}
+
+void TestDatabase::runFile(const char* name) const
+{
+    run(statementsOf(QStringLiteral(ORVIK_TESTS "/") + QString::fromUtf8(name)).c_str());
 }
 
 QString TestDatabase::ask(const char* statement) const

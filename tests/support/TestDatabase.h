@@ -13,7 +13,7 @@
 class TestDatabase
 {
 public:
-    /// `encoding` is that of the texts in the file, as the engine names it.
+    /// `encoding` is that of the texts in the file, as SQLite names it.
     explicit TestDatabase(const char* encoding = "UTF-8");
 
     [[nodiscard]] QString fileName() const { return m_folder.filePath(QStringLiteral("test.sqlite")); }
@@ -22,10 +22,13 @@ public:
     /// All that the file holds, byte for byte.
     [[nodiscard]] QByteArray bytes() const;
 
-    /// Runs statements of the engine itself, past the session and its rules.
+    /// Runs statements by SQLite alone, past the session and its rules.
     void run(const char* statements) const;
 
-    /// What the engine itself answers, one line a row, values joined by `|`.
+    /// Runs the statements of a file of the folder of all tests.
+    void runFile(const char* name) const;
+
+    /// What SQLite alone answers, one line a row, values joined by `|`.
     [[nodiscard]] QString ask(const char* statement) const;
 
     /// The session with the file, opened when first asked for.
@@ -42,7 +45,7 @@ QString rowsOf(DatabaseSession& session, const QString& statement);
 /// The values of the first column, joined by blanks, in the order of the rows.
 QString firstColumnOf(DatabaseSession& session, const QString& statement);
 
-/// The number of the Error that a call ends with; 0 where it ends well.
+/// The number of the Error that a call ends with; 0 if it ends well.
 template <typename Call>
 int errorNumberOf(Call&& call)
 {

@@ -4,7 +4,7 @@
 
 #include <ostream>
 
-/// Shows a text as text where a test fails.
+/// Prints a text as text when a test fails.
 inline void PrintTo(const QString& text, std::ostream* out)
 {
     *out << '"' << text.toStdString() << '"';

@@ -18,20 +18,7 @@ class Handlers : public testing::Test
 protected:
     Handlers()
     {
-        m_database.run(
-            "INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, EndTime, "
-            "Status) VALUES "
-            "(2, 'First', 1, '2001-09-01', '10:00', '2001-09-01', '10:30', 'ACTIVE'),"
-            "(3, 'Undated', 0, NULL, NULL, NULL, NULL, 'ACTIVE'),"
-            "(4, 'Last', 0, '2001-09-20', NULL, '2001-09-20', NULL, 'ACTIVE')");
-        // five on one morning
-        m_database.run(
-            "INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) "
-            "VALUES (11, 'A', '2001-09-10', '10:00', '2001-09-10', '12:00', 'ACTIVE'),"
-            "(12, 'B', '2001-09-10', '10:01', '2001-09-10', '12:00', 'ACTIVE'),"
-            "(13, 'C', '2001-09-10', '10:02', '2001-09-10', '12:00', 'ACTIVE'),"
-            "(14, 'D', '2001-09-10', '10:03', '2001-09-10', '12:00', 'ACTIVE'),"
-            "(15, 'E', '2001-09-10', '10:04', '2001-09-10', '12:00', 'ACTIVE')");
+        m_database.runFile("timeline/rows/Timeline.sql");
         m_session.open(m_database.fileName());
         showView(m_queries.events);
         m_timeline.mainLoad();
@@ -247,6 +234,14 @@ TEST_F(Handlers, AnEventThatCannotBeReadLeavesTheWindowAsItWas)
         EXPECT_EQ(m_timeline.isEmpty(), wasEmpty) << each.what;
         EXPECT_EQ(m_timeline.window().zoomFactor(), 0) << each.what;
     }
+
+    m_timeline.chooseEvent(11);
+    m_database.run("UPDATE Event SET StartTime = '10:0x' WHERE EventID = 14");
+    m_desktop.messages.expectMessage(
+        u"searchByTimeConstraint Error (13): 2001-09-10 10:0x is not a date and time (D)"_s);
+    m_timeline.chooseEvent(14);
+    EXPECT_EQ(now() + ' ' + lanes(), "09/10/2001 10:00 A -->|B -->|C -->")
+        << "what is selected is out of sight";
 }
 
 TEST_F(Handlers, TheSelectedEventIsThatOfTheView)

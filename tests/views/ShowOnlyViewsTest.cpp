@@ -18,27 +18,7 @@ namespace {
 class ShowOnlyViewsTest : public testing::Test
 {
 protected:
-    ShowOnlyViewsTest()
-    {
-        database.run(
-            "INSERT INTO CityLocations (LocationID, City, State, Lat, Lon) VALUES "
-            "(5, 'Austin', 'TX', 30, -97), (6, 'Dallas', 'TX', 32, -96), (7, 'Reno', 'NV', 39, -119), "
-            "(8, 'O''Fallon', 'MO', 38, -90), (40000, 'Far', 'FA', 1, 1)");
-        database.run(
-            "INSERT INTO Organization (OrganizationID, OrganizationName, City, State, Lat, Lon, Status) "
-            "VALUES "
-            "(2, 'A', 'Austin', 'TX', NULL, NULL, 'ACTIVE'), (3, 'B', 'Dallas', 'TX', NULL, NULL, 'ACTIVE'), "
-            "(4, 'C', 'Reno', 'NV', NULL, NULL, 'ACTIVE'), (5, 'D', 'Tiny', 'UT', 40, -111, 'ACTIVE'), "
-            "(6, 'E', 'Dallas', 'TX', NULL, NULL, 'DELETED'), (7, 'F', 'O''Fallon', 'MO', NULL, NULL, "
-            "'ACTIVE'), "
-            "(8, 'G', 'Small', 'UT', NULL, NULL, 'ACTIVE'), (9, 'H', 'Far', 'FA', NULL, NULL, 'ACTIVE')");
-        database.run("INSERT INTO DocumentType VALUES (1, 'None'), (2, 'After-Action Report'), (3, 'Map'), "
-                     "(40000, 'Late')");
-        database.run("INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES (2, 'x', 'ACTIVE'), "
-                     "(3, 'y', 'ACTIVE'), (4, 'z', 'ACTIVE')");
-        database.run(
-            "INSERT INTO DocumentTypes (DocumentID, DocumentTypeID) VALUES (2, 2), (3, 2), (3, 3), (4, 3)");
-    }
+    ShowOnlyViewsTest() { database.runFile("views/rows/ShowOnlyViews.sql"); }
 
     clsCities place(const char16_t* city, const char16_t* state, std::optional<qint64> location = {})
     {
@@ -55,30 +35,6 @@ protected:
     StandardQueries queries;
     ShowOnlyViews views{database.session(), queries};
 };
-
-TEST_F(ShowOnlyViewsTest, ShowsTheDocumentsOfOneType)
-{
-    const clsView view = views.documentsOfType(QStringLiteral("After-Action Report"));
-    EXPECT_EQ(view.viewIndex, ViewKind::Documents);
-    EXPECT_EQ(view.Caption, QStringLiteral("View Only After-Action Report Documents"));
-    EXPECT_EQ(shown(view), QStringLiteral("2 3"));
-    EXPECT_EQ(view.SQL->WhereClause,
-              queries.documents->WhereClause + QStringLiteral(" AND DocumentTypeID IN (2) "));
-    EXPECT_FALSE(hasCriteria(view.AdvSearch)) << "the search form asks only what it asked itself";
-}
-
-TEST_F(ShowOnlyViewsTest, ShowsTheOrganizationsOfAStateOrACity)
-{
-    const clsView state = views.organizationsOfState(place(u"Austin", u"TX", 5));
-    EXPECT_EQ(state.viewIndex, ViewKind::Organizations);
-    EXPECT_EQ(state.Caption, QStringLiteral("View Only TX Organizations"));
-    EXPECT_EQ(shown(state), QStringLiteral("2 3"));
-    EXPECT_FALSE(hasCriteria(state.AdvSearch));
-
-    const clsView city = views.organizationsOfCity(place(u"Dallas", u"TX", 6));
-    EXPECT_EQ(city.Caption, QStringLiteral("View Only Dallas, TX Organizations"));
-    EXPECT_EQ(shown(city), QStringLiteral("3"));
-}
 
 TEST_F(ShowOnlyViewsTest, NarrowsAlsoToPlacesThatNoKnownCityStandsFor)
 {

@@ -1,6 +1,6 @@
-#include "data/StatementRows.h"
-
-const char* const statementRows = R"sql(
+-- Rows on which a statement that is right and one that is nearly right answer differently: reserved rows,
+-- deleted ones and ones without a status, repeated links, missing keys, letters of both cases and with
+-- accents, times with seconds, and places that are known twice.
 INSERT INTO FileTypes VALUES (1, 'None'), (2, 'PDF'), (3, 'HTML');
 INSERT INTO DocumentType VALUES (1, 'None'), (2, 'Report'), (3, 'étude'), (4, 'Map');
 INSERT INTO DocumentCategory VALUES (1, 'None'), (2, 'Response'), (3, 'Évacuation'), (4, 'recovery');
@@ -64,4 +64,3 @@ INSERT INTO DocumentEvents VALUES (2, 2), (3, 2), (5, 2), (6, 2), (2, 3), (2, 2)
 
 INSERT INTO Document_HIST (DocumentID, DocumentName, UpdateTime) VALUES
     (2, 'Zoo plan', '2003-05-06 07:08:09'), (2, 'Zoo evacuation', '2004-01-01 00:00:00'), (3, 'fire', NULL);
-)sql";

@@ -1,0 +1,9 @@
+CREATE TABLE Folded (Kind, ID, Name, NameBase, Description, PRIMARY KEY (Kind, ID));
+        INSERT INTO FileTypes VALUES (1, 'None'), (2, 'PDF'), (3, 'étude');
+        INSERT INTO DocumentType VALUES (1, 'None'), (2, 'Report'), (3, 'étude'), (4, NULL),
+                (23, 'Report');
+        INSERT INTO Function VALUES (1, 'None'), (2, 'Relief'), (3, 'Law'), (17, 'Rescue');
+        INSERT INTO OrganizationTypes VALUES (1, 'None'), (2, 'Federal'), (3, 'Local');
+        INSERT INTO OrganizationSubTypes VALUES (1, 1, 'None'), (2, 2, 'Agency');
+        INSERT INTO CityLocations VALUES (5, 'austin ', 'tx', 1.5, 1.5), (2, 'Austin', 'TX', 30.25, -97.75),
+            (3, 'Dallas', 'TX', 32.75, -96.75), (4, 'Boston', 'MA', 42.25, -71.5), (7, 'Waco', 'TX', NULL, NULL);
