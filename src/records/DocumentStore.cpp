@@ -20,7 +20,7 @@ const RecordTables<DocumentRecord>& documentTables()
          {u"POCID"_s, qint64{1}, History::Copied},
          {u"Status"_s, u"SUBMITTED"_s, History::Copied}},
         {ListLink<DocumentRecord>{{u"DocumentTypes"_s, u"DocumentID"_s, u"DocumentTypeID"_s},
-                                  QT_TRANSLATE_NOOP("RecordColumns", "Document types"),
+                                  QT_TRANSLATE_NOOP("Records", "Document types"),
                                   &DocumentRecord::types,
                                   u"SELECT DocumentType.DocumentTypeID, DocumentType.DocumentTypeName"
                                   " FROM DocumentType, DocumentTypes"
@@ -29,7 +29,7 @@ const RecordTables<DocumentRecord>& documentTables()
                                   u"DocumentTypeName"_s},
          ListLink<DocumentRecord>{
              {u"DocumentCategories"_s, u"DocumentID"_s, u"DocumentCategoryID"_s},
-             QT_TRANSLATE_NOOP("RecordColumns", "Categories"),
+             QT_TRANSLATE_NOOP("Records", "Categories"),
              &DocumentRecord::categories,
              u"SELECT DocumentCategory.DocumentCategoryID, DocumentCategory.DocumentCategoryName"
              " FROM DocumentCategory, DocumentCategories"
@@ -37,7 +37,7 @@ const RecordTables<DocumentRecord>& documentTables()
              " AND DocumentID = "_s,
              u"DocumentCategoryName"_s},
          CheckLink<DocumentRecord>{{u"DocumentVenues"_s, u"DocumentID"_s, u"VenueID"_s},
-                                   QT_TRANSLATE_NOOP("RecordColumns", "Venues"),
+                                   QT_TRANSLATE_NOOP("Records", "Venues"),
                                    &DocumentRecord::venues,
                                    {u"Venue"_s, u"VenueName"_s, u"VenueID"_s}}}};
     return tables;

@@ -5,17 +5,17 @@
 
 /// The columns of `Event` that an editor shows.
 inline constexpr RecordColumn<EventRecord> eventColumns[]{
-    {u"EventName", &EventRecord::eventName, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Title")},
+    {u"EventName", &EventRecord::eventName, History::Copied, QT_TRANSLATE_NOOP("Records", "Title")},
     {u"EventDescription", &EventRecord::eventDescription, History::Copied,
-     QT_TRANSLATE_NOOP("RecordColumns", "Description")},
-    {u"Notes", &EventRecord::notes, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Notes")},
-    {u"KeyEvent", &EventRecord::keyEvent, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Key event")},
-    {u"startDate", &EventRecord::startDate, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Start date"),
+     QT_TRANSLATE_NOOP("Records", "Description")},
+    {u"Notes", &EventRecord::notes, History::Copied, QT_TRANSLATE_NOOP("Records", "Notes")},
+    {u"KeyEvent", &EventRecord::keyEvent, History::Copied, QT_TRANSLATE_NOOP("Records", "Key event")},
+    {u"startDate", &EventRecord::startDate, History::Copied, QT_TRANSLATE_NOOP("Records", "Start date"),
      &RecordValues::date},
-    {u"endDate", &EventRecord::endDate, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "End date"),
+    {u"endDate", &EventRecord::endDate, History::Copied, QT_TRANSLATE_NOOP("Records", "End date"),
      &RecordValues::date},
-    {u"startTime", &EventRecord::startTime, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "Start time"),
+    {u"startTime", &EventRecord::startTime, History::Copied, QT_TRANSLATE_NOOP("Records", "Start time"),
      &RecordValues::time},
-    {u"endTime", &EventRecord::endTime, History::Copied, QT_TRANSLATE_NOOP("RecordColumns", "End time"),
+    {u"endTime", &EventRecord::endTime, History::Copied, QT_TRANSLATE_NOOP("Records", "End time"),
      &RecordValues::time},
 };

@@ -14,11 +14,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const CheckLink<EventRecord> venueLinks{{u"EventVenues"_s, u"EventID"_s, u"VenueID"_s},
-                                        QT_TRANSLATE_NOOP("RecordColumns", "Venues"),
+                                        QT_TRANSLATE_NOOP("Records", "Venues"),
                                         &EventRecord::venues,
                                         {u"Venue"_s, u"VenueName"_s, u"VenueID"_s}};
 const ListLink<EventRecord> functionLinks{{u"EventFunctions"_s, u"EventID"_s, u"functionId"_s},
-                                          QT_TRANSLATE_NOOP("RecordColumns", "Functions"),
+                                          QT_TRANSLATE_NOOP("Records", "Functions"),
                                           &EventRecord::functions,
                                           u"SELECT Function.FunctionName, Function.FunctionID"
                                           " FROM Function, EventFunctions"
@@ -26,7 +26,7 @@ const ListLink<EventRecord> functionLinks{{u"EventFunctions"_s, u"EventID"_s, u"
                                           " AND EventID = "_s,
                                           u"functionName"_s};
 const ListLink<EventRecord> documentLinks{{u"DocumentEvents"_s, u"EventID"_s, u"DocumentID"_s},
-                                          QT_TRANSLATE_NOOP("RecordColumns", "Related documents"),
+                                          QT_TRANSLATE_NOOP("Records", "Related documents"),
                                           &EventRecord::documents,
                                           u"SELECT Document.DocumentName, Document.DocumentID"
                                           " FROM Document, DocumentEvents"
@@ -35,7 +35,7 @@ const ListLink<EventRecord> documentLinks{{u"DocumentEvents"_s, u"EventID"_s, u"
                                           u"DocumentName"_s};
 const ListLink<EventRecord> organizationLinks{
     {u"OrganizationEvents"_s, u"EventID"_s, u"OrganizationID"_s},
-    QT_TRANSLATE_NOOP("RecordColumns", "Related organizations"),
+    QT_TRANSLATE_NOOP("Records", "Related organizations"),
     &EventRecord::organizations,
     u"SELECT Organization.OrganizationName, Organization.OrganizationID"
     " FROM Organization, OrganizationEvents"

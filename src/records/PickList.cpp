@@ -16,40 +16,40 @@ struct KindOfList
 };
 
 constexpr std::array<KindOfList, 6> kinds{
-    {{QT_TRANSLATE_NOOP("PickList", "No ACTIVE Organizations"),
-      QT_TRANSLATE_NOOP("PickList", "Organization Name"), nullptr,
+    {{QT_TRANSLATE_NOOP("Records", "No ACTIVE Organizations"),
+      QT_TRANSLATE_NOOP("Records", "Organization Name"), nullptr,
       "SELECT OrganizationID as idField, OrganizationName as nameField"
       " FROM Organization"
       " WHERE OrganizationID > 1"
       " AND Status <> 'DELETED'"
       " ORDER BY OrganizationName"},
-     {QT_TRANSLATE_NOOP("PickList", "No ACTIVE Functions"), QT_TRANSLATE_NOOP("PickList", "Function Name"),
+     {QT_TRANSLATE_NOOP("Records", "No ACTIVE Functions"), QT_TRANSLATE_NOOP("Records", "Function Name"),
       nullptr,
       "SELECT FunctionID as idField, FunctionName as nameField"
       " FROM Function"
       " WHERE FunctionID > 1"
       " ORDER BY FunctionName"},
-     {QT_TRANSLATE_NOOP("PickList", "No ACTIVE DocumentTypes"),
-      QT_TRANSLATE_NOOP("PickList", "Document Type"), nullptr,
+     {QT_TRANSLATE_NOOP("Records", "No ACTIVE DocumentTypes"), QT_TRANSLATE_NOOP("Records", "Document Type"),
+      nullptr,
       "SELECT DocumentTypeID as idField, DocumentTypeName as nameField"
       " FROM DocumentType"
       " WHERE DocumentTypeID > 1"
       " ORDER BY DocumentTypeName"},
-     {QT_TRANSLATE_NOOP("PickList", "No ACTIVE Documents"), QT_TRANSLATE_NOOP("PickList", "Document Title"),
+     {QT_TRANSLATE_NOOP("Records", "No ACTIVE Documents"), QT_TRANSLATE_NOOP("Records", "Document Title"),
       nullptr,
       "SELECT DocumentID as idField, DocumentName as nameField"
       " FROM Document"
       " WHERE DocumentID > 1"
       " AND dStatus <> 'DELETED'"
       " ORDER BY DocumentName"},
-     {QT_TRANSLATE_NOOP("PickList", "No ACTIVE DocumentCategories"),
-      QT_TRANSLATE_NOOP("PickList", "Document Category Name"), nullptr,
+     {QT_TRANSLATE_NOOP("Records", "No ACTIVE DocumentCategories"),
+      QT_TRANSLATE_NOOP("Records", "Document Category Name"), nullptr,
       "SELECT DocumentCategoryID as idField, DocumentCategoryName as nameField"
       " FROM DocumentCategory"
       " WHERE DocumentCategoryID > 1"
       " ORDER BY DocumentCategoryName"},
-     {QT_TRANSLATE_NOOP("PickList", "No ACTIVE CityLocations"), QT_TRANSLATE_NOOP("PickList", "City"),
-      QT_TRANSLATE_NOOP("PickList", "State"),
+     {QT_TRANSLATE_NOOP("Records", "No ACTIVE CityLocations"), QT_TRANSLATE_NOOP("Records", "City"),
+      QT_TRANSLATE_NOOP("Records", "State"),
       "SELECT DISTINCT LocationID as idField, City as nameField, State"
       " FROM Q_Organization"
       " WHERE OrganizationID > 1"

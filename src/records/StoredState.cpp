@@ -1,6 +1,6 @@
 #include "records/StoredState.h"
 
-#include <QCoreApplication>
+#include "records/RecordsTexts.h"
 
 namespace {
 
@@ -35,12 +35,12 @@ std::optional<RecordConflict> StoredStates::conflict(const std::optional<StoredS
     RecordConflict conflict;
     for (std::size_t i = 0; i < found.fields.size(); ++i) {
         if (found.fields[i].value == known.fields[i].value) continue;
-        conflict.fields << QCoreApplication::translate("RecordColumns", found.fields[i].caption);
+        conflict.fields << RecordsTexts::tr(found.fields[i].caption);
     }
     conflict.fields.removeDuplicates();
     if (found.status != known.status) {
         conflict.isDeleted = isDeleted(found.status);
-        if (!conflict.isDeleted) conflict.fields << QCoreApplication::translate("RecordColumns", "Status");
+        if (!conflict.isDeleted) conflict.fields << RecordsTexts::tr("Status");
     }
     if (conflict.fields.isEmpty() && !conflict.isDeleted) return std::nullopt;
     conflict.found = std::move(found);

@@ -20,31 +20,31 @@ const std::vector<SearchCriterion>& criteriaOf(RecordKind kind)
 {
     using Search = clsAdvSearch;
     static const std::vector<SearchCriterion> documents{
-        {QT_TRANSLATE_NOOP("AdvancedSearch", "Venue"), QT_TRANSLATE_NOOP("AdvancedSearch", "venue"),
-         &Search::bDocVenues, &Search::docVenues},
-        {QT_TRANSLATE_NOOP("AdvancedSearch", "Document Type"),
-         QT_TRANSLATE_NOOP("AdvancedSearch", "document type"), &Search::bDocTypes, &Search::docTypes},
-        {QT_TRANSLATE_NOOP("AdvancedSearch", "Organization"),
-         QT_TRANSLATE_NOOP("AdvancedSearch", "organization"), &Search::bDocOrgs, &Search::docOrgs},
-        {QT_TRANSLATE_NOOP("AdvancedSearch", "File Type"), QT_TRANSLATE_NOOP("AdvancedSearch", "file type"),
+        {QT_TRANSLATE_NOOP("Search", "Venue"), QT_TRANSLATE_NOOP("Search", "venue"), &Search::bDocVenues,
+         &Search::docVenues},
+        {QT_TRANSLATE_NOOP("Search", "Document Type"), QT_TRANSLATE_NOOP("Search", "document type"),
+         &Search::bDocTypes, &Search::docTypes},
+        {QT_TRANSLATE_NOOP("Search", "Organization"), QT_TRANSLATE_NOOP("Search", "organization"),
+         &Search::bDocOrgs, &Search::docOrgs},
+        {QT_TRANSLATE_NOOP("Search", "File Type"), QT_TRANSLATE_NOOP("Search", "file type"),
          &Search::bFileTypes, &Search::fileTypes}};
     static const std::vector<SearchCriterion> events{
-        {QT_TRANSLATE_NOOP("AdvancedSearch", "Date"), QT_TRANSLATE_NOOP("AdvancedSearch", "date"),
-         &Search::bEventDate, nullptr},
-        {QT_TRANSLATE_NOOP("AdvancedSearch", "Venue"), QT_TRANSLATE_NOOP("AdvancedSearch", "venue"),
-         &Search::bEventVenues, &Search::eventVenues},
-        {QT_TRANSLATE_NOOP("AdvancedSearch", "Function"), QT_TRANSLATE_NOOP("AdvancedSearch", "function"),
+        {QT_TRANSLATE_NOOP("Search", "Date"), QT_TRANSLATE_NOOP("Search", "date"), &Search::bEventDate,
+         nullptr},
+        {QT_TRANSLATE_NOOP("Search", "Venue"), QT_TRANSLATE_NOOP("Search", "venue"), &Search::bEventVenues,
+         &Search::eventVenues},
+        {QT_TRANSLATE_NOOP("Search", "Function"), QT_TRANSLATE_NOOP("Search", "function"),
          &Search::bEventFunctions, &Search::eventFunctions},
-        {QT_TRANSLATE_NOOP("AdvancedSearch", "Organization"),
-         QT_TRANSLATE_NOOP("AdvancedSearch", "organization"), &Search::bEventOrgs, &Search::eventOrgs}};
+        {QT_TRANSLATE_NOOP("Search", "Organization"), QT_TRANSLATE_NOOP("Search", "organization"),
+         &Search::bEventOrgs, &Search::eventOrgs}};
     static const std::vector<SearchCriterion> organizations{
-        {QT_TRANSLATE_NOOP("AdvancedSearch", "Venue"), QT_TRANSLATE_NOOP("AdvancedSearch", "venue"),
-         &Search::bOrgVenues, &Search::orgVenues},
-        {QT_TRANSLATE_NOOP("AdvancedSearch", "Organization Type"),
-         QT_TRANSLATE_NOOP("AdvancedSearch", "organization type"), &Search::bOrgTypes, &Search::orgTypes},
-        {QT_TRANSLATE_NOOP("AdvancedSearch", "Function"), QT_TRANSLATE_NOOP("AdvancedSearch", "function"),
+        {QT_TRANSLATE_NOOP("Search", "Venue"), QT_TRANSLATE_NOOP("Search", "venue"), &Search::bOrgVenues,
+         &Search::orgVenues},
+        {QT_TRANSLATE_NOOP("Search", "Organization Type"), QT_TRANSLATE_NOOP("Search", "organization type"),
+         &Search::bOrgTypes, &Search::orgTypes},
+        {QT_TRANSLATE_NOOP("Search", "Function"), QT_TRANSLATE_NOOP("Search", "function"),
          &Search::bOrgFunctions, &Search::orgFunctions},
-        {QT_TRANSLATE_NOOP("AdvancedSearch", "Location"), QT_TRANSLATE_NOOP("AdvancedSearch", "location"),
+        {QT_TRANSLATE_NOOP("Search", "Location"), QT_TRANSLATE_NOOP("Search", "location"),
          &Search::bOrgLocations, &Search::orgLocations}};
     return kind == RecordKind::Document ? documents : kind == RecordKind::Event ? events : organizations;
 }

@@ -1,8 +1,7 @@
 #include "timeline/TimelineScale.h"
 
+#include "timeline/TimelineTexts.h"
 #include "util/Error.h"
-
-#include <QCoreApplication>
 
 #include <cmath>
 
@@ -43,13 +42,13 @@ QString zoomName(int zoomFactor)
         QT_TRANSLATE_NOOP("Timeline", "8 hours"),    QT_TRANSLATE_NOOP("Timeline", "1 day"),
         QT_TRANSLATE_NOOP("Timeline", "2 days"),     QT_TRANSLATE_NOOP("Timeline", "4 days"),
         QT_TRANSLATE_NOOP("Timeline", "1 week"),     QT_TRANSLATE_NOOP("Timeline", "2 weeks")};
-    return QCoreApplication::translate("Timeline", names.at(static_cast<std::size_t>(zoomFactor)));
+    return TimelineTexts::tr(names.at(static_cast<std::size_t>(zoomFactor)));
 }
 
 std::int32_t stepAt(int zoomFactor)
 {
     if (zoomFactor < 0 || zoomFactor >= static_cast<int>(stepMinutes.size())) {
-        throw Error(outOfRangeNumber, QCoreApplication::translate("Timeline", "Subscript out of range"));
+        throw Error(outOfRangeNumber, TimelineTexts::tr("Subscript out of range"));
     }
     return stepMinutes[static_cast<std::size_t>(zoomFactor)];
 }

@@ -25,38 +25,37 @@ constexpr std::array<Relation, 6> relations{
     {{RecordKind::Document, RecordKind::Event,
       u"SELECT DISTINCT Event.EventID FROM Event, DocumentEvents WHERE Event.EventID = "
       u"DocumentEvents.EventID AND Event.EventID > 1 AND Status <> 'DELETED' AND DocumentID = ",
-      QT_TRANSLATE_NOOP("RelatedViews", "View Only Events for Document \"%1\""),
-      QT_TRANSLATE_NOOP("RelatedViews", "No Events exist for this Document. Would you like to add one?"),
+      QT_TRANSLATE_NOOP("Views", "View Only Events for Document \"%1\""),
+      QT_TRANSLATE_NOOP("Views", "No Events exist for this Document. Would you like to add one?"),
       u"DOCUMENT"},
      {RecordKind::Document, RecordKind::Organization,
       u"SELECT OrganizationID FROM Document WHERE DocumentID = ",
-      QT_TRANSLATE_NOOP("RelatedViews", "View Source Organization for Document \"%1\""),
-      QT_TRANSLATE_NOOP("RelatedViews",
+      QT_TRANSLATE_NOOP("Views", "View Source Organization for Document \"%1\""),
+      QT_TRANSLATE_NOOP("Views",
                         "No Source Organization exists for this Document. Would you like to add one?")},
      {RecordKind::Event, RecordKind::Document,
       u"SELECT DISTINCT Document.DocumentID FROM Document, DocumentEvents WHERE Document.DocumentID = "
       u"DocumentEvents.DocumentID AND Document.DocumentID > 1 AND dStatus <> 'DELETED' AND EventID = ",
-      QT_TRANSLATE_NOOP("RelatedViews", "View Only Documents for Event \"%1\""),
-      QT_TRANSLATE_NOOP("RelatedViews", "No Documents exist for this Event. Would you like to add one?")},
+      QT_TRANSLATE_NOOP("Views", "View Only Documents for Event \"%1\""),
+      QT_TRANSLATE_NOOP("Views", "No Documents exist for this Event. Would you like to add one?")},
      {RecordKind::Event, RecordKind::Organization,
       u"SELECT DISTINCT Organization.OrganizationID FROM Organization, OrganizationEvents WHERE "
       u"Organization.OrganizationID = OrganizationEvents.OrganizationID AND Organization.OrganizationID > 1 "
       u"AND Status <> 'DELETED' AND EventID = ",
-      QT_TRANSLATE_NOOP("RelatedViews", "View Only Organizations for Event \"%1\""),
-      QT_TRANSLATE_NOOP("RelatedViews", "No Organizations exist for this Event. Would you like to add one?")},
+      QT_TRANSLATE_NOOP("Views", "View Only Organizations for Event \"%1\""),
+      QT_TRANSLATE_NOOP("Views", "No Organizations exist for this Event. Would you like to add one?")},
      {RecordKind::Organization, RecordKind::Document,
       u"SELECT count(DocumentID) as dCount FROM Document WHERE DocumentID > 1 AND dStatus <> 'DELETED' AND "
       u"OrganizationID = ",
-      QT_TRANSLATE_NOOP("RelatedViews", "View Only Documents for Organization \"%1\""),
-      QT_TRANSLATE_NOOP("RelatedViews",
-                        "No Documents exist for this Organization. Would you like to add one?"),
+      QT_TRANSLATE_NOOP("Views", "View Only Documents for Organization \"%1\""),
+      QT_TRANSLATE_NOOP("Views", "No Documents exist for this Organization. Would you like to add one?"),
       u"ORGANIZATION"},
      // the caption does not say what the view lists, but users know the view by it
      {RecordKind::Organization, RecordKind::Event,
       u"SELECT DISTINCT Event.EventID FROM Event, OrganizationEvents WHERE Event.EventID = "
       u"OrganizationEvents.EventID AND Event.EventID > 1 AND Status <> 'DELETED' AND OrganizationID = ",
-      QT_TRANSLATE_NOOP("RelatedViews", "View Only Organizations for Event \"%1\""),
-      QT_TRANSLATE_NOOP("RelatedViews", "No Events exist for this Organization. Would you like to add one?"),
+      QT_TRANSLATE_NOOP("Views", "View Only Organizations for Event \"%1\""),
+      QT_TRANSLATE_NOOP("Views", "No Events exist for this Organization. Would you like to add one?"),
       u"ORGANIZATION"}}};
 
 const Relation& relationOf(RelatedCommand command)

@@ -87,7 +87,7 @@ ListColumn textColumn(const char* title, int widthInTwips = 0)
 /// What is not a date sorts after all dates.
 ListColumn documentDateColumn()
 {
-    ListColumn column = textColumn<field<documentField::date>>(QT_TRANSLATE_NOOP("RecordList", "Date"));
+    ListColumn column = textColumn<field<documentField::date>>(QT_TRANSLATE_NOOP("List", "Date"));
     column.sortKey = [](const ListRow& row) {
         const std::string_view date = field<documentField::date>(row);
         const auto order =
@@ -113,7 +113,7 @@ ListColumn keyColumn(QString (*toolTip)(const ListRow&))
 
 ListLayout documentLayout()
 {
-    ListColumn author = textColumn<field<documentField::author>>(QT_TRANSLATE_NOOP("RecordList", "Author"));
+    ListColumn author = textColumn<field<documentField::author>>(QT_TRANSLATE_NOOP("List", "Author"));
     author.fitsTexts = true;
     return {
         u"DocumentID",
@@ -121,11 +121,11 @@ ListLayout documentLayout()
         u"KeyDocument",
         u"ReleaseForm",
         {u"DocumentName", u"Author", u"DocumentDate", u"FileTypeName", u"OrganizationName", u"FileLocation"},
-        {textColumn<field<documentField::name>>(QT_TRANSLATE_NOOP("RecordList", "Title"), 6420),
+        {textColumn<field<documentField::name>>(QT_TRANSLATE_NOOP("List", "Title"), 6420),
          keyColumn([](const ListRow& row) { return row.isKey ? ListTexts::tr("Key document") : QString(); }),
          author, documentDateColumn(),
-         textColumn<field<documentField::fileType>>(QT_TRANSLATE_NOOP("RecordList", "File")),
-         textColumn<field<documentField::source>>(QT_TRANSLATE_NOOP("RecordList", "Source"))}};
+         textColumn<field<documentField::fileType>>(QT_TRANSLATE_NOOP("List", "File")),
+         textColumn<field<documentField::source>>(QT_TRANSLATE_NOOP("List", "Source"))}};
 }
 
 ListLayout eventLayout()
@@ -135,26 +135,25 @@ ListLayout eventLayout()
             u"KeyEvent",
             {},
             {u"EventName", u"StartDate", u"StartTime", u"EndDate", u"EndTime"},
-            {textColumn<field<eventField::name>>(QT_TRANSLATE_NOOP("RecordList", "Name"), 6450),
+            {textColumn<field<eventField::name>>(QT_TRANSLATE_NOOP("List", "Name"), 6450),
              keyColumn([](const ListRow& row) { return row.isKey ? ListTexts::tr("Key event") : QString(); }),
-             {QT_TRANSLATE_NOOP("RecordList", "Date - Time"), 6450,
+             {QT_TRANSLATE_NOOP("List", "Date - Time"), 6450,
               [](const ListRow& row) { return times(row).shortText(); }, &timesKey,
               [](const ListRow& row) { return times(row).longText(); }}}};
 }
 
 ListLayout organizationLayout()
 {
-    return {
-        u"OrganizationID",
-        u"OrganizationSubTypeID",
-        {},
-        {},
-        {u"OrganizationName", u"OrganizationTypeName", u"OrganizationSubTypeName", u"FunctionName", u"City",
-         u"State"},
-        {textColumn<field<organizationField::name>>(QT_TRANSLATE_NOOP("RecordList", "Name"), 4560),
-         textColumn<organizationType>(QT_TRANSLATE_NOOP("RecordList", "Type"), 1905),
-         textColumn<field<organizationField::function>>(QT_TRANSLATE_NOOP("RecordList", "Function"), 2175),
-         textColumn<organizationPlace>(QT_TRANSLATE_NOOP("RecordList", "Location"), 1440)}};
+    return {u"OrganizationID",
+            u"OrganizationSubTypeID",
+            {},
+            {},
+            {u"OrganizationName", u"OrganizationTypeName", u"OrganizationSubTypeName", u"FunctionName",
+             u"City", u"State"},
+            {textColumn<field<organizationField::name>>(QT_TRANSLATE_NOOP("List", "Name"), 4560),
+             textColumn<organizationType>(QT_TRANSLATE_NOOP("List", "Type"), 1905),
+             textColumn<field<organizationField::function>>(QT_TRANSLATE_NOOP("List", "Function"), 2175),
+             textColumn<organizationPlace>(QT_TRANSLATE_NOOP("List", "Location"), 1440)}};
 }
 
 } // namespace

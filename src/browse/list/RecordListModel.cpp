@@ -1,9 +1,8 @@
 #include "browse/list/RecordListModel.h"
 
+#include "browse/list/ListTexts.h"
 #include "widgets/IconSet.h"
 #include "widgets/PlainToolTip.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -118,8 +117,7 @@ QVariant RecordListModel::headerData(int section, Qt::Orientation orientation, i
 {
     if (orientation != Qt::Horizontal || section >= columnCount()) return {};
     if (role == Qt::DisplayRole)
-        return QCoreApplication::translate("RecordList",
-                                           m_list->columns()[static_cast<std::size_t>(section)].title);
+        return ListTexts::tr(m_list->columns()[static_cast<std::size_t>(section)].title);
     if (!marksKeys(section)) return {};
     if (role == Qt::DecorationRole) return m_icons.icon(QStringLiteral("isKey"));
     if (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) return tr("Key records");
