@@ -1,6 +1,6 @@
 # The headers of libraries that most sources include, compiled once for each library instead of once for each source.
-# Each source still includes what it uses: the checks of .ci/run read all of them with
-# CMAKE_DISABLE_PRECOMPILE_HEADERS=ON, and fail if one does not.
+# Each source still includes what it uses: .ci/run compiles the core and its tests, source by source, with
+# CMAKE_DISABLE_PRECOMPILE_HEADERS=ON, and fails if one does not.
 set(ORVIK_STANDARD_HEADERS <algorithm> <array> <cstdint> <functional> <map> <memory> <optional> <set> <string>
     <string_view> <utility> <variant> <vector>)
 set(ORVIK_CORE_HEADERS ${ORVIK_STANDARD_HEADERS} <SQLiteCpp/SQLiteCpp.h> <QDateTime> <QDir> <QFile> <QFileInfo> <QHash>

@@ -50,7 +50,7 @@ void DatabaseOpener::openNamed()
 /// Returns the database. Throws Error.
 QString DatabaseOpener::convertNamed(const QString& name, const QString& source)
 {
-    const QString target = dataPath(convertedName(name));
+    QString target = dataPath(convertedName(name));
     const bool exists = QFileInfo::exists(target);
     const bool replace =
         exists && m_platform.messages.ask(

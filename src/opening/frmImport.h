@@ -24,7 +24,6 @@ public:
     /// Runs a conversion, as in DatabaseConverter, and returns when it has ended.
     [[nodiscard]] DatabaseConverter::Result run(const QString& source, const QString& target, bool replace);
 
-public Q_SLOTS:
     void reject() override;
 
 private:

@@ -216,7 +216,7 @@ TEST_F(Edit, ATextBeyondTheBoundIsAnErrorAndNotLostInSilence)
 {
     EditableRecordSet records = edit(u"SELECT * FROM Venue WHERE VenueID = 0"_s);
     records.addNew();
-    records.set(u"VenueName"_s, QString(65 * 1024 * 1024, u'x'));
+    records.set(u"VenueName"_s, QString(qsizetype{65} * 1024 * 1024, u'x'));
     EXPECT_EQ(errorNumberOf([&] { records.update(); }), tooBig);
     EXPECT_EQ(m_database.ask("SELECT count(*) FROM Venue"), u"0"_s);
 }

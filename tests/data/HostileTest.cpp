@@ -130,7 +130,9 @@ TEST_F(HostileKeyword, MayBeLongAndRepeatWhatTheLanguageBoundsByDepth)
         EXPECT_NE(search(QString(megabyte, c)), 0) << c.toLatin1();
     EXPECT_GT(search(u"' AND "_s + QString(megabyte, u'(')), 0);
 
-    const auto repeated = [](const QString& text) { return text.repeated(128 * 1024 / text.size()); };
+    const auto repeated = [](const QString& text) {
+        return text.repeated(qsizetype{128} * 1024 / text.size());
+    };
     for (const QString& keyword :
          {u"'"_s + repeated(u")"_s), u"' AND "_s + repeated(u"min("_s),
           u"' AND "_s + repeated(u"("_s) + repeated(u")"_s),

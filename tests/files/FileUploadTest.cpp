@@ -48,7 +48,7 @@ protected:
 
     QString write(const QString& name, const QByteArray& content) const
     {
-        const QString path = m_place.filePath(name);
+        QString path = m_place.filePath(name);
         writeFile(path, content);
         return path;
     }

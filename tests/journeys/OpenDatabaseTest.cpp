@@ -182,7 +182,7 @@ TEST(Converter, SurvivesAToolThatIsMissingCrashesOrHangs)
 {
     const QTemporaryDir folder;
     const auto script = [&folder](const char* name, const char* text) {
-        const QString path = folder.filePath(QString::fromUtf8(name));
+        QString path = folder.filePath(QString::fromUtf8(name));
         writeFile(path, text);
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         return path;

@@ -97,7 +97,7 @@ TEST_F(Paste, LineEndsBecomeBlanksInALine)
         const char* taken;
     } texts[] = {{QStringLiteral("a\nb\r\nc\rd\u2028e"), "a b c d e"}, {QStringLiteral("plain"), "plain"}};
     for (const auto& [dialogName, command, fields] : editors) {
-        inEditor(dialogName, command, [&](OpenDialog& dialog) {
+        inEditor(dialogName, command, [&, &fields = fields](OpenDialog& dialog) {
             for (const char* name : fields) {
                 auto& part = dialog.find<QWidget>(name);
                 auto* line = qobject_cast<QLineEdit*>(&part);

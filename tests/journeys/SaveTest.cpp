@@ -180,16 +180,17 @@ TEST(Save, AsksBeforeItWritesOverWhatSomebodyElseChanged)
         saving.edit(kind, [&](OpenDialog& dialog) { dialog.click("cmdOK"); }); // writes the placeholders
         const std::string before = saving.row(kind);
         const std::string linksBefore = saving.rows(QString::fromLatin1(links));
-        saving.edit(kind, [&](OpenDialog& dialog) {
-            dialog.type("rtbNotes", QStringLiteral("mine"));
-            saving.run(QString::fromLatin1(meanwhile));
-            const std::string theirs = saving.row(kind);
-            saving.messages().expectQuestion(question, false, Question::Loss);
-            dialog.click("cmdOK");
-            EXPECT_EQ(saving.row(kind), theirs);
-            saving.messages().expectQuestion(question, true, Question::Loss);
-            dialog.click("cmdOK");
-        });
+        saving.edit(kind,
+                    [&, &kind = kind, &meanwhile = meanwhile, &question = question](OpenDialog& dialog) {
+                        dialog.type("rtbNotes", QStringLiteral("mine"));
+                        saving.run(QString::fromLatin1(meanwhile));
+                        const std::string theirs = saving.row(kind);
+                        saving.messages().expectQuestion(question, false, Question::Loss);
+                        dialog.click("cmdOK");
+                        EXPECT_EQ(saving.row(kind), theirs);
+                        saving.messages().expectQuestion(question, true, Question::Loss);
+                        dialog.click("cmdOK");
+                    });
         const bool isDeleted = question.contains(QStringLiteral("deleted"));
         EXPECT_EQ(saving.rows(QStringLiteral("SELECT %1 FROM %2_HIST WHERE Notes = 'mine'")
                                   .arg(QLatin1String(status), QLatin1String(table))),

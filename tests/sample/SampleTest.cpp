@@ -22,7 +22,7 @@ protected:
         return result;
     }
 
-    const std::vector<std::string> none;
+    const std::vector<std::string> none{};
     const std::vector<std::string> reserved{"None"};
 
 private:

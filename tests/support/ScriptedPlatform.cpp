@@ -52,7 +52,7 @@ QString ScriptedFileDialogs::openFile(const QString& title, const QString& filte
         ADD_FAILURE() << "a file dialog that is not in the script: " << title.toStdString();
         return {};
     }
-    const QString file = files.front();
+    QString file = files.front();
     files.pop_front();
     return file;
 }

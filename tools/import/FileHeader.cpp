@@ -85,7 +85,7 @@ std::string judgeFileHeader(Bytes firstPage)
     constexpr std::array<std::uint8_t, signatureOffset> start = {0, 1, 0, 0};
     if (firstPage.size() <= versionOffset || !std::equal(start.begin(), start.end(), firstPage.begin()))
         throw ImportError(ExitStatus::SourceUnreadable, "The file is not an Access database.");
-    const std::string kind = kindOf(firstPage);
+    std::string kind = kindOf(firstPage);
     if (firstPage.size() < judgedLength)
         throw ImportError(ExitStatus::Damaged, "The file is cut short: it ends within its first page.");
 

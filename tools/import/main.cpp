@@ -82,7 +82,7 @@ bool isSameFile(const CommandLine& line)
 ExitStatus convert(const CommandLine& line, Report& report)
 {
     // Judged here once before anything is written, so that a wrong file costs nothing.
-    SourceFile{line.source};
+    SourceFile{line.source}; // NOLINT(bugprone-unused-raii): its constructor judges
     if (isSameFile(line))
         throw ImportError(ExitStatus::TargetExists, "The source and the target are the same file.");
 

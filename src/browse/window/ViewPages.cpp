@@ -56,12 +56,13 @@ void ViewPages::showList(RecordKind kind, const QString& procedure, const Shared
     Q_EMIT pageChanged();
     search.beginList();
     bool stayed = true;
-    const bool isListed = runProcedure(m_messages, procedure, [&] {
-        const WaitCursor wait;
-        m_history.setCurrentQuery(search.queryFor(kind, query));
-        graphics.drawBeforeList(kind);
-        stayed = list.fill(kind, m_history.current(), m_history.currentQuery()->sqlStr());
-    });
+    const bool isListed =
+        runProcedure(m_messages, procedure, [&, &list = list, &search = search, &graphics = graphics] {
+            const WaitCursor wait;
+            m_history.setCurrentQuery(search.queryFor(kind, query));
+            graphics.drawBeforeList(kind);
+            stayed = list.fill(kind, m_history.current(), m_history.currentQuery()->sqlStr());
+        });
     if (!stayed) return;
     Q_EMIT viewShown(caption, RecordList::countText(kind, list.count()));
     list.setFocus();
