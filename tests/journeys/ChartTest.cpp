@@ -260,9 +260,7 @@ TEST_F(ChartJourney, ManyBarsAreScrolledAndNeverOverlap)
         journey.database.run(
             QStringLiteral("INSERT INTO DocumentType VALUES (%1, '%2');"
                            "INSERT INTO DocumentTypes (DocumentID, DocumentTypeID) VALUES (2, %1)")
-                .arg(QString::number(type), name)
-                .toUtf8()
-                .constData());
+                .arg(QString::number(type), name));
     }
     show();
     ASSERT_EQ(chart().accessibleItemCount(), types + 2);

@@ -19,27 +19,6 @@ class DocumentEditor : public DocumentJourney
 {
 };
 
-TEST_F(DocumentEditor, BeginsWithDefaultsAndAddsARecord)
-{
-    journey.desktop.fileDialogs.files = {source};
-    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
-        EXPECT_EQ(dialog.title(), "Add a New Document");
-        EXPECT_EQ(dialog.text("txtURL"), "http://");
-        EXPECT_EQ(dialog.text("cmbFileTypeNames"), "Adobe PDF");
-        EXPECT_EQ(dialog.text("cmbOrganizationNames"), "None");
-        EXPECT_EQ(dialog.focus(), "txtDocumentName");
-        fillIn(dialog);
-        dialog.click("cmdUploadDocument");
-        EXPECT_EQ(dialog.text("txtOriginalFilename"), source.toStdString());
-        EXPECT_EQ(journey.desktop.fileDialogs.filters.join(u';').toStdString(), "All Files (*.*)| *.*");
-        dialog.click("cmdOK");
-    });
-    EXPECT_EQ(rows("SELECT DocumentTypeID FROM DocumentTypes WHERE DocumentID = 3"), "1") << "none";
-    EXPECT_TRUE(QFile::exists(journey.dataFolder() + QStringLiteral("documents/3.PDF")));
-    EXPECT_EQ(journey.column(0), "Levees|Old Levees") << "the list is shown again";
-    EXPECT_EQ(journey.list().currentIndex().row(), 0) << "on the new record";
-}
-
 TEST_F(DocumentEditor, SaysWhatIsMissingAndGoesThere)
 {
     messages().expectMessage(QStringLiteral("Document title is required."));
@@ -49,6 +28,7 @@ TEST_F(DocumentEditor, SaysWhatIsMissingAndGoesThere)
     messages().expectMessage(
         QStringLiteral("Document with identical title already exists. Please choose a different title."));
     inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        EXPECT_EQ(dialog.focus(), "txtDocumentName");
         dialog.find<QWidget>("txtVolume").setFocus();
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.focus(), "txtDocumentName");
@@ -90,7 +70,7 @@ TEST_F(DocumentEditor, ShowsARecordAndTurnsIntoItsEditor)
         messages().expectMessage(QStringLiteral("Copyright permissions not granted."));
         dialog.click("cmdOpenFile");
         messages().finish();
-        put(QStringLiteral("documents/2.html"));
+        writeFile(journey.dataFolder() + QStringLiteral("documents/2.html"));
         dialog.click("cmdOpenFile");
         EXPECT_EQ(journey.desktop.shell.opened,
                   QStringList{journey.dataFolder() + QStringLiteral("documents/2.html")});

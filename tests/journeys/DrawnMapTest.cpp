@@ -28,9 +28,7 @@ TEST_F(DrawnMap, PaintsStatesMarkersAndTheirLegendInTheirColours)
                 "(OrganizationID, OrganizationName, FunctionID, Lat, Lon, Status) VALUES "
                 "(%3, 'O', %1, 42, %4, 'ACTIVE')")
                 .arg(QString::number(function), QString::number(function), QString::number(100 + function))
-                .arg(-120 + 2.5 * function)
-                .toUtf8()
-                .constData());
+                .arg(-120 + 2.5 * function));
     }
     show();
     const QImage picture = map().grab().toImage();
@@ -101,7 +99,7 @@ TEST_F(DrawnMap, RingsTheChosenPlaceAndTakesAPointerNearIt)
     QTest::mousePress(&map(), Qt::LeftButton, {}, reno.toPoint());
     QTest::mouseMove(&map(), reno.toPoint() + QPoint(2, 1));
     QTest::mouseRelease(&map(), Qt::LeftButton, {}, reno.toPoint() + QPoint(2, 1));
-    EXPECT_EQ(selected(), "Epsilon");
+    EXPECT_EQ(journey.selected(), "Epsilon");
 
     for (const QPointF way : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0.6, -0.8)}) {
         EXPECT_EQ(map().entryAt(reno + 13.5 * way), entry("Reno, NV: Law"));
@@ -138,17 +136,6 @@ TEST_F(DrawnMap, WithoutTheStatesTheMarkersAreThereAndTheMessageFollows)
     ASSERT_TRUE(QFile::copy(QStringLiteral(ORVIK_MAPS "/states.shp"), shapes.fileName()));
     journey.trigger("mnuViewRefresh");
     EXPECT_TRUE(map().hasStates());
-}
-
-TEST_F(DrawnMap, AFailingListTakesTheMarkersAway)
-{
-    show();
-    SQLObject broken = *journey.program->state().queries.organizations;
-    broken.WhereClause += QStringLiteral(" AND Nothing = 1");
-    journey.desktop.messages.expectMessageBeginning(QStringLiteral("showOrganizations Error ("));
-    journey.program->state().history.addView(
-        {ViewKind::Organizations, std::make_shared<const SQLObject>(broken), QStringLiteral("Broken")});
-    EXPECT_EQ(map().accessibleItemCount(), 0);
 }
 
 } // namespace

@@ -1,5 +1,4 @@
-#include "Dialogs.h"
-#include "Journey.h"
+#include "EditorJourney.h"
 #include "editors/RecordEditors.h"
 #include "timeline/TimelinePanel.h"
 
@@ -14,32 +13,10 @@
 namespace {
 
 /// A journey with two events, showing the events.
-class EventEditor : public ::testing::Test
+class EventEditor : public EditorJourney
 {
 protected:
-    EventEditor()
-    {
-        journey.database.runFile("journeys/rows/EventEditor.sql");
-        journey.start();
-        journey.trigger("mnuViewEvents");
-    }
-
-    void inEditor(const char* command, const std::function<void(OpenDialog&)>& work)
-    {
-        inDialog(
-            "frmEvent", [&] { journey.trigger(command); }, work);
-    }
-
-    void editFirst(const std::function<void(OpenDialog&)>& work)
-    {
-        journey.list().setCurrentIndex(journey.list().model()->index(0, 0));
-        inEditor("mnuRecordEdit", work);
-    }
-
-    std::string rows(const char* statement) { return journey.database.ask(statement).toStdString(); }
-    ScriptedMessages& messages() { return journey.desktop.messages; }
-
-    Journey journey;
+    EventEditor() : EditorJourney("frmEvent", "journeys/rows/EventEditor.sql") { start("mnuViewEvents"); }
 };
 
 TEST_F(EventEditor, AddsAnEventAndTakesTheTimelineToIt)

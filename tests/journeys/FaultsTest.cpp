@@ -1,5 +1,5 @@
-#include "Dialogs.h"
-#include "Journey.h"
+#include "EditorJourney.h"
+#include "map/MapView.h"
 #include "support/AsPlainUser.h"
 
 #include <QPushButton>
@@ -13,21 +13,18 @@
 namespace {
 
 /// What other programs and the file system do to the database while the program runs.
-class Faults : public ::testing::Test
+class Faults : public EditorJourney
 {
 protected:
-    Faults() { journey.database.runFile("journeys/rows/Faults.sql"); }
+    Faults() : EditorJourney("frmEvent", "journeys/rows/Faults.sql") {}
 
-    void choose(const char* view)
+    void chooseFirst(const char* view)
     {
         journey.trigger(view);
-        journey.list().setCurrentIndex(journey.list().model()->index(0, 0));
+        choose(0);
     }
 
     [[nodiscard]] bool isEnabled(const char* command) { return journey.find<QAction>(command).isEnabled(); }
-    ScriptedMessages& messages() { return journey.desktop.messages; }
-
-    Journey journey;
 };
 
 TEST_F(Faults, ALockedDatabaseIsToldOfOnceForEachCommand)
@@ -53,7 +50,7 @@ TEST_F(Faults, ALockedDatabaseIsToldOfOnceForEachCommand)
     };
     for (const Case& entry : cases) {
         SCOPED_TRACE(entry.command);
-        choose(entry.view);
+        chooseFirst(entry.view);
         SQLite::Database other(journey.database.fileName().toStdString(), SQLite::OPEN_READWRITE);
         other.exec("BEGIN EXCLUSIVE");
         if (entry.question != nullptr) {
@@ -64,13 +61,44 @@ TEST_F(Faults, ALockedDatabaseIsToldOfOnceForEachCommand)
         journey.trigger(entry.command);
         messages().finish();
     }
-    choose("mnuViewOrganizations");
-    inDialog(
-        "frmOrganization", [this] { journey.trigger("mnuRecordView"); },
-        [](OpenDialog& dialog) {
-            EXPECT_EQ(dialog.text("txtOrganizationName"), "Agency");
-            dialog.click("cmdCancel");
-        });
+    chooseFirst("mnuViewOrganizations");
+    journey.inDialog("frmOrganization", "mnuRecordView", [](OpenDialog& dialog) {
+        EXPECT_EQ(dialog.text("txtOrganizationName"), "Agency");
+        dialog.click("cmdCancel");
+    });
+}
+
+TEST_F(Faults, AFailingStatementIsReportedOnceAndLeavesAnEmptyListAndMap)
+{
+    journey.start();
+    const auto& queries = journey.program->state().queries;
+    const struct
+    {
+        ViewKind kind;
+        std::shared_ptr<const SQLObject> query;
+        const char* procedure;
+        const char* command;
+    } cases[] = {
+        {ViewKind::Documents, queries.documents, "showDocuments", "mnuViewDocuments"},
+        {ViewKind::Events, queries.events, "showEvents", "mnuViewEvents"},
+        {ViewKind::Organizations, queries.organizations, "showOrganizations", "mnuViewOrganizations"},
+    };
+    for (const auto& [kind, query, procedure, command] : cases) {
+        journey.trigger(command);
+        SQLObject broken = *query;
+        broken.WhereClause += QStringLiteral(" AND NoSuchColumn = 1");
+        messages().expectMessage(
+            QStringLiteral("%1 Error (1): no such column: NoSuchColumn").arg(QLatin1StringView(procedure)));
+        journey.program->state().history.addView(
+            {kind, std::make_shared<const SQLObject>(broken), QStringLiteral("Broken")});
+        messages().finish();
+        EXPECT_EQ(journey.viewPanel(), QStringLiteral("Broken"));
+        EXPECT_EQ(journey.column(0), "") << procedure;
+    }
+    EXPECT_EQ(journey.find<MapView>("Map1").accessibleItemCount(), 0);
+    journey.trigger("mnuViewOrganizations");
+    EXPECT_EQ(journey.column(0), "Agency");
+    EXPECT_EQ(journey.find<MapView>("Map1").accessibleItemCount(), 1);
 }
 
 TEST_F(Faults, AReadOnlyFolderIsToldOfAtStartUpAndNothingOffersToChange)
@@ -88,7 +116,7 @@ TEST_F(Faults, AReadOnlyFolderIsToldOfAtStartUpAndNothingOffersToChange)
                 .arg(journey.database.folder()));
         journey.start(QStringLiteral("test.sqlite"));
         messages().finish();
-        choose("mnuViewEvents");
+        chooseFirst("mnuViewEvents");
         EXPECT_EQ(journey.column(0), "Flood");
         for (const char* command : {"mnuRecordAddNewEvent", "mnuRecordEdit", "mnuRecordDelete"}) {
             EXPECT_FALSE(isEnabled(command)) << command;
@@ -96,15 +124,13 @@ TEST_F(Faults, AReadOnlyFolderIsToldOfAtStartUpAndNothingOffersToChange)
                 QStringLiteral("\nThe database can be read, but not changed.")));
         }
         EXPECT_TRUE(isEnabled("mnuRecordView"));
-        inDialog(
-            "frmEvent", [this] { journey.trigger("mnuRecordView"); },
-            [](OpenDialog& dialog) {
-                EXPECT_FALSE(dialog.find<QPushButton>("cmdOK").isEnabled());
-                dialog.click("cmdCancel");
-            });
+        inEditor("mnuRecordView", [](OpenDialog& dialog) {
+            EXPECT_FALSE(dialog.find<QPushButton>("cmdOK").isEnabled());
+            dialog.click("cmdCancel");
+        });
     }
     ASSERT_EQ(chmod(folder.c_str(), 0755), 0);
-    choose("mnuViewEvents");
+    chooseFirst("mnuViewEvents");
     EXPECT_TRUE(isEnabled("mnuRecordEdit"));
 }
 

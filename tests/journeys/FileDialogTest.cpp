@@ -1,5 +1,6 @@
 #include "Dialogs.h"
 #include "platform/DesktopFileDialogs.h"
+#include "support/TestFiles.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -25,7 +26,7 @@ TEST(FileDialog, ShowsTheTextsOfItsFilterAndFilesWithoutAPoint)
 {
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("README"));
-    ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));
+    writeFile(file);
     DesktopFileDialogs dialogs;
     const auto open = [&](const std::function<void(OpenDialog&)>& work) {
         QString chosen;

@@ -29,8 +29,7 @@ protected:
 
     void open(const std::function<void(OpenDialog&)>& work)
     {
-        inDialog(
-            GetParam().dialog, [&] { journey.trigger(GetParam().command); }, work);
+        journey.inDialog(GetParam().dialog, GetParam().command, work);
     }
 
     Journey journey;

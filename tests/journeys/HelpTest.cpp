@@ -1,4 +1,5 @@
 #include "Journey.h"
+#include "support/TestFiles.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -19,10 +20,9 @@ class Help : public ::testing::Test
 protected:
     Help()
     {
-        QDir().mkpath(guideFolder());
         for (const char* name : {"index.html", "subjects.html", "records.html", "search.html"})
-            QFile(guideFolder() + QString::fromUtf8(name)).open(QIODevice::WriteOnly);
-        QFile(journey.database.folder() + QStringLiteral("/Kelmsett.chm")).open(QIODevice::WriteOnly);
+            writeFile(guideFolder() + QString::fromUtf8(name));
+        writeFile(journey.database.folder() + QStringLiteral("/Kelmsett.chm"));
     }
 
     QString guideFolder() const { return journey.database.folder() + QStringLiteral("/help/"); }

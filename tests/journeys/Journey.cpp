@@ -1,5 +1,7 @@
 #include "Journey.h"
 
+#include "Dialogs.h"
+
 #include <QDir>
 #include <QMenu>
 #include <QTest>
@@ -41,9 +43,7 @@ void Journey::addDocuments(int count)
                      "WITH RECURSIVE n(i) AS (VALUES (100) UNION ALL SELECT i + 1 FROM n WHERE i < 99 + %1) "
                      "INSERT INTO Document (DocumentID, DocumentName, dStatus) "
                      "SELECT i, 'Document ' || i, 'ACTIVE' FROM n")
-                     .arg(count)
-                     .toUtf8()
-                     .constData());
+                     .arg(count));
 }
 
 void Journey::select(const char* name)
@@ -54,6 +54,22 @@ void Journey::select(const char* name)
     if (found.isEmpty()) throw std::runtime_error(std::string("no such row: ") + name);
     list().scrollTo(found.front());
     QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, list().visualRect(found.front()).center());
+}
+
+std::string Journey::selected()
+{
+    QStringList names;
+    for (int row = 0; row < list().model()->rowCount(); ++row) {
+        const QModelIndex index = list().model()->index(row, 0);
+        if (list().selectionModel()->isSelected(index)) names << index.data().toString();
+    }
+    return names.join(u'|').toStdString();
+}
+
+void Journey::inDialog(const char* name, const char* command, const std::function<void(OpenDialog&)>& work)
+{
+    ::inDialog(
+        name, [&] { trigger(command); }, work);
 }
 
 void Journey::widenTimeline(int pixels)

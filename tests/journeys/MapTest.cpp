@@ -23,19 +23,19 @@ TEST_F(MapJourney, MarkersAndRowsChooseEachOther)
     EXPECT_EQ(journey.column(0), "Alpha <b>|Beta|Delta|Epsilon|Eta|Gamma|Zeta");
 
     click(Qt::LeftButton, "Dallas, TX: Law");
-    EXPECT_EQ(selected(), "Delta");
+    EXPECT_EQ(journey.selected(), "Delta");
     EXPECT_EQ(map().ringed(), entry("Dallas, TX: Law"));
 
     // of the two markers in Austin, the one drawn last is on top
     click(Qt::LeftButton, "Austin, TX: Relief");
-    EXPECT_EQ(selected(), "Gamma");
+    EXPECT_EQ(journey.selected(), "Gamma");
     EXPECT_EQ(map().ringed(), entry("Austin, TX: Fire & Rescue"));
 
     QTest::keyClicks(&journey.list(), QStringLiteral("beta"));
     EXPECT_EQ(map().ringed(), entry("Austin, TX: Relief"));
     map().setFocus();
     QTest::keyClick(&map(), Qt::Key_Return);
-    EXPECT_EQ(selected(), "Alpha <b>|Beta");
+    EXPECT_EQ(journey.selected(), "Alpha <b>|Beta");
 
     QTest::keyClick(&journey.list(), Qt::Key_End);
     EXPECT_EQ(map().ringed(), std::nullopt) << "it is not on the map";
@@ -51,7 +51,7 @@ TEST_F(MapJourney, MarkersAndRowsChooseEachOther)
     QTest::mouseClick(&map(), Qt::LeftButton, {}, map().positionOf(entry("Reno, NV: Law")).toPoint());
     for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Down})
         QTest::keyClick(&journey.list(), key);
-    EXPECT_EQ(selected(), "Delta");
+    EXPECT_EQ(journey.selected(), "Delta");
     const QPoint dallas = map().positionOf(entry("Dallas, TX: Law")).toPoint();
     EXPECT_TRUE(map().rect().contains(dallas)) << "the map goes to a place out of sight";
 }
@@ -150,7 +150,7 @@ TEST_F(MapJourney, ToolsKeysAndWheelZoomAndMove)
     QTest::mouseMove(&map(), QPoint(150, 110));
     QTest::mouseRelease(&map(), Qt::LeftButton, {}, QPoint(150, 110));
     EXPECT_NEAR((before.x() - map().extent().centre().x()) / map().extent().scale(), 50, 1e-6);
-    EXPECT_EQ(selected(), "") << "a drag chooses nothing";
+    EXPECT_EQ(journey.selected(), "") << "a drag chooses nothing";
 
     for (const auto& [key, way] : {std::pair(Qt::Key_Left, QPointF(-1, 0)),
                                    {Qt::Key_Right, QPointF(1, 0)},

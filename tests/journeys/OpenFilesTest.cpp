@@ -1,5 +1,6 @@
 #include "Journey.h"
 #include "browse/list/RecordListModel.h"
+#include "support/TestFiles.h"
 
 #include <QClipboard>
 #include <QDir>
@@ -25,15 +26,11 @@ protected:
         journey.start();
     }
 
-    void put(const QString& path) const
-    {
-        QDir().mkpath(QFileInfo(root() + path).path());
-        ASSERT_TRUE(QFile(root() + path).open(QIODevice::WriteOnly));
-    }
+    void put(const QString& path) const { writeFile(root() + path); }
 
     [[nodiscard]] QString root() const { return journey.database.folder(); }
 
-    /// Opens the record of that name, and gives what the desktop was asked to open.
+    /// Opens the record of that name, and returns what the desktop was asked to open.
     std::string open(const char* name)
     {
         journey.select(name);
@@ -150,9 +147,7 @@ TEST_F(OpenFilesJourney, TellsOfTenFilesAtMost)
     for (int id = 20; id < 32; ++id) {
         journey.database.run(QStringLiteral("INSERT INTO Document (DocumentID, DocumentName, ReleaseForm, "
                                             "FileLocation, dStatus) VALUES (%1, %1, 1, '../%1', 'ACTIVE')")
-                                 .arg(id)
-                                 .toUtf8()
-                                 .constData());
+                                 .arg(id));
         if (lines.size() < 10)
             lines << QStringLiteral("File not found: %1/data/documents/../%2").arg(root()).arg(id);
     }
@@ -166,17 +161,18 @@ TEST_F(OpenFilesJourney, TellsOfTenFilesAtMost)
 
 TEST_F(OpenFilesJourney, CopiesTheSelectedRowsAsTextAndAsATable)
 {
-    journey.database.run("UPDATE Document SET Author = 'Smith & ' || char(9) || 'Sons' || char(10) || 'Ltd' "
-                         "WHERE DocumentID = 2");
+    journey.database.run(
+        "UPDATE Document SET Author = 'Smith & <b> ' || char(9) || 'Sons' || char(10) || 'Ltd' "
+        "WHERE DocumentID = 2");
     journey.trigger("mnuViewDocuments");
     journey.list().selectAll();
     QTest::keyClick(&journey.list(), Qt::Key_C, Qt::ControlModifier);
     const QMimeData& copied = *QApplication::clipboard()->mimeData();
     EXPECT_EQ(copied.text().section(u'\n', 0, 1).toStdString(),
-              "Local\t\tSmith &  Sons Ltd\t\tPDF\t\nOn disc\t\t\t\tPDF\t");
+              "Local\t\tSmith & <b>  Sons Ltd\t\tPDF\t\nOn disc\t\t\t\tPDF\t");
     EXPECT_EQ(copied.text().count(u'\n'), 5);
-    EXPECT_TRUE(
-        copied.html().contains(QStringLiteral("<tr><td>Local</td><td></td><td>Smith &amp;  Sons Ltd")))
+    EXPECT_TRUE(copied.html().contains(
+        QStringLiteral("<tr><td>Local</td><td></td><td>Smith &amp; &lt;b&gt;  Sons Ltd")))
         << copied.html().toStdString();
 }
 

@@ -1,5 +1,5 @@
-#include "Dialogs.h"
-#include "Journey.h"
+#include "EditorJourney.h"
+#include "support/TestFiles.h"
 
 #include <QComboBox>
 #include <QFile>
@@ -12,49 +12,22 @@
 namespace {
 
 /// A journey with one organization that has a profile, showing the organizations.
-class OrganizationEditor : public ::testing::Test
+class OrganizationEditor : public EditorJourney
 {
 protected:
-    OrganizationEditor()
+    OrganizationEditor() : EditorJourney("frmOrganization", "journeys/rows/OrganizationEditor.sql")
     {
-        TestDatabase& database = journey.database;
-        database.runFile("journeys/rows/OrganizationEditor.sql");
-        QDir().mkpath(journey.dataFolder() + QStringLiteral("orgcharts"));
-        write(storedChart, "old chart");
-        journey.start();
-        journey.trigger("mnuViewOrganizations");
+        writeFile(storedChart, "old chart");
+        start("mnuViewOrganizations");
     }
 
-    static void write(const QString& name, const char* content)
-    {
-        QFile file(name);
-        file.open(QIODevice::WriteOnly);
-        file.write(content);
-    }
-
-    void inEditor(const char* command, const std::function<void(OpenDialog&)>& work)
-    {
-        inDialog(
-            "frmOrganization", [&] { journey.trigger(command); }, work);
-    }
-
-    void editFirst(const std::function<void(OpenDialog&)>& work)
-    {
-        journey.list().setCurrentIndex(journey.list().model()->index(0, 0));
-        inEditor("mnuRecordEdit", work);
-    }
-
-    std::string rows(const char* statement) { return journey.database.ask(statement).toStdString(); }
-    ScriptedMessages& messages() { return journey.desktop.messages; }
-
-    Journey journey;
     QString storedChart = journey.dataFolder() + QStringLiteral("orgcharts/2.pdf");
 };
 
 TEST_F(OrganizationEditor, AddsARecordWithItsProfile)
 {
     const QString chart = journey.database.folder() + QStringLiteral("/chart.png");
-    write(chart, "chart");
+    writeFile(chart, "chart");
     messages().expectMessage(QStringLiteral("Organization name is required."));
     messages().expectMessage(
         QStringLiteral("Organization with identical name already exists. Please choose a different name."));
@@ -119,9 +92,7 @@ TEST_F(OrganizationEditor, WarnsOfAChartThatASaveWouldDropAndTakesTheStoredCopy)
               "1|12|To ferry");
     EXPECT_EQ(rows("SELECT State, City, Lat FROM Organization WHERE OrganizationID = 2"), "XX|Astoria|46.2")
         << "a state that no table knows stays";
-    QFile chart(storedChart);
-    ASSERT_TRUE(chart.open(QIODevice::ReadOnly));
-    EXPECT_EQ(chart.readAll(), QByteArray("old chart"));
+    EXPECT_EQ(contentOf(storedChart), "old chart");
 }
 
 TEST_F(OrganizationEditor, RefusesWhatIsNoNumberAndGoesThere)

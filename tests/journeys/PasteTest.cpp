@@ -55,8 +55,7 @@ protected:
 
     void inEditor(const char* dialog, const char* command, const std::function<void(OpenDialog&)>& work)
     {
-        inDialog(
-            dialog, [&] { journey.trigger(command); }, work);
+        journey.inDialog(dialog, command, work);
     }
 
     Journey journey;

@@ -1,5 +1,6 @@
 #include "PseudoLocale.h"
 
+#include "Portrait.h"
 #include "widgets/ElidedLabel.h"
 
 #include <QAbstractButton>
@@ -15,8 +16,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPaintDevice>
-#include <QPaintEngine>
 #include <QRegularExpression>
 #include <QTabBar>
 #include <QTextDocumentFragment>
@@ -58,51 +57,6 @@ QString transformed(const QString& source)
     }
     return text + u']';
 }
-
-/// Writes down each text that is drawn.
-class TextRecorder final : public QPaintEngine, public QPaintDevice
-{
-public:
-    explicit TextRecorder(QSize size) : QPaintEngine(AllFeatures), m_size(size) {}
-
-    bool begin(QPaintDevice* /*device*/) override { return true; }
-    bool end() override { return true; }
-    void updateState(const QPaintEngineState& /*state*/) override {}
-    void drawPixmap(const QRectF& /*to*/, const QPixmap& /*map*/, const QRectF& /*from*/) override {}
-    void drawPath(const QPainterPath& /*path*/) override {}
-    void drawPolygon(const QPointF* /*points*/, int /*count*/, PolygonDrawMode /*mode*/) override {}
-    void drawTextItem(const QPointF& /*at*/, const QTextItem& item) override { texts << item.text(); }
-    [[nodiscard]] Type type() const override { return User; }
-    [[nodiscard]] QPaintEngine* paintEngine() const override { return const_cast<TextRecorder*>(this); }
-
-    QStringList texts;
-
-protected:
-    [[nodiscard]] int metric(PaintDeviceMetric metric) const override
-    {
-        constexpr int dotsPerInch = 96;
-        switch (metric) {
-        case PdmWidth:
-            return m_size.width();
-        case PdmHeight:
-            return m_size.height();
-        case PdmDpiX:
-        case PdmDpiY:
-        case PdmPhysicalDpiX:
-        case PdmPhysicalDpiY:
-            return dotsPerInch;
-        case PdmDevicePixelRatio:
-            return 1;
-        case PdmDevicePixelRatioScaled:
-            return static_cast<int>(devicePixelRatioFScale());
-        default:
-            return QPaintDevice::metric(metric);
-        }
-    }
-
-private:
-    QSize m_size;
-};
 
 QString plain(QString text)
 {
@@ -251,12 +205,10 @@ void PseudoLocale::expectTranslated(QWidget& window, const char* where) const
              {action->text(), action->iconText(), action->toolTip(), action->statusTip()})
             expect(text, place);
     }
-    TextRecorder recorder(window.size());
-    window.render(&recorder, {}, {}, QWidget::DrawChildren);
-    EXPECT_FALSE(recorder.texts.isEmpty()) << where;
-    const std::string painted = where + std::string(": painted");
-    for (const QString& text : recorder.texts)
-        expect(text, painted);
+    const QStringList painted = textsPaintedBy(window);
+    EXPECT_FALSE(painted.isEmpty()) << where;
+    for (const QString& text : painted)
+        expect(text, where + std::string(": painted"));
     expectWhole(window, where);
 }
 

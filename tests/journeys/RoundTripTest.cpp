@@ -3,6 +3,7 @@
 #include "Dialogs.h"
 #include "Journey.h"
 #include "editors/RecordEditors.h"
+#include "support/TestFiles.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -24,29 +25,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const char* const rowsAround = R"sql(
-INSERT INTO Venue VALUES (3, 'Coast'), (4, 'Forest'), (5, 'City'), (6, 'River'), (40000, 'Far');
-INSERT INTO FileTypes VALUES (1, 'None'), (2, 'Adobe PDF'), (3, 'Map'), (4, 'Web Page');
-INSERT INTO DocumentType VALUES (1, 'None'), (7, 'Report'), (8, 'Plan'), (9, 'Letter');
-INSERT INTO DocumentCategory VALUES (1, 'None'), (10, 'Floods'), (11, 'Fires');
-INSERT INTO Function VALUES (1, 'None'), (12, 'Rescue'), (13, 'Shelter');
-INSERT INTO States VALUES (1, 'None', ''), (2, 'OR', 'Oregon'), (3, 'WA', 'Washington');
-INSERT INTO OrganizationTypes VALUES (1, 'None'), (14, 'State'), (15, 'Private');
-INSERT INTO OrganizationSubTypes VALUES (1, 1, 'None'), (16, 15, 'Club'), (17, 15, 'Firm');
-INSERT INTO JurisdictionTypes VALUES (18, 'Town'), (19, 'County'), (20, 'Port');
-INSERT INTO PopulationTypes VALUES (21, 'Adults'), (22, 'Children');
-INSERT INTO Organization (OrganizationID, OrganizationName, Lat, Lon, Status) VALUES
-    (1, 'None', NULL, NULL, 'ACTIVE'), (23, 'Levee Board', 1.5, 2.5, 'ACTIVE'), (24, 'Harbor Watch', NULL, NULL, 'ACTIVE'),
-    (22, 'Ferry Service', NULL, NULL, 'DELETED');
-INSERT INTO OrganizationProfile (OrganizationProfileID, Training, ChartOption) VALUES (23, 'theirs', 0);
-INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES
-    (1, 'None', 'ACTIVE'), (25, 'Old Levees', 'ACTIVE'), (27, 'Other', 'ACTIVE'), (24, 'Levees "of" 1927, 100%', 'DELETED');
-INSERT INTO Event (EventID, EventName, Status) VALUES (1, 'None', 'ACTIVE'), (27, 'Storm', 'ACTIVE'), (26, 'Flood', 'DELETED');
-INSERT INTO DocumentVenues VALUES (27, 3);
-INSERT INTO EventVenues VALUES (27, 4);
-INSERT INTO OrganizationVenues VALUES (23, 5);
-)sql";
 
 /// A control, what its user enters there, and what it shows when the record is opened again. Items of a list
 /// are divided by `|`. `FILE` stands for a file of the user.
@@ -221,10 +199,9 @@ class RoundTrip : public testing::TestWithParam<Editor>
 protected:
     RoundTrip()
     {
-        journey.database.run(rowsAround);
+        journey.database.runFile("journeys/rows/RoundTrip.sql");
         QDir().mkpath(journey.dataFolder() + QStringLiteral("orgcharts"));
-        QFile chosen(file);
-        EXPECT_TRUE(chosen.open(QIODevice::WriteOnly));
+        writeFile(file);
         journey.start();
     }
 
@@ -270,7 +247,7 @@ protected:
     {
         QStringList all;
         const auto ask = [this](const QString& statement) {
-            return journey.database.ask(statement.toUtf8().constData()).split(u'\n');
+            return journey.database.ask(statement).split(u'\n');
         };
         for (const QString& table : ask(u"SELECT name FROM sqlite_master WHERE type = 'table'"_s)) {
             for (const QString& row : ask(u"SELECT quote('%1'), * FROM \"%1\""_s.arg(table)))

@@ -1,6 +1,7 @@
 #include "Dialogs.h"
 #include "Journey.h"
 #include "editors/RecordEditors.h"
+#include "support/TestFiles.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -58,11 +59,10 @@ public:
 
     std::string rows(const QString& statement)
     {
-        if (statement.isEmpty()) return {};
-        return journey.database.ask(statement.toUtf8().constData()).toStdString();
+        return statement.isEmpty() ? std::string() : journey.database.ask(statement).toStdString();
     }
 
-    void run(const QString& statements) { journey.database.run(statements.toUtf8().constData()); }
+    void run(const QString& statements) { journey.database.run(statements); }
     ScriptedMessages& messages() { return journey.desktop.messages; }
 
     Journey journey;
@@ -257,11 +257,8 @@ TEST(Save, KeepsAChartWhoseFileOrCopyIsThereAndAsksBeforeItDropsAnother)
         saving.run(QStringLiteral("UPDATE OrganizationProfile SET OrganizationChart = '%1', ChartOption = %2")
                        .arg(path)
                        .arg(option));
-        for (const QString& name : files) {
-            QFile file(saving.charts + name);
-            file.open(QIODevice::WriteOnly);
-            file.write(name.toUtf8());
-        }
+        for (const QString& name : files)
+            writeFile(saving.charts + name, name.toUtf8());
         const QString chart =
             QStringLiteral("SELECT OrganizationChart, ChartOption FROM OrganizationProfile");
         const std::string before = saving.rows(chart);
@@ -287,9 +284,7 @@ TEST(Save, KeepsAChartWhoseFileOrCopyIsThereAndAsksBeforeItDropsAnother)
         EXPECT_EQ(saving.rows(QStringLiteral("SELECT Telephone FROM Organization WHERE OrganizationID = 2")),
                   "555 0100");
         if (isDropped) continue;
-        QFile opened(saving.charts + copy);
-        ASSERT_TRUE(opened.open(QIODevice::ReadOnly));
-        EXPECT_EQ(opened.readAll(), (files.contains(copy) ? copy : files.front()).toUtf8());
+        EXPECT_EQ(contentOf(saving.charts + copy), (files.contains(copy) ? copy : files.front()).toUtf8());
     }
 }
 

@@ -37,17 +37,8 @@ protected:
         for (const Step& step : steps) {
             step.act();
             journey.desktop.messages.finish();
-            EXPECT_EQ(inList() + " / " + inGraphic(), step.selected) << step.what;
+            EXPECT_EQ(journey.selected() + " / " + inGraphic(), step.selected) << step.what;
         }
-    }
-
-    /// The names of the selected rows.
-    std::string inList()
-    {
-        QStringList names;
-        for (const QModelIndex& index : journey.list().selectionModel()->selectedRows())
-            names << index.data().toString();
-        return names.join(u'|').toStdString();
     }
 
     std::string onTimeline()
@@ -75,12 +66,10 @@ protected:
     /// Opens the editor of the selected record, which is to be that one.
     void edit(const char* editor, const std::string& title)
     {
-        inDialog(
-            editor, [this] { journey.trigger("mnuRecordEdit"); },
-            [&](OpenDialog& dialog) {
-                EXPECT_EQ(dialog.title(), title);
-                dialog.click("cmdCancel");
-            });
+        journey.inDialog(editor, "mnuRecordEdit", [&](OpenDialog& dialog) {
+            EXPECT_EQ(dialog.title(), title);
+            dialog.click("cmdCancel");
+        });
     }
 
     void remove(const char* kind, const char* name, int identifier)
@@ -97,30 +86,26 @@ protected:
 
     void addEvent()
     {
-        inDialog(
-            "frmEvent", [this] { journey.trigger("mnuRecordAddNewEvent"); },
-            [](OpenDialog& dialog) {
-                dialog.type("txtEventName", QStringLiteral("Storm"));
-                dialog.type("rtbEventDescription", QStringLiteral("Wind"));
-                dialog.type("dtpStartDate", QStringLiteral("3/5/2002"));
-                dialog.type("dtpStartTime", QStringLiteral("13:05"));
-                dialog.type("dtpEndDate", QStringLiteral("3/5/2002"));
-                dialog.type("dtpEndTime", QStringLiteral("13:10"));
-                dialog.tick("lvVenues", QStringLiteral("Coast"));
-                dialog.click("cmdOK");
-            });
+        journey.inDialog("frmEvent", "mnuRecordAddNewEvent", [](OpenDialog& dialog) {
+            dialog.type("txtEventName", QStringLiteral("Storm"));
+            dialog.type("rtbEventDescription", QStringLiteral("Wind"));
+            dialog.type("dtpStartDate", QStringLiteral("3/5/2002"));
+            dialog.type("dtpStartTime", QStringLiteral("13:05"));
+            dialog.type("dtpEndDate", QStringLiteral("3/5/2002"));
+            dialog.type("dtpEndTime", QStringLiteral("13:10"));
+            dialog.tick("lvVenues", QStringLiteral("Coast"));
+            dialog.click("cmdOK");
+        });
     }
 
     void addOrganization()
     {
-        inDialog(
-            "frmOrganization", [this] { journey.trigger("mnuRecordAddNewOrganization"); },
-            [](OpenDialog& dialog) {
-                dialog.type("txtOrganizationName", QStringLiteral("Gamma"));
-                dialog.type("txtCity", QStringLiteral("Reno"));
-                dialog.choose("cmbState", QStringLiteral("NV"));
-                dialog.click("cmdOK");
-            });
+        journey.inDialog("frmOrganization", "mnuRecordAddNewOrganization", [](OpenDialog& dialog) {
+            dialog.type("txtOrganizationName", QStringLiteral("Gamma"));
+            dialog.type("txtCity", QStringLiteral("Reno"));
+            dialog.choose("cmbState", QStringLiteral("NV"));
+            dialog.click("cmdOK");
+        });
     }
 
     Journey journey;

@@ -227,18 +227,6 @@ TEST_F(Timelines, LanesHoldTheirCaptionsInALargeFont)
     EXPECT_EQ(picture().font(), journey.program->window()->font());
 }
 
-TEST_F(Timelines, AFailureIsReportedOnceByTheList)
-{
-    auto query = std::make_shared<SQLObject>(*journey.program->state().queries.events);
-    query->WhereClause += u" AND NoSuchColumn = 1"_s;
-    journey.desktop.messages.expectMessage(u"showEvents Error (1): no such column: NoSuchColumn"_s);
-    journey.program->state().history.addView({ViewKind::Events, query, u"Broken"_s});
-    journey.desktop.messages.finish();
-    journey.desktop.messages.expectMessage(
-        u"searchByTimeConstraint Error (1): no such column: NoSuchColumn"_s);
-    click("NavStepForward");
-}
-
 TEST_F(Timelines, AnotherDatabaseBeginsATimelineOfItsOwn)
 {
     TestDatabase other;

@@ -1,6 +1,7 @@
 #include "support/TestDatabase.h"
 
-#include <QFile>
+#include "support/TestFiles.h"
+
 #include <QStringList>
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -11,9 +12,9 @@ namespace {
 
 std::string statementsOf(const QString& name)
 {
-    QFile file(name);
-    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error("cannot read " + name.toStdString());
-    return file.readAll().toStdString();
+    const QByteArray statements = contentOf(name);
+    if (statements == "(no file)") throw std::runtime_error("cannot read " + name.toStdString());
+    return statements.toStdString();
 }
 
 } // namespace
@@ -27,9 +28,7 @@ TestDatabase::TestDatabase(const char* encoding)
 
 QByteArray TestDatabase::bytes() const
 {
-    QFile file(fileName());
-    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error("the database file cannot be read");
-    return file.readAll();
+    return contentOf(fileName());
 }
 
 void TestDatabase::run(const char* statements) const
