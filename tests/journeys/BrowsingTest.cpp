@@ -14,6 +14,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The program with a few records of each kind, about to be started.
@@ -31,19 +33,19 @@ TEST_F(Browsing, GoesThroughTheListsAndBack)
 
     QTest::mouseClick(&journey.find<QAbstractButton>("Image1(0)"), Qt::LeftButton);
     EXPECT_EQ(journey.column(0), "alpha|Beta");
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Documents"));
-    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 2 Documents"));
+    EXPECT_EQ(journey.viewPanel(), u"View ALL Documents"_s);
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 2 Documents"_s);
 
     journey.trigger("mnuViewEvents");
     EXPECT_EQ(journey.column(2), "04/01/27 06:00 - 08/31/27 18:00");
     EXPECT_EQ(journey.column(1), "1");
-    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 1 Event"));
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 1 Event"_s);
 
     QTest::keyClick(journey.program->window(), Qt::Key_3, Qt::ControlModifier);
     EXPECT_EQ(journey.column(3), "Austin, TX|Boston, MA");
 
     journey.trigger("mnuNavigateBack");
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Events"));
+    EXPECT_EQ(journey.viewPanel(), u"View ALL Events"_s);
     EXPECT_EQ(journey.historyMenu(), "Home Page|View ALL Documents|[View ALL Events]|View ALL Organizations");
 
     // a new view goes to the end; Forward then only beeps
@@ -94,7 +96,7 @@ TEST_F(Browsing, AViewShownAgainShowsTheDataAsTheyAreNow)
     EXPECT_EQ(journey.column(0), "Agency|Bureau");
     QTest::keyClick(journey.program->window(), Qt::Key_F5);
     EXPECT_EQ(journey.column(0), "Bureau");
-    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 1 Organization"));
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 1 Organization"_s);
     EXPECT_EQ(journey.program->state().history.count(), 2u);
 }
 
@@ -121,7 +123,7 @@ TEST_F(Browsing, TheWindowAndItsStatusLineSayWhatIsShownAndSelected)
     EXPECT_EQ(selection(), "1 row selected");
     journey.list().selectAll();
     EXPECT_EQ(selection(), "2 rows selected");
-    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 2 Organizations"));
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 2 Organizations"_s);
     EXPECT_TRUE(journey.find<QAction>("mnuRecordDelete").isEnabled());
     journey.trigger("mnuNavigateHome");
     EXPECT_EQ(selection(), "");
@@ -155,17 +157,17 @@ TEST_F(Browsing, TheKeyboardFindsAndTheSelectionStays)
     journey.addDocuments(50);
     journey.start();
     journey.trigger("mnuViewDocuments");
-    QTest::keyClicks(&journey.list(), QStringLiteral("document 12"));
-    EXPECT_EQ(journey.list().currentIndex().data().toString(), QStringLiteral("Document 120"));
+    QTest::keyClicks(&journey.list(), u"document 12"_s);
+    EXPECT_EQ(journey.list().currentIndex().data().toString(), u"Document 120"_s);
     journey.trigger("mnuViewRefresh");
-    EXPECT_EQ(journey.list().currentIndex().data().toString(), QStringLiteral("Document 120"));
+    EXPECT_EQ(journey.list().currentIndex().data().toString(), u"Document 120"_s);
     clickHeader(journey, 0);
     clickHeader(journey, 0);
-    EXPECT_EQ(journey.list().currentIndex().data().toString(), QStringLiteral("Document 120"));
+    EXPECT_EQ(journey.list().currentIndex().data().toString(), u"Document 120"_s);
     QTest::keyClick(&journey.list(), Qt::Key_End);
-    EXPECT_EQ(journey.list().currentIndex().data().toString(), QStringLiteral("alpha"));
+    EXPECT_EQ(journey.list().currentIndex().data().toString(), u"alpha"_s);
     QTest::keyClick(&journey.list(), Qt::Key_Home);
-    EXPECT_EQ(journey.list().currentIndex().data().toString(), QStringLiteral("Document 149"));
+    EXPECT_EQ(journey.list().currentIndex().data().toString(), u"Document 149"_s);
 }
 
 TEST_F(Browsing, AViewAskedForWhileAListFillsTakesItsPlace)
@@ -176,13 +178,13 @@ TEST_F(Browsing, AViewAskedForWhileAListFillsTakesItsPlace)
     QTimer::singleShot(0, [this] { journey.trigger("mnuViewOrganizations"); });
     journey.trigger("mnuViewDocuments");
     EXPECT_EQ(journey.column(0), "Agency|Bureau");
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Organizations"));
-    EXPECT_EQ(journey.statusPanel(), QStringLiteral("Displaying 2 Organizations"));
+    EXPECT_EQ(journey.viewPanel(), u"View ALL Organizations"_s);
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 2 Organizations"_s);
 
     QTimer::singleShot(0, [this] { journey.trigger("mnuNavigateHome"); });
     journey.trigger("mnuViewDocuments");
     EXPECT_TRUE(journey.find<QWidget>("pnlHome").isVisible());
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("Home Page"));
+    EXPECT_EQ(journey.viewPanel(), u"Home Page"_s);
     EXPECT_EQ(journey.statusPanel(), QString());
 
     journey.trigger("mnuNavigateBack");
@@ -193,7 +195,7 @@ TEST_F(Browsing, AViewAskedForWhileAListFillsTakesItsPlace)
 TEST(History, TellsTheWholeOfALongCaptionInItsEntry)
 {
     Journey journey;
-    const QString name = QStringLiteral("Fish & <b>Chips</b>").repeated(20);
+    const QString name = u"Fish & <b>Chips</b>"_s.repeated(20);
     const std::string organization =
         "INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES (2, '" +
         name.toStdString() + "', 'ACTIVE')";
@@ -210,9 +212,9 @@ TEST(History, TellsTheWholeOfALongCaptionInItsEntry)
     const auto& whole = journey.find<QAction>("mnuHistoryList(2)");
     EXPECT_LT(whole.text().size(), name.size());
     EXPECT_EQ(QTextDocumentFragment::fromHtml(whole.toolTip()).toPlainText(),
-              QStringLiteral("View Only Documents for Organization \"%1\"").arg(name));
+              u"View Only Documents for Organization \"%1\""_s.arg(name));
     EXPECT_TRUE(journey.find<QMenu>("mnuHistory").toolTipsVisible());
-    EXPECT_EQ(journey.find<QAction>("mnuHistoryList(1)").text(), QStringLiteral("View ALL Organizations"));
+    EXPECT_EQ(journey.find<QAction>("mnuHistoryList(1)").text(), u"View ALL Organizations"_s);
 }
 
 /// Whether any pixel of an icon stands out from a ground.
@@ -239,14 +241,13 @@ TEST(Icons, OfSelectedRowsCanBeSeen)
         const QIcon icon = icons.icon(QString::fromUtf8(key));
         EXPECT_TRUE(standsOut(icon, QIcon::Selected, palette.color(QPalette::Highlight))) << key;
     }
-    EXPECT_TRUE(standsOut(icons.icon(QStringLiteral("isKey")), QIcon::Normal, palette.color(QPalette::Base)));
+    EXPECT_TRUE(standsOut(icons.icon(u"isKey"_s), QIcon::Normal, palette.color(QPalette::Base)));
 }
 
 TEST_F(Browsing, TheAuthorsAreAsWideAsTheyNeedUnlessTheUserChose)
 {
-    const QString author = QStringLiteral("An Office of Many Words and Fires");
-    journey.database.run(
-        QStringLiteral("UPDATE Document SET Author = '%1' WHERE DocumentID = 2").arg(author));
+    const QString author = u"An Office of Many Words and Fires"_s;
+    journey.database.run(u"UPDATE Document SET Author = '%1' WHERE DocumentID = 2"_s.arg(author));
     journey.start();
     journey.trigger("mnuViewDocuments");
     EXPECT_GT(journey.list().columnWidth(2), journey.list().fontMetrics().horizontalAdvance(author));
@@ -278,11 +279,11 @@ TEST_F(Browsing, StaysReadableWhenTheDesktopTurnsDark)
         return journey.list().viewport()->palette().color(QPalette::Base) == dark.color(QPalette::Base);
     };
     EXPECT_TRUE(QTest::qWaitFor([&] { return isDark() && rowsRead(); }));
-    EXPECT_EQ(QIcon::themeName(), QStringLiteral("breeze-dark")) << "its icons are light";
+    EXPECT_EQ(QIcon::themeName(), u"breeze-dark"_s) << "its icons are light";
 
     QApplication::setPalette(before);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !isDark() && rowsRead(); }));
-    EXPECT_EQ(QIcon::themeName(), QStringLiteral("breeze"));
+    EXPECT_EQ(QIcon::themeName(), u"breeze"_s);
 }
 
 } // namespace

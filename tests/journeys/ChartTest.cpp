@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What stands out from the ground in a part of a picture, whose corner is ground.
@@ -68,24 +70,23 @@ TEST_F(ChartJourney, ARightClickNarrowsToAType)
 {
     show();
     EXPECT_EQ(bars(), "After-Action Report: 3 documents|Maps & Charts: 1 document");
-    EXPECT_EQ(chart().chart()->title(), QStringLiteral("Documents by Type"));
+    EXPECT_EQ(chart().chart()->title(), u"Documents by Type"_s);
 
     click(Qt::LeftButton, 1);
-    EXPECT_EQ(pane().selectedDocType(), QStringLiteral("Maps & Charts"));
+    EXPECT_EQ(pane().selectedDocType(), u"Maps & Charts"_s);
     EXPECT_FALSE(menu().isVisible()) << "a left click only selects";
     EXPECT_EQ(journey.program->state().history.count(), 2u);
 
     click(Qt::RightButton, 1);
     EXPECT_TRUE(menu().isVisible());
-    EXPECT_EQ(menu().actions().constFirst()->text(), QStringLiteral("Show Only Maps && Charts Documents"));
+    EXPECT_EQ(menu().actions().constFirst()->text(), u"Show Only Maps && Charts Documents"_s);
     menu().close();
 
     click(Qt::RightButton, 0);
-    EXPECT_EQ(menu().actions().constFirst()->text(),
-              QStringLiteral("Show Only After-Action Report Documents"));
+    EXPECT_EQ(menu().actions().constFirst()->text(), u"Show Only After-Action Report Documents"_s);
     menu().close();
     journey.trigger("popDocTabShowOnlyType");
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View Only After-Action Report Documents"));
+    EXPECT_EQ(journey.viewPanel(), u"View Only After-Action Report Documents"_s);
     EXPECT_EQ(journey.column(0), "a|b|c");
     EXPECT_EQ(bars(), "After-Action Report: 3 documents");
     EXPECT_EQ(pane().selectedDocType(), QString());
@@ -103,7 +104,7 @@ TEST_F(ChartJourney, TheKeyboardGoesFromBarToBar)
     QTest::keyClick(&chart(), Qt::Key_Right);
     QTest::keyClick(&chart(), Qt::Key_Right);
     EXPECT_EQ(chart().accessibleCurrentItem(), 1);
-    EXPECT_EQ(pane().selectedDocType(), QStringLiteral("Maps & Charts"));
+    EXPECT_EQ(pane().selectedDocType(), u"Maps & Charts"_s);
     EXPECT_FALSE(menu().isVisible());
     askForMenuByKey();
     EXPECT_TRUE(menu().isVisible());
@@ -205,13 +206,12 @@ TEST_F(ChartJourney, AnEmptyResultAndAFailingStatementShowAnEmptyChart)
     EXPECT_EQ(chart().accessibleItemCount(), 1);
     // the list can do without the types that the chart needs
     SQLObject plain = *journey.program->state().queries.documents;
-    plain.FromClause = QStringLiteral("FROM Document");
-    plain.SelectClause =
-        QStringLiteral("SELECT DocumentID, DocumentName, KeyDocument, FileTypeID, ReleaseForm, "
-                       "'' AS FileTypeName, OrganizationID, '' AS OrganizationName, FileLocation, "
-                       "Author, DocumentDate");
+    plain.FromClause = u"FROM Document"_s;
+    plain.SelectClause = u"SELECT DocumentID, DocumentName, KeyDocument, FileTypeID, ReleaseForm, "
+                         "'' AS FileTypeName, OrganizationID, '' AS OrganizationName, FileLocation, "
+                         "Author, DocumentDate"_s;
     journey.program->state().history.addView(
-        {ViewKind::Documents, std::make_shared<const SQLObject>(plain), QStringLiteral("Plain")});
+        {ViewKind::Documents, std::make_shared<const SQLObject>(plain), u"Plain"_s});
     EXPECT_EQ(chart().accessibleItemCount(), 0);
     EXPECT_EQ(journey.column(0), "a|b|c|d");
 }
@@ -220,11 +220,10 @@ TEST_F(ChartJourney, ManyBarsAreScrolledAndNeverOverlap)
 {
     constexpr int types = 60;
     for (int type = 10; type < 10 + types; ++type) {
-        const QString name = QStringLiteral("A rather long name of a type of documents, number %1").arg(type);
-        journey.database.run(
-            QStringLiteral("INSERT INTO DocumentType VALUES (%1, '%2');"
-                           "INSERT INTO DocumentTypes (DocumentID, DocumentTypeID) VALUES (2, %1)")
-                .arg(QString::number(type), name));
+        const QString name = u"A rather long name of a type of documents, number %1"_s.arg(type);
+        journey.database.run(u"INSERT INTO DocumentType VALUES (%1, '%2');"
+                             "INSERT INTO DocumentTypes (DocumentID, DocumentTypeID) VALUES (2, %1)"_s.arg(
+                                 QString::number(type), name));
     }
     show();
     ASSERT_EQ(chart().accessibleItemCount(), types + 2);
@@ -274,7 +273,7 @@ TEST_F(ChartJourney, SaysHowManyTypesItLeavesOut)
     journey.trigger("mnuViewRefresh");
     EXPECT_EQ(chart().accessibleItemCount(), 50);
     EXPECT_TRUE(more.isVisible());
-    EXPECT_EQ(more.text(), QStringLiteral("and 1,252 more"));
+    EXPECT_EQ(more.text(), u"and 1,252 more"_s);
 }
 
 } // namespace

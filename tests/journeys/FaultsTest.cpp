@@ -10,6 +10,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What other programs and the file system do to the database while the program runs.
@@ -57,7 +59,7 @@ TEST_F(Faults, ALockedDatabaseIsToldOfOnceForEachCommand)
             messages().expectQuestion(QString::fromUtf8(entry.question), true, Question::Loss);
         }
         messages().expectMessage(
-            QStringLiteral("%1 Error (5): database is locked").arg(QString::fromUtf8(entry.procedure)));
+            u"%1 Error (5): database is locked"_s.arg(QString::fromUtf8(entry.procedure)));
         journey.trigger(entry.command);
         messages().finish();
     }
@@ -86,13 +88,13 @@ TEST_F(Faults, AFailingStatementIsReportedOnceAndLeavesAnEmptyListAndMap)
     for (const auto& [kind, query, procedure, command] : cases) {
         journey.trigger(command);
         SQLObject broken = *query;
-        broken.WhereClause += QStringLiteral(" AND NoSuchColumn = 1");
+        broken.WhereClause += u" AND NoSuchColumn = 1"_s;
         messages().expectMessage(
-            QStringLiteral("%1 Error (1): no such column: NoSuchColumn").arg(QLatin1StringView(procedure)));
+            u"%1 Error (1): no such column: NoSuchColumn"_s.arg(QLatin1StringView(procedure)));
         journey.program->state().history.addView(
-            {kind, std::make_shared<const SQLObject>(broken), QStringLiteral("Broken")});
+            {kind, std::make_shared<const SQLObject>(broken), u"Broken"_s});
         messages().finish();
-        EXPECT_EQ(journey.viewPanel(), QStringLiteral("Broken"));
+        EXPECT_EQ(journey.viewPanel(), u"Broken"_s);
         EXPECT_EQ(journey.column(0), "") << procedure;
     }
     EXPECT_EQ(journey.find<MapView>("Map1").accessibleItemCount(), 0);
@@ -104,24 +106,23 @@ TEST_F(Faults, AFailingStatementIsReportedOnceAndLeavesAnEmptyListAndMap)
 TEST_F(Faults, AReadOnlyFolderIsToldOfAtStartUpAndNothingOffersToChange)
 {
     journey.database.run("PRAGMA user_version");
-    QFile::link(journey.database.fileName(), journey.dataFolder() + QStringLiteral("test.sqlite"));
+    QFile::link(journey.database.fileName(), journey.dataFolder() + u"test.sqlite"_s);
     const std::string folder = journey.database.folder().toStdString();
     ASSERT_EQ(chmod(journey.database.fileName().toStdString().c_str(), 0666), 0);
     ASSERT_EQ(chmod(folder.c_str(), 0555), 0);
     {
         const AsPlainUser plainUser;
         messages().expectMessage(
-            QStringLiteral("Form_Load Error (8): The database can be read, but not changed: its folder is "
-                           "read-only. (%1)")
-                .arg(journey.database.folder()));
-        journey.start(QStringLiteral("test.sqlite"));
+            u"Form_Load Error (8): The database can be read, but not changed: its folder is "
+            "read-only. (%1)"_s.arg(journey.database.folder()));
+        journey.start(u"test.sqlite"_s);
         messages().finish();
         chooseFirst("mnuViewEvents");
         EXPECT_EQ(journey.column(0), "Flood");
         for (const char* command : {"mnuRecordAddNewEvent", "mnuRecordEdit", "mnuRecordDelete"}) {
             EXPECT_FALSE(isEnabled(command)) << command;
             EXPECT_TRUE(journey.find<QAction>(command).toolTip().endsWith(
-                QStringLiteral("\nThe database can be read, but not changed.")));
+                u"\nThe database can be read, but not changed."_s));
         }
         EXPECT_TRUE(isEnabled("mnuRecordView"));
         inEditor("mnuRecordView", [](OpenDialog& dialog) {
@@ -136,13 +137,13 @@ TEST_F(Faults, AReadOnlyFolderIsToldOfAtStartUpAndNothingOffersToChange)
 
 TEST_F(Faults, AProgramFolderThatCannotBeMadeIsToldOfOnce)
 {
-    const QString root = journey.database.fileName() + QStringLiteral("/below/orvik");
-    messages().expectMessageBeginning(QStringLiteral("Sub Main Error ("));
+    const QString root = journey.database.fileName() + u"/below/orvik"_s;
+    messages().expectMessageBeginning(u"Sub Main Error ("_s);
     journey.program.emplace(journey.desktop.platform(), *journey.converter, ProgramFolder(root), QString());
     journey.program->Main();
     messages().finish();
     EXPECT_TRUE(journey.program->window()->isVisible());
-    messages().expectMessage(QStringLiteral("showDocuments Error (21): No database is open."));
+    messages().expectMessage(u"showDocuments Error (21): No database is open."_s);
     journey.trigger("mnuViewDocuments");
 }
 

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isListed(OpenDialog& dialog, const char* name)
@@ -25,7 +27,7 @@ bool isListed(OpenDialog& dialog, const char* name)
 TEST(FileDialog, ShowsTheTextsOfItsFilterAndFilesWithoutAPoint)
 {
     const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("README"));
+    const QString file = folder.filePath(u"README"_s);
     writeFile(file);
     DesktopFileDialogs dialogs;
     const auto open = [&](const std::function<void(OpenDialog&)>& work) {
@@ -33,8 +35,7 @@ TEST(FileDialog, ShowsTheTextsOfItsFilterAndFilesWithoutAPoint)
         inDialog(
             "QFileDialog",
             [&] {
-                chosen = dialogs.openFile(QStringLiteral("A File"),
-                                          QStringLiteral("All Files (*.*)| *.*|Pages (*.htm)|*.htm *.html"));
+                chosen = dialogs.openFile(u"A File"_s, u"All Files (*.*)| *.*|Pages (*.htm)|*.htm *.html"_s);
             },
             work);
         return chosen;
@@ -42,8 +43,8 @@ TEST(FileDialog, ShowsTheTextsOfItsFilterAndFilesWithoutAPoint)
     EXPECT_EQ(open([&](OpenDialog& dialog) {
                   EXPECT_EQ(dialog.title(), "A File");
                   const auto& types = dialog.find<QComboBox>("fileTypeCombo");
-                  EXPECT_EQ(types.itemText(0), QStringLiteral("All Files (*.*)"));
-                  EXPECT_EQ(types.itemText(1), QStringLiteral("Pages (*.htm)"));
+                  EXPECT_EQ(types.itemText(0), u"All Files (*.*)"_s);
+                  EXPECT_EQ(types.itemText(1), u"Pages (*.htm)"_s);
                   dialog.type("fileNameEdit", file);
                   dialog.press(Qt::Key_Return);
               }),

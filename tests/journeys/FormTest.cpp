@@ -16,6 +16,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void pasteByKey(QWidget& field)
@@ -35,7 +37,7 @@ void pasteByMenu(QWidget& field)
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
     for (QAction* action : menu->actions()) {
-        if (action->text().contains(QStringLiteral("Paste"))) action->trigger();
+        if (action->text().contains(u"Paste"_s)) action->trigger();
     }
     menu->close();
 }
@@ -92,13 +94,13 @@ TEST_F(Form, ScrollsIfTheWindowIsSmallAndRemembersItsSize)
 TEST_F(Form, AnEmptyClipboardLeavesATextAsItIs)
 {
     journey.inDialog("frmDocument", "mnuRecordAddNewDocument", [](OpenDialog& dialog) {
-        dialog.type("rtbNotes", QStringLiteral("kept"));
+        dialog.type("rtbNotes", u"kept"_s);
         QApplication::clipboard()->setMimeData(new QMimeData);
         auto& field = dialog.find<QWidget>("rtbNotes");
         pasteByKey(field);
         pasteByOtherKey(field);
         EXPECT_EQ(dialog.text("rtbNotes"), "kept");
-        QApplication::clipboard()->setText(QStringLiteral(" one\ntwo"));
+        QApplication::clipboard()->setText(u" one\ntwo"_s);
         pasteByKey(field);
         EXPECT_EQ(dialog.text("rtbNotes"), "kept one\ntwo");
         dialog.dialog().done(QDialog::Rejected);
@@ -111,7 +113,7 @@ TEST_F(Form, LineEndsBecomeBlanksInALine)
     {
         QString pasted;
         const char* taken;
-    } texts[] = {{QStringLiteral("a\nb\r\nc\rd\u2028e"), "a b c d e"}, {QStringLiteral("plain"), "plain"}};
+    } texts[] = {{u"a\nb\r\nc\rd\u2028e"_s, "a b c d e"}, {u"plain"_s, "plain"}};
     for (const auto& [dialogName, command, fields] : editors) {
         journey.inDialog(dialogName, command, [&](OpenDialog& dialog) {
             for (const char* name : fields) {

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 DatabaseConverter::Result NoConverter::convert(const QString& source, const QString& /*target*/,
                                                bool /*replace*/)
 {
@@ -17,7 +19,7 @@ DatabaseConverter::Result NoConverter::convert(const QString& source, const QStr
 
 Journey::Journey()
 {
-    QDir().mkpath(dataFolder() + QStringLiteral("documents"));
+    QDir().mkpath(dataFolder() + u"documents"_s);
     QDir().mkpath(mapsFolder());
     for (const char* name : {"states.shp", "states.shx", "states.dbf"})
         QFile::copy(QStringLiteral(ORVIK_MAPS "/") + QLatin1StringView(name),
@@ -26,7 +28,7 @@ Journey::Journey()
 
 void Journey::start(const QString& databaseName)
 {
-    if (databaseName == QStringLiteral("test.sqlite")) {
+    if (databaseName == u"test.sqlite"_s) {
         QFile::link(database.fileName(), dataFolder() + databaseName);
     }
     desktop.setDatabase(databaseName);
@@ -39,11 +41,9 @@ void Journey::start(const QString& databaseName)
 
 void Journey::addDocuments(int count)
 {
-    database.run(QStringLiteral(
-                     "WITH RECURSIVE n(i) AS (VALUES (100) UNION ALL SELECT i + 1 FROM n WHERE i < 99 + %1) "
-                     "INSERT INTO Document (DocumentID, DocumentName, dStatus) "
-                     "SELECT i, 'Document ' || i, 'ACTIVE' FROM n")
-                     .arg(count));
+    database.run(u"WITH RECURSIVE n(i) AS (VALUES (100) UNION ALL SELECT i + 1 FROM n WHERE i < 99 + %1) "
+                 "INSERT INTO Document (DocumentID, DocumentName, dStatus) "
+                 "SELECT i, 'Document ' || i, 'ACTIVE' FROM n"_s.arg(count));
 }
 
 void Journey::select(const char* name)

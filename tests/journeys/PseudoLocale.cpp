@@ -27,22 +27,21 @@
 #include <map>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Texts of Qt itself, which come from Qt's own translations.
-const QSet<QString> qtContexts{QStringLiteral("QPlatformTheme"), QStringLiteral("QShortcut"),
-                               QStringLiteral("QLineEdit"), QStringLiteral("QTabBar"),
-                               QStringLiteral("QWidgetTextControl")};
+const QSet<QString> qtContexts{u"QPlatformTheme"_s, u"QShortcut"_s, u"QLineEdit"_s, u"QTabBar"_s,
+                               u"QWidgetTextControl"_s};
 
 QString transformed(const QString& source)
 {
     static const std::map<QChar, QString> accents{
-        {u'a', QStringLiteral("áá")}, {u'e', QStringLiteral("éé")}, {u'i', QStringLiteral("íí")},
-        {u'o', QStringLiteral("óó")}, {u'u', QStringLiteral("úú")}, {u'y', QStringLiteral("ýý")},
-        {u'A', QStringLiteral("Áá")}, {u'E', QStringLiteral("Éé")}, {u'I', QStringLiteral("Íí")},
-        {u'O', QStringLiteral("Óó")}, {u'U', QStringLiteral("Úú")}, {u'Y', QStringLiteral("Ýý")}};
+        {u'a', u"áá"_s}, {u'e', u"éé"_s}, {u'i', u"íí"_s}, {u'o', u"óó"_s}, {u'u', u"úú"_s}, {u'y', u"ýý"_s},
+        {u'A', u"Áá"_s}, {u'E', u"Éé"_s}, {u'I', u"Íí"_s}, {u'O', u"Óó"_s}, {u'U', u"Úú"_s}, {u'Y', u"Ýý"_s}};
     // what must stay: a placeholder, a tag
-    static const QRegularExpression kept(QStringLiteral("%L?(?:\\d+|n)|<[^>]*>"));
+    static const QRegularExpression kept(u"%L?(?:\\d+|n)|<[^>]*>"_s);
     QString text(u'[');
     for (qsizetype at = 0; at < source.size(); ++at) {
         const auto match = kept.match(source, at, QRegularExpression::NormalMatch,
@@ -167,15 +166,15 @@ QString PseudoLocale::translate(const char* context, const char* source, const c
 
 void PseudoLocale::allow(const QString& text)
 {
-    static const QRegularExpression noLetters(QStringLiteral("\\P{L}+"));
+    static const QRegularExpression noLetters(u"\\P{L}+"_s);
     for (const QString& word : text.split(noLetters, Qt::SkipEmptyParts))
         m_allowed.insert(word);
 }
 
 void PseudoLocale::expectTranslated(const QString& text, const char* where) const
 {
-    static const QRegularExpression words(QStringLiteral("\\p{L}+"));
-    static const QRegularExpression vowel(QStringLiteral("[aeiouyAEIOUY]"));
+    static const QRegularExpression words(u"\\p{L}+"_s);
+    static const QRegularExpression vowel(u"[aeiouyAEIOUY]"_s);
     const QString shown = plain(text).remove(u'&');
     for (const QRegularExpressionMatch& match : words.globalMatch(shown)) {
         const QString word = match.captured();

@@ -157,7 +157,7 @@ void pick(OpenDialog& dialog, QListWidget& list, const QStringList& names)
 {
     QPushButton* add = nullptr;
     for (auto* button : list.parentWidget()->findChildren<QPushButton*>()) {
-        if (button->objectName().startsWith(QStringLiteral("cmdAdd"))) add = button;
+        if (button->objectName().startsWith(u"cmdAdd"_s)) add = button;
     }
     ASSERT_NE(add, nullptr);
     inDialog(
@@ -200,7 +200,7 @@ protected:
     RoundTrip()
     {
         journey.database.runFile("journeys/rows/RoundTrip.sql");
-        QDir().mkpath(journey.dataFolder() + QStringLiteral("orgcharts"));
+        QDir().mkpath(journey.dataFolder() + u"orgcharts"_s);
         writeFile(file);
         journey.start();
     }
@@ -273,7 +273,7 @@ protected:
     static qint64 id() { return GetParam().kind == RecordKind::Organization ? 25 : 28; }
 
     Journey journey;
-    QString file = journey.database.folder() + QStringLiteral("/scan.PDF");
+    QString file = journey.database.folder() + u"/scan.PDF"_s;
 };
 
 /// Keys that change something wherever a control takes them.
@@ -316,7 +316,7 @@ TEST_P(RoundTrip, BringsEveryControlIntoTheFileAndBack)
         }
         expectAll(dialog);
         for (const auto* button : dialog.find<QWidget>("scrollArea").findChildren<QPushButton*>()) {
-            const bool onlyShows = button->objectName() == QStringLiteral("cmdViewOrganization");
+            const bool onlyShows = button->objectName() == u"cmdViewOrganization"_s;
             EXPECT_EQ(button->isEnabled(), onlyShows) << button->objectName().toStdString();
         }
         dialog.press(Qt::Key_Escape);

@@ -54,7 +54,7 @@ public:
     std::string row(RecordKind kind)
     {
         const QString table = QString::fromLatin1(namesOf(kind).table);
-        return rows(QStringLiteral("SELECT * FROM %1 WHERE %1ID = 2").arg(table));
+        return rows(u"SELECT * FROM %1 WHERE %1ID = 2"_s.arg(table));
     }
 
     std::string rows(const QString& statement)
@@ -66,7 +66,7 @@ public:
     ScriptedMessages& messages() { return journey.desktop.messages; }
 
     Journey journey;
-    QString charts = journey.dataFolder() + QStringLiteral("orgcharts/");
+    QString charts = journey.dataFolder() + u"orgcharts/"_s;
 };
 
 TEST(Save, LeavesAloneWhatItsUserDidNotChange)
@@ -100,12 +100,12 @@ TEST(Save, LeavesAloneWhatItsUserDidNotChange)
             const auto combos = dialog.dialog().findChildren<QComboBox*>();
             for (QComboBox* combo : combos)
                 combo->setFocus();
-            dialog.type("rtbNotes", QStringLiteral("mine"));
+            dialog.type("rtbNotes", u"mine"_s);
             dialog.click("cmdOK");
         });
         const QString table = QString::fromLatin1(namesOf(kind).table);
-        EXPECT_EQ(saving.rows(QStringLiteral("SELECT Notes FROM %1_HIST").arg(table)), "mine");
-        saving.run(QStringLiteral("UPDATE %1 SET Notes = NULL WHERE Notes = 'mine'").arg(table));
+        EXPECT_EQ(saving.rows(u"SELECT Notes FROM %1_HIST"_s.arg(table)), "mine");
+        saving.run(u"UPDATE %1 SET Notes = NULL WHERE Notes = 'mine'"_s.arg(table));
         EXPECT_EQ(saving.row(kind), before);
     }
 }
@@ -113,9 +113,8 @@ TEST(Save, LeavesAloneWhatItsUserDidNotChange)
 /// What a question says when somebody else was there meanwhile.
 QString changed(const char* fields)
 {
-    return QStringLiteral("This record was changed after you opened it. These fields differ:\n\n%1\n\n"
-                          "Save over these changes?")
-        .arg(QLatin1String(fields));
+    return u"This record was changed after you opened it. These fields differ:\n\n%1\n\n"
+           "Save over these changes?"_s.arg(QLatin1String(fields));
 }
 
 /// What happens to a record while it is edited, what the program asks, and the links that a save writes over
@@ -131,11 +130,11 @@ struct Meanwhile
 std::vector<Meanwhile> whatHappensMeanwhile()
 {
     const QString deleted =
-        QStringLiteral("This record was deleted after you opened it. Save your changes to it all the same? "
-                       "It stays deleted.");
+        u"This record was deleted after you opened it. Save your changes to it all the same? "
+        "It stays deleted."_s;
     const QString deletedAndChanged =
-        QStringLiteral("This record was deleted after you opened it, and these fields differ:\n\nTitle\n\n"
-                       "Save over these changes all the same? The record stays deleted.");
+        u"This record was deleted after you opened it, and these fields differ:\n\nTitle\n\n"
+        "Save over these changes all the same? The record stays deleted."_s;
     return {
         {RecordKind::Document, "UPDATE Document SET Author = 'other', FileTypeID = 1",
          changed("Author\nFile type"), ""},
@@ -181,7 +180,7 @@ TEST(Save, AsksBeforeItWritesOverWhatSomebodyElseChanged)
         const std::string before = saving.row(kind);
         const std::string linksBefore = saving.rows(QString::fromLatin1(links));
         saving.edit(kind, [&](OpenDialog& dialog) {
-            dialog.type("rtbNotes", QStringLiteral("mine"));
+            dialog.type("rtbNotes", u"mine"_s);
             saving.run(QString::fromLatin1(meanwhile));
             const std::string theirs = saving.row(kind);
             saving.messages().expectQuestion(question, false, Question::Loss);
@@ -190,16 +189,14 @@ TEST(Save, AsksBeforeItWritesOverWhatSomebodyElseChanged)
             saving.messages().expectQuestion(question, true, Question::Loss);
             dialog.click("cmdOK");
         });
-        const bool isDeleted = question.contains(QStringLiteral("deleted"));
-        EXPECT_EQ(saving.rows(QStringLiteral("SELECT %1 FROM %2_HIST WHERE Notes = 'mine'")
-                                  .arg(QLatin1String(status), QLatin1String(table))),
+        const bool isDeleted = question.contains(u"deleted"_s);
+        EXPECT_EQ(saving.rows(u"SELECT %1 FROM %2_HIST WHERE Notes = 'mine'"_s.arg(QLatin1String(status),
+                                                                                   QLatin1String(table))),
                   isDeleted ? "DELETED" : "ACTIVE");
-        saving.run(
-            QStringLiteral("UPDATE %1 SET Notes = NULL WHERE Notes = 'mine'").arg(QLatin1String(table)));
+        saving.run(u"UPDATE %1 SET Notes = NULL WHERE Notes = 'mine'"_s.arg(QLatin1String(table)));
         if (isDeleted) {
             EXPECT_NE(saving.row(kind), before);
-            saving.run(QStringLiteral("UPDATE %1 SET %2 = 'ACTIVE'")
-                           .arg(QLatin1String(table), QLatin1String(status)));
+            saving.run(u"UPDATE %1 SET %2 = 'ACTIVE'"_s.arg(QLatin1String(table), QLatin1String(status)));
         }
         EXPECT_EQ(saving.row(kind), before);
         EXPECT_EQ(saving.rows(QString::fromLatin1(links)), linksBefore);
@@ -219,8 +216,8 @@ TEST(Save, ShowsAndChangesTheFirstOfTwoProfiles)
             dialog.click("cmdOK");
         });
     }
-    EXPECT_EQ(saving.rows(QStringLiteral("SELECT MissionStatement, ChartOption FROM OrganizationProfile "
-                                         "ORDER BY rowid")),
+    EXPECT_EQ(saving.rows(u"SELECT MissionStatement, ChartOption FROM OrganizationProfile "
+                          "ORDER BY rowid"_s),
               "two|0\nSecond|NULL\nThird|1");
 }
 
@@ -236,7 +233,7 @@ struct StoredChart
 
 TEST(Save, KeepsAChartWhoseFileOrCopyIsThereAndAsksBeforeItDropsAnother)
 {
-    const QString ending = QStringLiteral(" Saving drops the organization's chart. Save all the same?");
+    const QString ending = u" Saving drops the organization's chart. Save all the same?"_s;
     const StoredChart cases[] = {
         {"2.pdf", 1, {u"2.pdf"_s}, false, u"2.pdf"_s}, // as the sample has it
         {"C:\\charts\\ferry.PDF", 1, {u"2.pdf"_s}, false, u"2.pdf"_s},
@@ -254,22 +251,20 @@ TEST(Save, KeepsAChartWhoseFileOrCopyIsThereAndAsksBeforeItDropsAnother)
         SCOPED_TRACE(text);
         Saving saving;
         const QString path = QString::fromLatin1(text);
-        saving.run(QStringLiteral("UPDATE OrganizationProfile SET OrganizationChart = '%1', ChartOption = %2")
-                       .arg(path)
-                       .arg(option));
+        saving.run(
+            u"UPDATE OrganizationProfile SET OrganizationChart = '%1', ChartOption = %2"_s.arg(path).arg(
+                option));
         for (const QString& name : files)
             writeFile(saving.charts + name, name.toUtf8());
-        const QString chart =
-            QStringLiteral("SELECT OrganizationChart, ChartOption FROM OrganizationProfile");
+        const QString chart = u"SELECT OrganizationChart, ChartOption FROM OrganizationProfile"_s;
         const std::string before = saving.rows(chart);
         saving.edit(RecordKind::Organization, [&, isDropped = isDropped](OpenDialog& dialog) {
             auto& tabs = dialog.find<QTabWidget>("tabOrganization");
             EXPECT_EQ(tabs.tabToolTip(1).isEmpty(), !isDropped);
-            dialog.type("txtTelephone", QStringLiteral("555 0100"));
-            const QString question =
-                (path.isEmpty() ? QStringLiteral("The file of the organization's chart is missing.")
-                                : path + QStringLiteral("\n\nThere is no file at this path.")) +
-                ending;
+            dialog.type("txtTelephone", u"555 0100"_s);
+            const QString question = (path.isEmpty() ? u"The file of the organization's chart is missing."_s
+                                                     : path + u"\n\nThere is no file at this path."_s) +
+                                     ending;
             if (isDropped) {
                 saving.messages().expectQuestion(question, false, Question::Loss);
                 dialog.click("cmdOK");
@@ -281,8 +276,7 @@ TEST(Save, KeepsAChartWhoseFileOrCopyIsThereAndAsksBeforeItDropsAnother)
             dialog.click("cmdOK");
         });
         EXPECT_EQ(saving.rows(chart), isDropped ? "|0" : before);
-        EXPECT_EQ(saving.rows(QStringLiteral("SELECT Telephone FROM Organization WHERE OrganizationID = 2")),
-                  "555 0100");
+        EXPECT_EQ(saving.rows(u"SELECT Telephone FROM Organization WHERE OrganizationID = 2"_s), "555 0100");
         if (isDropped) continue;
         EXPECT_EQ(contentOf(saving.charts + copy), (files.contains(copy) ? copy : files.front()).toUtf8());
     }

@@ -4,7 +4,6 @@
 #include "editors/PickListModel.h"
 #include "map/MapView.h"
 #include "search/LinkButton.h"
-#include "support/TestFiles.h"
 #include "widgets/ElidedLabel.h"
 
 #include <QHelpEvent>
@@ -41,9 +40,7 @@ class ToolTips : public testing::TestWithParam<QString>
 protected:
     ToolTips()
     {
-        QString statements =
-            QString::fromUtf8(contentOf(QStringLiteral(ORVIK_PORTRAITS "/../rows/ToolTip.sql")));
-        journey.database.run(statements.replace(u"NAME"_s, GetParam()));
+        journey.database.runFile("journeys/rows/ToolTip.sql", GetParam());
         journey.start();
     }
 

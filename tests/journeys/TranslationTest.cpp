@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The program with every text of the template transformed, on a database with records of all kinds.
@@ -145,7 +147,7 @@ TEST_F(Translation, ReachesEveryTextOfTheSearches)
     QTest::qWait(50);
     pseudo.expectTranslated(search.dialog(), "keyword search");
     search.click("cmdGO");
-    search.type("txtKeywords", QStringLiteral("brl"));
+    search.type("txtKeywords", u"brl"_s);
     search.press(Qt::Key_Return);
     QTest::qWait(50);
     pseudo.expectTranslated(window(), "search results");

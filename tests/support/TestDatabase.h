@@ -26,8 +26,9 @@ public:
     void run(const char* statements) const;
     void run(const QString& statements) const { run(statements.toUtf8().constData()); }
 
-    /// Runs the statements of a file of the folder of all tests.
-    void runFile(const char* name) const;
+    /// Runs the statements of a file of the folder of all tests; `NAME` in them stands for a text, if there
+    /// is one.
+    void runFile(const char* name, const QString& text = {}) const;
 
     /// What SQLite alone answers, one line a row, values joined by `|`.
     [[nodiscard]] QString ask(const char* statement) const;
