@@ -90,6 +90,16 @@ std::string Journey::column(int column)
     return texts.join(u'|').toStdString();
 }
 
+QStringList Journey::dump()
+{
+    QStringList all;
+    const auto ask = [this](const QString& statement) { return database.ask(statement).split(u'\n'); };
+    for (const QString& table : ask(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table'")))
+        all << ask(QStringLiteral("SELECT quote('%1'), * FROM \"%1\"").arg(table));
+    all.removeAll(QString());
+    return all;
+}
+
 std::string Journey::historyMenu()
 {
     QMenu& navigate = find<QMenu>("mnuNavigate");
