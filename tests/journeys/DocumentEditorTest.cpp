@@ -4,10 +4,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
-#include <QDropEvent>
-#include <QFile>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QTest>
 #include <QWheelEvent>
 

@@ -8,7 +8,6 @@
 #include <QTest>
 #include <QTextBrowser>
 #include <QTimer>
-#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 

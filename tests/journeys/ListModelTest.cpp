@@ -3,9 +3,6 @@
 #include "browse/list/RecordListView.h"
 
 #include <QAbstractItemModelTester>
-#include <QApplication>
-#include <QClipboard>
-#include <QMimeData>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>

@@ -1,6 +1,5 @@
 #include "MapJourney.h"
 #include "map/MapProjection.h"
-#include "platform/StdREG.h"
 
 #include <QAccessible>
 #include <QContextMenuEvent>

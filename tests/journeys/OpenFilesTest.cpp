@@ -3,9 +3,7 @@
 #include "support/TestFiles.h"
 
 #include <QClipboard>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QMimeData>
 #include <QTest>
 

@@ -5,9 +5,7 @@
 
 #include <QComboBox>
 #include <QDir>
-#include <QFile>
 #include <QTabWidget>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
