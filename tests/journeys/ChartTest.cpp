@@ -155,13 +155,13 @@ TEST_F(ChartJourney, BarsNumbersNamesAndTheAxisTellTheCounts)
     EXPECT_NEAR(plot.right() - bars[2].right(), bars[0].left() - plot.left(), 2) << "no slot is empty";
 
     // the numbers of the axis stand at their heights
+    const int line = chart().fontMetrics().height();
     for (int count = 0; count <= 3; ++count) {
-        const QRect place(2, ground - count * unit - unit / 2, 12, unit);
+        const QRect place(2, ground - count * unit - line, 12, 2 * line);
         EXPECT_NEAR(inked(image, place).center().y(), ground - count * unit, 3) << count;
     }
     // a bar's number stands above it, its name below it, along it or upwards
     const char* const names[] = {"After-Action Report", "Maps & Charts", "Laws"};
-    const int line = chart().fontMetrics().height();
     for (std::size_t i = 0; i < bars.size(); ++i) {
         const QRect& bar = bars[i];
         const QRect number = inked(image, {bar.left(), bar.top() - line - 2, bar.width(), line});
