@@ -169,7 +169,7 @@ TEST(Navigation, TheWindowAndItsColumnsAreAsTheyWere)
     journey.trigger("mnuViewDocuments");
     EXPECT_EQ(journey.list().columnWidth(0), 317);
 
-    // what a column took of the room beside it is nobody's choice
+    // the width that a column took from the room beside it is not kept
     const auto widthOfLast = [&journey] {
         journey.list().setColumnWidth(0, 2000);
         return journey.list().columnWidth(journey.list().model()->columnCount() - 1);

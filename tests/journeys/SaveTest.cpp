@@ -114,7 +114,7 @@ TEST(Save, LeavesAloneWhatItsUserDidNotChange)
     }
 }
 
-/// What a question says when somebody else was there meanwhile.
+/// The question about fields that were changed by someone else meanwhile.
 QString changed(const char* fields)
 {
     return u"This record was changed after you opened it. These fields differ:\n\n%1\n\n"
