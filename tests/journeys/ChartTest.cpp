@@ -3,13 +3,14 @@
 #include "chart/ChartView.h"
 
 #include <QContextMenuEvent>
-#include <QGraphicsTextItem>
 #include <QImage>
 #include <QMenu>
 #include <QScrollArea>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -69,24 +70,23 @@ TEST_F(ChartJourney, ARightClickNarrowsToAType)
 {
     show();
     EXPECT_EQ(bars(), "After-Action Report: 3 documents|Maps & Charts: 1 document");
-    EXPECT_EQ(chart().chart()->title(), QStringLiteral("Documents by Type"));
+    EXPECT_EQ(chart().chart()->title(), u"Documents by Type"_s);
 
     click(Qt::LeftButton, 1);
-    EXPECT_EQ(pane().selectedDocType(), QStringLiteral("Maps & Charts"));
+    EXPECT_EQ(pane().selectedDocType(), u"Maps & Charts"_s);
     EXPECT_FALSE(menu().isVisible()) << "a left click only selects";
     EXPECT_EQ(journey.program->state().history.count(), 2u);
 
     click(Qt::RightButton, 1);
     EXPECT_TRUE(menu().isVisible());
-    EXPECT_EQ(menu().actions().constFirst()->text(), QStringLiteral("Show Only Maps && Charts Documents"));
+    EXPECT_EQ(menu().actions().constFirst()->text(), u"Show Only Maps && Charts Documents"_s);
     menu().close();
 
     click(Qt::RightButton, 0);
-    EXPECT_EQ(menu().actions().constFirst()->text(),
-              QStringLiteral("Show Only After-Action Report Documents"));
+    EXPECT_EQ(menu().actions().constFirst()->text(), u"Show Only After-Action Report Documents"_s);
     menu().close();
     journey.trigger("popDocTabShowOnlyType");
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View Only After-Action Report Documents"));
+    EXPECT_EQ(journey.viewPanel(), u"View Only After-Action Report Documents"_s);
     EXPECT_EQ(journey.column(0), "a|b|c");
     EXPECT_EQ(bars(), "After-Action Report: 3 documents");
     EXPECT_EQ(pane().selectedDocType(), QString());
@@ -104,32 +104,11 @@ TEST_F(ChartJourney, TheKeyboardGoesFromBarToBar)
     QTest::keyClick(&chart(), Qt::Key_Right);
     QTest::keyClick(&chart(), Qt::Key_Right);
     EXPECT_EQ(chart().accessibleCurrentItem(), 1);
-    EXPECT_EQ(pane().selectedDocType(), QStringLiteral("Maps & Charts"));
+    EXPECT_EQ(pane().selectedDocType(), u"Maps & Charts"_s);
     EXPECT_FALSE(menu().isVisible());
     askForMenuByKey();
     EXPECT_TRUE(menu().isVisible());
     menu().close();
-}
-
-/// A text of the chart, where it is drawn.
-struct DrawnText
-{
-    QString text;
-    QPointF middle;
-};
-
-/// The texts that the chart's own items draw, from the left to the right; those in no colour are left out.
-std::vector<DrawnText> drawnTexts(ChartView& chart)
-{
-    std::vector<DrawnText> texts;
-    for (const QGraphicsItem* item : chart.scene()->items()) {
-        const auto* text = dynamic_cast<const QGraphicsTextItem*>(item);
-        if (text == nullptr || !text->isVisible() || text->toPlainText().isEmpty()) continue;
-        texts.push_back({text->toPlainText(), text->sceneBoundingRect().center()});
-    }
-    std::sort(texts.begin(), texts.end(),
-              [](const DrawnText& a, const DrawnText& b) { return a.middle.x() < b.middle.x(); });
-    return texts;
 }
 
 /// The bars in a picture, as rectangles of one colour.
@@ -164,48 +143,34 @@ TEST_F(ChartJourney, BarsNumbersNamesAndTheAxisTellTheCounts)
     const std::vector<QRect> bars = drawnBars(image, colours.color(QPalette::Highlight));
     ASSERT_EQ(bars.size(), 3u);
     // three, one and two documents, from the same ground
-    const double unit = bars[1].height();
-    EXPECT_NEAR(bars[0].height() / unit, 3, 0.05);
-    EXPECT_NEAR(bars[2].height() / unit, 2, 0.05);
-    EXPECT_EQ(bars[0].bottom(), bars[1].bottom());
+    const int unit = bars[1].height();
+    const int ground = bars[0].bottom();
+    EXPECT_NEAR(bars[0].height(), 3 * unit, 2);
+    EXPECT_NEAR(bars[2].height(), 2 * unit, 2);
+    EXPECT_EQ(bars[1].bottom(), ground);
     EXPECT_EQ(bars[0].width(), bars[2].width());
-    EXPECT_NEAR(bars[1].center().x() - bars[0].center().x(), bars[2].center().x() - bars[1].center().x(), 1);
-
+    const int slot = bars[1].center().x() - bars[0].center().x();
+    EXPECT_NEAR(bars[2].center().x() - bars[1].center().x(), slot, 1);
     const QRectF plot = chart().chart()->plotArea();
     EXPECT_NEAR(plot.right() - bars[2].right(), bars[0].left() - plot.left(), 2) << "no slot is empty";
 
-    QStringList axis;
-    QStringList numbers;
-    QString title;
-    for (const DrawnText& text : drawnTexts(chart())) {
-        if (text.text.size() > 2) {
-            title = text.text;
-        } else if (text.middle.x() < bars[0].left()) {
-            axis << text.text;
-            const double expected = bars[0].bottom() - text.text.toInt() * unit;
-            EXPECT_NEAR(text.middle.y(), expected, 3) << text.text.toStdString();
-        } else {
-            const QRect& bar = bars[static_cast<std::size_t>(numbers.size())];
-            numbers << text.text;
-            EXPECT_NEAR(text.middle.x(), bar.center().x(), 2);
-            EXPECT_LT(text.middle.y(), bar.top()) << "above its bar";
-        }
+    // the numbers of the axis stand at their heights
+    const int line = chart().fontMetrics().height();
+    for (int count = 0; count <= 3; ++count) {
+        const QRect place(2, ground - count * unit - line, 12, 2 * line);
+        EXPECT_NEAR(inked(image, place).center().y(), ground - count * unit, 3) << count;
     }
-    EXPECT_EQ(title, QStringLiteral("Documents by Type"));
-    EXPECT_EQ(numbers.join(u' ').toStdString(), "3 1 2");
-    axis.sort();
-    EXPECT_EQ(axis.join(u' ').toStdString(), "0 1 2 3 4");
-
-    // each name stands below its bar, written along it or upwards
-    const int slot = bars[1].center().x() - bars[0].center().x();
+    // a bar's number stands above it, its name below it, along it or upwards
     const char* const names[] = {"After-Action Report", "Maps & Charts", "Laws"};
     for (std::size_t i = 0; i < bars.size(); ++i) {
-        const QRect below(bars[i].center().x() - slot / 2, bars[i].bottom() + 6, slot,
-                          image.height() - bars[i].bottom() - 6);
-        const QRect ink = inked(image, below);
+        const QRect& bar = bars[i];
+        const QRect number = inked(image, {bar.left(), bar.top() - line - 2, bar.width(), line});
+        EXPECT_NEAR(number.center().x(), bar.center().x(), 2) << names[i];
+        const QRect name =
+            inked(image, {bar.center().x() - slot / 2, ground + 6, slot, image.height() - ground - 6});
         const int length = chart().fontMetrics().horizontalAdvance(QString::fromUtf8(names[i]));
-        EXPECT_NEAR(std::max(ink.width(), ink.height()), length, 4) << names[i];
-        EXPECT_NEAR(ink.center().x(), bars[i].center().x(), 4) << names[i];
+        EXPECT_NEAR(std::max(name.width(), name.height()), length, 4) << names[i];
+        EXPECT_NEAR(name.center().x(), bar.center().x(), 4) << names[i];
     }
     chart().setCurrentBar(1);
     const QImage marked = chart().grab().toImage();
@@ -241,13 +206,12 @@ TEST_F(ChartJourney, AnEmptyResultAndAFailingStatementShowAnEmptyChart)
     EXPECT_EQ(chart().accessibleItemCount(), 1);
     // the list can do without the types that the chart needs
     SQLObject plain = *journey.program->state().queries.documents;
-    plain.FromClause = QStringLiteral("FROM Document");
-    plain.SelectClause =
-        QStringLiteral("SELECT DocumentID, DocumentName, KeyDocument, FileTypeID, ReleaseForm, "
-                       "'' AS FileTypeName, OrganizationID, '' AS OrganizationName, FileLocation, "
-                       "Author, DocumentDate");
+    plain.FromClause = u"FROM Document"_s;
+    plain.SelectClause = u"SELECT DocumentID, DocumentName, KeyDocument, FileTypeID, ReleaseForm, "
+                         "'' AS FileTypeName, OrganizationID, '' AS OrganizationName, FileLocation, "
+                         "Author, DocumentDate"_s;
     journey.program->state().history.addView(
-        {ViewKind::Documents, std::make_shared<const SQLObject>(plain), QStringLiteral("Plain")});
+        {ViewKind::Documents, std::make_shared<const SQLObject>(plain), u"Plain"_s});
     EXPECT_EQ(chart().accessibleItemCount(), 0);
     EXPECT_EQ(journey.column(0), "a|b|c|d");
 }
@@ -256,13 +220,10 @@ TEST_F(ChartJourney, ManyBarsAreScrolledAndNeverOverlap)
 {
     constexpr int types = 60;
     for (int type = 10; type < 10 + types; ++type) {
-        const QString name = QStringLiteral("A rather long name of a type of documents, number %1").arg(type);
-        journey.database.run(
-            QStringLiteral("INSERT INTO DocumentType VALUES (%1, '%2');"
-                           "INSERT INTO DocumentTypes (DocumentID, DocumentTypeID) VALUES (2, %1)")
-                .arg(QString::number(type), name)
-                .toUtf8()
-                .constData());
+        const QString name = u"A rather long name of a type of documents, number %1"_s.arg(type);
+        journey.database.run(u"INSERT INTO DocumentType VALUES (%1, '%2');"
+                             "INSERT INTO DocumentTypes (DocumentID, DocumentTypeID) VALUES (2, %1)"_s.arg(
+                                 QString::number(type), name));
     }
     show();
     ASSERT_EQ(chart().accessibleItemCount(), types + 2);
@@ -312,7 +273,7 @@ TEST_F(ChartJourney, SaysHowManyTypesItLeavesOut)
     journey.trigger("mnuViewRefresh");
     EXPECT_EQ(chart().accessibleItemCount(), 50);
     EXPECT_TRUE(more.isVisible());
-    EXPECT_EQ(more.text(), QStringLiteral("and 1,252 more"));
+    EXPECT_EQ(more.text(), u"and 1,252 more"_s);
 }
 
 } // namespace

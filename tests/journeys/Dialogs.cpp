@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 void OpenDialog::type(const char* field, const QString& text)
 {
     QWidget& widget = find<QWidget>(field);
@@ -78,7 +80,7 @@ std::string OpenDialog::focus() const
 
 void discard(OpenDialog& dialog, ScriptedMessages& messages)
 {
-    messages.expectQuestion(QStringLiteral("Close without saving your changes?"), true, Question::Discard);
+    messages.expectQuestion(u"Close without saving your changes?"_s, true, Question::Discard);
     dialog.click("cmdCancel");
     messages.finish();
 }

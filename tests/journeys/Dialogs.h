@@ -30,7 +30,7 @@ public:
     void press(Qt::Key key);
 
     /// The text of a line, of a text of several lines, of a drop-down or a button; the items of a list,
-    /// joined by `|`, each with a mark before it where it has a tick.
+    /// joined by `|`, those with a tick with `*` before them.
     std::string text(const char* field);
 
     /// Turns the tick of an item by its text, with the space bar.

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class DocumentFile : public DocumentJourney
@@ -38,7 +40,7 @@ void dropFiles(
 
 TEST_F(DocumentFile, TakesADroppedFileWithWhatItsNameSays)
 {
-    const QString several = QStringLiteral("Only one file can be taken at a time. Please drop one file.");
+    const QString several = u"Only one file can be taken at a time. Please drop one file."_s;
     QWidget& window = *journey.program->window();
     messages().expectMessage(several);
     dropFiles(window, {source, source});
@@ -54,21 +56,21 @@ TEST_F(DocumentFile, TakesADroppedFileWithWhatItsNameSays)
             };
             expect("/scan.PDF", "scan", "Adobe PDF");
             const QColor ground = field.palette().color(QPalette::Base);
-            dropFiles(notes, {QStringLiteral("/in/old_page.html")},
+            dropFiles(notes, {u"/in/old_page.html"_s},
                       [&] { EXPECT_NE(field.palette().color(QPalette::Base), ground) << "it lights up"; });
             EXPECT_EQ(field.palette().color(QPalette::Base), ground);
             expect("/in/old_page.html", "old page", "Web Page");
             EXPECT_EQ(dialog.text("rtbNotes"), "");
-            dropFiles(notes, {QStringLiteral("/in/b.txt")});
+            dropFiles(notes, {u"/in/b.txt"_s});
             expect("/in/b.txt", "b", "Web Page");
             messages().expectMessage(several);
             dropFiles(notes, {source, source});
             expect("/in/b.txt", "b", "Web Page");
             // what the user says counts
-            dialog.type("txtDocumentName", QStringLiteral("Mine"));
+            dialog.type("txtDocumentName", u"Mine"_s);
             dialog.find<QWidget>("cmbFileTypeNames").setFocus();
             dialog.press(Qt::Key_Up);
-            journey.desktop.fileDialogs.files = {QStringLiteral("/in/c.htm")};
+            journey.desktop.fileDialogs.files = {u"/in/c.htm"_s};
             dialog.click("cmdUploadDocument");
             expect("/in/c.htm", "Mine", "Adobe PDF");
             discard(dialog, messages());
@@ -77,22 +79,30 @@ TEST_F(DocumentFile, TakesADroppedFileWithWhatItsNameSays)
 
 TEST_F(DocumentFile, CompletesARecordWhoseFileCouldNotBeCopied)
 {
-    const QString inTheWay = journey.dataFolder() + QStringLiteral("documents/3.PDF/kept");
+    const QString inTheWay = journey.dataFolder() + u"documents/3.PDF/kept"_s;
     const auto failOnce = [&](OpenDialog& dialog) {
         QDir().mkpath(inTheWay);
         fillIn(dialog);
-        messages().expectMessageBeginning(QStringLiteral("saveDocument Error (21): "));
+        messages().expectMessageBeginning(u"saveDocument Error (21): "_s);
         dialog.click("cmdOK");
         messages().finish();
         QDir(inTheWay).removeRecursively();
         QDir().rmdir(QFileInfo(inTheWay).path());
     };
+    const QString longPath = journey.database.folder() + u'/' + QString(300, u'n') + u".pdf"_s;
     inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        fillIn(dialog);
+        dialog.type("txtOriginalFilename", longPath);
+        messages().expectMessage(u"saveDocument Error (36): File name too long (%1)"_s.arg(longPath));
+        dialog.click("cmdOK");
+        EXPECT_EQ(dialog.text("txtOriginalFilename"), longPath.toStdString());
+        EXPECT_EQ(dialog.text("rtbDocumentDescription"), "About levees");
+        EXPECT_TRUE(QDir(journey.dataFolder() + u"documents"_s).isEmpty());
         failOnce(dialog);
-        dialog.type("txtAuthor", QStringLiteral("A. Writer"));
+        dialog.type("txtAuthor", u"A. Writer"_s);
         dialog.click("cmdOK");
     });
-    const QString stored = journey.dataFolder() + QStringLiteral("documents/3.PDF");
+    const QString stored = journey.dataFolder() + u"documents/3.PDF"_s;
     EXPECT_TRUE(QFileInfo(stored).isFile());
     EXPECT_EQ(rows("SELECT DocumentID, Author FROM Document WHERE DocumentName = 'Levees'"), "3|A. Writer");
     EXPECT_EQ(rows("SELECT DocumentTypeID FROM DocumentTypes WHERE DocumentID = 3"), "1");
@@ -102,7 +112,7 @@ TEST_F(DocumentFile, CompletesARecordWhoseFileCouldNotBeCopied)
 TEST_F(DocumentFile, ADocumentWithoutAFileIsGivenOneWhileItIsEdited)
 {
     journey.database.run("UPDATE Document SET FileLocation = NULL WHERE DocumentID = 2");
-    const QString stored = journey.dataFolder() + QStringLiteral("documents/2.PDF");
+    const QString stored = journey.dataFolder() + u"documents/2.PDF"_s;
     const auto edit = [&](const std::function<void(OpenDialog&)>& work) {
         journey.select("Old Levees");
         inEditor("mnuRecordEdit", work);
@@ -110,7 +120,7 @@ TEST_F(DocumentFile, ADocumentWithoutAFileIsGivenOneWhileItIsEdited)
     edit([&](OpenDialog& dialog) {
         EXPECT_TRUE(dialog.find<QWidget>("cmdUploadDocument").isVisible());
         EXPECT_EQ(dialog.text("txtOriginalFilename"), "C:\\papers\\old.html");
-        dialog.type("txtAuthor", QStringLiteral("B. Writer"));
+        dialog.type("txtAuthor", u"B. Writer"_s);
         dialog.click("cmdOK");
     });
     EXPECT_EQ(rows("SELECT Author, OriginalFilename, FileLocation FROM Document WHERE DocumentID = 2"),
@@ -118,14 +128,14 @@ TEST_F(DocumentFile, ADocumentWithoutAFileIsGivenOneWhileItIsEdited)
         << "a path that names no file stays as it is";
     edit([&](OpenDialog& dialog) {
         dialog.type("txtOriginalFilename", source + u'x');
-        dialog.type("txtAuthor", QStringLiteral("C. Writer"));
-        messages().expectMessageBeginning(QStringLiteral("updateDocument Error (2): "));
+        dialog.type("txtAuthor", u"C. Writer"_s);
+        messages().expectMessageBeginning(u"updateDocument Error (2): "_s);
         dialog.click("cmdOK");
         messages().finish();
         EXPECT_EQ(rows("SELECT Author FROM Document WHERE DocumentID = 2"), "B. Writer");
         dialog.type("txtOriginalFilename", QString());
         messages().expectMessage(
-            QStringLiteral("Document filename is required. Please browse to select your document file."));
+            u"Document filename is required. Please browse to select your document file."_s);
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.focus(), "txtOriginalFilename");
         journey.desktop.fileDialogs.files = {source};
@@ -148,38 +158,21 @@ TEST_F(DocumentFile, ADocumentWithoutAFileIsGivenOneWhileItIsEdited)
     EXPECT_TRUE(QFileInfo(stored).isFile()) << "the path that the field shows names a file";
 }
 
-TEST_F(DocumentFile, SaysThatANameIsTooLongAndKeepsWhatWasTyped)
-{
-    const QString longPath = journey.database.folder() + u'/' + QString(300, u'n') + QStringLiteral(".pdf");
-    messages().expectMessage(
-        QStringLiteral("saveDocument Error (36): File name too long (%1)").arg(longPath));
-    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
-        fillIn(dialog);
-        dialog.type("txtOriginalFilename", longPath);
-        dialog.click("cmdOK");
-        EXPECT_EQ(dialog.text("txtOriginalFilename"), longPath.toStdString());
-        EXPECT_EQ(dialog.text("rtbDocumentDescription"), "About levees");
-        discard(dialog, messages());
-    });
-    EXPECT_TRUE(QDir(journey.dataFolder() + QStringLiteral("documents")).isEmpty());
-}
-
 TEST_F(DocumentFile, UploadsIntoAFolderOfAnotherLetterCaseAndFindsTheFileThere)
 {
     QDir data(journey.dataFolder());
-    ASSERT_TRUE(data.rename(QStringLiteral("documents"), QStringLiteral("DOCUMENTS")));
+    ASSERT_TRUE(data.rename(u"documents"_s, u"DOCUMENTS"_s));
     journey.start();
     journey.trigger("mnuViewDocuments");
     inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
         fillIn(dialog);
         dialog.click("cmdOK");
     });
-    EXPECT_EQ(data.entryList({QStringLiteral("documents")}, QDir::Dirs),
-              QStringList{QStringLiteral("DOCUMENTS")});
-    EXPECT_TRUE(data.exists(QStringLiteral("DOCUMENTS/3.PDF")));
+    EXPECT_EQ(data.entryList({u"documents"_s}, QDir::Dirs), QStringList{u"DOCUMENTS"_s});
+    EXPECT_TRUE(data.exists(u"DOCUMENTS/3.PDF"_s));
     journey.select("Levees");
     journey.trigger("mnuRecordOpen");
-    EXPECT_EQ(journey.desktop.shell.opened, QStringList{data.filePath(QStringLiteral("DOCUMENTS/3.PDF"))});
+    EXPECT_EQ(journey.desktop.shell.opened, QStringList{data.filePath(u"DOCUMENTS/3.PDF"_s)});
 }
 
 } // namespace

@@ -1,34 +1,16 @@
 #pragma once
 
-#include "Dialogs.h"
-#include "Journey.h"
-
-#include <QFile>
-
-#include <gtest/gtest.h>
+#include "EditorJourney.h"
+#include "support/TestFiles.h"
 
 /// A journey with a few records, showing the documents.
-class DocumentJourney : public ::testing::Test
+class DocumentJourney : public EditorJourney
 {
 protected:
-    DocumentJourney()
+    DocumentJourney() : EditorJourney("frmDocument", "journeys/rows/DocumentJourney.sql")
     {
-        journey.database.runFile("journeys/rows/DocumentJourney.sql");
-        QFile(source).open(QIODevice::WriteOnly);
-        journey.start();
-        journey.trigger("mnuViewDocuments");
-    }
-
-    void inEditor(const char* command, const std::function<void(OpenDialog&)>& work)
-    {
-        inDialog(
-            "frmDocument", [&] { journey.trigger(command); }, work);
-    }
-
-    void put(const QString& name)
-    {
-        QFile file(journey.dataFolder() + name);
-        file.open(QIODevice::WriteOnly);
+        writeFile(source);
+        start("mnuViewDocuments");
     }
 
     void fillIn(OpenDialog& dialog)
@@ -38,9 +20,5 @@ protected:
         dialog.type("txtOriginalFilename", source);
     }
 
-    std::string rows(const char* statement) { return journey.database.ask(statement).toStdString(); }
-    ScriptedMessages& messages() { return journey.desktop.messages; }
-
-    Journey journey;
     QString source = journey.database.folder() + QStringLiteral("/scan.PDF");
 };

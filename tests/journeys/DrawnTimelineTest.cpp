@@ -201,9 +201,6 @@ TEST_F(DrawnTimeline, TheRulerMovesWithEveryButton)
         {"ZoomOut", "10 minutes", "04/01/1927 06:02", "04/01/1927 06:22", 308, "06:02", 3, "", 0},
         {"ZoomOut", "30 minutes", "04/01/1927 06:02", "04/01/1927 07:02", 359.3, "06:05", 41.5, "", 0},
         {"NavEnd", "30 minutes", "05/02/1927 16:37", "05/02/1927 17:37", 295.2, "16:40", 41.5, "", 0},
-        {"NavStepBack", "30 minutes", "05/02/1927 16:07", "05/02/1927 17:07", 295.2, "16:10", 41.5, "", 0},
-        {"NavJumpBack", "30 minutes", "05/02/1927 14:07", "05/02/1927 15:07", 295.2, "14:10", 41.5, "", 0},
-        {"NavJumpForward", "30 minutes", "05/02/1927 16:07", "05/02/1927 17:07", 295.2, "16:10", 41.5, "", 0},
         {"ZoomOut", "1 hour", "05/02/1927 15:07", "05/02/1927 17:07", 340.1, "15:10", 22.2, "", 0},
         {"ZoomOut", "2 hours", "05/02/1927 12:07", "05/02/1927 16:07", 362.5, "12:30", 76.8, "", 0},
         {"ZoomOut", "4 hours", "05/02/1927 06:07", "05/02/1927 14:07", 181.3, "07:00", 88, "", 0},
@@ -219,7 +216,7 @@ TEST_F(DrawnTimeline, TheRulerMovesWithEveryButton)
     const QColor ground = strip().palette().color(QPalette::AlternateBase);
     for (const auto& [button, zoom, left, third, step, time, timeLeft, date, dateLeft] : cases) {
         SCOPED_TRACE(std::string(button) + " " + left);
-        if (*button != '\0') journey.find<QToolButton>(button).click();
+        if (*button != '\0') QTest::mouseClick(&journey.find<QToolButton>(button), Qt::LeftButton);
         EXPECT_EQ(text("uZoomLabel"), zoom);
         EXPECT_EQ(text("uCurrentTimeLabel(0)"), left);
         EXPECT_EQ(text("uCurrentTimeLabel(2)"), third);

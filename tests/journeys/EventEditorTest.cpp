@@ -1,5 +1,4 @@
-#include "Dialogs.h"
-#include "Journey.h"
+#include "EditorJourney.h"
 #include "editors/RecordEditors.h"
 #include "timeline/TimelinePanel.h"
 
@@ -11,35 +10,15 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A journey with two events, showing the events.
-class EventEditor : public ::testing::Test
+class EventEditor : public EditorJourney
 {
 protected:
-    EventEditor()
-    {
-        journey.database.runFile("journeys/rows/EventEditor.sql");
-        journey.start();
-        journey.trigger("mnuViewEvents");
-    }
-
-    void inEditor(const char* command, const std::function<void(OpenDialog&)>& work)
-    {
-        inDialog(
-            "frmEvent", [&] { journey.trigger(command); }, work);
-    }
-
-    void editFirst(const std::function<void(OpenDialog&)>& work)
-    {
-        journey.list().setCurrentIndex(journey.list().model()->index(0, 0));
-        inEditor("mnuRecordEdit", work);
-    }
-
-    std::string rows(const char* statement) { return journey.database.ask(statement).toStdString(); }
-    ScriptedMessages& messages() { return journey.desktop.messages; }
-
-    Journey journey;
+    EventEditor() : EditorJourney("frmEvent", "journeys/rows/EventEditor.sql") { start("mnuViewEvents"); }
 };
 
 TEST_F(EventEditor, AddsAnEventAndTakesTheTimelineToIt)
@@ -49,12 +28,12 @@ TEST_F(EventEditor, AddsAnEventAndTakesTheTimelineToIt)
         EXPECT_EQ(dialog.text("lstEventFunctions") + dialog.text("lstEventOrgs") +
                       dialog.text("lstEventDocuments"),
                   "NoneNoneNone");
-        dialog.type("txtEventName", QStringLiteral("gone"));
-        dialog.type("rtbEventDescription", QStringLiteral("A title that only a deleted event has"));
-        dialog.type("dtpStartDate", QStringLiteral("3/5/2002"));
-        dialog.type("dtpStartTime", QStringLiteral("1:05 pm"));
-        dialog.type("dtpEndDate", QStringLiteral("12/31/9999"));
-        dialog.tick("lvVenues", QStringLiteral("Coast"));
+        dialog.type("txtEventName", u"gone"_s);
+        dialog.type("rtbEventDescription", u"A title that only a deleted event has"_s);
+        dialog.type("dtpStartDate", u"3/5/2002"_s);
+        dialog.type("dtpStartTime", u"1:05 pm"_s);
+        dialog.type("dtpEndDate", u"12/31/9999"_s);
+        dialog.tick("lvVenues", u"Coast"_s);
         dialog.click("cmdOK");
     });
     EXPECT_EQ(rows("SELECT EndDate, EndTime FROM Event WHERE EventID = 4"), "9999-12-31|NULL");
@@ -63,6 +42,18 @@ TEST_F(EventEditor, AddsAnEventAndTakesTheTimelineToIt)
     EXPECT_EQ(dateTimeText(timeline.window().currentTime()).toStdString(), "03/05/2002 13:05");
     EXPECT_EQ(journey.column(0), "Flood|gone");
     EXPECT_EQ(journey.list().currentIndex().row(), 1);
+
+    // without its dates the timeline ends earlier
+    const TimelineLimits before = timeline.window().limits();
+    inEditor("mnuRecordEdit", [](OpenDialog& dialog) {
+        for (const char* picker : {"dtpStartDate", "dtpStartTime", "dtpEndDate"})
+            dialog.type(picker, QString());
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(rows("SELECT StartDate, StartTime, EndDate, EndTime FROM Event WHERE EventID = 4"),
+              "NULL|NULL|NULL|NULL");
+    EXPECT_EQ(timeline.window().limits().timelineStart, before.timelineStart);
+    EXPECT_LT(timeline.window().limits().timelineEnd, before.timelineEnd);
 }
 
 TEST_F(EventEditor, SaysWhatIsMissingInTurn)
@@ -71,27 +62,27 @@ TEST_F(EventEditor, SaysWhatIsMissingInTurn)
          {"Event title is required.", "Event description is required.", "Event venue is required."}) {
         messages().expectMessage(QString::fromLatin1(text));
     }
-    messages().expectMessage(QStringLiteral(
-        "Start date \"2/30/2002\" is not a date. Please type month, day and year, such as 09/11/2001."));
     messages().expectMessage(
-        QStringLiteral("End time \"25:00\" is not a time. Please type hour and minute, such as 13:05."));
+        u"Start date \"2/30/2002\" is not a date. Please type month, day and year, such as 09/11/2001."_s);
     messages().expectMessage(
-        QStringLiteral("Event with identical title already exists. Please choose a different title."));
+        u"End time \"25:00\" is not a time. Please type hour and minute, such as 13:05."_s);
+    messages().expectMessage(
+        u"Event with identical title already exists. Please choose a different title."_s);
     inEditor("mnuRecordAddNewEvent", [&](OpenDialog& dialog) {
-        dialog.type("dtpStartDate", QStringLiteral("2/30/2002"));
-        dialog.type("dtpEndTime", QStringLiteral("25:00"));
+        dialog.type("dtpStartDate", u"2/30/2002"_s);
+        dialog.type("dtpEndTime", u"25:00"_s);
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.focus(), "txtEventName");
-        dialog.type("txtEventName", QStringLiteral("FLOOD"));
+        dialog.type("txtEventName", u"FLOOD"_s);
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.focus(), "rtbEventDescription");
-        dialog.type("rtbEventDescription", QStringLiteral("Again"));
+        dialog.type("rtbEventDescription", u"Again"_s);
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.focus(), "lvVenues");
-        dialog.tick("lvVenues", QStringLiteral("Forest"));
+        dialog.tick("lvVenues", u"Forest"_s);
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.focus(), "dtpStartDate");
-        dialog.type("dtpStartDate", QStringLiteral("2/28/2002"));
+        dialog.type("dtpStartDate", u"2/28/2002"_s);
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.focus(), "dtpEndTime");
         dialog.type("dtpEndTime", QString());
@@ -106,17 +97,17 @@ TEST_F(EventEditor, ShowsADateThatCannotBeReadAndSavesItOnlyWhenItIsMended)
 {
     journey.database.run("UPDATE Event SET StartDate = 'about 1927', EndTime = '24:30' WHERE EventID = 2");
     const char* const moments = "SELECT StartDate, StartTime, EndDate, EndTime FROM Event WHERE EventID = 2";
-    messages().expectMessage(QStringLiteral(
-        "searchByTimeConstraint Error (13): about 1927 07:30:45 is not a date and time (Flood)"));
-    messages().expectMessage(QStringLiteral(
-        "Start date \"about 1927\" is not a date. Please type month, day and year, such as 09/11/2001."));
     messages().expectMessage(
-        QStringLiteral("End time \"24:30\" is not a time. Please type hour and minute, such as 13:05."));
+        u"searchByTimeConstraint Error (13): about 1927 07:30:45 is not a date and time (Flood)"_s);
+    messages().expectMessage(
+        u"Start date \"about 1927\" is not a date. Please type month, day and year, such as 09/11/2001."_s);
+    messages().expectMessage(
+        u"End time \"24:30\" is not a time. Please type hour and minute, such as 13:05."_s);
     editFirst([&](OpenDialog& dialog) {
         const auto isMarked = [&](const char* picker) {
             const QList<QAction*> actions = dialog.find<QWidget>(picker).actions();
             return std::any_of(actions.begin(), actions.end(), [](const QAction* action) {
-                return action->isVisible() && action->toolTip().startsWith(QStringLiteral("This is not"));
+                return action->isVisible() && action->toolTip().startsWith(u"This is not"_s);
             });
         };
         EXPECT_EQ(dialog.text("dtpStartDate"), "about 1927");
@@ -126,7 +117,7 @@ TEST_F(EventEditor, ShowsADateThatCannotBeReadAndSavesItOnlyWhenItIsMended)
         EXPECT_EQ(dialog.focus(), "dtpStartDate");
         EXPECT_EQ(dialog.text("dtpStartDate"), "about 1927");
         EXPECT_EQ(rows(moments), "about 1927|07:30:45|NULL|24:30");
-        dialog.type("dtpStartDate", QStringLiteral("4/22/1927"));
+        dialog.type("dtpStartDate", u"4/22/1927"_s);
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.focus(), "dtpEndTime");
         dialog.type("dtpEndTime", QString());
@@ -134,31 +125,6 @@ TEST_F(EventEditor, ShowsADateThatCannotBeReadAndSavesItOnlyWhenItIsMended)
         dialog.click("cmdOK");
     });
     EXPECT_EQ(rows(moments), "1927-04-22|07:30:45|NULL|NULL");
-}
-
-TEST_F(EventEditor, TakesTheDatesOfTheLastEventAwayAndTheTimelineEndsEarlier)
-{
-    inEditor("mnuRecordAddNewEvent", [](OpenDialog& dialog) {
-        dialog.type("txtEventName", QStringLiteral("Undated"));
-        dialog.type("rtbEventDescription", QStringLiteral("Nobody knows when"));
-        dialog.tick("lvVenues", QStringLiteral("Coast"));
-        dialog.type("dtpStartDate", QStringLiteral("3/5/2002"));
-        dialog.type("dtpEndDate", QStringLiteral("3/6/2012"));
-        dialog.click("cmdOK");
-    });
-    const Timeline& timeline = journey.find<TimelinePanel>("pnlTimeline").timeline();
-    const TimelineLimits before = timeline.window().limits();
-    journey.select("Undated");
-    inEditor("mnuRecordEdit", [](OpenDialog& dialog) {
-        dialog.type("dtpStartDate", QString());
-        dialog.type("dtpEndDate", QString());
-        dialog.click("cmdOK");
-    });
-    EXPECT_EQ(rows("SELECT StartDate, StartTime, EndDate, EndTime FROM Event WHERE EventID = 4"),
-              "NULL|NULL|NULL|NULL");
-    EXPECT_EQ(timeline.window().limits().timelineStart, before.timelineStart);
-    EXPECT_LT(timeline.window().limits().timelineEnd, before.timelineEnd);
-    EXPECT_EQ(journey.column(0), "Undated|Flood");
 }
 
 TEST_F(EventEditor, LeadsFromAViewedEventToItsRecordsAndBack)
@@ -212,14 +178,14 @@ TEST_F(EventEditor, TakesPresetsIntoItsLists)
     };
     for (const Case& each :
          {Case{documentKindWord, "Preset", "None"}, Case{organizationKindWord, "None", "Preset"},
-          Case{QStringLiteral("EVENT"), "None", "None"}}) {
-        if (each.word == QStringLiteral("EVENT")) {
-            messages().expectMessage(QStringLiteral("Invalid FieldName to add to current event"));
+          Case{u"EVENT"_s, "None", "None"}}) {
+        if (each.word == u"EVENT"_s) {
+            messages().expectMessage(u"Invalid FieldName to add to current event"_s);
         }
         inDialog(
             "frmEvent",
             [&] {
-                editors.addEvent(clsFieldInfo{each.word, 5, QStringLiteral("Preset")});
+                editors.addEvent(clsFieldInfo{each.word, 5, u"Preset"_s});
             },
             [&](OpenDialog& dialog) {
                 EXPECT_EQ(dialog.text("lstEventDocuments"), each.documents);
@@ -233,7 +199,7 @@ TEST_F(EventEditor, OpensFromTheTimeline)
 {
     QWidget* label = nullptr;
     for (QWidget* each : journey.program->window()->findChildren<QWidget*>()) {
-        if (each->objectName().startsWith(QStringLiteral("tlLabel(")) && each->isVisible()) label = each;
+        if (each->objectName().startsWith(u"tlLabel("_s) && each->isVisible()) label = each;
     }
     ASSERT_NE(label, nullptr);
     inDialog(

@@ -1,5 +1,5 @@
-#include "Dialogs.h"
-#include "Journey.h"
+#include "EditorJourney.h"
+#include "map/MapView.h"
 #include "support/AsPlainUser.h"
 
 #include <QPushButton>
@@ -10,24 +10,23 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What other programs and the file system do to the database while the program runs.
-class Faults : public ::testing::Test
+class Faults : public EditorJourney
 {
 protected:
-    Faults() { journey.database.runFile("journeys/rows/Faults.sql"); }
+    Faults() : EditorJourney("frmEvent", "journeys/rows/Faults.sql") {}
 
-    void choose(const char* view)
+    void chooseFirst(const char* view)
     {
         journey.trigger(view);
-        journey.list().setCurrentIndex(journey.list().model()->index(0, 0));
+        choose(0);
     }
 
     [[nodiscard]] bool isEnabled(const char* command) { return journey.find<QAction>(command).isEnabled(); }
-    ScriptedMessages& messages() { return journey.desktop.messages; }
-
-    Journey journey;
 };
 
 TEST_F(Faults, ALockedDatabaseIsToldOfOnceForEachCommand)
@@ -53,70 +52,98 @@ TEST_F(Faults, ALockedDatabaseIsToldOfOnceForEachCommand)
     };
     for (const Case& entry : cases) {
         SCOPED_TRACE(entry.command);
-        choose(entry.view);
+        chooseFirst(entry.view);
         SQLite::Database other(journey.database.fileName().toStdString(), SQLite::OPEN_READWRITE);
         other.exec("BEGIN EXCLUSIVE");
         if (entry.question != nullptr) {
             messages().expectQuestion(QString::fromUtf8(entry.question), true, Question::Loss);
         }
         messages().expectMessage(
-            QStringLiteral("%1 Error (5): database is locked").arg(QString::fromUtf8(entry.procedure)));
+            u"%1 Error (5): database is locked"_s.arg(QString::fromUtf8(entry.procedure)));
         journey.trigger(entry.command);
         messages().finish();
     }
-    choose("mnuViewOrganizations");
-    inDialog(
-        "frmOrganization", [this] { journey.trigger("mnuRecordView"); },
-        [](OpenDialog& dialog) {
-            EXPECT_EQ(dialog.text("txtOrganizationName"), "Agency");
-            dialog.click("cmdCancel");
-        });
+    chooseFirst("mnuViewOrganizations");
+    journey.inDialog("frmOrganization", "mnuRecordView", [](OpenDialog& dialog) {
+        EXPECT_EQ(dialog.text("txtOrganizationName"), "Agency");
+        dialog.click("cmdCancel");
+    });
+}
+
+TEST_F(Faults, AFailingStatementIsReportedOnceAndLeavesAnEmptyListAndMap)
+{
+    journey.start();
+    const auto& queries = journey.program->state().queries;
+    const struct
+    {
+        ViewKind kind;
+        std::shared_ptr<const SQLObject> query;
+        const char* procedure;
+        const char* command;
+    } cases[] = {
+        {ViewKind::Documents, queries.documents, "showDocuments", "mnuViewDocuments"},
+        {ViewKind::Events, queries.events, "showEvents", "mnuViewEvents"},
+        {ViewKind::Organizations, queries.organizations, "showOrganizations", "mnuViewOrganizations"},
+    };
+    for (const auto& [kind, query, procedure, command] : cases) {
+        journey.trigger(command);
+        SQLObject broken = *query;
+        broken.WhereClause += u" AND NoSuchColumn = 1"_s;
+        messages().expectMessage(
+            u"%1 Error (1): no such column: NoSuchColumn"_s.arg(QLatin1StringView(procedure)));
+        journey.program->state().history.addView(
+            {kind, std::make_shared<const SQLObject>(broken), u"Broken"_s});
+        messages().finish();
+        EXPECT_EQ(journey.viewPanel(), u"Broken"_s);
+        EXPECT_EQ(journey.column(0), "") << procedure;
+    }
+    EXPECT_EQ(journey.find<MapView>("Map1").accessibleItemCount(), 0);
+    journey.trigger("mnuViewOrganizations");
+    EXPECT_EQ(journey.column(0), "Agency");
+    EXPECT_EQ(journey.find<MapView>("Map1").accessibleItemCount(), 1);
 }
 
 TEST_F(Faults, AReadOnlyFolderIsToldOfAtStartUpAndNothingOffersToChange)
 {
     journey.database.run("PRAGMA user_version");
-    QFile::link(journey.database.fileName(), journey.dataFolder() + QStringLiteral("test.sqlite"));
+    QFile::link(journey.database.fileName(), journey.dataFolder() + u"test.sqlite"_s);
     const std::string folder = journey.database.folder().toStdString();
     ASSERT_EQ(chmod(journey.database.fileName().toStdString().c_str(), 0666), 0);
     ASSERT_EQ(chmod(folder.c_str(), 0555), 0);
     {
         const AsPlainUser plainUser;
         messages().expectMessage(
-            QStringLiteral("Form_Load Error (8): The database can be read, but not changed: its folder is "
-                           "read-only. (%1)")
-                .arg(journey.database.folder()));
-        journey.start(QStringLiteral("test.sqlite"));
+            u"Form_Load Error (8): The database can be read, but not changed: its folder is "
+            "read-only. (%1)"_s.arg(journey.database.folder()));
+        journey.start(u"test.sqlite"_s);
         messages().finish();
-        choose("mnuViewEvents");
+        chooseFirst("mnuViewEvents");
         EXPECT_EQ(journey.column(0), "Flood");
         for (const char* command : {"mnuRecordAddNewEvent", "mnuRecordEdit", "mnuRecordDelete"}) {
             EXPECT_FALSE(isEnabled(command)) << command;
             EXPECT_TRUE(journey.find<QAction>(command).toolTip().endsWith(
-                QStringLiteral("\nThe database can be read, but not changed.")));
+                u"\nThe database can be read, but not changed."_s));
         }
         EXPECT_TRUE(isEnabled("mnuRecordView"));
-        inDialog(
-            "frmEvent", [this] { journey.trigger("mnuRecordView"); },
-            [](OpenDialog& dialog) {
-                EXPECT_FALSE(dialog.find<QPushButton>("cmdOK").isEnabled());
-                dialog.click("cmdCancel");
-            });
+        inEditor("mnuRecordView", [](OpenDialog& dialog) {
+            EXPECT_FALSE(dialog.find<QPushButton>("cmdOK").isEnabled());
+            dialog.click("cmdCancel");
+        });
     }
     ASSERT_EQ(chmod(folder.c_str(), 0755), 0);
-    choose("mnuViewEvents");
+    chooseFirst("mnuViewEvents");
     EXPECT_TRUE(isEnabled("mnuRecordEdit"));
 }
 
 TEST_F(Faults, AProgramFolderThatCannotBeMadeIsToldOfOnce)
 {
-    const QString root = journey.database.fileName() + QStringLiteral("/below/orvik");
-    messages().expectMessageBeginning(QStringLiteral("Sub Main Error ("));
+    const QString root = journey.database.fileName() + u"/below/orvik"_s;
+    messages().expectMessageBeginning(u"Sub Main Error ("_s);
     journey.program.emplace(journey.desktop.platform(), *journey.converter, ProgramFolder(root), QString());
     journey.program->Main();
     messages().finish();
     EXPECT_TRUE(journey.program->window()->isVisible());
-    messages().expectMessage(QStringLiteral("showDocuments Error (21): No database is open."));
+    messages().expectMessage(u"showDocuments Error (21): No database is open."_s);
     journey.trigger("mnuViewDocuments");
 }
 

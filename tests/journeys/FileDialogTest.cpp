@@ -1,13 +1,15 @@
 #include "Dialogs.h"
 #include "platform/DesktopFileDialogs.h"
+#include "support/TestFiles.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,16 +26,15 @@ bool isListed(OpenDialog& dialog, const char* name)
 TEST(FileDialog, ShowsTheTextsOfItsFilterAndFilesWithoutAPoint)
 {
     const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("README"));
-    ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));
+    const QString file = folder.filePath(u"README"_s);
+    writeFile(file);
     DesktopFileDialogs dialogs;
     const auto open = [&](const std::function<void(OpenDialog&)>& work) {
         QString chosen;
         inDialog(
             "QFileDialog",
             [&] {
-                chosen = dialogs.openFile(QStringLiteral("A File"),
-                                          QStringLiteral("All Files (*.*)| *.*|Pages (*.htm)|*.htm *.html"));
+                chosen = dialogs.openFile(u"A File"_s, u"All Files (*.*)| *.*|Pages (*.htm)|*.htm *.html"_s);
             },
             work);
         return chosen;
@@ -41,8 +42,8 @@ TEST(FileDialog, ShowsTheTextsOfItsFilterAndFilesWithoutAPoint)
     EXPECT_EQ(open([&](OpenDialog& dialog) {
                   EXPECT_EQ(dialog.title(), "A File");
                   const auto& types = dialog.find<QComboBox>("fileTypeCombo");
-                  EXPECT_EQ(types.itemText(0), QStringLiteral("All Files (*.*)"));
-                  EXPECT_EQ(types.itemText(1), QStringLiteral("Pages (*.htm)"));
+                  EXPECT_EQ(types.itemText(0), u"All Files (*.*)"_s);
+                  EXPECT_EQ(types.itemText(1), u"Pages (*.htm)"_s);
                   dialog.type("fileNameEdit", file);
                   dialog.press(Qt::Key_Return);
               }),

@@ -1,4 +1,5 @@
 #include "Journey.h"
+#include "support/TestFiles.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -7,9 +8,10 @@
 #include <QTest>
 #include <QTextBrowser>
 #include <QTimer>
-#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,13 +21,12 @@ class Help : public ::testing::Test
 protected:
     Help()
     {
-        QDir().mkpath(guideFolder());
         for (const char* name : {"index.html", "subjects.html", "records.html", "search.html"})
-            QFile(guideFolder() + QString::fromUtf8(name)).open(QIODevice::WriteOnly);
-        QFile(journey.database.folder() + QStringLiteral("/Kelmsett.chm")).open(QIODevice::WriteOnly);
+            writeFile(guideFolder() + QString::fromUtf8(name));
+        writeFile(journey.database.folder() + u"/Kelmsett.chm"_s);
     }
 
-    QString guideFolder() const { return journey.database.folder() + QStringLiteral("/help/"); }
+    QString guideFolder() const { return journey.database.folder() + u"/help/"_s; }
 
     /// What was opened since the last time, without the folder.
     std::string opened()
@@ -46,15 +47,15 @@ TEST_F(Help, EveryWayToTheGuideOpensIt)
     EXPECT_EQ(opened(), "Kelmsett.chm");
     QTest::keyClick(journey.program->window(), Qt::Key_F1);
     EXPECT_EQ(opened(), "Kelmsett.chm");
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("Home Page"));
+    EXPECT_EQ(journey.viewPanel(), u"Home Page"_s);
 
-    journey.desktop.shell.unknown = {QStringLiteral(".chm")};
+    journey.desktop.shell.unknown = {u".chm"_s};
     journey.trigger("mnuSearchForHelpOn");
     EXPECT_EQ(opened(), "Kelmsett.chm|help/subjects.html");
 
     QDir(guideFolder()).removeRecursively();
     journey.desktop.messages.expectMessageBeginning(
-        QStringLiteral("mnuHelpContents Error (8): No program of the desktop opens the user's guide. ("));
+        u"mnuHelpContents Error (8): No program of the desktop opens the user's guide. ("_s);
     journey.trigger("mnuHelpContents");
 }
 
@@ -82,15 +83,15 @@ TEST_F(Help, TheAboutBoxTellsOfTheProgramAndTheDatabase)
         "INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES (2, 'a', 'ACTIVE')");
     journey.start();
     QTimer::singleShot(0, [this] {
-        EXPECT_TRUE(journey.find<QLabel>("lblVersion").text().contains(QStringLiteral("Version 1.")));
-        EXPECT_TRUE(journey.find<QLabel>("lblDatabase")
-                        .text()
-                        .contains(journey.dataFolder() +
-                                  QStringLiteral("test.sqlite<br>1 document, 0 events, 0 organizations")));
+        EXPECT_TRUE(journey.find<QLabel>("lblVersion").text().contains(u"Version 1."_s));
+        EXPECT_TRUE(
+            journey.find<QLabel>("lblDatabase")
+                .text()
+                .contains(journey.dataFolder() + u"test.sqlite<br>1 document, 0 events, 0 organizations"_s));
         QTextBrowser& licences = journey.find<QTextBrowser>("txtLicences");
         for (const char* part : {"GPL-3.0-or-later", "Qt Charts", "SQLite", "Census Bureau", "CC BY 4.0"})
             EXPECT_TRUE(licences.toPlainText().contains(QString::fromUtf8(part))) << part;
-        Q_EMIT licences.anchorClicked(QUrl(QStringLiteral("https://www.sqlite.org/")));
+        Q_EMIT licences.anchorClicked(QUrl(u"https://www.sqlite.org/"_s));
         EXPECT_EQ(opened(), "https://www.sqlite.org/");
         QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
     });

@@ -1,10 +1,14 @@
 #include "Journey.h"
 
+#include "Dialogs.h"
+
 #include <QDir>
 #include <QMenu>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 DatabaseConverter::Result NoConverter::convert(const QString& source, const QString& /*target*/,
                                                bool /*replace*/)
@@ -15,7 +19,7 @@ DatabaseConverter::Result NoConverter::convert(const QString& source, const QStr
 
 Journey::Journey()
 {
-    QDir().mkpath(dataFolder() + QStringLiteral("documents"));
+    QDir().mkpath(dataFolder() + u"documents"_s);
     QDir().mkpath(mapsFolder());
     for (const char* name : {"states.shp", "states.shx", "states.dbf"})
         QFile::copy(QStringLiteral(ORVIK_MAPS "/") + QLatin1StringView(name),
@@ -24,7 +28,7 @@ Journey::Journey()
 
 void Journey::start(const QString& databaseName)
 {
-    if (databaseName == QStringLiteral("test.sqlite")) {
+    if (databaseName == u"test.sqlite"_s) {
         QFile::link(database.fileName(), dataFolder() + databaseName);
     }
     desktop.setDatabase(databaseName);
@@ -37,13 +41,9 @@ void Journey::start(const QString& databaseName)
 
 void Journey::addDocuments(int count)
 {
-    database.run(QStringLiteral(
-                     "WITH RECURSIVE n(i) AS (VALUES (100) UNION ALL SELECT i + 1 FROM n WHERE i < 99 + %1) "
-                     "INSERT INTO Document (DocumentID, DocumentName, dStatus) "
-                     "SELECT i, 'Document ' || i, 'ACTIVE' FROM n")
-                     .arg(count)
-                     .toUtf8()
-                     .constData());
+    database.run(u"WITH RECURSIVE n(i) AS (VALUES (100) UNION ALL SELECT i + 1 FROM n WHERE i < 99 + %1) "
+                 "INSERT INTO Document (DocumentID, DocumentName, dStatus) "
+                 "SELECT i, 'Document ' || i, 'ACTIVE' FROM n"_s.arg(count));
 }
 
 void Journey::select(const char* name)
@@ -54,6 +54,22 @@ void Journey::select(const char* name)
     if (found.isEmpty()) throw std::runtime_error(std::string("no such row: ") + name);
     list().scrollTo(found.front());
     QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, list().visualRect(found.front()).center());
+}
+
+std::string Journey::selected()
+{
+    QStringList names;
+    for (int row = 0; row < list().model()->rowCount(); ++row) {
+        const QModelIndex index = list().model()->index(row, 0);
+        if (list().selectionModel()->isSelected(index)) names << index.data().toString();
+    }
+    return names.join(u'|').toStdString();
+}
+
+void Journey::inDialog(const char* name, const char* command, const std::function<void(OpenDialog&)>& work)
+{
+    ::inDialog(
+        name, [&] { trigger(command); }, work);
 }
 
 void Journey::widenTimeline(int pixels)
@@ -72,6 +88,16 @@ std::string Journey::column(int column)
     for (int row = 0; row < model.rowCount(); ++row)
         texts << model.index(row, column).data().toString();
     return texts.join(u'|').toStdString();
+}
+
+QStringList Journey::dump()
+{
+    QStringList all;
+    const auto ask = [this](const QString& statement) { return database.ask(statement).split(u'\n'); };
+    for (const QString& table : ask(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table'")))
+        all << ask(QStringLiteral("SELECT quote('%1'), * FROM \"%1\"").arg(table));
+    all.removeAll(QString());
+    return all;
 }
 
 std::string Journey::historyMenu()

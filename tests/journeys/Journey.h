@@ -10,7 +10,10 @@
 #include <QLabel>
 #include <QTreeView>
 
+#include <functional>
 #include <optional>
+
+class OpenDialog;
 
 /// Fails the test that has a file converted.
 class NoConverter final : public DatabaseConverter
@@ -48,6 +51,12 @@ public:
     /// Clicks on the row whose first column shows that text.
     void select(const char* name);
 
+    /// The names of the selected rows in the order of the list, joined by `|`.
+    std::string selected();
+
+    /// Works in the dialog of that name that a command opens.
+    void inDialog(const char* name, const char* command, const std::function<void(OpenDialog&)>& work);
+
     /// Makes the window as wide as the picture of the timeline, which is shown, needs for that width.
     void widenTimeline(int pixels);
 
@@ -56,6 +65,12 @@ public:
 
     /// The captions of the History menu as it opens now, joined by `|`; the current one in brackets.
     std::string historyMenu();
+
+    /// What the database holds, one line a row, values joined by `|`.
+    std::string rows(const char* statement) { return database.ask(statement).toStdString(); }
+
+    /// Every row of every table, each after the name of its table.
+    QStringList dump();
 
     [[nodiscard]] QString dataFolder() const { return database.folder() + QStringLiteral("/data/"); }
 

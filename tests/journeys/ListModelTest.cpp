@@ -3,9 +3,6 @@
 #include "browse/list/RecordListView.h"
 
 #include <QAbstractItemModelTester>
-#include <QApplication>
-#include <QClipboard>
-#include <QMimeData>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -37,21 +34,6 @@ TEST(ListModel, KeepsItsPromisesWhileItFillsAndSorts)
     journey.trigger("mnuViewEvents");
     EXPECT_EQ(model.rowCount(), 0);
     EXPECT_FALSE(kept.isValid());
-}
-
-TEST(ListModel, CopiesRowsAsTextAndAsATable)
-{
-    Journey journey;
-    journey.database.run(
-        "INSERT INTO Event (EventID, EventName, StartDate, EndDate, Status) VALUES "
-        "(2, 'A <b> & c', '1927-04-01', '1927-04-01', 'ACTIVE'), (3, 'Z', NULL, NULL, 'ACTIVE')");
-    journey.start();
-    journey.trigger("mnuViewEvents");
-    journey.list().selectAll();
-    journey.trigger("mnuRecordCopy");
-    const QMimeData* copied = QApplication::clipboard()->mimeData();
-    EXPECT_EQ(copied->text().toStdString(), "Z\t\t\nA <b> & c\t\t04/01/27\n");
-    EXPECT_TRUE(copied->html().contains(QStringLiteral("<td>A &lt;b&gt; &amp; c</td>")));
 }
 
 } // namespace

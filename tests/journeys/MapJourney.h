@@ -38,17 +38,6 @@ protected:
         QTest::mouseClick(&map(), button, {}, map().positionOf(entry(place)).toPoint());
     }
 
-    /// The names of the selected rows, in the list's order.
-    std::string selected()
-    {
-        QStringList names;
-        for (int row = 0; row < journey.list().model()->rowCount(); ++row) {
-            const QModelIndex index = journey.list().model()->index(row, 0);
-            if (journey.list().selectionModel()->isSelected(index)) names << index.data().toString();
-        }
-        return names.join(u'|').toStdString();
-    }
-
     std::string menuTexts()
     {
         QStringList texts;

@@ -1,6 +1,5 @@
 #include "MapJourney.h"
 #include "map/MapProjection.h"
-#include "platform/StdREG.h"
 
 #include <QAccessible>
 #include <QContextMenuEvent>
@@ -14,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 TEST_F(MapJourney, MarkersAndRowsChooseEachOther)
@@ -23,24 +24,24 @@ TEST_F(MapJourney, MarkersAndRowsChooseEachOther)
     EXPECT_EQ(journey.column(0), "Alpha <b>|Beta|Delta|Epsilon|Eta|Gamma|Zeta");
 
     click(Qt::LeftButton, "Dallas, TX: Law");
-    EXPECT_EQ(selected(), "Delta");
+    EXPECT_EQ(journey.selected(), "Delta");
     EXPECT_EQ(map().ringed(), entry("Dallas, TX: Law"));
 
     // of the two markers in Austin, the one drawn last is on top
     click(Qt::LeftButton, "Austin, TX: Relief");
-    EXPECT_EQ(selected(), "Gamma");
+    EXPECT_EQ(journey.selected(), "Gamma");
     EXPECT_EQ(map().ringed(), entry("Austin, TX: Fire & Rescue"));
 
-    QTest::keyClicks(&journey.list(), QStringLiteral("beta"));
+    QTest::keyClicks(&journey.list(), u"beta"_s);
     EXPECT_EQ(map().ringed(), entry("Austin, TX: Relief"));
     map().setFocus();
     QTest::keyClick(&map(), Qt::Key_Return);
-    EXPECT_EQ(selected(), "Alpha <b>|Beta");
+    EXPECT_EQ(journey.selected(), "Alpha <b>|Beta");
 
     QTest::keyClick(&journey.list(), Qt::Key_End);
     EXPECT_EQ(map().ringed(), std::nullopt) << "it is not on the map";
     EXPECT_EQ(map().describe(entry("Austin, TX: Relief")),
-              QStringLiteral("<b>Austin, TX</b><br>Alpha &lt;b&gt;<br>Beta<br>Gamma"));
+              u"<b>Austin, TX</b><br>Alpha &lt;b&gt;<br>Beta<br>Gamma"_s);
     auto& legend = journey.find<QListWidget>("MapLegend");
     EXPECT_EQ(legend.count(), 3);
     EXPECT_EQ(legend.verticalScrollBar()->maximum(), 0) << "it shows all of its lines";
@@ -51,7 +52,7 @@ TEST_F(MapJourney, MarkersAndRowsChooseEachOther)
     QTest::mouseClick(&map(), Qt::LeftButton, {}, map().positionOf(entry("Reno, NV: Law")).toPoint());
     for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Down})
         QTest::keyClick(&journey.list(), key);
-    EXPECT_EQ(selected(), "Delta");
+    EXPECT_EQ(journey.selected(), "Delta");
     const QPoint dallas = map().positionOf(entry("Dallas, TX: Law")).toPoint();
     EXPECT_TRUE(map().rect().contains(dallas)) << "the map goes to a place out of sight";
 }
@@ -64,20 +65,20 @@ TEST_F(MapJourney, TheMenuNarrowsToACityOrAState)
     EXPECT_TRUE(journey.find<QMenu>("popOrgTab").isVisible());
     journey.find<QMenu>("popOrgTab").close();
     journey.trigger("popOrgTabShowOnlyState");
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View Only TX Organizations"));
+    EXPECT_EQ(journey.viewPanel(), u"View Only TX Organizations"_s);
     EXPECT_EQ(journey.column(0), "Alpha <b>|Beta|Delta|Gamma");
     EXPECT_EQ(map().accessibleItemCount(), 3);
 
     map().setFocus();
     QTest::keyClick(&map(), Qt::Key_PageDown);
     EXPECT_EQ(map().ringed(), entry("Austin, TX: Fire & Rescue"));
-    EXPECT_EQ(QToolTip::text(), QStringLiteral("Austin, TX: Fire & Rescue"));
+    EXPECT_EQ(QToolTip::text(), u"Austin, TX: Fire & Rescue"_s);
     QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QApplication::sendEvent(&map(), &menuKey);
     EXPECT_EQ(menuTexts(), "Show Only Austin, TX Organizations|Show Only TX Organizations");
     journey.find<QMenu>("popOrgTab").close();
     journey.trigger("popOrgTabShowOnlyCity");
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View Only Austin, TX Organizations"));
+    EXPECT_EQ(journey.viewPanel(), u"View Only Austin, TX Organizations"_s);
     EXPECT_EQ(journey.column(0), "Alpha <b>|Beta|Gamma");
 
     journey.trigger("mnuNavigateBack");
@@ -113,9 +114,9 @@ TEST_F(MapJourney, AnApostropheIsReportedAndTheViewStays)
     show();
     click(Qt::RightButton, "O'Fallon, MO: Law");
     journey.find<QMenu>("popOrgTab").close();
-    journey.desktop.messages.expectMessageBeginning(QStringLiteral("popOrgTabShowOnlyCity Error ("));
+    journey.desktop.messages.expectMessageBeginning(u"popOrgTabShowOnlyCity Error ("_s);
     journey.trigger("popOrgTabShowOnlyCity");
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Organizations"));
+    EXPECT_EQ(journey.viewPanel(), u"View ALL Organizations"_s);
     EXPECT_EQ(journey.program->state().history.count(), 2u);
 }
 
@@ -150,7 +151,7 @@ TEST_F(MapJourney, ToolsKeysAndWheelZoomAndMove)
     QTest::mouseMove(&map(), QPoint(150, 110));
     QTest::mouseRelease(&map(), Qt::LeftButton, {}, QPoint(150, 110));
     EXPECT_NEAR((before.x() - map().extent().centre().x()) / map().extent().scale(), 50, 1e-6);
-    EXPECT_EQ(selected(), "") << "a drag chooses nothing";
+    EXPECT_EQ(journey.selected(), "") << "a drag chooses nothing";
 
     for (const auto& [key, way] : {std::pair(Qt::Key_Left, QPointF(-1, 0)),
                                    {Qt::Key_Right, QPointF(1, 0)},
@@ -183,7 +184,7 @@ TEST_F(MapJourney, AnotherViewBringsItsPlacesIntoSight)
     const double first = map().markerScale();
     const auto showOnly = [this](const char* state) {
         SQLObject query = *journey.program->state().queries.organizations;
-        query.WhereClause += QStringLiteral(" AND State LIKE '%1'").arg(QLatin1StringView(state));
+        query.WhereClause += u" AND State LIKE '%1'"_s.arg(QLatin1StringView(state));
         journey.program->state().history.addView(
             {ViewKind::Organizations, std::make_shared<const SQLObject>(query), QLatin1StringView(state)});
     };
@@ -235,11 +236,11 @@ TEST_F(MapJourney, PlacesAreItemsForAssistiveTools)
     QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&map());
     ASSERT_NE(list, nullptr);
     EXPECT_EQ(list->role(), QAccessible::List);
-    EXPECT_EQ(list->text(QAccessible::Name), QStringLiteral("Map of the organizations"));
+    EXPECT_EQ(list->text(QAccessible::Name), u"Map of the organizations"_s);
     ASSERT_EQ(list->childCount(), 5);
     const auto item = static_cast<int>(entry("Reno, NV: Law"));
     QAccessibleInterface* place = list->child(item);
-    EXPECT_EQ(place->text(QAccessible::Name), QStringLiteral("Reno, NV: Law"));
+    EXPECT_EQ(place->text(QAccessible::Name), u"Reno, NV: Law"_s);
     EXPECT_EQ(place->parent(), list);
     EXPECT_EQ(list->indexOfChild(place), item);
     EXPECT_EQ(list->childAt(place->rect().center().x(), place->rect().center().y()), place);
@@ -249,9 +250,8 @@ TEST_F(MapJourney, PlacesAreItemsForAssistiveTools)
         "SELECT i, 'Org ' || i, 4, 'Reno', 'NV', 'ACTIVE' FROM n");
     journey.trigger("mnuViewRefresh");
     const QString reno = map().describe(entry("Reno, NV: Law"));
-    EXPECT_TRUE(reno.startsWith(QStringLiteral("<b>Reno, NV</b><br>Epsilon<br>Org 50<br>")))
-        << reno.toStdString();
-    EXPECT_TRUE(reno.endsWith(QStringLiteral("<br>Org 60<br>and 2 more"))) << reno.toStdString();
+    EXPECT_TRUE(reno.startsWith(u"<b>Reno, NV</b><br>Epsilon<br>Org 50<br>"_s)) << reno.toStdString();
+    EXPECT_TRUE(reno.endsWith(u"<br>Org 60<br>and 2 more"_s)) << reno.toStdString();
 
     journey.database.run("UPDATE Organization SET Status = 'DELETED'");
     journey.trigger("mnuViewRefresh");
@@ -274,8 +274,7 @@ TEST_F(MapJourney, TheGraphicStaysWhereItWasPut)
     QApplication::processEvents();
     journey.find<QSplitter>("splitter").setSizes({100, 300});
     journey.trigger("mnuNavigateHome");
-    journey.desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to exit?"), true,
-                                            Question::Loss);
+    journey.desktop.messages.expectQuestion(u"Are you sure you want to exit?"_s, true, Question::Loss);
     journey.program->window()->close();
 
     journey.start();

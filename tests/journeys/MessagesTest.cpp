@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 TEST(Messages, WhatLosesSomethingIsNotWhatReturnMeans)
@@ -24,7 +26,7 @@ TEST(Messages, WhatLosesSomethingIsNotWhatReturnMeans)
     const auto ask = [&](Question about, const std::function<void(QMessageBox&)>& work) {
         bool answer = false;
         inDialog(
-            "", [&] { answer = messages.ask(QStringLiteral("<b>Sure?</b>"), about); },
+            "", [&] { answer = messages.ask(u"<b>Sure?</b>"_s, about); },
             [&](OpenDialog& dialog) { work(static_cast<QMessageBox&>(dialog.dialog())); });
         return answer;
     };

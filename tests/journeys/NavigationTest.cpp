@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString topRow(Journey& journey)
@@ -23,18 +25,18 @@ TEST(Navigation, AViewComesBackWithItsRowAndWhereItWasScrolled)
     journey.addDocuments(300);
     journey.start();
     journey.trigger("mnuViewDocuments");
-    QTest::keyClicks(&journey.list(), QStringLiteral("document 250"));
+    QTest::keyClicks(&journey.list(), u"document 250"_s);
     const QModelIndex row = journey.list().currentIndex();
     journey.list().scrollTo(journey.list().model()->index(row.row() - 3, 0), QTreeView::PositionAtTop);
-    ASSERT_EQ(topRow(journey), QStringLiteral("Document 247"));
+    ASSERT_EQ(topRow(journey), u"Document 247"_s);
 
     const auto expectSamePlace = [&journey] {
-        EXPECT_EQ(topRow(journey), QStringLiteral("Document 247"));
+        EXPECT_EQ(topRow(journey), u"Document 247"_s);
         ASSERT_EQ(journey.list().selectionModel()->selectedRows().size(), 1);
-        EXPECT_EQ(journey.list().currentIndex().data().toString(), QStringLiteral("Document 250"));
+        EXPECT_EQ(journey.list().currentIndex().data().toString(), u"Document 250"_s);
     };
     journey.trigger("mnuViewDocuments");
-    EXPECT_EQ(topRow(journey), QStringLiteral("Document 100")) << "a new view begins at its top";
+    EXPECT_EQ(topRow(journey), u"Document 100"_s) << "a new view begins at its top";
     journey.trigger("mnuNavigateBack");
     expectSamePlace();
     journey.trigger("mnuViewRefresh");
@@ -59,17 +61,17 @@ TEST(Navigation, TheMouseHasButtonsForBackAndForward)
     journey.trigger("mnuViewEvents");
     QWidget* list = journey.list().viewport();
     QTest::mouseClick(list, Qt::BackButton);
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Documents"));
+    EXPECT_EQ(journey.viewPanel(), u"View ALL Documents"_s);
     EXPECT_TRUE(journey.list().selectionModel()->selection().isEmpty()) << "the press selects nothing";
     QTest::mouseDClick(list, Qt::BackButton); // as the second of two quick presses arrives
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("Home Page"));
+    EXPECT_EQ(journey.viewPanel(), u"Home Page"_s);
     QTest::mouseClick(&journey.find<QWidget>("pnlHome"), Qt::BackButton);
     EXPECT_EQ(journey.desktop.messages.beeps, 1);
     QTest::mouseClick(&journey.find<QWidget>("pnlHome"), Qt::ForwardButton);
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Documents"));
+    EXPECT_EQ(journey.viewPanel(), u"View ALL Documents"_s);
     QMenu& menu = journey.find<QMenu>("mnuView");
     QTest::mouseClick(&menu, Qt::BackButton);
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Documents")) << "not through another window";
+    EXPECT_EQ(journey.viewPanel(), u"View ALL Documents"_s) << "not through another window";
 }
 
 /// What a button of the toolbar drops down.
@@ -93,11 +95,11 @@ TEST(Navigation, TheToolbarDropsDownWhatLiesBeforeAndAfter)
     EXPECT_EQ(dropDown(journey, "mnuNavigateBack"), "(There is no other view.)");
     journey.trigger("mnuViewDocuments");
     journey.program->state().history.addView(
-        {ViewKind::Documents, journey.program->state().queries.documents, QStringLiteral("A & B")});
+        {ViewKind::Documents, journey.program->state().queries.documents, u"A & B"_s});
     journey.trigger("mnuViewEvents");
     EXPECT_EQ(dropDown(journey, "mnuNavigateBack"), "A && B|View ALL Documents|Home Page");
     journey.find<QMenu>("mnuNavigateBackViews").actions().at(1)->trigger();
-    EXPECT_EQ(journey.viewPanel(), QStringLiteral("View ALL Documents"));
+    EXPECT_EQ(journey.viewPanel(), u"View ALL Documents"_s);
     EXPECT_EQ(dropDown(journey, "mnuNavigateBack"), "Home Page");
     EXPECT_EQ(dropDown(journey, "mnuNavigateForward"), "A && B|View ALL Events");
     EXPECT_EQ(journey.program->state().history.count(), 4u) << "going there adds nothing";
@@ -153,8 +155,7 @@ TEST(Navigation, TheWindowAndItsColumnsAreAsTheyWere)
             journey.list().setColumnWidth(column, 60);
         EXPECT_EQ(journey.list().header()->length(), journey.list().viewport()->width());
         journey.program->window()->setGeometry(3, 70, 790, 520);
-        journey.desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to exit?"), true,
-                                                Question::Loss);
+        journey.desktop.messages.expectQuestion(u"Are you sure you want to exit?"_s, true, Question::Loss);
         journey.trigger("mnuNavigateExit");
         kept = journey.desktop.settings;
     }
@@ -168,7 +169,7 @@ TEST(Navigation, TheWindowAndItsColumnsAreAsTheyWere)
     journey.trigger("mnuViewDocuments");
     EXPECT_EQ(journey.list().columnWidth(0), 317);
 
-    // what a column took of the room beside it is nobody's choice
+    // the width that a column took from the room beside it is not kept
     const auto widthOfLast = [&journey] {
         journey.list().setColumnWidth(0, 2000);
         return journey.list().columnWidth(journey.list().model()->columnCount() - 1);
@@ -184,8 +185,8 @@ TEST(Navigation, TheHistoryMenuScrollsWithinTheScreen)
     Journey journey;
     journey.start();
     for (int i = 0; i < 60; ++i) {
-        journey.program->state().history.addView({ViewKind::Home, std::make_shared<const SQLObject>(),
-                                                  QStringLiteral("A view of a long name ").repeated(9)});
+        journey.program->state().history.addView(
+            {ViewKind::Home, std::make_shared<const SQLObject>(), u"A view of a long name "_s.repeated(9)});
     }
     (void)journey.historyMenu();
     QMenu& menu = journey.find<QMenu>("mnuHistory");
@@ -212,7 +213,7 @@ TEST(Navigation, AWindowOfAnotherScreenComesWholeToThisOne)
                              Case{"10 10 9000 7000", false}, Case{"2000 10 600 500 maximized", true}}) {
         Journey journey;
         StdREG(journey.desktop.settings)
-            .WriteRegString(QStringLiteral("Window"), QStringLiteral("Place"), QString::fromUtf8(each.saved));
+            .WriteRegString(u"Window"_s, u"Place"_s, QString::fromUtf8(each.saved));
         journey.start();
         const QRect place = journey.program->window()->geometry();
         EXPECT_TRUE(room.contains(place)) << each.saved << ": " << place.x() << ' ' << place.y() << ' '
@@ -222,11 +223,9 @@ TEST(Navigation, AWindowOfAnotherScreenComesWholeToThisOne)
     for (const char* nonsense : {"", "a b c d", "1 2", "1 2 -3 -4", "99999999999 1 2 3",
                                  "2147483647 2147483647 2147483647 2147483647"}) {
         Journey journey;
+        StdREG(journey.desktop.settings).WriteRegString(u"Window"_s, u"Place"_s, QString::fromUtf8(nonsense));
         StdREG(journey.desktop.settings)
-            .WriteRegString(QStringLiteral("Window"), QStringLiteral("Place"), QString::fromUtf8(nonsense));
-        StdREG(journey.desktop.settings)
-            .WriteRegString(QStringLiteral("Window"), QStringLiteral("Columns0"),
-                            QString::fromUtf8(nonsense));
+            .WriteRegString(u"Window"_s, u"Columns0"_s, QString::fromUtf8(nonsense));
         journey.start();
         EXPECT_GE(journey.program->window()->width(), 200) << nonsense;
         journey.trigger("mnuViewDocuments");

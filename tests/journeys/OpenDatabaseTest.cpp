@@ -5,7 +5,6 @@
 #include "support/TestFiles.h"
 
 #include <QApplication>
-#include <QDateTime>
 #include <QPushButton>
 #include <QTimer>
 

@@ -1,14 +1,15 @@
 #include "Journey.h"
 #include "browse/list/RecordListModel.h"
+#include "support/TestFiles.h"
 
 #include <QClipboard>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QMimeData>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -18,22 +19,18 @@ protected:
     OpenFilesJourney()
     {
         journey.database.runFile("journeys/rows/OpenFiles.sql");
-        put(QStringLiteral("/data/documents/2.pdf"));
-        put(QStringLiteral("/data/orgcharts/2.png"));
-        put(QStringLiteral("/disc/OrvikDB/data/documents/3.pdf"));
-        put(QStringLiteral("/photos/OrvikDB/data/documents/4.jpg"));
+        put(u"/data/documents/2.pdf"_s);
+        put(u"/data/orgcharts/2.png"_s);
+        put(u"/disc/OrvikDB/data/documents/3.pdf"_s);
+        put(u"/photos/OrvikDB/data/documents/4.jpg"_s);
         journey.start();
     }
 
-    void put(const QString& path) const
-    {
-        QDir().mkpath(QFileInfo(root() + path).path());
-        ASSERT_TRUE(QFile(root() + path).open(QIODevice::WriteOnly));
-    }
+    void put(const QString& path) const { writeFile(root() + path); }
 
     [[nodiscard]] QString root() const { return journey.database.folder(); }
 
-    /// Opens the record of that name, and gives what the desktop was asked to open.
+    /// Opens the record of that name, and returns what the desktop was asked to open.
     std::string open(const char* name)
     {
         journey.select(name);
@@ -64,25 +61,23 @@ TEST_F(OpenFilesJourney, OpensADocumentWhereverItLies)
     auto& desktop = journey.desktop;
     journey.trigger("mnuViewDocuments");
     EXPECT_EQ(open("Local"), "/data/documents/2.pdf");
-    const QString noDisc = QStringLiteral("Unable to find the Orvik CD. Please insert the CDROM.");
+    const QString noDisc = u"Unable to find the Orvik CD. Please insert the CDROM."_s;
     desktop.messages.expectMessage(noDisc);
     EXPECT_EQ(open("On disc"), "");
-    desktop.volumes.volumes = {{QStringLiteral("Orvik"), root() + QStringLiteral("/disc")}};
+    desktop.volumes.volumes = {{u"Orvik"_s, root() + u"/disc"_s}};
     EXPECT_EQ(open("On disc"), "/disc/OrvikDB/data/documents/3.pdf");
-    desktop.messages.expectMessage(
-        QStringLiteral("Unable to find the Orvik_Photos CD. Please insert the CDROM."));
+    desktop.messages.expectMessage(u"Unable to find the Orvik_Photos CD. Please insert the CDROM."_s);
     EXPECT_EQ(open("Photo"), "");
-    desktop.volumes.volumes.push_back({QStringLiteral("Orvik_Photos"), root() + QStringLiteral("/photos")});
+    desktop.volumes.volumes.push_back({u"Orvik_Photos"_s, root() + u"/photos"_s});
     EXPECT_EQ(open("Photo"), "/photos/OrvikDB/data/documents/4.jpg");
-    desktop.messages.expectMessage(QStringLiteral("Copyright permissions not granted."));
+    desktop.messages.expectMessage(u"Copyright permissions not granted."_s);
     EXPECT_EQ(open("Secret"), "");
-    desktop.messages.expectMessage(
-        QStringLiteral("File not found: %1/data/documents/../../6.pdf").arg(root()));
+    desktop.messages.expectMessage(u"File not found: %1/data/documents/../../6.pdf"_s.arg(root()));
     EXPECT_EQ(open("Way out"), "");
 
     // a row's icon says what opening it will find
-    put(QStringLiteral("/data/documents/Plan: 7.pdf"));
-    put(QStringLiteral("/data/documents/plan\\8.pdf"));
+    put(u"/data/documents/Plan: 7.pdf"_s);
+    put(u"/data/documents/plan\\8.pdf"_s);
     journey.database.run(
         "INSERT INTO Document (DocumentID, DocumentName, FileTypeID, ReleaseForm, FileLocation, dStatus) "
         "VALUES "
@@ -91,13 +86,12 @@ TEST_F(OpenFilesJourney, OpensADocumentWhereverItLies)
     EXPECT_EQ(icon("Colon"), "d2");
     EXPECT_EQ(open("Colon"), "/data/documents/Plan: 7.pdf");
     EXPECT_EQ(icon("No name"), "d2cd");
-    desktop.messages.expectMessage(
-        QStringLiteral("File not found: %1/data/documents/plan\\8.pdf").arg(root()));
+    desktop.messages.expectMessage(u"File not found: %1/data/documents/plan\\8.pdf"_s.arg(root()));
     EXPECT_EQ(open("No name"), "");
 
     // the row was seen while the file was there
-    QFile::remove(root() + QStringLiteral("/data/documents/2.pdf"));
-    desktop.messages.expectMessage(QStringLiteral("File not found: %1/data/documents/2.pdf").arg(root()));
+    QFile::remove(root() + u"/data/documents/2.pdf"_s);
+    desktop.messages.expectMessage(u"File not found: %1/data/documents/2.pdf"_s.arg(root()));
     EXPECT_EQ(open("Local"), "");
 }
 
@@ -105,8 +99,7 @@ TEST_F(OpenFilesJourney, OpensAChartOrSaysThatThereIsNone)
 {
     journey.trigger("mnuViewOrganizations");
     EXPECT_EQ(open("Charted"), "/data/orgcharts/2.png");
-    journey.desktop.messages.expectMessage(
-        QStringLiteral("No chart currently associated with this organization."));
+    journey.desktop.messages.expectMessage(u"No chart currently associated with this organization."_s);
     EXPECT_EQ(open("Plain"), "");
 }
 
@@ -115,12 +108,10 @@ TEST_F(OpenFilesJourney, OpensSeveralAndTellsWhatCouldNotBeOpenedOnce)
     auto& desktop = journey.desktop;
     journey.trigger("mnuViewDocuments");
     journey.list().selectAll();
-    desktop.messages.expectMessage(
-        QStringLiteral("Unable to find the Orvik CD. Please insert the CDROM.\n"
-                       "Unable to find the Orvik_Photos CD. Please insert the CDROM.\n"
-                       "Copyright permissions not granted.\n"
-                       "File not found: %1/data/documents/../../6.pdf")
-            .arg(root()));
+    desktop.messages.expectMessage(u"Unable to find the Orvik CD. Please insert the CDROM.\n"
+                                   "Unable to find the Orvik_Photos CD. Please insert the CDROM.\n"
+                                   "Copyright permissions not granted.\n"
+                                   "File not found: %1/data/documents/../../6.pdf"_s.arg(root()));
     journey.trigger("mnuRecordOpen");
     EXPECT_EQ(opened(), "/data/documents/2.pdf");
 
@@ -129,16 +120,14 @@ TEST_F(OpenFilesJourney, OpensSeveralAndTellsWhatCouldNotBeOpenedOnce)
                          "FileLocation, dStatus) VALUES (7, 'Also on disc', 2, 1, '7.pdf', 'ACTIVE')");
     journey.trigger("mnuViewRefresh");
     journey.list().selectAll();
-    desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to open 6 documents?"), false);
+    desktop.messages.expectQuestion(u"Are you sure you want to open 6 documents?"_s, false);
     journey.trigger("mnuRecordOpen");
     EXPECT_EQ(opened(), "");
-    desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to open 6 documents?"), true);
-    desktop.messages.expectMessage(
-        QStringLiteral("Unable to find the Orvik CD. Please insert the CDROM.\n"
-                       "Unable to find the Orvik_Photos CD. Please insert the CDROM.\n"
-                       "Copyright permissions not granted.\n"
-                       "File not found: %1/data/documents/../../6.pdf")
-            .arg(root()));
+    desktop.messages.expectQuestion(u"Are you sure you want to open 6 documents?"_s, true);
+    desktop.messages.expectMessage(u"Unable to find the Orvik CD. Please insert the CDROM.\n"
+                                   "Unable to find the Orvik_Photos CD. Please insert the CDROM.\n"
+                                   "Copyright permissions not granted.\n"
+                                   "File not found: %1/data/documents/../../6.pdf"_s.arg(root()));
     journey.trigger("mnuRecordOpen");
     EXPECT_EQ(opened(), "/data/documents/2.pdf");
 }
@@ -148,35 +137,30 @@ TEST_F(OpenFilesJourney, TellsOfTenFilesAtMost)
     journey.database.run("UPDATE Document SET dStatus = 'DELETED'");
     QStringList lines;
     for (int id = 20; id < 32; ++id) {
-        journey.database.run(QStringLiteral("INSERT INTO Document (DocumentID, DocumentName, ReleaseForm, "
-                                            "FileLocation, dStatus) VALUES (%1, %1, 1, '../%1', 'ACTIVE')")
-                                 .arg(id)
-                                 .toUtf8()
-                                 .constData());
-        if (lines.size() < 10)
-            lines << QStringLiteral("File not found: %1/data/documents/../%2").arg(root()).arg(id);
+        journey.database.run(u"INSERT INTO Document (DocumentID, DocumentName, ReleaseForm, "
+                             "FileLocation, dStatus) VALUES (%1, %1, 1, '../%1', 'ACTIVE')"_s.arg(id));
+        if (lines.size() < 10) lines << u"File not found: %1/data/documents/../%2"_s.arg(root()).arg(id);
     }
     journey.trigger("mnuViewDocuments");
     journey.list().selectAll();
-    journey.desktop.messages.expectQuestion(QStringLiteral("Are you sure you want to open 12 documents?"),
-                                            true);
-    journey.desktop.messages.expectMessage(lines.join(u'\n') + QStringLiteral("\n… and 2 more."));
+    journey.desktop.messages.expectQuestion(u"Are you sure you want to open 12 documents?"_s, true);
+    journey.desktop.messages.expectMessage(lines.join(u'\n') + u"\n… and 2 more."_s);
     journey.trigger("mnuRecordOpen");
 }
 
 TEST_F(OpenFilesJourney, CopiesTheSelectedRowsAsTextAndAsATable)
 {
-    journey.database.run("UPDATE Document SET Author = 'Smith & ' || char(9) || 'Sons' || char(10) || 'Ltd' "
-                         "WHERE DocumentID = 2");
+    journey.database.run(
+        "UPDATE Document SET Author = 'Smith & <b> ' || char(9) || 'Sons' || char(10) || 'Ltd' "
+        "WHERE DocumentID = 2");
     journey.trigger("mnuViewDocuments");
     journey.list().selectAll();
     QTest::keyClick(&journey.list(), Qt::Key_C, Qt::ControlModifier);
     const QMimeData& copied = *QApplication::clipboard()->mimeData();
     EXPECT_EQ(copied.text().section(u'\n', 0, 1).toStdString(),
-              "Local\t\tSmith &  Sons Ltd\t\tPDF\t\nOn disc\t\t\t\tPDF\t");
+              "Local\t\tSmith & <b>  Sons Ltd\t\tPDF\t\nOn disc\t\t\t\tPDF\t");
     EXPECT_EQ(copied.text().count(u'\n'), 5);
-    EXPECT_TRUE(
-        copied.html().contains(QStringLiteral("<tr><td>Local</td><td></td><td>Smith &amp;  Sons Ltd")))
+    EXPECT_TRUE(copied.html().contains(u"<tr><td>Local</td><td></td><td>Smith &amp; &lt;b&gt;  Sons Ltd"_s))
         << copied.html().toStdString();
 }
 

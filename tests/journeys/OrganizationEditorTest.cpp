@@ -1,5 +1,5 @@
-#include "Dialogs.h"
-#include "Journey.h"
+#include "EditorJourney.h"
+#include "support/TestFiles.h"
 
 #include <QComboBox>
 #include <QFile>
@@ -9,55 +9,30 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A journey with one organization that has a profile, showing the organizations.
-class OrganizationEditor : public ::testing::Test
+class OrganizationEditor : public EditorJourney
 {
 protected:
-    OrganizationEditor()
+    OrganizationEditor() : EditorJourney("frmOrganization", "journeys/rows/OrganizationEditor.sql")
     {
-        TestDatabase& database = journey.database;
-        database.runFile("journeys/rows/OrganizationEditor.sql");
-        QDir().mkpath(journey.dataFolder() + QStringLiteral("orgcharts"));
-        write(storedChart, "old chart");
-        journey.start();
-        journey.trigger("mnuViewOrganizations");
+        writeFile(storedChart, "old chart");
+        start("mnuViewOrganizations");
     }
 
-    static void write(const QString& name, const char* content)
-    {
-        QFile file(name);
-        file.open(QIODevice::WriteOnly);
-        file.write(content);
-    }
-
-    void inEditor(const char* command, const std::function<void(OpenDialog&)>& work)
-    {
-        inDialog(
-            "frmOrganization", [&] { journey.trigger(command); }, work);
-    }
-
-    void editFirst(const std::function<void(OpenDialog&)>& work)
-    {
-        journey.list().setCurrentIndex(journey.list().model()->index(0, 0));
-        inEditor("mnuRecordEdit", work);
-    }
-
-    std::string rows(const char* statement) { return journey.database.ask(statement).toStdString(); }
-    ScriptedMessages& messages() { return journey.desktop.messages; }
-
-    Journey journey;
-    QString storedChart = journey.dataFolder() + QStringLiteral("orgcharts/2.pdf");
+    QString storedChart = journey.dataFolder() + u"orgcharts/2.pdf"_s;
 };
 
 TEST_F(OrganizationEditor, AddsARecordWithItsProfile)
 {
-    const QString chart = journey.database.folder() + QStringLiteral("/chart.png");
-    write(chart, "chart");
-    messages().expectMessage(QStringLiteral("Organization name is required."));
+    const QString chart = journey.database.folder() + u"/chart.png"_s;
+    writeFile(chart, "chart");
+    messages().expectMessage(u"Organization name is required."_s);
     messages().expectMessage(
-        QStringLiteral("Organization with identical name already exists. Please choose a different name."));
+        u"Organization with identical name already exists. Please choose a different name."_s);
     journey.desktop.fileDialogs.files = {chart};
     inEditor("mnuRecordAddNewOrganization", [&](OpenDialog& dialog) {
         EXPECT_EQ(dialog.title(), "Add a New Organization");
@@ -67,12 +42,12 @@ TEST_F(OrganizationEditor, AddsARecordWithItsProfile)
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.find<QTabWidget>("tabOrganization").currentIndex(), 0) << "where the name is";
         EXPECT_EQ(dialog.focus(), "txtOrganizationName");
-        dialog.type("txtOrganizationName", QStringLiteral("ferry service"));
+        dialog.type("txtOrganizationName", u"ferry service"_s);
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.focus(), "txtOrganizationName");
-        dialog.type("txtOrganizationName", QStringLiteral("Bridge Office"));
-        dialog.choose("cmbOrgTypes", QStringLiteral("State"));
-        EXPECT_EQ(dialog.find<QComboBox>("cmbOrgSubTypes").itemText(1), QStringLiteral("Zoo"))
+        dialog.type("txtOrganizationName", u"Bridge Office"_s);
+        dialog.choose("cmbOrgTypes", u"State"_s);
+        EXPECT_EQ(dialog.find<QComboBox>("cmbOrgSubTypes").itemText(1), u"Zoo"_s)
             << "by identifier, not by name";
         dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
         dialog.click("cmdUploadOrgChart");
@@ -80,7 +55,7 @@ TEST_F(OrganizationEditor, AddsARecordWithItsProfile)
         EXPECT_FALSE(dialog.find<QWidget>("fraChartWarning").isVisible());
         dialog.click("cmdOK");
     });
-    EXPECT_TRUE(QFile::exists(journey.dataFolder() + QStringLiteral("orgcharts/3.png")));
+    EXPECT_TRUE(QFile::exists(journey.dataFolder() + u"orgcharts/3.png"_s));
     EXPECT_EQ(journey.column(0), "Bridge Office|Ferry Service");
 }
 
@@ -89,10 +64,10 @@ TEST_F(OrganizationEditor, RefillsTheSubTypesOfAnotherType)
     editFirst([&](OpenDialog& dialog) {
         auto& subTypes = dialog.find<QComboBox>("cmbOrgSubTypes");
         EXPECT_EQ(dialog.text("cmbOrgSubTypes"), "Police");
-        dialog.choose("cmbOrgTypes", QStringLiteral("Private"));
+        dialog.choose("cmbOrgTypes", u"Private"_s);
         EXPECT_EQ(subTypes.count(), 1);
         EXPECT_EQ(dialog.text("cmbOrgSubTypes"), "None");
-        dialog.choose("cmbOrgTypes", QStringLiteral("State"));
+        dialog.choose("cmbOrgTypes", u"State"_s);
         EXPECT_EQ(subTypes.count(), 3);
         EXPECT_EQ(dialog.text("cmbOrgSubTypes"), "None");
         discard(dialog, messages());
@@ -105,11 +80,11 @@ TEST_F(OrganizationEditor, WarnsOfAChartThatASaveWouldDropAndTakesTheStoredCopy)
         dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
         EXPECT_EQ(dialog.text("txtOrganizationChart"), "C:\\charts\\ferry.pdf");
         EXPECT_FALSE(dialog.find<QWidget>("fraChartWarning").isVisible());
-        dialog.type("txtOrganizationChart", QStringLiteral("C:\\charts\\fery.pdf"));
+        dialog.type("txtOrganizationChart", u"C:\\charts\\fery.pdf"_s);
         EXPECT_EQ(dialog.find<QLabel>("lblChartWarning").text(),
-                  QStringLiteral("There is no file at this path. The stored copy stays."));
+                  u"There is no file at this path. The stored copy stays."_s);
         EXPECT_FALSE(dialog.find<QWidget>("cmdTakeStoredChart").isVisible());
-        dialog.type("txtOrganizationChart", QStringLiteral("C:\\charts\\ferry.doc"));
+        dialog.type("txtOrganizationChart", u"C:\\charts\\ferry.doc"_s);
         EXPECT_TRUE(dialog.find<QWidget>("fraChartWarning").isVisible());
         dialog.click("cmdTakeStoredChart");
         EXPECT_FALSE(dialog.find<QWidget>("fraChartWarning").isVisible());
@@ -119,31 +94,29 @@ TEST_F(OrganizationEditor, WarnsOfAChartThatASaveWouldDropAndTakesTheStoredCopy)
               "1|12|To ferry");
     EXPECT_EQ(rows("SELECT State, City, Lat FROM Organization WHERE OrganizationID = 2"), "XX|Astoria|46.2")
         << "a state that no table knows stays";
-    QFile chart(storedChart);
-    ASSERT_TRUE(chart.open(QIODevice::ReadOnly));
-    EXPECT_EQ(chart.readAll(), QByteArray("old chart"));
+    EXPECT_EQ(contentOf(storedChart), "old chart");
 }
 
 TEST_F(OrganizationEditor, RefusesWhatIsNoNumberAndGoesThere)
 {
-    messages().expectMessage(QStringLiteral(
-        "Volunteers \"about 30\" is not a number of people. Please type a whole number, such as 1,250."));
     messages().expectMessage(
-        QStringLiteral("Annual budget \"a lot\" is not a number. Please type one such as 1,250,000.50."));
+        u"Volunteers \"about 30\" is not a number of people. Please type a whole number, such as 1,250."_s);
+    messages().expectMessage(
+        u"Annual budget \"a lot\" is not a number. Please type one such as 1,250,000.50."_s);
     editFirst([](OpenDialog& dialog) {
         auto& tabs = dialog.find<QTabWidget>("tabOrganization");
         tabs.setCurrentIndex(1);
-        dialog.type("txtVolunteers", QStringLiteral("about 30"));
-        dialog.type("txtAnnualBudget", QStringLiteral("a lot"));
+        dialog.type("txtVolunteers", u"about 30"_s);
+        dialog.type("txtAnnualBudget", u"a lot"_s);
         tabs.setCurrentIndex(0);
         dialog.click("cmdOK");
         EXPECT_EQ(tabs.currentIndex(), 1);
         EXPECT_EQ(dialog.focus(), "txtVolunteers");
         EXPECT_EQ(dialog.text("txtVolunteers"), "about 30");
-        dialog.type("txtVolunteers", QStringLiteral("1,300"));
+        dialog.type("txtVolunteers", u"1,300"_s);
         dialog.click("cmdOK");
         EXPECT_EQ(dialog.focus(), "txtAnnualBudget");
-        dialog.type("txtAnnualBudget", QStringLiteral("$2,000.5"));
+        dialog.type("txtAnnualBudget", u"$2,000.5"_s);
         dialog.click("cmdOK");
     });
     EXPECT_EQ(rows("SELECT SwornEmployees, Volunteers, AnnualBudget FROM OrganizationProfile"),
@@ -159,9 +132,8 @@ TEST_F(OrganizationEditor, DoesNotTakeALookAtTheOtherTabForAChange)
     });
     editFirst([&](OpenDialog& dialog) {
         dialog.find<QTabWidget>("tabOrganization").setCurrentIndex(1);
-        dialog.tick("lvPopulations", QStringLiteral("Adults"));
-        messages().expectQuestion(QStringLiteral("Close without saving your changes?"), true,
-                                  Question::Discard);
+        dialog.tick("lvPopulations", u"Adults"_s);
+        messages().expectQuestion(u"Close without saving your changes?"_s, true, Question::Discard);
         dialog.press(Qt::Key_Escape);
     });
 }
@@ -178,8 +150,7 @@ TEST_F(OrganizationEditor, ShowsARecordWithoutWarningsAndOpensItsSite)
             dialog.click("cmdOpenFile");
             EXPECT_EQ(journey.desktop.shell.opened, QStringList{storedChart});
             journey.desktop.shell.hasProgram = false;
-            messages().expectMessage(
-                QStringLiteral("There is no program to open this address: http://ferry.example"));
+            messages().expectMessage(u"There is no program to open this address: http://ferry.example"_s);
             QTest::mouseClick(&dialog.find<QWidget>("txtWebsite"), Qt::LeftButton);
             dialog.press(Qt::Key_Escape);
         });

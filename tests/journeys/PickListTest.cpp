@@ -6,10 +6,11 @@
 #include <QAbstractItemModelTester>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -36,15 +37,13 @@ TEST(PickListModel, FiltersAndSortsAroundItsTicks)
 {
     PickListModel model;
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
-    model.setRows({{2, QStringLiteral("Portland"), QStringLiteral("OR")},
-                   {3, QStringLiteral("Éclair"), QStringLiteral("WA")},
-                   {4, QStringLiteral("eagle"), QStringLiteral("OR")}},
+    model.setRows({{2, u"Portland"_s, u"OR"_s}, {3, u"Éclair"_s, u"WA"_s}, {4, u"eagle"_s, u"OR"_s}},
                   PickListKind::CityLocations, {{3, QString()}, {99, QString()}});
     EXPECT_EQ(texts(model), " Portland|*Éclair| eagle");
-    model.setFilter(QStringLiteral("or la"));
+    model.setFilter(u"or la"_s);
     EXPECT_EQ(texts(model), " Portland");
     model.toggle({model.index(0, 0)});
-    model.setFilter(QStringLiteral("nothing"));
+    model.setFilter(u"nothing"_s);
     EXPECT_EQ(model.rowCount(), 0);
     EXPECT_EQ(model.tickedCount(), 2u) << "what the filter hides counts";
     model.sort(0, Qt::DescendingOrder);
@@ -52,7 +51,7 @@ TEST(PickListModel, FiltersAndSortsAroundItsTicks)
 
     model.setFilter(QString());
     const QPersistentModelIndex eagle = model.index(2, 0);
-    EXPECT_EQ(eagle.data().toString(), QStringLiteral("eagle"));
+    EXPECT_EQ(eagle.data().toString(), u"eagle"_s);
     model.sort(0, Qt::AscendingOrder);
     EXPECT_EQ(texts(model), " eagle|*Éclair|*Portland");
     EXPECT_EQ(eagle.row(), 0);
@@ -66,9 +65,8 @@ TEST(PickListModel, FiltersAndSortsAroundItsTicks)
 TEST(PickListModel, HandsBackEachRecordOnceAndNoneBeyondSixteenBits)
 {
     PickListModel model;
-    model.setRows(
-        {{7, QStringLiteral("a"), {}}, {7, QStringLiteral("b"), {}}, {32768, QStringLiteral("c"), {}}},
-        PickListKind::Documents, {{7, QString()}});
+    model.setRows({{7, u"a"_s, {}}, {7, u"b"_s, {}}, {32768, u"c"_s, {}}}, PickListKind::Documents,
+                  {{7, QString()}});
     EXPECT_EQ(names(model.ticked()), "7 a");
     model.toggle({model.index(2, 0)});
     EXPECT_EQ(errorNumberOf([&] { (void)model.ticked(); }), 6);
@@ -91,7 +89,7 @@ protected:
     }
 
     Journey journey;
-    PickedItems chosen{{1, QStringLiteral("None")}, {4, QStringLiteral("gamma")}};
+    PickedItems chosen{{1, u"None"_s}, {4, u"gamma"_s}};
 };
 
 TEST_F(PickListDialog, TicksWithTheSpaceBarAndSortsByItsHeader)
@@ -101,10 +99,9 @@ TEST_F(PickListDialog, TicksWithTheSpaceBarAndSortsByItsHeader)
         [](OpenDialog& dialog) {
             auto& list = dialog.find<QTreeView>("lvPicList");
             EXPECT_EQ(texts(*list.model()), " Alpha| beta|*gamma");
-            EXPECT_EQ(list.model()->headerData(0, Qt::Horizontal).toString(),
-                      QStringLiteral("Function Name"));
+            EXPECT_EQ(list.model()->headerData(0, Qt::Horizontal).toString(), u"Function Name"_s);
             EXPECT_EQ(list.columnWidth(0), list.width() - 50);
-            EXPECT_EQ(dialog.find<QLabel>("lblCount").text(), QStringLiteral("1 of 3 ticked"));
+            EXPECT_EQ(dialog.find<QLabel>("lblCount").text(), u"1 of 3 ticked"_s);
             const QPoint header(5, list.header()->height() / 2);
             QTest::mouseClick(list.header()->viewport(), Qt::LeftButton, {}, header);
             QTest::mouseClick(list.header()->viewport(), Qt::LeftButton, {}, header);
@@ -112,8 +109,8 @@ TEST_F(PickListDialog, TicksWithTheSpaceBarAndSortsByItsHeader)
             list.selectAll();
             QTest::keyClick(&list, Qt::Key_Space);
             EXPECT_EQ(texts(*list.model()), " gamma|*beta|*Alpha");
-            dialog.type("txtFilter", QStringLiteral("AL"));
-            EXPECT_EQ(dialog.find<QLabel>("lblCount").text(), QStringLiteral("2 of 3 ticked, 1 shown"));
+            dialog.type("txtFilter", u"AL"_s);
+            EXPECT_EQ(dialog.find<QLabel>("lblCount").text(), u"2 of 3 ticked, 1 shown"_s);
             QTest::keyClick(&dialog.find<QLineEdit>("txtFilter"), Qt::Key_Return, Qt::ControlModifier);
         });
     EXPECT_EQ(names(chosen), "2 beta|3 Alpha");
@@ -125,7 +122,7 @@ TEST_F(PickListDialog, TicksWithEnterUnderAFilter)
         "frmPicList", [&] { EXPECT_TRUE(show(PickListKind::Functions)); },
         [](OpenDialog& dialog) {
             auto& list = dialog.find<QTreeView>("lvPicList");
-            dialog.type("txtFilter", QStringLiteral("a"));
+            dialog.type("txtFilter", u"a"_s);
             dialog.press(Qt::Key_Return);
             EXPECT_EQ(texts(*list.model()), "*Alpha| beta|*gamma");
             dialog.press(Qt::Key_Down);
@@ -134,9 +131,9 @@ TEST_F(PickListDialog, TicksWithEnterUnderAFilter)
             dialog.press(Qt::Key_Down);
             dialog.press(Qt::Key_Enter);
             EXPECT_EQ(texts(*list.model()), "*Alpha|*beta|*gamma");
-            dialog.type("txtFilter", QStringLiteral("nothing like it"));
+            dialog.type("txtFilter", u"nothing like it"_s);
             dialog.press(Qt::Key_Return);
-            EXPECT_EQ(dialog.find<QLabel>("lblCount").text(), QStringLiteral("3 of 3 ticked, 0 shown"));
+            EXPECT_EQ(dialog.find<QLabel>("lblCount").text(), u"3 of 3 ticked, 0 shown"_s);
             dialog.find<QLineEdit>("txtFilter").clear();
             dialog.press(Qt::Key_Return);
         });
@@ -152,7 +149,7 @@ TEST_F(PickListDialog, LeavesTheChoiceAloneOnCancelAndForEmptyKinds)
             dialog.click("cmdCancel");
         });
     EXPECT_EQ(names(chosen), "1 None|4 gamma");
-    journey.desktop.messages.expectMessage(QStringLiteral("No ACTIVE DocumentTypes"));
+    journey.desktop.messages.expectMessage(u"No ACTIVE DocumentTypes"_s);
     EXPECT_FALSE(show(PickListKind::DocumentTypes));
     EXPECT_EQ(names(chosen), "1 None|4 gamma");
     journey.desktop.messages.finish();

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What a picker makes of a text once it is left.
@@ -37,23 +39,23 @@ TEST(PickerEdit, StepsThePartAtTheCursor)
     date.setDate(QDate(2004, 1, 31));
     date.setCursorPosition(1);
     QTest::keyClick(&date, Qt::Key_Up);
-    EXPECT_EQ(date.text(), QStringLiteral("02/29/2004"));
+    EXPECT_EQ(date.text(), u"02/29/2004"_s);
     date.setCursorPosition(4);
     QTest::keyClick(&date, Qt::Key_Up);
-    EXPECT_EQ(date.text(), QStringLiteral("03/01/2004"));
+    EXPECT_EQ(date.text(), u"03/01/2004"_s);
     date.setDate(QDate(9999, 12, 31));
     date.setCursorPosition(9);
     QTest::keyClick(&date, Qt::Key_Up);
-    EXPECT_EQ(date.text(), QStringLiteral("12/31/9999"));
+    EXPECT_EQ(date.text(), u"12/31/9999"_s);
     date.setReadOnly(true);
     QTest::keyClick(&date, Qt::Key_Down);
-    EXPECT_EQ(date.text(), QStringLiteral("12/31/9999"));
+    EXPECT_EQ(date.text(), u"12/31/9999"_s);
 
     OptionalTimeEdit time(nullptr);
-    time.showText(QStringLiteral("23:59"));
+    time.showText(u"23:59"_s);
     time.setCursorPosition(4);
     QTest::keyClick(&time, Qt::Key_Up);
-    EXPECT_EQ(time.text(), QStringLiteral("00:00"));
+    EXPECT_EQ(time.text(), u"00:00"_s);
 }
 
 TEST(PickerEdit, ChoosesFromACalendar)
@@ -62,12 +64,12 @@ TEST(PickerEdit, ChoosesFromACalendar)
     date.show();
     date.setDate(QDate(1927, 4, 21));
     QTest::keyClick(&date, Qt::Key_Down, Qt::AltModifier);
-    auto* calendar = date.findChild<QCalendarWidget*>(QStringLiteral("calendar"));
+    auto* calendar = date.findChild<QCalendarWidget*>(u"calendar"_s);
     ASSERT_NE(calendar, nullptr);
     EXPECT_EQ(calendar->selectedDate(), QDate(1927, 4, 21));
     EXPECT_LE(calendar->minimumDate(), QDate(1600, 1, 1));
     Q_EMIT calendar->clicked(QDate(1927, 5, 1));
-    EXPECT_EQ(date.text(), QStringLiteral("05/01/1927"));
+    EXPECT_EQ(date.text(), u"05/01/1927"_s);
     EXPECT_FALSE(calendar->isVisible());
 }
 

@@ -12,6 +12,9 @@ QStringList portraitOf(const QWidget& window);
 /// What a widget paints by itself: each call of its painter with pen, brush or text, equal ones counted.
 QStringList paintingOf(QWidget& widget);
 
+/// The texts that a window and all of its parts paint.
+QStringList textsPaintedBy(QWidget& window);
+
 /// Fails with a list of the lines that differ from those of `portraits/NAME.txt`. If ORVIK_RENEW_PORTRAITS is
 /// set in the environment, writes that file instead; read what version control says of it before you commit
 /// it.

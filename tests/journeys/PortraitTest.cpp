@@ -56,12 +56,10 @@ protected:
 
     void expectDialog(const char* dialog, const char* command, const char* name)
     {
-        inDialog(
-            dialog, [&] { journey.trigger(command); },
-            [&](OpenDialog& open) {
-                expect(name, portraitOf(open.dialog()));
-                open.press(Qt::Key_Escape);
-            });
+        journey.inDialog(dialog, command, [&](OpenDialog& open) {
+            expect(name, portraitOf(open.dialog()));
+            open.press(Qt::Key_Escape);
+        });
     }
 
     Journey journey;
@@ -128,17 +126,15 @@ TEST_F(Portraits, OfTheEditors)
         expectDialog(dialog, "mnuRecordEdit", qPrintable(u"edit-"_s + QLatin1StringView(name)));
         expectDialog(dialog, "mnuRecordView", qPrintable(u"view-"_s + QLatin1StringView(name)));
     }
-    inDialog(
-        "frmDocument", [&] { journey.trigger("mnuRecordAddNewDocument"); },
-        [&](OpenDialog& editor) {
-            inDialog(
-                "frmPicList", [&] { editor.find<QAbstractButton>("cmdAddDocType").click(); },
-                [&](OpenDialog& picker) {
-                    expect("pick-list", portraitOf(picker.dialog()));
-                    picker.press(Qt::Key_Escape);
-                });
-            editor.press(Qt::Key_Escape);
-        });
+    journey.inDialog("frmDocument", "mnuRecordAddNewDocument", [&](OpenDialog& editor) {
+        inDialog(
+            "frmPicList", [&] { editor.find<QAbstractButton>("cmdAddDocType").click(); },
+            [&](OpenDialog& picker) {
+                expect("pick-list", portraitOf(picker.dialog()));
+                picker.press(Qt::Key_Escape);
+            });
+        editor.press(Qt::Key_Escape);
+    });
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "PseudoLocale.h"
 
+#include "Portrait.h"
 #include "widgets/ElidedLabel.h"
 
 #include <QAbstractButton>
@@ -15,8 +16,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPaintDevice>
-#include <QPaintEngine>
 #include <QRegularExpression>
 #include <QTabBar>
 #include <QTextDocumentFragment>
@@ -28,22 +27,21 @@
 #include <map>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Texts of Qt itself, which come from Qt's own translations.
-const QSet<QString> qtContexts{QStringLiteral("QPlatformTheme"), QStringLiteral("QShortcut"),
-                               QStringLiteral("QLineEdit"), QStringLiteral("QTabBar"),
-                               QStringLiteral("QWidgetTextControl")};
+const QSet<QString> qtContexts{u"QPlatformTheme"_s, u"QShortcut"_s, u"QLineEdit"_s, u"QTabBar"_s,
+                               u"QWidgetTextControl"_s};
 
 QString transformed(const QString& source)
 {
     static const std::map<QChar, QString> accents{
-        {u'a', QStringLiteral("áá")}, {u'e', QStringLiteral("éé")}, {u'i', QStringLiteral("íí")},
-        {u'o', QStringLiteral("óó")}, {u'u', QStringLiteral("úú")}, {u'y', QStringLiteral("ýý")},
-        {u'A', QStringLiteral("Áá")}, {u'E', QStringLiteral("Éé")}, {u'I', QStringLiteral("Íí")},
-        {u'O', QStringLiteral("Óó")}, {u'U', QStringLiteral("Úú")}, {u'Y', QStringLiteral("Ýý")}};
+        {u'a', u"áá"_s}, {u'e', u"éé"_s}, {u'i', u"íí"_s}, {u'o', u"óó"_s}, {u'u', u"úú"_s}, {u'y', u"ýý"_s},
+        {u'A', u"Áá"_s}, {u'E', u"Éé"_s}, {u'I', u"Íí"_s}, {u'O', u"Óó"_s}, {u'U', u"Úú"_s}, {u'Y', u"Ýý"_s}};
     // what must stay: a placeholder, a tag
-    static const QRegularExpression kept(QStringLiteral("%L?(?:\\d+|n)|<[^>]*>"));
+    static const QRegularExpression kept(u"%L?(?:\\d+|n)|<[^>]*>"_s);
     QString text(u'[');
     for (qsizetype at = 0; at < source.size(); ++at) {
         const auto match = kept.match(source, at, QRegularExpression::NormalMatch,
@@ -58,51 +56,6 @@ QString transformed(const QString& source)
     }
     return text + u']';
 }
-
-/// Writes down each text that is drawn.
-class TextRecorder final : public QPaintEngine, public QPaintDevice
-{
-public:
-    explicit TextRecorder(QSize size) : QPaintEngine(AllFeatures), m_size(size) {}
-
-    bool begin(QPaintDevice* /*device*/) override { return true; }
-    bool end() override { return true; }
-    void updateState(const QPaintEngineState& /*state*/) override {}
-    void drawPixmap(const QRectF& /*to*/, const QPixmap& /*map*/, const QRectF& /*from*/) override {}
-    void drawPath(const QPainterPath& /*path*/) override {}
-    void drawPolygon(const QPointF* /*points*/, int /*count*/, PolygonDrawMode /*mode*/) override {}
-    void drawTextItem(const QPointF& /*at*/, const QTextItem& item) override { texts << item.text(); }
-    [[nodiscard]] Type type() const override { return User; }
-    [[nodiscard]] QPaintEngine* paintEngine() const override { return const_cast<TextRecorder*>(this); }
-
-    QStringList texts;
-
-protected:
-    [[nodiscard]] int metric(PaintDeviceMetric metric) const override
-    {
-        constexpr int dotsPerInch = 96;
-        switch (metric) {
-        case PdmWidth:
-            return m_size.width();
-        case PdmHeight:
-            return m_size.height();
-        case PdmDpiX:
-        case PdmDpiY:
-        case PdmPhysicalDpiX:
-        case PdmPhysicalDpiY:
-            return dotsPerInch;
-        case PdmDevicePixelRatio:
-            return 1;
-        case PdmDevicePixelRatioScaled:
-            return static_cast<int>(devicePixelRatioFScale());
-        default:
-            return QPaintDevice::metric(metric);
-        }
-    }
-
-private:
-    QSize m_size;
-};
 
 QString plain(QString text)
 {
@@ -213,15 +166,15 @@ QString PseudoLocale::translate(const char* context, const char* source, const c
 
 void PseudoLocale::allow(const QString& text)
 {
-    static const QRegularExpression noLetters(QStringLiteral("\\P{L}+"));
+    static const QRegularExpression noLetters(u"\\P{L}+"_s);
     for (const QString& word : text.split(noLetters, Qt::SkipEmptyParts))
         m_allowed.insert(word);
 }
 
 void PseudoLocale::expectTranslated(const QString& text, const char* where) const
 {
-    static const QRegularExpression words(QStringLiteral("\\p{L}+"));
-    static const QRegularExpression vowel(QStringLiteral("[aeiouyAEIOUY]"));
+    static const QRegularExpression words(u"\\p{L}+"_s);
+    static const QRegularExpression vowel(u"[aeiouyAEIOUY]"_s);
     const QString shown = plain(text).remove(u'&');
     for (const QRegularExpressionMatch& match : words.globalMatch(shown)) {
         const QString word = match.captured();
@@ -251,12 +204,10 @@ void PseudoLocale::expectTranslated(QWidget& window, const char* where) const
              {action->text(), action->iconText(), action->toolTip(), action->statusTip()})
             expect(text, place);
     }
-    TextRecorder recorder(window.size());
-    window.render(&recorder, {}, {}, QWidget::DrawChildren);
-    EXPECT_FALSE(recorder.texts.isEmpty()) << where;
-    const std::string painted = where + std::string(": painted");
-    for (const QString& text : recorder.texts)
-        expect(text, painted);
+    const QStringList painted = textsPaintedBy(window);
+    EXPECT_FALSE(painted.isEmpty()) << where;
+    for (const QString& text : painted)
+        expect(text, where + std::string(": painted"));
     expectWhole(window, where);
 }
 

@@ -12,6 +12,8 @@
 #include <functional>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What the user does, and what is selected in the list and in the graphic afterwards.
@@ -37,23 +39,14 @@ protected:
         for (const Step& step : steps) {
             step.act();
             journey.desktop.messages.finish();
-            EXPECT_EQ(inList() + " / " + inGraphic(), step.selected) << step.what;
+            EXPECT_EQ(journey.selected() + " / " + inGraphic(), step.selected) << step.what;
         }
-    }
-
-    /// The names of the selected rows.
-    std::string inList()
-    {
-        QStringList names;
-        for (const QModelIndex& index : journey.list().selectionModel()->selectedRows())
-            names << index.data().toString();
-        return names.join(u'|').toStdString();
     }
 
     std::string onTimeline()
     {
         for (const Lane& lane : journey.find<TimelinePanel>("pnlTimeline").timeline().lanes()) {
-            if (lane.isSelected) return lane.toolTip.section(QStringLiteral(") "), 1).toStdString();
+            if (lane.isSelected) return lane.toolTip.section(u") "_s, 1).toStdString();
         }
         return {};
     }
@@ -75,52 +68,44 @@ protected:
     /// Opens the editor of the selected record, which is to be that one.
     void edit(const char* editor, const std::string& title)
     {
-        inDialog(
-            editor, [this] { journey.trigger("mnuRecordEdit"); },
-            [&](OpenDialog& dialog) {
-                EXPECT_EQ(dialog.title(), title);
-                dialog.click("cmdCancel");
-            });
+        journey.inDialog(editor, "mnuRecordEdit", [&](OpenDialog& dialog) {
+            EXPECT_EQ(dialog.title(), title);
+            dialog.click("cmdCancel");
+        });
     }
 
     void remove(const char* kind, const char* name, int identifier)
     {
         const QString word = QString::fromLatin1(kind);
         journey.desktop.messages.expectQuestion(
-            QStringLiteral("Are you sure you want to delete the %1 \"%2\"?")
-                .arg(word, QLatin1StringView(name)),
-            true, Question::Loss);
-        journey.desktop.messages.expectMessage(
-            QStringLiteral("%1 ID %2 successfully deleted.").arg(word).arg(identifier));
+            u"Are you sure you want to delete the %1 \"%2\"?"_s.arg(word, QLatin1StringView(name)), true,
+            Question::Loss);
+        journey.desktop.messages.expectMessage(u"%1 ID %2 successfully deleted."_s.arg(word).arg(identifier));
         journey.trigger("mnuRecordDelete");
     }
 
     void addEvent()
     {
-        inDialog(
-            "frmEvent", [this] { journey.trigger("mnuRecordAddNewEvent"); },
-            [](OpenDialog& dialog) {
-                dialog.type("txtEventName", QStringLiteral("Storm"));
-                dialog.type("rtbEventDescription", QStringLiteral("Wind"));
-                dialog.type("dtpStartDate", QStringLiteral("3/5/2002"));
-                dialog.type("dtpStartTime", QStringLiteral("13:05"));
-                dialog.type("dtpEndDate", QStringLiteral("3/5/2002"));
-                dialog.type("dtpEndTime", QStringLiteral("13:10"));
-                dialog.tick("lvVenues", QStringLiteral("Coast"));
-                dialog.click("cmdOK");
-            });
+        journey.inDialog("frmEvent", "mnuRecordAddNewEvent", [](OpenDialog& dialog) {
+            dialog.type("txtEventName", u"Storm"_s);
+            dialog.type("rtbEventDescription", u"Wind"_s);
+            dialog.type("dtpStartDate", u"3/5/2002"_s);
+            dialog.type("dtpStartTime", u"13:05"_s);
+            dialog.type("dtpEndDate", u"3/5/2002"_s);
+            dialog.type("dtpEndTime", u"13:10"_s);
+            dialog.tick("lvVenues", u"Coast"_s);
+            dialog.click("cmdOK");
+        });
     }
 
     void addOrganization()
     {
-        inDialog(
-            "frmOrganization", [this] { journey.trigger("mnuRecordAddNewOrganization"); },
-            [](OpenDialog& dialog) {
-                dialog.type("txtOrganizationName", QStringLiteral("Gamma"));
-                dialog.type("txtCity", QStringLiteral("Reno"));
-                dialog.choose("cmbState", QStringLiteral("NV"));
-                dialog.click("cmdOK");
-            });
+        journey.inDialog("frmOrganization", "mnuRecordAddNewOrganization", [](OpenDialog& dialog) {
+            dialog.type("txtOrganizationName", u"Gamma"_s);
+            dialog.type("txtCity", u"Reno"_s);
+            dialog.choose("cmbState", u"NV"_s);
+            dialog.click("cmdOK");
+        });
     }
 
     Journey journey;

@@ -40,22 +40,7 @@ class ToolTips : public testing::TestWithParam<QString>
 protected:
     ToolTips()
     {
-        const std::string quoted = GetParam().toStdString();
-        for (const std::string& statement :
-             {"INSERT INTO Function VALUES (1, 'None'), (2, '" + quoted + "')",
-              "INSERT INTO DocumentType VALUES (1, 'None'), (2, '" + quoted + "')",
-              "INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, State, Lat, "
-              "Lon, Status) "
-              "VALUES (2, '" +
-                  quoted + "', 2, '" + quoted + "', 'TX', 30.27, -97.74, 'ACTIVE')",
-              "INSERT INTO Document (DocumentID, DocumentName, Author, dStatus) VALUES (2, '" + quoted +
-                  "', '" + quoted + "', 'ACTIVE')",
-              std::string("INSERT INTO DocumentTypes (DocumentID, DocumentTypeID) VALUES (2, 2)"),
-              "INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) VALUES "
-              "(2, '" +
-                  quoted + "', '2001-09-11', '08:00', '2001-09-11', '08:00', 'ACTIVE')"}) {
-            journey.database.run(statement.c_str());
-        }
+        journey.database.runFile("journeys/rows/ToolTip.sql", GetParam());
         journey.start();
     }
 

@@ -11,22 +11,9 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-
-/// Answers every question with No, and keeps what was said.
-class HeardMessages final : public Messages
-{
-public:
-    void show(const QString& text) override { heard << text; }
-    [[nodiscard]] bool ask(const QString& text, Question /*about*/) override
-    {
-        heard << text;
-        return false;
-    }
-    void beep() override {}
-
-    QStringList heard;
-};
 
 /// The program with every text of the template transformed, on a database with records of all kinds.
 class Translation : public testing::Test
@@ -34,63 +21,41 @@ class Translation : public testing::Test
 protected:
     Translation() : pseudo(QStringLiteral(ORVIK_TRANSLATION_TEMPLATE))
     {
-        database.run(R"sql(
-INSERT INTO Venue VALUES (1, 'None'), (2, 'River'), (3, 'Coast');
-INSERT INTO DocumentType VALUES (1, 'None'), (2, 'Report');
-INSERT INTO FileTypes VALUES (1, 'None'), (2, 'PDF');
-INSERT INTO Function VALUES (1, 'None'), (2, 'Rescue');
-INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, State, Lat, Lon, Status) VALUES
-    (2, 'Bureau', 2, 'Austin', 'TX', 30.27, -97.74, 'ACTIVE'), (3, 'Agency', NULL, NULL, NULL, 40, -90, 'ACTIVE');
-INSERT INTO Document (DocumentID, DocumentName, KeyDocument, FileTypeID, dStatus) VALUES
-    (2, 'Atlas', 1, 2, 'ACTIVE'), (3, 'Brief', 0, 2, 'ACTIVE');
-INSERT INTO DocumentTypes VALUES (2, 2), (3, 2);
-INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, EndTime, Status) VALUES
-    (2, 'Flood', 1, '2001-09-11', '08:00', '2001-09-11', '09:00', 'ACTIVE'),
-    (3, 'Storm', 0, '2002-09-11', '08:00', '2002-09-12', '09:00', 'ACTIVE'))sql");
-        QDir().mkpath(folder() + QStringLiteral("documents"));
-        QFile::link(database.fileName(), folder() + QStringLiteral("test.sqlite"));
-        desktop.setDatabase(QStringLiteral("test.sqlite"));
-        Platform platform = desktop.platform();
-        program.emplace(Platform{messages, platform.settings, platform.fileAttributes, platform.fileDialogs,
-                                 platform.clock, platform.volumes, platform.shell},
-                        converter, ProgramFolder(database.folder()), QString());
-        program->Main();
+        journey.database.runFile("journeys/rows/Translation.sql");
+        QDir(journey.mapsFolder()).removeRecursively(); // for its message
+        journey.desktop.messages.heard.emplace();
+        journey.start();
         window().resize(1280, 800);
-        window().activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
         for (const char* word : {"Atlas", "Brief",  "Flood", "Storm",  "Bureau", "Agency", "River",
                                  "Coast", "Report", "PDF",   "Rescue", "Austin", "TX",     "None",
                                  "test",  "sqlite", "data",  "maps",   "states", "drawMap"})
             pseudo.allow(QString::fromUtf8(word));
-        pseudo.allow(database.folder());
+        pseudo.allow(journey.database.folder());
     }
 
     ~Translation() override
     {
-        for (const QString& text : messages.heard)
+        for (const QString& text : heard())
             pseudo.expectTranslated(text, "a message");
     }
 
-    [[nodiscard]] QString folder() const { return database.folder() + QStringLiteral("/data/"); }
-    QWidget& window() { return *program->window(); }
-    QAction& action(const char* name) { return *window().findChild<QAction*>(QString::fromUtf8(name)); }
+    QWidget& window() { return *journey.program->window(); }
+    const QStringList& heard() { return *journey.desktop.messages.heard; }
 
     /// Shows a view by its command and looks at the whole window.
     void lookAt(const char* command)
     {
-        action(command).trigger();
+        journey.trigger(command);
         QTest::qWait(50);
         pseudo.expectTranslated(window(), command);
     }
 
     void lookAtDialog(const char* name, const char* command)
     {
-        inDialog(
-            name, [&] { action(command).trigger(); },
-            [&](OpenDialog& open) {
-                lookAtPages(open.dialog(), command);
-                open.press(Qt::Key_Escape);
-            });
+        journey.inDialog(name, command, [&](OpenDialog& open) {
+            lookAtPages(open.dialog(), command);
+            open.press(Qt::Key_Escape);
+        });
     }
 
     /// Looks at a dialog with each of its pages in front.
@@ -106,17 +71,12 @@ INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, 
 
     void selectRow(int row)
     {
-        auto& list = *window().findChild<QTreeView*>(QStringLiteral("ListView1"));
-        list.setCurrentIndex(list.model()->index(row, 0));
+        journey.list().setCurrentIndex(journey.list().model()->index(row, 0));
         QTest::qWait(0);
     }
 
     PseudoLocale pseudo;
-    TestDatabase database;
-    ScriptedPlatform desktop;
-    HeardMessages messages;
-    NoConverter converter;
-    std::optional<Main_Mod> program;
+    Journey journey;
 };
 
 TEST_F(Translation, ReachesEveryTextOfTheMainWindow)
@@ -126,12 +86,12 @@ TEST_F(Translation, ReachesEveryTextOfTheMainWindow)
         lookAt(view);
         selectRow(0);
         pseudo.expectTranslated(window(), view);
-        action("mnuRecordOpen").trigger();
-        action("mnuRecordDelete").trigger();
-        window().findChild<QTreeView*>(QStringLiteral("ListView1"))->selectAll();
+        journey.trigger("mnuRecordOpen");
+        journey.trigger("mnuRecordDelete");
+        journey.list().selectAll();
         QTest::qWait(0);
         pseudo.expectTranslated(window(), view);
-        action("mnuRecordDelete").trigger();
+        journey.trigger("mnuRecordDelete");
     }
     for (const auto& [view, command] : {std::pair("mnuViewDocuments", "popDocListViewEvents"),
                                         std::pair("mnuViewDocuments", "popDocListViewOrgs"),
@@ -139,12 +99,12 @@ TEST_F(Translation, ReachesEveryTextOfTheMainWindow)
                                         std::pair("mnuViewEvents", "popEventListViewOrgs"),
                                         std::pair("mnuViewOrganizations", "popOrgListViewDocs"),
                                         std::pair("mnuViewOrganizations", "popOrgListViewEvents")}) {
-        action(view).trigger();
+        journey.trigger(view);
         selectRow(0);
-        action(command).trigger();
+        journey.trigger(command);
     }
-    action("mnuNavigateExit").trigger();
-    EXPECT_EQ(messages.heard.size(), 18) << qPrintable(messages.heard.join(u'\n'));
+    journey.trigger("mnuNavigateExit");
+    EXPECT_EQ(heard().size(), 18) << qPrintable(heard().join(u'\n'));
 }
 
 TEST_F(Translation, ReachesEveryTextOfTheEditors)
@@ -158,47 +118,43 @@ TEST_F(Translation, ReachesEveryTextOfTheEditors)
                  {"frmEvent", "mnuViewEvents", "mnuRecordAddNewEvent"},
                  {"frmOrganization", "mnuViewOrganizations", "mnuRecordAddNewOrganization"}};
     for (const auto& kind : kinds) {
-        action(kind.view).trigger();
+        journey.trigger(kind.view);
         selectRow(0);
         lookAtDialog(kind.dialog, kind.add);
         lookAtDialog(kind.dialog, "mnuRecordEdit");
         lookAtDialog(kind.dialog, "mnuRecordView");
+        journey.inDialog(kind.dialog, kind.add, [&](OpenDialog& open) {
+            open.click("cmdOK"); // what is required is missing
+            open.press(Qt::Key_Escape);
+        });
+    }
+    journey.inDialog("frmEvent", "mnuRecordAddNewEvent", [&](OpenDialog& event) {
         inDialog(
-            kind.dialog, [&] { action(kind.add).trigger(); },
+            "frmPicList", [&] { event.click("cmdAddEventDoc"); },
             [&](OpenDialog& open) {
-                open.click("cmdOK"); // what is required is missing
+                pseudo.expectTranslated(open.dialog(), "pick list");
                 open.press(Qt::Key_Escape);
             });
-    }
-    inDialog(
-        "frmEvent", [&] { action("mnuRecordAddNewEvent").trigger(); },
-        [&](OpenDialog& event) {
-            inDialog(
-                "frmPicList", [&] { event.click("cmdAddEventDoc"); },
-                [&](OpenDialog& open) {
-                    pseudo.expectTranslated(open.dialog(), "pick list");
-                    open.press(Qt::Key_Escape);
-                });
-            event.press(Qt::Key_Escape);
-        });
-    EXPECT_EQ(messages.heard.size(), 4) << qPrintable(messages.heard.join(u'\n'));
+        event.press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(heard().size(), 4) << qPrintable(heard().join(u'\n'));
 }
 
 TEST_F(Translation, ReachesEveryTextOfTheSearches)
 {
-    action("mnuSearchKeyword").trigger();
-    OpenDialog search(*window().findChild<QDialog*>(QStringLiteral("frmSearch")));
+    journey.trigger("mnuSearchKeyword");
+    OpenDialog search(journey.find<QDialog>("frmSearch"));
     QTest::qWait(50);
     pseudo.expectTranslated(search.dialog(), "keyword search");
     search.click("cmdGO");
-    search.type("txtKeywords", QStringLiteral("brl"));
+    search.type("txtKeywords", u"brl"_s);
     search.press(Qt::Key_Return);
     QTest::qWait(50);
     pseudo.expectTranslated(window(), "search results");
 
-    action("mnuViewDocuments").trigger();
-    action("mnuSearchAdvanced").trigger();
-    OpenDialog advanced(*window().findChild<QDialog*>(QStringLiteral("frmAdvSearch")));
+    journey.trigger("mnuViewDocuments");
+    journey.trigger("mnuSearchAdvanced");
+    OpenDialog advanced(journey.find<QDialog>("frmAdvSearch"));
     const auto boxes = advanced.dialog().findChildren<QCheckBox*>();
     for (QCheckBox* box : boxes)
         box->setChecked(true);
@@ -207,7 +163,7 @@ TEST_F(Translation, ReachesEveryTextOfTheSearches)
     advanced.click("cmdSearch");
     QTest::qWait(50);
     pseudo.expectTranslated(window(), "list of an advanced search");
-    EXPECT_EQ(messages.heard.size(), 1) << qPrintable(messages.heard.join(u'\n'));
+    EXPECT_EQ(heard().size(), 1) << qPrintable(heard().join(u'\n'));
 }
 
 TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)

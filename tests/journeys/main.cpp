@@ -4,12 +4,14 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     // this display knows no place of icon themes, and buttons without icons are none that a user sees
-    QIcon::setThemeSearchPaths({QStringLiteral("/usr/share/icons")});
+    QIcon::setThemeSearchPaths({u"/usr/share/icons"_s});
     IconSet::chooseTheme();
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

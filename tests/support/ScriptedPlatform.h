@@ -44,6 +44,9 @@ public:
 
     int beeps = 0;
 
+    /// If it is set, everything is noted here instead of being compared, and every question answered with No.
+    std::optional<QStringList> heard;
+
 private:
     struct Line
     {

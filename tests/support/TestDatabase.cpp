@@ -1,6 +1,7 @@
 #include "support/TestDatabase.h"
 
-#include <QFile>
+#include "support/TestFiles.h"
+
 #include <QStringList>
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -9,11 +10,11 @@
 
 namespace {
 
-std::string statementsOf(const QString& name)
+QByteArray statementsOf(const QString& name)
 {
-    QFile file(name);
-    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error("cannot read " + name.toStdString());
-    return file.readAll().toStdString();
+    const QByteArray statements = contentOf(name);
+    if (statements == "(no file)") throw std::runtime_error("cannot read " + name.toStdString());
+    return statements;
 }
 
 } // namespace
@@ -22,14 +23,12 @@ TestDatabase::TestDatabase(const char* encoding)
 {
     SQLite::Database database(fileName().toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
     database.exec(std::string("PRAGMA synchronous = OFF; PRAGMA encoding = '") + encoding + '\'');
-    database.exec(statementsOf(QStringLiteral(ORVIK_SCHEMA)));
+    database.exec(statementsOf(QStringLiteral(ORVIK_SCHEMA)).toStdString());
 }
 
 QByteArray TestDatabase::bytes() const
 {
-    QFile file(fileName());
-    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error("the database file cannot be read");
-    return file.readAll();
+    return contentOf(fileName());
 }
 
 void TestDatabase::run(const char* statements) const
@@ -39,9 +38,12 @@ void TestDatabase::run(const char* statements) const
     database.exec(statements);
 }
 
-void TestDatabase::runFile(const char* name) const
+void TestDatabase::runFile(const char* name, const QString& text) const
 {
-    run(statementsOf(QStringLiteral(ORVIK_TESTS "/") + QString::fromUtf8(name)).c_str());
+    QString statements =
+        QString::fromUtf8(statementsOf(QStringLiteral(ORVIK_TESTS "/") + QString::fromUtf8(name)));
+    if (!text.isEmpty()) statements.replace(QStringLiteral("NAME"), text);
+    run(statements);
 }
 
 QString TestDatabase::ask(const char* statement) const

@@ -24,12 +24,15 @@ public:
 
     /// Runs statements by SQLite alone, past the session and its rules.
     void run(const char* statements) const;
+    void run(const QString& statements) const { run(statements.toUtf8().constData()); }
 
-    /// Runs the statements of a file of the folder of all tests.
-    void runFile(const char* name) const;
+    /// Runs the statements of a file of the folder of all tests; `NAME` in them stands for a text, if there
+    /// is one.
+    void runFile(const char* name, const QString& text = {}) const;
 
     /// What SQLite alone answers, one line a row, values joined by `|`.
     [[nodiscard]] QString ask(const char* statement) const;
+    [[nodiscard]] QString ask(const QString& statement) const { return ask(statement.toUtf8().constData()); }
 
     /// The session with the file, opened when first asked for.
     DatabaseSession& session();
