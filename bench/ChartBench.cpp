@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The chart of documents by type: counting and drawing, beside SQLite's own time for the count over plain
 // views that hold all the joins.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The editors and the pick list on a database of full size, from the command to the dialog painted, beside
 // what SQLite alone takes to step the names of all organizations.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The three lists, from their beginning to the last row in the model, painting included, beside what
 // SQLite alone takes to step the same statement over the stored queries as plain views. The chart of the
 // documents and the timeline of the events, which are drawn before their lists, have figures of their own;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The map of the organizations: reading its places beside SQLite's own time for the same statements, and
 // the redraw of states and markers at rest, while dragging and at every step of a zoom.
 

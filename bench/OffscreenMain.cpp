@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What all benchmarks share that need windows, or need none: they run without a display.
 
 #include <QApplication>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // A save of each kind, beside the same rows written by hand in one transaction of SQLite, on two copies
 // of the same large database. A save also looks for a title that is taken, and reads what it changes. The
 // file that a new document takes is copied on both sides.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Searches as the user makes them, from the press of the button to the last row of the list, beside
 // what SQLite alone takes to step the same statements over the stored queries as plain views, with its
 // own LIKE.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // From the start of the process to the home page on the screen, beside an empty window's start; and the
 // memory that a full-size list takes.
 

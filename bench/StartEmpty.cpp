@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // An empty window, which ends the program once it is painted.
 
 #include "EndAtOnce.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The program from its start to its home page, which ends it once it is painted. With the argument `list`
 // it shows the full list of documents instead and tells by how much its memory grew, in megabytes.
 //

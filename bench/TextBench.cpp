@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // LIKE without regard to case for every letter, beside SQLite's own, which knows ASCII alone.
 
 #include "BenchWindow.h"

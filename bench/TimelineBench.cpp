@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The timeline's refresh, from the button to the painted picture of 1600 x 400, at both ends of the span and
 // in its middle; and its statement beside what SQLite alone takes for the same over the stored query as a
 // plain view.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Compares the importer with mdb-export of all tables to nothing, both on the same file in the same run.
 # Usage: bench/import.sh IMPORTER ACCESS-FILE [REPETITIONS]
 #        bench/import.sh build/bin/orvik-import build/tests/import/data/large.mdb

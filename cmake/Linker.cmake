@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # A faster linker than the compiler's own if there is one: each test program links the whole of the program.
 # A linker that the user asks for stays.
 include(CheckLinkerFlag)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The headers of libraries that most sources include, compiled once for each library instead of once for each source.
 # Each source still includes what it uses: .ci/run compiles the core and its tests, source by source, with
 # CMAKE_DISABLE_PRECOMPILE_HEADERS=ON, and fails if one does not.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # orvik_room(USES room... CORE file... WINDOWS file...): the room of the folder that calls it.
 #
 # A room is a folder of src/. What it decides without a window belongs to orvik_core, its windows to orvik_ui. It

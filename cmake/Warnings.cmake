@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The house's warnings, and the sanitizers if they are asked for. Warnings are errors only for those who develop: a newer
 # compiler warns of more, and must not keep a user from building.
 add_library(orvik_options INTERFACE)

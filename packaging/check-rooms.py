@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Holds the includes of src/ to what its rooms declare.
 
 Each folder with sources declares in its CMakeLists.txt which other rooms it uses. Prints every include of a room that

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # deb.sh: builds the Debian package into build/, and has the validators of the desktop look at what is in it.
 set -euo pipefail
 source "$(dirname "$0")/set-up.sh"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # guide-pictures.sh: takes the pictures of the user's guide anew, from the program as it is now and its sample.
 set -euo pipefail
 source "$(dirname "$0")/set-up.sh"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # random-walk.sh PROGRAM [SEED [ACTIONS]]: opens the program on a virtual display with a fresh copy of the sample,
 # pastes into it while there is nothing to paste, then presses keys and clicks at random. Fails if the program
 # ends by itself, does not leave when asked to, or reports something critical. The same seed makes the same actions.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Sourced by run, test and .ci/run: installs what is missing, builds and tests. Each step says how far it is.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)

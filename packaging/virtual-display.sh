@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Sourced by the walks: opens programs on a virtual display, with nothing of the user's own in reach.
 
 # open_display: starts the display and a window manager; makes a folder of its own, "$own", for what programs keep.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # walk.sh PROGRAM: opens the program on a virtual display, walks through its home page and its views as a user
 # would, by keyboard and mouse, and saves a picture of each under build/screenshots/.
 set -euo pipefail

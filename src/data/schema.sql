@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 -- The schema of an Orvik database.
 --
 -- One plain SQLite file. Built-in collations only, so that any SQLite tool can open, check and repair it.

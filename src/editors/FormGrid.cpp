@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "editors/FormGrid.h"
 
 #include "widgets/LineEdit.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "editors/ListEntryModel.h"
 
 void ListEntryModel::setEntries(std::vector<ListEntry> entries)

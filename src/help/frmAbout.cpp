@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "help/frmAbout.h"
 
 #include "help/AboutText.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "map/MarkerHit.h"
 
 std::optional<std::size_t> markerAt(std::span<const QPointF> markers, QPointF pointer, double scale,

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "records/PickedEntries.h"
 
 PickedItems pickedItems(const std::vector<ListEntry>& entries)

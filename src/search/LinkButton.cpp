@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "search/LinkButton.h"
 
 #include "widgets/PlainToolTip.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "search/SearchResultsPage.h"
 
 #include "search/LinkButton.h"

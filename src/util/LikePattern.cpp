@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "util/LikePattern.h"
 
 #include "util/TextCompare.h"

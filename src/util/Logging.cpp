@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "util/Logging.h"
 
 Q_LOGGING_CATEGORY(statementsLog, "orvik.statements", QtWarningMsg)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "data/ControlFill.h"
 
 #include "editors/EditorTest.h"

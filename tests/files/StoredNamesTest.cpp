@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "files/FolderNames.h"
 #include "files/ProgramFolder.h"
 #include "support/TestFiles.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "help/HelpFile.h"
 
 #include "support/ScriptedPlatform.h"

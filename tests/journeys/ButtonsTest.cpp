@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Every button of the toolbar and of the home page is pressed, and each does what it says.
 
 #include "Journey.h"

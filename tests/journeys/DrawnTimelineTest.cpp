@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What is painted on the timeline, read from its pixels, and what its ruler says, after each button.
 
 #include "Journey.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "Journey.h"
 #include "browse/list/RecordListModel.h"
 #include "support/TestFiles.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Every window as it is when it opens, compared line by line with a text that is kept beside this file (see
 // Portrait.h).
 

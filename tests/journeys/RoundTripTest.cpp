@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What goes into each control of an editor, and where it comes out again.
 
 #include "Dialogs.h"

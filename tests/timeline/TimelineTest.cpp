@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "timeline/Timeline.h"
 
 #include "support/ScriptedPlatform.h"

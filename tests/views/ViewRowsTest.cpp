@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Compares what every kind of view lists with queries in plain SQL, written by hand, on rows with the odd
 // values of real collections.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Takes the pictures of the user's guide from the program, on a copy of a program folder.
 //
 // orvik-guide-pictures PROGRAM_FOLDER TARGET_FOLDER

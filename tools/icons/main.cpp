@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Draws a picture in several sizes, each into the place of an icon theme.
 //
 // orvik-icons SVG FOLDER NAME SIZE...: writes FOLDER/SIZExSIZE/apps/NAME for every size, in pixels.

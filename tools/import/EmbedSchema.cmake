@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Writes the schema script as a C++ source. Called with -DSCHEMA=... -DOUTPUT=...
 file(READ ${SCHEMA} script)
 file(WRITE ${OUTPUT} "#include \"SchemaScript.h\"

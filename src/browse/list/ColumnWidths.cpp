@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "browse/list/ColumnWidths.h"
 
 #include "browse/list/ListLayout.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "browse/window/GraphicViews.h"
 
 #include "browse/list/ListPane.h"

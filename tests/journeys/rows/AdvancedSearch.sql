@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Venue VALUES (1, 'None'), (3, 'River'), (12, 'Coast'), (2, 'Desert');
 INSERT INTO FileTypes VALUES (2, 'PDF'), (3, 'Word'), (40000, 'Late');
 INSERT INTO OrganizationTypes VALUES (2, 'Federal'), (3, 'State');

@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Document (DocumentID, DocumentName, DocumentDate, dStatus) VALUES
     (1, 'None', NULL, 'ACTIVE'), (2, 'Beta', '12/01/1999', 'ACTIVE'), (3, 'alpha', '1907', 'ACTIVE'),
     (4, 'Delta', NULL, 'DELETED');

@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Document (DocumentID, DocumentName, FileTypeID, FileLocation, dStatus) VALUES
     (2, 'Atlas', 2, '2.pdf', 'ACTIVE'), (3, 'Brief', 2, '3.pdf', 'ACTIVE');
 INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) VALUES

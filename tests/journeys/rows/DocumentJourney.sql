@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO FileTypes VALUES (1, 'None'), (2, 'Adobe PDF'), (4, 'Web Page');
 INSERT INTO Venue VALUES (1, 'Coast'), (2, 'Forest'), (3, 'City');
 INSERT INTO DocumentType VALUES (1, 'None'), (2, 'Report'), (3, 'Map');

@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, EndTime, Status) VALUES
     (2, 'Flood', 1, '1927-04-01', '06:02', '1927-04-01', '06:07', 'ACTIVE'),
     (3, 'Fire', 0, '1927-04-01', '06:03', '1927-04-01', '06:09', 'ACTIVE'),

@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Venue VALUES (1, 'Coast'), (2, 'Forest');
 INSERT INTO Function VALUES (1, 'None'), (2, 'Rescue'), (3, 'Shelter');
 INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES

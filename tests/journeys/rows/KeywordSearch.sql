@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, dStatus) VALUES
     (1, 'None', NULL, 'ACTIVE'), (2, 'Fire plan', NULL, 'ACTIVE'), (3, 'Report', 'a plan for FIRES', 'ACTIVE'),
     (4, 'Map', NULL, 'ACTIVE');

@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Function VALUES (1, 'None'), (2, 'Relief'), (3, 'Fire & Rescue'), (4, 'Law');
 INSERT INTO CityLocations (LocationID, City, State, Lat, Lon) VALUES
     (5, 'Austin', 'TX', 30.27, -97.74), (6, 'Dallas', 'TX', 32.78, -96.8),

@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO FileTypes VALUES (1, 'None'), (2, 'PDF'), (6, 'Picture');
 INSERT INTO Document (DocumentID, DocumentName, FileTypeID, ReleaseForm, FileLocation, dStatus) VALUES
     (2, 'Local', 2, 0, '2.pdf', 'ACTIVE'), (3, 'On disc', 2, 1, '3.pdf', 'ACTIVE'),

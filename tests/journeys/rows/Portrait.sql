@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Venue VALUES (1, 'None'), (2, 'Coast'), (3, 'Forest');
 INSERT INTO FileTypes VALUES (1, 'None'), (2, 'Adobe PDF');
 INSERT INTO DocumentType VALUES (1, 'None'), (2, 'Plan'), (3, 'Report');

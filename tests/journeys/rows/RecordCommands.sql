@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, OriginalFilename, dStatus) VALUES
     (2, 'One', 'd', 'a.pdf', 'ACTIVE'), (3, 'Three "3"', 'd', 'a.pdf', 'ACTIVE'),
     (4, 'Two', 'd', 'a.pdf', 'ACTIVE'), (5, 'Zero', 'd', 'a.pdf', 'ACTIVE');

@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES
     (2, 'Survey', 'ACTIVE'), (3, 'Office', 'ACTIVE');
 INSERT INTO Event (EventID, EventName, StartDate, EndDate, Status) VALUES

@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Venue VALUES (3, 'Coast'), (4, 'Forest'), (5, 'City'), (6, 'River'), (40000, 'Far');
 INSERT INTO FileTypes VALUES (1, 'None'), (2, 'Adobe PDF'), (3, 'Map'), (4, 'Web Page');
 INSERT INTO DocumentType VALUES (1, 'None'), (7, 'Report'), (8, 'Plan'), (9, 'Letter');

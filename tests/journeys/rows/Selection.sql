@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) VALUES
     (2, 'Flood', '1927-04-01', '06:00', '1927-08-31', '18:00', 'ACTIVE'),
     (3, 'Quake', '1927-04-01', '06:02', '1927-04-01', '06:02', 'ACTIVE'),

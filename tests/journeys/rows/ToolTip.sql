@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Function VALUES (1, 'None'), (2, 'NAME');
 INSERT INTO DocumentType VALUES (1, 'None'), (2, 'NAME');
 INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, State, Lat, Lon, Status) VALUES

@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Venue VALUES (1, 'None'), (2, 'River'), (3, 'Coast');
 INSERT INTO DocumentType VALUES (1, 'None'), (2, 'Report');
 INSERT INTO FileTypes VALUES (1, 'None'), (2, 'PDF');

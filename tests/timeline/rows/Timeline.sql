@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, EndTime, Status) VALUES
     (2, 'First', 1, '2001-09-01', '10:00', '2001-09-01', '10:30', 'ACTIVE'),
     (3, 'Undated', 0, NULL, NULL, NULL, NULL, 'ACTIVE'),

@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES
     (1, 'None', 'ACTIVE'), (2, 'A', 'ACTIVE'), (3, 'B', 'ACTIVE'), (4, 'C', 'ACTIVE'),
     (9, 'Gone', 'DELETED');

@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 INSERT INTO CityLocations (LocationID, City, State, Lat, Lon) VALUES
     (5, 'Austin', 'TX', 30, -97), (6, 'Dallas', 'TX', 32, -96), (7, 'Reno', 'NV', 39, -119),
     (8, 'O''Fallon', 'MO', 38, -90), (40000, 'Far', 'FA', 1, 1);
