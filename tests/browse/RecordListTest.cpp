@@ -48,16 +48,7 @@ std::string sortedNames(const RecordList& list, int column, bool descending)
 TEST(RecordList, ShowsDocuments)
 {
     TestDatabase database;
-    database.run(
-        "INSERT INTO FileTypes VALUES (1, 'None'), (2, 'PDF'), (12, 'Film');"
-        "INSERT INTO Organization (OrganizationID, OrganizationName) VALUES (1, 'None'), (7, 'Survey')");
-    database.run("INSERT INTO Document (DocumentID, DocumentName, KeyDocument, FileTypeID, ReleaseForm, "
-                 "OrganizationID, "
-                 "FileLocation, Author, DocumentDate, dStatus) VALUES "
-                 "(2, 'Beta', 1, 2, 1, 7, '2.pdf', 'The Office', '3/1907', 'ACTIVE'),"
-                 "(3, 'alpha', 0, 12, 0, 1, '3.mpg', NULL, NULL, 'SUBMITTED'),"
-                 "(4, 'Gone', 0, 2, 1, 7, '4.pdf', NULL, NULL, 'DELETED'),"
-                 "(5, 'Delta', 0, NULL, 1, NULL, NULL, NULL, NULL, 'ACTIVE')");
+    database.runFile("browse/rows/Documents.sql");
     const RecordList list = read(database, RecordKind::Document);
     EXPECT_EQ(shown(list), "alpha|||"
                            "|Film|None\nBeta|1|The Office|3/1907|PDF|Survey\nDelta||||None|None");
@@ -79,18 +70,7 @@ TEST(RecordList, ShowsDocuments)
 TEST(RecordList, ShowsOrganizations)
 {
     TestDatabase database;
-    database.run("INSERT INTO OrganizationTypes VALUES (1, 'None'), (2, 'Agency');"
-                 "INSERT INTO OrganizationSubTypes VALUES (1, 1, 'None'), (2, 2, 'State');"
-                 "INSERT INTO Function VALUES (1, 'None'), (2, 'Rescue')");
-    database.run(
-        "INSERT INTO Organization (OrganizationID, OrganizationName, OrganizationTypeID, "
-        "OrganizationSubTypeID, "
-        "FunctionID, City, State, Status) VALUES "
-        "(2, 'A', 2, 2, 2, 'Austin', 'TX', 'ACTIVE'), (3, 'B', 2, 1, 1, 'Austin', NULL, 'ACTIVE'),"
-        "(4, 'C', 2, 1, 2, NULL, 'TX', 'ACTIVE'), (5, 'D', NULL, NULL, NULL, 'Austin', 'None', 'ACTIVE'),"
-        "(6, 'E', 1, 1, 1, '', '', 'ACTIVE')");
-    database.run("INSERT INTO OrganizationProfile (OrganizationProfileID, ChartOption) VALUES (2, 1), (3, "
-                 "0), (4, 1), (4, 1)");
+    database.runFile("browse/rows/Organizations.sql");
     const RecordList list = read(database, RecordKind::Organization);
     EXPECT_EQ(shown(list), "A|Agency - State|Rescue|Austin, TX\nB|Agency|None|Austin\nC|Agency|Rescue|TX\n"
                            "D|None|None|Austin\nE|None|None|");
@@ -105,22 +85,14 @@ TEST(RecordList, ShowsOrganizations)
 TEST(RecordList, SortsDatesAsDatesAndTextsWithoutRegardToCase)
 {
     TestDatabase database;
-    database.run("INSERT INTO Document (DocumentID, DocumentName, KeyDocument, DocumentDate, dStatus) VALUES "
-                 "(2, 'b', 1, '12/01/1999', 'ACTIVE'), (3, 'A', 0, '02/01/2001', 'ACTIVE'), (4, 'É', 1, "
-                 "'undated', 'ACTIVE'),"
-                 "(5, 'e', 0, '1907', 'ACTIVE'), (6, 'f', 0, 'March 1907', 'ACTIVE')");
+    database.runFile("browse/rows/SortedDocuments.sql");
     const RecordList documents = read(database, RecordKind::Document);
     EXPECT_EQ(sortedNames(documents, 0, false), "A b e É f");
     EXPECT_EQ(sortedNames(documents, 0, true), "f É e b A");
     EXPECT_EQ(sortedNames(documents, 3, false), "e f b A É");
     EXPECT_EQ(sortedNames(documents, 1, false), "b É A e f") << "key records first, else as they were";
 
-    database.run(
-        "INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) VALUES "
-        "(2, 'late', '2001-12-01', '08:00', '2001-12-02', '08:00', 'ACTIVE'),"
-        "(3, 'early', '1999-01-05', '08:00', '1999-01-05', '08:00', 'ACTIVE'),"
-        "(4, 'longer', '1999-01-05', '08:00', '1999-01-06', '07:00', 'ACTIVE'),"
-        "(5, 'day', '1999-01-05', NULL, '1999-01-05', NULL, 'ACTIVE')");
+    database.runFile("browse/rows/SortedEvents.sql");
     const RecordList events = read(database, RecordKind::Event);
     EXPECT_EQ(sortedNames(events, 2, false), "day early longer late");
     EXPECT_EQ(sortedNames(events, 2, true), "late longer early day");

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "data/CaseFile.h"
 #include "data/StatementTranslator.h"
 #include "support/TestDatabase.h"
 
@@ -16,34 +17,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Statements of the program, to be damaged.
-const QStringList realStatements{
-    u"SELECT DISTINCT Document.DocumentID, DocumentName, KeyDocument, FileTypeName, "
-    "Document.OrganizationID FROM Q_Document WHERE dStatus <> 'DELETED' AND Document.DocumentID > 1 "
-    "AND ((DocumentName LIKE '%fire%') OR (DocumentDescription LIKE '%fire%')) ORDER BY DocumentName "
-    "ASC"_s,
-    u"SELECT DISTINCT EventID, EventName, StartDate, StartTime FROM Q_Event WHERE Event.Status <> "
-    "'DELETED' AND Event.EventID > 1 AND StartDate >= #9/11/2001# AND StartTime <= #23:59# AND VenueID "
-    "IN (2,3) ORDER BY StartDate"_s,
-    u"SELECT DISTINCT FunctionName, LocationID, Lat, Lon, City, State FROM Q_Organization WHERE "
-    "Organization.Status <> 'DELETED' AND Organization.FunctionID = 2 AND Lat IS NOT NULL"_s,
-    u"SELECT DocumentTypeID, DocumentTypeName, count(Document.DocumentID) as Docs FROM Q_Document WHERE "
-    "DocumentID IN (SELECT DISTINCT Document.DocumentID FROM Document, DocumentEvents WHERE "
-    "Document.DocumentID = DocumentEvents.DocumentID AND EventID = 2) AND DocumentTypeID > 0 GROUP BY "
-    "DocumentTypeID, DocumentTypeName"_s,
-    u"SELECT * FROM Organization WHERE OrganizationName LIKE \"Austin%\" AND Status = 'ACTIVE'"_s,
-    u"UPDATE Document SET dStatus = 'DELETED' WHERE DocumentID = 2"_s,
-    u"DELETE FROM DocumentTypes WHERE DocumentID = 2"_s,
-};
+const QStringList realStatements = linesOfCases("RealStatements");
 
 const QStringList vocabulary =
-    u"SELECT~DISTINCT~FROM~WHERE~GROUP BY~HAVING~ORDER BY~AND~OR~NOT~IN~LIKE~IS NULL~BETWEEN~EXISTS~as~"
-    "ASC~CASE~WHEN~THEN~END~UNION~LIMIT~COLLATE~CAST~JOIN~PRAGMA~ATTACH~INSERT INTO~DELETE FROM~UPDATE~"
-    "SET~Document~Q_Document~Q_Event~Event~Organization~Q_Organization~sqlite_master~DocumentID~"
-    "Document.DocumentID~City~EventID~StartDate~StartTime~LocationID~rowid~nowhere~*~,~,~(~(~)~)~"
-    "(SELECT~.~=~<>~<=~>~+~-~/~||~;~--~/*~'~\"~#~'x'~\"y\"~#1/1/2001#~#2/30/2001#~0~1~"
-    "9999999999999999999~1.5~..1~count(~min(~max(~substr(~ifnull(~randomblob(~load_extension(~é~"
-    "\U0001F525~\u200B~[a]~?~%~_"_s.split(u'~') +
-    QStringList{QString(QChar(0)), QString(QChar(0xD800))};
+    linesOfCases("Vocabulary") + QStringList{QString(QChar(0)), QString(QChar(0xD800))};
 
 class StatementMaker
 {

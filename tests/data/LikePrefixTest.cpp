@@ -13,33 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A condition in parentheses is not narrowed to ranges, so it tells what the narrowed one must find.
-TEST(LikePrefix, LeavesOutNoMatch)
-{
-    TestDatabase database;
-    database.run("INSERT INTO Event (EventID, EventName, Status) VALUES (2, 'Kelvin', 'ACTIVE'), "
-                 "(3, '\u212Aelvin', 'ACTIVE'), (4, '\u017Ftorm', 'ACTIVE'), (5, 'STORM', 'ACTIVE'), "
-                 "(6, 'abc', 'ACTIVE'), (7, 'ABCD', 'ACTIVE'), (8, 'aBd', 'ACTIVE'), (9, '', 'ACTIVE'), "
-                 "(10, NULL, 'ACTIVE'), (11, '\u00C9t\u00E9', 'ACTIVE'), (12, '100% }~', 'ACTIVE'), "
-                 "(13, 'a\u212A', 'ACTIVE'), (14, 'AK', 'DELETED'), (15, 'It''s', 'ACTIVE')");
-    const QString select = u"SELECT EventID FROM Event WHERE "_s;
-    for (const QString& pattern :
-         {u"kelvin"_s, u"Storm"_s, u"ABC"_s, u"ab%"_s, u"a_d"_s, u"%b%"_s, u""_s, u"été"_s, u"100% }~"_s,
-          u"1%"_s, u"aK"_s, u"Ak%"_s, u"it's"_s, u"z"_s, u"ABc_"_s}) {
-        const QString like = u"EventName LIKE \"%1\""_s.arg(pattern);
-        const QString whole = select + like + u" AND Status = 'ACTIVE'"_s;
-        const QString inner = select + u"(("_s + like + u")) AND Status = 'ACTIVE'"_s;
-        EXPECT_EQ(rowsOf(database.session(), whole + u" ORDER BY EventID"_s),
-                  rowsOf(database.session(), inner + u" ORDER BY EventID"_s))
-            << pattern.toStdString();
-        EXPECT_EQ(rowsOf(database.session(), select + u"NOT "_s + like + u" ORDER BY EventID"_s),
-                  rowsOf(database.session(), select + u"NOT ("_s + like + u") ORDER BY EventID"_s))
-            << pattern.toStdString();
-    }
-    EXPECT_EQ(firstColumnOf(database.session(), select + u"EventName LIKE 'ABC%' ORDER BY EventID"_s),
-              u"6 7"_s);
-}
-
 TEST(LikePrefix, FindsATakenTitleByAnIndex)
 {
     TestDatabase database;

@@ -60,31 +60,41 @@ TEST_F(Statement, PlacesThatDifferByCaseAloneAreOne)
               u"Police"_s);
 }
 
-TEST_F(Statement, PlacesAreKnownWithoutRegardToCaseInEveryScript)
+TEST_F(Statement, AfterTheLastRowThereIsNone)
 {
-    m_database.run("UPDATE Organization SET City = ' CAÑON CITY', State = 'co', Lat = NULL;"
-                   "INSERT INTO CityLocations VALUES (8, 'Cañon City', 'CO', 38.5, -105.25),"
-                   "(7, 'Canon City', 'CO', 1, 1), (9, 'cañon city', 'CO', 2, 2)");
-    EXPECT_EQ(rowsOf(m_database.session(),
-                     u"SELECT DISTINCT LocationID, Lat, Lon FROM Q_Organization WHERE OrganizationID > 1"_s),
-              u"8|38.5|-105.25"_s);
+    RecordSet rows = m_database.session().read(u"SELECT * FROM JurisdictionTypes"_s);
+    EXPECT_TRUE(rows.next());
+    EXPECT_TRUE(rows.next());
+    EXPECT_FALSE(rows.next());
+    EXPECT_FALSE(rows.next());
 }
 
-TEST_F(Statement, PlacesToChooseFrom)
+TEST(LongTexts, AreComparedWholeOrAnError)
 {
-    DatabaseSession& session = m_database.session();
-    m_database.run("UPDATE Organization SET City = 'Amarillo', State = 'tx' WHERE OrganizationID = 5;INSERT "
-                   "INTO CityLocations VALUES (9, 'AMARILLO', 'TX', 35.25, -101.75)");
-    EXPECT_EQ(rowsOf(session,
-                     u"SELECT DISTINCT LocationID as idField, City as nameField, State FROM Q_Organization "
-                     "WHERE OrganizationID > 1 AND Status <> 'DELETED' AND LocationID > 0 AND City <> '' "
-                     "AND State <> '' AND State <> 'None' ORDER BY State, City"_s),
-              u"4|Boston|MA\n2| AUSTIN|tx\n9|Amarillo|tx\n3|Dallas|TX"_s);
-    EXPECT_EQ(rowsOf(session,
-                     u"SELECT DISTINCT LocationID, City, State FROM Q_Organization WHERE OrganizationID > 1 "
-                     "AND Status <> 'DELETED' AND LocationID > 0 AND City <> '' AND State LIKE 'TX' ORDER "
-                     "BY State, City"_s),
-              u"2| AUSTIN|tx\n9|Amarillo|tx\n3|Dallas|TX"_s);
+    TestDatabase database;
+    DatabaseSession& session = database.session();
+    EditableRecordSet records = session.edit(u"SELECT * FROM Document WHERE DocumentID = 0"_s);
+    const QString longText(300000, u'é');
+    for (const QString& name :
+         {longText + u'X', longText + u'Y', QString(50000, u'A'), QString(50001, u'A')}) {
+        records.addNew();
+        records.set(u"DocumentName"_s, name);
+        records.update();
+    }
+    const auto found = [&session](const QString& condition) {
+        return firstColumnOf(session, u"SELECT DocumentID FROM Document WHERE "_s + condition);
+    };
+    EXPECT_EQ(found(u"DocumentName = '"_s + longText + u"x'"_s), u"1"_s);
+    EXPECT_EQ(found(u"DocumentName LIKE '%ÉÉy'"_s), u"2"_s);
+    EXPECT_EQ(found(u"DocumentID > 0 ORDER BY DocumentName DESC"_s), u"2 1 4 3"_s);
+    EXPECT_EQ(found(u"lower(DocumentName) IS NULL ORDER BY DocumentID"_s), u"1 2 4"_s)
+        << "no name of a city is so long";
+    // a pattern has a bound of its own, far above any title, and reading on past the error is one too
+    EXPECT_NE(errorNumberOf([&] { found(u"DocumentName LIKE '"_s + longText + u"'"_s); }), 0);
+    RecordSet rows =
+        session.read(u"SELECT DocumentID FROM Document WHERE 'a' LIKE DocumentName OR DocumentID = 1"_s);
+    for (int time = 0; time < 2; ++time)
+        EXPECT_NE(errorNumberOf([&] { rows.next(); }), 0);
 }
 
 } // namespace

@@ -130,21 +130,6 @@ TEST_F(StoredQueries, AnyTwoColumnsAreThoseOfTheViewItself)
     }
 }
 
-TEST_F(StoredQueries, ColumnsAreFoundByTheTableTheyComeFrom)
-{
-    DatabaseSession& session = m_database.session();
-    EXPECT_EQ(
-        firstColumnOf(session,
-                      u"SELECT DISTINCT Organization.OrganizationID FROM Q_Event WHERE Event.EventID = 2 "
-                      "ORDER BY Organization.OrganizationID"_s),
-        u"2 3 6"_s);
-    EXPECT_EQ(firstColumnOf(
-                  session, u"SELECT Q_Document.DocumentID FROM Q_Document WHERE Q_Document.FileTypeID = 3"_s),
-              u"3"_s);
-    EXPECT_EQ(errorNumberOf([&] { session.read(u"SELECT Venue.VenueID FROM Q_Document"_s); }), 1);
-    EXPECT_EQ(errorNumberOf([&] { session.read(u"SELECT Event.FunctionID FROM Q_Event"_s); }), 1);
-}
-
 TEST_F(StoredQueries, AViewOfAnotherShapeIsAnErrorAtOpening)
 {
     m_database.session().close();

@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include <QDir>
-#include <QFile>
+#include "support/TestFiles.h"
+
 #include <QProcess>
+#include <QStringList>
 #include <QTemporaryDir>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <filesystem>
 #include <string>
-#include <tuple>
 #include <vector>
 
 namespace {
@@ -34,15 +33,12 @@ protected:
 
     [[nodiscard]] QByteArray source(const QString& name) const
     {
-        QFile file(path(u"sample/source/"_s + name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        return contentOf(path(u"sample/source/"_s + name));
     }
 
     void setSource(const QString& name, const QByteArray& content) const
     {
-        QFile file(path(u"sample/source/"_s + name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(content), content.size());
+        writeFile(path(u"sample/source/"_s + name), content);
     }
 
     /// The builder's exit status; its messages go to m_messages.
@@ -93,55 +89,27 @@ TEST_F(SampleBuilderTest, TheSameSourcesGiveTheSameRows)
 
 TEST_F(SampleBuilderTest, ABadRowStopsWithItsFileLineAndReason)
 {
-    // a file, what stands in it once, what takes its place, and the message after the file and the line
-    const std::tuple<const char*, const char*, const char*, const char*> cases[]{
-        {"events.tsv", "1900-09-08\t20:00", "1900-02-29\t20:00", "StartDate is not a date: \"1900-02-29\""},
-        {"events.tsv", "1900-09-08\t20:00", "1900-09-08\t24:00", "StartTime is not a time: \"24:00\""},
-        {"events.tsv", "1900-09-08\t20:00", "\t20:00", "a time without its date"},
-        {"events.tsv", "1900-09-08\t20:00", "1900-09-10\t20:00", "the event ends before it starts"},
-        {"events.tsv", "Galveston hurricane of 1900\tyes", "Galveston hurricane of 1900\tmaybe",
-         "Key must be yes or no, not \"maybe\""},
-        {"events.tsv", "Heppner flash flood\t", "Galveston hurricane of 1900\t",
-         "the event \"Galveston hurricane of 1900\" is there already"},
-        {"events.tsv", "Heppner flash flood\tno", "Heppner flash flood", "11 fields instead of 12"},
-        {"events.tsv", "River Valley;Rural Area\t\tA thunderstorm", "River Valley;Moon\t\tA thunderstorm",
-         "there is no venue \"Moon\""},
-        {"events.tsv", "River Valley;Rural Area\t\tA thunderstorm", "River Valley;\t\tA thunderstorm",
-         "Venues has an empty part"},
-        {"organizations.tsv", "\tDenton\tTX\t", "\tDenton\tXX\t", "there is no state \"XX\""},
-        {"organizations.tsv", "25.7543\t-80.3836", "95.7543\t-80.3836",
-         "Lat is not a number from -90 to 90: \"95.7543\""},
-        {"organizations.tsv", "25.7543\t-80.3836", "25.7543\t", "half of a position"},
-        {"organizations.tsv", "FEMA Region 6\tFederal Agency\tRegional Office",
-         "FEMA Region 6\tFederal Agency\tFire Department",
-         "the sub-type Fire Department does not belong to the type"},
-        {"documents.tsv", "A Failure of Initiative\tyes\tAdobe PDF",
-         "A Failure of Initiative\tyes\tStone Tablet", "there is no file type \"Stone Tablet\""},
-        {"documents.tsv", "deaths-associated-with-hurricane-sandy-october-summary.txt", "sandy.xls",
-         "a sheet cannot be a file of the kind xls"},
-        {"documents.tsv", "\tchart\ttornadoes", "\tchart\t", "the local file needs figures"},
-        {"documents.tsv", "\tchart\ttornadoes", "\tchart\tdragons", "there are no figures \"dragons\""},
-        {"documents.tsv", "\tmap\tvolcanoes", "\tmap\tcrests", "the figures crests have no places"},
-        {"history.tsv", "2024-03-04 09:12:00\tEventDescription", "2024-03-04 09:12:00\tWeather",
-         "there is no column \"Weather\""},
-        {"orgcharts.tsv", "\tAdministrator\tResilience", "\tNobody\tResilience",
-         "there is no unit \"Nobody\" above this one"},
-        {"orgcharts.tsv", "National Weather Service\tDirector\tRegions", "Weather Office\tDirector\tRegions",
-         "a chart begins with its head"},
-    };
-    for (const auto& [file, find, replacement, message] : cases) {
-        const QString name = QString::fromLatin1(file);
-        const QByteArray sound = source(name);
+    const QStringList cases = QString::fromUtf8(contentOf(QStringLiteral(ORVIK_SAMPLE_CASES "/BadRows.txt")))
+                                  .replace(u"\\t"_s, u"\t"_s)
+                                  .split(u'\n', Qt::SkipEmptyParts);
+    ASSERT_GT(cases.size(), 20);
+    for (const QString& each : cases) {
+        if (each.startsWith(u'#')) continue;
+        SCOPED_TRACE(each.toStdString());
+        const QStringList fields = each.split(u" / "_s);
+        ASSERT_EQ(fields.size(), 4);
+        const QByteArray find = fields[1].toUtf8();
+        const QByteArray sound = source(fields[0]);
+        ASSERT_EQ(sound.count(find), 1);
         const qsizetype at = sound.indexOf(find);
-        ASSERT_GE(at, 0) << find;
-        ASSERT_EQ(sound.indexOf(find, at + 1), -1) << find;
-        setSource(name, QByteArray(sound).replace(at, qsizetype(std::strlen(find)), replacement));
+        setSource(fields[0], QByteArray(sound).replace(at, find.size(), fields[2].toUtf8()));
 
-        EXPECT_EQ(build(), 1) << message;
-        const std::string line = std::to_string(sound.left(at).count('\n') + 1);
-        EXPECT_THAT(m_messages, testing::HasSubstr(std::string(file) + ':' + line + ": " + message));
-        EXPECT_FALSE(QFile::exists(path(u"target"_s)) || QFile::exists(path(u"target.part"_s))) << message;
-        setSource(name, sound);
+        EXPECT_EQ(build(), 1);
+        const QString line = QString::number(sound.left(at).count('\n') + 1);
+        EXPECT_THAT(m_messages,
+                    testing::HasSubstr((fields[0] + u':' + line + u": "_s + fields[3]).toStdString()));
+        EXPECT_FALSE(QFile::exists(path(u"target"_s)) || QFile::exists(path(u"target.part"_s)));
+        setSource(fields[0], sound);
     }
 }
 

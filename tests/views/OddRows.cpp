@@ -50,8 +50,8 @@ QString organizationRows()
            "t.OrganizationTypeID = ifnull(o.OrganizationTypeID, 1)), o.OrganizationSubTypeID, (SELECT "
            "OrganizationSubTypeName FROM OrganizationSubTypes AS t WHERE t.OrganizationSubTypeID = "
            "ifnull(o.OrganizationSubTypeID, 1)), o.FunctionID, (SELECT FunctionName FROM Function AS t WHERE "
-           "t.FunctionID = ifnull(o.FunctionID, 1)), o.City, o.State, "_s +
-           position(u"Lat"_s) + u", "_s + position(u"Lon"_s) + visibleOrganizations();
+           "t.FunctionID = ifnull(o.FunctionID, 1)), o.City, o.State, p.Lat, p.Lon"_s +
+           visibleOrganizations();
 }
 
 } // namespace
@@ -63,21 +63,10 @@ QString rowsByHand(RecordKind kind)
                                         : organizationRows();
 }
 
-QString ofCity(const QString& column)
-{
-    return u"(SELECT c.%1 FROM CityLocations AS c WHERE lower(trim(c.City)) = lower(trim(o.City)) AND "
-           "lower(trim(c.State)) = lower(trim(o.State)) ORDER BY c.LocationID LIMIT 1)"_s.arg(column);
-}
-
-QString position(const QString& column)
-{
-    return u"CASE WHEN o.Lat IS NULL OR o.Lon IS NULL THEN %1 ELSE o.%2 END"_s.arg(ofCity(column), column);
-}
-
 QString visibleOrganizations()
 {
     return u" FROM Organization AS o JOIN Folded AS f ON f.Kind = 2 AND f.ID = o.OrganizationID "
-           "WHERE o.OrganizationID > 1 AND upper(o.Status) <> 'DELETED'"_s;
+           "JOIN Place AS p ON p.OrganizationID = o.OrganizationID WHERE o.OrganizationID > 1 AND upper(o.Status) <> 'DELETED'"_s;
 }
 
 void OddRows::addTo(const TestDatabase& database)

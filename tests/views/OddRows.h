@@ -14,8 +14,9 @@
 /// names and times, deleted records and ones without a status, links that are repeated or lead nowhere,
 /// quotes, other scripts and both letter cases. The reserved row 1 of each kind is no exception.
 ///
-/// A further table serves queries by hand: `Folded (Kind, ID, Name, NameBase, Description)` has the texts of
-/// a record as they are compared, and its name without accents, by which it sorts first.
+/// A table and a view serve queries by hand. `Folded (Kind, ID, Name, NameBase, Description)` has the texts
+/// of a record as they are compared, and its name without accents, by which it sorts first. `Place` has the
+/// position of an organization, its own or that of its city.
 class OddRows
 {
 public:
@@ -64,12 +65,5 @@ private:
 /// are those of the list.
 QString rowsByHand(RecordKind kind);
 
-/// Returns a column of the known city of an organization `o`; of several cities, the one with the smallest
-/// key.
-QString ofCity(const QString& column);
-
-/// Returns `Lat` or `Lon` of an organization `o`: its own if it has both, else that of its city.
-QString position(const QString& column);
-
-/// From and where clauses for the organizations that lists show.
+/// From and where clauses for the organizations `o` that lists show, and their places `p`.
 QString visibleOrganizations();

@@ -11,7 +11,6 @@
 #include "timeline/Moments.h"
 #include "timeline/TimeWindowQuery.h"
 #include "views/OddRows.h"
-#include "views/RelatedViews.h"
 #include "views/ShowOnlyViews.h"
 #include "views/StandardQueries.h"
 
@@ -238,51 +237,6 @@ TEST_P(ViewRows, OfAdvancedSearchesAndTheirCharts)
     EXPECT_GT(m_listed, 200);
 }
 
-TEST_P(ViewRows, OfRelatedRecords)
-{
-    using enum RelatedCommand;
-    const QString link = u" AND EXISTS (SELECT 1 FROM %1 AS l WHERE l.%2 = %3 AND l.%4 = %5)"_s;
-    const struct
-    {
-        RelatedCommand command;
-        RecordKind kind;
-        QString condition; ///< with %1 for the record that it begins from
-    } cases[] = {
-        {DocumentEvents, RecordKind::Event,
-         link.arg(u"DocumentEvents"_s, u"EventID"_s, u"e.EventID"_s, u"DocumentID"_s, u"%1"_s)},
-        {EventDocuments, RecordKind::Document,
-         link.arg(u"DocumentEvents"_s, u"DocumentID"_s, u"d.DocumentID"_s, u"EventID"_s, u"%1"_s)},
-        {EventOrganizations, RecordKind::Organization,
-         link.arg(u"OrganizationEvents"_s, u"OrganizationID"_s, u"o.OrganizationID"_s, u"EventID"_s,
-                  u"%1"_s)},
-        {OrganizationEvents, RecordKind::Event,
-         link.arg(u"OrganizationEvents"_s, u"EventID"_s, u"e.EventID"_s, u"OrganizationID"_s, u"%1"_s)},
-        {OrganizationDocuments, RecordKind::Document, u" AND d.OrganizationID = %1"_s},
-        {DocumentOrganization, RecordKind::Organization,
-         u" AND o.OrganizationID = (SELECT OrganizationID FROM Document WHERE DocumentID = %1)"_s},
-    };
-    int questions = 0;
-    for (const auto& [command, kind, condition] : cases) {
-        for (int id = 2; id <= OddRows::most; ++id) {
-            const QString here = condition.arg(id);
-            const RelatedOutcome outcome =
-                RelatedViews(m_database.session(), m_queries).follow(command, {id, u"N"_s});
-            const bool hasSource = command == DocumentOrganization &&
-                                   m_database.ask(qPrintable(u"SELECT OrganizationID FROM Document WHERE "
-                                                             "DocumentID = %1"_s.arg(id))) != u"NULL";
-            if (outcome.view) {
-                expectRows(kind, *outcome.view->SQL, here);
-            } else {
-                EXPECT_TRUE(asked(rowsByHand(kind) + here).isEmpty());
-                ++questions;
-            }
-            EXPECT_EQ(outcome.view.has_value(), hasSource || !asked(rowsByHand(kind) + here).isEmpty()) << id;
-        }
-    }
-    EXPECT_GT(questions, 10);
-    EXPECT_GT(m_listed, 200);
-}
-
 TEST_P(ViewRows, OfOneTypeStateOrCity)
 {
     const ShowOnlyViews views(m_database.session(), m_queries);
@@ -346,11 +300,10 @@ TEST_P(ViewRows, OnTheMap)
                                                    : u"%1 %2"_s.arg(place.lat).arg(place.lon);
             drawn << function + u'|' + where + u'|' + QString::number(place.colour);
         }
-        QStringList byHand = asked(u"SELECT DISTINCT o.FunctionID, ifnull(%1, o.Lat || ' ' || o.Lon), "
-                                   u"ifnull((o.FunctionID - 1) % 16, 0) "
-                                   "%4%5 AND %2 IS NOT NULL AND %3 IS NOT NULL"_s.arg(
-                                       ofCity(u"LocationID"_s), position(u"Lat"_s), position(u"Lon"_s),
-                                       visibleOrganizations(), condition));
+        QStringList byHand =
+            asked(u"SELECT DISTINCT o.FunctionID, ifnull(p.LocationID, o.Lat || ' ' || o.Lon), "
+                  "ifnull((o.FunctionID - 1) % 16, 0) "_s +
+                  visibleOrganizations() + condition + u" AND p.Lat IS NOT NULL AND p.Lon IS NOT NULL"_s);
         drawn.sort();
         byHand.sort();
         EXPECT_EQ(drawn, byHand) << condition.toStdString();
