@@ -2,11 +2,9 @@
 
 #include "data/LikePrefix.h"
 
-#include "data/EngineRules.h"
 #include "data/StatementTranslator.h"
 #include "support/TestDatabase.h"
 
-#include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -18,13 +16,7 @@ TEST(LikePrefix, FindsATakenTitleByAnIndex)
     TestDatabase database;
     const QString statement =
         u"SELECT EventID FROM Event WHERE EventName LIKE \"Flood\" AND Status = 'ACTIVE'"_s;
-    const QString sql = StatementTranslator(database.session().catalog()).select(statement).sql;
-    SQLite::Database engine(database.fileName().toStdString());
-    addTextRules(engine.getHandle());
-    SQLite::Statement steps(engine, "EXPLAIN QUERY PLAN " + sql.toStdString());
-    QString plan;
-    while (steps.executeStep())
-        plan += QString::fromUtf8(steps.getColumn(3).getText()) + u'\n';
+    const QString plan = database.planOf(statement);
     EXPECT_TRUE(plan.contains(u"EventNames (EventName>? AND EventName<?)"_s)) << plan.toStdString();
 }
 

@@ -2,9 +2,7 @@
 
 #include "editors/EditorTest.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include "support/TestFiles.h"
 
 #include <algorithm>
 
@@ -22,17 +20,13 @@ EditorTest::EditorTest() : m_state(ProgramFolder(m_database.folder()))
 QString EditorTest::userFile(const QString& name, const QByteArray& content) const
 {
     const QString path = m_database.folder() + u"/user/"_s + name;
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
+    writeFile(path, content);
     return path;
 }
 
 QByteArray EditorTest::stored(const QString& pathInData) const
 {
-    QFile file(m_database.folder() + u"/data/"_s + pathInData);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return contentOf(m_database.folder() + u"/data/"_s + pathInData);
 }
 
 void EditorTest::refuseRows(const QString& table, const QString& column, int number) const

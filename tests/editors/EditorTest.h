@@ -20,7 +20,7 @@ protected:
     /// A file of the user, outside the program folder.
     QString userFile(const QString& name, const QByteArray& content) const;
 
-    /// The content of a file in the data folder; empty if there is none.
+    /// The content of a file in the data folder, or `(no file)`.
     [[nodiscard]] QByteArray stored(const QString& pathInData) const;
 
     [[nodiscard]] QString ask(const char* statement) const { return m_database.ask(statement); }

@@ -4,14 +4,14 @@
 
 #include "ImportTool.h"
 
+#include <QCryptographicHash>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <glib.h>
 #include <limits>
 #include <map>
-#include <memory>
 #include <sstream>
 
 namespace {
@@ -129,12 +129,8 @@ std::vector<ManifestLine> readManifest(const std::string& path)
 
 std::string sha256Of(const std::vector<std::string>& lines)
 {
-    const std::unique_ptr<GChecksum, decltype(&g_checksum_free)> sum(g_checksum_new(G_CHECKSUM_SHA256),
-                                                                     &g_checksum_free);
-    for (const std::string& line : lines) {
-        const std::string ended = line + '\n';
-        g_checksum_update(sum.get(), reinterpret_cast<const guchar*>(ended.data()),
-                          static_cast<gssize>(ended.size()));
-    }
-    return g_checksum_get_string(sum.get());
+    QCryptographicHash sum(QCryptographicHash::Sha256);
+    for (const std::string& line : lines)
+        sum.addData(QByteArray::fromStdString(line + '\n'));
+    return sum.result().toHex().toStdString();
 }

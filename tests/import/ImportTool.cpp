@@ -2,36 +2,21 @@
 
 #include "ImportTool.h"
 
-#include <algorithm>
-#include <array>
-#include <fcntl.h>
+#include <QDir>
+#include <QStringList>
+
+#include <csignal>
 #include <fstream>
 #include <iterator>
-#include <poll.h>
 #include <sstream>
 #include <stdexcept>
-#include <sys/wait.h>
-#include <unistd.h>
-
-TemporaryFolder::TemporaryFolder()
-{
-    std::string name = (std::filesystem::temp_directory_path() / "orvik-import-XXXXXX").string();
-    if (!::mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
-    m_path = name;
-}
-
-TemporaryFolder::~TemporaryFolder()
-{
-    std::error_code ignored;
-    std::filesystem::remove_all(m_path, ignored);
-}
 
 std::vector<std::string> TemporaryFolder::names() const
 {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(m_path))
-        names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
+    const auto all = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
+    for (const QString& name : QDir(m_folder.path()).entryList(all, QDir::Name))
+        names.push_back(name.toStdString());
     return names;
 }
 
@@ -46,89 +31,42 @@ std::vector<std::vector<std::string>> ToolResult::summary(const std::string& key
 
 ImportTool::ImportTool(const Arguments& arguments, const std::function<void()>& prepare)
 {
-    std::array<int, 2> output{};
-    std::array<int, 2> errorOutput{};
-    if (::pipe2(output.data(), O_CLOEXEC) != 0 || ::pipe2(errorOutput.data(), O_CLOEXEC) != 0)
-        throw std::runtime_error("no pipe");
-    std::vector<char*> words = {const_cast<char*>(ORVIK_IMPORT_TOOL)};
+    QStringList words;
     for (const std::string& argument : arguments)
-        words.push_back(const_cast<char*>(argument.c_str()));
-    words.push_back(nullptr);
-
-    m_process = ::fork();
-    if (m_process == 0) {
-        ::dup2(output[1], STDOUT_FILENO);
-        ::dup2(errorOutput[1], STDERR_FILENO);
-        if (prepare) prepare();
-        ::execv(ORVIK_IMPORT_TOOL, words.data());
-        ::_exit(127);
-    }
-    ::close(output[1]);
-    ::close(errorOutput[1]);
-    m_output = output[0];
-    m_errorOutput = errorOutput[0];
-}
-
-ImportTool::~ImportTool()
-{
-    if (m_process > 0) {
-        ::kill(m_process, SIGKILL);
-        ::waitpid(m_process, nullptr, 0);
-    }
-    ::close(m_output);
-    ::close(m_errorOutput);
-}
-
-bool ImportTool::readMore(std::chrono::steady_clock::time_point deadline)
-{
-    const auto left =
-        std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
-    std::array<pollfd, 2> waiting = {{{m_output, POLLIN, 0}, {m_errorOutput, POLLIN, 0}}};
-    if (left.count() <= 0 || ::poll(waiting.data(), waiting.size(), static_cast<int>(left.count())) <= 0)
-        return false;
-    bool isOpen = false;
-    for (const pollfd& ready : waiting) {
-        if (ready.revents == 0) continue;
-        std::array<char, 4096> buffer{};
-        const ssize_t got = ::read(ready.fd, buffer.data(), buffer.size());
-        if (got <= 0) continue;
-        isOpen = true;
-        (ready.fd == m_output ? m_said : m_saidError).append(buffer.data(), static_cast<std::size_t>(got));
-    }
-    return isOpen;
+        words << QString::fromStdString(argument);
+    if (prepare) m_process.setChildProcessModifier(prepare);
+    m_process.start(QStringLiteral(ORVIK_IMPORT_TOOL), words);
+    if (!m_process.waitForStarted()) throw std::runtime_error("cannot start the importer");
 }
 
 bool ImportTool::waitForLine(const std::string& start)
 {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (('\n' + m_said).find('\n' + start) == std::string::npos)
-        if (!readMore(deadline)) return false;
+    while (('\n' + m_said).find('\n' + start) == std::string::npos) {
+        if (!m_process.waitForReadyRead(60'000)) return false;
+        m_said += m_process.readAllStandardOutput().toStdString();
+    }
     return true;
 }
 
 void ImportTool::signal(int number)
 {
-    ::kill(m_process, number);
+    ::kill(static_cast<pid_t>(m_process.processId()), number);
 }
 
 ToolResult ImportTool::finish(std::chrono::seconds limit)
 {
-    const auto deadline = std::chrono::steady_clock::now() + limit;
-    while (readMore(deadline)) {
-    }
     ToolResult result;
-    if (std::chrono::steady_clock::now() >= deadline) {
+    const bool hasEnded = m_process.state() == QProcess::NotRunning ||
+                          m_process.waitForFinished(static_cast<int>(limit.count() * 1000));
+    if (!hasEnded) {
         result.status = -2;
         return result;
     }
-    int status = 0;
-    ::waitpid(m_process, &status, 0);
-    m_process = -1;
-    if (WIFEXITED(status)) result.status = WEXITSTATUS(status);
-    std::istringstream lines(m_said);
+    if (m_process.exitStatus() == QProcess::NormalExit) result.status = m_process.exitCode();
+    std::istringstream lines(m_said + m_process.readAllStandardOutput().toStdString());
     for (std::string line; std::getline(lines, line);)
         result.lines.push_back(divided(line, '\t'));
-    result.error = m_saidError;
+    result.error = m_process.readAllStandardError().toStdString();
     return result;
 }
 

@@ -2,29 +2,27 @@
 
 #pragma once
 
+#include <QProcess>
+#include <QTemporaryDir>
+
 #include <chrono>
-#include <filesystem>
 #include <functional>
 #include <string>
-#include <sys/types.h>
-#include <utility>
 #include <vector>
 
 /// A folder of its own for one test, gone with this object.
 class TemporaryFolder
 {
 public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    std::string path(const std::string& name) const { return (m_path / name).string(); }
+    std::string path(const std::string& name) const
+    {
+        return m_folder.filePath(QString::fromStdString(name)).toStdString();
+    }
     /// The names in it, sorted.
     std::vector<std::string> names() const;
 
 private:
-    std::filesystem::path m_path;
+    QTemporaryDir m_folder;
 };
 
 /// How one run of the importer ended and what it said.
@@ -46,9 +44,6 @@ public:
 
     /// Starts it; `prepare` runs in the new process before the program does.
     explicit ImportTool(const Arguments& arguments, const std::function<void()>& prepare = {});
-    ~ImportTool();
-    ImportTool(const ImportTool&) = delete;
-    ImportTool& operator=(const ImportTool&) = delete;
 
     /// Reads on until the output has a line that starts with this. False if it ends before.
     bool waitForLine(const std::string& start);
@@ -58,13 +53,8 @@ public:
     static ToolResult run(const Arguments& arguments, const std::function<void()>& prepare = {});
 
 private:
-    bool readMore(std::chrono::steady_clock::time_point deadline);
-
-    pid_t m_process = -1;
-    int m_output = -1;
-    int m_errorOutput = -1;
-    std::string m_said;
-    std::string m_saidError;
+    QProcess m_process;
+    std::string m_said; ///< what was read of its output so far
 };
 
 /// A file of the test data.

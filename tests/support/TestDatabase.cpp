@@ -2,6 +2,8 @@
 
 #include "support/TestDatabase.h"
 
+#include "data/EngineRules.h"
+#include "data/StatementTranslator.h"
 #include "support/TestFiles.h"
 
 #include <QStringList>
@@ -62,6 +64,18 @@ QString TestDatabase::ask(const char* statement) const
         lines << values.join(u'|');
     }
     return lines.join(u'\n');
+}
+
+QString TestDatabase::planOf(const QString& statement)
+{
+    const QString sql = StatementTranslator(session().catalog()).select(statement).sql;
+    SQLite::Database database(fileName().toStdString());
+    addTextRules(database.getHandle());
+    SQLite::Statement steps(database, "EXPLAIN QUERY PLAN " + sql.toStdString());
+    QString plan;
+    while (steps.executeStep())
+        plan += QString::fromUtf8(steps.getColumn(3).getText()) + u'\n';
+    return plan;
 }
 
 DatabaseSession& TestDatabase::session()

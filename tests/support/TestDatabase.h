@@ -36,6 +36,9 @@ public:
     [[nodiscard]] QString ask(const char* statement) const;
     [[nodiscard]] QString ask(const QString& statement) const { return ask(statement.toUtf8().constData()); }
 
+    /// The steps in which SQLite answers a statement of the session, one a line.
+    [[nodiscard]] QString planOf(const QString& statement);
+
     /// The session with the file, opened when first asked for.
     DatabaseSession& session();
 

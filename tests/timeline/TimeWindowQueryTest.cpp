@@ -2,15 +2,12 @@
 
 #include "timeline/TimeWindowQuery.h"
 
-#include "data/EngineRules.h"
-#include "data/StatementTranslator.h"
 #include "support/TestDatabase.h"
 #include "timeline/Moments.h"
 #include "views/StandardQueries.h"
 
 #include <QRegularExpression>
 
-#include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -20,19 +17,6 @@ namespace {
 class Query : public testing::Test
 {
 protected:
-    /// The query plan of SQLite for a statement, one line a step.
-    QString planOf(const QString& statement)
-    {
-        const QString sql = StatementTranslator(m_database.session().catalog()).select(statement).sql;
-        SQLite::Database database(m_database.fileName().toStdString());
-        addTextRules(database.getHandle());
-        SQLite::Statement steps(database, "EXPLAIN QUERY PLAN " + sql.toStdString());
-        QString plan;
-        while (steps.executeStep())
-            plan += QString::fromUtf8(steps.getColumn(3).getText()) + u'\n';
-        return plan;
-    }
-
     TestDatabase m_database;
     SharedQuery m_view = StandardQueries().events;
 };
@@ -53,7 +37,8 @@ TEST_F(Query, IsServedByIndexesWithoutASearchThroughAllEvents)
 {
     m_database.run("INSERT INTO Event (EventID, StartDate, StartTime, EndDate, EndTime, Status) VALUES "
                    "(2, '2001-09-11', '09:00', '2001-09-11', '10:00', 'ACTIVE')");
-    const QString plan = planOf(TimeWindowQuery::inWindow(*m_view, at("2001-09-11"), at("2001-09-12")));
+    const QString plan =
+        m_database.planOf(TimeWindowQuery::inWindow(*m_view, at("2001-09-11"), at("2001-09-12")));
     EXPECT_TRUE(
         plan.contains(QRegularExpression(u"EventByStart\\w* \\(StartDate>\\? AND StartDate<\\?\\)"_s)))
         << plan.toStdString();
@@ -70,8 +55,9 @@ TEST_F(Query, IsServedByIndexesWithoutASearchThroughAllEvents)
     EXPECT_EQ(found(TimeWindowQuery::after(*m_view, at("2001-09-11 08:59"))), u"2"_s);
     for (const QString& nearest : {TimeWindowQuery::before(*m_view, at("2001-09-11")),
                                    TimeWindowQuery::after(*m_view, at("2001-09-11"))}) {
-        EXPECT_TRUE(planOf(nearest).startsWith(u"SEARCH Event USING INDEX EventByStart (StartDate"_s));
-        EXPECT_FALSE(planOf(nearest).contains(u"TEMP B-TREE"_s)) << "the first row is enough";
+        EXPECT_TRUE(
+            m_database.planOf(nearest).startsWith(u"SEARCH Event USING INDEX EventByStart (StartDate"_s));
+        EXPECT_FALSE(m_database.planOf(nearest).contains(u"TEMP B-TREE"_s)) << "the first row is enough";
     }
 }
 

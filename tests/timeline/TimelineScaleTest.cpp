@@ -95,49 +95,40 @@ TEST(Moment, ReadsWhatTheFileHolds)
         EXPECT_FALSE(momentOfHeld("2001-09-11", time).has_value()) << time;
 }
 
-class Limits : public testing::Test
+/// The last of them cannot be read to its end, and leaves the end as it was.
+TEST(TimelineLimits, ReachFromTheFirstStartToADayAfterTheLastEndOrAreTheDayOfToday)
 {
-protected:
-    TimelineLimits read()
+    const struct
     {
-        TimelineLimits limits;
-        setTimelineLimits(m_database.session(), QDateTime(QDate(2005, 6, 15), QTime(13, 45)), limits);
-        return limits;
+        const char* events;
+        const char* start;
+        Moment end;
+        int error;
+    } cases[] = {
+        {"(1, '1500-01-01', '00:00', '9000-01-01', '00:00', 'ACTIVE'),"
+         "(2, '1600-05-06', '07:08:59', '1700-01-01', '10:00', 'ACTIVE'),"
+         "(3, '1600-05-06', '09:00', '9999-12-31', '23:59', 'active'),"
+         "(4, '1550-01-01', '00:00', '9999-12-31', NULL, 'DELETED'), (5, NULL, '03:00', NULL, NULL, "
+         "'ACTIVE'),"
+         "(6, '1590-01-01', '03:00', '9999-12-31', NULL, NULL)",
+         "1600-05-06 07:08", at("9999-12-31 23:59") + minutesOfDay, 0},
+        {"(1, '1500-01-01', NULL, '1500-01-01', NULL, 'ACTIVE'), (3, NULL, NULL, NULL, NULL, 'ACTIVE'),"
+         "(2, '1501-01-01', NULL, '1501-01-01', NULL, 'DELETED')",
+         "2005-06-15 00:00", at("2005-06-16 13:45"), 0},
+        {"(2, '1900-01-01', NULL, 'some day', NULL, 'ACTIVE')", "1900-01-01", 8, 13},
+    };
+    for (const auto& [events, start, end, error] : cases) {
+        SCOPED_TRACE(events);
+        TestDatabase database;
+        const std::string insert =
+            "INSERT INTO Event (EventID, StartDate, StartTime, EndDate, EndTime, Status) VALUES ";
+        database.run((insert + events).c_str());
+        TimelineLimits limits{7, 8};
+        const QDateTime today(QDate(2005, 6, 15), QTime(13, 45));
+        EXPECT_EQ(errorNumberOf([&] { setTimelineLimits(database.session(), today, limits); }), error);
+        EXPECT_EQ(limits.timelineStart, at(start));
+        EXPECT_EQ(limits.timelineEnd, end);
     }
-
-    TestDatabase m_database;
-};
-
-TEST_F(Limits, ReachFromTheFirstStartToADayAfterTheLastEnd)
-{
-    m_database.run("INSERT INTO Event (EventID, StartDate, StartTime, EndDate, EndTime, Status) VALUES "
-                   "(1, '1500-01-01', '00:00', '9000-01-01', '00:00', 'ACTIVE'),"
-                   "(2, '1600-05-06', '07:08:59', '1700-01-01', '10:00', 'ACTIVE'),"
-                   "(3, '1600-05-06', '09:00', '9999-12-31', '23:59', 'active'),"
-                   "(4, '1550-01-01', '00:00', '9999-12-31', NULL, 'DELETED'),"
-                   "(5, NULL, '03:00', NULL, NULL, 'ACTIVE'),"
-                   "(6, '1590-01-01', '03:00', '9999-12-31', NULL, NULL)");
-    EXPECT_EQ(read().timelineStart, at("1600-05-06 07:08"));
-    EXPECT_EQ(read().timelineEnd, at("9999-12-31 23:59") + minutesOfDay);
-}
-
-TEST_F(Limits, WithoutEventsAreTheDayOfToday)
-{
-    m_database.run("INSERT INTO Event (EventID, StartDate, EndDate, Status) VALUES "
-                   "(1, '1500-01-01', '1500-01-01', 'ACTIVE'), (2, '1501-01-01', '1501-01-01', 'DELETED'),"
-                   "(3, NULL, NULL, 'ACTIVE')");
-    EXPECT_EQ(read().timelineStart, at("2005-06-15 00:00"));
-    EXPECT_EQ(read().timelineEnd, at("2005-06-16 13:45"));
-}
-
-TEST_F(Limits, KeepWhatTheyReachedBeforeAFailure)
-{
-    m_database.run("INSERT INTO Event (EventID, StartDate, EndDate, Status) VALUES "
-                   "(2, '1900-01-01', 'some day', 'ACTIVE')");
-    TimelineLimits limits{7, 8};
-    EXPECT_EQ(errorNumberOf([&] { setTimelineLimits(m_database.session(), QDateTime(), limits); }), 13);
-    EXPECT_EQ(limits.timelineStart, at("1900-01-01"));
-    EXPECT_EQ(limits.timelineEnd, 8);
 }
 
 } // namespace

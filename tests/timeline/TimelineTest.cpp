@@ -142,44 +142,26 @@ TEST_F(Handlers, TheScrollBarMovesTheFirstLaneAndGoesBackWithTheWindow)
     EXPECT_EQ(m_timeline.window().windowEnd(), m_timeline.window().currentTime());
 }
 
-TEST_F(Handlers, ASelectionIsOfTheEventAndNotOfTheLane)
-{
-    m_timeline.chooseEvent(11);
-    m_timeline.selectEvent(12);
-    EXPECT_EQ(lanes(), "A -->|[B -->]|C -->");
-    m_timeline.VScroll1_Change(1);
-    EXPECT_EQ(lanes(), "[B -->]|C -->|D -->");
-}
-
 TEST_F(Handlers, AfterASaveTheTimelineReachesToTheEventAndShowsIt)
 {
+    m_timeline.NavStepForward();
+    const std::string before = now();
     m_database.run("INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) "
                    "VALUES (20, 'New', '2010-01-01', '12:00', '2010-01-01', '12:10', 'ACTIVE')");
+    m_timeline.updateTimeline(std::nullopt);
+    EXPECT_EQ(now(), before) << "an event without a date has no place to go to";
+    m_timeline.NavEnd();
+    EXPECT_EQ(m_timeline.captions()[0], u"01/02/2010 11:50"_s) << "the limits were read again";
+
     m_timeline.updateTimeline(at("2010-01-01 12:00"));
     EXPECT_EQ(now(), "01/01/2010 12:00");
     EXPECT_EQ(lanes(), "New");
-    m_timeline.NavEnd();
-    EXPECT_EQ(m_timeline.captions()[0], u"01/02/2010 11:50"_s);
     for (int level = 0; level < TimelineScale::dayLevel; ++level)
         m_timeline.ZoomOut();
     m_timeline.updateTimeline(at("2010-01-01 12:00"));
     EXPECT_EQ(now(), "01/01/2010 12:00") << "though the window then reaches beyond the end";
     m_timeline.updateTimeline(at("1990-01-01 12:00"));
     EXPECT_EQ(now(), "09/01/2001 10:00") << "never before the start";
-}
-
-TEST_F(Handlers, AfterASaveWithoutADateTheTimelineStaysWithinItsNewLimits)
-{
-    m_timeline.NavStepForward();
-    const std::string before = now();
-    m_timeline.updateTimeline(std::nullopt);
-    EXPECT_EQ(now(), before);
-    m_database.run("INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) "
-                   "VALUES (20, 'New', '2010-01-01', '12:00', '2010-01-01', '12:10', 'ACTIVE')");
-    m_timeline.updateTimeline(std::nullopt);
-    EXPECT_EQ(now(), before);
-    m_timeline.NavEnd();
-    EXPECT_EQ(m_timeline.captions()[0], u"01/02/2010 11:50"_s) << "the limits were read again";
 }
 
 TEST_F(Handlers, OneFailureShowsOneMessage)
@@ -246,7 +228,7 @@ TEST_F(Handlers, AnEventThatCannotBeReadLeavesTheWindowAsItWas)
         << "what is selected is out of sight";
 }
 
-TEST_F(Handlers, TheSelectedEventIsThatOfTheView)
+TEST_F(Handlers, TheSelectionIsOfTheEventAndOfTheView)
 {
     m_timeline.chooseEvent(11);
     EXPECT_EQ(m_history.selected(), 11);
@@ -254,6 +236,8 @@ TEST_F(Handlers, TheSelectedEventIsThatOfTheView)
     m_timeline.drawTimeline();
     EXPECT_EQ(lanes(), "A -->|B -->|C -->");
     m_timeline.selectEvent(12);
+    m_timeline.VScroll1_Change(1);
+    EXPECT_EQ(lanes(), "[B -->]|C -->|D -->");
     m_history.goBack();
     m_timeline.drawTimeline();
     EXPECT_EQ(lanes(), "[A -->]|B -->|C -->");
