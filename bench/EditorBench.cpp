@@ -94,6 +94,7 @@ void pickList(benchmark::State& state)
 void dropDown(benchmark::State& state)
 {
     std::vector<ListEntry> entries;
+    entries.reserve(fullSize);
     for (int i = 0; i < fullSize; ++i)
         entries.push_back({QStringLiteral("Organization %1 of some county").arg(i), i + 2});
     EntryCombo combo(EntryCombo::Kind::Searching, nullptr);

@@ -80,7 +80,8 @@ public:
         for (int i = 0; i < markers; ++i) {
             clsCities place;
             place.functionId = i % 30;
-            place.lat = 25 + 24.0 * (i / columns) / (static_cast<double>(markers) / columns);
+            const int row = i / columns;
+            place.lat = 25 + 24.0 * row * columns / markers;
             place.lon = -124 + 57.0 * (i % columns) / columns;
             place.colour = clsCities::colourOf(place.functionId);
             places.push_back(place);

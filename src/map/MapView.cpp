@@ -191,8 +191,10 @@ void MapView::contextMenuEvent(QContextMenuEvent* event)
 bool MapView::moveByKey(int key)
 {
     constexpr int part = 8;
-    const QPointF across(width() / part, 0);
-    const QPointF down(0, height() / part);
+    const int columns = width() / part;
+    const int rows = height() / part;
+    const QPointF across(columns, 0);
+    const QPointF down(0, rows);
     switch (key) {
     case Qt::Key_Left:
         pan(across);

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 #include <utility>
 
 namespace {
@@ -34,8 +33,9 @@ void StatesPicture::setMarkers(std::vector<QPointF> markers)
     // many organizations stand at one place
     const auto place = [](const QPointF& marker) { return std::pair(marker.x(), marker.y()); };
     std::ranges::sort(m_markers, {}, place);
-    const auto repeated = std::ranges::unique(m_markers, {}, place);
-    m_markers.erase(repeated.begin(), repeated.end());
+    m_markers.erase(std::unique(m_markers.begin(), m_markers.end(),
+                                [place](const QPointF& a, const QPointF& b) { return place(a) == place(b); }),
+                    m_markers.end());
     forget();
 }
 
@@ -46,8 +46,8 @@ std::vector<QPointF> StatesPicture::markersIn(const StateShape& state) const
     const auto x = [](const QPointF& marker) { return marker.x(); };
     const auto first = std::ranges::lower_bound(m_markers, state.bounds.left(), {}, x);
     const auto last = std::ranges::upper_bound(m_markers, state.bounds.right(), {}, x);
-    for (const QPointF& marker : std::ranges::subrange(first, last)) {
-        if (state.bounds.contains(marker)) found.push_back(m_frame.toPixels(marker));
+    for (auto marker = first; marker != last; ++marker) {
+        if (state.bounds.contains(*marker)) found.push_back(m_frame.toPixels(*marker));
     }
     std::ranges::sort(found, {}, [](const QPointF& marker) { return marker.y(); });
     return found;

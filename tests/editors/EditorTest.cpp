@@ -19,7 +19,7 @@ EditorTest::EditorTest() : m_state(ProgramFolder(m_database.folder()))
 
 QString EditorTest::userFile(const QString& name, const QByteArray& content) const
 {
-    const QString path = m_database.folder() + u"/user/"_s + name;
+    QString path = m_database.folder() + u"/user/"_s + name;
     writeFile(path, content);
     return path;
 }

@@ -68,15 +68,15 @@ const struct
     const char* dialog;
     const char* command;
     std::vector<const char*> fields;
-} editors[] = {{"frmDocument",
-                "mnuRecordAddNewDocument",
-                {"txtDocumentName", "txtAuthor", "txtURL", "txtOriginalFilename", "cmbOrganizationNames"}},
-               {"frmEvent", "mnuRecordAddNewEvent", {"txtEventName", "dtpStartDate", "dtpEndTime"}},
-               {"frmOrganization", "mnuRecordAddNewOrganization", {"txtCity", "txtOrganizationChart"}}};
+} forms[] = {{"frmDocument",
+              "mnuRecordAddNewDocument",
+              {"txtDocumentName", "txtAuthor", "txtURL", "txtOriginalFilename", "cmbOrganizationNames"}},
+             {"frmEvent", "mnuRecordAddNewEvent", {"txtEventName", "dtpStartDate", "dtpEndTime"}},
+             {"frmOrganization", "mnuRecordAddNewOrganization", {"txtCity", "txtOrganizationChart"}}};
 
 TEST_F(Form, ScrollsIfTheWindowIsSmallAndRemembersItsSize)
 {
-    for (const auto& [name, command, fields] : editors) {
+    for (const auto& [name, command, fields] : forms) {
         SCOPED_TRACE(name);
         journey.inDialog(name, command, [](OpenDialog& dialog) {
             dialog.dialog().resize(400, 300);
@@ -116,8 +116,8 @@ TEST_F(Form, LineEndsBecomeBlanksInALine)
         QString pasted;
         const char* taken;
     } texts[] = {{u"a\nb\r\nc\rd\u2028e"_s, "a b c d e"}, {u"plain"_s, "plain"}};
-    for (const auto& [dialogName, command, fields] : editors) {
-        journey.inDialog(dialogName, command, [&](OpenDialog& dialog) {
+    for (const auto& [dialogName, command, fields] : forms) {
+        journey.inDialog(dialogName, command, [&, &fields = fields](OpenDialog& dialog) {
             for (const char* name : fields) {
                 auto& part = dialog.find<QWidget>(name);
                 auto* line = qobject_cast<QLineEdit*>(&part);

@@ -164,7 +164,7 @@ TEST_F(OrganizationPlacesTest, NamesAsManyFunctionsOfAColourAsCanBeRead)
     line.names.resize(2000, u"x"_s);
     EXPECT_TRUE(line.text().startsWith(u"Law, Relief, x"_s));
     EXPECT_TRUE(line.text().endsWith(u"x, x and 1980 more"_s));
-    line.names = {QString(1000 * 1000, u'x'), u"y"_s};
+    line.names = {QString(1000000, u'x'), u"y"_s};
     EXPECT_LT(line.text().size(), 2000);
 }
 

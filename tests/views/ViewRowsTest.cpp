@@ -273,7 +273,7 @@ TEST_P(ViewRows, InAWindowOfTime)
             m_database.run("DROP INDEX EventByLength");
         }
         const Moment from = at("2001-09-07") + upTo(5) * minutesOfDay + (upTo(2) == 0 ? 0 : 570);
-        const Moment to = from + upTo(3) * 750;
+        const Moment to = from + Moment{upTo(3)} * 750;
         const QString statement = TimeWindowQuery::inWindow(*view, from, to);
         const SQLObject window{statement.section(u" ORDER BY "_s, 0, 0),
                                {},
