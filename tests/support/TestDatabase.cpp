@@ -16,7 +16,7 @@ namespace {
 
 QByteArray statementsOf(const QString& name)
 {
-    const QByteArray statements = contentOf(name);
+    QByteArray statements = contentOf(name);
     if (statements == "(no file)") throw std::runtime_error("cannot read " + name.toStdString());
     return statements;
 }
