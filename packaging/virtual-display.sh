@@ -5,7 +5,8 @@
 open_display() {
     own=$(mktemp -d)
     local display_file="$own/display"
-    Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$display_file" 2>/dev/null </dev/null &
+    # Without -noreset the server starts over when its last client leaves, and refuses whoever comes meanwhile.
+    Xvfb -displayfd 3 -noreset -screen 0 1280x800x24 -nolisten tcp 3>"$display_file" 2>/dev/null </dev/null &
     server=$!
     trap close_display EXIT
     for _ in $(seq 100); do
