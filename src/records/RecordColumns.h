@@ -26,7 +26,7 @@ struct RecordColumn
     QStringView column;
     std::variant<QString Record::*, bool Record::*, qint64 Record::*> member; ///< text, flag or key
     History history;
-    const char* caption; ///< what the user calls it, to be translated in the context `RecordColumns`
+    const char* caption; ///< what the user calls it, to be translated by RecordsTexts
     Value (*written)(const QString& text) = &RecordValues::text; ///< the value that a text stands for
 
     /// Written only by a save that takes the record's file, and not compared with what was read.

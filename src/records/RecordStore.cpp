@@ -114,15 +114,6 @@ void RecordStore<Record>::readLink(const RecordLink<Record>& link, Record& recor
     std::visit([&](const auto& each) { readFrom(m_session, each, record); }, link);
 }
 
-/// The record as it was read, of which only the columns of its own row are known.
-template <typename Record>
-Record RecordStore<Record>::asRead(const Record& record) const
-{
-    Record read;
-    if (record.stored) RecordColumns::read(m_tables.columns, record.stored->row, read);
-    return read;
-}
-
 /// All that another save could have changed.
 template <typename Record>
 RecordView RecordStore<Record>::viewOf(const Record& record, const QString& status) const
@@ -149,8 +140,10 @@ FieldValues RecordStore<Record>::changedFields(const Record& record) const
     const auto isTaken = [&](const RecordColumn<Record>& each) { return withFile || !each.isOfFile; };
     FieldValues fields = RecordColumns::fields(m_tables.columns, record, isTaken);
     if (record.stored) {
-        const FieldValues read = RecordColumns::fields(m_tables.columns, asRead(record), isTaken);
-        StoredStates::keepUnchanged(fields, read, record.stored->row);
+        Record read;
+        RecordColumns::read(m_tables.columns, record.stored->row, read);
+        StoredStates::keepUnchanged(fields, RecordColumns::fields(m_tables.columns, read, isTaken),
+                                    record.stored->row);
     }
     return fields;
 }
@@ -159,10 +152,12 @@ FieldValues RecordStore<Record>::changedFields(const Record& record) const
 template <typename Record>
 void RecordStore<Record>::requireWritable(const Record& record) const
 {
-    const Record read = asRead(record);
+    Record read;
     for (const RecordColumn<Record>& column : m_tables.columns) {
         const auto* key = std::get_if<qint64 Record::*>(&column.member);
-        if (key != nullptr && record.**key != read.**key) recordIdentifier(record.**key);
+        if (key == nullptr) continue;
+        if (record.stored) RecordValues::read(record.stored->row, column.column, read.**key);
+        if (record.**key != read.**key) recordIdentifier(record.**key);
     }
     for (const RecordLink<Record>& link : m_tables.links)
         std::visit([&](const auto& each) { requireIdentifiers(each, record); }, link);

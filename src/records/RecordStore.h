@@ -127,7 +127,6 @@ protected:
 
 private:
     [[nodiscard]] QString statement(const QString& table, qint64 id) const;
-    [[nodiscard]] Record asRead(const Record& record) const;
     [[nodiscard]] RecordView viewOf(const Record& record, const QString& status) const;
     [[nodiscard]] bool isNameTaken(const Record& record) const;
     void setConstants(EditableRecordSet& rows, const QString& status, bool isHistory) const;

@@ -17,7 +17,7 @@
 struct FieldValue
 {
     QStringView column;  ///< of a literal or a table of links, which outlive the value
-    const char* caption; ///< to be translated in the context `RecordColumns`
+    const char* caption; ///< to be translated by RecordsTexts
     Value value;
 };
 

@@ -292,7 +292,8 @@ void frmMain::closeEvent(QCloseEvent* event)
 void frmMain::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() != QEvent::PaletteChange || m_list == nullptr) return;
+    // an event during the construction finds no list yet
+    if (event->type() != QEvent::PaletteChange || centralWidget() == nullptr) return;
     ReadablePalette::apply();
     IconSet::chooseTheme();
     m_list->refreshIcons();
