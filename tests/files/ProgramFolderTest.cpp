@@ -45,7 +45,7 @@ TEST(ProgramFolder, IsFilledFromTheSampleOnceAndNeverTouchedAgain)
     EXPECT_FALSE(ProgramFolder::fillFromSample(root, sample));
     EXPECT_EQ(contentOf(root + u"/data/a.sqlite"_s), "mine");
 
-    // no sample: the folders all the same; no place for it: an error, and nothing half made
+    // without a sample the folders are made all the same; if they cannot be made, nothing is left of them
     EXPECT_FALSE(ProgramFolder::fillFromSample(place.filePath(u"bare"_s), u"/nowhere"_s));
     EXPECT_TRUE(QFileInfo(place.filePath(u"bare/data/documents"_s)).isDir());
     writeFile(place.filePath(u"file"_s), "");
