@@ -10,9 +10,11 @@
 #include "platform/FileAttributes.h"
 #include "platform/Messages.h"
 #include "platform/StdREG.h"
+#include "state/Preferences.h"
 #include "util/Error.h"
 #include "util/Logging.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <cerrno>
@@ -33,18 +35,21 @@ QString convertedName(const QString& accessFile)
 
 QString DatabaseOpener::dataPath(const QString& name) const
 {
-    return m_folder.machinePath(ProgramFolders::data + name);
+    return QDir::isAbsolutePath(name) ? name : m_folder.machinePath(ProgramFolders::data + name);
 }
 
 void DatabaseOpener::openNamed()
 {
-    const QString name = StdREG(m_platform.settings).GetRegString(QString(), settingName());
+    const QString chosen = Preferences::read(m_platform.settings).startDatabase;
+    const QString name =
+        chosen.isEmpty() ? StdREG(m_platform.settings).GetRegString(QString(), settingName()) : chosen;
     QString file = m_folder.find(ProgramFolders::data, name).value_or(dataPath(name));
     if (kindOfDatabaseFile(file) == DatabaseFileKind::Access) {
         file = convertNamed(name, file);
         nameInSettings(file);
     }
     open(file);
+    if (!chosen.isEmpty()) nameInSettings(file);
     m_session.requireWritable();
 }
 
@@ -122,5 +127,9 @@ void DatabaseOpener::open(const QString& file)
 
 void DatabaseOpener::nameInSettings(const QString& file)
 {
-    StdREG(m_platform.settings).WriteRegString(QString(), settingName(), QFileInfo(file).fileName());
+    const QFileInfo info(file);
+    const bool isInDataFolder =
+        info.absoluteFilePath() == QFileInfo(dataPath(info.fileName())).absoluteFilePath();
+    StdREG(m_platform.settings)
+        .WriteRegString(QString(), settingName(), isInDataFolder ? info.fileName() : info.absoluteFilePath());
 }

@@ -4,6 +4,7 @@
 
 #include "platform/Platform.h"
 #include "records/RecordKind.h"
+#include "state/Preferences.h"
 
 #include <QMainWindow>
 
@@ -40,9 +41,9 @@ public:
     frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState& state);
     ~frmMain() override;
 
-    /// The second half of start-up: opens the database that the settings name, and shows the home page. A
-    /// failure shows its message; the window then has no data, and its commands say so. Without a program
-    /// folder, which start-up has reported, opens no database.
+    /// The second half of start-up: opens the database that the settings name, and shows the home page or the
+    /// one that the settings name. A failure shows its message; the window then has no data, and its commands
+    /// say so. Without a program folder, which start-up has reported, opens no database.
     void load(bool hasProgramFolder);
 
     /// Rebuilds the menu of the views opened so far.
@@ -59,6 +60,9 @@ private:
     void connectRows();
     void placeOnScreen();
     void openDatabase();
+    void showStartPage();
+    void changeSettings();
+    void applyPreferences();
     void showDatabaseName();
     void viewAll(RecordKind kind);
     void viewHome();
@@ -85,4 +89,5 @@ private:
     GraphicViews* m_graphics;
     ViewPages* m_pages;
     HistoryNavigation* m_navigation;
+    Preferences m_preferences;
 };
