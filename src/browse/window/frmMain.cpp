@@ -13,6 +13,7 @@
 #include "browse/list/ListPane.h"
 #include "browse/list/RecordListView.h"
 #include "browse/window/BrowsePage.h"
+#include "browse/window/EmptyList.h"
 #include "browse/window/GraphicViews.h"
 #include "browse/window/StatusLine.h"
 #include "browse/window/ViewPages.h"
@@ -71,8 +72,11 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_graphics(new GraphicViews(
           {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},
           *m_list, *m_browse, *this)),
+      m_emptyList(new EmptyList({state.session, state.history, state.queries, *m_search, *m_commands,
+                                 [this] { return unwritable(); }},
+                                m_list->view(), *this)),
       m_pages(new ViewPages(platform.messages, state.history,
-                            {*m_home, *m_browse, *m_list, *m_search, *m_graphics}, this)),
+                            {*m_home, *m_browse, *m_list, *m_emptyList, *m_search, *m_graphics}, this)),
       m_navigation(new HistoryNavigation(state.history, *m_commands->mnuNavigateBack,
                                          *m_commands->mnuNavigateForward, *m_commands->tbToolBar, *this)),
       m_preferences(Preferences::read(platform.settings))

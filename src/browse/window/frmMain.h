@@ -12,6 +12,7 @@
 
 class BrowsePage;
 class DatabaseOpener;
+class EmptyList;
 class GraphicViews;
 class HelpCommands;
 class HistoryNavigation;
@@ -87,6 +88,7 @@ private:
     RecordEditors* m_editors;
     RecordCommands* m_records;
     GraphicViews* m_graphics;
+    EmptyList* m_emptyList;
     ViewPages* m_pages;
     HistoryNavigation* m_navigation;
     Preferences m_preferences;
