@@ -12,6 +12,7 @@
 
 #include <QActionGroup>
 #include <QBoxLayout>
+#include <QLabel>
 #include <QMenu>
 #include <QToolBar>
 
@@ -41,6 +42,7 @@ MapPane::MapPane(DatabaseSession& session, ViewHistory& history, const StandardQ
       m_tools(new QToolBar(this)),
       m_toolGroup(new QActionGroup(this)),
       m_map(new MapView(this)),
+      m_empty(new QLabel(m_map)),
       m_legend(new MapLegend(this)),
       m_menu(new QMenu(this))
 {
@@ -56,6 +58,7 @@ MapPane::MapPane(DatabaseSession& session, ViewHistory& history, const StandardQ
     setFocusProxy(m_map);
     makeTools();
     makeMenu();
+    makeNotice();
     connect(m_map, &MapView::chosen, this, &MapPane::choose);
     connect(m_map, &MapView::menuRequested, this, &MapPane::showMenu);
     m_map->describe = [this](std::size_t entry) { return description(entry); };
@@ -113,6 +116,32 @@ void MapPane::makeMenu()
     m_showOnlyState->setObjectName(QStringLiteral("popOrgTabShowOnlyState"));
 }
 
+/// The notice lies over the upper edge of the map, which is worked as if it were not there.
+void MapPane::makeNotice()
+{
+    constexpr int margin = 6;
+    m_empty->setObjectName(QStringLiteral("lblEmptyMap"));
+    m_empty->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_empty->setForegroundRole(QPalette::Text);
+    m_empty->setBackgroundRole(QPalette::Base);
+    m_empty->setAutoFillBackground(true);
+    m_empty->setAlignment(Qt::AlignCenter);
+    m_empty->setWordWrap(true);
+    m_empty->setMargin(margin);
+    m_empty->hide();
+    auto* over = new QVBoxLayout(m_map);
+    over->setContentsMargins({});
+    over->addWidget(m_empty, 0, Qt::AlignTop);
+}
+
+void MapPane::explainEmpty(std::size_t organizations)
+{
+    if (!m_places.entries().empty()) return;
+    m_empty->setText(organizations == 0 ? tr("No organizations to show.")
+                                        : tr("None of these organizations has a place on the map."));
+    m_empty->show();
+}
+
 void MapPane::drawMap()
 {
     const QString procedure = QStringLiteral("drawMap");
@@ -139,6 +168,7 @@ void MapPane::clearMap()
 
 void MapPane::showPlaces()
 {
+    m_empty->hide();
     m_map->setPlaces(m_places.entries());
     m_legend->setLines(legendLines(m_places.entries()));
 }

@@ -12,9 +12,11 @@
 #include "platform/FileAttributes.h"
 #include "platform/Messages.h"
 #include "platform/StdREG.h"
+#include "state/Preferences.h"
 #include "util/Error.h"
 #include "util/Logging.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <cerrno>
@@ -40,13 +42,16 @@ QString DatabaseOpener::dataPath(const QString& name) const
 
 void DatabaseOpener::openNamed()
 {
-    const QString name = StdREG(m_platform.settings).GetRegString(QString(), settingName());
+    const QString chosen = Preferences::read(m_platform.settings).startDatabase;
+    const QString name =
+        chosen.isEmpty() ? StdREG(m_platform.settings).GetRegString(QString(), settingName()) : chosen;
     QString file = DatabaseName::fileOf(m_at.home, name);
     if (kindOfDatabaseFile(file) == DatabaseFileKind::Access) {
         file = convertNamed(name, file);
         nameInSettings(file);
     }
     open(file);
+    if (!chosen.isEmpty()) nameInSettings(file);
     m_at.session.requireWritable();
 }
 

@@ -107,7 +107,7 @@ TEST_F(Faults, AFailingStatementIsReportedOnceAndLeavesAnEmptyListAndMap)
 
 TEST_F(Faults, AReadOnlyFolderIsToldOfAtStartUpAndNothingOffersToChange)
 {
-    journey.database.run("PRAGMA user_version");
+    journey.database.run("UPDATE Document SET dStatus = 'DELETED'");
     QFile::link(journey.database.fileName(), journey.dataFolder() + u"test.sqlite"_s);
     const std::string folder = journey.database.folder().toStdString();
     ASSERT_EQ(chmod(journey.database.fileName().toStdString().c_str(), 0666), 0);
@@ -131,6 +131,10 @@ TEST_F(Faults, AReadOnlyFolderIsToldOfAtStartUpAndNothingOffersToChange)
             EXPECT_FALSE(dialog.find<QPushButton>("cmdOK").isEnabled());
             dialog.click("cmdCancel");
         });
+        journey.trigger("mnuViewDocuments");
+        EXPECT_EQ(journey.find<QLabel>("lblEmptyResult").text(),
+                  u"There are no documents yet.\nThe database can be read, but not changed."_s);
+        EXPECT_FALSE(journey.find<QWidget>("lblSearchAgain").isVisible());
     }
     ASSERT_EQ(chmod(folder.c_str(), 0755), 0);
     chooseFirst("mnuViewEvents");

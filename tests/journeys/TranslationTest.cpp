@@ -5,6 +5,7 @@
 #include "PseudoLocale.h"
 #include "app/frmSplash.h"
 #include "opening/frmImport.h"
+#include "platform/StdREG.h"
 
 #include <QCheckBox>
 #include <QDir>
@@ -174,6 +175,9 @@ TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
                              "Breeze", "GPL", "LGPL", "or", "later", "MIT"})
         pseudo.allow(QString::fromUtf8(word));
     lookAtDialog("frmAbout", "mnuHelpAbout");
+    StdREG(journey.desktop.settings)
+        .WriteRegString(QString(), u"DataDiscFolder"_s, journey.database.folder() + u"/test"_s);
+    lookAtDialog("frmSettings", "mnuNavigateSettings");
     frmSplash splash;
     splash.show();
     pseudo.expectTranslated(splash, "splash");

@@ -102,6 +102,10 @@ void MainCommands::makeActions()
     mnuOpenDatabase =
         add(QStringLiteral("mnuOpenDatabase"), tr("&Open Database…"), QStringLiteral("document-open"),
             QKeySequence::Open, tr("Opens an Access file or another database"));
+    mnuNavigateSettings = add(QStringLiteral("mnuNavigateSettings"), tr("&Settings…"),
+                              QStringLiteral("configure"), QKeySequence(Qt::CTRL | Qt::Key_Comma),
+                              tr("Changes how the program starts and what lists look like"));
+    mnuNavigateSettings->setMenuRole(QAction::PreferencesRole);
     mnuNavigateExit = add(QStringLiteral("mnuNavigateExit"), tr("E&xit"), QStringLiteral("application-exit"),
                           QKeySequence(Qt::CTRL | Qt::Key_Q), tr("Ends the program"));
     mnuNavigateExit->setMenuRole(QAction::QuitRole);
@@ -151,6 +155,8 @@ void MainCommands::makeMenus()
     mnuHistory->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));
     mnuNavigate->addSeparator();
     mnuNavigate->addAction(mnuOpenDatabase);
+    mnuNavigate->addSeparator();
+    mnuNavigate->addAction(mnuNavigateSettings);
     mnuNavigate->addSeparator();
     mnuNavigate->addAction(mnuNavigateExit);
 }

@@ -31,6 +31,7 @@ public:
     QAction* mnuNavigateForward;
     QAction* mnuNavigateHome;
     QAction* mnuOpenDatabase;
+    QAction* mnuNavigateSettings;
     QAction* mnuNavigateExit;
     QAction* mnuRecordAdd; ///< of the toolbar: drops down `mnuAddKinds`
     QAction* mnuRecordAddNewDocument;

@@ -18,7 +18,10 @@
 class RecordList
 {
 public:
-    explicit RecordList(RecordKind kind) : m_kind(kind), m_layout(&listLayout(kind)) {}
+    explicit RecordList(RecordKind kind, Years years = Years::TwoDigits)
+        : m_kind(kind), m_layout(&listLayout(kind, years))
+    {
+    }
 
     [[nodiscard]] RecordKind kind() const { return m_kind; }
     [[nodiscard]] const std::vector<ListColumn>& columns() const { return m_layout->columns; }

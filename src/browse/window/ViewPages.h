@@ -8,6 +8,7 @@
 #include <QStackedWidget>
 
 class BrowsePage;
+class EmptyList;
 class GraphicViews;
 class HomePage;
 class ListPane;
@@ -27,6 +28,7 @@ public:
         HomePage& home;
         BrowsePage& browse;
         ListPane& list;
+        EmptyList& emptyList;
         SearchCommands& search;
         GraphicViews& graphics;
     };

@@ -13,6 +13,7 @@
 #include "browse/list/ListPane.h"
 #include "browse/list/RecordListView.h"
 #include "browse/window/BrowsePage.h"
+#include "browse/window/EmptyList.h"
 #include "browse/window/GraphicViews.h"
 #include "browse/window/StatusLine.h"
 #include "browse/window/ViewPages.h"
@@ -24,6 +25,7 @@
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "search/SearchCommands.h"
+#include "settings/frmSettings.h"
 #include "state/ProgramState.h"
 #include "timeline/TimelinePanel.h"
 #include "util/ReadableLine.h"
@@ -69,10 +71,14 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_graphics(new GraphicViews(
           {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},
           *m_list, *m_browse, *this)),
+      m_emptyList(new EmptyList({state.session, state.history, state.queries, *m_search, *m_commands,
+                                 [this] { return unwritable(); }},
+                                m_list->view(), *this)),
       m_pages(new ViewPages(platform.messages, state.history,
-                            {*m_home, *m_browse, *m_list, *m_search, *m_graphics}, this)),
+                            {*m_home, *m_browse, *m_list, *m_emptyList, *m_search, *m_graphics}, this)),
       m_navigation(new HistoryNavigation(state.history, *m_commands->mnuNavigateBack,
-                                         *m_commands->mnuNavigateForward, *m_commands->tbToolBar, *this))
+                                         *m_commands->mnuNavigateForward, *m_commands->tbToolBar, *this)),
+      m_preferences(Preferences::read(platform.settings))
 {
     setObjectName(QStringLiteral("frmMain"));
     m_search->attachTo(m_list->view());
@@ -107,6 +113,7 @@ void frmMain::connectCommands()
     });
     on(m_commands->mnuNavigateHome, [this] { viewHome(); });
     on(m_commands->mnuOpenDatabase, [this] { openDatabase(); });
+    on(m_commands->mnuNavigateSettings, [this] { changeSettings(); });
     on(m_commands->mnuNavigateExit, [this] { close(); });
     on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
     on(m_commands->mnuRecordOpen, [this] { m_open->run(); });
@@ -165,7 +172,36 @@ void frmMain::load(bool hasProgramFolder)
     placeOnScreen();
     m_list->widths().restore(m_platform.settings);
     m_graphics->mainLoad();
+    applyPreferences();
     viewHome();
+    showStartPage();
+}
+
+/// Shows the page that the settings name after the home page, to which Back leads.
+void frmMain::showStartPage()
+{
+    const std::optional<RecordKind> kind = recordKindOf(m_preferences.startPage);
+    if (kind && m_state.session.isOpen()) viewAll(*kind);
+}
+
+void frmMain::changeSettings()
+{
+    const Preferences before = Preferences::read(m_platform.settings);
+    frmSettings window(before, {m_platform.fileDialogs, m_state.folder.root(), m_state.session.fileName()},
+                       this);
+    if (window.exec() != QDialog::Accepted) return;
+    const bool shownOtherwise = window.chosen().fourDigitYears != m_preferences.fourDigitYears;
+    m_preferences = window.chosen();
+    m_preferences.write(m_platform.settings, before);
+    applyPreferences();
+    if (shownOtherwise && m_pages->showsList()) m_pages->refresh();
+}
+
+void frmMain::applyPreferences()
+{
+    m_list->setTextSize(m_preferences.listTextSize);
+    m_list->setYears(m_preferences.fourDigitYears ? Years::FourDigits : Years::TwoDigits);
+    m_open->setDiscFolders(m_preferences.discFolders);
 }
 
 /// Lets the user choose another database, and starts over with it.
@@ -277,7 +313,8 @@ void frmMain::UpdateHistoryList()
 
 void frmMain::closeEvent(QCloseEvent* event)
 {
-    if (!m_platform.messages.ask(tr("Are you sure you want to exit?"), Question::Loss)) {
+    if (m_preferences.asksOnExit &&
+        !m_platform.messages.ask(tr("Are you sure you want to exit?"), Question::Loss)) {
         event->ignore();
         return;
     }

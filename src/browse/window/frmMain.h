@@ -4,6 +4,7 @@
 
 #include "platform/Platform.h"
 #include "records/RecordKind.h"
+#include "state/Preferences.h"
 
 #include <QMainWindow>
 
@@ -11,6 +12,7 @@
 
 class BrowsePage;
 class DatabaseOpener;
+class EmptyList;
 class GraphicViews;
 class HelpCommands;
 class HistoryNavigation;
@@ -40,9 +42,9 @@ public:
     frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState& state);
     ~frmMain() override;
 
-    /// The second half of start-up: opens the database that the settings name, and shows the home page. A
-    /// failure shows its message; the window then has no data, and its commands say so. Without a program
-    /// folder, which start-up has reported, opens no database.
+    /// The second half of start-up: opens the database that the settings name, and shows the home page or the
+    /// one that the settings name. A failure shows its message; the window then has no data, and its commands
+    /// say so. Without a program folder, which start-up has reported, opens no database.
     void load(bool hasProgramFolder);
 
     /// Rebuilds the menu of the views opened so far.
@@ -59,6 +61,9 @@ private:
     void connectRows();
     void placeOnScreen();
     void openDatabase();
+    void showStartPage();
+    void changeSettings();
+    void applyPreferences();
     void showDatabaseName();
     void viewAll(RecordKind kind);
     void viewHome();
@@ -83,6 +88,8 @@ private:
     RecordEditors* m_editors;
     RecordCommands* m_records;
     GraphicViews* m_graphics;
+    EmptyList* m_emptyList;
     ViewPages* m_pages;
     HistoryNavigation* m_navigation;
+    Preferences m_preferences;
 };
