@@ -69,6 +69,11 @@ QString NoFiles::openFile(const QString& title, const QString& /*filter*/)
     fail(title);
 }
 
+QString NoFiles::chooseFolder(const QString& title, const QString& /*start*/)
+{
+    fail(title);
+}
+
 DatabaseConverter::Result NoFiles::convert(const QString& source, const QString& /*target*/, bool /*replace*/)
 {
     fail(source);

@@ -47,6 +47,7 @@ class NoFiles final : public FileDialogs, public DatabaseConverter, public Shell
 {
 public:
     [[nodiscard]] QString openFile(const QString& title, const QString& filter) override;
+    [[nodiscard]] QString chooseFolder(const QString& title, const QString& start) override;
     [[nodiscard]] Result convert(const QString& source, const QString& target, bool replace) override;
     [[nodiscard]] bool open(const QUrl& url) override;
     [[nodiscard]] bool start(const QString& program, const QString& file) override;

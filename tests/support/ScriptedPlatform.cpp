@@ -54,13 +54,24 @@ bool ScriptedMessages::ask(const QString& text, Question about)
 QString ScriptedFileDialogs::openFile(const QString& title, const QString& filter)
 {
     filters << filter;
-    if (files.empty()) {
+    return take(files, title);
+}
+
+QString ScriptedFileDialogs::chooseFolder(const QString& title, const QString& start)
+{
+    starts << start;
+    return take(folders, title);
+}
+
+QString ScriptedFileDialogs::take(std::deque<QString>& script, const QString& title)
+{
+    if (script.empty()) {
         ADD_FAILURE() << "a file dialog that is not in the script: " << title.toStdString();
         return {};
     }
-    QString file = files.front();
-    files.pop_front();
-    return file;
+    QString name = script.front();
+    script.pop_front();
+    return name;
 }
 
 bool ScriptedShell::open(const QUrl& url)

@@ -62,14 +62,21 @@ private:
     std::deque<Line> m_script;
 };
 
-/// File dialogs that return the files of a script; an empty name stands for a dialog that is closed.
+/// File dialogs that return the files and folders of a script; an empty name stands for a dialog that is
+/// closed.
 class ScriptedFileDialogs final : public FileDialogs
 {
 public:
     [[nodiscard]] QString openFile(const QString& title, const QString& filter) override;
+    [[nodiscard]] QString chooseFolder(const QString& title, const QString& start) override;
 
     std::deque<QString> files;
-    QStringList filters; ///< of the dialogs that were opened
+    std::deque<QString> folders;
+    QStringList filters; ///< of the dialogs for files that were opened
+    QStringList starts;  ///< of the dialogs for folders that were opened
+
+private:
+    static QString take(std::deque<QString>& script, const QString& title);
 };
 
 /// Settings that live as long as the test.

@@ -43,6 +43,10 @@ public:
     {
         return {};
     }
+    [[nodiscard]] QString chooseFolder(const QString& /*title*/, const QString& /*start*/) override
+    {
+        return {};
+    }
     [[nodiscard]] Result convert(const QString& /*source*/, const QString& /*target*/,
                                  bool /*replace*/) override
     {
