@@ -2,7 +2,7 @@
 
 #include "search/EmptyResultNotice.h"
 
-#include "search/LinkButton.h"
+#include "widgets/LinkButton.h"
 
 #include <QAbstractScrollArea>
 #include <QEvent>

@@ -5,9 +5,9 @@
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "search/KeywordSearch.h"
-#include "search/LinkButton.h"
 #include "views/ViewHistory.h"
 #include "widgets/LineEdit.h"
+#include "widgets/LinkButton.h"
 #include "widgets/WaitCursor.h"
 
 #include <QGridLayout>
