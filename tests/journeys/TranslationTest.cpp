@@ -4,6 +4,7 @@
 #include "Journey.h"
 #include "PseudoLocale.h"
 #include "app/frmSplash.h"
+#include "browse/home/HomePage.h"
 #include "opening/frmImport.h"
 
 #include <QCheckBox>
@@ -174,6 +175,13 @@ TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
                              "Breeze", "GPL", "LGPL", "or", "later", "MIT"})
         pseudo.allow(QString::fromUtf8(word));
     lookAtDialog("frmAbout", "mnuHelpAbout");
+    lookAtDialog("frmNewDatabase", "mnuNewDatabase");
+    HomePage home(nullptr);
+    home.setBeginning(true, {});
+    home.setRecent({{{}, u"Atlas"_s, {}}});
+    home.resize(1024, 768);
+    home.show();
+    pseudo.expectTranslated(home, "home page without a database");
     frmSplash splash;
     splash.show();
     pseudo.expectTranslated(splash, "splash");

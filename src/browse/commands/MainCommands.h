@@ -30,6 +30,7 @@ public:
     QAction* mnuNavigateBack;
     QAction* mnuNavigateForward;
     QAction* mnuNavigateHome;
+    QAction* mnuNewDatabase;
     QAction* mnuOpenDatabase;
     QAction* mnuNavigateExit;
     QAction* mnuRecordAdd; ///< of the toolbar: drops down `mnuAddKinds`
@@ -45,6 +46,7 @@ public:
     QMenu* mnuRecordRelated;
     QMenu* mnuNavigate;
     QMenu* mnuHistory;
+    QMenu* mnuRecentDatabases;
     QToolBar* tbToolBar;
 
 private:

@@ -10,6 +10,7 @@
 #include <memory>
 
 class BrowsePage;
+class DatabaseCommands;
 class DatabaseOpener;
 class GraphicViews;
 class HelpCommands;
@@ -58,8 +59,9 @@ private:
     void connectEditors();
     void connectRows();
     void placeOnScreen();
-    void openDatabase();
-    void showDatabaseName();
+    void startOver();
+    void showDatabase();
+    void showRecent();
     void viewAll(RecordKind kind);
     void viewHome();
     void add(const RecordAddition& addition);
@@ -72,6 +74,7 @@ private:
     ProgramState& m_state;
     MainCommands* m_commands;
     HelpCommands* m_help;
+    DatabaseCommands* m_databases;
     StatusLine* m_status;
     HomePage* m_home;
     ListPane* m_list;
