@@ -83,10 +83,15 @@ bool DatabaseOpener::openChosen(const QString& file)
     } else if (!inPlace) {
         copyDatabase(file, target);
     }
-    open(target);
-    nameInSettings(target);
-    m_at.session.requireWritable();
+    openAt(target);
     return true;
+}
+
+void DatabaseOpener::openAt(const QString& file)
+{
+    open(file);
+    nameInSettings(file);
+    m_at.session.requireWritable();
 }
 
 bool DatabaseOpener::mayReplace(const QString& target)

@@ -39,6 +39,10 @@ public:
     /// such a file is open and named.
     bool openChosen(const QString& file);
 
+    /// Opens a database of the program where it is, and names it in the settings. Throws Error as
+    /// `openChosen` does.
+    void openAt(const QString& file);
+
 private:
     [[nodiscard]] QString dataPath(const QString& name) const;
     [[nodiscard]] QString convertNamed(const QString& name, const QString& source);
