@@ -97,11 +97,13 @@ bool CollectionMaker::mayBringAlong(const QString& file, const FolderList& files
             ? OpeningTexts::tr("The folder %1 beside %2 holds 1 file (%3).").arg(names[0], beside, size)
             : OpeningTexts::tr("The folder %1 beside %2 holds %3 files (%4).")
                   .arg(names[0], beside, number, size);
-    return m_messages.ask(
-        found + QStringLiteral("\n\n") +
-            OpeningTexts::tr(
-                "Do you want to copy them into the new collection? The originals stay unchanged."),
-        Question::Harmless);
+    const QString question =
+        amount.files == 1
+            ? OpeningTexts::tr(
+                  "Do you want to copy it into the new collection? The original stays unchanged.")
+            : OpeningTexts::tr(
+                  "Do you want to copy them into the new collection? The originals stay unchanged.");
+    return m_messages.ask(found + QStringLiteral("\n\n") + question, Question::Harmless);
 }
 
 /// What the records of a database name that is not in the folders beside it.

@@ -4,6 +4,8 @@
 #include "Journey.h"
 #include "PseudoLocale.h"
 #include "app/frmSplash.h"
+#include "files/FolderList.h"
+#include "opening/frmBringAlong.h"
 #include "opening/frmImport.h"
 
 #include <QCheckBox>
@@ -180,6 +182,10 @@ TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
     frmImport conversion(QString(), nullptr);
     conversion.show();
     pseudo.expectTranslated(conversion, "conversion");
+    FolderList files;
+    frmBringAlong copying(files, nullptr);
+    copying.show();
+    pseudo.expectTranslated(copying, "files that are brought along");
 }
 
 } // namespace
