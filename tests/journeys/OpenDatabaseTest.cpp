@@ -121,15 +121,18 @@ TEST_F(OpenDatabase, MakesACollectionOfAnAccessFileOfTheUsersChoice)
         "collection? The original stays unchanged."_s,
         true);
     const QString data = journey.database.folder() + u"/mine/data/"_s;
-    expectConverted(u"mine.mdb"_s, data + u"mine.sqlite"_s, u"missing"_s);
+    expectConverted(u"mine.mdb"_s, data + u"mine.sqlite"_s,
+                    u"\n139 documents name files that are not in the folder documents.\n12 organizations "
+                    u"have charts that "
+                    "are not in the folder orgcharts."_s);
     journey.trigger("mnuOpenDatabase");
     journey.desktop.messages.finish();
     EXPECT_EQ(setting(), u"../mine/data/mine.sqlite"_s);
     EXPECT_EQ(journey.historyMenu(), "[Home Page]");
     EXPECT_EQ(contentOf(data + u"documents/2.PDF"_s).size(), 20'000);
     EXPECT_EQ(QDir(journey.database.folder()).entryList({u"*.new"_s}).size(), 0);
-    journey.trigger("mnuViewOrganizations");
-    EXPECT_EQ(journey.statusPanel(), u"Displaying 35 Organizations"_s);
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 140 Documents"_s);
 }
 
 TEST_F(OpenDatabase, OpensADatabaseWhereItIsOrCopiesItAsTheUserSays)
@@ -177,7 +180,8 @@ TEST_F(OpenDatabase, OpensADatabaseWhereItIsOrCopiesItAsTheUserSays)
         EXPECT_EQ(setting(), each.setting);
         journey.trigger("mnuViewEvents");
         EXPECT_EQ(journey.column(0), each.opened.isEmpty() ? "" : "Other");
-        if (!each.opened.isEmpty()) EXPECT_EQ(journey.program->state().session.fileName(), each.opened);
+        const QString opened = each.opened.isEmpty() ? journey.dataFolder() + u"test.sqlite"_s : each.opened;
+        EXPECT_EQ(journey.program->state().session.fileName(), opened);
     }
     EXPECT_EQ(contentOf(home + u"/test 3/data/orgcharts/5.pdf"_s), "chart");
 }
