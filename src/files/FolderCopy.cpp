@@ -39,6 +39,16 @@ void FolderCopy::begin(const FolderList::Entry& entry)
     FileBlocks::require(code, target);
 }
 
+/// A folder comes before what it holds, so that it is empty when its turn comes.
+bool FolderCopy::undoStep()
+{
+    m_file.reset();
+    if (m_next == 0) return false;
+    std::error_code ignored;
+    fs::remove(m_target / m_list.entries()[--m_next].to, ignored);
+    return true;
+}
+
 QString FolderCopy::text() const
 {
     const QLocale locale;

@@ -16,6 +16,7 @@ public:
 
     /// Copies the next block. Throws Error; what was copied so far stays.
     bool step() override;
+    bool undoStep() override;
     [[nodiscard]] QString text() const override;
     [[nodiscard]] std::optional<int> percent() const override;
 

@@ -35,12 +35,20 @@ bool frmBringAlong::run()
     return isDone;
 }
 
+/// What was done is taken back before the window closes: for many files, that takes a while too.
+void frmBringAlong::reject()
+{
+    if (m_cancelled) return;
+    m_cancelled = true;
+    showStopping();
+}
+
 /// Returns whether there is more to do.
 bool frmBringAlong::workFor(int milliseconds)
 {
     QElapsedTimer time;
     time.start();
-    while (m_work.step()) {
+    while (m_cancelled ? m_work.undoStep() : m_work.step()) {
         if (time.hasExpired(milliseconds)) return true;
     }
     return false;
@@ -49,12 +57,13 @@ bool frmBringAlong::workFor(int milliseconds)
 void frmBringAlong::goOn()
 {
     try {
-        if (!workFor(sliceMilliseconds)) accept();
+        if (!workFor(sliceMilliseconds)) done(m_cancelled ? QDialog::Rejected : QDialog::Accepted);
     } catch (...) {
         // it must not pass through the event loop
         m_failure = std::current_exception();
         accept();
     }
+    if (m_cancelled) return;
     setStep(m_work.text());
     setPercent(m_work.percent());
 }

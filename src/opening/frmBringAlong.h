@@ -24,6 +24,8 @@ public:
     /// it. Throws what a step throws.
     [[nodiscard]] bool run();
 
+    void reject() override;
+
 private:
     bool workFor(int milliseconds);
     void goOn();
@@ -31,4 +33,5 @@ private:
     SteppedWork& m_work;
     QTimer m_timer;
     std::exception_ptr m_failure;
+    bool m_cancelled = false;
 };

@@ -289,8 +289,11 @@ public:
         if (m_fails) throw Error(28, u"No space left"_s);
         return false;
     }
+    bool undoStep() override { return ++undone < 100; }
     [[nodiscard]] QString text() const override { return u"Counting down"_s; }
     [[nodiscard]] std::optional<int> percent() const override { return 50; }
+
+    int undone = 0;
 
 private:
     int m_steps;
@@ -309,7 +312,7 @@ TEST(Converter, WorksOnFilesUntilTheyAreDoneFailOrAreCancelled)
     QTimer clicker;
     QObject::connect(&clicker, &QTimer::timeout, [] {
         auto* window = qobject_cast<frmBringAlong*>(QApplication::activeModalWidget());
-        if (window == nullptr) return;
+        if (window == nullptr || !window->findChild<QPushButton*>(u"cmdCancel"_s)->isEnabled()) return;
         EXPECT_EQ(window->findChild<QLabel*>(u"lblStep"_s)->text(), u"Counting down"_s);
         EXPECT_EQ(window->findChild<QProgressBar*>()->value(), 50);
         window->findChild<QPushButton*>(u"cmdCancel"_s)->click();
@@ -317,6 +320,7 @@ TEST(Converter, WorksOnFilesUntilTheyAreDoneFailOrAreCancelled)
     clicker.start(0);
     TestWork endless(0);
     EXPECT_FALSE(converter.run(endless));
+    EXPECT_EQ(endless.undone, 100);
 }
 
 } // namespace

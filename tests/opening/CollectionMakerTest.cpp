@@ -44,13 +44,18 @@ public:
     {
         const bool isListing = !work.percent();
         for (int steps = 0; work.step(); ++steps) {
-            if (!isListing && !onStep(steps)) return false;
+            if (isListing || onStep(steps)) continue;
+            while (work.undoStep()) {
+            }
+            onUndone();
+            return false;
         }
         return true;
     }
 
     Result::End end = Result::End::Done;
     std::function<bool(int)> onStep = [](int) { return true; }; ///< of copying; false cancels it
+    std::function<void()> onUndone = [] {};
 
 private:
     QString m_database;
@@ -163,6 +168,7 @@ TEST_F(CollectionMakerTest, LeavesNothingIfItIsCancelledOrFails)
     using End = DatabaseConverter::Result::End;
     write(u"place/kept.new/mine.txt"_s, "not made by the program");
     const QString before = there();
+    m_converter.onUndone = [this] { EXPECT_FALSE(there().contains(u"documents"_s)) << qPrintable(there()); };
     for (const int stopAt : {0, 1, 5, 12}) {
         SCOPED_TRACE(stopAt);
         m_converter.onStep = [stopAt](int steps) { return steps < stopAt; };
