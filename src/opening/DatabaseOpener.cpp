@@ -101,7 +101,7 @@ std::optional<QString> DatabaseOpener::placeOf(const QString& file)
                          "collection, or to use it where it is? If it is used there, the program keeps the "
                          "files of its documents and charts beside it, in the folder %2.")
             .arg(chosen.fileName(), chosen.absolutePath()),
-        {OpeningTexts::tr("Co&py It"), OpeningTexts::tr("&Use It There")});
+        {OpeningTexts::tr("&Copy It"), OpeningTexts::tr("&Use It There")});
     if (!answer) return std::nullopt;
     if (*answer == 1) return file;
     return CollectionMaker(m_platform.messages, m_at.converter, m_at.home, collectionsPlace()).make(file);

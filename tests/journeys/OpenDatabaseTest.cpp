@@ -58,7 +58,7 @@ protected:
             u"use "
             "it where it is? If it is used there, the program keeps the files of its documents and charts "
             "beside it, in the folder %2."_s.arg(QFileInfo(file).fileName(), QFileInfo(file).path()),
-            {u"Co&py It"_s, u"&Use It There"_s}, answer);
+            {u"&Copy It"_s, u"&Use It There"_s}, answer);
     }
 
     QString setting() const
