@@ -5,6 +5,8 @@
 #include "PseudoLocale.h"
 #include "app/frmSplash.h"
 #include "browse/home/HomePage.h"
+#include "files/FolderList.h"
+#include "opening/frmBringAlong.h"
 #include "opening/frmImport.h"
 
 #include <QCheckBox>
@@ -188,6 +190,10 @@ TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
     frmImport conversion(QString(), nullptr);
     conversion.show();
     pseudo.expectTranslated(conversion, "conversion");
+    FolderList files;
+    frmBringAlong copying(files, nullptr);
+    copying.show();
+    pseudo.expectTranslated(copying, "files that are brought along");
 }
 
 } // namespace
