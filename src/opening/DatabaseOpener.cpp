@@ -107,7 +107,6 @@ std::optional<QString> DatabaseOpener::placeOf(const QString& file)
     return CollectionMaker(m_platform.messages, m_at.converter, m_at.home, collectionsPlace()).make(file);
 }
 
-/// Where new collections are made.
 QString DatabaseOpener::collectionsPlace() const
 {
     const QString named =

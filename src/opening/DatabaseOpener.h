@@ -48,10 +48,12 @@ public:
     /// `openChosen` does.
     void openAt(const QString& file);
 
+    /// Where new collections are made: the place that the settings name, else the program's own folder.
+    [[nodiscard]] QString collectionsPlace() const;
+
 private:
     [[nodiscard]] QString convertNamed(const QString& name, const QString& source);
     [[nodiscard]] std::optional<QString> placeOf(const QString& file);
-    [[nodiscard]] QString collectionsPlace() const;
     void open(const QString& file);
     void nameInSettings(const QString& file);
 

@@ -4,13 +4,13 @@
 
 #include "opening/NewDatabaseFile.h"
 #include "opening/OpeningTexts.h"
+#include "opening/UnfinishedCollection.h"
 #include "util/Error.h"
 #include "util/FileAccess.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cerrno>
@@ -26,12 +26,6 @@ const QString& forbidden()
 
 /// In bytes: names can have 255, of which the ending of the database and that of its journal take some.
 constexpr qsizetype longestName = 230;
-
-void makeFolder(const QString& path)
-{
-    if (QDir().mkpath(path)) return;
-    throw Error(errno, OpeningTexts::tr("The folder cannot be made. (%1)").arg(path));
-}
 
 } // namespace
 
@@ -73,27 +67,21 @@ QString NewCollection::nameHindrance() const
                                                           : QString();
 }
 
-/// Whether the place has an entry of that name in any letter case.
+/// Whether the place has an entry of that name, or of the one for the time being, in any letter case.
 bool NewCollection::isTaken() const
 {
     const QStringList entries =
         QDir(m_place).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    return entries.contains(m_name, Qt::CaseInsensitive);
+    return entries.contains(m_name, Qt::CaseInsensitive) ||
+           entries.contains(UnfinishedCollection::workName(m_name), Qt::CaseInsensitive);
 }
 
 QString NewCollection::make(const QString& listsFrom) const
 {
     if (const QString reason = hindrance(); !reason.isEmpty()) throw Error(EINVAL, reason);
-    // it takes its name last, so that what a killed program leaves behind is not taken for a collection
-    const QTemporaryDir unfinished(m_place + QStringLiteral("/.new-XXXXXX"));
-    if (!unfinished.isValid()) throw Error(EIO, unfinished.errorString());
-    const QString made = unfinished.filePath(m_name);
-    const QString database = QStringLiteral("/data/%1.sqlite").arg(m_name);
-    for (const char* files : {"/data/documents", "/data/orgcharts"})
-        makeFolder(made + QLatin1StringView(files));
-    NewDatabaseFile::make(made + database, listsFrom);
-    if (!QDir().rename(made, folder())) {
-        throw Error(errno, OpeningTexts::tr("The folder cannot be made. (%1)").arg(folder()));
-    }
-    return folder() + database;
+    UnfinishedCollection collection(m_place, m_name);
+    const QString file = m_name + QStringLiteral(".sqlite");
+    NewDatabaseFile::make(collection.dataFolder() + file, listsFrom);
+    collection.complete();
+    return collection.target() + file;
 }

@@ -15,11 +15,6 @@
 
 namespace {
 
-QString unfinishedEnding()
-{
-    return QStringLiteral(".new");
-}
-
 QString markIn(const QString& folder)
 {
     return folder + QStringLiteral("/unfinished.lock");
@@ -82,7 +77,7 @@ void UnfinishedCollection::takeName(const QString& name)
     };
     for (int number = 1;; ++number) {
         m_name = number == 1 ? name : name + u' ' + QString::number(number);
-        const QString work = m_name + unfinishedEnding();
+        const QString work = workName(m_name);
         if (isTaken(m_name) || isTaken(work)) continue;
         const QString path = m_place + u'/' + work;
         std::error_code code;
@@ -119,7 +114,7 @@ void UnfinishedCollection::removeWork()
 
 void UnfinishedCollection::clearLeftOver(const QString& place)
 {
-    const QString ending = unfinishedEnding();
+    const QString ending = workName(QString());
     const QStringList names = QDir(place).entryList({u'*' + ending}, QDir::Dirs | QDir::NoSymLinks);
     for (const QString& name : names) {
         const QString work = QDir(place).filePath(name);

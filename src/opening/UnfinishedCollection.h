@@ -19,6 +19,9 @@ public:
     UnfinishedCollection(const UnfinishedCollection&) = delete;
     UnfinishedCollection& operator=(const UnfinishedCollection&) = delete;
 
+    /// What the folder of an unfinished collection is called.
+    [[nodiscard]] static QString workName(const QString& name) { return name + QStringLiteral(".new"); }
+
     /// The folder for the database and its files, as it is until the collection is complete; ends with `/`.
     [[nodiscard]] QString dataFolder() const { return m_work + u'/' + m_name + dataName; }
 

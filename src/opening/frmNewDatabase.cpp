@@ -7,7 +7,6 @@
 #include "opening/SampleCollection.h"
 #include "platform/FileDialogs.h"
 #include "platform/Procedure.h"
-#include "platform/StdREG.h"
 #include "widgets/LineEdit.h"
 #include "widgets/WaitCursor.h"
 
@@ -42,7 +41,8 @@ QString breakable(const QString& path)
 
 } // namespace
 
-frmNewDatabase::frmNewDatabase(const Platform& platform, const ProgramFolder& home, QWidget* parent)
+frmNewDatabase::frmNewDatabase(const Platform& platform, const ProgramFolder& home, const QString& place,
+                               QWidget* parent)
     : QDialog(parent),
       m_platform(platform),
       m_home(home),
@@ -58,6 +58,7 @@ frmNewDatabase::frmNewDatabase(const Platform& platform, const ProgramFolder& ho
     m_name->setMinimumWidth(nameWidth);
     addLabel(*form, tr("&Name:"), *m_name);
     form->addWidget(m_name, form->rowCount() - 1, 1, 1, 2);
+    m_place->setText(QDir::toNativeSeparators(place));
     addPlaceTo(*form);
     addListsTo(*form);
     m_folder->setObjectName(QStringLiteral("lblFolder"));
@@ -81,7 +82,6 @@ frmNewDatabase::frmNewDatabase(const Platform& platform, const ProgramFolder& ho
 void frmNewDatabase::addPlaceTo(QGridLayout& form)
 {
     m_place->setObjectName(QStringLiteral("txtPlace"));
-    m_place->setText(QDir::toNativeSeparators(firstPlace()));
     addLabel(form, tr("&Place:"), *m_place);
     auto* choose = new QPushButton(tr("&Choose…"), this);
     choose->setObjectName(QStringLiteral("cmdPlace"));
@@ -131,14 +131,6 @@ QLayout* frmNewDatabase::makeButtons()
     buttons->addWidget(sample);
     buttons->addWidget(box);
     return buttons;
-}
-
-/// The place that the settings name for new collections, else the program's own folder.
-QString frmNewDatabase::firstPlace() const
-{
-    const QString named =
-        StdREG(m_platform.settings).GetRegString(QString(), QStringLiteral("CollectionsPlace"));
-    return named.isEmpty() ? m_home.root() : named;
 }
 
 NewCollection frmNewDatabase::collection() const

@@ -22,8 +22,10 @@ class frmNewDatabase final : public QDialog
     Q_OBJECT
 
 public:
-    /// `home` is the program's folder. It and the doors of the platform must outlive the window.
-    frmNewDatabase(const Platform& platform, const ProgramFolder& home, QWidget* parent);
+    /// `home` is the program's folder, `place` the one that the window offers for the collection. `home` and
+    /// the doors of the platform must outlive the window.
+    frmNewDatabase(const Platform& platform, const ProgramFolder& home, const QString& place,
+                   QWidget* parent);
 
     /// The database to open, once the window was accepted.
     [[nodiscard]] const QString& database() const { return m_database; }
@@ -38,7 +40,6 @@ private:
     void lookAtSample();
     void showFolder();
     [[nodiscard]] NewCollection collection() const;
-    [[nodiscard]] QString firstPlace() const;
 
     Platform m_platform;
     const ProgramFolder& m_home;

@@ -95,6 +95,7 @@ TEST(NewCollection, SaysWhatHindersItAndTouchesNothing)
     const QTemporaryDir place;
     writeFile(place.filePath(u"Taken/x"_s));
     writeFile(place.filePath(u"File"_s), "theirs");
+    writeFile(place.filePath(u"Other.new/x"_s));
     writeFile(place.filePath(u"sealed/x"_s));
     const auto enterOnly = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
                            QFile::ReadOther | QFile::ExeOther;
@@ -108,6 +109,7 @@ TEST(NewCollection, SaysWhatHindersItAndTouchesNothing)
         {place.path(), u" \t"_s, u"The collection needs a name."_s},
         {place.path(), u"tAKEN"_s, taken},
         {place.path(), u"File"_s, taken},
+        {place.path(), u"other"_s, taken}, // by the name for the time being
         {place.path(), u"a/b"_s, characters},
         {place.path(), u"a\\b"_s, characters},
         {place.path(), u"c:"_s, characters},

@@ -40,7 +40,7 @@ void DatabaseCommands::openDatabase()
 
 void DatabaseCommands::newDatabase()
 {
-    frmNewDatabase dialog(m_platform, m_state.home, &m_window);
+    frmNewDatabase dialog(m_platform, m_state.home, m_opener.collectionsPlace(), &m_window);
     if (dialog.exec() != QDialog::Accepted) return;
     open(QStringLiteral("newDatabase"), [&] {
         m_opener.openAt(dialog.database());
