@@ -7,24 +7,12 @@
 #include "files/ProgramFolder.h"
 #include "help/HelpFile.h"
 #include "opening/DatabaseName.h"
+#include "opening/SampleCollection.h"
 #include "platform/Procedure.h"
 #include "platform/StdREG.h"
 #include "util/Logging.h"
 
-#include <QDir>
 #include <QFileInfo>
-
-namespace {
-
-/// The path of the first database in a folder; empty if there is none.
-QString firstDatabase(const QString& dataFolder)
-{
-    const QStringList databases =
-        QDir(dataFolder).entryList({QStringLiteral("*.sqlite")}, QDir::Files, QDir::Name);
-    return databases.isEmpty() ? QString() : dataFolder + databases.front();
-}
-
-} // namespace
 
 Main_Mod::Main_Mod(const Platform& platform, DatabaseConverter& converter, ProgramFolder folder,
                    QString sampleFolder)
@@ -61,14 +49,13 @@ void Main_Mod::prepareProgramFolder()
     const QString root = m_state.home.root();
     qCInfo(startLog).noquote() << "program folder:" << root;
     const bool isFirst = !QFileInfo::exists(root);
-    const QString sample = root + QStringLiteral("/Sample");
-    if (isFirst) ProgramFolder::fillFromSample(sample, m_sampleFolder);
+    if (isFirst) ProgramFolder::fillFromSample(SampleCollection::folder(m_state.home), m_sampleFolder);
     HelpFile::renew(root, m_sampleFolder);
     if (!isFirst) return;
     qCInfo(startLog).noquote() << "filled from the sample:" << m_sampleFolder;
     StdREG settings(m_platform.settings);
     const QString name = QStringLiteral("DBFile");
-    const QString database = firstDatabase(sample + QStringLiteral("/data/"));
+    const QString database = SampleCollection::ownDatabase(m_state.home);
     if (database.isEmpty() || !settings.GetRegString(QString(), name).isEmpty()) return;
     settings.WriteRegString(QString(), name, DatabaseName::nameOf(m_state.home, database));
 }

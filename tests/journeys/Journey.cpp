@@ -3,6 +3,7 @@
 #include "Journey.h"
 
 #include "Dialogs.h"
+#include "files/SteppedWork.h"
 
 #include <QDir>
 #include <QMenu>
@@ -17,6 +18,13 @@ DatabaseConverter::Result NoConverter::convert(const QString& source, const QStr
 {
     ADD_FAILURE() << "not meant to be converted: " << source.toStdString();
     return {};
+}
+
+bool NoConverter::run(SteppedWork& work)
+{
+    while (work.step()) {
+    }
+    return true;
 }
 
 Journey::Journey()

@@ -4,6 +4,9 @@
 #include "Journey.h"
 #include "PseudoLocale.h"
 #include "app/frmSplash.h"
+#include "browse/home/HomePage.h"
+#include "files/FolderList.h"
+#include "opening/frmBringAlong.h"
 #include "opening/frmImport.h"
 #include "platform/StdREG.h"
 
@@ -178,12 +181,23 @@ TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
     StdREG(journey.desktop.settings)
         .WriteRegString(QString(), u"DataDiscFolder"_s, journey.database.folder() + u"/test"_s);
     lookAtDialog("frmSettings", "mnuNavigateSettings");
+    lookAtDialog("frmNewDatabase", "mnuNewDatabase");
+    HomePage home(nullptr);
+    home.setBeginning(true, {});
+    home.setRecent({{{}, u"Atlas"_s, {}}});
+    home.resize(1024, 768);
+    home.show();
+    pseudo.expectTranslated(home, "home page without a database");
     frmSplash splash;
     splash.show();
     pseudo.expectTranslated(splash, "splash");
     frmImport conversion(QString(), nullptr);
     conversion.show();
     pseudo.expectTranslated(conversion, "conversion");
+    FolderList files;
+    frmBringAlong copying(files, nullptr);
+    copying.show();
+    pseudo.expectTranslated(copying, "files that are brought along");
 }
 
 } // namespace

@@ -20,25 +20,26 @@ void ScriptedMessages::finish()
     m_script.clear();
 }
 
-bool ScriptedMessages::take(const QString& text, std::optional<Question> question)
+ScriptedMessages::Line ScriptedMessages::take(const QString& text, std::optional<Question> question,
+                                              const QStringList& answers)
 {
     if (heard) {
         *heard << text;
-        return false;
+        return {};
     }
     if (m_script.empty()) {
         ADD_FAILURE() << "not in the script: " << text.toStdString();
-        return false;
+        return {};
     }
-    const Line line = m_script.front();
+    Line line = m_script.front();
     m_script.pop_front();
     const bool fits = line.beginning ? text.startsWith(line.text) : text == line.text;
     if (!fits) {
         ADD_FAILURE() << "shown: " << text.toStdString() << "\nexpected: " << line.text.toStdString();
-    } else if (line.question != question) {
+    } else if (line.question != question || line.answers != answers) {
         ADD_FAILURE() << "a message or a question of another kind: " << text.toStdString();
     }
-    return line.answer;
+    return line;
 }
 
 void ScriptedMessages::show(const QString& text)
@@ -48,7 +49,12 @@ void ScriptedMessages::show(const QString& text)
 
 bool ScriptedMessages::ask(const QString& text, Question about)
 {
-    return take(text, about);
+    return take(text, about).answer;
+}
+
+std::optional<int> ScriptedMessages::choose(const QString& text, const QStringList& answers)
+{
+    return take(text, std::nullopt, answers).choice;
 }
 
 QString ScriptedFileDialogs::openFile(const QString& title, const QString& filter)

@@ -31,6 +31,15 @@ public:
         m_script.push_back({text, about, answer});
     }
 
+    /// `answer` is the number of the answer that is chosen, without a number the question is cancelled.
+    void expectChoice(const QString& text, const QStringList& answers, std::optional<int> answer)
+    {
+        Line line{text};
+        line.answers = answers;
+        line.choice = answer;
+        m_script.push_back(line);
+    }
+
     /// Expects a message of which only the beginning is known, since the system words the rest.
     void expectMessageBeginning(const QString& text)
     {
@@ -42,11 +51,13 @@ public:
 
     void show(const QString& text) override;
     [[nodiscard]] bool ask(const QString& text, Question about) override;
+    [[nodiscard]] std::optional<int> choose(const QString& text, const QStringList& answers) override;
     void beep() override { ++beeps; }
 
     int beeps = 0;
 
-    /// If it is set, everything is noted here instead of being compared, and every question answered with No.
+    /// If it is set, everything is noted here instead of being compared, and every question answered with No
+    /// or Cancel.
     std::optional<QStringList> heard;
 
 private:
@@ -56,8 +67,10 @@ private:
         std::optional<Question> question = std::nullopt;
         bool answer = false;
         bool beginning = false;
+        QStringList answers = {};
+        std::optional<int> choice = std::nullopt;
     };
-    bool take(const QString& text, std::optional<Question> question);
+    Line take(const QString& text, std::optional<Question> question, const QStringList& answers = {});
 
     std::deque<Line> m_script;
 };

@@ -99,6 +99,9 @@ void MainCommands::makeActions()
                              QKeySequence(Qt::ALT | Qt::Key_Right), tr("Shows the view after this one"));
     mnuNavigateHome = add(QStringLiteral("mnuNavigateHome"), tr("&Home"), QStringLiteral("go-home"),
                           QKeySequence(Qt::ALT | Qt::Key_Home), tr("Shows the home page"));
+    mnuNewDatabase =
+        add(QStringLiteral("mnuNewDatabase"), tr("&New Database…"), QStringLiteral("folder-new"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), tr("Begins a collection of your own"));
     mnuOpenDatabase =
         add(QStringLiteral("mnuOpenDatabase"), tr("&Open Database…"), QStringLiteral("document-open"),
             QKeySequence::Open, tr("Opens an Access file or another database"));
@@ -154,7 +157,10 @@ void MainCommands::makeMenus()
     // it has no upper bound: without scrolling, it would grow column by column out of the screen
     mnuHistory->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));
     mnuNavigate->addSeparator();
-    mnuNavigate->addAction(mnuOpenDatabase);
+    mnuNavigate->addActions({mnuNewDatabase, mnuOpenDatabase});
+    mnuRecentDatabases = mnuNavigate->addMenu(tr("&Recent Databases"));
+    mnuRecentDatabases->setObjectName(QStringLiteral("mnuRecentDatabases"));
+    mnuRecentDatabases->setToolTipsVisible(true);
     mnuNavigate->addSeparator();
     mnuNavigate->addAction(mnuNavigateSettings);
     mnuNavigate->addSeparator();

@@ -30,6 +30,7 @@ public:
     QAction* mnuNavigateBack;
     QAction* mnuNavigateForward;
     QAction* mnuNavigateHome;
+    QAction* mnuNewDatabase;
     QAction* mnuOpenDatabase;
     QAction* mnuNavigateSettings;
     QAction* mnuNavigateExit;
@@ -46,6 +47,7 @@ public:
     QMenu* mnuRecordRelated;
     QMenu* mnuNavigate;
     QMenu* mnuHistory;
+    QMenu* mnuRecentDatabases;
     QToolBar* tbToolBar;
 
 private:

@@ -14,6 +14,7 @@
 #include "browse/list/RecordListView.h"
 #include "browse/window/BrowsePage.h"
 #include "browse/window/EmptyList.h"
+#include "browse/window/DatabaseCommands.h"
 #include "browse/window/GraphicViews.h"
 #include "browse/window/StatusLine.h"
 #include "browse/window/ViewPages.h"
@@ -21,7 +22,7 @@
 #include "editors/RecordEditors.h"
 #include "help/HelpCommands.h"
 #include "opening/DatabaseOpener.h"
-#include "platform/FileDialogs.h"
+#include "opening/SampleCollection.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "search/SearchCommands.h"
@@ -35,6 +36,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileInfo>
 #include <QMenu>
 #include <QScreen>
@@ -56,6 +58,7 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_commands(new MainCommands(*this)),
       m_help(new HelpCommands(*this, *m_commands->tbToolBar, state.session, state.home, platform.shell,
                               platform.messages)),
+      m_databases(new DatabaseCommands(platform, opener, state, *m_commands->mnuRecentDatabases, *this)),
       m_status(new StatusLine(*this)),
       m_home(new HomePage(this)),
       m_list(new ListPane(state.session, state.history, state.folder, this)),
@@ -112,8 +115,9 @@ void frmMain::connectCommands()
         if (!m_state.history.goForward()) m_platform.messages.beep();
     });
     on(m_commands->mnuNavigateHome, [this] { viewHome(); });
-    on(m_commands->mnuOpenDatabase, [this] { openDatabase(); });
     on(m_commands->mnuNavigateSettings, [this] { changeSettings(); });
+    on(m_commands->mnuNewDatabase, [this] { m_databases->newDatabase(); });
+    on(m_commands->mnuOpenDatabase, [this] { m_databases->openDatabase(); });
     on(m_commands->mnuNavigateExit, [this] { close(); });
     on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
     on(m_commands->mnuRecordOpen, [this] { m_open->run(); });
@@ -123,11 +127,19 @@ void frmMain::connectViews()
 {
     connect(m_home, &HomePage::recordsChosen, this, &frmMain::viewAll);
     connect(m_home, &HomePage::searchChosen, m_search, &SearchCommands::openKeywordSearch);
+    connect(m_home, &HomePage::newChosen, m_commands->mnuNewDatabase, &QAction::trigger);
+    connect(m_home, &HomePage::openChosen, m_commands->mnuOpenDatabase, &QAction::trigger);
+    connect(m_home, &HomePage::sampleChosen, m_databases, &DatabaseCommands::lookAtSample);
+    connect(m_home, &HomePage::recentChosen, m_databases, &DatabaseCommands::openRecent);
+    connect(m_databases, &DatabaseCommands::opening, m_list, &ListPane::stop);
+    connect(m_databases, &DatabaseCommands::opened, this, &frmMain::startOver);
+    connect(m_databases, &DatabaseCommands::recentChanged, this, &frmMain::showRecent);
     connect(m_home, &HomePage::helpChosen, m_help->mnuHelpContents, &QAction::trigger);
     connect(m_pages, &ViewPages::pageChanged, this, &frmMain::enableCommands);
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::showCaption);
     connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
+    connect(m_commands->mnuNavigate, &QMenu::aboutToShow, m_databases, &DatabaseCommands::listRecent);
 }
 
 void frmMain::connectEditors()
@@ -168,7 +180,8 @@ void frmMain::load(bool hasProgramFolder)
     runProcedure(m_platform.messages, QStringLiteral("Form_Load"), [&] {
         if (hasProgramFolder) m_opener.openNamed();
     });
-    showDatabaseName();
+    m_databases->remember();
+    showDatabase();
     placeOnScreen();
     m_list->widths().restore(m_platform.settings);
     m_graphics->mainLoad();
@@ -187,7 +200,7 @@ void frmMain::showStartPage()
 void frmMain::changeSettings()
 {
     const Preferences before = Preferences::read(m_platform.settings);
-    frmSettings window(before, {m_platform.fileDialogs, m_state.folder.root(), m_state.session.fileName()},
+    frmSettings window(before, {m_platform.fileDialogs, m_state.home.root(), m_state.session.fileName()},
                        this);
     if (window.exec() != QDialog::Accepted) return;
     const bool shownOtherwise = window.chosen().fourDigitYears != m_preferences.fourDigitYears;
@@ -204,33 +217,35 @@ void frmMain::applyPreferences()
     m_open->setDiscFolders(m_preferences.discFolders);
 }
 
-/// Lets the user choose another database, and starts over with it.
-void frmMain::openDatabase()
+/// Forgets what was shown of the database before, and begins with the home page.
+void frmMain::startOver()
 {
-    const QString file = m_platform.fileDialogs.openFile(
-        tr("Open Database"), tr("Databases") +
-                                 QStringLiteral(" (*.mdb *.accdb *.sqlite)|*.mdb *.accdb *.sqlite|") +
-                                 tr("All Files") + QStringLiteral(" (*.*)| *.*"));
-    if (file.isEmpty()) return;
-    m_list->stop();
-    const QString before = m_state.session.fileName();
-    bool opened = false;
-    runProcedure(m_platform.messages, QStringLiteral("openDatabase"),
-                 [&] { opened = m_opener.openChosen(file); });
-    // a database that can only be read is open although its message counts as a failure
-    if (!opened && m_state.session.fileName() == before) return;
     m_state.history.clear();
     m_list->forget();
     m_graphics->mainLoad();
-    showDatabaseName();
+    showDatabase();
     viewHome();
 }
 
-void frmMain::showDatabaseName()
+/// Shows on the home page which database is open, what can be done without one, and the recent ones.
+void frmMain::showDatabase()
 {
     const QString file = m_state.session.fileName();
-    m_home->setSubtitle(file.isEmpty() ? tr("No database is open. Navigate, Open Database… opens one.")
+    m_home->setSubtitle(file.isEmpty() ? tr("No database is open.")
                                        : tr("Database: %1").arg(QFileInfo(file).completeBaseName()));
+    m_home->setBeginning(file.isEmpty(), SampleCollection::hindrance(m_state.home));
+    showRecent();
+}
+
+void frmMain::showRecent()
+{
+    m_databases->listRecent();
+    std::vector<HomePage::Link> links;
+    for (const DatabaseCommands::Recent& database : m_databases->recent()) {
+        if (m_databases->isOpen(database)) continue;
+        links.push_back({database.name, database.caption, QDir::toNativeSeparators(database.file)});
+    }
+    m_home->setRecent(links);
 }
 
 /// Without a place from an earlier run, takes most of a small screen, and of a large one as much as the lists

@@ -11,6 +11,7 @@
 #include <memory>
 
 class BrowsePage;
+class DatabaseCommands;
 class DatabaseOpener;
 class EmptyList;
 class GraphicViews;
@@ -60,11 +61,12 @@ private:
     void connectEditors();
     void connectRows();
     void placeOnScreen();
-    void openDatabase();
     void showStartPage();
     void changeSettings();
     void applyPreferences();
-    void showDatabaseName();
+    void startOver();
+    void showDatabase();
+    void showRecent();
     void viewAll(RecordKind kind);
     void viewHome();
     void add(const RecordAddition& addition);
@@ -77,6 +79,7 @@ private:
     ProgramState& m_state;
     MainCommands* m_commands;
     HelpCommands* m_help;
+    DatabaseCommands* m_databases;
     StatusLine* m_status;
     HomePage* m_home;
     ListPane* m_list;
