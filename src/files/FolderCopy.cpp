@@ -4,13 +4,17 @@
 
 #include "files/FilesTexts.h"
 
+#include <QFile>
 #include <QLocale>
 
 #include <algorithm>
 
 namespace fs = std::filesystem;
 
-FolderCopy::FolderCopy(const FolderList& list, fs::path target) : m_list(list), m_target(std::move(target)) {}
+FolderCopy::FolderCopy(const FolderList& list, const QString& target)
+    : m_list(list), m_target(QFile::encodeName(target).toStdString())
+{
+}
 
 bool FolderCopy::step()
 {

@@ -12,7 +12,7 @@ class FolderCopy final : public SteppedWork
 {
 public:
     /// `target` holds none of the list's folders yet. The list must outlive the copy.
-    FolderCopy(const FolderList& list, std::filesystem::path target);
+    FolderCopy(const FolderList& list, const QString& target);
 
     /// Copies the next block. Throws Error; what was copied so far stays.
     bool step() override;

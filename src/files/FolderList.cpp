@@ -6,6 +6,8 @@
 #include "files/FilesTexts.h"
 #include "files/LinkTarget.h"
 
+#include <QDir>
+#include <QFile>
 #include <QLocale>
 
 #include <system_error>
@@ -18,10 +20,11 @@ QString FolderList::Amount::sizeText() const
     return QLocale().formattedDataSize(bytes, bytes < gigabyte ? 0 : 1, QLocale::DataSizeSIFormat);
 }
 
-void FolderList::add(const fs::path& folder, const fs::path& name)
+void FolderList::add(const QString& folder, const fs::path& name)
 {
-    m_entries.push_back({folder, name, true});
-    m_roots.push_back(folder);
+    const fs::path path = QFile::encodeName(QDir::cleanPath(folder)).toStdString();
+    m_entries.push_back({path, name, true});
+    m_roots.push_back(path);
 }
 
 bool FolderList::step()

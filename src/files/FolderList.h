@@ -29,7 +29,7 @@ public:
     };
 
     /// Adds a folder that becomes one of that name if it is copied.
-    void add(const std::filesystem::path& folder, const std::filesystem::path& name);
+    void add(const QString& folder, const std::filesystem::path& name);
 
     /// Looks at the next entry of a folder. Throws Error if the folder cannot be read.
     bool step() override;

@@ -14,17 +14,11 @@
 #include "opening/UnfinishedCollection.h"
 #include "platform/Messages.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 
 namespace {
-
-std::filesystem::path systemPath(const QString& path)
-{
-    return QFile::encodeName(path).toStdString();
-}
 
 QString collectionName(const QString& file)
 {
@@ -40,7 +34,7 @@ FolderList foldersBeside(const ProgramFolder& folder)
         {folder.folderPath(ProgramFolders::documents), "documents"},
         {folder.folderPath(ProgramFolders::organizationCharts), "orgcharts"}};
     for (const auto& [path, name] : folders) {
-        if (QFileInfo(path).isDir()) list.add(systemPath(QDir::cleanPath(path)), name);
+        if (QFileInfo(path).isDir()) list.add(path, name);
     }
     return list;
 }
@@ -66,7 +60,7 @@ std::optional<QString> CollectionMaker::make(const QString& file)
         copyDatabase(file, unfinished);
     }
     if (takesFiles) {
-        FolderCopy copy(files, systemPath(collection.dataFolder()));
+        FolderCopy copy(files, collection.dataFolder());
         if (!m_converter.run(copy)) return std::nullopt;
     }
     const QStringList missing = isAccess ? missingIn(unfinished) : QStringList();

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int patienceMilliseconds = 300; ///< work that is done sooner shows no window
+constexpr int windowlessMilliseconds = 300; ///< work that is done sooner shows no window
 constexpr int sliceMilliseconds = 40;
 
 } // namespace
@@ -16,16 +16,15 @@ constexpr int sliceMilliseconds = 40;
 frmBringAlong::frmBringAlong(SteppedWork& work, QWidget* parent) : ProgressWindow(parent), m_work(work)
 {
     setObjectName(QStringLiteral("frmBringAlong"));
-    setWindowTitle(tr("Copying Files"));
-    setTitle(
-        tr("The files beside the database are being brought along. They stay unchanged where they are."));
-    setBarName(tr("Progress of the copying"));
+    setWindowTitle(tr("Bringing Files Along"));
+    setTitle(tr("The files of documents and charts beside the database stay as they are."));
+    setBarName(tr("Progress"));
     connect(&m_timer, &QTimer::timeout, this, &frmBringAlong::goOn);
 }
 
 bool frmBringAlong::run()
 {
-    if (!workFor(patienceMilliseconds)) return true;
+    if (!workFor(windowlessMilliseconds)) return true;
     setStep(m_work.text());
     setPercent(m_work.percent());
     m_timer.start(0);

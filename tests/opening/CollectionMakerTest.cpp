@@ -5,6 +5,7 @@
 #include "files/ProgramFolder.h"
 #include "files/SteppedWork.h"
 #include "opening/DatabaseConverter.h"
+#include "opening/UnfinishedCollection.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
 #include "support/TestFiles.h"
@@ -166,7 +167,7 @@ TEST_F(CollectionMakerTest, BringsAlongWhatLiesBesideAndCountsWhatIsMissing)
 TEST_F(CollectionMakerTest, LeavesNothingIfItIsCancelledOrFails)
 {
     using End = DatabaseConverter::Result::End;
-    write(u"place/kept.new/mine.txt"_s, "not made by the program");
+    write(u"place/kept.new/kept/mine.txt"_s, "not made by the program");
     const QString before = there();
     m_converter.onUndone = [this] { EXPECT_FALSE(there().contains(u"documents"_s)) << qPrintable(there()); };
     for (const int stopAt : {0, 1, 5, 12}) {
@@ -192,6 +193,8 @@ TEST_F(CollectionMakerTest, LeavesNothingIfItIsCancelledOrFails)
     m_converter.end = End::Failed;
     expectQuestion(true);
     EXPECT_THROW(static_cast<void>(make()), Error);
+    // a folder of that name is the program's own
+    EXPECT_EQ(UnfinishedCollection(m_place, u"Data"_s).target(), m_place + u"/Data 2/data/"_s);
     EXPECT_EQ(there(), before);
 }
 
