@@ -15,8 +15,8 @@ public:
     /// Does the next step. Returns false once all is done. Throws Error.
     virtual bool step() = 0;
 
-    /// Takes back what the last steps did, bit by bit, if the work is cancelled. Returns false once nothing is
-    /// left of it. Never fails.
+    /// Takes back what the last steps did, bit by bit, if the work is cancelled. Returns false once nothing
+    /// is left of it. Never fails.
     virtual bool undoStep() { return false; }
 
     /// What is done now, for the user.
