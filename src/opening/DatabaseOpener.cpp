@@ -9,6 +9,7 @@
 #include "opening/DatabaseConverter.h"
 #include "opening/DatabaseName.h"
 #include "opening/OpeningTexts.h"
+#include "opening/SharedFolders.h"
 #include "platform/FileAttributes.h"
 #include "platform/Messages.h"
 #include "platform/StdREG.h"
@@ -84,7 +85,7 @@ bool DatabaseOpener::openChosen(const QString& file)
         copyDatabase(file, target);
     }
     open(target);
-    nameInSettings(target);
+    nameInSettings(m_at.session.fileName());
     m_at.session.requireWritable();
     return true;
 }
@@ -115,8 +116,9 @@ bool DatabaseOpener::convert(const QString& source, const QString& target, bool 
     return true;
 }
 
-void DatabaseOpener::open(const QString& file)
+void DatabaseOpener::open(const QString& chosen)
 {
+    const QString file = SharedFolders::separate(m_platform, m_at.home, chosen).file;
     m_platform.fileAttributes.makeWritable(file);
     qCInfo(startLog).noquote() << "open database:" << file;
     m_at.session.open(file);

@@ -44,7 +44,7 @@ private:
     [[nodiscard]] QString convertNamed(const QString& name, const QString& source);
     [[nodiscard]] bool mayReplace(const QString& target);
     [[nodiscard]] bool convert(const QString& source, const QString& target, bool replace);
-    void open(const QString& file);
+    void open(const QString& chosen);
     void nameInSettings(const QString& file);
 
     Platform m_platform;
