@@ -6,6 +6,7 @@
 #include "files/DatabaseFile.h"
 #include "files/FileCopy.h"
 #include "files/FilesTexts.h"
+#include "files/FolderLock.h"
 #include "files/SplitPlanner.h"
 #include "util/Error.h"
 #include "util/FileAccess.h"
@@ -15,11 +16,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QSet>
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <system_error>
@@ -33,7 +34,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int lockPatienceMilliseconds = 10000;
+constexpr std::chrono::seconds lockPatience{10};
 const QString dataName = QStringLiteral("/data/");
 
 fs::path pathOf(const QString& path)
@@ -190,9 +191,8 @@ SharedFolderSplit::Result SharedFolderSplit::run(const QString& opened, const QS
     if (!isWritable(m_data)) return result;
     if (!QFileInfo::exists(m_planFile) && !planner.mayBeNeeded()) return result;
 
-    QLockFile lock(m_data + QStringLiteral(".moving.lock"));
-    lock.setStaleLockTime(0);
-    if (!lock.tryLock(lockPatienceMilliseconds)) {
+    FolderLock lock(m_data);
+    if (!lock.tryLock(lockPatience)) {
         throw Error(EBUSY, FilesTexts::tr("Another window is moving the databases of this folder. (%1)")
                                .arg(m_data.chopped(1)));
     }
