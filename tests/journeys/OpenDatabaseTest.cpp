@@ -99,12 +99,13 @@ TEST_F(OpenDatabase, TakesAnAccessFileOfTheUsersChoice)
     EXPECT_EQ(journey.viewPanel(), u"View ALL Events"_s) << "a dialog that is closed changes nothing";
 
     expectConverted(u"mine.mdb"_s, journey.dataFolder() + u"mine.sqlite"_s);
+    journey.desktop.messages.expectMessageBeginning(u"Several databases shared one folder"_s);
     journey.trigger("mnuOpenDatabase");
     journey.desktop.messages.finish();
-    EXPECT_EQ(setting(), u"mine.sqlite"_s);
+    EXPECT_EQ(setting(), u"../mine/data/mine.sqlite"_s) << "the other one was there before";
     EXPECT_EQ(journey.historyMenu(), "[Home Page]");
-    journey.trigger("mnuViewOrganizations");
-    EXPECT_EQ(journey.statusPanel(), u"Displaying 35 Organizations"_s);
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 140 Documents"_s);
 }
 
 TEST_F(OpenDatabase, BringsADatabaseOfTheProgramIntoTheDataFolderAndReplacesNoneUnasked)
