@@ -22,15 +22,17 @@
 #include <algorithm>
 #include <filesystem>
 #include <functional>
+#include <memory>
 
 namespace {
 
-/// A database that shares the folder, with the files that its records name.
+/// A database that shares the folder, with the files that its records name: any, as long as they are not
+/// read.
 struct Sharer
 {
     QString file;
+    std::unique_ptr<DatabaseSession> session; ///< null if it cannot be read
     RecordFiles records;
-    bool isReadable = false;
     bool isMoving = false;
 };
 
@@ -67,22 +69,36 @@ bool isOfAnotherProgram(const Error& error)
 }
 
 /// The program's databases in a folder. One that another program locks has failed to move; one that is
-/// damaged cannot be used and stays. Of either nothing is known but that its files may be any.
-std::vector<Sharer> readSharers(const QString& folder, std::vector<FailedMove>& failed)
+/// damaged cannot be used and stays.
+std::vector<Sharer> openSharers(const QString& folder, std::vector<FailedMove>& failed)
 {
     std::vector<Sharer> sharers;
     for (const QString& file : databaseFilesIn(folder)) {
-        DatabaseSession session;
+        auto session = std::make_unique<DatabaseSession>();
         try {
-            session.open(file);
-            sharers.push_back({file, RecordFiles(session), true});
+            session->open(file);
         } catch (const Error& error) {
-            if (!session.isOpen() && isOfAnotherProgram(error)) continue;
-            sharers.push_back({file, {}});
+            if (isOfAnotherProgram(error)) continue;
             if (error.isOfLock()) failed.push_back({file, error.description()});
+            session.reset();
         }
+        sharers.push_back({file, std::move(session), {}, false});
     }
     return sharers;
+}
+
+/// Finds out which files each database needs, and which databases can move.
+void readRecords(std::vector<Sharer>& sharers, SplitPlan& plan)
+{
+    for (Sharer& sharer : sharers) {
+        if (!sharer.session) continue;
+        try {
+            sharer.records = RecordFiles(*sharer.session);
+            sharer.isMoving = sharer.file != plan.stays;
+        } catch (const Error& error) {
+            if (sharer.file != plan.stays) plan.failed.push_back({sharer.file, error.description()});
+        }
+    }
 }
 
 /// Collects the files of one of the two folders beside the databases.
@@ -195,24 +211,28 @@ bool SplitPlanner::mayBeNeeded() const
 SplitPlan SplitPlanner::plan(const QString& opened, const QString& preferred) const
 {
     SplitPlan plan;
-    std::vector<Sharer> sharers = readSharers(m_dataFolder, plan.failed);
+    std::vector<Sharer> sharers = openSharers(m_dataFolder, plan.failed);
     const auto find = [&sharers](const QString& file) {
         return std::find_if(sharers.begin(), sharers.end(), [&](const Sharer& sharer) {
-            return sharer.isReadable && isSame(sharer.file, file);
+            return sharer.session && isSame(sharer.file, file);
         });
     };
-    if (sharers.size() < 2 || find(opened) == sharers.end()) return {};
     const auto named = find(preferred);
-    plan.stays = named != sharers.end() ? named->file : find(opened)->file;
+    const auto stays = named != sharers.end() ? named : find(opened);
+    if (sharers.size() < 2 || find(opened) == sharers.end()) return {};
+    plan.stays = stays->file;
+    if (std::count_if(sharers.begin(), sharers.end(),
+                      [](const Sharer& sharer) { return bool(sharer.session); }) < 2)
+        return plan;
 
+    readRecords(sharers, plan);
     plan.moves.reserve(sharers.size());
     std::vector<FolderMove*> moveOf(sharers.size());
     for (std::size_t i = 0; i < sharers.size(); ++i) {
-        Sharer& sharer = sharers[i];
-        sharer.isMoving = sharer.isReadable && sharer.file != plan.stays;
-        if (!sharer.isMoving) continue;
-        const QString target = freeFolder(m_place, QFileInfo(sharer.file).completeBaseName(), plan);
-        plan.moves.push_back({sharer.file, workingFolder(target), target, {}, {}});
+        const QString& file = sharers[i].file;
+        if (!sharers[i].isMoving) continue;
+        const QString target = freeFolder(m_place, QFileInfo(file).completeBaseName(), plan);
+        plan.moves.push_back({file, workingFolder(target), target, {}, {}});
         moveOf[i] = &plan.moves.back();
     }
     for (const SharedFile& file : readFiles(m_dataFolder, sharers))

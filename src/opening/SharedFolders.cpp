@@ -57,14 +57,13 @@ QStringList movedTexts(const SharedFolderSplit::Result& result)
     QStringList files;
     if (moved == 1) files << OpeningTexts::tr("1 file was moved with them.");
     if (moved > 1) files << OpeningTexts::tr("%n files were moved with them.", nullptr, moved);
-    if (copied == 1) files << OpeningTexts::tr("1 copy was made of a file that several databases name.");
+    if (copied == 1) files << OpeningTexts::tr("1 copy was made of a file that several databases use.");
     if (copied > 1)
-        files << OpeningTexts::tr("%n copies were made of files that several databases name.", nullptr,
+        files << OpeningTexts::tr("%n copies were made of files that several databases use.", nullptr,
                                   copied);
     return {
-        OpeningTexts::tr(
-            "Several databases shared one folder, where the files of one could replace those of "
-            "another. Each has a folder of its own now. %1 stays where it was; these were moved:")
+        OpeningTexts::tr("Several databases shared one folder, where the files of one could replace those of "
+                         "another. %1 stays where it was; these have folders of their own now:")
             .arg(fileName(result.stays)),
         listed(result.moved,
                [](const MovedDatabase& database) {
@@ -75,9 +74,8 @@ QStringList movedTexts(const SharedFolderSplit::Result& result)
 
 QStringList failedTexts(const SharedFolderSplit::Result& result)
 {
-    return {OpeningTexts::tr(
-                "These databases could not be moved with all their files to a folder of their own. The "
-                "program tries again when it next opens a database of their folder."),
+    return {OpeningTexts::tr("These databases could not be moved with all their files to a folder of their "
+                             "own. The program tries again when it next opens a database of their folder."),
             listed(result.failed, [](const FailedMove& failure) {
                 return QStringLiteral("%1: %2").arg(fileName(failure.database), failure.reason);
             })};

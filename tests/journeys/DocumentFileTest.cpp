@@ -192,9 +192,8 @@ TEST_F(DocumentFile, TwoDatabasesOfAnOldFolderHaveTheirOwnFiles)
 
     const QString own = journey.database.folder() + u"/other"_s;
     messages().expectMessage(
-        u"Several databases shared one folder, where the files of one could replace those of another. Each "
-        u"has "
-        "a folder of its own now. test.sqlite stays where it was; these were moved:\n\nother.sqlite, now in "
+        u"Several databases shared one folder, where the files of one could replace those of another. "
+        "test.sqlite stays where it was; these have folders of their own now:\n\nother.sqlite, now in "
         "%1\n\n2 files were moved with them."_s.arg(own));
     start("mnuViewDocuments");
     messages().finish();

@@ -229,6 +229,7 @@ TEST_F(Timelines, AnotherDatabaseBeginsATimelineOfItsOwn)
     const QString file = other.folder() + u"/elsewhere.sqlite"_s;
     ASSERT_TRUE(QFile::rename(other.fileName(), file));
     journey.desktop.fileDialogs.files = {file};
+    journey.desktop.messages.expectMessageBeginning(u"Several databases shared one folder"_s);
     journey.trigger("mnuOpenDatabase");
     EXPECT_EQ(zoom(), "5 minutes");
     journey.trigger("mnuViewEvents");
