@@ -176,8 +176,8 @@ void removeJournalsOf(const QString& database)
 
 } // namespace
 
-SharedFolderSplit::SharedFolderSplit(QString dataFolder, QString place)
-    : m_data(std::move(dataFolder) + u'/'), m_place(std::move(place))
+SharedFolderSplit::SharedFolderSplit(const QString& dataFolder, QString place)
+    : m_data(dataFolder + u'/'), m_place(std::move(place))
 {
     const QByteArray name = QFileInfo(m_data).canonicalFilePath().toUtf8();
     const QByteArray hash = QCryptographicHash::hash(name, QCryptographicHash::Sha1).toHex().left(12);
@@ -208,8 +208,7 @@ SharedFolderSplit::Result SharedFolderSplit::run(const QString& opened, const QS
         result.failed.insert(result.failed.end(), plan.failed.begin(), plan.failed.end());
         if (plan.moves.empty()) return result;
         makeFolder(m_place);
-        plan.save(m_planFile);
-        sync(m_place);
+        save(plan);
         carryOut(std::move(plan), result);
     } catch (const Error& error) {
         result.failed.push_back({opened, error.description()});
@@ -221,7 +220,6 @@ SharedFolderSplit::Result SharedFolderSplit::run(const QString& opened, const QS
 /// was done before. What cannot be finished now stays in the plan.
 void SharedFolderSplit::carryOut(SplitPlan plan, Result& result)
 {
-    std::vector<FolderMove> unfinished;
     for (std::size_t i = 0; i < plan.moves.size(); ++i) {
         FolderMove& move = plan.moves[i];
         if (hasToLeave(move) && !leave(move, result)) continue;
@@ -234,7 +232,7 @@ void SharedFolderSplit::carryOut(SplitPlan plan, Result& result)
             if (failure) throw Error(*failure);
         } catch (const Error& error) {
             result.failed.push_back({move.database, error.description()});
-            unfinished.push_back(move);
+            m_unfinished.push_back(move);
             remaining = move.moved.size();
         }
         result.moved.push_back({move.database, databaseIn(rootOf(move), move)});
@@ -242,12 +240,20 @@ void SharedFolderSplit::carryOut(SplitPlan plan, Result& result)
         result.copiedFiles += static_cast<int>(move.copied.size());
         qCInfo(filesLog).noquote() << "moved:" << move.database << "to" << rootOf(move);
     }
-    plan.moves = std::move(unfinished);
+    plan.moves.clear();
     try {
-        plan.moves.empty() ? remove(m_planFile) : plan.save(m_planFile);
+        m_unfinished.empty() ? remove(m_planFile) : save(plan);
     } catch (const Error&) {
         // the plan as it was does no harm: what is done is not done again
     }
+}
+
+/// Writes down a plan, and what could not be finished of an earlier one.
+void SharedFolderSplit::save(SplitPlan plan) const
+{
+    plan.moves.insert(plan.moves.end(), m_unfinished.begin(), m_unfinished.end());
+    plan.save(m_planFile);
+    sync(m_place);
 }
 
 /// Copies the database, and what it shares with others, to its new folder; then it is removed from the old
@@ -312,7 +318,7 @@ void SharedFolderSplit::nameFolder(SplitPlan& plan, std::size_t index) const
     if (exists(move.target)) {
         const QString name = QFileInfo(move.database).completeBaseName();
         plan.moves[index].target = SplitPlanner::freeFolder(m_place, name, plan);
-        plan.save(m_planFile);
+        save(plan);
     }
     std::error_code code;
     fs::rename(pathOf(move.working), pathOf(move.target), code);

@@ -27,7 +27,7 @@ class SharedFolderSplit
 {
 public:
     /// `dataFolder` holds the databases; new folders are made in `place`. Both are absolute paths.
-    SharedFolderSplit(QString dataFolder, QString place);
+    SharedFolderSplit(const QString& dataFolder, QString place);
 
     struct Result
     {
@@ -45,6 +45,7 @@ public:
 
 private:
     void carryOut(SplitPlan plan, Result& result);
+    void save(SplitPlan plan) const;
     [[nodiscard]] bool leave(const FolderMove& move, Result& result) const;
     [[nodiscard]] std::optional<Error> takeFiles(FolderMove& move) const;
     void removeEmptyFolders(const QStringList& files) const;
@@ -52,5 +53,6 @@ private:
 
     QString m_data; ///< ends with `/`
     QString m_place;
-    QString m_planFile; ///< of a split that is not finished
+    QString m_planFile;                   ///< of a split that is not finished
+    std::vector<FolderMove> m_unfinished; ///< what has failed after the database has moved
 };

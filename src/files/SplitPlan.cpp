@@ -26,7 +26,7 @@ const QString movedKey = QStringLiteral("moved");
 QStringList textsOf(const QJsonValue& array)
 {
     QStringList texts;
-    for (const QJsonValue& text : array.toArray())
+    for (const auto& text : array.toArray())
         texts << text.toString();
     return texts;
 }
@@ -40,7 +40,7 @@ std::optional<SplitPlan> SplitPlan::load(const QString& file)
     const QJsonObject whole = QJsonDocument::fromJson(content.readAll()).object();
     SplitPlan plan;
     plan.stays = whole[staysKey].toString();
-    for (const QJsonValue& value : whole[movesKey].toArray()) {
+    for (const auto& value : whole[movesKey].toArray()) {
         const QJsonObject move = value.toObject();
         plan.moves.push_back({move[databaseKey].toString(), move[workingKey].toString(),
                               move[targetKey].toString(), textsOf(move[copiedKey]), textsOf(move[movedKey])});

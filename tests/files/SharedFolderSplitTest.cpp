@@ -274,6 +274,32 @@ TEST(SharedFolderSplit, LeavesEverythingAsItWasIfItCannotBeDone)
               "b/data/documents/3.pdf c/data/c.sqlite c/data/documents/3.pdf c/data/documents/4.pdf");
 }
 
+TEST(SharedFolderSplit, MovesLaterWhatCannotBeMovedNow)
+{
+    const OldFolder folder;
+    folder.addDatabase(u"a.sqlite"_s, {});
+    folder.addDatabase(u"b.sqlite"_s, u"2.htm 3.htm"_s);
+    folder.addFiles(u"documents/2.htm documents/2_files/x.css documents/3_files/y.css"_s);
+    allow(0777, {QFileInfo(folder.data()).path() + u"/.."_s, QFileInfo(folder.place()).path() + u"/."_s,
+                 folder.data(), folder.file(u"documents"_s), folder.file(u"a.sqlite"_s),
+                 folder.file(u"b.sqlite"_s)});
+    {
+        const AsPlainUser user;
+        const auto result = folder.split(u"a.sqlite"_s);
+        ASSERT_EQ(result.failed.size(), 1);
+        EXPECT_EQ(result.moved.size(), 1);
+        EXPECT_EQ(result.movedFiles, 1);
+    }
+    // meanwhile a file of that name has come, and another database
+    writeFile(folder.place() + u"/b/data/documents/3_files/y.css"_s, "new\nend");
+    folder.addDatabase(u"c.sqlite"_s, {});
+    EXPECT_TRUE(folder.split(u"a.sqlite"_s).failed.empty());
+    EXPECT_EQ(folder.all(),
+              "a.sqlite documents/3_files/y.css | b/data/b.sqlite b/data/documents/2.htm "
+              "b/data/documents/2_files/x.css b/data/documents/3_files/y.css=new c/data/c.sqlite");
+    EXPECT_TRUE(folder.split(u"a.sqlite"_s).moved.empty());
+}
+
 TEST(SharedFolderSplit, TakesWhatIsOnlyInAJournalAndFollowsNoLinks)
 {
     const OldFolder folder;
