@@ -10,6 +10,8 @@
 #include "opening/CollectionMaker.h"
 #include "opening/DatabaseName.h"
 #include "opening/OpeningTexts.h"
+#include "opening/RecentDatabases.h"
+#include "opening/SharedFolders.h"
 #include "opening/UnfinishedCollection.h"
 #include "platform/FileAttributes.h"
 #include "platform/Messages.h"
@@ -51,7 +53,7 @@ void DatabaseOpener::openNamed()
         nameInSettings(file);
     }
     open(file);
-    if (!chosen.isEmpty()) nameInSettings(file);
+    if (!chosen.isEmpty()) nameInSettings(m_at.session.fileName());
     m_at.session.requireWritable();
 }
 
@@ -121,17 +123,29 @@ QString DatabaseOpener::collectionsPlace() const
 void DatabaseOpener::openAt(const QString& file)
 {
     open(file);
-    nameInSettings(file);
+    nameInSettings(m_at.session.fileName());
     m_at.session.requireWritable();
 }
 
-void DatabaseOpener::open(const QString& file)
+void DatabaseOpener::open(const QString& chosen)
 {
+    const QString file = isInDataFolder(chosen) ? separated(chosen) : chosen;
     m_platform.fileAttributes.makeWritable(file);
     qCInfo(startLog).noquote() << "open database:" << file;
     m_at.session.open(file);
     m_at.folder = m_at.home.ofDatabase(file);
     FileUpload(m_at.folder).clearUnfinished();
+}
+
+/// Sees to it that no other database has its files in the folder of one that is to be opened. Returns where that
+/// lies now.
+QString DatabaseOpener::separated(const QString& file)
+{
+    const SharedFolders::Outcome outcome = SharedFolders::separate(m_platform, m_at.home, file);
+    RecentDatabases recent(m_platform.settings);
+    for (const MovedDatabase& database : outcome.moved)
+        recent.add(DatabaseName::nameOf(m_at.home, database.to));
+    return outcome.file;
 }
 
 void DatabaseOpener::nameInSettings(const QString& file)

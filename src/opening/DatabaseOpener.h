@@ -54,7 +54,8 @@ public:
 private:
     [[nodiscard]] QString convertNamed(const QString& name, const QString& source);
     [[nodiscard]] std::optional<QString> placeOf(const QString& file);
-    void open(const QString& file);
+    void open(const QString& chosen);
+    [[nodiscard]] QString separated(const QString& file);
     void nameInSettings(const QString& file);
 
     Platform m_platform;
