@@ -6,6 +6,7 @@
 #include "files/DatabaseFile.h"
 #include "files/FileUpload.h"
 #include "files/ProgramFolder.h"
+#include "files/SplitPlanner.h"
 #include "opening/AccessConversion.h"
 #include "opening/CollectionMaker.h"
 #include "opening/DatabaseName.h"
@@ -102,16 +103,33 @@ std::optional<QString> DatabaseOpener::placeOf(const QString& file)
     const QString open = QFileInfo(m_at.session.fileName()).canonicalFilePath();
     if (!open.isEmpty() && QFileInfo(file).canonicalFilePath() == open) return m_at.session.fileName();
 
-    const QFileInfo chosen(file);
+    const std::optional<bool> copies = asksForCopy(QFileInfo(file));
+    if (!copies) return std::nullopt;
+    if (!*copies) return file;
+    return CollectionMaker(m_platform.messages, m_at.converter, m_at.home, collectionsPlace()).make(file);
+}
+
+/// Asks whether a database is to be copied into a collection of its own or used where it is; std::nullopt for
+/// neither. Beside another database it can only be copied, since they would share a folder of files.
+std::optional<bool> DatabaseOpener::asksForCopy(const QFileInfo& file)
+{
+    const QString path = file.absoluteFilePath();
+    const SplitPlanner planner(file.absolutePath() + u'/', collectionsPlace());
+    if (planner.mayBeNeeded() && !planner.plan(path, path).moves.empty()) {
+        const bool yes = m_platform.messages.ask(
+            OpeningTexts::tr("%1 is in a folder with other databases, where the files of one could replace "
+                             "those of another.\n\nDo you want to copy it into a new collection?")
+                .arg(file.fileName()),
+            Question::Harmless);
+        return yes ? std::optional(true) : std::nullopt;
+    }
     const auto answer = m_platform.messages.choose(
         OpeningTexts::tr("%1 is not in a collection of its own.\n\nDo you want to copy it into a new "
                          "collection, or to use it where it is? If it is used there, the program keeps the "
                          "files of its documents and charts beside it, in the folder %2.")
-            .arg(chosen.fileName(), chosen.absolutePath()),
+            .arg(file.fileName(), file.absolutePath()),
         {OpeningTexts::tr("&Copy It"), OpeningTexts::tr("&Use It There")});
-    if (!answer) return std::nullopt;
-    if (*answer == 1) return file;
-    return CollectionMaker(m_platform.messages, m_at.converter, m_at.home, collectionsPlace()).make(file);
+    return answer ? std::optional(*answer == 0) : std::nullopt;
 }
 
 QString DatabaseOpener::collectionsPlace() const
@@ -137,8 +155,8 @@ void DatabaseOpener::open(const QString& chosen)
     FileUpload(m_at.folder).clearUnfinished();
 }
 
-/// Sees to it that no other database has its files in the folder of one that is to be opened. Returns where that
-/// lies now.
+/// Sees to it that no other database has its files in the folder of one that is to be opened. Returns where
+/// that lies now.
 QString DatabaseOpener::separated(const QString& file)
 {
     const SharedFolders::Outcome outcome = SharedFolders::separate(m_platform, m_at.home, file);

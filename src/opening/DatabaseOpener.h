@@ -11,6 +11,7 @@
 class DatabaseConverter;
 class DatabaseSession;
 class ProgramFolder;
+class QFileInfo;
 
 /// Opens the database that the settings name, or one that the user chose. An Access file that the settings
 /// name is converted beside itself, once; of one that the user chose a new collection is made. Nothing is
@@ -54,6 +55,7 @@ public:
 private:
     [[nodiscard]] QString convertNamed(const QString& name, const QString& source);
     [[nodiscard]] std::optional<QString> placeOf(const QString& file);
+    [[nodiscard]] std::optional<bool> asksForCopy(const QFileInfo& file);
     void open(const QString& chosen);
     [[nodiscard]] QString separated(const QString& file);
     void nameInSettings(const QString& file);

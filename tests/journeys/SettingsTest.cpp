@@ -139,7 +139,7 @@ TEST_F(Settings, TheNextStartOpensTheChosenCollectionOnTheChosenPage)
     EXPECT_EQ(journey.viewPanel(), u"Home Page"_s) << "only at the next start";
     journey.start();
     EXPECT_EQ(journey.program->state().session.fileName(), inTest("other/data/other.sqlite"));
-    EXPECT_EQ(setting("DBFile"), inTest("other/data/other.sqlite")) << "what is open";
+    EXPECT_EQ(setting("DBFile"), u"../other/data/other.sqlite"_s) << "what is open";
     EXPECT_EQ(journey.viewPanel(), u"View ALL Events"_s);
     EXPECT_EQ(journey.historyMenu(), "Home Page|[View ALL Events]");
 

@@ -230,7 +230,6 @@ TEST_F(Timelines, AnotherDatabaseBeginsATimelineOfItsOwn)
     ASSERT_TRUE(QDir(other.folder()).mkdir(u"data"_s));
     ASSERT_TRUE(QFile::rename(other.fileName(), file));
     journey.desktop.fileDialogs.files = {file};
-    journey.desktop.messages.expectMessageBeginning(u"Several databases shared one folder"_s);
     journey.trigger("mnuOpenDatabase");
     EXPECT_EQ(zoom(), "5 minutes");
     journey.trigger("mnuViewEvents");
