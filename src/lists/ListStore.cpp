@@ -73,21 +73,34 @@ qint64 rename(DatabaseSession& session, ListKind list, const LookupEntry& before
     return changed;
 }
 
+template <typename Each, typename NameOf>
+std::vector<Each> orderedByName(std::vector<Each> all, NameOf nameOf)
+{
+    std::vector<std::pair<std::string, std::size_t>> names;
+    for (std::size_t i = 0; i < all.size(); ++i)
+        names.emplace_back(nameOf(all[i]).toStdString(), i);
+    std::stable_sort(names.begin(), names.end(), [](const auto& a, const auto& b) {
+        return TextCompare::compare(a.first, b.first) < 0;
+    });
+    std::vector<Each> ordered;
+    ordered.reserve(all.size());
+    for (const auto& name : names)
+        ordered.push_back(std::move(all[name.second]));
+    return ordered;
+}
+
 } // namespace
 
 std::vector<LookupRow> ListStore::read(ListKind list) const
 {
-    std::vector<LookupRow> rows = ListReader::rows(m_session, list);
-    std::vector<std::pair<std::string, std::size_t>> names;
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        names.emplace_back(rows[i].entry.name.toStdString(), i);
-    std::stable_sort(names.begin(), names.end(),
-                     [](const auto& a, const auto& b) { return TextCompare::compare(a.first, b.first) < 0; });
-    std::vector<LookupRow> ordered;
-    ordered.reserve(rows.size());
-    for (const auto& name : names)
-        ordered.push_back(std::move(rows[name.second]));
-    return ordered;
+    return orderedByName(ListReader::rows(m_session, list),
+                         [](const LookupRow& row) -> const QString& { return row.entry.name; });
+}
+
+std::vector<LookupEntry> ListStore::names(ListKind list) const
+{
+    return orderedByName(ListReader::entries(m_session, list),
+                         [](const LookupEntry& entry) -> const QString& { return entry.name; });
 }
 
 /// Returns what keeps an entry from being written, or an empty text.

@@ -31,6 +31,9 @@ public:
     /// All entries of a list that can be changed, with what uses them, ordered by name. Throws Error.
     [[nodiscard]] std::vector<LookupRow> read(ListKind list) const;
 
+    /// The same without what uses them.
+    [[nodiscard]] std::vector<LookupEntry> names(ListKind list) const;
+
     /// Adds an entry; its key is found here. Throws Error 6 if there is none left within 16 bits.
     [[nodiscard]] ListOutcome add(ListKind list, const LookupEntry& entry);
 

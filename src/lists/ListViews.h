@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "lists/ListKind.h"
+#include "lists/LookupEntry.h"
+#include "views/clsView.h"
+
+struct StandardQueries;
+
+/// Returns the view of the records that use an entry of a list, narrowed from the view of all records of their
+/// kind.
+[[nodiscard]] clsView viewOfUsers(ListKind list, const ListReference& reference, const LookupEntry& entry,
+                                  const StandardQueries& queries);
