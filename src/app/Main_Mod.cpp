@@ -4,21 +4,24 @@
 
 #include "app/frmSplash.h"
 #include "browse/window/frmMain.h"
-#include "files/FileUpload.h"
+#include "files/ProgramFolder.h"
 #include "help/HelpFile.h"
+#include "opening/DatabaseName.h"
 #include "platform/Procedure.h"
 #include "platform/StdREG.h"
 #include "util/Logging.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace {
 
+/// The path of the first database in a folder; empty if there is none.
 QString firstDatabase(const QString& dataFolder)
 {
     const QStringList databases =
         QDir(dataFolder).entryList({QStringLiteral("*.sqlite")}, QDir::Files, QDir::Name);
-    return databases.isEmpty() ? QString() : databases.front();
+    return databases.isEmpty() ? QString() : dataFolder + databases.front();
 }
 
 } // namespace
@@ -27,7 +30,7 @@ Main_Mod::Main_Mod(const Platform& platform, DatabaseConverter& converter, Progr
                    QString sampleFolder)
     : m_platform(platform),
       m_state(std::move(folder)),
-      m_opener(platform, converter, m_state.folder, m_state.session),
+      m_opener(platform, {converter, m_state.home, m_state.folder, m_state.session}),
       m_sampleFolder(std::move(sampleFolder))
 {
 }
@@ -51,18 +54,21 @@ void Main_Mod::Main()
     });
 }
 
-/// On a first start, makes the program folder and names the sample in the settings. On every start, brings
-/// the guide up to date and removes what an upload left unfinished. Throws Error.
+/// On a first start, makes the program folder with the sample in a folder of its own, and names that in the
+/// settings. On every start, brings the guide up to date. Throws Error.
 void Main_Mod::prepareProgramFolder()
 {
-    qCInfo(startLog).noquote() << "program folder:" << m_state.folder.root();
-    const bool filled = ProgramFolder::fillFromSample(m_state.folder.root(), m_sampleFolder);
-    HelpFile::renew(m_state.folder.root(), m_sampleFolder);
-    FileUpload(m_state.folder).clearUnfinished();
-    if (!filled) return;
+    const QString root = m_state.home.root();
+    qCInfo(startLog).noquote() << "program folder:" << root;
+    const bool isFirst = !QFileInfo::exists(root);
+    const QString sample = root + QStringLiteral("/Sample");
+    if (isFirst) ProgramFolder::fillFromSample(sample, m_sampleFolder);
+    HelpFile::renew(root, m_sampleFolder);
+    if (!isFirst) return;
     qCInfo(startLog).noquote() << "filled from the sample:" << m_sampleFolder;
     StdREG settings(m_platform.settings);
     const QString name = QStringLiteral("DBFile");
-    if (!settings.GetRegString(QString(), name).isEmpty()) return;
-    settings.WriteRegString(QString(), name, firstDatabase(m_state.folder.machinePath(ProgramFolders::data)));
+    const QString database = firstDatabase(sample + QStringLiteral("/data/"));
+    if (database.isEmpty() || !settings.GetRegString(QString(), name).isEmpty()) return;
+    settings.WriteRegString(QString(), name, DatabaseName::nameOf(m_state.home, database));
 }

@@ -15,8 +15,8 @@ class frmMain;
 class Main_Mod
 {
 public:
-    /// A new program folder is filled from `sampleFolder`. The converter and the members of the platform must
-    /// outlive this object.
+    /// A new program folder gets a copy of the sample in `sampleFolder`. The converter and the members of the
+    /// platform must outlive this object.
     Main_Mod(const Platform& platform, DatabaseConverter& converter, ProgramFolder folder,
              QString sampleFolder);
     ~Main_Mod();

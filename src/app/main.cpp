@@ -44,9 +44,9 @@ int main(int argc, char** argv)
     const ProgramFolder::Surroundings surroundings{
         qEnvironmentVariable("ORVIK_HOME"), QCoreApplication::applicationDirPath(),
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)};
+    const QString sample = surroundings.executableFolder + QStringLiteral("/../share/orvik/sample");
     Main_Mod program({messages, settings, fileAttributes, fileDialogs, clock, volumes, shell}, converter,
-                     ProgramFolder(ProgramFolder::choose(surroundings)),
-                     surroundings.executableFolder + QStringLiteral("/../share/orvik/sample"));
+                     ProgramFolder(ProgramFolder::choose(surroundings), sample), sample);
     program.Main();
     return program.window() == nullptr ? EXIT_FAILURE : QApplication::exec();
 }

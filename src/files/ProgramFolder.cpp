@@ -94,7 +94,7 @@ bool ProgramFolder::fillFromSample(const QString& root, const QString& sample)
     const QString unfinished = root + QStringLiteral(".new");
     QDir(unfinished).removeRecursively();
     const bool hasSample = QFileInfo(sample).isDir();
-    if (hasSample) copyFolder(sample, unfinished);
+    if (hasSample) copyFolder(sample + QStringLiteral("/data"), unfinished + QStringLiteral("/data"));
     for (const QString& folder :
          {QStringLiteral("documents"), QStringLiteral("orgcharts"), QStringLiteral("maps")}) {
         makeFolder(unfinished + QStringLiteral("/data/") + folder);
@@ -103,16 +103,35 @@ bool ProgramFolder::fillFromSample(const QString& root, const QString& sample)
     return hasSample;
 }
 
+ProgramFolder ProgramFolder::ofDatabase(const QString& databaseFile) const
+{
+    const QString data = QFileInfo(databaseFile).absolutePath();
+    ProgramFolder folder(QFileInfo(data).path(), m_installed);
+    folder.m_data = data;
+    return folder;
+}
+
+ProgramFolder::Place ProgramFolder::placeOf(const QString& programPath) const
+{
+    Place place{m_root, programPath.split(u'\\', Qt::SkipEmptyParts)};
+    if (m_data.isEmpty() || place.below.value(0) != QStringLiteral("data")) return place;
+    place.below.removeFirst();
+    place.folder = m_data;
+    return place;
+}
+
 QString ProgramFolder::machinePath(const QString& programPath) const
 {
-    return m_root + QString(programPath).replace(u'\\', u'/');
+    const QString data = QStringLiteral("\\data");
+    const bool isData = !m_data.isEmpty() && programPath.startsWith(data + u'\\');
+    const QString below = isData ? programPath.mid(data.size()) : programPath;
+    return (isData ? m_data : m_root) + QString(below).replace(u'\\', u'/');
 }
 
 QString ProgramFolder::folderPath(const QString& programPath) const
 {
-    QString folder = m_root;
-    const QStringList parts = programPath.split(u'\\', Qt::SkipEmptyParts);
-    for (const QString& part : parts)
+    auto [folder, parts] = placeOf(programPath);
+    for (const QString& part : std::as_const(parts))
         folder = entryOf(folder, part, QDir::Dirs).value_or(folder + u'/' + part);
     return folder + u'/';
 }
@@ -125,9 +144,8 @@ QString ProgramFolder::programForm(const QString& machinePath)
 std::optional<QString> ProgramFolder::find(const QString& programPath, const QString& fileName) const
 {
     if (!isPlainName(fileName)) return std::nullopt;
-    QString folder = m_root;
-    const QStringList parts = programPath.split(u'\\', Qt::SkipEmptyParts);
-    for (const QString& part : parts) {
+    auto [folder, parts] = placeOf(programPath);
+    for (const QString& part : std::as_const(parts)) {
         const auto next = entryOf(folder, part, QDir::Dirs);
         if (!next) return std::nullopt;
         folder = *next;
@@ -135,6 +153,13 @@ std::optional<QString> ProgramFolder::find(const QString& programPath, const QSt
     auto file = entryOf(folder, fileName, QDir::Files);
     if (file && !LinkTarget::liesIn(pathOf(folder), pathOf(*file))) return std::nullopt;
     return file;
+}
+
+std::optional<QString> ProgramFolder::findMap(const QString& fileName) const
+{
+    const auto own = find(ProgramFolders::maps, fileName);
+    if (own || m_installed.isEmpty()) return own;
+    return ProgramFolder(m_installed).find(ProgramFolders::maps, fileName);
 }
 
 bool ProgramFolder::isPlainName(const QString& fileName)

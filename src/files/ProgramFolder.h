@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -15,12 +16,20 @@ struct ProgramFolders
     static inline const QString maps = QStringLiteral("\\data\\maps\\");
 };
 
-/// The folder with the program's data, and the one place that turns program paths such as
+/// A folder with a database and its files, and the one place that turns program paths such as
 /// `\data\documents\` into paths of the machine. Letter case of stored names does not matter.
 class ProgramFolder
 {
 public:
-    explicit ProgramFolder(QString root) : m_root(std::move(root)) {}
+    /// `installed` is the folder of what comes with the program, or empty.
+    explicit ProgramFolder(QString root, QString installed = {})
+        : m_root(std::move(root)), m_installed(std::move(installed))
+    {
+    }
+
+    /// The folder of a database: the files of its records are in folders beside it, whatever the folder that
+    /// holds them all is called.
+    [[nodiscard]] ProgramFolder ofDatabase(const QString& databaseFile) const;
 
     /// What the choice of the folder depends on.
     struct Surroundings
@@ -33,9 +42,9 @@ public:
     /// `ORVIK_HOME` if set; else the executable's folder if it holds `data`; else `orvik` in the user's data.
     static QString choose(const Surroundings& surroundings);
 
-    /// Fills a folder that does not exist yet from a sample, whole or not at all; returns true if it did. If
-    /// there is no sample, makes the empty data folders. A folder that exists is left alone. Throws Error
-    /// if the folder cannot be made.
+    /// Fills a folder that does not exist yet with the data of a sample, whole or not at all; returns true if
+    /// it did. If there is no sample, makes the empty data folders. A folder that exists is left alone.
+    /// Throws Error if the folder cannot be made.
     static bool fillFromSample(const QString& root, const QString& sample);
 
     [[nodiscard]] const QString& root() const { return m_root; }
@@ -56,9 +65,23 @@ public:
     /// cannot be a name.
     [[nodiscard]] std::optional<QString> find(const QString& programPath, const QString& fileName) const;
 
+    /// The file of that name in the folder's maps, else in those that come with the program; std::nullopt if
+    /// there is none.
+    [[nodiscard]] std::optional<QString> findMap(const QString& fileName) const;
+
     /// Whether a stored name can only mean a file in its folder.
     static bool isPlainName(const QString& fileName);
 
 private:
+    struct Place
+    {
+        QString folder;
+        QStringList below; ///< folders that may have other letter cases on the disk
+    };
+
+    [[nodiscard]] Place placeOf(const QString& programPath) const;
+
     QString m_root;
+    QString m_data; ///< what `\data` stands for, if that is not the folder of this name
+    QString m_installed;
 };

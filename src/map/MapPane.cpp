@@ -143,18 +143,25 @@ void MapPane::showPlaces()
     m_legend->setLines(legendLines(m_places.entries()));
 }
 
-/// Reads the states once. Throws Error.
+void MapPane::forget()
+{
+    m_shownView = 0;
+    m_isLayerRead = false;
+}
+
+/// Reads the states once for each folder. Throws Error.
 void MapPane::addStatesLayer()
 {
-    if (m_map->hasStates()) return;
+    if (m_isLayerRead) return;
     const QString name = QStringLiteral("states.shp");
-    const auto file = m_folder.find(ProgramFolders::maps, name);
+    const auto file = m_folder.findMap(name);
     if (!file) {
         throw Error(
             ENOENT,
             tr("There is no map of the states. (%1)").arg(m_folder.machinePath(ProgramFolders::maps) + name));
     }
     m_map->setStates(StatesLayer(ShapeFile::read(*file)));
+    m_isLayerRead = true;
 }
 
 void MapPane::showSelected()

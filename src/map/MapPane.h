@@ -38,7 +38,7 @@ public:
     void drawMap();
 
     /// Starts afresh after the history was cleared.
-    void forget() { m_shownView = 0; }
+    void forget();
 
     /// Takes all markers off the map.
     void clearMap();
@@ -72,6 +72,7 @@ private:
 
     ViewHistory& m_history;
     const ProgramFolder& m_folder;
+    bool m_isLayerRead = false; ///< the states of this folder
     Messages& m_messages;
     OrganizationPlaces m_places;
     ShowOnlyViews m_showOnly;

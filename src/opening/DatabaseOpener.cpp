@@ -4,8 +4,10 @@
 
 #include "data/DatabaseSession.h"
 #include "files/DatabaseFile.h"
+#include "files/FileUpload.h"
 #include "files/ProgramFolder.h"
 #include "opening/DatabaseConverter.h"
+#include "opening/DatabaseName.h"
 #include "opening/OpeningTexts.h"
 #include "platform/FileAttributes.h"
 #include "platform/Messages.h"
@@ -33,33 +35,33 @@ QString convertedName(const QString& accessFile)
 
 QString DatabaseOpener::dataPath(const QString& name) const
 {
-    return m_folder.machinePath(ProgramFolders::data + name);
+    return m_at.home.machinePath(ProgramFolders::data + name);
 }
 
 void DatabaseOpener::openNamed()
 {
     const QString name = StdREG(m_platform.settings).GetRegString(QString(), settingName());
-    QString file = m_folder.find(ProgramFolders::data, name).value_or(dataPath(name));
+    QString file = DatabaseName::fileOf(m_at.home, name);
     if (kindOfDatabaseFile(file) == DatabaseFileKind::Access) {
         file = convertNamed(name, file);
         nameInSettings(file);
     }
     open(file);
-    m_session.requireWritable();
+    m_at.session.requireWritable();
 }
 
 /// Converts the Access file that the settings name, unless that was done before and the user keeps it.
 /// Returns the database. Throws Error.
 QString DatabaseOpener::convertNamed(const QString& name, const QString& source)
 {
-    QString target = dataPath(convertedName(name));
+    QString target = QFileInfo(source).path() + u'/' + convertedName(source);
     const bool exists = QFileInfo::exists(target);
     const bool replace =
         exists && m_platform.messages.ask(
                       OpeningTexts::tr("%1 was converted before, to %2.\n\nDo you want to convert it "
                                        "again and replace that database? Whatever was added to it "
                                        "since is then lost. No opens it as it is.")
-                          .arg(name, convertedName(name)),
+                          .arg(name, convertedName(source)),
                       Question::Loss);
     const bool isNeeded = !exists || replace;
     if (isNeeded && !convert(source, target, replace)) {
@@ -83,7 +85,7 @@ bool DatabaseOpener::openChosen(const QString& file)
     }
     open(target);
     nameInSettings(target);
-    m_session.requireWritable();
+    m_at.session.requireWritable();
     return true;
 }
 
@@ -101,7 +103,7 @@ bool DatabaseOpener::convert(const QString& source, const QString& target, bool 
 {
     using End = DatabaseConverter::Result::End;
     qCInfo(startLog).noquote() << "convert:" << source << "to" << target;
-    const DatabaseConverter::Result result = m_converter.convert(source, target, replace);
+    const DatabaseConverter::Result result = m_at.converter.convert(source, target, replace);
     if (result.end == End::Cancelled) return false;
     if (result.end == End::Failed) {
         throw Error(result.status, QStringLiteral("%1 (%2)").arg(result.error, source));
@@ -117,10 +119,13 @@ void DatabaseOpener::open(const QString& file)
 {
     m_platform.fileAttributes.makeWritable(file);
     qCInfo(startLog).noquote() << "open database:" << file;
-    m_session.open(file);
+    m_at.session.open(file);
+    m_at.folder = m_at.home.ofDatabase(file);
+    FileUpload(m_at.folder).clearUnfinished();
 }
 
 void DatabaseOpener::nameInSettings(const QString& file)
 {
-    StdREG(m_platform.settings).WriteRegString(QString(), settingName(), QFileInfo(file).fileName());
+    StdREG(m_platform.settings)
+        .WriteRegString(QString(), settingName(), DatabaseName::nameOf(m_at.home, file));
 }

@@ -15,10 +15,18 @@ class ProgramFolder;
 class DatabaseOpener
 {
 public:
-    /// The references, and the doors of the platform, must outlive the opener.
-    DatabaseOpener(const Platform& platform, DatabaseConverter& converter, const ProgramFolder& folder,
-                   DatabaseSession& session)
-        : m_platform(platform), m_converter(converter), m_folder(folder), m_session(session)
+    /// What the opener works with. All must outlive it.
+    struct Surroundings
+    {
+        DatabaseConverter& converter;
+        const ProgramFolder& home; ///< of the program
+        ProgramFolder& folder;     ///< becomes that of the database that is opened
+        DatabaseSession& session;
+    };
+
+    /// The doors of the platform must outlive the opener.
+    DatabaseOpener(const Platform& platform, Surroundings surroundings)
+        : m_platform(platform), m_at(surroundings)
     {
     }
 
@@ -40,7 +48,5 @@ private:
     void nameInSettings(const QString& file);
 
     Platform m_platform;
-    DatabaseConverter& m_converter;
-    const ProgramFolder& m_folder;
-    DatabaseSession& m_session;
+    Surroundings m_at;
 };

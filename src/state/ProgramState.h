@@ -13,10 +13,11 @@
 /// needs, by reference; another database is opened in the same session.
 struct ProgramState
 {
-    explicit ProgramState(ProgramFolder programFolder) : folder(std::move(programFolder)) {}
+    explicit ProgramState(ProgramFolder programFolder) : home(std::move(programFolder)), folder(home) {}
 
     ViewHistory history;
     StandardQueries queries;
-    ProgramFolder folder;
+    ProgramFolder home;   ///< of the program: the guide, and the places of databases that settings name
+    ProgramFolder folder; ///< of the open database; another one once another database is open
     DatabaseSession session;
 };

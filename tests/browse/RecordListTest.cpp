@@ -3,6 +3,7 @@
 #include "browse/list/RecordList.h"
 
 #include "browse/list/RowIconKeys.h"
+#include "files/ProgramFolder.h"
 #include "support/TestDatabase.h"
 #include "views/StandardQueries.h"
 
@@ -57,7 +58,8 @@ TEST(RecordList, ShowsDocuments)
     QDir(database.folder()).mkdir(QStringLiteral("documents"));
     QFile file(database.folder() + QStringLiteral("/documents/2.PDF"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    RowIconKeys icons(database.session(), database.folder() + QStringLiteral("/documents/"));
+    const ProgramFolder folder = ProgramFolder(QString()).ofDatabase(database.fileName());
+    RowIconKeys icons(database.session(), folder);
     EXPECT_EQ(icons.key(list, 0), QStringLiteral("d12ng"));
     EXPECT_EQ(icons.key(list, 1), QStringLiteral("d2"));
     EXPECT_EQ(icons.key(list, 2), QStringLiteral("d1cd"));
@@ -75,7 +77,8 @@ TEST(RecordList, ShowsOrganizations)
     EXPECT_EQ(shown(list), "A|Agency - State|Rescue|Austin, TX\nB|Agency|None|Austin\nC|Agency|Rescue|TX\n"
                            "D|None|None|Austin\nE|None|None|");
 
-    RowIconKeys icons(database.session(), QString());
+    const ProgramFolder folder(database.folder());
+    RowIconKeys icons(database.session(), folder);
     QStringList keys;
     for (std::size_t row = 0; row < list.count(); ++row)
         keys << icons.key(list, row).mid(13);

@@ -34,7 +34,7 @@ std::string eventQuery(const std::string& rest)
     return "DROP VIEW Q_Event; CREATE VIEW Q_Event AS SELECT Event.EventID AS EventID" + rest;
 }
 
-/// Files that somebody made so that to open them, or to read them once they are open, takes for ever.
+/// Files crafted so that opening them, or reading them once they are open, takes forever.
 TEST(CraftedSchema, IsRefusedBeforeTheEngineIsAskedForIt)
 {
     std::string names;

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int interrupted = 9;
 
-/// What somebody may type into the search box, put into a statement as it is.
+/// What a user may type into the search box; it goes into the statement as typed.
 class HostileKeyword : public testing::Test
 {
 protected:
@@ -44,7 +44,7 @@ protected:
                keyword + u"%')) "_s;
     }
 
-    /// The number of the error that a search ends with; 0 where it finds rows, -1 where it finds none.
+    /// The number of the error that a search ends with; 0 if it finds rows, -1 if it finds none.
     int search(const QString& keyword)
     {
         int rows = 0;
@@ -168,7 +168,7 @@ TEST_F(HostileKeyword, ThatWouldRunForHoursIsStopped)
 TEST_F(HostileKeyword, CannotMakeAReadingStatementWriteNorAWritingOneDoMore)
 {
     DatabaseSession& session = m_database.session();
-    // "read" and "execute" say what a statement is no use for, and "either" that it is for neither
+    // "read" or "execute" is the call that refuses the statement, "either" means that both do
     for (const QString& line : linesOfCases("RefusedStatements")) {
         const QString use = line.section(u' ', 0, 0);
         const QString statement = line.section(u' ', 1);

@@ -43,7 +43,7 @@ protected:
         return lines;
     }
 
-    /// The tables that SQLite opens for a statement, by name, and `DISTINCT` where it folds rows.
+    /// The tables that SQLite opens for a statement, by name, and `DISTINCT` if it folds rows.
     QString planOf(const QString& statement)
     {
         QStringList used;

@@ -45,11 +45,30 @@ TEST(ProgramFolder, IsFilledFromTheSampleOnceAndNeverTouchedAgain)
     EXPECT_FALSE(ProgramFolder::fillFromSample(root, sample));
     EXPECT_EQ(contentOf(root + u"/data/a.sqlite"_s), "mine");
 
-    // no sample: the folders all the same; no place for it: an error, and nothing half made
+    // without a sample the folders are made all the same; if they cannot be made, nothing is left of them
     EXPECT_FALSE(ProgramFolder::fillFromSample(place.filePath(u"bare"_s), u"/nowhere"_s));
     EXPECT_TRUE(QFileInfo(place.filePath(u"bare/data/documents"_s)).isDir());
     writeFile(place.filePath(u"file"_s), "");
     EXPECT_THROW(ProgramFolder::fillFromSample(place.filePath(u"file/orvik"_s), sample), Error);
+}
+
+TEST(ProgramFolder, IsThatOfADatabaseWhateverTheFolderAroundItIsCalled)
+{
+    const QTemporaryDir place;
+    writeFile(place.filePath(u"installed/data/maps/states.shp"_s), "theirs");
+    const ProgramFolder home(place.filePath(u"home"_s), place.filePath(u"installed"_s));
+    const ProgramFolder folder = home.ofDatabase(place.filePath(u"papers/mine.sqlite"_s));
+    EXPECT_EQ(folder.root(), place.path());
+    EXPECT_EQ(folder.machinePath(ProgramFolders::documents), place.filePath(u"papers/documents/"_s));
+    EXPECT_EQ(folder.folderPath(ProgramFolders::data), place.filePath(u"papers/"_s));
+    writeFile(place.filePath(u"papers/Documents/2.pdf"_s), "x");
+    EXPECT_EQ(folder.find(ProgramFolders::documents, u"2.PDF"_s),
+              place.filePath(u"papers/Documents/2.pdf"_s));
+
+    // a map of its own comes before the one that comes with the program
+    EXPECT_EQ(contentOf(folder.findMap(u"states.shp"_s).value_or(QString())), "theirs");
+    writeFile(place.filePath(u"papers/maps/states.shp"_s), "own");
+    EXPECT_EQ(contentOf(folder.findMap(u"states.shp"_s).value_or(QString())), "own");
 }
 
 TEST(ProgramFolder, FindsFilesWhateverTheirLetterCaseAndNothingOutside)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What every editor owes to small screens, and what its fields take from the clipboard and from a drag.
+// Every editor on a small screen, and what its fields take from the clipboard and from a drag.
 
 #include "Dialogs.h"
 #include "Journey.h"

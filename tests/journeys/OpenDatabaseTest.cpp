@@ -204,7 +204,7 @@ TEST(Converter, SurvivesAToolThatIsMissingCrashesOrHangs)
     EXPECT_EQ(failed.status, 4);
     EXPECT_EQ(failed.error, u"It is encrypted."_s);
 
-    // deaf to every request to stop; only ending it helps
+    // it ignores the request to stop; only a kill ends it
     QTimer clicker;
     QObject::connect(&clicker, &QTimer::timeout, [] {
         if (auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget())) window->reject();

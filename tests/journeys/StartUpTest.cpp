@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "Journey.h"
+#include "platform/StdREG.h"
 #include "support/TestFiles.h"
 
 #include <QApplication>
@@ -150,7 +151,9 @@ TEST(StartUp, FillsANewProgramFolderAndNamesItsDatabase)
     journey.program.emplace(journey.desktop.platform(), *journey.converter, ProgramFolder(root), sample);
     journey.program->Main();
     EXPECT_TRUE(journey.program->state().session.isOpen());
-    EXPECT_EQ(journey.program->state().session.fileName(), root + u"/data/first.sqlite"_s);
+    EXPECT_EQ(journey.program->state().session.fileName(), root + u"/Sample/data/first.sqlite"_s);
+    EXPECT_EQ(StdREG(journey.desktop.settings).GetRegString(QString(), u"DBFile"_s),
+              u"../Sample/data/first.sqlite"_s);
 }
 
 TEST(StartUp, EndsOnlyWhenTheUserSaysYes)

@@ -12,7 +12,7 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    // this display knows no place of icon themes, and buttons without icons are none that a user sees
+    // the offscreen platform does not know where icon themes are, and users see no buttons without icons
     QIcon::setThemeSearchPaths({u"/usr/share/icons"_s});
     IconSet::chooseTheme();
     ::testing::InitGoogleTest(&argc, argv);

@@ -111,7 +111,7 @@ TEST(ShapeFile, SurvivesFlippedBytes)
         const QByteArray whole = Files::original(ending);
         for (int round = 0; round < 250; ++round) {
             QByteArray damaged = whole;
-            // half of the damage goes to the first bytes, where the figures are that all else hangs on
+            // half of the damage goes to the header, on which all else depends
             const auto reach =
                 static_cast<int>(round % 2 == 0 ? std::min<qsizetype>(whole.size(), 400) : whole.size());
             const int flips = 1 + round % 4;

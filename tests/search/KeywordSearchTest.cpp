@@ -23,7 +23,7 @@ TEST(Keywords, AreSplitAtBlanksAndAtMostFour)
         {u"a b c d "_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s}, false},
         {u"a b c d e"_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s}, true},
         {u"a b c d e f g"_s, {u"a"_s, u"b"_s, u"c"_s, u"d"_s}, true},
-        // a blank where a word should begin is its first character
+        // a blank at the start of a word is its first character
         {u" fire "_s, {u" fire"_s}, false},
         {u"fire  plan"_s, {u"fire"_s, u" plan"_s}, false},
         {u"fire   plan"_s, {u"fire"_s, u" "_s, u"plan"_s}, false},

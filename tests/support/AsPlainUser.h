@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <unistd.h>
 
-/// Takes the rights of the super user away for as long as it lives: for that user, nothing is read-only.
+/// Drops the rights of the superuser, for whom nothing is read-only, as long as it lives.
 class AsPlainUser
 {
 public:

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The tokens of a text joined by `|`, then `!` where the last ran to the end of the text.
+/// The tokens of a text joined by `|`, then `!` if the last ran to the end of the text.
 QString tokens(const QString& text, const QStringList& delimiters)
 {
     StrTok tokenizer;
@@ -38,7 +38,7 @@ TEST(StrTok, SplitsAtTheNearestDelimiter)
         {u"flood", {QStringLiteral(" ")}, u"flood!"},
         {u"", {QStringLiteral(" ")}, u"!"},
         {u"a,b c", {QStringLiteral(" "), QStringLiteral(",")}, u"a|b|c!"},
-        // a delimiter where a token begins belongs to it
+        // a delimiter at the start of a token belongs to it
         {u"a  b c", {QStringLiteral(" ")}, u"a| b|c!"},
         {u" a b", {QStringLiteral(" ")}, u" a|b!"},
         {u",", {QStringLiteral(",")}, u",!"},

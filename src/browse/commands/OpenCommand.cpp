@@ -63,7 +63,7 @@ std::vector<SelectedRecord> OpenCommand::recordOf(RecordKind kind, qint64 identi
     list.beginReading(rows);
     if (!rows.next()) return {{identifier, {}, {}, {}}};
     list.append(rows);
-    RowIconKeys icons(m_session, m_folder.folderPath(ProgramFolders::documents));
+    RowIconKeys icons(m_session, m_folder);
     return {{identifier, list.text(0, 0), list.fileLocation(0), icons.key(list, 0)}};
 }
 

@@ -22,13 +22,13 @@ constexpr int rowsBetweenYields = 500;
 
 } // namespace
 
-ListPane::ListPane(DatabaseSession& session, ViewHistory& history, const QString& documentsFolder,
+ListPane::ListPane(DatabaseSession& session, ViewHistory& history, const ProgramFolder& folder,
                    QWidget* parent)
     : QWidget(parent),
       m_session(session),
       m_history(history),
       m_list(std::make_shared<RecordList>(RecordKind::Document)),
-      m_iconKeys(session, documentsFolder),
+      m_iconKeys(session, folder),
       m_model(new RecordListModel(m_list, m_iconKeys, m_icons, this)),
       m_view(new RecordListView(this)),
       m_widths(*m_view)

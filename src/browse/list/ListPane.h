@@ -15,6 +15,7 @@
 #include <optional>
 #include <vector>
 
+class ProgramFolder;
 class RecordListView;
 class ViewHistory;
 
@@ -36,8 +37,8 @@ class ListPane final : public QWidget
     Q_OBJECT
 
 public:
-    /// `documentsFolder` is a path of the file system; the session and the history must outlive the pane.
-    ListPane(DatabaseSession& session, ViewHistory& history, const QString& documentsFolder, QWidget* parent);
+    /// `folder` is that of the session's database. The references must outlive the pane.
+    ListPane(DatabaseSession& session, ViewHistory& history, const ProgramFolder& folder, QWidget* parent);
 
     /// Fills the list with the rows of a statement. `entry` is the history position of the view. If another
     /// fill begins while this one yields, this one stops, leaves nothing behind and returns false. Throws

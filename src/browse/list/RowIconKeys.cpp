@@ -23,7 +23,7 @@ QString RowIconKeys::look(const RecordList& list, std::size_t row)
 {
     switch (list.kind()) {
     case RecordKind::Document:
-        if (!m_documents) m_documents.emplace(m_documentsFolder);
+        if (!m_documents) m_documents.emplace(m_folder.folderPath(ProgramFolders::documents));
         return list.documentIcon(row, isInFolder(list.fileLocation(row)));
     case RecordKind::Event:
         return QStringLiteral("Event");

@@ -11,15 +11,15 @@
 #include <vector>
 
 class DatabaseSession;
+class ProgramFolder;
 
 /// The icon of each row of a list. A row is looked up once, when it is first painted; a later change of its
 /// file or its chart shows when the list is shown again.
 class RowIconKeys
 {
 public:
-    /// `documentsFolder` is a path of the file system. The session must outlive the object.
-    RowIconKeys(DatabaseSession& session, QString documentsFolder)
-        : m_session(session), m_documentsFolder(std::move(documentsFolder))
+    /// `folder` is that of the session's database. Both must outlive the object.
+    RowIconKeys(DatabaseSession& session, const ProgramFolder& folder) : m_session(session), m_folder(folder)
     {
     }
 
@@ -34,7 +34,7 @@ private:
     [[nodiscard]] bool hasChart(qint64 organization);
 
     DatabaseSession& m_session;
-    QString m_documentsFolder;
+    const ProgramFolder& m_folder;
     std::optional<FolderNames> m_documents;
     std::vector<QString> m_keys;
 };
