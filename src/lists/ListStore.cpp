@@ -79,9 +79,8 @@ std::vector<Each> orderedByName(std::vector<Each> all, NameOf nameOf)
     std::vector<std::pair<std::string, std::size_t>> names;
     for (std::size_t i = 0; i < all.size(); ++i)
         names.emplace_back(nameOf(all[i]).toStdString(), i);
-    std::stable_sort(names.begin(), names.end(), [](const auto& a, const auto& b) {
-        return TextCompare::compare(a.first, b.first) < 0;
-    });
+    std::stable_sort(names.begin(), names.end(),
+                     [](const auto& a, const auto& b) { return TextCompare::compare(a.first, b.first) < 0; });
     std::vector<Each> ordered;
     ordered.reserve(all.size());
     for (const auto& name : names)

@@ -8,7 +8,7 @@
 
 struct StandardQueries;
 
-/// Returns the view of the records that use an entry of a list, narrowed from the view of all records of their
-/// kind.
+/// Returns the view of the records that use an entry of a list, narrowed from the view of all records of
+/// their kind.
 [[nodiscard]] clsView viewOfUsers(ListKind list, const ListReference& reference, const LookupEntry& entry,
                                   const StandardQueries& queries);

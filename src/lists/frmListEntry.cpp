@@ -32,11 +32,7 @@ QString degrees(double number)
 
 frmListEntry::frmListEntry(const Platform& platform, DatabaseSession& session, PositionPicker& positions,
                            ListKind list, QWidget* parent)
-    : QDialog(parent),
-      m_platform(platform),
-      m_store(session),
-      m_positions(positions),
-      m_list(list)
+    : QDialog(parent), m_platform(platform), m_store(session), m_positions(positions), m_list(list)
 {
     setObjectName(QStringLiteral("frmListEntry"));
     auto* form = new QFormLayout;
@@ -203,11 +199,9 @@ bool frmListEntry::take()
 void frmListEntry::cmdOK()
 {
     if (!take()) return;
-    const bool worked =
-        runProcedure(m_platform.messages,
-                     m_isNew ? QStringLiteral("addEntry") : QStringLiteral("changeEntry"), [this] {
-                         m_outcome = m_isNew ? m_store.add(m_list, m_entry) : m_store.change(m_list, m_entry);
-                     });
+    const bool worked = runProcedure(
+        m_platform.messages, m_isNew ? QStringLiteral("addEntry") : QStringLiteral("changeEntry"),
+        [this] { m_outcome = m_isNew ? m_store.add(m_list, m_entry) : m_store.change(m_list, m_entry); });
     if (!worked) return;
     if (m_outcome.problem.isEmpty()) return accept();
     m_platform.messages.show(m_outcome.problem);

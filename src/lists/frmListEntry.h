@@ -14,8 +14,8 @@ class QComboBox;
 class QFormLayout;
 class QLineEdit;
 
-/// The modal dialog that names an entry of a list: a new one, or one that gets another name. A city also gets its
-/// state and its position. Lives for one opening.
+/// The modal dialog that names an entry of a list: a new one, or one that gets another name. A city also gets
+/// its state and its position. Lives for one opening.
 class frmListEntry final : public QDialog
 {
     Q_OBJECT

@@ -154,8 +154,7 @@ void frmLists::enableButtons()
     const QString nothing = row == nullptr ? tr("Select an entry first.") : QString();
     const QString reason = unwritable.isEmpty() ? nothing : unwritable;
     const QString used = row == nullptr ? QString() : ListStore::hindranceOfRemoval(list(), *row);
-    const QString unused =
-        row != nullptr && row->shown() == 0 ? tr("No record uses this entry.") : nothing;
+    const QString unused = row != nullptr && row->shown() == 0 ? tr("No record uses this entry.") : nothing;
     enable(cmdAdd, unwritable);
     enable(cmdRename, reason);
     enable(cmdMerge, reason);
@@ -210,7 +209,8 @@ void frmLists::mergeEntry()
         return;
     }
     ListOutcome outcome;
-    if (!write("mergeEntries", [&] { return outcome = m_store.merge(list(), from.entry.key, *into); })) return;
+    if (!write("mergeEntries", [&] { return outcome = m_store.merge(list(), from.entry.key, *into); }))
+        return;
     tell(tr("\"%1\" was merged into \"%2\".").arg(from.entry.name, name) + u' ' +
          changedText(outcome.records));
 }

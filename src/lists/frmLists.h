@@ -22,8 +22,8 @@ class QPushButton;
 class QVBoxLayout;
 struct StandardQueries;
 
-/// The modal dialog that shows the lists from which records take their types, places and other properties: adds,
-/// renames, merges and removes their entries. Lives for one opening.
+/// The modal dialog that shows the lists from which records take their types, places and other properties:
+/// adds, renames, merges and removes their entries. Lives for one opening.
 class frmLists final : public QDialog
 {
     Q_OBJECT

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr QSize firstSize(560, 480);
+constexpr QSize firstMergeSize(560, 480);
 
 } // namespace
 
@@ -46,7 +46,7 @@ frmMergeEntry::frmMergeEntry(const Platform& platform, std::function<QPixmap(qin
     connect(m_entries, &ListsView::activated, cmdOK, &QPushButton::click);
     connect(m_entries, &ListsView::selectionChanged, this,
             [this] { cmdOK->setEnabled(m_entries->selected() != nullptr); });
-    WindowSize::restore(*this, m_platform.settings, firstSize);
+    WindowSize::restore(*this, m_platform.settings, firstMergeSize);
 }
 
 std::optional<qint64> frmMergeEntry::choose(ListKind list, const LookupEntry& from,

@@ -11,7 +11,7 @@
 StatesLayer readStates(const ProgramFolder& folder)
 {
     const QString name = QStringLiteral("states.shp");
-    const auto file = folder.find(ProgramFolders::maps, name);
+    const auto file = folder.findMap(name);
     if (!file) {
         throw Error(ENOENT, MapTexts::tr("There is no map of the states. (%1)")
                                 .arg(folder.machinePath(ProgramFolders::maps) + name));

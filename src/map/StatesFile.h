@@ -6,5 +6,5 @@
 
 class ProgramFolder;
 
-/// Reads the outlines of the states from the folder's maps. Throws Error.
+/// Reads the outlines of the states from the maps of the folder, or from those of the program. Throws Error.
 [[nodiscard]] StatesLayer readStates(const ProgramFolder& folder);

@@ -52,8 +52,9 @@ frmPosition::frmPosition(const Platform& platform, const ProgramFolder& folder, 
     cmdOK->setObjectName(QStringLiteral("cmdOK"));
     cmdOK->setDefault(true);
     layOut();
-    connect(m_map, &MapView::pointed, this,
-            [this](double lat, double lon) { mark({rounded(lat), rounded(lon)}); });
+    connect(m_map, &MapView::pointed, this, [this](double lat, double lon) {
+        mark({rounded(lat), rounded(lon)});
+    });
     WindowSize::restore(*this, m_platform.settings, firstSize);
 }
 

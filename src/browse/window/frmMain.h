@@ -19,6 +19,7 @@ class ListMenus;
 class ListPane;
 class MainCommands;
 class OpenCommand;
+class PositionPicker;
 class RecordPicker;
 class SearchCommands;
 class RecordCommands;
@@ -59,6 +60,7 @@ private:
     void connectRows();
     void placeOnScreen();
     void openDatabase();
+    void openLists();
     void showDatabaseName();
     void viewAll(RecordKind kind);
     void viewHome();
@@ -77,6 +79,7 @@ private:
     ListPane* m_list;
     BrowsePage* m_browse;
     std::unique_ptr<RecordPicker> m_picker;
+    std::unique_ptr<PositionPicker> m_positions;
     SearchCommands* m_search;
     RelatedCommands* m_related;
     std::unique_ptr<OpenCommand> m_open;
