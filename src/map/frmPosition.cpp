@@ -9,6 +9,7 @@
 #include "widgets/WindowSize.h"
 
 #include <QDialogButtonBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -51,6 +52,7 @@ frmPosition::frmPosition(const Platform& platform, const ProgramFolder& folder, 
     lblPosition->setObjectName(QStringLiteral("lblPosition"));
     cmdOK->setObjectName(QStringLiteral("cmdOK"));
     cmdOK->setDefault(true);
+    m_map->installEventFilter(this);
     layOut();
     connect(m_map, &MapView::pointed, this, [this](double lat, double lon) {
         mark({rounded(lat), rounded(lon)});
@@ -105,6 +107,16 @@ void frmPosition::done(int result)
 {
     WindowSize::save(*this, m_platform.settings);
     QDialog::done(result);
+}
+
+/// The map has other uses for the keys that close a dialog.
+bool frmPosition::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != m_map || event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Escape) return false;
+    keyPressEvent(static_cast<QKeyEvent*>(event));
+    return true;
 }
 
 std::optional<MapPosition> MapPositionPicker::pick(std::optional<MapPosition> position, QWidget* window)

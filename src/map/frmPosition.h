@@ -26,6 +26,9 @@ public:
 
     void done(int result) override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void layOut();
     void mark(const MapPosition& position);
