@@ -19,6 +19,7 @@
 #include "editors/DialogRecordPicker.h"
 #include "editors/RecordEditors.h"
 #include "help/HelpCommands.h"
+#include "lists/NewEntries.h"
 #include "lists/frmLists.h"
 #include "map/MarkerPictures.h"
 #include "map/frmPosition.h"
@@ -64,12 +65,13 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_browse(new BrowsePage(m_list, platform.settings, this)),
       m_picker(std::make_unique<DialogRecordPicker>(platform, state.session)),
       m_positions(std::make_unique<MapPositionPicker>(platform, state.folder)),
+      m_newEntries(std::make_unique<NewEntries>(platform, state.session, *m_positions)),
       m_search(new SearchCommands({platform.messages, state.session, state.history, state.queries}, *m_picker,
                                   *this)),
       m_related(new RelatedCommands(platform.messages, {state.session, state.queries}, state.history, *m_list,
                                     this)),
       m_open(std::make_unique<OpenCommand>(platform, state.session, state.queries, state.folder, *m_list)),
-      m_editors(new RecordEditors(platform, state.session, state.folder, *this)),
+      m_editors(new RecordEditors(platform, state.session, *m_newEntries, state.folder, *this)),
       m_records(new RecordCommands(*m_commands, *m_list, *m_editors, *this)),
       m_graphics(new GraphicViews(
           {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},

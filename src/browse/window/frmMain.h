@@ -18,6 +18,7 @@ class HomePage;
 class ListMenus;
 class ListPane;
 class MainCommands;
+class NewEntries;
 class OpenCommand;
 class PositionPicker;
 class RecordPicker;
@@ -80,6 +81,7 @@ private:
     BrowsePage* m_browse;
     std::unique_ptr<RecordPicker> m_picker;
     std::unique_ptr<PositionPicker> m_positions;
+    std::unique_ptr<NewEntries> m_newEntries;
     SearchCommands* m_search;
     RelatedCommands* m_related;
     std::unique_ptr<OpenCommand> m_open;
