@@ -143,6 +143,8 @@ void RecordDialog::setMode(EditorMode mode)
     m_ok->setEnabled(canBeEdited);
     m_ok->setToolTip(canBeEdited ? QString() : tr("The database can be read, but not changed."));
     showRequired(mode != EditorMode::View);
+    for (FieldWithNew* field : m_form->findChildren<FieldWithNew*>())
+        field->setOffered(mode != EditorMode::View);
     if (cmdOpenFile != nullptr) cmdOpenFile->setVisible(mode == EditorMode::View);
     applyMode(mode);
 }

@@ -99,13 +99,12 @@ void frmOrganization::makeAddressFields(QWidget* page)
     txtCity->setObjectName(QStringLiteral("txtCity"));
     auto* city = new FieldWithNew(txtCity, ListKind::Cities, "cmdNewCity", page);
     connect(city, &FieldWithNew::newPressed, this, &frmOrganization::addCity);
-    grid.add(tr("&City:"), city);
+    grid.add(tr("&City:"), city, 2);
     cmbState = makeCombo("cmbState", page);
     grid.add(tr("&State:"), withNew(cmbState, ListKind::States, "cmdNewState"));
     m_fields.add([this](const Record& record) { showState(record.state); },
                  [this](Record& record) { takeState(record.state); });
     m_fields.bind(grid.line("txtZip", tr("&Zip:")), &Record::zip);
-    grid.endRow();
     m_fields.bind(grid.line("txtTelephone", tr("&Telephone:")), &Record::telephone);
     m_fields.bind(grid.line("txtFax", tr("Fa&x:")), &Record::fax);
     auto* txtWebsite = m_fields.bind(new AddressEdit(page), &Record::website);

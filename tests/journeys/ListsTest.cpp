@@ -198,4 +198,81 @@ TEST_F(ListsWindow, ReportsAListThatTheDatabaseDoesNotHave)
     });
 }
 
+/// Answers the dialog that a button opens with a name.
+void addInPassing(OpenDialog& window, const char* button, const QString& name)
+{
+    inDialog(
+        "frmListEntry", [&] { window.click(button); },
+        [&](OpenDialog& entry) {
+            entry.type("txtName", name);
+            entry.click("cmdOK");
+        });
+}
+
+TEST_F(ListsWindow, IsNotNeededForNewEntriesOfARecord)
+{
+    journey.start();
+    journey.trigger("mnuViewOrganizations");
+    messages().expectMessage(u"The city \"austin, TX\" has a position already."_s);
+    journey.inDialog("frmOrganization", "mnuRecordAddNewOrganization", [&](OpenDialog& editor) {
+        editor.type("txtOrganizationName", u"Harbor Office"_s);
+        addInPassing(editor, "cmdNewOrgType", u"Port"_s);
+        addInPassing(editor, "cmdNewOrgSubType", u"Fishing port"_s);
+        addInPassing(editor, "cmdNewFunction", u"Docks"_s);
+        addInPassing(editor, "cmdNewVenue", u"Harbor"_s);
+        addInPassing(editor, "cmdNewJurisdiction", u"Port area"_s);
+        addInPassing(editor, "cmdNewPopulation", u"Sailors"_s);
+        editor.choose("cmbState", u"TX"_s);
+        editor.type("txtCity", u"austin"_s);
+        editor.click("cmdNewCity");
+        addInPassing(editor, "cmdNewState", u"QX"_s);
+        editor.type("txtCity", u"Port Q"_s);
+        inDialog(
+            "frmListEntry", [&] { editor.click("cmdNewCity"); },
+            [&](OpenDialog& city) {
+                EXPECT_EQ(city.text("txtName") + city.text("cmbState"), "Port QQX");
+                city.type("txtLatitude", u"29.3"_s);
+                city.type("txtLongitude", u"-94.8"_s);
+                city.press(Qt::Key_Return);
+            });
+        EXPECT_EQ(editor.text("txtOrganizationName"), "Harbor Office") << "what is typed stays";
+        editor.click("cmdOK");
+    });
+    EXPECT_EQ(journey.column(0), "Agency|Bureau|Harbor Office");
+    EXPECT_EQ(journey.rows("SELECT OrganizationTypeID, OrganizationSubTypeID, FunctionID, City, State "
+                           "FROM Organization WHERE OrganizationID = 4"),
+              "3|3|3|Port Q|QX");
+    EXPECT_EQ(
+        journey.rows("SELECT OrganizationTypeID FROM OrganizationSubTypes WHERE OrganizationSubTypeID = 3"),
+        "3")
+        << "of the type that is chosen";
+    EXPECT_EQ(
+        journey.rows("SELECT v.VenueID, j.Setting, p.Setting FROM OrganizationVenues v "
+                     "JOIN OrganizationProfileJurisdictions j ON j.OrganizationProfileID = OrganizationID "
+                     "JOIN OrganizationProfilePopulations p ON p.OrganizationProfileID = OrganizationID "
+                     "WHERE OrganizationID = 4"),
+        "4|1|1");
+    EXPECT_EQ(journey.find<MapView>("Map1").accessibleItemCount(), 2) << "it is on the map";
+
+    journey.trigger("mnuViewDocuments");
+    journey.select("Atlas");
+    journey.inDialog("frmDocument", "mnuRecordEdit", [&](OpenDialog& editor) {
+        addInPassing(editor, "cmdNewFileType", u"Film"_s);
+        addInPassing(editor, "cmdNewDocCategory", u"Own"_s);
+        inDialog(
+            "frmPicList", [&] { editor.click("cmdAddDocType"); },
+            [&](OpenDialog& list) {
+                list.type("txtFilter", u"stu"_s);
+                addInPassing(list, "cmdNew", u"Letter"_s);
+                list.click("cmdOK");
+            });
+        EXPECT_EQ(editor.text("lstDocTypes"), "Letter|Report|Study") << "the ticks stay";
+        EXPECT_EQ(editor.text("lstDocCategories"), "Own");
+        editor.type("rtbDocumentDescription", u"Maps"_s);
+        editor.type("txtOriginalFilename", journey.database.fileName());
+        editor.click("cmdOK");
+    });
+    EXPECT_EQ(journey.column(4), "Film|PDF");
+}
+
 } // namespace
