@@ -73,6 +73,11 @@ qint64 rename(DatabaseSession& session, ListKind list, const LookupEntry& before
     return changed;
 }
 
+[[noreturn]] void refuseMissing()
+{
+    throw Error(SQLITE_NOTFOUND, ListsTexts::tr("The entry is not in the database any more."));
+}
+
 template <typename Each, typename NameOf>
 std::vector<Each> orderedByName(std::vector<Each> all, NameOf nameOf)
 {
@@ -167,7 +172,7 @@ ListOutcome ListStore::change(ListKind list, const LookupEntry& entry)
     LookupEntry changed = trimmed(entry);
     writeWholly(m_session, [&] {
         const auto entries = ListReader::entries(m_session, list);
-        const LookupEntry before = rowOf(list, entry.key).entry;
+        const LookupEntry before = entryOf(list, entry.key);
         changed.typeId = before.typeId;
         outcome.problem = problemOf(list, changed, before);
         if (!outcome.problem.isEmpty()) return;
@@ -190,7 +195,7 @@ ListOutcome ListStore::merge(ListKind list, qint64 from, qint64 into)
     ListOutcome outcome;
     writeWholly(m_session, [&] {
         const LookupRow source = rowOf(list, from);
-        const LookupEntry target = rowOf(list, into).entry;
+        const LookupEntry target = entryOf(list, into);
         if (from == into ||
             (list == ListKind::OrganizationSubTypes && source.entry.typeId != target.typeId)) {
             outcome.problem = ListsTexts::tr("These two entries cannot be merged.");
@@ -222,16 +227,19 @@ ListOutcome ListStore::remove(ListKind list, qint64 key)
     return outcome;
 }
 
-/// Throws Error if the entry is gone or is the reserved one.
+/// Both throw Error if the entry is gone or is the reserved one.
 LookupRow ListStore::rowOf(ListKind list, qint64 key) const
 {
-    std::vector<LookupRow> rows = ListReader::rows(m_session, list);
-    const auto found =
-        std::find_if(rows.begin(), rows.end(), [key](const LookupRow& row) { return row.entry.key == key; });
-    if (found == rows.end()) {
-        throw Error(SQLITE_NOTFOUND, ListsTexts::tr("The entry is not in the database any more."));
-    }
-    return std::move(*found);
+    for (LookupRow& row : ListReader::rows(m_session, list))
+        if (row.entry.key == key) return std::move(row);
+    refuseMissing();
+}
+
+LookupEntry ListStore::entryOf(ListKind list, qint64 key) const
+{
+    for (LookupEntry& entry : ListReader::entries(m_session, list))
+        if (entry.key == key) return std::move(entry);
+    refuseMissing();
 }
 
 QString ListStore::hindranceOfRemoval(ListKind list, const LookupRow& row)

@@ -60,6 +60,7 @@ private:
     [[nodiscard]] QString problemOf(ListKind list, const LookupEntry& entry,
                                     const std::optional<LookupEntry>& before) const;
     [[nodiscard]] LookupRow rowOf(ListKind list, qint64 key) const;
+    [[nodiscard]] LookupEntry entryOf(ListKind list, qint64 key) const;
     void write(ListKind list, const LookupEntry& entry, bool isNew);
 
     DatabaseSession& m_session;
