@@ -50,14 +50,18 @@ std::unordered_map<std::string, qint64> KnownPlaces::cityKeys(const std::vector<
     return keys;
 }
 
-void KnownPlaces::write(DatabaseSession& session, const QString& column, const QString& text,
+QString KnownPlaces::assignment(const QString& column, const QString& text)
+{
+    return QStringLiteral("%1 = '%2'").arg(column, QString(text).replace(u'\'', QStringLiteral("''")));
+}
+
+void KnownPlaces::write(DatabaseSession& session, const QStringList& assignments,
                         const std::vector<qint64>& organizations)
 {
-    if (organizations.empty()) return;
+    if (assignments.isEmpty() || organizations.empty()) return;
     QStringList identifiers;
     for (const qint64 organization : organizations)
         identifiers << QString::number(organization);
-    session.execute(
-        QStringLiteral("UPDATE Organization SET %1 = '%2' WHERE OrganizationID IN (%3)")
-            .arg(column, QString(text).replace(u'\'', QStringLiteral("''")), identifiers.join(u',')));
+    session.execute(QStringLiteral("UPDATE Organization SET %1 WHERE OrganizationID IN (%2)")
+                        .arg(assignments.join(QStringLiteral(", ")), identifiers.join(u',')));
 }

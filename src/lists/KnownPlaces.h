@@ -5,6 +5,7 @@
 #include "lists/LookupEntry.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <string>
 #include <string_view>
@@ -39,8 +40,11 @@ struct Organization
 /// The key of the known city that counts for each compared name.
 [[nodiscard]] std::unordered_map<std::string, qint64> cityKeys(const std::vector<LookupEntry>& cities);
 
-/// Writes a text into a column of organizations. Throws Error.
-void write(DatabaseSession& session, const QString& column, const QString& text,
+/// A column with the text that it gets, as an update takes it.
+[[nodiscard]] QString assignment(const QString& column, const QString& text);
+
+/// Writes such columns of organizations. Throws Error.
+void write(DatabaseSession& session, const QStringList& assignments,
            const std::vector<qint64>& organizations);
 
 } // namespace KnownPlaces

@@ -113,8 +113,8 @@ void ListMerge::moveCities(DatabaseSession& session, const QString& from, const 
         }
     }
     if (keys.isEmpty()) return;
-    session.execute(u"UPDATE CityLocations SET State = '%1' WHERE LocationID IN (%2)"_s.arg(
-        QString(into).replace(u'\'', u"''"_s), keys.join(u',')));
+    session.execute(u"UPDATE CityLocations SET %1 WHERE LocationID IN (%2)"_s.arg(
+        KnownPlaces::assignment(u"State"_s, into), keys.join(u',')));
 }
 
 void ListMerge::removeKeys(DatabaseSession& session, ListKind list, qint64 key)

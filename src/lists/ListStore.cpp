@@ -48,9 +48,7 @@ QString missingName(ListKind list)
 qint64 rename(DatabaseSession& session, ListKind list, const LookupEntry& before, const LookupEntry& after,
               const std::vector<LookupEntry>& entries)
 {
-    std::vector<qint64> ofCity;
-    std::vector<qint64> ofState;
-    qint64 changed = 0;
+    std::vector<qint64> changed;
     const bool isCity = list == ListKind::Cities;
     const QString& state = isCity ? after.detail : after.name;
     const auto stateBefore = KnownPlaces::compared(isCity ? before.detail : before.name);
@@ -62,15 +60,15 @@ qint64 rename(DatabaseSession& session, ListKind list, const LookupEntry& before
             isUsed && (isCity ? KnownPlaces::compared(organization.city, organization.state) == city
                               : KnownPlaces::compared(organization.state) == stateBefore);
         if (!isMeant) continue;
-        const bool takesCity = isCity && organization.city != after.name;
-        const bool takesState = !staysInState && organization.state != state;
-        if (takesCity) ofCity.push_back(organization.identifier);
-        if (takesState) ofState.push_back(organization.identifier);
-        if (takesCity || takesState) ++changed;
+        const bool isAsNamed =
+            (!isCity || organization.city == after.name) && (staysInState || organization.state == state);
+        if (!isAsNamed) changed.push_back(organization.identifier);
     }
-    KnownPlaces::write(session, u"City"_s, after.name, ofCity);
-    KnownPlaces::write(session, u"State"_s, state, ofState);
-    return changed;
+    QStringList columns;
+    if (isCity) columns << KnownPlaces::assignment(u"City"_s, after.name);
+    if (!staysInState) columns << KnownPlaces::assignment(u"State"_s, state);
+    KnownPlaces::write(session, columns, changed);
+    return static_cast<qint64>(changed.size());
 }
 
 [[noreturn]] void refuseMissing()
