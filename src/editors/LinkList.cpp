@@ -35,7 +35,11 @@ LinkList::LinkList(const Names& names, PickListKind kind, QWidget* parent)
 
     auto* buttons = new QVBoxLayout;
     buttons->addWidget(m_add);
-    if (const auto list = listOf(kind)) buttons->addWidget(makeNewButton(names, *list));
+    if (const auto list = listOf(kind)) {
+        QPushButton* button = makeNewButton(names, *list);
+        buttons->addWidget(button);
+        setTabOrder(m_add, button);
+    }
     buttons->addWidget(m_clear);
     buttons->addStretch();
     auto* layout = new QHBoxLayout(this);
