@@ -39,7 +39,7 @@ ListsView::ListsView(QWidget* parent)
         const LookupRow* before = selected();
         const qint64 key = before == nullptr ? 0 : before->entry.key;
         m_sorted->setFilter(text);
-        select(key);
+        selectShown(key);
     });
 }
 
@@ -79,7 +79,7 @@ void ListsView::setRows(ListKind list, std::vector<LookupRow> rows)
         m_table->sortByColumn(list == ListKind::OrganizationSubTypes ? 1 : 0, Qt::AscendingOrder);
     }
     giveColumnsTheirWidths();
-    select(0);
+    selectShown(0);
 }
 
 void ListsView::giveColumnsTheirWidths()
@@ -98,6 +98,15 @@ const LookupRow* ListsView::selected() const
 }
 
 void ListsView::select(qint64 key)
+{
+    selectShown(key);
+    if (m_filter->text().isEmpty() || (selected() != nullptr && selected()->entry.key == key)) return;
+    m_filter->clear();
+    selectShown(key);
+}
+
+/// Selects the entry of that key; the first one if there is none, or if the filter hides it.
+void ListsView::selectShown(qint64 key)
 {
     QModelIndex found = m_sorted->index(0, 0);
     for (int row = 0; row < m_model->rowCount(); ++row) {

@@ -34,7 +34,8 @@ public:
     /// The selected entry, or null.
     [[nodiscard]] const LookupRow* selected() const;
 
-    /// Selects the entry of that key; the first one if there is none, or if the filter hides it.
+    /// Selects the entry of that key, or the first one if there is none. If the filter hides the entry,
+    /// clears the filter.
     void select(qint64 key);
 
 Q_SIGNALS:
@@ -48,6 +49,7 @@ protected:
 
 private:
     void makeTable();
+    void selectShown(qint64 key);
     void giveColumnsTheirWidths();
 
     ListsModel* m_model;

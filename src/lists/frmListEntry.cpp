@@ -99,9 +99,9 @@ void frmListEntry::makeCityFields(QFormLayout& form)
 {
     cmbOf = addChoice(form, "cmbState", tr("&State:"));
     txtLatitude = addLine(form, "txtLatitude", tr("&Latitude:"));
-    txtLatitude->setPlaceholderText(tr("degrees, south of the equator negative"));
+    txtLatitude->setPlaceholderText(tr("such as 30.27"));
     txtLongitude = addLine(form, "txtLongitude", tr("L&ongitude:"));
-    txtLongitude->setPlaceholderText(tr("degrees, west of Greenwich negative"));
+    txtLongitude->setPlaceholderText(tr("such as -97.74"));
     auto* map = new QPushButton(tr("On &Map…"), this);
     map->setObjectName(QStringLiteral("cmdOnMap"));
     map->setToolTip(tr("Takes the position from a click on the map"));

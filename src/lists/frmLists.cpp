@@ -169,7 +169,7 @@ void frmLists::addEntry()
     if (!added) return;
     m_hasChanged = true;
     readList(added->key);
-    tell(tr("\"%1\" was added.").arg(added->name));
+    tell(tr("\"%1\" was added.").arg(entryLabel(list(), *added)));
 }
 
 void frmLists::renameEntry()
@@ -180,7 +180,9 @@ void frmLists::renameEntry()
     if (!outcome) return;
     m_hasChanged = true;
     readList(outcome->key);
-    tell(changedText(outcome->records));
+    const LookupRow* renamed = m_entries->selected(); // null if the list could not be read again
+    const QString name = entryLabel(list(), renamed == nullptr ? entry : renamed->entry);
+    tell(withRecords(tr("\"%1\" was changed.").arg(name), outcome->records));
 }
 
 void frmLists::mergeEntry()
@@ -192,8 +194,9 @@ void frmLists::mergeEntry()
             list() != ListKind::OrganizationSubTypes || each.entry.typeId == from.entry.typeId;
         if (each.entry.key != from.entry.key && isOfType) others.push_back(each);
     }
+    const QString label = entryLabel(list(), from.entry);
     if (others.empty()) {
-        m_at.platform.messages.show(tr("There is no other entry to merge \"%1\" into.").arg(from.entry.name));
+        m_at.platform.messages.show(tr("There is no other entry to merge \"%1\" into.").arg(label));
         return;
     }
     const auto into =
@@ -201,29 +204,28 @@ void frmLists::mergeEntry()
     if (!into) return;
     const auto target = std::find_if(m_rows.begin(), m_rows.end(),
                                      [&](const LookupRow& row) { return row.entry.key == *into; });
-    const QString name = target->entry.name;
+    const QString name = entryLabel(list(), target->entry);
     if (!m_at.platform.messages.ask(
-            tr("Are you sure you want to merge \"%1\" into \"%2\"? This cannot be undone.")
-                .arg(from.entry.name, name),
+            tr("Are you sure you want to merge \"%1\" into \"%2\"? This cannot be undone.").arg(label, name),
             Question::Loss)) {
         return;
     }
     ListOutcome outcome;
     if (!write("mergeEntries", [&] { return outcome = m_store.merge(list(), from.entry.key, *into); }))
         return;
-    tell(tr("\"%1\" was merged into \"%2\".").arg(from.entry.name, name) + u' ' +
-         changedText(outcome.records));
+    tell(withRecords(tr("\"%1\" was merged into \"%2\".").arg(label, name), outcome.records));
 }
 
 void frmLists::removeEntry()
 {
     const LookupEntry entry = m_entries->selected()->entry;
-    if (!m_at.platform.messages.ask(tr("Are you sure you want to delete \"%1\"?").arg(entry.name),
+    const QString label = entryLabel(list(), entry);
+    if (!m_at.platform.messages.ask(tr("Are you sure you want to delete \"%1\"?").arg(label),
                                     Question::Loss)) {
         return;
     }
     if (write("deleteEntry", [&] { return m_store.remove(list(), entry.key); }))
-        tell(tr("\"%1\" was deleted.").arg(entry.name));
+        tell(tr("\"%1\" was deleted.").arg(label));
 }
 
 /// Writes a change and shows the list again; a problem and a failure show their message.
@@ -241,10 +243,13 @@ bool frmLists::write(const char* procedure, const std::function<ListOutcome()>& 
     return isWritten;
 }
 
-QString frmLists::changedText(qint64 records) const
+/// Adds how many records changed to what is told of a change.
+QString frmLists::withRecords(const QString& text, qint64 records)
 {
+    if (records == 0) return text;
     const int count = static_cast<int>(records);
-    return records == 1 ? tr("1 record was changed.") : tr("%n records were changed.", nullptr, count);
+    return text + u' ' +
+           (count == 1 ? tr("1 record was changed.") : tr("%n records were changed.", nullptr, count));
 }
 
 void frmLists::tell(const QString& text)

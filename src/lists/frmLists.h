@@ -69,7 +69,7 @@ private:
     void showUsers(const ListReference& reference);
     bool write(const char* procedure, const std::function<ListOutcome()>& change);
     void tell(const QString& text);
-    [[nodiscard]] QString changedText(qint64 records) const;
+    [[nodiscard]] static QString withRecords(const QString& text, qint64 records);
 
     Surroundings m_at;
     ListStore m_store;

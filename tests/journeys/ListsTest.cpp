@@ -105,16 +105,19 @@ TEST_F(ListsWindow, AddsMergesAndDeletesAndShowsItInTheMainWindow)
         messages().expectQuestion(u"Are you sure you want to delete \"Map\"?"_s, true, Question::Loss);
         lists.click("cmdDelete");
         open(lists, ListKind::FileTypes);
+        lists.type("txtFilter", u"pdf"_s);
         inDialog(
             "frmListEntry", [&] { lists.click("cmdRename"); },
             [&](OpenDialog& entry) {
                 EXPECT_EQ(entry.text("txtName"), "PDF");
-                entry.type("txtName", u"PDF/A"_s);
+                entry.type("txtName", u"Acrobat"_s);
                 entry.click("cmdOK");
             });
+        EXPECT_EQ(table(lists), "*Acrobat|2 + 1 deleted") << "the filter does not hide it";
+        EXPECT_EQ(outcome(lists), "\"Acrobat\" was changed.");
         lists.click("cmdClose");
     });
-    EXPECT_EQ(journey.column(4), "PDF/A|PDF/A") << "what is shown is read again";
+    EXPECT_EQ(journey.column(4), "Acrobat|Acrobat") << "what is shown is read again";
     EXPECT_EQ(journey.rows("SELECT * FROM DocumentType"), "1|None\n2|Report\n5|Letter");
 }
 
@@ -174,7 +177,7 @@ TEST_F(ListsWindow, TakesThePositionOfACityFromTheMap)
                 entry.type("txtLongitude", u"-97.15"_s);
                 entry.click("cmdOK");
             });
-        EXPECT_EQ(outcome(lists), "2 records were changed.");
+        EXPECT_EQ(outcome(lists), "\"Waco, TX\" was changed. 2 records were changed.");
         lists.press(Qt::Key_Escape);
     });
     EXPECT_EQ(journey.column(3), "Waco, tx|Waco, TX");
