@@ -6,7 +6,21 @@
 #include "views/clsCities.h"
 #include "widgets/PlainToolTip.h"
 
+#include <QIcon>
+
 #include <algorithm>
+
+namespace {
+
+/// An icon whose colour stays as it is in a selected row.
+QIcon iconOf(const QPixmap& picture)
+{
+    QIcon icon(picture);
+    icon.addPixmap(picture, QIcon::Selected);
+    return icon;
+}
+
+} // namespace
 
 void ListsModel::setRows(ListKind list, std::vector<LookupRow> rows)
 {
@@ -71,7 +85,7 @@ QVariant ListsModel::data(const QModelIndex& index, int role) const
         return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
     case Qt::DecorationRole:
         if (m_list != ListKind::Functions || index.column() > 0 || !marker) return {};
-        return marker(found.entry.key);
+        return iconOf(marker(found.entry.key));
     default:
         return {};
     }
