@@ -28,9 +28,15 @@ void useOneEntry(const QString& file, ListKind list)
     }
     if (list == ListKind::States || list == ListKind::Cities) return;
     for (const ListReference& each : listTable(list).references) {
-        const std::string setting = each.hasSetting ? ", Setting = 1" : "";
-        database.exec("UPDATE " + each.table.toStdString() + " SET " + each.entryColumn.toStdString() +
-                      " = 2" + setting);
+        const std::string table = each.table.toStdString();
+        if (each.hasSetting) {
+            database.exec("INSERT INTO " + table +
+                          " SELECT OrganizationProfileID, 2, 1 FROM OrganizationProfile");
+            database.exec("INSERT INTO " + table +
+                          " SELECT OrganizationProfileID, 3, 0 FROM OrganizationProfile");
+        } else {
+            database.exec("UPDATE " + table + " SET " + each.entryColumn.toStdString() + " = 2");
+        }
     }
 }
 
