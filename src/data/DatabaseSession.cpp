@@ -236,11 +236,17 @@ void Transaction::commit()
     try {
         m_session.runInEngine(QStringLiteral("COMMIT"));
     } catch (const Error&) {
-        try {
-            m_session.runInEngine(QStringLiteral("ROLLBACK"));
-        } catch (const Error&) {
-            // SQLite has rolled back by itself
-        }
+        rollBack();
         throw;
+    }
+}
+
+void Transaction::rollBack()
+{
+    m_open = false;
+    try {
+        m_session.runInEngine(QStringLiteral("ROLLBACK"));
+    } catch (const Error&) {
+        // SQLite has rolled back by itself
     }
 }

@@ -98,7 +98,24 @@ public:
     /// Throws Error if the file cannot take the rows; then none of them is in it.
     void commit();
 
+    /// Takes back what was written since the transaction began.
+    void rollBack();
+
 private:
     DatabaseSession& m_session;
     bool m_open = true;
 };
+
+/// Runs `write` in a transaction of its own: if it throws, nothing of it is in the file.
+template <typename Write>
+void writeWholly(DatabaseSession& session, Write&& write)
+{
+    Transaction transaction(session);
+    try {
+        write();
+    } catch (...) {
+        transaction.rollBack();
+        throw;
+    }
+    transaction.commit();
+}

@@ -5,6 +5,7 @@
 #include "files/ProgramFolder.h"
 #include "map/MapLegend.h"
 #include "map/MapView.h"
+#include "map/StatesFile.h"
 #include "platform/Procedure.h"
 #include "views/ViewHistory.h"
 #include "widgets/IconSet.h"
@@ -15,8 +16,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QToolBar>
-
-#include <cerrno>
 
 namespace {
 
@@ -183,14 +182,7 @@ void MapPane::forget()
 void MapPane::addStatesLayer()
 {
     if (m_isLayerRead) return;
-    const QString name = QStringLiteral("states.shp");
-    const auto file = m_folder.findMap(name);
-    if (!file) {
-        throw Error(
-            ENOENT,
-            tr("There is no map of the states. (%1)").arg(m_folder.machinePath(ProgramFolders::maps) + name));
-    }
-    m_map->setStates(StatesLayer(ShapeFile::read(*file)));
+    m_map->setStates(readStates(m_folder));
     m_isLayerRead = true;
 }
 

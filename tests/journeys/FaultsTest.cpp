@@ -126,6 +126,14 @@ TEST_F(Faults, AReadOnlyFolderIsToldOfAtStartUpAndNothingOffersToChange)
             EXPECT_TRUE(journey.find<QAction>(command).toolTip().endsWith(
                 u"\nThe database can be read, but not changed."_s));
         }
+        journey.inDialog("frmLists", "mnuRecordLists", [](OpenDialog& lists) {
+            for (const char* button : {"cmdAdd", "cmdRename", "cmdMerge", "cmdDelete"}) {
+                EXPECT_FALSE(lists.find<QPushButton>(button).isEnabled()) << button;
+                EXPECT_TRUE(lists.find<QPushButton>(button).toolTip().endsWith(
+                    u"\nThe database can be read, but not changed."_s));
+            }
+            lists.click("cmdClose");
+        });
         EXPECT_TRUE(isEnabled("mnuRecordView"));
         inEditor("mnuRecordView", [](OpenDialog& dialog) {
             EXPECT_FALSE(dialog.find<QPushButton>("cmdOK").isEnabled());
@@ -149,6 +157,7 @@ TEST_F(Faults, AProgramFolderThatCannotBeMadeIsToldOfOnce)
     journey.program->Main();
     messages().finish();
     EXPECT_TRUE(journey.program->window()->isVisible());
+    EXPECT_FALSE(isEnabled("mnuRecordLists"));
     messages().expectMessage(u"showDocuments Error (21): No database is open."_s);
     journey.trigger("mnuViewDocuments");
 }

@@ -7,11 +7,14 @@
 #include "browse/home/HomePage.h"
 #include "files/FolderList.h"
 #include "opening/frmBringAlong.h"
+#include "lists/ListKind.h"
+#include "map/frmPosition.h"
 #include "opening/frmImport.h"
 #include "platform/StdREG.h"
 
 #include <QCheckBox>
 #include <QDir>
+#include <QListWidget>
 #include <QTabWidget>
 #include <QTest>
 
@@ -170,6 +173,45 @@ TEST_F(Translation, ReachesEveryTextOfTheSearches)
     QTest::qWait(50);
     pseudo.expectTranslated(window(), "list of an advanced search");
     EXPECT_EQ(heard().size(), 1) << qPrintable(heard().join(u'\n'));
+}
+
+TEST_F(Translation, ReachesEveryTextOfTheLists)
+{
+    journey.inDialog("frmLists", "mnuRecordLists", [&](OpenDialog& lists) {
+        auto& kinds = lists.find<QListWidget>("lstLists");
+        const auto lookAt = [&](const char* name, const char* button) {
+            if (!lists.find<QAbstractButton>(button).isEnabled()) return;
+            inDialog(
+                name, [&] { lists.click(button); },
+                [&](OpenDialog& open) {
+                    QTest::qWait(50);
+                    pseudo.expectTranslated(open.dialog(), button);
+                    open.click("cmdOK"); // what is required is missing
+                    if (open.dialog().isVisible()) open.press(Qt::Key_Escape);
+                });
+        };
+        for (int row = 0; row < kinds.count(); ++row) {
+            kinds.setCurrentRow(row);
+            QTest::qWait(50);
+            pseudo.expectTranslated(lists.dialog(), "lists");
+            lookAt("frmListEntry", "cmdAdd");
+        }
+        kinds.setCurrentRow(static_cast<int>(ListKind::Venues));
+        lookAt("frmMergeEntry", "cmdMerge");
+        lists.click("cmdDelete");
+        lists.click("cmdClose");
+    });
+    EXPECT_EQ(heard().size(), 13) << qPrintable(heard().join(u'\n'));
+    MapPositionPicker picker(journey.desktop.platform(), journey.program->state().folder);
+    inDialog(
+        "frmPosition",
+        [&] {
+            (void)picker.pick(MapPosition{30, -97}, &window());
+        },
+        [&](OpenDialog& open) {
+            pseudo.expectTranslated(open.dialog(), "position");
+            open.click("cmdCancel");
+        });
 }
 
 TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)

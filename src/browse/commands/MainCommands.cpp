@@ -62,6 +62,9 @@ void MainCommands::makeActions()
                         tr("Opens the file of the document or the chart of the organization"));
     mnuRecordCopy = add(QStringLiteral("mnuRecordCopy"), tr("&Copy"), QStringLiteral("edit-copy"),
                         QKeySequence::Copy, tr("Copies the selected rows"));
+    mnuRecordLists =
+        add(QStringLiteral("mnuRecordLists"), tr("&Lists…"), QStringLiteral("format-list-unordered"), {},
+            tr("Shows and changes the document types, venues, cities and other lists"));
     mnuViewDocuments =
         add(QStringLiteral("mnuViewDocuments"), tr("&Documents"), QStringLiteral("view-list-text"),
             QKeySequence(Qt::CTRL | Qt::Key_1), tr("Shows all documents"));
@@ -131,6 +134,8 @@ void MainCommands::makeMenus()
     mnuRecordRelated->setToolTipsVisible(true);
     record->addSeparator();
     record->addAction(mnuRecordCopy);
+    record->addSeparator();
+    record->addAction(mnuRecordLists);
 
     QMenu* view = m_window.menuBar()->addMenu(tr("&View"));
     view->setObjectName(QStringLiteral("mnuView"));

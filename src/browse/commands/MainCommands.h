@@ -43,6 +43,7 @@ public:
     QAction* mnuRecordDelete;
     QAction* mnuRecordOpen;
     QAction* mnuRecordCopy;
+    QAction* mnuRecordLists;
     QMenu* mnuAddKinds; ///< the kinds of record that can be added
     QMenu* mnuRecordRelated;
     QMenu* mnuNavigate;

@@ -14,7 +14,7 @@ constexpr std::string_view noState = "None";
 
 namespace documentField {
 constexpr std::size_t name = 0, author = 1, date = 2, fileType = 3, source = 4;
-static_assert(source + 1 == fileLocationField);
+static_assert(source + 1 == fileLocationField && fileType == fileTypeField);
 } // namespace documentField
 namespace eventField {
 constexpr std::size_t name = 0, startDate = 1, startTime = 2, endDate = 3, endTime = 4;

@@ -60,3 +60,4 @@ const ListLayout& listLayout(RecordKind kind, Years years = Years::TwoDigits);
 
 /// The field of a document's row that has its file name.
 inline constexpr std::size_t fileLocationField = 5;
+inline constexpr std::size_t fileTypeField = 3; ///< its name

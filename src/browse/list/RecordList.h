@@ -47,6 +47,9 @@ public:
     /// follows if the document may be shown from a disc, `ng` if not.
     [[nodiscard]] QString documentIcon(std::size_t row, bool isInFolder) const;
 
+    /// The icon that is drawn for a row's: a type of the user's own looks like the known one of its name.
+    [[nodiscard]] QString drawnIcon(std::size_t row, const QString& icon) const;
+
     /// The rows in the order of a column's sort keys; rows with equal keys keep their order.
     [[nodiscard]] std::vector<std::uint32_t> sorted(int column, bool descending) const;
 

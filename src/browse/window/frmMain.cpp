@@ -21,6 +21,10 @@
 #include "editors/DialogRecordPicker.h"
 #include "editors/RecordEditors.h"
 #include "help/HelpCommands.h"
+#include "lists/NewEntries.h"
+#include "lists/frmLists.h"
+#include "map/MarkerPictures.h"
+#include "map/frmPosition.h"
 #include "opening/DatabaseOpener.h"
 #include "opening/SampleCollection.h"
 #include "platform/Messages.h"
@@ -30,6 +34,7 @@
 #include "state/ProgramState.h"
 #include "timeline/TimelinePanel.h"
 #include "util/ReadableLine.h"
+#include "views/clsCities.h"
 #include "widgets/IconSet.h"
 #include "widgets/ReadablePalette.h"
 #include "widgets/WindowPlace.h"
@@ -64,12 +69,14 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_list(new ListPane(state.session, state.history, state.folder, this)),
       m_browse(new BrowsePage(m_list, platform.settings, this)),
       m_picker(std::make_unique<DialogRecordPicker>(platform, state.session)),
+      m_positions(std::make_unique<MapPositionPicker>(platform, state.folder)),
+      m_newEntries(std::make_unique<NewEntries>(platform, state.session, *m_positions)),
       m_search(new SearchCommands({platform.messages, state.session, state.history, state.queries}, *m_picker,
                                   *this)),
       m_related(new RelatedCommands(platform.messages, {state.session, state.queries}, state.history, *m_list,
                                     this)),
       m_open(std::make_unique<OpenCommand>(platform, state.session, state.queries, state.folder, *m_list)),
-      m_editors(new RecordEditors(platform, state.session, state.folder, *this)),
+      m_editors(new RecordEditors(platform, state.session, *m_newEntries, state.folder, *this)),
       m_records(new RecordCommands(*m_commands, *m_list, *m_editors, *this)),
       m_graphics(new GraphicViews(
           {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},
@@ -121,6 +128,7 @@ void frmMain::connectCommands()
     on(m_commands->mnuNavigateExit, [this] { close(); });
     on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
     on(m_commands->mnuRecordOpen, [this] { m_open->run(); });
+    on(m_commands->mnuRecordLists, [this] { openLists(); });
 }
 
 void frmMain::connectViews()
@@ -227,6 +235,22 @@ void frmMain::startOver()
     viewHome();
 }
 
+/// Shows the lists; afterwards, the records that the user asked for there, or what was shown before with the
+/// entries as they are now.
+void frmMain::openLists()
+{
+    constexpr double swatch = 12;
+    const auto marker = [this](qint64 function) {
+        return MarkerPictures::draw(clsCities::colourOf(function), swatch, devicePixelRatioF());
+    };
+    frmLists dialog({m_platform, m_state.session, m_state.queries, *m_positions, marker}, this);
+    dialog.showLists();
+    if (const auto& view = dialog.wantedView())
+        m_state.history.addView(*view);
+    else if (dialog.hasChanged())
+        m_pages->refresh();
+}
+
 /// Shows on the home page which database is open, what can be done without one, and the recent ones.
 void frmMain::showDatabase()
 {
@@ -307,6 +331,8 @@ void frmMain::enableCommands()
     const QString nothingSelected = isSelected ? QString() : tr("Select a record first.");
     enableUnless(*m_commands->mnuRecordCopy, showsList ? nothingSelected : noList);
     enableUnless(*m_commands->mnuRecordOpen, showsList ? m_open->hindrance() : noList);
+    enableUnless(*m_commands->mnuRecordLists,
+                 m_state.session.isOpen() ? QString() : tr("No database is open."));
     m_related->enable(noList);
     m_records->enable(unwritable(), noList);
     m_status->showSelected(showsList ? m_list->selectedCount() : 0);

@@ -21,7 +21,9 @@ class HomePage;
 class ListMenus;
 class ListPane;
 class MainCommands;
+class NewEntries;
 class OpenCommand;
+class PositionPicker;
 class RecordPicker;
 class SearchCommands;
 class RecordCommands;
@@ -67,6 +69,7 @@ private:
     void startOver();
     void showDatabase();
     void showRecent();
+    void openLists();
     void viewAll(RecordKind kind);
     void viewHome();
     void add(const RecordAddition& addition);
@@ -85,6 +88,8 @@ private:
     ListPane* m_list;
     BrowsePage* m_browse;
     std::unique_ptr<RecordPicker> m_picker;
+    std::unique_ptr<PositionPicker> m_positions;
+    std::unique_ptr<NewEntries> m_newEntries;
     SearchCommands* m_search;
     RelatedCommands* m_related;
     std::unique_ptr<OpenCommand> m_open;
