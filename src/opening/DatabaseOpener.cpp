@@ -36,16 +36,22 @@ QString DatabaseOpener::dataPath(const QString& name) const
     return m_folder.machinePath(ProgramFolders::data + name);
 }
 
+QString DatabaseOpener::namedFile() const
+{
+    const QString name = StdREG(m_platform.settings).GetRegString(QString(), settingName());
+    return m_folder.find(ProgramFolders::data, name).value_or(dataPath(name));
+}
+
 void DatabaseOpener::openNamed()
 {
     const QString name = StdREG(m_platform.settings).GetRegString(QString(), settingName());
-    QString file = m_folder.find(ProgramFolders::data, name).value_or(dataPath(name));
+    QString file = namedFile();
     if (kindOfDatabaseFile(file) == DatabaseFileKind::Access) {
         file = convertNamed(name, file);
         nameInSettings(file);
     }
     open(file);
-    m_session.requireWritable();
+    requireWritable();
 }
 
 /// Converts the Access file that the settings name, unless that was done before and the user keeps it.
@@ -83,7 +89,7 @@ bool DatabaseOpener::openChosen(const QString& file)
     }
     open(target);
     nameInSettings(target);
-    m_session.requireWritable();
+    requireWritable();
     return true;
 }
 
@@ -115,9 +121,15 @@ bool DatabaseOpener::convert(const QString& source, const QString& target, bool 
 
 void DatabaseOpener::open(const QString& file)
 {
-    m_platform.fileAttributes.makeWritable(file);
+    if (!m_isReadOnly) m_platform.fileAttributes.makeWritable(file);
     qCInfo(startLog).noquote() << "open database:" << file;
-    m_session.open(file);
+    m_session.open(file, m_isReadOnly ? Access::Read : Access::Write);
+}
+
+/// A user who asked to read the file knows that it cannot be changed.
+void DatabaseOpener::requireWritable() const
+{
+    if (!m_isReadOnly) m_session.requireWritable();
 }
 
 void DatabaseOpener::nameInSettings(const QString& file)

@@ -22,6 +22,12 @@ public:
     {
     }
 
+    /// The file that `DBFile` names, as a path of the machine; it need not exist.
+    [[nodiscard]] QString namedFile() const;
+
+    /// Whether the files opened from now on are opened for reading, so that nothing can change them.
+    void setReadOnly(bool readOnly) { m_isReadOnly = readOnly; }
+
     /// Opens what `DBFile` names. Throws Error; then no database is open, unless the error is that it can
     /// only be read.
     void openNamed();
@@ -37,10 +43,12 @@ private:
     [[nodiscard]] bool mayReplace(const QString& target);
     [[nodiscard]] bool convert(const QString& source, const QString& target, bool replace);
     void open(const QString& file);
+    void requireWritable() const;
     void nameInSettings(const QString& file);
 
     Platform m_platform;
     DatabaseConverter& m_converter;
     const ProgramFolder& m_folder;
     DatabaseSession& m_session;
+    bool m_isReadOnly = false;
 };
