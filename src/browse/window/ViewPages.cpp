@@ -52,6 +52,7 @@ void ViewPages::showOrganizations(const SharedQuery& query, const QString& capti
 void ViewPages::showList(RecordKind kind, const QString& procedure, const SharedQuery& query,
                          const QString& caption)
 {
+    Q_EMIT viewAsked();
     auto& [home, browse, list, search, graphics] = m_parts;
     setCurrentWidget(&browse);
     browse.showKind(kind);
@@ -88,6 +89,7 @@ void ViewPages::showSearchResults()
 /// Shows a page without a list.
 void ViewPages::showPage(QWidget& page)
 {
+    Q_EMIT viewAsked();
     m_parts.list.stop();
     setCurrentWidget(&page);
     Q_EMIT pageChanged();

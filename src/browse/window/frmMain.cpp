@@ -14,18 +14,23 @@
 #include "browse/list/RecordListView.h"
 #include "browse/window/BrowsePage.h"
 #include "browse/window/GraphicViews.h"
+#include "browse/window/RequestQueue.h"
 #include "browse/window/StatusLine.h"
 #include "browse/window/ViewPages.h"
 #include "editors/DialogRecordPicker.h"
 #include "editors/RecordEditors.h"
 #include "help/HelpCommands.h"
 #include "opening/DatabaseOpener.h"
+#include "opening/DatabasePath.h"
+#include "opening/StartRequest.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
+#include "platform/OtherWindows.h"
 #include "platform/Procedure.h"
 #include "search/SearchCommands.h"
 #include "state/ProgramState.h"
 #include "timeline/TimelinePanel.h"
+#include "util/Error.h"
 #include "util/ReadableLine.h"
 #include "widgets/IconSet.h"
 #include "widgets/ReadablePalette.h"
@@ -40,6 +45,7 @@
 #include <QToolBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -73,7 +79,8 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_pages(new ViewPages(platform.messages, state.history,
                             {*m_home, *m_browse, *m_list, *m_search, *m_graphics}, this)),
       m_navigation(new HistoryNavigation(state.history, *m_commands->mnuNavigateBack,
-                                         *m_commands->mnuNavigateForward, *m_commands->tbToolBar, *this))
+                                         *m_commands->mnuNavigateForward, *m_commands->tbToolBar, *this)),
+      m_requests(new RequestQueue(*this, platform.otherWindows, [this] { return m_list->isFilling(); }))
 {
     setObjectName(QStringLiteral("frmMain"));
     m_search->attachTo(m_list->view());
@@ -82,6 +89,8 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
     connectViews();
     connectEditors();
     connectRows();
+    connect(m_requests, &RequestQueue::due, this, &frmMain::perform);
+    connect(m_requests, &RequestQueue::delayed, m_status, &StatusLine::showNotice);
 }
 
 frmMain::~frmMain() = default;
@@ -118,6 +127,7 @@ void frmMain::connectViews()
     connect(m_home, &HomePage::recordsChosen, this, &frmMain::viewAll);
     connect(m_home, &HomePage::searchChosen, m_search, &SearchCommands::openKeywordSearch);
     connect(m_home, &HomePage::helpChosen, m_help->mnuHelpContents, &QAction::trigger);
+    connect(m_pages, &ViewPages::viewAsked, this, &frmMain::lookForOutsideChange);
     connect(m_pages, &ViewPages::pageChanged, this, &frmMain::enableCommands);
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::showCaption);
     connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
@@ -157,26 +167,53 @@ void frmMain::connectRows()
             [menus](const QPoint& position) { menus->popUp(RecordKind::Event, position); });
 }
 
-void frmMain::load(bool hasProgramFolder)
+void frmMain::load(bool hasProgramFolder, const StartRequest& request)
 {
+    m_isToRead = request.readOnly;
+    m_opener.setReadOnly(request.readOnly);
     runProcedure(m_platform.messages, QStringLiteral("Form_Load"), [&] {
-        if (hasProgramFolder) m_opener.openNamed();
+        if (hasProgramFolder) openAtStart(request);
     });
+    m_opener.setReadOnly(false);
+    listenToOthers();
     showDatabaseName();
     placeOnScreen();
     m_list->widths().restore(m_platform.settings);
     m_graphics->mainLoad();
     viewHome();
+    m_requests->add(request);
 }
 
-/// Lets the user choose another database, and starts over with it.
+void frmMain::openAtStart(const StartRequest& request)
+{
+    if (request.path.isEmpty()) {
+        m_opener.openNamed();
+    } else {
+        static_cast<void>(m_opener.openChosen(databaseAt(request.path)));
+    }
+}
+
+/// Other starts of the program reach this window by the database that it has open.
+void frmMain::listenToOthers()
+{
+    static_cast<void>(m_platform.otherWindows.listen(m_state.session.fileName()));
+}
+
+/// Lets the user choose another database, and opens it.
 void frmMain::openDatabase()
 {
     const QString file = m_platform.fileDialogs.openFile(
         tr("Open Database"), tr("Databases") +
                                  QStringLiteral(" (*.mdb *.accdb *.sqlite)|*.mdb *.accdb *.sqlite|") +
                                  tr("All Files") + QStringLiteral(" (*.*)| *.*"));
-    if (file.isEmpty()) return;
+    if (!file.isEmpty()) open(file);
+}
+
+/// Opens another database and starts over with it. If another window has it open, that comes to the front and
+/// this one stays as it is.
+void frmMain::open(const QString& file)
+{
+    if (m_platform.otherWindows.call(file, {})) return;
     m_list->stop();
     const QString before = m_state.session.fileName();
     bool opened = false;
@@ -184,11 +221,67 @@ void frmMain::openDatabase()
                  [&] { opened = m_opener.openChosen(file); });
     // a database that can only be read is open although its message counts as a failure
     if (!opened && m_state.session.fileName() == before) return;
+    startOver();
+}
+
+/// Shows the database that was opened in place of another.
+void frmMain::startOver()
+{
+    m_isToRead = false;
+    m_isChangedOutside = false;
+    listenToOthers();
     m_state.history.clear();
     m_list->forget();
     m_graphics->mainLoad();
     showDatabaseName();
     viewHome();
+}
+
+/// Does what a start of the program asked for, this one's or another's, on the database that is open.
+void frmMain::perform(const StartRequest& request)
+{
+    if (!m_state.session.isOpen()) return;
+    if (request.readOnly && !m_state.session.isReadOnly()) {
+        m_platform.messages.show(
+            tr("The database is open in this window already, where it can be changed. To "
+               "open it read-only, close this window first."));
+    } else if (!request.readOnly && m_isToRead) {
+        m_platform.messages.show(tr("The database is open in this window already, read-only. To change it, "
+                                    "close this window and open the database again."));
+    }
+    if (!request.keywords.isEmpty()) m_search->searchAll(request.keywords);
+    if (request.record) showRecord(*request.record);
+}
+
+void frmMain::showRecord(const RecordReference& record)
+{
+    runProcedure(m_platform.messages, QStringLiteral("showRecord"), [&] {
+        if (m_state.queries.has(m_state.session, record.kind, record.identifier)) {
+            viewAll(record.kind);
+            m_list->select(record.identifier);
+            m_editors->view(record.kind, record.identifier);
+            return;
+        }
+        const QString text =
+            record.kind == RecordKind::Document ? tr("There is no document %1, or it was deleted.")
+            : record.kind == RecordKind::Event  ? tr("There is no event %1, or it was deleted.")
+                                                : tr("There is no organization %1, or it was deleted.");
+        m_platform.messages.show(text.arg(record.identifier));
+    });
+}
+
+/// The views are read anew whenever they are shown; of the rest, only the limits of the timeline are kept.
+void frmMain::lookForOutsideChange()
+{
+    if (!m_state.session.isOpen()) return;
+    try {
+        if (!m_state.session.wasChangedOutside()) return;
+    } catch (const Error&) {
+        // reading the view fails in the same way and says so
+        return;
+    }
+    m_isChangedOutside = true;
+    m_graphics->timeline().updateTimeline(std::nullopt);
 }
 
 void frmMain::showDatabaseName()
@@ -236,6 +329,9 @@ void frmMain::showCaption(const QString& caption, const QString& count)
 {
     const QString line = readableLine(caption);
     m_status->showView(line, count);
+    if (std::exchange(m_isChangedOutside, false)) {
+        m_status->showNotice(tr("The database was changed by another program."));
+    }
     QString title = line;
     const QString file = QFileInfo(m_state.session.fileName()).fileName();
     if (!file.isEmpty()) title += QStringLiteral(" - ") + file;

@@ -24,10 +24,13 @@ class SearchCommands;
 class RecordCommands;
 class RecordEditors;
 class RelatedCommands;
+class RequestQueue;
 class StatusLine;
 class ViewPages;
 struct ProgramState;
 struct RecordAddition;
+struct RecordReference;
+struct StartRequest;
 
 /// The main window: puts together the pages that show the views, the commands and the status bar. There is
 /// one, from start-up to the end of the program.
@@ -40,10 +43,11 @@ public:
     frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState& state);
     ~frmMain() override;
 
-    /// The second half of start-up: opens the database that the settings name, and shows the home page. A
-    /// failure shows its message; the window then has no data, and its commands say so. Without a program
-    /// folder, which start-up has reported, opens no database.
-    void load(bool hasProgramFolder);
+    /// The second half of start-up: opens the database that is asked for or, if none is, the one that the
+    /// settings name, and shows the home page. A failure shows its message; the window then has no data, and
+    /// its commands say so. Without a program folder, which start-up has reported, opens no database. What
+    /// else is asked for is done once the window is shown.
+    void load(bool hasProgramFolder, const StartRequest& request);
 
     /// Rebuilds the menu of the views opened so far.
     void UpdateHistoryList();
@@ -59,6 +63,13 @@ private:
     void connectRows();
     void placeOnScreen();
     void openDatabase();
+    void open(const QString& file);
+    void openAtStart(const StartRequest& request);
+    void startOver();
+    void listenToOthers();
+    void perform(const StartRequest& request);
+    void showRecord(const RecordReference& record);
+    void lookForOutsideChange();
     void showDatabaseName();
     void viewAll(RecordKind kind);
     void viewHome();
@@ -85,4 +96,7 @@ private:
     GraphicViews* m_graphics;
     ViewPages* m_pages;
     HistoryNavigation* m_navigation;
+    RequestQueue* m_requests;
+    bool m_isToRead = false;         ///< whether the start asked for no changes in what is open
+    bool m_isChangedOutside = false; ///< whether the view to be shown next has another program's changes
 };
