@@ -96,7 +96,8 @@ QString largeDatabase(int records)
 
 BenchWindow::BenchWindow(int records)
     : m_settings(QStringLiteral("large.sqlite")),
-      m_platform{m_messages, m_settings, m_fileAttributes, m_files, m_clock, m_volumes, m_files},
+      m_platform{m_messages, m_settings, m_fileAttributes, m_files,
+                 m_clock,    m_volumes,  m_files,          m_otherWindows},
       m_program(m_platform, m_files, ProgramFolder(programFolder(records)), QString())
 {
     m_program.Main();

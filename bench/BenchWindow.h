@@ -8,6 +8,7 @@
 #include "platform/FileAttributes.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
+#include "platform/OtherWindows.h"
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 #include "platform/Volumes.h"
@@ -72,6 +73,7 @@ private:
     NoFiles m_files;
     SystemClock m_clock;
     SystemVolumes m_volumes;
+    NoOtherWindows m_otherWindows;
     Platform m_platform;
     Main_Mod m_program;
 };

@@ -42,20 +42,27 @@ bool isInDataFolder(const QString& file)
 
 } // namespace
 
-void DatabaseOpener::openNamed()
+QString DatabaseOpener::namedFile() const
 {
     const QString chosen = Preferences::read(m_platform.settings).startDatabase;
     const QString name =
         chosen.isEmpty() ? StdREG(m_platform.settings).GetRegString(QString(), settingName()) : chosen;
-    QString file = DatabaseName::fileOf(m_at.home, name);
+    return DatabaseName::fileOf(m_at.home, name);
+}
+
+void DatabaseOpener::openNamed()
+{
+    const QString name = StdREG(m_platform.settings).GetRegString(QString(), settingName());
+    QString file = namedFile();
     UnfinishedCollection::clearLeftOver(collectionsPlace());
     if (kindOfDatabaseFile(file) == DatabaseFileKind::Access) {
         file = convertNamed(name, file);
         nameInSettings(file);
     }
     open(file);
-    if (!chosen.isEmpty()) nameInSettings(m_at.session.fileName());
-    m_at.session.requireWritable();
+    if (DatabaseName::fileOf(m_at.home, name) != m_at.session.fileName())
+        nameInSettings(m_at.session.fileName());
+    requireWritable();
 }
 
 /// Converts the Access file that the settings name, unless that was done before and the user keeps it.
@@ -142,17 +149,18 @@ void DatabaseOpener::openAt(const QString& file)
 {
     open(file);
     nameInSettings(m_at.session.fileName());
-    m_at.session.requireWritable();
+    requireWritable();
 }
 
 void DatabaseOpener::open(const QString& chosen)
 {
-    const QString file = isInDataFolder(chosen) ? separated(chosen) : chosen;
-    m_platform.fileAttributes.makeWritable(file);
+    // who only reads changes nothing in the folder either
+    const QString file = !m_isReadOnly && isInDataFolder(chosen) ? separated(chosen) : chosen;
+    if (!m_isReadOnly) m_platform.fileAttributes.makeWritable(file);
     qCInfo(startLog).noquote() << "open database:" << file;
-    m_at.session.open(file);
+    m_at.session.open(file, m_isReadOnly ? Access::Read : Access::Write);
     m_at.folder = m_at.home.ofDatabase(file);
-    FileUpload(m_at.folder).clearUnfinished();
+    if (!m_isReadOnly) FileUpload(m_at.folder).clearUnfinished();
 }
 
 /// Sees to it that no other database has its files in the folder of one that is to be opened. Returns where
@@ -164,6 +172,12 @@ QString DatabaseOpener::separated(const QString& file)
     for (const MovedDatabase& database : outcome.moved)
         recent.add(DatabaseName::nameOf(m_at.home, database.to));
     return outcome.file;
+}
+
+/// A user who asked to read the file knows that it cannot be changed.
+void DatabaseOpener::requireWritable() const
+{
+    if (!m_isReadOnly) m_at.session.requireWritable();
 }
 
 void DatabaseOpener::nameInSettings(const QString& file)

@@ -34,6 +34,12 @@ public:
     {
     }
 
+    /// The file that `DBFile` names, as a path of the machine; it need not exist.
+    [[nodiscard]] QString namedFile() const;
+
+    /// Whether the files opened from now on are opened for reading, so that nothing can change them.
+    void setReadOnly(bool readOnly) { m_isReadOnly = readOnly; }
+
     /// Opens what `DBFile` names. Throws Error; then no database is open, unless the error is that it can
     /// only be read.
     void openNamed();
@@ -58,8 +64,10 @@ private:
     [[nodiscard]] std::optional<bool> asksForCopy(const QFileInfo& file);
     void open(const QString& chosen);
     [[nodiscard]] QString separated(const QString& file);
+    void requireWritable() const;
     void nameInSettings(const QString& file);
 
     Platform m_platform;
     Surroundings m_at;
+    bool m_isReadOnly = false;
 };

@@ -43,13 +43,23 @@ void SearchCommands::attachTo(QAbstractItemView& list)
     list.setItemDelegateForColumn(0, m_delegate);
 }
 
-void SearchCommands::openKeywordSearch()
+frmSearch& SearchCommands::keywordSearch()
 {
     if (m_keywordSearch == nullptr) {
         m_keywordSearch = new frmSearch(m_at, &m_window);
         connect(m_keywordSearch, &frmSearch::advancedSearchChosen, this, &SearchCommands::openAdvancedSearch);
     }
-    m_keywordSearch->doSearch();
+    return *m_keywordSearch;
+}
+
+void SearchCommands::openKeywordSearch()
+{
+    keywordSearch().doSearch();
+}
+
+void SearchCommands::searchAll(const QString& keywords)
+{
+    keywordSearch().search(std::nullopt, keywords);
 }
 
 void SearchCommands::openAdvancedSearch(RecordKind kind)

@@ -40,6 +40,9 @@ public:
 
     void openKeywordSearch();
 
+    /// Searches the records of all kinds for a text, as if it had been typed into the dialog.
+    void searchAll(const QString& keywords);
+
     /// Opens the form for a kind.
     void openAdvancedSearch(RecordKind kind);
 
@@ -72,6 +75,9 @@ Q_SIGNALS:
     void recordChosen(RecordKind kind, qint64 identifier);
 
 private:
+    [[nodiscard]] frmSearch& keywordSearch();
+    void searchAgain();
+
     [[nodiscard]] const clsView& currentView() const;
 
     SearchSurroundings m_at;

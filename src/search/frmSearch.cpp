@@ -129,6 +129,13 @@ void frmSearch::doSearch()
     open();
 }
 
+void frmSearch::search(std::optional<RecordKind> scope, const QString& text)
+{
+    chooseScope(scope);
+    m_keywords->setText(text);
+    cmdGO();
+}
+
 void frmSearch::chooseScope(std::optional<RecordKind> scope)
 {
     m_scope = scope;

@@ -94,6 +94,20 @@ bool ScriptedShell::start(const QString& program, const QString& file)
     return canStart;
 }
 
+bool ScriptedOtherWindows::listen(const QString& database)
+{
+    if (open.contains(database)) return false;
+    listenedTo = database;
+    return true;
+}
+
+bool ScriptedOtherWindows::call(const QString& database, const WindowCall& what)
+{
+    if (!open.contains(database)) return false;
+    calls.push_back(what);
+    return true;
+}
+
 QString MemorySettings::value(const QString& path) const
 {
     const auto found = values.find(path);

@@ -6,6 +6,7 @@
 #include "platform/FileAttributes.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
+#include "platform/OtherWindows.h"
 #include "platform/Platform.h"
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
@@ -17,6 +18,7 @@
 #include <deque>
 #include <map>
 #include <optional>
+#include <vector>
 
 /// Messages that follow a script of exact texts and answers. A message that is not next in the script, and a
 /// line of the script that was not used, each fail the test.
@@ -139,6 +141,20 @@ public:
     QStringList unknown; ///< endings of names for which the desktop knows no program
 };
 
+/// Other windows as the test has them, by the databases that they have open.
+class ScriptedOtherWindows final : public OtherWindows
+{
+public:
+    [[nodiscard]] bool listen(const QString& database) override;
+    [[nodiscard]] bool call(const QString& database, const WindowCall& what) override;
+    void setReceiver(Receiver receiver) override { called = std::move(receiver); }
+
+    QStringList open;   ///< what others have open
+    QString listenedTo; ///< what this program is called for
+    std::vector<WindowCall> calls;
+    Receiver called; ///< calls this program
+};
+
 /// The desktop of one test.
 struct ScriptedPlatform
 {
@@ -149,10 +165,11 @@ struct ScriptedPlatform
     ScriptedClock clock;
     ScriptedVolumes volumes;
     ScriptedShell shell;
+    ScriptedOtherWindows otherWindows;
 
     [[nodiscard]] Platform platform()
     {
-        return {messages, settings, fileAttributes, fileDialogs, clock, volumes, shell};
+        return {messages, settings, fileAttributes, fileDialogs, clock, volumes, shell, otherWindows};
     }
 
     /// Names the database that the program opens at its start.

@@ -4,11 +4,14 @@
 
 #include "opening/DatabaseName.h"
 #include "opening/DatabaseOpener.h"
+#include "opening/DatabasePath.h"
 #include "opening/RecentDatabases.h"
 #include "opening/SampleCollection.h"
+#include "opening/StartRequest.h"
 #include "opening/frmNewDatabase.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
+#include "platform/OtherWindows.h"
 #include "platform/Procedure.h"
 #include "state/ProgramState.h"
 #include "widgets/PlainToolTip.h"
@@ -28,6 +31,20 @@ DatabaseCommands::DatabaseCommands(const Platform& platform, DatabaseOpener& ope
 {
 }
 
+void DatabaseCommands::openAtStart(const StartRequest& request)
+{
+    m_isToRead = request.readOnly;
+    m_opener.setReadOnly(request.readOnly);
+    runProcedure(m_platform.messages, QStringLiteral("Form_Load"), [&] {
+        if (request.path.isEmpty())
+            m_opener.openNamed();
+        else
+            static_cast<void>(m_opener.openChosen(databaseAt(request.path)));
+    });
+    m_opener.setReadOnly(false);
+    settle();
+}
+
 void DatabaseCommands::openDatabase()
 {
     const QString file = m_platform.fileDialogs.openFile(
@@ -35,35 +52,29 @@ void DatabaseCommands::openDatabase()
                                  QStringLiteral(" (*.mdb *.accdb *.sqlite)|*.mdb *.accdb *.sqlite|") +
                                  tr("All Files") + QStringLiteral(" (*.*)| *.*"));
     if (file.isEmpty()) return;
-    open(QStringLiteral("openDatabase"), [&] { return m_opener.openChosen(file); });
+    open(QStringLiteral("openDatabase"), file, [&] { return m_opener.openChosen(file); });
 }
 
 void DatabaseCommands::newDatabase()
 {
     frmNewDatabase dialog(m_platform, m_state.home, m_opener.collectionsPlace(), &m_window);
-    if (dialog.exec() != QDialog::Accepted) return;
-    open(QStringLiteral("newDatabase"), [&] {
-        m_opener.openAt(dialog.database());
-        return true;
-    });
+    if (dialog.exec() == QDialog::Accepted) openInPlace(QStringLiteral("newDatabase"), dialog.database());
 }
 
 void DatabaseCommands::lookAtSample()
 {
-    open(QStringLiteral("lookAtSample"), [&] {
-        m_opener.openAt(SampleCollection::provide(m_state.home));
-        return true;
-    });
+    const QString procedure = QStringLiteral("lookAtSample");
+    QString file;
+    const bool isThere =
+        runProcedure(m_platform.messages, procedure, [&] { file = SampleCollection::provide(m_state.home); });
+    if (isThere) openInPlace(procedure, file);
 }
 
 void DatabaseCommands::openRecent(const QString& name)
 {
     const QString file = DatabaseName::fileOf(m_state.home, name);
     if (QFileInfo::exists(file)) {
-        open(QStringLiteral("openDatabase"), [&] {
-            m_opener.openAt(file);
-            return true;
-        });
+        openInPlace(QStringLiteral("openDatabase"), file);
         return;
     }
     const bool forget = m_platform.messages.ask(
@@ -75,23 +86,37 @@ void DatabaseCommands::openRecent(const QString& name)
     Q_EMIT recentChanged();
 }
 
-/// Runs what opens another database and returns whether it did. A failure shows one message.
-void DatabaseCommands::open(const QString& procedure, const std::function<bool()>& body)
+void DatabaseCommands::openInPlace(const QString& procedure, const QString& file)
 {
+    open(procedure, file, [&] {
+        m_opener.openAt(file);
+        return true;
+    });
+}
+
+/// Runs what opens a file and returns whether it did. If another window has it open, that comes to the front
+/// instead, and this one stays as it is. A failure shows one message.
+void DatabaseCommands::open(const QString& procedure, const QString& file, const std::function<bool()>& body)
+{
+    if (m_platform.otherWindows.call(file, {})) return;
     Q_EMIT opening();
     const QString before = m_state.session.fileName();
     bool isOther = false;
     runProcedure(m_platform.messages, procedure, [&] { isOther = body(); });
     // a database that can only be read is open although its message counts as a failure
     if (!isOther && m_state.session.fileName() == before) return;
-    remember();
+    m_isToRead = false;
+    settle();
     Q_EMIT opened();
 }
 
-void DatabaseCommands::remember()
+/// Notes the database that is open, if there is one, as the one opened last. Other starts of the program
+/// reach this window by it.
+void DatabaseCommands::settle()
 {
     const QString file = m_state.session.fileName();
     if (!file.isEmpty()) RecentDatabases(m_platform.settings).add(DatabaseName::nameOf(m_state.home, file));
+    static_cast<void>(m_platform.otherWindows.listen(file));
 }
 
 std::vector<DatabaseCommands::Recent> DatabaseCommands::recent() const

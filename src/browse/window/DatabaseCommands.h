@@ -14,6 +14,7 @@ class DatabaseOpener;
 class QMenu;
 class QWidget;
 struct ProgramState;
+struct StartRequest;
 
 /// The commands that open another database: a new one, one that the user chooses, a recent one, the sample.
 /// Lives as long as the window.
@@ -26,6 +27,10 @@ public:
     DatabaseCommands(const Platform& platform, DatabaseOpener& opener, const ProgramState& state,
                      QMenu& recentMenu, QWidget& window);
 
+    /// Opens the database that a start of the program asks for or, if none is asked for, the one that the
+    /// settings name.
+    void openAtStart(const StartRequest& request);
+
     void openDatabase();
     void newDatabase();
     void lookAtSample();
@@ -33,8 +38,8 @@ public:
     /// Opens a recent database by its name in the settings. If it is gone, asks whether to forget it.
     void openRecent(const QString& name);
 
-    /// Notes the open database, if there is one, as the one opened last.
-    void remember();
+    /// Whether the start asked for no changes in the database that is open.
+    [[nodiscard]] bool isToRead() const { return m_isToRead; }
 
     /// A database that was opened before.
     struct Recent
@@ -62,11 +67,14 @@ Q_SIGNALS:
     void recentChanged();
 
 private:
-    void open(const QString& procedure, const std::function<bool()>& body);
+    void open(const QString& procedure, const QString& file, const std::function<bool()>& body);
+    void openInPlace(const QString& procedure, const QString& file);
+    void settle();
 
     Platform m_platform;
     DatabaseOpener& m_opener;
     const ProgramState& m_state;
     QMenu& m_recentMenu;
     QWidget& m_window;
+    bool m_isToRead = false;
 };

@@ -53,6 +53,7 @@ void ViewPages::showOrganizations(const SharedQuery& query, const QString& capti
 void ViewPages::showList(RecordKind kind, const QString& procedure, const SharedQuery& query,
                          const QString& caption)
 {
+    Q_EMIT viewAsked();
     auto& [home, browse, list, emptyList, search, graphics] = m_parts;
     setCurrentWidget(&browse);
     browse.showKind(kind);
@@ -90,6 +91,7 @@ void ViewPages::showSearchResults()
 /// Shows a page without a list.
 void ViewPages::showPage(QWidget& page)
 {
+    Q_EMIT viewAsked();
     m_parts.list.stop();
     setCurrentWidget(&page);
     Q_EMIT pageChanged();

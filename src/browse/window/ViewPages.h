@@ -44,6 +44,9 @@ public:
     void refresh();
 
 Q_SIGNALS:
+    /// A view is about to be read and shown.
+    void viewAsked();
+
     /// Another page, or a list of another kind, is shown; its records are still to be read.
     void pageChanged();
 

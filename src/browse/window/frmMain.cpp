@@ -13,9 +13,10 @@
 #include "browse/list/ListPane.h"
 #include "browse/list/RecordListView.h"
 #include "browse/window/BrowsePage.h"
-#include "browse/window/EmptyList.h"
 #include "browse/window/DatabaseCommands.h"
+#include "browse/window/EmptyList.h"
 #include "browse/window/GraphicViews.h"
+#include "browse/window/StartCommands.h"
 #include "browse/window/StatusLine.h"
 #include "browse/window/ViewPages.h"
 #include "editors/DialogRecordPicker.h"
@@ -33,6 +34,7 @@
 #include "settings/frmSettings.h"
 #include "state/ProgramState.h"
 #include "timeline/TimelinePanel.h"
+#include "util/Error.h"
 #include "util/ReadableLine.h"
 #include "views/clsCities.h"
 #include "widgets/IconSet.h"
@@ -49,6 +51,7 @@
 #include <QToolBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -58,7 +61,6 @@ constexpr QSize largestFirstSize(1600, 1000);
 
 frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState& state)
     : m_platform(platform),
-      m_opener(opener),
       m_state(state),
       m_commands(new MainCommands(*this)),
       m_help(new HelpCommands(*this, *m_commands->tbToolBar, state.session, state.home, platform.shell,
@@ -88,7 +90,8 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
                             {*m_home, *m_browse, *m_list, *m_emptyList, *m_search, *m_graphics}, this)),
       m_navigation(new HistoryNavigation(state.history, *m_commands->mnuNavigateBack,
                                          *m_commands->mnuNavigateForward, *m_commands->tbToolBar, *this)),
-      m_preferences(Preferences::read(platform.settings))
+      m_preferences(Preferences::read(platform.settings)),
+      m_starts(new StartCommands({platform, state, *m_databases, *m_list, *m_editors, *m_search}, *this))
 {
     setObjectName(QStringLiteral("frmMain"));
     m_search->attachTo(m_list->view());
@@ -97,6 +100,7 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
     connectViews();
     connectEditors();
     connectRows();
+    connect(m_starts, &StartCommands::delayed, m_status, &StatusLine::showNotice);
 }
 
 frmMain::~frmMain() = default;
@@ -143,6 +147,7 @@ void frmMain::connectViews()
     connect(m_databases, &DatabaseCommands::opened, this, &frmMain::startOver);
     connect(m_databases, &DatabaseCommands::recentChanged, this, &frmMain::showRecent);
     connect(m_home, &HomePage::helpChosen, m_help->mnuHelpContents, &QAction::trigger);
+    connect(m_pages, &ViewPages::viewAsked, this, &frmMain::lookForOutsideChange);
     connect(m_pages, &ViewPages::pageChanged, this, &frmMain::enableCommands);
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::showCaption);
     connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
@@ -183,12 +188,9 @@ void frmMain::connectRows()
             [menus](const QPoint& position) { menus->popUp(RecordKind::Event, position); });
 }
 
-void frmMain::load(bool hasProgramFolder)
+void frmMain::load(bool hasProgramFolder, const StartRequest& request)
 {
-    runProcedure(m_platform.messages, QStringLiteral("Form_Load"), [&] {
-        if (hasProgramFolder) m_opener.openNamed();
-    });
-    m_databases->remember();
+    if (hasProgramFolder) m_databases->openAtStart(request);
     showDatabase();
     placeOnScreen();
     m_list->widths().restore(m_platform.settings);
@@ -196,6 +198,7 @@ void frmMain::load(bool hasProgramFolder)
     applyPreferences();
     viewHome();
     showStartPage();
+    m_starts->add(request);
 }
 
 /// Shows the page that the settings name after the home page, to which Back leads.
@@ -228,11 +231,26 @@ void frmMain::applyPreferences()
 /// Forgets what was shown of the database before, and begins with the home page.
 void frmMain::startOver()
 {
+    m_isChangedOutside = false;
     m_state.history.clear();
     m_list->forget();
     m_graphics->mainLoad();
     showDatabase();
     viewHome();
+}
+
+/// The views are read anew whenever they are shown; of the rest, only the limits of the timeline are kept.
+void frmMain::lookForOutsideChange()
+{
+    if (!m_state.session.isOpen()) return;
+    try {
+        if (!m_state.session.wasChangedOutside()) return;
+    } catch (const Error&) {
+        // reading the view fails in the same way and says so
+        return;
+    }
+    m_isChangedOutside = true;
+    m_graphics->timeline().updateTimeline(std::nullopt);
 }
 
 /// Shows the lists; afterwards, the records that the user asked for there, or what was shown before with the
@@ -310,6 +328,9 @@ void frmMain::showCaption(const QString& caption, const QString& count)
 {
     const QString line = readableLine(caption);
     m_status->showView(line, count);
+    if (std::exchange(m_isChangedOutside, false)) {
+        m_status->showNotice(tr("The database was changed by another program."));
+    }
     QString title = line;
     const QString file = QFileInfo(m_state.session.fileName()).fileName();
     if (!file.isEmpty()) title += QStringLiteral(" - ") + file;

@@ -26,6 +26,7 @@ class OpenCommand;
 class PositionPicker;
 class RecordPicker;
 class SearchCommands;
+class StartCommands;
 class RecordCommands;
 class RecordEditors;
 class RelatedCommands;
@@ -33,6 +34,7 @@ class StatusLine;
 class ViewPages;
 struct ProgramState;
 struct RecordAddition;
+struct StartRequest;
 
 /// The main window: puts together the pages that show the views, the commands and the status bar. There is
 /// one, from start-up to the end of the program.
@@ -45,10 +47,11 @@ public:
     frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState& state);
     ~frmMain() override;
 
-    /// The second half of start-up: opens the database that the settings name, and shows the home page or the
-    /// one that the settings name. A failure shows its message; the window then has no data, and its commands
-    /// say so. Without a program folder, which start-up has reported, opens no database.
-    void load(bool hasProgramFolder);
+    /// The second half of start-up: opens the database that is asked for or, if none is, the one that the
+    /// settings name, and shows the home page, or the page that they name. A failure shows its message; the
+    /// window then has no data, and its commands say so. Without a program folder, which start-up has
+    /// reported, opens no database. What else is asked for is done once the window is shown.
+    void load(bool hasProgramFolder, const StartRequest& request);
 
     /// Rebuilds the menu of the views opened so far.
     void UpdateHistoryList();
@@ -70,6 +73,7 @@ private:
     void showDatabase();
     void showRecent();
     void openLists();
+    void lookForOutsideChange();
     void viewAll(RecordKind kind);
     void viewHome();
     void add(const RecordAddition& addition);
@@ -78,7 +82,6 @@ private:
     [[nodiscard]] QString unwritable() const;
 
     Platform m_platform;
-    DatabaseOpener& m_opener;
     ProgramState& m_state;
     MainCommands* m_commands;
     HelpCommands* m_help;
@@ -100,4 +103,6 @@ private:
     ViewPages* m_pages;
     HistoryNavigation* m_navigation;
     Preferences m_preferences;
+    StartCommands* m_starts;
+    bool m_isChangedOutside = false; ///< whether the view to be shown next has another program's changes
 };
