@@ -57,7 +57,7 @@ int ListsModel::columnCount(const QModelIndex& parent) const
 QString ListsModel::text(const LookupRow& row, int column) const
 {
     if (column == usesColumn()) {
-        const QString shown = QString::number(row.shown());
+        QString shown = QString::number(row.shown());
         if (row.deleted() == 0) return shown;
         return tr("%1 + %n deleted", nullptr, static_cast<int>(row.deleted())).arg(shown);
     }

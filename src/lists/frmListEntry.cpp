@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int shortestLine = 30; ///< letters
+constexpr int shortestLine = 40; ///< letters
 constexpr int mostChoicesShown = 15;
 
 QString degrees(double number)
