@@ -76,8 +76,6 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] frmSearch& keywordSearch();
-    void searchAgain();
-
     [[nodiscard]] const clsView& currentView() const;
 
     SearchSurroundings m_at;

@@ -6,9 +6,9 @@
 #include "app/frmSplash.h"
 #include "browse/home/HomePage.h"
 #include "files/FolderList.h"
-#include "opening/frmBringAlong.h"
 #include "lists/ListKind.h"
 #include "map/frmPosition.h"
+#include "opening/frmBringAlong.h"
 #include "opening/frmImport.h"
 #include "platform/StdREG.h"
 
