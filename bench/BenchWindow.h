@@ -8,6 +8,7 @@
 #include "platform/FileAttributes.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
+#include "platform/OtherWindows.h"
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 #include "platform/Volumes.h"
@@ -47,6 +48,7 @@ class NoFiles final : public FileDialogs, public DatabaseConverter, public Shell
 {
 public:
     [[nodiscard]] QString openFile(const QString& title, const QString& filter) override;
+    [[nodiscard]] QString chooseFolder(const QString& title, const QString& start) override;
     [[nodiscard]] Result convert(const QString& source, const QString& target, bool replace) override;
     [[nodiscard]] bool open(const QUrl& url) override;
     [[nodiscard]] bool start(const QString& program, const QString& file) override;
@@ -71,6 +73,7 @@ private:
     NoFiles m_files;
     SystemClock m_clock;
     SystemVolumes m_volumes;
+    NoOtherWindows m_otherWindows;
     Platform m_platform;
     Main_Mod m_program;
 };

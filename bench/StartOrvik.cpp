@@ -9,6 +9,7 @@
 #include "EndAtOnce.h"
 #include "browse/window/frmMain.h"
 #include "platform/DesktopShell.h"
+#include "platform/OtherWindows.h"
 #include "widgets/IconSet.h"
 #include "widgets/IndicatorStyle.h"
 #include "widgets/ReadablePalette.h"
@@ -67,8 +68,9 @@ int main(int argc, char** argv)
     NoFiles files;
     SystemClock clock;
     SystemVolumes volumes;
+    NoOtherWindows otherWindows;
     DesktopShell shell; // as in the program, with all that it links
-    Main_Mod program({messages, settings, fileAttributes, files, clock, volumes, shell}, files,
+    Main_Mod program({messages, settings, fileAttributes, files, clock, volumes, shell, otherWindows}, files,
                      ProgramFolder(QString::fromLocal8Bit(argv[1])), QString());
     program.Main();
     if (argc > 2) {

@@ -29,9 +29,9 @@ endfunction()
 set(ORVIK_SOURCES_APART
     data/EditableRecordSet.cpp data/EngineRules.cpp data/MomentCondition.cpp data/StatementTokens.cpp
     data/StoredQuery.cpp editors/frmDocument.cpp editors/frmEvent.cpp editors/frmOrganization.cpp
-    editors/frmPicList.cpp files/FileCopy.cpp map/OrganizationPlaces.cpp records/DocumentStore.cpp
-    records/EventStore.cpp records/OrganizationStore.cpp search/LinkButton.cpp timeline/EventMarker.cpp
-    timeline/WindowEvents.cpp widgets/ReadablePalette.cpp widgets/WindowSize.cpp)
+    editors/frmPicList.cpp files/FileCopy.cpp files/SharedFolderSplit.cpp map/OrganizationPlaces.cpp
+    records/DocumentStore.cpp records/EventStore.cpp records/OrganizationStore.cpp timeline/EventMarker.cpp
+    timeline/WindowEvents.cpp widgets/LinkButton.cpp widgets/ReadablePalette.cpp widgets/WindowSize.cpp)
 
 # orvik_compile_together(LIBRARY file...): with ORVIK_UNITY, the sources of a room are compiled as one, but those apart.
 function(orvik_compile_together library)

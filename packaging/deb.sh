@@ -14,6 +14,14 @@ trap 'rm -rf "$content"' EXIT
 dpkg-deb -x "$package" "$content"
 
 desktop-file-validate "$content/usr/share/applications/orvik-database.desktop"
+# the desktop knows a database by what is in it, whatever its name
+export XDG_DATA_HOME="$content/usr/share"
+update-mime-database "$XDG_DATA_HOME/mime"
+cp "$XDG_DATA_HOME/orvik/sample/data/orvik-sample.sqlite" "$content/unnamed"
+for file in "$XDG_DATA_HOME/orvik/sample/data/orvik-sample.sqlite" "$content/unnamed"; do
+    gio info -a standard::content-type "$file" | grep -q 'application/x-orvik-database$' ||
+        { echo "$file is not known as a database" >&2; exit 1; }
+done
 appstreamcli validate --no-net "$content/usr/share/metainfo/org.orvik.database.metainfo.xml"
 for page in "$content"/usr/share/man/man1/*.gz; do
     complaints=$(man --warnings -l "$page" 2>&1 >/dev/null)

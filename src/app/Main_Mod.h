@@ -3,6 +3,7 @@
 #pragma once
 
 #include "opening/DatabaseOpener.h"
+#include "opening/StartRequest.h"
 #include "platform/Platform.h"
 #include "state/ProgramState.h"
 
@@ -23,13 +24,19 @@ public:
     Main_Mod(const Main_Mod&) = delete;
     Main_Mod& operator=(const Main_Mod&) = delete;
 
+    /// Hands a request to the window that has the database open already, and returns true if it took it. If
+    /// there is none, other starts are handed to this one from now on. `activationToken` is the one that the
+    /// desktop gave this start, or empty.
+    [[nodiscard]] bool handOver(const StartRequest& request, const QString& activationToken);
+
     /// Starts the program and returns. A failure shows one message; the program goes on with what there is.
-    void Main();
+    void Main(const StartRequest& request = {});
 
     [[nodiscard]] ProgramState& state() { return m_state; }
     [[nodiscard]] frmMain* window() { return m_window.get(); }
 
 private:
+    [[nodiscard]] QString databaseOf(const StartRequest& request) const;
     void prepareProgramFolder();
 
     Platform m_platform;

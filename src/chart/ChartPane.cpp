@@ -69,7 +69,15 @@ void ChartPane::drawCharts()
     m_more->setText(tr("and %1 more", nullptr, static_cast<int>(leftOut))
                         .arg(QLocale(QLocale::English).toString(leftOut)));
     m_more->setVisible(leftOut > 0);
+    m_chart->setEmptyText({});
     m_chart->setCounts(std::move(counts));
+}
+
+void ChartPane::explainEmpty(std::size_t documents)
+{
+    if (!m_chart->counts().empty()) return;
+    m_chart->setEmptyText(documents == 0 ? tr("No documents to show.")
+                                         : tr("None of these documents has a type."));
 }
 
 void ChartPane::selectBar(int bar, Qt::MouseButton button, const QPoint& position)

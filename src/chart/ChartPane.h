@@ -30,6 +30,10 @@ public:
     /// empty; that is not reported here, since the list reads the same view and reports it.
     void drawCharts();
 
+    /// Says on a chart without bars why it has none. To be called after each drawing, once the number of
+    /// documents in the view is known.
+    void explainEmpty(std::size_t documents);
+
     /// The type of the bar that was selected last; empty before.
     [[nodiscard]] const QString& selectedDocType() const { return m_selectedDocType; }
 

@@ -39,7 +39,7 @@ ChartView::ChartView(QWidget* parent) : QChartView(parent), m_bars(*chart())
     AccessibleItems::install();
     setObjectName(QStringLiteral("MSChart1"));
     setAccessibleName(tr("Documents by Type"));
-    setAccessibleDescription(tr("The arrow keys go from bar to bar, the menu key opens a bar's menu"));
+    setEmptyText({});
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setRenderHint(QPainter::Antialiasing);
@@ -64,6 +64,14 @@ void ChartView::setCounts(std::vector<DocumentTypeCount> counts)
     layOut();
     QAccessibleTableModelChangeEvent changed(this, QAccessibleTableModelChangeEvent::ModelReset);
     QAccessible::updateAccessibility(&changed);
+}
+
+void ChartView::setEmptyText(const QString& text)
+{
+    m_emptyText = text;
+    setAccessibleDescription(
+        text.isEmpty() ? tr("The arrow keys go from bar to bar, the menu key opens a bar's menu") : text);
+    viewport()->update();
 }
 
 qint64 ChartView::highestCount() const
@@ -282,8 +290,7 @@ void ChartView::paintEvent(QPaintEvent* event)
     QPainter painter(viewport());
     if (m_counts.empty()) {
         painter.setPen(palette().color(QPalette::Text));
-        painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
-                         tr("No documents of any type."));
+        painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
     } else {
         painter.setPen(palette().color(QPalette::Text));
         m_names.draw(painter, fontMetrics(), inView(1, 0).x() - inView(0, 0).x(),

@@ -24,6 +24,9 @@ public:
     void setCounts(std::vector<DocumentTypeCount> counts);
     [[nodiscard]] const std::vector<DocumentTypeCount>& counts() const { return m_counts; }
 
+    /// Sets what is written on a chart without bars; empty for one with bars.
+    void setEmptyText(const QString& text);
+
     /// Marks one bar, or none.
     void setCurrentBar(std::optional<int> bar);
 
@@ -70,6 +73,7 @@ private:
     [[nodiscard]] QPointF inView(double bar, double value) const;
 
     std::vector<DocumentTypeCount> m_counts;
+    QString m_emptyText;
     std::optional<int> m_current;
     ChartBars m_bars;
     BarNames m_names;

@@ -15,9 +15,12 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <utility>
+
 namespace {
 
 constexpr int lockPatienceMilliseconds = 1000;
+constexpr auto dataVersionStatement = "PRAGMA data_version";
 
 /// Grants an access for as long as it lives.
 class AccessGranted
@@ -53,16 +56,16 @@ QString absolutePath(const QString& file)
 DatabaseSession::DatabaseSession() = default;
 DatabaseSession::~DatabaseSession() = default;
 
-void DatabaseSession::open(const QString& file)
+void DatabaseSession::open(const QString& file, Access access)
 {
     try {
         const QString path = absolutePath(file);
         refuseForeignJournal(path);
-        auto opened = callEngine([&path] {
+        auto opened = callEngine([&path, access] {
+            const int mode = access == Access::Read ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE;
             // one thread works with the file, so SQLite needs no locks of its own
             return std::make_shared<SQLite::Database>(QFile::encodeName(path).toStdString(),
-                                                      SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
-                                                      lockPatienceMilliseconds);
+                                                      mode | SQLite::OPEN_NOMUTEX, lockPatienceMilliseconds);
         });
         m_watch.beginStep();
         addSchemaLimits(opened->getHandle(), &m_watch);
@@ -73,6 +76,8 @@ void DatabaseSession::open(const QString& file)
             return readCatalog(*opened);
         });
         setRollbackJournal(*opened);
+        const qint64 dataVersion =
+            callEngine([&opened] { return opened->execAndGet(dataVersionStatement).getInt64(); });
         addLimits(opened->getHandle());
         addTextRules(opened->getHandle());
         addAuthorizer(opened->getHandle(), &m_access);
@@ -81,6 +86,8 @@ void DatabaseSession::open(const QString& file)
         m_catalog = std::move(catalog);
         m_prepared = std::make_shared<PreparedStatements>();
         m_fileName = file;
+        m_dataVersion = dataVersion;
+        m_opened = access;
     } catch (const Error& error) {
         throw Error(error.number(), QStringLiteral("%1 (%2)").arg(error.description(), file));
     }
@@ -114,6 +121,21 @@ void DatabaseSession::requireWritable() const
             ? DataTexts::tr("The database can be read, but not changed. (%1)").arg(m_fileName)
             : DataTexts::tr("The database can be read, but not changed: its folder is read-only. (%1)")
                   .arg(folder()));
+}
+
+bool DatabaseSession::wasChangedOutside()
+{
+    int hasMoved = 0;
+    sqlite3_file_control(database()->getHandle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+    // programs that keep folders of two machines the same put a new file in place of the old one
+    if (hasMoved != 0 && QFileInfo(m_fileName).isFile()) {
+        open(m_fileName, m_opened);
+        return true;
+    }
+    EngineStatement asked = prepare(QString::fromLatin1(dataVersionStatement), Access::Read);
+    asked.step();
+    const qint64 before = std::exchange(m_dataVersion, asked.integer(0));
+    return m_dataVersion != before;
 }
 
 bool DatabaseSession::hasReadOnlyFile() const
@@ -236,11 +258,17 @@ void Transaction::commit()
     try {
         m_session.runInEngine(QStringLiteral("COMMIT"));
     } catch (const Error&) {
-        try {
-            m_session.runInEngine(QStringLiteral("ROLLBACK"));
-        } catch (const Error&) {
-            // SQLite has rolled back by itself
-        }
+        rollBack();
         throw;
+    }
+}
+
+void Transaction::rollBack()
+{
+    m_open = false;
+    try {
+        m_session.runInEngine(QStringLiteral("ROLLBACK"));
+    } catch (const Error&) {
+        // SQLite has rolled back by itself
     }
 }

@@ -28,19 +28,25 @@ public:
     DatabaseSession(const DatabaseSession&) = delete;
     DatabaseSession& operator=(const DatabaseSession&) = delete;
 
-    /// Opens a file that exists. Throws Error; what was open before then stays open.
-    void open(const QString& file);
+    /// Opens a file that exists, which nothing can change if it is opened for reading. Throws Error; what was
+    /// open before then stays open.
+    void open(const QString& file, Access access = Access::Write);
     void close();
 
     [[nodiscard]] bool isOpen() const { return m_database != nullptr; }
     [[nodiscard]] const QString& fileName() const { return m_fileName; }
 
-    /// Whether the open file can be read but not changed: because of the file itself, or because of its
-    /// folder, which has to take the journal of a change.
+    /// Whether the open file can be read but not changed: because it was opened for reading, because of the
+    /// file itself, or because of its folder, which has to take the journal of a change.
     [[nodiscard]] bool isReadOnly() const;
 
     /// Throws an Error that names the cause if the open file can be read but not changed.
     void requireWritable() const;
+
+    /// Whether another program has changed the open file since this was asked last or, the first time, since
+    /// it was opened. If another file has taken its place, opens that. Throws Error if the file cannot be
+    /// read.
+    [[nodiscard]] bool wasChangedOutside();
 
     /// The tables and stored queries of the open file; empty while none is open.
     [[nodiscard]] const Catalog& catalog() const { return m_catalog; }
@@ -82,6 +88,8 @@ private:
     std::shared_ptr<PreparedStatements> m_prepared; ///< of the open file
     QString m_fileName;
     Access m_access = Access::Read;
+    Access m_opened = Access::Write; ///< what the file was opened for
+    qint64 m_dataVersion = 0;        ///< of SQLite; stays the same until another connection writes
     StatementWatch m_watch;
 };
 
@@ -98,7 +106,24 @@ public:
     /// Throws Error if the file cannot take the rows; then none of them is in it.
     void commit();
 
+    /// Takes back what was written since the transaction began.
+    void rollBack();
+
 private:
     DatabaseSession& m_session;
     bool m_open = true;
 };
+
+/// Runs `write` in a transaction of its own: if it throws, nothing of it is in the file.
+template <typename Write>
+void writeWholly(DatabaseSession& session, Write&& write)
+{
+    Transaction transaction(session);
+    try {
+        write();
+    } catch (...) {
+        transaction.rollBack();
+        throw;
+    }
+    transaction.commit();
+}

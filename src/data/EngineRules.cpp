@@ -107,6 +107,8 @@ int authorize(void* context, int action, const char* first, const char* second, 
     case SQLITE_UPDATE:
     case SQLITE_DELETE:
         return allow(writing && isOwnTable(first));
+    case SQLITE_PRAGMA:
+        return allow(std::string_view(first) == "data_version" && second == nullptr);
     case SQLITE_TRANSACTION:
         return allow(writing);
     default:

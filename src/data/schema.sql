@@ -2,7 +2,7 @@
 -- The schema of an Orvik database.
 --
 -- One plain SQLite file. Built-in collations only, so that any SQLite tool can open, check and repair it.
--- The program itself never runs this script: the importer and the builders of sample data do.
+-- A new collection, the importer and the builders of sample data run this script; an existing file is never given it.
 --
 -- Held forms:  DATE TEXT      YYYY-MM-DD
 --              TIME TEXT      HH:MM, or HH:MM:SS where an import brought seconds

@@ -36,6 +36,12 @@ void CheckList::addItem(const CheckEntry& entry, int place)
     item->setData(placeRole, place);
 }
 
+void CheckList::append(const CheckEntry& entry)
+{
+    addItem(entry, count());
+    setCurrentRow(count() - 1);
+}
+
 std::vector<CheckEntry> CheckList::entries() const
 {
     std::vector<CheckEntry> entries(static_cast<std::size_t>(count()));

@@ -20,6 +20,9 @@ public:
     /// Shows those that are checked first. They keep their places while the user ticks.
     void setEntries(const std::vector<CheckEntry>& entries);
 
+    /// Adds an entry behind the others, and shows it.
+    void append(const CheckEntry& entry);
+
     /// In the order in which they were set.
     [[nodiscard]] std::vector<CheckEntry> entries() const;
 

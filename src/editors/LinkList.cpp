@@ -2,6 +2,7 @@
 
 #include "editors/LinkList.h"
 
+#include "editors/PickedLists.h"
 #include "widgets/LineDelegate.h"
 #include "widgets/PlainToolTip.h"
 
@@ -34,6 +35,11 @@ LinkList::LinkList(const Names& names, PickListKind kind, QWidget* parent)
 
     auto* buttons = new QVBoxLayout;
     buttons->addWidget(m_add);
+    if (const auto list = listOf(kind)) {
+        QPushButton* button = makeNewButton(names, *list);
+        buttons->addWidget(button);
+        setTabOrder(m_add, button);
+    }
     buttons->addWidget(m_clear);
     buttons->addStretch();
     auto* layout = new QHBoxLayout(this);
@@ -45,6 +51,27 @@ LinkList::LinkList(const Names& names, PickListKind kind, QWidget* parent)
     connect(m_list, &QListWidget::itemDoubleClicked, this, &LinkList::open);
     connect(m_add, &QPushButton::clicked, this, &LinkList::addPressed);
     connect(m_clear, &QPushButton::clicked, this, [this] { setEntries({}); });
+}
+
+QPushButton* LinkList::makeNewButton(const Names& names, ListKind list)
+{
+    auto* button = new QPushButton(tr("New…"), this);
+    button->setObjectName(
+        QString::fromLatin1(names.add).replace(QStringLiteral("Add"), QStringLiteral("New")));
+    button->setAccessibleName(tr("New: %1").arg(listEntryWord(list)));
+    button->setToolTip(tr("Adds an entry to the list: %1").arg(listTitle(list)));
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, &LinkList::newPressed);
+    return button;
+}
+
+void LinkList::append(const ListEntry& entry)
+{
+    std::vector<ListEntry> all = entries();
+    if (all.size() == 1 && all.front().key == noneKey) all.clear();
+    all.push_back(entry);
+    setEntries(all);
+    m_list->setCurrentRow(m_list->count() - 1);
 }
 
 void LinkList::setEntries(const std::vector<ListEntry>& entries)

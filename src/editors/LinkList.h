@@ -3,6 +3,7 @@
 #pragma once
 
 #include "data/ListEntry.h"
+#include "lists/ListKind.h"
 #include "records/PickList.h"
 #include "records/RecordKind.h"
 
@@ -38,11 +39,17 @@ public:
     /// While the list is locked, a double click or Enter asks to show the linked record, and long names wrap.
     void setLocked(bool locked);
 
+    /// Adds an entry behind the others, in place of "None".
+    void append(const ListEntry& entry);
+
     [[nodiscard]] PickListKind kind() const { return m_kind; }
     [[nodiscard]] QListWidget* list() const { return m_list; }
 
 Q_SIGNALS:
     void addPressed();
+
+    /// The user wants to add an entry to the lookup table that the list takes its records from.
+    void newPressed();
 
     /// The user asks to see the linked record of that key.
     void opened(RecordKind kind, qint64 key);
@@ -51,6 +58,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QPushButton* makeNewButton(const Names& names, ListKind list);
     void addItem(const ListEntry& entry);
     bool open(const QListWidgetItem* item);
 

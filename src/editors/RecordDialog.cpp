@@ -4,9 +4,12 @@
 
 #include "data/DatabaseSession.h"
 #include "editors/AddressEdit.h"
+#include "editors/CheckList.h"
 #include "editors/EntryCombo.h"
+#include "editors/FieldWithNew.h"
 #include "editors/FileDrop.h"
 #include "editors/LinkList.h"
+#include "editors/PickedLists.h"
 #include "editors/PickerEdit.h"
 #include "editors/frmPicList.h"
 #include "platform/Messages.h"
@@ -27,11 +30,12 @@
 
 #include <algorithm>
 
-RecordDialog::RecordDialog(const Platform& platform, DatabaseSession& session, const QString& name,
-                           QSize firstSize, QWidget* parent)
+RecordDialog::RecordDialog(const Platform& platform, DatabaseSession& session, const NewEntries& newEntries,
+                           const QString& name, QSize firstSize, QWidget* parent)
     : QDialog(parent),
       m_platform(platform),
       m_session(session),
+      m_newEntries(newEntries),
       m_firstSize(firstSize),
       m_layout(new QVBoxLayout(this))
 {
@@ -139,6 +143,8 @@ void RecordDialog::setMode(EditorMode mode)
     m_ok->setEnabled(canBeEdited);
     m_ok->setToolTip(canBeEdited ? QString() : tr("The database can be read, but not changed."));
     showRequired(mode != EditorMode::View);
+    for (FieldWithNew* field : m_form->findChildren<FieldWithNew*>())
+        field->setOffered(mode != EditorMode::View);
     if (cmdOpenFile != nullptr) cmdOpenFile->setVisible(mode == EditorMode::View);
     applyMode(mode);
 }
@@ -272,6 +278,9 @@ void RecordDialog::connectAddress(AddressEdit* address)
 void RecordDialog::connectList(LinkList* list)
 {
     connect(list, &LinkList::addPressed, this, [this, list] { pickFor(*list); });
+    connect(list, &LinkList::newPressed, this, [this, list] {
+        if (const auto added = addEntry(*listOf(list->kind()))) list->append({added->name, added->key});
+    });
     connect(list, &LinkList::opened, this, &RecordDialog::recordAsked);
 }
 
@@ -285,11 +294,39 @@ void RecordDialog::connectDrop(FileDrop* drop, QWidget* field)
             [this] { m_platform.messages.show(FileDrop::severalText()); });
 }
 
+FieldWithNew* RecordDialog::withNew(EntryCombo* combo, ListKind list, const char* button)
+{
+    auto* field = new FieldWithNew(combo, list, button, combo->parentWidget());
+    connect(field, &FieldWithNew::newPressed, this, [this, combo, list] {
+        const auto added = addEntry(list);
+        if (!added) return;
+        combo->append({added->name, added->key});
+        combo->selectKey(added->key);
+    });
+    return field;
+}
+
+FieldWithNew* RecordDialog::withNew(CheckList* checks, ListKind list, const char* button)
+{
+    auto* field = new FieldWithNew(checks, list, button, checks->parentWidget());
+    connect(field, &FieldWithNew::newPressed, this, [this, checks, list] {
+        if (const auto added = addEntry(list)) checks->append({{added->name, added->key}, true});
+    });
+    return field;
+}
+
+std::optional<LookupEntry> RecordDialog::addEntry(ListKind list, const LookupEntry& preset)
+{
+    auto added = m_newEntries.add(list, preset, this);
+    m_hasWritten = m_hasWritten || added;
+    return added;
+}
+
 void RecordDialog::pickFor(LinkList& list)
 {
     runTrapped("showList", [&] {
         PickedItems items = pickedItems(list.entries());
-        if (frmPicList(m_platform, m_session, this).showList(list.kind(), items)) {
+        if (frmPicList(m_platform, m_session, this, &m_newEntries).showList(list.kind(), items)) {
             list.setEntries(listEntries(items));
         }
     });

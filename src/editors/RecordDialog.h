@@ -4,6 +4,7 @@
 
 #include "data/ListEntry.h"
 #include "editors/FormControls.h"
+#include "lists/NewEntries.h"
 #include "platform/Platform.h"
 #include "platform/Procedure.h"
 #include "records/EditorTypes.h"
@@ -17,8 +18,10 @@
 #include <vector>
 
 class AddressEdit;
+class CheckList;
 class DatabaseSession;
 class EntryCombo;
+class FieldWithNew;
 class FileDrop;
 class LinkList;
 class QHBoxLayout;
@@ -59,9 +62,17 @@ Q_SIGNALS:
     void fileAsked();
 
 protected:
-    /// The session must outlive the dialog.
-    RecordDialog(const Platform& platform, DatabaseSession& session, const QString& name, QSize firstSize,
-                 QWidget* parent);
+    /// The session and what adds entries must outlive the dialog.
+    RecordDialog(const Platform& platform, DatabaseSession& session, const NewEntries& newEntries,
+                 const QString& name, QSize firstSize, QWidget* parent);
+
+    /// Puts a button beside a drop-down or a list with check boxes, which adds an entry to the list that it
+    /// offers and selects or ticks it. `button` is its object name.
+    FieldWithNew* withNew(EntryCombo* combo, ListKind list, const char* button);
+    FieldWithNew* withNew(CheckList* checks, ListKind list, const char* button);
+
+    /// Lets the user add an entry to a list. What is typed here stays.
+    std::optional<LookupEntry> addEntry(ListKind list, const LookupEntry& preset = {});
 
     /// Puts the form into the dialog, where it scrolls when the window is small.
     void setForm(QWidget* form);
@@ -128,6 +139,7 @@ protected:
     /// Shows `field`, which takes the file, while one is held over the dialog. Several files are refused.
     void connectDrop(FileDrop* drop, QWidget* field);
 
+    [[nodiscard]] const NewEntries& newEntries() const { return m_newEntries; }
     [[nodiscard]] EditorMode mode() const { return m_mode; }
     [[nodiscard]] const Platform& platform() const { return m_platform; }
     [[nodiscard]] QWidget* form() const { return m_form; }
@@ -153,6 +165,7 @@ private:
 
     Platform m_platform;
     DatabaseSession& m_session;
+    const NewEntries& m_newEntries;
     EditorMode m_mode = EditorMode::Add;
     QSize m_firstSize;
     QWidget* m_form = nullptr;

@@ -13,29 +13,34 @@
 
 #include <algorithm>
 
-RecordEditors::RecordEditors(const Platform& platform, DatabaseSession& session, const ProgramFolder& folder,
-                             QWidget& window)
-    : QObject(&window), m_platform(platform), m_session(session), m_folder(folder), m_window(window)
+RecordEditors::RecordEditors(const Platform& platform, DatabaseSession& session, const NewEntries& newEntries,
+                             const ProgramFolder& folder, QWidget& window)
+    : QObject(&window),
+      m_platform(platform),
+      m_session(session),
+      m_newEntries(newEntries),
+      m_folder(folder),
+      m_window(window)
 {
 }
 
 void RecordEditors::addDocument(const std::optional<clsFieldInfo>& preset, const QString& file)
 {
-    frmDocument dialog(m_platform, m_session, m_folder, &m_window);
+    frmDocument dialog(m_platform, m_session, m_newEntries, m_folder, &m_window);
     dialog.addDocument(preset, file);
     finish(RecordKind::Document, dialog);
 }
 
 void RecordEditors::addEvent(const std::optional<clsFieldInfo>& preset)
 {
-    frmEvent dialog(m_platform, m_session, &m_window);
+    frmEvent dialog(m_platform, m_session, m_newEntries, &m_window);
     if (dialog.addEvent(preset)) Q_EMIT eventSaved(dialog.getStartDate());
     finish(RecordKind::Event, dialog);
 }
 
 void RecordEditors::addOrganization()
 {
-    frmOrganization dialog(m_platform, m_session, m_folder, &m_window);
+    frmOrganization dialog(m_platform, m_session, m_newEntries, m_folder, &m_window);
     dialog.addOrganization();
     finish(RecordKind::Organization, dialog);
 }
@@ -62,20 +67,20 @@ void RecordEditors::open(RecordKind kind, qint64 id, EditorMode mode, QWidget& o
     const bool forEditing = mode == EditorMode::Edit;
     switch (kind) {
     case RecordKind::Document: {
-        frmDocument dialog(m_platform, m_session, m_folder, &over);
+        frmDocument dialog(m_platform, m_session, m_newEntries, m_folder, &over);
         prepare(kind, dialog);
         forEditing ? dialog.editDocument(id) : dialog.viewDocument(id);
         return finish(kind, dialog);
     }
     case RecordKind::Event: {
-        frmEvent dialog(m_platform, m_session, &over);
+        frmEvent dialog(m_platform, m_session, m_newEntries, &over);
         prepare(kind, dialog);
         const bool isSaved = forEditing ? dialog.editEvent(id) : dialog.viewEvent(id);
         if (isSaved) Q_EMIT eventSaved(dialog.getStartDate());
         return finish(kind, dialog);
     }
     case RecordKind::Organization: {
-        frmOrganization dialog(m_platform, m_session, m_folder, &over);
+        frmOrganization dialog(m_platform, m_session, m_newEntries, m_folder, &over);
         prepare(kind, dialog);
         forEditing ? dialog.editOrganization(id) : dialog.viewOrganization(id);
         return finish(kind, dialog);

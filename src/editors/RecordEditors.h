@@ -14,6 +14,7 @@
 #include <vector>
 
 class DatabaseSession;
+class NewEntries;
 class ProgramFolder;
 class QWidget;
 class RecordDialog;
@@ -26,8 +27,8 @@ class RecordEditors final : public QObject
 
 public:
     /// All must outlive the editors.
-    RecordEditors(const Platform& platform, DatabaseSession& session, const ProgramFolder& folder,
-                  QWidget& window);
+    RecordEditors(const Platform& platform, DatabaseSession& session, const NewEntries& newEntries,
+                  const ProgramFolder& folder, QWidget& window);
 
     /// `file` is the path of a file to begin with, or empty.
     void addDocument(const std::optional<clsFieldInfo>& preset = {}, const QString& file = QString());
@@ -70,6 +71,7 @@ private:
 
     Platform m_platform;
     DatabaseSession& m_session;
+    const NewEntries& m_newEntries;
     const ProgramFolder& m_folder;
     QWidget& m_window;
 };

@@ -5,6 +5,7 @@
 #include "editors/AddressEdit.h"
 #include "editors/CheckList.h"
 #include "editors/EntryCombo.h"
+#include "editors/FieldWithNew.h"
 #include "editors/FileDrop.h"
 #include "editors/FormControls.h"
 #include "editors/FormGrid.h"
@@ -32,9 +33,9 @@ constexpr int listsShare = 2;
 
 } // namespace
 
-frmDocument::frmDocument(const Platform& platform, DatabaseSession& session, const ProgramFolder& folder,
-                         QWidget* parent)
-    : RecordDialog(platform, session, QStringLiteral("frmDocument"), firstSize, parent),
+frmDocument::frmDocument(const Platform& platform, DatabaseSession& session, const NewEntries& newEntries,
+                         const ProgramFolder& folder, QWidget* parent)
+    : RecordDialog(platform, session, newEntries, QStringLiteral("frmDocument"), firstSize, parent),
       m_store(session, folder, platform.clock)
 {
     makeForm();
@@ -74,7 +75,7 @@ void frmDocument::makeFields(QWidget* page)
     grid.add(tr("&Web address:"), txtURL, 2);
     cmbFileTypeNames = m_fields.bind(new EntryCombo(EntryCombo::Kind::Plain, page), &Record::fileTypeId);
     cmbFileTypeNames->setObjectName(QStringLiteral("cmbFileTypeNames"));
-    grid.add(tr("File t&ype:"), cmbFileTypeNames);
+    grid.add(tr("File t&ype:"), withNew(cmbFileTypeNames, ListKind::FileTypes, "cmdNewFileType"));
     m_fields.bind(grid.check("chkKeyDocument", tr("&Key document")), &Record::keyDocument);
     makeOrganizationField(grid);
     makeFileField(grid);
@@ -134,7 +135,8 @@ void frmDocument::makeLists(QWidget* page)
     grid.addTall(tr("Categor&ies:"), m_fields.bind(categories, &DocumentRecord::categories));
     auto* venues = new CheckList(u'v', page);
     venues->setObjectName(QStringLiteral("lvVenues"));
-    grid.addTall(tr("Ven&ues:"), m_fields.bind(venues, &DocumentRecord::venues), 2);
+    m_fields.bind(venues, &DocumentRecord::venues);
+    grid.addTall(tr("Ven&ues:"), withNew(venues, ListKind::Venues, "cmdNewVenue"), 2);
     connectList(types);
     connectList(categories);
 }

@@ -22,8 +22,8 @@ class frmDocument final : public RecordDialog
 
 public:
     /// The session and the folder must outlive the dialog.
-    frmDocument(const Platform& platform, DatabaseSession& session, const ProgramFolder& folder,
-                QWidget* parent);
+    frmDocument(const Platform& platform, DatabaseSession& session, const NewEntries& newEntries,
+                const ProgramFolder& folder, QWidget* parent);
 
     /// Each shows the dialog until the user is done with it, and returns whether a record was saved. `file`
     /// is the path of a file to begin with, or empty.

@@ -3,6 +3,7 @@
 #include "editors/frmEvent.h"
 
 #include "editors/CheckList.h"
+#include "editors/FieldWithNew.h"
 #include "editors/FormControls.h"
 #include "editors/FormGrid.h"
 #include "editors/PickerEdit.h"
@@ -20,8 +21,9 @@ constexpr QSize firstSize(1000, 700);
 
 } // namespace
 
-frmEvent::frmEvent(const Platform& platform, DatabaseSession& session, QWidget* parent)
-    : RecordDialog(platform, session, QStringLiteral("frmEvent"), firstSize, parent),
+frmEvent::frmEvent(const Platform& platform, DatabaseSession& session, const NewEntries& newEntries,
+                   QWidget* parent)
+    : RecordDialog(platform, session, newEntries, QStringLiteral("frmEvent"), firstSize, parent),
       m_store(session, platform.clock)
 {
     makeForm();
@@ -81,7 +83,7 @@ void frmEvent::makeLists(QWidget* page)
     FormGrid grid(page, 1);
     lvVenues = m_fields.bind(new CheckList(u'v', page), &EventRecord::venues);
     lvVenues->setObjectName(QStringLiteral("lvVenues"));
-    grid.addTall(tr("&Venues:"), lvVenues, 2);
+    grid.addTall(tr("&Venues:"), withNew(lvVenues, ListKind::Venues, "cmdNewVenue"), 2);
     grid.addTall(tr("&Functions:"), makeList({"lstEventFunctions", "cmdAddEventFunction",
                                               "cmdClearEventFunctions", tr("functions")},
                                              PickListKind::Functions, &EventRecord::functions, page));

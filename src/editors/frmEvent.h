@@ -20,7 +20,8 @@ class frmEvent final : public RecordDialog
 
 public:
     /// The session must outlive the dialog.
-    frmEvent(const Platform& platform, DatabaseSession& session, QWidget* parent);
+    frmEvent(const Platform& platform, DatabaseSession& session, const NewEntries& newEntries,
+             QWidget* parent);
 
     /// Each shows the dialog until the user is done with it, and returns whether a record was saved.
     bool addEvent(const std::optional<clsFieldInfo>& preset);

@@ -6,11 +6,13 @@
 #include "editors/ChartField.h"
 #include "editors/CheckList.h"
 #include "editors/EntryCombo.h"
+#include "editors/FieldWithNew.h"
 #include "editors/FileDrop.h"
 #include "editors/FormControls.h"
 #include "editors/FormGrid.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
+#include "widgets/LineEdit.h"
 
 #include <QHBoxLayout>
 #include <QIcon>
@@ -36,28 +38,25 @@ std::pair<QWidget*, QWidget*> addColumns(QWidget* page)
     return {left, right};
 }
 
-EntryCombo* addCombo(FormGrid& grid, const char* name, const QString& caption, QWidget* page)
+EntryCombo* makeCombo(const char* name, QWidget* page)
 {
     auto* combo = new EntryCombo(EntryCombo::Kind::Plain, page);
     combo->setObjectName(QString::fromLatin1(name));
-    grid.add(caption, combo);
     return combo;
 }
 
-CheckList* addCheckList(FormGrid& grid, const char* name, const QString& caption, QChar keyLetter,
-                        QWidget* page)
+CheckList* makeCheckList(const char* name, QChar keyLetter, QWidget* page)
 {
     auto* list = new CheckList(keyLetter, page);
     list->setObjectName(QString::fromLatin1(name));
-    grid.addTall(caption, list);
     return list;
 }
 
 } // namespace
 
 frmOrganization::frmOrganization(const Platform& platform, DatabaseSession& session,
-                                 const ProgramFolder& folder, QWidget* parent)
-    : RecordDialog(platform, session, QStringLiteral("frmOrganization"), firstSize, parent),
+                                 const NewEntries& newEntries, const ProgramFolder& folder, QWidget* parent)
+    : RecordDialog(platform, session, newEntries, QStringLiteral("frmOrganization"), firstSize, parent),
       m_store(session, folder, platform.clock)
 {
     makeForm();
@@ -96,12 +95,16 @@ void frmOrganization::makeAddressFields(QWidget* page)
     m_fields.bind(grid.line("txtAddress1", tr("&Address:"), 2), &Record::address1);
     m_fields.bind(grid.line("txtAddress2", tr("Address line &2:"), 2), &Record::address2);
     m_fields.bind(grid.line("txtAddress3", tr("Address line &3:"), 2), &Record::address3);
-    m_fields.bind(grid.line("txtCity", tr("&City:")), &Record::city);
-    cmbState = addCombo(grid, "cmbState", tr("&State:"), page);
+    txtCity = m_fields.bind(new LineEdit(page), &Record::city);
+    txtCity->setObjectName(QStringLiteral("txtCity"));
+    auto* city = new FieldWithNew(txtCity, ListKind::Cities, "cmdNewCity", page);
+    connect(city, &FieldWithNew::newPressed, this, &frmOrganization::addCity);
+    grid.add(tr("&City:"), city, 2);
+    cmbState = makeCombo("cmbState", page);
+    grid.add(tr("&State:"), withNew(cmbState, ListKind::States, "cmdNewState"));
     m_fields.add([this](const Record& record) { showState(record.state); },
                  [this](Record& record) { takeState(record.state); });
     m_fields.bind(grid.line("txtZip", tr("&Zip:")), &Record::zip);
-    grid.endRow();
     m_fields.bind(grid.line("txtTelephone", tr("&Telephone:")), &Record::telephone);
     m_fields.bind(grid.line("txtFax", tr("Fa&x:")), &Record::fax);
     auto* txtWebsite = m_fields.bind(new AddressEdit(page), &Record::website);
@@ -117,13 +120,18 @@ void frmOrganization::makeKindFields(QWidget* page)
 {
     using Record = OrganizationRecord;
     FormGrid grid(page, 1);
-    cmbOrgTypes =
-        m_fields.bind(addCombo(grid, "cmbOrgTypes", tr("T&ype:"), page), &Record::organizationTypeId);
+    cmbOrgTypes = m_fields.bind(makeCombo("cmbOrgTypes", page), &Record::organizationTypeId);
+    grid.add(tr("T&ype:"), withNew(cmbOrgTypes, ListKind::OrganizationTypes, "cmdNewOrgType"));
     // after the type, which brings the sub-types
-    cmbOrgSubTypes = m_fields.bind(addCombo(grid, "cmbOrgSubTypes", tr("Su&b-type:"), page),
-                                   &Record::organizationSubTypeId);
-    cmbFunctions = m_fields.bind(addCombo(grid, "cmbFunctions", tr("F&unction:"), page), &Record::functionId);
-    m_fields.bind(addCheckList(grid, "lvVenues", tr("&Venues:"), u'v', page), &Record::venues);
+    cmbOrgSubTypes = m_fields.bind(makeCombo("cmbOrgSubTypes", page), &Record::organizationSubTypeId);
+    auto* subType =
+        new FieldWithNew(cmbOrgSubTypes, ListKind::OrganizationSubTypes, "cmdNewOrgSubType", page);
+    connect(subType, &FieldWithNew::newPressed, this, &frmOrganization::addSubType);
+    grid.add(tr("Su&b-type:"), subType);
+    cmbFunctions = m_fields.bind(makeCombo("cmbFunctions", page), &Record::functionId);
+    grid.add(tr("F&unction:"), withNew(cmbFunctions, ListKind::Functions, "cmdNewFunction"));
+    auto* venues = m_fields.bind(makeCheckList("lvVenues", u'v', page), &Record::venues);
+    grid.addTall(tr("&Venues:"), withNew(venues, ListKind::Venues, "cmdNewVenue"));
 }
 
 QWidget* frmOrganization::makeProfilePage()
@@ -159,10 +167,13 @@ void frmOrganization::makeProfileFields(QWidget* page)
 void frmOrganization::makeProfileLists(QWidget* page)
 {
     FormGrid grid(page, 1);
-    m_fields.bind(addCheckList(grid, "lvJurisdictions", tr("&Jurisdictions:"), u'j', page),
-                  &OrganizationRecord::jurisdictions);
-    m_fields.bind(addCheckList(grid, "lvPopulations", tr("&Populations:"), u'p', page),
-                  &OrganizationRecord::populations);
+    auto* jurisdictions =
+        m_fields.bind(makeCheckList("lvJurisdictions", u'j', page), &OrganizationRecord::jurisdictions);
+    grid.addTall(tr("&Jurisdictions:"),
+                 withNew(jurisdictions, ListKind::Jurisdictions, "cmdNewJurisdiction"));
+    auto* populations =
+        m_fields.bind(makeCheckList("lvPopulations", u'p', page), &OrganizationRecord::populations);
+    grid.addTall(tr("&Populations:"), withNew(populations, ListKind::Populations, "cmdNewPopulation"));
 }
 
 void frmOrganization::connectParts()
@@ -218,6 +229,42 @@ void frmOrganization::fillSubTypes()
 {
     fillCombo(*cmbOrgSubTypes, [this](auto& entries) { m_store.fillSubTypes(cmbOrgTypes->key(), entries); });
     cmbOrgSubTypes->setCurrentIndex(0);
+}
+
+/// A new sub-type belongs to the type of the organization; if that is "None", the user chooses both.
+void frmOrganization::addSubType()
+{
+    LookupEntry preset;
+    preset.typeId = cmbOrgTypes->key();
+    const auto added = addEntry(ListKind::OrganizationSubTypes, preset);
+    if (!added) return;
+    if (added->typeId == cmbOrgTypes->key()) {
+        cmbOrgSubTypes->append({added->name, added->key});
+    } else {
+        cmbOrgTypes->selectKey(added->typeId);
+    }
+    cmbOrgSubTypes->selectKey(added->key);
+}
+
+/// Adds the city as it is typed to the known ones, with its position.
+void frmOrganization::addCity()
+{
+    LookupEntry preset;
+    preset.name = txtCity->text().trimmed();
+    preset.detail = cmbState->currentText();
+    bool isKnown = false;
+    const bool isRead =
+        runTrapped("addCity", [&] { isKnown = newEntries().isKnownCity(preset.name, preset.detail); });
+    if (!isRead) return;
+    if (isKnown) {
+        platform().messages.show(
+            tr("The city \"%1, %2\" has a position already.").arg(preset.name, preset.detail));
+        return;
+    }
+    const auto added = addEntry(ListKind::Cities, preset);
+    if (!added) return;
+    txtCity->setText(added->name);
+    cmbState->selectText(added->detail);
 }
 
 void frmOrganization::populateFields(qint64 id)

@@ -19,8 +19,8 @@ class frmOrganization final : public RecordDialog
 
 public:
     /// The session and the folder must outlive the dialog.
-    frmOrganization(const Platform& platform, DatabaseSession& session, const ProgramFolder& folder,
-                    QWidget* parent);
+    frmOrganization(const Platform& platform, DatabaseSession& session, const NewEntries& newEntries,
+                    const ProgramFolder& folder, QWidget* parent);
 
     /// Each shows the dialog until the user is done with it, and returns whether a record was saved.
     bool addOrganization();
@@ -42,6 +42,8 @@ private:
     bool openRecord(EditorMode mode, const char* procedure, qint64 id);
     void fillComboBoxes();
     void fillSubTypes();
+    void addSubType();
+    void addCity();
     void populateFields(qint64 id);
     void showRecord();
     void showState(const QString& state);
@@ -63,6 +65,7 @@ private:
     FormBinding<OrganizationRecord> m_fields;
     FormBinding<OrganizationProfile> m_profileFields;
     QLineEdit* txtOrganizationName = nullptr;
+    QLineEdit* txtCity = nullptr;
     EntryCombo* cmbState = nullptr;
     EntryCombo* cmbOrgTypes = nullptr;
     EntryCombo* cmbOrgSubTypes = nullptr;

@@ -4,6 +4,8 @@
 
 #include "editors/PickListModel.h"
 #include "editors/PickListView.h"
+#include "editors/PickedLists.h"
+#include "lists/NewEntries.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "widgets/LineEdit.h"
@@ -25,8 +27,13 @@ constexpr int columnOfTwo = 200;
 
 } // namespace
 
-frmPicList::frmPicList(const Platform& platform, DatabaseSession& session, QWidget* parent)
-    : QDialog(parent), m_platform(platform), m_session(session), m_model(new PickListModel(this))
+frmPicList::frmPicList(const Platform& platform, DatabaseSession& session, QWidget* parent,
+                       const NewEntries* newEntries)
+    : QDialog(parent),
+      m_platform(platform),
+      m_session(session),
+      m_newEntries(newEntries),
+      m_model(new PickListModel(this))
 {
     setObjectName(QStringLiteral("frmPicList"));
     makeParts();
@@ -47,6 +54,10 @@ void frmPicList::makeParts()
     m_list->setModel(m_model);
     m_count = new QLabel(this);
     m_count->setObjectName(QStringLiteral("lblCount"));
+    m_new = new QPushButton(tr("&New…"), this);
+    m_new->setObjectName(QStringLiteral("cmdNew"));
+    m_new->setAutoDefault(false);
+    m_new->hide();
     m_ok = new QPushButton(tr("OK"), this);
     m_ok->setObjectName(QStringLiteral("cmdOK"));
     m_ok->setDefault(true);
@@ -67,6 +78,7 @@ void frmPicList::layOut()
     buttons->addButton(m_cancel, QDialogButtonBox::RejectRole);
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(m_count, 1);
+    bottom->addWidget(m_new);
     bottom->addWidget(buttons);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(top);
@@ -84,6 +96,7 @@ void frmPicList::connectParts()
     connect(m_list, &PickListView::spacePressed, this, &frmPicList::toggleSelected);
     connect(m_list->header(), &QHeaderView::sectionClicked, this, &frmPicList::sortBy);
     connect(m_model, &PickListModel::ticksChanged, this, &frmPicList::countTicks);
+    connect(m_new, &QPushButton::clicked, this, &frmPicList::addEntry);
     connect(m_ok, &QPushButton::clicked, this, &frmPicList::cmdOK);
     connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -108,6 +121,11 @@ bool frmPicList::fill(PickListKind kind, const PickedItems& chosen)
 {
     std::vector<PickListRow> rows = readPickList(m_session, kind);
     if (rows.empty()) return false;
+    m_kind = kind;
+    if (const auto list = listOf(kind); list && m_newEntries != nullptr) {
+        m_new->setToolTip(tr("Adds an entry to the list: %1").arg(listTitle(*list)));
+        m_new->show();
+    }
     m_model->setRows(std::move(rows), kind, chosen);
     const QString header = pickListHeaders(kind).join(QStringLiteral(", "));
     setWindowTitle(tr("Choose: %1").arg(header));
@@ -126,6 +144,24 @@ void frmPicList::giveColumnsTheirWidths(PickListKind kind)
     } else {
         m_list->setColumnWidth(0, m_list->width() - besideTheColumn);
     }
+}
+
+/// A new entry is ticked; the other ticks stay.
+void frmPicList::addEntry()
+{
+    runProcedure(m_platform.messages, QStringLiteral("addEntry"), [this] {
+        PickedItems chosen = m_model->ticked();
+        const auto added = m_newEntries->add(*listOf(m_kind), {}, this);
+        if (!added) return;
+        chosen.push_back(clsPickListItem::of(added->key, added->name));
+        m_filter->clear();
+        m_model->setRows(readPickList(m_session, m_kind), m_kind, chosen);
+        if (m_sortColumn >= 0) m_model->sort(m_sortColumn, m_sortOrder);
+        for (int row = 0; row < m_model->rowCount(); ++row) {
+            const QModelIndex index = m_model->index(row, 0);
+            if (index.data(Qt::UserRole).toString() == chosen.back().key()) m_list->setCurrentIndex(index);
+        }
+    });
 }
 
 void frmPicList::cmdOK()

@@ -8,6 +8,7 @@
 #include <QDialog>
 
 class DatabaseSession;
+class NewEntries;
 class PickListModel;
 class PickListView;
 class QLabel;
@@ -21,8 +22,9 @@ class frmPicList final : public QDialog
     Q_OBJECT
 
 public:
-    /// The session must outlive the dialog.
-    frmPicList(const Platform& platform, DatabaseSession& session, QWidget* parent);
+    /// All must outlive the dialog. With `newEntries`, the user can add entries to a lookup table.
+    frmPicList(const Platform& platform, DatabaseSession& session, QWidget* parent,
+               const NewEntries* newEntries = nullptr);
 
     /// Shows the rows of a kind until the user decides. OK replaces `chosen` and returns true. Cancel, a
     /// failure and a kind without rows leave it as it was; the last two show a message.
@@ -41,16 +43,20 @@ private:
     void connectParts();
     bool fill(PickListKind kind, const PickedItems& chosen);
     void giveColumnsTheirWidths(PickListKind kind);
+    void addEntry();
     void cmdOK();
     void sortBy(int column);
     void countTicks();
 
     Platform m_platform;
     DatabaseSession& m_session;
+    const NewEntries* m_newEntries;
+    PickListKind m_kind = PickListKind::Organizations;
     PickListModel* m_model;
     PickListView* m_list = nullptr;
     QLineEdit* m_filter = nullptr;
     QLabel* m_count = nullptr;
+    QPushButton* m_new = nullptr;
     QPushButton* m_ok = nullptr;
     QPushButton* m_cancel = nullptr;
     PickedItems m_picked;

@@ -8,15 +8,27 @@
 
 class Volumes;
 
+/// The folders that stand for the two discs where no drive has them, as paths of the machine; empty for none.
+/// Each holds what its disc holds, or is itself the disc's one folder with the program's files.
+struct DiscFolders
+{
+    QString data;
+    QString photos;
+
+    friend bool operator==(const DiscFolders&, const DiscFolders&) = default;
+};
+
 /// The two discs that the files were distributed on, as they are in their drives at one moment.
 struct DistributionDiscs
 {
-    /// Looks at all volumes; of two with the same label the later one counts.
-    static DistributionDiscs scan(const Volumes& volumes);
+    /// Looks at all volumes; of two with the same label the later one counts, and a folder only if none has
+    /// it.
+    static DistributionDiscs scan(const Volumes& volumes, const DiscFolders& folders);
 
+    static constexpr auto filesFolder = u"OrvikDB"; ///< holds the program's files on both
     static constexpr auto dataLabel = u"Orvik";
     static constexpr auto photosLabel = u"Orvik_Photos";
 
-    std::optional<QString> data;   ///< where the data disc is mounted, as a path of the machine
+    std::optional<QString> data; ///< where the data disc is, as a path of the machine without `/` at its end
     std::optional<QString> photos; ///< the same for the disc with the pictures
 };

@@ -2,6 +2,7 @@
 
 #include "files/FileCopy.h"
 
+#include "files/FileBlocks.h"
 #include "files/FilesTexts.h"
 #include "files/LinkTarget.h"
 #include "util/Error.h"
@@ -18,16 +19,11 @@
 #include <system_error>
 #include <vector>
 
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <unistd.h>
-#endif
-
 namespace fs = std::filesystem;
 
-namespace {
+using FileBlocks::require;
 
-constexpr std::size_t blockSize = 1 << 20;
+namespace {
 
 /// Prefixes of the names of unfinished copies; the name of the target follows.
 constexpr auto uploadName = ".upload-";
@@ -36,18 +32,6 @@ constexpr auto replacedName = ".replaced-";
 QString textOf(const fs::path& path)
 {
     return QFile::decodeName(path.c_str());
-}
-
-[[noreturn]] void fail(int number, const fs::path& path)
-{
-    if (number == 0) number = EIO; // the library did not pass the reason on
-    const std::string reason = std::generic_category().message(number);
-    throw Error(number, QStringLiteral("%1 (%2)").arg(QString::fromLocal8Bit(reason.c_str()), textOf(path)));
-}
-
-void require(const std::error_code& code, const fs::path& path)
-{
-    if (code) fail(code.value(), path);
 }
 
 /// Removes what was not finished.
@@ -82,70 +66,11 @@ private:
     fs::path m_path;
 };
 
-std::ifstream openFile(const fs::path& file)
-{
-    std::error_code code;
-    const fs::file_status status = fs::status(file, code);
-    if (!fs::exists(status)) fail(code ? code.value() : ENOENT, file);
-    if (fs::is_directory(status)) fail(EISDIR, file);
-    if (!fs::is_regular_file(status)) fail(EINVAL, file); // a pipe or device may never end
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) fail(errno, file);
-    return stream;
-}
-
-std::ofstream createFile(const fs::path& file)
-{
-    std::ofstream stream(file, std::ios::binary | std::ios::trunc);
-    if (!stream) fail(errno, file);
-    return stream;
-}
-
-/// Closes a file and makes sure that it is on the disk before it gets its final name.
-void finish(std::ofstream& stream, const fs::path& file)
-{
-    stream.close();
-    if (!stream) fail(errno, file);
-#ifdef Q_OS_UNIX
-    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) fail(errno, file);
-    const int failure = ::fsync(descriptor) == 0 ? 0 : errno;
-    ::close(descriptor);
-    if (failure != 0) fail(failure, file);
-#endif
-}
-
-/// Hands the content of a file to `take`, block by block.
-template <typename Take>
-void readBlocks(const fs::path& file, Take&& take)
-{
-    std::ifstream source = openFile(file);
-    std::vector<char> block(blockSize);
-    for (;;) {
-        errno = 0;
-        source.read(block.data(), static_cast<std::streamsize>(block.size()));
-        if (source.bad()) fail(errno, file);
-        if (source.gcount() == 0) return;
-        take(std::string_view(block.data(), static_cast<std::size_t>(source.gcount())));
-    }
-}
-
-void write(std::ofstream& stream, std::string_view content, const fs::path& file)
-{
-    errno = 0;
-    stream.write(content.data(), static_cast<std::streamsize>(content.size()));
-    if (!stream) fail(errno, file);
-}
-
 void copyContent(const fs::path& from, const fs::path& to)
 {
-    std::ofstream target;
-    readBlocks(from, [&](std::string_view block) {
-        if (!target.is_open()) target = createFile(to);
-        write(target, block, to);
-    });
-    if (!target.is_open()) target = createFile(to); // an empty file
-    finish(target, to);
+    BlockCopy copy(from, to);
+    while (copy.step() != 0) {
+    }
 }
 
 [[noreturn]] void refuse(const QString& what, const fs::path& path)
@@ -204,13 +129,18 @@ void logCopy(const fs::path& from, const fs::path& to)
 std::string FileCopy::read(const fs::path& file)
 {
     std::string content;
-    readBlocks(file, [&content](std::string_view block) { content += block; });
-    return content;
+    std::string buffer;
+    std::ifstream stream = FileBlocks::open(file);
+    for (;;) {
+        const std::string_view block = FileBlocks::read(stream, buffer, file);
+        if (block.empty()) return content;
+        content += block;
+    }
 }
 
 void FileCopy::requireReadable(const fs::path& file)
 {
-    openFile(file);
+    FileBlocks::open(file);
 }
 
 void FileCopy::copyFile(const fs::path& from, const fs::path& to)
@@ -224,9 +154,9 @@ void FileCopy::copyFile(const fs::path& from, const fs::path& to)
 void FileCopy::writeFile(const std::string& content, const fs::path& to)
 {
     const Unfinished unfinished(to, uploadName);
-    std::ofstream target = createFile(unfinished.path());
-    write(target, content, unfinished.path());
-    finish(target, unfinished.path());
+    std::ofstream target = FileBlocks::create(unfinished.path());
+    FileBlocks::write(target, content, unfinished.path());
+    FileBlocks::finish(target, unfinished.path());
     move(unfinished.path(), to);
     qCInfo(filesLog).noquote() << "written:" << textOf(to);
 }

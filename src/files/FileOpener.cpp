@@ -3,7 +3,6 @@
 #include "files/FileOpener.h"
 
 #include "data/DatabaseSession.h"
-#include "files/DistributionDiscs.h"
 #include "files/FilesTexts.h"
 #include "platform/Shell.h"
 #include "util/FileStrings.h"
@@ -14,7 +13,6 @@
 
 namespace {
 
-constexpr auto discFolder = u"\\OrvikDB";
 constexpr auto readerFolder = u"\\data\\viewers\\Acrobat5\\Windows\\Reader\\";
 constexpr auto readerName = u"AcroRd32.exe";
 constexpr int photoFileType = 6;
@@ -102,14 +100,14 @@ QString FileOpener::storedChart(qint64 organization) const
 
 QString FileOpener::openOnDisc(Disc disc, const QString& programFolder, const QStringList& names) const
 {
-    const DistributionDiscs discs = DistributionDiscs::scan(m_at.volumes);
+    const DistributionDiscs discs = DistributionDiscs::scan(m_at.volumes, m_at.discFolders);
     const auto& root = disc == Disc::Photos ? discs.photos : discs.data;
     if (!root) {
         return FilesTexts::tr("Unable to find the %1 CD. Please insert the CDROM.")
             .arg(text(disc == Disc::Photos ? DistributionDiscs::photosLabel : DistributionDiscs::dataLabel));
     }
     const ProgramFolder volume(*root);
-    const QString folder = text(discFolder) + programFolder;
+    const QString folder = u'\\' + text(DistributionDiscs::filesFolder) + programFolder;
     for (const QString& name : names) {
         if (const auto file = volume.find(folder, name)) return openFile(*file);
     }
@@ -130,7 +128,7 @@ QString FileOpener::openFile(const QString& file) const
 
 bool FileOpener::openWithDiscReader(const QString& file) const
 {
-    const auto disc = DistributionDiscs::scan(m_at.volumes).data;
+    const auto disc = DistributionDiscs::scan(m_at.volumes, m_at.discFolders).data;
     if (!disc) return false;
     const auto reader = ProgramFolder(*disc).find(text(readerFolder), text(readerName));
     return reader && m_at.shell.start(*reader, file);

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "files/DistributionDiscs.h"
 #include "files/ProgramFolder.h"
 
 #include <QString>
@@ -26,6 +27,7 @@ public:
         const ProgramFolder& folder;
         QString documents;          ///< program path of the documents' folder, as `\data\documents\`
         QString organizationCharts; ///< program path of the charts' folder
+        DiscFolders discFolders{};
     };
 
     explicit FileOpener(Surroundings surroundings) : m_at(std::move(surroundings)) {}

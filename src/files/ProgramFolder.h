@@ -49,6 +49,9 @@ public:
 
     [[nodiscard]] const QString& root() const { return m_root; }
 
+    /// The folder of what comes with the program, or an empty text.
+    [[nodiscard]] const QString& installed() const { return m_installed; }
+
     /// A program path below this folder as a path of the machine; it need not exist.
     [[nodiscard]] QString machinePath(const QString& programPath) const;
 

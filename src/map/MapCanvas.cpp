@@ -7,6 +7,8 @@
 #include <QAccessible>
 #include <QPainter>
 
+#include <cmath>
+
 MapCanvas::MapCanvas(QWidget* parent) : QWidget(parent)
 {
     AccessibleItems::install();
@@ -99,6 +101,13 @@ void MapCanvas::showContiguousStates()
 QPointF MapCanvas::positionOf(std::size_t entry) const
 {
     return m_extent.toScreen(m_markers.position(entry));
+}
+
+QPointF MapCanvas::degreesAt(QPointF screen) const
+{
+    const QPointF degrees = MapProjection::toDegrees(m_extent.toPlane(screen));
+    // in the plane, the east beyond the back of the map lies in the west
+    return {std::remainder(degrees.x(), 360), degrees.y()};
 }
 
 std::optional<std::size_t> MapCanvas::entryAt(QPointF screen) const

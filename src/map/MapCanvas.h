@@ -47,6 +47,9 @@ public:
     /// The middle of an entry's marker, in pixels.
     [[nodiscard]] QPointF positionOf(std::size_t entry) const;
 
+    /// The longitude, from -180 to 180, and the latitude at a pixel, as x and y.
+    [[nodiscard]] QPointF degreesAt(QPointF screen) const;
+
     /// The entry whose marker is at a pixel, or near it.
     [[nodiscard]] std::optional<std::size_t> entryAt(QPointF screen) const;
 

@@ -5,6 +5,7 @@
 #include "files/ProgramFolder.h"
 #include "map/MapLegend.h"
 #include "map/MapView.h"
+#include "map/StatesFile.h"
 #include "platform/Procedure.h"
 #include "views/ViewHistory.h"
 #include "widgets/IconSet.h"
@@ -12,10 +13,9 @@
 
 #include <QActionGroup>
 #include <QBoxLayout>
+#include <QLabel>
 #include <QMenu>
 #include <QToolBar>
-
-#include <cerrno>
 
 namespace {
 
@@ -41,6 +41,7 @@ MapPane::MapPane(DatabaseSession& session, ViewHistory& history, const StandardQ
       m_tools(new QToolBar(this)),
       m_toolGroup(new QActionGroup(this)),
       m_map(new MapView(this)),
+      m_empty(new QLabel(m_map)),
       m_legend(new MapLegend(this)),
       m_menu(new QMenu(this))
 {
@@ -56,6 +57,7 @@ MapPane::MapPane(DatabaseSession& session, ViewHistory& history, const StandardQ
     setFocusProxy(m_map);
     makeTools();
     makeMenu();
+    makeNotice();
     connect(m_map, &MapView::chosen, this, &MapPane::choose);
     connect(m_map, &MapView::menuRequested, this, &MapPane::showMenu);
     m_map->describe = [this](std::size_t entry) { return description(entry); };
@@ -113,6 +115,32 @@ void MapPane::makeMenu()
     m_showOnlyState->setObjectName(QStringLiteral("popOrgTabShowOnlyState"));
 }
 
+/// The notice lies over the upper edge of the map, which is worked as if it were not there.
+void MapPane::makeNotice()
+{
+    constexpr int margin = 6;
+    m_empty->setObjectName(QStringLiteral("lblEmptyMap"));
+    m_empty->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_empty->setForegroundRole(QPalette::Text);
+    m_empty->setBackgroundRole(QPalette::Base);
+    m_empty->setAutoFillBackground(true);
+    m_empty->setAlignment(Qt::AlignCenter);
+    m_empty->setWordWrap(true);
+    m_empty->setMargin(margin);
+    m_empty->hide();
+    auto* over = new QVBoxLayout(m_map);
+    over->setContentsMargins({});
+    over->addWidget(m_empty, 0, Qt::AlignTop);
+}
+
+void MapPane::explainEmpty(std::size_t organizations)
+{
+    if (!m_places.entries().empty()) return;
+    m_empty->setText(organizations == 0 ? tr("No organizations to show.")
+                                        : tr("None of these organizations has a place on the map."));
+    m_empty->show();
+}
+
 void MapPane::drawMap()
 {
     const QString procedure = QStringLiteral("drawMap");
@@ -139,6 +167,7 @@ void MapPane::clearMap()
 
 void MapPane::showPlaces()
 {
+    m_empty->hide();
     m_map->setPlaces(m_places.entries());
     m_legend->setLines(legendLines(m_places.entries()));
 }
@@ -153,14 +182,7 @@ void MapPane::forget()
 void MapPane::addStatesLayer()
 {
     if (m_isLayerRead) return;
-    const QString name = QStringLiteral("states.shp");
-    const auto file = m_folder.findMap(name);
-    if (!file) {
-        throw Error(
-            ENOENT,
-            tr("There is no map of the states. (%1)").arg(m_folder.machinePath(ProgramFolders::maps) + name));
-    }
-    m_map->setStates(StatesLayer(ShapeFile::read(*file)));
+    m_map->setStates(readStates(m_folder));
     m_isLayerRead = true;
 }
 

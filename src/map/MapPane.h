@@ -15,6 +15,7 @@ class MapView;
 class QAction;
 class QActionGroup;
 class QBoxLayout;
+class QLabel;
 class QMenu;
 class QToolBar;
 class Messages;
@@ -36,6 +37,10 @@ public:
     /// than before, goes to that place or, without one, to all of them. If the states or the places cannot be
     /// read, the message is shown; places that were read are drawn.
     void drawMap();
+
+    /// Says on a map without markers why it has none. To be called after each drawing, with the number of
+    /// organizations in the view.
+    void explainEmpty(std::size_t organizations);
 
     /// Starts afresh after the history was cleared.
     void forget();
@@ -61,6 +66,7 @@ protected:
 private:
     void makeTools();
     void makeMenu();
+    void makeNotice();
     void addTool(const QString& name, const QString& text, const QString& icon, int tool);
     void addCommand(const QString& name, const QString& text, const QString& tip, void (MapView::*command)());
     void addStatesLayer();
@@ -82,6 +88,7 @@ private:
     QToolBar* m_tools;
     QActionGroup* m_toolGroup;
     MapView* m_map;
+    QLabel* m_empty;
     MapLegend* m_legend;
     QMenu* m_menu;
     QAction* m_showOnlyCity = nullptr;

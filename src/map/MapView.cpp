@@ -112,6 +112,7 @@ void MapView::click(QPointF position)
         zoom(1 / zoomStep, position);
         break;
     case MapTool::Pointer:
+        Q_EMIT pointed(degreesAt(position).y(), degreesAt(position).x());
         if (const auto entry = entryAt(position)) {
             setRinged(entry);
             Q_EMIT chosen(*entry);

@@ -25,6 +25,9 @@ public:
 Q_SIGNALS:
     /// The user chose a marker.
     void chosen(std::size_t entry);
+
+    /// The user clicked with the pointer; in degrees, north and east positive.
+    void pointed(double lat, double lon);
     void menuRequested(std::size_t entry, const QPoint& globalPosition);
     void toolChanged(MapTool tool);
 

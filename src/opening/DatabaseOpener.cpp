@@ -6,15 +6,22 @@
 #include "files/DatabaseFile.h"
 #include "files/FileUpload.h"
 #include "files/ProgramFolder.h"
-#include "opening/DatabaseConverter.h"
+#include "files/SplitPlanner.h"
+#include "opening/AccessConversion.h"
+#include "opening/CollectionMaker.h"
 #include "opening/DatabaseName.h"
 #include "opening/OpeningTexts.h"
+#include "opening/RecentDatabases.h"
+#include "opening/SharedFolders.h"
+#include "opening/UnfinishedCollection.h"
 #include "platform/FileAttributes.h"
 #include "platform/Messages.h"
 #include "platform/StdREG.h"
+#include "state/Preferences.h"
 #include "util/Error.h"
 #include "util/Logging.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <cerrno>
@@ -26,102 +33,151 @@ QString settingName()
     return QStringLiteral("DBFile");
 }
 
-QString convertedName(const QString& accessFile)
+/// Whether a file lies in a folder as that of a collection's database.
+bool isInDataFolder(const QString& file)
 {
-    return QFileInfo(accessFile).completeBaseName() + QStringLiteral(".sqlite");
+    const QString folder = QFileInfo(QFileInfo(file).absolutePath()).fileName();
+    return folder.compare(QStringLiteral("data"), Qt::CaseInsensitive) == 0;
 }
 
 } // namespace
 
-QString DatabaseOpener::dataPath(const QString& name) const
+QString DatabaseOpener::namedFile() const
 {
-    return m_at.home.machinePath(ProgramFolders::data + name);
+    const QString chosen = Preferences::read(m_platform.settings).startDatabase;
+    const QString name =
+        chosen.isEmpty() ? StdREG(m_platform.settings).GetRegString(QString(), settingName()) : chosen;
+    return DatabaseName::fileOf(m_at.home, name);
 }
 
 void DatabaseOpener::openNamed()
 {
     const QString name = StdREG(m_platform.settings).GetRegString(QString(), settingName());
-    QString file = DatabaseName::fileOf(m_at.home, name);
+    QString file = namedFile();
+    UnfinishedCollection::clearLeftOver(collectionsPlace());
     if (kindOfDatabaseFile(file) == DatabaseFileKind::Access) {
         file = convertNamed(name, file);
         nameInSettings(file);
     }
     open(file);
-    m_at.session.requireWritable();
+    if (DatabaseName::fileOf(m_at.home, name) != m_at.session.fileName())
+        nameInSettings(m_at.session.fileName());
+    requireWritable();
 }
 
 /// Converts the Access file that the settings name, unless that was done before and the user keeps it.
 /// Returns the database. Throws Error.
 QString DatabaseOpener::convertNamed(const QString& name, const QString& source)
 {
-    QString target = QFileInfo(source).path() + u'/' + convertedName(source);
+    QString target = QFileInfo(source).path() + u'/' + AccessConversion::databaseName(source);
     const bool exists = QFileInfo::exists(target);
     const bool replace =
         exists && m_platform.messages.ask(
                       OpeningTexts::tr("%1 was converted before, to %2.\n\nDo you want to convert it "
                                        "again and replace that database? Whatever was added to it "
                                        "since is then lost. No opens it as it is.")
-                          .arg(name, convertedName(source)),
+                          .arg(name, AccessConversion::databaseName(source)),
                       Question::Loss);
     const bool isNeeded = !exists || replace;
-    if (isNeeded && !convert(source, target, replace)) {
-        throw Error(ECANCELED, OpeningTexts::tr("The conversion was cancelled. (%1)").arg(source));
-    }
+    if (!isNeeded) return target;
+    const auto report = AccessConversion::run(m_at.converter, source, target, replace);
+    if (!report) throw Error(ECANCELED, OpeningTexts::tr("The conversion was cancelled. (%1)").arg(source));
+    m_platform.messages.show(AccessConversion::message(source, target, report->text()));
     return target;
 }
 
 bool DatabaseOpener::openChosen(const QString& file)
 {
     const DatabaseFileKind kind = kindOfDatabaseFile(file);
-    const QString target =
-        dataPath(kind == DatabaseFileKind::Access ? convertedName(file) : QFileInfo(file).fileName());
-    const bool inPlace = QFileInfo(file).canonicalFilePath() == QFileInfo(target).canonicalFilePath();
-    const bool replace = !inPlace && QFileInfo::exists(target);
-    if (replace && !mayReplace(target)) return false;
-    if (kind == DatabaseFileKind::Access) {
-        if (!convert(file, target, replace)) return false;
-    } else if (!inPlace) {
-        copyDatabase(file, target);
+    // says what is wrong with it, and leaves the attributes of somebody's file alone
+    if (kind == DatabaseFileKind::Other) DatabaseSession().open(file);
+    const bool isAccess = kind == DatabaseFileKind::Access;
+    const auto database =
+        isAccess
+            ? CollectionMaker(m_platform.messages, m_at.converter, m_at.home, collectionsPlace()).make(file)
+            : placeOf(file);
+    if (database) openAt(*database);
+    return database.has_value();
+}
+
+/// Where a database of the program is to be opened; std::nullopt if the user does not want it opened.
+std::optional<QString> DatabaseOpener::placeOf(const QString& file)
+{
+    // the files of a database are beside the file itself, not beside a link to it
+    for (const QString& path : {file, QFileInfo(file).canonicalFilePath()}) {
+        if (isInDataFolder(path)) return path;
     }
-    open(target);
-    nameInSettings(target);
-    m_at.session.requireWritable();
-    return true;
+    const QString open = QFileInfo(m_at.session.fileName()).canonicalFilePath();
+    if (!open.isEmpty() && QFileInfo(file).canonicalFilePath() == open) return m_at.session.fileName();
+
+    const std::optional<bool> copies = asksForCopy(QFileInfo(file));
+    if (!copies) return std::nullopt;
+    if (!*copies) return file;
+    return CollectionMaker(m_platform.messages, m_at.converter, m_at.home, collectionsPlace()).make(file);
 }
 
-bool DatabaseOpener::mayReplace(const QString& target)
+/// Asks whether a database is to be copied into a collection of its own or used where it is; std::nullopt for
+/// neither. Beside another database it can only be copied, since they would share a folder of files.
+std::optional<bool> DatabaseOpener::asksForCopy(const QFileInfo& file)
 {
-    return m_platform.messages.ask(
-        OpeningTexts::tr("The data folder holds a database %1 already.\n\nDo you want to "
-                         "replace it? What it holds is then lost.")
-            .arg(QFileInfo(target).fileName()),
-        Question::Loss);
-}
-
-/// Converts a file and tells the user what came of it; false if the user cancelled it. Throws Error.
-bool DatabaseOpener::convert(const QString& source, const QString& target, bool replace)
-{
-    using End = DatabaseConverter::Result::End;
-    qCInfo(startLog).noquote() << "convert:" << source << "to" << target;
-    const DatabaseConverter::Result result = m_at.converter.convert(source, target, replace);
-    if (result.end == End::Cancelled) return false;
-    if (result.end == End::Failed) {
-        throw Error(result.status, QStringLiteral("%1 (%2)").arg(result.error, source));
+    const QString path = file.absoluteFilePath();
+    const SplitPlanner planner(file.absolutePath() + u'/', collectionsPlace());
+    if (planner.mayBeNeeded() && !planner.plan(path, path).moves.empty()) {
+        const bool yes = m_platform.messages.ask(
+            OpeningTexts::tr("%1 is in a folder with other databases, where the files of one could replace "
+                             "those of another.\n\nDo you want to copy it into a new collection?")
+                .arg(file.fileName()),
+            Question::Harmless);
+        return yes ? std::optional(true) : std::nullopt;
     }
-    m_platform.messages.show(
-        OpeningTexts::tr("The Access file %1 was converted to the database %2, which the program uses from "
-                         "now on. The Access file is unchanged.\n\n%3")
-            .arg(QFileInfo(source).fileName(), target, result.report.text()));
-    return true;
+    const auto answer = m_platform.messages.choose(
+        OpeningTexts::tr("%1 is not in a collection of its own.\n\nDo you want to copy it into a new "
+                         "collection, or to use it where it is? If it is used there, the program keeps the "
+                         "files of its documents and charts beside it, in the folder %2.")
+            .arg(file.fileName(), file.absolutePath()),
+        {OpeningTexts::tr("&Copy It"), OpeningTexts::tr("&Use It There")});
+    return answer ? std::optional(*answer == 0) : std::nullopt;
 }
 
-void DatabaseOpener::open(const QString& file)
+QString DatabaseOpener::collectionsPlace() const
 {
-    m_platform.fileAttributes.makeWritable(file);
+    const QString named = Preferences::read(m_platform.settings).collectionsPlace;
+    return named.isEmpty() ? m_at.home.root() : named;
+}
+
+void DatabaseOpener::openAt(const QString& file)
+{
+    open(file);
+    nameInSettings(m_at.session.fileName());
+    requireWritable();
+}
+
+void DatabaseOpener::open(const QString& chosen)
+{
+    // who only reads changes nothing in the folder either
+    const QString file = !m_isReadOnly && isInDataFolder(chosen) ? separated(chosen) : chosen;
+    if (!m_isReadOnly) m_platform.fileAttributes.makeWritable(file);
     qCInfo(startLog).noquote() << "open database:" << file;
-    m_at.session.open(file);
+    m_at.session.open(file, m_isReadOnly ? Access::Read : Access::Write);
     m_at.folder = m_at.home.ofDatabase(file);
-    FileUpload(m_at.folder).clearUnfinished();
+    if (!m_isReadOnly) FileUpload(m_at.folder).clearUnfinished();
+}
+
+/// Sees to it that no other database has its files in the folder of one that is to be opened. Returns where
+/// that lies now.
+QString DatabaseOpener::separated(const QString& file)
+{
+    const SharedFolders::Outcome outcome = SharedFolders::separate(m_platform, m_at.home, file);
+    RecentDatabases recent(m_platform.settings);
+    for (const MovedDatabase& database : outcome.moved)
+        recent.add(DatabaseName::nameOf(m_at.home, database.to));
+    return outcome.file;
+}
+
+/// A user who asked to read the file knows that it cannot be changed.
+void DatabaseOpener::requireWritable() const
+{
+    if (!m_isReadOnly) m_at.session.requireWritable();
 }
 
 void DatabaseOpener::nameInSettings(const QString& file)

@@ -6,12 +6,16 @@
 
 #include <QString>
 
+#include <optional>
+
 class DatabaseConverter;
 class DatabaseSession;
 class ProgramFolder;
+class QFileInfo;
 
-/// Opens the database that the settings name, or one that the user chose. An Access file is converted first,
-/// once; a file from outside the data folder is copied into it. Nothing there is replaced unasked.
+/// Opens the database that the settings name, or one that the user chose. An Access file that the settings
+/// name is converted beside itself, once; of one that the user chose a new collection is made. Nothing is
+/// replaced unasked.
 class DatabaseOpener
 {
 public:
@@ -30,23 +34,40 @@ public:
     {
     }
 
+    /// The file that `DBFile` names, as a path of the machine; it need not exist.
+    [[nodiscard]] QString namedFile() const;
+
+    /// Whether the files opened from now on are opened for reading, so that nothing can change them.
+    void setReadOnly(bool readOnly) { m_isReadOnly = readOnly; }
+
     /// Opens what `DBFile` names. Throws Error; then no database is open, unless the error is that it can
     /// only be read.
     void openNamed();
 
     /// Opens a file that the user chose and names it in the settings; false if the user changed their mind.
-    /// Throws Error; then the database before stays open, unless the error is that the file can only be read:
-    /// such a file is open and named.
+    /// A database in a folder `data` is opened where it is. With any other the user is asked: it can be used
+    /// where it is too, or become a collection of its own, as an Access file does. Throws Error; then the
+    /// database before stays open, unless the error is that the file can only be read: such a file is open
+    /// and named.
     bool openChosen(const QString& file);
 
+    /// Opens a database of the program where it is, and names it in the settings. Throws Error as
+    /// `openChosen` does.
+    void openAt(const QString& file);
+
+    /// Where new collections are made: the place that the settings name, else the program's own folder.
+    [[nodiscard]] QString collectionsPlace() const;
+
 private:
-    [[nodiscard]] QString dataPath(const QString& name) const;
     [[nodiscard]] QString convertNamed(const QString& name, const QString& source);
-    [[nodiscard]] bool mayReplace(const QString& target);
-    [[nodiscard]] bool convert(const QString& source, const QString& target, bool replace);
-    void open(const QString& file);
+    [[nodiscard]] std::optional<QString> placeOf(const QString& file);
+    [[nodiscard]] std::optional<bool> asksForCopy(const QFileInfo& file);
+    void open(const QString& chosen);
+    [[nodiscard]] QString separated(const QString& file);
+    void requireWritable() const;
     void nameInSettings(const QString& file);
 
     Platform m_platform;
     Surroundings m_at;
+    bool m_isReadOnly = false;
 };

@@ -4,7 +4,8 @@
 
 #include "opening/DatabaseConverter.h"
 
-/// Converts with the program's own tool, a process of its own, under a window that shows the progress.
+/// Converts with the program's own tool, a process of its own, under a window that shows the progress, and
+/// works on files under one like it.
 class DesktopDatabaseConverter final : public DatabaseConverter
 {
 public:
@@ -12,6 +13,7 @@ public:
     explicit DesktopDatabaseConverter(QString tool) : m_tool(std::move(tool)) {}
 
     [[nodiscard]] Result convert(const QString& source, const QString& target, bool replace) override;
+    [[nodiscard]] bool run(SteppedWork& work) override;
 
 private:
     QString m_tool;

@@ -2,17 +2,11 @@
 
 #include "opening/frmImport.h"
 
-#include <QDialogButtonBox>
 #include <QFileInfo>
-#include <QLabel>
-#include <QProgressBar>
-#include <QPushButton>
 #include <QTimer>
-#include <QVBoxLayout>
 
 namespace {
 
-constexpr int dialogWidth = 480;
 constexpr int patienceMilliseconds = 3000;
 constexpr int crashNumber = 5;
 
@@ -26,32 +20,11 @@ QString errorText(const QByteArray& output)
 
 } // namespace
 
-frmImport::frmImport(QString tool, QWidget* parent)
-    : QDialog(parent),
-      m_tool(std::move(tool)),
-      m_title(new QLabel(this)),
-      m_step(new QLabel(this)),
-      m_bar(new QProgressBar(this))
+frmImport::frmImport(QString tool, QWidget* parent) : ProgressWindow(parent), m_tool(std::move(tool))
 {
     setObjectName(QStringLiteral("frmImport"));
     setWindowTitle(tr("Converting an Access File"));
-    setMinimumWidth(dialogWidth);
-    m_title->setTextFormat(Qt::PlainText);
-    m_title->setWordWrap(true);
-    m_step->setTextFormat(Qt::PlainText);
-    m_step->setObjectName(QStringLiteral("lblStep"));
-    m_bar->setRange(0, 100);
-    m_bar->setAccessibleName(tr("Progress of the conversion"));
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
-    m_cancel = buttons->button(QDialogButtonBox::Cancel);
-    m_cancel->setObjectName(QStringLiteral("cmdCancel"));
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(m_title);
-    layout->addWidget(m_bar);
-    layout->addWidget(m_step);
-    layout->addWidget(buttons);
-    connect(buttons, &QDialogButtonBox::rejected, this, &frmImport::reject);
+    setBarName(tr("Progress of the conversion"));
     connect(&m_process, &QProcess::readyReadStandardOutput, this, &frmImport::readOutput);
     connect(&m_process, &QProcess::finished, this, &frmImport::finish);
     connect(&m_process, &QProcess::errorOccurred, this, &frmImport::fail);
@@ -61,10 +34,9 @@ frmImport::~frmImport() = default;
 
 DatabaseConverter::Result frmImport::run(const QString& source, const QString& target, bool replace)
 {
-    m_title->setText(
-        tr("%1 is being converted into a database of the program. The Access file is not changed.")
-            .arg(QFileInfo(source).fileName()));
-    m_step->setText(tr("Starting …"));
+    setTitle(tr("%1 is being converted into a database of the program. The Access file is not changed.")
+                 .arg(QFileInfo(source).fileName()));
+    setStep(tr("Starting …"));
     QStringList arguments;
     if (replace) arguments << QStringLiteral("--replace");
     m_process.start(m_tool, arguments << source << target);
@@ -76,13 +48,12 @@ DatabaseConverter::Result frmImport::run(const QString& source, const QString& t
 void frmImport::reject()
 {
     if (m_process.state() == QProcess::NotRunning) {
-        QDialog::reject();
+        ProgressWindow::reject();
         return;
     }
     if (m_cancelled) return;
     m_cancelled = true;
-    m_cancel->setEnabled(false);
-    m_step->setText(tr("Stopping …"));
+    showStopping();
     m_process.terminate();
     QTimer::singleShot(patienceMilliseconds, &m_process, &QProcess::kill);
 }
@@ -94,8 +65,8 @@ void frmImport::readOutput()
         const auto progress = m_result.report.take(m_rest.left(end));
         m_rest.remove(0, end + 1);
         if (!progress || m_cancelled) continue;
-        m_bar->setValue(progress->percent);
-        if (!progress->step.isEmpty()) m_step->setText(progress->step);
+        setPercent(progress->percent);
+        if (!progress->step.isEmpty()) setStep(progress->step);
     }
 }
 

@@ -3,18 +3,14 @@
 #pragma once
 
 #include "opening/DatabaseConverter.h"
+#include "opening/ProgressWindow.h"
 
 #include <QByteArray>
-#include <QDialog>
 #include <QProcess>
-
-class QLabel;
-class QProgressBar;
-class QPushButton;
 
 /// Shows the progress of the conversion of an Access file, and lets the user cancel it. A process of its own
 /// does the work, so that a damaged file cannot crash the program. One window runs one conversion.
-class frmImport final : public QDialog
+class frmImport final : public ProgressWindow
 {
     Q_OBJECT
 
@@ -38,8 +34,4 @@ private:
     QByteArray m_rest; ///< of the output: a line without its end
     DatabaseConverter::Result m_result;
     bool m_cancelled = false;
-    QLabel* m_title;
-    QLabel* m_step;
-    QProgressBar* m_bar;
-    QPushButton* m_cancel;
 };

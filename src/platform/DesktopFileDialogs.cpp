@@ -32,3 +32,11 @@ QString DesktopFileDialogs::openFile(const QString& title, const QString& filter
     if (!file.isEmpty()) m_lastFolder = QFileInfo(file).path();
     return file;
 }
+
+QString DesktopFileDialogs::chooseFolder(const QString& title, const QString& start)
+{
+    QString folder = QFileDialog::getExistingDirectory(QApplication::activeWindow(), title,
+                                                       QFileInfo(start).isDir() ? start : m_lastFolder);
+    if (!folder.isEmpty()) m_lastFolder = folder;
+    return folder;
+}

@@ -9,6 +9,7 @@ class DesktopFileDialogs final : public FileDialogs
 {
 public:
     [[nodiscard]] QString openFile(const QString& title, const QString& filter) override;
+    [[nodiscard]] QString chooseFolder(const QString& title, const QString& start) override;
 
 private:
     QString m_lastFolder;

@@ -71,6 +71,24 @@ bool DesktopMessages::ask(const QString& text, Question about)
     return isYes;
 }
 
+std::optional<int> DesktopMessages::choose(const QString& text, const QStringList& answers)
+{
+    const QPointer<QWidget> below = QApplication::activeWindow();
+    QMessageBox box(below);
+    prepare(box, QMessageBox::Question, text);
+    QList<QAbstractButton*> buttons;
+    for (const QString& answer : answers)
+        buttons << box.addButton(answer, QMessageBox::AcceptRole);
+    box.setDefaultButton(qobject_cast<QPushButton*>(buttons.front()));
+    box.setEscapeButton(box.addButton(QMessageBox::Cancel));
+    box.exec();
+    waitForActivation(below);
+    const auto chosen = static_cast<int>(buttons.indexOf(box.clickedButton()));
+    qCInfo(messagesLog).noquote() << "asked:" << text
+                                  << "\n  answer:" << answers.value(chosen, QStringLiteral("cancel"));
+    return chosen < 0 ? std::nullopt : std::optional(chosen);
+}
+
 void DesktopMessages::beep()
 {
     QApplication::beep();

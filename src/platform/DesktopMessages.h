@@ -10,5 +10,6 @@ class DesktopMessages final : public Messages
 public:
     void show(const QString& text) override;
     [[nodiscard]] bool ask(const QString& text, Question about) override;
+    [[nodiscard]] std::optional<int> choose(const QString& text, const QStringList& answers) override;
     void beep() override;
 };

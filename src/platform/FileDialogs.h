@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// Asks the user for files. The only door to file dialogs.
+/// Asks the user for files and folders. The only door to file dialogs.
 class FileDialogs
 {
 public:
@@ -15,6 +15,10 @@ public:
     /// `Databases (*.mdb *.sqlite)|*.mdb *.sqlite|All Files (*.*)| *.*`; `*.*` takes names without a point
     /// too.
     [[nodiscard]] virtual QString openFile(const QString& title, const QString& filter) = 0;
+
+    /// The folder that the user chose, as a path of the machine, or an empty text. The dialog begins in
+    /// `start`, or in the folder used last if that is empty or does not exist.
+    [[nodiscard]] virtual QString chooseFolder(const QString& title, const QString& start) = 0;
 
 protected:
     FileDialogs() = default;

@@ -19,6 +19,8 @@ IniSettingsStore::IniSettingsStore()
 
 QString IniSettingsStore::value(const QString& path) const
 {
+    // another window, a process of its own, may have written meanwhile
+    m_settings.sync();
     return m_settings.value(path).toString();
 }
 

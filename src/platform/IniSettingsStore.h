@@ -16,5 +16,5 @@ public:
     void setValue(const QString& path, const QString& value) override;
 
 private:
-    QSettings m_settings;
+    mutable QSettings m_settings; ///< reading brings it up to date with the file
 };

@@ -3,6 +3,9 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
+
+#include <optional>
 
 /// What a question is about, which decides its buttons and which of them the Return key means.
 enum class Question
@@ -23,6 +26,10 @@ public:
 
     /// A question with two answers; returns true for "Yes" or "Discard". Closing the box returns false.
     [[nodiscard]] virtual bool ask(const QString& text, Question about) = 0;
+
+    /// A question with answers of its own, each with the key after `&`, and "Cancel". Returns the number of
+    /// the answer, from 0; std::nullopt for "Cancel" and for a box that is closed. Return means the first.
+    [[nodiscard]] virtual std::optional<int> choose(const QString& text, const QStringList& answers) = 0;
 
     virtual void beep() = 0;
 

@@ -6,6 +6,7 @@ class Clock;
 class FileAttributes;
 class FileDialogs;
 class Messages;
+class OtherWindows;
 class SettingsStore;
 class Shell;
 class Volumes;
@@ -20,4 +21,5 @@ struct Platform
     Clock& clock;
     Volumes& volumes;
     Shell& shell;
+    OtherWindows& otherWindows;
 };

@@ -4,7 +4,6 @@
 
 #include "platform/Procedure.h"
 #include "search/AdvancedSearch.h"
-#include "search/EmptyResultNotice.h"
 #include "search/FoundKeys.h"
 #include "search/FoundWordsDelegate.h"
 #include "search/KeywordSearch.h"
@@ -42,17 +41,25 @@ void SearchCommands::attachTo(QAbstractItemView& list)
 {
     m_delegate = new FoundWordsDelegate(&list);
     list.setItemDelegateForColumn(0, m_delegate);
-    m_notice = new EmptyResultNotice(list);
-    connect(m_notice, &EmptyResultNotice::searchAgain, this, &SearchCommands::searchAgain);
 }
 
-void SearchCommands::openKeywordSearch()
+frmSearch& SearchCommands::keywordSearch()
 {
     if (m_keywordSearch == nullptr) {
         m_keywordSearch = new frmSearch(m_at, &m_window);
         connect(m_keywordSearch, &frmSearch::advancedSearchChosen, this, &SearchCommands::openAdvancedSearch);
     }
-    m_keywordSearch->doSearch();
+    return *m_keywordSearch;
+}
+
+void SearchCommands::openKeywordSearch()
+{
+    keywordSearch().doSearch();
+}
+
+void SearchCommands::searchAll(const QString& keywords)
+{
+    keywordSearch().search(std::nullopt, keywords);
 }
 
 void SearchCommands::openAdvancedSearch(RecordKind kind)
@@ -80,22 +87,17 @@ SharedQuery SearchCommands::queryFor(RecordKind kind, const SharedQuery& query) 
 
 void SearchCommands::beginList()
 {
-    m_notice->hide();
     m_delegate->setWords(FoundWords(splitWords(currentView().Keywords).words));
 }
 
-void SearchCommands::finishList(std::size_t rows, bool isListed)
+std::optional<SearchCommands::EmptyResult> SearchCommands::emptyResult(bool isListed) const
 {
     const clsView& view = currentView();
     const bool byCriteria = hasCriteria(view.AdvSearch);
-    if (rows > 0 || (view.Keywords.isEmpty() && !byCriteria)) return;
-    if (!isListed) {
-        m_notice->showNotice(tr("This search could not be made."), tr("Change the search"));
-    } else if (byCriteria) {
-        m_notice->showNotice(tr("No record meets the criteria."), tr("Change the criteria"));
-    } else {
-        m_notice->showNotice(tr("Nothing was found for \"%1\".").arg(view.Keywords), tr("Search again"));
-    }
+    if (view.Keywords.isEmpty() && !byCriteria) return std::nullopt;
+    if (!isListed) return EmptyResult{tr("This search could not be made."), tr("Change the search")};
+    if (byCriteria) return EmptyResult{tr("No record meets the criteria."), tr("Change the criteria")};
+    return EmptyResult{tr("Nothing was found for \"%1\".").arg(view.Keywords), tr("Search again")};
 }
 
 void SearchCommands::searchAgain()

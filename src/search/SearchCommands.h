@@ -9,7 +9,8 @@
 #include <QObject>
 #include <QPointer>
 
-class EmptyResultNotice;
+#include <optional>
+
 class FoundWordsDelegate;
 class QAbstractItemView;
 class RecordPicker;
@@ -34,11 +35,13 @@ public:
     /// The page of results, for the window to show; made when first needed.
     [[nodiscard]] SearchResultsPage* page();
 
-    /// Lets the searches mark found words and empty results in a list, whose first column has the names. To
-    /// be called once.
+    /// Lets the searches mark found words in a list, whose first column has the names. To be called once.
     void attachTo(QAbstractItemView& list);
 
     void openKeywordSearch();
+
+    /// Searches the records of all kinds for a text, as if it had been typed into the dialog.
+    void searchAll(const QString& keywords);
 
     /// Opens the form for a kind.
     void openAdvancedSearch(RecordKind kind);
@@ -53,16 +56,26 @@ public:
     /// To be called before the list is filled with the current view.
     void beginList();
 
-    /// To be called after that, with the number of rows and whether they could be read.
-    void finishList(std::size_t rows, bool isListed);
+    /// What an empty list says, and the link from there back to the search.
+    struct EmptyResult
+    {
+        QString text;
+        QString link;
+    };
+
+    /// Returns what is said if the current view has no rows; `std::nullopt` if no search made it. `isListed`
+    /// is whether the rows could be read.
+    [[nodiscard]] std::optional<EmptyResult> emptyResult(bool isListed) const;
+
+    /// Opens the search that made the current view, to be changed.
+    void searchAgain();
 
 Q_SIGNALS:
     /// The user wants to see a record.
     void recordChosen(RecordKind kind, qint64 identifier);
 
 private:
-    void searchAgain();
-
+    [[nodiscard]] frmSearch& keywordSearch();
     [[nodiscard]] const clsView& currentView() const;
 
     SearchSurroundings m_at;
@@ -70,7 +83,6 @@ private:
     QWidget& m_window;
     SearchResultsPage* m_page = nullptr;
     FoundWordsDelegate* m_delegate = nullptr;
-    EmptyResultNotice* m_notice = nullptr;
     frmSearch* m_keywordSearch = nullptr;
     QPointer<frmAdvSearch> m_advancedSearch;
 };

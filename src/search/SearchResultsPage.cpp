@@ -2,7 +2,7 @@
 
 #include "search/SearchResultsPage.h"
 
-#include "search/LinkButton.h"
+#include "widgets/LinkButton.h"
 
 #include <QHBoxLayout>
 #include <QIcon>

@@ -5,9 +5,9 @@
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "search/KeywordSearch.h"
-#include "search/LinkButton.h"
 #include "views/ViewHistory.h"
 #include "widgets/LineEdit.h"
+#include "widgets/LinkButton.h"
 #include "widgets/WaitCursor.h"
 
 #include <QGridLayout>
@@ -127,6 +127,13 @@ void frmSearch::doSearch()
     m_keywords->selectAll();
     m_keywords->setFocus();
     open();
+}
+
+void frmSearch::search(std::optional<RecordKind> scope, const QString& text)
+{
+    chooseScope(scope);
+    m_keywords->setText(text);
+    cmdGO();
 }
 
 void frmSearch::chooseScope(std::optional<RecordKind> scope)

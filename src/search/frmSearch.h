@@ -28,6 +28,9 @@ public:
     /// Opens the dialog over its window, set to the kind of record that is shown there.
     void doSearch();
 
+    /// Searches for a text without opening the dialog, as if it had been typed there.
+    void search(std::optional<RecordKind> scope, const QString& text);
+
 Q_SIGNALS:
     /// The user wants to search a kind by its criteria instead.
     void advancedSearchChosen(RecordKind kind);

@@ -2,6 +2,7 @@
 
 #include "views/StandardQueries.h"
 
+#include "data/DatabaseSession.h"
 #include "views/ViewsTexts.h"
 
 namespace {
@@ -83,4 +84,11 @@ SharedQuery StandardQueries::narrowed(RecordKind kind, const QString& condition)
 clsView StandardQueries::all(RecordKind kind) const
 {
     return {viewOf(kind), of(kind), titleOfAll(kind)};
+}
+
+bool StandardQueries::has(DatabaseSession& session, RecordKind kind, qint64 identifier) const
+{
+    const RecordNames names = recordNames(kind);
+    const QString condition = QStringLiteral(" AND %1.%2 = %3").arg(names.record, names.key).arg(identifier);
+    return session.read(narrowed(kind, condition)->sqlStr()).next();
 }

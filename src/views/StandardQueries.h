@@ -4,6 +4,8 @@
 
 #include "views/clsView.h"
 
+class DatabaseSession;
+
 /// The three queries that show all records of a kind, made once at start-up and never changed. A narrower
 /// view builds a query of its own from their clauses.
 struct StandardQueries
@@ -17,6 +19,9 @@ struct StandardQueries
 
     /// The view of all records of a kind.
     [[nodiscard]] clsView all(RecordKind kind) const;
+
+    /// Whether the view of all records of a kind has this one. Throws Error.
+    [[nodiscard]] bool has(DatabaseSession& session, RecordKind kind, qint64 identifier) const;
 
     SharedQuery documents;
     SharedQuery events;

@@ -35,8 +35,8 @@ TEST(EventTimes, SaysWhenAnEventWasInAsFewWordsAsItCan)
         {{"", "", "", ""}, "", ""},
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(c.times.shortText().toStdString(), c.shortText);
-        EXPECT_EQ(c.times.longText().toStdString(), c.longText);
+        EXPECT_EQ(c.times.text(Years::TwoDigits).toStdString(), c.shortText);
+        EXPECT_EQ(c.times.text(Years::FourDigits).toStdString(), c.longText);
     }
 }
 

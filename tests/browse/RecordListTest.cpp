@@ -63,6 +63,9 @@ TEST(RecordList, ShowsDocuments)
     EXPECT_EQ(icons.key(list, 0), QStringLiteral("d12ng"));
     EXPECT_EQ(icons.key(list, 1), QStringLiteral("d2"));
     EXPECT_EQ(icons.key(list, 2), QStringLiteral("d1cd"));
+    EXPECT_EQ(list.drawnIcon(0, QStringLiteral("d12ng")), QStringLiteral("d0ng"))
+        << "no type has a film's icon";
+    EXPECT_EQ(list.drawnIcon(1, QStringLiteral("d2")), QStringLiteral("d2"));
     file.remove();
     EXPECT_EQ(icons.key(list, 1), QStringLiteral("d2"));
     icons.clear();

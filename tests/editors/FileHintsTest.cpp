@@ -36,4 +36,18 @@ TEST(FileHints, TellTheTypeAndATitleByTheNameOfAFile)
     }
 }
 
+TEST(FileHints, TellWhatATypeOfTheUsersOwnLooksLike)
+{
+    const struct
+    {
+        int type;
+        const char* name;
+        int known;
+    } cases[] = {{2, "Adobe PDF", 2},           {15, "PDF/A", 2}, {9, "Scanned JPEG", 6},
+                 {12, "Web archive (html)", 4}, {2, "Video", 0},  {3, "Office file", 3},
+                 {11, "Field book", 11},        {8, "", 8}};
+    for (const auto& [type, name, known] : cases)
+        EXPECT_EQ(FileHints::knownType(type, QString::fromLatin1(name)), known) << name;
+}
+
 } // namespace

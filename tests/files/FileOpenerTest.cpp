@@ -26,13 +26,25 @@ protected:
     /// Makes an empty file below the test's folder.
     void put(const char* path) const { writeFile(database.folder() + u'/' + QString::fromUtf8(path)); }
 
+    /// A path below the test's folder, or an empty text.
+    [[nodiscard]] QString inTest(const char* path) const
+    {
+        return *path == '\0' ? QString() : database.folder() + QString::fromUtf8(path);
+    }
+
+    FileOpener opener()
+    {
+        return FileOpener({volumes, shell, database.session(), folder, u"\\data\\documents\\"_s,
+                           u"\\data\\orgcharts\\"_s, folders});
+    }
+
     std::string openDoc(const char* name, const char* key)
     {
-        return report(opener.openDoc(QString::fromUtf8(name), QString::fromUtf8(key)));
+        return report(opener().openDoc(QString::fromUtf8(name), QString::fromUtf8(key)));
     }
     std::string openChart(const char* key = "Organization_cd")
     {
-        return report(opener.openOrgChart(7, QString::fromUtf8(key)));
+        return report(opener().openOrgChart(7, QString::fromUtf8(key)));
     }
     void storeChart(const char* stored)
     {
@@ -46,8 +58,7 @@ protected:
     ScriptedVolumes volumes;
     ScriptedShell shell;
     ProgramFolder folder{database.folder()};
-    FileOpener opener{
-        {volumes, shell, database.session(), folder, u"\\data\\documents\\"_s, u"\\data\\orgcharts\\"_s}};
+    DiscFolders folders;
 
 private:
     /// What the user is told, what was opened and what was started, without the test's own folder.
@@ -107,6 +118,38 @@ TEST_F(FileOpenerTest, EachDocumentNeedsItsOwnDisc)
     volumes.scans = 0;
     EXPECT_EQ(openDoc("7.pdf", "d2ng"), "Copyright permissions not granted.");
     EXPECT_EQ(volumes.scans, 0) << "a document that is withheld never touches a disc";
+}
+
+TEST_F(FileOpenerTest, AFolderStandsForADiscThatIsInNoDrive)
+{
+    put("copy/OrvikDB/data/documents/7.pdf");
+    put("copy/data/viewers/Acrobat5/Windows/Reader/AcroRd32.exe");
+    put("pictures/orvikdb/data/documents/7.jpg");
+    put("disc/OrvikDB/data/documents/8.pdf");
+    const std::string noData = "Unable to find the Orvik CD. Please insert the CDROM.";
+    const std::tuple<const char*, const char*, std::string> cases[] = {
+        {"", "", noData},
+        {"/copy", "", "[opened @/copy/OrvikDB/data/documents/7.pdf]"},
+        {"/copy/", "", "[opened @/copy/OrvikDB/data/documents/7.pdf]"},
+        {"/copy/OrvikDB", "", "[opened @/copy/OrvikDB/data/documents/7.pdf]"},
+        {"/gone", "", noData},
+        {"/pictures", "", "File not found: @/pictures/OrvikDB/data/documents/7.pdf"},
+        {"", "/copy", noData},
+    };
+    for (const auto& [data, photos, expected] : cases) {
+        folders = {inTest(data), inTest(photos)};
+        EXPECT_EQ(openDoc("7.pdf", "d2cd"), expected) << data << '|' << photos;
+    }
+    folders = {inTest("/copy"), inTest("/pictures/orvikdb/")};
+    EXPECT_EQ(openDoc("7.jpg", "d6cd"), "[opened @/pictures/orvikdb/data/documents/7.jpg]");
+    put("data/documents/9.pdf");
+    shell.hasProgram = false;
+    EXPECT_EQ(openDoc("9.pdf", "d2"), "[opened @/data/documents/9.pdf]"
+                                      "[started @/copy/data/viewers/Acrobat5/Windows/Reader/AcroRd32.exe "
+                                      "@/data/documents/9.pdf]");
+    shell.hasProgram = true;
+    insertDataDisc();
+    EXPECT_EQ(openDoc("8.pdf", "d2cd"), "[opened @/disc/OrvikDB/data/documents/8.pdf]") << "the drive first";
 }
 
 TEST_F(FileOpenerTest, ANameThatCannotBeOneIsNotFoundAndNotLookedFor)

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "Journey.h"
-#include "search/LinkButton.h"
 #include "search/SearchCommands.h"
 #include "views/RecordPicker.h"
+#include "widgets/LinkButton.h"
 
 #include <QCheckBox>
 #include <QDateEdit>

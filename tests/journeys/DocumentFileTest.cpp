@@ -11,6 +11,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -175,6 +176,43 @@ TEST_F(DocumentFile, UploadsIntoAFolderOfAnotherLetterCaseAndFindsTheFileThere)
     journey.select("Levees");
     journey.trigger("mnuRecordOpen");
     EXPECT_EQ(journey.desktop.shell.opened, QStringList{data.filePath(u"DOCUMENTS/3.PDF"_s)});
+}
+
+TEST_F(DocumentFile, TwoDatabasesOfAnOldFolderHaveTheirOwnFiles)
+{
+    journey.program.reset();
+    journey.database.run("UPDATE Document SET FileLocation = '2.pdf' WHERE DocumentID = 2");
+    const QString other = journey.dataFolder() + u"other.sqlite"_s;
+    ASSERT_TRUE(QFile::copy(journey.database.fileName(), other));
+    SQLite::Database(other.toStdString(), SQLite::OPEN_READWRITE)
+        .exec("UPDATE Document SET FileLocation = '2.txt' WHERE DocumentID = 2; INSERT INTO Document "
+              "(DocumentID, DocumentName, FileLocation, dStatus) VALUES (3, 'Theirs', '3.PDF', 'ACTIVE')");
+    for (const char* file : {"2.pdf", "2.txt", "3.PDF"})
+        writeFile(journey.dataFolder() + u"documents/"_s + QLatin1StringView(file), file);
+
+    const QString own = journey.database.folder() + u"/other"_s;
+    messages().expectMessage(
+        u"Several databases shared one folder, where the files of one could replace those of another. "
+        "test.sqlite stays where it was; these have folders of their own now:\n\nother.sqlite, now in "
+        "%1\n\n2 files were moved with them."_s.arg(own));
+    start("mnuViewDocuments");
+    messages().finish();
+    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        fillIn(dialog);
+        dialog.click("cmdOK");
+    });
+    EXPECT_EQ(contentOf(journey.dataFolder() + u"documents/3.PDF"_s), contentOf(source));
+    EXPECT_EQ(contentOf(own + u"/data/documents/3.PDF"_s), "3.PDF");
+    for (const auto& [database, file] :
+         {std::pair(u"test.sqlite"_s, journey.dataFolder() + u"documents/2.pdf"_s),
+          std::pair(u"../other/data/other.sqlite"_s, own + u"/data/documents/2.txt"_s)}) {
+        journey.program.reset();
+        journey.start(database);
+        journey.trigger("mnuViewDocuments");
+        journey.select("Old Levees");
+        journey.trigger("mnuRecordOpen");
+        EXPECT_EQ(journey.desktop.shell.opened.takeFirst(), file);
+    }
 }
 
 } // namespace

@@ -107,7 +107,7 @@ TEST_F(Faults, AFailingStatementIsReportedOnceAndLeavesAnEmptyListAndMap)
 
 TEST_F(Faults, AReadOnlyFolderIsToldOfAtStartUpAndNothingOffersToChange)
 {
-    journey.database.run("PRAGMA user_version");
+    journey.database.run("UPDATE Document SET dStatus = 'DELETED'");
     QFile::link(journey.database.fileName(), journey.dataFolder() + u"test.sqlite"_s);
     const std::string folder = journey.database.folder().toStdString();
     ASSERT_EQ(chmod(journey.database.fileName().toStdString().c_str(), 0666), 0);
@@ -126,11 +126,23 @@ TEST_F(Faults, AReadOnlyFolderIsToldOfAtStartUpAndNothingOffersToChange)
             EXPECT_TRUE(journey.find<QAction>(command).toolTip().endsWith(
                 u"\nThe database can be read, but not changed."_s));
         }
+        journey.inDialog("frmLists", "mnuRecordLists", [](OpenDialog& lists) {
+            for (const char* button : {"cmdAdd", "cmdRename", "cmdMerge", "cmdDelete"}) {
+                EXPECT_FALSE(lists.find<QPushButton>(button).isEnabled()) << button;
+                EXPECT_TRUE(lists.find<QPushButton>(button).toolTip().endsWith(
+                    u"\nThe database can be read, but not changed."_s));
+            }
+            lists.click("cmdClose");
+        });
         EXPECT_TRUE(isEnabled("mnuRecordView"));
         inEditor("mnuRecordView", [](OpenDialog& dialog) {
             EXPECT_FALSE(dialog.find<QPushButton>("cmdOK").isEnabled());
             dialog.click("cmdCancel");
         });
+        journey.trigger("mnuViewDocuments");
+        EXPECT_EQ(journey.find<QLabel>("lblEmptyResult").text(),
+                  u"There are no documents yet.\nThe database can be read, but not changed."_s);
+        EXPECT_FALSE(journey.find<QWidget>("lblSearchAgain").isVisible());
     }
     ASSERT_EQ(chmod(folder.c_str(), 0755), 0);
     chooseFirst("mnuViewEvents");
@@ -145,6 +157,7 @@ TEST_F(Faults, AProgramFolderThatCannotBeMadeIsToldOfOnce)
     journey.program->Main();
     messages().finish();
     EXPECT_TRUE(journey.program->window()->isVisible());
+    EXPECT_FALSE(isEnabled("mnuRecordLists"));
     messages().expectMessage(u"showDocuments Error (21): No database is open."_s);
     journey.trigger("mnuViewDocuments");
 }

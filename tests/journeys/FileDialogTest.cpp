@@ -6,6 +6,7 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -54,6 +55,29 @@ TEST(FileDialog, ShowsTheTextsOfItsFilterAndFilesWithoutAPoint)
                   EXPECT_TRUE(isListed(dialog, "README")) << "begins in the folder used last";
                   dialog.press(Qt::Key_Escape);
               }),
+              QString());
+}
+
+TEST(FileDialog, ChoosesAFolderBeginningWhereItIsAskedTo)
+{
+    const QTemporaryDir folder;
+    QDir(folder.path()).mkpath(u"discs/OrvikDB"_s);
+    DesktopFileDialogs dialogs;
+    QString chosen;
+    const auto choose = [&](const QString& start, const std::function<void(OpenDialog&)>& work) {
+        inDialog(
+            "QFileDialog", [&] { chosen = dialogs.chooseFolder(u"A Folder"_s, start); }, work);
+        return chosen;
+    };
+    EXPECT_EQ(choose(folder.filePath(u"discs"_s),
+                     [](OpenDialog& dialog) {
+                         EXPECT_EQ(dialog.title(), "A Folder");
+                         EXPECT_TRUE(isListed(dialog, "OrvikDB"));
+                         dialog.type("fileNameEdit", u"OrvikDB"_s);
+                         dialog.press(Qt::Key_Return);
+                     }),
+              folder.filePath(u"discs/OrvikDB"_s));
+    EXPECT_EQ(choose(folder.filePath(u"gone"_s), [](OpenDialog& dialog) { dialog.press(Qt::Key_Escape); }),
               QString());
 }
 

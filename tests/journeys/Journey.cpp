@@ -3,10 +3,13 @@
 #include "Journey.h"
 
 #include "Dialogs.h"
+#include "files/SteppedWork.h"
 
 #include <QDir>
+#include <QEventLoop>
 #include <QMenu>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -19,6 +22,13 @@ DatabaseConverter::Result NoConverter::convert(const QString& source, const QStr
     return {};
 }
 
+bool NoConverter::run(SteppedWork& work)
+{
+    while (work.step()) {
+    }
+    return true;
+}
+
 Journey::Journey()
 {
     QDir().mkpath(dataFolder() + u"documents"_s);
@@ -28,17 +38,29 @@ Journey::Journey()
                     mapsFolder() + QLatin1StringView(name));
 }
 
-void Journey::start(const QString& databaseName)
+void Journey::start(const QString& databaseName, const StartRequest& request)
 {
     if (databaseName == u"test.sqlite"_s) {
         QFile::link(database.fileName(), dataFolder() + databaseName);
     }
     desktop.setDatabase(databaseName);
     program.emplace(desktop.platform(), *converter, ProgramFolder(database.folder()), QString());
-    program->Main();
+    program->Main(request);
     // keys reach the window's commands only while it is active
     program->window()->activateWindow();
     if (!QTest::qWaitForWindowActive(program->window())) throw std::runtime_error("the window is not active");
+}
+
+void Journey::idle()
+{
+    QEventLoop loop;
+    QTimer clock;
+    int turns = 0;
+    QObject::connect(&clock, &QTimer::timeout, [&] {
+        if (++turns == 10) loop.quit();
+    });
+    clock.start(0);
+    loop.exec();
 }
 
 void Journey::addDocuments(int count)

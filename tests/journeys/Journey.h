@@ -17,11 +17,12 @@
 
 class OpenDialog;
 
-/// Fails the test that has a file converted.
+/// Fails the test that has a file converted. Work on files is done without a window.
 class NoConverter final : public DatabaseConverter
 {
 public:
     [[nodiscard]] Result convert(const QString& source, const QString& target, bool replace) override;
+    [[nodiscard]] bool run(SteppedWork& work) override;
 };
 
 /// The program as its user has it, on a database of its own: its window is driven and looked at by object
@@ -31,8 +32,11 @@ class Journey
 public:
     Journey();
 
-    /// Starts the program on a database of that name in the data folder.
-    void start(const QString& databaseName = QStringLiteral("test.sqlite"));
+    /// Starts the program on a database of that name in the data folder, and with what it is asked to do.
+    void start(const QString& databaseName = QStringLiteral("test.sqlite"), const StartRequest& request = {});
+
+    /// Lets the program do what it does by itself once the user does nothing.
+    static void idle();
 
     /// Puts many plain documents into the database, before or after the start.
     void addDocuments(int count);

@@ -2,7 +2,7 @@
 
 #include "Dialogs.h"
 #include "Journey.h"
-#include "search/LinkButton.h"
+#include "widgets/LinkButton.h"
 #include "widgets/ReadablePalette.h"
 
 #include <QDialog>

@@ -51,4 +51,25 @@ TEST(Messages, WhatLosesSomethingIsNotWhatReturnMeans)
     }
 }
 
+TEST(Messages, AChoiceIsTheAnswerThatWasPressed)
+{
+    const std::pair<QString, std::optional<int>> cases[] = {
+        {u"Return"_s, 0}, {u"Escape"_s, std::nullopt}, {u"&First"_s, 0}, {u"&Second"_s, 1}};
+    DesktopMessages messages;
+    for (const auto& [pressed, answer] : cases) {
+        std::optional<int> chosen = 2;
+        inDialog(
+            "",
+            [&] {
+                chosen = messages.choose(u"Which?"_s, {u"&First"_s, u"&Second"_s});
+            },
+            [&, &pressed = pressed](OpenDialog& dialog) {
+                for (QAbstractButton* button : dialog.dialog().findChildren<QAbstractButton*>())
+                    if (button->text() == pressed) return button->click();
+                QTest::keyClick(&dialog.dialog(), pressed == u"Return"_s ? Qt::Key_Return : Qt::Key_Escape);
+            });
+        EXPECT_EQ(chosen, answer) << qPrintable(pressed);
+    }
+}
+
 } // namespace

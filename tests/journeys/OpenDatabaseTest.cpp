@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "Journey.h"
+#include "files/SteppedWork.h"
 #include "opening/DesktopDatabaseConverter.h"
+#include "opening/frmBringAlong.h"
 #include "opening/frmImport.h"
 #include "platform/StdREG.h"
 #include "support/TestFiles.h"
 
 #include <QApplication>
+#include <QLabel>
+#include <QProgressBar>
 #include <QPushButton>
+#include <QThread>
 #include <QTimer>
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -35,14 +40,25 @@ protected:
         return path;
     }
 
-    void expectConverted(const QString& name, const QString& target)
+    void expectConverted(const QString& name, const QString& target, const QString& missing = {})
     {
         journey.desktop.messages.expectMessage(
             u"The Access file %1 was converted to the database %2, which the program uses from now on. The "
             "Access file is unchanged.\n\n28 tables with 2528 rows were taken over and checked.\nNot shown "
             "in "
             "lists: Document: 8 deleted, 1 without a status; Event: 7 deleted, 1 without a status; "
-            "Organization: 3 deleted, 1 without a status."_s.arg(name, target));
+            "Organization: 3 deleted, 1 without a status."_s.arg(name, target) +
+            missing);
+    }
+
+    void expectPlacement(const QString& file, std::optional<int> answer)
+    {
+        journey.desktop.messages.expectChoice(
+            u"%1 is not in a collection of its own.\n\nDo you want to copy it into a new collection, or to "
+            u"use "
+            "it where it is? If it is used there, the program keeps the files of its documents and charts "
+            "beside it, in the folder %2."_s.arg(QFileInfo(file).fileName(), QFileInfo(file).path()),
+            {u"&Copy It"_s, u"&Use It There"_s}, answer);
     }
 
     QString setting() const
@@ -89,42 +105,85 @@ TEST_F(OpenDatabase, ConvertsAnAccessFileThatTheSettingsName)
     EXPECT_EQ(journey.statusPanel(), u"Displaying 139 Documents"_s);
 }
 
-TEST_F(OpenDatabase, TakesAnAccessFileOfTheUsersChoice)
+TEST_F(OpenDatabase, MakesACollectionOfAnAccessFileOfTheUsersChoice)
 {
     journey.start();
     journey.trigger("mnuViewEvents");
-    const QString source = copyAccessFile(journey.database.folder() + u"/mine.mdb"_s);
+    const QTemporaryDir elsewhere;
+    const QString source = copyAccessFile(elsewhere.filePath(u"mine.mdb"_s));
+    writeFile(elsewhere.filePath(u"Documents/2.PDF"_s), QByteArray(20'000, 'x'));
     journey.desktop.fileDialogs.files = {QString(), source};
     journey.trigger("mnuOpenDatabase");
     EXPECT_EQ(journey.viewPanel(), u"View ALL Events"_s) << "a dialog that is closed changes nothing";
 
-    expectConverted(u"mine.mdb"_s, journey.dataFolder() + u"mine.sqlite"_s);
+    journey.desktop.messages.expectQuestion(
+        u"The folder Documents beside mine.mdb holds 1 file (20 kB).\n\nDo you want to copy it into the new "
+        "collection? The original stays unchanged."_s,
+        true);
+    const QString data = journey.database.folder() + u"/mine/data/"_s;
+    expectConverted(u"mine.mdb"_s, data + u"mine.sqlite"_s,
+                    u"\n139 documents name files that are not in the folder documents.\n12 organizations "
+                    u"have charts that "
+                    "are not in the folder orgcharts."_s);
     journey.trigger("mnuOpenDatabase");
     journey.desktop.messages.finish();
-    EXPECT_EQ(setting(), u"mine.sqlite"_s);
+    EXPECT_EQ(setting(), u"../mine/data/mine.sqlite"_s);
     EXPECT_EQ(journey.historyMenu(), "[Home Page]");
-    journey.trigger("mnuViewOrganizations");
-    EXPECT_EQ(journey.statusPanel(), u"Displaying 35 Organizations"_s);
+    EXPECT_EQ(contentOf(data + u"documents/2.PDF"_s).size(), 20'000);
+    EXPECT_EQ(QDir(journey.database.folder()).entryList({u"*.new"_s}).size(), 0);
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 140 Documents"_s);
 }
 
-TEST_F(OpenDatabase, BringsADatabaseOfTheProgramIntoTheDataFolderAndReplacesNoneUnasked)
+TEST_F(OpenDatabase, OpensADatabaseWhereItIsOrCopiesItAsTheUserSays)
 {
+    journey.start();
     TestDatabase other;
     other.run("INSERT INTO Event (EventID, EventName, Status) VALUES (2, 'Other', 'ACTIVE')");
-    journey.start();
-    journey.desktop.fileDialogs.files = {other.fileName(), other.fileName()};
-    const QString question =
-        u"The data folder holds a database test.sqlite already.\n\nDo you want to replace "
-        "it? What it holds is then lost."_s;
-    journey.desktop.messages.expectQuestion(question, false, Question::Loss);
-    journey.trigger("mnuOpenDatabase");
-    journey.trigger("mnuViewEvents");
-    EXPECT_EQ(journey.column(0), "");
+    const QString shaped = other.folder() + u"/Data/mine.sqlite"_s;
+    writeFile(other.folder() + u"/orgcharts/5.pdf"_s, "chart");
+    QDir(other.folder()).mkdir(u"Data"_s);
+    ASSERT_TRUE(QFile::copy(other.fileName(), shaped));
+    const QString link = journey.database.folder() + u"/link.sqlite"_s;
+    ASSERT_TRUE(QFile::link(shaped, link));
+    const QString home = journey.database.folder();
+    QDir(home).mkpath(u"TEST"_s);
 
-    journey.desktop.messages.expectQuestion(question, true, Question::Loss);
-    journey.trigger("mnuOpenDatabase");
-    journey.trigger("mnuViewEvents");
-    EXPECT_EQ(journey.column(0), "Other");
+    struct Case
+    {
+        QString file;
+        std::optional<std::optional<int>> answer; ///< to the question, if there is one
+        QString opened;
+        QString setting;
+    };
+    const Case cases[] = {
+        {other.fileName(), std::optional<int>(), {}, u"test.sqlite"_s},
+        {shaped, std::nullopt, shaped, shaped},
+        {link, std::nullopt, shaped, shaped},
+        {other.fileName(), 1, other.fileName(), other.fileName()},
+        {other.fileName(), std::nullopt, other.fileName(), other.fileName()}, // it is open there
+        {shaped, std::nullopt, shaped, shaped},
+        {other.fileName(), 0, home + u"/test 2/data/test.sqlite"_s, u"../test 2/data/test.sqlite"_s},
+        {other.fileName(), 0, home + u"/test 3/data/test.sqlite"_s, u"../test 3/data/test.sqlite"_s},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.file.toStdString() + " " + each.setting.toStdString());
+        journey.desktop.fileDialogs.files = {each.file};
+        if (each.answer) expectPlacement(each.file, *each.answer);
+        if (each.answer == 0)
+            journey.desktop.messages.expectQuestion(
+                u"The folder orgcharts beside test.sqlite holds 1 file (5 bytes).\n\nDo you want to copy it "
+                "into the new collection? The original stays unchanged."_s,
+                true);
+        journey.trigger("mnuOpenDatabase");
+        journey.desktop.messages.finish();
+        EXPECT_EQ(setting(), each.setting);
+        journey.trigger("mnuViewEvents");
+        EXPECT_EQ(journey.column(0), each.opened.isEmpty() ? "" : "Other");
+        const QString opened = each.opened.isEmpty() ? journey.dataFolder() + u"test.sqlite"_s : each.opened;
+        EXPECT_EQ(journey.program->state().session.fileName(), opened);
+    }
+    EXPECT_EQ(contentOf(home + u"/test 3/data/orgcharts/5.pdf"_s), "chart");
 }
 
 TEST_F(OpenDatabase, KeepsWhatWasOpenWhenAFileIsNoneOfThese)
@@ -149,6 +208,7 @@ TEST_F(OpenDatabase, KeepsWhatWasOpenWhenAFileIsNoneOfThese)
     for (const auto& [file, message] : files) {
         SCOPED_TRACE(file.toStdString());
         journey.desktop.fileDialogs.files = {file};
+        if (file == bare) expectPlacement(file, 1);
         journey.desktop.messages.expectMessageBeginning(message);
         journey.trigger("mnuOpenDatabase");
         journey.desktop.messages.finish();
@@ -214,6 +274,53 @@ TEST(Converter, SurvivesAToolThatIsMissingCrashesOrHangs)
         DesktopDatabaseConverter(script("hang", "#!/bin/sh\ntrap '' TERM\nwhile :; do sleep 0.1; done\n"))
             .convert(nothing, nothing, false);
     EXPECT_EQ(stopped.end, End::Cancelled);
+}
+
+/// Work that ends with the number of steps, or never, or fails then.
+class TestWork final : public SteppedWork
+{
+public:
+    explicit TestWork(int steps, bool fails = false) : m_steps(steps), m_fails(fails) {}
+
+    bool step() override
+    {
+        QThread::msleep(1);
+        if (--m_steps != 0) return true;
+        if (m_fails) throw Error(28, u"No space left"_s);
+        return false;
+    }
+    bool undoStep() override { return ++undone < 100; }
+    [[nodiscard]] QString text() const override { return u"Counting down"_s; }
+    [[nodiscard]] std::optional<int> percent() const override { return 50; }
+
+    int undone = 0;
+
+private:
+    int m_steps;
+    bool m_fails;
+};
+
+TEST(Converter, WorksOnFilesUntilTheyAreDoneFailOrAreCancelled)
+{
+    DesktopDatabaseConverter converter{QString()};
+    for (const int steps : {1, 600}) {
+        TestWork done(steps);
+        EXPECT_TRUE(converter.run(done));
+        TestWork failing(steps, true);
+        EXPECT_EQ(errorNumberOf([&] { return converter.run(failing); }), 28);
+    }
+    QTimer clicker;
+    QObject::connect(&clicker, &QTimer::timeout, [] {
+        auto* window = qobject_cast<frmBringAlong*>(QApplication::activeModalWidget());
+        if (window == nullptr || !window->findChild<QPushButton*>(u"cmdCancel"_s)->isEnabled()) return;
+        EXPECT_EQ(window->findChild<QLabel*>(u"lblStep"_s)->text(), u"Counting down"_s);
+        EXPECT_EQ(window->findChild<QProgressBar*>()->value(), 50);
+        window->findChild<QPushButton*>(u"cmdCancel"_s)->click();
+    });
+    clicker.start(0);
+    TestWork endless(0);
+    EXPECT_FALSE(converter.run(endless));
+    EXPECT_EQ(endless.undone, 100);
 }
 
 } // namespace

@@ -84,6 +84,11 @@ TEST_F(Portraits, OfTheMainWindow)
     expectWindow("organizations", {"Map1"});
 }
 
+TEST_F(Portraits, OfTheSettings)
+{
+    expectDialog("frmSettings", "mnuNavigateSettings", "settings");
+}
+
 TEST_F(Portraits, OfTheSearchesAndTheirResults)
 {
     const auto open = [this](const char* command, const char* dialog, const char* name) {

@@ -40,6 +40,8 @@ void expectWindowWithoutData(Journey& journey)
             u"%1 Error (21): No database is open."_s.arg(QString::fromUtf8(procedure)));
         journey.trigger(command);
         journey.desktop.messages.finish();
+        EXPECT_EQ(journey.find<QLabel>("lblEmptyResult").text(), u"No database is open."_s);
+        EXPECT_FALSE(journey.find<QWidget>("lblSearchAgain").isVisible());
     }
     journey.trigger("mnuNavigateHome");
     EXPECT_TRUE(journey.find<QWidget>("pnlHome").isVisible());

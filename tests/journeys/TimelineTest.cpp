@@ -226,7 +226,8 @@ TEST_F(Timelines, AnotherDatabaseBeginsATimelineOfItsOwn)
     other.run("INSERT INTO Event (EventID, EventName, StartDate, StartTime, EndDate, EndTime, Status) VALUES "
               "(2, 'Elsewhere', '1650-05-05', '05:05', '1650-05-05', '05:06', 'ACTIVE')");
     click("ZoomOut");
-    const QString file = other.folder() + u"/elsewhere.sqlite"_s;
+    const QString file = other.folder() + u"/data/elsewhere.sqlite"_s;
+    ASSERT_TRUE(QDir(other.folder()).mkdir(u"data"_s));
     ASSERT_TRUE(QFile::rename(other.fileName(), file));
     journey.desktop.fileDialogs.files = {file};
     journey.trigger("mnuOpenDatabase");

@@ -5,8 +5,8 @@
 #include "editors/LinkList.h"
 #include "editors/PickListModel.h"
 #include "map/MapView.h"
-#include "search/LinkButton.h"
 #include "widgets/ElidedLabel.h"
+#include "widgets/LinkButton.h"
 
 #include <QHelpEvent>
 #include <QListWidget>

@@ -4,10 +4,17 @@
 #include "Journey.h"
 #include "PseudoLocale.h"
 #include "app/frmSplash.h"
+#include "browse/home/HomePage.h"
+#include "files/FolderList.h"
+#include "lists/ListKind.h"
+#include "map/frmPosition.h"
+#include "opening/frmBringAlong.h"
 #include "opening/frmImport.h"
+#include "platform/StdREG.h"
 
 #include <QCheckBox>
 #include <QDir>
+#include <QListWidget>
 #include <QTabWidget>
 #include <QTest>
 
@@ -168,18 +175,71 @@ TEST_F(Translation, ReachesEveryTextOfTheSearches)
     EXPECT_EQ(heard().size(), 1) << qPrintable(heard().join(u'\n'));
 }
 
+TEST_F(Translation, ReachesEveryTextOfTheLists)
+{
+    journey.inDialog("frmLists", "mnuRecordLists", [&](OpenDialog& lists) {
+        auto& kinds = lists.find<QListWidget>("lstLists");
+        const auto lookAt = [&](const char* name, const char* button) {
+            if (!lists.find<QAbstractButton>(button).isEnabled()) return;
+            inDialog(
+                name, [&] { lists.click(button); },
+                [&](OpenDialog& open) {
+                    QTest::qWait(50);
+                    pseudo.expectTranslated(open.dialog(), button);
+                    open.click("cmdOK"); // what is required is missing
+                    if (open.dialog().isVisible()) open.press(Qt::Key_Escape);
+                });
+        };
+        for (int row = 0; row < kinds.count(); ++row) {
+            kinds.setCurrentRow(row);
+            QTest::qWait(50);
+            pseudo.expectTranslated(lists.dialog(), "lists");
+            lookAt("frmListEntry", "cmdAdd");
+        }
+        kinds.setCurrentRow(static_cast<int>(ListKind::Venues));
+        lookAt("frmMergeEntry", "cmdMerge");
+        lists.click("cmdDelete");
+        lists.click("cmdClose");
+    });
+    EXPECT_EQ(heard().size(), 13) << qPrintable(heard().join(u'\n'));
+    MapPositionPicker picker(journey.desktop.platform(), journey.program->state().folder);
+    inDialog(
+        "frmPosition",
+        [&] {
+            (void)picker.pick(MapPosition{30, -97}, &window());
+        },
+        [&](OpenDialog& open) {
+            pseudo.expectTranslated(open.dialog(), "position");
+            open.click("cmdCancel");
+        });
+}
+
 TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
 {
     for (const char* word : {"Qt", "Charts", "SQLite", "SQLiteCpp", "Shapefile", "Library", "GLib", "Tools",
                              "Breeze", "GPL", "LGPL", "or", "later", "MIT"})
         pseudo.allow(QString::fromUtf8(word));
     lookAtDialog("frmAbout", "mnuHelpAbout");
+    StdREG(journey.desktop.settings)
+        .WriteRegString(QString(), u"DataDiscFolder"_s, journey.database.folder() + u"/test"_s);
+    lookAtDialog("frmSettings", "mnuNavigateSettings");
+    lookAtDialog("frmNewDatabase", "mnuNewDatabase");
+    HomePage home(nullptr);
+    home.setBeginning(true, {});
+    home.setRecent({{{}, u"Atlas"_s, {}}});
+    home.resize(1024, 768);
+    home.show();
+    pseudo.expectTranslated(home, "home page without a database");
     frmSplash splash;
     splash.show();
     pseudo.expectTranslated(splash, "splash");
     frmImport conversion(QString(), nullptr);
     conversion.show();
     pseudo.expectTranslated(conversion, "conversion");
+    FolderList files;
+    frmBringAlong copying(files, nullptr);
+    copying.show();
+    pseudo.expectTranslated(copying, "files that are brought along");
 }
 
 } // namespace

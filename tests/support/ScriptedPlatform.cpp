@@ -20,25 +20,26 @@ void ScriptedMessages::finish()
     m_script.clear();
 }
 
-bool ScriptedMessages::take(const QString& text, std::optional<Question> question)
+ScriptedMessages::Line ScriptedMessages::take(const QString& text, std::optional<Question> question,
+                                              const QStringList& answers)
 {
     if (heard) {
         *heard << text;
-        return false;
+        return {};
     }
     if (m_script.empty()) {
         ADD_FAILURE() << "not in the script: " << text.toStdString();
-        return false;
+        return {};
     }
-    const Line line = m_script.front();
+    Line line = m_script.front();
     m_script.pop_front();
     const bool fits = line.beginning ? text.startsWith(line.text) : text == line.text;
     if (!fits) {
         ADD_FAILURE() << "shown: " << text.toStdString() << "\nexpected: " << line.text.toStdString();
-    } else if (line.question != question) {
+    } else if (line.question != question || line.answers != answers) {
         ADD_FAILURE() << "a message or a question of another kind: " << text.toStdString();
     }
-    return line.answer;
+    return line;
 }
 
 void ScriptedMessages::show(const QString& text)
@@ -48,19 +49,35 @@ void ScriptedMessages::show(const QString& text)
 
 bool ScriptedMessages::ask(const QString& text, Question about)
 {
-    return take(text, about);
+    return take(text, about).answer;
+}
+
+std::optional<int> ScriptedMessages::choose(const QString& text, const QStringList& answers)
+{
+    return take(text, std::nullopt, answers).choice;
 }
 
 QString ScriptedFileDialogs::openFile(const QString& title, const QString& filter)
 {
     filters << filter;
-    if (files.empty()) {
+    return take(files, title);
+}
+
+QString ScriptedFileDialogs::chooseFolder(const QString& title, const QString& start)
+{
+    starts << start;
+    return take(folders, title);
+}
+
+QString ScriptedFileDialogs::take(std::deque<QString>& script, const QString& title)
+{
+    if (script.empty()) {
         ADD_FAILURE() << "a file dialog that is not in the script: " << title.toStdString();
         return {};
     }
-    QString file = files.front();
-    files.pop_front();
-    return file;
+    QString name = script.front();
+    script.pop_front();
+    return name;
 }
 
 bool ScriptedShell::open(const QUrl& url)
@@ -75,6 +92,20 @@ bool ScriptedShell::start(const QString& program, const QString& file)
 {
     started << program + u' ' + file;
     return canStart;
+}
+
+bool ScriptedOtherWindows::listen(const QString& database)
+{
+    if (open.contains(database)) return false;
+    listenedTo = database;
+    return true;
+}
+
+bool ScriptedOtherWindows::call(const QString& database, const WindowCall& what)
+{
+    if (!open.contains(database)) return false;
+    calls.push_back(what);
+    return true;
 }
 
 QString MemorySettings::value(const QString& path) const

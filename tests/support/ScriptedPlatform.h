@@ -6,6 +6,7 @@
 #include "platform/FileAttributes.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
+#include "platform/OtherWindows.h"
 #include "platform/Platform.h"
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
@@ -17,6 +18,7 @@
 #include <deque>
 #include <map>
 #include <optional>
+#include <vector>
 
 /// Messages that follow a script of exact texts and answers. A message that is not next in the script, and a
 /// line of the script that was not used, each fail the test.
@@ -31,6 +33,15 @@ public:
         m_script.push_back({text, about, answer});
     }
 
+    /// `answer` is the number of the answer that is chosen, without a number the question is cancelled.
+    void expectChoice(const QString& text, const QStringList& answers, std::optional<int> answer)
+    {
+        Line line{text};
+        line.answers = answers;
+        line.choice = answer;
+        m_script.push_back(line);
+    }
+
     /// Expects a message of which only the beginning is known, since the system words the rest.
     void expectMessageBeginning(const QString& text)
     {
@@ -42,11 +53,13 @@ public:
 
     void show(const QString& text) override;
     [[nodiscard]] bool ask(const QString& text, Question about) override;
+    [[nodiscard]] std::optional<int> choose(const QString& text, const QStringList& answers) override;
     void beep() override { ++beeps; }
 
     int beeps = 0;
 
-    /// If it is set, everything is noted here instead of being compared, and every question answered with No.
+    /// If it is set, everything is noted here instead of being compared, and every question answered with No
+    /// or Cancel.
     std::optional<QStringList> heard;
 
 private:
@@ -56,20 +69,29 @@ private:
         std::optional<Question> question = std::nullopt;
         bool answer = false;
         bool beginning = false;
+        QStringList answers = {};
+        std::optional<int> choice = std::nullopt;
     };
-    bool take(const QString& text, std::optional<Question> question);
+    Line take(const QString& text, std::optional<Question> question, const QStringList& answers = {});
 
     std::deque<Line> m_script;
 };
 
-/// File dialogs that return the files of a script; an empty name stands for a dialog that is closed.
+/// File dialogs that return the files and folders of a script; an empty name stands for a dialog that is
+/// closed.
 class ScriptedFileDialogs final : public FileDialogs
 {
 public:
     [[nodiscard]] QString openFile(const QString& title, const QString& filter) override;
+    [[nodiscard]] QString chooseFolder(const QString& title, const QString& start) override;
 
     std::deque<QString> files;
-    QStringList filters; ///< of the dialogs that were opened
+    std::deque<QString> folders;
+    QStringList filters; ///< of the dialogs for files that were opened
+    QStringList starts;  ///< of the dialogs for folders that were opened
+
+private:
+    static QString take(std::deque<QString>& script, const QString& title);
 };
 
 /// Settings that live as long as the test.
@@ -119,6 +141,20 @@ public:
     QStringList unknown; ///< endings of names for which the desktop knows no program
 };
 
+/// Other windows as the test has them, by the databases that they have open.
+class ScriptedOtherWindows final : public OtherWindows
+{
+public:
+    [[nodiscard]] bool listen(const QString& database) override;
+    [[nodiscard]] bool call(const QString& database, const WindowCall& what) override;
+    void setReceiver(Receiver receiver) override { called = std::move(receiver); }
+
+    QStringList open;   ///< what others have open
+    QString listenedTo; ///< what this program is called for
+    std::vector<WindowCall> calls;
+    Receiver called; ///< calls this program
+};
+
 /// The desktop of one test.
 struct ScriptedPlatform
 {
@@ -129,10 +165,11 @@ struct ScriptedPlatform
     ScriptedClock clock;
     ScriptedVolumes volumes;
     ScriptedShell shell;
+    ScriptedOtherWindows otherWindows;
 
     [[nodiscard]] Platform platform()
     {
-        return {messages, settings, fileAttributes, fileDialogs, clock, volumes, shell};
+        return {messages, settings, fileAttributes, fileDialogs, clock, volumes, shell, otherWindows};
     }
 
     /// Names the database that the program opens at its start.

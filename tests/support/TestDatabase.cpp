@@ -52,8 +52,13 @@ void TestDatabase::runFile(const char* name, const QString& text) const
 
 QString TestDatabase::ask(const char* statement) const
 {
-    SQLite::Database database(fileName().toStdString());
-    SQLite::Statement rows(database, statement);
+    return ask(QString::fromUtf8(statement));
+}
+
+QString TestDatabase::answer(const QString& file, const QString& statement)
+{
+    SQLite::Database database(file.toStdString());
+    SQLite::Statement rows(database, statement.toStdString());
     QStringList lines;
     while (rows.executeStep()) {
         QStringList values;

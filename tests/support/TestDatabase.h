@@ -34,7 +34,10 @@ public:
 
     /// What SQLite alone answers, one line a row, values joined by `|`.
     [[nodiscard]] QString ask(const char* statement) const;
-    [[nodiscard]] QString ask(const QString& statement) const { return ask(statement.toUtf8().constData()); }
+    [[nodiscard]] QString ask(const QString& statement) const { return answer(fileName(), statement); }
+
+    /// The same of any database file.
+    [[nodiscard]] static QString answer(const QString& file, const QString& statement);
 
     /// The steps in which SQLite answers a statement of the session, one a line.
     [[nodiscard]] QString planOf(const QString& statement);

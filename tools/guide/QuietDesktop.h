@@ -7,6 +7,7 @@
 #include "platform/FileAttributes.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
+#include "platform/OtherWindows.h"
 #include "platform/Platform.h"
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
@@ -43,6 +44,10 @@ public:
     {
         return {};
     }
+    [[nodiscard]] QString chooseFolder(const QString& /*title*/, const QString& /*start*/) override
+    {
+        return {};
+    }
     [[nodiscard]] Result convert(const QString& /*source*/, const QString& /*target*/,
                                  bool /*replace*/) override
     {
@@ -53,7 +58,7 @@ public:
 
     [[nodiscard]] Platform platform()
     {
-        return {*this, *this, m_fileAttributes, *this, m_clock, m_volumes, *this};
+        return {*this, *this, m_fileAttributes, *this, m_clock, m_volumes, *this, m_otherWindows};
     }
 
 private:
@@ -61,4 +66,5 @@ private:
     SystemFileAttributes m_fileAttributes;
     SystemClock m_clock;
     SystemVolumes m_volumes;
+    NoOtherWindows m_otherWindows;
 };

@@ -62,6 +62,9 @@ void MainCommands::makeActions()
                         tr("Opens the file of the document or the chart of the organization"));
     mnuRecordCopy = add(QStringLiteral("mnuRecordCopy"), tr("&Copy"), QStringLiteral("edit-copy"),
                         QKeySequence::Copy, tr("Copies the selected rows"));
+    mnuRecordLists =
+        add(QStringLiteral("mnuRecordLists"), tr("&Lists…"), QStringLiteral("format-list-unordered"), {},
+            tr("Shows and changes the document types, venues, cities and other lists"));
     mnuViewDocuments =
         add(QStringLiteral("mnuViewDocuments"), tr("&Documents"), QStringLiteral("view-list-text"),
             QKeySequence(Qt::CTRL | Qt::Key_1), tr("Shows all documents"));
@@ -99,9 +102,16 @@ void MainCommands::makeActions()
                              QKeySequence(Qt::ALT | Qt::Key_Right), tr("Shows the view after this one"));
     mnuNavigateHome = add(QStringLiteral("mnuNavigateHome"), tr("&Home"), QStringLiteral("go-home"),
                           QKeySequence(Qt::ALT | Qt::Key_Home), tr("Shows the home page"));
+    mnuNewDatabase =
+        add(QStringLiteral("mnuNewDatabase"), tr("&New Database…"), QStringLiteral("folder-new"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), tr("Begins a collection of your own"));
     mnuOpenDatabase =
         add(QStringLiteral("mnuOpenDatabase"), tr("&Open Database…"), QStringLiteral("document-open"),
             QKeySequence::Open, tr("Opens an Access file or another database"));
+    mnuNavigateSettings = add(QStringLiteral("mnuNavigateSettings"), tr("&Settings…"),
+                              QStringLiteral("configure"), QKeySequence(Qt::CTRL | Qt::Key_Comma),
+                              tr("Changes how the program starts and what lists look like"));
+    mnuNavigateSettings->setMenuRole(QAction::PreferencesRole);
     mnuNavigateExit = add(QStringLiteral("mnuNavigateExit"), tr("E&xit"), QStringLiteral("application-exit"),
                           QKeySequence(Qt::CTRL | Qt::Key_Q), tr("Ends the program"));
     mnuNavigateExit->setMenuRole(QAction::QuitRole);
@@ -124,6 +134,8 @@ void MainCommands::makeMenus()
     mnuRecordRelated->setToolTipsVisible(true);
     record->addSeparator();
     record->addAction(mnuRecordCopy);
+    record->addSeparator();
+    record->addAction(mnuRecordLists);
 
     QMenu* view = m_window.menuBar()->addMenu(tr("&View"));
     view->setObjectName(QStringLiteral("mnuView"));
@@ -150,7 +162,12 @@ void MainCommands::makeMenus()
     // it has no upper bound: without scrolling, it would grow column by column out of the screen
     mnuHistory->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));
     mnuNavigate->addSeparator();
-    mnuNavigate->addAction(mnuOpenDatabase);
+    mnuNavigate->addActions({mnuNewDatabase, mnuOpenDatabase});
+    mnuRecentDatabases = mnuNavigate->addMenu(tr("&Recent Databases"));
+    mnuRecentDatabases->setObjectName(QStringLiteral("mnuRecentDatabases"));
+    mnuRecentDatabases->setToolTipsVisible(true);
+    mnuNavigate->addSeparator();
+    mnuNavigate->addAction(mnuNavigateSettings);
     mnuNavigate->addSeparator();
     mnuNavigate->addAction(mnuNavigateExit);
 }

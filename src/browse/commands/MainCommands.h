@@ -30,7 +30,9 @@ public:
     QAction* mnuNavigateBack;
     QAction* mnuNavigateForward;
     QAction* mnuNavigateHome;
+    QAction* mnuNewDatabase;
     QAction* mnuOpenDatabase;
+    QAction* mnuNavigateSettings;
     QAction* mnuNavigateExit;
     QAction* mnuRecordAdd; ///< of the toolbar: drops down `mnuAddKinds`
     QAction* mnuRecordAddNewDocument;
@@ -41,10 +43,12 @@ public:
     QAction* mnuRecordDelete;
     QAction* mnuRecordOpen;
     QAction* mnuRecordCopy;
+    QAction* mnuRecordLists;
     QMenu* mnuAddKinds; ///< the kinds of record that can be added
     QMenu* mnuRecordRelated;
     QMenu* mnuNavigate;
     QMenu* mnuHistory;
+    QMenu* mnuRecentDatabases;
     QToolBar* tbToolBar;
 
 private:

@@ -35,7 +35,7 @@ QString OpenCommand::question(std::size_t count) const
 QString OpenCommand::openFile(RecordKind kind, const SelectedRecord& record) const
 {
     const FileOpener opener({m_platform.volumes, m_platform.shell, m_session, m_folder,
-                             ProgramFolders::documents, ProgramFolders::organizationCharts});
+                             ProgramFolders::documents, ProgramFolders::organizationCharts, m_discFolders});
     return kind == RecordKind::Document ? opener.openDoc(record.fileLocation, record.iconKey)
                                         : opener.openOrgChart(record.identifier, record.iconKey);
 }

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "files/DistributionDiscs.h"
 #include "platform/Platform.h"
 #include "records/RecordKind.h"
 
@@ -30,6 +31,9 @@ public:
     {
     }
 
+    /// Sets the folders that are looked in for files on the discs if no drive has them.
+    void setDiscFolders(const DiscFolders& folders) { m_discFolders = folders; }
+
     /// Opens one file after the other; asks first if there are more than five. One message at the end says
     /// what could not be opened.
     void run() const;
@@ -51,4 +55,5 @@ private:
     const StandardQueries& m_queries;
     const ProgramFolder& m_folder;
     ListPane& m_list;
+    DiscFolders m_discFolders;
 };

@@ -42,14 +42,20 @@ void ColumnWidths::choose(RecordKind kind, int column, int width)
     chosen(kind).at(static_cast<std::size_t>(column)) = width;
 }
 
+/// A width of the layout with the present size of text.
+int ColumnWidths::scaled(int width) const
+{
+    return width * m_textSize / 100;
+}
+
 void ColumnWidths::apply(RecordKind kind)
 {
     const auto& columns = listLayout(kind).columns;
     const std::vector<int>& widths = chosen(kind);
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        int width = columns[i].widthInTwips == 0 ? defaultWidth : columns[i].widthInTwips / twipsPerPixel;
-        if (widths[i] != 0) width = widths[i];
-        m_view.setWidth(static_cast<int>(i), width);
+        const int width =
+            columns[i].widthInTwips == 0 ? defaultWidth : columns[i].widthInTwips / twipsPerPixel;
+        m_view.setWidth(static_cast<int>(i), widths[i] == 0 ? scaled(width) : widths[i]);
     }
 }
 
@@ -60,7 +66,8 @@ void ColumnWidths::fitTexts(RecordKind kind)
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (!columns[i].fitsTexts || widths[i] != 0) continue;
         const int column = static_cast<int>(i);
-        m_view.setWidth(column, std::clamp(m_view.widthNeeded(column), defaultWidth, widestFitted));
+        m_view.setWidth(column,
+                        std::clamp(m_view.widthNeeded(column), scaled(defaultWidth), scaled(widestFitted)));
     }
 }
 

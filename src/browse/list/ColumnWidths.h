@@ -21,6 +21,9 @@ public:
     /// Gives the columns of a kind, which the view must show, their widths.
     void apply(RecordKind kind);
 
+    /// Makes the widths of the layout so many percent of what they are with the desktop's text.
+    void setTextSize(int percent) { m_textSize = percent; }
+
     /// Widens the columns that are to fit their texts, unless the user chose a width for them.
     void fitTexts(RecordKind kind);
 
@@ -32,7 +35,9 @@ public:
 
 private:
     std::vector<int>& chosen(RecordKind kind);
+    [[nodiscard]] int scaled(int width) const;
 
     RecordListView& m_view;
+    int m_textSize = 100;                            ///< in percent
     std::map<RecordKind, std::vector<int>> m_chosen; ///< in pixels, 0 if the user chose none
 };

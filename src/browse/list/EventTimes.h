@@ -6,6 +6,13 @@
 
 #include <string_view>
 
+/// How many digits of a year are shown.
+enum class Years
+{
+    TwoDigits,
+    FourDigits
+};
+
 /// Start and end of an event, as the file holds them: `YYYY-MM-DD` and `HH:MM`, each empty if it is missing.
 struct EventTimes
 {
@@ -15,12 +22,6 @@ struct EventTimes
     std::string_view endTime;
 
     /// Returns `mm/dd/yy hh:mm - mm/dd/yy hh:mm`; within a day `mm/dd/yy hh:mm-hh:mm`; for an instant only
-    /// its start. Missing dates and times are left out.
-    [[nodiscard]] QString shortText() const;
-
-    /// Returns the same with four digits for a year.
-    [[nodiscard]] QString longText() const;
-
-private:
-    [[nodiscard]] QString text(bool wholeYear) const;
+    /// its start. Missing dates and times are left out. With four digits, `yyyy` takes the place of `yy`.
+    [[nodiscard]] QString text(Years years) const;
 };

@@ -2,7 +2,6 @@
 
 #include "browse/list/ListLayout.h"
 
-#include "browse/list/EventTimes.h"
 #include "browse/list/ListTexts.h"
 #include "util/TypedDate.h"
 
@@ -15,7 +14,7 @@ constexpr std::string_view noState = "None";
 
 namespace documentField {
 constexpr std::size_t name = 0, author = 1, date = 2, fileType = 3, source = 4;
-static_assert(source + 1 == fileLocationField);
+static_assert(source + 1 == fileLocationField && fileType == fileTypeField);
 } // namespace documentField
 namespace eventField {
 constexpr std::size_t name = 0, startDate = 1, startTime = 2, endDate = 3, endTime = 4;
@@ -130,6 +129,13 @@ ListLayout documentLayout()
          textColumn<field<documentField::source>>(QT_TRANSLATE_NOOP("List", "Source"))}};
 }
 
+template <Years years>
+QString timesText(const ListRow& row)
+{
+    return times(row).text(years);
+}
+
+template <Years years>
 ListLayout eventLayout()
 {
     return {u"EventID",
@@ -139,9 +145,8 @@ ListLayout eventLayout()
             {u"EventName", u"StartDate", u"StartTime", u"EndDate", u"EndTime"},
             {textColumn<field<eventField::name>>(QT_TRANSLATE_NOOP("List", "Name"), 6450),
              keyColumn([](const ListRow& row) { return row.isKey ? ListTexts::tr("Key event") : QString(); }),
-             {QT_TRANSLATE_NOOP("List", "Date - Time"), 6450,
-              [](const ListRow& row) { return times(row).shortText(); }, &timesKey,
-              [](const ListRow& row) { return times(row).longText(); }}}};
+             {QT_TRANSLATE_NOOP("List", "Date - Time"), 6450, &timesText<years>, &timesKey,
+              &timesText<Years::FourDigits>}}};
 }
 
 ListLayout organizationLayout()
@@ -160,16 +165,17 @@ ListLayout organizationLayout()
 
 } // namespace
 
-const ListLayout& listLayout(RecordKind kind)
+const ListLayout& listLayout(RecordKind kind, Years years)
 {
     static const ListLayout documents = documentLayout();
-    static const ListLayout events = eventLayout();
+    static const ListLayout events = eventLayout<Years::TwoDigits>();
+    static const ListLayout eventsWithWholeYears = eventLayout<Years::FourDigits>();
     static const ListLayout organizations = organizationLayout();
     switch (kind) {
     case RecordKind::Document:
         return documents;
     case RecordKind::Event:
-        return events;
+        return years == Years::FourDigits ? eventsWithWholeYears : events;
     case RecordKind::Organization:
         break;
     }

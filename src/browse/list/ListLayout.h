@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "browse/list/EventTimes.h"
 #include "records/RecordKind.h"
 
 #include <QString>
@@ -54,7 +55,9 @@ struct ListLayout
     std::vector<ListColumn> columns;
 };
 
-const ListLayout& listLayout(RecordKind kind);
+/// `years` is how the columns show dates; tool tips show four digits of a year.
+const ListLayout& listLayout(RecordKind kind, Years years = Years::TwoDigits);
 
 /// The field of a document's row that has its file name.
 inline constexpr std::size_t fileLocationField = 5;
+inline constexpr std::size_t fileTypeField = 3; ///< its name

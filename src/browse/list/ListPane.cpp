@@ -106,7 +106,7 @@ void ListPane::begin(RecordKind kind, std::size_t entry)
     ++m_token;
     m_filling = true;
     m_entry = entry;
-    m_list = std::make_shared<RecordList>(kind);
+    m_list = std::make_shared<RecordList>(kind, m_years);
     m_model->setList(m_list);
     Q_EMIT selectionChanged();
     m_view->scrollToTop();
@@ -272,4 +272,12 @@ void ListPane::refreshIcons()
 {
     m_icons.clear();
     m_view->viewport()->update();
+}
+
+void ListPane::setTextSize(int percent)
+{
+    m_view->setTextSize(percent);
+    m_widths.setTextSize(percent);
+    m_widths.apply(kind());
+    m_widths.fitTexts(kind());
 }

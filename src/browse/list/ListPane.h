@@ -80,6 +80,13 @@ public:
 
     void refreshIcons();
 
+    /// Makes the text so many percent of the desktop's; the icons and the widths that the user did not choose
+    /// follow.
+    void setTextSize(int percent);
+
+    /// Sets how dates are shown, from the next fill on.
+    void setYears(Years years) { m_years = years; }
+
     [[nodiscard]] ColumnWidths& widths() { return m_widths; }
 
 Q_SIGNALS:
@@ -116,6 +123,7 @@ private:
     RecordListModel* m_model;
     RecordListView* m_view;
     ColumnWidths m_widths;
+    Years m_years = Years::TwoDigits;
     std::uint64_t m_token = 0;
     bool m_filling = false;
     bool m_selecting = false; ///< while the program selects, not the user

@@ -3,6 +3,7 @@
 #include "browse/list/RecordList.h"
 
 #include "browse/list/ListTexts.h"
+#include "records/FileHints.h"
 #include "util/TextCompare.h"
 
 #include <algorithm>
@@ -70,6 +71,16 @@ QString RecordList::documentIcon(std::size_t row, bool isInFolder) const
     QString key = u'd' + QString::number(found.number);
     if (isInFolder) return key;
     return key + (found.isReleased ? QStringLiteral("cd") : QStringLiteral("ng"));
+}
+
+QString RecordList::drawnIcon(std::size_t row, const QString& icon) const
+{
+    if (m_kind != RecordKind::Document) return icon;
+    const std::string_view name = at(row).fields[fileTypeField];
+    const QString type = QString::number(m_rows[row].number);
+    const int known = FileHints::knownType(
+        m_rows[row].number, QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+    return u'd' + QString::number(known) + icon.mid(1 + type.size());
 }
 
 std::vector<std::uint32_t> RecordList::sorted(int column, bool descending) const

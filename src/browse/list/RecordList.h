@@ -18,7 +18,10 @@
 class RecordList
 {
 public:
-    explicit RecordList(RecordKind kind) : m_kind(kind), m_layout(&listLayout(kind)) {}
+    explicit RecordList(RecordKind kind, Years years = Years::TwoDigits)
+        : m_kind(kind), m_layout(&listLayout(kind, years))
+    {
+    }
 
     [[nodiscard]] RecordKind kind() const { return m_kind; }
     [[nodiscard]] const std::vector<ListColumn>& columns() const { return m_layout->columns; }
@@ -43,6 +46,9 @@ public:
     /// The icon of a document: `d` and its file type. If the file is not in the documents folder, `cd`
     /// follows if the document may be shown from a disc, `ng` if not.
     [[nodiscard]] QString documentIcon(std::size_t row, bool isInFolder) const;
+
+    /// The icon that is drawn for a row's: a type of the user's own looks like the known one of its name.
+    [[nodiscard]] QString drawnIcon(std::size_t row, const QString& icon) const;
 
     /// The rows in the order of a column's sort keys; rows with equal keys keep their order.
     [[nodiscard]] std::vector<std::uint32_t> sorted(int column, bool descending) const;

@@ -107,7 +107,7 @@ QVariant RecordListModel::data(const QModelIndex& index, int role) const
         return marksKeys(index.column()) ? m_list->toolTip(row, index.column())
                                          : m_list->text(row, index.column());
     case Qt::DecorationRole:
-        if (index.column() == 0) return m_icons.icon(m_iconKeys.key(*m_list, row));
+        if (index.column() == 0) return m_icons.icon(m_list->drawnIcon(row, m_iconKeys.key(*m_list, row)));
         if (marksKeys(index.column()) && m_list->isKey(row)) return m_icons.icon(QStringLiteral("isKey"));
         return {};
     default:

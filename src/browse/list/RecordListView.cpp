@@ -10,6 +10,7 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QStyle>
 
 #include <algorithm>
 #include <memory>
@@ -59,6 +60,22 @@ RecordListView::RecordListView(QWidget* parent) : QTreeView(parent)
     header()->setSortIndicatorShown(false);
     header()->setMinimumSectionSize(20);
     header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+void RecordListView::setTextSize(int percent)
+{
+    setFont({});
+    setIconSize({});
+    if (percent == 100) return;
+    QFont scaled = font();
+    if (scaled.pointSizeF() > 0) {
+        scaled.setPointSizeF(scaled.pointSizeF() * percent / 100);
+    } else {
+        scaled.setPixelSize(scaled.pixelSize() * percent / 100);
+    }
+    setFont(scaled);
+    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) * percent / 100;
+    setIconSize({icon, icon});
 }
 
 void RecordListView::setWidth(int column, int width)

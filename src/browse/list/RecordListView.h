@@ -19,6 +19,9 @@ public:
     /// The width in pixels at which no text of the column's first rows is shortened.
     [[nodiscard]] int widthNeeded(int column) const { return sizeHintForColumn(column); }
 
+    /// Makes text and icons so many percent of the desktop's.
+    void setTextSize(int percent);
+
     /// Copies the selected rows, as text with tabs and as a table.
     void copySelection() const;
 

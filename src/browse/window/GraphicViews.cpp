@@ -63,9 +63,11 @@ void GraphicViews::drawAfterList(RecordKind kind, bool isListed)
     if (kind == RecordKind::Organization) {
         // if it could not be read, the list has reported why
         isListed ? m_map->drawMap() : m_map->clearMap();
+        if (isListed) m_map->explainEmpty(m_list.count());
     } else {
         showSelected();
     }
+    if (kind == RecordKind::Document && isListed) m_chart->explainEmpty(m_list.count());
 }
 
 void GraphicViews::showSelected()

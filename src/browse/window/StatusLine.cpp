@@ -18,6 +18,7 @@ StatusLine::StatusLine(QMainWindow& window)
     : QObject(&window),
       m_view(new QLabel(&window)),
       m_saved(new ElidedLabel(&window)),
+      m_notice(new ElidedLabel(&window)),
       m_selection(new QLabel(&window)),
       m_status(new QLabel(&window))
 {
@@ -25,15 +26,18 @@ StatusLine::StatusLine(QMainWindow& window)
     m_view->setTextFormat(Qt::PlainText);
     m_view->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_saved->setObjectName(QStringLiteral("pnlSaved"));
+    m_notice->setObjectName(QStringLiteral("pnlNotice"));
     m_selection->setObjectName(QStringLiteral("pnlSelection"));
     m_status->setObjectName(QStringLiteral("pnlStatus"));
     QStatusBar& bar = *window.statusBar();
     bar.addWidget(m_view, 1);
     m_selection->setContentsMargins(0, 0, gap, 0);
     bar.addPermanentWidget(m_saved, 1);
+    bar.addPermanentWidget(m_notice, 1);
     bar.addPermanentWidget(m_selection);
     bar.addPermanentWidget(m_status);
     m_saved->hide();
+    m_notice->hide();
     m_selection->hide();
 }
 
@@ -41,8 +45,16 @@ void StatusLine::showView(const QString& caption, const QString& count)
 {
     m_view->setText(caption);
     m_status->setText(count);
-    m_saved->clear();
-    m_saved->hide();
+    for (ElidedLabel* label : {m_saved, m_notice}) {
+        label->clear();
+        label->hide();
+    }
+}
+
+void StatusLine::showNotice(const QString& text)
+{
+    m_notice->setLine(text);
+    m_notice->show();
 }
 
 void StatusLine::showSaved(RecordKind kind, const QString& name)

@@ -10,8 +10,8 @@ class ElidedLabel;
 class QLabel;
 class QMainWindow;
 
-/// The status bar: the view's caption, the record saved last, the number of selected rows and that of all
-/// rows.
+/// The status bar: the view's caption, the record saved last, a notice, the number of selected rows and that
+/// of all rows.
 class StatusLine final : public QObject
 {
     Q_OBJECT
@@ -20,17 +20,22 @@ public:
     /// The panels become part of the window's status bar.
     explicit StatusLine(QMainWindow& window);
 
-    /// Shows the caption of a view and its number of rows; clears what showSaved() showed.
+    /// Shows the caption of a view and its number of rows; clears what showSaved() and
+    /// showNotice() showed.
     void showView(const QString& caption, const QString& count);
 
     /// Says that a record was saved, until another view is shown.
     void showSaved(RecordKind kind, const QString& name);
+
+    /// Says something that the user has to know of the view, until another is shown.
+    void showNotice(const QString& text);
 
     void showSelected(std::size_t rows);
 
 private:
     QLabel* m_view;
     ElidedLabel* m_saved;
+    ElidedLabel* m_notice;
     QLabel* m_selection;
     QLabel* m_status;
 };

@@ -5,6 +5,7 @@
 #include "browse/home/HomePage.h"
 #include "browse/list/ListPane.h"
 #include "browse/window/BrowsePage.h"
+#include "browse/window/EmptyList.h"
 #include "browse/window/GraphicViews.h"
 #include "platform/Procedure.h"
 #include "search/SearchCommands.h"
@@ -52,10 +53,12 @@ void ViewPages::showOrganizations(const SharedQuery& query, const QString& capti
 void ViewPages::showList(RecordKind kind, const QString& procedure, const SharedQuery& query,
                          const QString& caption)
 {
-    auto& [home, browse, list, search, graphics] = m_parts;
+    Q_EMIT viewAsked();
+    auto& [home, browse, list, emptyList, search, graphics] = m_parts;
     setCurrentWidget(&browse);
     browse.showKind(kind);
     Q_EMIT pageChanged();
+    emptyList.hide();
     search.beginList();
     bool stayed = true;
     const bool isListed =
@@ -68,7 +71,7 @@ void ViewPages::showList(RecordKind kind, const QString& procedure, const Shared
     if (!stayed) return;
     Q_EMIT viewShown(caption, RecordList::countText(kind, list.count()));
     list.setFocus();
-    search.finishList(list.count(), isListed);
+    if (list.count() == 0) emptyList.show(kind, isListed);
     graphics.drawAfterList(kind, isListed);
 }
 
@@ -88,6 +91,7 @@ void ViewPages::showSearchResults()
 /// Shows a page without a list.
 void ViewPages::showPage(QWidget& page)
 {
+    Q_EMIT viewAsked();
     m_parts.list.stop();
     setCurrentWidget(&page);
     Q_EMIT pageChanged();

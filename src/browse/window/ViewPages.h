@@ -8,6 +8,7 @@
 #include <QStackedWidget>
 
 class BrowsePage;
+class EmptyList;
 class GraphicViews;
 class HomePage;
 class ListPane;
@@ -27,6 +28,7 @@ public:
         HomePage& home;
         BrowsePage& browse;
         ListPane& list;
+        EmptyList& emptyList;
         SearchCommands& search;
         GraphicViews& graphics;
     };
@@ -42,6 +44,9 @@ public:
     void refresh();
 
 Q_SIGNALS:
+    /// A view is about to be read and shown.
+    void viewAsked();
+
     /// Another page, or a list of another kind, is shown; its records are still to be read.
     void pageChanged();
 

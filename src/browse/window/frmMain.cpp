@@ -13,26 +13,37 @@
 #include "browse/list/ListPane.h"
 #include "browse/list/RecordListView.h"
 #include "browse/window/BrowsePage.h"
+#include "browse/window/DatabaseCommands.h"
+#include "browse/window/EmptyList.h"
 #include "browse/window/GraphicViews.h"
+#include "browse/window/StartCommands.h"
 #include "browse/window/StatusLine.h"
 #include "browse/window/ViewPages.h"
 #include "editors/DialogRecordPicker.h"
 #include "editors/RecordEditors.h"
 #include "help/HelpCommands.h"
+#include "lists/NewEntries.h"
+#include "lists/frmLists.h"
+#include "map/MarkerPictures.h"
+#include "map/frmPosition.h"
 #include "opening/DatabaseOpener.h"
-#include "platform/FileDialogs.h"
+#include "opening/SampleCollection.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "search/SearchCommands.h"
+#include "settings/frmSettings.h"
 #include "state/ProgramState.h"
 #include "timeline/TimelinePanel.h"
+#include "util/Error.h"
 #include "util/ReadableLine.h"
+#include "views/clsCities.h"
 #include "widgets/IconSet.h"
 #include "widgets/ReadablePalette.h"
 #include "widgets/WindowPlace.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileInfo>
 #include <QMenu>
 #include <QScreen>
@@ -40,6 +51,7 @@
 #include <QToolBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -49,30 +61,37 @@ constexpr QSize largestFirstSize(1600, 1000);
 
 frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState& state)
     : m_platform(platform),
-      m_opener(opener),
       m_state(state),
       m_commands(new MainCommands(*this)),
       m_help(new HelpCommands(*this, *m_commands->tbToolBar, state.session, state.home, platform.shell,
                               platform.messages)),
+      m_databases(new DatabaseCommands(platform, opener, state, *m_commands->mnuRecentDatabases, *this)),
       m_status(new StatusLine(*this)),
       m_home(new HomePage(this)),
       m_list(new ListPane(state.session, state.history, state.folder, this)),
       m_browse(new BrowsePage(m_list, platform.settings, this)),
       m_picker(std::make_unique<DialogRecordPicker>(platform, state.session)),
+      m_positions(std::make_unique<MapPositionPicker>(platform, state.folder)),
+      m_newEntries(std::make_unique<NewEntries>(platform, state.session, *m_positions)),
       m_search(new SearchCommands({platform.messages, state.session, state.history, state.queries}, *m_picker,
                                   *this)),
       m_related(new RelatedCommands(platform.messages, {state.session, state.queries}, state.history, *m_list,
                                     this)),
       m_open(std::make_unique<OpenCommand>(platform, state.session, state.queries, state.folder, *m_list)),
-      m_editors(new RecordEditors(platform, state.session, state.folder, *this)),
+      m_editors(new RecordEditors(platform, state.session, *m_newEntries, state.folder, *this)),
       m_records(new RecordCommands(*m_commands, *m_list, *m_editors, *this)),
       m_graphics(new GraphicViews(
           {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},
           *m_list, *m_browse, *this)),
+      m_emptyList(new EmptyList({state.session, state.history, state.queries, *m_search, *m_commands,
+                                 [this] { return unwritable(); }},
+                                m_list->view(), *this)),
       m_pages(new ViewPages(platform.messages, state.history,
-                            {*m_home, *m_browse, *m_list, *m_search, *m_graphics}, this)),
+                            {*m_home, *m_browse, *m_list, *m_emptyList, *m_search, *m_graphics}, this)),
       m_navigation(new HistoryNavigation(state.history, *m_commands->mnuNavigateBack,
-                                         *m_commands->mnuNavigateForward, *m_commands->tbToolBar, *this))
+                                         *m_commands->mnuNavigateForward, *m_commands->tbToolBar, *this)),
+      m_preferences(Preferences::read(platform.settings)),
+      m_starts(new StartCommands({platform, state, *m_databases, *m_list, *m_editors, *m_search}, *this))
 {
     setObjectName(QStringLiteral("frmMain"));
     m_search->attachTo(m_list->view());
@@ -81,6 +100,7 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
     connectViews();
     connectEditors();
     connectRows();
+    connect(m_starts, &StartCommands::delayed, m_status, &StatusLine::showNotice);
 }
 
 frmMain::~frmMain() = default;
@@ -106,21 +126,33 @@ void frmMain::connectCommands()
         if (!m_state.history.goForward()) m_platform.messages.beep();
     });
     on(m_commands->mnuNavigateHome, [this] { viewHome(); });
-    on(m_commands->mnuOpenDatabase, [this] { openDatabase(); });
+    on(m_commands->mnuNavigateSettings, [this] { changeSettings(); });
+    on(m_commands->mnuNewDatabase, [this] { m_databases->newDatabase(); });
+    on(m_commands->mnuOpenDatabase, [this] { m_databases->openDatabase(); });
     on(m_commands->mnuNavigateExit, [this] { close(); });
     on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
     on(m_commands->mnuRecordOpen, [this] { m_open->run(); });
+    on(m_commands->mnuRecordLists, [this] { openLists(); });
 }
 
 void frmMain::connectViews()
 {
     connect(m_home, &HomePage::recordsChosen, this, &frmMain::viewAll);
     connect(m_home, &HomePage::searchChosen, m_search, &SearchCommands::openKeywordSearch);
+    connect(m_home, &HomePage::newChosen, m_commands->mnuNewDatabase, &QAction::trigger);
+    connect(m_home, &HomePage::openChosen, m_commands->mnuOpenDatabase, &QAction::trigger);
+    connect(m_home, &HomePage::sampleChosen, m_databases, &DatabaseCommands::lookAtSample);
+    connect(m_home, &HomePage::recentChosen, m_databases, &DatabaseCommands::openRecent);
+    connect(m_databases, &DatabaseCommands::opening, m_list, &ListPane::stop);
+    connect(m_databases, &DatabaseCommands::opened, this, &frmMain::startOver);
+    connect(m_databases, &DatabaseCommands::recentChanged, this, &frmMain::showRecent);
     connect(m_home, &HomePage::helpChosen, m_help->mnuHelpContents, &QAction::trigger);
+    connect(m_pages, &ViewPages::viewAsked, this, &frmMain::lookForOutsideChange);
     connect(m_pages, &ViewPages::pageChanged, this, &frmMain::enableCommands);
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::showCaption);
     connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
+    connect(m_commands->mnuNavigate, &QMenu::aboutToShow, m_databases, &DatabaseCommands::listRecent);
 }
 
 void frmMain::connectEditors()
@@ -156,45 +188,106 @@ void frmMain::connectRows()
             [menus](const QPoint& position) { menus->popUp(RecordKind::Event, position); });
 }
 
-void frmMain::load(bool hasProgramFolder)
+void frmMain::load(bool hasProgramFolder, const StartRequest& request)
 {
-    runProcedure(m_platform.messages, QStringLiteral("Form_Load"), [&] {
-        if (hasProgramFolder) m_opener.openNamed();
-    });
-    showDatabaseName();
+    if (hasProgramFolder) m_databases->openAtStart(request);
+    showDatabase();
     placeOnScreen();
     m_list->widths().restore(m_platform.settings);
     m_graphics->mainLoad();
+    applyPreferences();
     viewHome();
+    showStartPage();
+    m_starts->add(request);
 }
 
-/// Lets the user choose another database, and starts over with it.
-void frmMain::openDatabase()
+/// Shows the page that the settings name after the home page, to which Back leads.
+void frmMain::showStartPage()
 {
-    const QString file = m_platform.fileDialogs.openFile(
-        tr("Open Database"), tr("Databases") +
-                                 QStringLiteral(" (*.mdb *.accdb *.sqlite)|*.mdb *.accdb *.sqlite|") +
-                                 tr("All Files") + QStringLiteral(" (*.*)| *.*"));
-    if (file.isEmpty()) return;
-    m_list->stop();
-    const QString before = m_state.session.fileName();
-    bool opened = false;
-    runProcedure(m_platform.messages, QStringLiteral("openDatabase"),
-                 [&] { opened = m_opener.openChosen(file); });
-    // a database that can only be read is open although its message counts as a failure
-    if (!opened && m_state.session.fileName() == before) return;
+    const std::optional<RecordKind> kind = recordKindOf(m_preferences.startPage);
+    if (kind && m_state.session.isOpen()) viewAll(*kind);
+}
+
+void frmMain::changeSettings()
+{
+    const Preferences before = Preferences::read(m_platform.settings);
+    frmSettings window(before, {m_platform.fileDialogs, m_state.home.root(), m_state.session.fileName()},
+                       this);
+    if (window.exec() != QDialog::Accepted) return;
+    const bool shownOtherwise = window.chosen().fourDigitYears != m_preferences.fourDigitYears;
+    m_preferences = window.chosen();
+    m_preferences.write(m_platform.settings, before);
+    applyPreferences();
+    if (shownOtherwise && m_pages->showsList()) m_pages->refresh();
+}
+
+void frmMain::applyPreferences()
+{
+    m_list->setTextSize(m_preferences.listTextSize);
+    m_list->setYears(m_preferences.fourDigitYears ? Years::FourDigits : Years::TwoDigits);
+    m_open->setDiscFolders(m_preferences.discFolders);
+}
+
+/// Forgets what was shown of the database before, and begins with the home page.
+void frmMain::startOver()
+{
+    m_isChangedOutside = false;
     m_state.history.clear();
     m_list->forget();
     m_graphics->mainLoad();
-    showDatabaseName();
+    showDatabase();
     viewHome();
 }
 
-void frmMain::showDatabaseName()
+/// The views are read anew whenever they are shown; of the rest, only the limits of the timeline are kept.
+void frmMain::lookForOutsideChange()
+{
+    if (!m_state.session.isOpen()) return;
+    try {
+        if (!m_state.session.wasChangedOutside()) return;
+    } catch (const Error&) {
+        // reading the view fails in the same way and says so
+        return;
+    }
+    m_isChangedOutside = true;
+    m_graphics->timeline().updateTimeline(std::nullopt);
+}
+
+/// Shows the lists; afterwards, the records that the user asked for there, or what was shown before with the
+/// entries as they are now.
+void frmMain::openLists()
+{
+    constexpr double swatch = 12;
+    const auto marker = [this](qint64 function) {
+        return MarkerPictures::draw(clsCities::colourOf(function), swatch, devicePixelRatioF());
+    };
+    frmLists dialog({m_platform, m_state.session, m_state.queries, *m_positions, marker}, this);
+    dialog.showLists();
+    if (const auto& view = dialog.wantedView())
+        m_state.history.addView(*view);
+    else if (dialog.hasChanged())
+        m_pages->refresh();
+}
+
+/// Shows on the home page which database is open, what can be done without one, and the recent ones.
+void frmMain::showDatabase()
 {
     const QString file = m_state.session.fileName();
-    m_home->setSubtitle(file.isEmpty() ? tr("No database is open. Navigate, Open Database… opens one.")
+    m_home->setSubtitle(file.isEmpty() ? tr("No database is open.")
                                        : tr("Database: %1").arg(QFileInfo(file).completeBaseName()));
+    m_home->setBeginning(file.isEmpty(), SampleCollection::hindrance(m_state.home));
+    showRecent();
+}
+
+void frmMain::showRecent()
+{
+    m_databases->listRecent();
+    std::vector<HomePage::Link> links;
+    for (const DatabaseCommands::Recent& database : m_databases->recent()) {
+        if (m_databases->isOpen(database)) continue;
+        links.push_back({database.name, database.caption, QDir::toNativeSeparators(database.file)});
+    }
+    m_home->setRecent(links);
 }
 
 /// Without a place from an earlier run, takes most of a small screen, and of a large one as much as the lists
@@ -235,6 +328,9 @@ void frmMain::showCaption(const QString& caption, const QString& count)
 {
     const QString line = readableLine(caption);
     m_status->showView(line, count);
+    if (std::exchange(m_isChangedOutside, false)) {
+        m_status->showNotice(tr("The database was changed by another program."));
+    }
     QString title = line;
     const QString file = QFileInfo(m_state.session.fileName()).fileName();
     if (!file.isEmpty()) title += QStringLiteral(" - ") + file;
@@ -256,6 +352,8 @@ void frmMain::enableCommands()
     const QString nothingSelected = isSelected ? QString() : tr("Select a record first.");
     enableUnless(*m_commands->mnuRecordCopy, showsList ? nothingSelected : noList);
     enableUnless(*m_commands->mnuRecordOpen, showsList ? m_open->hindrance() : noList);
+    enableUnless(*m_commands->mnuRecordLists,
+                 m_state.session.isOpen() ? QString() : tr("No database is open."));
     m_related->enable(noList);
     m_records->enable(unwritable(), noList);
     m_status->showSelected(showsList ? m_list->selectedCount() : 0);
@@ -277,7 +375,8 @@ void frmMain::UpdateHistoryList()
 
 void frmMain::closeEvent(QCloseEvent* event)
 {
-    if (!m_platform.messages.ask(tr("Are you sure you want to exit?"), Question::Loss)) {
+    if (m_preferences.asksOnExit &&
+        !m_platform.messages.ask(tr("Are you sure you want to exit?"), Question::Loss)) {
         event->ignore();
         return;
     }

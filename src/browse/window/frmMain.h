@@ -4,13 +4,16 @@
 
 #include "platform/Platform.h"
 #include "records/RecordKind.h"
+#include "state/Preferences.h"
 
 #include <QMainWindow>
 
 #include <memory>
 
 class BrowsePage;
+class DatabaseCommands;
 class DatabaseOpener;
+class EmptyList;
 class GraphicViews;
 class HelpCommands;
 class HistoryNavigation;
@@ -18,9 +21,12 @@ class HomePage;
 class ListMenus;
 class ListPane;
 class MainCommands;
+class NewEntries;
 class OpenCommand;
+class PositionPicker;
 class RecordPicker;
 class SearchCommands;
+class StartCommands;
 class RecordCommands;
 class RecordEditors;
 class RelatedCommands;
@@ -28,6 +34,7 @@ class StatusLine;
 class ViewPages;
 struct ProgramState;
 struct RecordAddition;
+struct StartRequest;
 
 /// The main window: puts together the pages that show the views, the commands and the status bar. There is
 /// one, from start-up to the end of the program.
@@ -40,10 +47,11 @@ public:
     frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState& state);
     ~frmMain() override;
 
-    /// The second half of start-up: opens the database that the settings name, and shows the home page. A
-    /// failure shows its message; the window then has no data, and its commands say so. Without a program
-    /// folder, which start-up has reported, opens no database.
-    void load(bool hasProgramFolder);
+    /// The second half of start-up: opens the database that is asked for or, if none is, the one that the
+    /// settings name, and shows the home page, or the page that they name. A failure shows its message; the
+    /// window then has no data, and its commands say so. Without a program folder, which start-up has
+    /// reported, opens no database. What else is asked for is done once the window is shown.
+    void load(bool hasProgramFolder, const StartRequest& request);
 
     /// Rebuilds the menu of the views opened so far.
     void UpdateHistoryList();
@@ -58,8 +66,14 @@ private:
     void connectEditors();
     void connectRows();
     void placeOnScreen();
-    void openDatabase();
-    void showDatabaseName();
+    void showStartPage();
+    void changeSettings();
+    void applyPreferences();
+    void startOver();
+    void showDatabase();
+    void showRecent();
+    void openLists();
+    void lookForOutsideChange();
     void viewAll(RecordKind kind);
     void viewHome();
     void add(const RecordAddition& addition);
@@ -68,21 +82,27 @@ private:
     [[nodiscard]] QString unwritable() const;
 
     Platform m_platform;
-    DatabaseOpener& m_opener;
     ProgramState& m_state;
     MainCommands* m_commands;
     HelpCommands* m_help;
+    DatabaseCommands* m_databases;
     StatusLine* m_status;
     HomePage* m_home;
     ListPane* m_list;
     BrowsePage* m_browse;
     std::unique_ptr<RecordPicker> m_picker;
+    std::unique_ptr<PositionPicker> m_positions;
+    std::unique_ptr<NewEntries> m_newEntries;
     SearchCommands* m_search;
     RelatedCommands* m_related;
     std::unique_ptr<OpenCommand> m_open;
     RecordEditors* m_editors;
     RecordCommands* m_records;
     GraphicViews* m_graphics;
+    EmptyList* m_emptyList;
     ViewPages* m_pages;
     HistoryNavigation* m_navigation;
+    Preferences m_preferences;
+    StartCommands* m_starts;
+    bool m_isChangedOutside = false; ///< whether the view to be shown next has another program's changes
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "search/LinkButton.h"
+#include "widgets/LinkButton.h"
 
 #include "widgets/PlainToolTip.h"
 #include "widgets/ReadablePalette.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "search/EmptyResultNotice.h"
+#include "widgets/EmptyResultNotice.h"
 
-#include "search/LinkButton.h"
+#include "widgets/LinkButton.h"
 
 #include <QAbstractScrollArea>
 #include <QEvent>
@@ -32,13 +32,14 @@ EmptyResultNotice::EmptyResultNotice(QAbstractScrollArea& area)
     layout->addWidget(m_link, 0, Qt::AlignHCenter);
     hide();
     m_viewport.installEventFilter(this);
-    connect(m_link, &LinkButton::clicked, this, &EmptyResultNotice::searchAgain);
+    connect(m_link, &LinkButton::clicked, this, &EmptyResultNotice::linkFollowed);
 }
 
 void EmptyResultNotice::showNotice(const QString& text, const QString& link)
 {
     m_text->setText(text);
     m_link->setLink(link);
+    m_link->setVisible(!link.isEmpty());
     placeInMiddle();
     show();
     raise();

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "files/FileBlocks.h"
+
+#include "util/Error.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <string>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// More at once would keep a slow disk busy for too long when it is asked to have written it.
+constexpr std::size_t mostUnsynced = 2 * FileBlocks::blockSize;
+
+} // namespace
+
+void FileBlocks::fail(int number, const fs::path& path)
+{
+    if (number == 0) number = EIO; // the library did not pass the reason on
+    const std::string reason = std::generic_category().message(number);
+    throw Error(number, QStringLiteral("%1 (%2)").arg(QString::fromLocal8Bit(reason.c_str()),
+                                                      QFile::decodeName(path.c_str())));
+}
+
+void FileBlocks::require(const std::error_code& code, const fs::path& path)
+{
+    if (code) fail(code.value(), path);
+}
+
+std::ifstream FileBlocks::open(const fs::path& file)
+{
+    std::error_code code;
+    const fs::file_status status = fs::status(file, code);
+    if (!fs::exists(status)) fail(code ? code.value() : ENOENT, file);
+    if (fs::is_directory(status)) fail(EISDIR, file);
+    if (!fs::is_regular_file(status)) fail(EINVAL, file); // a pipe or device may never end
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream) fail(errno, file);
+    return stream;
+}
+
+std::ofstream FileBlocks::create(const fs::path& file)
+{
+    std::ofstream stream(file, std::ios::binary | std::ios::trunc);
+    if (!stream) fail(errno, file);
+    return stream;
+}
+
+std::string_view FileBlocks::read(std::ifstream& stream, std::string& buffer, const fs::path& file)
+{
+    buffer.resize(blockSize);
+    errno = 0;
+    stream.read(buffer.data(), static_cast<std::streamsize>(buffer.size()));
+    if (stream.bad()) fail(errno, file);
+    return {buffer.data(), static_cast<std::size_t>(stream.gcount())};
+}
+
+void FileBlocks::write(std::ofstream& stream, std::string_view content, const fs::path& file)
+{
+    errno = 0;
+    stream.write(content.data(), static_cast<std::streamsize>(content.size()));
+    if (!stream) fail(errno, file);
+}
+
+void FileBlocks::sync(std::ofstream& stream, const fs::path& file)
+{
+    errno = 0;
+    stream.flush();
+    if (!stream) fail(errno, file);
+#ifdef Q_OS_UNIX
+    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) fail(errno, file);
+    const int failure = ::fsync(descriptor) == 0 ? 0 : errno;
+    ::close(descriptor);
+    if (failure != 0) fail(failure, file);
+#endif
+}
+
+void FileBlocks::finish(std::ofstream& stream, const fs::path& file)
+{
+    sync(stream, file);
+    errno = 0;
+    stream.close();
+    if (!stream) fail(errno, file);
+}
+
+BlockCopy::BlockCopy(const fs::path& from, fs::path to)
+    : m_from(from), m_to(std::move(to)), m_source(FileBlocks::open(from))
+{
+}
+
+std::size_t BlockCopy::step()
+{
+    const std::string_view block = FileBlocks::read(m_source, m_buffer, m_from);
+    if (!m_target.is_open()) m_target = FileBlocks::create(m_to);
+    if (block.empty()) {
+        FileBlocks::finish(m_target, m_to);
+        return 0;
+    }
+    FileBlocks::write(m_target, block, m_to);
+    m_unsynced += block.size();
+    if (m_unsynced >= mostUnsynced) {
+        FileBlocks::sync(m_target, m_to);
+        m_unsynced = 0;
+    }
+    return block.size();
+}

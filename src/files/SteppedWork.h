@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+/// Work that is done in short steps, so that a window can show how far it is, and end it.
+class SteppedWork
+{
+public:
+    virtual ~SteppedWork() = default;
+
+    /// Does the next step. Returns false once all is done. Throws Error.
+    virtual bool step() = 0;
+
+    /// Takes back what the last steps did, bit by bit, if the work is cancelled. Returns false once nothing
+    /// is left of it. Never fails.
+    virtual bool undoStep() { return false; }
+
+    /// What is done now, for the user.
+    [[nodiscard]] virtual QString text() const = 0;
+
+    /// How much is done; std::nullopt if nobody knows how much there is.
+    [[nodiscard]] virtual std::optional<int> percent() const = 0;
+
+protected:
+    SteppedWork() = default;
+    SteppedWork(const SteppedWork&) = default;
+    SteppedWork& operator=(const SteppedWork&) = default;
+};

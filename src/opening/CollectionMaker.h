@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+class DatabaseConverter;
+class FolderList;
+class Messages;
+class ProgramFolder;
+
+/// Makes a collection of its own of an Access file or a database of the program that lies elsewhere. The
+/// folders `documents` and `orgcharts` beside the file, in any letter case, are brought along if the user
+/// likes. The file and the folders are only read; a collection that does not become complete leaves nothing.
+class CollectionMaker
+{
+public:
+    /// The references must outlive the maker. `place` is where the collection is made.
+    CollectionMaker(Messages& messages, DatabaseConverter& converter, const ProgramFolder& home,
+                    QString place)
+        : m_messages(messages), m_converter(converter), m_home(home), m_place(std::move(place))
+    {
+    }
+
+    /// Returns the database in the new collection; std::nullopt if the user changed their mind. Throws Error.
+    [[nodiscard]] std::optional<QString> make(const QString& file);
+
+private:
+    [[nodiscard]] bool mayBringAlong(const QString& file, const FolderList& files);
+    [[nodiscard]] QStringList missingIn(const QString& database) const;
+
+    Messages& m_messages;
+    DatabaseConverter& m_converter;
+    const ProgramFolder& m_home;
+    QString m_place;
+};

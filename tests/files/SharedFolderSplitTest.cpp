@@ -1,0 +1,399 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "files/SharedFolderSplit.h"
+
+#include "support/AsPlainUser.h"
+#include "support/TestDatabase.h"
+#include "support/TestFiles.h"
+#include "util/FileAccess.h"
+
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <random>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The statement for a file that a database names: `2.pdf` by a document, `hist:2.pdf` by a former version,
+/// `deleted:2.pdf` by a deleted one, `chart:7:C:\x.tif` by an organization.
+QString rowOf(const QString& named)
+{
+    const QString rest = named.section(u':', 1);
+    if (named.startsWith(u"hist:"_s))
+        return u"INSERT INTO Document_HIST (FileLocation) VALUES ('%1')"_s.arg(rest);
+    if (named.startsWith(u"chart:"_s)) {
+        return u"INSERT INTO OrganizationProfile (OrganizationProfileID, OrganizationChart, ChartOption) "
+               u"VALUES "
+               "(%1, '%2', 1)"_s.arg(rest.section(u':', 0, 0), rest.section(u':', 1));
+    }
+    const bool isDeleted = named.startsWith(u"deleted:"_s);
+    return u"INSERT INTO Document (FileLocation, dStatus) VALUES ('%1', '%2')"_s.arg(
+        isDeleted ? rest : named, isDeleted ? u"DELETED"_s : u"ACTIVE"_s);
+}
+
+/// A folder whose files need not reach a disk, if there is one.
+QString memory()
+{
+    const QString folder = u"/dev/shm"_s;
+    return isWritable(folder) ? folder : QDir::tempPath();
+}
+
+/// A data folder that databases share, and a place for those that move.
+class OldFolder
+{
+public:
+    /// `base` is where the old folder is made: on another file system than the place, or on the same one.
+    explicit OldFolder(const QString& base = memory()) : m_folder(base + u"/split-XXXXXX"_s)
+    {
+        QDir().mkpath(data());
+    }
+
+    [[nodiscard]] QString data() const { return m_folder.filePath(u"old/data"_s); }
+    [[nodiscard]] QString place() const { return m_new.filePath(u"place"_s); }
+    [[nodiscard]] QString file(const QString& name) const { return data() + u'/' + name; }
+
+    /// Adds a database whose records name those files, separated by blanks.
+    void addDatabase(const QString& name, const QString& named) const
+    {
+        static const TestDatabase empty;
+        QFile::copy(empty.fileName(), file(name));
+        SQLite::Database database(file(name).toStdString(), SQLite::OPEN_READWRITE);
+        database.exec("PRAGMA synchronous = OFF; BEGIN");
+        database.exec((u"INSERT INTO Venue VALUES (2, '%1')"_s.arg(name)).toStdString());
+        for (const QString& each : named.split(u' ', Qt::SkipEmptyParts))
+            database.exec(rowOf(each).toStdString());
+        database.exec("COMMIT");
+    }
+
+    /// Adds files, separated by blanks, each of which begins with its own name.
+    void addFiles(const QString& names) const
+    {
+        for (const QString& name : names.split(u' ', Qt::SkipEmptyParts))
+            writeFile(file(name), name.toUtf8() + '\n' + QByteArray(9000, 'x') + "end");
+    }
+
+    SharedFolderSplit::Result split(const QString& opened, const QString& preferred = {}) const
+    {
+        return SharedFolderSplit(data(), place())
+            .run(file(opened), preferred.isEmpty() ? QString() : file(preferred));
+    }
+
+    /// The files of a folder and those below it; with the name that a database or another file was made with
+    /// if that is not where it is.
+    [[nodiscard]] QStringList filesIn(const QString& folder) const
+    {
+        QStringList files;
+        QDirIterator entries(folder, QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+        while (entries.hasNext()) {
+            const QString path = entries.next();
+            const QString name = QDir(folder).relativeFilePath(path);
+            files << name;
+            const QString made = madeAs(path);
+            if (!name.endsWith(made, Qt::CaseInsensitive)) files.back() += u'=' + made;
+        }
+        files.sort();
+        return files;
+    }
+
+    /// All that is there: the old folder, then the place.
+    [[nodiscard]] std::string all() const
+    {
+        return (filesIn(data()) + QStringList(u"|"_s) + filesIn(place())).join(u' ').toStdString();
+    }
+
+    /// The name of a file when it was made, as its content tells; `broken` if it is not whole.
+    static QString madeAs(const QString& path)
+    {
+        const QByteArray content = contentOf(path);
+        if (!content.startsWith("SQLite format 3")) {
+            return content.endsWith("end") ? QString::fromUtf8(content.left(content.indexOf('\n')))
+                                           : u"broken"_s;
+        }
+        try {
+            SQLite::Database database(path.toStdString());
+            if (database.execAndGet("PRAGMA integrity_check").getString() != "ok") return u"broken"_s;
+            return QString::fromStdString(database.execAndGet("SELECT VenueName FROM Venue").getString());
+        } catch (const SQLite::Exception&) {
+            return u"broken"_s;
+        }
+    }
+
+private:
+    QTemporaryDir m_folder;
+    QTemporaryDir m_new{memory() + u"/split-XXXXXX"_s};
+};
+
+TEST(SharedFolderSplit, TakesTheFilesThatRecordsNameAndCopiesWhatOthersMayNeed)
+{
+    struct Case
+    {
+        const char* what;
+        const char* namedByA;
+        const char* namedByB;
+        const char* namedByC;
+        const char* files;
+        const char* after;
+    };
+    const Case cases[] = {
+        {"files of one database move, files of none stay", "2.pdf", "3.pdf", "4.pdf",
+         "documents/2.pdf documents/3.pdf documents/4.pdf documents/9.pdf maps/states.shp",
+         "a.sqlite documents/2.pdf documents/9.pdf maps/states.shp | b/data/b.sqlite b/data/documents/3.pdf "
+         "c/data/c.sqlite c/data/documents/4.pdf"},
+        {"a file of the one that stays is copied", "2.pdf", "2.pdf", "", "documents/2.pdf",
+         "a.sqlite documents/2.pdf | b/data/b.sqlite b/data/documents/2.pdf c/data/c.sqlite"},
+        {"a file of two others is copied to both and stays", "", "2.pdf", "2.pdf", "documents/2.pdf",
+         "a.sqlite documents/2.pdf | b/data/b.sqlite b/data/documents/2.pdf c/data/c.sqlite "
+         "c/data/documents/2.pdf"},
+        {"former versions and deleted records count", "hist:2.pdf deleted:3.pdf", "2.pdf 3.pdf hist:4.pdf",
+         "deleted:5.pdf", "documents/2.pdf documents/3.pdf documents/4.pdf documents/5.pdf",
+         "a.sqlite documents/2.pdf documents/3.pdf | b/data/b.sqlite b/data/documents/2.pdf "
+         "b/data/documents/3.pdf b/data/documents/4.pdf c/data/c.sqlite c/data/documents/5.pdf"},
+        {"letter case does not matter", "2.pdf", "2.PDF 3.pdf", "", "Documents/2.Pdf Documents/3.PDF",
+         "Documents/2.Pdf a.sqlite | b/data/b.sqlite b/data/documents/2.Pdf b/data/documents/3.PDF "
+         "c/data/c.sqlite"},
+        {"a web page goes with its folder", "", "2.html", "3.htm 4.pdf",
+         "documents/2.htm documents/2_files/a/x.css documents/3.html documents/3_FILES/y.css documents/4.pdf "
+         "documents/4_files/z.css",
+         "a.sqlite documents/4_files/z.css | b/data/b.sqlite b/data/documents/2.htm "
+         "b/data/documents/2_files/a/x.css c/data/c.sqlite c/data/documents/3.html "
+         "c/data/documents/3_FILES/y.css c/data/documents/4.pdf"},
+        {"a page's folder that two name is copied", "2.htm", "2.html", "",
+         "documents/2.htm documents/2_files/x.css",
+         "a.sqlite documents/2.htm documents/2_files/x.css | b/data/b.sqlite b/data/documents/2.htm "
+         "b/data/documents/2_files/x.css c/data/c.sqlite"},
+        {"charts have the number of the organization", "chart:7: 8.pdf",
+         "chart:7:C:\\x.TIF chart:8:", "chart:9:own.png",
+         "orgcharts/7.tif orgcharts/7.pdf orgcharts/8.pdf orgcharts/9.png orgcharts/own.png",
+         "a.sqlite orgcharts/7.pdf | b/data/b.sqlite b/data/orgcharts/7.pdf b/data/orgcharts/7.tif "
+         "b/data/orgcharts/8.pdf c/data/c.sqlite c/data/orgcharts/9.png c/data/orgcharts/own.png"},
+        {"names that lead out of the folder name nothing", "", "../b.txt documents/2.pdf ..", ".",
+         "b.txt documents/2.pdf", "a.sqlite b.txt documents/2.pdf | b/data/b.sqlite c/data/c.sqlite"},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.what);
+        const OldFolder folder;
+        folder.addDatabase(u"a.sqlite"_s, QString::fromUtf8(each.namedByA));
+        folder.addDatabase(u"b.sqlite"_s, QString::fromUtf8(each.namedByB));
+        folder.addDatabase(u"c.sqlite"_s, QString::fromUtf8(each.namedByC));
+        folder.addFiles(QString::fromUtf8(each.files));
+        const auto result = folder.split(u"a.sqlite"_s);
+        EXPECT_EQ(folder.all(), each.after);
+        EXPECT_TRUE(result.failed.empty());
+        ASSERT_EQ(result.moved.size(), 2);
+        EXPECT_EQ(result.moved[1].from, folder.file(u"c.sqlite"_s));
+        EXPECT_EQ(result.moved[1].to, folder.place() + u"/c/data/c.sqlite"_s);
+        EXPECT_TRUE(folder.split(u"a.sqlite"_s).moved.empty()) << "once";
+    }
+}
+
+TEST(SharedFolderSplit, LeavesOneDatabaseOfTheProgramInTheFolderAndNoOtherFileElsewhere)
+{
+    const OldFolder folder;
+    folder.addDatabase(u"a.sqlite"_s, u"2.pdf"_s);
+    folder.addDatabase(u"x.sqlite.part"_s, {});
+    folder.addFiles(u"documents/2.pdf"_s);
+    writeFile(folder.file(u"old.mdb"_s), "old.Standard Jet DB\nend");
+    SQLite::Database(folder.file(u"notes.sqlite"_s).toStdString(),
+                     SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+        .exec("CREATE TABLE Venue (VenueID, VenueName); INSERT INTO Venue VALUES (1, 'notes.sqlite')");
+    const QStringList alone = folder.filesIn(folder.data());
+    EXPECT_TRUE(folder.split(u"a.sqlite"_s).stays.isEmpty());
+    EXPECT_EQ(folder.filesIn(folder.data()), alone);
+    EXPECT_FALSE(QFile::exists(folder.place()));
+
+    // the named one keeps the folder; what is taken keeps its name; a second name is no second database
+    folder.addDatabase(u"b.db"_s, u"2.pdf"_s);
+    folder.addDatabase(u"c"_s, {});
+    writeFile(folder.place() + u"/a/mine.txt"_s, "a/mine.txt\nend");
+    QFile::link(u"b.db"_s, folder.file(u"alias.db"_s));
+    const auto result = folder.split(u"a.sqlite"_s, u"b.db"_s);
+    EXPECT_EQ(result.stays, folder.file(u"b.db"_s));
+    EXPECT_EQ(result.movedFiles, 0);
+    EXPECT_EQ(result.copiedFiles, 1);
+    EXPECT_EQ(folder.filesIn(folder.data()).join(u' ').toStdString(),
+              "alias.db=b.db b.db documents/2.pdf notes.sqlite old.mdb=old.Standard Jet DB x.sqlite.part");
+    EXPECT_EQ(folder.filesIn(folder.place()).join(u' ').toStdString(),
+              "a 2/data/a.sqlite a 2/data/documents/2.pdf a/mine.txt c/data/c");
+}
+
+void allow(mode_t mode, const QStringList& paths)
+{
+    for (const QString& path : paths)
+        ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), mode), 0) << path.toStdString();
+}
+
+TEST(SharedFolderSplit, LeavesEverythingAsItWasIfItCannotBeDone)
+{
+    const OldFolder folder;
+    folder.addDatabase(u"a.sqlite"_s, u"2.pdf"_s);
+    folder.addDatabase(u"b.sqlite"_s, u"2.pdf 3.pdf"_s);
+    folder.addDatabase(u"c.sqlite"_s, u"3.pdf 4.pdf"_s);
+    folder.addFiles(u"documents/2.pdf documents/3.pdf documents/4.pdf"_s);
+    // a database that another program changes
+    {
+        SQLite::Database other(folder.file(u"b.sqlite"_s).toStdString(), SQLite::OPEN_READWRITE);
+        other.exec("BEGIN IMMEDIATE");
+        const auto result = folder.split(u"a.sqlite"_s);
+        ASSERT_EQ(result.failed.size(), 1);
+        EXPECT_EQ(result.failed[0].database, folder.file(u"b.sqlite"_s));
+    }
+    const std::string partly = "a.sqlite b.sqlite documents/2.pdf documents/3.pdf | c/data/c.sqlite "
+                               "c/data/documents/3.pdf c/data/documents/4.pdf";
+    EXPECT_EQ(folder.all(), partly);
+
+    // a place that cannot be written is told; of a folder that cannot, nothing is said
+    allow(0777, {QFileInfo(folder.data()).path() + u"/.."_s, QFileInfo(folder.place()).path(), folder.data(),
+                 folder.file(u"documents"_s), folder.file(u"a.sqlite"_s), folder.file(u"b.sqlite"_s),
+                 folder.place()});
+    for (const bool isTold : {true, false}) {
+        allow(0555, {isTold ? folder.place() : folder.data()});
+        const AsPlainUser user;
+        EXPECT_EQ(folder.split(u"a.sqlite"_s).failed.size(), isTold ? 1 : 0);
+        EXPECT_EQ(folder.all(), partly);
+    }
+    // files that cannot leave their folder are copied
+    allow(0777, {folder.data(), folder.place()});
+    allow(0555, {folder.file(u"documents"_s)});
+    const AsPlainUser user;
+    EXPECT_TRUE(folder.split(u"a.sqlite"_s).failed.empty());
+    EXPECT_EQ(folder.all(),
+              "a.sqlite documents/2.pdf documents/3.pdf | b/data/b.sqlite b/data/documents/2.pdf "
+              "b/data/documents/3.pdf c/data/c.sqlite c/data/documents/3.pdf c/data/documents/4.pdf");
+}
+
+TEST(SharedFolderSplit, MovesLaterWhatCannotBeMovedNow)
+{
+    const OldFolder folder;
+    folder.addDatabase(u"a.sqlite"_s, {});
+    folder.addDatabase(u"b.sqlite"_s, u"2.htm 3.htm"_s);
+    folder.addFiles(u"documents/2.htm documents/2_files/x.css documents/3_files/y.css"_s);
+    allow(0777, {QFileInfo(folder.data()).path() + u"/.."_s, QFileInfo(folder.place()).path() + u"/."_s,
+                 folder.data(), folder.file(u"documents"_s), folder.file(u"a.sqlite"_s),
+                 folder.file(u"b.sqlite"_s)});
+    {
+        const AsPlainUser user;
+        const auto result = folder.split(u"a.sqlite"_s);
+        ASSERT_EQ(result.failed.size(), 1);
+        EXPECT_EQ(result.moved.size(), 1);
+        EXPECT_EQ(result.movedFiles, 1);
+    }
+    // meanwhile a file of that name has come, and another database
+    writeFile(folder.place() + u"/b/data/documents/3_files/y.css"_s, "new\nend");
+    folder.addDatabase(u"c.sqlite"_s, {});
+    EXPECT_TRUE(folder.split(u"a.sqlite"_s).failed.empty());
+    EXPECT_EQ(folder.all(),
+              "a.sqlite documents/3_files/y.css | b/data/b.sqlite b/data/documents/2.htm "
+              "b/data/documents/2_files/x.css b/data/documents/3_files/y.css=new c/data/c.sqlite");
+    EXPECT_TRUE(folder.split(u"a.sqlite"_s).moved.empty());
+}
+
+TEST(SharedFolderSplit, TakesWhatIsOnlyInAJournalAndFollowsNoLinks)
+{
+    const OldFolder folder;
+    const OldFolder elsewhere;
+    folder.addDatabase(u"a.sqlite"_s, {});
+    folder.addDatabase(u"b.sqlite"_s, {});
+    elsewhere.addDatabase(u"far.sqlite"_s, u"4.pdf"_s);
+    elsewhere.addFiles(u"5.pdf"_s);
+    QFile::link(elsewhere.file(u"far.sqlite"_s), folder.file(u"c.sqlite"_s));
+    folder.addFiles(u"documents/2.pdf documents/4.pdf documents/6_files/y.css"_s);
+    QFile::link(u"2.pdf"_s, folder.file(u"documents/3.pdf"_s));
+    QFile::link(elsewhere.file(u"5.pdf"_s), folder.file(u"documents/5.pdf"_s));
+    QFile::link(elsewhere.file(u"5.pdf"_s), folder.file(u"documents/6_files/x.css"_s));
+    SQLite::Database open(folder.file(u"b.sqlite"_s).toStdString(), SQLite::OPEN_READWRITE);
+    open.exec("PRAGMA journal_mode = WAL");
+    for (const char* name : {"3.pdf", "5.pdf", "6.htm"})
+        open.exec(rowOf(QString::fromLatin1(name)).toStdString());
+
+    EXPECT_TRUE(folder.split(u"a.sqlite"_s).failed.empty());
+    EXPECT_EQ(folder.all(),
+              "a.sqlite documents/2.pdf documents/3.pdf=documents/2.pdf documents/5.pdf "
+              "documents/6_files/x.css=5.pdf | b/data/b.sqlite b/data/documents/3.pdf=documents/2.pdf "
+              "b/data/documents/6_files/y.css c/data/c.sqlite=far.sqlite c/data/documents/4.pdf");
+    EXPECT_EQ(QFile::symLinkTarget(folder.place() + u"/c/data/c.sqlite"_s), elsewhere.file(u"far.sqlite"_s));
+    EXPECT_FALSE(QFileInfo(folder.place() + u"/b/data/documents/3.pdf"_s).isSymLink());
+    SQLite::Database moved((folder.place() + u"/b/data/b.sqlite"_s).toStdString());
+    EXPECT_EQ(moved.execAndGet("SELECT count(*) FROM Document WHERE FileLocation <> ''").getInt(), 3);
+}
+
+/// Splits in a process of its own that is killed after some time. Returns whether it was.
+bool splitAndKill(const OldFolder& folder, std::chrono::microseconds after)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        const auto result = folder.split(u"a.sqlite"_s);
+        _exit(result.failed.empty() ? 0 : 1);
+    }
+    ::usleep(static_cast<useconds_t>(after.count()));
+    ::kill(child, SIGKILL);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0);
+    return WIFSIGNALED(status);
+}
+
+/// Whether each of the files is whole in the old folder or in a new one.
+void expectWhole(const QStringList& files, const OldFolder& folder)
+{
+    QStringList whole;
+    for (const QString& file : folder.filesIn(folder.data()) + folder.filesIn(folder.place()))
+        whole << file.section(u"data/"_s, -1);
+    for (const QString& file : files)
+        EXPECT_TRUE(whole.contains(file)) << file.toStdString() << " of " << folder.all();
+}
+
+TEST(SharedFolderSplit, HasEveryFileWholeSomewhereWheneverItIsKilledAndIsFinishedByTheNextStart)
+{
+    const OldFolder before;
+    before.addDatabase(u"a.sqlite"_s, u"2.pdf"_s);
+    before.addDatabase(u"b.sqlite"_s, u"2.pdf 3.pdf 4.htm 9.pdf chart:7:"_s);
+    before.addDatabase(u"c.sqlite"_s, u"2.pdf 5.pdf 6.pdf 9.pdf"_s);
+    before.addFiles(
+        u"documents/2.pdf documents/3.pdf documents/4.htm documents/4_files/x.css documents/5.pdf "
+        "documents/6.pdf documents/8.pdf documents/9.pdf orgcharts/7.pdf"_s);
+    const QStringList files = before.filesIn(before.data());
+    const std::string undisturbed =
+        "a.sqlite documents/2.pdf documents/8.pdf documents/9.pdf | b/data/b.sqlite b/data/documents/2.pdf "
+        "b/data/documents/3.pdf b/data/documents/4.htm b/data/documents/4_files/x.css b/data/documents/9.pdf "
+        "b/data/orgcharts/7.pdf c/data/c.sqlite c/data/documents/2.pdf c/data/documents/5.pdf "
+        "c/data/documents/6.pdf c/data/documents/9.pdf";
+    std::mt19937 random(20);
+    int killed = 0;
+    std::array<qint64, 2> longest{};
+    for (int i = -4; i < 200; ++i) {
+        const bool isAcross = i % 10 == 9 || i == -1;
+        const OldFolder folder(isAcross ? QDir::tempPath() : memory());
+        std::filesystem::copy(before.data().toStdString(), folder.data().toStdString(),
+                              std::filesystem::copy_options::recursive);
+        qint64& time = longest.at(isAcross ? 1 : 0);
+        if (i < 0) {
+            QElapsedTimer timer;
+            timer.start();
+            folder.split(u"a.sqlite"_s);
+            time = std::max(time, timer.nsecsElapsed() / 1000);
+        } else {
+            std::uniform_int_distribution<qint64> moment(0, time);
+            killed += splitAndKill(folder, std::chrono::microseconds(moment(random))) ? 1 : 0;
+            expectWhole(files, folder);
+            EXPECT_TRUE(folder.split(u"a.sqlite"_s).failed.empty());
+        }
+        EXPECT_EQ(folder.all(), undisturbed);
+        if (HasFailure()) return;
+    }
+    EXPECT_GT(killed, 0);
+}
+
+} // namespace

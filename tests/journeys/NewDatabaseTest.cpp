@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "Dialogs.h"
+#include "Journey.h"
+#include "opening/RecentDatabases.h"
+#include "platform/StdREG.h"
+#include "support/TestFiles.h"
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QMenu>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The program with a folder of its own that holds no database, and with a sample installed.
+class NewDatabase : public ::testing::Test
+{
+protected:
+    NewDatabase()
+    {
+        journey.database.run("INSERT INTO Venue VALUES (1, 'None'), (2, 'Harbour');"
+                             "INSERT INTO FileTypes VALUES (1, 'None'), (2, 'Adobe PDF');"
+                             "INSERT INTO Document (DocumentID, DocumentName, dStatus) "
+                             "VALUES (1, 'None', 'ACTIVE'), (2, 'Atlas', 'ACTIVE')");
+        writeFile(sample + u"/data/first.sqlite"_s, journey.database.bytes());
+        QDir().mkpath(home);
+    }
+
+    void start()
+    {
+        journey.program.emplace(journey.desktop.platform(), *journey.converter, ProgramFolder(home, sample),
+                                sample);
+        journey.program->Main();
+        journey.desktop.messages.finish();
+        journey.program->window()->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(journey.program->window()));
+    }
+
+    void startWithoutDatabase()
+    {
+        journey.desktop.messages.expectMessage(
+            u"Form_Load Error (14): unable to open database file (%1/data/)"_s.arg(home));
+        start();
+    }
+
+    QAbstractButton& button(const char* name) { return journey.find<QAbstractButton>(name); }
+    QString open() { return journey.program->state().session.fileName(); }
+
+    QString setting() { return StdREG(journey.desktop.settings).GetRegString(QString(), u"DBFile"_s); }
+
+    /// The entries of the menu as it opens now, joined by `|`; the one that is open in brackets.
+    std::string recentMenu()
+    {
+        Q_EMIT journey.find<QMenu>("mnuNavigate").aboutToShow();
+        QStringList entries;
+        for (const QAction* entry : journey.find<QMenu>("mnuRecentDatabases").actions())
+            entries << (entry->isChecked() ? u'[' + entry->text() + u']' : entry->text());
+        return entries.join(u'|').toStdString();
+    }
+
+    /// The links of the home page that are shown, joined by `|`.
+    std::string links()
+    {
+        QTest::qWait(0); // what is replaced goes when the events are handled
+        QStringList shown;
+        for (int i = 0; i < RecentDatabases::limit; ++i) {
+            const auto* link =
+                journey.program->window()->findChild<QAbstractButton*>(u"lblRecent(%1)"_s.arg(i));
+            if (link != nullptr && link->isVisible()) shown << link->text();
+        }
+        return shown.join(u'|').toStdString();
+    }
+
+    Journey journey;
+    const QString place = journey.database.folder();
+    const QString home = place + u"/home"_s;
+    const QString sample = place + u"/sample"_s;
+};
+
+TEST_F(NewDatabase, IsBegunFromTheHomePageAndTakesItsFirstDocument)
+{
+    writeFile(place + u"/scan.pdf"_s, "paper");
+    writeFile(place + u"/papers/taken/x"_s);
+    startWithoutDatabase();
+    EXPECT_TRUE(button("cmdNew").isVisible());
+    EXPECT_EQ(recentMenu() + links(), "");
+    EXPECT_FALSE(journey.find<QMenu>("mnuRecentDatabases").isEnabled());
+
+    journey.desktop.fileDialogs.folders = {QString(), place + u"/papers"_s};
+    inDialog(
+        "frmNewDatabase", [&] { button("cmdNew").click(); },
+        [&](OpenDialog& dialog) {
+            const auto expect = [&dialog](const char* text, bool canBeMade) {
+                EXPECT_EQ(dialog.find<QLabel>("lblFolder").text().remove(QChar(0x200B)).toStdString(), text);
+                EXPECT_EQ(dialog.find<QAbstractButton>("cmdOK").isEnabled(), canBeMade);
+            };
+            expect("The collection needs a name.", false);
+            dialog.type("txtName", u"Taken"_s);
+            expect(u"The folder %1/Taken will be made."_s.arg(home).toUtf8(), true);
+            dialog.click("cmdPlace");
+            dialog.click("cmdPlace");
+            expect("This name is taken: the place has a file or folder called so.", false);
+            dialog.press(Qt::Key_Return);
+            dialog.type("txtName", u" Mine "_s);
+            dialog.click("optLists(1)");
+            dialog.press(Qt::Key_Return);
+        });
+    EXPECT_EQ(journey.desktop.fileDialogs.starts, (QStringList{home, home}));
+    const QString data = place + u"/papers/Mine/data/"_s;
+    EXPECT_EQ(open(), data + u"Mine.sqlite"_s);
+    EXPECT_EQ(setting(), open());
+    EXPECT_FALSE(button("cmdNew").isVisible());
+    EXPECT_EQ(recentMenu(), "[&1 Mine]");
+
+    journey.inDialog("frmDocument", "mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
+        EXPECT_EQ(dialog.text("lvVenues"), "None|Harbour");
+        dialog.type("txtDocumentName", u"Levees"_s);
+        dialog.type("rtbDocumentDescription", u"About levees"_s);
+        dialog.type("txtOriginalFilename", place + u"/scan.pdf"_s);
+        dialog.click("cmdOK");
+    });
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(journey.column(0), "Levees");
+    EXPECT_EQ(contentOf(data + u"documents/2.pdf"_s), "paper");
+}
+
+TEST_F(NewDatabase, KeepsWhatWasTypedIfItCannotBeMade)
+{
+    writeFile(sample + u"/data/first.sqlite"_s, "no database");
+    startWithoutDatabase();
+    journey.inDialog("frmNewDatabase", "mnuNewDatabase", [&](OpenDialog& dialog) {
+        dialog.type("txtName", u"Mine"_s);
+        dialog.click("optLists(1)");
+        journey.desktop.messages.expectMessageBeginning(u"newDatabase Error (26): "_s);
+        dialog.click("cmdOK");
+        journey.desktop.messages.finish();
+        EXPECT_EQ(dialog.text("txtName"), "Mine");
+        dialog.press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(open(), QString());
+    EXPECT_FALSE(QDir(home).entryList().contains(u"Mine"_s));
+}
+
+TEST_F(NewDatabase, TheSampleIsMadeOnceAndOpenedAgain)
+{
+    startWithoutDatabase();
+    button("cmdSample").click();
+    EXPECT_EQ(setting(), u"../Sample/data/first.sqlite"_s);
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(journey.column(0), "Atlas");
+
+    journey.program.reset();
+    StdREG(journey.desktop.settings).WriteRegString(QString(), u"DBFile"_s, QString());
+    QFile::remove(sample + u"/data/first.sqlite"_s);
+    startWithoutDatabase();
+    journey.inDialog("frmNewDatabase", "mnuNewDatabase", [](OpenDialog& dialog) {
+        EXPECT_FALSE(dialog.find<QWidget>("optLists(1)").isEnabled());
+        dialog.click("cmdSample");
+    });
+    EXPECT_EQ(open(), home + u"/Sample/data/first.sqlite"_s);
+}
+
+TEST_F(NewDatabase, RecentOnesAreAChoiceAwayAndMissingOnesCanBeForgotten)
+{
+    writeFile(home + u"/data/mine.sqlite"_s, journey.database.bytes());
+    writeFile(home + u"/R&D/data/R&D.sqlite"_s, journey.database.bytes());
+    writeFile(home + u"/broken.sqlite"_s, "no database");
+    RecentDatabases recent(journey.desktop.settings);
+    for (const QString& name :
+         {place + u"/mine.sqlite"_s, u"../broken.sqlite"_s, u"../R&D/data/R&D.sqlite"_s})
+        recent.add(name);
+    journey.desktop.setDatabase(u"mine.sqlite"_s);
+    start();
+    const std::string mine = "mine (in " + home.toStdString() + "/data)";
+    const std::string gone = "mine (in " + place.toStdString() + ")";
+    const auto shortened = [&](const std::string& caption) {
+        const QMenu& menu = journey.find<QMenu>("mnuRecentDatabases");
+        return menu.fontMetrics()
+            .elidedText(QString::fromStdString(caption), Qt::ElideMiddle, 400)
+            .toStdString();
+    };
+    EXPECT_EQ(recentMenu(), "[&1 " + shortened(mine) + "]|&2 R&&D|&3 broken|&4 " + shortened(gone));
+    EXPECT_EQ(links(), "R&D|broken|" + gone);
+
+    journey.trigger("mnuViewDocuments");
+    journey.trigger("mnuRecentDatabases(1)");
+    EXPECT_EQ(open(), home + u"/R&D/data/R&D.sqlite"_s);
+    EXPECT_EQ(journey.historyMenu(), "[Home Page]");
+    EXPECT_EQ(links(), mine + "|broken|" + gone);
+    button("lblRecent(0)").setFocus();
+    QTest::keyClick(&button("lblRecent(0)"), Qt::Key_Return);
+    EXPECT_EQ(setting(), u"mine.sqlite"_s);
+
+    // one that cannot be opened leaves the other open
+    EXPECT_EQ(links(), "R&D|broken|" + gone);
+    journey.desktop.messages.expectMessageBeginning(u"openDatabase Error (26): "_s);
+    button("lblRecent(1)").click();
+    EXPECT_EQ(setting(), u"mine.sqlite"_s);
+
+    const QString question =
+        u"%1/mine.sqlite is not there any more.\n\nDo you want to remove it from the list "
+        "of recent databases?"_s.arg(place);
+    journey.desktop.messages.expectQuestion(question, false);
+    button("lblRecent(2)").click();
+    EXPECT_EQ(links(), "R&D|broken|" + gone);
+    journey.desktop.messages.expectQuestion(question, true);
+    journey.trigger("mnuRecentDatabases(3)");
+    EXPECT_EQ(links(), "R&D|broken");
+    EXPECT_EQ(recentMenu(), "[&1 mine]|&2 R&&D|&3 broken");
+}
+
+} // namespace
