@@ -55,6 +55,11 @@ bool NoMessages::ask(const QString& text, Question /*about*/)
     fail(text);
 }
 
+std::optional<int> NoMessages::choose(const QString& text, const QStringList& /*answers*/)
+{
+    fail(text);
+}
+
 void NoMessages::beep() {}
 
 QString OneDatabase::value(const QString& path) const
@@ -77,6 +82,11 @@ QString NoFiles::chooseFolder(const QString& title, const QString& /*start*/)
 DatabaseConverter::Result NoFiles::convert(const QString& source, const QString& /*target*/, bool /*replace*/)
 {
     fail(source);
+}
+
+bool NoFiles::run(SteppedWork& /*work*/)
+{
+    return false;
 }
 
 bool NoFiles::open(const QUrl& url)

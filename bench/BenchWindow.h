@@ -28,6 +28,7 @@ class NoMessages final : public Messages
 public:
     void show(const QString& text) override;
     [[nodiscard]] bool ask(const QString& text, Question about) override;
+    [[nodiscard]] std::optional<int> choose(const QString& text, const QStringList& answers) override;
     void beep() override;
 };
 
@@ -50,6 +51,7 @@ public:
     [[nodiscard]] QString openFile(const QString& title, const QString& filter) override;
     [[nodiscard]] QString chooseFolder(const QString& title, const QString& start) override;
     [[nodiscard]] Result convert(const QString& source, const QString& target, bool replace) override;
+    [[nodiscard]] bool run(SteppedWork& work) override;
     [[nodiscard]] bool open(const QUrl& url) override;
     [[nodiscard]] bool start(const QString& program, const QString& file) override;
 };

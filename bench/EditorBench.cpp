@@ -8,6 +8,8 @@
 #include "editors/EntryCombo.h"
 #include "editors/RecordEditors.h"
 #include "editors/frmPicList.h"
+#include "lists/NewEntries.h"
+#include "map/frmPosition.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -61,7 +63,10 @@ void openEditor(benchmark::State& state, RecordKind kind)
 {
     BenchWindow window(fullSize);
     ProgramState& program = window.program().state();
-    RecordEditors editors(window.platform(), program.session, program.folder, *window.program().window());
+    MapPositionPicker positions(window.platform(), program.folder);
+    const NewEntries newEntries(window.platform(), program.session, positions);
+    RecordEditors editors(window.platform(), program.session, newEntries, program.folder,
+                          *window.program().window());
     compareToShown(state, [&] { editors.view(kind, fullSize / 2); });
 }
 

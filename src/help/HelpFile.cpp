@@ -32,6 +32,13 @@ constexpr std::array windowChapters{
     WindowChapter{"frmSearch", HelpChapter::Search},
     WindowChapter{"frmAdvSearch", HelpChapter::AdvancedSearch},
     WindowChapter{"frmImport", HelpChapter::Database},
+    WindowChapter{"frmBringAlong", HelpChapter::Database},
+    WindowChapter{"frmNewDatabase", HelpChapter::Collections},
+    WindowChapter{"frmSettings", HelpChapter::Collections},
+    WindowChapter{"frmLists", HelpChapter::Lists},
+    WindowChapter{"frmListEntry", HelpChapter::Lists},
+    WindowChapter{"frmMergeEntry", HelpChapter::Lists},
+    WindowChapter{"frmPosition", HelpChapter::Lists},
 };
 
 QString bookPath()
@@ -87,6 +94,10 @@ QString HelpFile::pageName(HelpChapter chapter)
         return QStringLiteral("advanced-search.html");
     case HelpChapter::Records:
         return QStringLiteral("records.html");
+    case HelpChapter::Collections:
+        return QStringLiteral("collections.html");
+    case HelpChapter::Lists:
+        return QStringLiteral("lists.html");
     case HelpChapter::Files:
         return QStringLiteral("files.html");
     case HelpChapter::Database:

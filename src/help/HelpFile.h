@@ -21,6 +21,8 @@ enum class HelpChapter
     Search,
     AdvancedSearch,
     Records,
+    Collections,
+    Lists, ///< of types, venues and cities
     Files,
     Database,
     Keys

@@ -125,6 +125,9 @@ QLayout* frmNewDatabase::makeButtons()
     m_ok->setObjectName(QStringLiteral("cmdOK"));
     m_ok->setDefault(true);
     box->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cmdCancel"));
+    // as in the other windows
+    for (QAbstractButton* button : box->buttons())
+        button->setIcon({});
     connect(box, &QDialogButtonBox::accepted, this, &frmNewDatabase::accept);
     connect(box, &QDialogButtonBox::rejected, this, &frmNewDatabase::reject);
     auto* buttons = new QHBoxLayout;

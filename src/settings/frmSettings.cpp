@@ -53,6 +53,9 @@ frmSettings::frmSettings(const Preferences& preferences, const Surroundings& sur
     buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));
     buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cmdCancel"));
     buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
+    // as in the other windows
+    for (QAbstractButton* button : buttons->buttons())
+        button->setIcon({});
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->addStretch();

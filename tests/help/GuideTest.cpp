@@ -135,7 +135,9 @@ TEST(Guide, HasThePageOfEveryChapterAndWindow)
          {Expected{"frmDocument", "records.html"}, Expected{"frmEvent", "records.html"},
           Expected{"frmOrganization", "records.html"}, Expected{"frmPicList", "records.html"},
           Expected{"frmSearch", "search.html"}, Expected{"frmAdvSearch", "advanced-search.html"},
-          Expected{"frmImport", "database.html"}, Expected{"frmAbout", "index.html"}}) {
+          Expected{"frmImport", "database.html"}, Expected{"frmNewDatabase", "collections.html"},
+          Expected{"frmSettings", "collections.html"}, Expected{"frmLists", "lists.html"},
+          Expected{"frmAbout", "index.html"}}) {
         EXPECT_EQ(HelpFile::pageName(HelpFile::chapterOf(QString::fromUtf8(window))), QString::fromUtf8(page))
             << window;
     }

@@ -21,6 +21,7 @@ namespace {
 constexpr int settleMilliseconds = 400;
 constexpr int lookMilliseconds = 50;
 constexpr int patienceMilliseconds = 5000;
+constexpr QSize editorSize(1000, 700);
 constexpr int wideWindow = 1400;
 
 /// Lets the program finish what it shows.
@@ -78,7 +79,7 @@ QStringList GuidePictures::takeAll()
     for (const Station station :
          {&GuidePictures::showLists, &GuidePictures::showGraphics, &GuidePictures::showRowMenu,
           &GuidePictures::showSearch, &GuidePictures::showAdvancedSearch, &GuidePictures::showEditors,
-          &GuidePictures::showAbout}) {
+          &GuidePictures::showCollections, &GuidePictures::showAbout}) {
         try {
             (this->*station)();
         } catch (const std::exception& failure) {
@@ -190,11 +191,31 @@ void GuidePictures::showEditors()
     inDialog(
         "frmDocument", [this] { trigger("mnuRecordEdit"); },
         [this](QWidget& editor) {
+            // as on a screen that has room for it
+            editor.resize(editorSize);
+            settle();
             save(editor.grab(), "document-editor");
             inDialog(
                 "frmPicList", [this, &editor] { press(editor, "cmdAddDocType"); },
                 [this](QWidget& pickList) { save(pickList.grab(), "pick-list"); });
         });
+}
+
+void GuidePictures::showCollections()
+{
+    inDialog(
+        "frmNewDatabase", [this] { trigger("mnuNewDatabase"); },
+        [this](QWidget& window) {
+            part<QLineEdit>(window, "txtName").setText(QStringLiteral("Bridges"));
+            settle();
+            save(window.grab(), "new-database");
+        });
+    inDialog(
+        "frmSettings", [this] { trigger("mnuNavigateSettings"); },
+        [this](QWidget& settings) { save(settings.grab(), "settings"); });
+    inDialog(
+        "frmLists", [this] { trigger("mnuRecordLists"); },
+        [this](QWidget& lists) { save(lists.grab(), "lists"); });
 }
 
 void GuidePictures::showAbout()

@@ -31,6 +31,11 @@ public:
         std::fprintf(stderr, "question: %s\n", qPrintable(text));
         return true;
     }
+    [[nodiscard]] std::optional<int> choose(const QString& text, const QStringList& /*answers*/) override
+    {
+        std::fprintf(stderr, "question: %s\n", qPrintable(text));
+        return std::nullopt;
+    }
     void beep() override {}
 
     [[nodiscard]] QString value(const QString& path) const override
@@ -53,6 +58,7 @@ public:
     {
         return {};
     }
+    [[nodiscard]] bool run(SteppedWork& /*work*/) override { return false; }
     [[nodiscard]] bool open(const QUrl& /*url*/) override { return false; }
     [[nodiscard]] bool start(const QString& /*program*/, const QString& /*file*/) override { return false; }
 

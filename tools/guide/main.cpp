@@ -50,7 +50,7 @@ int main(int argc, char** argv)
     QuietDesktop desktop;
     StdREG(desktop).WriteRegString(QString(), QStringLiteral("DBFile"), databases.front());
 
-    Main_Mod program(desktop.platform(), desktop, ProgramFolder(folder), QString());
+    Main_Mod program(desktop.platform(), desktop, ProgramFolder(folder, source), QString());
     program.Main();
     if (program.window() == nullptr) return EXIT_FAILURE;
     program.window()->resize(windowSize);
