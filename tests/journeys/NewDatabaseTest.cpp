@@ -2,6 +2,7 @@
 
 #include "Dialogs.h"
 #include "Journey.h"
+#include "map/MapView.h"
 #include "opening/RecentDatabases.h"
 #include "platform/StdREG.h"
 #include "support/TestFiles.h"
@@ -9,6 +10,7 @@
 #include <QAbstractButton>
 #include <QDir>
 #include <QMenu>
+#include <QProcess>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -127,6 +129,91 @@ TEST_F(NewDatabase, IsBegunFromTheHomePageAndTakesItsFirstDocument)
     journey.trigger("mnuViewDocuments");
     EXPECT_EQ(journey.column(0), "Levees");
     EXPECT_EQ(contentOf(data + u"documents/2.pdf"_s), "paper");
+}
+
+/// Adds an entry to a list by a button of the window.
+void addEntry(OpenDialog& window, const char* button, const QString& name)
+{
+    inDialog(
+        "frmListEntry", [&] { window.click(button); },
+        [&](OpenDialog& entry) {
+            entry.type("txtName", name);
+            entry.click("cmdOK");
+        });
+}
+
+TEST_F(NewDatabase, TwoCollectionsKeepTheirOwnListsAndFilesAndBearToBeCopied)
+{
+    // the map comes with the program
+    ASSERT_TRUE(QDir().rename(journey.mapsFolder(), sample + u"/data/maps"_s));
+    startWithoutDatabase();
+    const auto begin = [&](const QString& name) {
+        journey.inDialog("frmNewDatabase", "mnuNewDatabase", [&](OpenDialog& dialog) {
+            dialog.type("txtName", name);
+            dialog.click("cmdOK");
+        });
+    };
+    const auto addDocument = [&](const QString& title) {
+        writeFile(place + u"/scan.pdf"_s, title.toUtf8());
+        journey.inDialog("frmDocument", "mnuRecordAddNewDocument", [&](OpenDialog& editor) {
+            editor.type("txtDocumentName", title);
+            editor.type("rtbDocumentDescription", u"As it is"_s);
+            editor.type("txtOriginalFilename", place + u"/scan.pdf"_s);
+            addEntry(editor, "cmdNewDocType", title + u" papers"_s);
+            addEntry(editor, "cmdNewVenue", title + u" hall"_s);
+            editor.click("cmdOK");
+        });
+        journey.trigger("mnuViewDocuments");
+        EXPECT_EQ(journey.column(0), title.toStdString());
+    };
+    const auto openedFile = [&](const QString& title) {
+        journey.trigger("mnuViewDocuments");
+        journey.select(title.toUtf8().constData());
+        journey.trigger("mnuRecordOpen");
+        return contentOf(journey.desktop.shell.opened.takeFirst());
+    };
+
+    begin(u"Bridges"_s);
+    addDocument(u"Arches"_s);
+    journey.inDialog("frmEvent", "mnuRecordAddNewEvent", [](OpenDialog& editor) {
+        editor.type("txtEventName", u"Opening"_s);
+        editor.type("rtbEventDescription", u"Crossed for the first time"_s);
+        editor.type("dtpStartDate", u"05/24/1883"_s);
+        editor.tick("lvVenues", u"Arches hall"_s);
+        editor.click("cmdOK");
+    });
+    journey.trigger("mnuViewOrganizations");
+    EXPECT_EQ(journey.find<MapView>("Map1").accessibleItemCount(), 0);
+    journey.inDialog("frmOrganization", "mnuRecordAddNewOrganization", [](OpenDialog& editor) {
+        editor.type("txtOrganizationName", u"Bridge Works"_s);
+        editor.type("txtCity", u"Brooklyn"_s);
+        editor.choose("cmbState", u"NY"_s);
+        inDialog(
+            "frmListEntry", [&] { editor.click("cmdNewCity"); },
+            [](OpenDialog& city) {
+                city.type("txtLatitude", u"40.7"_s);
+                city.type("txtLongitude", u"-74"_s);
+                city.click("cmdOK");
+            });
+        editor.click("cmdOK");
+    });
+    EXPECT_EQ(journey.find<MapView>("Map1").accessibleItemCount(), 1) << "it is on the map";
+    journey.trigger("mnuViewEvents");
+    EXPECT_EQ(journey.column(0), "Opening");
+
+    begin(u"Rivers"_s);
+    addDocument(u"Floods"_s);
+    EXPECT_EQ(openedFile(u"Floods"_s), "Floods");
+    journey.trigger("mnuRecentDatabases(1)");
+    EXPECT_EQ(openedFile(u"Arches"_s), "Arches") << "both are the document 2 of their collection";
+
+    // a copy of the folder is a collection of its own
+    ASSERT_EQ(QProcess::execute(u"cp"_s, {u"-r"_s, home + u"/Bridges"_s, place + u"/disk"_s}), 0);
+    ASSERT_TRUE(QDir(home + u"/Bridges"_s).removeRecursively());
+    journey.desktop.fileDialogs.files = {place + u"/disk/data/Bridges.sqlite"_s};
+    journey.trigger("mnuOpenDatabase");
+    EXPECT_EQ(open(), place + u"/disk/data/Bridges.sqlite"_s) << "it is opened where it is";
+    EXPECT_EQ(openedFile(u"Arches"_s), "Arches");
 }
 
 TEST_F(NewDatabase, KeepsWhatWasTypedIfItCannotBeMade)
