@@ -11,6 +11,9 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <string>
+#include <utility>
+
 namespace {
 
 constexpr int fullSize = 32000;
@@ -40,6 +43,38 @@ void useOneEntry(const QString& file, ListKind list)
     }
 }
 
+/// How many records use one of the entries, and how many rows say so, counted by plain SQL.
+std::pair<int, int> usesByHand(const QString& file, ListKind list, const std::string& entries)
+{
+    SQLite::Database database(file.toStdString(), SQLite::OPEN_READONLY);
+    std::pair<int, int> uses;
+    const auto add = [&](const std::string& record, const std::string& table, const std::string& condition) {
+        SQLite::Statement count(database, "SELECT count(DISTINCT " + record + "), count(*) FROM " + table +
+                                              " WHERE " + condition);
+        count.executeStep();
+        uses.first += count.getColumn(0).getInt();
+        uses.second += count.getColumn(1).getInt();
+    };
+    if (list == ListKind::States) {
+        add("OrganizationID", "Organization",
+            "OrganizationID > 1 AND State IN "
+            "(SELECT StateAbbreviation FROM States WHERE StateID IN (" +
+                entries + "))");
+    } else if (list == ListKind::Cities) {
+        add("OrganizationID", "Organization",
+            "OrganizationID > 1 AND EXISTS (SELECT * FROM CityLocations c WHERE "
+            "c.City = Organization.City AND c.State = Organization.State AND LocationID IN (" +
+                entries + "))");
+    } else {
+        for (const ListReference& each : listTable(list).references) {
+            const std::string record = each.recordColumn.toStdString();
+            add(record, each.table.toStdString(),
+                record + " > 1 AND " + each.entryColumn.toStdString() + " IN (" + entries + ")");
+        }
+    }
+    return uses;
+}
+
 void merge(benchmark::State& state)
 {
     const auto list = static_cast<ListKind>(state.range(0));
@@ -55,9 +90,12 @@ void merge(benchmark::State& state)
         session.open(copy);
         ListStore store(session);
         reads.push_back(timeOf([&] { (void)store.read(list); }).count());
+        const int before = usesByHand(copy, list, "2, 3").first;
         ListOutcome outcome;
         merges.push_back(timeOf([&] { outcome = store.merge(list, 2, 3); }).count());
         if (!outcome.problem.isEmpty()) state.SkipWithError("refused");
+        // each record that used one of them uses the other now, and says so once
+        if (usesByHand(copy, list, "3") != std::pair(before, before)) state.SkipWithError("miscounted");
         records = static_cast<double>(outcome.records);
         state.SetIterationTime(merges.back() / 1000);
     }
