@@ -157,7 +157,7 @@ std::optional<QString> ProgramFolder::find(const QString& programPath, const QSt
 
 std::optional<QString> ProgramFolder::findMap(const QString& fileName) const
 {
-    const auto own = find(ProgramFolders::maps, fileName);
+    auto own = find(ProgramFolders::maps, fileName);
     if (own || m_installed.isEmpty()) return own;
     return ProgramFolder(m_installed).find(ProgramFolders::maps, fileName);
 }
