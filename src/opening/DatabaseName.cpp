@@ -17,7 +17,7 @@ QString DatabaseName::fileOf(const ProgramFolder& home, const QString& name)
 
 QString DatabaseName::nameOf(const ProgramFolder& home, const QString& file)
 {
-    const QString absolute = QDir::cleanPath(QDir::current().absoluteFilePath(file));
+    QString absolute = QDir::cleanPath(QDir::current().absoluteFilePath(file));
     const QString root = QDir::cleanPath(home.root()) + u'/';
     if (!absolute.startsWith(root)) return absolute;
     return QDir(home.folderPath(ProgramFolders::data)).relativeFilePath(absolute);

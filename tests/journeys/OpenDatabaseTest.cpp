@@ -264,15 +264,25 @@ TEST(Converter, SurvivesAToolThatIsMissingCrashesOrHangs)
     EXPECT_EQ(failed.status, 4);
     EXPECT_EQ(failed.error, u"It is encrypted."_s);
 
-    // it ignores the request to stop; only a kill ends it
+    // it says what it does, and ignores the request to stop: only a kill ends it
     QTimer clicker;
-    QObject::connect(&clicker, &QTimer::timeout, [] {
-        if (auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget())) window->reject();
+    QString step;
+    int looks = 0;
+    QObject::connect(&clicker, &QTimer::timeout, [&] {
+        auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (window == nullptr || !step.isEmpty()) return;
+        const QString text = window->findChild<QLabel*>(u"lblStep"_s)->text();
+        if (text == u"Starting …"_s && ++looks < 40) return;
+        step = text;
+        window->reject();
     });
     clicker.start(50);
     const auto stopped =
-        DesktopDatabaseConverter(script("hang", "#!/bin/sh\ntrap '' TERM\nwhile :; do sleep 0.1; done\n"))
+        DesktopDatabaseConverter(
+            script("hang", "#!/bin/sh\ntrap '' TERM\nprintf 'phase\\tcopying\\nprogress\\t5\\t\\t\\t\\n'\n"
+                           "while :; do sleep 0.1; done\n"))
             .convert(nothing, nothing, false);
+    EXPECT_EQ(step, u"Copying …"_s);
     EXPECT_EQ(stopped.end, End::Cancelled);
 }
 
