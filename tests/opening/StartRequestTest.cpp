@@ -98,7 +98,7 @@ TEST(DatabasePath, IsTheOneDatabaseOfAFolder)
     };
     for (const auto& [path, database, error] : cases) {
         QString found;
-        EXPECT_EQ(errorNumberOf([&] { found = databaseAt(at(path)); }), error) << path;
+        EXPECT_EQ(errorNumberOf([&, asked = at(path)] { found = databaseAt(asked); }), error) << path;
         EXPECT_EQ(found, error == 0 ? at(database) : QString()) << path;
     }
 }
