@@ -152,4 +152,17 @@ TEST_F(Buttons, TheHomePageIsWorkedByKeysToo)
     EXPECT_EQ(journey.viewPanel(), u"View ALL Organizations"_s);
 }
 
+TEST_F(Buttons, OfTheHomePageTakeAHintOfTheAccentUnderTheMouse)
+{
+    QAbstractButton& events = button("Image1(1)");
+    QPalette palette = events.palette();
+    palette.setColor(QPalette::Base, QColor(200, 100, 40));
+    palette.setColor(QPalette::Highlight, QColor(0, 200, 240));
+    events.setPalette(palette);
+    const auto ground = [&events] { return events.grab().toImage().pixelColor(12, 12); };
+    EXPECT_EQ(ground(), QColor(200, 100, 40));
+    events.setAttribute(Qt::WA_UnderMouse);
+    EXPECT_EQ(ground(), QColor(180, 110, 60)) << "a tenth of the way";
+}
+
 } // namespace
