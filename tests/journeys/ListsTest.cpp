@@ -212,7 +212,7 @@ void addInPassing(OpenDialog& window, const char* button, const QString& name)
         });
 }
 
-TEST_F(ListsWindow, IsNotNeededForNewEntriesOfARecord)
+TEST_F(ListsWindow, IsNotNeededForNewEntriesOfAnOrganization)
 {
     journey.start();
     journey.trigger("mnuViewOrganizations");
@@ -256,7 +256,11 @@ TEST_F(ListsWindow, IsNotNeededForNewEntriesOfARecord)
                      "WHERE OrganizationID = 4"),
         "4|1|1");
     EXPECT_EQ(journey.find<MapView>("Map1").accessibleItemCount(), 2) << "it is on the map";
+}
 
+TEST_F(ListsWindow, IsNotNeededForNewEntriesOfADocument)
+{
+    journey.start();
     journey.trigger("mnuViewDocuments");
     journey.select("Atlas");
     journey.inDialog("frmDocument", "mnuRecordEdit", [&](OpenDialog& editor) {

@@ -78,6 +78,34 @@ protected:
         return shown.join(u'|').toStdString();
     }
 
+    void addOpening()
+    {
+        journey.inDialog("frmEvent", "mnuRecordAddNewEvent", [](OpenDialog& editor) {
+            editor.type("txtEventName", u"Opening"_s);
+            editor.type("rtbEventDescription", u"Crossed for the first time"_s);
+            editor.type("dtpStartDate", u"05/24/1883"_s);
+            editor.tick("lvVenues", u"Arches hall"_s);
+            editor.click("cmdOK");
+        });
+    }
+
+    void addBridgeWorks()
+    {
+        journey.inDialog("frmOrganization", "mnuRecordAddNewOrganization", [](OpenDialog& editor) {
+            editor.type("txtOrganizationName", u"Bridge Works"_s);
+            editor.type("txtCity", u"Brooklyn"_s);
+            editor.choose("cmbState", u"NY"_s);
+            inDialog(
+                "frmListEntry", [&] { editor.click("cmdNewCity"); },
+                [](OpenDialog& city) {
+                    city.type("txtLatitude", u"40.7"_s);
+                    city.type("txtLongitude", u"-74"_s);
+                    city.click("cmdOK");
+                });
+            editor.click("cmdOK");
+        });
+    }
+
     Journey journey;
     const QString place = journey.database.folder();
     const QString home = place + u"/home"_s;
@@ -175,28 +203,10 @@ TEST_F(NewDatabase, TwoCollectionsKeepTheirOwnListsAndFilesAndBearToBeCopied)
 
     begin(u"Bridges"_s);
     addDocument(u"Arches"_s);
-    journey.inDialog("frmEvent", "mnuRecordAddNewEvent", [](OpenDialog& editor) {
-        editor.type("txtEventName", u"Opening"_s);
-        editor.type("rtbEventDescription", u"Crossed for the first time"_s);
-        editor.type("dtpStartDate", u"05/24/1883"_s);
-        editor.tick("lvVenues", u"Arches hall"_s);
-        editor.click("cmdOK");
-    });
+    addOpening();
     journey.trigger("mnuViewOrganizations");
     EXPECT_EQ(journey.find<MapView>("Map1").accessibleItemCount(), 0);
-    journey.inDialog("frmOrganization", "mnuRecordAddNewOrganization", [](OpenDialog& editor) {
-        editor.type("txtOrganizationName", u"Bridge Works"_s);
-        editor.type("txtCity", u"Brooklyn"_s);
-        editor.choose("cmbState", u"NY"_s);
-        inDialog(
-            "frmListEntry", [&] { editor.click("cmdNewCity"); },
-            [](OpenDialog& city) {
-                city.type("txtLatitude", u"40.7"_s);
-                city.type("txtLongitude", u"-74"_s);
-                city.click("cmdOK");
-            });
-        editor.click("cmdOK");
-    });
+    addBridgeWorks();
     EXPECT_EQ(journey.find<MapView>("Map1").accessibleItemCount(), 1) << "it is on the map";
     journey.trigger("mnuViewEvents");
     EXPECT_EQ(journey.column(0), "Opening");
