@@ -4,6 +4,7 @@
 
 #include "data/DatabaseSession.h"
 #include "files/DatabaseFile.h"
+#include "files/FileBlocks.h"
 #include "files/FileCopy.h"
 #include "files/FilesTexts.h"
 #include "files/FolderLock.h"
@@ -42,12 +43,6 @@ fs::path pathOf(const QString& path)
     return {QFile::encodeName(path).toStdString()};
 }
 
-[[noreturn]] void fail(int number, const QString& path)
-{
-    const std::string reason = std::generic_category().message(number);
-    throw Error(number, QStringLiteral("%1 (%2)").arg(QString::fromLocal8Bit(reason.c_str()), path));
-}
-
 /// Whether there is anything of that name, even a link that leads nowhere.
 bool exists(const QString& path)
 {
@@ -59,14 +54,14 @@ void makeFolder(const QString& path)
 {
     std::error_code code;
     fs::create_directories(pathOf(path), code);
-    if (code) fail(code.value(), path);
+    FileBlocks::require(code, pathOf(path));
 }
 
 void remove(const QString& path)
 {
     std::error_code code;
     fs::remove(pathOf(path), code);
-    if (code) fail(code.value(), path);
+    FileBlocks::require(code, pathOf(path));
 }
 
 /// Makes sure that the names in a folder are on the disk before what they replace goes.
@@ -114,7 +109,7 @@ void moveFile(const QString& from, const QString& to)
     if (!exists(to)) {
         fs::rename(pathOf(from), pathOf(to), code);
         if (!code) return;
-        if (code != std::errc::cross_device_link) fail(code.value(), from);
+        if (code != std::errc::cross_device_link) FileBlocks::fail(code.value(), pathOf(from));
         FileCopy::copyFile(pathOf(from), pathOf(to));
         sync(QFileInfo(to).path());
     }
@@ -146,7 +141,8 @@ bool hasToLeave(const FolderMove& move)
 void leaveByLink(const FolderMove& move)
 {
     const QString to = databaseIn(move.working, move);
-    if (!exists(to) && !QFile::link(QFileInfo(move.database).canonicalFilePath(), to)) fail(EIO, to);
+    if (!exists(to) && !QFile::link(QFileInfo(move.database).canonicalFilePath(), to))
+        FileBlocks::fail(EIO, pathOf(to));
     syncFolders(move.working, move.copied);
     remove(move.database);
     sync(QFileInfo(move.database).path());
@@ -322,6 +318,6 @@ void SharedFolderSplit::nameFolder(SplitPlan& plan, std::size_t index) const
     }
     std::error_code code;
     fs::rename(pathOf(move.working), pathOf(move.target), code);
-    if (code) fail(code.value(), move.target);
+    FileBlocks::require(code, pathOf(move.target));
     sync(m_place);
 }

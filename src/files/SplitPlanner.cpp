@@ -3,6 +3,7 @@
 #include "files/SplitPlanner.h"
 
 #include "data/DatabaseSession.h"
+#include "files/CollectionNames.h"
 #include "files/DatabaseFile.h"
 #include "files/FilesTexts.h"
 #include "files/LinkTarget.h"
@@ -242,15 +243,14 @@ SplitPlan SplitPlanner::plan(const QString& opened, const QString& preferred) co
 
 QString SplitPlanner::freeFolder(const QString& place, const QString& name, const SplitPlan& plan)
 {
-    const auto isTaken = [&plan](const QString& folder) {
-        return QFileInfo::exists(folder) || QFileInfo(folder).isSymLink() ||
-               std::any_of(plan.moves.begin(), plan.moves.end(), [&folder](const FolderMove& move) {
-                   return move.target.compare(folder, Qt::CaseInsensitive) == 0;
-               });
+    const auto isPlanned = [&plan](const QString& folder) {
+        return std::any_of(plan.moves.begin(), plan.moves.end(), [&folder](const FolderMove& move) {
+            return move.target.compare(folder, Qt::CaseInsensitive) == 0;
+        });
     };
-    const QString first = place + u'/' + name;
-    QString folder = first;
-    for (int number = 2; isTaken(folder); ++number)
-        folder = first + u' ' + QString::number(number);
-    return folder;
+    for (int number = 1;; ++number) {
+        const QString variant = CollectionNames::variant(name, number);
+        QString folder = place + u'/' + variant;
+        if (!CollectionNames::isTaken(place, variant) && !isPlanned(folder)) return folder;
+    }
 }

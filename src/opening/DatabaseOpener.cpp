@@ -56,7 +56,7 @@ void DatabaseOpener::openNamed()
     QString file = namedFile();
     UnfinishedCollection::clearLeftOver(collectionsPlace());
     if (kindOfDatabaseFile(file) == DatabaseFileKind::Access) {
-        file = convertNamed(name, file);
+        file = convertNamed(file);
         nameInSettings(file);
     }
     open(file);
@@ -67,7 +67,7 @@ void DatabaseOpener::openNamed()
 
 /// Converts the Access file that the settings name, unless that was done before and the user keeps it.
 /// Returns the database. Throws Error.
-QString DatabaseOpener::convertNamed(const QString& name, const QString& source)
+QString DatabaseOpener::convertNamed(const QString& source)
 {
     QString target = QFileInfo(source).path() + u'/' + AccessConversion::databaseName(source);
     const bool exists = QFileInfo::exists(target);
@@ -76,7 +76,7 @@ QString DatabaseOpener::convertNamed(const QString& name, const QString& source)
                       OpeningTexts::tr("%1 was converted before, to %2.\n\nDo you want to convert it "
                                        "again and replace that database? Whatever was added to it "
                                        "since is then lost. No opens it as it is.")
-                          .arg(name, AccessConversion::databaseName(source)),
+                          .arg(QFileInfo(source).fileName(), AccessConversion::databaseName(source)),
                       Question::Loss);
     const bool isNeeded = !exists || replace;
     if (!isNeeded) return target;
@@ -167,7 +167,8 @@ void DatabaseOpener::open(const QString& chosen)
 /// that lies now.
 QString DatabaseOpener::separated(const QString& file)
 {
-    const SharedFolders::Outcome outcome = SharedFolders::separate(m_platform, m_at.home, file);
+    const SharedFolders::Outcome outcome =
+        SharedFolders::separate(m_platform, m_at.home, collectionsPlace(), file);
     RecentDatabases recent(m_platform.settings);
     for (const MovedDatabase& database : outcome.moved)
         recent.add(DatabaseName::nameOf(m_at.home, database.to));

@@ -59,7 +59,7 @@ public:
     [[nodiscard]] QString collectionsPlace() const;
 
 private:
-    [[nodiscard]] QString convertNamed(const QString& name, const QString& source);
+    [[nodiscard]] QString convertNamed(const QString& source);
     [[nodiscard]] std::optional<QString> placeOf(const QString& file);
     [[nodiscard]] std::optional<bool> asksForCopy(const QFileInfo& file);
     void open(const QString& chosen);

@@ -2,6 +2,7 @@
 
 #include "opening/NewCollection.h"
 
+#include "files/CollectionNames.h"
 #include "opening/NewDatabaseFile.h"
 #include "opening/OpeningTexts.h"
 #include "opening/UnfinishedCollection.h"
@@ -67,13 +68,11 @@ QString NewCollection::nameHindrance() const
                                                           : QString();
 }
 
-/// Whether the place has an entry of that name, or of the one for the time being, in any letter case.
+/// Whether the name, or the one for the time being, is taken.
 bool NewCollection::isTaken() const
 {
-    const QStringList entries =
-        QDir(m_place).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    return entries.contains(m_name, Qt::CaseInsensitive) ||
-           entries.contains(UnfinishedCollection::workName(m_name), Qt::CaseInsensitive);
+    return CollectionNames::isTaken(m_place, m_name) ||
+           CollectionNames::isTaken(m_place, UnfinishedCollection::workName(m_name));
 }
 
 QString NewCollection::make(const QString& listsFrom) const

@@ -17,13 +17,6 @@ namespace {
 
 constexpr std::size_t mostListed = 6;
 
-/// Where the settings have new folders made.
-QString placeOf(const StdREG& settings, const ProgramFolder& home)
-{
-    const QString place = settings.GetRegString(QString(), QStringLiteral("CollectionsPlace"));
-    return QDir::cleanPath(QDir::current().absoluteFilePath(place.isEmpty() ? home.root() : place));
-}
-
 /// One line for each entry, but not too many.
 template <typename Entry, typename LineOf>
 QString listed(const std::vector<Entry>& entries, LineOf&& lineOf)
@@ -84,12 +77,11 @@ QStringList failedTexts(const SharedFolderSplit::Result& result)
 } // namespace
 
 SharedFolders::Outcome SharedFolders::separate(const Platform& platform, const ProgramFolder& home,
-                                               const QString& file)
+                                               const QString& place, const QString& file)
 {
-    const StdREG settings(platform.settings);
-    const QString named = settings.GetRegString(QString(), QStringLiteral("DBFile"));
+    const QString named = StdREG(platform.settings).GetRegString(QString(), QStringLiteral("DBFile"));
     const QString folder = QFileInfo(QDir::current().absoluteFilePath(file)).path();
-    SharedFolderSplit split(folder, placeOf(settings, home));
+    SharedFolderSplit split(folder, QDir::cleanPath(QDir::current().absoluteFilePath(place)));
     const SharedFolderSplit::Result result = split.run(file, DatabaseName::fileOf(home, named));
     Outcome outcome{file, result.moved};
     for (const MovedDatabase& database : result.moved) {

@@ -2,6 +2,7 @@
 
 #include "opening/UnfinishedCollection.h"
 
+#include "files/CollectionNames.h"
 #include "opening/OpeningTexts.h"
 #include "util/Error.h"
 
@@ -68,17 +69,10 @@ UnfinishedCollection::~UnfinishedCollection()
 /// around the unfinished collection.
 void UnfinishedCollection::takeName(const QString& name)
 {
-    const QStringList there =
-        QDir(m_place).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    const auto isTaken = [&there](const QString& wanted) {
-        return there.contains(wanted, Qt::CaseInsensitive) ||
-               // the folder of this name beside collections is the program's own
-               wanted.compare(QStringLiteral("data"), Qt::CaseInsensitive) == 0;
-    };
     for (int number = 1;; ++number) {
-        m_name = number == 1 ? name : name + u' ' + QString::number(number);
+        m_name = CollectionNames::variant(name, number);
         const QString work = workName(m_name);
-        if (isTaken(m_name) || isTaken(work)) continue;
+        if (CollectionNames::isTaken(m_place, m_name) || CollectionNames::isTaken(m_place, work)) continue;
         const QString path = m_place + u'/' + work;
         std::error_code code;
         const bool isMade = std::filesystem::create_directory(systemPath(path), code);

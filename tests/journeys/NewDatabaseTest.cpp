@@ -217,13 +217,18 @@ TEST_F(NewDatabase, TwoCollectionsKeepTheirOwnListsAndFilesAndBearToBeCopied)
     journey.trigger("mnuRecentDatabases(1)");
     EXPECT_EQ(openedFile(u"Arches"_s), "Arches") << "both are the document 2 of their collection";
 
-    // a copy of the folder is a collection of its own
-    ASSERT_EQ(QProcess::execute(u"cp"_s, {u"-r"_s, home + u"/Bridges"_s, place + u"/disk"_s}), 0);
-    ASSERT_TRUE(QDir(home + u"/Bridges"_s).removeRecursively());
-    journey.desktop.fileDialogs.files = {place + u"/disk/data/Bridges.sqlite"_s};
-    journey.trigger("mnuOpenDatabase");
-    EXPECT_EQ(open(), place + u"/disk/data/Bridges.sqlite"_s) << "it is opened where it is";
-    EXPECT_EQ(openedFile(u"Arches"_s), "Arches");
+    // copies of the folders are collections of their own
+    for (const auto& [name, title] : {std::pair(u"Bridges"_s, u"Arches"_s), {u"Rivers"_s, u"Floods"_s}}) {
+        const QString copy = place + u"/disk/"_s + name;
+        ASSERT_TRUE(QDir().mkpath(place + u"/disk"_s));
+        ASSERT_EQ(QProcess::execute(u"cp"_s, {u"-r"_s, home + u'/' + name, copy}), 0);
+        ASSERT_TRUE(QDir(home + u'/' + name).removeRecursively());
+        const QString database = copy + u"/data/"_s + name + u".sqlite"_s;
+        journey.desktop.fileDialogs.files = {database};
+        journey.trigger("mnuOpenDatabase");
+        EXPECT_EQ(open(), database) << "it is opened where it is";
+        EXPECT_EQ(openedFile(title).toStdString(), title.toStdString());
+    }
 }
 
 TEST_F(NewDatabase, KeepsWhatWasTypedIfItCannotBeMade)

@@ -49,12 +49,19 @@ HomeButton::HomeButton(const QString& picture, const QString& caption, const QSt
 
 QSize HomeButton::sizeHint() const
 {
-    return {buttonWidth, heightForWidth(buttonWidth)};
+    const int width = std::max(buttonWidth, captionWidth());
+    return {width, heightForWidth(width)};
 }
 
 QSize HomeButton::minimumSizeHint() const
 {
-    return {narrowestButton, heightForWidth(buttonWidth)};
+    return {std::max(narrowestButton, captionWidth()), heightForWidth(buttonWidth)};
+}
+
+/// How wide the button must be for its caption, which is not broken into lines.
+int HomeButton::captionWidth() const
+{
+    return QFontMetrics(captionFont(font())).size(Qt::TextShowMnemonic, text()).width() + 2 * margin;
 }
 
 int HomeButton::heightForWidth(int width) const

@@ -29,6 +29,7 @@ protected:
 private:
     void paintFrame(QPainter& painter) const;
     [[nodiscard]] int measureHeight(int width) const;
+    [[nodiscard]] int captionWidth() const;
 
     QIcon m_picture;
     QString m_explanation;
