@@ -55,7 +55,7 @@ QSize HomeButton::sizeHint() const
 
 QSize HomeButton::minimumSizeHint() const
 {
-    return {std::max(narrowestButton, captionWidth()), heightForWidth(buttonWidth)};
+    return {narrowestButton, heightForWidth(buttonWidth)};
 }
 
 /// How wide the button must be for its caption, which is not broken into lines.
