@@ -78,6 +78,7 @@ void DatabaseSession::open(const QString& file, Access access)
         setRollbackJournal(*opened);
         const qint64 dataVersion =
             callEngine([&opened] { return opened->execAndGet(dataVersionStatement).getInt64(); });
+        const bool keepsJournal = callEngine([&opened] { return opened->tableExists("Journal"); });
         addLimits(opened->getHandle());
         addTextRules(opened->getHandle());
         addAuthorizer(opened->getHandle(), &m_access);
@@ -88,6 +89,7 @@ void DatabaseSession::open(const QString& file, Access access)
         m_fileName = file;
         m_dataVersion = dataVersion;
         m_opened = access;
+        m_keepsJournal = keepsJournal;
     } catch (const Error& error) {
         throw Error(error.number(), QStringLiteral("%1 (%2)").arg(error.description(), file));
     }
@@ -203,7 +205,7 @@ EditableRecordSet DatabaseSession::edit(const QString& statement)
 int DatabaseSession::execute(const QString& statement)
 {
     database();
-    EngineStatement prepared = prepare(StatementTranslator(m_catalog).change(statement).sql, Access::Write);
+    EngineStatement prepared = prepare(StatementTranslator(m_catalog).change(statement).sql, writeAccess());
     run(prepared, statement);
     return database()->getChanges();
 }
@@ -221,14 +223,14 @@ EngineStatement DatabaseSession::prepare(const QString& engineStatement, Access 
 
 void DatabaseSession::runInEngine(const QString& engineStatement)
 {
-    EngineStatement prepared = prepare(engineStatement, Access::Write);
+    EngineStatement prepared = prepare(engineStatement, writeAccess());
     run(prepared);
 }
 
 void DatabaseSession::run(EngineStatement& statement, const QString& built)
 {
     // granted here too: SQLite prepares a statement once more if the schema has changed meanwhile
-    const AccessGranted granted(m_access, Access::Write);
+    const AccessGranted granted(m_access, writeAccess());
     const auto log = StatementLog::begin(built);
     if (log) log->setPrepared(statement.expandedSql());
     m_watch.beginStep();

@@ -13,6 +13,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <memory>
+#include <utility>
 
 /// The single session with the database file, for the whole run of the program.
 ///
@@ -43,6 +44,9 @@ public:
     /// Throws an Error that names the cause if the open file can be read but not changed.
     void requireWritable() const;
 
+    /// Whether the open file has a journal of its changes, as every file has that the program was asked to open.
+    [[nodiscard]] bool keepsJournal() const { return m_keepsJournal; }
+
     /// Whether another program has changed the open file since this was asked last or, the first time, since
     /// it was opened. If another file has taken its place, opens that. Throws Error if the file cannot be
     /// read.
@@ -69,6 +73,8 @@ public:
 
 private:
     friend class EditableRecordSet;
+    friend class HeldRows;
+    friend class RecordWriting;
     friend class Transaction;
 
     PreparedStatements::Loan prepareToRead(const QString& statement);
@@ -76,6 +82,11 @@ private:
     RecordSet readOnce(const QString& engineStatement, const QString& built = {});
     EngineStatement prepare(const QString& engineStatement, Access access);
     void runInEngine(const QString& engineStatement);
+
+    [[nodiscard]] Access writeAccess() const
+    {
+        return m_writesRecords ? Access::WriteRecords : Access::Write;
+    }
 
     /// Runs a prepared statement that changes something. `built` is what it was made of, if anything.
     void run(EngineStatement& statement, const QString& built = {});
@@ -89,6 +100,8 @@ private:
     QString m_fileName;
     Access m_access = Access::Read;
     Access m_opened = Access::Write; ///< what the file was opened for
+    bool m_keepsJournal = false;
+    bool m_writesRecords = false;    ///< while there is a RecordWriting
     qint64 m_dataVersion = 0;        ///< of SQLite; stays the same until another connection writes
     StatementWatch m_watch;
 };
@@ -112,6 +125,25 @@ public:
 private:
     DatabaseSession& m_session;
     bool m_open = true;
+};
+
+/// Lets the session change records and their links, and add to the journal, for as long as it lives. Only
+/// what keeps the journal makes one, so that no change is missing there.
+class RecordWriting
+{
+public:
+    /// The session must outlive it.
+    explicit RecordWriting(DatabaseSession& session)
+        : m_session(session), m_before(std::exchange(session.m_writesRecords, true))
+    {
+    }
+    ~RecordWriting() { m_session.m_writesRecords = m_before; }
+    RecordWriting(const RecordWriting&) = delete;
+    RecordWriting& operator=(const RecordWriting&) = delete;
+
+private:
+    DatabaseSession& m_session;
+    bool m_before;
 };
 
 /// Runs `write` in a transaction of its own: if it throws, nothing of it is in the file.

@@ -91,10 +91,40 @@ bool isOwnTable(const char* name)
     return name != nullptr && !std::string_view(name).starts_with("sqlite_");
 }
 
+/// Whether the rows of a table belong to the records whose changes the journal keeps.
+bool isOfRecords(const char* table)
+{
+    static constexpr std::array tables{"Document",
+                                       "Event",
+                                       "Organization",
+                                       "OrganizationProfile",
+                                       "DocumentEvents",
+                                       "OrganizationEvents",
+                                       "EventFunctions",
+                                       "DocumentTypes",
+                                       "DocumentCategories",
+                                       "DocumentVenues",
+                                       "EventVenues",
+                                       "OrganizationVenues",
+                                       "OrganizationProfileJurisdictions",
+                                       "OrganizationProfilePopulations"};
+    return std::any_of(tables.begin(), tables.end(),
+                       [table](const char* each) { return sqlite3_stricmp(each, table) == 0; });
+}
+
+/// Rows are only ever added to the journal.
+bool mayWrite(Access access, int action, const char* name)
+{
+    if (access == Access::Read || !isOwnTable(name)) return false;
+    if (sqlite3_stricmp(name, "Journal") == 0)
+        return access == Access::WriteRecords && action == SQLITE_INSERT;
+    return access == Access::WriteRecords || !isOfRecords(name);
+}
+
 int authorize(void* context, int action, const char* first, const char* second, const char* /*database*/,
               const char* /*source*/)
 {
-    const bool writing = *static_cast<const Access*>(context) == Access::Write;
+    const Access access = *static_cast<const Access*>(context);
     const auto allow = [](bool allowed) { return allowed ? SQLITE_OK : SQLITE_DENY; };
     switch (action) {
     case SQLITE_SELECT:
@@ -106,11 +136,11 @@ int authorize(void* context, int action, const char* first, const char* second, 
     case SQLITE_INSERT:
     case SQLITE_UPDATE:
     case SQLITE_DELETE:
-        return allow(writing && isOwnTable(first));
+        return allow(mayWrite(access, action, first));
     case SQLITE_PRAGMA:
         return allow(std::string_view(first) == "data_version" && second == nullptr);
     case SQLITE_TRANSACTION:
-        return allow(writing);
+        return allow(access != Access::Read);
     default:
         return SQLITE_DENY;
     }

@@ -10,7 +10,8 @@
 enum class Access
 {
     Read,
-    Write
+    Write,       ///< all but records, their links and the journal
+    WriteRecords ///< all, while a save keeps the journal; but what the journal says stays as it is
 };
 
 /// Stops a statement that would keep the user waiting for ever: measures how long SQLite has worked since it
@@ -48,7 +49,7 @@ void addLimits(sqlite3* connection);
 
 /// Lets the connection prepare only what `*access` allows; `access` must outlive the connection. Reading
 /// covers the rows of the file's tables and a few functions, writing adds rows and transactions. Nothing
-/// reaches the schema, another file, a setting or an extension.
+/// reaches the schema, another file, a setting or an extension, and nothing changes a row of the journal.
 void addAuthorizer(sqlite3* connection, const Access* access);
 
 /// Stops statements that the watch reports as overdue. It must outlive the connection.

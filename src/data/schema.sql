@@ -13,7 +13,7 @@
 -- The references below document the links; they are not enforced, since imported data may hold orphans.
 
 PRAGMA application_id = 1330796100; -- 'OR' 'VD'
-PRAGMA user_version = 1;
+PRAGMA user_version = 2;
 
 BEGIN;
 
@@ -280,6 +280,32 @@ CREATE TABLE Organization_HIST (
     ParentID INTEGER,
     UpdateTime DATETIME TEXT
 );
+
+-- Journal: every change to records and lists, with what was there before and after -----------------
+-- Rows are added in the transaction of the change and never altered. A step is what one command did, as the
+-- deletion of several records; its rows have the number of the first of them in `Step`. `What` is add, change,
+-- delete, restore or list; `Kind` is Document, Event or Organization or, of a list, its table. `Before` and
+-- `After` are JSON: an object with the rows of each table as an array of objects, for a record all of them with
+-- the names of what it is linked to, for a list those that changed; NULL if there were none. `Reverses` is the
+-- step that this one took back, or that it did again. `UndoStep` and `RedoStep` are the steps that the commands
+-- of these names take back from here on; 0 if there is none.
+
+CREATE TABLE Journal (
+    Number INTEGER PRIMARY KEY,
+    Step INTEGER NOT NULL,
+    Moment DATETIME TEXT NOT NULL,
+    What TEXT NOT NULL,
+    Kind TEXT NOT NULL,
+    Identifier INTEGER NOT NULL,
+    Title TEXT,
+    Before TEXT,
+    After TEXT,
+    Reverses INTEGER,
+    UndoStep INTEGER NOT NULL,
+    RedoStep INTEGER NOT NULL
+);
+
+CREATE INDEX JournalOfRecord ON Journal (Kind, Identifier, Number);
 
 -- Indexes -----------------------------------------------------------------------------------------
 -- Both directions of every link, and what the lists, the timeline's limits and its window ask for. The lists

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "data/ListEntry.h"
+#include "data/RecordKind.h"
 #include "lists/ListKind.h"
 #include "records/PickList.h"
-#include "records/RecordKind.h"
 
 #include <QWidget>
 

@@ -3,12 +3,12 @@
 #pragma once
 
 #include "data/ListEntry.h"
+#include "data/RecordKind.h"
 #include "editors/FormControls.h"
 #include "lists/NewEntries.h"
 #include "platform/Platform.h"
 #include "platform/Procedure.h"
 #include "records/EditorTypes.h"
-#include "records/RecordKind.h"
 #include "records/StoredState.h"
 
 #include <QDialog>

@@ -156,9 +156,10 @@ bool RecordEditors::deleteRecords(RecordKind kind, const std::vector<ListEntry>&
 {
     QString said;
     QStringList names;
+    JournalStep step;
     runProcedure(m_platform.messages, QStringLiteral("delete") + recordNames(kind).record, [&] {
         for (const ListEntry& record : records) {
-            said = deleteRecord(kind, record.key);
+            said = deleteRecord(kind, record.key, &step);
             names << record.display;
         }
     });
@@ -167,15 +168,15 @@ bool RecordEditors::deleteRecords(RecordKind kind, const std::vector<ListEntry>&
     return true;
 }
 
-QString RecordEditors::deleteRecord(RecordKind kind, qint64 id)
+QString RecordEditors::deleteRecord(RecordKind kind, qint64 id, JournalStep* step)
 {
     switch (kind) {
     case RecordKind::Document:
-        return DocumentStore(m_session, m_folder, m_platform.clock).deleteDocument(id);
+        return DocumentStore(m_session, m_folder, m_platform.clock).deleteDocument(id, step);
     case RecordKind::Event:
-        return EventStore(m_session, m_platform.clock).deleteEvent(id);
+        return EventStore(m_session, m_platform.clock).deleteEvent(id, step);
     case RecordKind::Organization:
         break;
     }
-    return OrganizationStore(m_session, m_folder, m_platform.clock).deleteOrganization(id);
+    return OrganizationStore(m_session, m_folder, m_platform.clock).deleteOrganization(id, step);
 }

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "data/ListEntry.h"
+#include "data/RecordKind.h"
 #include "platform/Platform.h"
 #include "records/EditorTypes.h"
-#include "records/RecordKind.h"
 
 #include <QDateTime>
 #include <QObject>
@@ -18,6 +18,7 @@ class NewEntries;
 class ProgramFolder;
 class QWidget;
 class RecordDialog;
+struct JournalStep;
 
 /// Opens the editors over the main window, each made when it is asked for, and deletes records. Every change
 /// is announced once, by `changed`. Lives as long as the window.
@@ -65,7 +66,7 @@ private:
     void prepare(RecordKind kind, RecordDialog& dialog);
     void finish(RecordKind kind, const RecordDialog& dialog);
     [[nodiscard]] bool mayDelete(RecordKind kind, const std::vector<ListEntry>& records);
-    QString deleteRecord(RecordKind kind, qint64 id);
+    QString deleteRecord(RecordKind kind, qint64 id, JournalStep* step);
     [[nodiscard]] static QString deletionText(RecordKind kind, const QStringList& names);
     bool deleteRecords(RecordKind kind, const std::vector<ListEntry>& records);
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "data/ListEntry.h"
-#include "records/RecordKind.h"
+#include "data/RecordKind.h"
 
 #include <QString>
 #include <QStringList>

@@ -151,6 +151,7 @@ ListOutcome ListStore::add(ListKind list, const LookupEntry& entry)
     LookupEntry added = trimmed(entry);
     added.key = 0;
     writeWholly(m_session, [&] {
+        const RecordWriting writing(m_session);
         outcome.problem = problemOf(list, added, std::nullopt);
         if (!outcome.problem.isEmpty()) return;
         const ListTable& table = listTable(list);
@@ -169,6 +170,7 @@ ListOutcome ListStore::change(ListKind list, const LookupEntry& entry)
     ListOutcome outcome;
     LookupEntry changed = trimmed(entry);
     writeWholly(m_session, [&] {
+        const RecordWriting writing(m_session);
         const auto entries = ListReader::entries(m_session, list);
         const LookupEntry before = entryOf(list, entry.key);
         changed.typeId = before.typeId;
@@ -192,6 +194,7 @@ ListOutcome ListStore::merge(ListKind list, qint64 from, qint64 into)
 {
     ListOutcome outcome;
     writeWholly(m_session, [&] {
+        const RecordWriting writing(m_session);
         const LookupRow source = rowOf(list, from);
         const LookupEntry target = entryOf(list, into);
         if (from == into ||
@@ -216,6 +219,7 @@ ListOutcome ListStore::remove(ListKind list, qint64 key)
 {
     ListOutcome outcome;
     writeWholly(m_session, [&] {
+        const RecordWriting writing(m_session);
         outcome.problem = hindranceOfRemoval(list, rowOf(list, key));
         if (!outcome.problem.isEmpty()) return;
         ListMerge::removeKeys(m_session, list, key);

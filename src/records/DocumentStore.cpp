@@ -120,9 +120,9 @@ std::optional<RecordConflict> DocumentStore::updateDocument(DocumentRecord& reco
     return change(record);
 }
 
-QString DocumentStore::deleteDocument(qint64 id)
+QString DocumentStore::deleteDocument(qint64 id, JournalStep* step)
 {
-    return remove(id);
+    return remove(id, step);
 }
 
 bool DocumentStore::hasFile(const DocumentRecord& record) const

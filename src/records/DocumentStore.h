@@ -55,8 +55,8 @@ public:
     /// Throws Error, and writes nothing, if there is no file to copy.
     [[nodiscard]] std::optional<RecordConflict> updateDocument(DocumentRecord& record);
 
-    /// Marks a record as deleted and returns the message that says so.
-    QString deleteDocument(qint64 id);
+    /// Marks a record as deleted, as a part of `step` if there is one, and returns the message that says so.
+    QString deleteDocument(qint64 id, JournalStep* step = nullptr);
 
 private:
     [[nodiscard]] bool takesFile(const DocumentRecord& record, SaveMode mode) const override;

@@ -143,9 +143,9 @@ std::optional<RecordConflict> EventStore::updateEvent(EventRecord& record)
     return change(record);
 }
 
-QString EventStore::deleteEvent(qint64 id)
+QString EventStore::deleteEvent(qint64 id, JournalStep* step)
 {
-    return remove(id);
+    return remove(id, step);
 }
 
 void EventStore::requireWritable(const EventRecord& record) const

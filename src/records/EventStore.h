@@ -48,8 +48,8 @@ public:
     /// cannot be read.
     [[nodiscard]] std::optional<RecordConflict> updateEvent(EventRecord& record);
 
-    /// Marks a record as deleted and returns the message that says so.
-    QString deleteEvent(qint64 id);
+    /// Marks a record as deleted, as a part of `step` if there is one, and returns the message that says so.
+    QString deleteEvent(qint64 id, JournalStep* step = nullptr);
 
     /// The moment at which an event starts, for the timeline; a missing time is midnight. Returns
     /// std::nullopt if there is no date.

@@ -178,9 +178,9 @@ std::optional<RecordConflict> OrganizationStore::updateOrganization(Organization
     return change(record);
 }
 
-QString OrganizationStore::deleteOrganization(qint64 id)
+QString OrganizationStore::deleteOrganization(qint64 id, JournalStep* step)
 {
-    return remove(id);
+    return remove(id, step);
 }
 
 void OrganizationStore::requireWritable(const OrganizationRecord& record) const

@@ -76,8 +76,8 @@ public:
     /// be read.
     [[nodiscard]] std::optional<RecordConflict> updateOrganization(OrganizationRecord& record);
 
-    /// Marks a record as deleted and returns the message that says so.
-    QString deleteOrganization(qint64 id);
+    /// Marks a record as deleted, as a part of `step` if there is one, and returns the message that says so.
+    QString deleteOrganization(qint64 id, JournalStep* step = nullptr);
 
 private:
     void requireWritable(const OrganizationRecord& record) const override;

@@ -174,17 +174,28 @@ bool RecordStore<Record>::isNameTaken(const Record& record) const
                        RecordValues::exceptFor(names.key, record.id));
 }
 
+/// Begins the row of a new record, whose identifier no other record has had.
+template <typename Record>
+void RecordStore<Record>::beginRow(EditableRecordSet& rows) const
+{
+    rows.addNew();
+    const QString key = recordNames(m_tables.kind).key;
+    const qint64 next = Journal::largestIdentifier(m_session, m_tables.kind) + 1;
+    if (std::get<qint64>(rows.value(key)) < next) rows.set(key, next);
+}
+
 template <typename Record>
 bool RecordStore<Record>::add(Record& record)
 {
     record.stored.reset();
     requireWritable(record);
-    Transaction transaction(m_session);
+    JournaledSave save(m_session, m_clock, m_tables.kind, std::nullopt);
     if (isNameTaken(record)) return false;
     const RecordNames names = recordNames(m_tables.kind);
     EditableRecordSet rows = m_session.edit(statement(names.record, record.id));
-    if (rows.atEnd()) rows.addNew();
+    if (rows.atEnd()) beginRow(rows);
     const qint64 id = recordIdentifier(std::get<qint64>(rows.value(names.key)));
+    save.setIdentifier(id);
     prepare(record, SaveMode::Addition, id);
     StoredStates::setDiffering(
         rows, RecordColumns::fields(m_tables.columns, record, [](const auto& /*each*/) { return true; }));
@@ -194,7 +205,7 @@ bool RecordStore<Record>::add(Record& record)
     writeParts(record, SaveMode::Addition);
     writeLinks(record);
     writeHistory(record, activeStatus);
-    transaction.commit();
+    save.commit();
     return true;
 }
 
@@ -203,7 +214,7 @@ std::optional<RecordConflict> RecordStore<Record>::change(Record& record)
 {
     recordIdentifier(record.id);
     requireWritable(record);
-    Transaction transaction(m_session);
+    JournaledSave save(m_session, m_clock, m_tables.kind, record.id);
     EditableRecordSet rows =
         RecordValues::openRecord(m_session, statement(recordNames(m_tables.kind).record, record.id));
     const auto find = [this, &record] { return load(record.id).record.stored->known; };
@@ -215,7 +226,7 @@ std::optional<RecordConflict> RecordStore<Record>::change(Record& record)
     writeParts(record, SaveMode::Change);
     writeLinks(record);
     writeHistory(record, StoredStates::historyStatus(rows.value(m_tables.statusColumn)));
-    transaction.commit();
+    save.commit();
     return std::nullopt;
 }
 
@@ -252,12 +263,14 @@ void RecordStore<Record>::writeHistory(const Record& record, const QString& stat
 }
 
 template <typename Record>
-QString RecordStore<Record>::remove(qint64 id)
+QString RecordStore<Record>::remove(qint64 id, JournalStep* step)
 {
     const RecordNames names = recordNames(m_tables.kind);
     const QString number = QString::number(recordIdentifier(id));
+    JournaledSave save(m_session, m_clock, m_tables.kind, id, step);
     m_session.execute(QStringLiteral("UPDATE %1 SET %2 = 'DELETED' WHERE %3 = %4")
                           .arg(names.record, m_tables.statusColumn, names.key, number));
+    save.commit();
     switch (m_tables.kind) {
     case RecordKind::Document:
         return RecordsTexts::tr("Document ID %1 successfully deleted.").arg(number);

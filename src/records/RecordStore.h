@@ -4,10 +4,11 @@
 
 #include "data/ControlFill.h"
 #include "data/DatabaseSession.h"
+#include "data/RecordKind.h"
+#include "journal/JournaledSave.h"
 #include "platform/Clock.h"
 #include "records/EditorTypes.h"
 #include "records/RecordColumns.h"
-#include "records/RecordKind.h"
 #include "records/RecordLinks.h"
 
 #include <QString>
@@ -100,8 +101,9 @@ protected:
     /// record is gone; nothing is written then.
     [[nodiscard]] std::optional<RecordConflict> change(Record& record);
 
-    /// Marks a record as deleted and returns the message that says so.
-    QString remove(qint64 id);
+    /// Marks a record as deleted and returns the message that says so. `step` is the one that the deletion
+    /// belongs to.
+    QString remove(qint64 id, JournalStep* step);
 
     /// Throws Error, before anything is written, if a value cannot be written.
     virtual void requireWritable(const Record& record) const;
@@ -131,6 +133,7 @@ private:
     [[nodiscard]] bool isNameTaken(const Record& record) const;
     void setConstants(EditableRecordSet& rows, const QString& status, bool isHistory) const;
     void writeLinks(const Record& record);
+    void beginRow(EditableRecordSet& rows) const;
     void writeHistory(const Record& record, const QString& status);
 
     DatabaseSession& m_session;

@@ -2,8 +2,8 @@
 
 #pragma once
 
+#include "data/RecordKind.h"
 #include "records/PickList.h"
-#include "records/RecordKind.h"
 
 #include <QString>
 

@@ -2,8 +2,8 @@
 
 #pragma once
 
+#include "data/RecordKind.h"
 #include "data/SQLObject.h"
-#include "records/RecordKind.h"
 #include "search/SearchSurroundings.h"
 
 #include <QObject>

@@ -2,9 +2,9 @@
 
 #pragma once
 
+#include "data/RecordKind.h"
 #include "files/DistributionDiscs.h"
 #include "platform/Platform.h"
-#include "records/RecordKind.h"
 
 #include <QCoreApplication>
 #include <QString>

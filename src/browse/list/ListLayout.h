@@ -3,7 +3,7 @@
 #pragma once
 
 #include "browse/list/EventTimes.h"
-#include "records/RecordKind.h"
+#include "data/RecordKind.h"
 
 #include <QString>
 

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "records/RecordKind.h"
+#include "data/RecordKind.h"
 #include "views/ViewHistory.h"
 
 #include <QStackedWidget>

@@ -2,8 +2,8 @@
 
 #pragma once
 
+#include "data/RecordKind.h"
 #include "platform/Platform.h"
-#include "records/RecordKind.h"
 #include "state/Preferences.h"
 
 #include <QMainWindow>

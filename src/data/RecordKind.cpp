@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "records/RecordKind.h"
+#include "data/RecordKind.h"
 
 namespace {
 

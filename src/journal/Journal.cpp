@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "journal/Journal.h"
+
+#include "data/DatabaseSession.h"
+
+#include <array>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array words{std::pair(JournalAction::Add, QStringView(u"add")),
+                           std::pair(JournalAction::Change, QStringView(u"change")),
+                           std::pair(JournalAction::Delete, QStringView(u"delete")),
+                           std::pair(JournalAction::Restore, QStringView(u"restore")),
+                           std::pair(JournalAction::List, QStringView(u"list"))};
+
+qint64 whole(const HeldRow& row, QStringView column)
+{
+    const auto* number = std::get_if<qint64>(&valueOf(row, column));
+    return number == nullptr ? 0 : *number;
+}
+
+/// Gives a step the number of its first row, unless the last row of the journal belongs to it already.
+void begin(JournalStep& step, const std::vector<HeldRow>& last, qint64 number)
+{
+    if (step.number != 0 && !last.empty() && whole(last.front(), u"Step") == step.number) return;
+    step.number = number;
+    if (step.reverses != 0) return;
+    step.undoStep = number;
+    step.redoStep = 0;
+}
+
+} // namespace
+
+void Journal::append(DatabaseSession& session, const QDateTime& moment, const JournalEntry& entry,
+                     JournalStep& step)
+{
+    const HeldRows rows(session);
+    const auto last = rows.read(u"SELECT Number, Step FROM Journal ORDER BY Number DESC LIMIT 1"_s);
+    const qint64 number = last.empty() ? 1 : whole(last.front(), u"Number") + 1;
+    begin(step, last, number);
+    rows.write(u"INSERT INTO Journal (Number, Step, Moment, What, Kind, Identifier, Title, Before, After, "
+               "Reverses, UndoStep, RedoStep) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
+               {number, step.number, moment.toString(u"yyyy-MM-dd HH:mm:ss"_s), wordOf(entry.action),
+                entry.kind, entry.identifier, entry.title, Snapshots::toJson(entry.before),
+                Snapshots::toJson(entry.after), step.reverses == 0 ? Value() : Value(step.reverses),
+                step.undoStep, step.redoStep});
+}
+
+qint64 Journal::largestIdentifier(DatabaseSession& session, RecordKind kind)
+{
+    const auto rows =
+        HeldRows(session).read(u"SELECT ifnull(max(Identifier), 0) AS Largest FROM Journal WHERE Kind = ?"_s,
+                               {recordNames(kind).record});
+    return whole(rows.front(), u"Largest");
+}
+
+QString Journal::wordOf(JournalAction action)
+{
+    for (const auto& [each, word] : words)
+        if (each == action) return word.toString();
+    return {};
+}
+
+std::optional<JournalAction> Journal::actionOf(const QString& text)
+{
+    for (const auto& [action, word] : words)
+        if (text == word) return action;
+    return std::nullopt;
+}

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "data/DatabaseSession.h"
+#include "journal/Journal.h"
+#include "platform/Clock.h"
+
+#include <optional>
+
+/// A save of one record: a transaction in which records can be written, and the row of the journal that tells
+/// what it changed.
+///
+/// Everything that changes a record is done while there is one of these. What was written before a trapped
+/// error is kept, as `Transaction` has it, and then the journal tells of that; if the journal cannot be
+/// written, nothing is. Nothing is noted if nothing was changed.
+class JournaledSave
+{
+public:
+    /// Session, clock and step must outlive it. Without an identifier, which is then to be set before
+    /// anything is written, the record is a new one. Without a step, the save is one of its own. Throws
+    /// Error.
+    JournaledSave(DatabaseSession& session, const Clock& clock, RecordKind kind,
+                  std::optional<qint64> identifier, JournalStep* step = nullptr);
+    ~JournaledSave();
+    JournaledSave(const JournaledSave&) = delete;
+    JournaledSave& operator=(const JournaledSave&) = delete;
+
+    void setIdentifier(qint64 identifier);
+
+    /// Says what the save is, where what it changed does not.
+    void setAction(JournalAction action) { m_action = action; }
+
+    /// Throws Error if the file cannot take the rows; then none of them is in it.
+    void commit();
+
+private:
+    void note();
+
+    DatabaseSession& m_session;
+    RecordKind m_kind;
+    QDateTime m_moment; ///< not after that of the row that the save adds to the history
+    Transaction m_transaction;
+    RecordWriting m_writing;
+    JournalStep m_own;
+    JournalStep* m_step;
+    std::optional<qint64> m_identifier;
+    std::optional<JournalAction> m_action;
+    Snapshot m_before;
+    bool m_isOpen = true;
+};

@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "journal/Snapshot.h"
+
+#include "journal/JournalTexts.h"
+#include "journal/RecordParts.h"
+#include "util/Error.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QStringList>
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::vector<NamedKey> keysOf(const PartTable& part)
+{
+    if (part.linkedTo) return {*part.linkedTo};
+    return {};
+}
+
+/// Rows of one table with the names of what their keys stand for.
+QString statement(const QString& table, const QString& recordColumn, const std::vector<NamedKey>& keys)
+{
+    QString columns = u"%1.*"_s.arg(table);
+    QString joins;
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const NamedKey& key = keys[i];
+        const QString other = u"named%1"_s.arg(i);
+        columns += u", %1.%2"_s.arg(other, key.nameColumn);
+        joins +=
+            u" LEFT JOIN %1 AS %2 ON %2.%3 = %4.%5"_s.arg(key.table, other, key.keyColumn, table, key.column);
+    }
+    return u"SELECT %1 FROM %2%3 WHERE %2.%4 = ? ORDER BY %2.rowid"_s.arg(columns, table, joins,
+                                                                          recordColumn);
+}
+
+QJsonValue jsonOf(const Value& value)
+{
+    if (const auto* whole = std::get_if<qint64>(&value)) return *whole;
+    if (const auto* real = std::get_if<double>(&value)) return *real;
+    if (const auto* text = std::get_if<QString>(&value)) return *text;
+    return QJsonValue::Null;
+}
+
+/// A number without a fraction comes back as a whole one; a column of numbers takes either for the same.
+Value valueOf(const QJsonValue& json)
+{
+    if (json.isString()) return json.toString();
+    if (!json.isDouble()) return {};
+    const QVariant number = json.toVariant();
+    if (number.typeId() == QMetaType::LongLong) return number.toLongLong();
+    return number.toDouble();
+}
+
+[[noreturn]] void refuse()
+{
+    throw Error(SQLITE_CORRUPT, JournalTexts::tr("The journal holds a step that cannot be read."));
+}
+
+/// A number that is whole is compared as such, since JSON does not tell 5.0 from 5.
+Value comparable(const Value& value)
+{
+    const auto* real = std::get_if<double>(&value);
+    if (real == nullptr || std::trunc(*real) != *real || std::abs(*real) > 1e15) return value;
+    return static_cast<qint64>(*real);
+}
+
+/// The values of the table's own columns, in an order that does not depend on where the row comes from.
+std::vector<HeldRow> comparable(const std::vector<HeldRow>& rows, const std::vector<NamedKey>& keys)
+{
+    std::vector<HeldRow> compared;
+    compared.reserve(rows.size());
+    for (const HeldRow& row : rows) {
+        HeldRow& own = compared.emplace_back();
+        for (const auto& [column, value] : row) {
+            const bool isName = std::any_of(keys.begin(), keys.end(), [&name = column](const NamedKey& key) {
+                return key.nameColumn == name;
+            });
+            if (!isName) own.emplace_back(column, comparable(value));
+        }
+        std::sort(own.begin(), own.end());
+    }
+    std::sort(compared.begin(), compared.end());
+    return compared;
+}
+
+bool haveEqualRows(const QString& table, const std::vector<NamedKey>& keys, const Snapshot& one,
+                   const Snapshot& other)
+{
+    return comparable(one.rows(table), keys) == comparable(other.rows(table), keys);
+}
+
+} // namespace
+
+const std::vector<HeldRow>& Snapshot::rows(const QString& table) const
+{
+    static const std::vector<HeldRow> none;
+    const auto found = tables.find(table);
+    return found == tables.end() ? none : found->second;
+}
+
+Snapshot Snapshots::ofRecord(DatabaseSession& session, RecordKind kind, qint64 identifier)
+{
+    const RecordParts& record = recordParts(kind);
+    const HeldRows held(session);
+    Snapshot snapshot;
+    const auto add = [&](const QString& table, const QString& recordColumn,
+                         const std::vector<NamedKey>& keys) {
+        std::vector<HeldRow> rows = held.read(statement(table, recordColumn, keys), {identifier});
+        if (!rows.empty()) snapshot.tables[table] = std::move(rows);
+    };
+    add(record.names.record, record.names.key, record.keys);
+    for (const PartTable& part : record.parts)
+        add(part.table, part.recordColumn, keysOf(part));
+    return snapshot;
+}
+
+Value Snapshots::toJson(const Snapshot& snapshot)
+{
+    if (snapshot.isEmpty()) return {};
+    QJsonObject tables;
+    for (const auto& [table, rows] : snapshot.tables) {
+        QJsonArray array;
+        for (const HeldRow& row : rows) {
+            QJsonObject object;
+            for (const auto& [column, value] : row)
+                object.insert(column, jsonOf(value));
+            array.append(object);
+        }
+        tables.insert(table, array);
+    }
+    return QString::fromUtf8(QJsonDocument(tables).toJson(QJsonDocument::Compact));
+}
+
+Snapshot Snapshots::fromJson(const Value& json)
+{
+    Snapshot snapshot;
+    if (isNull(json)) return snapshot;
+    const auto* text = std::get_if<QString>(&json);
+    const QJsonDocument document =
+        text == nullptr ? QJsonDocument() : QJsonDocument::fromJson(text->toUtf8());
+    if (!document.isObject()) refuse();
+    const QJsonObject tables = document.object();
+    for (auto table = tables.begin(); table != tables.end(); ++table) {
+        std::vector<HeldRow>& rows = snapshot.tables[table.key()];
+        for (const QJsonValue& each : table.value().toArray()) {
+            const QJsonObject object = each.toObject();
+            HeldRow& row = rows.emplace_back();
+            for (auto column = object.begin(); column != object.end(); ++column)
+                row.emplace_back(column.key(), valueOf(column.value()));
+        }
+    }
+    return snapshot;
+}
+
+bool Snapshots::areEqual(RecordKind kind, const Snapshot& one, const Snapshot& other)
+{
+    const RecordParts& record = recordParts(kind);
+    return haveEqualRows(record.names.record, record.keys, one, other) &&
+           std::all_of(record.parts.begin(), record.parts.end(), [&](const PartTable& part) {
+               return haveEqualRows(part.table, keysOf(part), one, other);
+           });
+}
