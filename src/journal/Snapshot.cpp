@@ -9,12 +9,14 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 #include <QStringList>
 
 #include <sqlite3.h>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -42,12 +44,57 @@ QString statement(const QString& table, const QString& recordColumn, const std::
                                                                           recordColumn);
 }
 
-QJsonValue jsonOf(const Value& value)
+/// Texts are long, so they are taken over in one piece as far as nothing in them needs to be escaped.
+void appendText(QString& json, const QString& text)
 {
-    if (const auto* whole = std::get_if<qint64>(&value)) return *whole;
-    if (const auto* real = std::get_if<double>(&value)) return *real;
-    if (const auto* text = std::get_if<QString>(&value)) return *text;
-    return QJsonValue::Null;
+    json += u'"';
+    qsizetype begin = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t unit = text[i].unicode();
+        if (unit >= u' ' && unit != u'"' && unit != u'\\') continue;
+        json += QStringView(text).mid(begin, i - begin);
+        json += unit < u' ' ? u"\\u%1"_s.arg(unit, 4, 16, QChar(u'0')) : QString(u'\\') + text[i];
+        begin = i + 1;
+    }
+    json += QStringView(text).mid(begin);
+    json += u'"';
+}
+
+void appendValue(QString& json, const Value& value)
+{
+    if (const auto* text = std::get_if<QString>(&value)) return appendText(json, *text);
+    if (const auto* whole = std::get_if<qint64>(&value)) {
+        json += QString::number(*whole);
+    } else if (const auto* real = std::get_if<double>(&value); real != nullptr && std::isfinite(*real)) {
+        json += QString::number(*real, 'g', QLocale::FloatingPointShortest);
+    } else {
+        json += u"null"_s;
+    }
+}
+
+void appendRow(QString& json, const HeldRow& row)
+{
+    json += u'{';
+    bool isFirst = true;
+    for (const auto& [column, value] : row) {
+        if (!std::exchange(isFirst, false)) json += u',';
+        appendText(json, column);
+        json += u':';
+        appendValue(json, value);
+    }
+    json += u'}';
+}
+
+void appendRows(QString& json, const QString& table, const std::vector<HeldRow>& rows)
+{
+    if (json.size() > 1) json += u',';
+    appendText(json, table);
+    json += u":["_s;
+    for (const HeldRow& row : rows) {
+        if (&row != &rows.front()) json += u',';
+        appendRow(json, row);
+    }
+    json += u']';
 }
 
 /// A number without a fraction comes back as a whole one; a column of numbers takes either for the same.
@@ -107,6 +154,16 @@ const std::vector<HeldRow>& Snapshot::rows(const QString& table) const
     return found == tables.end() ? none : found->second;
 }
 
+bool Snapshots::isTable(const QString& name)
+{
+    return name != operationRows && name != fileRows;
+}
+
+bool Snapshots::areSame(const Value& one, const Value& other)
+{
+    return comparable(one) == comparable(other);
+}
+
 Snapshot Snapshots::ofRecord(DatabaseSession& session, RecordKind kind, qint64 identifier)
 {
     const RecordParts& record = recordParts(kind);
@@ -123,21 +180,23 @@ Snapshot Snapshots::ofRecord(DatabaseSession& session, RecordKind kind, qint64 i
     return snapshot;
 }
 
+QString Snapshots::titleOf(RecordKind kind, const Snapshot& record)
+{
+    const RecordNames names = recordNames(kind);
+    const std::vector<HeldRow>& rows = record.rows(names.record);
+    return rows.empty() ? QString() : textOf(rows.front(), names.name);
+}
+
 Value Snapshots::toJson(const Snapshot& snapshot)
 {
     if (snapshot.isEmpty()) return {};
-    QJsonObject tables;
-    for (const auto& [table, rows] : snapshot.tables) {
-        QJsonArray array;
-        for (const HeldRow& row : rows) {
-            QJsonObject object;
-            for (const auto& [column, value] : row)
-                object.insert(column, jsonOf(value));
-            array.append(object);
-        }
-        tables.insert(table, array);
-    }
-    return QString::fromUtf8(QJsonDocument(tables).toJson(QJsonDocument::Compact));
+    QString json(u'{');
+    json.reserve(2000);
+    const auto operation = snapshot.tables.find(operationRows.toString());
+    if (operation != snapshot.tables.end()) appendRows(json, operation->first, operation->second);
+    for (const auto& [table, rows] : snapshot.tables)
+        if (table != operationRows) appendRows(json, table, rows);
+    return json + u'}';
 }
 
 Snapshot Snapshots::fromJson(const Value& json)
