@@ -12,7 +12,7 @@
 class DatabaseLock
 {
 public:
-    /// Throws Error, which names the file, if another program writes to it or if it cannot be written to.
+    /// Throws Error, which names the file, if that cannot be opened or if another program writes to it.
     explicit DatabaseLock(const QString& file);
     ~DatabaseLock();
     DatabaseLock(const DatabaseLock&) = delete;
