@@ -21,12 +21,11 @@
 
 namespace {
 
-bool mayBeUpgraded(const QString& file)
+bool mayBeUpgraded(const QString& file, const QString& folder)
 {
     DatabaseSession session;
     session.open(file);
-    return session.age() == SchemaVersion::Age::Older && isWritable(file) &&
-           isWritable(QFileInfo(file).path());
+    return session.age() == SchemaVersion::Age::Older && isWritable(file) && isWritable(folder);
 }
 
 bool hasObject(SQLite::Database& database, const std::string& name)
@@ -100,17 +99,18 @@ void upgrade(const QString& file)
 
 std::optional<Error> DatabaseUpgrade::bringUpToDate(const QString& file)
 {
-    if (!QFileInfo(file).exists()) return std::nullopt;
     // what stands beside a database stands beside the file itself, not beside a link to it
     const QString path = QFileInfo(file).canonicalFilePath();
-    if (!mayBeUpgraded(path)) return std::nullopt;
+    if (path.isEmpty() || !mayBeUpgraded(file, QFileInfo(path).path())) return std::nullopt;
     try {
         callEngine([&path] { upgrade(path); });
     } catch (const Error& error) {
-        if (error.isOfLock()) throw;
         QString description = error.description();
-        if (!description.contains(path)) description += QStringLiteral(" (%1)").arg(path);
-        return Error(error.number(), description);
+        description.replace(path, file);
+        if (!description.contains(file)) description += QStringLiteral(" (%1)").arg(file);
+        const Error hindrance(error.number(), description);
+        if (error.isOfLock()) throw hindrance;
+        return hindrance;
     }
     return std::nullopt;
 }
