@@ -107,9 +107,10 @@ void RecordRestore::leaveOutLinks(Snapshot& target, QStringList& leftOut) const
             if (setting.value_or(1) == 1)
                 leftOut << u"%1: %2"_s.arg(captionOf(m_fields, part.table, key.column), nameIn(row, key));
         }
-        const bool hasPlaceholder = std::any_of(
-            m_fields.fields.begin(), m_fields.fields.end(),
-            [&part](const RecordField& each) { return each.table == part.table && each.hasPlaceholder; });
+        const bool hasPlaceholder =
+            std::any_of(m_fields.fields.begin(), m_fields.fields.end(), [&part](const RecordField& each) {
+                return each.table == part.table && each.hasPlaceholder;
+            });
         if (kept.empty() && hasPlaceholder)
             kept.push_back({{part.recordColumn, m_identifier}, {key.column, noneKey}});
         if (kept.empty())
@@ -124,12 +125,19 @@ RecordRestore::Outcome RecordRestore::restore(const VersionContent& version, con
 {
     Outcome outcome;
     JournaledSave save(m_session, m_clock, m_kind, m_identifier);
-    if (!Snapshots::areEqual(m_kind, Snapshots::ofRecord(m_session, m_kind, m_identifier), known)) return outcome;
-    save.setAction(JournalAction::Restore);
-    Snapshot rows = target(version, known);
-    leaveOutKeys(rows, outcome.leftOut);
-    leaveOutLinks(rows, outcome.leftOut);
-    // TODO
+    try {
+        const Snapshot found = Snapshots::ofRecord(m_session, m_kind, m_identifier);
+        if (!Snapshots::areEqual(m_kind, found, known)) return outcome;
+        save.setAction(JournalAction::Restore);
+        Snapshot rows = target(version, known);
+        leaveOutKeys(rows, outcome.leftOut);
+        leaveOutLinks(rows, outcome.leftOut);
+        SnapshotWriter::writeRecord(m_session, m_kind, m_identifier, found, rows);
+        SnapshotWriter::addToHistory(m_session, m_kind, m_identifier, m_clock.now());
+    } catch (...) {
+        save.rollBack();
+        throw;
+    }
     save.commit();
     outcome.isDone = true;
     return outcome;

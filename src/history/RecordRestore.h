@@ -15,18 +15,22 @@ class RecordRestore
 public:
     struct Outcome
     {
-        bool isDone = false;  ///< false if the record is not what its user saw, and nothing was written
-        QStringList leftOut;  ///< links to what is gone from the database: the field and the name
+        bool isDone = false; ///< false if the record is not what its user saw, and nothing was written
+        QStringList leftOut; ///< links to what is gone from the database: the field and the name
     };
 
     /// Session and clock must outlive it.
     RecordRestore(DatabaseSession& session, const Clock& clock, RecordKind kind, qint64 identifier)
-        : m_session(session), m_clock(clock), m_kind(kind), m_identifier(identifier), m_fields(recordFields(kind))
+        : m_session(session),
+          m_clock(clock),
+          m_kind(kind),
+          m_identifier(identifier),
+          m_fields(recordFields(kind))
     {
     }
 
-    /// The rows that the record gets from a version: a deleted record is active again, and what the version does
-    /// not hold stays as it is in `present`.
+    /// The rows that the record gets from a version: a deleted record is active again, and what the version
+    /// does not hold stays as it is in `present`.
     [[nodiscard]] Snapshot target(const VersionContent& version, const Snapshot& present) const;
 
     /// Writes the version with its row of the history table, in one transaction. `known` is the record as

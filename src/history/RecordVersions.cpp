@@ -17,18 +17,6 @@ namespace {
 
 constexpr qint64 portion = 100;
 
-QString textOf(const HeldRow& row, QStringView column)
-{
-    const auto* text = std::get_if<QString>(&valueOf(row, column));
-    return text == nullptr ? QString() : *text;
-}
-
-qint64 wholeOf(const HeldRow& row, QStringView column)
-{
-    const auto* whole = std::get_if<qint64>(&valueOf(row, column));
-    return whole == nullptr ? 0 : *whole;
-}
-
 QString programMoment(const QString& held)
 {
     return DateTimeText::programFromHeldDateTime(held.toStdString());
@@ -95,12 +83,13 @@ void RecordVersions::findMore()
 {
     std::vector<HeldRow> rows;
     if (m_session.keepsJournal()) {
-        rows = HeldRows(m_session).read(
-            u"SELECT Number, Moment, What, Before, After, Reverses, (SELECT Other.Reverses FROM Journal AS Other "
-            "WHERE Other.Number = Journal.Reverses) AS Reversed FROM Journal WHERE Kind = ? AND Identifier = ? "
-            "AND Number < ? ORDER BY Number DESC LIMIT ?"_s,
-            {recordNames(m_kind).record, m_identifier,
-             m_lastNumber.value_or(std::numeric_limits<qint64>::max()), portion});
+        rows = HeldRows(m_session).read(u"SELECT Number, Moment, What, Before, After, Reverses, (SELECT "
+                                        u"Other.Reverses FROM Journal AS Other "
+                                        "WHERE Other.Number = Journal.Reverses) AS Reversed FROM Journal "
+                                        "WHERE Kind = ? AND Identifier = ? "
+                                        "AND Number < ? ORDER BY Number DESC LIMIT ?"_s,
+                                        {recordNames(m_kind).record, m_identifier,
+                                         m_lastNumber.value_or(std::numeric_limits<qint64>::max()), portion});
     }
     for (const HeldRow& row : rows)
         addJournalRow(row);
@@ -119,7 +108,7 @@ void RecordVersions::addJournalRow(const HeldRow& row)
     version.isUndo = !version.isRedo && !isNull(valueOf(row, u"Reverses"));
     m_firstMoment = textOf(row, u"Moment");
     version.moment = programMoment(m_firstMoment);
-    version.number = wholeOf(row, u"Number");
+    version.number = wholeNumberOf(row, u"Number");
     // of a record that is gone with its rows, the version shows what went
     version.source = isNull(after) ? Source::JournalBefore : Source::JournalAfter;
     m_found.push_back(version);
@@ -149,8 +138,8 @@ bool RecordVersions::areAlike(const Value& older, const Value& newer) const
         .isEmpty();
 }
 
-/// Adds what was before the journal. The oldest state that is known as a whole is mostly that of the newest row
-/// of the history table, which then only adds its moment.
+/// Adds what was before the journal. The oldest state that is known as a whole is mostly that of the newest
+/// row of the history table, which then only adds its moment.
 void RecordVersions::addHistory()
 {
     if (!m_reached) return;
@@ -159,7 +148,7 @@ void RecordVersions::addHistory()
     oldest.origin = rows.empty() ? VersionOrigin::FirstKnown : VersionOrigin::ChangedElsewhere;
     std::size_t first = 0;
     if (!rows.empty()) {
-        const VersionContent newest = historyContent(wholeOf(rows.front(), u"Number"));
+        const VersionContent newest = historyContent(wholeNumberOf(rows.front(), u"Number"));
         const VersionContent reached{Snapshots::fromJson(m_reached->json), true};
         const std::vector<ComparedField> compared = m_fields.compare(newest, reached);
         const bool isDeletion = std::all_of(compared.begin(), compared.end(), [](const ComparedField& each) {
@@ -179,7 +168,7 @@ void RecordVersions::addHistory()
         version.origin = VersionOrigin::Saved;
         version.moment = programMoment(textOf(rows[i], u"UpdateTime"));
         version.source = Source::History;
-        version.number = wholeOf(rows[i], u"Number");
+        version.number = wholeNumberOf(rows[i], u"Number");
         m_found.push_back(version);
     }
     m_reached.reset();
@@ -189,7 +178,8 @@ void RecordVersions::addHistory()
 std::vector<HeldRow> RecordVersions::historyRows() const
 {
     const RecordNames names = recordNames(m_kind);
-    QString statement = u"SELECT rowid AS Number, UpdateTime FROM %1_HIST WHERE %2 = ?"_s.arg(names.record, names.key);
+    QString statement =
+        u"SELECT rowid AS Number, UpdateTime FROM %1_HIST WHERE %2 = ?"_s.arg(names.record, names.key);
     std::vector<Value> values{m_identifier};
     if (!m_firstMoment.isEmpty()) {
         statement += u" AND ifnull(UpdateTime, '') < ?"_s;
@@ -209,7 +199,8 @@ VersionContent RecordVersions::historyContent(qint64 number) const
         const NamedKey& key = record.keys[i];
         const QString other = u"named%1"_s.arg(i);
         columns += u", %1.%2"_s.arg(other, key.nameColumn);
-        joins += u" LEFT JOIN %1 AS %2 ON %2.%3 = %4.%5"_s.arg(key.table, other, key.keyColumn, history, key.column);
+        joins += u" LEFT JOIN %1 AS %2 ON %2.%3 = %4.%5"_s.arg(key.table, other, key.keyColumn, history,
+                                                               key.column);
     }
     VersionContent content;
     content.isWhole = false;
@@ -224,9 +215,10 @@ VersionContent RecordVersions::content(std::size_t index) const
     const RecordVersion& version = m_found.at(index);
     if (version.source == Source::Present) return {m_present, true};
     if (version.source == Source::History) return historyContent(version.number);
-    const auto rows = HeldRows(m_session).read(u"SELECT %1 AS State FROM Journal WHERE Number = ?"_s.arg(
-                                                   version.source == Source::JournalAfter ? u"After"_s : u"Before"_s),
-                                               {version.number});
+    const auto rows =
+        HeldRows(m_session).read(u"SELECT %1 AS State FROM Journal WHERE Number = ?"_s.arg(
+                                     version.source == Source::JournalAfter ? u"After"_s : u"Before"_s),
+                                 {version.number});
     return {rows.empty() ? Snapshot() : Snapshots::fromJson(valueOf(rows.front(), u"State")), true};
 }
 

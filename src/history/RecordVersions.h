@@ -18,9 +18,9 @@ enum class VersionOrigin
     Changed,
     Deleted,
     Restored,
-    Saved,           ///< of before the journal, with the moment of a save
+    Saved,            ///< of before the journal, with the moment of a save
     ChangedElsewhere, ///< by another program, or with a list that the record uses
-    FirstKnown ///< nothing is known of how it came about
+    FirstKnown        ///< nothing is known of how it came about
 };
 
 /// A version of a record, without what it holds.
@@ -97,7 +97,7 @@ private:
     ComparedFields m_fields;
     Snapshot m_present;
     std::vector<RecordVersion> m_found;
-    std::optional<Reached> m_reached; ///< std::nullopt if the oldest version found is the addition
+    std::optional<Reached> m_reached;   ///< std::nullopt if the oldest version found is the addition
     std::optional<qint64> m_lastNumber; ///< of the journal's row found last
     QString m_firstMoment; ///< held form: that of the oldest row of the journal; empty if there is none
     bool m_hasMore = true;

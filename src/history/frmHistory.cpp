@@ -25,13 +25,6 @@ namespace {
 
 constexpr QSize firstSize(1000, 680);
 
-QString titleOf(const Snapshot& record, const RecordNames& names)
-{
-    const std::vector<HeldRow>& rows = record.rows(names.record);
-    const auto* title = rows.empty() ? nullptr : std::get_if<QString>(&valueOf(rows.front(), names.name));
-    return title == nullptr ? QString() : *title;
-}
-
 } // namespace
 
 frmHistory::frmHistory(const Platform& platform, DatabaseSession& session, QWidget* parent)
@@ -129,7 +122,7 @@ bool frmHistory::readVersions(RecordKind kind, qint64 identifier)
 
 QString frmHistory::caption() const
 {
-    const QString title = readableLine(titleOf(m_versions->present(), recordNames(m_versions->kind())));
+    const QString title = readableLine(Snapshots::titleOf(m_versions->kind(), m_versions->present()));
     switch (m_versions->kind()) {
     case RecordKind::Document:
         return tr("History of Document \"%1\"").arg(title);
@@ -160,9 +153,8 @@ void frmHistory::showChosen()
     if (rows.empty()) {
         m_comparison->tell(tr("Select a version to see what it changed, or two versions to compare them."));
     } else {
-        runProcedure(m_platform.messages, QStringLiteral("showVersion"), [&] {
-            compare(rows.size() == 1 ? rows.front() + 1 : rows.back(), rows.front());
-        });
+        runProcedure(m_platform.messages, QStringLiteral("showVersion"),
+                     [&] { compare(rows.size() == 1 ? rows.front() + 1 : rows.back(), rows.front()); });
     }
     enableRestore();
 }
@@ -235,10 +227,11 @@ QString frmHistory::leftOutText(const QStringList& links)
 {
     constexpr qsizetype mostNamed = 10;
     const int count = static_cast<int>(links.size());
-    QString text = count == 1 ? tr("1 link was not restored, since it leads to what is gone from the database:")
-                              : tr("%n links were not restored, since they lead to what is gone from the "
-                                   "database:",
-                                   nullptr, count);
+    QString text = count == 1
+                       ? tr("1 link was not restored, since it leads to what is gone from the database:")
+                       : tr("%n links were not restored, since they lead to what is gone from the "
+                            "database:",
+                            nullptr, count);
     text += u'\n';
     for (const QString& link : links.first(std::min(links.size(), mostNamed)))
         text += u'\n' + readableLine(link);
