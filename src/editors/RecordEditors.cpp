@@ -6,6 +6,7 @@
 #include "editors/frmDocument.h"
 #include "editors/frmEvent.h"
 #include "editors/frmOrganization.h"
+#include "history/frmHistory.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 
@@ -95,6 +96,34 @@ void RecordEditors::prepare(RecordKind kind, RecordDialog& dialog)
             [this, &dialog](RecordKind asked, qint64 id) { open(asked, id, EditorMode::View, dialog); });
     connect(&dialog, &RecordDialog::fileAsked, this,
             [this, kind, &dialog] { Q_EMIT fileAsked(kind, dialog.recordId()); });
+    connect(&dialog, &RecordDialog::historyAsked, this, [this, kind, &dialog] {
+        if (showHistory(kind, dialog.recordId(), dialog)) dialog.readAgain();
+    });
+}
+
+void RecordEditors::showHistory(RecordKind kind, qint64 id)
+{
+    showHistory(kind, id, m_window);
+}
+
+/// Returns whether a version was restored. What is shown behind the window is read again at once.
+bool RecordEditors::showHistory(RecordKind kind, qint64 id, QWidget& over)
+{
+    frmHistory window(m_platform, m_session, &over);
+    window.showHistory(kind, id);
+    if (!window.hasRestored()) return false;
+    if (kind == RecordKind::Event) announceStart(id);
+    Q_EMIT changed(kind, id);
+    return true;
+}
+
+/// Tells at which moment an event starts now, which may be beyond the limits of the timeline.
+void RecordEditors::announceStart(qint64 event)
+{
+    runProcedure(m_platform.messages, QStringLiteral("showHistory"), [&] {
+        const EventRecord record = EventStore(m_session, m_platform.clock).load(event).record;
+        Q_EMIT eventSaved(EventStore::getStartDate(record));
+    });
 }
 
 void RecordEditors::refuseSeveralFiles() const

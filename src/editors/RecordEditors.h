@@ -42,6 +42,9 @@ public:
     void edit(RecordKind kind, qint64 id);
     void view(RecordKind kind, qint64 id);
 
+    /// Shows the versions of a record.
+    void showHistory(RecordKind kind, qint64 id);
+
     /// Shows the message for several files dropped on the window at once.
     void refuseSeveralFiles() const;
 
@@ -64,6 +67,8 @@ Q_SIGNALS:
 private:
     void open(RecordKind kind, qint64 id, EditorMode mode, QWidget& over);
     void prepare(RecordKind kind, RecordDialog& dialog);
+    bool showHistory(RecordKind kind, qint64 id, QWidget& over);
+    void announceStart(qint64 event);
     void finish(RecordKind kind, const RecordDialog& dialog);
     [[nodiscard]] bool mayDelete(RecordKind kind, const std::vector<ListEntry>& records);
     QString deleteRecord(RecordKind kind, qint64 id, JournalStep* step);

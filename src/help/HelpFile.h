@@ -21,6 +21,7 @@ enum class HelpChapter
     Search,
     AdvancedSearch,
     Records,
+    History, ///< of a record
     Collections,
     Lists, ///< of types, venues and cities
     Files,

@@ -60,6 +60,9 @@ void MainCommands::makeActions()
     mnuRecordOpen = add(QStringLiteral("mnuRecordOpen"), tr("&Open"), QStringLiteral("document-open"),
                         QKeySequence(Qt::CTRL | Qt::Key_Return),
                         tr("Opens the file of the document or the chart of the organization"));
+    mnuRecordHistory =
+        add(QStringLiteral("mnuRecordHistory"), tr("&History…"), QStringLiteral("document-open-recent"),
+            QKeySequence(Qt::CTRL | Qt::Key_H), tr("Shows the versions of the selected record"));
     mnuRecordCopy = add(QStringLiteral("mnuRecordCopy"), tr("&Copy"), QStringLiteral("edit-copy"),
                         QKeySequence::Copy, tr("Copies the selected rows"));
     mnuRecordLists =
@@ -132,6 +135,7 @@ void MainCommands::makeMenus()
     mnuRecordRelated = record->addMenu(tr("&Related Records"));
     mnuRecordRelated->setObjectName(QStringLiteral("mnuRecordRelated"));
     mnuRecordRelated->setToolTipsVisible(true);
+    record->addAction(mnuRecordHistory);
     record->addSeparator();
     record->addAction(mnuRecordCopy);
     record->addSeparator();
