@@ -29,6 +29,8 @@ constexpr std::array windowChapters{
     WindowChapter{"frmEvent", HelpChapter::Records},
     WindowChapter{"frmOrganization", HelpChapter::Records},
     WindowChapter{"frmPicList", HelpChapter::Records},
+    WindowChapter{"frmDeletedRecords", HelpChapter::History},
+    WindowChapter{"frmChangedSince", HelpChapter::History},
     WindowChapter{"frmSearch", HelpChapter::Search},
     WindowChapter{"frmAdvSearch", HelpChapter::AdvancedSearch},
     WindowChapter{"frmImport", HelpChapter::Database},
@@ -92,6 +94,8 @@ QString HelpFile::pageName(HelpChapter chapter)
         return QStringLiteral("search.html");
     case HelpChapter::AdvancedSearch:
         return QStringLiteral("advanced-search.html");
+    case HelpChapter::History:
+        return QStringLiteral("history.html");
     case HelpChapter::Records:
         return QStringLiteral("records.html");
     case HelpChapter::Collections:

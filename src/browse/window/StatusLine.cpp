@@ -4,6 +4,8 @@
 
 #include "util/ReadableLine.h"
 #include "widgets/ElidedLabel.h"
+#include "widgets/LinkButton.h"
+#include "widgets/PlainToolTip.h"
 
 #include <QMainWindow>
 #include <QStatusBar>
@@ -18,6 +20,7 @@ StatusLine::StatusLine(QMainWindow& window)
     : QObject(&window),
       m_view(new QLabel(&window)),
       m_saved(new ElidedLabel(&window)),
+      m_undo(new LinkButton(&window)),
       m_notice(new ElidedLabel(&window)),
       m_selection(new QLabel(&window)),
       m_status(new QLabel(&window))
@@ -26,6 +29,9 @@ StatusLine::StatusLine(QMainWindow& window)
     m_view->setTextFormat(Qt::PlainText);
     m_view->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_saved->setObjectName(QStringLiteral("pnlSaved"));
+    m_undo->setObjectName(QStringLiteral("cmdUndo"));
+    m_undo->setLink(tr("Undo"));
+    connect(m_undo, &LinkButton::clicked, this, &StatusLine::undoAsked);
     m_notice->setObjectName(QStringLiteral("pnlNotice"));
     m_selection->setObjectName(QStringLiteral("pnlSelection"));
     m_status->setObjectName(QStringLiteral("pnlStatus"));
@@ -33,10 +39,12 @@ StatusLine::StatusLine(QMainWindow& window)
     bar.addWidget(m_view, 1);
     m_selection->setContentsMargins(0, 0, gap, 0);
     bar.addPermanentWidget(m_saved, 1);
+    bar.addPermanentWidget(m_undo);
     bar.addPermanentWidget(m_notice, 1);
     bar.addPermanentWidget(m_selection);
     bar.addPermanentWidget(m_status);
     m_saved->hide();
+    m_undo->hide();
     m_notice->hide();
     m_selection->hide();
 }
@@ -49,6 +57,7 @@ void StatusLine::showView(const QString& caption, const QString& count)
         label->clear();
         label->hide();
     }
+    m_undo->hide();
 }
 
 void StatusLine::showNotice(const QString& text)
@@ -62,7 +71,35 @@ void StatusLine::showSaved(RecordKind kind, const QString& name)
     const QString text = kind == RecordKind::Document ? tr("Saved: Document \"%1\"")
                          : kind == RecordKind::Event  ? tr("Saved: Event \"%1\"")
                                                       : tr("Saved: Organization \"%1\"");
-    m_saved->setLine(text.arg(readableLine(name)));
+    showChange(text.arg(readableLine(name)));
+}
+
+void StatusLine::showDeleted(RecordKind kind, const QStringList& names, const QString& undo)
+{
+    const int count = static_cast<int>(names.size());
+    const auto one = [&](const QString& text) { return text.arg(readableLine(names.front())); };
+    switch (kind) {
+    case RecordKind::Document:
+        showChange(count == 1 ? one(tr("Deleted: Document \"%1\""))
+                              : tr("%n Documents deleted.", nullptr, count));
+        break;
+    case RecordKind::Event:
+        showChange(count == 1 ? one(tr("Deleted: Event \"%1\"")) : tr("%n Events deleted.", nullptr, count));
+        break;
+    case RecordKind::Organization:
+        showChange(count == 1 ? one(tr("Deleted: Organization \"%1\""))
+                              : tr("%n Organizations deleted.", nullptr, count));
+        break;
+    }
+    m_undo->setAccessibleName(undo);
+    m_undo->setToolTip(PlainToolTip::text(undo));
+    m_undo->show();
+}
+
+void StatusLine::showChange(const QString& text)
+{
+    m_undo->hide();
+    m_saved->setLine(text);
     m_saved->show();
 }
 

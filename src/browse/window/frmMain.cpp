@@ -17,16 +17,16 @@
 #include "browse/window/EmptyList.h"
 #include "browse/window/GraphicViews.h"
 #include "browse/window/HomeCommands.h"
+#include "browse/window/RecordWindows.h"
 #include "browse/window/SettingsCommand.h"
 #include "browse/window/StartCommands.h"
 #include "browse/window/StatusLine.h"
+#include "browse/window/UndoCommands.h"
 #include "browse/window/ViewPages.h"
 #include "editors/DialogRecordPicker.h"
 #include "editors/RecordEditors.h"
 #include "help/HelpCommands.h"
 #include "lists/NewEntries.h"
-#include "lists/frmLists.h"
-#include "map/MarkerPictures.h"
 #include "map/frmPosition.h"
 #include "opening/DatabaseOpener.h"
 #include "platform/Messages.h"
@@ -36,7 +36,6 @@
 #include "timeline/TimelinePanel.h"
 #include "util/Error.h"
 #include "util/ReadableLine.h"
-#include "views/clsCities.h"
 #include "widgets/IconSet.h"
 #include "widgets/ReadablePalette.h"
 #include "widgets/WindowPlace.h"
@@ -80,6 +79,8 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_open(std::make_unique<OpenCommand>(platform, state.session, state.queries, state.folder, *m_list)),
       m_editors(new RecordEditors(platform, state.session, *m_newEntries, state.folder, *this)),
       m_records(new RecordCommands(*m_commands, *m_list, *m_editors, *this)),
+      m_undo(new UndoCommands(platform, state.session, *m_commands, [this] { return unwritable(); }, *this)),
+      m_windows(new RecordWindows(platform, state, *m_positions, *m_editors, *this)),
       m_graphics(new GraphicViews(
           {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},
           *m_list, *m_browse, *this)),
@@ -134,7 +135,8 @@ void frmMain::connectCommands()
     on(m_commands->mnuNavigateExit, [this] { close(); });
     on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
     on(m_commands->mnuRecordOpen, [this] { m_open->run(); });
-    on(m_commands->mnuRecordLists, [this] { openLists(); });
+    on(m_commands->mnuRecordLists, [this] { m_windows->openLists(); });
+    on(m_commands->mnuViewDeleted, [this] { m_windows->openDeleted(m_list->kind()); });
 }
 
 void frmMain::connectViews()
@@ -147,6 +149,7 @@ void frmMain::connectViews()
     connect(m_pages, &ViewPages::viewAsked, this, &frmMain::lookForOutsideChange);
     connect(m_pages, &ViewPages::pageChanged, this, &frmMain::enableCommands);
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::showCaption);
+    connect(m_pages, &ViewPages::viewShown, m_undo, &UndoCommands::refresh);
     connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, m_databases, &DatabaseCommands::listRecent);
@@ -163,10 +166,23 @@ void frmMain::connectEditors()
     connect(m_editors, &RecordEditors::changed, this, [this](RecordKind kind, qint64 saved) {
         m_pages->refresh();
         m_records->selectAfterChange(kind, saved);
+        m_undo->refresh();
     });
     connect(m_editors, &RecordEditors::fileAsked, this,
             [this](RecordKind kind, qint64 record) { m_open->openRecord(kind, record); });
     connect(m_editors, &RecordEditors::saved, m_status, &StatusLine::showSaved);
+    connect(m_editors, &RecordEditors::deleted, this, [this](RecordKind kind, const QStringList& names) {
+        m_status->showDeleted(kind, names, m_undo->undoText());
+    });
+    connect(m_status, &StatusLine::undoAsked, m_commands->mnuRecordUndo, &QAction::trigger);
+    connect(m_windows, &RecordWindows::viewWanted, this,
+            [this](const clsView& view) { m_state.history.addView(view); });
+    connect(m_windows, &RecordWindows::listsChanged, this, &frmMain::showAgain);
+    connect(m_windows, &RecordWindows::restored, m_editors, &RecordEditors::tellOfChange);
+    connect(m_undo, &UndoCommands::recordsChanged, m_editors, &RecordEditors::tellOfChange);
+    connect(m_undo, &UndoCommands::listsChanged, this, &frmMain::showAgain);
+    connect(m_undo, &UndoCommands::outdated, this, &frmMain::showAgain);
+    connect(m_undo, &UndoCommands::done, m_status, &StatusLine::showChange);
 }
 
 /// Connects what the user does with rows of the list and with events of the timeline.
@@ -230,20 +246,11 @@ void frmMain::lookForOutsideChange()
     m_graphics->timeline().updateTimeline(std::nullopt);
 }
 
-/// Shows the lists; afterwards, the records that the user asked for there, or what was shown before with the
-/// entries as they are now.
-void frmMain::openLists()
+/// Shows again what is shown, after a change other than that of a record.
+void frmMain::showAgain()
 {
-    constexpr double swatch = 12;
-    const auto marker = [this](qint64 function) {
-        return MarkerPictures::draw(clsCities::colourOf(function), swatch, devicePixelRatioF());
-    };
-    frmLists dialog({m_platform, m_state.session, m_state.queries, *m_positions, marker}, this);
-    dialog.showLists();
-    if (const auto& view = dialog.wantedView())
-        m_state.history.addView(*view);
-    else if (dialog.hasChanged())
-        m_pages->refresh();
+    m_pages->refresh();
+    m_undo->refresh();
 }
 
 /// Without a place from an earlier run, takes most of a small screen, and of a large one as much as the lists
@@ -308,8 +315,9 @@ void frmMain::enableCommands()
     const QString nothingSelected = isSelected ? QString() : tr("Select a record first.");
     enableUnless(*m_commands->mnuRecordCopy, showsList ? nothingSelected : noList);
     enableUnless(*m_commands->mnuRecordOpen, showsList ? m_open->hindrance() : noList);
-    enableUnless(*m_commands->mnuRecordLists,
-                 m_state.session.isOpen() ? QString() : tr("No database is open."));
+    const QString noDatabase = m_state.session.isOpen() ? QString() : tr("No database is open.");
+    enableUnless(*m_commands->mnuRecordLists, noDatabase);
+    enableUnless(*m_commands->mnuViewDeleted, noDatabase);
     m_related->enable(noList);
     m_records->enable(unwritable(), noList);
     m_status->showSelected(showsList ? m_list->selectedCount() : 0);

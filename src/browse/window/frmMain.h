@@ -30,8 +30,10 @@ class SettingsCommand;
 class StartCommands;
 class RecordCommands;
 class RecordEditors;
+class RecordWindows;
 class RelatedCommands;
 class StatusLine;
+class UndoCommands;
 class ViewPages;
 struct ProgramState;
 struct RecordAddition;
@@ -69,7 +71,7 @@ private:
     void placeOnScreen();
     void showStartPage();
     void startOver();
-    void openLists();
+    void showAgain();
     void lookForOutsideChange();
     void viewAll(RecordKind kind);
     void viewHome();
@@ -96,6 +98,8 @@ private:
     std::unique_ptr<OpenCommand> m_open;
     RecordEditors* m_editors;
     RecordCommands* m_records;
+    UndoCommands* m_undo;
+    RecordWindows* m_windows;
     GraphicViews* m_graphics;
     EmptyList* m_emptyList;
     ViewPages* m_pages;
