@@ -34,9 +34,10 @@ QHash<qint64, QString> readMoments(DatabaseSession& session, RecordKind kind)
 {
     QHash<qint64, QString> moments;
     if (!session.keepsJournal()) return moments;
-    for (const HeldRow& row : HeldRows(session).read(
-             u"SELECT Identifier, max(Moment) FROM Journal WHERE What = 'delete' AND Kind = ? GROUP BY Identifier"_s,
-             {recordNames(kind).record})) {
+    for (
+        const HeldRow& row : HeldRows(session).read(
+            u"SELECT Identifier, max(Moment) FROM Journal WHERE What = 'delete' AND Kind = ? GROUP BY Identifier"_s,
+            {recordNames(kind).record})) {
         moments.insert(valueIn<qint64>(row, 0), valueIn<QString>(row, 1));
     }
     return moments;

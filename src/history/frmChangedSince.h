@@ -9,6 +9,8 @@
 
 #include <vector>
 
+class QListWidget;
+
 /// The modal dialog that asks whether a step is taken back, or done again, although records or entries of
 /// lists were changed since, and shows what was. Lives for one question.
 class frmChangedSince final : public QDialog
@@ -18,12 +20,17 @@ class frmChangedSince final : public QDialog
 public:
     frmChangedSince(const Platform& platform, QWidget* parent);
 
-    /// `step` is what would be done, as "Undo Delete of 3 Documents"; there is at least one difference. Returns
-    /// whether it is to be done all the same. Return, Esc and the window's close button mean that it is not.
+    /// `step` is what would be done, as "Undo Delete of 3 Documents"; there is at least one difference.
+    /// Returns whether it is to be done all the same. Return, Esc and the window's close button mean that it
+    /// is not.
     [[nodiscard]] bool ask(const QString& step, const std::vector<StepDifference>& differences);
 
     void done(int result) override;
 
 private:
+    void showDifference(int row);
+
     Platform m_platform;
+    std::vector<StepDifference> m_differences;
+    QListWidget* lstChanged;
 };

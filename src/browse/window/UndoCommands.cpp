@@ -35,10 +35,20 @@ UndoCommands::UndoCommands(const Platform& platform, DatabaseSession& session, c
       m_steps(session, platform.clock),
       m_unwritable(std::move(unwritable)),
       m_window(window),
-      m_undo{commands.mnuRecordUndo,    &UndoSteps::undoable,    &UndoSteps::undo, &StepTexts::undo,
-             &StepTexts::undone, QStringLiteral("undo"), {}},
-      m_redo{commands.mnuRecordRedo,    &UndoSteps::redoable,    &UndoSteps::redo, &StepTexts::redo,
-             &StepTexts::redone, QStringLiteral("redo"), {}}
+      m_undo{commands.mnuRecordUndo,
+             &UndoSteps::undoable,
+             &UndoSteps::undo,
+             &StepTexts::undo,
+             &StepTexts::undone,
+             QStringLiteral("undo"),
+             {}},
+      m_redo{commands.mnuRecordRedo,
+             &UndoSteps::redoable,
+             &UndoSteps::redo,
+             &StepTexts::redo,
+             &StepTexts::redone,
+             QStringLiteral("redo"),
+             {}}
 {
     connect(m_undo.action, &QAction::triggered, this, [this] { run(m_undo); });
     connect(m_redo.action, &QAction::triggered, this, [this] { run(m_redo); });
