@@ -2,12 +2,12 @@
 
 #include "history/frmChangedSince.h"
 
+#include "history/VersionComparison.h"
 #include "util/ReadableLine.h"
 #include "widgets/WindowSize.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -15,34 +15,31 @@
 
 namespace {
 
-constexpr QSize firstChangedSize(760, 480);
+constexpr QSize firstChangedSize(860, 560);
 
-QString labelOf(const StepDifference& difference)
+/// Such as `Document "Levees"`.
+QString titleOf(RecordKind kind, const QString& title)
 {
-    const QString text = difference.kind == u"Document" ? frmChangedSince::tr("Document \"%1\"")
-                         : difference.kind == u"Event"  ? frmChangedSince::tr("Event \"%1\"")
-                         : difference.kind == u"Organization"
-                             ? frmChangedSince::tr("Organization \"%1\"")
-                             : frmChangedSince::tr("\"%1\"", "an entry of a list");
-    return text.arg(readableLine(difference.title));
+    const QString text = kind == RecordKind::Document ? frmChangedSince::tr("Document \"%1\"")
+                         : kind == RecordKind::Event  ? frmChangedSince::tr("Event \"%1\"")
+                                                      : frmChangedSince::tr("Organization \"%1\"");
+    return text.arg(readableLine(title));
 }
 
 } // namespace
 
 frmChangedSince::frmChangedSince(const Platform& platform, QWidget* parent)
-    : QDialog(parent), m_platform(platform), lstChanged(new QListWidget(this))
+    : QDialog(parent),
+      m_platform(platform),
+      m_caption(new QLabel(this)),
+      m_comparison(new VersionComparison(this))
 {
     setObjectName(QStringLiteral("frmChangedSince"));
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
     setSizeGripEnabled(true);
-    auto* caption =
-        new QLabel(tr("What this step changed was changed again since, outside this window. If you "
-                      "go on, the later changes are replaced. They are kept in the history."),
-                   this);
-    caption->setObjectName(QStringLiteral("lblCaption"));
-    caption->setTextFormat(Qt::PlainText);
-    caption->setWordWrap(true);
-    lstChanged->setObjectName(QStringLiteral("lstChanged"));
-    lstChanged->setAccessibleName(tr("What Was Changed"));
+    m_caption->setObjectName(QStringLiteral("lblCaption"));
+    m_caption->setTextFormat(Qt::PlainText);
+    m_caption->setWordWrap(true);
     auto* goOn = new QPushButton(tr("&Go On"), this);
     goOn->setObjectName(QStringLiteral("cmdOK"));
     goOn->setAutoDefault(false);
@@ -52,15 +49,12 @@ frmChangedSince::frmChangedSince(const Platform& platform, QWidget* parent)
     auto* buttons = new QDialogButtonBox(this);
     buttons->addButton(goOn, QDialogButtonBox::AcceptRole);
     buttons->addButton(cancel, QDialogButtonBox::RejectRole);
-    auto* middle = new QHBoxLayout;
-    middle->addWidget(lstChanged);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(caption);
-    layout->addLayout(middle, 1);
+    layout->addWidget(m_caption);
+    layout->addWidget(m_comparison, 1);
     layout->addWidget(buttons);
     connect(goOn, &QPushButton::clicked, this, &QDialog::accept);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(lstChanged, &QListWidget::currentRowChanged, this, &frmChangedSince::showDifference);
     cancel->setFocus();
     WindowSize::restore(*this, m_platform.settings, firstChangedSize);
 }
@@ -68,14 +62,35 @@ frmChangedSince::frmChangedSince(const Platform& platform, QWidget* parent)
 bool frmChangedSince::ask(const QString& step, const std::vector<StepDifference>& differences)
 {
     setWindowTitle(readableLine(step));
-    m_differences = differences;
-    for (const StepDifference& each : differences)
-        lstChanged->addItem(labelOf(each));
-    lstChanged->setCurrentRow(0);
+    std::vector<ComparedVersions> records;
+    QStringList entries;
+    for (const StepDifference& each : differences) {
+        const auto* const kind =
+            std::find_if(recordKinds.begin(), recordKinds.end(),
+                         [&each](RecordKind known) { return recordNames(known).record == each.kind; });
+        if (kind == recordKinds.end())
+            entries << tr("\"%1\" was changed.").arg(readableLine(each.title));
+        else
+            records.push_back({*kind,
+                               titleOf(*kind, each.title),
+                               tr("After the Step"),
+                               {each.expected},
+                               tr("Now"),
+                               {each.found}});
+    }
+    if (records.empty()) {
+        m_caption->setText(
+            tr("What this step changed in a list was changed again since, by another program. If "
+               "you go on, only what is still as the step left it is changed."));
+        m_comparison->tell(entries.join(u'\n'));
+    } else {
+        m_caption->setText(
+            tr("What this step changed was changed again since, by another program. If you go on, "
+               "those later changes are lost from the record, but stay in its history."));
+        m_comparison->compare(std::move(records));
+    }
     return exec() == Accepted;
 }
-
-void frmChangedSince::showDifference(int /*row*/) {}
 
 void frmChangedSince::done(int result)
 {

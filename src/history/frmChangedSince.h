@@ -9,7 +9,8 @@
 
 #include <vector>
 
-class QListWidget;
+class QLabel;
+class VersionComparison;
 
 /// The modal dialog that asks whether a step is taken back, or done again, although records or entries of
 /// lists were changed since, and shows what was. Lives for one question.
@@ -28,9 +29,7 @@ public:
     void done(int result) override;
 
 private:
-    void showDifference(int row);
-
     Platform m_platform;
-    std::vector<StepDifference> m_differences;
-    QListWidget* lstChanged;
+    QLabel* m_caption;
+    VersionComparison* m_comparison;
 };
