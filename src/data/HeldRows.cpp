@@ -37,6 +37,18 @@ const Value& valueOf(const HeldRow& row, QStringView column)
     return none;
 }
 
+qint64 wholeNumberOf(const HeldRow& row, QStringView column)
+{
+    const auto* number = std::get_if<qint64>(&valueOf(row, column));
+    return number == nullptr ? 0 : *number;
+}
+
+QString textOf(const HeldRow& row, QStringView column)
+{
+    const auto* text = std::get_if<QString>(&valueOf(row, column));
+    return text == nullptr ? QString() : *text;
+}
+
 std::vector<HeldRow> HeldRows::read(const QString& engineStatement, const std::vector<Value>& values) const
 {
     EngineStatement statement = m_session.prepare(engineStatement, Access::Read);
@@ -55,8 +67,13 @@ std::vector<HeldRow> HeldRows::read(const QString& engineStatement, const std::v
 
 int HeldRows::write(const QString& engineStatement, const std::vector<Value>& values) const
 {
-    EngineStatement statement = m_session.prepare(engineStatement, m_session.writeAccess());
-    bindAll(statement, values);
-    m_session.run(statement);
+    if (!m_prepared || m_preparedText != engineStatement) {
+        m_prepared.emplace(m_session.prepare(engineStatement, m_session.writeAccess()));
+        m_preparedText = engineStatement;
+    } else {
+        m_prepared->reset();
+    }
+    bindAll(*m_prepared, values);
+    m_session.run(*m_prepared);
     return m_session.database()->getChanges();
 }

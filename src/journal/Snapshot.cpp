@@ -9,6 +9,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 #include <QStringList>
 
 #include <sqlite3.h>
@@ -42,12 +43,62 @@ QString statement(const QString& table, const QString& recordColumn, const std::
                                                                           recordColumn);
 }
 
-QJsonValue jsonOf(const Value& value)
+void appendText(QString& json, const QString& text)
 {
-    if (const auto* whole = std::get_if<qint64>(&value)) return *whole;
-    if (const auto* real = std::get_if<double>(&value)) return *real;
-    if (const auto* text = std::get_if<QString>(&value)) return *text;
-    return QJsonValue::Null;
+    json += u'"';
+    for (const QChar each : text) {
+        if (each == u'"' || each == u'\\') {
+            json += u'\\';
+            json += each;
+        } else if (each < u' ') {
+            json += u"\\u%1"_s.arg(each.unicode(), 4, 16, QChar(u'0'));
+        } else {
+            json += each;
+        }
+    }
+    json += u'"';
+}
+
+void appendValue(QString& json, const Value& value)
+{
+    const auto* real = std::get_if<double>(&value);
+    if (const auto* whole = std::get_if<qint64>(&value)) {
+        json += QString::number(*whole);
+    } else if (real != nullptr && std::isfinite(*real)) {
+        json += QString::number(*real, 'g', QLocale::FloatingPointShortest);
+    } else if (const auto* text = std::get_if<QString>(&value)) {
+        appendText(json, *text);
+    } else {
+        json += u"null"_s;
+    }
+}
+
+void appendRow(QString& json, const HeldRow& row)
+{
+    QChar before = u'{';
+    for (const auto& [column, value] : row) {
+        json += before;
+        appendText(json, column);
+        json += u':';
+        appendValue(json, value);
+        before = u',';
+    }
+    json += before == u'{' ? u"{}"_s : u"}"_s;
+}
+
+/// By hand, since a change to a list can have hundreds of thousands of rows.
+void appendRows(QString& json, const QString& table, const std::vector<HeldRow>& rows)
+{
+    json += json.isEmpty() ? u'{' : u',';
+    appendText(json, table);
+    json += u':';
+    QChar before = u'[';
+    for (const HeldRow& row : rows) {
+        json += before;
+        appendRow(json, row);
+        before = u',';
+    }
+    json += before == u'[' ? u"[]"_s : u"]"_s;
 }
 
 /// A number without a fraction comes back as a whole one; a column of numbers takes either for the same.
@@ -107,6 +158,16 @@ const std::vector<HeldRow>& Snapshot::rows(const QString& table) const
     return found == tables.end() ? none : found->second;
 }
 
+bool Snapshots::isTable(const QString& name)
+{
+    return name != operationRows && name != fileRows;
+}
+
+bool Snapshots::areSame(const Value& one, const Value& other)
+{
+    return comparable(one) == comparable(other);
+}
+
 Snapshot Snapshots::ofRecord(DatabaseSession& session, RecordKind kind, qint64 identifier)
 {
     const RecordParts& record = recordParts(kind);
@@ -123,21 +184,22 @@ Snapshot Snapshots::ofRecord(DatabaseSession& session, RecordKind kind, qint64 i
     return snapshot;
 }
 
+QString Snapshots::titleOf(RecordKind kind, const Snapshot& record)
+{
+    const RecordNames names = recordNames(kind);
+    const std::vector<HeldRow>& rows = record.rows(names.record);
+    return rows.empty() ? QString() : textOf(rows.front(), names.name);
+}
+
 Value Snapshots::toJson(const Snapshot& snapshot)
 {
     if (snapshot.isEmpty()) return {};
-    QJsonObject tables;
-    for (const auto& [table, rows] : snapshot.tables) {
-        QJsonArray array;
-        for (const HeldRow& row : rows) {
-            QJsonObject object;
-            for (const auto& [column, value] : row)
-                object.insert(column, jsonOf(value));
-            array.append(object);
-        }
-        tables.insert(table, array);
-    }
-    return QString::fromUtf8(QJsonDocument(tables).toJson(QJsonDocument::Compact));
+    QString json;
+    const auto operation = snapshot.tables.find(operationRows.toString());
+    if (operation != snapshot.tables.end()) appendRows(json, operation->first, operation->second);
+    for (const auto& [table, rows] : snapshot.tables)
+        if (table != operationRows) appendRows(json, table, rows);
+    return json + u'}';
 }
 
 Snapshot Snapshots::fromJson(const Value& json)

@@ -13,10 +13,10 @@ namespace {
 QString recordsOf(const StepSummary& step)
 {
     const int count = static_cast<int>(step.rows);
-    if (step.isMixed) return JournalTexts::tr("%n Record(s)", nullptr, count);
-    if (step.kind == u"Document") return JournalTexts::tr("%n Document(s)", nullptr, count);
-    if (step.kind == u"Event") return JournalTexts::tr("%n Event(s)", nullptr, count);
-    return JournalTexts::tr("%n Organization(s)", nullptr, count);
+    if (step.isMixed) return JournalTexts::tr("%n Records", nullptr, count);
+    if (step.kind == u"Document") return JournalTexts::tr("%n Documents", nullptr, count);
+    if (step.kind == u"Event") return JournalTexts::tr("%n Events", nullptr, count);
+    return JournalTexts::tr("%n Organizations", nullptr, count);
 }
 
 QString objectOf(const StepSummary& step)

@@ -65,6 +65,19 @@ public:
     UndoOutcome redo(Undo mode = Undo::UnlessChanged);
 
 private:
+    enum class Direction
+    {
+        Undo,
+        Redo
+    };
+    struct Reversal;
+
+    [[nodiscard]] std::optional<StepSummary> next(Direction direction) const;
+    UndoOutcome go(Direction direction, Undo mode);
+    void reverse(Reversal& reversal);
+    void reverseRecord(Reversal& reversal, RecordKind kind, JournalEntry entry);
+    void reverseList(Reversal& reversal, JournalEntry entry);
+
     DatabaseSession& m_session;
     const Clock& m_clock;
 };
