@@ -12,12 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString textOf(const HeldRow& row, const QString& column)
-{
-    const auto* text = std::get_if<QString>(&valueOf(row, column));
-    return text == nullptr ? QString() : *text;
-}
-
 bool isDeleted(const RecordParts& record, const Snapshot& snapshot)
 {
     const std::vector<HeldRow>& rows = snapshot.rows(record.names.record);

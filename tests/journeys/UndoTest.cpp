@@ -188,8 +188,10 @@ TEST_F(UndoJourney, AsksBeforeItGoesOverALaterChange)
 TEST_F(UndoJourney, DoesNotTakeBackAStepThatItIsNotNamedAfter)
 {
     deleteDocuments(0, 1);
-    journey.database.run("INSERT INTO Journal SELECT 9, 9, Moment, What, Kind, Identifier, 'Other', Before, "
-                         "After, NULL, 9, 0 FROM Journal WHERE Number = 1");
+    journey.database.run(
+        "INSERT INTO Journal (Number, Step, Moment, What, Kind, Identifier, Title, Before, After, UndoStep, "
+        "RedoStep) SELECT 9, 9, Moment, What, Kind, Identifier, 'Other', Before, After, 9, 0 FROM Journal "
+        "WHERE Number = 1");
     const QStringList before = journey.dump();
     undo();
     EXPECT_EQ(journey.dump(), before);

@@ -92,6 +92,8 @@ void UndoCommands::run(const Command& command)
     });
     if (isOutdated) Q_EMIT outdated();
     if (!outcome.isDone()) return refresh();
+    // what was changed first is taken back last
+    if (&command == &m_undo) std::reverse(outcome.changed.begin(), outcome.changed.end());
     announce(outcome);
     refresh();
     Q_EMIT done(command.reportOf(*outcome.step));
