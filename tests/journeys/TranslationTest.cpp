@@ -234,9 +234,9 @@ TEST_F(Translation, ReachesEveryTextOfUndoAndTheDeletedRecords)
                                  .arg(QString::fromUtf8(table), *table == 'D' ? u"dStatus"_s : u"Status"_s));
     lookAtDeleted();
     pseudo.expectTranslated(window(), "a step to undo");
-    journey.database.run("UPDATE Organization SET OrganizationName = 'Agency'");
+    journey.database.run("UPDATE Organization SET OrganizationName = 'Coast'");
     lookAtDialog("frmChangedSince", "mnuRecordUndo");
-    journey.database.run("UPDATE Organization SET OrganizationName = 'Bureau' WHERE OrganizationID = 2");
+    journey.database.run("UPDATE Organization SET OrganizationName = 'Agency'");
     journey.trigger("mnuRecordUndo");
     pseudo.expectTranslated(window(), "a step to redo");
 }

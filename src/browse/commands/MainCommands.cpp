@@ -79,7 +79,7 @@ void MainCommands::makeActions()
         add(QStringLiteral("mnuViewOrganizations"), tr("&Organizations"), QStringLiteral("view-institution"),
             QKeySequence(Qt::CTRL | Qt::Key_3), tr("Shows all organizations"));
     mnuViewDeleted =
-        add(QStringLiteral("mnuViewDeleted"), tr("De&leted Records…"), QStringLiteral("user-trash"), {},
+        add(QStringLiteral("mnuViewDeleted"), tr("De&leted Records…"), QStringLiteral("trash-empty"), {},
             tr("Shows the deleted records and puts them back"));
     mnuViewRefresh = add(QStringLiteral("mnuViewRefresh"), tr("&Refresh"), QStringLiteral("view-refresh"),
                          QKeySequence(Qt::Key_F5), tr("Reads the list again"));

@@ -7,6 +7,7 @@
 #include "widgets/LinkButton.h"
 #include "widgets/PlainToolTip.h"
 
+#include <QHBoxLayout>
 #include <QMainWindow>
 #include <QStatusBar>
 
@@ -19,8 +20,9 @@ constexpr int gap = 16; ///< pixels between two counts
 StatusLine::StatusLine(QMainWindow& window)
     : QObject(&window),
       m_view(new QLabel(&window)),
-      m_saved(new ElidedLabel(&window)),
-      m_undo(new LinkButton(&window)),
+      m_change(new QWidget(&window)),
+      m_saved(new ElidedLabel(m_change)),
+      m_undo(new LinkButton(m_change)),
       m_notice(new ElidedLabel(&window)),
       m_selection(new QLabel(&window)),
       m_status(new QLabel(&window))
@@ -35,16 +37,19 @@ StatusLine::StatusLine(QMainWindow& window)
     m_notice->setObjectName(QStringLiteral("pnlNotice"));
     m_selection->setObjectName(QStringLiteral("pnlSelection"));
     m_status->setObjectName(QStringLiteral("pnlStatus"));
+    auto* change = new QHBoxLayout(m_change);
+    change->setContentsMargins(0, 0, 0, 0);
+    change->addWidget(m_saved, 1);
+    change->addWidget(m_undo);
+    change->addStretch();
     QStatusBar& bar = *window.statusBar();
     bar.addWidget(m_view, 1);
     m_selection->setContentsMargins(0, 0, gap, 0);
-    bar.addPermanentWidget(m_saved, 1);
-    bar.addPermanentWidget(m_undo);
+    bar.addPermanentWidget(m_change, 1);
     bar.addPermanentWidget(m_notice, 1);
     bar.addPermanentWidget(m_selection);
     bar.addPermanentWidget(m_status);
-    m_saved->hide();
-    m_undo->hide();
+    m_change->hide();
     m_notice->hide();
     m_selection->hide();
 }
@@ -53,11 +58,10 @@ void StatusLine::showView(const QString& caption, const QString& count)
 {
     m_view->setText(caption);
     m_status->setText(count);
-    for (ElidedLabel* label : {m_saved, m_notice}) {
-        label->clear();
-        label->hide();
-    }
-    m_undo->hide();
+    m_saved->clear();
+    m_change->hide();
+    m_notice->clear();
+    m_notice->hide();
 }
 
 void StatusLine::showNotice(const QString& text)
@@ -100,7 +104,9 @@ void StatusLine::showChange(const QString& text)
 {
     m_undo->hide();
     m_saved->setLine(text);
-    m_saved->show();
+    // so wide that the link follows the text at once
+    m_saved->setMaximumWidth(m_saved->sizeHint().width());
+    m_change->show();
 }
 
 void StatusLine::showSelected(std::size_t rows)

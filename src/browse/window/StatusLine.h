@@ -11,6 +11,7 @@ class ElidedLabel;
 class LinkButton;
 class QLabel;
 class QMainWindow;
+class QWidget;
 
 /// The status bar: the view's caption, what was changed last, a notice, the number of selected rows and that
 /// of all rows.
@@ -46,6 +47,7 @@ Q_SIGNALS:
 
 private:
     QLabel* m_view;
+    QWidget* m_change; ///< holds the two below
     ElidedLabel* m_saved;
     LinkButton* m_undo;
     ElidedLabel* m_notice;
