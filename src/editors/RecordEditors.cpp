@@ -6,6 +6,7 @@
 #include "editors/frmDocument.h"
 #include "editors/frmEvent.h"
 #include "editors/frmOrganization.h"
+#include "history/frmHistory.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 
@@ -98,6 +99,23 @@ void RecordEditors::prepare(RecordKind kind, RecordDialog& dialog)
             [this, &dialog](RecordKind asked, qint64 id) { open(asked, id, EditorMode::View, dialog); });
     connect(&dialog, &RecordDialog::fileAsked, this,
             [this, kind, &dialog] { Q_EMIT fileAsked(kind, dialog.recordId()); });
+    connect(&dialog, &RecordDialog::historyAsked, this, [this, kind, &dialog] {
+        if (showHistoryOver(dialog, kind, dialog.recordId())) dialog.readAgain();
+    });
+}
+
+bool RecordEditors::showHistory(RecordKind kind, qint64 id)
+{
+    return showHistoryOver(m_window, kind, id);
+}
+
+bool RecordEditors::showHistoryOver(QWidget& over, RecordKind kind, qint64 id)
+{
+    frmHistory window(m_platform, m_session, &over);
+    window.showHistory(kind, id);
+    if (!window.hasRestored()) return false;
+    tellOfChange(kind, {id});
+    return true;
 }
 
 void RecordEditors::refuseSeveralFiles() const

@@ -44,6 +44,11 @@ public:
     void view(RecordKind kind, qint64 id);
     void viewOver(QWidget& over, RecordKind kind, qint64 id);
 
+    /// Shows the versions of a record. Returns whether one was restored; what is behind the window is then
+    /// read again already.
+    bool showHistory(RecordKind kind, qint64 id);
+    bool showHistoryOver(QWidget& over, RecordKind kind, qint64 id);
+
     /// Shows the message for several files dropped on the window at once.
     void refuseSeveralFiles() const;
 

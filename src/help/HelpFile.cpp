@@ -31,6 +31,7 @@ constexpr std::array windowChapters{
     WindowChapter{"frmPicList", HelpChapter::Records},
     WindowChapter{"frmDeletedRecords", HelpChapter::History},
     WindowChapter{"frmChangedSince", HelpChapter::History},
+    WindowChapter{"frmHistory", HelpChapter::History},
     WindowChapter{"frmSearch", HelpChapter::Search},
     WindowChapter{"frmAdvSearch", HelpChapter::AdvancedSearch},
     WindowChapter{"frmImport", HelpChapter::Database},
@@ -94,10 +95,10 @@ QString HelpFile::pageName(HelpChapter chapter)
         return QStringLiteral("search.html");
     case HelpChapter::AdvancedSearch:
         return QStringLiteral("advanced-search.html");
-    case HelpChapter::History:
-        return QStringLiteral("history.html");
     case HelpChapter::Records:
         return QStringLiteral("records.html");
+    case HelpChapter::History:
+        return QStringLiteral("history.html");
     case HelpChapter::Collections:
         return QStringLiteral("collections.html");
     case HelpChapter::Lists:

@@ -45,6 +45,12 @@ void JournaledSave::commit()
     m_transaction.commit();
 }
 
+void JournaledSave::rollBack()
+{
+    m_isOpen = false;
+    m_transaction.rollBack();
+}
+
 void JournaledSave::note()
 {
     if (!m_identifier) return;

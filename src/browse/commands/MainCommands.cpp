@@ -65,6 +65,9 @@ void MainCommands::makeActions()
     mnuRecordOpen = add(QStringLiteral("mnuRecordOpen"), tr("&Open"), QStringLiteral("document-open"),
                         QKeySequence(Qt::CTRL | Qt::Key_Return),
                         tr("Opens the file of the document or the chart of the organization"));
+    mnuRecordHistory =
+        add(QStringLiteral("mnuRecordHistory"), tr("&History…"), QStringLiteral("document-open-recent"),
+            QKeySequence(Qt::CTRL | Qt::Key_H), tr("Shows the versions of the selected record"));
     mnuRecordCopy = add(QStringLiteral("mnuRecordCopy"), tr("&Copy"), QStringLiteral("edit-copy"),
                         QKeySequence::Copy, tr("Copies the selected rows"));
     mnuRecordLists =
@@ -142,6 +145,7 @@ void MainCommands::makeMenus()
     mnuRecordRelated = record->addMenu(tr("Rela&ted Records"));
     mnuRecordRelated->setObjectName(QStringLiteral("mnuRecordRelated"));
     mnuRecordRelated->setToolTipsVisible(true);
+    record->addAction(mnuRecordHistory);
     record->addSeparator();
     record->addAction(mnuRecordCopy);
     record->addSeparator();

@@ -45,6 +45,7 @@ public:
     QAction* mnuRecordView;
     QAction* mnuRecordDelete;
     QAction* mnuRecordOpen;
+    QAction* mnuRecordHistory;
     QAction* mnuRecordCopy;
     QAction* mnuRecordLists;
     QMenu* mnuAddKinds; ///< the kinds of record that can be added

@@ -42,7 +42,10 @@ void RecordWindows::openDeleted(RecordKind kind)
     const auto view = [this](RecordKind shown, qint64 identifier, QWidget& over) {
         m_editors.viewOver(over, shown, identifier);
     };
-    frmDeletedRecords dialog({m_platform, m_state.session, view, view}, &m_window);
+    const auto history = [this](RecordKind shown, qint64 identifier, QWidget& over) {
+        m_editors.showHistoryOver(over, shown, identifier);
+    };
+    frmDeletedRecords dialog({m_platform, m_state.session, view, history}, &m_window);
     connect(&dialog, &frmDeletedRecords::restored, this, &RecordWindows::restored);
     dialog.showDeleted(kind);
 }
