@@ -10,8 +10,6 @@
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 
-#include <QStringList>
-
 #include <algorithm>
 
 RecordEditors::RecordEditors(const Platform& platform, DatabaseSession& session, const NewEntries& newEntries,
@@ -63,6 +61,11 @@ void RecordEditors::view(RecordKind kind, qint64 id)
     open(kind, id, EditorMode::View, m_window);
 }
 
+void RecordEditors::viewOver(QWidget& over, RecordKind kind, qint64 id)
+{
+    open(kind, id, EditorMode::View, over);
+}
+
 void RecordEditors::open(RecordKind kind, qint64 id, EditorMode mode, QWidget& over)
 {
     const bool forEditing = mode == EditorMode::Edit;
@@ -97,33 +100,22 @@ void RecordEditors::prepare(RecordKind kind, RecordDialog& dialog)
     connect(&dialog, &RecordDialog::fileAsked, this,
             [this, kind, &dialog] { Q_EMIT fileAsked(kind, dialog.recordId()); });
     connect(&dialog, &RecordDialog::historyAsked, this, [this, kind, &dialog] {
-        if (showHistory(kind, dialog.recordId(), dialog)) dialog.readAgain();
+        if (showHistoryOver(dialog, kind, dialog.recordId())) dialog.readAgain();
     });
 }
 
-void RecordEditors::showHistory(RecordKind kind, qint64 id)
+bool RecordEditors::showHistory(RecordKind kind, qint64 id)
 {
-    showHistory(kind, id, m_window);
+    return showHistoryOver(m_window, kind, id);
 }
 
-/// Returns whether a version was restored. What is shown behind the window is read again at once.
-bool RecordEditors::showHistory(RecordKind kind, qint64 id, QWidget& over)
+bool RecordEditors::showHistoryOver(QWidget& over, RecordKind kind, qint64 id)
 {
     frmHistory window(m_platform, m_session, &over);
     window.showHistory(kind, id);
     if (!window.hasRestored()) return false;
-    if (kind == RecordKind::Event) announceStart(id);
-    Q_EMIT changed(kind, id);
+    tellOfChange(kind, {id});
     return true;
-}
-
-/// Tells at which moment an event starts now, which may be beyond the limits of the timeline.
-void RecordEditors::announceStart(qint64 event)
-{
-    runProcedure(m_platform.messages, QStringLiteral("showHistory"), [&] {
-        const EventRecord record = EventStore(m_session, m_platform.clock).load(event).record;
-        Q_EMIT eventSaved(EventStore::getStartDate(record));
-    });
 }
 
 void RecordEditors::refuseSeveralFiles() const
@@ -139,10 +131,34 @@ void RecordEditors::finish(RecordKind kind, const RecordDialog& dialog)
     if (dialog.result() == QDialog::Accepted) Q_EMIT saved(kind, dialog.recordName());
 }
 
+void RecordEditors::tellOfChange(RecordKind kind, const std::vector<qint64>& ids)
+{
+    if (ids.empty()) return;
+    if (kind == RecordKind::Event) Q_EMIT eventSaved(startOfEvent(ids.front()));
+    Q_EMIT changed(kind, ids.front());
+}
+
+/// Returns std::nullopt for an event that is not shown any more.
+std::optional<QDateTime> RecordEditors::startOfEvent(qint64 id) const
+{
+    try {
+        const auto loaded = EventStore(m_session, m_platform.clock).load(id);
+        const bool isShown = loaded.isFound &&
+                             loaded.record.stored->known.status.compare(u"DELETED", Qt::CaseInsensitive) != 0;
+        return isShown ? EventStore::getStartDate(loaded.record) : std::nullopt;
+    } catch (const Error&) {
+        // reading the list fails in the same way and says so
+        return std::nullopt;
+    }
+}
+
 void RecordEditors::remove(RecordKind kind, const std::vector<ListEntry>& records)
 {
     if (records.empty() || !mayDelete(kind, records)) return;
-    if (deleteRecords(kind, records)) Q_EMIT changed(kind, -1);
+    const QStringList names = deleteRecords(kind, records);
+    if (names.isEmpty()) return;
+    Q_EMIT changed(kind, -1);
+    Q_EMIT deleted(kind, names);
 }
 
 bool RecordEditors::mayDelete(RecordKind kind, const std::vector<ListEntry>& records)
@@ -179,9 +195,8 @@ QString RecordEditors::deletionText(RecordKind kind, const QStringList& names)
     return text;
 }
 
-/// Stops at the first failure; what was deleted before it stays deleted, and is named. Returns false if
-/// nothing was deleted.
-bool RecordEditors::deleteRecords(RecordKind kind, const std::vector<ListEntry>& records)
+/// Stops at the first failure; what was deleted before it stays deleted. Returns the names of what was.
+QStringList RecordEditors::deleteRecords(RecordKind kind, const std::vector<ListEntry>& records)
 {
     QString said;
     QStringList names;
@@ -192,9 +207,8 @@ bool RecordEditors::deleteRecords(RecordKind kind, const std::vector<ListEntry>&
             names << record.display;
         }
     });
-    if (names.isEmpty()) return false;
-    m_platform.messages.show(records.size() == 1 ? said : deletionText(kind, names));
-    return true;
+    if (!names.isEmpty()) m_platform.messages.show(records.size() == 1 ? said : deletionText(kind, names));
+    return names;
 }
 
 QString RecordEditors::deleteRecord(RecordKind kind, qint64 id, JournalStep* step)

@@ -29,6 +29,8 @@ constexpr std::array windowChapters{
     WindowChapter{"frmEvent", HelpChapter::Records},
     WindowChapter{"frmOrganization", HelpChapter::Records},
     WindowChapter{"frmPicList", HelpChapter::Records},
+    WindowChapter{"frmDeletedRecords", HelpChapter::History},
+    WindowChapter{"frmChangedSince", HelpChapter::History},
     WindowChapter{"frmHistory", HelpChapter::History},
     WindowChapter{"frmSearch", HelpChapter::Search},
     WindowChapter{"frmAdvSearch", HelpChapter::AdvancedSearch},

@@ -136,8 +136,9 @@ TEST(Guide, HasThePageOfEveryChapterAndWindow)
           Expected{"frmOrganization", "records.html"}, Expected{"frmPicList", "records.html"},
           Expected{"frmSearch", "search.html"}, Expected{"frmAdvSearch", "advanced-search.html"},
           Expected{"frmImport", "database.html"}, Expected{"frmNewDatabase", "collections.html"},
-          Expected{"frmSettings", "collections.html"}, Expected{"frmHistory", "history.html"},
-          Expected{"frmLists", "lists.html"}, Expected{"frmAbout", "index.html"}}) {
+          Expected{"frmSettings", "collections.html"}, Expected{"frmLists", "lists.html"},
+          Expected{"frmHistory", "history.html"}, Expected{"frmDeletedRecords", "history.html"},
+          Expected{"frmChangedSince", "history.html"}, Expected{"frmAbout", "index.html"}}) {
         EXPECT_EQ(HelpFile::pageName(HelpFile::chapterOf(QString::fromUtf8(window))), QString::fromUtf8(page))
             << window;
     }
