@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QTimer>
 
@@ -22,6 +23,7 @@ constexpr int settleMilliseconds = 400;
 constexpr int lookMilliseconds = 50;
 constexpr int patienceMilliseconds = 5000;
 constexpr QSize editorSize(1000, 700);
+constexpr QSize historySize(900, 480);
 constexpr int wideWindow = 1400;
 
 /// Lets the program finish what it shows.
@@ -79,7 +81,7 @@ QStringList GuidePictures::takeAll()
     for (const Station station :
          {&GuidePictures::showLists, &GuidePictures::showGraphics, &GuidePictures::showRowMenu,
           &GuidePictures::showSearch, &GuidePictures::showAdvancedSearch, &GuidePictures::showEditors,
-          &GuidePictures::showCollections, &GuidePictures::showAbout}) {
+          &GuidePictures::showHistory, &GuidePictures::showCollections, &GuidePictures::showAbout}) {
         try {
             (this->*station)();
         } catch (const std::exception& failure) {
@@ -199,6 +201,33 @@ void GuidePictures::showEditors()
                 "frmPicList", [this, &editor] { press(editor, "cmdAddDocType"); },
                 [this](QWidget& pickList) { save(pickList.grab(), "pick-list"); });
         });
+}
+
+/// Changes an event, shows its history and takes the change back.
+void GuidePictures::showHistory()
+{
+    trigger("mnuViewEvents");
+    select(QStringLiteral("Galveston hurricane of 1900"));
+    inDialog(
+        "frmEvent", [this] { trigger("mnuRecordEdit"); },
+        [this](QWidget& editor) {
+            auto& description = part<QPlainTextEdit>(editor, "rtbEventDescription");
+            description.setPlainText(
+                description.toPlainText().replace(QStringLiteral("At least 8,000 people died."),
+                                                  QStringLiteral("Some 6,000 to 12,000 people died.")));
+            part<QLineEdit>(editor, "dtpEndTime").setText(QStringLiteral("06:00"));
+            tick(part<QAbstractItemView>(editor, "lvVenues"), {QStringLiteral("Harbor")});
+            press(editor, "cmdOK");
+        });
+    select(QStringLiteral("Galveston hurricane of 1900"));
+    inDialog(
+        "frmHistory", [this] { trigger("mnuRecordHistory"); },
+        [this](QWidget& history) {
+            history.resize(historySize);
+            settle();
+            save(history.grab(), "history");
+        });
+    trigger("mnuRecordUndo");
 }
 
 void GuidePictures::showCollections()

@@ -29,6 +29,7 @@ private:
     void showSearch();
     void showAdvancedSearch();
     void showEditors();
+    void showHistory();
     void showCollections();
     void showAbout();
 
