@@ -92,7 +92,7 @@ void upgrade(const QString& file)
     addJournal(database);
     lock.commit();
     copy.keep();
-    qCInfo(startLog).noquote() << "brought up to date:" << file << "from" << path;
+    qCInfo(startLog).noquote() << "brought up to date:" << file << "after a copy:" << path;
 }
 
 } // namespace
