@@ -4,6 +4,8 @@
 
 #include "data/DatabaseSession.h"
 #include "data/EngineError.h"
+#include "data/EngineRules.h"
+#include "data/RollbackJournal.h"
 #include "data/SchemaVersion.h"
 #include "files/DatabaseFile.h"
 #include "files/DatabaseLock.h"
@@ -20,6 +22,23 @@
 #include <vector>
 
 namespace {
+
+/// A quick look, for nearly every file is up to date. What is wrong with a file shows when it is opened.
+bool isUpToDate(const QString& path)
+{
+    try {
+        refuseForeignJournal(path);
+        return callEngine([&path] {
+            StatementWatch watch;
+            SQLite::Database database(QFile::encodeName(path).toStdString(), SQLite::OPEN_READWRITE);
+            watch.beginStep();
+            addSchemaLimits(database.getHandle(), &watch);
+            return SchemaVersion::ageOf(database) != SchemaVersion::Age::Older;
+        });
+    } catch (const Error&) {
+        return false;
+    }
+}
 
 bool mayBeUpgraded(const QString& file, const QString& folder)
 {
@@ -92,7 +111,7 @@ void upgrade(const QString& file)
     addJournal(database);
     lock.commit();
     copy.keep();
-    qCInfo(startLog).noquote() << "brought up to date:" << file << "from" << path;
+    qCInfo(startLog).noquote() << "brought up to date:" << file << "after a copy:" << path;
 }
 
 } // namespace
@@ -101,7 +120,8 @@ std::optional<Error> DatabaseUpgrade::bringUpToDate(const QString& file)
 {
     // what stands beside a database stands beside the file itself, not beside a link to it
     const QString path = QFileInfo(file).canonicalFilePath();
-    if (path.isEmpty() || !mayBeUpgraded(file, QFileInfo(path).path())) return std::nullopt;
+    if (path.isEmpty() || isUpToDate(path) || !mayBeUpgraded(file, QFileInfo(path).path()))
+        return std::nullopt;
     try {
         callEngine([&path] { upgrade(path); });
     } catch (const Error& error) {

@@ -5,7 +5,9 @@
 #include "data/DatabaseSession.h"
 #include "files/SplitPlanner.h"
 #include "files/VersionCopies.h"
+#include "opening/NewDatabaseFile.h"
 #include "support/AsPlainUser.h"
+#include "support/SizeLimit.h"
 #include "support/TestDatabase.h"
 #include "support/TestFiles.h"
 
@@ -17,7 +19,6 @@
 #include <csignal>
 #include <functional>
 #include <random>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -242,16 +243,13 @@ TEST(DatabaseUpgrade, OnAFullDiskLeavesTheFileAsItWas)
             percent); // of the file's size there is room for: for a part of the copy, or for that alone
         const OldFile old;
         const QByteArray before = contentOf(old.file());
-        const int status = inOtherProcess([&] {
-            std::signal(SIGXFSZ, SIG_IGN);
-            const auto size = static_cast<rlim_t>(before.size() * percent / 100);
-            const rlimit limit{size, size};
-            setrlimit(RLIMIT_FSIZE, &limit);
+        {
+            const SizeLimit full(static_cast<rlim_t>(before.size() * percent / 100));
             const auto hindrance = DatabaseUpgrade::bringUpToDate(old.file());
-            return hindrance && hindrance->description().contains(old.file()) ? hindrance->number() : 0;
-        });
-        ASSERT_TRUE(WIFEXITED(status));
-        EXPECT_TRUE(WEXITSTATUS(status) == 10 || WEXITSTATUS(status) == 13) << WEXITSTATUS(status);
+            ASSERT_TRUE(hindrance);
+            EXPECT_TRUE(hindrance->number() == 10 || hindrance->number() == 13) << hindrance->what();
+            EXPECT_TRUE(hindrance->description().endsWith(u"(%1)"_s.arg(old.file()))) << hindrance->what();
+        }
         EXPECT_TRUE(contentOf(old.file()) == before);
         EXPECT_EQ(old.names(), QStringList{u"old.sqlite"_s});
         EXPECT_FALSE(DatabaseUpgrade::bringUpToDate(old.file())) << "with room again";
@@ -304,6 +302,18 @@ TEST(DatabaseUpgrade, KilledAtAnyMomentLeavesTheFileOldOrNew)
     }
     EXPECT_GE(killed, 100);
     EXPECT_GT(left, 0);
+}
+
+TEST(NewDatabaseFile, TakesTheListsOfAnOlderFile)
+{
+    const OldFile old;
+    const QByteArray before = contentOf(old.file());
+    const QString file = old.folder() + u"/new.sqlite"_s;
+    NewDatabaseFile::make(file, old.file());
+    EXPECT_EQ(shapeOf(file), "2 2");
+    const auto venues = u"SELECT VenueID, VenueName FROM Venue"_s;
+    EXPECT_EQ(TestDatabase::answer(file, venues), TestDatabase::answer(old.file(), venues));
+    EXPECT_TRUE(contentOf(old.file()) == before);
 }
 
 TEST(VersionCopies, AreKnownByTheirNames)
