@@ -15,7 +15,7 @@ using Source = RecordVersion::Source;
 
 namespace {
 
-constexpr qint64 portion = 100;
+constexpr qint64 portion = 50;
 
 QString programMoment(const QString& held)
 {
