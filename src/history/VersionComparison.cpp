@@ -76,7 +76,7 @@ VersionComparison::VersionComparison(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_text, 1);
-    layout->addWidget(m_onlyDifferences);
+    layout->addWidget(m_onlyDifferences, 0, Qt::AlignLeft);
     connect(m_onlyDifferences, &QCheckBox::toggled, this, &VersionComparison::draw);
 }
 
