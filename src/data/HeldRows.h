@@ -2,12 +2,10 @@
 
 #pragma once
 
-#include "data/EngineStatement.h"
 #include "data/Value.h"
 
 #include <QString>
 
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -34,11 +32,9 @@ public:
     [[nodiscard]] std::vector<HeldRow> read(const QString& engineStatement,
                                             const std::vector<Value>& values = {}) const;
 
-    /// Returns the number of rows changed. A statement that is run again and again is prepared once.
+    /// Returns the number of rows changed.
     int write(const QString& engineStatement, const std::vector<Value>& values = {}) const;
 
 private:
     DatabaseSession& m_session;
-    mutable QString m_preparedText; ///< of the last statement that wrote
-    mutable std::optional<EngineStatement> m_prepared;
 };
