@@ -199,6 +199,25 @@ TEST_F(UndoJourney, DoesNotTakeBackAStepThatItIsNotNamedAfter)
     EXPECT_EQ(journey.find<QLabel>("pnlNotice").text(), u"The database was changed by another program."_s);
 }
 
+TEST_F(UndoJourney, TakesBackAnEntryThatWasAddedFromAnEditor)
+{
+    choose(0);
+    inEditor("mnuRecordEdit", [](OpenDialog& dialog) {
+        inDialog(
+            "frmListEntry", [&] { dialog.click("cmdNewVenue"); },
+            [](OpenDialog& entry) {
+                entry.type("txtName", u"Delta"_s);
+                entry.click("cmdOK");
+            });
+        // the new entry is ticked, but the record stays as it is
+        dialog.tick("lvVenues", u"Delta"_s);
+        dialog.click("cmdCancel");
+    });
+    EXPECT_EQ(text("mnuRecordUndo"), "&Undo Add of Venue \"Delta\"");
+    undo();
+    EXPECT_EQ(rows("SELECT VenueName FROM Venue"), "Coast");
+}
+
 TEST_F(UndoJourney, SaysWhyItCannotBeUsed)
 {
     deleteDocuments(0, 1);

@@ -22,7 +22,7 @@ constexpr int widestText = 400; ///< of a command in its menu, in pixels
 /// The same line with the key of the command's first letter.
 QString menuText(const QMenu& menu, const QString& text)
 {
-    QString shown = menu.fontMetrics().elidedText(text, Qt::ElideMiddle, widestText);
+    QString shown = menu.fontMetrics().elidedText(text, Qt::ElideRight, widestText);
     return u'&' + shown.replace(u'&', QStringLiteral("&&"));
 }
 
