@@ -57,6 +57,11 @@ void JournaledSave::setIdentifier(qint64 identifier)
     m_identifier = identifier;
 }
 
+FormerFiles& JournaledSave::files(const ProgramFolder& folder)
+{
+    return m_files ? *m_files : m_files.emplace(folder);
+}
+
 void JournaledSave::commit()
 {
     m_isOpen = false;
@@ -67,6 +72,7 @@ void JournaledSave::commit()
         throw;
     }
     m_transaction.commit();
+    if (m_files) m_files->finish();
 }
 
 void JournaledSave::note()
@@ -75,8 +81,10 @@ void JournaledSave::note()
     const RecordParts& record = recordParts(m_kind);
     JournalEntry entry;
     entry.after = Snapshots::ofRecord(m_session, m_kind, *m_identifier);
-    if (Snapshots::areEqual(m_kind, m_before, entry.after)) return;
+    const bool hasFiles = m_files && m_files->hasReplaced();
+    if (!hasFiles && Snapshots::areEqual(m_kind, m_before, entry.after)) return;
     entry.before = std::move(m_before);
+    if (hasFiles) m_files->note(entry.before, entry.after);
     const std::vector<HeldRow>& before = entry.before.rows(record.names.record);
     const std::vector<HeldRow>& after = entry.after.rows(record.names.record);
     entry.action = m_action.value_or(actionOf(record, before, after));

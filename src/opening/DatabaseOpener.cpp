@@ -7,6 +7,7 @@
 #include "files/FileUpload.h"
 #include "files/ProgramFolder.h"
 #include "files/SplitPlanner.h"
+#include "journal/FormerFiles.h"
 #include "opening/AccessConversion.h"
 #include "opening/CollectionMaker.h"
 #include "opening/DatabaseName.h"
@@ -160,7 +161,9 @@ void DatabaseOpener::open(const QString& chosen)
     qCInfo(startLog).noquote() << "open database:" << file;
     m_at.session.open(file, m_isReadOnly ? Access::Read : Access::Write);
     m_at.folder = m_at.home.ofDatabase(file);
-    if (!m_isReadOnly) FileUpload(m_at.folder).clearUnfinished();
+    if (m_isReadOnly) return;
+    FileUpload(m_at.folder).clearUnfinished();
+    FormerFiles::settle(m_at.session, m_at.folder);
 }
 
 /// Sees to it that no other database has its files in the folder of one that is to be opened. Returns where
