@@ -25,7 +25,6 @@ namespace {
 
 const QString filesTable = u"Files"_s;
 const QString chartsFolder = u"orgcharts"_s;
-const QString formerFolder = u"former/"_s;
 const QString unfinishedName = u".replaced-"_s; ///< before the name that a former file gets by the commit
 
 fs::path pathOf(const QString& path)
@@ -140,12 +139,13 @@ fs::path FormerFiles::chart(const QString& name) const
 
 fs::path FormerFiles::former(const QString& name, const QString& hash) const
 {
-    return chart(formerFolder + formerName(name, hash));
+    return pathOf(m_folder.folderPath(ProgramFolders::formerCharts) + formerName(name, hash));
 }
 
 fs::path FormerFiles::unfinished(const QString& name, const QString& hash) const
 {
-    return chart(formerFolder + unfinishedName + formerName(name, hash));
+    return pathOf(m_folder.folderPath(ProgramFolders::formerCharts) + unfinishedName +
+                  formerName(name, hash));
 }
 
 std::optional<fs::path> FormerFiles::kept(const QString& name, const QString& hash) const
@@ -213,7 +213,7 @@ QStringList FormerFiles::bringBack(const std::vector<HeldRow>& wanted, qint64 or
 QString FormerFiles::goneMessage(const QString& name)
 {
     return JournalTexts::tr("The chart %1 stays as it is: its former file is gone from the folder %2.")
-        .arg(name, chartsFolder + u'/' + formerFolder.chopped(1));
+        .arg(name, u"orgcharts/former"_s);
 }
 
 bool FormerFiles::hasReplaced() const
@@ -293,8 +293,8 @@ void FormerFiles::settle(DatabaseSession& session, const ProgramFolder& folder)
     FormerFiles files(folder);
     std::vector<QRegularExpressionMatch> found;
     std::error_code code;
-    for (fs::directory_iterator entry(files.chart(formerFolder), code), end; !code && entry != end;
-         entry.increment(code)) {
+    for (fs::directory_iterator entry(pathOf(folder.folderPath(ProgramFolders::formerCharts)), code), end;
+         !code && entry != end; entry.increment(code)) {
         const QString name = QFile::decodeName(entry->path().filename().c_str());
         if (auto match = pattern.match(name); match.hasMatch()) found.push_back(std::move(match));
         if (name.startsWith(u".upload-")) fs::remove(entry->path(), code);
