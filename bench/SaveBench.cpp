@@ -301,7 +301,8 @@ void organization(benchmark::State& state, bool adds)
             hand.insert("OrganizationProfile", with({{"OrganizationProfileID", id}}, profileRow));
         else
             hand.update("OrganizationProfile", profileRow, id, "OrganizationProfileID");
-        hand.settings("OrganizationProfileJurisdictions", "JurisdictionID", id, settings.jurisdictions.size());
+        hand.settings("OrganizationProfileJurisdictions", "JurisdictionID", id,
+                      settings.jurisdictions.size());
         hand.settings("OrganizationProfilePopulations", "PopulationID", id, settings.populations.size());
         hand.link("OrganizationVenues", "OrganizationID", "VenueID", id);
         hand.insert("Organization_HIST",

@@ -86,6 +86,7 @@ void DatabaseSession::open(const QString& file, Access access)
         m_database = std::move(opened);
         m_catalog = std::move(catalog);
         m_prepared = std::make_shared<PreparedStatements>();
+        m_heldPrepared.clear();
         m_fileName = file;
         m_dataVersion = dataVersion;
         m_opened = access;
@@ -98,6 +99,7 @@ void DatabaseSession::open(const QString& file, Access access)
 void DatabaseSession::close()
 {
     m_prepared.reset();
+    m_heldPrepared.clear();
     m_database.reset();
     m_catalog = {};
     m_fileName.clear();
@@ -180,6 +182,20 @@ PreparedStatements::Loan DatabaseSession::prepareOnce(const QString& engineState
 {
     return PreparedStatements::lend({}, {},
                                     PreparedStatement(prepare(engineStatement, Access::Read), m_catalog));
+}
+
+/// Prepares a statement of SQLite with values for its `?`, or takes one that was prepared for the same
+/// access.
+PreparedStatements::Loan DatabaseSession::prepareHeld(const QString& engineStatement, Access access)
+{
+    database();
+    auto& owner = m_heldPrepared[access];
+    if (!owner) owner = std::make_shared<PreparedStatements>();
+    auto prepared = PreparedStatements::take(owner, engineStatement);
+    m_watch.beginStep();
+    if (prepared) return prepared;
+    return PreparedStatements::lend(owner, engineStatement,
+                                    PreparedStatement(prepare(engineStatement, access), m_catalog));
 }
 
 RecordSet DatabaseSession::readOnce(const QString& engineStatement, const QString& built)

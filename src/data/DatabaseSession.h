@@ -12,6 +12,7 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <map>
 #include <memory>
 #include <utility>
 
@@ -44,7 +45,8 @@ public:
     /// Throws an Error that names the cause if the open file can be read but not changed.
     void requireWritable() const;
 
-    /// Whether the open file has a journal of its changes, as every file has that the program was asked to open.
+    /// Whether the open file has a journal of its changes, as every file has that the program was asked to
+    /// open.
     [[nodiscard]] bool keepsJournal() const { return m_keepsJournal; }
 
     /// Whether another program has changed the open file since this was asked last or, the first time, since
@@ -80,6 +82,7 @@ private:
     PreparedStatements::Loan prepareToRead(const QString& statement);
     PreparedStatements::Loan prepareOnce(const QString& engineStatement);
     RecordSet readOnce(const QString& engineStatement, const QString& built = {});
+    PreparedStatements::Loan prepareHeld(const QString& engineStatement, Access access);
     EngineStatement prepare(const QString& engineStatement, Access access);
     void runInEngine(const QString& engineStatement);
 
@@ -97,12 +100,14 @@ private:
     std::shared_ptr<SQLite::Database> m_database; ///< shared with the statements that still read
     Catalog m_catalog;
     std::shared_ptr<PreparedStatements> m_prepared; ///< of the open file
+    std::map<Access, std::shared_ptr<PreparedStatements>>
+        m_heldPrepared; ///< those of HeldRows, by what they may do
     QString m_fileName;
     Access m_access = Access::Read;
     Access m_opened = Access::Write; ///< what the file was opened for
     bool m_keepsJournal = false;
-    bool m_writesRecords = false;    ///< while there is a RecordWriting
-    qint64 m_dataVersion = 0;        ///< of SQLite; stays the same until another connection writes
+    bool m_writesRecords = false; ///< while there is a RecordWriting
+    qint64 m_dataVersion = 0;     ///< of SQLite; stays the same until another connection writes
     StatementWatch m_watch;
 };
 

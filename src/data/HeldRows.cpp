@@ -39,24 +39,23 @@ const Value& valueOf(const HeldRow& row, QStringView column)
 
 std::vector<HeldRow> HeldRows::read(const QString& engineStatement, const std::vector<Value>& values) const
 {
-    EngineStatement statement = m_session.prepare(engineStatement, Access::Read);
+    const PreparedStatements::Loan prepared = m_session.prepareHeld(engineStatement, Access::Read);
+    EngineStatement& statement = prepared->statement;
     bindAll(statement, values);
-    std::vector<QString> names;
-    for (int column = 0; column < statement.columnCount(); ++column)
-        names.push_back(statement.columnName(column));
     std::vector<HeldRow> rows;
     while (statement.step()) {
         HeldRow& row = rows.emplace_back();
-        for (std::size_t column = 0; column < names.size(); ++column)
-            row.emplace_back(names[column], valueAt(statement, static_cast<int>(column)));
+        row.reserve(prepared->names.size());
+        for (std::size_t column = 0; column < prepared->names.size(); ++column)
+            row.emplace_back(prepared->names[column], valueAt(statement, static_cast<int>(column)));
     }
     return rows;
 }
 
 int HeldRows::write(const QString& engineStatement, const std::vector<Value>& values) const
 {
-    EngineStatement statement = m_session.prepare(engineStatement, m_session.writeAccess());
-    bindAll(statement, values);
-    m_session.run(statement);
+    const PreparedStatements::Loan prepared = m_session.prepareHeld(engineStatement, m_session.writeAccess());
+    bindAll(prepared->statement, values);
+    m_session.run(prepared->statement);
     return m_session.database()->getChanges();
 }

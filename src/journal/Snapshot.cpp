@@ -9,12 +9,14 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 #include <QStringList>
 
 #include <sqlite3.h>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -42,12 +44,45 @@ QString statement(const QString& table, const QString& recordColumn, const std::
                                                                           recordColumn);
 }
 
-QJsonValue jsonOf(const Value& value)
+/// Texts are long, so they are taken over in one piece as far as nothing in them needs to be escaped.
+void appendText(QString& json, const QString& text)
 {
-    if (const auto* whole = std::get_if<qint64>(&value)) return *whole;
-    if (const auto* real = std::get_if<double>(&value)) return *real;
-    if (const auto* text = std::get_if<QString>(&value)) return *text;
-    return QJsonValue::Null;
+    json += u'"';
+    qsizetype begin = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t unit = text[i].unicode();
+        if (unit >= u' ' && unit != u'"' && unit != u'\\') continue;
+        json += QStringView(text).mid(begin, i - begin);
+        json += unit < u' ' ? u"\\u%1"_s.arg(unit, 4, 16, QChar(u'0')) : QString(u'\\') + text[i];
+        begin = i + 1;
+    }
+    json += QStringView(text).mid(begin);
+    json += u'"';
+}
+
+void appendValue(QString& json, const Value& value)
+{
+    if (const auto* text = std::get_if<QString>(&value)) return appendText(json, *text);
+    if (const auto* whole = std::get_if<qint64>(&value)) {
+        json += QString::number(*whole);
+    } else if (const auto* real = std::get_if<double>(&value); real != nullptr && std::isfinite(*real)) {
+        json += QString::number(*real, 'g', QLocale::FloatingPointShortest);
+    } else {
+        json += u"null"_s;
+    }
+}
+
+void appendRow(QString& json, const HeldRow& row)
+{
+    json += u'{';
+    bool isFirst = true;
+    for (const auto& [column, value] : row) {
+        if (!std::exchange(isFirst, false)) json += u',';
+        appendText(json, column);
+        json += u':';
+        appendValue(json, value);
+    }
+    json += u'}';
 }
 
 /// A number without a fraction comes back as a whole one; a column of numbers takes either for the same.
@@ -126,18 +161,19 @@ Snapshot Snapshots::ofRecord(DatabaseSession& session, RecordKind kind, qint64 i
 Value Snapshots::toJson(const Snapshot& snapshot)
 {
     if (snapshot.isEmpty()) return {};
-    QJsonObject tables;
+    QString json(u'{');
+    json.reserve(2000);
     for (const auto& [table, rows] : snapshot.tables) {
-        QJsonArray array;
+        if (json.size() > 1) json += u',';
+        appendText(json, table);
+        json += u":["_s;
         for (const HeldRow& row : rows) {
-            QJsonObject object;
-            for (const auto& [column, value] : row)
-                object.insert(column, jsonOf(value));
-            array.append(object);
+            if (&row != &rows.front()) json += u',';
+            appendRow(json, row);
         }
-        tables.insert(table, array);
+        json += u']';
     }
-    return QString::fromUtf8(QJsonDocument(tables).toJson(QJsonDocument::Compact));
+    return json + u'}';
 }
 
 Snapshot Snapshots::fromJson(const Value& json)
