@@ -6,6 +6,7 @@
 #include "BenchWindow.h"
 #include "data/DatabaseSession.h"
 #include "lists/ListStore.h"
+#include "platform/Clock.h"
 
 #include <QFile>
 
@@ -88,7 +89,8 @@ void merge(benchmark::State& state)
         useOneEntry(copy, list);
         DatabaseSession session;
         session.open(copy);
-        ListStore store(session);
+        const SystemClock clock;
+        ListStore store(session, clock);
         reads.push_back(timeOf([&] { (void)store.read(list); }).count());
         const int before = usesByHand(copy, list, "2, 3").first;
         ListOutcome outcome;

@@ -37,6 +37,18 @@ const Value& valueOf(const HeldRow& row, QStringView column)
     return none;
 }
 
+qint64 wholeNumberOf(const HeldRow& row, QStringView column)
+{
+    const auto* number = std::get_if<qint64>(&valueOf(row, column));
+    return number == nullptr ? 0 : *number;
+}
+
+QString textOf(const HeldRow& row, QStringView column)
+{
+    const auto* text = std::get_if<QString>(&valueOf(row, column));
+    return text == nullptr ? QString() : *text;
+}
+
 std::vector<HeldRow> HeldRows::read(const QString& engineStatement, const std::vector<Value>& values) const
 {
     const PreparedStatements::Loan prepared = m_session.prepareHeld(engineStatement, Access::Read);

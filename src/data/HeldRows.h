@@ -17,6 +17,10 @@ using HeldRow = std::vector<std::pair<QString, Value>>;
 /// The value of a column, in any letter case; null if there is no such column.
 [[nodiscard]] const Value& valueOf(const HeldRow& row, QStringView column);
 
+/// The same if it is a whole number or a text; else 0, or an empty text.
+[[nodiscard]] qint64 wholeNumberOf(const HeldRow& row, QStringView column);
+[[nodiscard]] QString textOf(const HeldRow& row, QStringView column);
+
 /// Reads and writes rows exactly as the file holds them, by statements of SQLite with values for their `?`.
 /// What the session refuses to any statement it refuses to these, too. Every failure is an Error.
 class HeldRows
@@ -28,7 +32,7 @@ public:
     [[nodiscard]] std::vector<HeldRow> read(const QString& engineStatement,
                                             const std::vector<Value>& values = {}) const;
 
-    /// Returns the number of rows changed.
+    /// Returns the number of rows changed. A statement that is run again and again is prepared once.
     int write(const QString& engineStatement, const std::vector<Value>& values = {}) const;
 
 private:

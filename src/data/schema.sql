@@ -288,7 +288,8 @@ CREATE TABLE Organization_HIST (
 -- `After` are JSON: an object with the rows of each table as an array of objects, for a record all of them with
 -- the names of what it is linked to, for a list those that changed; NULL if there were none. `Reverses` is the
 -- step that this one took back, or that it did again. `UndoStep` and `RedoStep` are the steps that the commands
--- of these names take back from here on; 0 if there is none.
+-- of these names take back from here on; 0 if there is none. The long texts come last, so that the rest is read
+-- without them.
 
 CREATE TABLE Journal (
     Number INTEGER PRIMARY KEY,
@@ -298,11 +299,11 @@ CREATE TABLE Journal (
     Kind TEXT NOT NULL,
     Identifier INTEGER NOT NULL,
     Title TEXT,
-    Before TEXT,
-    After TEXT,
     Reverses INTEGER,
     UndoStep INTEGER NOT NULL,
-    RedoStep INTEGER NOT NULL
+    RedoStep INTEGER NOT NULL,
+    Before TEXT,
+    After TEXT
 );
 
 CREATE INDEX JournalOfRecord ON Journal (Kind, Identifier, Number);

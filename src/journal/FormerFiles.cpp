@@ -23,19 +23,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const QString filesTable = u"Files"_s;
+const QString filesTable = Snapshots::fileRows.toString();
 const QString chartsFolder = u"orgcharts"_s;
 const QString unfinishedName = u".replaced-"_s; ///< before the name that a former file gets by the commit
 
 fs::path pathOf(const QString& path)
 {
     return {QFile::encodeName(path).toStdString()};
-}
-
-QString textOf(const HeldRow& row, QStringView column)
-{
-    const auto* text = std::get_if<QString>(&valueOf(row, column));
-    return text == nullptr ? QString() : *text;
 }
 
 /// SHA-256 in hexadecimal; std::nullopt if there is no file.

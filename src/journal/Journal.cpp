@@ -3,6 +3,7 @@
 #include "journal/Journal.h"
 
 #include "data/DatabaseSession.h"
+#include "journal/RecordParts.h"
 
 #include <array>
 #include <utility>
@@ -17,16 +18,10 @@ constexpr std::array words{std::pair(JournalAction::Add, QStringView(u"add")),
                            std::pair(JournalAction::Restore, QStringView(u"restore")),
                            std::pair(JournalAction::List, QStringView(u"list"))};
 
-qint64 whole(const HeldRow& row, QStringView column)
-{
-    const auto* number = std::get_if<qint64>(&valueOf(row, column));
-    return number == nullptr ? 0 : *number;
-}
-
 /// Gives a step the number of its first row, unless the last row of the journal belongs to it already.
 void begin(JournalStep& step, const std::vector<HeldRow>& last, qint64 number)
 {
-    if (step.number != 0 && !last.empty() && whole(last.front(), u"Step") == step.number) return;
+    if (step.number != 0 && !last.empty() && wholeNumberOf(last.front(), u"Step") == step.number) return;
     step.number = number;
     if (step.reverses != 0) return;
     step.undoStep = number;
@@ -40,7 +35,7 @@ void Journal::append(DatabaseSession& session, const QDateTime& moment, const Jo
 {
     const HeldRows rows(session);
     const auto last = rows.read(u"SELECT Number, Step FROM Journal ORDER BY Number DESC LIMIT 1"_s);
-    const qint64 number = last.empty() ? 1 : whole(last.front(), u"Number") + 1;
+    const qint64 number = last.empty() ? 1 : wholeNumberOf(last.front(), u"Number") + 1;
     begin(step, last, number);
     rows.write(u"INSERT INTO Journal (Number, Step, Moment, What, Kind, Identifier, Title, Before, After, "
                "Reverses, UndoStep, RedoStep) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
@@ -56,7 +51,21 @@ qint64 Journal::largestIdentifier(DatabaseSession& session, RecordKind kind)
     const auto rows =
         HeldRows(session).read(u"SELECT ifnull(max(Identifier), 0) AS Largest FROM Journal WHERE Kind = ?"_s,
                                {recordNames(kind).record});
-    return whole(rows.front(), u"Largest");
+    return wholeNumberOf(rows.front(), u"Largest");
+}
+
+JournalAction Journal::actionBetween(RecordKind kind, const Snapshot& before, const Snapshot& after)
+{
+    const RecordParts& record = recordParts(kind);
+    const auto isDeleted = [&record](const Snapshot& snapshot) {
+        const std::vector<HeldRow>& rows = snapshot.rows(record.names.record);
+        if (rows.empty()) return true;
+        const auto* status = std::get_if<QString>(&valueOf(rows.front(), record.statusColumn));
+        return status != nullptr && status->compare(u"DELETED", Qt::CaseInsensitive) == 0;
+    };
+    if (before.rows(record.names.record).empty()) return JournalAction::Add;
+    if (isDeleted(before) == isDeleted(after)) return JournalAction::Change;
+    return isDeleted(after) ? JournalAction::Delete : JournalAction::Restore;
 }
 
 QString Journal::wordOf(JournalAction action)

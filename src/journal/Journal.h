@@ -56,6 +56,9 @@ void append(DatabaseSession& session, const QDateTime& moment, const JournalEntr
 /// of none. Identifiers are not given twice, so that no record inherits the past of another one.
 [[nodiscard]] qint64 largestIdentifier(DatabaseSession& session, RecordKind kind);
 
+/// What was done to a record, by its own row before and after it.
+[[nodiscard]] JournalAction actionBetween(RecordKind kind, const Snapshot& before, const Snapshot& after);
+
 /// The word for an action in the table, and back; std::nullopt for any other word.
 [[nodiscard]] QString wordOf(JournalAction action);
 [[nodiscard]] std::optional<JournalAction> actionOf(const QString& word);

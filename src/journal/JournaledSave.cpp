@@ -2,31 +2,7 @@
 
 #include "journal/JournaledSave.h"
 
-#include "journal/RecordParts.h"
 #include "util/Error.h"
-
-namespace {
-
-QString textOf(const std::vector<HeldRow>& rows, const QString& column)
-{
-    const auto* text = rows.empty() ? nullptr : std::get_if<QString>(&valueOf(rows.front(), column));
-    return text == nullptr ? QString() : *text;
-}
-
-/// What a save did, by the rows of the record's own table before and after it.
-JournalAction actionOf(const RecordParts& record, const std::vector<HeldRow>& before,
-                       const std::vector<HeldRow>& after)
-{
-    if (before.empty()) return JournalAction::Add;
-    const auto isDeleted = [&record](const std::vector<HeldRow>& rows) {
-        return rows.empty() ||
-               textOf(rows, record.statusColumn).compare(u"DELETED", Qt::CaseInsensitive) == 0;
-    };
-    if (isDeleted(before) == isDeleted(after)) return JournalAction::Change;
-    return isDeleted(after) ? JournalAction::Delete : JournalAction::Restore;
-}
-
-} // namespace
 
 JournaledSave::JournaledSave(DatabaseSession& session, const Clock& clock, RecordKind kind,
                              std::optional<qint64> identifier, JournalStep* step)
@@ -78,18 +54,17 @@ void JournaledSave::commit()
 void JournaledSave::note()
 {
     if (!m_identifier) return;
-    const RecordParts& record = recordParts(m_kind);
+    const RecordNames names = recordNames(m_kind);
     JournalEntry entry;
     entry.after = Snapshots::ofRecord(m_session, m_kind, *m_identifier);
     const bool hasFiles = m_files && m_files->hasReplaced();
     if (!hasFiles && Snapshots::areEqual(m_kind, m_before, entry.after)) return;
     entry.before = std::move(m_before);
     if (hasFiles) m_files->note(entry.before, entry.after);
-    const std::vector<HeldRow>& before = entry.before.rows(record.names.record);
-    const std::vector<HeldRow>& after = entry.after.rows(record.names.record);
-    entry.action = m_action.value_or(actionOf(record, before, after));
-    entry.kind = record.names.record;
+    entry.action = m_action.value_or(Journal::actionBetween(m_kind, entry.before, entry.after));
+    entry.kind = names.record;
     entry.identifier = *m_identifier;
-    entry.title = textOf(after.empty() ? before : after, record.names.name);
+    entry.title =
+        Snapshots::titleOf(m_kind, entry.after.rows(names.record).empty() ? entry.before : entry.after);
     Journal::append(m_session, m_moment, entry, *m_step);
 }

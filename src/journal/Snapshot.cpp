@@ -62,11 +62,13 @@ void appendText(QString& json, const QString& text)
 
 void appendValue(QString& json, const Value& value)
 {
-    if (const auto* text = std::get_if<QString>(&value)) return appendText(json, *text);
+    const auto* real = std::get_if<double>(&value);
     if (const auto* whole = std::get_if<qint64>(&value)) {
         json += QString::number(*whole);
-    } else if (const auto* real = std::get_if<double>(&value); real != nullptr && std::isfinite(*real)) {
+    } else if (real != nullptr && std::isfinite(*real)) {
         json += QString::number(*real, 'g', QLocale::FloatingPointShortest);
+    } else if (const auto* text = std::get_if<QString>(&value)) {
+        appendText(json, *text);
     } else {
         json += u"null"_s;
     }
@@ -74,15 +76,30 @@ void appendValue(QString& json, const Value& value)
 
 void appendRow(QString& json, const HeldRow& row)
 {
-    json += u'{';
-    bool isFirst = true;
+    QChar before = u'{';
     for (const auto& [column, value] : row) {
-        if (!std::exchange(isFirst, false)) json += u',';
+        json += before;
         appendText(json, column);
         json += u':';
         appendValue(json, value);
+        before = u',';
     }
-    json += u'}';
+    json += before == u'{' ? u"{}"_s : u"}"_s;
+}
+
+/// By hand, since a change to a list can have hundreds of thousands of rows.
+void appendRows(QString& json, const QString& table, const std::vector<HeldRow>& rows)
+{
+    json += json.isEmpty() ? u'{' : u',';
+    appendText(json, table);
+    json += u':';
+    QChar before = u'[';
+    for (const HeldRow& row : rows) {
+        json += before;
+        appendRow(json, row);
+        before = u',';
+    }
+    json += before == u'[' ? u"[]"_s : u"]"_s;
 }
 
 /// A number without a fraction comes back as a whole one; a column of numbers takes either for the same.
@@ -142,6 +159,16 @@ const std::vector<HeldRow>& Snapshot::rows(const QString& table) const
     return found == tables.end() ? none : found->second;
 }
 
+bool Snapshots::isTable(const QString& name)
+{
+    return name != operationRows && name != fileRows;
+}
+
+bool Snapshots::areSame(const Value& one, const Value& other)
+{
+    return comparable(one) == comparable(other);
+}
+
 Snapshot Snapshots::ofRecord(DatabaseSession& session, RecordKind kind, qint64 identifier)
 {
     const RecordParts& record = recordParts(kind);
@@ -158,21 +185,21 @@ Snapshot Snapshots::ofRecord(DatabaseSession& session, RecordKind kind, qint64 i
     return snapshot;
 }
 
+QString Snapshots::titleOf(RecordKind kind, const Snapshot& record)
+{
+    const RecordNames names = recordNames(kind);
+    const std::vector<HeldRow>& rows = record.rows(names.record);
+    return rows.empty() ? QString() : textOf(rows.front(), names.name);
+}
+
 Value Snapshots::toJson(const Snapshot& snapshot)
 {
     if (snapshot.isEmpty()) return {};
-    QString json(u'{');
-    json.reserve(2000);
-    for (const auto& [table, rows] : snapshot.tables) {
-        if (json.size() > 1) json += u',';
-        appendText(json, table);
-        json += u":["_s;
-        for (const HeldRow& row : rows) {
-            if (&row != &rows.front()) json += u',';
-            appendRow(json, row);
-        }
-        json += u']';
-    }
+    QString json;
+    const auto operation = snapshot.tables.find(operationRows.toString());
+    if (operation != snapshot.tables.end()) appendRows(json, operation->first, operation->second);
+    for (const auto& [table, rows] : snapshot.tables)
+        if (table != operationRows) appendRows(json, table, rows);
     return json + u'}';
 }
 

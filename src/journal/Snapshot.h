@@ -16,7 +16,11 @@ class DatabaseSession;
 ///
 /// Of a record, all that belongs to it: its row, its links, settings and profile in the order in which they
 /// were written, and beside each key the name that it stood for then, under the column of that name. Of a
-/// list, the rows that changed. Values are in held form.
+/// list, the rows that changed, with the key and the changed columns of a row that stays. Values are in held
+/// form.
+///
+/// Beside the tables there can be rows that tell of the step: `Operation`, what was done to a list, and
+/// `Files`, which files a save replaced.
 struct Snapshot
 {
     std::map<QString, std::vector<HeldRow>> tables; ///< tables without rows are left out
@@ -29,10 +33,22 @@ struct Snapshot
 
 namespace Snapshots {
 
+inline constexpr QStringView operationRows = u"Operation";
+inline constexpr QStringView fileRows = u"Files";
+
+/// Whether rows of that name are those of a table of the file.
+[[nodiscard]] bool isTable(const QString& name);
+
+/// Whether two values are the same in a column: a number without a fraction is not told from a whole one.
+[[nodiscard]] bool areSame(const Value& one, const Value& other);
+
 /// What belongs to a record now, without a row of its own if there is no such record. Throws Error.
 [[nodiscard]] Snapshot ofRecord(DatabaseSession& session, RecordKind kind, qint64 identifier);
 
-/// As the journal holds it; null for an empty one.
+/// The title or name of a record; empty if it has no row of its own.
+[[nodiscard]] QString titleOf(RecordKind kind, const Snapshot& record);
+
+/// As the journal holds it, with what was done to a list before all else; null for an empty one.
 [[nodiscard]] Value toJson(const Snapshot& snapshot);
 
 /// Throws Error if the text is not what `toJson` makes.

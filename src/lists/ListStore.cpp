@@ -3,9 +3,11 @@
 #include "lists/ListStore.h"
 
 #include "data/DatabaseSession.h"
+#include "journal/JournaledListChange.h"
 #include "lists/KnownPlaces.h"
 #include "lists/ListMerge.h"
 #include "lists/ListReader.h"
+#include "lists/ListTouches.h"
 #include "lists/ListsTexts.h"
 #include "records/RecordIdentifier.h"
 #include "util/TextCompare.h"
@@ -69,6 +71,12 @@ qint64 rename(DatabaseSession& session, ListKind list, const LookupEntry& before
     if (!staysInState) columns << KnownPlaces::assignment(u"State"_s, state);
     KnownPlaces::write(session, columns, changed);
     return static_cast<qint64>(changed.size());
+}
+
+ListOperation operation(const QString& name, ListKind list, const LookupEntry& entry)
+{
+    const ListTable& table = listTable(list);
+    return {name, table.table, QString::fromUtf8(table.entryWord), entry.key, entry.name};
 }
 
 [[noreturn]] void refuseMissing()
@@ -150,18 +158,18 @@ ListOutcome ListStore::add(ListKind list, const LookupEntry& entry)
     ListOutcome outcome;
     LookupEntry added = trimmed(entry);
     added.key = 0;
-    writeWholly(m_session, [&] {
-        const RecordWriting writing(m_session);
-        outcome.problem = problemOf(list, added, std::nullopt);
-        if (!outcome.problem.isEmpty()) return;
-        const ListTable& table = listTable(list);
-        RecordSet last = m_session.read(u"SELECT max(%1) FROM %2"_s.arg(table.keyColumn, table.table));
-        last.next();
-        // row 1 is the reserved one, even if it is missing
-        added.key = recordIdentifier(std::max(last.integer(0), noneKey) + 1);
-        write(list, added, true);
-        outcome.key = added.key;
-    });
+    JournaledListChange change(m_session, m_clock);
+    outcome.problem = problemOf(list, added, std::nullopt);
+    if (!outcome.problem.isEmpty()) return outcome;
+    const ListTable& table = listTable(list);
+    RecordSet last = m_session.read(u"SELECT max(%1) FROM %2"_s.arg(table.keyColumn, table.table));
+    last.next();
+    // row 1 is the reserved one, even if it is missing
+    added.key = recordIdentifier(std::max(last.integer(0), noneKey) + 1);
+    change.setTouched({ListTouches::entry(list, added.key)});
+    write(list, added, true);
+    change.commit(operation(u"add"_s, list, added));
+    outcome.key = added.key;
     return outcome;
 }
 
@@ -169,63 +177,65 @@ ListOutcome ListStore::change(ListKind list, const LookupEntry& entry)
 {
     ListOutcome outcome;
     LookupEntry changed = trimmed(entry);
-    writeWholly(m_session, [&] {
-        const RecordWriting writing(m_session);
-        const auto entries = ListReader::entries(m_session, list);
-        const LookupEntry before = entryOf(list, entry.key);
-        changed.typeId = before.typeId;
-        outcome.problem = problemOf(list, changed, before);
-        if (!outcome.problem.isEmpty()) return;
-        const bool isRenamed = before.name != changed.name || before.detail != changed.detail;
-        if (list == ListKind::Cities && isRenamed) {
-            outcome.records = rename(m_session, list, before, changed, entries);
-        }
-        if (list == ListKind::States && before.name != changed.name) {
-            outcome.records = rename(m_session, list, before, changed, entries);
-            ListMerge::moveCities(m_session, before.name, changed.name);
-        }
-        write(list, changed, false);
-        outcome.key = changed.key;
-    });
+    JournaledListChange change(m_session, m_clock);
+    const auto entries = ListReader::entries(m_session, list);
+    const LookupEntry before = entryOf(list, entry.key);
+    changed.typeId = before.typeId;
+    outcome.problem = problemOf(list, changed, before);
+    if (!outcome.problem.isEmpty()) return outcome;
+    change.setTouched(ListTouches::ofChange(list, entry.key));
+    const bool isRenamed = before.name != changed.name || before.detail != changed.detail;
+    if (list == ListKind::Cities && isRenamed) {
+        outcome.records = rename(m_session, list, before, changed, entries);
+    }
+    if (list == ListKind::States && before.name != changed.name) {
+        outcome.records = rename(m_session, list, before, changed, entries);
+        ListMerge::moveCities(m_session, before.name, changed.name);
+    }
+    write(list, changed, false);
+    change.commit(operation(u"change"_s, list, changed));
+    outcome.key = changed.key;
     return outcome;
 }
 
 ListOutcome ListStore::merge(ListKind list, qint64 from, qint64 into)
 {
     ListOutcome outcome;
-    writeWholly(m_session, [&] {
-        const RecordWriting writing(m_session);
-        const LookupRow source = rowOf(list, from);
-        const LookupEntry target = entryOf(list, into);
-        if (from == into ||
-            (list == ListKind::OrganizationSubTypes && source.entry.typeId != target.typeId)) {
-            outcome.problem = ListsTexts::tr("These two entries cannot be merged.");
-            return;
-        }
-        outcome.key = into;
-        outcome.records = source.records();
-        if (list == ListKind::Cities || list == ListKind::States) {
-            rename(m_session, list, source.entry, target, ListReader::entries(m_session, list));
-        }
-        if (list == ListKind::States) ListMerge::moveCities(m_session, source.entry.name, target.name);
-        if (list == ListKind::OrganizationTypes) ListMerge::moveSubTypes(m_session, from, into);
-        ListMerge::moveKeys(m_session, list, from, into);
-        ListMerge::removeEntry(m_session, list, from);
-    });
+    JournaledListChange change(m_session, m_clock);
+    const LookupRow source = rowOf(list, from);
+    const LookupEntry target = entryOf(list, into);
+    if (from == into || (list == ListKind::OrganizationSubTypes && source.entry.typeId != target.typeId)) {
+        outcome.problem = ListsTexts::tr("These two entries cannot be merged.");
+        return outcome;
+    }
+    change.setTouched(ListTouches::ofMerge(list, from, into));
+    if (list == ListKind::Cities || list == ListKind::States) {
+        rename(m_session, list, source.entry, target, ListReader::entries(m_session, list));
+    }
+    if (list == ListKind::States) ListMerge::moveCities(m_session, source.entry.name, target.name);
+    if (list == ListKind::OrganizationTypes) ListMerge::moveSubTypes(m_session, from, into);
+    ListMerge::moveKeys(m_session, list, from, into);
+    ListMerge::removeEntry(m_session, list, from);
+    ListOperation merged = operation(u"merge"_s, list, source.entry);
+    merged.into = target.name;
+    change.commit(merged);
+    outcome.key = into;
+    outcome.records = source.records();
     return outcome;
 }
 
 ListOutcome ListStore::remove(ListKind list, qint64 key)
 {
     ListOutcome outcome;
-    writeWholly(m_session, [&] {
-        const RecordWriting writing(m_session);
-        outcome.problem = hindranceOfRemoval(list, rowOf(list, key));
-        if (!outcome.problem.isEmpty()) return;
-        ListMerge::removeKeys(m_session, list, key);
-        ListMerge::removeEntry(m_session, list, key);
-        outcome.key = key;
-    });
+    JournaledListChange change(m_session, m_clock);
+    const LookupRow row = rowOf(list, key);
+    outcome.problem = hindranceOfRemoval(list, row);
+    if (!outcome.problem.isEmpty()) return outcome;
+    change.setTouched(ListTouches::ofRemoval(list, key));
+    ListMerge::removeKeys(m_session, list, key);
+    ListMerge::removeEntry(m_session, list, key);
+    change.commit(operation(u"delete"_s, list, row.entry));
+    outcome.key = key;
     return outcome;
 }
 

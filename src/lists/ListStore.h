@@ -4,6 +4,7 @@
 
 #include "lists/ListKind.h"
 #include "lists/LookupEntry.h"
+#include "platform/Clock.h"
 
 #include <QString>
 
@@ -20,13 +21,14 @@ struct ListOutcome
     qint64 records = 0; ///< how many records changed with it, deleted ones included
 };
 
-/// Changes the lists. Each change is written wholly or not at all: it returns a problem, or throws Error, if
-/// nothing was written. The history of the records stays as it is, since it tells the past.
+/// Changes the lists. Each change is written wholly or not at all, and noted in the journal: it returns a
+/// problem, or throws Error, if nothing was written. The history of the records stays as it is, since it
+/// tells the past.
 class ListStore
 {
 public:
-    /// The session must outlive the store.
-    explicit ListStore(DatabaseSession& session) : m_session(session) {}
+    /// The session and the clock must outlive the store.
+    ListStore(DatabaseSession& session, const Clock& clock) : m_session(session), m_clock(clock) {}
 
     /// All entries of a list that can be changed, with what uses them, ordered by name. Throws Error.
     [[nodiscard]] std::vector<LookupRow> read(ListKind list) const;
@@ -64,4 +66,5 @@ private:
     void write(ListKind list, const LookupEntry& entry, bool isNew);
 
     DatabaseSession& m_session;
+    const Clock& m_clock;
 };

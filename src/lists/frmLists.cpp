@@ -28,7 +28,7 @@ constexpr QSize firstSize(860, 560);
 } // namespace
 
 frmLists::frmLists(Surroundings surroundings, QWidget* parent)
-    : QDialog(parent), m_at(std::move(surroundings)), m_store(m_at.session)
+    : QDialog(parent), m_at(std::move(surroundings)), m_store(m_at.session, m_at.platform.clock)
 {
     setObjectName(QStringLiteral("frmLists"));
     setWindowTitle(tr("Lists"));

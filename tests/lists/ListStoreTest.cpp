@@ -3,6 +3,7 @@
 #include "lists/ListStore.h"
 
 #include "lists/ListReader.h"
+#include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
 #include "views/StandardQueries.h"
 
@@ -85,7 +86,8 @@ protected:
     }
 
     TestDatabase database;
-    ListStore store{database.session()};
+    ScriptedClock clock;
+    ListStore store{database.session(), clock};
 };
 
 class EveryList : public Lists, public testing::WithParamInterface<ListKind>

@@ -3,7 +3,7 @@
 #include "journal/FormerFiles.h"
 
 #include "editors/EditorTest.h"
-#include "journal/Snapshot.h"
+#include "journal/UndoSteps.h"
 #include "records/OrganizationStore.h"
 #include "support/TestFiles.h"
 
@@ -64,20 +64,7 @@ protected:
                    "json_each(After, '$.Files') WHERE Number = (SELECT max(Number) FROM Journal)");
     }
 
-    /// Goes back, or forth again, to the charts of a row of the journal; returns what could not be done.
-    QStringList exchange(int number, const char* to, const char* from)
-    {
-        const auto snapshot = [&](const char* column) {
-            const QString statement = u"SELECT ifnull(%1, '') FROM Journal WHERE Number = %2"_s;
-            return Snapshots::fromJson(ask(qPrintable(statement.arg(QString::fromUtf8(column)).arg(number))));
-        };
-        Transaction transaction(m_state.session);
-        FormerFiles files(m_state.folder);
-        QStringList gone = files.bringBack(FormerFiles::wanted(snapshot(to), snapshot(from)), 3);
-        transaction.commit();
-        files.finish();
-        return gone;
-    }
+    UndoSteps m_steps{m_state.session, m_clock, m_state.folder};
 };
 
 TEST_F(FormerFilesTest, WhatASaveReplacesIsKeptAndComesBack)
@@ -94,32 +81,33 @@ TEST_F(FormerFilesTest, WhatASaveReplacesIsKeptAndComesBack)
     EXPECT_EQ(lastNoted(), u"3.pdf  > 3.pdf "_s + hashOf("other extension"));
     EXPECT_EQ(formerContents(), QStringList(u"first"_s));
 
+    const QStringList both{u"first"_s, u"other extension"_s};
+    const QStringList all{u"first"_s, u"other extension"_s, u"second"_s};
     const struct
     {
-        int number;
-        const char* to;
-        const char* from;
+        char command; // u is Undo, r Redo, a row of the journal with each
         const char* png;
         const char* pdf;
         QStringList kept;
     } steps[] = {
-        {3, "Before", "After", "second", "(no file)", {u"first"_s, u"other extension"_s}},
-        {2, "Before", "After", "first", "(no file)", {u"first"_s, u"other extension"_s, u"second"_s}},
-        {2, "Before", "After", "first", "(no file)", {u"first"_s, u"other extension"_s, u"second"_s}},
-        {1, "Before", "After", "(no file)", "(no file)", {u"first"_s, u"other extension"_s, u"second"_s}},
-        {1, "After", "Before", "first", "(no file)", {u"first"_s, u"other extension"_s, u"second"_s}},
-        {2, "After", "Before", "second", "(no file)", {u"first"_s, u"other extension"_s, u"second"_s}},
-        {3, "After", "Before", "second", "other extension", {u"first"_s, u"other extension"_s, u"second"_s}},
+        {'u', "second", "(no file)", both},   {'u', "first", "(no file)", all},
+        {'u', "(no file)", "(no file)", all}, {'r', "first", "(no file)", all},
+        {'r', "second", "(no file)", all},    {'u', "first", "(no file)", all},
+        {'r', "second", "(no file)", all},    {'r', "second", "other extension", all},
     };
+    int number = 3;
     for (const auto& step : steps) {
-        SCOPED_TRACE(step.number);
+        SCOPED_TRACE(++number);
         m_state.session.open(m_database.fileName());
         FormerFiles::settle(m_state.session, m_state.folder);
-        EXPECT_EQ(exchange(step.number, step.to, step.from), QStringList());
+        const UndoOutcome outcome = step.command == 'u' ? m_steps.undo() : m_steps.redo();
+        EXPECT_TRUE(outcome.isDone());
+        EXPECT_EQ(outcome.messages, QStringList());
         EXPECT_EQ(contentOf(charts() + u"3.png"_s), step.png);
         EXPECT_EQ(contentOf(charts() + u"3.pdf"_s), step.pdf);
         EXPECT_EQ(formerContents(), step.kept);
     }
+    EXPECT_EQ(ask("SELECT max(Number) FROM Journal"), QString::number(number));
     const auto version = FormerFiles::ofVersion(m_state.session, 3, 1);
     ASSERT_EQ(version.size(), 2);
     EXPECT_EQ(std::get<QString>(valueOf(version[0], u"Hash")), hashOf("first"));
@@ -131,7 +119,12 @@ TEST_F(FormerFilesTest, WhatIsGoneOrLeadsElsewhereChangesNothing)
     save(u"c.png"_s, "first");
     save(u"c.png"_s, "second");
     writeFile(former(u"3-%1.png"_s.arg(hashOf("first"))), "somebody changed it");
-    EXPECT_EQ(exchange(2, "Before", "After"), QStringList(u"3.png"_s));
+    const UndoOutcome outcome = m_steps.undo();
+    EXPECT_TRUE(outcome.isDone());
+    EXPECT_EQ(outcome.messages,
+              QStringList(u"The chart 3.png stays as it is: its former file is gone from the "
+                          "folder orgcharts/former."_s));
+    EXPECT_EQ(ask("SELECT Notes FROM Organization WHERE OrganizationID = 3"), u"first"_s);
     EXPECT_EQ(contentOf(charts() + u"3.png"_s), "second");
 
     writeFile(charts() + u"4.png"_s, "of another organization");
@@ -178,8 +171,11 @@ TEST_F(FormerFilesTest, AKilledSaveLeavesTheWholeOfItOrNothing)
         if (child == 0) {
             try {
                 m_state.session.open(m_database.fileName());
-                for (int count = 0;; ++count)
+                for (int count = 0;; ++count) {
                     save(u"c.png"_s, QByteArray::number(round * 1000 + count % 7));
+                    if (count % 2 == 1) (void)m_steps.undo();
+                    if (count % 4 == 3) (void)m_steps.redo();
+                }
             } catch (const Error& error) {
                 std::fputs(error.what(), stderr);
             }

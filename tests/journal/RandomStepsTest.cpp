@@ -1,0 +1,376 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "editors/EditorTest.h"
+#include "journal/JournaledSave.h"
+#include "journal/RecordDump.h"
+#include "journal/SnapshotWriter.h"
+#include "journal/UndoSteps.h"
+#include "lists/ListStore.h"
+#include "records/DocumentStore.h"
+#include "records/EventStore.h"
+#include "records/OrganizationStore.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QHash>
+
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <random>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr unsigned seed = 20050615;
+constexpr int fewestSteps = 1000;
+constexpr int kills = 300;
+constexpr int mostStepsOfAProcess = 4;
+
+/// What the user of a collection could do, by chance, through the stores.
+class RandomUser
+{
+public:
+    RandomUser(DatabaseSession& session, const ProgramFolder& folder, const Clock& clock, QString file,
+               unsigned chance)
+        : m_session(session), m_folder(folder), m_clock(clock), m_file(std::move(file)), m_random(chance)
+    {
+    }
+
+    void doSomething()
+    {
+        switch (upTo(20)) {
+        case 0:
+            return goBackOrForth();
+        case 1:
+        case 2:
+            return deleteSome();
+        case 3:
+            return restoreOne();
+        case 4:
+        case 5:
+            return addEntry();
+        case 6:
+            return changeEntry();
+        case 7:
+            return mergeEntries();
+        case 8:
+            return removeEntry();
+        case 9:
+        case 10:
+        case 11:
+            return saveRecord(true);
+        default:
+            return saveRecord(false);
+        }
+    }
+
+private:
+    int upTo(int count) { return static_cast<int>(m_random() % static_cast<unsigned>(count)); }
+    bool oneIn(int count) { return upTo(count) == 0; }
+
+    template <typename Each>
+    const Each& oneOf(const std::vector<Each>& all)
+    {
+        return all.at(static_cast<std::size_t>(upTo(static_cast<int>(all.size()))));
+    }
+
+    QString someText()
+    {
+        static const std::vector<QString> texts{u""_s, u"it's \"quoted\" \\ \n\t"_s, u"é e\u0301 \u2028 😀"_s,
+                                                u"NULL"_s, u"5.0"_s};
+        return oneOf(texts) + QString::number(upTo(1000));
+    }
+
+    /// A record beside the reserved one, whether or not it is deleted.
+    qint64 someRecord(RecordKind kind)
+    {
+        const RecordNames names = recordNames(kind);
+        const QString ids = u"SELECT %1 FROM %2 WHERE %1 > 1"_s.arg(names.key, names.record);
+        std::vector<qint64> found;
+        for (const HeldRow& row : HeldRows(m_session).read(ids))
+            found.push_back(std::get<qint64>(row.front().second));
+        return found.empty() ? 0 : oneOf(found);
+    }
+
+    void check(std::vector<CheckEntry>& entries)
+    {
+        for (CheckEntry& each : entries)
+            if (oneIn(3)) each.isChecked = !each.isChecked;
+    }
+
+    void link(std::vector<ListEntry>& entries)
+    {
+        if (!oneIn(2)) return;
+        entries.clear();
+        for (int i = upTo(4); i > 0; --i)
+            entries.push_back({u"x"_s, 2 + i});
+    }
+
+    void fill(DocumentRecord& record)
+    {
+        if (record.id < 0) record.originalFilename = m_file;
+        record.documentName = someText();
+        record.notes = someText();
+        record.documentDescription = u"x"_s;
+        record.keyDocument = oneIn(2);
+        link(record.types);
+        link(record.categories);
+        check(record.venues);
+    }
+
+    void fill(EventRecord& record)
+    {
+        record.eventName = someText();
+        record.eventDescription = someText();
+        record.startDate = oneIn(3) ? QString() : u"09/1%1/2001"_s.arg(upTo(10));
+        link(record.functions);
+        link(record.documents);
+        link(record.organizations);
+        check(record.venues);
+    }
+
+    void fill(OrganizationRecord& record)
+    {
+        record.organizationName = someText();
+        record.state = oneIn(2) ? u"TX"_s : u"MA"_s;
+        record.city = oneIn(2) ? u"Austin"_s : someText();
+        record.functionId = 1 + upTo(3);
+        record.organizationTypeId = 1 + upTo(3);
+        record.profile.annualBudget = oneIn(2) ? QString() : u"12.50"_s;
+        record.profile.missionStatement = someText();
+        check(record.jurisdictions);
+        check(record.populations);
+        check(record.venues);
+    }
+
+    template <typename Store, typename Record>
+    void save(Store store, bool isNew, RecordKind kind, Record blank,
+              std::optional<typename Store::Problem> (Store::*add)(Record&),
+              std::optional<RecordConflict> (Store::*change)(Record&))
+    {
+        const qint64 id = isNew ? 0 : someRecord(kind);
+        if (id == 0) {
+            fill(blank);
+            (void)(store.*add)(blank);
+        } else {
+            Record record = store.load(id).record;
+            fill(record);
+            (void)(store.*change)(record);
+        }
+    }
+
+    void saveRecord(bool isNew)
+    {
+        switch (upTo(3)) {
+        case 0: {
+            DocumentStore store(m_session, m_folder, m_clock);
+            return save(store, isNew, RecordKind::Document, store.blank(std::nullopt),
+                        &DocumentStore::saveDocument, &DocumentStore::updateDocument);
+        }
+        case 1: {
+            EventStore store(m_session, m_clock);
+            return save(store, isNew, RecordKind::Event, store.blank(std::nullopt), &EventStore::saveEvent,
+                        &EventStore::updateEvent);
+        }
+        default: {
+            OrganizationStore store(m_session, m_folder, m_clock);
+            return save(store, isNew, RecordKind::Organization, store.blank(),
+                        &OrganizationStore::saveOrganization, &OrganizationStore::updateOrganization);
+        }
+        }
+    }
+
+    void deleteSome()
+    {
+        JournalStep step;
+        EventStore events(m_session, m_clock);
+        DocumentStore documents(m_session, m_folder, m_clock);
+        for (int i = upTo(3); i >= 0; --i) {
+            const bool isEvent = oneIn(2);
+            const qint64 id = someRecord(isEvent ? RecordKind::Event : RecordKind::Document);
+            if (id != 0) isEvent ? events.deleteEvent(id, &step) : documents.deleteDocument(id, &step);
+        }
+    }
+
+    /// Makes a record what it was at some moment.
+    void restoreOne()
+    {
+        const auto rows = HeldRows(m_session).read(
+            u"SELECT Kind, Identifier, Before FROM Journal WHERE What IN ('change', 'delete') AND Before IS "
+            u"NOT NULL "
+            "AND Identifier IN (SELECT DocumentID FROM Document) AND Kind = 'Document' ORDER BY Number DESC LIMIT 30"_s);
+        if (rows.empty()) return;
+        const HeldRow& row = oneOf(rows);
+        const qint64 id = wholeNumberOf(row, u"Identifier");
+        JournaledSave save(m_session, m_clock, RecordKind::Document, id);
+        save.setAction(JournalAction::Restore);
+        SnapshotWriter::writeRecord(m_session, RecordKind::Document, id,
+                                    Snapshots::ofRecord(m_session, RecordKind::Document, id),
+                                    Snapshots::fromJson(valueOf(row, u"Before")));
+        save.commit();
+    }
+
+    void goBackOrForth()
+    {
+        UndoSteps steps(m_session, m_clock, m_folder);
+        for (int i = upTo(4); i >= 0; --i)
+            (void)steps.undo();
+        for (int i = upTo(4); i > 0; --i)
+            (void)steps.redo();
+    }
+
+    ListKind someList() { return listKinds[static_cast<std::size_t>(upTo(listKinds.size()))]; }
+
+    LookupEntry someEntry(qint64 key)
+    {
+        LookupEntry entry{key, someText(), oneIn(2) ? u"TX"_s : u"MA"_s, 2 + upTo(2)};
+        if (oneIn(2)) entry.position = MapPosition{30.267153000000003, oneIn(2) ? -97.0 : -97.743061};
+        return entry;
+    }
+
+    void addEntry() { (void)ListStore(m_session, m_clock).add(someList(), someEntry(0)); }
+
+    void changeEntry()
+    {
+        const ListKind list = someList();
+        ListStore store(m_session, m_clock);
+        const auto names = store.names(list);
+        if (!names.empty()) (void)store.change(list, someEntry(oneOf(names).key));
+    }
+
+    void mergeEntries()
+    {
+        const ListKind list = someList();
+        ListStore store(m_session, m_clock);
+        const auto names = store.names(list);
+        if (names.size() > 2) (void)store.merge(list, oneOf(names).key, oneOf(names).key);
+    }
+
+    void removeEntry()
+    {
+        const ListKind list = someList();
+        ListStore store(m_session, m_clock);
+        const auto names = store.names(list);
+        if (names.size() > 2) (void)store.remove(list, oneOf(names).key);
+    }
+
+    DatabaseSession& m_session;
+    const ProgramFolder& m_folder;
+    const Clock& m_clock;
+    QString m_file;
+    std::mt19937 m_random;
+};
+
+class RandomSteps : public EditorTest
+{
+protected:
+    /// Works until it is killed, or has done enough steps. Notes each state that it has left.
+    [[noreturn]] void work(unsigned chance, int most)
+    {
+        try {
+            m_state.session.open(m_database.fileName()); // a connection cannot be shared with another process
+            RandomUser user(m_state.session, m_state.folder, m_clock, m_file, chance);
+            for (int i = 0; i < most; ++i) {
+                user.doSomething();
+                QFile noted(m_noted);
+                if (!noted.open(QIODevice::Append)) _exit(2);
+                noted.write(QByteArray::number(place()) + ' ' + state() + '\n');
+            }
+        } catch (const Error& error) {
+            std::fprintf(stderr, "Error %d: %s\n", error.number(), error.what());
+            _exit(1);
+        }
+        if (most == mostStepsOfAProcess) pause();
+        _exit(0);
+    }
+
+    /// The step that Undo would take back: where the file is in the course of its steps.
+    [[nodiscard]] qint64 place() const
+    {
+        return ask("SELECT ifnull(max(UndoStep), 0) FROM Journal WHERE Number = (SELECT max(Number) FROM "
+                   "Journal)")
+            .toLongLong();
+    }
+
+    [[nodiscard]] QByteArray state() const
+    {
+        const QByteArray dump = recordDump(m_database.fileName());
+        return QCryptographicHash::hash(dump, QCryptographicHash::Sha1).toHex();
+    }
+
+    /// Takes over what a process noted before it ended, and looks at what it left.
+    void takeStates()
+    {
+        QFile noted(m_noted);
+        if (noted.open(QIODevice::ReadWrite)) {
+            for (const QByteArray& line : noted.readAll().split('\n'))
+                if (line.size() > 40) expectState(line.split(' ').front().toLongLong(), line.last(40));
+            noted.resize(0);
+        }
+        // a deletion of several records that was interrupted is a step, too
+        m_states.insert(place(), state());
+    }
+
+    /// A place has one state, whichever way leads there.
+    void expectState(qint64 at, const QByteArray& found)
+    {
+        ASSERT_EQ(m_states.value(at, found).toStdString(), found.toStdString()) << "after step " << at;
+        m_states.insert(at, found);
+    }
+
+    /// Takes back or does again as long as there is something; returns how many steps there were.
+    int go(UndoOutcome (UndoSteps::*direction)(Undo))
+    {
+        UndoSteps steps(m_state.session, m_clock, m_state.folder);
+        int count = 0;
+        for (; (steps.*direction)(Undo::UnlessChanged).isDone(); ++count)
+            expectState(place(), state());
+        return count;
+    }
+
+    QString m_file = userFile(u"a.pdf"_s, "%PDF");
+    QString m_noted = m_database.folder() + u"/noted"_s;
+    QHash<qint64, QByteArray> m_states;
+};
+
+TEST_F(RandomSteps, AreTakenBackAndDoneAgainAlthoughProcessesDie)
+{
+    std::printf("seed %u\n", seed);
+    std::mt19937 random(seed);
+    m_state.session.close();
+    takeStates();
+    int interruptedWhileWriting = 0;
+    const auto steps = [this] {
+        return ask("SELECT count(DISTINCT Step) FROM Journal WHERE Reverses IS NULL").toInt();
+    };
+    for (int round = 0; round < kills || steps() < fewestSteps; ++round) {
+        const bool isKilled = round < kills;
+        const pid_t child = fork();
+        if (child == 0) work(seed + 1 + static_cast<unsigned>(round), isKilled ? mostStepsOfAProcess : 100);
+        if (isKilled) {
+            std::this_thread::sleep_for(std::chrono::microseconds(2000 + random() % 40000));
+            kill(child, SIGKILL);
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        ASSERT_TRUE(isKilled ? WIFSIGNALED(status) : WEXITSTATUS(status) == 0);
+        if (QFile::exists(m_database.fileName() + u"-journal"_s)) ++interruptedWhileWriting;
+        m_database.run("SELECT count(*) FROM Document"); // rolls back what is unfinished
+        ASSERT_EQ(ask("PRAGMA integrity_check"), u"ok"_s);
+        ASSERT_NO_FATAL_FAILURE(takeStates());
+    }
+    EXPECT_GT(interruptedWhileWriting, 0);
+    m_state.session.open(m_database.fileName());
+    ASSERT_NO_FATAL_FAILURE(go(&UndoSteps::redo));
+    const int undone = go(&UndoSteps::undo);
+    EXPECT_EQ(place(), 0);
+    EXPECT_EQ(go(&UndoSteps::redo), undone);
+    EXPECT_GT(undone, fewestSteps / 2);
+}
+
+} // namespace
