@@ -307,6 +307,8 @@ CREATE TABLE Journal (
 );
 
 CREATE INDEX JournalOfRecord ON Journal (Kind, Identifier, Number);
+-- when a record was deleted
+CREATE INDEX JournalOfDeletion ON Journal (Kind, Identifier, Moment, What) WHERE What = 'delete';
 
 -- Indexes -----------------------------------------------------------------------------------------
 -- Both directions of every link, and what the lists, the timeline's limits and its window ask for. The lists

@@ -77,11 +77,20 @@ void RecordDialog::makeButtons()
     buttons->addButton(m_cancel, QDialogButtonBox::RejectRole);
     lblRequired = new QLabel(tr("Fields marked * are required."), this);
     lblRequired->setObjectName(QStringLiteral("lblRequired"));
+    cmdHistory = new QPushButton(tr("History…"), this);
+    cmdHistory->setObjectName(QStringLiteral("cmdHistory"));
+    cmdHistory->setAutoDefault(false);
+    // every letter that could stand behind Alt belongs to a field of one of the three forms
+    cmdHistory->setShortcut(Qt::CTRL | Qt::Key_H);
+    cmdHistory->setToolTip(tr("Shows the versions of this record (%1)")
+                               .arg(cmdHistory->shortcut().toString(QKeySequence::NativeText)));
     m_buttons = new QHBoxLayout;
+    m_buttons->addWidget(cmdHistory);
     m_buttons->addWidget(lblRequired);
     m_buttons->addStretch();
     m_buttons->addWidget(buttons);
     m_layout->addLayout(m_buttons);
+    connect(cmdHistory, &QPushButton::clicked, this, &RecordDialog::historyAsked);
     connect(m_ok, &QPushButton::clicked, this, &RecordDialog::cmdOK);
     connect(m_cancel, &QPushButton::clicked, this, &RecordDialog::reject);
     // in a text of several lines, Return alone begins a new line
@@ -145,6 +154,7 @@ void RecordDialog::setMode(EditorMode mode)
     showRequired(mode != EditorMode::View);
     for (FieldWithNew* field : m_form->findChildren<FieldWithNew*>())
         field->setOffered(mode != EditorMode::View);
+    cmdHistory->setVisible(mode == EditorMode::View);
     if (cmdOpenFile != nullptr) cmdOpenFile->setVisible(mode == EditorMode::View);
     applyMode(mode);
 }
@@ -159,6 +169,13 @@ void RecordDialog::cmdOK()
     // some fields only take what was typed when they lose the focus
     m_ok->setFocus();
     if (saveRecord()) accept();
+}
+
+void RecordDialog::readAgain()
+{
+    FormControls::clear(*m_form);
+    runTrapped("populateFields", [this] { populateFields(recordId()); });
+    FormControls::showBeginnings(*m_form);
 }
 
 void RecordDialog::reject()

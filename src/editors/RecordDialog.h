@@ -49,6 +49,9 @@ public:
     /// The name under which it was last read or written.
     [[nodiscard]] virtual QString recordName() const = 0;
 
+    /// Shows the record that is viewed as it is stored now.
+    void readAgain();
+
     /// Cancel, Esc and the window's close button end here; asks first if something was changed.
     void reject() override;
     void done(int result) override;
@@ -60,6 +63,9 @@ Q_SIGNALS:
 
     /// The user asks to open the file or the chart of the record that is viewed.
     void fileAsked();
+
+    /// The user asks for the history of the record that is viewed.
+    void historyAsked();
 
 protected:
     /// The session and what adds entries must outlive the dialog.
@@ -87,6 +93,9 @@ protected:
     bool run(EditorMode mode, QWidget* firstField);
 
     [[nodiscard]] virtual QString captionFor(EditorMode mode) const = 0;
+
+    /// Reads the record and shows it.
+    virtual void populateFields(qint64 id) = 0;
 
     /// Adjusts what the caption, the buttons and the lock do not cover.
     virtual void applyMode(EditorMode mode) = 0;
@@ -175,6 +184,7 @@ private:
     QHBoxLayout* m_buttons = nullptr;
     QLabel* lblRequired = nullptr;
     QPushButton* cmdOpenFile = nullptr; ///< of kinds that have files
+    QPushButton* cmdHistory = nullptr;
     std::vector<RequiredField> m_required;
     FormControls::State m_opened; ///< what the controls held before the user could change them
     bool m_hasWritten = false;

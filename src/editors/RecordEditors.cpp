@@ -6,10 +6,9 @@
 #include "editors/frmDocument.h"
 #include "editors/frmEvent.h"
 #include "editors/frmOrganization.h"
+#include "history/frmHistory.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
-
-#include <QStringList>
 
 #include <algorithm>
 
@@ -62,6 +61,11 @@ void RecordEditors::view(RecordKind kind, qint64 id)
     open(kind, id, EditorMode::View, m_window);
 }
 
+void RecordEditors::viewOver(QWidget& over, RecordKind kind, qint64 id)
+{
+    open(kind, id, EditorMode::View, over);
+}
+
 void RecordEditors::open(RecordKind kind, qint64 id, EditorMode mode, QWidget& over)
 {
     const bool forEditing = mode == EditorMode::Edit;
@@ -95,6 +99,23 @@ void RecordEditors::prepare(RecordKind kind, RecordDialog& dialog)
             [this, &dialog](RecordKind asked, qint64 id) { open(asked, id, EditorMode::View, dialog); });
     connect(&dialog, &RecordDialog::fileAsked, this,
             [this, kind, &dialog] { Q_EMIT fileAsked(kind, dialog.recordId()); });
+    connect(&dialog, &RecordDialog::historyAsked, this, [this, kind, &dialog] {
+        if (showHistoryOver(dialog, kind, dialog.recordId())) dialog.readAgain();
+    });
+}
+
+bool RecordEditors::showHistory(RecordKind kind, qint64 id)
+{
+    return showHistoryOver(m_window, kind, id);
+}
+
+bool RecordEditors::showHistoryOver(QWidget& over, RecordKind kind, qint64 id)
+{
+    frmHistory window(m_platform, m_session, &over);
+    window.showHistory(kind, id);
+    if (!window.hasRestored()) return false;
+    tellOfChange(kind, {id});
+    return true;
 }
 
 void RecordEditors::refuseSeveralFiles() const
@@ -110,10 +131,34 @@ void RecordEditors::finish(RecordKind kind, const RecordDialog& dialog)
     if (dialog.result() == QDialog::Accepted) Q_EMIT saved(kind, dialog.recordName());
 }
 
+void RecordEditors::tellOfChange(RecordKind kind, const std::vector<qint64>& ids)
+{
+    if (ids.empty()) return;
+    if (kind == RecordKind::Event) Q_EMIT eventSaved(startOfEvent(ids.front()));
+    Q_EMIT changed(kind, ids.front());
+}
+
+/// Returns std::nullopt for an event that is not shown any more.
+std::optional<QDateTime> RecordEditors::startOfEvent(qint64 id) const
+{
+    try {
+        const auto loaded = EventStore(m_session, m_platform.clock).load(id);
+        const bool isShown = loaded.isFound &&
+                             loaded.record.stored->known.status.compare(u"DELETED", Qt::CaseInsensitive) != 0;
+        return isShown ? EventStore::getStartDate(loaded.record) : std::nullopt;
+    } catch (const Error&) {
+        // reading the list fails in the same way and says so
+        return std::nullopt;
+    }
+}
+
 void RecordEditors::remove(RecordKind kind, const std::vector<ListEntry>& records)
 {
     if (records.empty() || !mayDelete(kind, records)) return;
-    if (deleteRecords(kind, records)) Q_EMIT changed(kind, -1);
+    const QStringList names = deleteRecords(kind, records);
+    if (names.isEmpty()) return;
+    Q_EMIT changed(kind, -1);
+    Q_EMIT deleted(kind, names);
 }
 
 bool RecordEditors::mayDelete(RecordKind kind, const std::vector<ListEntry>& records)
@@ -150,9 +195,8 @@ QString RecordEditors::deletionText(RecordKind kind, const QStringList& names)
     return text;
 }
 
-/// Stops at the first failure; what was deleted before it stays deleted, and is named. Returns false if
-/// nothing was deleted.
-bool RecordEditors::deleteRecords(RecordKind kind, const std::vector<ListEntry>& records)
+/// Stops at the first failure; what was deleted before it stays deleted. Returns the names of what was.
+QStringList RecordEditors::deleteRecords(RecordKind kind, const std::vector<ListEntry>& records)
 {
     QString said;
     QStringList names;
@@ -163,9 +207,8 @@ bool RecordEditors::deleteRecords(RecordKind kind, const std::vector<ListEntry>&
             names << record.display;
         }
     });
-    if (names.isEmpty()) return false;
-    m_platform.messages.show(records.size() == 1 ? said : deletionText(kind, names));
-    return true;
+    if (!names.isEmpty()) m_platform.messages.show(records.size() == 1 ? said : deletionText(kind, names));
+    return names;
 }
 
 QString RecordEditors::deleteRecord(RecordKind kind, qint64 id, JournalStep* step)

@@ -9,6 +9,7 @@
 
 #include <QDateTime>
 #include <QObject>
+#include <QStringList>
 
 #include <optional>
 #include <vector>
@@ -41,9 +42,19 @@ public:
 
     void edit(RecordKind kind, qint64 id);
     void view(RecordKind kind, qint64 id);
+    void viewOver(QWidget& over, RecordKind kind, qint64 id);
+
+    /// Shows the versions of a record. Returns whether one was restored; what is behind the window is then
+    /// read again already.
+    bool showHistory(RecordKind kind, qint64 id);
+    bool showHistoryOver(QWidget& over, RecordKind kind, qint64 id);
 
     /// Shows the message for several files dropped on the window at once.
     void refuseSeveralFiles() const;
+
+    /// Announces that active or deleted records of a kind were changed by other means, as after a save of the
+    /// first of them.
+    void tellOfChange(RecordKind kind, const std::vector<qint64>& ids);
 
     /// Asks once whether all these records may be deleted, and marks them as deleted.
     void remove(RecordKind kind, const std::vector<ListEntry>& records);
@@ -52,11 +63,14 @@ Q_SIGNALS:
     /// An event was saved; `start` is std::nullopt if it has no date. Comes before `changed`.
     void eventSaved(const std::optional<QDateTime>& start);
 
-    /// Records of a kind were saved or deleted; `id` is the saved one, or below 0.
+    /// Records of a kind were saved, deleted or restored; `id` is the saved one, or below 0.
     void changed(RecordKind kind, qint64 id);
 
     /// A record of that name was saved without an error. Comes after `changed`.
     void saved(RecordKind kind, const QString& name);
+
+    /// Records of these names were deleted. Comes after `changed`.
+    void deleted(RecordKind kind, const QStringList& names);
 
     /// The file of a document, or the chart of an organization, that is viewed is to be opened.
     void fileAsked(RecordKind kind, qint64 id);
@@ -64,11 +78,12 @@ Q_SIGNALS:
 private:
     void open(RecordKind kind, qint64 id, EditorMode mode, QWidget& over);
     void prepare(RecordKind kind, RecordDialog& dialog);
+    [[nodiscard]] std::optional<QDateTime> startOfEvent(qint64 id) const;
     void finish(RecordKind kind, const RecordDialog& dialog);
     [[nodiscard]] bool mayDelete(RecordKind kind, const std::vector<ListEntry>& records);
     QString deleteRecord(RecordKind kind, qint64 id, JournalStep* step);
     [[nodiscard]] static QString deletionText(RecordKind kind, const QStringList& names);
-    bool deleteRecords(RecordKind kind, const std::vector<ListEntry>& records);
+    [[nodiscard]] QStringList deleteRecords(RecordKind kind, const std::vector<ListEntry>& records);
 
     Platform m_platform;
     DatabaseSession& m_session;

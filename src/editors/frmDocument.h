@@ -42,7 +42,7 @@ private:
     void makeFileField(FormGrid& grid);
     void connectParts();
     void fillComboBoxes();
-    void populateFields(qint64 id);
+    void populateFields(qint64 id) override;
     void collectFile();
     void takePreset(const std::optional<clsFieldInfo>& preset);
     void browseForFile();

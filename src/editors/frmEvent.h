@@ -42,7 +42,7 @@ private:
     LinkList* makeList(const LinkList::Names& names, PickListKind kind,
                        std::vector<ListEntry> EventRecord::*entries, QWidget* page);
     bool openRecord(EditorMode mode, qint64 id);
-    void populateFields(qint64 id);
+    void populateFields(qint64 id) override;
     [[nodiscard]] QWidget* fieldOf(EventField field) const;
 
     [[nodiscard]] QString captionFor(EditorMode mode) const override;

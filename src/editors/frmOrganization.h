@@ -44,7 +44,7 @@ private:
     void fillSubTypes();
     void addSubType();
     void addCity();
-    void populateFields(qint64 id);
+    void populateFields(qint64 id) override;
     void showRecord();
     void showState(const QString& state);
     void takeState(QString& state) const;

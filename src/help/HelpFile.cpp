@@ -29,6 +29,9 @@ constexpr std::array windowChapters{
     WindowChapter{"frmEvent", HelpChapter::Records},
     WindowChapter{"frmOrganization", HelpChapter::Records},
     WindowChapter{"frmPicList", HelpChapter::Records},
+    WindowChapter{"frmDeletedRecords", HelpChapter::History},
+    WindowChapter{"frmChangedSince", HelpChapter::History},
+    WindowChapter{"frmHistory", HelpChapter::History},
     WindowChapter{"frmSearch", HelpChapter::Search},
     WindowChapter{"frmAdvSearch", HelpChapter::AdvancedSearch},
     WindowChapter{"frmImport", HelpChapter::Database},
@@ -94,6 +97,8 @@ QString HelpFile::pageName(HelpChapter chapter)
         return QStringLiteral("advanced-search.html");
     case HelpChapter::Records:
         return QStringLiteral("records.html");
+    case HelpChapter::History:
+        return QStringLiteral("history.html");
     case HelpChapter::Collections:
         return QStringLiteral("collections.html");
     case HelpChapter::Lists:

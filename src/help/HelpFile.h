@@ -21,6 +21,7 @@ enum class HelpChapter
     Search,
     AdvancedSearch,
     Records,
+    History, ///< of records: versions, deleted ones, undo
     Collections,
     Lists, ///< of types, venues and cities
     Files,

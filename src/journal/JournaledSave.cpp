@@ -51,6 +51,12 @@ void JournaledSave::commit()
     if (m_files) m_files->finish();
 }
 
+void JournaledSave::rollBack()
+{
+    m_isOpen = false;
+    m_transaction.rollBack();
+}
+
 void JournaledSave::note()
 {
     if (!m_identifier) return;

@@ -38,6 +38,9 @@ public:
     /// Throws Error if the file cannot take the rows; then none of them is in it.
     void commit();
 
+    /// Takes back what was written; nothing is noted.
+    void rollBack();
+
 private:
     void note();
 

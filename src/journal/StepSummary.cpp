@@ -71,6 +71,36 @@ QString redoFrame(std::optional<JournalAction> action)
     }
 }
 
+QString undoneFrame(std::optional<JournalAction> action)
+{
+    if (!action) return JournalTexts::tr("Undone: Merge of %1");
+    switch (*action) {
+    case JournalAction::Add:
+        return JournalTexts::tr("Undone: Add of %1");
+    case JournalAction::Delete:
+        return JournalTexts::tr("Undone: Delete of %1");
+    case JournalAction::Restore:
+        return JournalTexts::tr("Undone: Restore of %1");
+    default:
+        return JournalTexts::tr("Undone: Change of %1");
+    }
+}
+
+QString redoneFrame(std::optional<JournalAction> action)
+{
+    if (!action) return JournalTexts::tr("Redone: Merge of %1");
+    switch (*action) {
+    case JournalAction::Add:
+        return JournalTexts::tr("Redone: Add of %1");
+    case JournalAction::Delete:
+        return JournalTexts::tr("Redone: Delete of %1");
+    case JournalAction::Restore:
+        return JournalTexts::tr("Redone: Restore of %1");
+    default:
+        return JournalTexts::tr("Redone: Change of %1");
+    }
+}
+
 } // namespace
 
 QString StepTexts::undo(const StepSummary& step)
@@ -81,4 +111,14 @@ QString StepTexts::undo(const StepSummary& step)
 QString StepTexts::redo(const StepSummary& step)
 {
     return redoFrame(actionOf(step)).arg(objectOf(step));
+}
+
+QString StepTexts::undone(const StepSummary& step)
+{
+    return undoneFrame(actionOf(step)).arg(objectOf(step));
+}
+
+QString StepTexts::redone(const StepSummary& step)
+{
+    return redoneFrame(actionOf(step)).arg(objectOf(step));
 }

@@ -29,4 +29,10 @@ namespace StepTexts {
 /// The same with `Redo`.
 [[nodiscard]] QString redo(const StepSummary& step);
 
+/// What was done, such as `Undone: Delete of 3 Documents`.
+[[nodiscard]] QString undone(const StepSummary& step);
+
+/// The same with `Redone`.
+[[nodiscard]] QString redone(const StepSummary& step);
+
 } // namespace StepTexts

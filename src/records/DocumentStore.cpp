@@ -10,7 +10,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const RecordTables<DocumentRecord>& documentTables()
+/// The name that a chosen file is stored under.
+QString storedName(qint64 id, const QString& chosenPath)
+{
+    return QString::number(id) + u'.' + FileUpload::extension(chosenPath);
+}
+
+} // namespace
+
+const RecordTables<DocumentRecord>& DocumentStore::tables()
 {
     static const RecordTables<DocumentRecord> tables{
         RecordKind::Document,
@@ -45,16 +53,8 @@ const RecordTables<DocumentRecord>& documentTables()
     return tables;
 }
 
-/// The name that a chosen file is stored under.
-QString storedName(qint64 id, const QString& chosenPath)
-{
-    return QString::number(id) + u'.' + FileUpload::extension(chosenPath);
-}
-
-} // namespace
-
 DocumentStore::DocumentStore(DatabaseSession& session, const ProgramFolder& folder, const Clock& clock)
-    : RecordStore(session, clock, documentTables()), m_folder(folder)
+    : RecordStore(session, clock, tables()), m_folder(folder)
 {
 }
 

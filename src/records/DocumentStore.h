@@ -27,6 +27,9 @@ public:
 
     DocumentStore(DatabaseSession& session, const ProgramFolder& folder, const Clock& clock);
 
+    /// Where documents are kept.
+    [[nodiscard]] static const RecordTables<DocumentRecord>& tables();
+
     /// The choices of the two drop-downs, "None" first. Throws Error; the entries added so far stay.
     void fillFileTypes(std::vector<ListEntry>& entries) const;
     void fillOrganizations(std::vector<ListEntry>& entries) const;

@@ -45,18 +45,6 @@ const ListLink<EventRecord> organizationLinks{
     " AND EventID = "_s,
     u"OrganizationName"_s};
 
-const RecordTables<EventRecord>& eventTables()
-{
-    static const RecordTables<EventRecord> tables{
-        RecordKind::Event,
-        &EventRecord::eventName,
-        u"Status"_s,
-        eventColumns,
-        {{u"UserID"_s, qint64{1}, History::Copied}},
-        {venueLinks, functionLinks, documentLinks, organizationLinks}};
-    return tables;
-}
-
 /// A date or time that cannot be read must not be saved as if there were none.
 std::optional<EventStore::Problem> unreadableMoment(const EventRecord& record)
 {
@@ -89,8 +77,19 @@ std::optional<EventStore::Problem> unreadableMoment(const EventRecord& record)
 
 } // namespace
 
-EventStore::EventStore(DatabaseSession& session, const Clock& clock)
-    : RecordStore(session, clock, eventTables())
+const RecordTables<EventRecord>& EventStore::tables()
+{
+    static const RecordTables<EventRecord> tables{
+        RecordKind::Event,
+        &EventRecord::eventName,
+        u"Status"_s,
+        eventColumns,
+        {{u"UserID"_s, qint64{1}, History::Copied}},
+        {venueLinks, functionLinks, documentLinks, organizationLinks}};
+    return tables;
+}
+
+EventStore::EventStore(DatabaseSession& session, const Clock& clock) : RecordStore(session, clock, tables())
 {
 }
 

@@ -29,6 +29,9 @@ public:
 
     EventStore(DatabaseSession& session, const Clock& clock);
 
+    /// Where events are kept.
+    [[nodiscard]] static const RecordTables<EventRecord>& tables();
+
     /// A record to begin with: no dates, no venue, "None" in every list that the preset does not fill.
     [[nodiscard]] EventRecord blank(const std::optional<clsFieldInfo>& preset) const;
 

@@ -15,32 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const RecordTables<OrganizationRecord>& organizationTables()
-{
-    using Checks = CheckLink<OrganizationRecord>;
-    static const RecordTables<OrganizationRecord> tables{
-        RecordKind::Organization,
-        &OrganizationRecord::organizationName,
-        u"Status"_s,
-        organizationColumns,
-        {{u"UserID"_s, qint64{1}, History::Copied}, {u"ParentID"_s, qint64{1}, History::NotCopied}},
-        {Checks{{u"OrganizationProfileJurisdictions"_s, u"OrganizationProfileID"_s, u"JurisdictionID"_s},
-                QT_TRANSLATE_NOOP("Records", "Jurisdictions"),
-                &OrganizationRecord::jurisdictions,
-                {u"JurisdictionTypes"_s, u"Name"_s, u"JurisdictionID"_s},
-                true},
-         Checks{{u"OrganizationProfilePopulations"_s, u"OrganizationProfileID"_s, u"PopulationID"_s},
-                QT_TRANSLATE_NOOP("Records", "Populations"),
-                &OrganizationRecord::populations,
-                {u"PopulationTypes"_s, u"Name"_s, u"PopulationID"_s},
-                true},
-         Checks{{u"OrganizationVenues"_s, u"OrganizationID"_s, u"VenueID"_s},
-                QT_TRANSLATE_NOOP("Records", "Venues"),
-                &OrganizationRecord::venues,
-                {u"Venue"_s, u"VenueName"_s, u"VenueID"_s}}}};
-    return tables;
-}
-
 QString profileStatement(qint64 id)
 {
     return u"SELECT * FROM OrganizationProfile WHERE OrganizationProfileID = "_s + QString::number(id);
@@ -94,9 +68,35 @@ std::optional<OrganizationStore::Problem> unreadableNumber(const OrganizationPro
 
 } // namespace
 
+const RecordTables<OrganizationRecord>& OrganizationStore::tables()
+{
+    using Checks = CheckLink<OrganizationRecord>;
+    static const RecordTables<OrganizationRecord> tables{
+        RecordKind::Organization,
+        &OrganizationRecord::organizationName,
+        u"Status"_s,
+        organizationColumns,
+        {{u"UserID"_s, qint64{1}, History::Copied}, {u"ParentID"_s, qint64{1}, History::NotCopied}},
+        {Checks{{u"OrganizationProfileJurisdictions"_s, u"OrganizationProfileID"_s, u"JurisdictionID"_s},
+                QT_TRANSLATE_NOOP("Records", "Jurisdictions"),
+                &OrganizationRecord::jurisdictions,
+                {u"JurisdictionTypes"_s, u"Name"_s, u"JurisdictionID"_s},
+                true},
+         Checks{{u"OrganizationProfilePopulations"_s, u"OrganizationProfileID"_s, u"PopulationID"_s},
+                QT_TRANSLATE_NOOP("Records", "Populations"),
+                &OrganizationRecord::populations,
+                {u"PopulationTypes"_s, u"Name"_s, u"PopulationID"_s},
+                true},
+         Checks{{u"OrganizationVenues"_s, u"OrganizationID"_s, u"VenueID"_s},
+                QT_TRANSLATE_NOOP("Records", "Venues"),
+                &OrganizationRecord::venues,
+                {u"Venue"_s, u"VenueName"_s, u"VenueID"_s}}}};
+    return tables;
+}
+
 OrganizationStore::OrganizationStore(DatabaseSession& session, const ProgramFolder& folder,
                                      const Clock& clock)
-    : RecordStore(session, clock, organizationTables()), m_folder(folder)
+    : RecordStore(session, clock, tables()), m_folder(folder)
 {
 }
 

@@ -49,6 +49,9 @@ public:
 
     OrganizationStore(DatabaseSession& session, const ProgramFolder& folder, const Clock& clock);
 
+    /// Where organizations are kept.
+    [[nodiscard]] static const RecordTables<OrganizationRecord>& tables();
+
     /// The choices of the drop-downs, "None" first. Throws Error; the entries added so far stay.
     void fillStates(std::vector<ListEntry>& entries) const;
     void fillOrganizationTypes(std::vector<ListEntry>& entries) const;

@@ -137,7 +137,8 @@ TEST(Guide, HasThePageOfEveryChapterAndWindow)
           Expected{"frmSearch", "search.html"}, Expected{"frmAdvSearch", "advanced-search.html"},
           Expected{"frmImport", "database.html"}, Expected{"frmNewDatabase", "collections.html"},
           Expected{"frmSettings", "collections.html"}, Expected{"frmLists", "lists.html"},
-          Expected{"frmAbout", "index.html"}}) {
+          Expected{"frmHistory", "history.html"}, Expected{"frmDeletedRecords", "history.html"},
+          Expected{"frmChangedSince", "history.html"}, Expected{"frmAbout", "index.html"}}) {
         EXPECT_EQ(HelpFile::pageName(HelpFile::chapterOf(QString::fromUtf8(window))), QString::fromUtf8(page))
             << window;
     }

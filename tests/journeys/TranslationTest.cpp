@@ -214,6 +214,33 @@ TEST_F(Translation, ReachesEveryTextOfTheLists)
         });
 }
 
+TEST_F(Translation, ReachesEveryTextOfUndoAndTheDeletedRecords)
+{
+    const auto lookAtDeleted = [&] {
+        journey.inDialog("frmDeletedRecords", "mnuViewDeleted", [&](OpenDialog& open) {
+            auto& kinds = open.find<QListWidget>("lstKinds");
+            for (int row = 0; row < kinds.count(); ++row) {
+                kinds.setCurrentRow(row);
+                open.click("cmdRestore");
+                QTest::qWait(50);
+                pseudo.expectTranslated(open.dialog(), "deleted records");
+            }
+            open.click("cmdClose");
+        });
+    };
+    lookAtDeleted();
+    for (const char* table : {"Document", "Event", "Organization"})
+        journey.database.run(QStringLiteral("UPDATE %1 SET %2 = 'DELETED'")
+                                 .arg(QString::fromUtf8(table), *table == 'D' ? u"dStatus"_s : u"Status"_s));
+    lookAtDeleted();
+    pseudo.expectTranslated(window(), "a step to undo");
+    journey.database.run("UPDATE Organization SET OrganizationName = 'Coast'");
+    lookAtDialog("frmChangedSince", "mnuRecordUndo");
+    journey.database.run("UPDATE Organization SET OrganizationName = 'Agency'");
+    journey.trigger("mnuRecordUndo");
+    pseudo.expectTranslated(window(), "a step to redo");
+}
+
 TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
 {
     for (const char* word : {"Qt", "Charts", "SQLite", "SQLiteCpp", "Shapefile", "Library", "GLib", "Tools",

@@ -11,6 +11,13 @@ constexpr auto ownToolTip = "ownToolTip";
 
 } // namespace
 
+void renameCommand(QAction& command, const QString& text, const QString& toolTip)
+{
+    command.setText(text);
+    command.setToolTip(toolTip);
+    command.setProperty(ownToolTip, toolTip);
+}
+
 void enableUnless(QAction& command, const QString& hindrance)
 {
     if (!command.property(ownToolTip).isValid()) command.setProperty(ownToolTip, command.toolTip());

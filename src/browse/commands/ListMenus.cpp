@@ -19,6 +19,7 @@ ListMenus::ListMenus(const MainCommands& commands, const RelatedCommands& relate
             {commands.mnuRecordView, commands.mnuRecordEdit, addRecord, commands.mnuRecordDelete});
         menu->addSeparator();
         menu->addActions(related.actions(kind));
+        menu->addAction(commands.mnuRecordHistory);
         menu->addSeparator();
         menu->addAction(commands.mnuRecordCopy);
         menu->addSeparator();

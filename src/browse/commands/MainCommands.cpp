@@ -52,6 +52,11 @@ void MainCommands::makeRecordActions()
     mnuRecordDelete->setIconText(tr("Delete"));
     mnuRecordAdd = add(QStringLiteral("mnuRecordAdd"), tr("&Add"), QStringLiteral("list-add"),
                        QKeySequence::New, tr("Adds a record of a kind to be chosen"));
+    mnuRecordUndo = add(QStringLiteral("mnuRecordUndo"), tr("&Undo"), QStringLiteral("edit-undo"),
+                        QKeySequence(Qt::CTRL | Qt::Key_Z), tr("Takes back the last change"));
+    mnuRecordRedo =
+        add(QStringLiteral("mnuRecordRedo"), tr("&Redo"), QStringLiteral("edit-redo"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), tr("Does again what was taken back last"));
 }
 
 void MainCommands::makeActions()
@@ -60,6 +65,9 @@ void MainCommands::makeActions()
     mnuRecordOpen = add(QStringLiteral("mnuRecordOpen"), tr("&Open"), QStringLiteral("document-open"),
                         QKeySequence(Qt::CTRL | Qt::Key_Return),
                         tr("Opens the file of the document or the chart of the organization"));
+    mnuRecordHistory =
+        add(QStringLiteral("mnuRecordHistory"), tr("&History…"), QStringLiteral("document-open-recent"),
+            QKeySequence(Qt::CTRL | Qt::Key_H), tr("Shows the versions of the selected record"));
     mnuRecordCopy = add(QStringLiteral("mnuRecordCopy"), tr("&Copy"), QStringLiteral("edit-copy"),
                         QKeySequence::Copy, tr("Copies the selected rows"));
     mnuRecordLists =
@@ -73,6 +81,9 @@ void MainCommands::makeActions()
     mnuViewOrganizations =
         add(QStringLiteral("mnuViewOrganizations"), tr("&Organizations"), QStringLiteral("view-institution"),
             QKeySequence(Qt::CTRL | Qt::Key_3), tr("Shows all organizations"));
+    mnuViewDeleted =
+        add(QStringLiteral("mnuViewDeleted"), tr("De&leted Records…"), QStringLiteral("trash-empty"), {},
+            tr("Shows the deleted records and puts them back"));
     mnuViewRefresh = add(QStringLiteral("mnuViewRefresh"), tr("&Refresh"), QStringLiteral("view-refresh"),
                          QKeySequence(Qt::Key_F5), tr("Reads the list again"));
     mnuViewGraphicRight =
@@ -122,6 +133,8 @@ void MainCommands::makeMenus()
     QMenu* record = m_window.menuBar()->addMenu(tr("&Record"));
     record->setObjectName(QStringLiteral("mnuRecord"));
     record->setToolTipsVisible(true);
+    record->addActions({mnuRecordUndo, mnuRecordRedo});
+    record->addSeparator();
     QMenu* addNew = record->addMenu(tr("&Add"));
     addNew->setObjectName(QStringLiteral("mnuRecordAddNew"));
     addNew->setToolTipsVisible(true);
@@ -129,9 +142,10 @@ void MainCommands::makeMenus()
     record->addActions({mnuRecordEdit, mnuRecordView, mnuRecordDelete});
     record->addSeparator();
     record->addAction(mnuRecordOpen);
-    mnuRecordRelated = record->addMenu(tr("&Related Records"));
+    mnuRecordRelated = record->addMenu(tr("Rela&ted Records"));
     mnuRecordRelated->setObjectName(QStringLiteral("mnuRecordRelated"));
     mnuRecordRelated->setToolTipsVisible(true);
+    record->addAction(mnuRecordHistory);
     record->addSeparator();
     record->addAction(mnuRecordCopy);
     record->addSeparator();
@@ -141,6 +155,8 @@ void MainCommands::makeMenus()
     view->setObjectName(QStringLiteral("mnuView"));
     view->setToolTipsVisible(true);
     view->addActions({mnuViewDocuments, mnuViewEvents, mnuViewOrganizations});
+    view->addSeparator();
+    view->addAction(mnuViewDeleted);
     view->addSeparator();
     view->addActions({mnuViewGraphicRight, mnuViewGraphicBelow});
     view->addSeparator();

@@ -21,6 +21,7 @@ public:
     QAction* mnuViewDocuments;
     QAction* mnuViewEvents;
     QAction* mnuViewOrganizations;
+    QAction* mnuViewDeleted;
     QAction* mnuViewRefresh;
     QAction* mnuViewGraphicRight;
     QAction* mnuViewGraphicBelow;
@@ -38,10 +39,13 @@ public:
     QAction* mnuRecordAddNewDocument;
     QAction* mnuRecordAddNewEvent;
     QAction* mnuRecordAddNewOrganization;
+    QAction* mnuRecordUndo; ///< named after the step that it takes back
+    QAction* mnuRecordRedo;
     QAction* mnuRecordEdit;
     QAction* mnuRecordView;
     QAction* mnuRecordDelete;
     QAction* mnuRecordOpen;
+    QAction* mnuRecordHistory;
     QAction* mnuRecordCopy;
     QAction* mnuRecordLists;
     QMenu* mnuAddKinds; ///< the kinds of record that can be added

@@ -41,6 +41,7 @@ void RecordCommands::connectList()
     connect(m_commands.mnuRecordEdit, &QAction::triggered, this, &RecordCommands::edit);
     connect(m_commands.mnuRecordView, &QAction::triggered, this, &RecordCommands::view);
     connect(m_commands.mnuRecordDelete, &QAction::triggered, this, &RecordCommands::remove);
+    connect(m_commands.mnuRecordHistory, &QAction::triggered, this, &RecordCommands::showHistory);
     connect(&m_list.view(), &QAbstractItemView::doubleClicked, m_commands.mnuRecordView, &QAction::trigger);
     // only in the list: these keys have another meaning in text fields
     for (QAction* action : {m_commands.mnuRecordView, m_commands.mnuRecordDelete}) {
@@ -66,6 +67,11 @@ void RecordCommands::edit()
 void RecordCommands::view()
 {
     if (const auto record = m_list.selectedRecord()) m_editors.view(m_list.kind(), *record);
+}
+
+void RecordCommands::showHistory()
+{
+    if (const auto record = m_list.selectedRecord()) m_editors.showHistory(m_list.kind(), *record);
 }
 
 void RecordCommands::remove()
@@ -94,6 +100,7 @@ void RecordCommands::enable(const QString& unwritable, const QString& hindrance)
         return found == reasons.end() ? QString() : *found;
     };
     enableUnless(*m_commands.mnuRecordView, first({hindrance, notOne}));
+    enableUnless(*m_commands.mnuRecordHistory, first({hindrance, notOne}));
     enableUnless(*m_commands.mnuRecordEdit, first({unwritable, hindrance, notOne}));
     enableUnless(*m_commands.mnuRecordDelete, first({unwritable, hindrance, nothing}));
 }

@@ -12,8 +12,9 @@ class QAction;
 class QWidget;
 class RecordEditors;
 
-/// The commands that add, edit, view and delete records: in the menus, in the toolbar, by the keys of the
-/// list, by a double click on a row and by a file dropped on the window. They live as long as the window.
+/// The commands that add, edit, view and delete records and show their history: in the menus, in the toolbar,
+/// by the keys of the list, by a double click on a row and by a file dropped on the window. They live as long
+/// as the window.
 class RecordCommands final : public QObject
 {
     Q_OBJECT
@@ -22,9 +23,9 @@ public:
     /// All must outlive the commands.
     RecordCommands(const MainCommands& commands, ListPane& list, RecordEditors& editors, QWidget& window);
 
-    /// Enables adding if the database can be changed, viewing if a list is shown and has a selection, editing
-    /// and deleting if both is so. `unwritable` says why the database cannot be changed, `hindrance` why
-    /// there is no list; both are empty otherwise.
+    /// Enables adding if the database can be changed, viewing and the history if a list is shown and has a
+    /// selection, editing and deleting if both is so. `unwritable` says why the database cannot be changed,
+    /// `hindrance` why there is no list; both are empty otherwise.
     void enable(const QString& unwritable, const QString& hindrance);
 
     /// To be called when the list was read again after a change: selects the record that was saved or, after
@@ -37,6 +38,7 @@ private:
     void acceptFiles(QWidget& window);
     void edit();
     void view();
+    void showHistory();
     void remove();
 
     const MainCommands& m_commands;

@@ -4,7 +4,10 @@
 
 #include "util/ReadableLine.h"
 #include "widgets/ElidedLabel.h"
+#include "widgets/LinkButton.h"
+#include "widgets/PlainToolTip.h"
 
+#include <QHBoxLayout>
 #include <QMainWindow>
 #include <QStatusBar>
 
@@ -17,7 +20,9 @@ constexpr int gap = 16; ///< pixels between two counts
 StatusLine::StatusLine(QMainWindow& window)
     : QObject(&window),
       m_view(new QLabel(&window)),
-      m_saved(new ElidedLabel(&window)),
+      m_change(new QWidget(&window)),
+      m_saved(new ElidedLabel(m_change)),
+      m_undo(new LinkButton(m_change)),
       m_notice(new ElidedLabel(&window)),
       m_selection(new QLabel(&window)),
       m_status(new QLabel(&window))
@@ -26,17 +31,25 @@ StatusLine::StatusLine(QMainWindow& window)
     m_view->setTextFormat(Qt::PlainText);
     m_view->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_saved->setObjectName(QStringLiteral("pnlSaved"));
+    m_undo->setObjectName(QStringLiteral("cmdUndo"));
+    m_undo->setLink(tr("Undo"));
+    connect(m_undo, &LinkButton::clicked, this, &StatusLine::undoAsked);
     m_notice->setObjectName(QStringLiteral("pnlNotice"));
     m_selection->setObjectName(QStringLiteral("pnlSelection"));
     m_status->setObjectName(QStringLiteral("pnlStatus"));
+    auto* change = new QHBoxLayout(m_change);
+    change->setContentsMargins(0, 0, 0, 0);
+    change->addWidget(m_saved, 1);
+    change->addWidget(m_undo);
+    change->addStretch();
     QStatusBar& bar = *window.statusBar();
     bar.addWidget(m_view, 1);
     m_selection->setContentsMargins(0, 0, gap, 0);
-    bar.addPermanentWidget(m_saved, 1);
+    bar.addPermanentWidget(m_change, 1);
     bar.addPermanentWidget(m_notice, 1);
     bar.addPermanentWidget(m_selection);
     bar.addPermanentWidget(m_status);
-    m_saved->hide();
+    m_change->hide();
     m_notice->hide();
     m_selection->hide();
 }
@@ -45,10 +58,10 @@ void StatusLine::showView(const QString& caption, const QString& count)
 {
     m_view->setText(caption);
     m_status->setText(count);
-    for (ElidedLabel* label : {m_saved, m_notice}) {
-        label->clear();
-        label->hide();
-    }
+    m_saved->clear();
+    m_change->hide();
+    m_notice->clear();
+    m_notice->hide();
 }
 
 void StatusLine::showNotice(const QString& text)
@@ -62,8 +75,38 @@ void StatusLine::showSaved(RecordKind kind, const QString& name)
     const QString text = kind == RecordKind::Document ? tr("Saved: Document \"%1\"")
                          : kind == RecordKind::Event  ? tr("Saved: Event \"%1\"")
                                                       : tr("Saved: Organization \"%1\"");
-    m_saved->setLine(text.arg(readableLine(name)));
-    m_saved->show();
+    showChange(text.arg(readableLine(name)));
+}
+
+void StatusLine::showDeleted(RecordKind kind, const QStringList& names, const QString& undo)
+{
+    const int count = static_cast<int>(names.size());
+    const auto one = [&](const QString& text) { return text.arg(readableLine(names.front())); };
+    switch (kind) {
+    case RecordKind::Document:
+        showChange(count == 1 ? one(tr("Deleted: Document \"%1\""))
+                              : tr("%n Documents deleted.", nullptr, count));
+        break;
+    case RecordKind::Event:
+        showChange(count == 1 ? one(tr("Deleted: Event \"%1\"")) : tr("%n Events deleted.", nullptr, count));
+        break;
+    case RecordKind::Organization:
+        showChange(count == 1 ? one(tr("Deleted: Organization \"%1\""))
+                              : tr("%n Organizations deleted.", nullptr, count));
+        break;
+    }
+    m_undo->setAccessibleName(undo);
+    m_undo->setToolTip(PlainToolTip::text(undo));
+    m_undo->show();
+}
+
+void StatusLine::showChange(const QString& text)
+{
+    m_undo->hide();
+    m_saved->setLine(text);
+    // so wide that the link follows the text at once
+    m_saved->setMaximumWidth(m_saved->sizeHint().width());
+    m_change->show();
 }
 
 void StatusLine::showSelected(std::size_t rows)

@@ -5,12 +5,15 @@
 #include "data/RecordKind.h"
 
 #include <QObject>
+#include <QStringList>
 
 class ElidedLabel;
+class LinkButton;
 class QLabel;
 class QMainWindow;
+class QWidget;
 
-/// The status bar: the view's caption, the record saved last, a notice, the number of selected rows and that
+/// The status bar: the view's caption, what was changed last, a notice, the number of selected rows and that
 /// of all rows.
 class StatusLine final : public QObject
 {
@@ -27,14 +30,26 @@ public:
     /// Says that a record was saved, until another view is shown.
     void showSaved(RecordKind kind, const QString& name);
 
+    /// Says that records were deleted and offers to take it back, until another view is shown. `undo` is the
+    /// name of that command.
+    void showDeleted(RecordKind kind, const QStringList& names, const QString& undo);
+
+    /// Says what was changed, until another view is shown.
+    void showChange(const QString& text);
+
     /// Says something that the user has to know of the view, until another is shown.
     void showNotice(const QString& text);
 
     void showSelected(std::size_t rows);
 
+Q_SIGNALS:
+    void undoAsked();
+
 private:
     QLabel* m_view;
+    QWidget* m_change; ///< holds the two below
     ElidedLabel* m_saved;
+    LinkButton* m_undo;
     ElidedLabel* m_notice;
     QLabel* m_selection;
     QLabel* m_status;

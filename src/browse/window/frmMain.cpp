@@ -16,34 +16,32 @@
 #include "browse/window/DatabaseCommands.h"
 #include "browse/window/EmptyList.h"
 #include "browse/window/GraphicViews.h"
+#include "browse/window/HomeCommands.h"
+#include "browse/window/RecordWindows.h"
+#include "browse/window/SettingsCommand.h"
 #include "browse/window/StartCommands.h"
 #include "browse/window/StatusLine.h"
+#include "browse/window/UndoCommands.h"
 #include "browse/window/ViewPages.h"
 #include "editors/DialogRecordPicker.h"
 #include "editors/RecordEditors.h"
 #include "help/HelpCommands.h"
 #include "lists/NewEntries.h"
-#include "lists/frmLists.h"
-#include "map/MarkerPictures.h"
 #include "map/frmPosition.h"
 #include "opening/DatabaseOpener.h"
-#include "opening/SampleCollection.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "search/SearchCommands.h"
-#include "settings/frmSettings.h"
 #include "state/ProgramState.h"
 #include "timeline/TimelinePanel.h"
 #include "util/Error.h"
 #include "util/ReadableLine.h"
-#include "views/clsCities.h"
 #include "widgets/IconSet.h"
 #include "widgets/ReadablePalette.h"
 #include "widgets/WindowPlace.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDir>
 #include <QFileInfo>
 #include <QMenu>
 #include <QScreen>
@@ -68,6 +66,7 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_databases(new DatabaseCommands(platform, opener, state, *m_commands->mnuRecentDatabases, *this)),
       m_status(new StatusLine(*this)),
       m_home(new HomePage(this)),
+      m_homeCommands(new HomeCommands(*m_home, *m_databases, *m_commands, state, this)),
       m_list(new ListPane(state.session, state.history, state.folder, this)),
       m_browse(new BrowsePage(m_list, platform.settings, this)),
       m_picker(std::make_unique<DialogRecordPicker>(platform, state.session)),
@@ -80,6 +79,9 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_open(std::make_unique<OpenCommand>(platform, state.session, state.queries, state.folder, *m_list)),
       m_editors(new RecordEditors(platform, state.session, *m_newEntries, state.folder, *this)),
       m_records(new RecordCommands(*m_commands, *m_list, *m_editors, *this)),
+      m_undo(new UndoCommands(
+          platform, state.session, *m_commands, [this] { return unwritable(); }, *this)),
+      m_windows(new RecordWindows(platform, state, *m_positions, *m_editors, *this)),
       m_graphics(new GraphicViews(
           {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},
           *m_list, *m_browse, *this)),
@@ -90,7 +92,7 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
                             {*m_home, *m_browse, *m_list, *m_emptyList, *m_search, *m_graphics}, this)),
       m_navigation(new HistoryNavigation(state.history, *m_commands->mnuNavigateBack,
                                          *m_commands->mnuNavigateForward, *m_commands->tbToolBar, *this)),
-      m_preferences(Preferences::read(platform.settings)),
+      m_settings(std::make_unique<SettingsCommand>(platform, state, *m_list, *m_open)),
       m_starts(new StartCommands({platform, state, *m_databases, *m_list, *m_editors, *m_search}, *this))
 {
     setObjectName(QStringLiteral("frmMain"));
@@ -126,30 +128,29 @@ void frmMain::connectCommands()
         if (!m_state.history.goForward()) m_platform.messages.beep();
     });
     on(m_commands->mnuNavigateHome, [this] { viewHome(); });
-    on(m_commands->mnuNavigateSettings, [this] { changeSettings(); });
+    on(m_commands->mnuNavigateSettings, [this] {
+        if (m_settings->change(*this) && m_pages->showsList()) m_pages->refresh();
+    });
     on(m_commands->mnuNewDatabase, [this] { m_databases->newDatabase(); });
     on(m_commands->mnuOpenDatabase, [this] { m_databases->openDatabase(); });
     on(m_commands->mnuNavigateExit, [this] { close(); });
     on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
     on(m_commands->mnuRecordOpen, [this] { m_open->run(); });
-    on(m_commands->mnuRecordLists, [this] { openLists(); });
+    on(m_commands->mnuRecordLists, [this] { m_windows->openLists(); });
+    on(m_commands->mnuViewDeleted, [this] { m_windows->openDeleted(m_list->kind()); });
 }
 
 void frmMain::connectViews()
 {
     connect(m_home, &HomePage::recordsChosen, this, &frmMain::viewAll);
     connect(m_home, &HomePage::searchChosen, m_search, &SearchCommands::openKeywordSearch);
-    connect(m_home, &HomePage::newChosen, m_commands->mnuNewDatabase, &QAction::trigger);
-    connect(m_home, &HomePage::openChosen, m_commands->mnuOpenDatabase, &QAction::trigger);
-    connect(m_home, &HomePage::sampleChosen, m_databases, &DatabaseCommands::lookAtSample);
-    connect(m_home, &HomePage::recentChosen, m_databases, &DatabaseCommands::openRecent);
     connect(m_databases, &DatabaseCommands::opening, m_list, &ListPane::stop);
     connect(m_databases, &DatabaseCommands::opened, this, &frmMain::startOver);
-    connect(m_databases, &DatabaseCommands::recentChanged, this, &frmMain::showRecent);
     connect(m_home, &HomePage::helpChosen, m_help->mnuHelpContents, &QAction::trigger);
     connect(m_pages, &ViewPages::viewAsked, this, &frmMain::lookForOutsideChange);
     connect(m_pages, &ViewPages::pageChanged, this, &frmMain::enableCommands);
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::showCaption);
+    connect(m_pages, &ViewPages::viewShown, m_undo, &UndoCommands::refresh);
     connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, m_databases, &DatabaseCommands::listRecent);
@@ -166,10 +167,23 @@ void frmMain::connectEditors()
     connect(m_editors, &RecordEditors::changed, this, [this](RecordKind kind, qint64 saved) {
         m_pages->refresh();
         m_records->selectAfterChange(kind, saved);
+        m_undo->refresh();
     });
     connect(m_editors, &RecordEditors::fileAsked, this,
             [this](RecordKind kind, qint64 record) { m_open->openRecord(kind, record); });
     connect(m_editors, &RecordEditors::saved, m_status, &StatusLine::showSaved);
+    connect(m_editors, &RecordEditors::deleted, this, [this](RecordKind kind, const QStringList& names) {
+        m_status->showDeleted(kind, names, m_undo->undoText());
+    });
+    connect(m_status, &StatusLine::undoAsked, m_commands->mnuRecordUndo, &QAction::trigger);
+    connect(m_windows, &RecordWindows::viewWanted, this,
+            [this](const clsView& view) { m_state.history.addView(view); });
+    connect(m_windows, &RecordWindows::listsChanged, this, &frmMain::showAgain);
+    connect(m_windows, &RecordWindows::restored, m_editors, &RecordEditors::tellOfChange);
+    connect(m_undo, &UndoCommands::recordsChanged, m_editors, &RecordEditors::tellOfChange);
+    connect(m_undo, &UndoCommands::listsChanged, this, &frmMain::showAgain);
+    connect(m_undo, &UndoCommands::outdated, this, &frmMain::showAgain);
+    connect(m_undo, &UndoCommands::done, m_status, &StatusLine::showChange);
 }
 
 /// Connects what the user does with rows of the list and with events of the timeline.
@@ -191,11 +205,11 @@ void frmMain::connectRows()
 void frmMain::load(bool hasProgramFolder, const StartRequest& request)
 {
     if (hasProgramFolder) m_databases->openAtStart(request);
-    showDatabase();
+    m_homeCommands->showDatabase();
     placeOnScreen();
     m_list->widths().restore(m_platform.settings);
     m_graphics->mainLoad();
-    applyPreferences();
+    m_settings->apply();
     viewHome();
     showStartPage();
     m_starts->add(request);
@@ -204,28 +218,8 @@ void frmMain::load(bool hasProgramFolder, const StartRequest& request)
 /// Shows the page that the settings name after the home page, to which Back leads.
 void frmMain::showStartPage()
 {
-    const std::optional<RecordKind> kind = recordKindOf(m_preferences.startPage);
+    const std::optional<RecordKind> kind = recordKindOf(m_settings->preferences().startPage);
     if (kind && m_state.session.isOpen()) viewAll(*kind);
-}
-
-void frmMain::changeSettings()
-{
-    const Preferences before = Preferences::read(m_platform.settings);
-    frmSettings window(before, {m_platform.fileDialogs, m_state.home.root(), m_state.session.fileName()},
-                       this);
-    if (window.exec() != QDialog::Accepted) return;
-    const bool shownOtherwise = window.chosen().fourDigitYears != m_preferences.fourDigitYears;
-    m_preferences = window.chosen();
-    m_preferences.write(m_platform.settings, before);
-    applyPreferences();
-    if (shownOtherwise && m_pages->showsList()) m_pages->refresh();
-}
-
-void frmMain::applyPreferences()
-{
-    m_list->setTextSize(m_preferences.listTextSize);
-    m_list->setYears(m_preferences.fourDigitYears ? Years::FourDigits : Years::TwoDigits);
-    m_open->setDiscFolders(m_preferences.discFolders);
 }
 
 /// Forgets what was shown of the database before, and begins with the home page.
@@ -235,7 +229,7 @@ void frmMain::startOver()
     m_state.history.clear();
     m_list->forget();
     m_graphics->mainLoad();
-    showDatabase();
+    m_homeCommands->showDatabase();
     viewHome();
 }
 
@@ -253,41 +247,11 @@ void frmMain::lookForOutsideChange()
     m_graphics->timeline().updateTimeline(std::nullopt);
 }
 
-/// Shows the lists; afterwards, the records that the user asked for there, or what was shown before with the
-/// entries as they are now.
-void frmMain::openLists()
+/// Shows again what is shown, after a change other than that of a record.
+void frmMain::showAgain()
 {
-    constexpr double swatch = 12;
-    const auto marker = [this](qint64 function) {
-        return MarkerPictures::draw(clsCities::colourOf(function), swatch, devicePixelRatioF());
-    };
-    frmLists dialog({m_platform, m_state.session, m_state.queries, *m_positions, marker}, this);
-    dialog.showLists();
-    if (const auto& view = dialog.wantedView())
-        m_state.history.addView(*view);
-    else if (dialog.hasChanged())
-        m_pages->refresh();
-}
-
-/// Shows on the home page which database is open, what can be done without one, and the recent ones.
-void frmMain::showDatabase()
-{
-    const QString file = m_state.session.fileName();
-    m_home->setSubtitle(file.isEmpty() ? tr("No database is open.")
-                                       : tr("Database: %1").arg(QFileInfo(file).completeBaseName()));
-    m_home->setBeginning(file.isEmpty(), SampleCollection::hindrance(m_state.home));
-    showRecent();
-}
-
-void frmMain::showRecent()
-{
-    m_databases->listRecent();
-    std::vector<HomePage::Link> links;
-    for (const DatabaseCommands::Recent& database : m_databases->recent()) {
-        if (m_databases->isOpen(database)) continue;
-        links.push_back({database.name, database.caption, QDir::toNativeSeparators(database.file)});
-    }
-    m_home->setRecent(links);
+    m_pages->refresh();
+    m_undo->refresh();
 }
 
 /// Without a place from an earlier run, takes most of a small screen, and of a large one as much as the lists
@@ -352,8 +316,9 @@ void frmMain::enableCommands()
     const QString nothingSelected = isSelected ? QString() : tr("Select a record first.");
     enableUnless(*m_commands->mnuRecordCopy, showsList ? nothingSelected : noList);
     enableUnless(*m_commands->mnuRecordOpen, showsList ? m_open->hindrance() : noList);
-    enableUnless(*m_commands->mnuRecordLists,
-                 m_state.session.isOpen() ? QString() : tr("No database is open."));
+    const QString noDatabase = m_state.session.isOpen() ? QString() : tr("No database is open.");
+    enableUnless(*m_commands->mnuRecordLists, noDatabase);
+    enableUnless(*m_commands->mnuViewDeleted, noDatabase);
     m_related->enable(noList);
     m_records->enable(unwritable(), noList);
     m_status->showSelected(showsList ? m_list->selectedCount() : 0);
@@ -375,7 +340,7 @@ void frmMain::UpdateHistoryList()
 
 void frmMain::closeEvent(QCloseEvent* event)
 {
-    if (m_preferences.asksOnExit &&
+    if (m_settings->preferences().asksOnExit &&
         !m_platform.messages.ask(tr("Are you sure you want to exit?"), Question::Loss)) {
         event->ignore();
         return;

@@ -4,7 +4,6 @@
 
 #include "data/RecordKind.h"
 #include "platform/Platform.h"
-#include "state/Preferences.h"
 
 #include <QMainWindow>
 
@@ -17,6 +16,7 @@ class EmptyList;
 class GraphicViews;
 class HelpCommands;
 class HistoryNavigation;
+class HomeCommands;
 class HomePage;
 class ListMenus;
 class ListPane;
@@ -26,11 +26,14 @@ class OpenCommand;
 class PositionPicker;
 class RecordPicker;
 class SearchCommands;
+class SettingsCommand;
 class StartCommands;
 class RecordCommands;
 class RecordEditors;
+class RecordWindows;
 class RelatedCommands;
 class StatusLine;
+class UndoCommands;
 class ViewPages;
 struct ProgramState;
 struct RecordAddition;
@@ -67,12 +70,8 @@ private:
     void connectRows();
     void placeOnScreen();
     void showStartPage();
-    void changeSettings();
-    void applyPreferences();
     void startOver();
-    void showDatabase();
-    void showRecent();
-    void openLists();
+    void showAgain();
     void lookForOutsideChange();
     void viewAll(RecordKind kind);
     void viewHome();
@@ -88,6 +87,7 @@ private:
     DatabaseCommands* m_databases;
     StatusLine* m_status;
     HomePage* m_home;
+    HomeCommands* m_homeCommands;
     ListPane* m_list;
     BrowsePage* m_browse;
     std::unique_ptr<RecordPicker> m_picker;
@@ -98,11 +98,13 @@ private:
     std::unique_ptr<OpenCommand> m_open;
     RecordEditors* m_editors;
     RecordCommands* m_records;
+    UndoCommands* m_undo;
+    RecordWindows* m_windows;
     GraphicViews* m_graphics;
     EmptyList* m_emptyList;
     ViewPages* m_pages;
     HistoryNavigation* m_navigation;
-    Preferences m_preferences;
+    std::unique_ptr<SettingsCommand> m_settings;
     StartCommands* m_starts;
     bool m_isChangedOutside = false; ///< whether the view to be shown next has another program's changes
 };

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "browse/window/SettingsCommand.h"
+
+#include "browse/commands/OpenCommand.h"
+#include "browse/list/ListPane.h"
+#include "settings/frmSettings.h"
+#include "state/ProgramState.h"
+
+SettingsCommand::SettingsCommand(const Platform& platform, const ProgramState& state, ListPane& list,
+                                 OpenCommand& open)
+    : m_platform(platform),
+      m_state(state),
+      m_list(list),
+      m_open(open),
+      m_preferences(Preferences::read(platform.settings))
+{
+}
+
+void SettingsCommand::apply()
+{
+    m_list.setTextSize(m_preferences.listTextSize);
+    m_list.setYears(m_preferences.fourDigitYears ? Years::FourDigits : Years::TwoDigits);
+    m_open.setDiscFolders(m_preferences.discFolders);
+}
+
+bool SettingsCommand::change(QWidget& window)
+{
+    const Preferences before = Preferences::read(m_platform.settings);
+    frmSettings dialog(before, {m_platform.fileDialogs, m_state.home.root(), m_state.session.fileName()},
+                       &window);
+    if (dialog.exec() != QDialog::Accepted) return false;
+    const bool shownOtherwise = dialog.chosen().fourDigitYears != m_preferences.fourDigitYears;
+    m_preferences = dialog.chosen();
+    m_preferences.write(m_platform.settings, before);
+    apply();
+    return shownOtherwise;
+}

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "history/ComparedFields.h"
+
+#include <QStringList>
+
+class Clock;
+class DatabaseSession;
+
+/// Makes a record what it was in an earlier version, as a new version: the past stays.
+class RecordRestore
+{
+public:
+    struct Outcome
+    {
+        bool isDone = false; ///< false if the record is not what its user saw, and nothing was written
+        QStringList leftOut; ///< links to what is gone from the database: the field and the name
+    };
+
+    /// Session and clock must outlive it.
+    RecordRestore(DatabaseSession& session, const Clock& clock, RecordKind kind, qint64 identifier)
+        : m_session(session),
+          m_clock(clock),
+          m_kind(kind),
+          m_identifier(identifier),
+          m_fields(recordFields(kind))
+    {
+    }
+
+    /// The rows that the record gets from a version: a deleted record is active again, and what the version
+    /// does not hold stays as it is in `present`.
+    [[nodiscard]] Snapshot target(const VersionContent& version, const Snapshot& present) const;
+
+    /// Writes the version with its row of the history table, in one transaction. `known` is the record as
+    /// its user saw it. Links to what is gone are left out. Throws Error; nothing is written then.
+    Outcome restore(const VersionContent& version, const Snapshot& known);
+
+private:
+    [[nodiscard]] bool isThere(const QString& table, const QString& keyColumn, qint64 key) const;
+    void leaveOutKeys(Snapshot& target, QStringList& leftOut) const;
+    void leaveOutLinks(Snapshot& target, QStringList& leftOut) const;
+
+    DatabaseSession& m_session;
+    const Clock& m_clock;
+    RecordKind m_kind;
+    qint64 m_identifier;
+    RecordFields m_fields;
+};

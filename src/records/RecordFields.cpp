@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "records/RecordFields.h"
+
+#include "records/DocumentStore.h"
+#include "records/EventStore.h"
+#include "records/OrganizationColumns.h"
+#include "records/OrganizationStore.h"
+#include "records/RecordsTexts.h"
+
+namespace {
+
+template <typename Record>
+FieldForm formOf(const RecordColumn<Record>& column)
+{
+    if (std::holds_alternative<bool Record::*>(column.member)) return FieldForm::Flag;
+    if (std::holds_alternative<qint64 Record::*>(column.member)) return FieldForm::Key;
+    if (column.written == &RecordValues::date) return FieldForm::Date;
+    return column.written == &RecordValues::time ? FieldForm::Time : FieldForm::Text;
+}
+
+template <typename Record>
+void add(std::type_identity_t<ColumnTable<Record>> columns, const QString& table,
+         std::vector<RecordField>& fields)
+{
+    for (const RecordColumn<Record>& each : columns) {
+        fields.push_back({table, each.column.toString(), RecordsTexts::tr(each.caption), formOf(each),
+                          each.history == History::Copied, false});
+    }
+}
+
+template <typename Record>
+RecordField fieldOf(const ListLink<Record>& link)
+{
+    return {link.table.table,
+            link.table.linkColumn,
+            RecordsTexts::tr(link.caption),
+            FieldForm::Links,
+            false,
+            true};
+}
+
+template <typename Record>
+RecordField fieldOf(const CheckLink<Record>& link)
+{
+    return {link.table.table, link.table.linkColumn, RecordsTexts::tr(link.caption),
+            link.hasSetting ? FieldForm::Settings : FieldForm::Links};
+}
+
+template <typename Record>
+RecordFields fieldsOf(const RecordTables<Record>& tables)
+{
+    const RecordNames names = recordNames(tables.kind);
+    RecordFields all;
+    add<Record>(tables.columns, names.record, all.fields);
+    if (tables.kind == RecordKind::Organization)
+        add<OrganizationProfile>(profileColumns, QStringLiteral("OrganizationProfile"), all.fields);
+    for (const RecordLink<Record>& link : tables.links)
+        all.fields.push_back(std::visit([](const auto& each) { return fieldOf(each); }, link));
+    all.fields.push_back(
+        {names.record, tables.statusColumn, RecordsTexts::tr("Status"), FieldForm::Status, true});
+    all.hidden << names.key;
+    for (const ConstantColumn& each : tables.constants)
+        all.hidden << each.column;
+    return all;
+}
+
+} // namespace
+
+RecordFields recordFields(RecordKind kind)
+{
+    switch (kind) {
+    case RecordKind::Document:
+        return fieldsOf(DocumentStore::tables());
+    case RecordKind::Event:
+        return fieldsOf(EventStore::tables());
+    case RecordKind::Organization:
+        break;
+    }
+    return fieldsOf(OrganizationStore::tables());
+}
