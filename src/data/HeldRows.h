@@ -32,7 +32,7 @@ public:
     [[nodiscard]] std::vector<HeldRow> read(const QString& engineStatement,
                                             const std::vector<Value>& values = {}) const;
 
-    /// Returns the number of rows changed. A statement that is run again and again is prepared once.
+    /// Returns the number of rows changed.
     int write(const QString& engineStatement, const std::vector<Value>& values = {}) const;
 
 private:

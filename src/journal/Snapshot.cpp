@@ -62,13 +62,11 @@ void appendText(QString& json, const QString& text)
 
 void appendValue(QString& json, const Value& value)
 {
-    const auto* real = std::get_if<double>(&value);
+    if (const auto* text = std::get_if<QString>(&value)) return appendText(json, *text);
     if (const auto* whole = std::get_if<qint64>(&value)) {
         json += QString::number(*whole);
-    } else if (real != nullptr && std::isfinite(*real)) {
+    } else if (const auto* real = std::get_if<double>(&value); real != nullptr && std::isfinite(*real)) {
         json += QString::number(*real, 'g', QLocale::FloatingPointShortest);
-    } else if (const auto* text = std::get_if<QString>(&value)) {
-        appendText(json, *text);
     } else {
         json += u"null"_s;
     }
@@ -76,30 +74,27 @@ void appendValue(QString& json, const Value& value)
 
 void appendRow(QString& json, const HeldRow& row)
 {
-    QChar before = u'{';
+    json += u'{';
+    bool isFirst = true;
     for (const auto& [column, value] : row) {
-        json += before;
+        if (!std::exchange(isFirst, false)) json += u',';
         appendText(json, column);
         json += u':';
         appendValue(json, value);
-        before = u',';
     }
-    json += before == u'{' ? u"{}"_s : u"}"_s;
+    json += u'}';
 }
 
-/// By hand, since a change to a list can have hundreds of thousands of rows.
 void appendRows(QString& json, const QString& table, const std::vector<HeldRow>& rows)
 {
-    json += json.isEmpty() ? u'{' : u',';
+    if (json.size() > 1) json += u',';
     appendText(json, table);
-    json += u':';
-    QChar before = u'[';
+    json += u":["_s;
     for (const HeldRow& row : rows) {
-        json += before;
+        if (&row != &rows.front()) json += u',';
         appendRow(json, row);
-        before = u',';
     }
-    json += before == u'[' ? u"[]"_s : u"]"_s;
+    json += u']';
 }
 
 /// A number without a fraction comes back as a whole one; a column of numbers takes either for the same.
@@ -195,7 +190,8 @@ QString Snapshots::titleOf(RecordKind kind, const Snapshot& record)
 Value Snapshots::toJson(const Snapshot& snapshot)
 {
     if (snapshot.isEmpty()) return {};
-    QString json;
+    QString json(u'{');
+    json.reserve(2000);
     const auto operation = snapshot.tables.find(operationRows.toString());
     if (operation != snapshot.tables.end()) appendRows(json, operation->first, operation->second);
     for (const auto& [table, rows] : snapshot.tables)

@@ -353,7 +353,7 @@ TEST_F(RandomSteps, AreTakenBackAndDoneAgainAlthoughProcessesDie)
         const pid_t child = fork();
         if (child == 0) work(seed + 1 + static_cast<unsigned>(round), isKilled ? mostStepsOfAProcess : 100);
         if (isKilled) {
-            std::this_thread::sleep_for(std::chrono::microseconds(2000 + random() % 40000));
+            std::this_thread::sleep_for(std::chrono::microseconds(2000 + random() % 30000));
             kill(child, SIGKILL);
         }
         int status = 0;

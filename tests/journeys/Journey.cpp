@@ -118,7 +118,8 @@ QStringList Journey::dump()
 {
     QStringList all;
     const auto ask = [this](const QString& statement) { return database.ask(statement).split(u'\n'); };
-    for (const QString& table : ask(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table'")))
+    for (const QString& table :
+         ask(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name <> 'Journal'")))
         all << ask(QStringLiteral("SELECT quote('%1'), * FROM \"%1\"").arg(table));
     all.removeAll(QString());
     return all;
