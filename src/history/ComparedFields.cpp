@@ -47,9 +47,9 @@ const NamedKey* namedKey(const RecordParts& record, const RecordField& field)
 
 QString nameOf(const HeldRow& row, const NamedKey& key, qint64 number)
 {
-    if (number == noneKey) return ListEntry::none().display;
     const QString name = textOf(valueOf(row, key.nameColumn));
-    return name.isEmpty() ? HistoryTexts::tr("No. %1").arg(number) : name;
+    if (!name.isEmpty()) return name;
+    return number == noneKey ? ListEntry::none().display : HistoryTexts::tr("No. %1").arg(number);
 }
 
 std::vector<NamedLink> linksOf(const std::vector<HeldRow>& rows, const PartTable& part,

@@ -168,8 +168,9 @@ std::vector<DifferenceRun> joined(const std::vector<DifferenceRun>& runs)
     };
     for (std::size_t i = 0; i < runs.size(); ++i) {
         const DifferenceRun& run = runs[i];
-        const bool isBetween = i > 0 && i + 1 < runs.size() && run.text.trimmed().isEmpty() &&
-                               !run.text.contains(u'\n') && !(removed.isEmpty() && added.isEmpty());
+        const bool isPending = !removed.isEmpty() || !added.isEmpty();
+        const bool isBetween = run.kind == Kind::Equal && isPending && i + 1 < runs.size() &&
+                               run.text.trimmed().isEmpty() && !run.text.contains(u'\n');
         if (run.kind == Kind::Equal && !isBetween) flush();
         if (run.kind == Kind::Equal && !isBetween) append(result, Kind::Equal, run.text);
         if (run.kind == Kind::Removed || isBetween) removed += run.text;
