@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // What the journal costs: a save beside one in a copy of the database that keeps none, and saves, lists and
-// searches with 1,000,000 steps in the journal beside the same with an empty one. All full size.
+// searches with 1,000,000 steps in the journal beside the same with an empty one. Then how long the windows
+// of the past take to be painted, with that journal. All full size.
 
 #include "BenchWindow.h"
 #include "LongJournal.h"
 #include "Saves.h"
 #include "data/HeldRows.h"
+#include "history/frmDeletedRecords.h"
+#include "history/frmHistory.h"
+#include "journal/UndoSteps.h"
 #include "search/KeywordSearch.h"
 
 #include <QDir>
@@ -121,6 +125,46 @@ void searchWithLongJournal(benchmark::State& state, RecordKind kind)
     compareReading(state, keywordQuery(StandardQueries(), kind, words)->sqlStr());
 }
 
+void undoWithLongJournal(benchmark::State& state)
+{
+    const SystemClock clock;
+    const auto undoable = [&](Copy& copy) {
+        return [&state, steps = UndoSteps(copy.state.session, clock, copy.state.folder)] {
+            if (!steps.undoable()) state.SkipWithError("there is nothing to undo");
+        };
+    };
+    compare(state, undoable(journals().empty), undoable(journals().full));
+}
+
+/// A document that was changed hundreds of times.
+void historyOfRecord(benchmark::State& state)
+{
+    const BenchWindow window(2);
+    Copy& copy = journals().full;
+    for (auto _ : state) {
+        const Milliseconds shown = timeToShown([&] {
+            frmHistory(window.platform(), copy.state.session, copy.state.folder, nullptr)
+                .showHistory(RecordKind::Document, 2);
+        });
+        state.SetIterationTime(shown.count() / 1000);
+    }
+}
+
+void deletedRecords(benchmark::State& state, RecordKind kind)
+{
+    const BenchWindow window(2);
+    static Copy copy([](const QString& file) {
+        addToJournal(file, steps);
+        deleteAll(file);
+    });
+    for (auto _ : state) {
+        const Milliseconds shown = timeToShown([&] {
+            frmDeletedRecords({window.platform(), copy.state.session, {}, {}}, nullptr).showDeleted(kind);
+        });
+        state.SetIterationTime(shown.count() / 1000);
+    }
+}
+
 template <typename... Arguments>
 void add(const char* name, int iterations, void (*run)(benchmark::State&, Arguments...),
          Arguments... arguments)
@@ -143,7 +187,10 @@ const bool registered = [] {
         add(("long/search/" + name).c_str(), reads, searchWithLongJournal, kind);
         add(("long/add/" + name).c_str(), saves, saveWithLongJournal, kind, true);
         add(("long/change/" + name).c_str(), saves, saveWithLongJournal, kind, false);
+        add(("shown/deleted/" + name).c_str(), reads, deletedRecords, kind);
     }
+    add("long/undoable", saves, undoWithLongJournal);
+    add("shown/history", reads, historyOfRecord);
     return true;
 }();
 

@@ -59,3 +59,22 @@ void addToJournal(const QString& file, int steps)
     }
     database.exec("COMMIT; PRAGMA journal_mode = DELETE");
 }
+
+void deleteAll(const QString& file)
+{
+    SQLite::Database database(file.toStdString(), SQLite::OPEN_READWRITE);
+    database.exec("BEGIN");
+    for (const RecordKind kind : recordKinds) {
+        const RecordParts& record = recordParts(kind);
+        const QString changes = QStringLiteral(
+            "UPDATE %1 SET %2 = 'DELETED' WHERE %3 > 1; "
+            "INSERT INTO Journal SELECT (SELECT ifnull(max(Number), 0) FROM Journal) + %3, 1, "
+            "'2005-06-15 12:00:00', 'delete', '%1', %3, %4, json_object('%1', json_array(json_object('%2', "
+            "'ACTIVE'))), json_object('%1', json_array(json_object('%2', 'DELETED'))), NULL, 1, 0 FROM %1 "
+            "WHERE %3 > 1");
+        database.exec(
+            changes.arg(record.names.record, record.statusColumn, record.names.key, record.names.name)
+                .toStdString());
+    }
+    database.exec("COMMIT");
+}

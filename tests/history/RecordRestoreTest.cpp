@@ -17,7 +17,7 @@ protected:
     {
         clock.moment = clock.moment.addSecs(60);
         const RecordVersions versions = versionsOf(kind, identifier);
-        return RecordRestore(database.session(), clock, kind, identifier)
+        return RecordRestore(database.session(), clock, folder, kind, identifier)
             .restore(versions.content(index), versions.present());
     }
 
@@ -114,7 +114,7 @@ TEST_F(RecordRestoreTest, WritesNothingOverAChangeThatItsUserDidNotSee)
     const RecordVersions versions = versionsOf(RecordKind::Event, 2);
     database.run("INSERT INTO EventVenues VALUES (2, 12)");
     const QByteArray before = database.bytes();
-    EXPECT_FALSE(RecordRestore(database.session(), clock, RecordKind::Event, 2)
+    EXPECT_FALSE(RecordRestore(database.session(), clock, folder, RecordKind::Event, 2)
                      .restore(versions.content(1), versions.present())
                      .isDone);
     EXPECT_EQ(database.bytes(), before);
