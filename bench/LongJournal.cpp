@@ -45,9 +45,10 @@ void addToJournal(const QString& file, int steps)
     const std::vector<ChangedRecord> records = readRecords(file);
     SQLite::Database database(file.toStdString(), SQLite::OPEN_READWRITE);
     database.exec("PRAGMA synchronous = OFF; PRAGMA journal_mode = OFF; BEGIN");
-    SQLite::Statement add(database,
-                          "INSERT INTO Journal VALUES (?1, ?1, '2005-06-15 12:00:00', 'change', ?2, ?3, "
-                          "'A title', ?4, ?4, NULL, ?1, 0)");
+    SQLite::Statement add(
+        database, "INSERT INTO Journal (Number, Step, Moment, What, Kind, Identifier, Title, Before, After, "
+                  "UndoStep, RedoStep) "
+                  "VALUES (?1, ?1, '2005-06-15 12:00:00', 'change', ?2, ?3, 'A title', ?4, ?4, ?1, 0)");
     for (int number = 1; number <= steps; ++number) {
         const ChangedRecord& record = records[static_cast<std::size_t>(number) % records.size()];
         add.bind(1, number);
@@ -68,9 +69,10 @@ void deleteAll(const QString& file)
         const RecordParts& record = recordParts(kind);
         const QString changes = QStringLiteral(
             "UPDATE %1 SET %2 = 'DELETED' WHERE %3 > 1; "
-            "INSERT INTO Journal SELECT (SELECT ifnull(max(Number), 0) FROM Journal) + %3, 1, "
+            "INSERT INTO Journal (Number, Step, Moment, What, Kind, Identifier, Title, Before, After, "
+            "UndoStep, RedoStep) SELECT (SELECT ifnull(max(Number), 0) FROM Journal) + %3, 1, "
             "'2005-06-15 12:00:00', 'delete', '%1', %3, %4, json_object('%1', json_array(json_object('%2', "
-            "'ACTIVE'))), json_object('%1', json_array(json_object('%2', 'DELETED'))), NULL, 1, 0 FROM %1 "
+            "'ACTIVE'))), json_object('%1', json_array(json_object('%2', 'DELETED'))), 1, 0 FROM %1 "
             "WHERE %3 > 1");
         database.exec(
             changes.arg(record.names.record, record.statusColumn, record.names.key, record.names.name)

@@ -22,7 +22,7 @@ struct VersionContent
 
     /// The row of the journal after which the record was so; std::nullopt if it is so now, or if that is not
     /// known.
-    std::optional<qint64> journalNumber;
+    std::optional<qint64> journalNumber = std::nullopt;
 };
 
 /// Something that a record is linked to, with the name that it had then.

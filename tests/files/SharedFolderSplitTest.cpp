@@ -41,8 +41,10 @@ QString rowOf(const QString& named)
                "(%1, '%2', 1)"_s.arg(rest.section(u':', 0, 0), rest.section(u':', 1));
     }
     if (named.startsWith(u"former:"_s)) {
-        return u"INSERT INTO Journal VALUES (NULL, 1, '', 'change', 'Organization', %1, '', NULL, "
-               u"'{\"Files\":[{\"Name\":\"%1.pdf\"}]}', NULL, 1, 0)"_s.arg(rest);
+        return u"INSERT INTO Journal (Step, Moment, What, Kind, Identifier, After, UndoStep, RedoStep) "
+               u"VALUES "
+               u"(1, '', 'change', 'Organization', %1, '{\"Files\":[{\"Name\":\"%1.pdf\"}]}', 1, 0)"_s.arg(
+                   rest);
     }
     const bool isDeleted = named.startsWith(u"deleted:"_s);
     return u"INSERT INTO Document (FileLocation, dStatus) VALUES ('%1', '%2')"_s.arg(

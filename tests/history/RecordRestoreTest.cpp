@@ -4,6 +4,7 @@
 
 #include "history/HistoryTest.h"
 #include "journal/RecordParts.h"
+#include "support/TestFiles.h"
 
 using namespace Qt::StringLiterals;
 
@@ -66,6 +67,25 @@ TEST_F(RecordRestoreTest, MakesTheRecordWhatItWasAsANewVersion)
     EXPECT_EQ(
         database.ask("SELECT What, Reverses, UndoStep, RedoStep FROM Journal ORDER BY Number DESC LIMIT 1"),
         u"restore|NULL|4|0"_s);
+}
+
+TEST_F(RecordRestoreTest, BringsTheChartBack)
+{
+    const QString chart = database.folder() + u"/data/orgcharts/2.png"_s;
+    OrganizationStore organizations(database.session(), folder, clock);
+    for (const char* content : {"first", "second", "third"}) {
+        OrganizationRecord record = organizations.load(2).record;
+        record.profile.organizationChart = database.folder() + u"/chart.png"_s;
+        record.notes = QString::fromUtf8(content);
+        writeFile(record.profile.organizationChart, content);
+        ASSERT_FALSE(organizations.updateOrganization(record));
+    }
+    EXPECT_TRUE(restore(RecordKind::Organization, 2, 1).isDone);
+    EXPECT_EQ(contentOf(chart), "second");
+    EXPECT_TRUE(restore(RecordKind::Organization, 2, 3).isDone);
+    EXPECT_EQ(contentOf(chart), "first");
+    EXPECT_TRUE(restore(RecordKind::Organization, 2, 5).isDone);
+    EXPECT_EQ(contentOf(chart), "(no file)") << "as before the first upload";
 }
 
 TEST_F(RecordRestoreTest, LeavesOutWhatIsGone)
