@@ -24,6 +24,17 @@
 
 using namespace Qt::StringLiterals;
 
+// In place of the system's: a process that is killed loses nothing that it has written, so that nothing here
+// has to wait for the disc.
+extern "C" int fsync(int /*file*/)
+{
+    return 0;
+}
+extern "C" int fdatasync(int /*file*/)
+{
+    return 0;
+}
+
 namespace {
 
 constexpr unsigned seed = 20050615;
@@ -274,12 +285,13 @@ protected:
     {
         try {
             m_state.session.open(m_database.fileName()); // a connection cannot be shared with another process
+            RecordDump dump(m_database.fileName());
             RandomUser user(m_state.session, m_state.folder, m_clock, m_file, chance);
             for (int i = 0; i < most; ++i) {
                 user.doSomething();
                 QFile noted(m_noted);
                 if (!noted.open(QIODevice::Append)) _exit(2);
-                noted.write(QByteArray::number(place()) + ' ' + state() + '\n');
+                noted.write(QByteArray::number(place()) + ' ' + state(dump) + '\n');
             }
         } catch (const Error& error) {
             std::fprintf(stderr, "Error %d: %s\n", error.number(), error.what());
@@ -290,17 +302,15 @@ protected:
     }
 
     /// The step that Undo would take back: where the file is in the course of its steps.
-    [[nodiscard]] qint64 place() const
+    qint64 place()
     {
-        return ask("SELECT ifnull(max(UndoStep), 0) FROM Journal WHERE Number = (SELECT max(Number) FROM "
-                   "Journal)")
-            .toLongLong();
+        const auto step = UndoSteps(m_state.session, m_clock).undoable();
+        return step ? step->number : 0;
     }
 
-    [[nodiscard]] QByteArray state() const
+    static QByteArray state(RecordDump& dump)
     {
-        const QByteArray dump = recordDump(m_database.fileName());
-        return QCryptographicHash::hash(dump, QCryptographicHash::Sha1).toHex();
+        return QCryptographicHash::hash(dump.rows(), QCryptographicHash::Sha1).toHex();
     }
 
     /// Takes over what a process noted before it ended, and looks at what it left.
@@ -313,7 +323,10 @@ protected:
             noted.resize(0);
         }
         // a deletion of several records that was interrupted is a step, too
-        m_states.insert(place(), state());
+        m_state.session.open(m_database.fileName());
+        RecordDump dump(m_database.fileName());
+        expectState(place(), state(dump));
+        m_state.session.close();
     }
 
     /// A place has one state, whichever way leads there.
@@ -327,9 +340,10 @@ protected:
     int go(UndoOutcome (UndoSteps::*direction)(Undo))
     {
         UndoSteps steps(m_state.session, m_clock, m_state.folder);
+        RecordDump dump(m_database.fileName());
         int count = 0;
         for (; (steps.*direction)(Undo::UnlessChanged).isDone(); ++count)
-            expectState(place(), state());
+            expectState(place(), state(dump));
         return count;
     }
 

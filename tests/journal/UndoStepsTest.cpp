@@ -58,7 +58,7 @@ protected:
         return step ? StepTexts::redo(*step) : QString();
     }
 
-    [[nodiscard]] QByteArray dump() const { return recordDump(m_database.fileName()); }
+    [[nodiscard]] QByteArray dump() const { return RecordDump(m_database.fileName()).rows(); }
 
     UndoSteps m_undo{m_state.session, m_clock, m_state.folder};
     ListStore m_lists{m_state.session, m_clock};
