@@ -76,9 +76,21 @@ void ComparedText::writeRuns(QTextTable& table, int row, int column, const std::
     }
 }
 
-void ComparedText::writeLine(QTextTable& table, int row, int column, const QString& text, Kind kind) const
+void ComparedText::writeLine(QTextTable& table, int row, int column, const QString& text) const
 {
-    cursorFor(table, row, column).insertText(text, formatOf(kind));
+    cursorFor(table, row, column).insertText(text, m_equal);
+}
+
+/// The sign is enough to tell a link by: a dash that is struck out could not be read.
+void ComparedText::writeLink(QTextTable& table, int row, int column, const QString& name, Kind kind) const
+{
+    QTextCharFormat format = formatOf(kind);
+    format.setFontStrikeOut(false);
+    format.setFontUnderline(false);
+    const QString sign = kind == Kind::Equal   ? QString()
+                         : kind == Kind::Added ? QStringLiteral("+ ")
+                                               : QStringLiteral("\u2212 ");
+    cursorFor(table, row, column).insertText(sign + name, format);
 }
 
 void ComparedText::writeNote(QTextTable& table, int row, int column, const QString& text) const

@@ -19,9 +19,11 @@ public:
     void writeRuns(QTextTable& table, int row, int column, const std::vector<DifferenceRun>& runs,
                    DifferenceRun::Kind side) const;
 
-    /// Adds a line to a cell.
-    void writeLine(QTextTable& table, int row, int column, const QString& text,
-                   DifferenceRun::Kind kind = DifferenceRun::Kind::Equal) const;
+    void writeLine(QTextTable& table, int row, int column, const QString& text) const;
+
+    /// Adds a line with the name of a link, and what became of it before that.
+    void writeLink(QTextTable& table, int row, int column, const QString& name,
+                   DifferenceRun::Kind kind) const;
 
     /// Adds a line that is no part of what is compared.
     void writeNote(QTextTable& table, int row, int column, const QString& text) const;

@@ -15,7 +15,7 @@ using Source = RecordVersion::Source;
 
 namespace {
 
-constexpr qint64 portion = 100;
+constexpr qint64 portion = 50;
 
 QString programMoment(const QString& held)
 {
@@ -228,5 +228,9 @@ QStringList RecordVersions::changedFields(std::size_t index)
     while (index + 1 >= m_found.size() && m_hasMore)
         findMore();
     if (index + 1 >= m_found.size()) return {};
-    return m_fields.differences(content(index + 1), content(index));
+    // rows are mostly asked for one after the other, and the one below is the next
+    const bool isKnown = m_compared && m_compared->first == index;
+    const VersionContent newer = isKnown ? std::move(m_compared->second) : content(index);
+    m_compared.emplace(index + 1, content(index + 1));
+    return m_fields.differences(m_compared->second, newer);
 }

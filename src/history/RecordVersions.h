@@ -99,6 +99,7 @@ private:
     std::vector<RecordVersion> m_found;
     std::optional<Reached> m_reached;   ///< std::nullopt if the oldest version found is the addition
     std::optional<qint64> m_lastNumber; ///< of the journal's row found last
+    std::optional<std::pair<std::size_t, VersionContent>> m_compared; ///< the version compared with last
     QString m_firstMoment; ///< held form: that of the oldest row of the journal; empty if there is none
     bool m_hasMore = true;
 };

@@ -54,10 +54,9 @@ bool hasLink(const std::vector<NamedLink>& links, qint64 key)
     return std::any_of(links.begin(), links.end(), [key](const NamedLink& link) { return link.key == key; });
 }
 
-QString linkText(const NamedLink& link, Kind kind)
+bool isEmpty(const std::optional<FieldContent>& content)
 {
-    if (kind == Kind::Equal) return link.name;
-    return (kind == Kind::Added ? QStringLiteral("+ ") : QStringLiteral("\u2212 ")) + link.name;
+    return !content || (content->text.isEmpty() && content->links.empty());
 }
 
 } // namespace
@@ -77,7 +76,7 @@ VersionComparison::VersionComparison(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_text, 1);
-    layout->addWidget(m_onlyDifferences);
+    layout->addWidget(m_onlyDifferences, 0, Qt::AlignLeft);
     connect(m_onlyDifferences, &QCheckBox::toggled, this, &VersionComparison::draw);
 }
 
@@ -135,29 +134,34 @@ QStringList VersionComparison::drawRecord(QTextCursor& cursor, const ComparedVer
     text.writeHeading(table, 0, NewerColumn, record.newerHeading);
     QStringList differences;
     QStringList notKept;
-    for (const ComparedField& field : ComparedFields(record.kind).compare(record.older, record.newer)) {
+    for (ComparedField& field : ComparedFields(record.kind).compare(record.older, record.newer)) {
+        if (!record.hasOlder) {
+            field.older.reset();
+            if (!m_onlyDifferences->isChecked() || !isEmpty(field.newer)) drawField(table, field, false);
+            continue;
+        }
         if (field.isDifferent()) differences << field.field.caption;
         if (field.older.has_value() != field.newer.has_value()) notKept << field.field.caption;
         const bool isShown = field.isDifferent() || !m_onlyDifferences->isChecked();
-        if (isShown && (field.older || field.newer)) drawField(table, field);
+        if (isShown && (field.older || field.newer)) drawField(table, field, true);
     }
     differences.removeDuplicates();
     notKept.removeDuplicates();
     cursor.movePosition(QTextCursor::End);
-    if (differences.isEmpty()) cursor.insertText(tr("No field differs.") + u'\n');
+    if (differences.isEmpty() && record.hasOlder) cursor.insertText(tr("No field differs.") + u'\n');
     if (!notKept.isEmpty() && m_onlyDifferences->isChecked())
         cursor.insertText(tr("Not kept in one of the two: %1").arg(notKept.join(u", ")) + u'\n');
     return differences;
 }
 
-void VersionComparison::drawField(QTextTable& table, const ComparedField& field) const
+void VersionComparison::drawField(QTextTable& table, const ComparedField& field, bool hasOlder) const
 {
     const ComparedText text(palette());
     const int row = table.rows();
     table.appendRows(1);
     text.writeLine(table, row, CaptionColumn, field.field.caption);
     field.hasLinks() ? drawLinks(table, row, field) : drawTexts(table, row, field);
-    if (!field.older) text.writeNote(table, row, OlderColumn, tr("not kept"));
+    if (!field.older && hasOlder) text.writeNote(table, row, OlderColumn, tr("not kept"));
     if (!field.newer) text.writeNote(table, row, NewerColumn, tr("not kept"));
 }
 
@@ -185,7 +189,7 @@ void VersionComparison::drawLinks(QTextTable& table, int row, const ComparedFiel
             const bool isEqual = !other || hasLink(other->links, link.key);
             if (isEqual && other && m_onlyDifferences->isChecked()) continue;
             const Kind shown = isEqual ? Kind::Equal : kind;
-            text.writeLine(table, row, column, linkText(link, shown), shown);
+            text.writeLink(table, row, column, link.name, shown);
         }
     };
     write(OlderColumn, field.older, field.newer, Kind::Removed);

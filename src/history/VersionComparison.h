@@ -16,17 +16,19 @@ class QTextTable;
 /// Two versions of a record and what the user is told of them.
 struct ComparedVersions
 {
-    RecordKind kind;
+    RecordKind kind = RecordKind::Document;
     QString title; ///< what stands above the two; may be empty
     QString olderHeading;
     VersionContent older;
     QString newerHeading;
     VersionContent newer;
+    bool hasOlder = true; ///< false for the first version of all, which is shown as it is
 };
 
 /// Shows versions of records side by side, a field to a row: the older one at the left, the newer one at the
 /// right. Words that were removed are struck out, words that were added underlined, both on a ground of their
-/// own; links have "+" or "−" before their names. A check box leaves out what is equal.
+/// own; links that were added or
+/// removed have "+" or "−" before their names. A check box leaves out what is equal.
 class VersionComparison final : public QWidget
 {
     Q_OBJECT
@@ -47,7 +49,7 @@ protected:
 private:
     void draw();
     QStringList drawRecord(QTextCursor& cursor, const ComparedVersions& record);
-    void drawField(QTextTable& table, const ComparedField& field) const;
+    void drawField(QTextTable& table, const ComparedField& field, bool hasOlder) const;
     void drawTexts(QTextTable& table, int row, const ComparedField& field) const;
     void drawLinks(QTextTable& table, int row, const ComparedField& field) const;
 

@@ -161,8 +161,15 @@ std::vector<DifferenceRun> joined(const std::vector<DifferenceRun>& runs)
     QString removed;
     QString added;
     const auto flush = [&] {
+        QString blanks; // at the end of both
+        while (!removed.isEmpty() && removed.back() == u' ' && added.endsWith(u' ')) {
+            removed.chop(1);
+            added.chop(1);
+            blanks += u' ';
+        }
         append(result, Kind::Removed, removed);
         append(result, Kind::Added, added);
+        append(result, Kind::Equal, blanks);
         removed.clear();
         added.clear();
     };

@@ -161,7 +161,7 @@ void frmHistory::showChosen()
     enableRestore();
 }
 
-/// The first version of all is compared with nothing.
+/// The first version of all has none before it.
 void frmHistory::compare(std::size_t older, std::size_t newer)
 {
     while (older >= m_versions->found().size() && m_model->canFetchMore({}))
@@ -170,8 +170,12 @@ void frmHistory::compare(std::size_t older, std::size_t newer)
         const RecordVersion& version = m_versions->found()[index];
         return QStringLiteral("%1 %2").arg(version.moment, version.what()).trimmed();
     };
-    ComparedVersions compared{m_versions->kind(), {}, {}, {}, headingOf(newer), m_versions->content(newer)};
-    if (older < m_versions->found().size()) {
+    ComparedVersions compared;
+    compared.kind = m_versions->kind();
+    compared.newerHeading = headingOf(newer);
+    compared.newer = m_versions->content(newer);
+    compared.hasOlder = older < m_versions->found().size();
+    if (compared.hasOlder) {
         compared.olderHeading = headingOf(older);
         compared.older = m_versions->content(older);
     }

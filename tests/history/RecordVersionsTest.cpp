@@ -156,11 +156,11 @@ TEST_F(RecordVersionsTest, OfALongPastAreFoundInPortions)
     database.run(
         "WITH RECURSIVE Counted (n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM Counted WHERE n < 250) "
         "INSERT INTO Journal (Number, Step, Moment, What, Kind, Identifier, Title, Before, After, Reverses, "
-        "UndoStep, RedoStep) SELECT n, n, '2005-06-15 12:00:00', 'change', 'Event', 2, '', "
+        "UndoStep, RedoStep) SELECT n, n, '2005-06-15 12:00:00', 'change', 'Event', 3, '', "
         "'{\"Event\":[{\"EventName\":\"Title ' || (n - 1) || '\"}]}', "
         "'{\"Event\":[{\"EventName\":\"Title ' || n || '\"}]}', NULL, n, 0 FROM Counted;"
-        "UPDATE Event SET EventName = 'Title 250' WHERE EventID = 2");
-    RecordVersions versions = versionsOf(RecordKind::Event, 2);
+        "UPDATE Event SET EventName = 'Title 250' WHERE EventID = 3");
+    RecordVersions versions = versionsOf(RecordKind::Event, 3);
     EXPECT_TRUE(versions.hasMore());
     EXPECT_LT(versions.found().size(), changes);
     while (versions.hasMore())

@@ -56,6 +56,7 @@ TEST(WordDifferences, MarksTheWordsThatDiffer)
         {u"The water was short."_s, u"The water was very short."_s, "The water was {very }short."},
         {u"one two three four"_s, u"one 2 3 four"_s, "one [two three]{2 3} four"},
         {u"Fire"_s, u"fire"_s, "[Fire]{fire}"},
+        {u"High water"_s, u"Very high water"_s, "[High]{Very high} water"},
         {u"a\nb\nc"_s, u"a\nc"_s, "a\n[b\n]c"},
         {u"first second"_s, u"second first"_s, "[first ]second{ first}"},
         {u"Порт горит ночью"_s, u"Порт горит днём"_s, "Порт горит [ночью]{днём}"},

@@ -149,6 +149,20 @@ TEST_F(Translation, ReachesEveryTextOfTheEditors)
     EXPECT_EQ(heard().size(), 4) << qPrintable(heard().join(u'\n'));
 }
 
+TEST_F(Translation, ReachesEveryTextOfTheHistory)
+{
+    for (const char* view : {"mnuViewDocuments", "mnuViewEvents", "mnuViewOrganizations"}) {
+        journey.trigger(view);
+        selectRow(0);
+        journey.inDialog("frmHistory", "mnuRecordHistory", [&](OpenDialog& history) {
+            pseudo.expectTranslated(history.dialog(), view);
+            history.find<QCheckBox>("chkOnlyDifferences").setChecked(false);
+            pseudo.expectTranslated(history.dialog(), view);
+            history.click("cmdClose");
+        });
+    }
+}
+
 TEST_F(Translation, ReachesEveryTextOfTheSearches)
 {
     journey.trigger("mnuSearchKeyword");
