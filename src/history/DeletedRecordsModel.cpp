@@ -8,6 +8,20 @@
 
 #include <algorithm>
 #include <map>
+#include <numeric>
+
+namespace {
+
+/// The digits of a moment in held form as a number, which sorts as the moment does; 0 if there is none.
+qint64 sortKey(const QString& moment)
+{
+    qint64 key = 0;
+    for (const QChar letter : moment)
+        if (letter.isDigit()) key = key * 10 + letter.digitValue();
+    return key;
+}
+
+} // namespace
 
 void DeletedRecordsModel::setRecords(RecordKind kind, std::vector<DeletedRecord> records)
 {
@@ -17,14 +31,11 @@ void DeletedRecordsModel::setRecords(RecordKind kind, std::vector<DeletedRecord>
     m_rows.reserve(records.size());
     for (DeletedRecord& record : records) {
         std::string name = record.name.toStdString();
-        m_rows.push_back({std::move(record), std::move(name), 0});
+        const qint64 moment = sortKey(record.moment);
+        m_rows.push_back({std::move(record), std::move(name), moment});
     }
-    std::sort(m_rows.begin(), m_rows.end(), [](const Row& one, const Row& other) {
-        const int order = TextCompare::compare(one.name, other.name);
-        return order == 0 ? one.record.identifier < other.record.identifier : order < 0;
-    });
-    for (std::size_t i = 0; i < m_rows.size(); ++i)
-        m_rows[i].place = i;
+    m_places.resize(m_rows.size());
+    std::iota(m_places.begin(), m_places.end(), 0u);
     arrange();
     endResetModel();
 }
@@ -32,13 +43,17 @@ void DeletedRecordsModel::setRecords(RecordKind kind, std::vector<DeletedRecord>
 void DeletedRecordsModel::arrange()
 {
     const bool isDescending = m_order == Qt::DescendingOrder;
-    std::sort(m_rows.begin(), m_rows.end(), [&](const Row& one, const Row& other) {
-        if (m_column == nameColumn) return isDescending ? one.place > other.place : one.place < other.place;
-        const QString& moment = one.record.moment;
-        const QString& otherMoment = other.record.moment;
-        if (moment == otherMoment) return one.place < other.place;
-        if (moment.isEmpty() || otherMoment.isEmpty()) return otherMoment.isEmpty();
-        return isDescending ? moment > otherMoment : moment < otherMoment;
+    const bool byName = m_column == nameColumn;
+    std::sort(m_places.begin(), m_places.end(), [&](std::uint32_t left, std::uint32_t right) {
+        const Row& one = m_rows[left];
+        const Row& other = m_rows[right];
+        if (!byName && one.moment != other.moment) {
+            if (one.moment == 0 || other.moment == 0) return other.moment == 0;
+            return isDescending ? one.moment > other.moment : one.moment < other.moment;
+        }
+        const int names = TextCompare::compare(one.name, other.name);
+        if (names == 0) return one.record.identifier < other.record.identifier;
+        return byName && isDescending ? names > 0 : names < 0;
     });
 }
 
@@ -65,10 +80,9 @@ void DeletedRecordsModel::sort(int column, Qt::SortOrder order)
 
 int DeletedRecordsModel::rowOf(qint64 identifier) const
 {
-    const auto found = std::find_if(m_rows.begin(), m_rows.end(), [identifier](const Row& row) {
-        return row.record.identifier == identifier;
-    });
-    return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
+    for (int row = 0; row < rowCount(); ++row)
+        if (record(row).identifier == identifier) return row;
+    return -1;
 }
 
 int DeletedRecordsModel::rowCount(const QModelIndex& parent) const

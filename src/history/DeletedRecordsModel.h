@@ -6,6 +6,7 @@
 
 #include <QAbstractTableModel>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -25,7 +26,7 @@ public:
 
     [[nodiscard]] const DeletedRecord& record(int row) const
     {
-        return m_rows[static_cast<std::size_t>(row)].record;
+        return m_rows[m_places[static_cast<std::size_t>(row)]].record;
     }
 
     /// The row of a record; -1 if it is not there.
@@ -44,14 +45,15 @@ private:
     struct Row
     {
         DeletedRecord record;
-        std::string name;      ///< as it is sorted
-        std::size_t place = 0; ///< in the order of the names
+        std::string name;  ///< as it is sorted
+        qint64 moment = 0; ///< the same; 0 if it is not known
     };
 
     void arrange();
 
     RecordKind m_kind = RecordKind::Document;
     std::vector<Row> m_rows;
+    std::vector<std::uint32_t> m_places; ///< in m_rows, in the order that is shown
     int m_column = momentColumn;
     Qt::SortOrder m_order = Qt::DescendingOrder;
 };
