@@ -21,6 +21,7 @@ namespace {
 
 constexpr int lockPatienceMilliseconds = 1000;
 constexpr auto dataVersionStatement = "PRAGMA data_version";
+constexpr auto fileVersionStatement = "PRAGMA user_version";
 
 /// Grants an access for as long as it lives.
 class AccessGranted
@@ -56,29 +57,40 @@ QString absolutePath(const QString& file)
 DatabaseSession::DatabaseSession() = default;
 DatabaseSession::~DatabaseSession() = default;
 
+/// Opens a file in SQLite, with bounds for what reading its schema may cost.
+std::shared_ptr<SQLite::Database> DatabaseSession::connect(const QString& path, Access access)
+{
+    auto opened = callEngine([&path, access] {
+        const int mode = access == Access::Read ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE;
+        // one thread works with the file, so SQLite needs no locks of its own
+        return std::make_shared<SQLite::Database>(QFile::encodeName(path).toStdString(),
+                                                  mode | SQLite::OPEN_NOMUTEX, lockPatienceMilliseconds);
+    });
+    m_watch.beginStep();
+    addSchemaLimits(opened->getHandle(), &m_watch);
+    callEngine([&opened] {
+        opened->exec("PRAGMA synchronous = FULL; PRAGMA cell_size_check = ON; PRAGMA cache_size = -16000");
+    });
+    return opened;
+}
+
 void DatabaseSession::open(const QString& file, Access access)
 {
     try {
         const QString path = absolutePath(file);
         refuseForeignJournal(path);
-        auto opened = callEngine([&path, access] {
-            const int mode = access == Access::Read ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE;
-            // one thread works with the file, so SQLite needs no locks of its own
-            return std::make_shared<SQLite::Database>(QFile::encodeName(path).toStdString(),
-                                                      mode | SQLite::OPEN_NOMUTEX, lockPatienceMilliseconds);
-        });
-        m_watch.beginStep();
-        addSchemaLimits(opened->getHandle(), &m_watch);
-        Catalog catalog = callEngine([&opened] {
-            // the first of these is also the first look into the file
-            opened->exec(
-                "PRAGMA synchronous = FULL; PRAGMA cell_size_check = ON; PRAGMA cache_size = -16000");
-            return readCatalog(*opened);
-        });
+        auto opened = connect(path, access);
+        // this is also the first look into the file
+        Catalog catalog = readCatalog(*opened);
+        const auto age = callEngine([&opened] { return SchemaVersion::ageOf(*opened); });
+        if (age != SchemaVersion::Age::Current) opened = connect(path, Access::Read);
         setRollbackJournal(*opened);
-        const qint64 dataVersion =
-            callEngine([&opened] { return opened->execAndGet(dataVersionStatement).getInt64(); });
-        const bool keepsJournal = callEngine([&opened] { return opened->tableExists("Journal"); });
+        const auto numberOf = [&opened](const char* statement) {
+            return callEngine([&] { return opened->execAndGet(statement).getInt64(); });
+        };
+        const qint64 dataVersion = numberOf(dataVersionStatement);
+        const qint64 fileVersion = numberOf(fileVersionStatement);
+        const bool keepsJournal = callEngine([&opened] { return SchemaVersion::hasJournal(*opened); });
         addLimits(opened->getHandle());
         addTextRules(opened->getHandle());
         addAuthorizer(opened->getHandle(), &m_access);
@@ -89,7 +101,9 @@ void DatabaseSession::open(const QString& file, Access access)
         m_heldPrepared.clear();
         m_fileName = file;
         m_dataVersion = dataVersion;
+        m_fileVersion = fileVersion;
         m_opened = access;
+        m_age = age;
         m_keepsJournal = keepsJournal;
     } catch (const Error& error) {
         throw Error(error.number(), QStringLiteral("%1 (%2)").arg(error.description(), file));
@@ -119,12 +133,29 @@ bool DatabaseSession::isReadOnly() const
 void DatabaseSession::requireWritable() const
 {
     if (!isReadOnly()) return;
-    throw Error(
-        SQLITE_READONLY,
-        hasReadOnlyFile()
-            ? DataTexts::tr("The database can be read, but not changed. (%1)").arg(m_fileName)
-            : DataTexts::tr("The database can be read, but not changed: its folder is read-only. (%1)")
-                  .arg(folder()));
+    throw Error(SQLITE_READONLY, hindrance());
+}
+
+/// Why the open file can be read but not changed.
+QString DatabaseSession::hindrance() const
+{
+    if (m_age == SchemaVersion::Age::Newer) {
+        return DataTexts::tr(
+                   "The database was made by a newer version of the program: it can be read, but not "
+                   "changed. (%1)")
+            .arg(m_fileName);
+    }
+    const bool isOlder = m_age == SchemaVersion::Age::Older;
+    if (isOlder && m_opened != Access::Read && isWritable(m_fileName) && isWritable(folder())) {
+        return DataTexts::tr("The database was made by an earlier version of the program and was not brought "
+                             "up to date: it can be read, but not changed. (%1)")
+            .arg(m_fileName);
+    }
+    const bool isOfFile = isOlder ? m_opened == Access::Read || !isWritable(m_fileName) : hasReadOnlyFile();
+    return isOfFile
+               ? DataTexts::tr("The database can be read, but not changed. (%1)").arg(m_fileName)
+               : DataTexts::tr("The database can be read, but not changed: its folder is read-only. (%1)")
+                     .arg(folder());
 }
 
 bool DatabaseSession::wasChangedOutside()
@@ -136,10 +167,18 @@ bool DatabaseSession::wasChangedOutside()
         open(m_fileName, m_opened);
         return true;
     }
-    EngineStatement asked = prepare(QString::fromLatin1(dataVersionStatement), Access::Read);
+    const qint64 before = std::exchange(m_dataVersion, setting(dataVersionStatement));
+    if (m_dataVersion == before) return false;
+    // a newer version of the program may have brought the file up to its own
+    if (setting(fileVersionStatement) != m_fileVersion) open(m_fileName, m_opened);
+    return true;
+}
+
+qint64 DatabaseSession::setting(const char* statement)
+{
+    EngineStatement asked = prepare(QString::fromLatin1(statement), Access::Read);
     asked.step();
-    const qint64 before = std::exchange(m_dataVersion, asked.integer(0));
-    return m_dataVersion != before;
+    return asked.integer(0);
 }
 
 bool DatabaseSession::hasReadOnlyFile() const

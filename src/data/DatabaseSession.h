@@ -7,6 +7,7 @@
 #include "data/EngineRules.h"
 #include "data/PreparedStatements.h"
 #include "data/RecordSet.h"
+#include "data/SchemaVersion.h"
 
 #include <QString>
 
@@ -30,23 +31,26 @@ public:
     DatabaseSession(const DatabaseSession&) = delete;
     DatabaseSession& operator=(const DatabaseSession&) = delete;
 
-    /// Opens a file that exists, which nothing can change if it is opened for reading. Throws Error; what was
-    /// open before then stays open.
+    /// Opens a file that exists, which nothing can change if it is opened for reading or if it is not of this
+    /// version of the program. Throws Error; what was open before then stays open.
     void open(const QString& file, Access access = Access::Write);
     void close();
 
     [[nodiscard]] bool isOpen() const { return m_database != nullptr; }
     [[nodiscard]] const QString& fileName() const { return m_fileName; }
 
-    /// Whether the open file can be read but not changed: because it was opened for reading, because of the
-    /// file itself, or because of its folder, which has to take the journal of a change.
+    /// Whether the open file can be read but not changed: because it was opened for reading, because of its
+    /// version, because of the file itself, or because of its folder, which has to take the journal of a
+    /// change.
     [[nodiscard]] bool isReadOnly() const;
 
     /// Throws an Error that names the cause if the open file can be read but not changed.
     void requireWritable() const;
 
-    /// Whether the open file has a journal of its changes, as every file has that the program was asked to
-    /// open.
+    /// How old the open file is, seen from this version of the program.
+    [[nodiscard]] SchemaVersion::Age age() const { return m_age; }
+
+    /// Whether the open file has a journal of its changes, as every file has that can be changed.
     [[nodiscard]] bool keepsJournal() const { return m_keepsJournal; }
 
     /// Whether another program has changed the open file since this was asked last or, the first time, since
@@ -94,6 +98,9 @@ private:
     /// Runs a prepared statement that changes something. `built` is what it was made of, if anything.
     void run(EngineStatement& statement, const QString& built = {});
     const std::shared_ptr<SQLite::Database>& database() const;
+    std::shared_ptr<SQLite::Database> connect(const QString& path, Access access);
+    qint64 setting(const char* statement);
+    [[nodiscard]] QString hindrance() const;
     [[nodiscard]] bool hasReadOnlyFile() const;
     [[nodiscard]] QString folder() const; ///< of the open file, where SQLite keeps its journal
 
@@ -105,8 +112,10 @@ private:
     QString m_fileName;
     Access m_access = Access::Read;
     Access m_opened = Access::Write; ///< what the file was opened for
+    SchemaVersion::Age m_age = SchemaVersion::Age::Current;
     bool m_keepsJournal = false;
     bool m_writesRecords = false; ///< while there is a RecordWriting
+    qint64 m_fileVersion = 0;     ///< the number of it
     qint64 m_dataVersion = 0;     ///< of SQLite; stays the same until another connection writes
     StatementWatch m_watch;
 };

@@ -86,6 +86,12 @@ bool isAllowedFunction(std::string_view name)
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
+/// Settings that are only read.
+bool isAllowedSetting(std::string_view name)
+{
+    return name == "data_version" || name == "user_version";
+}
+
 bool isOwnTable(const char* name)
 {
     return name != nullptr && !std::string_view(name).starts_with("sqlite_");
@@ -138,7 +144,7 @@ int authorize(void* context, int action, const char* first, const char* second, 
     case SQLITE_DELETE:
         return allow(mayWrite(access, action, first));
     case SQLITE_PRAGMA:
-        return allow(std::string_view(first) == "data_version" && second == nullptr);
+        return allow(second == nullptr && isAllowedSetting(first));
     case SQLITE_TRANSACTION:
         return allow(access != Access::Read);
     default:

@@ -2,7 +2,8 @@
 -- The schema of an Orvik database.
 --
 -- One plain SQLite file. Built-in collations only, so that any SQLite tool can open, check and repair it.
--- A new collection, the importer and the builders of sample data run this script; an existing file is never given it.
+-- A new collection, the importer and the builders of sample data run this script; an existing file is
+-- given what it lacks of the journal, once.
 --
 -- Held forms:  DATE TEXT      YYYY-MM-DD
 --              TIME TEXT      HH:MM, or HH:MM:SS where an import brought seconds

@@ -2,8 +2,8 @@
 
 #include "files/SharedFolderSplit.h"
 
-#include "data/DatabaseSession.h"
 #include "files/DatabaseFile.h"
+#include "files/DatabaseLock.h"
 #include "files/FileBlocks.h"
 #include "files/FileCopy.h"
 #include "files/FilesTexts.h"
@@ -139,9 +139,7 @@ void leaveFolder(const FolderMove& move)
     if (QFileInfo(move.database).isSymLink()) return leaveByLink(move);
     QFile::setPermissions(move.database,
                           QFile::permissions(move.database) | QFile::ReadOwner | QFile::WriteOwner);
-    DatabaseSession session;
-    session.open(move.database);
-    const Transaction lock(session);
+    const DatabaseLock lock(move.database);
     copyDatabase(move.database, databaseIn(move.working, move));
     syncFolders(move.working, move.copied);
     remove(move.database);

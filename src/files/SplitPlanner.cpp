@@ -9,6 +9,7 @@
 #include "files/LinkTarget.h"
 #include "files/ProgramFolder.h"
 #include "files/RecordFiles.h"
+#include "files/VersionCopies.h"
 #include "util/Error.h"
 #include "util/FileAccess.h"
 
@@ -50,7 +51,8 @@ bool isSame(const QString& file, const QString& other)
     return !other.isEmpty() && QFileInfo(file).canonicalFilePath() == QFileInfo(other).canonicalFilePath();
 }
 
-/// The SQLite files of a folder, but no second names for one of them and no copies that were not finished.
+/// The SQLite files of a folder, but no second names for one of them, no copies that were not
+/// finished and none that are kept from an earlier version of the program.
 QStringList databaseFilesIn(const QString& folder)
 {
     QStringList files;
@@ -58,7 +60,9 @@ QStringList databaseFilesIn(const QString& folder)
     for (const QFileInfo& entry : QDir(folder).entryInfoList(QDir::Files, QDir::Name)) {
         const bool isSecondName =
             entry.isSymLink() && QFileInfo(entry.canonicalFilePath()).path() == canonical;
-        if (isSecondName || entry.fileName().endsWith(QStringLiteral(".part"))) continue;
+        const bool isCopy =
+            entry.fileName().endsWith(QStringLiteral(".part")) || VersionCopies::isCopy(entry.fileName());
+        if (isSecondName || isCopy) continue;
         if (kindOfDatabaseFile(entry.filePath()) == DatabaseFileKind::Orvik) files << entry.filePath();
     }
     return files;

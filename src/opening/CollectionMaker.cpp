@@ -7,6 +7,7 @@
 #include "files/FolderCopy.h"
 #include "files/FolderList.h"
 #include "files/ProgramFolder.h"
+#include "files/VersionCopies.h"
 #include "opening/AccessConversion.h"
 #include "opening/DatabaseConverter.h"
 #include "opening/MissingFiles.h"
@@ -22,7 +23,7 @@ namespace {
 
 QString collectionName(const QString& file)
 {
-    const QString name = QFileInfo(file).completeBaseName().trimmed();
+    const QString name = QFileInfo(VersionCopies::originalName(file)).completeBaseName().trimmed();
     return name.isEmpty() ? OpeningTexts::tr("Collection") : name;
 }
 
@@ -47,7 +48,7 @@ std::optional<QString> CollectionMaker::make(const QString& file)
     if (!m_converter.run(files)) return std::nullopt;
     const bool takesFiles = files.amount().files > 0 && mayBringAlong(file, files);
     const bool isAccess = kindOfDatabaseFile(file) == DatabaseFileKind::Access;
-    const QString name = isAccess ? AccessConversion::databaseName(file) : QFileInfo(file).fileName();
+    const QString name = isAccess ? AccessConversion::databaseName(file) : VersionCopies::originalName(file);
 
     UnfinishedCollection::clearLeftOver(m_place);
     UnfinishedCollection collection(m_place, collectionName(file));

@@ -7,10 +7,12 @@
 #include "files/FileUpload.h"
 #include "files/ProgramFolder.h"
 #include "files/SplitPlanner.h"
+#include "files/VersionCopies.h"
 #include "journal/FormerFiles.h"
 #include "opening/AccessConversion.h"
 #include "opening/CollectionMaker.h"
 #include "opening/DatabaseName.h"
+#include "opening/DatabaseUpgrade.h"
 #include "opening/OpeningTexts.h"
 #include "opening/RecentDatabases.h"
 #include "opening/SharedFolders.h"
@@ -106,7 +108,7 @@ std::optional<QString> DatabaseOpener::placeOf(const QString& file)
 {
     // the files of a database are beside the file itself, not beside a link to it
     for (const QString& path : {file, QFileInfo(file).canonicalFilePath()}) {
-        if (isInDataFolder(path)) return path;
+        if (isInDataFolder(path) && (m_isReadOnly || !VersionCopies::isCopy(path))) return path;
     }
     const QString open = QFileInfo(m_at.session.fileName()).canonicalFilePath();
     if (!open.isEmpty() && QFileInfo(file).canonicalFilePath() == open) return m_at.session.fileName();
@@ -123,7 +125,7 @@ std::optional<bool> DatabaseOpener::asksForCopy(const QFileInfo& file)
 {
     const QString path = file.absoluteFilePath();
     const SplitPlanner planner(file.absolutePath() + u'/', collectionsPlace());
-    if (planner.mayBeNeeded() && !planner.plan(path, path).moves.empty()) {
+    if (VersionCopies::isCopy(path) || (planner.mayBeNeeded() && !planner.plan(path, path).moves.empty())) {
         const bool yes = m_platform.messages.ask(
             OpeningTexts::tr("%1 is in a folder with other databases, where the files of one could replace "
                              "those of another.\n\nDo you want to copy it into a new collection?")
@@ -159,7 +161,9 @@ void DatabaseOpener::open(const QString& chosen)
     const QString file = !m_isReadOnly && isInDataFolder(chosen) ? separated(chosen) : chosen;
     if (!m_isReadOnly) m_platform.fileAttributes.makeWritable(file);
     qCInfo(startLog).noquote() << "open database:" << file;
+    const auto hindrance = m_isReadOnly ? std::nullopt : DatabaseUpgrade::bringUpToDate(file);
     m_at.session.open(file, m_isReadOnly ? Access::Read : Access::Write);
+    m_upgradeHindrance = hindrance;
     m_at.folder = m_at.home.ofDatabase(file);
     if (m_isReadOnly) return;
     FileUpload(m_at.folder).clearUnfinished();
@@ -181,7 +185,15 @@ QString DatabaseOpener::separated(const QString& file)
 /// A user who asked to read the file knows that it cannot be changed.
 void DatabaseOpener::requireWritable() const
 {
-    if (!m_isReadOnly) m_at.session.requireWritable();
+    if (m_isReadOnly) return;
+    if (m_upgradeHindrance) {
+        throw Error(
+            m_upgradeHindrance->number(),
+            OpeningTexts::tr("The database was made by an earlier version of the program and cannot be "
+                             "brought up to date: %1\n\nIt can be read, but not changed.")
+                .arg(m_upgradeHindrance->description()));
+    }
+    m_at.session.requireWritable();
 }
 
 void DatabaseOpener::nameInSettings(const QString& file)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "util/Error.h"
 
 #include <QString>
 
@@ -14,8 +15,8 @@ class ProgramFolder;
 class QFileInfo;
 
 /// Opens the database that the settings name, or one that the user chose. An Access file that the settings
-/// name is converted beside itself, once; of one that the user chose a new collection is made. Nothing is
-/// replaced unasked.
+/// name is converted beside itself, once; of one that the user chose a new collection is made. A database of
+/// an earlier version of the program is brought up to date. Nothing is replaced unasked.
 class DatabaseOpener
 {
 public:
@@ -70,4 +71,5 @@ private:
     Platform m_platform;
     Surroundings m_at;
     bool m_isReadOnly = false;
+    std::optional<Error> m_upgradeHindrance; ///< why the open file could not be brought up to date
 };

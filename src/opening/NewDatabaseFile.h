@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// Makes database files from nothing. The one place of the program that creates tables.
+/// Makes database files from nothing.
 namespace NewDatabaseFile {
 
 /// Makes a database without records. Its lists are those of the database `listsFrom`; if that is empty, they

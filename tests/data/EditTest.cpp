@@ -33,6 +33,7 @@ protected:
     }
 
     TestDatabase m_database;
+    const RecordWriting m_writing{m_database.session()};
 };
 
 TEST_F(Edit, ANewRowKnowsItsNumberBeforeItIsWritten)

@@ -73,6 +73,7 @@ TEST(LongTexts, AreComparedWholeOrAnError)
 {
     TestDatabase database;
     DatabaseSession& session = database.session();
+    const RecordWriting writing(session);
     EditableRecordSet records = session.edit(u"SELECT * FROM Document WHERE DocumentID = 0"_s);
     const QString longText(300000, u'é');
     for (const QString& name :

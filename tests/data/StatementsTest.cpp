@@ -51,9 +51,11 @@ protected:
         case '?':
             m_question = rest;
             break;
-        case 'x':
+        case 'x': {
+            const RecordWriting writing(m_database->session());
             EXPECT_EQ(m_database->session().execute(rest), 1);
             break;
+        }
         default:
             for (const QString& statement : questions())
                 expectAnswer(statement, line[0], rest);
@@ -80,6 +82,7 @@ private:
         SCOPED_TRACE(statement.toStdString());
         DatabaseSession& session = m_database->session();
         try {
+            const RecordWriting writing(session);
             if (statement.startsWith(u"UPDATE"_s)) session.execute(statement);
             const QString rows = rowsOf(session, statement);
             if (sign == u'=') {

@@ -42,7 +42,7 @@ protected:
             for (const Table& each : tables)
                 m_database.run(
                     qPrintable(u"DELETE FROM %1 WHERE %2 = %3"_s.arg(each.name, each.key).arg(id)));
-            m_database.run("DELETE FROM Journal"); // else the identifier would not be given again
+            m_database.run("DELETE FROM Journal"); // or the identifier would not be given again
         }
     }
 

@@ -2,6 +2,7 @@
 
 #include "files/FileUpload.h"
 
+#include "support/SizeLimit.h"
 #include "support/TestDatabase.h"
 #include "support/TestFiles.h"
 
@@ -10,38 +11,12 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <tuple>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Lets no file of this process grow beyond a size, as a full disk does.
-class SizeLimit
-{
-public:
-    explicit SizeLimit(rlim_t bytes)
-    {
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~SizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    SizeLimit(const SizeLimit&) = delete;
-    SizeLimit& operator=(const SizeLimit&) = delete;
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int) = nullptr;
-};
 
 class FileUploadTest : public testing::Test
 {

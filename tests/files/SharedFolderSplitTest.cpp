@@ -85,6 +85,13 @@ public:
         database.exec("COMMIT");
     }
 
+    /// Makes a database one of the version before the journal.
+    void makeOld(const QString& name) const
+    {
+        SQLite::Database(file(name).toStdString(), SQLite::OPEN_READWRITE)
+            .exec("PRAGMA synchronous = OFF; DROP TABLE Journal; PRAGMA user_version = 1");
+    }
+
     /// Adds files, separated by blanks, each of which begins with its own name.
     void addFiles(const QString& names) const
     {
@@ -217,6 +224,7 @@ TEST(SharedFolderSplit, LeavesOneDatabaseOfTheProgramInTheFolderAndNoOtherFileEl
     const OldFolder folder;
     folder.addDatabase(u"a.sqlite"_s, u"2.pdf"_s);
     folder.addDatabase(u"x.sqlite.part"_s, {});
+    folder.addDatabase(u"a.sqlite.version1"_s, {});
     folder.addFiles(u"documents/2.pdf"_s);
     writeFile(folder.file(u"old.mdb"_s), "old.Standard Jet DB\nend");
     SQLite::Database(folder.file(u"notes.sqlite"_s).toStdString(),
@@ -237,7 +245,8 @@ TEST(SharedFolderSplit, LeavesOneDatabaseOfTheProgramInTheFolderAndNoOtherFileEl
     EXPECT_EQ(result.movedFiles, 0);
     EXPECT_EQ(result.copiedFiles, 1);
     EXPECT_EQ(folder.filesIn(folder.data()).join(u' ').toStdString(),
-              "alias.db=b.db b.db documents/2.pdf notes.sqlite old.mdb=old.Standard Jet DB x.sqlite.part");
+              "a.sqlite.version1 alias.db=b.db b.db documents/2.pdf notes.sqlite old.mdb=old.Standard Jet DB "
+              "x.sqlite.part");
     EXPECT_EQ(folder.filesIn(folder.place()).join(u' ').toStdString(),
               "a 2/data/a.sqlite a 2/data/documents/2.pdf a/mine.txt c/data/c");
 }
@@ -255,7 +264,9 @@ TEST(SharedFolderSplit, LeavesEverythingAsItWasIfItCannotBeDone)
     folder.addDatabase(u"b.sqlite"_s, u"2.pdf 3.pdf"_s);
     folder.addDatabase(u"c.sqlite"_s, u"3.pdf 4.pdf"_s);
     folder.addFiles(u"documents/2.pdf documents/3.pdf documents/4.pdf"_s);
-    // a database that another program changes
+    // a database that another program changes, of whatever version
+    folder.makeOld(u"b.sqlite"_s);
+    folder.makeOld(u"c.sqlite"_s);
     {
         SQLite::Database other(folder.file(u"b.sqlite"_s).toStdString(), SQLite::OPEN_READWRITE);
         other.exec("BEGIN IMMEDIATE");

@@ -2,6 +2,7 @@
 
 #include "AccessFile.h"
 #include "ImportTool.h"
+#include "TablePlan.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
@@ -76,6 +77,22 @@ TEST_F(ImportVariants, unknownAndMissingTablesAndColumnsAreListedAndNothingIsLos
     // The documents' 144 links to venues lead nowhere now.
     EXPECT_EQ(result.summary("orphans"), (Lines{{"DocumentVenues", "VenueID", "Venue", "144"},
                                                 {"OrganizationVenues", "VenueID", "Venue", "56"}}));
+}
+
+TEST_F(ImportVariants, theJournalIsTheProgramsOwnWhateverTheFileHas)
+{
+    writeFile(folder.path("it.sqlite"), "");
+    accessimport::TargetDatabase target(folder.path("it.sqlite"));
+    accessimport::SourceCatalog catalog;
+    catalog.tables.resize(1);
+    catalog.tables[0].name = "journal";
+    catalog.tables[0].columns = {{"Entry"}};
+    const accessimport::ImportPlan plan = makePlan(catalog, target);
+    EXPECT_EQ(std::count(plan.missingTables.begin(), plan.missingTables.end(), "Journal"), 0);
+    EXPECT_EQ(plan.missingTables.size(), 28U);
+    ASSERT_EQ(plan.tables.size(), 1U);
+    EXPECT_FALSE(plan.tables[0].isOwn);
+    EXPECT_EQ(plan.tables[0].target, "journal_IMPORTED");
 }
 
 TEST_F(ImportVariants, valuesThatAColumnCannotHoldAreKeptBesideIt)

@@ -304,7 +304,7 @@ protected:
     /// The step that Undo would take back: where the file is in the course of its steps.
     qint64 place()
     {
-        const auto step = UndoSteps(m_state.session, m_clock).undoable();
+        const auto step = UndoSteps(m_state.session, m_clock, m_state.folder).undoable();
         return step ? step->number : 0;
     }
 

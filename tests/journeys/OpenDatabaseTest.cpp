@@ -186,6 +186,32 @@ TEST_F(OpenDatabase, OpensADatabaseWhereItIsOrCopiesItAsTheUserSays)
     EXPECT_EQ(contentOf(home + u"/test 3/data/orgcharts/5.pdf"_s), "chart");
 }
 
+TEST_F(OpenDatabase, MakesACollectionOfACopyThatIsKeptFromAnEarlierVersion)
+{
+    journey.start();
+    const QString copy = journey.dataFolder() + u"test.sqlite.version1"_s;
+    journey.database.run(
+        "PRAGMA user_version = 1; DROP TABLE Journal; INSERT INTO Event (EventID, EventName, "
+        "Status) VALUES (2, 'As it was', 'ACTIVE')");
+    ASSERT_TRUE(QFile::copy(journey.database.fileName(), copy));
+    const QByteArray before = contentOf(copy);
+    for (const bool answer : {false, true}) {
+        journey.desktop.fileDialogs.files = {copy};
+        journey.desktop.messages.expectQuestion(
+            u"test.sqlite.version1 is in a folder with other databases, where the files of one could replace "
+            "those of another.\n\nDo you want to copy it into a new collection?"_s,
+            answer);
+        journey.trigger("mnuOpenDatabase");
+        journey.desktop.messages.finish();
+    }
+    const QString opened = journey.database.folder() + u"/test/data/test.sqlite"_s;
+    EXPECT_EQ(journey.program->state().session.fileName(), opened);
+    EXPECT_FALSE(journey.program->state().session.isReadOnly());
+    journey.trigger("mnuViewEvents");
+    EXPECT_EQ(journey.column(0), "As it was");
+    EXPECT_TRUE(contentOf(copy) == before);
+}
+
 TEST_F(OpenDatabase, KeepsWhatWasOpenWhenAFileIsNoneOfThese)
 {
     journey.database.run("INSERT INTO Event (EventID, EventName, Status) VALUES (2, 'Mine', 'ACTIVE')");

@@ -163,7 +163,7 @@ TEST_F(StartRequests, AReadOnlyStartChangesNothing)
     EXPECT_FALSE(add.isEnabled());
     EXPECT_TRUE(add.toolTip().endsWith(u"The database can be read, but not changed."_s));
     EXPECT_TRUE(QFile::setPermissions(journey.database.fileName(), QFile::ReadOwner | QFile::WriteOwner));
-    EXPECT_EQ(errorNumberOf([&] { journey.program->state().session.execute(u"DELETE FROM Document"_s); }), 8);
+    EXPECT_EQ(errorNumberOf([&] { journey.program->state().session.execute(u"DELETE FROM Venue"_s); }), 8);
     EXPECT_TRUE(journey.database.bytes() == before);
 
     journey.desktop.messages.expectMessage(

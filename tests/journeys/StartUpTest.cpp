@@ -2,6 +2,7 @@
 
 #include "Journey.h"
 #include "platform/StdREG.h"
+#include "support/SizeLimit.h"
 #include "support/TestFiles.h"
 
 #include <QApplication>
@@ -141,6 +142,57 @@ TEST(StartUp, MakesAReadOnlyDatabaseWritableAndClearsWhatAKilledUploadLeft)
     EXPECT_TRUE(QFile::permissions(journey.database.fileName()) & QFile::WriteOwner);
     EXPECT_FALSE(journey.program->state().session.isReadOnly());
     EXPECT_FALSE(QFile::exists(leftOver));
+}
+
+TEST(StartUp, BringsADatabaseOfAnEarlierVersionUpToDateUnlessItIsOnlyRead)
+{
+    constexpr auto newer = "Form_Load Error (8): The database was made by a newer version of the program: it "
+                           "can be read, but not "
+                           "changed. (%1)";
+    constexpr auto foreign = "Form_Load Error (1): The database was made by an earlier version of the "
+                             "program and cannot be brought "
+                             "up to date: It has a table or query named Journal, which is not the program's. "
+                             "(%1)\n\nIt can be read, "
+                             "but not changed.";
+    constexpr auto full = "Form_Load Error (10): The database was made by an earlier version of the program "
+                          "and cannot be brought "
+                          "up to date: disk I/O error (%1)\n\nIt can be read, but not changed.";
+    struct Case
+    {
+        const char* statements;
+        bool readOnly;
+        const char* message; ///< about the file %1
+        bool isUpgraded;
+        bool isFull = false; ///< the disk
+    };
+    const Case cases[] = {{"PRAGMA user_version = 1; DROP TABLE Journal", false, "", true},
+                          {"PRAGMA user_version = 1; DROP TABLE Journal", false, full, false, true},
+                          {"PRAGMA user_version = 1; DROP TABLE Journal", true, "", false},
+                          {"PRAGMA user_version = 9", false, newer, false},
+                          {"PRAGMA user_version = 9", true, "", false},
+                          {"DROP TABLE Journal; CREATE VIEW Journal AS SELECT 1", false, foreign, false}};
+    for (const auto& [statements, readOnly, message, isUpgraded, isFull] : cases) {
+        SCOPED_TRACE(statements);
+        Journey journey;
+        journey.database.run(statements);
+        const QString file = journey.dataFolder() + u"old.sqlite"_s;
+        ASSERT_TRUE(QFile::copy(journey.database.fileName(), file));
+        const QByteArray before = contentOf(file);
+        if (*message != '\0') journey.desktop.messages.expectMessage(QString::fromUtf8(message).arg(file));
+        StartRequest request;
+        request.readOnly = readOnly;
+        {
+            std::optional<SizeLimit> limit;
+            if (isFull) limit.emplace(static_cast<rlim_t>(before.size() / 2));
+            journey.start(u"old.sqlite"_s, request);
+        }
+        journey.desktop.messages.finish();
+        EXPECT_EQ(journey.program->state().session.isReadOnly(), !isUpgraded);
+        EXPECT_EQ(journey.program->window()->windowTitle().endsWith(u"[read-only]"_s), !isUpgraded);
+        EXPECT_EQ(journey.find<QAction>("mnuRecordAddNewDocument").isEnabled(), isUpgraded);
+        EXPECT_EQ(contentOf(file) != before, isUpgraded);
+        EXPECT_EQ(QFile::exists(file + u".version1"_s), isUpgraded);
+    }
 }
 
 TEST(StartUp, FillsANewProgramFolderAndNamesItsDatabase)

@@ -44,9 +44,10 @@ TargetDatabase::TargetDatabase(const std::string& path)
 
 void TargetDatabase::readOwnTables()
 {
-    SQLite::Statement query(m_database, "SELECT m.name, c.name, c.type, c.pk FROM sqlite_master AS m, "
-                                        "pragma_table_info(m.name) AS c WHERE m.type = 'table' "
-                                        "ORDER BY m.rowid, c.cid");
+    SQLite::Statement query(m_database,
+                            "SELECT m.name, c.name, c.type, c.pk FROM sqlite_master AS m, "
+                            "pragma_table_info(m.name) AS c WHERE m.type = 'table' AND m.name <> 'Journal' "
+                            "ORDER BY m.rowid, c.cid");
     while (query.executeStep()) {
         const std::string table = query.getColumn(0);
         const std::string column = query.getColumn(1);
