@@ -4,8 +4,11 @@
 
 #include "browse/window/frmMain.h"
 
+#include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QProcess>
+#include <QTimer>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
@@ -13,6 +16,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <optional>
 
 namespace {
 
@@ -119,6 +123,23 @@ Milliseconds timeOf(const std::function<void()>& work)
     const auto begin = std::chrono::steady_clock::now();
     work();
     return std::chrono::steady_clock::now() - begin;
+}
+
+Milliseconds timeToShown(const std::function<void()>& open)
+{
+    std::optional<std::chrono::steady_clock::time_point> shown;
+    QTimer timer;
+    timer.setSingleShot(true);
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        dialog->repaint();
+        shown = std::chrono::steady_clock::now();
+        dialog->done(QDialog::Rejected);
+    });
+    const auto begin = std::chrono::steady_clock::now();
+    timer.start(0);
+    open();
+    return shown ? *shown - begin : Milliseconds(0);
 }
 
 double medianOf(std::vector<double> values)

@@ -83,6 +83,8 @@ private:
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
 Milliseconds timeOf(const std::function<void()>& work);
+/// The time until the dialog that `open` opens is painted; closes it then.
+Milliseconds timeToShown(const std::function<void()>& open);
 double medianOf(std::vector<double> values);
 
 using Timed = std::function<Milliseconds()>;

@@ -11,12 +11,6 @@
 #include "lists/NewEntries.h"
 #include "map/frmPosition.h"
 
-#include <QApplication>
-#include <QDialog>
-#include <QTimer>
-
-#include <optional>
-
 namespace {
 
 constexpr int fullSize = 32000;
@@ -25,24 +19,6 @@ QString allNames()
 {
     return QStringLiteral("SELECT OrganizationName, OrganizationID FROM Organization "
                           "WHERE OrganizationID > 1 ORDER BY OrganizationName COLLATE NOCASE");
-}
-
-/// The time until the dialog that `open` opens is painted; closes it then.
-Milliseconds timeToShown(const std::function<void()>& open)
-{
-    std::optional<std::chrono::steady_clock::time_point> shown;
-    QTimer timer;
-    timer.setSingleShot(true);
-    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        dialog->repaint();
-        shown = std::chrono::steady_clock::now();
-        dialog->done(QDialog::Rejected);
-    });
-    const auto begin = std::chrono::steady_clock::now();
-    timer.start(0);
-    open();
-    return shown ? *shown - begin : Milliseconds(0);
 }
 
 void compareToShown(benchmark::State& state, const std::function<void()>& open)

@@ -5,9 +5,8 @@
 // file that a new document takes is copied on both sides.
 
 #include "BenchWindow.h"
+#include "Saves.h"
 #include "files/FileCopy.h"
-#include "records/DocumentStore.h"
-#include "records/EventStore.h"
 #include "records/OrganizationStore.h"
 
 #include <QDir>
@@ -131,6 +130,11 @@ struct Setting
 {
     Setting() { state.session.open(copies.path(QStringLiteral("ours.sqlite"))); }
 
+    [[nodiscard]] std::function<bool()> saving(RecordKind kind, bool adds)
+    {
+        return Saves::saving(state, clock, copies.path(QStringLiteral("report.pdf")), kind, adds);
+    }
+
     Copies copies;
     ProgramState state{ProgramFolder(copies.path(QString()))};
     SystemClock clock;
@@ -138,19 +142,7 @@ struct Setting
     int round = 0;
 };
 
-std::vector<ListEntry> twoLinks()
-{
-    return {{QStringLiteral("a"), 2}, {QStringLiteral("b"), 3}};
-}
-
-void checkTwo(std::vector<CheckEntry>& entries)
-{
-    for (CheckEntry& entry : entries)
-        entry.isChecked = entry.entry.key == 2 || entry.entry.key == 3;
-}
-
-const std::string text(400, 'x');
-const QString description = QString::fromStdString(text);
+const std::string text(Saves::textLength, 'x');
 
 /// Both sides must have written the same number of rows.
 void compareCounts(benchmark::State& state, Setting& setting, const std::vector<std::string>& tables)
@@ -205,13 +197,7 @@ void finishDocument(ByHand& hand, const Row& row, std::int64_t id)
 void document(benchmark::State& state, bool adds)
 {
     Setting setting;
-    DocumentStore store(setting.state.session, setting.state.folder, setting.clock);
     const QString source = setting.copies.path(QStringLiteral("report.pdf"));
-    DocumentRecord record = store.load(2).record;
-    record.documentDescription = description;
-    record.originalFilename = source;
-    record.types = record.categories = twoLinks();
-    checkTwo(record.venues);
     const auto byHand = [&] {
         const Row row = documentRow("Saved " + std::to_string(++setting.round), source.toStdString());
         ByHand& hand = setting.hand;
@@ -227,11 +213,9 @@ void document(benchmark::State& state, bool adds)
         finishDocument(hand, row, id);
         hand.commit();
     };
+    const auto save = setting.saving(RecordKind::Document, adds);
     const auto ours = [&] {
-        if (adds) record.id = -1; // else it would be taken for one that was saved half-way
-        record.documentName = QStringLiteral("Saved %1").arg(setting.round);
-        if (adds ? store.saveDocument(record).has_value() : store.updateDocument(record).has_value())
-            state.SkipWithError("the save was refused");
+        if (!save()) state.SkipWithError("the save was refused");
     };
     compare(state, byHand, ours);
     compareCounts(state, setting,
@@ -250,12 +234,6 @@ const Row constants{{"Status", "ACTIVE"}, {"UserID", std::int64_t{1}}};
 void event(benchmark::State& state, bool adds)
 {
     Setting setting;
-    EventStore store(setting.state.session, setting.clock);
-    EventRecord record = store.load(2).record;
-    record.eventDescription = description;
-    record.startDate = QStringLiteral("09/11/2001");
-    record.functions = record.documents = record.organizations = twoLinks();
-    checkTwo(record.venues);
     const auto byHand = [&] {
         const Row row = eventRow("Saved " + std::to_string(++setting.round));
         ByHand& hand = setting.hand;
@@ -269,11 +247,9 @@ void event(benchmark::State& state, bool adds)
         hand.insert("Event_HIST", with(with(row, constants), with({{"EventID", id}}, updateTime)));
         hand.commit();
     };
+    const auto save = setting.saving(RecordKind::Event, adds);
     const auto ours = [&] {
-        if (adds) record.id = -1; // else it would be taken for one that was saved half-way
-        record.eventName = QStringLiteral("Saved %1").arg(setting.round);
-        if (adds ? store.saveEvent(record).has_value() : store.updateEvent(record).has_value())
-            state.SkipWithError("the save was refused");
+        if (!save()) state.SkipWithError("the save was refused");
     };
     compare(state, byHand, ours);
     compareCounts(
@@ -312,14 +288,9 @@ const Row profileRow{{"MissionStatement", text},
 void organization(benchmark::State& state, bool adds)
 {
     Setting setting;
-    OrganizationStore store(setting.state.session, setting.state.folder, setting.clock);
-    const qint64 changed = setting.state.session
-                               .readAll(QStringLiteral("SELECT min(OrganizationProfileID) AS id FROM "
-                                                       "OrganizationProfile WHERE OrganizationProfileID > 1"))
-                               .integer(0, u"id");
-    OrganizationRecord record = store.load(changed).record;
-    record.responseActivities = record.profile.missionStatement = description;
-    checkTwo(record.venues);
+    const qint64 changed = Saves::changedOrganization(setting.state.session);
+    const OrganizationRecord settings =
+        OrganizationStore(setting.state.session, setting.state.folder, setting.clock).blank();
     const auto byHand = [&] {
         const Row row = organizationRow("Saved " + std::to_string(++setting.round));
         ByHand& hand = setting.hand;
@@ -330,18 +301,17 @@ void organization(benchmark::State& state, bool adds)
             hand.insert("OrganizationProfile", with({{"OrganizationProfileID", id}}, profileRow));
         else
             hand.update("OrganizationProfile", profileRow, id, "OrganizationProfileID");
-        hand.settings("OrganizationProfileJurisdictions", "JurisdictionID", id, record.jurisdictions.size());
-        hand.settings("OrganizationProfilePopulations", "PopulationID", id, record.populations.size());
+        hand.settings("OrganizationProfileJurisdictions", "JurisdictionID", id,
+                      settings.jurisdictions.size());
+        hand.settings("OrganizationProfilePopulations", "PopulationID", id, settings.populations.size());
         hand.link("OrganizationVenues", "OrganizationID", "VenueID", id);
         hand.insert("Organization_HIST",
                     with(with(row, constants), with({{"OrganizationID", id}}, updateTime)));
         hand.commit();
     };
+    const auto save = setting.saving(RecordKind::Organization, adds);
     const auto ours = [&] {
-        if (adds) record.id = -1; // else it would be taken for one that was saved half-way
-        record.organizationName = QStringLiteral("Saved %1").arg(setting.round);
-        if (adds ? store.saveOrganization(record).has_value() : store.updateOrganization(record).has_value())
-            state.SkipWithError("the save was refused");
+        if (!save()) state.SkipWithError("the save was refused");
     };
     compare(state, byHand, ours);
     compareCounts(state, setting,

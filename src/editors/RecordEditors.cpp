@@ -111,7 +111,7 @@ bool RecordEditors::showHistory(RecordKind kind, qint64 id)
 
 bool RecordEditors::showHistoryOver(QWidget& over, RecordKind kind, qint64 id)
 {
-    frmHistory window(m_platform, m_session, &over);
+    frmHistory window(m_platform, m_session, m_folder, &over);
     window.showHistory(kind, id);
     if (!window.hasRestored()) return false;
     tellOfChange(kind, {id});

@@ -85,6 +85,16 @@ void FileBlocks::sync(std::ofstream& stream, const fs::path& file)
 #endif
 }
 
+void FileBlocks::syncFolder(const fs::path& folder)
+{
+#ifdef Q_OS_UNIX
+    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+#endif
+}
+
 void FileBlocks::finish(std::ofstream& stream, const fs::path& file)
 {
     sync(stream, file);

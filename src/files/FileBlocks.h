@@ -31,6 +31,9 @@ void write(std::ofstream& stream, std::string_view content, const std::filesyste
 /// Returns when what was written so far is on the disk.
 void sync(std::ofstream& stream, const std::filesystem::path& file);
 
+/// Returns when the names in a folder are on the disk, as far as the system tells. Never fails.
+void syncFolder(const std::filesystem::path& folder);
+
 /// Closes a file and makes sure that it is on the disk.
 void finish(std::ofstream& stream, const std::filesystem::path& file);
 

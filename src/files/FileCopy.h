@@ -13,6 +13,9 @@ namespace FileCopy {
 /// The content of a file. Throws Error if it is not a file.
 std::string read(const std::filesystem::path& file);
 
+/// Whether two files hold the same. Throws Error if one of them cannot be read.
+bool haveSameContent(const std::filesystem::path& file, const std::filesystem::path& other);
+
 /// Throws Error if it is not a file or cannot be read.
 void requireReadable(const std::filesystem::path& file);
 

@@ -143,10 +143,15 @@ void FileUpload::convertDocument(const QString& chosenPath, qint64 documentId) c
     FileCopy::writeFile(page, machinePath(target + QStringLiteral(".htm")));
 }
 
+QString FileUpload::chartName(const QString& chosenPath, qint64 organizationId)
+{
+    return QString::number(organizationId) + point + extension(chosenPath);
+}
+
 void FileUpload::copyChart(const QString& chosenPath, qint64 organizationId) const
 {
-    const QString target = targetFolder(m_folder, ProgramFolders::organizationCharts) +
-                           QString::number(organizationId) + point + extension(chosenPath);
+    const QString target =
+        targetFolder(m_folder, ProgramFolders::organizationCharts) + chartName(chosenPath, organizationId);
     FileCopy::copyFile(sourceOf(chosenPath), machinePath(target));
 }
 

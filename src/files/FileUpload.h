@@ -37,7 +37,10 @@ public:
     /// lead out of the folder.
     void convertDocument(const QString& chosenPath, qint64 documentId) const;
 
-    /// Copies an organization's chart.
+    /// The name in the charts folder that a chosen file gets.
+    [[nodiscard]] static QString chartName(const QString& chosenPath, qint64 organizationId);
+
+    /// Copies an organization's chart under that name.
     void copyChart(const QString& chosenPath, qint64 organizationId) const;
 
     /// Removes from both folders what unfinished copies left there when the program was killed.

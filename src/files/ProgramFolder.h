@@ -12,6 +12,7 @@ struct ProgramFolders
 {
     static inline const QString documents = QStringLiteral("\\data\\documents\\");
     static inline const QString organizationCharts = QStringLiteral("\\data\\orgcharts\\");
+    static inline const QString formerCharts = QStringLiteral("\\data\\orgcharts\\former\\");
     static inline const QString data = QStringLiteral("\\data\\");
     static inline const QString maps = QStringLiteral("\\data\\maps\\");
 };

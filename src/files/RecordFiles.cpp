@@ -3,6 +3,7 @@
 #include "files/RecordFiles.h"
 
 #include "data/DatabaseSession.h"
+#include "data/HeldRows.h"
 #include "files/FileUpload.h"
 #include "files/FolderNames.h"
 #include "files/ProgramFolder.h"
@@ -21,6 +22,7 @@ RecordFiles::RecordFiles(DatabaseSession& session)
         const QString chosen = profiles.text(1);
         if (profiles.integer(2) != 0 || !chosen.isEmpty()) addChart(profiles.integer(0), chosen);
     }
+    if (session.keepsJournal()) addFormerCharts(session);
 }
 
 void RecordFiles::addDocument(const QString& fileLocation)
@@ -43,6 +45,15 @@ void RecordFiles::addChart(qint64 organization, const QString& chosenPath)
     if (ProgramFolder::isPlainName(chosenPath)) m_charts.insert(FolderNames::comparable(chosenPath));
 }
 
+void RecordFiles::addFormerCharts(DatabaseSession& session)
+{
+    const auto rows = HeldRows(session).read(
+        QStringLiteral("SELECT DISTINCT Identifier FROM Journal WHERE Kind = 'Organization' AND "
+                       "After LIKE '%\"Files\":[%'"));
+    for (const HeldRow& row : rows)
+        m_withFormerCharts.insert(QString::number(std::get<qint64>(row.front().second)));
+}
+
 bool RecordFiles::hasDocument(const QString& fileName) const
 {
     return m_isAll || m_documents.contains(FolderNames::comparable(fileName));
@@ -56,4 +67,10 @@ bool RecordFiles::hasPageFolder(const QString& folderName) const
 bool RecordFiles::hasChart(const QString& fileName) const
 {
     return m_isAll || m_charts.contains(FolderNames::comparable(fileName));
+}
+
+bool RecordFiles::hasFormerChart(const QString& fileName) const
+{
+    const QString name = fileName.section(QStringLiteral(".replaced-"), -1);
+    return m_isAll || m_withFormerCharts.contains(name.section(u'-', 0, 0));
 }

@@ -27,12 +27,17 @@ public:
     /// Whether a file in the charts folder may be the chart of an organization that has one.
     [[nodiscard]] bool hasChart(const QString& fileName) const;
 
+    /// Whether a file in the folder of former charts belongs to an organization whose journal tells of them.
+    [[nodiscard]] bool hasFormerChart(const QString& fileName) const;
+
 private:
     void addDocument(const QString& fileLocation);
     void addChart(qint64 organization, const QString& chosenPath);
+    void addFormerCharts(DatabaseSession& session);
 
     bool m_isAll = false;
     QSet<QString> m_documents;
     QSet<QString> m_pageFolders;
     QSet<QString> m_charts;
+    QSet<QString> m_withFormerCharts; ///< identifiers of organizations
 };

@@ -26,11 +26,6 @@
 #include <optional>
 #include <system_error>
 
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <unistd.h>
-#endif
-
 namespace fs = std::filesystem;
 
 namespace {
@@ -67,12 +62,7 @@ void remove(const QString& path)
 /// Makes sure that the names in a folder are on the disk before what they replace goes.
 void sync(const QString& folder)
 {
-#ifdef Q_OS_UNIX
-    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) return;
-    ::fsync(descriptor);
-    ::close(descriptor);
-#endif
+    FileBlocks::syncFolder(pathOf(folder));
 }
 
 /// The place of a file in a new folder, whose own folders have the names that the program gives them.
@@ -94,12 +84,6 @@ void syncFolders(const QString& root, const QStringList& files)
         sync(folder);
 }
 
-bool isSameContent(const QString& file, const QString& other)
-{
-    return QFileInfo(file).size() == QFileInfo(other).size() &&
-           FileCopy::read(pathOf(file)) == FileCopy::read(pathOf(other));
-}
-
 /// A file of that name that is there already keeps it; the other one then stays where it is.
 void moveFile(const QString& from, const QString& to)
 {
@@ -113,7 +97,7 @@ void moveFile(const QString& from, const QString& to)
         FileCopy::copyFile(pathOf(from), pathOf(to));
         sync(QFileInfo(to).path());
     }
-    if (isSameContent(from, to)) remove(from);
+    if (FileCopy::haveSameContent(pathOf(from), pathOf(to))) remove(from);
 }
 
 QString databaseIn(const QString& root, const FolderMove& move)

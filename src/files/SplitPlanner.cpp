@@ -177,6 +177,8 @@ std::vector<SharedFile> readFiles(const QString& dataFolder, const std::vector<S
         .add(files, std::mem_fn(&RecordFiles::hasDocument), std::mem_fn(&RecordFiles::hasPageFolder));
     FolderFiles(dataFolder, folder.folderPath(ProgramFolders::organizationCharts), sharers)
         .add(files, std::mem_fn(&RecordFiles::hasChart), isNever);
+    FolderFiles(dataFolder, folder.folderPath(ProgramFolders::formerCharts), sharers)
+        .add(files, std::mem_fn(&RecordFiles::hasFormerChart), isNever);
     return files;
 }
 

@@ -19,6 +19,10 @@ struct VersionContent
     /// Whether it is all that belonged to the record. Otherwise it is a row of the history table, which
     /// has no links, and fields that are not in it are not known.
     bool isWhole = true;
+
+    /// The row of the journal after which the record was so; std::nullopt if it is so now, or if that is not
+    /// known.
+    std::optional<qint64> journalNumber = std::nullopt;
 };
 
 /// Something that a record is linked to, with the name that it had then.

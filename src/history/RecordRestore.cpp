@@ -4,6 +4,7 @@
 
 #include "data/DatabaseSession.h"
 #include "data/ListEntry.h"
+#include "journal/FormerFiles.h"
 #include "journal/JournaledSave.h"
 #include "journal/RecordParts.h"
 #include "journal/SnapshotWriter.h"
@@ -121,6 +122,16 @@ void RecordRestore::leaveOutLinks(Snapshot& target, QStringList& leftOut) const
     leftOut.removeDuplicates();
 }
 
+void RecordRestore::bringBackCharts(const VersionContent& version, JournaledSave& save,
+                                    QStringList& messages) const
+{
+    if (m_kind != RecordKind::Organization || !version.journalNumber) return;
+    const auto wanted = FormerFiles::ofVersion(m_session, m_identifier, *version.journalNumber);
+    if (wanted.empty()) return;
+    for (const QString& name : save.files(m_folder).bringBack(wanted, m_identifier))
+        messages << FormerFiles::goneMessage(name);
+}
+
 RecordRestore::Outcome RecordRestore::restore(const VersionContent& version, const Snapshot& known)
 {
     Outcome outcome;
@@ -132,6 +143,7 @@ RecordRestore::Outcome RecordRestore::restore(const VersionContent& version, con
         Snapshot rows = target(version, known);
         leaveOutKeys(rows, outcome.leftOut);
         leaveOutLinks(rows, outcome.leftOut);
+        bringBackCharts(version, save, outcome.messages);
         SnapshotWriter::writeRecord(m_session, m_kind, m_identifier, found, rows);
         SnapshotWriter::addToHistory(m_session, m_kind, m_identifier, m_clock.now());
     } catch (...) {

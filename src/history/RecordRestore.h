@@ -8,6 +8,8 @@
 
 class Clock;
 class DatabaseSession;
+class JournaledSave;
+class ProgramFolder;
 
 /// Makes a record what it was in an earlier version, as a new version: the past stays.
 class RecordRestore
@@ -15,14 +17,17 @@ class RecordRestore
 public:
     struct Outcome
     {
-        bool isDone = false; ///< false if the record is not what its user saw, and nothing was written
-        QStringList leftOut; ///< links to what is gone from the database: the field and the name
+        bool isDone = false;  ///< false if the record is not what its user saw, and nothing was written
+        QStringList leftOut;  ///< links to what is gone from the database: the field and the name
+        QStringList messages; ///< what else could not be restored
     };
 
-    /// Session and clock must outlive it.
-    RecordRestore(DatabaseSession& session, const Clock& clock, RecordKind kind, qint64 identifier)
+    /// Session, clock and the folder of the open database must outlive it.
+    RecordRestore(DatabaseSession& session, const Clock& clock, const ProgramFolder& folder, RecordKind kind,
+                  qint64 identifier)
         : m_session(session),
           m_clock(clock),
+          m_folder(folder),
           m_kind(kind),
           m_identifier(identifier),
           m_fields(recordFields(kind))
@@ -41,9 +46,11 @@ private:
     [[nodiscard]] bool isThere(const QString& table, const QString& keyColumn, qint64 key) const;
     void leaveOutKeys(Snapshot& target, QStringList& leftOut) const;
     void leaveOutLinks(Snapshot& target, QStringList& leftOut) const;
+    void bringBackCharts(const VersionContent& version, JournaledSave& save, QStringList& messages) const;
 
     DatabaseSession& m_session;
     const Clock& m_clock;
+    const ProgramFolder& m_folder;
     RecordKind m_kind;
     qint64 m_identifier;
     RecordFields m_fields;

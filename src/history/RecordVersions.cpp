@@ -213,13 +213,14 @@ VersionContent RecordVersions::historyContent(qint64 number) const
 VersionContent RecordVersions::content(std::size_t index) const
 {
     const RecordVersion& version = m_found.at(index);
-    if (version.source == Source::Present) return {m_present, true};
+    if (version.source == Source::Present) return {m_present, true, std::nullopt};
     if (version.source == Source::History) return historyContent(version.number);
-    const auto rows =
-        HeldRows(m_session).read(u"SELECT %1 AS State FROM Journal WHERE Number = ?"_s.arg(
-                                     version.source == Source::JournalAfter ? u"After"_s : u"Before"_s),
-                                 {version.number});
-    return {rows.empty() ? Snapshot() : Snapshots::fromJson(valueOf(rows.front(), u"State")), true};
+    const bool isAfter = version.source == Source::JournalAfter;
+    const auto rows = HeldRows(m_session).read(
+        u"SELECT %1 AS State FROM Journal WHERE Number = ?"_s.arg(isAfter ? u"After"_s : u"Before"_s),
+        {version.number});
+    return {rows.empty() ? Snapshot() : Snapshots::fromJson(valueOf(rows.front(), u"State")), true,
+            isAfter ? version.number : version.number - 1};
 }
 
 QStringList RecordVersions::changedFields(std::size_t index)

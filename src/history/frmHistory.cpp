@@ -27,10 +27,12 @@ constexpr QSize firstSize(1000, 680);
 
 } // namespace
 
-frmHistory::frmHistory(const Platform& platform, DatabaseSession& session, QWidget* parent)
+frmHistory::frmHistory(const Platform& platform, DatabaseSession& session, const ProgramFolder& folder,
+                       QWidget* parent)
     : QDialog(parent),
       m_platform(platform),
       m_session(session),
+      m_folder(folder),
       m_model(new VersionsModel(this)),
       lvVersions(new QTreeView(this)),
       m_comparison(new VersionComparison(this)),
@@ -188,7 +190,8 @@ QString frmHistory::hindrance() const
     if (rows.size() != 1) return tr("Select a single version.");
     const QString isAlike = tr("The record is like this version.");
     if (rows.front() == 0) return isAlike;
-    const RecordRestore restore(m_session, m_platform.clock, m_versions->kind(), m_versions->identifier());
+    const RecordRestore restore(m_session, m_platform.clock, m_folder, m_versions->kind(),
+                                m_versions->identifier());
     const Snapshot& present = m_versions->present();
     try {
         const Snapshot target = restore.target(m_versions->content(rows.front()), present);
@@ -212,7 +215,7 @@ void frmHistory::restore()
     const qint64 identifier = m_versions->identifier();
     RecordRestore::Outcome outcome;
     const bool worked = runProcedure(m_platform.messages, QStringLiteral("restoreVersion"), [&] {
-        outcome = RecordRestore(m_session, m_platform.clock, kind, identifier)
+        outcome = RecordRestore(m_session, m_platform.clock, m_folder, kind, identifier)
                       .restore(m_versions->content(chosen().front()), m_versions->present());
     });
     if (!worked) return;
@@ -221,9 +224,10 @@ void frmHistory::restore()
     if (!outcome.isDone) {
         m_platform.messages.show(tr("This record was changed after you opened its history, so nothing was "
                                     "restored. The list now shows that change, too."));
-    } else if (!outcome.leftOut.isEmpty()) {
-        m_platform.messages.show(leftOutText(outcome.leftOut));
+        return;
     }
+    if (!outcome.leftOut.isEmpty()) outcome.messages.prepend(leftOutText(outcome.leftOut));
+    if (!outcome.messages.isEmpty()) m_platform.messages.show(outcome.messages.join(QStringLiteral("\n\n")));
 }
 
 /// The message about links that were not restored: how many, and which.

@@ -11,6 +11,7 @@
 #include <memory>
 
 class DatabaseSession;
+class ProgramFolder;
 class QPushButton;
 class QTreeView;
 class VersionComparison;
@@ -23,8 +24,9 @@ class frmHistory final : public QDialog
     Q_OBJECT
 
 public:
-    /// The session must outlive the dialog.
-    frmHistory(const Platform& platform, DatabaseSession& session, QWidget* parent);
+    /// The session and the folder of the open database must outlive the dialog.
+    frmHistory(const Platform& platform, DatabaseSession& session, const ProgramFolder& folder,
+               QWidget* parent);
 
     /// Shows the history of a record until the user closes it. A record that cannot be read shows its
     /// message and opens nothing.
@@ -51,6 +53,7 @@ private:
 
     Platform m_platform;
     DatabaseSession& m_session;
+    const ProgramFolder& m_folder;
     std::unique_ptr<RecordVersions> m_versions;
     bool m_hasRestored = false;
     VersionsModel* m_model;

@@ -47,6 +47,7 @@ void Journal::append(DatabaseSession& session, const QDateTime& moment, const Jo
 
 qint64 Journal::largestIdentifier(DatabaseSession& session, RecordKind kind)
 {
+    if (!session.keepsJournal()) return 0;
     const auto rows =
         HeldRows(session).read(u"SELECT ifnull(max(Identifier), 0) AS Largest FROM Journal WHERE Kind = ?"_s,
                                {recordNames(kind).record});

@@ -33,6 +33,11 @@ void JournaledSave::setIdentifier(qint64 identifier)
     m_identifier = identifier;
 }
 
+FormerFiles& JournaledSave::files(const ProgramFolder& folder)
+{
+    return m_files ? *m_files : m_files.emplace(folder);
+}
+
 void JournaledSave::commit()
 {
     m_isOpen = false;
@@ -43,6 +48,7 @@ void JournaledSave::commit()
         throw;
     }
     m_transaction.commit();
+    if (m_files) m_files->finish();
 }
 
 void JournaledSave::rollBack()
@@ -57,8 +63,10 @@ void JournaledSave::note()
     const RecordNames names = recordNames(m_kind);
     JournalEntry entry;
     entry.after = Snapshots::ofRecord(m_session, m_kind, *m_identifier);
-    if (Snapshots::areEqual(m_kind, m_before, entry.after)) return;
+    const bool hasFiles = m_files && m_files->hasReplaced();
+    if (!hasFiles && Snapshots::areEqual(m_kind, m_before, entry.after)) return;
     entry.before = std::move(m_before);
+    if (hasFiles) m_files->note(entry.before, entry.after);
     entry.action = m_action.value_or(Journal::actionBetween(m_kind, entry.before, entry.after));
     entry.kind = names.record;
     entry.identifier = *m_identifier;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "data/DatabaseSession.h"
+#include "journal/FormerFiles.h"
 #include "journal/Journal.h"
 #include "platform/Clock.h"
 
@@ -31,6 +32,9 @@ public:
     /// Says what the save is, where what it changed does not.
     void setAction(JournalAction action) { m_action = action; }
 
+    /// The files that the save replaces; the row tells of them. The folder must outlive the save.
+    [[nodiscard]] FormerFiles& files(const ProgramFolder& folder);
+
     /// Throws Error if the file cannot take the rows; then none of them is in it.
     void commit();
 
@@ -50,5 +54,6 @@ private:
     std::optional<qint64> m_identifier;
     std::optional<JournalAction> m_action;
     Snapshot m_before;
+    std::optional<FormerFiles> m_files;
     bool m_isOpen = true;
 };

@@ -3,6 +3,7 @@
 #include "journal/UndoSteps.h"
 
 #include "data/DatabaseSession.h"
+#include "journal/FormerFiles.h"
 #include "journal/JournalTexts.h"
 #include "journal/RecordParts.h"
 #include "journal/SnapshotWriter.h"
@@ -130,6 +131,7 @@ struct UndoSteps::Reversal
     QDateTime moment;
     JournalStep step; ///< the one that tells of it
     UndoOutcome outcome;
+    FormerFiles files; ///< that it exchanges
 };
 
 std::optional<StepSummary> UndoSteps::undoable() const
@@ -171,7 +173,7 @@ UndoOutcome UndoSteps::go(Direction direction, Undo mode)
     m_session.requireWritable();
     Transaction transaction(m_session);
     const RecordWriting writing(m_session);
-    Reversal reversal{mode, 0, direction == Direction::Redo, m_clock.now(), {}, {}};
+    Reversal reversal{mode, 0, direction == Direction::Redo, m_clock.now(), {}, {}, FormerFiles(m_folder)};
     UndoOutcome& outcome = reversal.outcome;
     try {
         outcome.step = next(direction);
@@ -182,6 +184,7 @@ UndoOutcome UndoSteps::go(Direction direction, Undo mode)
     }
     if (outcome.isDone()) {
         transaction.commit();
+        reversal.files.finish();
         return std::move(outcome);
     }
     transaction.rollBack();
@@ -230,14 +233,15 @@ void UndoSteps::reverseRecord(Reversal& reversal, RecordKind kind, JournalEntry 
         return;
     }
     SnapshotWriter::writeRecord(m_session, kind, entry.identifier, found, entry.after);
-    // former files that the step names are exchanged here, before the row that tells of it
+    for (const QString& name :
+         reversal.files.bringBack(FormerFiles::wanted(entry.after, entry.before), entry.identifier))
+        outcome.messages << FormerFiles::goneMessage(name);
     Snapshot written = Snapshots::ofRecord(m_session, kind, entry.identifier);
     if (differsBesideStatus(kind, found, written))
         SnapshotWriter::addToHistory(m_session, kind, entry.identifier, reversal.moment);
     entry.title = Snapshots::titleOf(kind, written.rows(entry.kind).empty() ? found : written);
     if (!reversal.isRedo) entry.action = Journal::actionBetween(kind, found, written);
-    addNotes(found, entry.before);
-    addNotes(written, entry.after);
+    reversal.files.note(found, written);
     entry.before = std::move(found);
     entry.after = std::move(written);
     Journal::append(m_session, reversal.moment, entry, reversal.step);

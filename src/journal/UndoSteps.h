@@ -6,10 +6,13 @@
 #include "journal/StepSummary.h"
 #include "platform/Clock.h"
 
+#include <QStringList>
+
 #include <optional>
 #include <vector>
 
 class DatabaseSession;
+class ProgramFolder;
 
 /// What to do if a record is not as the step left it.
 enum class Undo
@@ -41,6 +44,7 @@ struct UndoOutcome
     std::optional<StepSummary> step;         ///< std::nullopt if there was none
     std::vector<ChangedItem> changed;        ///< in the order in which they were changed
     std::vector<StepDifference> differences; ///< if there are any, nothing was written
+    QStringList messages;                    ///< what could not be done although the step was taken
 
     [[nodiscard]] bool isDone() const { return step.has_value() && differences.empty(); }
 };
@@ -53,8 +57,11 @@ struct UndoOutcome
 class UndoSteps
 {
 public:
-    /// The session and the clock must outlive it.
-    UndoSteps(DatabaseSession& session, const Clock& clock) : m_session(session), m_clock(clock) {}
+    /// All must outlive it. The folder is that of the open database.
+    UndoSteps(DatabaseSession& session, const Clock& clock, const ProgramFolder& folder)
+        : m_session(session), m_clock(clock), m_folder(folder)
+    {
+    }
 
     /// The step that `undo` would take back, or that `redo` would do again; std::nullopt if there is none, or
     /// if the open file has no journal. Fast enough to be asked after every change.
@@ -80,4 +87,5 @@ private:
 
     DatabaseSession& m_session;
     const Clock& m_clock;
+    const ProgramFolder& m_folder;
 };

@@ -8,6 +8,7 @@
 #include "files/ProgramFolder.h"
 #include "files/SplitPlanner.h"
 #include "files/VersionCopies.h"
+#include "journal/FormerFiles.h"
 #include "opening/AccessConversion.h"
 #include "opening/CollectionMaker.h"
 #include "opening/DatabaseName.h"
@@ -164,7 +165,9 @@ void DatabaseOpener::open(const QString& chosen)
     m_at.session.open(file, m_isReadOnly ? Access::Read : Access::Write);
     m_upgradeHindrance = hindrance;
     m_at.folder = m_at.home.ofDatabase(file);
-    if (!m_isReadOnly) FileUpload(m_at.folder).clearUnfinished();
+    if (m_isReadOnly) return;
+    FileUpload(m_at.folder).clearUnfinished();
+    FormerFiles::settle(m_at.session, m_at.folder);
 }
 
 /// Sees to it that no other database has its files in the folder of one that is to be opened. Returns where

@@ -135,14 +135,14 @@ bool DocumentStore::takesFile(const DocumentRecord& record, SaveMode mode) const
     return mode == SaveMode::Addition || record.takesFile;
 }
 
-void DocumentStore::prepare(DocumentRecord& record, SaveMode mode, qint64 id) const
+void DocumentStore::prepare(DocumentRecord& record, SaveMode mode, qint64 id, JournaledSave& /*save*/) const
 {
     if (!takesFile(record, mode)) return;
     FileUpload::requireSource(record.originalFilename);
     record.fileLocation = storedName(id, record.originalFilename);
 }
 
-void DocumentStore::writeParts(const DocumentRecord& record, SaveMode mode)
+void DocumentStore::writeParts(const DocumentRecord& record, SaveMode mode, JournaledSave& /*save*/)
 {
     if (takesFile(record, mode)) FileUpload(m_folder).convertDocument(record.originalFilename, record.id);
 }

@@ -63,8 +63,8 @@ public:
 
 private:
     [[nodiscard]] bool takesFile(const DocumentRecord& record, SaveMode mode) const override;
-    void prepare(DocumentRecord& record, SaveMode mode, qint64 id) const override;
-    void writeParts(const DocumentRecord& record, SaveMode mode) override;
+    void prepare(DocumentRecord& record, SaveMode mode, qint64 id, JournaledSave& save) const override;
+    void writeParts(const DocumentRecord& record, SaveMode mode, JournaledSave& save) override;
 
     const ProgramFolder& m_folder;
 };

@@ -212,7 +212,14 @@ FieldValues OrganizationStore::partFields(const OrganizationRecord& record) cons
     return profileFields(record.profile);
 }
 
-void OrganizationStore::writeParts(const OrganizationRecord& record, SaveMode /*mode*/)
+void OrganizationStore::prepare(OrganizationRecord& record, SaveMode /*mode*/, qint64 id,
+                                JournaledSave& save) const
+{
+    const ChartPath chart = chartPath(record, record.profile.organizationChart);
+    if (chart.outcome == ChartOutcome::Taken) save.files(m_folder).keepChart(chart.source, id);
+}
+
+void OrganizationStore::writeParts(const OrganizationRecord& record, SaveMode /*mode*/, JournaledSave& save)
 {
     EditableRecordSet rows = session().edit(profileStatement(record.id));
     if (rows.atEnd()) {
@@ -231,6 +238,6 @@ void OrganizationStore::writeParts(const OrganizationRecord& record, SaveMode /*
     FieldValues fields = profileFields(profile);
     if (record.stored) StoredStates::keepUnchanged(fields, profileFields(read), record.stored->profile);
     StoredStates::setDiffering(rows, fields);
-    if (chart.outcome == ChartOutcome::Taken) FileUpload(m_folder).copyChart(chart.source, record.id);
+    if (chart.outcome == ChartOutcome::Taken) save.files(m_folder).takeChart(chart.source, record.id);
     rows.update();
 }

@@ -87,7 +87,8 @@ private:
     [[nodiscard]] FieldValues changedFields(const OrganizationRecord& record) const override;
     RecordTable readParts(OrganizationRecord& record) const override;
     [[nodiscard]] FieldValues partFields(const OrganizationRecord& record) const override;
-    void writeParts(const OrganizationRecord& record, SaveMode mode) override;
+    void prepare(OrganizationRecord& record, SaveMode mode, qint64 id, JournaledSave& save) const override;
+    void writeParts(const OrganizationRecord& record, SaveMode mode, JournaledSave& save) override;
 
     const ProgramFolder& m_folder;
 };

@@ -196,13 +196,13 @@ bool RecordStore<Record>::add(Record& record)
     if (rows.atEnd()) beginRow(rows);
     const qint64 id = recordIdentifier(std::get<qint64>(rows.value(names.key)));
     save.setIdentifier(id);
-    prepare(record, SaveMode::Addition, id);
+    prepare(record, SaveMode::Addition, id, save);
     StoredStates::setDiffering(
         rows, RecordColumns::fields(m_tables.columns, record, [](const auto& /*each*/) { return true; }));
     setConstants(rows, activeStatus, false);
     rows.update();
     record.id = id;
-    writeParts(record, SaveMode::Addition);
+    writeParts(record, SaveMode::Addition, save);
     writeLinks(record);
     writeHistory(record, activeStatus);
     save.commit();
@@ -220,10 +220,10 @@ std::optional<RecordConflict> RecordStore<Record>::change(Record& record)
     const auto find = [this, &record] { return load(record.id).record.stored->known; };
     if (auto conflict = StoredStates::conflict(record.stored, find())) return conflict;
     const StoredStates::KnownAfterSave known(record.stored, find);
-    prepare(record, SaveMode::Change, record.id);
+    prepare(record, SaveMode::Change, record.id, save);
     StoredStates::setDiffering(rows, changedFields(record));
     rows.update();
-    writeParts(record, SaveMode::Change);
+    writeParts(record, SaveMode::Change, save);
     writeLinks(record);
     writeHistory(record, StoredStates::historyStatus(rows.value(m_tables.statusColumn)));
     save.commit();

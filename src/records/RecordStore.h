@@ -112,13 +112,15 @@ protected:
     [[nodiscard]] virtual bool takesFile(const Record& /*record*/, SaveMode /*mode*/) const { return true; }
 
     /// Before the row is written; `id` is its identifier.
-    virtual void prepare(Record& /*record*/, SaveMode /*mode*/, qint64 /*id*/) const {}
+    virtual void prepare(Record& /*record*/, SaveMode /*mode*/, qint64 /*id*/, JournaledSave& /*save*/) const
+    {
+    }
 
     /// The values that a change writes.
     [[nodiscard]] virtual FieldValues changedFields(const Record& record) const;
 
     /// Between the row and the links: what else belongs to the record.
-    virtual void writeParts(const Record& /*record*/, SaveMode /*mode*/) {}
+    virtual void writeParts(const Record& /*record*/, SaveMode /*mode*/, JournaledSave& /*save*/) {}
     virtual RecordTable readParts(Record& /*record*/) const { return {}; }
     [[nodiscard]] virtual FieldValues partFields(const Record& /*record*/) const { return {}; }
 

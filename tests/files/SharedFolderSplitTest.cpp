@@ -28,7 +28,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The statement for a file that a database names: `2.pdf` by a document, `hist:2.pdf` by a former version,
-/// `deleted:2.pdf` by a deleted one, `chart:7:C:\x.tif` by an organization.
+/// `deleted:2.pdf` by a deleted one, `chart:7:C:\x.tif` by an organization, `former:7` by what the journal
+/// tells of one.
 QString rowOf(const QString& named)
 {
     const QString rest = named.section(u':', 1);
@@ -38,6 +39,12 @@ QString rowOf(const QString& named)
         return u"INSERT INTO OrganizationProfile (OrganizationProfileID, OrganizationChart, ChartOption) "
                u"VALUES "
                "(%1, '%2', 1)"_s.arg(rest.section(u':', 0, 0), rest.section(u':', 1));
+    }
+    if (named.startsWith(u"former:"_s)) {
+        return u"INSERT INTO Journal (Step, Moment, What, Kind, Identifier, After, UndoStep, RedoStep) "
+               u"VALUES "
+               u"(1, '', 'change', 'Organization', %1, '{\"Files\":[{\"Name\":\"%1.pdf\"}]}', 1, 0)"_s.arg(
+                   rest);
     }
     const bool isDeleted = named.startsWith(u"deleted:"_s);
     return u"INSERT INTO Document (FileLocation, dStatus) VALUES ('%1', '%2')"_s.arg(
@@ -186,6 +193,12 @@ TEST(SharedFolderSplit, TakesTheFilesThatRecordsNameAndCopiesWhatOthersMayNeed)
          "orgcharts/7.tif orgcharts/7.pdf orgcharts/8.pdf orgcharts/9.png orgcharts/own.png",
          "a.sqlite orgcharts/7.pdf | b/data/b.sqlite b/data/orgcharts/7.pdf b/data/orgcharts/7.tif "
          "b/data/orgcharts/8.pdf c/data/c.sqlite c/data/orgcharts/9.png c/data/orgcharts/own.png"},
+        {"former charts go with the journal", "former:7", "former:9", "former:7",
+         "orgcharts/former/7-a.pdf orgcharts/former/9-b.pdf orgcharts/former/.replaced-9-c.pdf "
+         "orgcharts/former/8-d.pdf",
+         "a.sqlite orgcharts/former/7-a.pdf orgcharts/former/8-d.pdf | b/data/b.sqlite "
+         "b/data/orgcharts/former/.replaced-9-c.pdf "
+         "b/data/orgcharts/former/9-b.pdf c/data/c.sqlite c/data/orgcharts/former/7-a.pdf"},
         {"names that lead out of the folder name nothing", "", "../b.txt documents/2.pdf ..", ".",
          "b.txt documents/2.pdf", "a.sqlite b.txt documents/2.pdf | b/data/b.sqlite c/data/c.sqlite"},
     };

@@ -65,5 +65,6 @@ protected:
 
     TestDatabase database;
     ScriptedClock clock;
+    ProgramFolder folder{database.folder()};
     EventStore events{database.session(), clock};
 };

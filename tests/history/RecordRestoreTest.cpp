@@ -4,6 +4,7 @@
 
 #include "history/HistoryTest.h"
 #include "journal/RecordParts.h"
+#include "support/TestFiles.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,7 +18,7 @@ protected:
     {
         clock.moment = clock.moment.addSecs(60);
         const RecordVersions versions = versionsOf(kind, identifier);
-        return RecordRestore(database.session(), clock, kind, identifier)
+        return RecordRestore(database.session(), clock, folder, kind, identifier)
             .restore(versions.content(index), versions.present());
     }
 
@@ -68,6 +69,25 @@ TEST_F(RecordRestoreTest, MakesTheRecordWhatItWasAsANewVersion)
         u"restore|NULL|4|0"_s);
 }
 
+TEST_F(RecordRestoreTest, BringsTheChartBack)
+{
+    const QString chart = database.folder() + u"/data/orgcharts/2.png"_s;
+    OrganizationStore organizations(database.session(), folder, clock);
+    for (const char* content : {"first", "second", "third"}) {
+        OrganizationRecord record = organizations.load(2).record;
+        record.profile.organizationChart = database.folder() + u"/chart.png"_s;
+        record.notes = QString::fromUtf8(content);
+        writeFile(record.profile.organizationChart, content);
+        ASSERT_FALSE(organizations.updateOrganization(record));
+    }
+    EXPECT_TRUE(restore(RecordKind::Organization, 2, 1).isDone);
+    EXPECT_EQ(contentOf(chart), "second");
+    EXPECT_TRUE(restore(RecordKind::Organization, 2, 3).isDone);
+    EXPECT_EQ(contentOf(chart), "first");
+    EXPECT_TRUE(restore(RecordKind::Organization, 2, 5).isDone);
+    EXPECT_EQ(contentOf(chart), "(no file)") << "as before the first upload";
+}
+
 TEST_F(RecordRestoreTest, LeavesOutWhatIsGone)
 {
     changeTitle(u"One"_s);
@@ -114,7 +134,7 @@ TEST_F(RecordRestoreTest, WritesNothingOverAChangeThatItsUserDidNotSee)
     const RecordVersions versions = versionsOf(RecordKind::Event, 2);
     database.run("INSERT INTO EventVenues VALUES (2, 12)");
     const QByteArray before = database.bytes();
-    EXPECT_FALSE(RecordRestore(database.session(), clock, RecordKind::Event, 2)
+    EXPECT_FALSE(RecordRestore(database.session(), clock, folder, RecordKind::Event, 2)
                      .restore(versions.content(1), versions.present())
                      .isDone);
     EXPECT_EQ(database.bytes(), before);

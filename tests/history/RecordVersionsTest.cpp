@@ -60,7 +60,7 @@ TEST_F(RecordVersionsTest, OfTheJournalTellWhenWhatAndWhichFields)
 TEST_F(RecordVersionsTest, TellUndoAndRedo)
 {
     changeTitle(u"Wrong"_s);
-    UndoSteps steps(database.session(), clock);
+    UndoSteps steps(database.session(), clock, folder);
     ASSERT_TRUE(steps.undo().isDone());
     ASSERT_TRUE(steps.redo().isDone());
     ASSERT_TRUE(steps.undo().isDone());
@@ -116,7 +116,6 @@ TEST_F(RecordVersionsTest, OfBeforeTheJournalAreThoseOfTheHistoryTable)
     database.run("UPDATE Organization SET Status = 'ACTIVE' WHERE OrganizationID = 3");
 
     // rows of saves that the journal tells of are not told of twice
-    ProgramFolder folder(database.folder());
     OrganizationStore store(database.session(), folder, clock);
     OrganizationRecord record = store.load(3).record;
     record.zip = u"2"_s;

@@ -228,7 +228,7 @@ private:
 
     void goBackOrForth()
     {
-        UndoSteps steps(m_session, m_clock);
+        UndoSteps steps(m_session, m_clock, m_folder);
         for (int i = upTo(4); i >= 0; --i)
             (void)steps.undo();
         for (int i = upTo(4); i > 0; --i)
@@ -304,7 +304,7 @@ protected:
     /// The step that Undo would take back: where the file is in the course of its steps.
     qint64 place()
     {
-        const auto step = UndoSteps(m_state.session, m_clock).undoable();
+        const auto step = UndoSteps(m_state.session, m_clock, m_state.folder).undoable();
         return step ? step->number : 0;
     }
 
@@ -339,7 +339,7 @@ protected:
     /// Takes back or does again as long as there is something; returns how many steps there were.
     int go(UndoOutcome (UndoSteps::*direction)(Undo))
     {
-        UndoSteps steps(m_state.session, m_clock);
+        UndoSteps steps(m_state.session, m_clock, m_state.folder);
         RecordDump dump(m_database.fileName());
         int count = 0;
         for (; (steps.*direction)(Undo::UnlessChanged).isDone(); ++count)

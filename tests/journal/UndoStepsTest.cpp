@@ -60,7 +60,7 @@ protected:
 
     [[nodiscard]] QByteArray dump() const { return RecordDump(m_database.fileName()).rows(); }
 
-    UndoSteps m_undo{m_state.session, m_clock};
+    UndoSteps m_undo{m_state.session, m_clock, m_state.folder};
     ListStore m_lists{m_state.session, m_clock};
 };
 

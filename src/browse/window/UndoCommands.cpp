@@ -4,9 +4,9 @@
 
 #include "browse/commands/CommandState.h"
 #include "browse/commands/MainCommands.h"
-#include "data/DatabaseSession.h"
 #include "history/frmChangedSince.h"
 #include "platform/Procedure.h"
+#include "state/ProgramState.h"
 #include "widgets/PlainToolTip.h"
 #include "widgets/WaitCursor.h"
 
@@ -28,11 +28,11 @@ QString menuText(const QMenu& menu, const QString& text)
 
 } // namespace
 
-UndoCommands::UndoCommands(const Platform& platform, DatabaseSession& session, const MainCommands& commands,
+UndoCommands::UndoCommands(const Platform& platform, ProgramState& state, const MainCommands& commands,
                            std::function<QString()> unwritable, QWidget& window)
     : QObject(&window),
       m_platform(platform),
-      m_steps(session, platform.clock),
+      m_steps(state.session, platform.clock, state.folder),
       m_unwritable(std::move(unwritable)),
       m_window(window),
       m_undo{commands.mnuRecordUndo,
@@ -96,6 +96,7 @@ void UndoCommands::run(const Command& command)
     if (&command == &m_undo) std::reverse(outcome.changed.begin(), outcome.changed.end());
     announce(outcome);
     refresh();
+    if (!outcome.messages.isEmpty()) m_platform.messages.show(outcome.messages.join(u'\n'));
     Q_EMIT done(command.reportOf(*outcome.step));
 }
 

@@ -11,7 +11,7 @@
 #include <functional>
 #include <vector>
 
-class DatabaseSession;
+struct ProgramState;
 class MainCommands;
 class QAction;
 class QWidget;
@@ -24,7 +24,7 @@ class UndoCommands final : public QObject
 
 public:
     /// `unwritable` says why the database cannot be changed; empty if it can. All must outlive the commands.
-    UndoCommands(const Platform& platform, DatabaseSession& session, const MainCommands& commands,
+    UndoCommands(const Platform& platform, ProgramState& state, const MainCommands& commands,
                  std::function<QString()> unwritable, QWidget& window);
 
     /// Names and enables the commands as the journal is now.

@@ -80,7 +80,7 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_editors(new RecordEditors(platform, state.session, *m_newEntries, state.folder, *this)),
       m_records(new RecordCommands(*m_commands, *m_list, *m_editors, *this)),
       m_undo(new UndoCommands(
-          platform, state.session, *m_commands, [this] { return unwritable(); }, *this)),
+          platform, state, *m_commands, [this] { return unwritable(); }, *this)),
       m_windows(new RecordWindows(platform, state, *m_positions, *m_editors, *this)),
       m_graphics(new GraphicViews(
           {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},
