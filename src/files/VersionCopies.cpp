@@ -7,7 +7,7 @@
 
 namespace {
 
-const QRegularExpression& ending()
+const QRegularExpression& copyEnding()
 {
     static const QRegularExpression ending(QStringLiteral("\\.version[0-9]+(-[0-9]+)?$"));
     return ending;
@@ -27,10 +27,10 @@ QString VersionCopies::freePath(const QString& database, int version)
 
 bool VersionCopies::isCopy(const QString& file)
 {
-    return ending().match(file).hasMatch();
+    return copyEnding().match(file).hasMatch();
 }
 
 QString VersionCopies::originalName(const QString& file)
 {
-    return QFileInfo(file).fileName().remove(ending());
+    return QFileInfo(file).fileName().remove(copyEnding());
 }

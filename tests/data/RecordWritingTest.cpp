@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int refused = 23;
+constexpr int notAllowed = 23;
 
 /// The tables whose rows belong to records.
 QStringList tablesOfRecords()
@@ -57,7 +57,7 @@ TEST_F(RecordWritings, AloneLetTheTablesOfRecordsBeChanged)
         SCOPED_TRACE(table.toStdString());
         const QString column =
             m_database.ask(u"SELECT name FROM pragma_table_info('%1') LIMIT 1"_s.arg(table));
-        const int without = ofRecords.contains(table) ? refused : 0;
+        const int without = ofRecords.contains(table) ? notAllowed : 0;
         for (const QString& statement : writesTo(table, column) + writesTo(table.toLower(), column)) {
             EXPECT_EQ(numberOf(statement), without) << statement.toStdString();
             {
@@ -74,17 +74,17 @@ TEST_F(RecordWritings, LetRowsBeAddedToTheJournalAndNothingElse)
 {
     const QString add = u"INSERT INTO Journal (Step, Moment, What, Kind, Identifier, UndoStep, RedoStep) "
                         "VALUES (1, '', 'add', 'Event', 2, 1, 0)"_s;
-    EXPECT_EQ(numberOf(add), refused);
+    EXPECT_EQ(numberOf(add), notAllowed);
     {
         const RecordWriting writing(m_database.session());
         EXPECT_EQ(numberOf(add), 0);
         for (const QString& statement :
              {u"UPDATE Journal SET Step = 2"_s, u"UPDATE journal SET Title = ''"_s, u"DELETE FROM Journal"_s,
               u"DELETE FROM JOURNAL WHERE Number = 1"_s}) {
-            EXPECT_EQ(numberOf(statement), refused) << statement.toStdString();
+            EXPECT_EQ(numberOf(statement), notAllowed) << statement.toStdString();
         }
     }
-    EXPECT_EQ(numberOf(add), refused);
+    EXPECT_EQ(numberOf(add), notAllowed);
     EXPECT_EQ(m_database.ask("SELECT Number, Step, Kind FROM Journal"), u"1|1|Event"_s);
 }
 

@@ -73,7 +73,7 @@ public:
     [[nodiscard]] QString file(const QString& name) const { return data() + u'/' + name; }
 
     /// Adds a database whose records name those files, separated by blanks.
-    void addDatabase(const QString& name, const QString& named) const
+    void addDatabase(const QString& name, const QString& named, bool isOlder = false) const
     {
         static const TestDatabase empty;
         QFile::copy(empty.fileName(), file(name));
@@ -82,14 +82,7 @@ public:
         database.exec((u"INSERT INTO Venue VALUES (2, '%1')"_s.arg(name)).toStdString());
         for (const QString& each : named.split(u' ', Qt::SkipEmptyParts))
             database.exec(rowOf(each).toStdString());
-        database.exec("COMMIT");
-    }
-
-    /// Makes a database one of the version before the journal.
-    void makeOld(const QString& name) const
-    {
-        SQLite::Database(file(name).toStdString(), SQLite::OPEN_READWRITE)
-            .exec("PRAGMA synchronous = OFF; DROP TABLE Journal; PRAGMA user_version = 1");
+        database.exec(isOlder ? "DROP TABLE Journal; PRAGMA user_version = 1; COMMIT" : "COMMIT");
     }
 
     /// Adds files, separated by blanks, each of which begins with its own name.
@@ -223,8 +216,8 @@ TEST(SharedFolderSplit, LeavesOneDatabaseOfTheProgramInTheFolderAndNoOtherFileEl
 {
     const OldFolder folder;
     folder.addDatabase(u"a.sqlite"_s, u"2.pdf"_s);
-    folder.addDatabase(u"x.sqlite.part"_s, {});
-    folder.addDatabase(u"a.sqlite.version1"_s, {});
+    folder.addDatabase(u"x.part"_s, {});
+    folder.addDatabase(u"a.version1"_s, {});
     folder.addFiles(u"documents/2.pdf"_s);
     writeFile(folder.file(u"old.mdb"_s), "old.Standard Jet DB\nend");
     SQLite::Database(folder.file(u"notes.sqlite"_s).toStdString(),
@@ -239,14 +232,13 @@ TEST(SharedFolderSplit, LeavesOneDatabaseOfTheProgramInTheFolderAndNoOtherFileEl
     folder.addDatabase(u"b.db"_s, u"2.pdf"_s);
     folder.addDatabase(u"c"_s, {});
     writeFile(folder.place() + u"/a/mine.txt"_s, "a/mine.txt\nend");
-    QFile::link(u"b.db"_s, folder.file(u"alias.db"_s));
+    QFile::link(u"b.db"_s, folder.file(u"al.db"_s));
     const auto result = folder.split(u"a.sqlite"_s, u"b.db"_s);
     EXPECT_EQ(result.stays, folder.file(u"b.db"_s));
     EXPECT_EQ(result.movedFiles, 0);
     EXPECT_EQ(result.copiedFiles, 1);
     EXPECT_EQ(folder.filesIn(folder.data()).join(u' ').toStdString(),
-              "a.sqlite.version1 alias.db=b.db b.db documents/2.pdf notes.sqlite old.mdb=old.Standard Jet DB "
-              "x.sqlite.part");
+              "a.version1 al.db=b.db b.db documents/2.pdf notes.sqlite old.mdb=old.Standard Jet DB x.part");
     EXPECT_EQ(folder.filesIn(folder.place()).join(u' ').toStdString(),
               "a 2/data/a.sqlite a 2/data/documents/2.pdf a/mine.txt c/data/c");
 }
@@ -261,12 +253,10 @@ TEST(SharedFolderSplit, LeavesEverythingAsItWasIfItCannotBeDone)
 {
     const OldFolder folder;
     folder.addDatabase(u"a.sqlite"_s, u"2.pdf"_s);
-    folder.addDatabase(u"b.sqlite"_s, u"2.pdf 3.pdf"_s);
-    folder.addDatabase(u"c.sqlite"_s, u"3.pdf 4.pdf"_s);
+    folder.addDatabase(u"b.sqlite"_s, u"2.pdf 3.pdf"_s, true);
+    folder.addDatabase(u"c.sqlite"_s, u"3.pdf 4.pdf"_s, true);
     folder.addFiles(u"documents/2.pdf documents/3.pdf documents/4.pdf"_s);
     // a database that another program changes, of whatever version
-    folder.makeOld(u"b.sqlite"_s);
-    folder.makeOld(u"c.sqlite"_s);
     {
         SQLite::Database other(folder.file(u"b.sqlite"_s).toStdString(), SQLite::OPEN_READWRITE);
         other.exec("BEGIN IMMEDIATE");

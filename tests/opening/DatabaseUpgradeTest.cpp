@@ -78,7 +78,7 @@ std::string rowsIn(const QString& file)
 }
 
 /// The version that a file names, and how many tables and indexes of the journal it has.
-std::string shapeOf(const QString& file)
+std::string versionOf(const QString& file)
 {
     return (TestDatabase::answer(file, u"PRAGMA user_version"_s) + u' ' +
             TestDatabase::answer(file, u"SELECT count(*) FROM sqlite_master WHERE tbl_name = 'Journal'"_s))
@@ -94,8 +94,8 @@ TEST(DatabaseUpgrade, AddsTheJournalOnceAfterACopyWasPutBesideTheFile)
 
     const QString copy = old.file() + u".version1"_s;
     EXPECT_EQ(old.names(), (QStringList{u"old.sqlite"_s, u"old.sqlite.version1"_s}));
-    EXPECT_EQ(shapeOf(old.file()), "2 2");
-    EXPECT_EQ(shapeOf(copy), "1 0");
+    EXPECT_EQ(versionOf(old.file()), "2 2");
+    EXPECT_EQ(versionOf(copy), "1 0");
     EXPECT_EQ(rowsIn(old.file()), before);
     EXPECT_EQ(rowsIn(copy), before);
     EXPECT_EQ(QFile::permissions(copy), QFile::permissions(old.file())) << "it is as private";
@@ -134,7 +134,7 @@ TEST(DatabaseUpgrade, TakesAnyOlderFile)
         const std::string before = rowsIn(old.file());
         EXPECT_FALSE(DatabaseUpgrade::bringUpToDate(old.file()));
         EXPECT_EQ(old.names(), (QStringList{u"old.sqlite"_s, QString::fromUtf8(copy)}));
-        EXPECT_EQ(shapeOf(old.file()), "2 2");
+        EXPECT_EQ(versionOf(old.file()), "2 2");
         EXPECT_EQ(rowsIn(old.file()), before);
         EXPECT_EQ(rowsIn(old.folder() + u'/' + QString::fromUtf8(copy)), before);
     }
@@ -150,7 +150,7 @@ TEST(DatabaseUpgrade, ReplacesNoEarlierCopyAndClearsAnUnfinishedOne)
     EXPECT_EQ(old.names(),
               (QStringList{u"old.sqlite"_s, u"old.sqlite.version1"_s, u"old.sqlite.version1-2"_s}));
     EXPECT_EQ(contentOf(old.file() + u".version1"_s), "earlier");
-    EXPECT_EQ(shapeOf(old.file() + u".version1-2"_s), "1 0");
+    EXPECT_EQ(versionOf(old.file() + u".version1-2"_s), "1 0");
 }
 
 TEST(DatabaseUpgrade, PutsTheCopyBesideTheFileItselfNotBesideALinkToIt)
@@ -160,7 +160,7 @@ TEST(DatabaseUpgrade, PutsTheCopyBesideTheFileItselfNotBesideALinkToIt)
     const QString link = other.filePath(u"link.sqlite"_s);
     ASSERT_TRUE(QFile::link(old.file(), link));
     EXPECT_FALSE(DatabaseUpgrade::bringUpToDate(link));
-    EXPECT_EQ(shapeOf(link), "2 2");
+    EXPECT_EQ(versionOf(link), "2 2");
     EXPECT_EQ(old.names().size(), 2);
     EXPECT_EQ(QDir(other.path()).entryList(QDir::Files).size(), 1);
 }
@@ -253,7 +253,7 @@ TEST(DatabaseUpgrade, OnAFullDiskLeavesTheFileAsItWas)
         EXPECT_TRUE(contentOf(old.file()) == before);
         EXPECT_EQ(old.names(), QStringList{u"old.sqlite"_s});
         EXPECT_FALSE(DatabaseUpgrade::bringUpToDate(old.file())) << "with room again";
-        EXPECT_EQ(shapeOf(old.file()), "2 2");
+        EXPECT_EQ(versionOf(old.file()), "2 2");
     }
 }
 
@@ -282,19 +282,19 @@ TEST(DatabaseUpgrade, KilledAtAnyMomentLeavesTheFileOldOrNew)
 
         // whoever opens the file next undoes what was not finished
         old.run("SELECT count(*) FROM sqlite_master");
-        const std::string shape = shapeOf(old.file());
+        const std::string shape = versionOf(old.file());
         EXPECT_TRUE(shape == "1 0" || shape == "2 2") << shape;
         EXPECT_EQ(rowsIn(old.file()), before);
         const QString copy = old.file() + u".version1"_s;
         left += old.names().size() > 1 ? 1 : 0;
         if (QFile::exists(copy)) {
-            EXPECT_EQ(shapeOf(copy), "1 0");
+            EXPECT_EQ(versionOf(copy), "1 0");
             EXPECT_EQ(rowsIn(copy), before);
         } else {
             EXPECT_EQ(shape, "1 0") << "no file is new without a copy";
         }
         EXPECT_FALSE(DatabaseUpgrade::bringUpToDate(old.file()));
-        EXPECT_EQ(shapeOf(old.file()), "2 2");
+        EXPECT_EQ(versionOf(old.file()), "2 2");
         EXPECT_EQ(rowsIn(old.file()), before);
         for (const QString& name : old.names())
             EXPECT_TRUE(name == u"old.sqlite"_s || VersionCopies::isCopy(name)) << name.toStdString();
@@ -310,7 +310,7 @@ TEST(NewDatabaseFile, TakesTheListsOfAnOlderFile)
     const QByteArray before = contentOf(old.file());
     const QString file = old.folder() + u"/new.sqlite"_s;
     NewDatabaseFile::make(file, old.file());
-    EXPECT_EQ(shapeOf(file), "2 2");
+    EXPECT_EQ(versionOf(file), "2 2");
     const auto venues = u"SELECT VenueID, VenueName FROM Venue"_s;
     EXPECT_EQ(TestDatabase::answer(file, venues), TestDatabase::answer(old.file(), venues));
     EXPECT_TRUE(contentOf(old.file()) == before);
