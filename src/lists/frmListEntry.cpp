@@ -32,7 +32,11 @@ QString degrees(double number)
 
 frmListEntry::frmListEntry(const Platform& platform, DatabaseSession& session, PositionPicker& positions,
                            ListKind list, QWidget* parent)
-    : QDialog(parent), m_platform(platform), m_store(session, m_platform.clock), m_positions(positions), m_list(list)
+    : QDialog(parent),
+      m_platform(platform),
+      m_store(session, m_platform.clock),
+      m_positions(positions),
+      m_list(list)
 {
     setObjectName(QStringLiteral("frmListEntry"));
     auto* form = new QFormLayout;

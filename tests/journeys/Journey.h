@@ -75,7 +75,7 @@ public:
     /// What the database holds, one line a row, values joined by `|`.
     std::string rows(const char* statement) { return database.ask(statement).toStdString(); }
 
-    /// Every row of every table, each after the name of its table.
+    /// Every row of every table but the journal, each after the name of its table.
     QStringList dump();
 
     [[nodiscard]] QString dataFolder() const { return database.folder() + QStringLiteral("/data/"); }
