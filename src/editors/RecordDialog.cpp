@@ -125,6 +125,7 @@ void RecordDialog::addFileButton(const QString& caption, const QString& toolTip)
     cmdOpenFile->setAutoDefault(false);
     cmdOpenFile->setToolTip(toolTip);
     m_buttons->insertWidget(0, cmdOpenFile);
+    setTabOrder(cmdOpenFile, cmdHistory);
     connect(cmdOpenFile, &QPushButton::clicked, this, &RecordDialog::fileAsked);
 }
 

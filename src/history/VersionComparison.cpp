@@ -16,15 +16,16 @@ using Kind = DifferenceRun::Kind;
 
 namespace {
 
-enum Column
-{
-    CaptionColumn,
-    OlderColumn,
-    NewerColumn,
-    ColumnCount
-};
+constexpr int captionColumn = 0;
+constexpr int olderColumn = 1;
 
-QTextTable& addTable(QTextCursor& cursor)
+/// The last column; without an older version it comes right after the captions.
+int newerColumn(const QTextTable& table)
+{
+    return table.columns() - 1;
+}
+
+QTextTable& addTable(QTextCursor& cursor, bool hasOlder)
 {
     QTextTableFormat format;
     format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
@@ -33,10 +34,11 @@ QTextTable& addTable(QTextCursor& cursor)
     format.setCellPadding(4);
     format.setHeaderRowCount(1);
     format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
-    format.setColumnWidthConstraints({QTextLength(QTextLength::PercentageLength, 16),
-                                      QTextLength(QTextLength::PercentageLength, 42),
-                                      QTextLength(QTextLength::PercentageLength, 42)});
-    return *cursor.insertTable(1, ColumnCount, format);
+    const auto percent = [](double share) { return QTextLength(QTextLength::PercentageLength, share); };
+    QList<QTextLength> widths{percent(16), percent(84)};
+    if (hasOlder) widths = {percent(16), percent(42), percent(42)};
+    format.setColumnWidthConstraints(widths);
+    return *cursor.insertTable(1, static_cast<int>(widths.size()), format);
 }
 
 std::vector<DifferenceRun> runsOf(const ComparedField& field)
@@ -128,10 +130,10 @@ QStringList VersionComparison::drawRecord(QTextCursor& cursor, const ComparedVer
         cursor.insertText(record.title, bold);
         cursor.insertBlock();
     }
-    QTextTable& table = addTable(cursor);
-    text.writeHeading(table, 0, CaptionColumn, tr("Field"));
-    text.writeHeading(table, 0, OlderColumn, record.olderHeading);
-    text.writeHeading(table, 0, NewerColumn, record.newerHeading);
+    QTextTable& table = addTable(cursor, record.hasOlder);
+    text.writeHeading(table, 0, captionColumn, tr("Field"));
+    if (record.hasOlder) text.writeHeading(table, 0, olderColumn, record.olderHeading);
+    text.writeHeading(table, 0, newerColumn(table), record.newerHeading);
     QStringList differences;
     QStringList notKept;
     for (ComparedField& field : ComparedFields(record.kind).compare(record.older, record.newer)) {
@@ -159,24 +161,24 @@ void VersionComparison::drawField(QTextTable& table, const ComparedField& field,
     const ComparedText text(palette());
     const int row = table.rows();
     table.appendRows(1);
-    text.writeLine(table, row, CaptionColumn, field.field.caption);
+    text.writeLine(table, row, captionColumn, field.field.caption);
     field.hasLinks() ? drawLinks(table, row, field) : drawTexts(table, row, field);
-    if (!field.older && hasOlder) text.writeNote(table, row, OlderColumn, tr("not kept"));
-    if (!field.newer) text.writeNote(table, row, NewerColumn, tr("not kept"));
+    if (!field.older && hasOlder) text.writeNote(table, row, olderColumn, tr("not kept"));
+    if (!field.newer) text.writeNote(table, row, newerColumn(table), tr("not kept"));
 }
 
 void VersionComparison::drawTexts(QTextTable& table, int row, const ComparedField& field) const
 {
     const ComparedText text(palette());
     if (!field.older || !field.newer) {
-        if (field.older) text.writeLine(table, row, OlderColumn, field.older->text);
-        if (field.newer) text.writeLine(table, row, NewerColumn, field.newer->text);
+        if (field.older) text.writeLine(table, row, olderColumn, field.older->text);
+        if (field.newer) text.writeLine(table, row, newerColumn(table), field.newer->text);
         return;
     }
     std::vector<DifferenceRun> runs = runsOf(field);
     if (m_onlyDifferences->isChecked()) runs = ComparedText::shortened(std::move(runs));
-    text.writeRuns(table, row, OlderColumn, runs, Kind::Removed);
-    text.writeRuns(table, row, NewerColumn, runs, Kind::Added);
+    text.writeRuns(table, row, olderColumn, runs, Kind::Removed);
+    text.writeRuns(table, row, newerColumn(table), runs, Kind::Added);
 }
 
 void VersionComparison::drawLinks(QTextTable& table, int row, const ComparedField& field) const
@@ -192,8 +194,8 @@ void VersionComparison::drawLinks(QTextTable& table, int row, const ComparedFiel
             text.writeLink(table, row, column, link.name, shown);
         }
     };
-    write(OlderColumn, field.older, field.newer, Kind::Removed);
-    write(NewerColumn, field.newer, field.older, Kind::Added);
+    write(olderColumn, field.older, field.newer, Kind::Removed);
+    write(newerColumn(table), field.newer, field.older, Kind::Added);
 }
 
 void VersionComparison::changeEvent(QEvent* event)

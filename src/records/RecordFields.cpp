@@ -53,8 +53,12 @@ RecordFields fieldsOf(const RecordTables<Record>& tables)
     const RecordNames names = recordNames(tables.kind);
     RecordFields all;
     add<Record>(tables.columns, names.record, all.fields);
-    if (tables.kind == RecordKind::Organization)
+    if (tables.kind == RecordKind::Organization) {
+        // no editor shows the position, but the map does
+        all.fields.push_back({names.record, QStringLiteral("Lat"), RecordsTexts::tr("Latitude")});
+        all.fields.push_back({names.record, QStringLiteral("Lon"), RecordsTexts::tr("Longitude")});
         add<OrganizationProfile>(profileColumns, QStringLiteral("OrganizationProfile"), all.fields);
+    }
     for (const RecordLink<Record>& link : tables.links)
         all.fields.push_back(std::visit([](const auto& each) { return fieldOf(each); }, link));
     all.fields.push_back(

@@ -101,8 +101,8 @@ TEST_F(RecordVersionsTest, OfBeforeTheJournalAreThoseOfTheHistoryTable)
     const RecordVersions versions = versionsOf(RecordKind::Organization, 3);
     EXPECT_EQ(differences(versions, 2, 1), "Name: Watch -> Harbor Watch\nType: Federal -> None");
     for (const ComparedField& each : versions.fields().compare(versions.content(1), versions.content(0))) {
-        const bool isKept = each.field.table == u"Organization"_s && each.field.caption != u"Lat"_s &&
-                            each.field.caption != u"Lon"_s;
+        const bool isKept = each.field.table == u"Organization"_s && each.field.caption != u"Latitude"_s &&
+                            each.field.caption != u"Longitude"_s;
         EXPECT_EQ(each.older.has_value(), isKept) << qPrintable(each.field.caption);
         EXPECT_TRUE(each.newer) << qPrintable(each.field.caption);
     }

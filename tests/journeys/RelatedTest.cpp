@@ -53,9 +53,8 @@ TEST_F(RelatedJourney, GoesFromADocumentToItsEventsToTheirOrganizationsAndBack)
     EXPECT_EQ(journey.viewPanel(), u"View Only Events for Document \"Atlas\""_s);
     EXPECT_EQ(journey.statusPanel(), u"Displaying 1 Event"_s);
 
-    EXPECT_EQ(
-        popUp("popEventList"),
-        "(View…)|(Edit…)|New Event…|(Delete…)|(View Documents)|(View Organizations)|(Copy)|Refresh|Show All");
+    EXPECT_EQ(popUp("popEventList"), "(View…)|(Edit…)|New Event…|(Delete…)|(View Documents)|(View "
+                                     "Organizations)|(History…)|(Copy)|Refresh|Show All");
     journey.select("Flood");
     QTest::keyClick(journey.program->window(), Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(journey.viewPanel(), u"View Only Organizations for Event \"Flood\""_s);
