@@ -126,11 +126,9 @@ void RecordEditors::refuseSeveralFiles() const
 /// A user who cancels after a save that failed half-way must still see what it wrote.
 void RecordEditors::finish(RecordKind kind, const RecordDialog& dialog)
 {
-    if (dialog.hasWritten()) {
-        Q_EMIT changed(kind, dialog.recordId());
-        if (dialog.result() == QDialog::Accepted) Q_EMIT saved(kind, dialog.recordName());
-    }
-    Q_EMIT closed();
+    if (!dialog.hasWritten()) return;
+    Q_EMIT changed(kind, dialog.recordId());
+    if (dialog.result() == QDialog::Accepted) Q_EMIT saved(kind, dialog.recordName());
 }
 
 void RecordEditors::tellOfChange(RecordKind kind, const std::vector<qint64>& ids)

@@ -72,9 +72,6 @@ Q_SIGNALS:
     /// Records of these names were deleted. Comes after `changed`.
     void deleted(RecordKind kind, const QStringList& names);
 
-    /// An editor is closed, in which entries of lists may have been added. Comes last.
-    void closed();
-
     /// The file of a document, or the chart of an organization, that is viewed is to be opened.
     void fileAsked(RecordKind kind, qint64 id);
 

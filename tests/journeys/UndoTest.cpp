@@ -202,16 +202,14 @@ TEST_F(UndoJourney, DoesNotTakeBackAStepThatItIsNotNamedAfter)
 TEST_F(UndoJourney, TakesBackAnEntryThatWasAddedFromAnEditor)
 {
     choose(0);
-    inEditor("mnuRecordEdit", [](OpenDialog& dialog) {
+    inEditor("mnuRecordEdit", [&](OpenDialog& dialog) {
         inDialog(
             "frmListEntry", [&] { dialog.click("cmdNewVenue"); },
             [](OpenDialog& entry) {
                 entry.type("txtName", u"Delta"_s);
                 entry.click("cmdOK");
             });
-        // the new entry is ticked, but the record stays as it is
-        dialog.tick("lvVenues", u"Delta"_s);
-        dialog.click("cmdCancel");
+        discard(dialog, messages());
     });
     EXPECT_EQ(text("mnuRecordUndo"), "&Undo Add of Venue \"Delta\"");
     undo();

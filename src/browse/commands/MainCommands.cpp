@@ -73,30 +73,7 @@ void MainCommands::makeActions()
     mnuRecordLists =
         add(QStringLiteral("mnuRecordLists"), tr("&Lists…"), QStringLiteral("format-list-unordered"), {},
             tr("Shows and changes the document types, venues, cities and other lists"));
-    mnuViewDocuments =
-        add(QStringLiteral("mnuViewDocuments"), tr("&Documents"), QStringLiteral("view-list-text"),
-            QKeySequence(Qt::CTRL | Qt::Key_1), tr("Shows all documents"));
-    mnuViewEvents = add(QStringLiteral("mnuViewEvents"), tr("&Events"), QStringLiteral("view-calendar"),
-                        QKeySequence(Qt::CTRL | Qt::Key_2), tr("Shows all events"));
-    mnuViewOrganizations =
-        add(QStringLiteral("mnuViewOrganizations"), tr("&Organizations"), QStringLiteral("view-institution"),
-            QKeySequence(Qt::CTRL | Qt::Key_3), tr("Shows all organizations"));
-    mnuViewDeleted =
-        add(QStringLiteral("mnuViewDeleted"), tr("De&leted Records…"), QStringLiteral("trash-empty"), {},
-            tr("Shows the deleted records and puts them back"));
-    mnuViewRefresh = add(QStringLiteral("mnuViewRefresh"), tr("&Refresh"), QStringLiteral("view-refresh"),
-                         QKeySequence(Qt::Key_F5), tr("Reads the list again"));
-    mnuViewGraphicRight =
-        add(QStringLiteral("mnuViewGraphicRight"), tr("Graphic to the R&ight"),
-            QStringLiteral("view-split-left-right"), {}, tr("Shows the graphic to the right of the list"));
-    mnuViewGraphicBelow =
-        add(QStringLiteral("mnuViewGraphicBelow"), tr("Graphic &Below"),
-            QStringLiteral("view-split-top-bottom"), {}, tr("Shows the graphic below the list"));
-    auto* sides = new QActionGroup(this);
-    for (QAction* side : {mnuViewGraphicRight, mnuViewGraphicBelow}) {
-        side->setCheckable(true);
-        sides->addAction(side);
-    }
+    makeViewActions();
     mnuSearchKeyword =
         add(QStringLiteral("mnuSearchKeyword"), tr("&Keyword Search…"), QStringLiteral("edit-find"),
             QKeySequence(Qt::CTRL | Qt::Key_F), tr("Finds records by words in their names and descriptions"));
@@ -126,6 +103,34 @@ void MainCommands::makeActions()
     mnuNavigateExit = add(QStringLiteral("mnuNavigateExit"), tr("E&xit"), QStringLiteral("application-exit"),
                           QKeySequence(Qt::CTRL | Qt::Key_Q), tr("Ends the program"));
     mnuNavigateExit->setMenuRole(QAction::QuitRole);
+}
+
+void MainCommands::makeViewActions()
+{
+    mnuViewDocuments =
+        add(QStringLiteral("mnuViewDocuments"), tr("&Documents"), QStringLiteral("view-list-text"),
+            QKeySequence(Qt::CTRL | Qt::Key_1), tr("Shows all documents"));
+    mnuViewEvents = add(QStringLiteral("mnuViewEvents"), tr("&Events"), QStringLiteral("view-calendar"),
+                        QKeySequence(Qt::CTRL | Qt::Key_2), tr("Shows all events"));
+    mnuViewOrganizations =
+        add(QStringLiteral("mnuViewOrganizations"), tr("&Organizations"), QStringLiteral("view-institution"),
+            QKeySequence(Qt::CTRL | Qt::Key_3), tr("Shows all organizations"));
+    mnuViewDeleted =
+        add(QStringLiteral("mnuViewDeleted"), tr("De&leted Records…"), QStringLiteral("trash-empty"), {},
+            tr("Shows the deleted records and puts them back"));
+    mnuViewRefresh = add(QStringLiteral("mnuViewRefresh"), tr("&Refresh"), QStringLiteral("view-refresh"),
+                         QKeySequence(Qt::Key_F5), tr("Reads the list again"));
+    mnuViewGraphicRight =
+        add(QStringLiteral("mnuViewGraphicRight"), tr("Graphic to the R&ight"),
+            QStringLiteral("view-split-left-right"), {}, tr("Shows the graphic to the right of the list"));
+    mnuViewGraphicBelow =
+        add(QStringLiteral("mnuViewGraphicBelow"), tr("Graphic &Below"),
+            QStringLiteral("view-split-top-bottom"), {}, tr("Shows the graphic below the list"));
+    auto* sides = new QActionGroup(this);
+    for (QAction* side : {mnuViewGraphicRight, mnuViewGraphicBelow}) {
+        side->setCheckable(true);
+        sides->addAction(side);
+    }
 }
 
 void MainCommands::makeMenus()

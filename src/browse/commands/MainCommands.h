@@ -60,6 +60,7 @@ private:
                  const QString& statusTip);
     void makeActions();
     void makeRecordActions();
+    void makeViewActions();
     void makeAddKinds();
     void makeMenus();
     void makeToolBar();

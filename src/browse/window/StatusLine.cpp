@@ -30,6 +30,7 @@ StatusLine::StatusLine(QMainWindow& window)
     m_view->setObjectName(QStringLiteral("pnlView"));
     m_view->setTextFormat(Qt::PlainText);
     m_view->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_change->setObjectName(QStringLiteral("pnlChange"));
     m_saved->setObjectName(QStringLiteral("pnlSaved"));
     m_undo->setObjectName(QStringLiteral("cmdUndo"));
     m_undo->setLink(tr("Undo"));

@@ -171,7 +171,6 @@ void frmMain::connectEditors()
     });
     connect(m_editors, &RecordEditors::fileAsked, this,
             [this](RecordKind kind, qint64 record) { m_open->openRecord(kind, record); });
-    connect(m_editors, &RecordEditors::closed, m_undo, &UndoCommands::refresh);
     connect(m_editors, &RecordEditors::saved, m_status, &StatusLine::showSaved);
     connect(m_editors, &RecordEditors::deleted, this, [this](RecordKind kind, const QStringList& names) {
         m_status->showDeleted(kind, names, m_undo->undoText());
