@@ -136,18 +136,25 @@ void undoWithLongJournal(benchmark::State& state)
     compare(state, undoable(journals().empty), undoable(journals().full));
 }
 
+void measureShown(benchmark::State& state, const std::function<void()>& open)
+{
+    std::vector<double> shown;
+    for (auto _ : state) {
+        shown.push_back(timeToShown(open).count());
+        state.SetIterationTime(shown.back() / 1000);
+    }
+    state.counters["shown_ms"] = medianOf(shown);
+}
+
 /// A document that was changed hundreds of times.
 void historyOfRecord(benchmark::State& state)
 {
     const BenchWindow window(2);
     Copy& copy = journals().full;
-    for (auto _ : state) {
-        const Milliseconds shown = timeToShown([&] {
-            frmHistory(window.platform(), copy.state.session, copy.state.folder, nullptr)
-                .showHistory(RecordKind::Document, 2);
-        });
-        state.SetIterationTime(shown.count() / 1000);
-    }
+    measureShown(state, [&] {
+        frmHistory(window.platform(), copy.state.session, copy.state.folder, nullptr)
+            .showHistory(RecordKind::Document, 2);
+    });
 }
 
 void deletedRecords(benchmark::State& state, RecordKind kind)
@@ -157,12 +164,9 @@ void deletedRecords(benchmark::State& state, RecordKind kind)
         addToJournal(file, steps);
         deleteAll(file);
     });
-    for (auto _ : state) {
-        const Milliseconds shown = timeToShown([&] {
-            frmDeletedRecords({window.platform(), copy.state.session, {}, {}}, nullptr).showDeleted(kind);
-        });
-        state.SetIterationTime(shown.count() / 1000);
-    }
+    measureShown(state, [&] {
+        frmDeletedRecords({window.platform(), copy.state.session, {}, {}}, nullptr).showDeleted(kind);
+    });
 }
 
 template <typename... Arguments>
