@@ -53,6 +53,10 @@ public:
     /// Whether the open file has a journal of its changes, as every file has that can be changed.
     [[nodiscard]] bool keepsJournal() const { return m_keepsJournal; }
 
+    /// Notes no changes until the file is opened again: what the journal costs is measured so. The program
+    /// itself never does this.
+    void stopJournal() { m_keepsJournal = false; }
+
     /// Whether another program has changed the open file since this was asked last or, the first time, since
     /// it was opened. If another file has taken its place, opens that. Throws Error if the file cannot be
     /// read.
