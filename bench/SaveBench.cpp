@@ -2,11 +2,13 @@
 
 // A save of each kind, beside the same rows written by hand in one transaction of SQLite, on two copies
 // of the same large database. A save also looks for a title that is taken, and reads what it changes. The
-// file that a new document takes is copied on both sides.
+// file that a new document takes is copied on both sides, and both write a row of the journal.
 
 #include "BenchWindow.h"
 #include "Saves.h"
+#include "data/HeldRows.h"
 #include "files/FileCopy.h"
+#include "journal/Snapshot.h"
 #include "records/OrganizationStore.h"
 
 #include <QDir>
@@ -87,6 +89,21 @@ public:
         }
     }
 
+    /// Adds a row to the journal with a text of that length for what was there after the save and, of a
+    /// change, before it.
+    void note(const std::string& kind, std::int64_t id, bool adds, std::size_t length)
+    {
+        const auto number =
+            m_database.execAndGet("SELECT ifnull(max(Number), 0) + 1 FROM Journal").getInt64();
+        const std::string snapshot(length, 'x');
+        Row row{{"Number", number},           {"Step", number},    {"Moment", "2005-06-15 12:00:00"},
+                {"What", "change"},           {"Kind", kind},      {"Identifier", id},
+                {"Title", "Saved"},           {"After", snapshot}, {"UndoStep", number},
+                {"RedoStep", std::int64_t{0}}};
+        if (!adds) row.emplace_back("Before", snapshot);
+        insert("Journal", row);
+    }
+
     std::int64_t count(const std::string& table)
     {
         return m_database.execAndGet("SELECT count(*) FROM " + table).getInt64();
@@ -144,13 +161,21 @@ struct Setting
 
 const std::string text(Saves::textLength, 'x');
 
+/// How long the journal's text is for a record as it is saved.
+std::size_t snapshotLength(Setting& setting, RecordKind kind, qint64 id)
+{
+    const Value json = Snapshots::toJson(Snapshots::ofRecord(setting.state.session, kind, id));
+    return static_cast<std::size_t>(std::get<QString>(json).toUtf8().size());
+}
+
 /// Both sides must have written the same number of rows.
 void compareCounts(benchmark::State& state, Setting& setting, const std::vector<std::string>& tables)
 {
+    const HeldRows ours(setting.state.session);
     for (const std::string& table : tables) {
-        const QString statement =
-            QStringLiteral("SELECT count(*) AS n FROM ") + QString::fromStdString(table);
-        if (setting.state.session.readAll(statement).integer(0, u"n") != setting.hand.count(table))
+        const auto count =
+            ours.read(QStringLiteral("SELECT count(*) AS n FROM ") + QString::fromStdString(table));
+        if (wholeNumberOf(count.front(), u"n") != setting.hand.count(table))
             state.SkipWithError(("the two wrote other rows: " + table).c_str());
     }
 }
@@ -198,6 +223,7 @@ void document(benchmark::State& state, bool adds)
 {
     Setting setting;
     const QString source = setting.copies.path(QStringLiteral("report.pdf"));
+    const std::size_t length = snapshotLength(setting, RecordKind::Document, 2);
     const auto byHand = [&] {
         const Row row = documentRow("Saved " + std::to_string(++setting.round), source.toStdString());
         ByHand& hand = setting.hand;
@@ -211,6 +237,7 @@ void document(benchmark::State& state, bool adds)
             hand.update("Document", row, id);
         }
         finishDocument(hand, row, id);
+        hand.note("Document", id, adds, length);
         hand.commit();
     };
     const auto save = setting.saving(RecordKind::Document, adds);
@@ -218,8 +245,9 @@ void document(benchmark::State& state, bool adds)
         if (!save()) state.SkipWithError("the save was refused");
     };
     compare(state, byHand, ours);
-    compareCounts(state, setting,
-                  {"Document", "DocumentTypes", "DocumentCategories", "DocumentVenues", "Document_HIST"});
+    compareCounts(
+        state, setting,
+        {"Document", "DocumentTypes", "DocumentCategories", "DocumentVenues", "Document_HIST", "Journal"});
 }
 
 Row eventRow(const std::string& name)
@@ -234,6 +262,7 @@ const Row constants{{"Status", "ACTIVE"}, {"UserID", std::int64_t{1}}};
 void event(benchmark::State& state, bool adds)
 {
     Setting setting;
+    const std::size_t length = snapshotLength(setting, RecordKind::Event, 2);
     const auto byHand = [&] {
         const Row row = eventRow("Saved " + std::to_string(++setting.round));
         ByHand& hand = setting.hand;
@@ -245,6 +274,7 @@ void event(benchmark::State& state, bool adds)
         hand.link("DocumentEvents", "EventID", "DocumentID", id);
         hand.link("OrganizationEvents", "EventID", "OrganizationID", id);
         hand.insert("Event_HIST", with(with(row, constants), with({{"EventID", id}}, updateTime)));
+        hand.note("Event", id, adds, length);
         hand.commit();
     };
     const auto save = setting.saving(RecordKind::Event, adds);
@@ -252,9 +282,9 @@ void event(benchmark::State& state, bool adds)
         if (!save()) state.SkipWithError("the save was refused");
     };
     compare(state, byHand, ours);
-    compareCounts(
-        state, setting,
-        {"Event", "EventVenues", "EventFunctions", "DocumentEvents", "OrganizationEvents", "Event_HIST"});
+    compareCounts(state, setting,
+                  {"Event", "EventVenues", "EventFunctions", "DocumentEvents", "OrganizationEvents",
+                   "Event_HIST", "Journal"});
 }
 
 Row organizationRow(const std::string& name)
@@ -291,6 +321,7 @@ void organization(benchmark::State& state, bool adds)
     const qint64 changed = Saves::changedOrganization(setting.state.session);
     const OrganizationRecord settings =
         OrganizationStore(setting.state.session, setting.state.folder, setting.clock).blank();
+    const std::size_t length = snapshotLength(setting, RecordKind::Organization, changed);
     const auto byHand = [&] {
         const Row row = organizationRow("Saved " + std::to_string(++setting.round));
         ByHand& hand = setting.hand;
@@ -307,6 +338,7 @@ void organization(benchmark::State& state, bool adds)
         hand.link("OrganizationVenues", "OrganizationID", "VenueID", id);
         hand.insert("Organization_HIST",
                     with(with(row, constants), with({{"OrganizationID", id}}, updateTime)));
+        hand.note("Organization", id, adds, length);
         hand.commit();
     };
     const auto save = setting.saving(RecordKind::Organization, adds);
@@ -316,7 +348,7 @@ void organization(benchmark::State& state, bool adds)
     compare(state, byHand, ours);
     compareCounts(state, setting,
                   {"Organization", "OrganizationProfile", "OrganizationProfileJurisdictions",
-                   "OrganizationProfilePopulations", "OrganizationVenues", "Organization_HIST"});
+                   "OrganizationProfilePopulations", "OrganizationVenues", "Organization_HIST", "Journal"});
 }
 
 void add(benchmark::State& state, void (*save)(benchmark::State&, bool))

@@ -5,7 +5,7 @@
 #include "data/DatabaseSession.h"
 #include "data/HeldRows.h"
 #include "journal/RecordParts.h"
-#include "journal/RecordRestoring.h"
+#include "journal/Undeletion.h"
 
 #include <QHash>
 
@@ -66,5 +66,5 @@ std::vector<DeletedRecord> DeletedRecords::read(RecordKind kind) const
 
 std::vector<qint64> DeletedRecords::restore(RecordKind kind, const std::vector<qint64>& identifiers) const
 {
-    return RecordRestoring::restore(m_session, m_clock, kind, identifiers);
+    return Undeletion::restore(m_session, m_clock, kind, identifiers);
 }

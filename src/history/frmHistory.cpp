@@ -3,8 +3,8 @@
 #include "history/frmHistory.h"
 
 #include "data/DatabaseSession.h"
-#include "history/RecordRestore.h"
 #include "history/VersionComparison.h"
+#include "history/VersionRestore.h"
 #include "history/VersionsModel.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
@@ -190,8 +190,8 @@ QString frmHistory::hindrance() const
     if (rows.size() != 1) return tr("Select a single version.");
     const QString isAlike = tr("The record is like this version.");
     if (rows.front() == 0) return isAlike;
-    const RecordRestore restore(m_session, m_platform.clock, m_folder, m_versions->kind(),
-                                m_versions->identifier());
+    const VersionRestore restore(m_session, m_platform.clock, m_folder, m_versions->kind(),
+                                 m_versions->identifier());
     const Snapshot& present = m_versions->present();
     try {
         const Snapshot target = restore.target(m_versions->content(rows.front()), present);
@@ -213,9 +213,9 @@ void frmHistory::restore()
 {
     const RecordKind kind = m_versions->kind();
     const qint64 identifier = m_versions->identifier();
-    RecordRestore::Outcome outcome;
+    VersionRestore::Outcome outcome;
     const bool worked = runProcedure(m_platform.messages, QStringLiteral("restoreVersion"), [&] {
-        outcome = RecordRestore(m_session, m_platform.clock, m_folder, kind, identifier)
+        outcome = VersionRestore(m_session, m_platform.clock, m_folder, kind, identifier)
                       .restore(m_versions->content(chosen().front()), m_versions->present());
     });
     if (!worked) return;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "history/RecordRestore.h"
+#include "history/VersionRestore.h"
 
 #include "history/HistoryTest.h"
 #include "journal/RecordParts.h"
@@ -10,15 +10,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class RecordRestoreTest : public HistoryTest
+class VersionRestoreTest : public HistoryTest
 {
 protected:
     /// Restores the version at that place of the list, a minute later.
-    RecordRestore::Outcome restore(RecordKind kind, qint64 identifier, std::size_t index)
+    VersionRestore::Outcome restore(RecordKind kind, qint64 identifier, std::size_t index)
     {
         clock.moment = clock.moment.addSecs(60);
         const RecordVersions versions = versionsOf(kind, identifier);
-        return RecordRestore(database.session(), clock, folder, kind, identifier)
+        return VersionRestore(database.session(), clock, folder, kind, identifier)
             .restore(versions.content(index), versions.present());
     }
 
@@ -41,7 +41,7 @@ protected:
     }
 };
 
-TEST_F(RecordRestoreTest, MakesTheRecordWhatItWasAsANewVersion)
+TEST_F(VersionRestoreTest, MakesTheRecordWhatItWasAsANewVersion)
 {
     changeTitle(u"Harbor fire"_s); // as a save writes the links, in its order and each once
     const QString before = dump();
@@ -69,7 +69,7 @@ TEST_F(RecordRestoreTest, MakesTheRecordWhatItWasAsANewVersion)
         u"restore|NULL|4|0"_s);
 }
 
-TEST_F(RecordRestoreTest, BringsTheChartBack)
+TEST_F(VersionRestoreTest, BringsTheChartBack)
 {
     const QString chart = database.folder() + u"/data/orgcharts/2.png"_s;
     OrganizationStore organizations(database.session(), folder, clock);
@@ -88,7 +88,7 @@ TEST_F(RecordRestoreTest, BringsTheChartBack)
     EXPECT_EQ(contentOf(chart), "(no file)") << "as before the first upload";
 }
 
-TEST_F(RecordRestoreTest, LeavesOutWhatIsGone)
+TEST_F(VersionRestoreTest, LeavesOutWhatIsGone)
 {
     changeTitle(u"One"_s);
     changeEvent([](EventRecord& event) {
@@ -108,7 +108,7 @@ TEST_F(RecordRestoreTest, LeavesOutWhatIsGone)
 
 /// The history table has no links, no profile and no position; they stay, as does what a save never copies
 /// there.
-TEST_F(RecordRestoreTest, FromTheHistoryTableChangesOnlyWhatIsThere)
+TEST_F(VersionRestoreTest, FromTheHistoryTableChangesOnlyWhatIsThere)
 {
     database.run(
         "UPDATE Organization SET Lat = 30.5, Lon = -97.5, ParentID = 3, UserID = 8 WHERE OrganizationID = 2;"
@@ -128,19 +128,19 @@ TEST_F(RecordRestoreTest, FromTheHistoryTableChangesOnlyWhatIsThere)
               "01/01/1999 08:00:00|Saved|");
 }
 
-TEST_F(RecordRestoreTest, WritesNothingOverAChangeThatItsUserDidNotSee)
+TEST_F(VersionRestoreTest, WritesNothingOverAChangeThatItsUserDidNotSee)
 {
     changeTitle(u"One"_s);
     const RecordVersions versions = versionsOf(RecordKind::Event, 2);
     database.run("INSERT INTO EventVenues VALUES (2, 12)");
     const QByteArray before = database.bytes();
-    EXPECT_FALSE(RecordRestore(database.session(), clock, folder, RecordKind::Event, 2)
+    EXPECT_FALSE(VersionRestore(database.session(), clock, folder, RecordKind::Event, 2)
                      .restore(versions.content(1), versions.present())
                      .isDone);
     EXPECT_EQ(database.bytes(), before);
 }
 
-TEST_F(RecordRestoreTest, LeavesNothingHalfDone)
+TEST_F(VersionRestoreTest, LeavesNothingHalfDone)
 {
     changeTitle(u"One"_s);
     // sessions run no triggers but update indexes, and abs() of the smallest integer overflows

@@ -12,7 +12,7 @@ class JournaledSave;
 class ProgramFolder;
 
 /// Makes a record what it was in an earlier version, as a new version: the past stays.
-class RecordRestore
+class VersionRestore
 {
 public:
     struct Outcome
@@ -23,8 +23,8 @@ public:
     };
 
     /// Session, clock and the folder of the open database must outlive it.
-    RecordRestore(DatabaseSession& session, const Clock& clock, const ProgramFolder& folder, RecordKind kind,
-                  qint64 identifier)
+    VersionRestore(DatabaseSession& session, const Clock& clock, const ProgramFolder& folder, RecordKind kind,
+                   qint64 identifier)
         : m_session(session),
           m_clock(clock),
           m_folder(folder),

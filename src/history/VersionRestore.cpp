@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "history/RecordRestore.h"
+#include "history/VersionRestore.h"
 
 #include "data/DatabaseSession.h"
 #include "data/ListEntry.h"
@@ -47,7 +47,7 @@ QString captionOf(const RecordFields& fields, const QString& table, const QStrin
 
 } // namespace
 
-Snapshot RecordRestore::target(const VersionContent& version, const Snapshot& present) const
+Snapshot VersionRestore::target(const VersionContent& version, const Snapshot& present) const
 {
     const RecordParts& record = recordParts(m_kind);
     Snapshot target = version.isWhole ? version.snapshot : present;
@@ -71,14 +71,14 @@ Snapshot RecordRestore::target(const VersionContent& version, const Snapshot& pr
     return target;
 }
 
-bool RecordRestore::isThere(const QString& table, const QString& keyColumn, qint64 key) const
+bool VersionRestore::isThere(const QString& table, const QString& keyColumn, qint64 key) const
 {
     return !HeldRows(m_session)
                 .read(u"SELECT %1 FROM %2 WHERE %1 = ?"_s.arg(keyColumn, table), {key})
                 .empty();
 }
 
-void RecordRestore::leaveOutKeys(Snapshot& target, QStringList& leftOut) const
+void VersionRestore::leaveOutKeys(Snapshot& target, QStringList& leftOut) const
 {
     const RecordParts& record = recordParts(m_kind);
     HeldRow& row = target.tables[record.names.record].front();
@@ -91,7 +91,7 @@ void RecordRestore::leaveOutKeys(Snapshot& target, QStringList& leftOut) const
 }
 
 /// A list that loses all its links keeps its placeholder.
-void RecordRestore::leaveOutLinks(Snapshot& target, QStringList& leftOut) const
+void VersionRestore::leaveOutLinks(Snapshot& target, QStringList& leftOut) const
 {
     for (const PartTable& part : recordParts(m_kind).parts) {
         const auto found = target.tables.find(part.table);
@@ -122,8 +122,8 @@ void RecordRestore::leaveOutLinks(Snapshot& target, QStringList& leftOut) const
     leftOut.removeDuplicates();
 }
 
-void RecordRestore::bringBackCharts(const VersionContent& version, JournaledSave& save,
-                                    QStringList& messages) const
+void VersionRestore::bringBackCharts(const VersionContent& version, JournaledSave& save,
+                                     QStringList& messages) const
 {
     if (m_kind != RecordKind::Organization || !version.journalNumber) return;
     const auto wanted = FormerFiles::ofVersion(m_session, m_identifier, *version.journalNumber);
@@ -132,7 +132,7 @@ void RecordRestore::bringBackCharts(const VersionContent& version, JournaledSave
         messages << FormerFiles::goneMessage(name);
 }
 
-RecordRestore::Outcome RecordRestore::restore(const VersionContent& version, const Snapshot& known)
+VersionRestore::Outcome VersionRestore::restore(const VersionContent& version, const Snapshot& known)
 {
     Outcome outcome;
     JournaledSave save(m_session, m_clock, m_kind, m_identifier);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "journal/RecordRestoring.h"
+#include "journal/Undeletion.h"
 
 #include "data/DatabaseSession.h"
 #include "data/HeldRows.h"
@@ -34,8 +34,8 @@ JournalEntry entryOf(DatabaseSession& session, RecordKind kind, qint64 identifie
 
 } // namespace
 
-std::vector<qint64> RecordRestoring::restore(DatabaseSession& session, const Clock& clock, RecordKind kind,
-                                             const std::vector<qint64>& identifiers)
+std::vector<qint64> Undeletion::restore(DatabaseSession& session, const Clock& clock, RecordKind kind,
+                                        const std::vector<qint64>& identifiers)
 {
     const RecordParts& record = recordParts(kind);
     const QString statement = u"UPDATE %1 SET %2 = 'ACTIVE' WHERE %3 = ?"_s.arg(
