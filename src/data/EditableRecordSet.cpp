@@ -148,7 +148,8 @@ EngineStatement& EditableRecordSet::statementFor(const QString& engineStatement)
 {
     requireOpen();
     if (m_preparedText != engineStatement || !m_prepared) {
-        m_prepared = std::make_unique<EngineStatement>(m_session->prepare(engineStatement, m_session->writeAccess()));
+        m_prepared =
+            std::make_unique<EngineStatement>(m_session->prepare(engineStatement, m_session->writeAccess()));
         m_preparedText = engineStatement;
     }
     m_prepared->reset();
