@@ -11,6 +11,8 @@
 #include "lists/NewEntries.h"
 #include "map/frmPosition.h"
 
+#include <QApplication>
+
 namespace {
 
 constexpr int fullSize = 32000;

@@ -23,6 +23,8 @@
 
 namespace {
 
+constexpr int columnGap = 12; ///< pixels between two columns that are as wide as their texts
+
 constexpr QSize firstSize(1000, 680);
 
 } // namespace
@@ -115,8 +117,10 @@ bool frmHistory::readVersions(RecordKind kind, qint64 identifier)
     if (!isRead) return false;
     setWindowTitle(caption());
     lvVersions->header()->setSectionResizeMode(2, QHeaderView::Stretch);
-    lvVersions->resizeColumnToContents(0);
-    lvVersions->resizeColumnToContents(1);
+    for (const int column : {0, 1}) {
+        lvVersions->resizeColumnToContents(column);
+        lvVersions->setColumnWidth(column, lvVersions->columnWidth(column) + columnGap);
+    }
     lvVersions->setCurrentIndex(m_model->index(0, 0));
     showChosen();
     return true;

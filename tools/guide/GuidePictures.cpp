@@ -212,9 +212,11 @@ void GuidePictures::showHistory()
         "frmEvent", [this] { trigger("mnuRecordEdit"); },
         [this](QWidget& editor) {
             auto& description = part<QPlainTextEdit>(editor, "rtbEventDescription");
-            description.setPlainText(
+            const QString text =
                 description.toPlainText().replace(QStringLiteral("At least 8,000 people died."),
-                                                  QStringLiteral("Some 6,000 to 12,000 people died.")));
+                                                  QStringLiteral("Some 6,000 to 12,000 people died."));
+            description.selectAll();
+            description.insertPlainText(text);
             part<QLineEdit>(editor, "dtpEndTime").setText(QStringLiteral("06:00"));
             tick(part<QAbstractItemView>(editor, "lvVenues"), {QStringLiteral("Harbor")});
             press(editor, "cmdOK");
