@@ -47,7 +47,7 @@ const NamedKey* namedKey(const RecordParts& record, const RecordField& field)
 
 QString nameOf(const HeldRow& row, const NamedKey& key, qint64 number)
 {
-    const QString name = textOf(valueOf(row, key.nameColumn));
+    QString name = textOf(valueOf(row, key.nameColumn));
     if (!name.isEmpty()) return name;
     return number == noneKey ? ListEntry::none().display : HistoryTexts::tr("No. %1").arg(number);
 }

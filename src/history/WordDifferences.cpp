@@ -92,9 +92,13 @@ private:
         return k == -changes || (k != changes && at(ends, k - 1) < at(ends, k + 1));
     }
 
-    static int at(const std::vector<int>& ends, int k)
+    static int at(const std::vector<int>& ends, int k) { return ends[placeOf(k, mostChanges)]; }
+
+    /// Where a diagonal is among those from `-changes - 1` to `changes + 1`.
+    static std::size_t placeOf(int k, int changes)
     {
-        return ends[static_cast<std::size_t>(k + mostChanges + 1)];
+        const int place = k + changes + 1;
+        return static_cast<std::size_t>(place);
     }
 
     /// Goes as far as each number of changes leads, and notes the ends, until both texts are used up.
@@ -108,7 +112,7 @@ private:
                 int x = isAddition(ends, changes, k) ? at(ends, k + 1) : at(ends, k - 1) + 1;
                 while (x < oldCount() && x - k < newCount() && x - k >= 0 && areEqual(x, x - k))
                     ++x;
-                ends[static_cast<std::size_t>(k + mostChanges + 1)] = x;
+                ends[placeOf(k, mostChanges)] = x;
                 if (x >= oldCount() && x - k >= newCount()) return true;
             }
         }
@@ -128,7 +132,7 @@ private:
         int y = newCount();
         for (int changes = static_cast<int>(m_trace.size()) - 1; changes >= 0; --changes) {
             const std::vector<int>& ends = m_trace[static_cast<std::size_t>(changes)];
-            const auto end = [&](int k) { return ends[static_cast<std::size_t>(k + changes + 1)]; };
+            const auto end = [&](int k) { return ends[placeOf(k, changes)]; };
             const int k = x - y;
             const bool isAddition = k == -changes || (k != changes && end(k - 1) < end(k + 1));
             const int before = isAddition ? end(k + 1) : end(k - 1);

@@ -192,7 +192,7 @@ QString frmHistory::hindrance() const
     if (m_session.isReadOnly()) return tr("The database can be read, but not changed.");
     const std::vector<std::size_t> rows = chosen();
     if (rows.size() != 1) return tr("Select a single version.");
-    const QString isAlike = tr("The record is like this version.");
+    QString isAlike = tr("The record is like this version.");
     if (rows.front() == 0) return isAlike;
     const VersionRestore restore(m_session, m_platform.clock, m_folder, m_versions->kind(),
                                  m_versions->identifier());

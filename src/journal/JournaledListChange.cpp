@@ -32,7 +32,8 @@ void JournaledListChange::setTouched(const std::vector<TouchedRows>& touched)
     if (!m_session.keepsJournal()) return;
     for (const TouchedRows& each : touched) {
         const CatalogTable* table = m_session.catalog().findTable(each.table);
-        Watched& watched = m_watched.emplace_back(each, table == nullptr ? QString() : table->keyColumn);
+        m_watched.push_back({each, table == nullptr ? QString() : table->keyColumn, {}});
+        Watched& watched = m_watched.back();
         watched.before = read(watched, each.condition);
     }
 }

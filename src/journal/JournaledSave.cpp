@@ -21,7 +21,7 @@ JournaledSave::~JournaledSave()
     if (!m_isOpen) return;
     try {
         commit();
-    } catch (const Error&) {
+    } catch (...) {
         // the error that led here is the one the user sees; the file is as it was
     }
 }

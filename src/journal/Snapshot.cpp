@@ -210,7 +210,7 @@ Snapshot Snapshots::fromJson(const Value& json)
     const QJsonObject tables = document.object();
     for (auto table = tables.begin(); table != tables.end(); ++table) {
         std::vector<HeldRow>& rows = snapshot.tables[table.key()];
-        for (const QJsonValue& each : table.value().toArray()) {
+        for (const auto& each : table.value().toArray()) {
             const QJsonObject object = each.toObject();
             HeldRow& row = rows.emplace_back();
             for (auto column = object.begin(); column != object.end(); ++column)
