@@ -52,6 +52,13 @@ QString absolutePath(const QString& file)
     return QDir::current().absoluteFilePath(file);
 }
 
+QString newerText(const QString& file)
+{
+    return DataTexts::tr("The database was made by a newer version of the program: it can be read, but not "
+                         "changed. (%1)")
+        .arg(file);
+}
+
 } // namespace
 
 DatabaseSession::DatabaseSession() = default;
@@ -136,15 +143,16 @@ void DatabaseSession::requireWritable() const
     throw Error(SQLITE_READONLY, hindrance());
 }
 
+/// Throws Error if another version of the program has taken the file over since it was opened.
+void DatabaseSession::requireSameVersion()
+{
+    if (setting(fileVersionStatement) != m_fileVersion) throw Error(SQLITE_READONLY, newerText(m_fileName));
+}
+
 /// Why the open file can be read but not changed.
 QString DatabaseSession::hindrance() const
 {
-    if (m_age == SchemaVersion::Age::Newer) {
-        return DataTexts::tr(
-                   "The database was made by a newer version of the program: it can be read, but not "
-                   "changed. (%1)")
-            .arg(m_fileName);
-    }
+    if (m_age == SchemaVersion::Age::Newer) return newerText(m_fileName);
     const bool isOlder = m_age == SchemaVersion::Age::Older;
     if (isOlder && m_opened != Access::Read && isWritable(m_fileName) && isWritable(folder())) {
         return DataTexts::tr("The database was made by an earlier version of the program and was not brought "
@@ -184,6 +192,11 @@ qint64 DatabaseSession::setting(const char* statement)
 bool DatabaseSession::hasReadOnlyFile() const
 {
     return sqlite3_db_readonly(m_database->getHandle(), "main") == 1;
+}
+
+bool DatabaseSession::isInTransaction() const
+{
+    return m_database && sqlite3_get_autocommit(m_database->getHandle()) == 0;
 }
 
 QString DatabaseSession::folder() const
@@ -297,6 +310,12 @@ void DatabaseSession::run(EngineStatement& statement, const QString& built)
 Transaction::Transaction(DatabaseSession& session) : m_session(session)
 {
     m_session.runInEngine(QStringLiteral("BEGIN IMMEDIATE"));
+    try {
+        m_session.requireSameVersion();
+    } catch (const Error&) {
+        rollBack();
+        throw;
+    }
 }
 
 Transaction::~Transaction()

@@ -53,6 +53,9 @@ public:
     /// Whether the open file has a journal of its changes, as every file has that can be changed.
     [[nodiscard]] bool keepsJournal() const { return m_keepsJournal; }
 
+    /// Whether what is written now waits for its commit.
+    [[nodiscard]] bool isInTransaction() const;
+
     /// Notes no changes until the file is opened again: what the journal costs is measured so. The program
     /// itself never does this.
     void stopJournal() { m_keepsJournal = false; }
@@ -94,6 +97,7 @@ private:
     EngineStatement prepare(const QString& engineStatement, Access access);
     void runInEngine(const QString& engineStatement);
 
+    void requireSameVersion();
     [[nodiscard]] Access writeAccess() const
     {
         return m_writesRecords ? Access::WriteRecords : Access::Write;

@@ -20,6 +20,14 @@ Value valueAt(const EngineStatement& statement, int column)
     }
 }
 
+std::vector<QString> namesOf(const EngineStatement& statement)
+{
+    std::vector<QString> names;
+    for (int column = 0; column < statement.columnCount(); ++column)
+        names.push_back(statement.columnName(column));
+    return names;
+}
+
 void bindAll(EngineStatement& statement, const std::vector<Value>& values)
 {
     int place = 0;
@@ -54,12 +62,17 @@ std::vector<HeldRow> HeldRows::read(const QString& engineStatement, const std::v
     const PreparedStatements::Loan prepared = m_session.prepareHeld(engineStatement, Access::Read);
     EngineStatement& statement = prepared->statement;
     bindAll(statement, values);
+    std::vector<QString> names = prepared->names;
     std::vector<HeldRow> rows;
     while (statement.step()) {
+        // another program may have added a column since the statement was prepared
+        if (static_cast<int>(names.size()) != statement.columnCount()) names = namesOf(statement);
         HeldRow& row = rows.emplace_back();
-        row.reserve(prepared->names.size());
-        for (std::size_t column = 0; column < prepared->names.size(); ++column)
-            row.emplace_back(prepared->names[column], valueAt(statement, static_cast<int>(column)));
+        row.reserve(names.size());
+        for (int column = 0; column < statement.columnCount(); ++column) {
+            if (statement.type(column) == SQLITE_BLOB) continue;
+            row.emplace_back(names[static_cast<std::size_t>(column)], valueAt(statement, column));
+        }
     }
     return rows;
 }

@@ -12,6 +12,7 @@
 class DatabaseSession;
 
 /// A row as the file holds it: the names of its columns with their values, dates and times in held form.
+/// Bytes, which only imported columns hold, are left out.
 using HeldRow = std::vector<std::pair<QString, Value>>;
 
 /// The value of a column, in any letter case; null if there is no such column.

@@ -115,6 +115,7 @@ bool RecordEditors::showHistoryOver(QWidget& over, RecordKind kind, qint64 id)
     window.showHistory(kind, id);
     if (!window.hasRestored()) return false;
     tellOfChange(kind, {id});
+    Q_EMIT saved(kind, window.recordName());
     return true;
 }
 

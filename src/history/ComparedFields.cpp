@@ -155,8 +155,13 @@ std::vector<ComparedField> ComparedFields::compare(const VersionContent& older,
     addOwnColumns(newer, fields);
     std::vector<ComparedField> compared;
     compared.reserve(fields.size());
-    for (const RecordField& field : fields)
-        compared.push_back({field, contentOf(field, older), contentOf(field, newer)});
+    for (const RecordField& field : fields) {
+        ComparedField& each =
+            compared.emplace_back(ComparedField{field, contentOf(field, older), contentOf(field, newer)});
+        const bool isChart = field.column == u"OrganizationChart" && each.older && each.newer;
+        if (isChart && older.chart != newer.chart && each.older->text == each.newer->text)
+            each.newer->text += u' ' + HistoryTexts::tr("(another file)");
+    }
     return compared;
 }
 

@@ -23,6 +23,10 @@ struct VersionContent
     /// The row of the journal after which the record was so; std::nullopt if it is so now, or if that is not
     /// known.
     std::optional<qint64> journalNumber = std::nullopt;
+
+    /// What tells the content of an organization's chart from that of other versions; std::nullopt for the
+    /// one that lies there now.
+    std::optional<QString> chart = std::nullopt;
 };
 
 /// Something that a record is linked to, with the name that it had then.

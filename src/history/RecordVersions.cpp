@@ -4,6 +4,7 @@
 
 #include "data/DatabaseSession.h"
 #include "history/HistoryTexts.h"
+#include "journal/FormerFiles.h"
 #include "journal/Journal.h"
 #include "journal/RecordParts.h"
 #include "util/DateTimeText.h"
@@ -73,6 +74,8 @@ RecordVersions::RecordVersions(DatabaseSession& session, RecordKind kind, qint64
       m_fields(kind),
       m_present(Snapshots::ofRecord(session, kind, identifier))
 {
+    if (kind == RecordKind::Organization && session.keepsJournal())
+        m_charts = FormerFiles::replacements(session, identifier);
     RecordVersion present;
     present.source = Source::Present;
     m_reached = Reached{Snapshots::toJson(m_present), present};
@@ -219,8 +222,11 @@ VersionContent RecordVersions::content(std::size_t index) const
     const auto rows = HeldRows(m_session).read(
         u"SELECT %1 AS State FROM Journal WHERE Number = ?"_s.arg(isAfter ? u"After"_s : u"Before"_s),
         {version.number});
-    return {rows.empty() ? Snapshot() : Snapshots::fromJson(valueOf(rows.front(), u"State")), true,
-            isAfter ? version.number : version.number - 1};
+    VersionContent content{rows.empty() ? Snapshot() : Snapshots::fromJson(valueOf(rows.front(), u"State")),
+                           true, isAfter ? version.number : version.number - 1};
+    const auto replaced = m_charts.upper_bound(*content.journalNumber);
+    if (replaced != m_charts.end()) content.chart = replaced->second;
+    return content;
 }
 
 QStringList RecordVersions::changedFields(std::size_t index)

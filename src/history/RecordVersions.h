@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -96,6 +97,7 @@ private:
     qint64 m_identifier;
     ComparedFields m_fields;
     Snapshot m_present;
+    std::map<qint64, QString> m_charts; ///< of an organization: see FormerFiles::replacements
     std::vector<RecordVersion> m_found;
     std::optional<Reached> m_reached;   ///< std::nullopt if the oldest version found is the addition
     std::optional<qint64> m_lastNumber; ///< of the journal's row found last

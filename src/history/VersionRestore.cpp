@@ -122,6 +122,13 @@ void VersionRestore::leaveOutLinks(Snapshot& target, QStringList& leftOut) const
     leftOut.removeDuplicates();
 }
 
+bool VersionRestore::needsCharts(const VersionContent& version) const
+{
+    if (m_kind != RecordKind::Organization || !version.journalNumber) return false;
+    const auto wanted = FormerFiles::ofVersion(m_session, m_identifier, *version.journalNumber);
+    return FormerFiles(m_folder).isOtherwise(wanted, m_identifier);
+}
+
 void VersionRestore::bringBackCharts(const VersionContent& version, JournaledSave& save,
                                      QStringList& messages) const
 {

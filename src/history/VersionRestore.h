@@ -38,6 +38,9 @@ public:
     /// does not hold stays as it is in `present`.
     [[nodiscard]] Snapshot target(const VersionContent& version, const Snapshot& present) const;
 
+    /// Whether another chart lies there than in the version.
+    [[nodiscard]] bool needsCharts(const VersionContent& version) const;
+
     /// Writes the version with its row of the history table, in one transaction. `known` is the record as
     /// its user saw it. Links to what is gone are left out. Throws Error; nothing is written then.
     Outcome restore(const VersionContent& version, const Snapshot& known);

@@ -79,14 +79,14 @@ bool frmChangedSince::ask(const QString& step, const std::vector<StepDifference>
                                {each.found}});
     }
     if (records.empty()) {
-        m_caption->setText(
-            tr("What this step changed in a list was changed again since, by another program. If "
-               "you go on, only what is still as the step left it is changed."));
+        m_caption->setText(tr(
+            "Another program has changed this list since. If you go on, only entries that are still as the "
+            "step left them are changed."));
         m_comparison->tell(entries.join(u'\n'));
     } else {
-        m_caption->setText(
-            tr("What this step changed was changed again since, by another program. If you go on, "
-               "those later changes are lost from the record, but stay in its history."));
+        m_caption->setText(tr(
+            "Another program has changed this since. If you go on, its changes are taken out of the record, "
+            "but stay in the history."));
         m_comparison->compare(std::move(records));
     }
     return exec() == Accepted;

@@ -211,7 +211,9 @@ void frmDeletedRecords::readKind()
 void frmDeletedRecords::select(int row)
 {
     const QModelIndex index = m_model->index(std::min(row, m_model->rowCount() - 1), 0);
-    lvDeleted->setCurrentIndex(index);
+    // a key that is held down would make the view add to what is selected, or take away from it
+    lvDeleted->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                            QItemSelectionModel::Rows);
     lvDeleted->scrollTo(index);
 }
 
@@ -255,9 +257,11 @@ void frmDeletedRecords::showHistory()
 void frmDeletedRecords::showOver(const Shower& shower)
 {
     const qint64 identifier = selected().front();
+    const int row = m_model->rowOf(identifier);
     shower(kind(), identifier, *this);
     readKind();
-    select(std::max(m_model->rowOf(identifier), 0));
+    const int now = m_model->rowOf(identifier);
+    select(now < 0 ? row : now);
 }
 
 void frmDeletedRecords::restoreRecords()

@@ -121,14 +121,21 @@ bool frmHistory::readVersions(RecordKind kind, qint64 identifier)
         lvVersions->resizeColumnToContents(column);
         lvVersions->setColumnWidth(column, lvVersions->columnWidth(column) + columnGap);
     }
-    lvVersions->setCurrentIndex(m_model->index(0, 0));
+    // the key that opened the window may still be held down
+    lvVersions->selectionModel()->setCurrentIndex(m_model->index(0, 0), QItemSelectionModel::ClearAndSelect |
+                                                                            QItemSelectionModel::Rows);
     showChosen();
     return true;
 }
 
+QString frmHistory::recordName() const
+{
+    return Snapshots::titleOf(m_versions->kind(), m_versions->present());
+}
+
 QString frmHistory::caption() const
 {
-    const QString title = readableLine(Snapshots::titleOf(m_versions->kind(), m_versions->present()));
+    const QString title = readableLine(recordName());
     switch (m_versions->kind()) {
     case RecordKind::Document:
         return tr("History of Document \"%1\"").arg(title);
@@ -192,14 +199,16 @@ QString frmHistory::hindrance() const
     if (m_session.isReadOnly()) return tr("The database can be read, but not changed.");
     const std::vector<std::size_t> rows = chosen();
     if (rows.size() != 1) return tr("Select a single version.");
-    QString isAlike = tr("The record is like this version.");
+    QString isAlike = tr("The record is already the same as this version.");
     if (rows.front() == 0) return isAlike;
     const VersionRestore restore(m_session, m_platform.clock, m_folder, m_versions->kind(),
                                  m_versions->identifier());
     const Snapshot& present = m_versions->present();
     try {
-        const Snapshot target = restore.target(m_versions->content(rows.front()), present);
-        return Snapshots::areEqual(m_versions->kind(), target, present) ? isAlike : QString();
+        const VersionContent version = m_versions->content(rows.front());
+        const bool isEqual =
+            Snapshots::areEqual(m_versions->kind(), restore.target(version, present), present);
+        return isEqual && !restore.needsCharts(version) ? isAlike : QString();
     } catch (const Error& error) {
         return error.description();
     }
@@ -239,11 +248,12 @@ QString frmHistory::leftOutText(const QStringList& links)
 {
     constexpr qsizetype mostNamed = 10;
     const int count = static_cast<int>(links.size());
-    QString text = count == 1
-                       ? tr("1 link was not restored, since it leads to what is gone from the database:")
-                       : tr("%n links were not restored, since they lead to what is gone from the "
-                            "database:",
-                            nullptr, count);
+    QString text =
+        count == 1
+            ? tr("1 link was not restored, since it leads to something that is no longer in the database:")
+            : tr("%n links were not restored, since they lead to something that is no longer in "
+                 "the database:",
+                 nullptr, count);
     text += u'\n';
     for (const QString& link : links.first(std::min(links.size(), mostNamed)))
         text += u'\n' + readableLine(link);

@@ -32,6 +32,9 @@ public:
     /// message and opens nothing.
     void showHistory(RecordKind kind, qint64 identifier);
 
+    /// The record's title as it is now; the record must have been shown.
+    [[nodiscard]] QString recordName() const;
+
     /// Whether a version was restored.
     [[nodiscard]] bool hasRestored() const { return m_hasRestored; }
 

@@ -99,21 +99,16 @@ void duplicate(const fs::path& from, const fs::path& to)
     FileBlocks::syncFolder(to.parent_path().parent_path());
 }
 
-/// The content that a chart had before the last step of the journal that replaced it, and after that step.
-std::optional<std::pair<std::optional<QString>, std::optional<QString>>>
-lastReplacement(DatabaseSession& session, qint64 organization, const QString& name)
+/// The content that a chart has since the last step of the journal that replaced it, which may be none.
+std::optional<std::optional<QString>> lastReplacement(DatabaseSession& session, qint64 organization,
+                                                      const QString& name)
 {
     const auto steps = HeldRows(session).read(
-        u"SELECT Before, After FROM Journal WHERE Kind = 'Organization' AND Identifier = ? "
-        "ORDER BY Number DESC"_s,
+        u"SELECT After FROM Journal WHERE Kind = 'Organization' AND Identifier = ? ORDER BY Number DESC"_s,
         {organization});
     for (const HeldRow& step : steps) {
-        const Snapshot before = Snapshots::fromJson(valueOf(step, u"Before"));
         const Snapshot after = Snapshots::fromJson(valueOf(step, u"After"));
-        const HeldRow* to = rowNamed(after.rows(filesTable), name);
-        if (to == nullptr) continue;
-        const HeldRow* from = rowNamed(before.rows(filesTable), name);
-        return std::pair(from == nullptr ? std::nullopt : hashIn(*from), hashIn(*to));
+        if (const HeldRow* to = rowNamed(after.rows(filesTable), name)) return hashIn(*to);
     }
     return std::nullopt;
 }
@@ -281,6 +276,29 @@ std::vector<HeldRow> FormerFiles::ofVersion(DatabaseSession& session, qint64 org
     return rows;
 }
 
+bool FormerFiles::isOtherwise(const std::vector<HeldRow>& wanted, qint64 organization) const
+{
+    return std::any_of(wanted.begin(), wanted.end(), [&](const HeldRow& row) {
+        return isOfChart(row, organization) && hashOf(chart(textOf(row, u"Name"))) != hashIn(row);
+    });
+}
+
+std::map<qint64, QString> FormerFiles::replacements(DatabaseSession& session, qint64 organization)
+{
+    std::map<qint64, QString> hashes;
+    // the table of the files is the first in a snapshot of an organization
+    const auto steps = HeldRows(session).read(
+        u"SELECT Number, Before FROM Journal WHERE Kind = 'Organization' AND Identifier = ? "
+        "AND substr(After, 1, 9) = '{\"Files\":'"_s,
+        {organization});
+    for (const HeldRow& step : steps) {
+        const Snapshot before = Snapshots::fromJson(valueOf(step, u"Before"));
+        const std::vector<HeldRow>& rows = before.rows(filesTable);
+        hashes[wholeNumberOf(step, u"Number")] = rows.empty() ? QString() : textOf(rows.front(), u"Hash");
+    }
+    return hashes;
+}
+
 void FormerFiles::settle(DatabaseSession& session, const ProgramFolder& folder)
 {
     static const QRegularExpression pattern(uR"(\A\.replaced-([0-9]+)-([0-9a-f]{64})(\..*)\z)"_s);
@@ -303,7 +321,8 @@ void FormerFiles::settle(DatabaseSession& session, const ProgramFolder& folder)
             const auto last = lastReplacement(session, match.captured(1).toLongLong(), name);
             const std::optional<QString> now = hashOf(files.chart(name));
             files.m_changes = {Change{name, before, now, true}};
-            if (last && *last == std::pair(std::optional(before), now))
+            // a chart that is what the journal says was replaced for good, by that step or a later one
+            if (last && *last == now && now != before)
                 files.finish();
             else
                 files.putBack(files.m_changes.front());

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -60,6 +61,14 @@ public:
     /// The rows that lead to what lay there after that row of the journal.
     [[nodiscard]] static std::vector<HeldRow> ofVersion(DatabaseSession& session, qint64 organization,
                                                         qint64 number);
+
+    /// Whether an organization's charts are not what such rows tell.
+    [[nodiscard]] bool isOtherwise(const std::vector<HeldRow>& wanted, qint64 organization) const;
+
+    /// For each row of the journal that tells of a replaced chart, the hash of what lay there before, which
+    /// is empty for nothing.
+    [[nodiscard]] static std::map<qint64, QString> replacements(DatabaseSession& session,
+                                                                qint64 organization);
 
     /// Finishes what a killed program left: a chart whose save is not in the journal is as it was before.
     /// Costs nothing if no chart was ever replaced. Never fails; what cannot be done now is done next time.

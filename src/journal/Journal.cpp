@@ -45,12 +45,11 @@ void Journal::append(DatabaseSession& session, const QDateTime& moment, const Jo
                 step.undoStep, step.redoStep});
 }
 
-qint64 Journal::largestIdentifier(DatabaseSession& session, RecordKind kind)
+qint64 Journal::largestIdentifier(DatabaseSession& session, const QString& table)
 {
     if (!session.keepsJournal()) return 0;
-    const auto rows =
-        HeldRows(session).read(u"SELECT ifnull(max(Identifier), 0) AS Largest FROM Journal WHERE Kind = ?"_s,
-                               {recordNames(kind).record});
+    const auto rows = HeldRows(session).read(
+        u"SELECT ifnull(max(Identifier), 0) AS Largest FROM Journal WHERE Kind = ?"_s, {table});
     return wholeNumberOf(rows.front(), u"Largest");
 }
 

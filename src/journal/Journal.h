@@ -52,9 +52,10 @@ namespace Journal {
 /// which the row belongs; a step that something else has come after is begun anew.
 void append(DatabaseSession& session, const QDateTime& moment, const JournalEntry& entry, JournalStep& step);
 
-/// The largest identifier that a record of the kind has ever had, as far as the journal knows; 0 if it knows
-/// of none. Identifiers are not given twice, so that no record inherits the past of another one.
-[[nodiscard]] qint64 largestIdentifier(DatabaseSession& session, RecordKind kind);
+/// The largest identifier that a record, or an entry of a list, of that table has ever had, as far as the
+/// journal knows; 0 if it knows of none. Identifiers are not given twice, so that none inherits the past of
+/// another one.
+[[nodiscard]] qint64 largestIdentifier(DatabaseSession& session, const QString& table);
 
 /// What was done to a record, by its own row before and after it.
 [[nodiscard]] JournalAction actionBetween(RecordKind kind, const Snapshot& before, const Snapshot& after);

@@ -94,9 +94,8 @@ void JournaledListChange::commit(const ListOperation& operation)
     for (const Watched& each : m_watched)
         addDifferences(each, entry);
     if (!entry.before.isEmpty() || !entry.after.isEmpty()) {
-        HeldRow told{{u"Name"_s, operation.name}, {u"Word"_s, operation.entryWord}};
-        if (!operation.into.isEmpty()) told.emplace_back(u"Into"_s, operation.into);
-        entry.after.tables[Snapshots::operationRows.toString()] = {told};
+        entry.after.tables[Snapshots::operationRows.toString()] = {
+            {{u"Name"_s, operation.name}, {u"Word"_s, operation.entryWord}}};
         JournalStep step;
         Journal::append(m_session, m_moment, entry, step);
     }

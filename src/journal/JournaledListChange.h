@@ -27,7 +27,6 @@ struct ListOperation
     QString entryWord; ///< the word for an entry, not translated
     qint64 key = 0;    ///< of the entry
     QString title;     ///< the entry's name; the new one if it is changed
-    QString into{};    ///< of a merge: the name of the entry that takes its place
 };
 
 /// A change to a list: a transaction in which records and lists can be written, and the row of the journal

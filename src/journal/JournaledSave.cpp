@@ -42,8 +42,9 @@ void JournaledSave::commit()
 {
     m_isOpen = false;
     try {
-        note();
-    } catch (const Error&) {
+        // SQLite may have rolled back by itself, as on a full disk; then there is nothing to tell of
+        if (m_session.isInTransaction()) note();
+    } catch (...) {
         m_transaction.rollBack();
         throw;
     }

@@ -44,6 +44,15 @@ QString statement(const QString& table, const QString& recordColumn, const std::
                                                                           recordColumn);
 }
 
+/// The keys whose names can stand beside them: an imported table may have a column of such a name itself.
+std::vector<NamedKey> withoutOwnNames(const CatalogTable* table, std::vector<NamedKey> keys)
+{
+    std::erase_if(keys, [table](const NamedKey& key) {
+        return table != nullptr && table->findColumn(key.nameColumn) != nullptr;
+    });
+    return keys;
+}
+
 /// Texts are long, so they are taken over in one piece as far as nothing in them needs to be escaped.
 void appendText(QString& json, const QString& text)
 {
@@ -131,7 +140,8 @@ std::vector<HeldRow> comparable(const std::vector<HeldRow>& rows, const std::vec
             const bool isName = std::any_of(keys.begin(), keys.end(), [&name = column](const NamedKey& key) {
                 return key.nameColumn == name;
             });
-            if (!isName) own.emplace_back(column, comparable(value));
+            // a column that was added later holds nothing in the rows of before
+            if (!isName && !isNull(value)) own.emplace_back(column, comparable(value));
         }
         std::sort(own.begin(), own.end());
     }
@@ -171,7 +181,8 @@ Snapshot Snapshots::ofRecord(DatabaseSession& session, RecordKind kind, qint64 i
     Snapshot snapshot;
     const auto add = [&](const QString& table, const QString& recordColumn,
                          const std::vector<NamedKey>& keys) {
-        std::vector<HeldRow> rows = held.read(statement(table, recordColumn, keys), {identifier});
+        const auto named = withoutOwnNames(session.catalog().findTable(table), keys);
+        std::vector<HeldRow> rows = held.read(statement(table, recordColumn, named), {identifier});
         if (!rows.empty()) snapshot.tables[table] = std::move(rows);
     };
     add(record.names.record, record.names.key, record.keys);

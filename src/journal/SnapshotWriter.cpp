@@ -237,6 +237,40 @@ void writeMainRow(DatabaseSession& session, const RecordNames& names, qint64 ide
     if (!changed.empty()) update(rows, names.record, changed, isRecord, {identifier});
 }
 
+/// Writes rows of links anew, so that they are in the order of the snapshot.
+void writeLinks(DatabaseSession& session, const PartTable& part, qint64 identifier,
+                const std::vector<HeldRow>& wanted)
+{
+    const HeldRows rows(session);
+    rows.write(u"DELETE FROM %1 WHERE %2 = ?"_s.arg(part.table, part.recordColumn), {identifier});
+    for (const HeldRow& row : wanted)
+        insert(rows, part.table, row);
+}
+
+/// Changes only what differs, since imported columns may hold what a snapshot does not.
+void writeInPlace(DatabaseSession& session, const PartTable& part, qint64 identifier,
+                  const std::vector<HeldRow>& wanted)
+{
+    const HeldRows rows(session);
+    const auto found = rows.read(
+        u"SELECT rowid AS Number, * FROM %1 WHERE %2 = ? ORDER BY rowid"_s.arg(part.table, part.recordColumn),
+        {identifier});
+    const QString isRow = u"rowid = ?"_s;
+    for (std::size_t i = 0; i < std::max(found.size(), wanted.size()); ++i) {
+        if (i >= found.size()) {
+            insert(rows, part.table, wanted[i]);
+            continue;
+        }
+        const Value& number = found[i].front().second;
+        if (i >= wanted.size()) {
+            rows.write(u"DELETE FROM %1 WHERE %2"_s.arg(part.table, isRow), {number});
+            continue;
+        }
+        const HeldRow changed = differing(wanted[i], found[i]);
+        if (!changed.empty()) update(rows, part.table, changed, isRow, {number});
+    }
+}
+
 } // namespace
 
 void SnapshotWriter::writeRecord(DatabaseSession& session, RecordKind kind, qint64 identifier,
@@ -248,10 +282,10 @@ void SnapshotWriter::writeRecord(DatabaseSession& session, RecordKind kind, qint
     for (const PartTable& part : record.parts) {
         const auto wanted = ownColumns(session, part.table, target.rows(part.table));
         if (areSame(ownColumns(session, part.table, found.rows(part.table)), wanted)) continue;
-        const HeldRows rows(session);
-        rows.write(u"DELETE FROM %1 WHERE %2 = ?"_s.arg(part.table, part.recordColumn), {identifier});
-        for (const HeldRow& row : wanted)
-            insert(rows, part.table, row);
+        if (part.linkedTo)
+            writeLinks(session, part, identifier, wanted);
+        else
+            writeInPlace(session, part, identifier, wanted);
     }
 }
 
@@ -266,7 +300,7 @@ void SnapshotWriter::addToHistory(DatabaseSession& session, RecordKind kind, qin
     for (const CatalogColumn& each : record->columns) {
         // a save copies all but these two
         const bool isCopied = each.name != u"ReleaseForm" && each.name != u"ParentID";
-        if (isCopied && history->findColumn(each.name) != nullptr) columns << each.name;
+        if (isCopied && history->findColumn(each.name) != nullptr) columns << quoted(each.name);
     }
     const QString list = columns.join(u", "_s);
     HeldRows(session).write(u"INSERT INTO %1 (%2, UpdateTime) SELECT %2, ? FROM %3 WHERE %4 = ?"_s.arg(

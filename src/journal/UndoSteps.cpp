@@ -157,17 +157,17 @@ std::optional<StepSummary> UndoSteps::next(Direction direction) const
     return summaryOf(m_session, wholeNumberOf(rowAt(m_session, u"Reverses"_s, step), u"Reverses"));
 }
 
-UndoOutcome UndoSteps::undo(Undo mode)
+UndoOutcome UndoSteps::undo(Undo mode, std::optional<qint64> expected)
 {
-    return go(Direction::Undo, mode);
+    return go(Direction::Undo, mode, expected);
 }
 
-UndoOutcome UndoSteps::redo(Undo mode)
+UndoOutcome UndoSteps::redo(Undo mode, std::optional<qint64> expected)
 {
-    return go(Direction::Redo, mode);
+    return go(Direction::Redo, mode, expected);
 }
 
-UndoOutcome UndoSteps::go(Direction direction, Undo mode)
+UndoOutcome UndoSteps::go(Direction direction, Undo mode, std::optional<qint64> expected)
 {
     if (!m_session.keepsJournal()) return {};
     m_session.requireWritable();
@@ -177,6 +177,7 @@ UndoOutcome UndoSteps::go(Direction direction, Undo mode)
     UndoOutcome& outcome = reversal.outcome;
     try {
         outcome.step = next(direction);
+        if (expected && outcome.step && outcome.step->number != *expected) outcome.step.reset();
         if (outcome.step) reverse(reversal);
     } catch (...) {
         transaction.rollBack();

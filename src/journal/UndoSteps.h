@@ -68,8 +68,9 @@ public:
     [[nodiscard]] std::optional<StepSummary> undoable() const;
     [[nodiscard]] std::optional<StepSummary> redoable() const;
 
-    UndoOutcome undo(Undo mode = Undo::UnlessChanged);
-    UndoOutcome redo(Undo mode = Undo::UnlessChanged);
+    /// With the number of a step, nothing is done if another one is next by now.
+    UndoOutcome undo(Undo mode = Undo::UnlessChanged, std::optional<qint64> expected = {});
+    UndoOutcome redo(Undo mode = Undo::UnlessChanged, std::optional<qint64> expected = {});
 
 private:
     enum class Direction
@@ -80,7 +81,7 @@ private:
     struct Reversal;
 
     [[nodiscard]] std::optional<StepSummary> next(Direction direction) const;
-    UndoOutcome go(Direction direction, Undo mode);
+    UndoOutcome go(Direction direction, Undo mode, std::optional<qint64> expected);
     void reverse(Reversal& reversal);
     void reverseRecord(Reversal& reversal, RecordKind kind, JournalEntry entry);
     void reverseList(Reversal& reversal, JournalEntry entry);

@@ -164,8 +164,9 @@ ListOutcome ListStore::add(ListKind list, const LookupEntry& entry)
     const ListTable& table = listTable(list);
     RecordSet last = m_session.read(u"SELECT max(%1) FROM %2"_s.arg(table.keyColumn, table.table));
     last.next();
-    // row 1 is the reserved one, even if it is missing
-    added.key = recordIdentifier(std::max(last.integer(0), noneKey) + 1);
+    // row 1 is the reserved one, even if it is missing; and records of the past may have a key that went
+    const qint64 former = Journal::largestIdentifier(m_session, table.table);
+    added.key = recordIdentifier(std::max({last.integer(0), noneKey, former}) + 1);
     change.setTouched({ListTouches::entry(list, added.key)});
     write(list, added, true);
     change.commit(operation(u"add"_s, list, added));
@@ -216,9 +217,7 @@ ListOutcome ListStore::merge(ListKind list, qint64 from, qint64 into)
     if (list == ListKind::OrganizationTypes) ListMerge::moveSubTypes(m_session, from, into);
     ListMerge::moveKeys(m_session, list, from, into);
     ListMerge::removeEntry(m_session, list, from);
-    ListOperation merged = operation(u"merge"_s, list, source.entry);
-    merged.into = target.name;
-    change.commit(merged);
+    change.commit(operation(u"merge"_s, list, source.entry));
     outcome.key = into;
     outcome.records = source.records();
     return outcome;

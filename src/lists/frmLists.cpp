@@ -206,7 +206,7 @@ void frmLists::mergeEntry()
                                      [&](const LookupRow& row) { return row.entry.key == *into; });
     const QString name = entryLabel(list(), target->entry);
     if (!m_at.platform.messages.ask(
-            tr("Are you sure you want to merge \"%1\" into \"%2\"? This cannot be undone.").arg(label, name),
+            tr("Are you sure you want to merge \"%1\" into \"%2\"?").arg(label, name),
             Question::Loss)) {
         return;
     }

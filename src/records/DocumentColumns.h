@@ -27,5 +27,5 @@ inline constexpr RecordColumn<DocumentRecord> documentColumns[]{
     {u"OrganizationID", &DocumentRecord::organizationId, History::Copied,
      QT_TRANSLATE_NOOP("Records", "Source organization")},
     {u"FileLocation", &DocumentRecord::fileLocation, History::Copied,
-     QT_TRANSLATE_NOOP("Records", "Document file"), &RecordValues::text, true},
+     QT_TRANSLATE_NOOP("Records", "Stored file"), &RecordValues::text, true},
 };

@@ -179,9 +179,9 @@ template <typename Record>
 void RecordStore<Record>::beginRow(EditableRecordSet& rows) const
 {
     rows.addNew();
-    const QString key = recordNames(m_tables.kind).key;
-    const qint64 next = Journal::largestIdentifier(m_session, m_tables.kind) + 1;
-    if (std::get<qint64>(rows.value(key)) < next) rows.set(key, next);
+    const RecordNames names = recordNames(m_tables.kind);
+    const qint64 next = Journal::largestIdentifier(m_session, names.record) + 1;
+    if (std::get<qint64>(rows.value(names.key)) < next) rows.set(names.key, next);
 }
 
 template <typename Record>

@@ -108,8 +108,8 @@ TEST_F(UndoStepsTest, GoesBackAndForth)
                 m_state.session.open(m_database.fileName());
             } else if (*command == '-') {
                 JournalStep step;
-                for (int i = 0; i < 2; ++i)
-                    EventStore(m_state.session, m_clock).deleteEvent(added.at(added.size() - 2 + i), &step);
+                for (auto event = added.end() - 2; event != added.end(); ++event)
+                    EventStore(m_state.session, m_clock).deleteEvent(*event, &step);
             } else {
                 DatabaseSession other;
                 const bool isOther = *command == '>';

@@ -98,7 +98,7 @@ TEST_F(RecordHistory, ShowsWhatWasEditedWronglyAndBringsTheFirstVersionBack)
     });
     EXPECT_EQ(journey.column(0), "Drought");
     choose(0);
-    inHistory([this](OpenDialog& history) {
+    inHistory([](OpenDialog& history) {
         EXPECT_EQ(history.title(), "History of Event \"Drought\"");
         EXPECT_EQ(versions(history), "Changed: Title, Description, Start date\n"
                                      "Changed: Description, Venues\n"
@@ -171,7 +171,7 @@ TEST_F(RecordHistory, TellsOfWhatCannotBeRestored)
         EXPECT_EQ(versions(history), "Changed elsewhere: Notes\nChanged: Title, Venues\nFirst known: ");
         select(history, 2);
         messages().expectMessage(
-            u"1 link was not restored, since it leads to what is gone from the database:\n\n"
+            u"1 link was not restored, since it leads to something that is no longer in the database:\n\n"
             "Venues: Forest"_s);
         history.click("cmdRestore");
         EXPECT_EQ(versions(history).substr(0, 30), "Restored: Title, Notes, Venues");

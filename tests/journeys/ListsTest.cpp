@@ -89,7 +89,7 @@ TEST_F(ListsWindow, AddsMergesAndDeletesAndShowsItInTheMainWindow)
         select(lists, "Study");
         EXPECT_FALSE(lists.find<QWidget>("cmdDelete").isEnabled()) << "records use it";
         messages().expectQuestion(
-            u"Are you sure you want to merge \"Study\" into \"Report\"? This cannot be undone."_s, true,
+            u"Are you sure you want to merge \"Study\" into \"Report\"?"_s, true,
             Question::Loss);
         inDialog(
             "frmMergeEntry", [&] { lists.click("cmdMerge"); },

@@ -79,10 +79,7 @@ void RecordCommands::remove()
     std::vector<ListEntry> records;
     for (const SelectedRecord& record : m_list.selectedRecords())
         records.push_back({record.name, record.identifier});
-    const QList<int> rows = m_list.view().selectedRows();
-    m_rowOfDeleted = rows.isEmpty() ? -1 : rows.front();
     m_editors.remove(m_list.kind(), records);
-    m_rowOfDeleted = -1;
 }
 
 void RecordCommands::enable(const QString& unwritable, const QString& hindrance)
@@ -105,10 +102,16 @@ void RecordCommands::enable(const QString& unwritable, const QString& hindrance)
     enableUnless(*m_commands.mnuRecordDelete, first({unwritable, hindrance, nothing}));
 }
 
-void RecordCommands::selectAfterChange(RecordKind kind, qint64 saved)
+int RecordCommands::selectedRow() const
+{
+    const QList<int> rows = m_list.view().selectedRows();
+    return rows.isEmpty() ? -1 : rows.front();
+}
+
+void RecordCommands::selectAfterChange(RecordKind kind, qint64 saved, int row)
 {
     if (kind != m_list.kind() || (saved >= 0 && m_list.select(saved))) return;
-    if (m_rowOfDeleted < 0 || m_list.selectedRecord()) return;
+    if (row < 0 || m_list.selectedRecord()) return;
     const int last = m_list.model().rowCount() - 1;
-    if (last >= 0) m_list.select(m_list.model().identifier(std::min(m_rowOfDeleted, last)));
+    if (last >= 0) m_list.select(m_list.model().identifier(std::min(row, last)));
 }

@@ -28,9 +28,13 @@ public:
     /// `hindrance` why there is no list; both are empty otherwise.
     void enable(const QString& unwritable, const QString& hindrance);
 
-    /// To be called when the list was read again after a change: selects the record that was saved or, after
-    /// a deletion, the row that took the place of the first deleted one. `saved` is below 0 after a deletion.
-    void selectAfterChange(RecordKind kind, qint64 saved);
+    /// The first selected row of the list, or -1.
+    [[nodiscard]] int selectedRow() const;
+
+    /// To be called when the list was read again after a change: selects the record that was changed or, if
+    /// it is not there any more, what took the place of `row`, the first row that was selected before.
+    /// `saved` is below 0 after a deletion.
+    void selectAfterChange(RecordKind kind, qint64 saved, int row);
 
 private:
     void connectAdditions();
@@ -44,5 +48,4 @@ private:
     const MainCommands& m_commands;
     ListPane& m_list;
     RecordEditors& m_editors;
-    int m_rowOfDeleted = -1; ///< the first row that is being deleted, or -1
 };

@@ -84,13 +84,9 @@ void UndoCommands::name(Command& command, const QString& plainText, const QStrin
 void UndoCommands::run(const Command& command)
 {
     UndoOutcome outcome;
-    bool isOutdated = false;
-    runProcedure(m_platform.messages, command.procedure, [&] {
-        const std::optional<StepSummary> next = (m_steps.*command.next)();
-        isOutdated = !next || next->number != command.step;
-        if (!isOutdated) outcome = take(command);
-    });
-    if (isOutdated) Q_EMIT outdated();
+    const bool isTried =
+        runProcedure(m_platform.messages, command.procedure, [&] { outcome = take(command); });
+    if (isTried && !outcome.step) Q_EMIT outdated();
     if (!outcome.isDone()) return refresh();
     // what was changed first is taken back last
     if (&command == &m_undo) std::reverse(outcome.changed.begin(), outcome.changed.end());
@@ -100,12 +96,13 @@ void UndoCommands::run(const Command& command)
     Q_EMIT done(command.reportOf(*outcome.step));
 }
 
-/// Takes the step; if something was changed since, only if the user wants it.
+/// Takes the step that the command is named after, if it is still the next one; if something was changed
+/// since, only if the user wants it.
 UndoOutcome UndoCommands::take(const Command& command)
 {
     const auto attempt = [&](Undo mode) {
         const WaitCursor wait;
-        return (m_steps.*command.take)(mode);
+        return (m_steps.*command.take)(mode, command.step);
     };
     UndoOutcome outcome = attempt(Undo::UnlessChanged);
     if (outcome.differences.empty()) return outcome;

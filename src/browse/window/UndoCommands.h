@@ -52,7 +52,7 @@ private:
     {
         QAction* action;
         std::optional<StepSummary> (UndoSteps::*next)() const;
-        UndoOutcome (UndoSteps::*take)(Undo mode);
+        UndoOutcome (UndoSteps::*take)(Undo mode, std::optional<qint64> expected);
         QString (*nameOf)(const StepSummary& step);
         QString (*reportOf)(const StepSummary& step);
         QString procedure;

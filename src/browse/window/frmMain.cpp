@@ -165,8 +165,9 @@ void frmMain::connectEditors()
                                                     : std::nullopt);
     });
     connect(m_editors, &RecordEditors::changed, this, [this](RecordKind kind, qint64 saved) {
+        const int row = m_records->selectedRow();
         m_pages->refresh();
-        m_records->selectAfterChange(kind, saved);
+        m_records->selectAfterChange(kind, saved, row);
         m_undo->refresh();
     });
     connect(m_editors, &RecordEditors::fileAsked, this,
