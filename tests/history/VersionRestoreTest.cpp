@@ -86,6 +86,18 @@ TEST_F(VersionRestoreTest, BringsTheChartBack)
     EXPECT_EQ(contentOf(chart), "first");
     EXPECT_TRUE(restore(RecordKind::Organization, 2, 5).isDone);
     EXPECT_EQ(contentOf(chart), "(no file)") << "as before the first upload";
+
+    // another file of the same name is a change, too
+    for (const char* content : {"fourth", "fifth"}) {
+        OrganizationRecord record = organizations.load(2).record;
+        record.profile.organizationChart = database.folder() + u"/chart.png"_s;
+        writeFile(record.profile.organizationChart, content);
+        ASSERT_FALSE(organizations.updateOrganization(record));
+    }
+    RecordVersions versions(database.session(), RecordKind::Organization, 2);
+    EXPECT_EQ(versions.changedFields(0), QStringList(u"Organization chart"_s));
+    EXPECT_TRUE(VersionRestore(database.session(), clock, folder, RecordKind::Organization, 2)
+                    .needsCharts(versions.content(1)));
 }
 
 TEST_F(VersionRestoreTest, LeavesOutWhatIsGone)

@@ -127,6 +127,12 @@ TEST_F(FormerFilesTest, WhatIsGoneOrLeadsElsewhereChangesNothing)
     EXPECT_EQ(ask("SELECT Notes FROM Organization WHERE OrganizationID = 3"), u"first"_s);
     EXPECT_EQ(contentOf(charts() + u"3.png"_s), "second");
 
+    // what an earlier kill left of a chart that was replaced again since
+    writeFile(former(u".replaced-3-%1.png"_s.arg(hashOf("first"))), "first");
+    FormerFiles::settle(m_state.session, m_state.folder);
+    EXPECT_EQ(contentOf(charts() + u"3.png"_s), "second");
+    EXPECT_EQ(contentOf(former(u"3-%1.png"_s.arg(hashOf("first")))), "first");
+
     writeFile(charts() + u"4.png"_s, "of another organization");
     const auto row = [](const QString& folder, const QString& name, const QString& hash) {
         return HeldRow{{u"Folder"_s, folder}, {u"Name"_s, name}, {u"Hash"_s, hash}};

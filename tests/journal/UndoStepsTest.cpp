@@ -216,13 +216,23 @@ TEST_F(UndoStepsTest, BringsBackExactlyWhatWasThere)
          "128512) || 'e\u0301', Author = '', Volume = '1e5', Status = '\\u0041' WHERE DocumentID = 2"_s,
          u"UPDATE Document SET Notes = NULL, Author = 'x', Volume = '100000', Status = NULL WHERE DocumentID = 2"_s},
         {"a column of its own", RecordKind::Document,
-         u"ALTER TABLE Document ADD COLUMN \"Shelf \"\"A\"\" no.\"; UPDATE Document SET "
+         u"ALTER TABLE Document ADD COLUMN \"Shelf \"\"A\"\" no.\"; "
+         "ALTER TABLE Document_HIST ADD COLUMN \"Shelf \"\"A\"\" no.\"; UPDATE Document SET "
          "\"Shelf \"\"A\"\" no.\" = 'x' WHERE DocumentID = 2"_s,
          u"UPDATE Document SET \"Shelf \"\"A\"\" no.\" = 'y' WHERE DocumentID = 2"_s},
         {"bytes in a column of its own", RecordKind::Document,
          u"ALTER TABLE Document ADD COLUMN Picture; UPDATE Document SET Picture = x'FF00FE' WHERE "
          "DocumentID = 2"_s,
          document},
+        {"bytes in a profile", RecordKind::Organization,
+         u"ALTER TABLE OrganizationProfile ADD COLUMN Picture; UPDATE OrganizationProfile SET Picture = "
+         u"x'FF00FE' "
+         "WHERE OrganizationProfileID = 2"_s,
+         u"UPDATE OrganizationProfile SET Other = 'changed' WHERE OrganizationProfileID = 2"_s},
+        {"a column called like the name of a key", RecordKind::Document,
+         u"ALTER TABLE Document ADD COLUMN FileTypeName TEXT; UPDATE Document SET FileTypeName = 'own' WHERE "
+         "DocumentID = 2"_s,
+         u"UPDATE Document SET FileTypeName = 'other', Notes = 'changed' WHERE DocumentID = 2"_s},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
@@ -361,6 +371,10 @@ TEST_F(UndoStepsTest, GivesNoIdentifierTwice)
     (void)m_undo.undo();
     EXPECT_EQ(ask("SELECT max(EventID) FROM Event"), u"3"_s);
     EXPECT_EQ(addEvent(u"B"_s), first + 1);
+
+    const qint64 venue = m_lists.add(ListKind::Venues, {0, u"Capitol"_s}).key;
+    (void)m_undo.undo();
+    EXPECT_EQ(m_lists.add(ListKind::Venues, {0, u"Harbor Hall"_s}).key, venue + 1);
 }
 
 TEST_F(UndoStepsTest, SaysWhyItCannotGoOn)
@@ -372,6 +386,9 @@ TEST_F(UndoStepsTest, SaysWhyItCannotGoOn)
         other.exec("BEGIN IMMEDIATE");
         EXPECT_EQ(errorNumberOf([&] { (void)m_undo.undo(); }), SQLITE_BUSY);
     }
+    // the step that the user meant is not the next one any more
+    EXPECT_FALSE(m_undo.undo(Undo::EvenIfChanged, 7).step);
+    EXPECT_EQ(m_database.bytes(), before);
     m_state.session.open(m_database.fileName(), Access::Read);
     EXPECT_EQ(undoText(), u"Undo Add of Event \"A\""_s);
     EXPECT_EQ(errorNumberOf([&] { (void)m_undo.undo(); }), SQLITE_READONLY);
