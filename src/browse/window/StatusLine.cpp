@@ -46,13 +46,16 @@ StatusLine::StatusLine(QMainWindow& window)
     QStatusBar& bar = *window.statusBar();
     bar.addWidget(m_view, 1);
     m_selection->setContentsMargins(0, 0, gap, 0);
-    bar.addPermanentWidget(m_change, 1);
+    bar.addPermanentWidget(m_change, 3); // mostly longer than the caption of the view
     bar.addPermanentWidget(m_notice, 1);
     bar.addPermanentWidget(m_selection);
     bar.addPermanentWidget(m_status);
     m_change->hide();
     m_notice->hide();
     m_selection->hide();
+    // while a menu is open, the line tells what its commands do
+    connect(&bar, &QStatusBar::messageChanged, this,
+            [this](const QString& tip) { m_change->setVisible(tip.isEmpty() && m_hasChange); });
 }
 
 void StatusLine::showView(const QString& caption, const QString& count)
@@ -60,6 +63,7 @@ void StatusLine::showView(const QString& caption, const QString& count)
     m_view->setText(caption);
     m_status->setText(count);
     m_saved->clear();
+    m_hasChange = false;
     m_change->hide();
     m_notice->clear();
     m_notice->hide();
@@ -107,6 +111,7 @@ void StatusLine::showChange(const QString& text)
     m_saved->setLine(text);
     // so wide that the link follows the text at once
     m_saved->setMaximumWidth(m_saved->sizeHint().width());
+    m_hasChange = true;
     m_change->show();
 }
 

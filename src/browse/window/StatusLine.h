@@ -53,4 +53,5 @@ private:
     ElidedLabel* m_notice;
     QLabel* m_selection;
     QLabel* m_status;
+    bool m_hasChange = false; ///< whether the panel of the last change has something to say
 };
