@@ -205,9 +205,8 @@ void frmLists::mergeEntry()
     const auto target = std::find_if(m_rows.begin(), m_rows.end(),
                                      [&](const LookupRow& row) { return row.entry.key == *into; });
     const QString name = entryLabel(list(), target->entry);
-    if (!m_at.platform.messages.ask(
-            tr("Are you sure you want to merge \"%1\" into \"%2\"?").arg(label, name),
-            Question::Loss)) {
+    if (!m_at.platform.messages.ask(tr("Are you sure you want to merge \"%1\" into \"%2\"?").arg(label, name),
+                                    Question::Loss)) {
         return;
     }
     ListOutcome outcome;

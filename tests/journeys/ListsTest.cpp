@@ -88,9 +88,8 @@ TEST_F(ListsWindow, AddsMergesAndDeletesAndShowsItInTheMainWindow)
         EXPECT_EQ(outcome(lists), "\"Letter\" was added.");
         select(lists, "Study");
         EXPECT_FALSE(lists.find<QWidget>("cmdDelete").isEnabled()) << "records use it";
-        messages().expectQuestion(
-            u"Are you sure you want to merge \"Study\" into \"Report\"?"_s, true,
-            Question::Loss);
+        messages().expectQuestion(u"Are you sure you want to merge \"Study\" into \"Report\"?"_s, true,
+                                  Question::Loss);
         inDialog(
             "frmMergeEntry", [&] { lists.click("cmdMerge"); },
             [&](OpenDialog& merge) {
