@@ -23,6 +23,7 @@ Value valueAt(const EngineStatement& statement, int column)
 std::vector<QString> namesOf(const EngineStatement& statement)
 {
     std::vector<QString> names;
+    names.reserve(static_cast<std::size_t>(statement.columnCount()));
     for (int column = 0; column < statement.columnCount(); ++column)
         names.push_back(statement.columnName(column));
     return names;
