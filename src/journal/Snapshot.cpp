@@ -2,6 +2,7 @@
 
 #include "journal/Snapshot.h"
 
+#include "data/DatabaseSession.h"
 #include "journal/JournalTexts.h"
 #include "journal/RecordParts.h"
 #include "util/Error.h"
