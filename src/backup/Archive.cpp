@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "backup/Archive.h"
+
+#include "backup/BackupTexts.h"
+#include "util/Error.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <archive.h>
+#include <archive_entry.h>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <locale.h>
+#include <memory>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::size_t readBlock = 1 << 20;
+constexpr mode_t permissions = 0644;
+
+[[noreturn]] void fail(int number, const QString& reason, const QString& file)
+{
+    throw Error(number == 0 ? EIO : number, QStringLiteral("%1 (%2)").arg(reason, file));
+}
+
+[[noreturn]] void failBySystem(int number, const QString& file)
+{
+    fail(number, qt_error_string(number), file);
+}
+
+QString reasonOf(archive* failed)
+{
+    const char* text = archive_error_string(failed);
+    return text == nullptr ? BackupTexts::tr("The archive cannot be read or written.")
+                           : QString::fromLocal8Bit(text);
+}
+
+/// Lets libarchive take and return names in UTF-8, whatever the locale of the process is.
+class Utf8Names
+{
+public:
+    Utf8Names() : m_utf8(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr))
+    {
+        if (m_utf8 != nullptr) m_before = uselocale(m_utf8);
+    }
+    ~Utf8Names()
+    {
+        if (m_utf8 == nullptr) return;
+        uselocale(m_before);
+        freelocale(m_utf8);
+    }
+    Utf8Names(const Utf8Names&) = delete;
+    Utf8Names& operator=(const Utf8Names&) = delete;
+
+private:
+    locale_t m_utf8;
+    locale_t m_before = nullptr;
+};
+
+struct EntryFree
+{
+    void operator()(archive_entry* entry) const { archive_entry_free(entry); }
+};
+
+} // namespace
+
+std::optional<ArchiveFormat> archiveFormatOf(const QString& fileName)
+{
+    if (fileName.endsWith(QStringLiteral(".zip"), Qt::CaseInsensitive)) return ArchiveFormat::Zip;
+    if (fileName.endsWith(QStringLiteral(".tar.zst"), Qt::CaseInsensitive)) return ArchiveFormat::TarZstd;
+    return std::nullopt;
+}
+
+ArchiveWriter::ArchiveWriter(const QString& file) : m_file(file), m_unfinished(file + QStringLiteral(".part"))
+{
+    const QByteArray name = QFile::encodeName(m_unfinished);
+    m_descriptor = ::open(name.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, permissions);
+    if (m_descriptor < 0) failBySystem(errno, m_unfinished);
+    m_archive = archive_write_new();
+    const Utf8Names names;
+    try {
+        if (archiveFormatOf(file) == ArchiveFormat::Zip) {
+            require(archive_write_set_format_zip(m_archive));
+            require(archive_write_set_options(m_archive, "hdrcharset=UTF-8"));
+        } else {
+            require(archive_write_set_format_pax_restricted(m_archive));
+            require(archive_write_add_filter_zstd(m_archive));
+        }
+        require(archive_write_open_fd(m_archive, m_descriptor));
+    } catch (...) {
+        discard();
+        throw;
+    }
+}
+
+ArchiveWriter::~ArchiveWriter()
+{
+    discard();
+}
+
+void ArchiveWriter::discard()
+{
+    if (m_archive != nullptr) archive_write_free(m_archive);
+    m_archive = nullptr;
+    if (m_descriptor < 0) return;
+    ::close(m_descriptor);
+    m_descriptor = -1;
+    QFile::remove(m_unfinished);
+}
+
+void ArchiveWriter::require(int result) const
+{
+    if (result >= ARCHIVE_WARN) return;
+    fail(archive_errno(m_archive), reasonOf(m_archive), m_file);
+}
+
+void ArchiveWriter::begin(const QString& name, qint64 size, qint64 modified)
+{
+    const Utf8Names names;
+    const std::unique_ptr<archive_entry, EntryFree> entry(archive_entry_new());
+    archive_entry_set_pathname_utf8(entry.get(), name.toUtf8().constData());
+    archive_entry_set_filetype(entry.get(), AE_IFREG);
+    archive_entry_set_perm(entry.get(), permissions);
+    archive_entry_set_size(entry.get(), size);
+    archive_entry_set_mtime(entry.get(), static_cast<time_t>(modified), 0);
+    require(archive_write_header(m_archive, entry.get()));
+    m_missing = size;
+}
+
+void ArchiveWriter::write(std::string_view content)
+{
+    if (static_cast<qint64>(content.size()) > m_missing)
+        content = content.substr(0, static_cast<std::size_t>(m_missing));
+    while (!content.empty()) {
+        const la_ssize_t written = archive_write_data(m_archive, content.data(), content.size());
+        if (written <= 0) fail(archive_errno(m_archive), reasonOf(m_archive), m_file);
+        content.remove_prefix(static_cast<std::size_t>(written));
+        m_missing -= written;
+    }
+}
+
+void ArchiveWriter::finish()
+{
+    const Utf8Names names;
+    require(archive_write_close(m_archive));
+    if (::fsync(m_descriptor) != 0) failBySystem(errno, m_unfinished);
+    archive_write_free(m_archive);
+    m_archive = nullptr;
+    ::close(m_descriptor);
+    m_descriptor = -1;
+    if (std::rename(QFile::encodeName(m_unfinished).constData(), QFile::encodeName(m_file).constData()) !=
+        0) {
+        const int number = errno;
+        QFile::remove(m_unfinished);
+        failBySystem(number, m_file);
+    }
+}
+
+ArchiveReader::ArchiveReader(const QString& file) : m_file(file), m_archive(archive_read_new())
+{
+    const Utf8Names names;
+    archive_read_support_filter_zstd(m_archive);
+    archive_read_support_format_tar(m_archive);
+    archive_read_support_format_zip(m_archive);
+    const int result = archive_read_open_filename(m_archive, QFile::encodeName(file).constData(), readBlock);
+    if (result >= ARCHIVE_WARN) return;
+    const int number = archive_errno(m_archive);
+    const QString reason = reasonOf(m_archive);
+    archive_read_free(m_archive);
+    fail(number, reason, file);
+}
+
+ArchiveReader::~ArchiveReader()
+{
+    archive_read_free(m_archive);
+}
+
+void ArchiveReader::require(int result) const
+{
+    if (result >= ARCHIVE_WARN) return;
+    fail(archive_errno(m_archive), reasonOf(m_archive), m_file);
+}
+
+std::optional<ArchiveReader::Entry> ArchiveReader::next()
+{
+    const Utf8Names names;
+    archive_entry* entry = nullptr;
+    const int result = archive_read_next_header(m_archive, &entry);
+    if (result == ARCHIVE_EOF) return std::nullopt;
+    require(result);
+    Entry found;
+    found.name = QString::fromUtf8(archive_entry_pathname_utf8(entry));
+    const bool isLink = archive_entry_hardlink(entry) != nullptr || archive_entry_symlink(entry) != nullptr;
+    found.isFile = !isLink && archive_entry_filetype(entry) == AE_IFREG;
+    found.isFolder = !isLink && archive_entry_filetype(entry) == AE_IFDIR;
+    return found;
+}
+
+std::string_view ArchiveReader::read()
+{
+    m_buffer.resize(readBlock);
+    const la_ssize_t count = archive_read_data(m_archive, m_buffer.data(), m_buffer.size());
+    if (count < 0) fail(archive_errno(m_archive), reasonOf(m_archive), m_file);
+    return {m_buffer.data(), static_cast<std::size_t>(count)};
+}
+
+qint64 ArchiveReader::position() const
+{
+    return archive_filter_bytes(m_archive, -1);
+}
