@@ -78,6 +78,11 @@ QString NoFiles::openFile(const QString& title, const QString& /*filter*/)
     fail(title);
 }
 
+QString NoFiles::saveFile(const QString& title, const QString& /*proposed*/, const QString& /*filter*/)
+{
+    fail(title);
+}
+
 QString NoFiles::chooseFolder(const QString& title, const QString& /*start*/)
 {
     fail(title);
@@ -110,8 +115,8 @@ QString largeDatabase(int records)
 
 BenchWindow::BenchWindow(int records)
     : m_settings(QStringLiteral("large.sqlite")),
-      m_platform{m_messages, m_settings, m_fileAttributes, m_files,
-                 m_clock,    m_volumes,  m_files,          m_otherWindows},
+      m_platform{m_messages, m_settings, m_fileAttributes, m_files, m_clock,
+                 m_volumes,  m_files,    m_otherWindows,   m_files},
       m_program(m_platform, m_files, ProgramFolder(programFolder(records)), QString())
 {
     m_program.Main();

@@ -12,6 +12,7 @@
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 #include "platform/Volumes.h"
+#include "platform/WorkRunner.h"
 
 #include <QString>
 #include <QTemporaryDir>
@@ -45,10 +46,12 @@ private:
 };
 
 /// No file is asked for, none converted and none opened in a benchmark.
-class NoFiles final : public FileDialogs, public DatabaseConverter, public Shell
+class NoFiles final : public FileDialogs, public DatabaseConverter, public WorkRunner, public Shell
 {
 public:
     [[nodiscard]] QString openFile(const QString& title, const QString& filter) override;
+    [[nodiscard]] QString saveFile(const QString& title, const QString& proposed,
+                                   const QString& filter) override;
     [[nodiscard]] QString chooseFolder(const QString& title, const QString& start) override;
     [[nodiscard]] Result convert(const QString& source, const QString& target, bool replace) override;
     [[nodiscard]] bool run(SteppedWork& work) override;

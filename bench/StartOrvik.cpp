@@ -70,8 +70,8 @@ int main(int argc, char** argv)
     SystemVolumes volumes;
     NoOtherWindows otherWindows;
     DesktopShell shell; // as in the program, with all that it links
-    Main_Mod program({messages, settings, fileAttributes, files, clock, volumes, shell, otherWindows}, files,
-                     ProgramFolder(QString::fromLocal8Bit(argv[1])), QString());
+    Main_Mod program({messages, settings, fileAttributes, files, clock, volumes, shell, otherWindows, files},
+                     files, ProgramFolder(QString::fromLocal8Bit(argv[1])), QString());
     program.Main();
     if (argc > 2) {
         reportListMemory(program);

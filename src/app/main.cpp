@@ -9,6 +9,7 @@
 #include "platform/DesktopMessages.h"
 #include "platform/DesktopOtherWindows.h"
 #include "platform/DesktopShell.h"
+#include "platform/DesktopWorkRunner.h"
 #include "platform/FileAttributes.h"
 #include "platform/IniSettingsStore.h"
 #include "platform/Volumes.h"
@@ -77,12 +78,14 @@ int main(int argc, char** argv)
     SystemVolumes volumes;
     DesktopShell shell;
     DesktopOtherWindows otherWindows;
+    DesktopWorkRunner works;
     const ProgramFolder::Surroundings surroundings{
         qEnvironmentVariable("ORVIK_HOME"), QCoreApplication::applicationDirPath(),
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)};
     const QString sample = surroundings.executableFolder + QStringLiteral("/../share/orvik/sample");
-    Main_Mod program({messages, settings, fileAttributes, fileDialogs, clock, volumes, shell, otherWindows},
-                     converter, ProgramFolder(ProgramFolder::choose(surroundings), sample), sample);
+    Main_Mod program(
+        {messages, settings, fileAttributes, fileDialogs, clock, volumes, shell, otherWindows, works},
+        converter, ProgramFolder(ProgramFolder::choose(surroundings), sample), sample);
     if (program.handOver(*line.request, token)) return EXIT_SUCCESS;
     program.Main(*line.request);
     return program.window() == nullptr ? EXIT_FAILURE : QApplication::exec();

@@ -171,6 +171,11 @@ bool CollectionBackup::undoStep()
     return false;
 }
 
+QString CollectionBackup::title() const
+{
+    return BackupTexts::tr("Back Up");
+}
+
 QString CollectionBackup::text() const
 {
     if (m_stage == Stage::Listing) return m_list.text();

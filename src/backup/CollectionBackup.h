@@ -5,7 +5,7 @@
 #include "backup/Archive.h"
 #include "backup/Manifest.h"
 #include "files/FolderList.h"
-#include "files/SteppedWork.h"
+#include "platform/SteppedWork.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
@@ -38,6 +38,7 @@ public:
 
     bool step() override;
     bool undoStep() override;
+    [[nodiscard]] QString title() const override;
     [[nodiscard]] QString text() const override;
     [[nodiscard]] std::optional<int> percent() const override;
 

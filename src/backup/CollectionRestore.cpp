@@ -175,6 +175,11 @@ Manifest CollectionRestore::manifestOf(const QString& archive)
     refuse(BackupTexts::tr("The backup is not complete: the list of what it holds is missing."), archive);
 }
 
+QString CollectionRestore::title() const
+{
+    return BackupTexts::tr("Restore");
+}
+
 QString CollectionRestore::text() const
 {
     return BackupTexts::tr("Unpacking and checking the files (%1) …")

@@ -4,7 +4,7 @@
 
 #include "backup/Archive.h"
 #include "backup/Manifest.h"
-#include "files/SteppedWork.h"
+#include "platform/SteppedWork.h"
 
 #include <QCryptographicHash>
 #include <QMap>
@@ -27,6 +27,7 @@ public:
     CollectionRestore(const QString& archive, const QString& target);
 
     bool step() override;
+    [[nodiscard]] QString title() const override;
     [[nodiscard]] QString text() const override;
     [[nodiscard]] std::optional<int> percent() const override;
 

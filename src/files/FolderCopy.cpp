@@ -53,6 +53,16 @@ bool FolderCopy::undoStep()
     return true;
 }
 
+QString FolderCopy::title() const
+{
+    return m_list.title();
+}
+
+QString FolderCopy::remark() const
+{
+    return m_list.remark();
+}
+
 QString FolderCopy::text() const
 {
     const QLocale locale;

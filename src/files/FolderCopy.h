@@ -17,6 +17,8 @@ public:
     /// Copies the next block. Throws Error; what was copied so far stays.
     bool step() override;
     bool undoStep() override;
+    [[nodiscard]] QString title() const override;
+    [[nodiscard]] QString remark() const override;
     [[nodiscard]] QString text() const override;
     [[nodiscard]] std::optional<int> percent() const override;
 

@@ -64,6 +64,16 @@ void FolderList::look(const fs::directory_entry& found)
     m_roots.push_back(root);
 }
 
+QString FolderList::title() const
+{
+    return FilesTexts::tr("Bringing Files Along");
+}
+
+QString FolderList::remark() const
+{
+    return FilesTexts::tr("The files of documents and charts beside the database stay as they are.");
+}
+
 QString FolderList::text() const
 {
     return FilesTexts::tr("Counting the files (%1) …").arg(QLocale().toString(m_amount.files));

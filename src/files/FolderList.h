@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "files/SteppedWork.h"
+#include "platform/SteppedWork.h"
 
 #include <filesystem>
 #include <vector>
@@ -33,6 +33,8 @@ public:
 
     /// Looks at the next entry of a folder. Throws Error if the folder cannot be read.
     bool step() override;
+    [[nodiscard]] QString title() const override;
+    [[nodiscard]] QString remark() const override;
     [[nodiscard]] QString text() const override;
     [[nodiscard]] std::optional<int> percent() const override { return std::nullopt; }
 

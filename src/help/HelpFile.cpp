@@ -35,7 +35,7 @@ constexpr std::array windowChapters{
     WindowChapter{"frmSearch", HelpChapter::Search},
     WindowChapter{"frmAdvSearch", HelpChapter::AdvancedSearch},
     WindowChapter{"frmImport", HelpChapter::Database},
-    WindowChapter{"frmBringAlong", HelpChapter::Database},
+    WindowChapter{"frmProgress", HelpChapter::Database},
     WindowChapter{"frmNewDatabase", HelpChapter::Collections},
     WindowChapter{"frmSettings", HelpChapter::Collections},
     WindowChapter{"frmLists", HelpChapter::Lists},

@@ -14,6 +14,7 @@
 #include "opening/OpeningTexts.h"
 #include "opening/UnfinishedCollection.h"
 #include "platform/Messages.h"
+#include "platform/WorkRunner.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -45,7 +46,7 @@ FolderList foldersBeside(const ProgramFolder& folder)
 std::optional<QString> CollectionMaker::make(const QString& file)
 {
     FolderList files = foldersBeside(m_home.ofDatabase(file));
-    if (!m_converter.run(files)) return std::nullopt;
+    if (!m_works.run(files)) return std::nullopt;
     const bool takesFiles = files.amount().files > 0 && mayBringAlong(file, files);
     const bool isAccess = kindOfDatabaseFile(file) == DatabaseFileKind::Access;
     const QString name = isAccess ? AccessConversion::databaseName(file) : VersionCopies::originalName(file);
@@ -62,7 +63,7 @@ std::optional<QString> CollectionMaker::make(const QString& file)
     }
     if (takesFiles) {
         FolderCopy copy(files, collection.dataFolder());
-        if (!m_converter.run(copy)) return std::nullopt;
+        if (!m_works.run(copy)) return std::nullopt;
     }
     const QStringList missing = isAccess ? missingIn(unfinished) : QStringList();
     collection.complete();

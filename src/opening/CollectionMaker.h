@@ -11,6 +11,7 @@ class DatabaseConverter;
 class FolderList;
 class Messages;
 class ProgramFolder;
+class WorkRunner;
 
 /// Makes a collection of its own of an Access file or a database of the program that lies elsewhere. The
 /// folders `documents` and `orgcharts` beside the file, in any letter case, are brought along if the user
@@ -19,9 +20,13 @@ class CollectionMaker
 {
 public:
     /// The references must outlive the maker. `place` is where the collection is made.
-    CollectionMaker(Messages& messages, DatabaseConverter& converter, const ProgramFolder& home,
-                    QString place)
-        : m_messages(messages), m_converter(converter), m_home(home), m_place(std::move(place))
+    CollectionMaker(Messages& messages, WorkRunner& works, DatabaseConverter& converter,
+                    const ProgramFolder& home, QString place)
+        : m_messages(messages),
+          m_works(works),
+          m_converter(converter),
+          m_home(home),
+          m_place(std::move(place))
     {
     }
 
@@ -33,6 +38,7 @@ private:
     [[nodiscard]] QStringList missingIn(const QString& database) const;
 
     Messages& m_messages;
+    WorkRunner& m_works;
     DatabaseConverter& m_converter;
     const ProgramFolder& m_home;
     QString m_place;

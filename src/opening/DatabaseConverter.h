@@ -6,10 +6,7 @@
 
 #include <QString>
 
-class SteppedWork;
-
-/// Converts Access files into databases of the program and brings along what belongs to them, while the user
-/// can watch and cancel it.
+/// Converts Access files into databases of the program, while the user can watch and cancel it.
 class DatabaseConverter
 {
 public:
@@ -34,9 +31,6 @@ public:
     /// once the new one is complete; without, it makes the conversion fail. Never ends the program, whatever
     /// the file holds.
     [[nodiscard]] virtual Result convert(const QString& source, const QString& target, bool replace) = 0;
-
-    /// Does work on files to its end. Returns false if the user cancelled it. Throws what a step throws.
-    [[nodiscard]] virtual bool run(SteppedWork& work) = 0;
 
 protected:
     DatabaseConverter() = default;

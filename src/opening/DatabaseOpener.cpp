@@ -95,10 +95,10 @@ bool DatabaseOpener::openChosen(const QString& file)
     // says what is wrong with it, and leaves the attributes of somebody's file alone
     if (kind == DatabaseFileKind::Other) DatabaseSession().open(file);
     const bool isAccess = kind == DatabaseFileKind::Access;
-    const auto database =
-        isAccess
-            ? CollectionMaker(m_platform.messages, m_at.converter, m_at.home, collectionsPlace()).make(file)
-            : placeOf(file);
+    const auto database = isAccess ? CollectionMaker(m_platform.messages, m_platform.works, m_at.converter,
+                                                     m_at.home, collectionsPlace())
+                                         .make(file)
+                                   : placeOf(file);
     if (database) openAt(*database);
     return database.has_value();
 }
@@ -116,7 +116,9 @@ std::optional<QString> DatabaseOpener::placeOf(const QString& file)
     const std::optional<bool> copies = asksForCopy(QFileInfo(file));
     if (!copies) return std::nullopt;
     if (!*copies) return file;
-    return CollectionMaker(m_platform.messages, m_at.converter, m_at.home, collectionsPlace()).make(file);
+    return CollectionMaker(m_platform.messages, m_platform.works, m_at.converter, m_at.home,
+                           collectionsPlace())
+        .make(file);
 }
 
 /// Asks whether a database is to be copied into a collection of its own or used where it is; std::nullopt for

@@ -2,7 +2,6 @@
 
 #include "opening/DesktopDatabaseConverter.h"
 
-#include "opening/frmBringAlong.h"
 #include "opening/frmImport.h"
 
 #include <QApplication>
@@ -12,10 +11,4 @@ DatabaseConverter::Result DesktopDatabaseConverter::convert(const QString& sourc
 {
     frmImport window(m_tool, QApplication::activeWindow());
     return window.run(source, target, replace);
-}
-
-bool DesktopDatabaseConverter::run(SteppedWork& work)
-{
-    frmBringAlong window(work, QApplication::activeWindow());
-    return window.run();
 }

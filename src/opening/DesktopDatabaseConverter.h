@@ -4,8 +4,7 @@
 
 #include "opening/DatabaseConverter.h"
 
-/// Converts with the program's own tool, a process of its own, under a window that shows the progress, and
-/// works on files under one like it.
+/// Converts with the program's own tool, a process of its own, under a window that shows the progress.
 class DesktopDatabaseConverter final : public DatabaseConverter
 {
 public:
@@ -13,7 +12,6 @@ public:
     explicit DesktopDatabaseConverter(QString tool) : m_tool(std::move(tool)) {}
 
     [[nodiscard]] Result convert(const QString& source, const QString& target, bool replace) override;
-    [[nodiscard]] bool run(SteppedWork& work) override;
 
 private:
     QString m_tool;

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "opening/DatabaseConverter.h"
-#include "opening/ProgressWindow.h"
+#include "platform/ProgressWindow.h"
 
 #include <QByteArray>
 #include <QProcess>

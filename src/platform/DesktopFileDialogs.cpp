@@ -3,6 +3,7 @@
 #include "platform/DesktopFileDialogs.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QStringList>
@@ -29,6 +30,16 @@ QString DesktopFileDialogs::openFile(const QString& title, const QString& filter
     QString file =
         QFileDialog::getOpenFileName(QApplication::activeWindow(), title, m_lastFolder, toolkitFilter(filter),
                                      nullptr, QFileDialog::HideNameFilterDetails | QFileDialog::ReadOnly);
+    if (!file.isEmpty()) m_lastFolder = QFileInfo(file).path();
+    return file;
+}
+
+QString DesktopFileDialogs::saveFile(const QString& title, const QString& proposed, const QString& filter)
+{
+    const QString start = QFileInfo(proposed).isAbsolute() ? proposed : QDir(m_lastFolder).filePath(proposed);
+    QString file =
+        QFileDialog::getSaveFileName(QApplication::activeWindow(), title, start, toolkitFilter(filter),
+                                     nullptr, QFileDialog::HideNameFilterDetails);
     if (!file.isEmpty()) m_lastFolder = QFileInfo(file).path();
     return file;
 }

@@ -9,6 +9,8 @@ class DesktopFileDialogs final : public FileDialogs
 {
 public:
     [[nodiscard]] QString openFile(const QString& title, const QString& filter) override;
+    [[nodiscard]] QString saveFile(const QString& title, const QString& proposed,
+                                   const QString& filter) override;
     [[nodiscard]] QString chooseFolder(const QString& title, const QString& start) override;
 
 private:

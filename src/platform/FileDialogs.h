@@ -16,6 +16,11 @@ public:
     /// too.
     [[nodiscard]] virtual QString openFile(const QString& title, const QString& filter) = 0;
 
+    /// The file that the user chose to write, or an empty text. The desktop has asked whether a file that is
+    /// there may be replaced. `proposed` is a name, with or without a folder; `filter` is as above.
+    [[nodiscard]] virtual QString saveFile(const QString& title, const QString& proposed,
+                                           const QString& filter) = 0;
+
     /// The folder that the user chose, as a path of the machine, or an empty text. The dialog begins in
     /// `start`, or in the folder used last if that is empty or does not exist.
     [[nodiscard]] virtual QString chooseFolder(const QString& title, const QString& start) = 0;

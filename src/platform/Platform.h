@@ -10,6 +10,7 @@ class OtherWindows;
 class SettingsStore;
 class Shell;
 class Volumes;
+class WorkRunner;
 
 /// The doors to the desktop, chosen when the program starts. They outlive everything else.
 struct Platform
@@ -22,4 +23,5 @@ struct Platform
     Volumes& volumes;
     Shell& shell;
     OtherWindows& otherWindows;
+    WorkRunner& works;
 };

@@ -3,7 +3,6 @@
 #include "Journey.h"
 
 #include "Dialogs.h"
-#include "files/SteppedWork.h"
 
 #include <QDir>
 #include <QEventLoop>
@@ -20,13 +19,6 @@ DatabaseConverter::Result NoConverter::convert(const QString& source, const QStr
 {
     ADD_FAILURE() << "not meant to be converted: " << source.toStdString();
     return {};
-}
-
-bool NoConverter::run(SteppedWork& work)
-{
-    while (work.step()) {
-    }
-    return true;
 }
 
 Journey::Journey()

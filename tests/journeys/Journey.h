@@ -17,12 +17,11 @@
 
 class OpenDialog;
 
-/// Fails the test that has a file converted. Work on files is done without a window.
+/// Fails the test that has a file converted.
 class NoConverter final : public DatabaseConverter
 {
 public:
     [[nodiscard]] Result convert(const QString& source, const QString& target, bool replace) override;
-    [[nodiscard]] bool run(SteppedWork& work) override;
 };
 
 /// The program as its user has it, on a database of its own: its window is driven and looked at by object

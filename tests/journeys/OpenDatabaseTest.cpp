@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "Journey.h"
-#include "files/SteppedWork.h"
 #include "opening/DesktopDatabaseConverter.h"
-#include "opening/frmBringAlong.h"
 #include "opening/frmImport.h"
+#include "platform/DesktopWorkRunner.h"
 #include "platform/StdREG.h"
+#include "platform/SteppedWork.h"
+#include "platform/frmProgress.h"
 #include "support/TestFiles.h"
 
 #include <QApplication>
@@ -326,6 +327,7 @@ public:
         return false;
     }
     bool undoStep() override { return ++undone < 100; }
+    [[nodiscard]] QString title() const override { return u"Work"_s; }
     [[nodiscard]] QString text() const override { return u"Counting down"_s; }
     [[nodiscard]] std::optional<int> percent() const override { return 50; }
 
@@ -336,18 +338,18 @@ private:
     bool m_fails;
 };
 
-TEST(Converter, WorksOnFilesUntilTheyAreDoneFailOrAreCancelled)
+TEST(WorkRunner, WorksUntilAllIsDoneOrFailsOrIsCancelled)
 {
-    DesktopDatabaseConverter converter{QString()};
+    DesktopWorkRunner works;
     for (const int steps : {1, 600}) {
         TestWork done(steps);
-        EXPECT_TRUE(converter.run(done));
+        EXPECT_TRUE(works.run(done));
         TestWork failing(steps, true);
-        EXPECT_EQ(errorNumberOf([&] { return converter.run(failing); }), 28);
+        EXPECT_EQ(errorNumberOf([&] { return works.run(failing); }), 28);
     }
     QTimer clicker;
     QObject::connect(&clicker, &QTimer::timeout, [] {
-        auto* window = qobject_cast<frmBringAlong*>(QApplication::activeModalWidget());
+        auto* window = qobject_cast<frmProgress*>(QApplication::activeModalWidget());
         if (window == nullptr || !window->findChild<QPushButton*>(u"cmdCancel"_s)->isEnabled()) return;
         EXPECT_EQ(window->findChild<QLabel*>(u"lblStep"_s)->text(), u"Counting down"_s);
         EXPECT_EQ(window->findChild<QProgressBar*>()->value(), 50);
@@ -355,7 +357,7 @@ TEST(Converter, WorksOnFilesUntilTheyAreDoneFailOrAreCancelled)
     });
     clicker.start(0);
     TestWork endless(0);
-    EXPECT_FALSE(converter.run(endless));
+    EXPECT_FALSE(works.run(endless));
     EXPECT_EQ(endless.undone, 100);
 }
 

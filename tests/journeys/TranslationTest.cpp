@@ -8,9 +8,9 @@
 #include "files/FolderList.h"
 #include "lists/ListKind.h"
 #include "map/frmPosition.h"
-#include "opening/frmBringAlong.h"
 #include "opening/frmImport.h"
 #include "platform/StdREG.h"
+#include "platform/frmProgress.h"
 
 #include <QCheckBox>
 #include <QDir>
@@ -278,7 +278,7 @@ TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
     conversion.show();
     pseudo.expectTranslated(conversion, "conversion");
     FolderList files;
-    frmBringAlong copying(files, nullptr);
+    frmProgress copying(files, nullptr);
     copying.show();
     pseudo.expectTranslated(copying, "files that are brought along");
 }

@@ -3,9 +3,10 @@
 #include "opening/CollectionMaker.h"
 
 #include "files/ProgramFolder.h"
-#include "files/SteppedWork.h"
 #include "opening/DatabaseConverter.h"
 #include "opening/UnfinishedCollection.h"
+#include "platform/SteppedWork.h"
+#include "platform/WorkRunner.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
 #include "support/TestFiles.h"
@@ -24,7 +25,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Makes a copy of a database for every Access file, and works on files until the test has it stop.
-class TestConverter final : public DatabaseConverter
+class TestConverter final : public DatabaseConverter, public WorkRunner
 {
 public:
     explicit TestConverter(QString database) : m_database(std::move(database)) {}
@@ -126,7 +127,7 @@ protected:
 
     std::optional<QString> make()
     {
-        return CollectionMaker(m_messages, m_converter, m_home, m_place)
+        return CollectionMaker(m_messages, m_converter, m_converter, m_home, m_place)
             .make(m_folder.filePath(u"in/Mine.mdb"_s));
     }
 

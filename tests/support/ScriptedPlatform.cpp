@@ -3,6 +3,7 @@
 #include "support/ScriptedPlatform.h"
 
 #include "platform/StdREG.h"
+#include "platform/SteppedWork.h"
 
 #include <gtest/gtest.h>
 
@@ -67,6 +68,25 @@ QString ScriptedFileDialogs::chooseFolder(const QString& title, const QString& s
 {
     starts << start;
     return take(folders, title);
+}
+
+QString ScriptedFileDialogs::saveFile(const QString& title, const QString& name, const QString& filter)
+{
+    filters << filter;
+    proposed << name;
+    return take(files, title);
+}
+
+bool ScriptedWorks::run(SteppedWork& work)
+{
+    titles << work.title();
+    for (int steps = 0; work.step(); ++steps) {
+        if (!cancelAfter || steps < *cancelAfter) continue;
+        while (work.undoStep()) {
+        }
+        return false;
+    }
+    return true;
 }
 
 QString ScriptedFileDialogs::take(std::deque<QString>& script, const QString& title)

@@ -11,6 +11,7 @@
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 #include "platform/Volumes.h"
+#include "platform/WorkRunner.h"
 
 #include <QString>
 #include <QStringList>
@@ -83,12 +84,15 @@ class ScriptedFileDialogs final : public FileDialogs
 {
 public:
     [[nodiscard]] QString openFile(const QString& title, const QString& filter) override;
+    [[nodiscard]] QString saveFile(const QString& title, const QString& proposed,
+                                   const QString& filter) override;
     [[nodiscard]] QString chooseFolder(const QString& title, const QString& start) override;
 
     std::deque<QString> files;
     std::deque<QString> folders;
-    QStringList filters; ///< of the dialogs for files that were opened
-    QStringList starts;  ///< of the dialogs for folders that were opened
+    QStringList filters;  ///< of the dialogs for files that were opened
+    QStringList proposed; ///< by the dialogs for files to be written
+    QStringList starts;   ///< of the dialogs for folders that were opened
 
 private:
     static QString take(std::deque<QString>& script, const QString& title);
@@ -155,6 +159,16 @@ public:
     Receiver called; ///< calls this program
 };
 
+/// Does work without a window, to its end or until the test has the user cancel it.
+class ScriptedWorks final : public WorkRunner
+{
+public:
+    [[nodiscard]] bool run(SteppedWork& work) override;
+
+    std::optional<int> cancelAfter; ///< so many steps
+    QStringList titles;             ///< of the works that were begun
+};
+
 /// The desktop of one test.
 struct ScriptedPlatform
 {
@@ -166,10 +180,11 @@ struct ScriptedPlatform
     ScriptedVolumes volumes;
     ScriptedShell shell;
     ScriptedOtherWindows otherWindows;
+    ScriptedWorks works;
 
     [[nodiscard]] Platform platform()
     {
-        return {messages, settings, fileAttributes, fileDialogs, clock, volumes, shell, otherWindows};
+        return {messages, settings, fileAttributes, fileDialogs, clock, volumes, shell, otherWindows, works};
     }
 
     /// Names the database that the program opens at its start.

@@ -12,6 +12,7 @@
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 #include "platform/Volumes.h"
+#include "platform/WorkRunner.h"
 
 #include <cstdio>
 #include <map>
@@ -22,6 +23,7 @@ class QuietDesktop final : public Messages,
                            public SettingsStore,
                            public FileDialogs,
                            public DatabaseConverter,
+                           public WorkRunner,
                            public Shell
 {
 public:
@@ -49,6 +51,11 @@ public:
     {
         return {};
     }
+    [[nodiscard]] QString saveFile(const QString& /*title*/, const QString& /*proposed*/,
+                                   const QString& /*filter*/) override
+    {
+        return {};
+    }
     [[nodiscard]] QString chooseFolder(const QString& /*title*/, const QString& /*start*/) override
     {
         return {};
@@ -64,7 +71,7 @@ public:
 
     [[nodiscard]] Platform platform()
     {
-        return {*this, *this, m_fileAttributes, *this, m_clock, m_volumes, *this, m_otherWindows};
+        return {*this, *this, m_fileAttributes, *this, m_clock, m_volumes, *this, m_otherWindows, *this};
     }
 
 private:

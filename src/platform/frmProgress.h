@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "opening/ProgressWindow.h"
+#include "platform/ProgressWindow.h"
 
 #include <QTimer>
 
@@ -10,15 +10,15 @@
 
 class SteppedWork;
 
-/// Shows the progress of work on the files that belong to a database, and lets the user cancel it. The steps
-/// are taken between the events of the window.
-class frmBringAlong final : public ProgressWindow
+/// Shows the progress of long work, and lets the user cancel it. The steps are taken between the events of
+/// the window.
+class frmProgress final : public ProgressWindow
 {
     Q_OBJECT
 
 public:
     /// The work must outlive the window.
-    frmBringAlong(SteppedWork& work, QWidget* parent);
+    frmProgress(SteppedWork& work, QWidget* parent);
 
     /// Does the work; the window comes up only if that takes a while. Returns false if the user cancelled
     /// it. Throws what a step throws.

@@ -6,6 +6,13 @@
 
 #include <optional>
 
+/// An amount of work in bytes.
+struct WorkBytes
+{
+    qint64 done = 0;
+    qint64 all = 0;
+};
+
 /// Work that is done in short steps, so that a window can show how far it is, and end it.
 class SteppedWork
 {
@@ -19,11 +26,20 @@ public:
     /// is left of it. Never fails.
     virtual bool undoStep() { return false; }
 
+    /// What the work is, as the title of a window.
+    [[nodiscard]] virtual QString title() const = 0;
+
+    /// What the user should know of it while it is done, in a sentence; may be empty.
+    [[nodiscard]] virtual QString remark() const { return {}; }
+
     /// What is done now, for the user.
     [[nodiscard]] virtual QString text() const = 0;
 
     /// How much is done; std::nullopt if nobody knows how much there is.
     [[nodiscard]] virtual std::optional<int> percent() const = 0;
+
+    /// How much is done in bytes, for work whose rate and remaining time the user wants to know.
+    [[nodiscard]] virtual std::optional<WorkBytes> bytes() const { return std::nullopt; }
 
 protected:
     SteppedWork() = default;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "opening/ProgressWindow.h"
+#include "platform/ProgressWindow.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -38,6 +38,7 @@ ProgressWindow::ProgressWindow(QWidget* parent)
 void ProgressWindow::setTitle(const QString& text)
 {
     m_title->setText(text);
+    m_title->setHidden(text.isEmpty());
 }
 
 void ProgressWindow::setStep(const QString& text)

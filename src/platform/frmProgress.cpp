@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "opening/frmBringAlong.h"
+#include "platform/frmProgress.h"
 
-#include "files/SteppedWork.h"
+#include "platform/SteppedWork.h"
 
 #include <QElapsedTimer>
 
@@ -13,16 +13,16 @@ constexpr int sliceMilliseconds = 40;
 
 } // namespace
 
-frmBringAlong::frmBringAlong(SteppedWork& work, QWidget* parent) : ProgressWindow(parent), m_work(work)
+frmProgress::frmProgress(SteppedWork& work, QWidget* parent) : ProgressWindow(parent), m_work(work)
 {
-    setObjectName(QStringLiteral("frmBringAlong"));
-    setWindowTitle(tr("Bringing Files Along"));
-    setTitle(tr("The files of documents and charts beside the database stay as they are."));
+    setObjectName(QStringLiteral("frmProgress"));
+    setWindowTitle(work.title());
+    setTitle(work.remark());
     setBarName(tr("Progress"));
-    connect(&m_timer, &QTimer::timeout, this, &frmBringAlong::goOn);
+    connect(&m_timer, &QTimer::timeout, this, &frmProgress::goOn);
 }
 
-bool frmBringAlong::run()
+bool frmProgress::run()
 {
     if (!workFor(windowlessMilliseconds)) return true;
     setStep(m_work.text());
@@ -35,7 +35,7 @@ bool frmBringAlong::run()
 }
 
 /// What was done is taken back before the window closes: for many files, that takes a while too.
-void frmBringAlong::reject()
+void frmProgress::reject()
 {
     if (m_cancelled) return;
     m_cancelled = true;
@@ -43,7 +43,7 @@ void frmBringAlong::reject()
 }
 
 /// Returns whether there is more to do.
-bool frmBringAlong::workFor(int milliseconds)
+bool frmProgress::workFor(int milliseconds)
 {
     QElapsedTimer time;
     time.start();
@@ -53,7 +53,7 @@ bool frmBringAlong::workFor(int milliseconds)
     return false;
 }
 
-void frmBringAlong::goOn()
+void frmProgress::goOn()
 {
     try {
         if (!workFor(sliceMilliseconds)) done(m_cancelled ? QDialog::Rejected : QDialog::Accepted);
