@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "check/Finding.h"
+#include "files/ProgramFolder.h"
+#include "platform/SteppedWork.h"
+
+#include <memory>
+#include <vector>
+
+class TopicCheck;
+
+/// How thoroughly a collection is checked.
+enum class CheckScope
+{
+    Structure,
+    StructureAndFiles ///< the content of every file, too
+};
+
+/// Checks a collection. It changes nothing, and it can be made while somebody works with the collection.
+///
+/// A check that cannot be made does not keep the others from being made; its result says why.
+class CollectionCheck final : public SteppedWork
+{
+public:
+    /// `database` is the file in `folder`. Never throws, and neither do its steps.
+    CollectionCheck(const QString& database, const ProgramFolder& folder, CheckScope scope);
+    ~CollectionCheck() override;
+
+    bool step() override;
+    [[nodiscard]] QString title() const override;
+    [[nodiscard]] QString text() const override;
+    [[nodiscard]] std::optional<int> percent() const override;
+
+    /// One for each check that belongs to the scope, those that were not made yet too.
+    [[nodiscard]] std::vector<CheckResult> results() const;
+
+    /// Whether nothing at all was found and every check was made to its end.
+    [[nodiscard]] bool isSound() const;
+
+private:
+    std::vector<std::unique_ptr<TopicCheck>> m_checks;
+    std::size_t m_current = 0;
+};
