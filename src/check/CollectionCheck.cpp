@@ -3,8 +3,20 @@
 #include "check/CollectionCheck.h"
 
 #include "check/CheckTexts.h"
+#include "check/CheckedDatabase.h"
+#include "check/ContentCheck.h"
+#include "check/DatesCheck.h"
 #include "check/EngineCheck.h"
+#include "check/HistoryCheck.h"
+#include "check/LinksCheck.h"
+#include "check/MissingFilesCheck.h"
+#include "check/RecordsCheck.h"
+#include "check/StrayFilesCheck.h"
 #include "util/Error.h"
+
+#include <QCryptographicHash>
+#include <QFileInfo>
+#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -27,6 +39,8 @@ QString checkName(CheckTopic topic)
         return u"missing-files"_s;
     case CheckTopic::StrayFiles:
         return u"stray-files"_s;
+    case CheckTopic::ChangedRecords:
+        return u"changed-records"_s;
     case CheckTopic::ChangedFiles:
         return u"changed-files"_s;
     }
@@ -50,33 +64,69 @@ QString checkCaption(CheckTopic topic)
         return CheckTexts::tr("Missing files");
     case CheckTopic::StrayFiles:
         return CheckTexts::tr("Files that no record names");
+    case CheckTopic::ChangedRecords:
+        return CheckTexts::tr("Content of the records");
     case CheckTopic::ChangedFiles:
         return CheckTexts::tr("Content of the files");
     }
     return {};
 }
 
-CollectionCheck::CollectionCheck(const QString& database, const ProgramFolder& /*folder*/,
-                                 CheckScope /*scope*/)
+CollectionCheck::CollectionCheck(const QString& database, const ProgramFolder& folder, CheckScope scope,
+                                 const QString& notes)
+    : m_database(std::make_unique<CheckedDatabase>(database))
 {
-    m_checks.push_back(std::make_unique<EngineCheck>(CheckTopic::EngineIntegrity, database));
-    m_checks.push_back(std::make_unique<EngineCheck>(CheckTopic::ForeignKeys, database));
+    m_checks.push_back(std::make_unique<EngineCheck>(CheckTopic::EngineIntegrity, *m_database));
+    m_checks.push_back(std::make_unique<EngineCheck>(CheckTopic::ForeignKeys, *m_database));
+    m_checks.push_back(std::make_unique<LinksCheck>(*m_database));
+    m_checks.push_back(std::make_unique<DatesCheck>(*m_database));
+    m_checks.push_back(std::make_unique<HistoryCheck>(*m_database));
+    m_checks.push_back(std::make_unique<MissingFilesCheck>(*m_database, folder));
+    m_checks.push_back(std::make_unique<StrayFilesCheck>(*m_database, folder));
+    if (scope == CheckScope::Structure) return;
+    m_checks.push_back(std::make_unique<RecordsCheck>(*m_database));
+    m_checks.push_back(std::make_unique<ContentCheck>(*m_database, folder, notes));
 }
 
 CollectionCheck::~CollectionCheck() = default;
 
+QString CollectionCheck::notesOf(const QString& database)
+{
+    const QFileInfo file(database);
+    const QString path = file.exists() ? file.canonicalFilePath() : file.absoluteFilePath();
+    const QByteArray name = QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex();
+    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + u"/orvik/check-"_s +
+           QString::fromLatin1(name.first(16)) + u".txt"_s;
+}
+
 bool CollectionCheck::step()
 {
+    if (!m_isPrepared) return prepare();
     if (m_current >= m_checks.size()) return false;
     TopicCheck& check = *m_checks[m_current];
-    CheckResult& result = check.result();
     try {
         if (check.step()) return true;
     } catch (const Error& error) {
-        result.hindrance = error.description();
+        check.hinder(error);
     }
-    result.isDone = true;
+    check.finish();
     return ++m_current < m_checks.size();
+}
+
+/// Without the database, nothing can be checked.
+bool CollectionCheck::prepare()
+{
+    try {
+        m_isPrepared = !m_database->prepare();
+    } catch (const Error& error) {
+        for (const auto& check : m_checks) {
+            check->hinder(error);
+            check->finish();
+        }
+        m_isPrepared = true;
+        m_current = m_checks.size();
+    }
+    return m_current < m_checks.size();
 }
 
 QString CollectionCheck::title() const
@@ -92,12 +142,15 @@ QString CollectionCheck::text() const
 
 std::optional<int> CollectionCheck::percent() const
 {
-    return static_cast<int>(m_current * 100 / m_checks.size());
+    if (m_current >= m_checks.size()) return 100;
+    const auto done = static_cast<std::size_t>(m_checks[m_current]->percent().value_or(0));
+    return static_cast<int>((m_current * 100 + done) / m_checks.size());
 }
 
 std::vector<CheckResult> CollectionCheck::results() const
 {
     std::vector<CheckResult> results;
+    results.reserve(m_checks.size());
     for (const auto& check : m_checks)
         results.push_back(check->result());
     return results;
