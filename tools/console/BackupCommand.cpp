@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "Collection.h"
+#include "Command.h"
+#include "ConsoleWorks.h"
+#include "JsonWriter.h"
+#include "Output.h"
+#include "backup/Archive.h"
+#include "backup/CollectionBackup.h"
+#include "files/FolderList.h"
+#include "util/Error.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+
+#include <cerrno>
+
+using namespace Qt::StringLiterals;
+
+namespace console {
+
+namespace {
+
+FolderList::Amount amountOf(const Manifest& manifest)
+{
+    FolderList::Amount amount{static_cast<int>(manifest.files.size()), 0};
+    for (const Manifest::File& file : manifest.files)
+        amount.bytes += file.size;
+    return amount;
+}
+
+void writeText(const QString& archive, const Manifest& manifest, Output& output)
+{
+    const FolderList::Amount amount = amountOf(manifest);
+    output.line(u"Backed up: %1"_s.arg(archive));
+    output.line(u"Files: %1 (%2)"_s.arg(amount.files).arg(amount.sizeText()));
+}
+
+void writeJson(const QString& archive, const Manifest& manifest, Output& output)
+{
+    const FolderList::Amount amount = amountOf(manifest);
+    JsonWriter json(output.text());
+    json.beginObject();
+    json.member(u"archive", archive);
+    json.member(u"files", amount.files);
+    json.member(u"bytes", amount.bytes);
+    json.name(u"rows");
+    json.beginObject();
+    for (auto table = manifest.rows.begin(); table != manifest.rows.end(); ++table)
+        json.member(table.key(), *table);
+    json.endObject();
+    json.endObject();
+    json.finish();
+}
+
+ExitStatus run(const Invocation& called, Output& output)
+{
+    const QString database = databaseOf(called.operands[0]);
+    const QString archive = QDir::cleanPath(QDir::current().absoluteFilePath(called.operands[1]));
+    if (!archiveFormatOf(archive))
+        throw Error(EINVAL, u"The name of the archive has to end in .zip or .tar.zst. (%1)"_s.arg(archive));
+    if (QFileInfo(archive).exists() || QFileInfo(archive).isSymLink())
+        throw Error(EEXIST, u"There is a file or a folder of that name already. (%1)"_s.arg(archive));
+
+    ConsoleWorks works;
+    CollectionBackup backup(database, folderOf(database), archive, QDateTime::currentDateTime());
+    if (!works.run(backup)) ConsoleWorks::stop();
+    called.isJson ? writeJson(archive, backup.manifest(), output)
+                  : writeText(archive, backup.manifest(), output);
+    return ExitStatus::Done;
+}
+
+} // namespace
+
+Command backupCommand()
+{
+    return {u"backup"_s,
+            {u"COLLECTION"_s, u"ARCHIVE"_s},
+            {},
+            u"Backs a collection up into a new archive"_s,
+            u"ARCHIVE is a new file whose name ends in .zip or .tar.zst. It holds the database as it is at\n"
+            "one moment, all files beside it, and a list of it all. The collection is only read, also\n"
+            "while a window has it open."_s,
+            run};
+}
+
+} // namespace console
