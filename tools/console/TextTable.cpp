@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr qsizetype widest = 60; ///< a longer text moves what follows it in its row alone
+constexpr qsizetype widest = 60; ///< a longer text moves what comes next in its row
 constexpr qsizetype gap = 2;
 
 /// Characters that stand on their own, as far as terminals agree on it.
@@ -45,14 +45,16 @@ void TextTable::write(Output& output) const
 void TextTable::write(const QStringList& row, Output& output) const
 {
     QString line;
-    qsizetype blanks = 0;
+    qsizetype width = 0;
+    qsizetype begin = 0; // of the column
     for (std::size_t i = 0; i < m_widths.size(); ++i) {
         const QString& cell = row[static_cast<qsizetype>(i)];
         if (!cell.isEmpty()) {
+            const qsizetype blanks = width == 0 ? begin : std::max(gap, begin - width);
             line += QString(blanks, u' ') + cell;
-            blanks = 0;
+            width += blanks + widthOf(cell);
         }
-        blanks += std::max<qsizetype>(0, m_widths[i] - widthOf(cell)) + gap;
+        begin += m_widths[i] + gap;
     }
     output.line(line);
 }
