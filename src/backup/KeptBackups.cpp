@@ -2,8 +2,8 @@
 
 #include "backup/KeptBackups.h"
 
+#include "backup/Archive.h"
 #include "backup/CollectionBackup.h"
-#include "files/ProgramFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,8 +19,10 @@ namespace {
 
 constexpr std::size_t newestKept = 10;
 
+const QString folderName = u"backups"_s;
 const QString momentForm = u"yyyy-MM-dd HHmmss"_s;
 const QString ending = u".tar.zst"_s;
+const QString unfinishedEnding = ArchiveWriter::unfinishedName({});
 
 /// The moment that the name of a backup says; invalid for any other file.
 QDateTime momentOf(const QString& fileName)
@@ -31,7 +33,7 @@ QDateTime momentOf(const QString& fileName)
 
 } // namespace
 
-KeptBackups::KeptBackups(const ProgramFolder& folder) : m_folder(folder.root() + u"/backups"_s) {}
+KeptBackups::KeptBackups(const ProgramFolder& folder) : m_folder(folder.collection() + u'/' + folderName) {}
 
 std::vector<KeptBackups::Kept> KeptBackups::list() const
 {
@@ -44,15 +46,33 @@ std::vector<KeptBackups::Kept> KeptBackups::list() const
     return backups;
 }
 
-void KeptBackups::add(const QString& database, const ProgramFolder& folder, const QDateTime& now) const
+std::unique_ptr<SteppedWork> KeptBackups::work(const QString& database, const ProgramFolder& folder,
+                                               const QDateTime& now) const
 {
     QDir().mkpath(m_folder); // if it fails, so does the backup, with the system's reason
     const QString name = QFileInfo(database).completeBaseName() + u' ' + now.toString(momentForm) + ending;
-    CollectionBackup work(database, folder, m_folder + u'/' + name, now, BackupContents::DatabaseAlone);
-    while (work.step()) {
-    }
+    return std::make_unique<CollectionBackup>(database, folder, m_folder + u'/' + name, now,
+                                              BackupContents::DatabaseAlone);
+}
+
+void KeptBackups::tidy() const
+{
     for (const Kept& old : dispensable(list()))
         QFile::remove(old.file);
+    for (const QFileInfo& entry : QDir(m_folder).entryInfoList(QDir::Files | QDir::NoSymLinks)) {
+        const QString name = entry.fileName();
+        if (name.endsWith(unfinishedEnding) && momentOf(name.chopped(unfinishedEnding.size())).isValid())
+            ArchiveWriter::clearLeftOver(entry.filePath().chopped(unfinishedEnding.size()));
+    }
+    QDir().rmdir(m_folder); // fails if it holds a backup
+}
+
+void KeptBackups::add(const QString& database, const ProgramFolder& folder, const QDateTime& now) const
+{
+    const auto adding = work(database, folder, now);
+    while (adding->step()) {
+    }
+    tidy();
 }
 
 std::vector<KeptBackups::Kept> KeptBackups::dispensable(const std::vector<Kept>& backups)
@@ -65,4 +85,20 @@ std::vector<KeptBackups::Kept> KeptBackups::dispensable(const std::vector<Kept>&
         if (i >= newestKept && !isLastOfMonth) others.push_back(backups[i]);
     }
     return others;
+}
+
+std::optional<ProgramFolder> KeptBackups::keeperOf(const QString& backup)
+{
+    const QDir place = QFileInfo(backup).absoluteDir();
+    if (place.dirName().compare(folderName, Qt::CaseInsensitive) != 0) return std::nullopt;
+    const QString around = QFileInfo(place.path()).path();
+    const auto isThere = [](const ProgramFolder& folder) {
+        return QFileInfo(folder.folderPath(ProgramFolders::documents)).isDir() ||
+               QFileInfo(folder.folderPath(ProgramFolders::organizationCharts)).isDir();
+    };
+    for (const ProgramFolder& folder :
+         {ProgramFolder(around), ProgramFolder({}).ofDatabase(around + u"/x"_s)}) {
+        if (isThere(folder)) return folder;
+    }
+    return std::nullopt;
 }

@@ -2,12 +2,16 @@
 
 #pragma once
 
+#include "files/ProgramFolder.h"
+
 #include <QDateTime>
 #include <QString>
 
+#include <memory>
+#include <optional>
 #include <vector>
 
-class ProgramFolder;
+class SteppedWork;
 
 /// The backups of its database that a collection keeps by itself, in a folder `backups` beside its `data`.
 class KeptBackups
@@ -27,13 +31,25 @@ public:
     /// The newest first. Files of other names are not listed and never touched.
     [[nodiscard]] std::vector<Kept> list() const;
 
-    /// Adds a backup of the database, and removes those that are kept no longer. Throws Error if the backup
-    /// cannot be made; those that are there are then as they were.
+    /// The work that adds a backup of the database in `folder`; `tidy` follows once it is done. Throws Error
+    /// if it cannot begin. If it fails or is given up, the backups are as they were.
+    [[nodiscard]] std::unique_ptr<SteppedWork> work(const QString& database, const ProgramFolder& folder,
+                                                    const QDateTime& now) const;
+
+    /// Removes the backups that are kept no longer, what a killed program left of others, and the folder if
+    /// it is empty. Never fails.
+    void tidy() const;
+
+    /// Adds a backup of the database without a window, and tidies. Throws Error as `work` and its steps do.
     void add(const QString& database, const ProgramFolder& folder, const QDateTime& now) const;
 
-    /// Which of these are kept: the newest ten, and the last one of each month. `backups` are the newest
-    /// first.
+    /// Those of `backups`, the newest first, that are kept no longer: all but the newest ten and the last one
+    /// of each month.
     [[nodiscard]] static std::vector<Kept> dispensable(const std::vector<Kept>& backups);
+
+    /// The collection that keeps a backup, judged by the place of its file; std::nullopt if it lies
+    /// elsewhere.
+    [[nodiscard]] static std::optional<ProgramFolder> keeperOf(const QString& backup);
 
 private:
     QString m_folder;

@@ -154,7 +154,7 @@ TEST_F(Backup, AHostileArchiveReachesNothingOutside)
         {"i = zipfile.ZipInfo('Rivers/data/documents/link'); i.create_system = 3; "
          "i.external_attr = 0o120777 << 16; z.writestr(i, '/etc/passwd')",
          "tampered"},
-        {"z.writestr('Rivers/data/documents/2.PDF', 'x')", "twice"},
+        {"z.writestr('Rivers/data/documents/2.pdf', 'x')", "twice"},
         {"z.writestr('Rivers/data/documents/9.pdf', 'x')", "not on its list"},
         {"z.writestr('Rivers/data/documents/9.pdf', bytes(400 * 1024 * 1024), zipfile.ZIP_DEFLATED)",
          "far more"},
