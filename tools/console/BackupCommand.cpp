@@ -4,10 +4,10 @@
 #include "Command.h"
 #include "ConsoleWorks.h"
 #include "JsonWriter.h"
+#include "ManifestOutput.h"
 #include "Output.h"
 #include "backup/Archive.h"
 #include "backup/CollectionBackup.h"
-#include "files/FolderList.h"
 #include "util/Error.h"
 
 #include <QDateTime>
@@ -22,38 +22,6 @@ namespace console {
 
 namespace {
 
-FolderList::Amount amountOf(const Manifest& manifest)
-{
-    FolderList::Amount amount{static_cast<int>(manifest.files.size()), 0};
-    for (const Manifest::File& file : manifest.files)
-        amount.bytes += file.size;
-    return amount;
-}
-
-void writeText(const QString& archive, const Manifest& manifest, Output& output)
-{
-    const FolderList::Amount amount = amountOf(manifest);
-    output.line(u"Backed up: %1"_s.arg(archive));
-    output.line(u"Files: %1 (%2)"_s.arg(amount.files).arg(amount.sizeText()));
-}
-
-void writeJson(const QString& archive, const Manifest& manifest, Output& output)
-{
-    const FolderList::Amount amount = amountOf(manifest);
-    JsonWriter json(output.text());
-    json.beginObject();
-    json.member(u"archive", archive);
-    json.member(u"files", amount.files);
-    json.member(u"bytes", amount.bytes);
-    json.name(u"rows");
-    json.beginObject();
-    for (auto table = manifest.rows.begin(); table != manifest.rows.end(); ++table)
-        json.member(table.key(), *table);
-    json.endObject();
-    json.endObject();
-    json.finish();
-}
-
 ExitStatus run(const Invocation& called, Output& output)
 {
     const QString database = databaseOf(called.operands[0]);
@@ -66,8 +34,17 @@ ExitStatus run(const Invocation& called, Output& output)
     ConsoleWorks works;
     CollectionBackup backup(database, folderOf(database), archive, QDateTime::currentDateTime());
     if (!works.run(backup)) ConsoleWorks::stop();
-    called.isJson ? writeJson(archive, backup.manifest(), output)
-                  : writeText(archive, backup.manifest(), output);
+    if (called.isJson) {
+        JsonWriter json(output.text());
+        json.beginObject();
+        json.member(u"archive", archive);
+        writeAmount(backup.manifest(), json);
+        json.endObject();
+        json.finish();
+    } else {
+        output.line(u"Backed up: "_s + archive);
+        writeAmount(backup.manifest(), output);
+    }
     return ExitStatus::Done;
 }
 

@@ -60,6 +60,7 @@ void writeJson(const QString& database, const CollectionCheck& check, Output& ou
         json.member(u"title", checkCaption(result.topic));
         json.member(u"done", result.isDone && result.hindrance.isEmpty());
         if (!result.hindrance.isEmpty()) json.member(u"hindrance", result.hindrance);
+        if (!result.remark.isEmpty()) json.member(u"remark", result.remark);
         json.name(u"findings");
         json.beginArray();
         for (const Finding& finding : result.findings)
@@ -90,6 +91,7 @@ void writeText(const CollectionCheck& check, Output& output)
             output.line(u"    "_s + finding.text +
                         (about.isEmpty() ? QString() : u" (%1)"_s.arg(about.join(u", "_s))));
         }
+        if (!result.remark.isEmpty()) output.line(u"    "_s + result.remark);
     }
 }
 
@@ -98,7 +100,8 @@ ExitStatus run(const Invocation& called, Output& output)
     const QString database = databaseOf(called.operands[0]);
     ConsoleWorks works;
     CollectionCheck check(database, folderOf(database),
-                          called.has(filesOption) ? CheckScope::StructureAndFiles : CheckScope::Structure);
+                          called.has(filesOption) ? CheckScope::StructureAndFiles : CheckScope::Structure,
+                          CollectionCheck::notesOf(database));
     if (!works.run(check)) ConsoleWorks::stop();
     called.isJson ? writeJson(database, check, output) : writeText(check, output);
     return check.isSound() ? ExitStatus::Done : ExitStatus::Findings;

@@ -4,6 +4,7 @@
 
 #include "Output.h"
 #include "platform/SteppedWork.h"
+#include "platform/WorkRate.h"
 #include "util/Error.h"
 
 #include <array>
@@ -76,12 +77,17 @@ void ConsoleWorks::stop()
 
 bool ConsoleWorks::run(SteppedWork& work)
 {
+    QElapsedTimer begun;
+    begun.start();
+    WorkRate rate;
     while (!isInterrupted()) {
         if (!work.step()) {
             clear();
             return true;
         }
-        show(work.text(), work.percent());
+        if (!m_isTerminal) continue;
+        if (const auto bytes = work.bytes()) rate.note(begun.elapsed(), *bytes);
+        show(rate.text().isEmpty() ? work.text() : rate.text(), work.percent());
     }
     while (work.undoStep())
         ;
