@@ -111,10 +111,17 @@ TEST_F(CollectionCommands, AnInterruptionLeavesNoTrace)
 
     ASSERT_EQ(run({u"backup"_s, u"Rivers"_s, u"a.zip"_s}).status, 0);
     const QStringList withArchive = collections.everything();
-    const ToolRun restore = runUntil({u"restore"_s, u"a.zip"_s, u"New"_s}, u"New.new"_s);
-    EXPECT_EQ(restore.status, 2);
-    EXPECT_EQ(restore.error, error);
-    EXPECT_EQ(collections.everything(), withArchive);
+    const std::pair<QStringList, QString> cases[] = {
+        {{u"restore"_s, u"a.zip"_s, u"New"_s}, u"New.new"_s},
+        {{u"restore"_s, u"a.zip"_s, u"Far/away/New"_s}, u"Far"_s},
+        {{u"import"_s, QStringLiteral(ORVIK_ACCESS_FILES "/large.mdb"), u"New"_s}, u"New.new"_s}};
+    for (const auto& [arguments, begun] : cases) {
+        SCOPED_TRACE(arguments.join(u' ').toStdString());
+        const ToolRun result = runUntil(arguments, begun);
+        EXPECT_EQ(result.status, 2);
+        EXPECT_EQ(result.error, error);
+        EXPECT_EQ(collections.everything(), withArchive);
+    }
 }
 
 TEST_F(CollectionCommands, AnAccessFileBecomesACollectionWithTheFilesBesideIt)

@@ -5,6 +5,7 @@
 #include "console/Tool.h"
 #include "data/DatabaseSession.h"
 #include "search/SearchResults.h"
+#include "support/TestFiles.h"
 #include "views/StandardQueries.h"
 
 #include <QJsonArray>
@@ -168,6 +169,24 @@ TEST_F(ReadingCommands, TellOfADamagedDatabase)
     EXPECT_EQ(check.status, 1);
     EXPECT_EQ(check.json()[u"sound"_s], false);
     EXPECT_EQ(run(u"list Rivers documents"_s).status, 2);
+}
+
+TEST_F(ReadingCommands, LeaveAChangeAloneThatWasNeverFinished)
+{
+    const QString file = collections.path(u"Rivers/data/rivers.sqlite"_s);
+    SQLite::Database writer(file.toStdString(), SQLite::OPEN_READWRITE);
+    writer.exec("PRAGMA cache_size = 1; BEGIN; UPDATE Document SET Notes = hex(zeroblob(5000));"
+                "UPDATE Event SET Notes = hex(zeroblob(5000))");
+    const QString killed = collections.path(u"Killed/data/rivers.sqlite"_s);
+    writeFile(killed, contentOf(file));
+    writeFile(killed + u"-journal"_s, contentOf(file + u"-journal"_s));
+    const QStringList before = collections.everything();
+    const ToolRun list = run(u"list Killed documents"_s);
+    EXPECT_EQ(list.status, 2);
+    EXPECT_TRUE(
+        list.error.startsWith(u"orvik-tool: A change of the database was begun and never finished."_s));
+    EXPECT_EQ(run(u"check Killed"_s).status, 1);
+    EXPECT_EQ(collections.everything(), before);
 }
 
 TEST_F(ReadingCommands, FailIfTheOutputDoes)
