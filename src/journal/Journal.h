@@ -52,6 +52,10 @@ namespace Journal {
 /// which the row belongs; a step that something else has come after is begun anew.
 void append(DatabaseSession& session, const QDateTime& moment, const JournalEntry& entry, JournalStep& step);
 
+/// Adds a row that belongs to no step: what it tells is not taken back, and neither Undo nor Redo sees it. To
+/// be called as `append` is.
+void note(DatabaseSession& session, const QDateTime& moment, const JournalEntry& entry);
+
 /// The largest identifier that a record, or an entry of a list, of that table has ever had, as far as the
 /// journal knows; 0 if it knows of none. Identifiers are not given twice, so that none inherits the past of
 /// another one.
