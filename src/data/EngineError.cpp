@@ -34,14 +34,9 @@ QString hindranceOf(int code, const QString& path)
     return {};
 }
 
-/// `code` is the extended one.
 QString describe(int code, const char* message)
 {
-    if (code == SQLITE_READONLY_ROLLBACK)
-        return DataTexts::tr("A change of the database was begun and never finished. It is undone when the "
-                             "database is opened for writing; before that, it cannot be read.");
-    if ((code & primaryCodeMask) == SQLITE_INTERRUPT)
-        return DataTexts::tr("The statement took too long and was stopped.");
+    if (code == SQLITE_INTERRUPT) return DataTexts::tr("The statement took too long and was stopped.");
     return QString::fromUtf8(message);
 }
 
@@ -56,12 +51,16 @@ void throwEngineError(sqlite3* database)
         const QString hindrance = hindranceOf(code, path);
         if (!hindrance.isEmpty()) throw Error(primary, hindrance);
     }
-    throw Error(primary, describe(code, sqlite3_errmsg(database)));
+    throw Error(primary, describe(primary, sqlite3_errmsg(database)));
 }
 
 void throwEngineError(const SQLite::Exception& exception)
 {
-    const int code = exception.getErrorCode();
-    const int extended = exception.getExtendedErrorCode(); // negative if the wrapper itself complains
-    throw Error(code & primaryCodeMask, describe(extended < 0 ? code : extended, exception.what()));
+    if (exception.getExtendedErrorCode() == SQLITE_READONLY_ROLLBACK) {
+        throw Error(SQLITE_READONLY,
+                    DataTexts::tr("A change of the database was begun and never finished. It is undone when "
+                                  "the database is opened for writing; before that, it cannot be read."));
+    }
+    const int primary = exception.getErrorCode() & primaryCodeMask;
+    throw Error(primary, describe(primary, exception.what()));
 }
