@@ -56,6 +56,11 @@ void throwEngineError(sqlite3* database)
 
 void throwEngineError(const SQLite::Exception& exception)
 {
+    if (exception.getExtendedErrorCode() == SQLITE_READONLY_ROLLBACK) {
+        throw Error(SQLITE_READONLY,
+                    DataTexts::tr("A change of the database was begun and never finished. It is undone when "
+                                  "the database is opened for writing; before that, it cannot be read."));
+    }
     const int primary = exception.getErrorCode() & primaryCodeMask;
     throw Error(primary, describe(primary, exception.what()));
 }

@@ -30,9 +30,19 @@ QString collectionName(const QString& file)
     return name.isEmpty() ? OpeningTexts::tr("Collection") : name;
 }
 
-/// The folders beside a database that hold files of its records.
-FolderList foldersBeside(const ProgramFolder& folder)
+/// What the records of a database name that is not in the folders beside it.
+QStringList missingIn(const QString& database)
 {
+    DatabaseSession session;
+    session.open(database);
+    return MissingFiles::count(session, ProgramFolder(QString()).ofDatabase(database)).lines();
+}
+
+} // namespace
+
+FolderList CollectionMaker::filesBeside(const ProgramFolder& home, const QString& file)
+{
+    const ProgramFolder folder = home.ofDatabase(file);
     FolderList list;
     const std::pair<QString, const char*> folders[] = {
         {folder.folderPath(ProgramFolders::documents), "documents"},
@@ -43,39 +53,43 @@ FolderList foldersBeside(const ProgramFolder& folder)
     return list;
 }
 
-} // namespace
-
 std::optional<QString> CollectionMaker::make(const QString& file)
 {
-    FolderList files = foldersBeside(m_home.ofDatabase(file));
+    FolderList files = filesBeside(m_home, file);
     if (!m_works.run(files)) return std::nullopt;
     const bool takesFiles = files.amount().files > 0 && mayBringAlong(file, files);
-    const bool isAccess = kindOfDatabaseFile(file) == DatabaseFileKind::Access;
-    const QString name = isAccess ? AccessConversion::databaseName(file) : VersionCopies::originalName(file);
-
     UnfinishedCollection::clearLeftOver(m_place);
     UnfinishedCollection collection(m_place, collectionName(file));
+    const auto made = complete(m_works, m_converter, file, takesFiles ? &files : nullptr, collection);
+    if (!made) return std::nullopt;
+    if (!made->report.isEmpty())
+        m_messages.show(AccessConversion::message(file, made->database, made->report.join(u'\n')));
+    return made->database;
+}
+
+std::optional<CollectionMaker::Made> CollectionMaker::complete(WorkRunner& works,
+                                                               DatabaseConverter& converter,
+                                                               const QString& file, const FolderList* files,
+                                                               UnfinishedCollection& collection)
+{
+    const bool isAccess = kindOfDatabaseFile(file) == DatabaseFileKind::Access;
+    const QString name = isAccess ? AccessConversion::databaseName(file) : VersionCopies::originalName(file);
     const QString unfinished = collection.dataFolder() + name;
-    std::optional<ImportReport> report;
+    Made made{collection.target() + name, {}};
     if (isAccess) {
-        report = AccessConversion::run(m_converter, file, unfinished, false);
+        const auto report = AccessConversion::run(converter, file, unfinished, false);
         if (!report) return std::nullopt;
+        made.report << report->text();
     } else {
         copyDatabase(file, unfinished);
     }
-    if (takesFiles) {
-        FolderCopy copy(files, collection.dataFolder());
-        if (!m_works.run(copy)) return std::nullopt;
+    if (files != nullptr) {
+        FolderCopy copy(*files, collection.dataFolder());
+        if (!works.run(copy)) return std::nullopt;
     }
-    const QStringList missing = isAccess ? missingIn(unfinished) : QStringList();
+    if (isAccess) made.report << missingIn(unfinished);
     collection.complete();
-
-    const QString database = collection.target() + name;
-    if (isAccess) {
-        const QStringList lines = QStringList(report->text()) + missing;
-        m_messages.show(AccessConversion::message(file, database, lines.join(u'\n')));
-    }
-    return database;
+    return made;
 }
 
 bool CollectionMaker::mayBringAlong(const QString& file, const FolderList& files)
@@ -104,12 +118,4 @@ bool CollectionMaker::mayBringAlong(const QString& file, const FolderList& files
             : OpeningTexts::tr(
                   "Do you want to copy them into the new collection? The originals stay unchanged.");
     return m_messages.ask(found + QStringLiteral("\n\n") + question, Question::Harmless);
-}
-
-/// What the records of a database name that is not in the folders beside it.
-QStringList CollectionMaker::missingIn(const QString& database) const
-{
-    DatabaseSession session;
-    session.open(database);
-    return MissingFiles::count(session, m_home.ofDatabase(database)).lines();
 }

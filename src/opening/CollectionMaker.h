@@ -11,6 +11,7 @@ class DatabaseConverter;
 class FolderList;
 class Messages;
 class ProgramFolder;
+class UnfinishedCollection;
 class WorkRunner;
 
 /// Makes a collection of its own of an Access file or a database of the program that lies elsewhere. The
@@ -33,9 +34,25 @@ public:
     /// Returns the database in the new collection; std::nullopt if the user changed their mind. Throws Error.
     [[nodiscard]] std::optional<QString> make(const QString& file);
 
+    /// What was made of a file.
+    struct Made
+    {
+        QString database;
+        QStringList report; ///< what the user should know of its conversion; empty if there was none
+    };
+
+    /// The files beside a database or an Access file, which are still to be listed.
+    [[nodiscard]] static FolderList filesBeside(const ProgramFolder& home, const QString& file);
+
+    /// Makes the collection that was begun of a file and of those beside it, without a word to the user;
+    /// `files` is null to leave them where they are. Returns std::nullopt if the user cancelled it. Throws
+    /// Error.
+    [[nodiscard]] static std::optional<Made> complete(WorkRunner& works, DatabaseConverter& converter,
+                                                      const QString& file, const FolderList* files,
+                                                      UnfinishedCollection& collection);
+
 private:
     [[nodiscard]] bool mayBringAlong(const QString& file, const FolderList& files);
-    [[nodiscard]] QStringList missingIn(const QString& database) const;
 
     Messages& m_messages;
     WorkRunner& m_works;

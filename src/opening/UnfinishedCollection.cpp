@@ -53,7 +53,8 @@ std::unique_ptr<QLockFile> markOf(const QString& folder)
 UnfinishedCollection::UnfinishedCollection(const QString& place, const QString& name)
     : UnfinishedCollection(QDir::cleanPath(place))
 {
-    m_madePlace = !QFileInfo::exists(m_place);
+    for (QString path = m_place; !QFileInfo::exists(path); path = QFileInfo(path).path())
+        m_madeFolders << path;
     makeFolders(m_place);
     takeName(name);
     makeFolders(dataFolder());
@@ -62,7 +63,8 @@ UnfinishedCollection::UnfinishedCollection(const QString& place, const QString& 
 UnfinishedCollection::~UnfinishedCollection()
 {
     removeWork();
-    if (m_madePlace) QDir().rmdir(m_place); // fails if it holds the collection
+    for (const QString& made : std::as_const(m_madeFolders))
+        QDir().rmdir(made); // fails if it holds the collection
 }
 
 /// Takes the first name that is free, whatever the letter case of the names there, by making the folder

@@ -2,10 +2,10 @@
 
 #pragma once
 
+#include "opening/ConverterOutput.h"
 #include "opening/DatabaseConverter.h"
 #include "platform/ProgressWindow.h"
 
-#include <QByteArray>
 #include <QProcess>
 
 /// Shows the progress of the conversion of an Access file, and lets the user cancel it. A process of its own
@@ -26,12 +26,12 @@ public:
 
 private:
     void readOutput();
-    void finish(int status, QProcess::ExitStatus exit);
+    void finish();
     void fail(QProcess::ProcessError error);
 
     QString m_tool;
     QProcess m_process;
-    QByteArray m_rest; ///< of the output: a line without its end
+    ConverterOutput m_output;
     DatabaseConverter::Result m_result;
     bool m_cancelled = false;
 };

@@ -4,14 +4,10 @@
 
 #include "util/Logging.h"
 
-#include <QCryptographicHash>
 #include <QDeadlineTimer>
-#include <QDir>
 #include <QFileInfo>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QLockFile>
-#include <QStandardPaths>
 #include <QThread>
 #include <QTimer>
 
@@ -22,7 +18,6 @@ namespace {
 constexpr int callPatience = 5000;    ///< milliseconds for a call and its answer
 constexpr int callerPatience = 5000;  ///< milliseconds until a caller who says nothing is sent away
 constexpr int pauseBetweenCalls = 20; ///< milliseconds
-constexpr int shortNameLength = 16;
 constexpr auto heardProperty = "heard";
 const QByteArray taken = "taken\n";
 
@@ -33,11 +28,6 @@ QString socketOf(const QString& door)
 #else
     return door;
 #endif
-}
-
-QString lockOf(const QString& door)
-{
-    return door + QStringLiteral(".lock");
 }
 
 /// Hands a message to the window behind a door; false if nobody is there or nobody answers in time.
@@ -58,47 +48,43 @@ bool deliver(const QString& door, const QByteArray& message, const QDeadlineTime
 /// The lock says which process has the door; the socket behind it can be made anew by that one alone.
 struct DesktopOtherWindows::Door
 {
-    explicit Door(QString door) : name(std::move(door)), lock(lockOf(name))
+    explicit Door(WindowDoor own) : door(std::move(own))
     {
-        lock.setStaleLockTime(0);
         server.setSocketOptions(QLocalServer::UserAccessOption);
     }
 
-    QString name;
-    QLockFile lock;
+    WindowDoor door;
     QLocalServer server;
 };
 
 DesktopOtherWindows::DesktopOtherWindows() = default;
 DesktopOtherWindows::~DesktopOtherWindows() = default;
 
-/// Where the door of a database is; empty if there is no such file or no place for doors.
-QString DesktopOtherWindows::doorOf(const QString& database)
+WindowDoor DesktopOtherWindows::doorOf(const QString& database)
 {
-    // the user's own folder; asked for once, since Qt warns each time if the session has named none
-    if (m_folder.isNull()) m_folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    const QString file = QFileInfo(database).canonicalFilePath();
-    if (file.isEmpty() || m_folder.isEmpty()) return {};
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    hash.addData(m_folder.toUtf8() + '\0' + file.toUtf8());
-    // the whole of it would make the path longer than a socket's may be
-    const QString name =
-        QStringLiteral("orvik-database-") + QString::fromLatin1(hash.result().toHex().first(shortNameLength));
-    return QDir(m_folder).filePath(name);
+    if (m_folder.isNull()) m_folder = WindowDoor::folder();
+    return {m_folder, database};
+}
+
+bool DesktopOtherWindows::isOwn(const WindowDoor& door) const
+{
+    return m_door && m_door->door.name() == door.name();
 }
 
 bool DesktopOtherWindows::listen(const QString& database)
 {
-    const QString name = doorOf(database);
-    if (m_door && m_door->name == name) return true;
+    WindowDoor wanted = doorOf(database);
+    if (isOwn(wanted)) return true;
+    const QString name = wanted.name();
     if (name.isEmpty()) {
         m_door.reset();
         return true;
     }
-    auto door = std::make_unique<Door>(name);
-    if (!door->lock.tryLock(0) && door->lock.error() == QLockFile::LockFailedError) return false;
+    const bool isTaken = wanted.take();
+    if (wanted.isOfAnother()) return false;
     m_door.reset();
-    if (!door->lock.isLocked()) return true;
+    if (!isTaken) return true;
+    auto door = std::make_unique<Door>(std::move(wanted));
     QLocalServer::removeServer(socketOf(name));
     if (!door->server.listen(socketOf(name))) {
         qCInfo(startLog).noquote() << "no other start can reach this window:" << door->server.errorString();
@@ -111,16 +97,15 @@ bool DesktopOtherWindows::listen(const QString& database)
 
 bool DesktopOtherWindows::call(const QString& database, const WindowCall& what)
 {
-    const QString name = doorOf(database);
-    if (name.isEmpty() || (m_door && m_door->name == name)) return false;
+    const WindowDoor wanted = doorOf(database);
+    if (wanted.name().isEmpty() || isOwn(wanted)) return false;
     const QDeadlineTimer patience(callPatience);
     const QByteArray message = what.message();
     do {
-        QLockFile lock(lockOf(name));
-        lock.setStaleLockTime(0);
-        const bool isNobodyThere = lock.tryLock(0) || lock.error() != QLockFile::LockFailedError;
-        if (isNobodyThere) return false;
-        if (deliver(name, message, patience)) return true;
+        WindowDoor door = doorOf(database);
+        door.take();
+        if (!door.isOfAnother()) return false;
+        if (deliver(wanted.name(), message, patience)) return true;
         // the other process may have the lock and not the socket yet
         QThread::msleep(pauseBetweenCalls);
     } while (!patience.hasExpired());

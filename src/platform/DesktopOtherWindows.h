@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/OtherWindows.h"
+#include "platform/WindowDoor.h"
 
 #include <QObject>
 
@@ -28,7 +29,8 @@ public:
 private:
     struct Door;
 
-    [[nodiscard]] QString doorOf(const QString& database);
+    [[nodiscard]] WindowDoor doorOf(const QString& database);
+    [[nodiscard]] bool isOwn(const WindowDoor& door) const;
     void answer();
     void read(QLocalSocket& caller);
     void receive(const WindowCall& call);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "platform/DesktopOtherWindows.h"
+#include "platform/WindowDoor.h"
 #include "support/TestFiles.h"
 
 #include <QCoreApplication>
@@ -60,6 +61,21 @@ protected:
     DesktopOtherWindows window;
     std::vector<WindowCall> heard;
 };
+
+TEST_F(OtherWindowsTest, AProgramWithoutAWindowHasTheDoorOrTheWindowHasIt)
+{
+    ASSERT_TRUE(window.listen(notes()));
+    WindowDoor door(WindowDoor::folder(), QFileInfo(notes()).path() + u"/link.sqlite"_s);
+    EXPECT_FALSE(door.take());
+    EXPECT_TRUE(door.isOfAnother());
+    {
+        WindowDoor other(WindowDoor::folder(), floods());
+        EXPECT_TRUE(other.take());
+        EXPECT_FALSE(window.listen(floods()));
+    }
+    EXPECT_TRUE(window.listen(floods()));
+    EXPECT_TRUE(door.take()) << "the window has gone on to another database";
+}
 
 TEST_F(OtherWindowsTest, ACallReachesTheWindowOfItsDatabaseAlone)
 {
