@@ -5,6 +5,7 @@
 #include "backup/BackupTexts.h"
 #include "backup/CollectionBackup.h"
 #include "data/DatabaseSession.h"
+#include "files/DatabaseFile.h"
 #include "journal/Journal.h"
 #include "platform/Clock.h"
 #include "platform/Messages.h"
@@ -18,14 +19,26 @@ namespace {
 
 constexpr qint64 fewRecords = 10;
 
-/// A backup that nobody asked for tells why it is made.
-class ExplainedBackup final : public SteppedWork
+/// A backup that nobody asked for tells why it is made. Of a damaged database none is made: it would push out
+/// one from before the damage.
+class UnaskedBackup final : public SteppedWork
 {
 public:
     /// The backup must outlive it.
-    ExplainedBackup(SteppedWork& backup, QString remark) : m_backup(backup), m_remark(std::move(remark)) {}
+    UnaskedBackup(SteppedWork& backup, QString database, QString remark)
+        : m_backup(backup), m_database(std::move(database)), m_remark(std::move(remark))
+    {
+    }
 
-    bool step() override { return m_backup.step(); }
+    bool step() override
+    {
+        if (m_isSound) return m_backup.step();
+        m_isSound = isSound(m_database);
+        if (m_isSound) return true;
+        throw Error(SQLITE_CORRUPT,
+                    BackupTexts::tr("The database is damaged. Navigate, Check Collection… tells "
+                                    "what can be done."));
+    }
     bool undoStep() override { return m_backup.undoStep(); }
     [[nodiscard]] QString title() const override { return m_backup.title(); }
     [[nodiscard]] QString remark() const override { return m_remark; }
@@ -35,7 +48,9 @@ public:
 
 private:
     SteppedWork& m_backup;
+    QString m_database;
     QString m_remark;
+    bool m_isSound = false;
 };
 
 /// Returns why something failed; an empty text if it did not.
@@ -98,7 +113,7 @@ void AutomaticBackups::backUp(const QString& remark, const QString& comfort) con
     const KeptBackups kept(m_folder);
     const QString failure = failureOf([&] {
         const auto backup = kept.work(m_database, m_folder, m_platform.clock.now());
-        ExplainedBackup work(*backup, remark);
+        UnaskedBackup work(*backup, m_database, remark);
         static_cast<void>(m_platform.works.run(work));
     });
     kept.tidy();

@@ -5,6 +5,7 @@
 #include "backup/CollectionBackup.h"
 #include "backup/CollectionRestore.h"
 #include "files/ProgramFolder.h"
+#include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
 #include "support/TestFiles.h"
 
@@ -226,6 +227,30 @@ TEST_F(Backup, OfADatabaseUsedElsewhereStaysBesideIt)
     EXPECT_TRUE(BackupTarget::isInside(stick, path(u"stick/documents/a.zip"_s)));
     EXPECT_TRUE(BackupTarget::isInside(rivers, path(u"link/a.zip"_s)));
     EXPECT_FALSE(BackupTarget::isInside(rivers, path(u"Rivers/a.zip"_s)));
+}
+
+TEST_F(Backup, OfADamagedDatabaseDoesNotPushOutTheOthers)
+{
+    const QString database = data() + u"Rivers.sqlite"_s;
+    const ProgramFolder folder(path(u"Rivers"_s));
+    ScriptedPlatform desktop;
+    const AutomaticBackups backups(desktop.platform(), database, folder);
+    backups.beforeChange(11);
+    // a page that a copy of all pages takes along
+    QByteArray content = contentOf(database);
+    const qsizetype page = TestDatabase::answer(database, u"SELECT rootpage FROM sqlite_master "
+                                                          "WHERE name = 'CityLocations'"_s)
+                               .toInt() -
+                           1;
+    const qsizetype pageSize = TestDatabase::answer(database, u"PRAGMA page_size"_s).toInt();
+    content.replace(page * pageSize, 100, QByteArray(100, 'x'));
+    writeFile(database, content);
+    desktop.clock.moment = desktop.clock.moment.addDays(1);
+    desktop.messages.expectMessageBeginning(
+        u"The database could not be backed up: The database is damaged. "_s);
+    backups.beforeChange(11);
+    ASSERT_EQ(KeptBackups(folder).list().size(), 1U);
+    EXPECT_EQ(KeptBackups(folder).list().front().made, QDateTime(QDate(2005, 6, 15), QTime(12, 0)));
 }
 
 } // namespace

@@ -80,7 +80,7 @@ protected:
 
     void expectRestored(const char* archive, const char* folder, const char* rest)
     {
-        messages().expectMessageBeginning(
+        messages().expectMessage(
             u"%1 was restored into a new collection in the folder %2.\n\nIt holds 2 documents, 1 event, 1 "
             "organization. %3"_s.arg(QString::fromUtf8(archive), path(folder), QString::fromUtf8(rest)));
     }
@@ -142,7 +142,9 @@ TEST_F(BackupCommandsJourney, MakeANewCollectionOfAnArchive)
     EXPECT_EQ(entries(""), "Rivers|archives|data|test.sqlite") << "nothing is left";
     EXPECT_EQ(journey.program->state().session.fileName(), path("Rivers/data/Rivers.sqlite"));
 
-    expectRestored("mine.tar.zst", "Rivers 2", "3 files were compared with what was backed up on ");
+    expectRestored(
+        "mine.tar.zst", "Rivers 2",
+        "3 files were compared and are as they were when they were backed up, on 06/15/2005 at 12:00.");
     restore(path("archives/mine.tar.zst"));
     EXPECT_EQ(journey.program->state().session.fileName(), path("Rivers 2/data/Rivers.sqlite"));
     EXPECT_FALSE(journey.program->state().session.isReadOnly());

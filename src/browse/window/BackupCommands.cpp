@@ -17,6 +17,7 @@
 #include "platform/Procedure.h"
 #include "platform/WorkRunner.h"
 #include "state/ProgramState.h"
+#include "util/DateTimeText.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -105,13 +106,15 @@ void BackupCommands::restore()
 QString BackupCommands::restoredText(const QString& archive, const Manifest& manifest) const
 {
     const int count = static_cast<int>(manifest.files.size());
-    const QString files = count == 1
-                              ? tr("1 file was compared with what was backed up on %1.")
-                              : tr("%n files were compared with what was backed up on %1.", nullptr, count);
+    const QDateTime made = manifest.made.toLocalTime();
+    const QString files =
+        count == 1 ? tr("1 file was compared and is as it was when it was backed up, on %1 at %2.")
+                   : tr("%n files were compared and are as they were when they were backed up, on %1 at %2.",
+                        nullptr, count);
     return tr("%1 was restored into a new collection in the folder %2.\n\nIt holds %3. %4")
         .arg(QFileInfo(archive).fileName(), QDir::toNativeSeparators(m_state.folder.root()),
              AboutText::records(m_state.session),
-             files.arg(QLocale().toString(manifest.made.toLocalTime(), QLocale::LongFormat)));
+             files.arg(DateTimeText::programDate(made.date()), DateTimeText::programTime(made.time())));
 }
 
 void BackupCommands::backUpChanges()
