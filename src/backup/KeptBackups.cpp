@@ -4,6 +4,7 @@
 
 #include "backup/Archive.h"
 #include "backup/CollectionBackup.h"
+#include "util/FileAccess.h"
 
 #include <QDir>
 #include <QFile>
@@ -46,6 +47,11 @@ std::vector<KeptBackups::Kept> KeptBackups::list() const
     return backups;
 }
 
+bool KeptBackups::canBeAdded() const
+{
+    return isWritable(QFileInfo::exists(m_folder) ? m_folder : QFileInfo(m_folder).path());
+}
+
 std::unique_ptr<SteppedWork> KeptBackups::work(const QString& database, const ProgramFolder& folder,
                                                const QDateTime& now) const
 {
@@ -55,9 +61,11 @@ std::unique_ptr<SteppedWork> KeptBackups::work(const QString& database, const Pr
                                               BackupContents::DatabaseAlone);
 }
 
-void KeptBackups::tidy() const
+void KeptBackups::tidy(const QDateTime& now) const
 {
-    for (const Kept& old : dispensable(list()))
+    std::vector<Kept> past = list();
+    std::erase_if(past, [&now](const Kept& backup) { return backup.made > now; });
+    for (const Kept& old : dispensable(past))
         QFile::remove(old.file);
     for (const QFileInfo& entry : QDir(m_folder).entryInfoList(QDir::Files | QDir::NoSymLinks)) {
         const QString name = entry.fileName();
@@ -72,7 +80,7 @@ void KeptBackups::add(const QString& database, const ProgramFolder& folder, cons
     const auto adding = work(database, folder, now);
     while (adding->step()) {
     }
-    tidy();
+    tidy(now);
 }
 
 std::vector<KeptBackups::Kept> KeptBackups::dispensable(const std::vector<Kept>& backups)

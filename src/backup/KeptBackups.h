@@ -31,14 +31,18 @@ public:
     /// The newest first. Files of other names are not listed and never touched.
     [[nodiscard]] std::vector<Kept> list() const;
 
+    /// Whether this process may write to the folder, or make it.
+    [[nodiscard]] bool canBeAdded() const;
+
     /// The work that adds a backup of the database in `folder`; `tidy` follows once it is done. Throws Error
     /// if it cannot begin. If it fails or is given up, the backups are as they were.
     [[nodiscard]] std::unique_ptr<SteppedWork> work(const QString& database, const ProgramFolder& folder,
                                                     const QDateTime& now) const;
 
     /// Removes the backups that are kept no longer, what a killed program left of others, and the folder if
-    /// it is empty. Never fails.
-    void tidy() const;
+    /// it is empty. Never fails. Backups of a time to come stay: the clock was put back since, and what is
+    /// made now must not go before them.
+    void tidy(const QDateTime& now) const;
 
     /// Adds a backup of the database without a window, and tidies. Throws Error as `work` and its steps do.
     void add(const QString& database, const ProgramFolder& folder, const QDateTime& now) const;

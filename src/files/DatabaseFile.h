@@ -51,3 +51,7 @@ private:
 
 /// Makes such a copy at once. Throws Error.
 void copyDatabase(const QString& source, const QString& target);
+
+/// Whether SQLite finds the structure of a database sound. Reads the whole file. Throws Error if it cannot be
+/// read for other reasons.
+[[nodiscard]] bool isSound(const QString& database);

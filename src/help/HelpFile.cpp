@@ -35,7 +35,7 @@ constexpr std::array windowChapters{
     WindowChapter{"frmSearch", HelpChapter::Search},
     WindowChapter{"frmAdvSearch", HelpChapter::AdvancedSearch},
     WindowChapter{"frmImport", HelpChapter::Database},
-    WindowChapter{"frmProgress", HelpChapter::Database},
+    WindowChapter{"frmProgress", HelpChapter::Safety},
     WindowChapter{"frmNewDatabase", HelpChapter::Collections},
     WindowChapter{"frmSettings", HelpChapter::Collections},
     WindowChapter{"frmLists", HelpChapter::Lists},
@@ -107,6 +107,8 @@ QString HelpFile::pageName(HelpChapter chapter)
         return QStringLiteral("files.html");
     case HelpChapter::Database:
         return QStringLiteral("database.html");
+    case HelpChapter::Safety:
+        return QStringLiteral("safe.html");
     case HelpChapter::Keys:
         return QStringLiteral("keys.html");
     }

@@ -18,6 +18,8 @@ constexpr std::array words{std::pair(JournalAction::Add, QStringView(u"add")),
                            std::pair(JournalAction::Restore, QStringView(u"restore")),
                            std::pair(JournalAction::List, QStringView(u"list"))};
 
+const QString momentForm = u"yyyy-MM-dd HH:mm:ss"_s;
+
 /// Gives a step the number of its first row, unless the last row of the journal belongs to it already.
 void begin(JournalStep& step, const std::vector<HeldRow>& last, qint64 number)
 {
@@ -67,6 +69,13 @@ void Journal::note(DatabaseSession& session, const QDateTime& moment, const Jour
         step.redoStep = wholeNumberOf(last.front(), u"RedoStep");
     }
     write(session, step.number, moment, entry, step);
+}
+
+QDateTime Journal::lastMoment(DatabaseSession& session)
+{
+    const auto last = HeldRows(session).read(u"SELECT Moment FROM Journal ORDER BY Number DESC LIMIT 1"_s);
+    if (last.empty()) return {};
+    return QDateTime::fromString(textOf(last.front(), u"Moment"), momentForm);
 }
 
 qint64 Journal::largestIdentifier(DatabaseSession& session, const QString& table)

@@ -56,6 +56,9 @@ void append(DatabaseSession& session, const QDateTime& moment, const JournalEntr
 /// be called as `append` is.
 void note(DatabaseSession& session, const QDateTime& moment, const JournalEntry& entry);
 
+/// When the last row was added, in local time; invalid if there is none.
+[[nodiscard]] QDateTime lastMoment(DatabaseSession& session);
+
 /// The largest identifier that a record, or an entry of a list, of that table has ever had, as far as the
 /// journal knows; 0 if it knows of none. Identifiers are not given twice, so that none inherits the past of
 /// another one.

@@ -96,6 +96,10 @@ void MainCommands::makeActions()
     mnuOpenDatabase =
         add(QStringLiteral("mnuOpenDatabase"), tr("&Open Database…"), QStringLiteral("document-open"),
             QKeySequence::Open, tr("Opens an Access file or another database"));
+    mnuBackUp = add(QStringLiteral("mnuBackUp"), tr("Back &Up…"), QStringLiteral("archive-insert"), {},
+                    tr("Writes the database and its files into one archive"));
+    mnuRestore = add(QStringLiteral("mnuRestore"), tr("Res&tore…"), QStringLiteral("archive-extract"), {},
+                     tr("Makes a new collection of a backup"));
     mnuNavigateSettings = add(QStringLiteral("mnuNavigateSettings"), tr("&Settings…"),
                               QStringLiteral("configure"), QKeySequence(Qt::CTRL | Qt::Key_Comma),
                               tr("Changes how the program starts and what lists look like"));
@@ -176,6 +180,7 @@ void MainCommands::makeMenus()
 
     mnuNavigate = m_window.menuBar()->addMenu(tr("&Navigate"));
     mnuNavigate->setObjectName(QStringLiteral("mnuNavigate"));
+    mnuNavigate->setToolTipsVisible(true);
     mnuNavigate->addActions({mnuNavigateBack, mnuNavigateForward, mnuNavigateHome});
     mnuNavigate->addSeparator();
     mnuHistory = mnuNavigate->addMenu(tr("H&istory"));
@@ -187,6 +192,8 @@ void MainCommands::makeMenus()
     mnuRecentDatabases = mnuNavigate->addMenu(tr("&Recent Databases"));
     mnuRecentDatabases->setObjectName(QStringLiteral("mnuRecentDatabases"));
     mnuRecentDatabases->setToolTipsVisible(true);
+    mnuNavigate->addSeparator();
+    mnuNavigate->addActions({mnuBackUp, mnuRestore});
     mnuNavigate->addSeparator();
     mnuNavigate->addAction(mnuNavigateSettings);
     mnuNavigate->addSeparator();

@@ -33,6 +33,8 @@ public:
     QAction* mnuNavigateHome;
     QAction* mnuNewDatabase;
     QAction* mnuOpenDatabase;
+    QAction* mnuBackUp;
+    QAction* mnuRestore;
     QAction* mnuNavigateSettings;
     QAction* mnuNavigateExit;
     QAction* mnuRecordAdd; ///< of the toolbar: drops down `mnuAddKinds`

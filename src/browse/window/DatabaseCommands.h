@@ -35,6 +35,9 @@ public:
     void newDatabase();
     void lookAtSample();
 
+    /// Opens a database of the program where it is. A failure shows its message under that name.
+    void openInPlace(const QString& procedure, const QString& file);
+
     /// Opens a recent database by its name in the settings. If it is gone, asks whether to forget it.
     void openRecent(const QString& name);
 
@@ -68,7 +71,6 @@ Q_SIGNALS:
 
 private:
     void open(const QString& procedure, const QString& file, const std::function<bool()>& body);
-    void openInPlace(const QString& procedure, const QString& file);
     void settle();
 
     Platform m_platform;
