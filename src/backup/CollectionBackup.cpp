@@ -124,7 +124,6 @@ void CollectionBackup::begin(const fs::path& file, const QString& name)
     const auto size = fs::file_size(file, code);
     FileBlocks::require(code, file);
     m_left = static_cast<qint64>(size);
-    m_hash.reset();
     m_manifest.files.push_back({name, m_left, {}});
     m_writer->begin(m_manifest.collection + u'/' + name, m_left, secondsOf(file));
 }
@@ -146,7 +145,7 @@ bool CollectionBackup::writeBlock()
         ++m_done.files;
         return false;
     }
-    m_hash.addData(QByteArrayView(block.data(), static_cast<qsizetype>(block.size())));
+    m_hash.add(block);
     m_writer->write(block);
     m_left -= static_cast<qint64>(block.size());
     m_done.bytes += static_cast<qint64>(block.size());

@@ -6,8 +6,8 @@
 #include "backup/Manifest.h"
 #include "files/FolderList.h"
 #include "platform/SteppedWork.h"
+#include "util/Sha256.h"
 
-#include <QCryptographicHash>
 #include <QDateTime>
 
 #include <fstream>
@@ -74,7 +74,7 @@ private:
     std::filesystem::path m_path;
     std::ifstream m_source; ///< the file that is being written, if any
     std::string m_buffer;
-    QCryptographicHash m_hash{QCryptographicHash::Sha256};
+    Sha256 m_hash;
     qint64 m_left = 0; ///< bytes of that file
     FolderList::Amount m_done;
     qint64 m_databaseSize = 0;

@@ -91,7 +91,6 @@ void CollectionRestore::begin(const ArchiveReader::Entry& entry)
     m_names.insert(name->toCaseFolded());
     m_name = *name;
     m_isList = m_name == listName;
-    m_hash.reset();
     m_unpacked[m_name] = {};
     if (m_isList) return;
     m_path = fs::path(QFile::encodeName(m_target + u'/' + m_name).toStdString());
@@ -130,7 +129,7 @@ void CollectionRestore::readBlock()
             refuse(BackupTexts::tr("The list of what the backup holds is too long."), m_archiveFile);
         return;
     }
-    m_hash.addData(QByteArrayView(block.data(), static_cast<qsizetype>(block.size())));
+    m_hash.add(block);
     FileBlocks::write(m_file, block, m_path);
 }
 

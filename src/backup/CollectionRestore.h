@@ -5,8 +5,8 @@
 #include "backup/Archive.h"
 #include "backup/Manifest.h"
 #include "platform/SteppedWork.h"
+#include "util/Sha256.h"
 
-#include <QCryptographicHash>
 #include <QMap>
 #include <QSet>
 
@@ -62,7 +62,7 @@ private:
     QString m_name; ///< of the file that is being unpacked; empty between two
     std::filesystem::path m_path;
     std::ofstream m_file;
-    QCryptographicHash m_hash{QCryptographicHash::Sha256};
+    Sha256 m_hash;
     QMap<QString, Unpacked> m_unpacked;
     QSet<QString> m_names; ///< folded, since a system may not tell letter cases apart
     qint64 m_bytes = 0;

@@ -6,6 +6,10 @@
 #include "check/EngineCheck.h"
 #include "util/Error.h"
 
+#include <QCryptographicHash>
+#include <QFileInfo>
+#include <QStandardPaths>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -27,6 +31,8 @@ QString checkName(CheckTopic topic)
         return u"missing-files"_s;
     case CheckTopic::StrayFiles:
         return u"stray-files"_s;
+    case CheckTopic::ChangedRecords:
+        return u"changed-records"_s;
     case CheckTopic::ChangedFiles:
         return u"changed-files"_s;
     }
@@ -50,6 +56,8 @@ QString checkCaption(CheckTopic topic)
         return CheckTexts::tr("Missing files");
     case CheckTopic::StrayFiles:
         return CheckTexts::tr("Files that no record names");
+    case CheckTopic::ChangedRecords:
+        return CheckTexts::tr("Content of the records");
     case CheckTopic::ChangedFiles:
         return CheckTexts::tr("Content of the files");
     }
@@ -57,13 +65,22 @@ QString checkCaption(CheckTopic topic)
 }
 
 CollectionCheck::CollectionCheck(const QString& database, const ProgramFolder& /*folder*/,
-                                 CheckScope /*scope*/)
+                                 CheckScope /*scope*/, const QString& /*notes*/)
 {
     m_checks.push_back(std::make_unique<EngineCheck>(CheckTopic::EngineIntegrity, database));
     m_checks.push_back(std::make_unique<EngineCheck>(CheckTopic::ForeignKeys, database));
 }
 
 CollectionCheck::~CollectionCheck() = default;
+
+QString CollectionCheck::notesOf(const QString& database)
+{
+    const QFileInfo file(database);
+    const QString path = file.exists() ? file.canonicalFilePath() : file.absoluteFilePath();
+    const QByteArray name = QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex();
+    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + u"/orvik/check-"_s +
+           QString::fromLatin1(name.first(16)) + u".txt"_s;
+}
 
 bool CollectionCheck::step()
 {

@@ -15,7 +15,7 @@ class TopicCheck;
 enum class CheckScope
 {
     Structure,
-    StructureAndFiles ///< the content of every file, too
+    StructureAndFiles ///< the content of every record and file, too
 };
 
 /// Checks a collection. It changes nothing, and it can be made while somebody works with the collection.
@@ -24,14 +24,20 @@ enum class CheckScope
 class CollectionCheck final : public SteppedWork
 {
 public:
-    /// `database` is the file in `folder`. Never throws, and neither do its steps.
-    CollectionCheck(const QString& database, const ProgramFolder& folder, CheckScope scope);
+    /// `database` is the file in `folder`. In the file `notes` is kept what was read of a check of the files
+    /// that was given up, so that the next one goes on there; if it is empty, every check begins anew. Never
+    /// throws, and neither do its steps.
+    CollectionCheck(const QString& database, const ProgramFolder& folder, CheckScope scope,
+                    const QString& notes = {});
     ~CollectionCheck() override;
 
     bool step() override;
     [[nodiscard]] QString title() const override;
     [[nodiscard]] QString text() const override;
     [[nodiscard]] std::optional<int> percent() const override;
+
+    /// Where the notes of a database's check belong: in the user's cache, never in the collection.
+    [[nodiscard]] static QString notesOf(const QString& database);
 
     /// One for each check that belongs to the scope, those that were not made yet too.
     [[nodiscard]] std::vector<CheckResult> results() const;

@@ -20,6 +20,7 @@ enum class CheckTopic
     HistoryWithoutRecord, ///< former versions, or rows of the journal, of records that are not there
     MissingFiles,         ///< files that records name and that are not in their folder
     StrayFiles,           ///< files that no record names
+    ChangedRecords,       ///< records that are not what they were when the program saved them last
     ChangedFiles          ///< files that are not what they were when the program took them in
 };
 
@@ -55,6 +56,7 @@ struct CheckResult
     bool isDone = false;
     std::vector<Finding> findings = {};
     QString hindrance = {}; ///< why the check could not be made to its end; empty if it could
+    QString remark = {};    ///< what the user should know although it is no fault; mostly empty
 };
 
 /// The name of a check for programs, such as `missing-files`; does not depend on the language.

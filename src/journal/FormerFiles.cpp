@@ -9,8 +9,8 @@
 #include "journal/JournalTexts.h"
 #include "journal/Snapshot.h"
 #include "util/Error.h"
+#include "util/Sha256.h"
 
-#include <QCryptographicHash>
 #include <QFile>
 #include <QRegularExpression>
 
@@ -38,12 +38,12 @@ std::optional<QString> hashOf(const fs::path& file)
     std::error_code code;
     if (!fs::is_regular_file(file, code)) return std::nullopt;
     std::ifstream stream = FileBlocks::open(file);
-    QCryptographicHash hash(QCryptographicHash::Sha256);
+    Sha256 hash;
     std::string buffer;
     for (;;) {
         const std::string_view block = FileBlocks::read(stream, buffer, file);
         if (block.empty()) return QString::fromLatin1(hash.result().toHex());
-        hash.addData(QByteArrayView(block.data(), static_cast<qsizetype>(block.size())));
+        hash.add(block);
     }
 }
 
