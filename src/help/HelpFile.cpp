@@ -36,6 +36,7 @@ constexpr std::array windowChapters{
     WindowChapter{"frmAdvSearch", HelpChapter::AdvancedSearch},
     WindowChapter{"frmImport", HelpChapter::Database},
     WindowChapter{"frmProgress", HelpChapter::Database},
+    WindowChapter{"frmCheck", HelpChapter::Check},
     WindowChapter{"frmNewDatabase", HelpChapter::Collections},
     WindowChapter{"frmSettings", HelpChapter::Collections},
     WindowChapter{"frmLists", HelpChapter::Lists},
@@ -107,6 +108,8 @@ QString HelpFile::pageName(HelpChapter chapter)
         return QStringLiteral("files.html");
     case HelpChapter::Database:
         return QStringLiteral("database.html");
+    case HelpChapter::Check:
+        return QStringLiteral("check.html");
     case HelpChapter::Keys:
         return QStringLiteral("keys.html");
     }

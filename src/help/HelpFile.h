@@ -26,6 +26,7 @@ enum class HelpChapter
     Lists, ///< of types, venues and cities
     Files,
     Database,
+    Check, ///< of a collection
     Keys
 };
 

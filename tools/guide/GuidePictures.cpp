@@ -81,7 +81,8 @@ QStringList GuidePictures::takeAll()
     for (const Station station :
          {&GuidePictures::showLists, &GuidePictures::showGraphics, &GuidePictures::showRowMenu,
           &GuidePictures::showSearch, &GuidePictures::showAdvancedSearch, &GuidePictures::showEditors,
-          &GuidePictures::showHistory, &GuidePictures::showCollections, &GuidePictures::showAbout}) {
+          &GuidePictures::showHistory, &GuidePictures::showCheck, &GuidePictures::showCollections,
+          &GuidePictures::showAbout}) {
         try {
             (this->*station)();
         } catch (const std::exception& failure) {
@@ -230,6 +231,18 @@ void GuidePictures::showHistory()
             save(history.grab(), "history");
         });
     trigger("mnuRecordUndo");
+}
+
+/// Puts two faults into the collection, and takes them back.
+void GuidePictures::showCheck()
+{
+    inDialog(
+        "frmCheck", [this] { trigger("mnuCheckCollection"); },
+        [this](QWidget& check) {
+            check.resize(historySize);
+            settle();
+            save(check.grab(), "check");
+        });
 }
 
 void GuidePictures::showCollections()

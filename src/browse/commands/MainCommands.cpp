@@ -96,6 +96,9 @@ void MainCommands::makeActions()
     mnuOpenDatabase =
         add(QStringLiteral("mnuOpenDatabase"), tr("&Open Database…"), QStringLiteral("document-open"),
             QKeySequence::Open, tr("Opens an Access file or another database"));
+    mnuCheckCollection =
+        add(QStringLiteral("mnuCheckCollection"), tr("&Check Collection…"), QStringLiteral("kt-check-data"),
+            {}, tr("Looks for faults in the database and for missing, stray and changed files"));
     mnuNavigateSettings = add(QStringLiteral("mnuNavigateSettings"), tr("&Settings…"),
                               QStringLiteral("configure"), QKeySequence(Qt::CTRL | Qt::Key_Comma),
                               tr("Changes how the program starts and what lists look like"));
@@ -187,6 +190,8 @@ void MainCommands::makeMenus()
     mnuRecentDatabases = mnuNavigate->addMenu(tr("&Recent Databases"));
     mnuRecentDatabases->setObjectName(QStringLiteral("mnuRecentDatabases"));
     mnuRecentDatabases->setToolTipsVisible(true);
+    mnuNavigate->addSeparator();
+    mnuNavigate->addAction(mnuCheckCollection);
     mnuNavigate->addSeparator();
     mnuNavigate->addAction(mnuNavigateSettings);
     mnuNavigate->addSeparator();

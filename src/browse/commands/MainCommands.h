@@ -33,6 +33,7 @@ public:
     QAction* mnuNavigateHome;
     QAction* mnuNewDatabase;
     QAction* mnuOpenDatabase;
+    QAction* mnuCheckCollection;
     QAction* mnuNavigateSettings;
     QAction* mnuNavigateExit;
     QAction* mnuRecordAdd; ///< of the toolbar: drops down `mnuAddKinds`

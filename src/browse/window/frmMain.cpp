@@ -13,6 +13,7 @@
 #include "browse/list/ListPane.h"
 #include "browse/list/RecordListView.h"
 #include "browse/window/BrowsePage.h"
+#include "browse/window/CheckCommand.h"
 #include "browse/window/DatabaseCommands.h"
 #include "browse/window/EmptyList.h"
 #include "browse/window/GraphicViews.h"
@@ -93,6 +94,8 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_navigation(new HistoryNavigation(state.history, *m_commands->mnuNavigateBack,
                                          *m_commands->mnuNavigateForward, *m_commands->tbToolBar, *this)),
       m_settings(std::make_unique<SettingsCommand>(platform, state, *m_list, *m_open)),
+      m_check(std::make_unique<CheckCommand>(platform, state, *m_databases, *m_editors,
+                                             [this] { return unwritable(); })),
       m_starts(new StartCommands({platform, state, *m_databases, *m_list, *m_editors, *m_search}, *this))
 {
     setObjectName(QStringLiteral("frmMain"));
@@ -133,6 +136,7 @@ void frmMain::connectCommands()
     });
     on(m_commands->mnuNewDatabase, [this] { m_databases->newDatabase(); });
     on(m_commands->mnuOpenDatabase, [this] { m_databases->openDatabase(); });
+    on(m_commands->mnuCheckCollection, [this] { m_check->run(*this); });
     on(m_commands->mnuNavigateExit, [this] { close(); });
     on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
     on(m_commands->mnuRecordOpen, [this] { m_open->run(); });
@@ -146,11 +150,24 @@ void frmMain::connectViews()
     connect(m_home, &HomePage::searchChosen, m_search, &SearchCommands::openKeywordSearch);
     connect(m_databases, &DatabaseCommands::opening, m_list, &ListPane::stop);
     connect(m_databases, &DatabaseCommands::opened, this, &frmMain::startOver);
+    connect(m_databases, &DatabaseCommands::onlyReadable, this, [this] {
+        showTitle();
+        enableCommands();
+        m_undo->refresh();
+    });
     connect(m_home, &HomePage::helpChosen, m_help->mnuHelpContents, &QAction::trigger);
     connect(m_pages, &ViewPages::viewAsked, this, &frmMain::lookForOutsideChange);
     connect(m_pages, &ViewPages::pageChanged, this, &frmMain::enableCommands);
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::showCaption);
     connect(m_pages, &ViewPages::viewShown, m_undo, &UndoCommands::refresh);
+    // queued, since the graphic is drawn after that
+    connect(
+        m_pages, &ViewPages::viewShown, this,
+        [this] {
+            if (!m_list->isFilling() && QApplication::activeModalWidget() == nullptr)
+                m_databases->lookForDamage();
+        },
+        Qt::QueuedConnection);
     connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, m_databases, &DatabaseCommands::listRecent);
@@ -296,7 +313,12 @@ void frmMain::showCaption(const QString& caption, const QString& count)
     if (std::exchange(m_isChangedOutside, false)) {
         m_status->showNotice(tr("The database was changed by another program."));
     }
-    QString title = line;
+    showTitle();
+}
+
+void frmMain::showTitle()
+{
+    QString title = readableLine(m_state.history.view(m_state.history.current()).Caption);
     const QString file = QFileInfo(m_state.session.fileName()).fileName();
     if (!file.isEmpty()) title += QStringLiteral(" - ") + file;
     if (m_state.session.isReadOnly()) title = tr("%1 [read-only]").arg(title);
@@ -320,6 +342,7 @@ void frmMain::enableCommands()
     const QString noDatabase = m_state.session.isOpen() ? QString() : tr("No database is open.");
     enableUnless(*m_commands->mnuRecordLists, noDatabase);
     enableUnless(*m_commands->mnuViewDeleted, noDatabase);
+    enableUnless(*m_commands->mnuCheckCollection, noDatabase);
     m_related->enable(noList);
     m_records->enable(unwritable(), noList);
     m_status->showSelected(showsList ? m_list->selectedCount() : 0);

@@ -10,6 +10,7 @@
 #include <memory>
 
 class BrowsePage;
+class CheckCommand;
 class DatabaseCommands;
 class DatabaseOpener;
 class EmptyList;
@@ -78,6 +79,7 @@ private:
     void add(const RecordAddition& addition);
     void enableCommands();
     void showCaption(const QString& caption, const QString& count);
+    void showTitle();
     [[nodiscard]] QString unwritable() const;
 
     Platform m_platform;
@@ -105,6 +107,7 @@ private:
     ViewPages* m_pages;
     HistoryNavigation* m_navigation;
     std::unique_ptr<SettingsCommand> m_settings;
+    std::unique_ptr<CheckCommand> m_check;
     StartCommands* m_starts;
     bool m_isChangedOutside = false; ///< whether the view to be shown next has another program's changes
 };

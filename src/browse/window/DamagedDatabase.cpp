@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "browse/window/DamagedDatabase.h"
+
+#include "backup/KeptBackups.h"
+#include "files/DatabaseFile.h"
+#include "opening/DatabaseOpener.h"
+#include "opening/RestoredCollection.h"
+#include "platform/Messages.h"
+#include "state/ProgramState.h"
+#include "util/DateTimeText.h"
+
+#include <vector>
+
+namespace {
+
+QString programMoment(const QDateTime& moment)
+{
+    return DateTimeText::programDate(moment.date()) + u' ' + DateTimeText::programTime(moment.time());
+}
+
+bool mayBeRescued(const QString& file)
+{
+    return kindOfDatabaseFile(file) == DatabaseFileKind::Orvik;
+}
+
+} // namespace
+
+bool DamagedDatabase::hasOffer(const QString& file) const
+{
+    return kindOfDatabaseFile(file) != DatabaseFileKind::Access &&
+           (mayBeRescued(file) || !KeptBackups(m_state.home.ofDatabase(file)).list().empty());
+}
+
+std::optional<DamagedDatabase::Instead> DamagedDatabase::ask(const QString& file, const QString& cause) const
+{
+    const bool isOpen = m_state.session.fileName() == file;
+    const QString place = QStringLiteral("(%1)").arg(file);
+    const QString what = cause.isEmpty() || cause.contains(place) ? cause : cause + u' ' + place;
+    QString text = what.isEmpty() ? tr("The database is damaged. %1").arg(place)
+                                  : tr("The database is damaged: %1").arg(what);
+    text += QStringLiteral("\n\n");
+    text += isOpen ? tr("It is open for reading, as far as it can be read.") : tr("It cannot be opened.");
+    text += QStringLiteral("\n\n");
+
+    const auto backups = KeptBackups(m_state.home.ofDatabase(file)).list();
+    std::vector<Instead> choices;
+    QStringList answers;
+    if (!backups.empty()) {
+        choices.push_back(Instead::Backup);
+        answers << tr("Restore the &Backup");
+        text += tr("Its newest backup was made on %1. ").arg(programMoment(backups.front().made));
+    }
+    if (mayBeRescued(file)) {
+        choices.push_back(Instead::Rescue);
+        answers << tr("&Rescue What Can Be Read");
+    }
+    text += choices.size() > 1
+                ? tr("Do you want to restore that, or to rescue what can still be read? Either becomes a new "
+                     "collection; the damaged one stays as it is.")
+            : choices.front() == Instead::Backup
+                ? tr("Do you want to restore that? It becomes a new collection; the damaged one stays as it "
+                     "is.")
+                : tr("Do you want to rescue what can still be read? It becomes a new collection; the damaged "
+                     "one stays as it is.");
+    const auto answer = m_platform.messages.choose(text, answers);
+    if (!answer) return std::nullopt;
+    return choices[static_cast<std::size_t>(*answer)];
+}
+
+std::optional<QString> DamagedDatabase::make(Instead instead, const QString& file) const
+{
+    const ProgramFolder folder = m_state.home.ofDatabase(file);
+    const QString place = m_opener.collectionsPlace();
+    if (instead == Instead::Backup) {
+        const auto backups = KeptBackups(folder).list();
+        if (backups.empty()) return std::nullopt;
+        return RestoredCollection::make(m_platform.works, backups.front().file, place, folder.root());
+    }
+    return std::nullopt;
+}
