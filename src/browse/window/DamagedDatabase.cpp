@@ -10,6 +10,8 @@
 #include "state/ProgramState.h"
 #include "util/DateTimeText.h"
 
+#include <QFile>
+
 #include <vector>
 
 namespace {
@@ -19,9 +21,15 @@ QString programMoment(const QDateTime& moment)
     return DateTimeText::programDate(moment.date()) + u' ' + DateTimeText::programTime(moment.time());
 }
 
+/// Whether the head of a file says that it is a database of this program.
 bool mayBeRescued(const QString& file)
 {
-    return kindOfDatabaseFile(file) == DatabaseFileKind::Orvik;
+    constexpr qint64 headLength = 72;
+    constexpr qsizetype markPlace = 68; // of what SQLite calls the application
+    QFile content(file);
+    if (!content.open(QIODevice::ReadOnly)) return false;
+    const QByteArray head = content.read(headLength);
+    return head.startsWith("SQLite format 3") && head.mid(markPlace) == "ORVD";
 }
 
 } // namespace
