@@ -29,10 +29,10 @@ protected:
     /// Adds a document with a file that the program took in with that content.
     void addFile(int identifier, const char* name, const char* content)
     {
-        journey.database.run(u"INSERT INTO Document (DocumentID, DocumentName, FileLocation, FileTypeID, "
-                             "OrganizationID, dStatus) VALUES (%1, '%2', '%1.pdf', 1, 1, 'ACTIVE')"_s
-                                 .arg(identifier)
-                                 .arg(QString::fromUtf8(name)));
+        journey.database.run(
+            u"INSERT INTO Document (DocumentID, DocumentName, FileLocation, FileTypeID, "
+            "OrganizationID, dStatus) VALUES (%1, '%2', '%1.pdf', 1, 1, 'ACTIVE')"_s.arg(identifier)
+                .arg(QString::fromUtf8(name)));
         const QString hash = QString::fromLatin1(hashOf(content).toHex());
         journey.database.run(
             u"INSERT INTO Journal (Step, Moment, What, Kind, Identifier, Title, After) VALUES (%1, "
@@ -134,6 +134,90 @@ TEST_F(Check, ShowsWhatItFindsAndTakesTheStepOfEachFinding)
         EXPECT_EQ(shown(window), "");
         window.press(Qt::Key_Escape);
     });
+}
+
+/// A database of which a page with documents is overwritten.
+class Damage : public Check
+{
+protected:
+    Damage()
+    {
+        journey.database.run(
+            "WITH RECURSIVE n(i) AS (VALUES (100) UNION ALL SELECT i + 1 FROM n WHERE i < 199) "
+            "INSERT INTO Document (DocumentID, DocumentName, DocumentDescription, dStatus) "
+            "SELECT i, 'Report ' || i, 'text ' || i || hex(zeroblob(600)), 'ACTIVE' FROM n");
+        writeFile(data("documents/100.pdf"), "report");
+    }
+
+    /// Keeps a backup of the database and then damages it.
+    void damage()
+    {
+        const ProgramFolder folder(journey.database.folder());
+        KeptBackups(folder).add(journey.database.fileName(), folder, journey.desktop.clock.moment);
+        garble("text 150");
+    }
+
+    void expectQuestion(const QString& cause, const char* state, std::optional<int> answer,
+                        bool hasBackup = true)
+    {
+        const QString both =
+            u"Its newest backup was made on 06/15/2005 12:00. Do you want to restore that, or to "
+            "rescue what can still be read? Either becomes a new collection; the damaged one "
+            "stays as it is."_s;
+        const QString rescue =
+            u"Do you want to rescue what can still be read? It becomes a new collection; the "
+            "damaged one stays as it is."_s;
+        QStringList answers{u"&Rescue What Can Be Read"_s};
+        if (hasBackup) answers.prepend(u"Restore the &Backup"_s);
+        messages().expectChoice(u"The database is damaged%1\n\n%2\n\n%3"_s.arg(
+                                    cause, QString::fromUtf8(state), hasBackup ? both : rescue),
+                                answers, answer);
+    }
+
+    void expectReadFailure()
+    {
+        messages().expectMessage(u"showDocuments Error (11): database disk image is malformed"_s);
+    }
+
+    const char* open = "It is open for reading, as far as it can be read.";
+    QString file = data("test.sqlite");
+};
+
+TEST_F(Damage, IsAskedAboutOnceWhenItIsMetAndLeavesTheDatabaseToBeRead)
+{
+    damage();
+    const QByteArray before = journey.database.bytes();
+    journey.start();
+    expectReadFailure();
+    expectQuestion(u". (%1)"_s.arg(file), open, std::nullopt);
+    journey.trigger("mnuViewDocuments");
+    Journey::idle();
+    messages().finish();
+    EXPECT_TRUE(journey.program->window()->windowTitle().endsWith(u"[read-only]"_s));
+    EXPECT_FALSE(journey.find<QAction>("mnuRecordAddNewEvent").isEnabled());
+    expectReadFailure();
+    journey.trigger("mnuViewRefresh");
+    Journey::idle();
+    EXPECT_TRUE(journey.database.bytes() == before);
+}
+
+TEST_F(Damage, TheNewestBackupBecomesACollectionWithTheFiles)
+{
+    damage();
+    const QByteArray before = journey.database.bytes();
+    journey.start();
+    expectReadFailure();
+    expectQuestion(u". (%1)"_s.arg(file), open, 0);
+    journey.trigger("mnuViewDocuments");
+    Journey::idle();
+    messages().finish();
+    EXPECT_NE(journey.program->state().session.fileName(), file);
+    EXPECT_FALSE(journey.program->state().session.isReadOnly());
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 100 Documents"_s);
+    const QString restored = QFileInfo(journey.program->state().session.fileName()).path();
+    EXPECT_EQ(contentOf(restored + u"/documents/100.pdf"_s), "report");
+    EXPECT_TRUE(journey.database.bytes() == before);
 }
 
 } // namespace
