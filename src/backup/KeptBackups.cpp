@@ -4,6 +4,7 @@
 
 #include "backup/CollectionBackup.h"
 #include "files/ProgramFolder.h"
+#include "util/FileAccess.h"
 
 #include <QDir>
 #include <QFile>
@@ -29,9 +30,17 @@ QDateTime momentOf(const QString& fileName)
     return QDateTime::fromString(fileName.chopped(ending.size()).right(momentForm.size()), momentForm);
 }
 
+/// What is around the folder of a database that is used elsewhere is no business of the program.
+QString placeOf(const ProgramFolder& folder)
+{
+    const QString data = QDir::cleanPath(folder.machinePath(ProgramFolders::data));
+    const bool isCollection = QFileInfo(data).fileName().compare(u"data", Qt::CaseInsensitive) == 0;
+    return isCollection ? folder.root() : data;
+}
+
 } // namespace
 
-KeptBackups::KeptBackups(const ProgramFolder& folder) : m_folder(folder.root() + u"/backups"_s) {}
+KeptBackups::KeptBackups(const ProgramFolder& folder) : m_folder(placeOf(folder) + u"/backups"_s) {}
 
 std::vector<KeptBackups::Kept> KeptBackups::list() const
 {
@@ -44,15 +53,25 @@ std::vector<KeptBackups::Kept> KeptBackups::list() const
     return backups;
 }
 
-void KeptBackups::add(const QString& database, const ProgramFolder& folder, const QDateTime& now) const
+bool KeptBackups::canBeAdded() const
+{
+    return isWritable(QFileInfo::exists(m_folder) ? m_folder : QFileInfo(m_folder).path());
+}
+
+std::unique_ptr<CollectionBackup> KeptBackups::work(const QString& database, const ProgramFolder& folder,
+                                                    const QDateTime& now) const
 {
     QDir().mkpath(m_folder); // if it fails, so does the backup, with the system's reason
     const QString name = QFileInfo(database).completeBaseName() + u' ' + now.toString(momentForm) + ending;
-    CollectionBackup work(database, folder, m_folder + u'/' + name, now, BackupContents::DatabaseAlone);
-    while (work.step()) {
-    }
+    return std::make_unique<CollectionBackup>(database, folder, m_folder + u'/' + name, now,
+                                              BackupContents::DatabaseAlone);
+}
+
+void KeptBackups::tidy() const
+{
     for (const Kept& old : dispensable(list()))
         QFile::remove(old.file);
+    QDir().rmdir(m_folder); // fails if there is anything in it
 }
 
 std::vector<KeptBackups::Kept> KeptBackups::dispensable(const std::vector<Kept>& backups)

@@ -5,11 +5,14 @@
 #include <QDateTime>
 #include <QString>
 
+#include <memory>
 #include <vector>
 
+class CollectionBackup;
 class ProgramFolder;
 
-/// The backups of its database that a collection keeps by itself, in a folder `backups` beside its `data`.
+/// The backups of its database that a collection keeps by itself, in a folder `backups` beside its `data`;
+/// for a database that is used in another folder, beside the database.
 class KeptBackups
 {
 public:
@@ -27,9 +30,15 @@ public:
     /// The newest first. Files of other names are not listed and never touched.
     [[nodiscard]] std::vector<Kept> list() const;
 
-    /// Adds a backup of the database, and removes those that are kept no longer. Throws Error if the backup
-    /// cannot be made; those that are there are then as they were.
-    void add(const QString& database, const ProgramFolder& folder, const QDateTime& now) const;
+    /// Whether this process may write to the folder, or make it.
+    [[nodiscard]] bool canBeAdded() const;
+
+    /// The work that adds a backup of the database. Throws Error.
+    [[nodiscard]] std::unique_ptr<CollectionBackup> work(const QString& database, const ProgramFolder& folder,
+                                                         const QDateTime& now) const;
+
+    /// Removes those that are kept no longer, and the folder if there are none. Never fails.
+    void tidy() const;
 
     /// Which of these are kept: the newest ten, and the last one of each month. `backups` are the newest
     /// first.

@@ -2,6 +2,7 @@
 
 #include "editors/RecordEditors.h"
 
+#include "backup/AutomaticBackups.h"
 #include "editors/FileDrop.h"
 #include "editors/frmDocument.h"
 #include "editors/frmEvent.h"
@@ -156,6 +157,8 @@ std::optional<QDateTime> RecordEditors::startOfEvent(qint64 id) const
 void RecordEditors::remove(RecordKind kind, const std::vector<ListEntry>& records)
 {
     if (records.empty() || !mayDelete(kind, records)) return;
+    AutomaticBackups(m_platform, m_session.fileName(), m_folder)
+        .beforeChange(static_cast<qint64>(records.size()));
     const QStringList names = deleteRecords(kind, records);
     if (names.isEmpty()) return;
     Q_EMIT changed(kind, -1);

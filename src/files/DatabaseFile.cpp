@@ -112,3 +112,16 @@ void copyDatabase(const QString& source, const QString& target)
     }
     qCInfo(filesLog).noquote() << "copied:" << source << "to" << target;
 }
+
+bool isSound(const QString& database)
+{
+    try {
+        SQLite::Database file(QFile::encodeName(database).toStdString(), SQLite::OPEN_READONLY);
+        SQLite::Statement check(file, "PRAGMA quick_check(1)");
+        return check.executeStep() && check.getColumn(0).getString() == "ok";
+    } catch (const SQLite::Exception& exception) {
+        if (exception.getErrorCode() == SQLITE_CORRUPT || exception.getErrorCode() == SQLITE_NOTADB)
+            return false;
+        throwEngineError(exception);
+    }
+}

@@ -20,3 +20,7 @@ DatabaseFileKind kindOfDatabaseFile(const QString& file);
 /// copy once to check it. The copy is made under a temporary name and renamed, and replaces an existing
 /// `target`. Throws Error; the target is then as it was.
 void copyDatabase(const QString& source, const QString& target);
+
+/// Whether SQLite finds the structure of a database sound. Reads the whole file. Throws Error if it cannot be
+/// read for other reasons.
+[[nodiscard]] bool isSound(const QString& database);

@@ -79,7 +79,14 @@ int countOf(DatabaseSession& session, const QString& table, const QString& statu
     return static_cast<int>(session.readAll(statement).integer(0, u"Records"));
 }
 
-QString countsOf(DatabaseSession& session)
+} // namespace
+
+QString AboutText::version()
+{
+    return QStringLiteral(ORVIK_VERSION);
+}
+
+QString AboutText::records(DatabaseSession& session)
 {
     const QString status = QStringLiteral("Status");
     const int documents = countOf(session, QStringLiteral("Document"), QStringLiteral("dStatus"));
@@ -93,24 +100,17 @@ QString countsOf(DatabaseSession& session)
         .join(QStringLiteral(", "));
 }
 
-} // namespace
-
-QString AboutText::version()
-{
-    return QStringLiteral(ORVIK_VERSION);
-}
-
 QString AboutText::database(DatabaseSession& session)
 {
     if (!session.isOpen()) return HelpTexts::tr("No database is open.");
-    QString records;
+    QString counts;
     try {
-        records = countsOf(session);
+        counts = records(session);
     } catch (const Error& error) {
-        records = HelpTexts::tr("The records cannot be counted: %1").arg(error.description());
+        counts = HelpTexts::tr("The records cannot be counted: %1").arg(error.description());
     }
     return HelpTexts::tr("Database: %1<br>%2")
-        .arg(QDir::toNativeSeparators(session.fileName()).toHtmlEscaped(), records.toHtmlEscaped());
+        .arg(QDir::toNativeSeparators(session.fileName()).toHtmlEscaped(), counts.toHtmlEscaped());
 }
 
 QString AboutText::licences()

@@ -17,6 +17,9 @@ public:
     /// it cannot be read.
     [[nodiscard]] static QString database(DatabaseSession& session);
 
+    /// How many records of each kind the lists show. Throws Error.
+    [[nodiscard]] static QString records(DatabaseSession& session);
+
     /// The licence of the program, and its libraries and data with their licences.
     [[nodiscard]] static QString licences();
 };

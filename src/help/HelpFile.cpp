@@ -35,7 +35,7 @@ constexpr std::array windowChapters{
     WindowChapter{"frmSearch", HelpChapter::Search},
     WindowChapter{"frmAdvSearch", HelpChapter::AdvancedSearch},
     WindowChapter{"frmImport", HelpChapter::Database},
-    WindowChapter{"frmProgress", HelpChapter::Database},
+    WindowChapter{"frmProgress", HelpChapter::Safety},
     WindowChapter{"frmCheck", HelpChapter::Check},
     WindowChapter{"frmNewDatabase", HelpChapter::Collections},
     WindowChapter{"frmSettings", HelpChapter::Collections},
@@ -108,6 +108,8 @@ QString HelpFile::pageName(HelpChapter chapter)
         return QStringLiteral("files.html");
     case HelpChapter::Database:
         return QStringLiteral("database.html");
+    case HelpChapter::Safety:
+        return QStringLiteral("safe.html");
     case HelpChapter::Check:
         return QStringLiteral("check.html");
     case HelpChapter::Keys:

@@ -26,7 +26,8 @@ enum class HelpChapter
     Lists, ///< of types, venues and cities
     Files,
     Database,
-    Check, ///< of a collection
+    Safety, ///< backups
+    Check,  ///< of a collection
     Keys
 };
 

@@ -18,6 +18,8 @@ constexpr std::array words{std::pair(JournalAction::Add, QStringView(u"add")),
                            std::pair(JournalAction::Restore, QStringView(u"restore")),
                            std::pair(JournalAction::List, QStringView(u"list"))};
 
+const QString momentForm = u"yyyy-MM-dd HH:mm:ss"_s;
+
 /// Gives a step the number of its first row, unless the last row of the journal belongs to it already.
 void begin(JournalStep& step, const std::vector<HeldRow>& last, qint64 number)
 {
@@ -39,10 +41,17 @@ void Journal::append(DatabaseSession& session, const QDateTime& moment, const Jo
     begin(step, last, number);
     rows.write(u"INSERT INTO Journal (Number, Step, Moment, What, Kind, Identifier, Title, Before, After, "
                "Reverses, UndoStep, RedoStep) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
-               {number, step.number, moment.toString(u"yyyy-MM-dd HH:mm:ss"_s), wordOf(entry.action),
-                entry.kind, entry.identifier, entry.title, Snapshots::toJson(entry.before),
+               {number, step.number, moment.toString(momentForm), wordOf(entry.action), entry.kind,
+                entry.identifier, entry.title, Snapshots::toJson(entry.before),
                 Snapshots::toJson(entry.after), step.reverses == 0 ? Value() : Value(step.reverses),
                 step.undoStep, step.redoStep});
+}
+
+QDateTime Journal::lastMoment(DatabaseSession& session)
+{
+    const auto last = HeldRows(session).read(u"SELECT Moment FROM Journal ORDER BY Number DESC LIMIT 1"_s);
+    if (last.empty()) return {};
+    return QDateTime::fromString(textOf(last.front(), u"Moment"), momentForm);
 }
 
 qint64 Journal::largestIdentifier(DatabaseSession& session, const QString& table)

@@ -52,6 +52,9 @@ namespace Journal {
 /// which the row belongs; a step that something else has come after is begun anew.
 void append(DatabaseSession& session, const QDateTime& moment, const JournalEntry& entry, JournalStep& step);
 
+/// When the last row was added, in local time; invalid if there is none.
+[[nodiscard]] QDateTime lastMoment(DatabaseSession& session);
+
 /// The largest identifier that a record, or an entry of a list, of that table has ever had, as far as the
 /// journal knows; 0 if it knows of none. Identifiers are not given twice, so that none inherits the past of
 /// another one.

@@ -2,6 +2,7 @@
 
 #include "lists/frmLists.h"
 
+#include "backup/AutomaticBackups.h"
 #include "data/DatabaseSession.h"
 #include "lists/ListViews.h"
 #include "lists/ListsView.h"
@@ -209,6 +210,7 @@ void frmLists::mergeEntry()
                                     Question::Loss)) {
         return;
     }
+    AutomaticBackups(m_at.platform, m_at.session.fileName(), m_at.folder).beforeChange(from.records());
     ListOutcome outcome;
     if (!write("mergeEntries", [&] { return outcome = m_store.merge(list(), from.entry.key, *into); }))
         return;

@@ -15,6 +15,7 @@
 
 class ListsView;
 class PositionPicker;
+class ProgramFolder;
 class QLabel;
 class QListWidget;
 class QMenu;
@@ -34,6 +35,7 @@ public:
     {
         Platform platform;
         DatabaseSession& session;
+        const ProgramFolder& folder; ///< of the database
         const StandardQueries& queries;
         PositionPicker& positions;
         std::function<QPixmap(qint64 function)> marker; ///< the colour that the map gives to a function

@@ -2,6 +2,7 @@
 
 #include "opening/DatabaseOpener.h"
 
+#include "backup/AutomaticBackups.h"
 #include "data/DatabaseSession.h"
 #include "files/DatabaseFile.h"
 #include "files/FileUpload.h"
@@ -83,6 +84,7 @@ QString DatabaseOpener::convertNamed(const QString& source)
                       Question::Loss);
     const bool isNeeded = !exists || replace;
     if (!isNeeded) return target;
+    if (replace) AutomaticBackups(m_platform, target, m_at.home.ofDatabase(target)).beforeReplacement();
     const auto report = AccessConversion::run(m_at.converter, source, target, replace);
     if (!report) throw Error(ECANCELED, OpeningTexts::tr("The conversion was cancelled. (%1)").arg(source));
     m_platform.messages.show(AccessConversion::message(source, target, report->text()));

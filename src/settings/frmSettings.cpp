@@ -2,7 +2,10 @@
 
 #include "settings/frmSettings.h"
 
+#include "files/FolderList.h"
 #include "platform/FileDialogs.h"
+#include "platform/Messages.h"
+#include "platform/Shell.h"
 #include "settings/FolderField.h"
 #include "views/clsView.h"
 
@@ -15,8 +18,11 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QUrl>
 
 namespace {
 
@@ -129,9 +135,9 @@ void frmSettings::offerStartDatabase(const QString& file)
 
 void frmSettings::chooseStartDatabase()
 {
-    const QString file = m_at.fileDialogs.openFile(tr("Collection at the Start"),
-                                                   tr("Databases") + QStringLiteral(" (*.sqlite)|*.sqlite|") +
-                                                       tr("All Files") + QStringLiteral(" (*.*)| *.*"));
+    const QString file = m_at.platform.fileDialogs.openFile(
+        tr("Collection at the Start"), tr("Databases") + QStringLiteral(" (*.sqlite)|*.sqlite|") +
+                                           tr("All Files") + QStringLiteral(" (*.*)| *.*"));
     if (!file.isEmpty()) offerStartDatabase(file);
 }
 
@@ -171,7 +177,7 @@ QGroupBox* frmSettings::makeFolders()
     QFormLayout* form = formOf(*box);
     const auto add = [&](const QString& name, const QString& caption, const QString& title,
                          const QString& folder, const QString& hint) {
-        auto* field = new FolderField(name, title, m_at.fileDialogs, box);
+        auto* field = new FolderField(name, title, m_at.platform.fileDialogs, box);
         field->setMinimumWidth(folderWidth);
         field->setHint(hint);
         field->setFolder(folder);
@@ -185,7 +191,63 @@ QGroupBox* frmSettings::makeFolders()
                      m_before.discFolders.data, discHint);
     m_photosDisc = add(QStringLiteral("PhotosDisc"), tr("Ph&otos disc:"),
                        tr("Folder in Place of the Photos Disc"), m_before.discFolders.photos, discHint);
+    QWidget* backups = makeBackups(box);
+    addRow(*form, tr("&Backups:"), backups, m_backups);
     return box;
+}
+
+/// Where the open database is backed up by itself, which is told and cannot be changed.
+QWidget* frmSettings::makeBackups(QWidget* parent)
+{
+    auto* field = new QWidget(parent);
+    m_backups = new QLineEdit(field);
+    m_backups->setObjectName(QStringLiteral("txtBackups"));
+    m_backups->setAccessibleName(tr("Folder of the backups"));
+    m_backups->setReadOnly(true);
+    auto* show = new QPushButton(tr("Op&en"), field);
+    show->setObjectName(QStringLiteral("cmdBackups"));
+    show->setAccessibleName(tr("Open the folder of the backups"));
+    show->setAutoDefault(false);
+    auto* note = new QLabel(backupsText(), field);
+    note->setObjectName(QStringLiteral("lblBackups"));
+    note->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* grid = new QGridLayout(field);
+    grid->setContentsMargins({});
+    grid->addWidget(m_backups, 0, 0);
+    grid->addWidget(show, 0, 1);
+    grid->addWidget(note, 1, 0, 1, 2);
+    connect(show, &QPushButton::clicked, this, &frmSettings::openBackups);
+    if (m_at.backups) {
+        m_backups->setText(QDir::toNativeSeparators(m_at.backups->folder()));
+        m_backups->setCursorPosition(0);
+    }
+    show->setEnabled(m_at.backups && QFileInfo(m_at.backups->folder()).isDir());
+    return field;
+}
+
+/// How many backups there are, and how large they are.
+QString frmSettings::backupsText() const
+{
+    if (!m_at.backups) return tr("No database is open.");
+    FolderList::Amount kept;
+    for (const KeptBackups::Kept& backup : m_at.backups->list()) {
+        ++kept.files;
+        kept.bytes += backup.size;
+    }
+    if (kept.files == 1) return tr("1 backup of the open database, %1").arg(kept.sizeText());
+    if (kept.files > 1)
+        return tr("%1 backups of the open database, %2").arg(QLocale().toString(kept.files), kept.sizeText());
+    return m_at.backups->canBeAdded()
+               ? tr("There is no backup of the open database yet.")
+               : tr("There is no backup of the open database, since its folder is read-only.");
+}
+
+void frmSettings::openBackups()
+{
+    const QString folder = m_at.backups->folder();
+    if (m_at.platform.shell.open(QUrl::fromLocalFile(folder))) return;
+    m_at.platform.messages.show(
+        tr("No program of the desktop opens folders. (%1)").arg(QDir::toNativeSeparators(folder)));
 }
 
 Preferences frmSettings::chosen() const

@@ -2,16 +2,20 @@
 
 #pragma once
 
+#include "backup/KeptBackups.h"
+#include "platform/Platform.h"
 #include "state/Preferences.h"
 
 #include <QDialog>
 
-class FileDialogs;
+#include <optional>
+
 class FolderField;
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
 class QLabel;
+class QLineEdit;
 class QSpinBox;
 
 /// The window for what users may have otherwise. It only asks; whoever opens it reads and writes the
@@ -23,9 +27,10 @@ class frmSettings final : public QDialog
 public:
     struct Surroundings
     {
-        FileDialogs& fileDialogs; ///< must outlive the window
-        QString home;             ///< where collections are made if no other place is chosen
-        QString openDatabase;     ///< path of the machine, or empty
+        Platform platform;                  ///< its doors must outlive the window
+        QString home;                       ///< where collections are made if no other place is chosen
+        QString openDatabase;               ///< path of the machine, or empty
+        std::optional<KeptBackups> backups; ///< of the open database
     };
 
     frmSettings(const Preferences& preferences, const Surroundings& surroundings, QWidget* parent);
@@ -38,6 +43,9 @@ private:
     QGroupBox* makeLook();
     QGroupBox* makeFolders();
     QWidget* makeStartDatabase(QWidget* parent);
+    QWidget* makeBackups(QWidget* parent);
+    [[nodiscard]] QString backupsText() const;
+    void openBackups();
     void offerStartDatabase(const QString& file);
     void chooseStartDatabase();
     void checkStartDatabase();
@@ -50,6 +58,7 @@ private:
     QCheckBox* m_asksOnExit = nullptr;
     QSpinBox* m_listTextSize = nullptr;
     QCheckBox* m_fourDigitYears = nullptr;
+    QLineEdit* m_backups = nullptr;
     FolderField* m_collectionsPlace = nullptr;
     FolderField* m_dataDisc = nullptr;
     FolderField* m_photosDisc = nullptr;

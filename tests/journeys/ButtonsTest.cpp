@@ -40,6 +40,12 @@ protected:
         return dynamic_cast<QAbstractButton&>(*toolBar.widgetForAction(&journey.find<QAction>(name)));
     }
 
+    bool isInMenuOnly(const char* name)
+    {
+        const auto* action = journey.program->window()->findChild<QAction*>(QString::fromUtf8(name));
+        return action != nullptr && !journey.find<QToolBar>("tbToolBar").actions().contains(action);
+    }
+
     /// Notes the dialog that is open, and closes it.
     void closeDialog()
     {
@@ -51,7 +57,8 @@ protected:
         }
     }
 
-    /// Presses a button: the dialog, the file and the beep that came of it; if none did, the view.
+    /// Presses a button or chooses a command of a menu: the dialog, the file and the beep that came of it; if
+    /// none did, the view.
     std::string press(const char* name)
     {
         m_done.clear();
@@ -59,6 +66,10 @@ protected:
         const int beeps = journey.desktop.messages.beeps;
         if (name[0] == 'N') {
             journey.find<QMenu>("mnuAddKinds").findChild<QAction*>(QString::fromUtf8(name))->trigger();
+        } else if (isInMenuOnly(name)) {
+            journey.desktop.fileDialogs.files = {QString()};
+            journey.trigger(name);
+            if (journey.desktop.fileDialogs.files.empty()) m_done << u"dialog for files"_s;
         } else {
             QTest::mouseClick(&button(name), Qt::LeftButton);
         }
@@ -97,6 +108,8 @@ const struct
     {"Back", "", "Home Page"},
     {"Forward", "", "View ALL Organizations: Agency"},
     {"Help", "", "/Kelmsett.chm"},
+    {"mnuBackUp", "", "dialog for files"},
+    {"mnuRestore", "", "dialog for files"},
     {"NewDocument", "", "Add a New Document"},
     {"NewEvent", "", "Add a New Event"},
     {"NewOrganization", "", "Add a New Organization"},

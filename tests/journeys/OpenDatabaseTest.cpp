@@ -104,6 +104,20 @@ TEST_F(OpenDatabase, ConvertsAnAccessFileThatTheSettingsName)
     journey.start(u"Users.dat"_s);
     journey.trigger("mnuViewDocuments");
     EXPECT_EQ(journey.statusPanel(), u"Displaying 139 Documents"_s);
+
+    // replaced, it is backed up before
+    journey.program.reset();
+    journey.desktop.messages.expectQuestion(
+        u"Users.dat was converted before, to Users.sqlite.\n\nDo you want to convert it again and replace "
+        u"that "
+        "database? Whatever was added to it since is then lost. No opens it as it is."_s,
+        true, Question::Loss);
+    expectConverted(u"Users.dat"_s, journey.dataFolder() + u"Users.sqlite"_s);
+    journey.start(u"Users.dat"_s);
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 140 Documents"_s);
+    EXPECT_EQ(QDir(journey.database.folder() + u"/backups"_s).entryList(QDir::Files),
+              QStringList(u"Users 2005-06-15 120000.tar.zst"_s));
 }
 
 TEST_F(OpenDatabase, MakesACollectionOfAnAccessFileOfTheUsersChoice)

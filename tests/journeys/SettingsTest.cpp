@@ -8,6 +8,7 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QHeaderView>
+#include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTest>
@@ -99,6 +100,27 @@ TEST_F(Settings, TheWindowClosesUnaskedIfTheUserWantsThat)
     change([](OpenDialog& open) { open.find<QCheckBox>("chkAskOnExit").click(); });
     journey.trigger("mnuNavigateExit");
     EXPECT_FALSE(journey.program->window()->isVisible());
+}
+
+TEST_F(Settings, TellOfTheBackupsThatAreKept)
+{
+    journey.start();
+    change([&](OpenDialog& open) {
+        EXPECT_EQ(open.text("txtBackups"), inTest("backups").toStdString());
+        EXPECT_EQ(open.find<QLabel>("lblBackups").text(), u"There is no backup of the open database yet."_s);
+        EXPECT_FALSE(open.find<QWidget>("cmdBackups").isEnabled());
+    });
+    for (const char* name : {"test 2005-06-14 120000.tar.zst", "test 2005-06-15 090500.tar.zst", "mine.zip"})
+        writeFile(inTest("backups/") + QString::fromUtf8(name), QByteArray(600'000, 'x'));
+    change([&](OpenDialog& open) {
+        EXPECT_EQ(open.find<QLabel>("lblBackups").text(), u"2 backups of the open database, 1 MB"_s);
+        open.click("cmdBackups");
+        EXPECT_EQ(journey.desktop.shell.opened, QStringList(inTest("backups")));
+        journey.desktop.shell.hasProgram = false;
+        journey.desktop.messages.expectMessage(
+            u"No program of the desktop opens folders. (%1)"_s.arg(inTest("backups")));
+        open.click("cmdBackups");
+    });
 }
 
 TEST_F(Settings, AFolderStandsForADiscAndMayBeMissing)

@@ -39,7 +39,7 @@ protected:
                                  "Coast", "Report", "PDF",   "Rescue", "Austin", "TX",     "None",
                                  "test",  "sqlite", "data",  "maps",   "states", "drawMap"})
             pseudo.allow(QString::fromUtf8(word));
-        pseudo.allow(journey.database.folder());
+        pseudo.allow(journey.database.folder() + u"/backups"_s);
     }
 
     ~Translation() override

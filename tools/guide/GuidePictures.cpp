@@ -9,6 +9,7 @@
 #include <QEventLoop>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -80,9 +81,9 @@ QStringList GuidePictures::takeAll()
     QStringList failures;
     for (const Station station :
          {&GuidePictures::showLists, &GuidePictures::showGraphics, &GuidePictures::showRowMenu,
-          &GuidePictures::showSearch, &GuidePictures::showAdvancedSearch, &GuidePictures::showEditors,
-          &GuidePictures::showHistory, &GuidePictures::showCheck, &GuidePictures::showCollections,
-          &GuidePictures::showAbout}) {
+          &GuidePictures::showNavigateMenu, &GuidePictures::showSearch, &GuidePictures::showAdvancedSearch,
+          &GuidePictures::showEditors, &GuidePictures::showHistory, &GuidePictures::showCheck,
+          &GuidePictures::showCollections, &GuidePictures::showAbout}) {
         try {
             (this->*station)();
         } catch (const std::exception& failure) {
@@ -151,6 +152,16 @@ void GuidePictures::showRowMenu()
     while (!isOver)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     if (!isTaken) throw std::runtime_error("the row has no menu");
+}
+
+void GuidePictures::showNavigateMenu()
+{
+    auto& menu = part<QMenu>(m_window, "mnuNavigate");
+    menu.popup(m_window.mapToGlobal(QPoint()));
+    menu.setActiveAction(&part<QAction>(m_window, "mnuBackUp"));
+    settle();
+    save(menu.grab(), "back-up");
+    menu.close();
 }
 
 void GuidePictures::showSearch()

@@ -26,6 +26,7 @@ private:
     void showLists();
     void showGraphics();
     void showRowMenu();
+    void showNavigateMenu();
     void showSearch();
     void showAdvancedSearch();
     void showEditors();

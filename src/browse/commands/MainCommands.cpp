@@ -96,6 +96,10 @@ void MainCommands::makeActions()
     mnuOpenDatabase =
         add(QStringLiteral("mnuOpenDatabase"), tr("&Open Database…"), QStringLiteral("document-open"),
             QKeySequence::Open, tr("Opens an Access file or another database"));
+    mnuBackUp = add(QStringLiteral("mnuBackUp"), tr("Back &Up…"), QStringLiteral("archive-insert"), {},
+                    tr("Writes the database and its files into one archive"));
+    mnuRestore = add(QStringLiteral("mnuRestore"), tr("Res&tore…"), QStringLiteral("archive-extract"), {},
+                     tr("Makes a new collection of a backup"));
     mnuCheckCollection =
         add(QStringLiteral("mnuCheckCollection"), tr("&Check Collection…"), QStringLiteral("kt-check-data"),
             {}, tr("Looks for faults in the database and for missing, stray and changed files"));
@@ -179,6 +183,7 @@ void MainCommands::makeMenus()
 
     mnuNavigate = m_window.menuBar()->addMenu(tr("&Navigate"));
     mnuNavigate->setObjectName(QStringLiteral("mnuNavigate"));
+    mnuNavigate->setToolTipsVisible(true);
     mnuNavigate->addActions({mnuNavigateBack, mnuNavigateForward, mnuNavigateHome});
     mnuNavigate->addSeparator();
     mnuHistory = mnuNavigate->addMenu(tr("H&istory"));
@@ -191,7 +196,7 @@ void MainCommands::makeMenus()
     mnuRecentDatabases->setObjectName(QStringLiteral("mnuRecentDatabases"));
     mnuRecentDatabases->setToolTipsVisible(true);
     mnuNavigate->addSeparator();
-    mnuNavigate->addAction(mnuCheckCollection);
+    mnuNavigate->addActions({mnuBackUp, mnuRestore, mnuCheckCollection});
     mnuNavigate->addSeparator();
     mnuNavigate->addAction(mnuNavigateSettings);
     mnuNavigate->addSeparator();

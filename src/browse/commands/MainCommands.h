@@ -33,6 +33,8 @@ public:
     QAction* mnuNavigateHome;
     QAction* mnuNewDatabase;
     QAction* mnuOpenDatabase;
+    QAction* mnuBackUp;
+    QAction* mnuRestore;
     QAction* mnuCheckCollection;
     QAction* mnuNavigateSettings;
     QAction* mnuNavigateExit;

@@ -29,7 +29,8 @@ void RecordWindows::openLists()
     const auto marker = [this](qint64 function) {
         return MarkerPictures::draw(clsCities::colourOf(function), swatch, m_window.devicePixelRatioF());
     };
-    frmLists dialog({m_platform, m_state.session, m_state.queries, m_positions, marker}, &m_window);
+    frmLists dialog({m_platform, m_state.session, m_state.folder, m_state.queries, m_positions, marker},
+                    &m_window);
     dialog.showLists();
     if (const auto& view = dialog.wantedView())
         Q_EMIT viewWanted(*view);

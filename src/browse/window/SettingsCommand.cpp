@@ -27,7 +27,9 @@ void SettingsCommand::apply()
 bool SettingsCommand::change(QWidget& window)
 {
     const Preferences before = Preferences::read(m_platform.settings);
-    frmSettings dialog(before, {m_platform.fileDialogs, m_state.home.root(), m_state.session.fileName()},
+    std::optional<KeptBackups> backups;
+    if (m_state.session.isOpen()) backups.emplace(m_state.folder);
+    frmSettings dialog(before, {m_platform, m_state.home.root(), m_state.session.fileName(), backups},
                        &window);
     if (dialog.exec() != QDialog::Accepted) return false;
     const bool shownOtherwise = dialog.chosen().fourDigitYears != m_preferences.fourDigitYears;

@@ -12,6 +12,7 @@
 #include "browse/home/HomePage.h"
 #include "browse/list/ListPane.h"
 #include "browse/list/RecordListView.h"
+#include "browse/window/BackupCommands.h"
 #include "browse/window/BrowsePage.h"
 #include "browse/window/CheckCommand.h"
 #include "browse/window/DatabaseCommands.h"
@@ -65,6 +66,7 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_help(new HelpCommands(*this, *m_commands->tbToolBar, state.session, state.home, platform.shell,
                               platform.messages)),
       m_databases(new DatabaseCommands(platform, opener, state, *m_commands->mnuRecentDatabases, *this)),
+      m_backups(new BackupCommands(platform, opener, state, *m_databases, *m_commands, *this)),
       m_status(new StatusLine(*this)),
       m_home(new HomePage(this)),
       m_homeCommands(new HomeCommands(*m_home, *m_databases, *m_commands, state, this)),
@@ -149,6 +151,8 @@ void frmMain::connectViews()
     connect(m_home, &HomePage::recordsChosen, this, &frmMain::viewAll);
     connect(m_home, &HomePage::searchChosen, m_search, &SearchCommands::openKeywordSearch);
     connect(m_databases, &DatabaseCommands::opening, m_list, &ListPane::stop);
+    connect(m_databases, &DatabaseCommands::opening, m_backups, &BackupCommands::backUpChanges);
+    connect(m_backups, &BackupCommands::done, m_status, &StatusLine::showChange);
     connect(m_databases, &DatabaseCommands::opened, this, &frmMain::startOver);
     connect(m_databases, &DatabaseCommands::onlyReadable, this, [this] {
         showTitle();
@@ -342,6 +346,7 @@ void frmMain::enableCommands()
     const QString noDatabase = m_state.session.isOpen() ? QString() : tr("No database is open.");
     enableUnless(*m_commands->mnuRecordLists, noDatabase);
     enableUnless(*m_commands->mnuViewDeleted, noDatabase);
+    enableUnless(*m_commands->mnuBackUp, noDatabase);
     enableUnless(*m_commands->mnuCheckCollection, noDatabase);
     m_related->enable(noList);
     m_records->enable(unwritable(), noList);
@@ -373,6 +378,7 @@ void frmMain::closeEvent(QCloseEvent* event)
     m_browse->save();
     m_list->widths().save(m_platform.settings);
     WindowPlace::save(*this, m_platform.settings);
+    m_backups->backUpChanges();
     event->accept();
 }
 

@@ -9,6 +9,7 @@
 
 #include <memory>
 
+class BackupCommands;
 class BrowsePage;
 class CheckCommand;
 class DatabaseCommands;
@@ -87,6 +88,7 @@ private:
     MainCommands* m_commands;
     HelpCommands* m_help;
     DatabaseCommands* m_databases;
+    BackupCommands* m_backups;
     StatusLine* m_status;
     HomePage* m_home;
     HomeCommands* m_homeCommands;
