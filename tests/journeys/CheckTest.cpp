@@ -2,6 +2,7 @@
 
 #include "Dialogs.h"
 #include "Journey.h"
+#include "backup/CollectionBackup.h"
 #include "backup/KeptBackups.h"
 #include "support/TestFiles.h"
 #include "util/Sha256.h"
@@ -10,6 +11,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -153,7 +155,10 @@ protected:
     void damage()
     {
         const ProgramFolder folder(journey.database.folder());
-        KeptBackups(folder).add(journey.database.fileName(), folder, journey.desktop.clock.moment);
+        const auto backup =
+            KeptBackups(folder).work(journey.database.fileName(), folder, journey.desktop.clock.moment);
+        while (backup->step()) {
+        }
         garble("text 150");
     }
 

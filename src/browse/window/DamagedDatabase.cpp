@@ -10,6 +10,7 @@
 #include "state/ProgramState.h"
 #include "util/DateTimeText.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <vector>
@@ -83,7 +84,8 @@ std::optional<QString> DamagedDatabase::make(Instead instead, const QString& fil
     if (instead == Instead::Backup) {
         const auto backups = KeptBackups(folder).list();
         if (backups.empty()) return std::nullopt;
-        return RestoredCollection::make(m_platform.works, backups.front().file, place, folder.root());
+        return RestoredCollection::make(m_platform.works, backups.front().file, place,
+                                        QDir(folder.root()).dirName());
     }
     return std::nullopt;
 }
