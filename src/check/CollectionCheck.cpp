@@ -3,7 +3,15 @@
 #include "check/CollectionCheck.h"
 
 #include "check/CheckTexts.h"
+#include "check/CheckedDatabase.h"
+#include "check/ContentCheck.h"
+#include "check/DatesCheck.h"
 #include "check/EngineCheck.h"
+#include "check/HistoryCheck.h"
+#include "check/LinksCheck.h"
+#include "check/MissingFilesCheck.h"
+#include "check/RecordsCheck.h"
+#include "check/StrayFilesCheck.h"
 #include "util/Error.h"
 
 #include <QCryptographicHash>
@@ -64,11 +72,20 @@ QString checkCaption(CheckTopic topic)
     return {};
 }
 
-CollectionCheck::CollectionCheck(const QString& database, const ProgramFolder& /*folder*/,
-                                 CheckScope /*scope*/, const QString& /*notes*/)
+CollectionCheck::CollectionCheck(const QString& database, const ProgramFolder& folder, CheckScope scope,
+                                 const QString& notes)
+    : m_database(std::make_unique<CheckedDatabase>(database))
 {
-    m_checks.push_back(std::make_unique<EngineCheck>(CheckTopic::EngineIntegrity, database));
-    m_checks.push_back(std::make_unique<EngineCheck>(CheckTopic::ForeignKeys, database));
+    m_checks.push_back(std::make_unique<EngineCheck>(CheckTopic::EngineIntegrity, *m_database));
+    m_checks.push_back(std::make_unique<EngineCheck>(CheckTopic::ForeignKeys, *m_database));
+    m_checks.push_back(std::make_unique<LinksCheck>(*m_database));
+    m_checks.push_back(std::make_unique<DatesCheck>(*m_database));
+    m_checks.push_back(std::make_unique<HistoryCheck>(*m_database));
+    m_checks.push_back(std::make_unique<MissingFilesCheck>(*m_database, folder));
+    m_checks.push_back(std::make_unique<StrayFilesCheck>(*m_database, folder));
+    if (scope == CheckScope::Structure) return;
+    m_checks.push_back(std::make_unique<RecordsCheck>(*m_database));
+    m_checks.push_back(std::make_unique<ContentCheck>(*m_database, folder, notes));
 }
 
 CollectionCheck::~CollectionCheck() = default;
@@ -84,16 +101,32 @@ QString CollectionCheck::notesOf(const QString& database)
 
 bool CollectionCheck::step()
 {
+    if (!m_isPrepared) return prepare();
     if (m_current >= m_checks.size()) return false;
     TopicCheck& check = *m_checks[m_current];
-    CheckResult& result = check.result();
     try {
         if (check.step()) return true;
     } catch (const Error& error) {
-        result.hindrance = error.description();
+        check.hinder(error);
     }
-    result.isDone = true;
+    check.finish();
     return ++m_current < m_checks.size();
+}
+
+/// Without the database, nothing can be checked.
+bool CollectionCheck::prepare()
+{
+    try {
+        m_isPrepared = !m_database->prepare();
+    } catch (const Error& error) {
+        for (const auto& check : m_checks) {
+            check->hinder(error);
+            check->finish();
+        }
+        m_isPrepared = true;
+        m_current = m_checks.size();
+    }
+    return m_current < m_checks.size();
 }
 
 QString CollectionCheck::title() const
@@ -109,12 +142,15 @@ QString CollectionCheck::text() const
 
 std::optional<int> CollectionCheck::percent() const
 {
-    return static_cast<int>(m_current * 100 / m_checks.size());
+    if (m_current >= m_checks.size()) return 100;
+    const auto done = static_cast<std::size_t>(m_checks[m_current]->percent().value_or(0));
+    return static_cast<int>((m_current * 100 + done) / m_checks.size());
 }
 
 std::vector<CheckResult> CollectionCheck::results() const
 {
     std::vector<CheckResult> results;
+    results.reserve(m_checks.size());
     for (const auto& check : m_checks)
         results.push_back(check->result());
     return results;

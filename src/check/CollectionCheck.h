@@ -9,6 +9,7 @@
 #include <memory>
 #include <vector>
 
+class CheckedDatabase;
 class TopicCheck;
 
 /// How thoroughly a collection is checked.
@@ -49,6 +50,10 @@ public:
     [[nodiscard]] bool isSound() const;
 
 private:
+    bool prepare();
+
+    std::unique_ptr<CheckedDatabase> m_database;
     std::vector<std::unique_ptr<TopicCheck>> m_checks;
+    bool m_isPrepared = false;
     std::size_t m_current = 0;
 };

@@ -3,20 +3,24 @@
 #include "check/EngineCheck.h"
 
 #include "check/CheckTexts.h"
+#include "check/CheckedDatabase.h"
 #include "data/EngineError.h"
 
 #include <QFile>
 
 #include <chrono>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int mostFindings = 100;
+constexpr int lockPatienceMilliseconds = 1000;
 constexpr std::chrono::milliseconds patience(20);
 
 } // namespace
 
-EngineCheck::EngineCheck(CheckTopic topic, QString database) : TopicCheck(topic), m_file(std::move(database))
+EngineCheck::EngineCheck(CheckTopic topic, CheckedDatabase& database) : TopicCheck(topic), m_checked(database)
 {
 }
 
@@ -31,33 +35,48 @@ bool EngineCheck::step()
 {
     return callEngine([this] {
         if (!m_found.valid()) {
-            m_database = std::make_unique<SQLite::Database>(QFile::encodeName(m_file).toStdString(),
+            m_database = std::make_unique<SQLite::Database>(QFile::encodeName(m_checked.path()).toStdString(),
                                                             SQLite::OPEN_READONLY);
             m_found = std::async(std::launch::async, [this] { return look(); });
         }
         if (m_found.wait_for(patience) != std::future_status::ready) return true;
-        result().findings = m_found.get();
+        for (const QString& text : m_found.get())
+            add({text});
         return false;
     });
 }
 
 /// Runs in the thread. Throws SQLite::Exception.
-std::vector<Finding> EngineCheck::look()
+QStringList EngineCheck::look()
 {
-    std::vector<Finding> findings;
-    if (result().topic == CheckTopic::EngineIntegrity) {
-        SQLite::Statement rows(*m_database, "PRAGMA integrity_check(" + std::to_string(mostFindings) + ")");
-        while (rows.executeStep()) {
-            const std::string text = rows.getColumn(0).getString();
-            if (text != "ok") findings.push_back({QString::fromStdString(text)});
-        }
-        return findings;
-    }
-    SQLite::Statement rows(*m_database, "PRAGMA foreign_key_check");
+    sqlite3_busy_timeout(m_database->getHandle(), lockPatienceMilliseconds);
+    if (result().topic == CheckTopic::ForeignKeys) return lostReferences();
+    QStringList texts;
+    SQLite::Statement rows(*m_database, "PRAGMA integrity_check(" + std::to_string(mostFindings) + ")");
     while (rows.executeStep()) {
-        findings.push_back({CheckTexts::tr("A row of %1 refers to a row of %2 that is not there.")
-                                .arg(QString::fromStdString(rows.getColumn(0).getString()),
-                                     QString::fromStdString(rows.getColumn(2).getString()))});
+        const std::string text = rows.getColumn(0).getString();
+        if (text != "ok") texts << QString::fromStdString(text);
     }
-    return findings;
+    return texts;
+}
+
+QStringList EngineCheck::lostReferences()
+{
+    QStringList tables;
+    SQLite::Statement names(*m_database, "SELECT name FROM sqlite_master WHERE type = 'table'");
+    while (names.executeStep())
+        tables << QString::fromStdString(names.getColumn(0).getString());
+    QStringList texts;
+    for (QString& table : tables) {
+        if (table.endsWith(u"_HIST", Qt::CaseInsensitive)) continue;
+        table = u'"' + table.replace(u'"', u"\"\""_s) + u'"';
+        SQLite::Statement rows(*m_database, "PRAGMA foreign_key_check(" + table.toStdString() + ")");
+        while (rows.executeStep()) {
+            texts << CheckTexts::tr("Row %1 of %2 refers to a row of %3 that is not there.")
+                         .arg(QString::number(rows.getColumn(1).getInt64()),
+                              QString::fromStdString(rows.getColumn(0).getString()),
+                              QString::fromStdString(rows.getColumn(2).getString()));
+        }
+    }
+    return texts;
 }

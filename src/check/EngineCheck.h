@@ -4,27 +4,31 @@
 
 #include "check/TopicCheck.h"
 
+#include <QStringList>
+
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <future>
 #include <memory>
-#include <vector>
+
+class CheckedDatabase;
 
 /// What SQLite itself finds in a database, on a connection of its own and in a thread of its own, since its
-/// one statement may take seconds.
+/// one statement may take seconds. References of former versions to their records are another topic's.
 class EngineCheck final : public TopicCheck
 {
 public:
-    /// `topic` is one of the first two.
-    EngineCheck(CheckTopic topic, QString database);
+    /// `topic` is one of the first two. The database must outlive the check.
+    EngineCheck(CheckTopic topic, CheckedDatabase& database);
     ~EngineCheck() override;
 
     bool step() override;
 
 private:
-    [[nodiscard]] std::vector<Finding> look();
+    [[nodiscard]] QStringList look();
+    [[nodiscard]] QStringList lostReferences();
 
-    QString m_file;
+    CheckedDatabase& m_checked;
     std::unique_ptr<SQLite::Database> m_database;
-    std::future<std::vector<Finding>> m_found;
+    std::future<QStringList> m_found;
 };

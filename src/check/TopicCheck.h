@@ -4,6 +4,10 @@
 
 #include "check/Finding.h"
 
+#include <optional>
+
+class Error;
+
 /// The check of one topic, in short steps. It only reads.
 class TopicCheck
 {
@@ -16,8 +20,27 @@ public:
     /// Returns false once all is done. Throws Error if the check cannot be made.
     virtual bool step() = 0;
 
-    [[nodiscard]] CheckResult& result() { return m_result; }
+    /// How much of the check is made, in percent; std::nullopt if nobody knows.
+    [[nodiscard]] virtual std::optional<int> percent() const { return std::nullopt; }
+
+    /// Notes why a part of the check could not be made. Of several reasons, the first is told.
+    void hinder(const Error& reason);
+
+    /// Ends the check, and says how many findings there are beside those that are told one by one.
+    void finish();
+
+    [[nodiscard]] const CheckResult& result() const { return m_result; }
+
+protected:
+    /// Adds a finding. Beyond the number that is of use, only counts it.
+    void add(Finding finding);
+
+    /// Whether the next finding is only counted, so that its sentence need not be made.
+    [[nodiscard]] bool isFull() const;
+
+    void setRemark(const QString& remark) { m_result.remark = remark; }
 
 private:
     CheckResult m_result;
+    int m_untold = 0;
 };

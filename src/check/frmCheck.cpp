@@ -2,6 +2,8 @@
 
 #include "check/frmCheck.h"
 
+#include "check/FileByHash.h"
+#include "check/FindingSteps.h"
 #include "check/FindingsModel.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
@@ -11,7 +13,9 @@
 #include "widgets/WindowSize.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -359,12 +363,39 @@ void frmCheck::done(int result)
     QDialog::done(result);
 }
 
-bool frmCheck::findFile(const Finding& /*finding*/)
+/// Returns whether the file is there again.
+bool frmCheck::findFile(const Finding& finding)
 {
-    return false;
+    const QString folder = m_at.platform.fileDialogs.chooseFolder(tr("Find File"), {});
+    if (folder.isEmpty()) return false;
+    FileByHash search(folder, finding.sha256);
+    if (!m_at.platform.works.run(search)) return false;
+    if (!search.found()) {
+        m_at.platform.messages.show(tr("No file in the folder %1 holds what %2 held when it was added.")
+                                        .arg(QDir::toNativeSeparators(folder), finding.file));
+        return false;
+    }
+    const QString found = *search.found();
+    const bool isWanted = m_at.platform.messages.ask(tr("%1 holds what %2 held when it was added.\n\nDo you "
+                                                        "want to copy it there? If a file is there, it is "
+                                                        "put aside.")
+                                                         .arg(QDir::toNativeSeparators(found), finding.file),
+                                                     Question::Harmless);
+    if (!isWanted) return false;
+    FindingSteps::bringBack(m_at.folder, finding.file, finding.sha256, found);
+    tell(tr("%1 is as it was when it was added.").arg(finding.file));
+    return true;
 }
 
-bool frmCheck::putAside(const Finding& /*finding*/)
+bool frmCheck::putAside(const Finding& finding)
 {
-    return false;
+    const QString place = FindingSteps::putAside(m_at.folder, finding.file);
+    tell(tr("%1 is now in the folder %2.")
+             .arg(finding.file, QDir::toNativeSeparators(QFileInfo(place).path())));
+    return true;
+}
+
+void frmCheck::tell(const QString& text)
+{
+    lblOutcome->setText(text);
 }

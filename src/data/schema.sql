@@ -290,7 +290,8 @@ CREATE TABLE Organization_HIST (
 -- the names of what it is linked to, for a list those that changed; NULL if there were none. `Reverses` is the
 -- step that this one took back, or that it did again. `UndoStep` and `RedoStep` are the steps that the commands
 -- of these names take back from here on; 0 if there is none. The long texts come last, so that the rest is read
--- without them.
+-- without them. A row of the kind `Uploads` belongs to no step: it tells of a document's file that was replaced while
+-- the record stayed as it was.
 
 CREATE TABLE Journal (
     Number INTEGER PRIMARY KEY,

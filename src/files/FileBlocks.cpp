@@ -31,6 +31,12 @@ void FileBlocks::fail(int number, const fs::path& path)
                                                       QFile::decodeName(path.c_str())));
 }
 
+bool FileBlocks::isOfReading(int number)
+{
+    return number == EIO || number == ENOENT || number == EACCES || number == EPERM || number == EISDIR ||
+           number == EINVAL;
+}
+
 void FileBlocks::require(const std::error_code& code, const fs::path& path)
 {
     if (code) fail(code.value(), path);

@@ -14,6 +14,9 @@ constexpr std::size_t blockSize = 1 << 20;
 
 [[noreturn]] void fail(int number, const std::filesystem::path& path);
 
+/// Whether the number of an Error is that of one file that cannot be read, while others may be.
+bool isOfReading(int number);
+
 /// Throws Error if the code is that of a failure.
 void require(const std::error_code& code, const std::filesystem::path& path);
 

@@ -184,13 +184,18 @@ void FileCopy::copyFolder(const fs::path& from, const fs::path& to)
     logCopy(from, to);
 }
 
+bool FileCopy::isUnfinished(const fs::path& name)
+{
+    static const QRegularExpression pattern(QStringLiteral(R"(\A\.(upload|replaced)-[0-9]+(_files)?\z)"));
+    return pattern.match(textOf(name)).hasMatch();
+}
+
 void FileCopy::clearUnfinished(const fs::path& folder)
 {
-    static const QRegularExpression name(QStringLiteral(R"(\A\.(upload|replaced)-[0-9]+(_files)?\z)"));
     std::vector<fs::path> found;
     std::error_code code;
     for (fs::directory_iterator entry(folder, code), end; !code && entry != end; entry.increment(code)) {
-        if (name.match(textOf(entry->path().filename())).hasMatch()) found.push_back(entry->path());
+        if (isUnfinished(entry->path().filename())) found.push_back(entry->path());
     }
     for (const fs::path& path : found) {
         const std::string leftOver = path.filename().string();

@@ -29,6 +29,9 @@ void writeFile(const std::string& content, const std::filesystem::path& to);
 /// Throws Error for a link in it that leads out of it or back to a folder that holds the link.
 void copyFolder(const std::filesystem::path& from, const std::filesystem::path& to);
 
+/// Whether a name is that of a copy which is being made for a record, or which was not finished.
+bool isUnfinished(const std::filesystem::path& name);
+
 /// Removes from a folder what unfinished copies left there when the program was killed. An old folder that
 /// was about to be replaced is restored. Never fails, and touches only copies named after records.
 void clearUnfinished(const std::filesystem::path& folder);

@@ -10,7 +10,9 @@
 #include "util/FileStrings.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
 #include <QUrl>
 
 #include <cerrno>
@@ -86,6 +88,21 @@ QString targetFolder(const ProgramFolder& folder, const QString& programPath)
     return path;
 }
 
+/// The files in a folder of a page, with the folder's own name before theirs.
+QStringList filesBelow(const QString& folder)
+{
+    QStringList names;
+    const QDir surroundings(QFileInfo(folder).path());
+    QDirIterator files(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString file = files.next();
+        if (QFileInfo::exists(file))
+            names << surroundings.relativeFilePath(file); // not if no text can name it
+    }
+    names.sort();
+    return names;
+}
+
 } // namespace
 
 QString FileUpload::extension(const QString& chosenPath)
@@ -122,7 +139,7 @@ void FileUpload::requireSource(const QString& chosenPath)
     FileCopy::requireReadable(sourceOf(chosenPath));
 }
 
-void FileUpload::convertDocument(const QString& chosenPath, qint64 documentId) const
+QStringList FileUpload::convertDocument(const QString& chosenPath, qint64 documentId) const
 {
     const FileStrings parts = partsOf(chosenPath);
     const fs::path source = sourceOf(chosenPath);
@@ -131,8 +148,9 @@ void FileUpload::convertDocument(const QString& chosenPath, qint64 documentId) c
     const QString target = targetFolder(m_folder, ProgramFolders::documents) + QString::number(documentId);
     const std::optional<fs::path> folder = folderBeside(source, oldFolder);
     if (!folder) {
+        const QString name = QString::number(documentId) + point + parts.extension();
         FileCopy::copyFile(source, machinePath(target + point + parts.extension()));
-        return;
+        return {name};
     }
     refuseHolderOf(machinePath(target).parent_path(), *folder);
     refuseFolderElsewhere(*folder);
@@ -141,6 +159,8 @@ void FileUpload::convertDocument(const QString& chosenPath, qint64 documentId) c
         WebPage::withFolderRenamed(FileCopy::read(source), {oldFolder, folderName}, newFolder);
     FileCopy::copyFolder(*folder, machinePath(target + folderEnding));
     FileCopy::writeFile(page, machinePath(target + QStringLiteral(".htm")));
+    return QStringList(QString::number(documentId) + QStringLiteral(".htm")) +
+           filesBelow(target + folderEnding);
 }
 
 QString FileUpload::chartName(const QString& chosenPath, qint64 organizationId)

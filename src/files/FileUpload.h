@@ -5,6 +5,7 @@
 #include "files/ProgramFolder.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -33,9 +34,10 @@ public:
     static void requireSource(const QString& chosenPath);
 
     /// Copies a document's file. A page with a folder of its own name and `_files` beside it is taken with
-    /// that folder, and what the page says of the folder follows its new name. Throws Error for links that
-    /// lead out of the folder.
-    void convertDocument(const QString& chosenPath, qint64 documentId) const;
+    /// that folder, and what the page says of the folder follows its new name. Returns the names of the files
+    /// that were made, relative to the folder of documents. Throws Error for links that lead out of the
+    /// folder.
+    QStringList convertDocument(const QString& chosenPath, qint64 documentId) const;
 
     /// The name in the charts folder that a chosen file gets.
     [[nodiscard]] static QString chartName(const QString& chosenPath, qint64 organizationId);

@@ -31,6 +31,14 @@ bool FolderCopy::step()
     return true;
 }
 
+void FolderCopy::skipFile()
+{
+    m_file.reset();
+    std::error_code ignored;
+    const FolderList::Entry& entry = m_list.entries()[m_next - 1];
+    if (!entry.isFolder) fs::remove(m_target / entry.to, ignored);
+}
+
 void FolderCopy::begin(const FolderList::Entry& entry)
 {
     const fs::path target = m_target / entry.to;

@@ -16,6 +16,11 @@ public:
 
     /// Copies the next block. Throws Error; what was copied so far stays.
     bool step() override;
+
+    /// Gives up the file that could not be copied, of which nothing stays, so that the next steps go on after
+    /// it.
+    void skipFile();
+
     bool undoStep() override;
     [[nodiscard]] QString title() const override;
     [[nodiscard]] QString remark() const override;

@@ -3,26 +3,60 @@
 #include "files/RecordFiles.h"
 
 #include "data/DatabaseSession.h"
-#include "data/HeldRows.h"
 #include "files/FileUpload.h"
 #include "files/FolderNames.h"
 #include "files/ProgramFolder.h"
 
 RecordFiles::RecordFiles(DatabaseSession& session)
 {
+    *this = begun(session);
+    while (readMore(session)) {
+    }
+}
+
+RecordFiles RecordFiles::begun(const DatabaseSession& session)
+{
+    RecordFiles files;
+    files.m_isAll = false;
+    const QString location = QStringLiteral("FileLocation");
     for (const char* table : {"Document", "Document_HIST"}) {
-        RecordSet rows =
-            session.read(QStringLiteral("SELECT FileLocation FROM ") + QString::fromLatin1(table));
-        while (rows.next())
-            addDocument(rows.text(0));
+        files.m_toRead.emplace_back(
+            TableScan(QString::fromLatin1(table), location, QStringLiteral("FileLocation IS NOT NULL")),
+            &RecordFiles::addDocumentOf);
     }
-    RecordSet profiles = session.read(QStringLiteral(
-        "SELECT OrganizationProfileID, OrganizationChart, ChartOption FROM OrganizationProfile"));
-    while (profiles.next()) {
-        const QString chosen = profiles.text(1);
-        if (profiles.integer(2) != 0 || !chosen.isEmpty()) addChart(profiles.integer(0), chosen);
+    files.m_toRead.emplace_back(
+        TableScan(QStringLiteral("OrganizationProfile"),
+                  QStringLiteral("OrganizationProfileID, OrganizationChart, ChartOption"),
+                  QStringLiteral("ChartOption <> 0 OR OrganizationChart <> ''")),
+        &RecordFiles::addChartOf);
+    if (session.keepsJournal()) {
+        // the table of the files is the first in a snapshot of an organization
+        files.m_toRead.emplace_back(
+            TableScan(QStringLiteral("Journal"), QStringLiteral("Identifier"),
+                      QStringLiteral("Kind = 'Organization' AND substr(After, 1, 9) = '{\"Files\":'")),
+            &RecordFiles::addFormerChartsOf);
     }
-    if (session.keepsJournal()) addFormerCharts(session);
+    return files;
+}
+
+bool RecordFiles::readMore(DatabaseSession& session)
+{
+    if (m_toRead.empty()) return false;
+    auto& [scan, handler] = m_toRead.back();
+    for (const HeldRow& row : scan.next(session))
+        (this->*handler)(row);
+    if (scan.isDone()) m_toRead.pop_back();
+    return !m_toRead.empty();
+}
+
+void RecordFiles::addDocumentOf(const HeldRow& row)
+{
+    addDocument(textOf(row, u"FileLocation"));
+}
+
+void RecordFiles::addChartOf(const HeldRow& row)
+{
+    addChart(wholeNumberOf(row, u"OrganizationProfileID"), textOf(row, u"OrganizationChart"));
 }
 
 void RecordFiles::addDocument(const QString& fileLocation)
@@ -45,13 +79,9 @@ void RecordFiles::addChart(qint64 organization, const QString& chosenPath)
     if (ProgramFolder::isPlainName(chosenPath)) m_charts.insert(FolderNames::comparable(chosenPath));
 }
 
-void RecordFiles::addFormerCharts(DatabaseSession& session)
+void RecordFiles::addFormerChartsOf(const HeldRow& row)
 {
-    const auto rows = HeldRows(session).read(
-        QStringLiteral("SELECT DISTINCT Identifier FROM Journal WHERE Kind = 'Organization' AND "
-                       "After LIKE '%\"Files\":[%'"));
-    for (const HeldRow& row : rows)
-        m_withFormerCharts.insert(QString::number(std::get<qint64>(row.front().second)));
+    m_withFormerCharts.insert(QString::number(wholeNumberOf(row, u"Identifier")));
 }
 
 bool RecordFiles::hasDocument(const QString& fileName) const

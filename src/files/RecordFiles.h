@@ -2,8 +2,13 @@
 
 #pragma once
 
+#include "data/TableScan.h"
+
 #include <QSet>
 #include <QString>
+
+#include <utility>
+#include <vector>
 
 class DatabaseSession;
 
@@ -17,6 +22,12 @@ public:
 
     /// Reads the names from the open database. Throws Error.
     explicit RecordFiles(DatabaseSession& session);
+
+    /// Without names as long as `readMore` was not called.
+    [[nodiscard]] static RecordFiles begun(const DatabaseSession& session);
+
+    /// Reads the next names. Returns false once there are no more. Throws Error.
+    bool readMore(DatabaseSession& session);
 
     /// Whether a file in the documents folder is named, in any letter case; `.htm` and `.html` are one.
     [[nodiscard]] bool hasDocument(const QString& fileName) const;
@@ -33,9 +44,14 @@ public:
 private:
     void addDocument(const QString& fileLocation);
     void addChart(qint64 organization, const QString& chosenPath);
-    void addFormerCharts(DatabaseSession& session);
+
+    using Handler = void (RecordFiles::*)(const HeldRow&);
+    void addDocumentOf(const HeldRow& row);
+    void addChartOf(const HeldRow& row);
+    void addFormerChartsOf(const HeldRow& row);
 
     bool m_isAll = false;
+    std::vector<std::pair<TableScan, Handler>> m_toRead; ///< the next one last
     QSet<QString> m_documents;
     QSet<QString> m_pageFolders;
     QSet<QString> m_charts;

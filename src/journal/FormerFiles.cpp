@@ -8,8 +8,8 @@
 #include "files/FileUpload.h"
 #include "journal/JournalTexts.h"
 #include "journal/Snapshot.h"
+#include "journal/UploadedFiles.h"
 #include "util/Error.h"
-#include "util/Sha256.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -37,14 +37,7 @@ std::optional<QString> hashOf(const fs::path& file)
 {
     std::error_code code;
     if (!fs::is_regular_file(file, code)) return std::nullopt;
-    std::ifstream stream = FileBlocks::open(file);
-    Sha256 hash;
-    std::string buffer;
-    for (;;) {
-        const std::string_view block = FileBlocks::read(stream, buffer, file);
-        if (block.empty()) return QString::fromLatin1(hash.result().toHex());
-        hash.add(block);
-    }
+    return QString::fromLatin1(UploadedFiles::hashOf(file).toHex());
 }
 
 /// `57.pdf` of that content becomes `57-<hash>.pdf`.

@@ -30,21 +30,45 @@ void begin(JournalStep& step, const std::vector<HeldRow>& last, qint64 number)
     step.redoStep = 0;
 }
 
+std::vector<HeldRow> lastRow(DatabaseSession& session)
+{
+    return HeldRows(session).read(
+        u"SELECT Number, Step, UndoStep, RedoStep FROM Journal ORDER BY Number DESC LIMIT 1"_s);
+}
+
+void write(DatabaseSession& session, qint64 number, const QDateTime& moment, const JournalEntry& entry,
+           const JournalStep& step)
+{
+    HeldRows(session).write(
+        u"INSERT INTO Journal (Number, Step, Moment, What, Kind, Identifier, Title, Before, After, "
+        "Reverses, UndoStep, RedoStep) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
+        {number, step.number, moment.toString(u"yyyy-MM-dd HH:mm:ss"_s), Journal::wordOf(entry.action),
+         entry.kind, entry.identifier, entry.title, Snapshots::toJson(entry.before),
+         Snapshots::toJson(entry.after), step.reverses == 0 ? Value() : Value(step.reverses), step.undoStep,
+         step.redoStep});
+}
+
 } // namespace
 
 void Journal::append(DatabaseSession& session, const QDateTime& moment, const JournalEntry& entry,
                      JournalStep& step)
 {
-    const HeldRows rows(session);
-    const auto last = rows.read(u"SELECT Number, Step FROM Journal ORDER BY Number DESC LIMIT 1"_s);
+    const auto last = lastRow(session);
     const qint64 number = last.empty() ? 1 : wholeNumberOf(last.front(), u"Number") + 1;
     begin(step, last, number);
-    rows.write(u"INSERT INTO Journal (Number, Step, Moment, What, Kind, Identifier, Title, Before, After, "
-               "Reverses, UndoStep, RedoStep) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
-               {number, step.number, moment.toString(momentForm), wordOf(entry.action), entry.kind,
-                entry.identifier, entry.title, Snapshots::toJson(entry.before),
-                Snapshots::toJson(entry.after), step.reverses == 0 ? Value() : Value(step.reverses),
-                step.undoStep, step.redoStep});
+    write(session, number, moment, entry, step);
+}
+
+void Journal::note(DatabaseSession& session, const QDateTime& moment, const JournalEntry& entry)
+{
+    const auto last = lastRow(session);
+    JournalStep step;
+    step.number = last.empty() ? 1 : wholeNumberOf(last.front(), u"Number") + 1;
+    if (!last.empty()) {
+        step.undoStep = wholeNumberOf(last.front(), u"UndoStep");
+        step.redoStep = wholeNumberOf(last.front(), u"RedoStep");
+    }
+    write(session, step.number, moment, entry, step);
 }
 
 QDateTime Journal::lastMoment(DatabaseSession& session)

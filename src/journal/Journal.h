@@ -52,6 +52,10 @@ namespace Journal {
 /// which the row belongs; a step that something else has come after is begun anew.
 void append(DatabaseSession& session, const QDateTime& moment, const JournalEntry& entry, JournalStep& step);
 
+/// Adds a row that belongs to no step: what it tells is not taken back, and neither Undo nor Redo sees it. To
+/// be called as `append` is.
+void note(DatabaseSession& session, const QDateTime& moment, const JournalEntry& entry);
+
 /// When the last row was added, in local time; invalid if there is none.
 [[nodiscard]] QDateTime lastMoment(DatabaseSession& session);
 

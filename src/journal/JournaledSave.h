@@ -7,7 +7,10 @@
 #include "journal/Journal.h"
 #include "platform/Clock.h"
 
+#include <QStringList>
+
 #include <optional>
+#include <vector>
 
 /// A save of one record: a transaction in which records can be written, and the row of the journal that tells
 /// what it changed.
@@ -35,6 +38,10 @@ public:
     /// The files that the save replaces; the row tells of them. The folder must outlive the save.
     [[nodiscard]] FormerFiles& files(const ProgramFolder& folder);
 
+    /// Tells of files that the save took into the folder of documents, by their names there: the row tells
+    /// what they hold. Throws Error if one of them cannot be read.
+    void noteUploads(const ProgramFolder& folder, const QStringList& names);
+
     /// Throws Error if the file cannot take the rows; then none of them is in it.
     void commit();
 
@@ -43,6 +50,7 @@ public:
 
 private:
     void note();
+    void noteUploadsAlone();
 
     DatabaseSession& m_session;
     RecordKind m_kind;
@@ -55,5 +63,6 @@ private:
     std::optional<JournalAction> m_action;
     Snapshot m_before;
     std::optional<FormerFiles> m_files;
+    std::vector<HeldRow> m_uploads;
     bool m_isOpen = true;
 };

@@ -167,7 +167,7 @@ const std::vector<HeldRow>& Snapshot::rows(const QString& table) const
 
 bool Snapshots::isTable(const QString& name)
 {
-    return name != operationRows && name != fileRows;
+    return name != operationRows && name != fileRows && name != uploadRows;
 }
 
 bool Snapshots::areSame(const Value& one, const Value& other)
@@ -204,10 +204,11 @@ Value Snapshots::toJson(const Snapshot& snapshot)
     if (snapshot.isEmpty()) return {};
     QString json(u'{');
     json.reserve(2000);
-    const auto operation = snapshot.tables.find(operationRows.toString());
-    if (operation != snapshot.tables.end()) appendRows(json, operation->first, operation->second);
-    for (const auto& [table, rows] : snapshot.tables)
-        if (table != operationRows) appendRows(json, table, rows);
+    const auto isFirst = [](const QString& table) { return table == operationRows || table == uploadRows; };
+    for (const bool first : {true, false}) {
+        for (const auto& [table, rows] : snapshot.tables)
+            if (isFirst(table) == first) appendRows(json, table, rows);
+    }
     return json + u'}';
 }
 

@@ -19,8 +19,8 @@ class DatabaseSession;
 /// list, the rows that changed, with the key and the changed columns of a row that stays. Values are in held
 /// form.
 ///
-/// Beside the tables there can be rows that tell of the step: `Operation`, what was done to a list, and
-/// `Files`, which files a save replaced.
+/// Beside the tables there can be rows that tell of the step: `Operation`, what was done to a list, `Files`,
+/// which files a save replaced, and `Uploads`, which files it took in.
 struct Snapshot
 {
     std::map<QString, std::vector<HeldRow>> tables; ///< tables without rows are left out
@@ -35,6 +35,7 @@ namespace Snapshots {
 
 inline constexpr QStringView operationRows = u"Operation";
 inline constexpr QStringView fileRows = u"Files";
+inline constexpr QStringView uploadRows = u"Uploads";
 
 /// Whether rows of that name are those of a table of the file.
 [[nodiscard]] bool isTable(const QString& name);
@@ -48,7 +49,8 @@ inline constexpr QStringView fileRows = u"Files";
 /// The title or name of a record; empty if it has no row of its own.
 [[nodiscard]] QString titleOf(RecordKind kind, const Snapshot& record);
 
-/// As the journal holds it, with what was done to a list before all else; null for an empty one.
+/// As the journal holds it, with what was done to a list, or which files were taken in, before all else; null
+/// for an empty one.
 [[nodiscard]] Value toJson(const Snapshot& snapshot);
 
 /// Throws Error if the text is not what `toJson` makes.

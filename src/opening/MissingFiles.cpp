@@ -4,36 +4,53 @@
 
 #include "data/DatabaseSession.h"
 #include "files/FileUpload.h"
-#include "files/FolderNames.h"
 #include "files/ProgramFolder.h"
 #include "opening/OpeningTexts.h"
 
-#include <QSet>
+MissingFileSearch::MissingFileSearch(const ProgramFolder& folder)
+    : m_documents(folder.folderPath(ProgramFolders::documents)),
+      m_charts(folder.folderPath(ProgramFolders::organizationCharts)),
+      m_documentRows(QStringLiteral("Document"), QStringLiteral("DocumentID, FileLocation"),
+                     QStringLiteral("dStatus COLLATE NOCASE <> 'DELETED' AND FileLocation <> ''")),
+      m_profileRows(
+          QStringLiteral("OrganizationProfile"), QStringLiteral("OrganizationProfileID, OrganizationChart"),
+          QStringLiteral("ChartOption <> 0 AND EXISTS (SELECT 1 FROM Organization WHERE OrganizationID "
+                         "= OrganizationProfileID AND Status COLLATE NOCASE <> 'DELETED')"))
+{
+}
+
+std::vector<MissingFile> MissingFileSearch::next(DatabaseSession& session)
+{
+    std::vector<MissingFile> missing;
+    if (!m_documentRows.isDone()) {
+        for (const HeldRow& row : m_documentRows.next(session)) {
+            const QString name = textOf(row, u"FileLocation");
+            if (!ProgramFolder::isPlainName(name) || !m_documents.contains(name))
+                missing.push_back({RecordKind::Document, wholeNumberOf(row, u"DocumentID"), name});
+        }
+        return missing;
+    }
+    for (const HeldRow& row : m_profileRows.next(session)) {
+        const qint64 organization = wholeNumberOf(row, u"OrganizationProfileID");
+        const QString name = QString::number(organization) + u'.';
+        const QString chosen = name + FileUpload::extension(textOf(row, u"OrganizationChart"));
+        // the distribution has every chart as a PDF
+        const QString usual = name + QStringLiteral("pdf");
+        if (m_charts.contains(chosen) || m_charts.contains(usual) || m_told.contains(organization)) continue;
+        m_told.insert(organization);
+        missing.push_back({RecordKind::Organization, organization, chosen.endsWith(u'.') ? usual : chosen});
+    }
+    return missing;
+}
 
 MissingFiles MissingFiles::count(DatabaseSession& session, const ProgramFolder& folder)
 {
     MissingFiles missing;
-    const FolderNames documents(folder.folderPath(ProgramFolders::documents));
-    RecordSet files = session.read(QStringLiteral(
-        "SELECT FileLocation FROM Document WHERE dStatus <> 'DELETED' AND FileLocation <> ''"));
-    while (files.next()) {
-        const QString name = files.text(0);
-        if (!ProgramFolder::isPlainName(name) || !documents.contains(name)) ++missing.documents;
+    MissingFileSearch search(folder);
+    while (!search.isDone()) {
+        for (const MissingFile& each : search.next(session))
+            ++(each.kind == RecordKind::Document ? missing.documents : missing.charts);
     }
-
-    const FolderNames charts(folder.folderPath(ProgramFolders::organizationCharts));
-    RecordSet profiles = session.read(QStringLiteral(
-        "SELECT OrganizationProfileID, OrganizationChart FROM OrganizationProfile WHERE ChartOption <> 0 AND "
-        "OrganizationProfileID IN (SELECT OrganizationID FROM Organization WHERE Status <> 'DELETED')"));
-    QSet<qint64> withoutFile; // an organization may have two profiles
-    while (profiles.next()) {
-        const QString name = QString::number(profiles.integer(0)) + u'.';
-        // the distribution has every chart as a PDF
-        const bool isThere = charts.contains(name + FileUpload::extension(profiles.text(1))) ||
-                             charts.contains(name + QStringLiteral("pdf"));
-        if (!isThere) withoutFile << profiles.integer(0);
-    }
-    missing.charts = static_cast<int>(withoutFile.size());
     return missing;
 }
 

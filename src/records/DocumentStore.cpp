@@ -142,7 +142,8 @@ void DocumentStore::prepare(DocumentRecord& record, SaveMode mode, qint64 id, Jo
     record.fileLocation = storedName(id, record.originalFilename);
 }
 
-void DocumentStore::writeParts(const DocumentRecord& record, SaveMode mode, JournaledSave& /*save*/)
+void DocumentStore::writeParts(const DocumentRecord& record, SaveMode mode, JournaledSave& save)
 {
-    if (takesFile(record, mode)) FileUpload(m_folder).convertDocument(record.originalFilename, record.id);
+    if (!takesFile(record, mode)) return;
+    save.noteUploads(m_folder, FileUpload(m_folder).convertDocument(record.originalFilename, record.id));
 }

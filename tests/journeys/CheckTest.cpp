@@ -37,9 +37,10 @@ protected:
                 .arg(QString::fromUtf8(name)));
         const QString hash = QString::fromLatin1(hashOf(content).toHex());
         journey.database.run(
-            u"INSERT INTO Journal (Step, Moment, What, Kind, Identifier, Title, After) VALUES (%1, "
+            u"INSERT INTO Journal (Step, Moment, What, Kind, Identifier, Title, After, UndoStep, RedoStep) "
+            u"VALUES (%1, "
             "'2005-06-15 12:00:00', 'ADD', 'Document', %1, '%2', "
-            "'{\"Uploads\":[{\"Folder\":\"documents\",\"Name\":\"%1.pdf\",\"Hash\":\"%3\"}]}')"_s
+            "'{\"Uploads\":[{\"Folder\":\"documents\",\"Name\":\"%1.pdf\",\"Hash\":\"%3\"}]}', %1, 0)"_s
                 .arg(identifier)
                 .arg(QString::fromUtf8(name), hash));
     }

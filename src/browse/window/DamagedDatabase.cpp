@@ -3,6 +3,7 @@
 #include "browse/window/DamagedDatabase.h"
 
 #include "backup/KeptBackups.h"
+#include "check/RescuedCollection.h"
 #include "files/DatabaseFile.h"
 #include "opening/DatabaseOpener.h"
 #include "opening/RestoredCollection.h"
@@ -12,6 +13,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <vector>
 
@@ -20,6 +22,12 @@ namespace {
 QString programMoment(const QDateTime& moment)
 {
     return DateTimeText::programDate(moment.date()) + u' ' + DateTimeText::programTime(moment.time());
+}
+
+/// The folder of a collection, as the user knows it.
+QString folderOf(const QString& database)
+{
+    return QDir::toNativeSeparators(QDir::cleanPath(QFileInfo(database).path() + QStringLiteral("/..")));
 }
 
 /// Whether the head of a file says that it is a database of this program.
@@ -77,15 +85,30 @@ std::optional<DamagedDatabase::Instead> DamagedDatabase::ask(const QString& file
     return choices[static_cast<std::size_t>(*answer)];
 }
 
-std::optional<QString> DamagedDatabase::make(Instead instead, const QString& file) const
+std::optional<DamagedDatabase::Made> DamagedDatabase::make(Instead instead, const QString& file) const
+{
+    return instead == Instead::Backup ? restore(file) : rescue(file);
+}
+
+std::optional<DamagedDatabase::Made> DamagedDatabase::restore(const QString& file) const
 {
     const ProgramFolder folder = m_state.home.ofDatabase(file);
-    const QString place = m_opener.collectionsPlace();
-    if (instead == Instead::Backup) {
-        const auto backups = KeptBackups(folder).list();
-        if (backups.empty()) return std::nullopt;
-        return RestoredCollection::make(m_platform.works, backups.front().file, place,
-                                        QDir(folder.root()).dirName());
-    }
-    return std::nullopt;
+    const auto backups = KeptBackups(folder).list();
+    if (backups.empty()) return std::nullopt;
+    const auto made = RestoredCollection::make(m_platform.works, backups.front().file,
+                                               m_opener.collectionsPlace(), QDir(folder.root()).dirName());
+    if (!made) return std::nullopt;
+    return Made{*made, tr("The backup of %1 was restored into a new collection in the folder %2.")
+                           .arg(programMoment(backups.front().made), folderOf(*made))};
+}
+
+std::optional<DamagedDatabase::Made> DamagedDatabase::rescue(const QString& file) const
+{
+    const ProgramFolder folder = m_state.home.ofDatabase(file);
+    const auto made = RescuedCollection::make(m_platform.works, file, folder, m_opener.collectionsPlace(),
+                                              QDir(folder.root()).dirName());
+    if (!made) return std::nullopt;
+    return Made{made->database,
+                tr("What could be read was rescued into a new collection in the folder %1.\n\n%2")
+                    .arg(folderOf(made->database), made->lines.join(u'\n'))};
 }

@@ -38,12 +38,19 @@ public:
     /// says what is wrong with it, and may be empty.
     [[nodiscard]] std::optional<Instead> ask(const QString& file, const QString& cause) const;
 
-    /// Makes the new collection and returns its database; std::nullopt if the user cancelled that. Throws
-    /// Error.
-    [[nodiscard]] std::optional<QString> make(Instead instead, const QString& file) const;
+    /// A new collection.
+    struct Made
+    {
+        QString database;
+        QString text; ///< says what was made, for the user
+    };
+
+    /// Makes the new collection; std::nullopt if the user cancelled that. Throws Error.
+    [[nodiscard]] std::optional<Made> make(Instead instead, const QString& file) const;
 
 private:
-    [[nodiscard]] std::optional<QString> newestBackup(const QString& file) const;
+    [[nodiscard]] std::optional<Made> restore(const QString& file) const;
+    [[nodiscard]] std::optional<Made> rescue(const QString& file) const;
 
     Platform m_platform;
     const DatabaseOpener& m_opener;

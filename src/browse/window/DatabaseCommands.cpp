@@ -56,11 +56,13 @@ void DatabaseCommands::openAtStart(const StartRequest& request)
     if (!damage) return;
     m_isToldOfDamage = true;
     const auto instead = m_damaged.ask(file, damage->description());
-    const auto database = instead ? makeInstead(*instead, file) : std::nullopt;
-    if (!database) return;
+    const auto made = instead ? makeInstead(*instead, file) : std::nullopt;
+    if (!made) return;
     // the window is not there yet that would begin with another database
-    m_isToldOfDamage = !runProcedure(m_platform.messages, procedure, [&] { m_opener.openAt(*database); });
+    m_isToldOfDamage =
+        !runProcedure(m_platform.messages, procedure, [&] { m_opener.openAt(made->database); });
     settle();
+    m_platform.messages.show(made->text);
 }
 
 void DatabaseCommands::openDatabase()
@@ -132,9 +134,7 @@ void DatabaseCommands::open(const QString& procedure, const QString& file, const
         Q_EMIT opened();
     }
     if (!damage) return;
-    const auto instead = m_damaged.ask(file, damage->description());
-    const auto database = instead ? makeInstead(*instead, file) : std::nullopt;
-    if (database) openInPlace(procedure, *database);
+    if (const auto instead = m_damaged.ask(file, damage->description())) openInstead(*instead, file);
 }
 
 /// Runs what opens a file. If that is damaged, and there is something to have instead, opens it for reading
@@ -181,18 +181,26 @@ std::optional<DamagedDatabase::Instead> DatabaseCommands::tellOfDamage(const QSt
 
 void DatabaseCommands::openInstead(DamagedDatabase::Instead instead)
 {
-    if (const auto database = makeInstead(instead, m_state.session.fileName()))
-        openInPlace(QStringLiteral("openDatabase"), *database);
+    openInstead(instead, m_state.session.fileName());
 }
 
-std::optional<QString> DatabaseCommands::makeInstead(DamagedDatabase::Instead instead, const QString& file)
+void DatabaseCommands::openInstead(DamagedDatabase::Instead instead, const QString& file)
+{
+    const auto made = makeInstead(instead, file);
+    if (!made) return;
+    openInPlace(QStringLiteral("openDatabase"), made->database);
+    m_platform.messages.show(made->text);
+}
+
+std::optional<DamagedDatabase::Made> DatabaseCommands::makeInstead(DamagedDatabase::Instead instead,
+                                                                   const QString& file)
 {
     const bool isBackup = instead == DamagedDatabase::Instead::Backup;
-    std::optional<QString> database;
+    std::optional<DamagedDatabase::Made> made;
     runProcedure(m_platform.messages,
                  isBackup ? QStringLiteral("restoreBackup") : QStringLiteral("rescueDatabase"),
-                 [&] { database = m_damaged.make(instead, file); });
-    return database;
+                 [&] { made = m_damaged.make(instead, file); });
+    return made;
 }
 
 /// Notes the database that is open, if there is one, as the one opened last. Other starts of the program

@@ -92,7 +92,9 @@ private:
     [[nodiscard]] std::optional<Error> openUnlessDamaged(const QString& file,
                                                          const std::function<void()>& body);
     void openForReading(const QString& file);
-    [[nodiscard]] std::optional<QString> makeInstead(DamagedDatabase::Instead instead, const QString& file);
+    void openInstead(DamagedDatabase::Instead instead, const QString& file);
+    [[nodiscard]] std::optional<DamagedDatabase::Made> makeInstead(DamagedDatabase::Instead instead,
+                                                                   const QString& file);
     void settle();
 
     Platform m_platform;

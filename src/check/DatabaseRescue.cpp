@@ -1,0 +1,439 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "check/DatabaseRescue.h"
+
+#include "check/CheckTexts.h"
+#include "data/EngineError.h"
+#include "data/EngineRules.h"
+#include "data/RecordKind.h"
+#include "util/Error.h"
+
+#include <QFile>
+#include <QLocale>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using Kind = DatabasePages::Kind;
+
+namespace {
+
+constexpr int pagesAtOnce = 32;
+
+std::string quotedName(const std::string& name)
+{
+    std::string text = "\"";
+    for (const char letter : name)
+        text += letter == '"' ? "\"\"" : std::string(1, letter);
+    return text + '"';
+}
+
+/// As SQLite tells it from the type that a column was declared with.
+char affinityOf(const std::string& declared)
+{
+    const QString type = QString::fromStdString(declared).toUpper();
+    if (type.contains(u"INT")) return 'I';
+    if (type.contains(u"CHAR") || type.contains(u"CLOB") || type.contains(u"TEXT")) return 'T';
+    if (type.contains(u"REAL") || type.contains(u"FLOA") || type.contains(u"DOUB")) return 'R';
+    return '?';
+}
+
+void bind(SQLite::Statement& statement, int place, const DatabasePages::Cell& cell)
+{
+    if (const auto* whole = std::get_if<std::int64_t>(&cell))
+        statement.bind(place, *whole);
+    else if (const auto* real = std::get_if<double>(&cell))
+        statement.bind(place, *real);
+    else if (const auto* text = std::get_if<std::string>(&cell))
+        statement.bind(place,
+                       QString::fromUtf8(text->data(), static_cast<qsizetype>(text->size())).toStdString());
+    else if (const auto* blob = std::get_if<DatabasePages::Blob>(&cell))
+        statement.bind(place, blob->bytes.data(), static_cast<int>(blob->bytes.size()));
+    else
+        statement.bind(place);
+}
+
+} // namespace
+
+DatabaseRescue::DatabaseRescue(const QString& database, QString target)
+    : m_source(database), m_target(std::move(target))
+{
+}
+
+DatabaseRescue::~DatabaseRescue() = default;
+
+bool DatabaseRescue::step()
+{
+    return callEngine([this] {
+        switch (m_stage) {
+        case Stage::Preparing:
+            if (m_source.prepare()) return true;
+            open();
+            m_stage = Stage::Tables;
+            return true;
+        case Stage::Tables:
+            if (walkTable()) return true;
+            m_stage = Stage::Strays;
+            return true;
+        case Stage::Strays:
+            if (lookForStrays()) return true;
+            m_current = 0;
+            m_stage = Stage::Indexes;
+            return true;
+        case Stage::Indexes:
+            if (walkIndex()) return true;
+            m_stage = Stage::Finishing;
+            return true;
+        case Stage::Finishing:
+            finish();
+            return m_stage != Stage::Done;
+        case Stage::Done:
+            break;
+        }
+        return false;
+    });
+}
+
+void DatabaseRescue::open()
+{
+    const QString path = m_source.path();
+    m_pages = std::make_unique<DatabasePages>(path);
+    try {
+        m_reading =
+            std::make_unique<SQLite::Database>(QFile::encodeName(path).toStdString(), SQLite::OPEN_READONLY);
+        m_reading->exec("BEGIN");
+        m_database = std::make_unique<SQLite::Database>(QFile::encodeName(m_target).toStdString(),
+                                                        SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        addLimits(m_database->getHandle());
+        m_database->exec("PRAGMA application_id = " +
+                         m_reading->execAndGet("PRAGMA application_id").getString());
+        m_database->exec("PRAGMA user_version = " + m_reading->execAndGet("PRAGMA user_version").getString());
+        m_database->exec("BEGIN");
+        readSchema(*m_reading);
+    } catch (const SQLite::Exception& exception) {
+        throw Error(
+            SQLITE_CORRUPT,
+            CheckTexts::tr(
+                "The description of the tables is damaged, so that nothing can be rescued: %1. Please "
+                "restore a backup.")
+                .arg(QString::fromUtf8(exception.what())));
+    }
+    m_claimed.assign(m_pages->count() + 1, false);
+    m_free = m_pages->freePages();
+    if (!m_tables.empty()) m_toRead = {m_tables.front().root};
+}
+
+void DatabaseRescue::readSchema(SQLite::Database& source)
+{
+    SQLite::Statement objects(source,
+                              "SELECT type, name, tbl_name, rootpage, sql FROM sqlite_master ORDER BY rowid");
+    while (objects.executeStep()) {
+        const std::string type = objects.getColumn(0);
+        const std::string name = objects.getColumn(1);
+        const std::string table = objects.getColumn(2);
+        const auto root = static_cast<std::uint32_t>(objects.getColumn(3).getInt64());
+        const std::string sql = objects.getColumn(4);
+        if (sql.empty() || name.starts_with("sqlite_")) continue;
+        if (type == "table" && root != 0) {
+            addTable(source, name, root, sql);
+        } else if (type == "index") {
+            addIndex(source, name, root, table);
+            m_laterStatements.push_back(sql);
+        } else if (type == "view") {
+            m_laterStatements.push_back(sql);
+        }
+    }
+    std::reverse(m_laterStatements.begin(), m_laterStatements.end());
+}
+
+void DatabaseRescue::addTable(SQLite::Database& source, const std::string& name, std::uint32_t root,
+                              const std::string& sql)
+{
+    m_database->exec(sql);
+    Source table;
+    table.table.name = QString::fromStdString(name);
+    table.root = root;
+    int keys = 0;
+    SQLite::Statement columns(source, "PRAGMA table_info(" + quotedName(name) + ")");
+    while (columns.executeStep()) {
+        const std::string declared = columns.getColumn(2);
+        table.columns.push_back({columns.getColumn(1), affinityOf(declared)});
+        if (columns.getColumn(5).getInt() == 0) continue;
+        ++keys;
+        if (QString::fromStdString(declared).compare(u"INTEGER", Qt::CaseInsensitive) == 0)
+            table.alias = table.columns.size() - 1;
+    }
+    if (keys > 1) table.alias.reset();
+    m_tables.push_back(std::move(table));
+}
+
+void DatabaseRescue::addIndex(SQLite::Database& source, const std::string& name, std::uint32_t root,
+                              const std::string& table)
+{
+    const auto owner = std::find_if(m_tables.begin(), m_tables.end(), [&table](const Source& each) {
+        return each.table.name.compare(QString::fromStdString(table), Qt::CaseInsensitive) == 0;
+    });
+    if (owner == m_tables.end()) return;
+    Index index{name, root, static_cast<std::size_t>(owner - m_tables.begin()), {}, false};
+    SQLite::Statement columns(source, "PRAGMA index_info(" + quotedName(name) + ")");
+    while (columns.executeStep()) {
+        const int column = columns.getColumn(1).getInt();
+        const bool isKnown = column >= 0 && static_cast<std::size_t>(column) < owner->columns.size();
+        index.columns.push_back(isKnown ? std::optional(static_cast<std::size_t>(column)) : std::nullopt);
+    }
+    // of a link, an index knows everything
+    std::set<std::size_t> known;
+    for (const auto& column : index.columns)
+        if (column) known.insert(*column);
+    if (owner->alias) known.insert(*owner->alias);
+    index.isWhole = known.size() == owner->columns.size();
+    m_indexes.push_back(std::move(index));
+}
+
+/// Whether a page was not read yet; it is from now on.
+bool DatabaseRescue::claim(std::uint32_t page)
+{
+    if (page < 1 || page > m_pages->count() || m_claimed[page]) return false;
+    m_claimed[page] = true;
+    ++m_read;
+    return true;
+}
+
+bool DatabaseRescue::walkTable()
+{
+    for (int i = 0; i < pagesAtOnce && m_current < m_tables.size(); ++i) {
+        Source& table = m_tables[m_current];
+        if (m_toRead.empty()) {
+            if (++m_current < m_tables.size()) m_toRead = {m_tables[m_current].root};
+            continue;
+        }
+        const std::uint32_t number = m_toRead.back();
+        m_toRead.pop_back();
+        if (!claim(number)) {
+            ++table.table.damagedPages;
+            continue;
+        }
+        const DatabasePages::Page page = m_pages->read(number);
+        if (page.kind == Kind::TableInterior) {
+            table.table.damagedRows += page.lost;
+            m_toRead.insert(m_toRead.end(), page.children.rbegin(), page.children.rend());
+        } else if (page.kind == Kind::TableLeaf) {
+            take(table, page);
+        } else {
+            ++table.table.damagedPages;
+        }
+    }
+    return m_current < m_tables.size();
+}
+
+void DatabaseRescue::take(Source& table, const DatabasePages::Page& page)
+{
+    table.table.damagedRows += page.lost;
+    for (const std::uint32_t each : page.continuations)
+        static_cast<void>(claim(each));
+    for (const DatabasePages::Row& row : page.rows) {
+        if (!fits(table, row) || !insert(table, row)) {
+            ++table.table.damagedRows;
+            continue;
+        }
+        ++table.table.rows;
+        if (!row.isCut) continue;
+        ++table.table.damagedRows;
+        table.partly.insert(row.number);
+    }
+}
+
+/// Whether a row can be one of the table: a page may have got to where it does not belong.
+bool DatabaseRescue::fits(const Source& table, const DatabasePages::Row& row)
+{
+    if (row.cells.empty() || row.cells.size() > table.columns.size()) return false;
+    for (std::size_t i = 0; i < row.cells.size(); ++i) {
+        const DatabasePages::Cell& cell = row.cells[i];
+        const bool isNull = std::holds_alternative<std::monostate>(cell);
+        if (table.alias == i && !isNull) return false;
+        const bool isNumber =
+            std::holds_alternative<std::int64_t>(cell) || std::holds_alternative<double>(cell);
+        if (table.columns[i].affinity == 'T' && isNumber) return false;
+    }
+    return true;
+}
+
+bool DatabaseRescue::insert(Source& table, const DatabasePages::Row& row)
+{
+    auto& statement = table.inserts[row.cells.size()];
+    if (!statement) {
+        std::string columns = "rowid";
+        std::string marks = "?";
+        for (std::size_t i = 0; i < row.cells.size(); ++i) {
+            if (table.alias == i) continue;
+            columns += ", " + quotedName(table.columns[i].name);
+            marks += ", ?";
+        }
+        statement = std::make_unique<SQLite::Statement>(
+            *m_database, "INSERT OR IGNORE INTO " + quotedName(table.table.name.toStdString()) + " (" +
+                             columns + ") VALUES (" + marks + ")");
+    }
+    statement->reset();
+    statement->bind(1, static_cast<std::int64_t>(row.number));
+    int place = 1;
+    for (std::size_t i = 0; i < row.cells.size(); ++i)
+        if (table.alias != i) bind(*statement, ++place, row.cells[i]);
+    return statement->exec() == 1;
+}
+
+/// Pages of rows that no tree leads to any more, because a page above them is damaged. They belong to the one
+/// damaged table that their rows fit into; if there are several, only an index can tell.
+bool DatabaseRescue::lookForStrays()
+{
+    const bool isNeeded = std::any_of(m_tables.begin(), m_tables.end(),
+                                      [](const Source& table) { return table.table.damagedPages > 0; });
+    if (!isNeeded) return false;
+    for (int i = 0; i < pagesAtOnce && m_stray < m_pages->count(); ++i) {
+        ++m_stray;
+        if (m_claimed[m_stray] || m_free[m_stray]) continue;
+        const DatabasePages::Page page = m_pages->read(m_stray);
+        if (page.kind != Kind::TableLeaf || page.rows.empty()) continue;
+        std::vector<Source*> owners;
+        for (Source& table : m_tables) {
+            const bool isOwner = table.table.damagedPages > 0 &&
+                                 std::all_of(page.rows.begin(), page.rows.end(), [&table](const auto& row) {
+                                     return row.cells.size() == table.columns.size() && fits(table, row);
+                                 });
+            if (isOwner) owners.push_back(&table);
+        }
+        if (owners.size() == 1 && claim(m_stray)) take(*owners.front(), page);
+    }
+    return m_stray < m_pages->count();
+}
+
+bool DatabaseRescue::walkIndex()
+{
+    for (int i = 0; i < pagesAtOnce && m_current < m_indexes.size(); ++i) {
+        const Index& index = m_indexes[m_current];
+        Source& table = m_tables[index.table];
+        if (m_stage == Stage::Indexes && m_toRead.empty()) {
+            if (table.isDamaged() && claim(index.root)) {
+                m_toRead = {index.root};
+            } else {
+                ++m_current;
+                continue;
+            }
+        }
+        const std::uint32_t number = m_toRead.back();
+        m_toRead.pop_back();
+        const DatabasePages::Page page = m_pages->read(number);
+        if (page.kind == Kind::IndexInterior || page.kind == Kind::IndexLeaf) {
+            for (const DatabasePages::Row& entry : page.rows)
+                complete(table, index, entry);
+            for (const std::uint32_t child : page.children)
+                if (claim(child)) m_toRead.push_back(child);
+        }
+        if (m_toRead.empty()) ++m_current;
+    }
+    return m_current < m_indexes.size();
+}
+
+/// Adds what an entry of an index knows of a row that is lost, or that is known in part.
+void DatabaseRescue::complete(Source& table, const Index& index, const DatabasePages::Row& entry)
+{
+    const bool isWhole = entry.cells.size() == index.columns.size() + 1;
+    const auto* number = isWhole ? std::get_if<std::int64_t>(&entry.cells.back()) : nullptr;
+    if (number == nullptr) return;
+    if (!table.partly.contains(*number)) {
+        DatabasePages::Row row;
+        row.number = *number;
+        row.cells.resize(table.columns.size());
+        for (std::size_t i = 0; i < index.columns.size(); ++i)
+            if (index.columns[i] && index.columns[i] != table.alias)
+                row.cells[*index.columns[i]] = entry.cells[i];
+        if (!fits(table, row) || !insert(table, row)) return; // it is there
+        ++table.table.rows;
+        if (!index.isWhole) table.partly.insert(*number);
+        return;
+    }
+    for (std::size_t i = 0; i < index.columns.size(); ++i) {
+        if (!index.columns[i] || index.columns[i] == table.alias) continue;
+        const std::string column = quotedName(table.columns[*index.columns[i]].name);
+        SQLite::Statement update(*m_database, "UPDATE " + quotedName(table.table.name.toStdString()) +
+                                                  " SET " + column + " = ? WHERE rowid = ? AND " + column +
+                                                  " IS NULL");
+        bind(update, 1, entry.cells[i]);
+        update.bind(2, *number);
+        update.exec();
+    }
+}
+
+/// One index or view at a time, since an index may take its time.
+void DatabaseRescue::finish()
+{
+    for (Source& table : m_tables)
+        table.inserts.clear();
+    if (!m_laterStatements.empty()) {
+        const std::string statement = std::exchange(m_laterStatements.back(), {});
+        m_laterStatements.pop_back();
+        m_database->exec(statement);
+        return;
+    }
+    m_database->exec("COMMIT");
+    m_database.reset();
+    m_reading.reset();
+    m_stage = Stage::Done;
+}
+
+std::vector<DatabaseRescue::Table> DatabaseRescue::tables() const
+{
+    std::vector<Table> tables;
+    for (const Source& source : m_tables) {
+        Table table = source.table;
+        table.partly = static_cast<qint64>(source.partly.size());
+        tables.push_back(table);
+    }
+    return tables;
+}
+
+QStringList DatabaseRescue::lines() const
+{
+    const QLocale locale;
+    std::map<QString, qint64> rows;
+    QStringList damaged;
+    for (const Table& table : tables()) {
+        rows[table.name] = table.rows;
+        if (table.damagedPages == 0 && table.damagedRows == 0) continue;
+        QString line =
+            CheckTexts::tr(
+                "The table %1 is damaged: %2 of its pages, and %3 rows on others, could not be read. "
+                "%4 rows were rescued.")
+                .arg(table.name, locale.toString(table.damagedPages), locale.toString(table.damagedRows),
+                     locale.toString(table.rows));
+        if (table.partly > 0)
+            line += u' ' +
+                    CheckTexts::tr("Of %1 of them only a part is known.").arg(locale.toString(table.partly));
+        damaged << line;
+    }
+    const auto count = [&](RecordKind kind) { return locale.toString(rows[recordNames(kind).record]); };
+    const QString all =
+        CheckTexts::tr("Documents: %1, events: %2, organizations: %3.")
+            .arg(count(RecordKind::Document), count(RecordKind::Event), count(RecordKind::Organization));
+    return QStringList(all) + damaged;
+}
+
+QString DatabaseRescue::title() const
+{
+    return CheckTexts::tr("Rescue Database");
+}
+
+QString DatabaseRescue::text() const
+{
+    if (m_stage == Stage::Preparing) return CheckTexts::tr("Opening the database …");
+    if (m_stage == Stage::Finishing) return CheckTexts::tr("Making the indexes …");
+    return CheckTexts::tr("Reading the pages of the database (%1 of %2) …")
+        .arg(QLocale().toString(m_read), QLocale().toString(m_pages->count()));
+}
+
+std::optional<int> DatabaseRescue::percent() const
+{
+    if (m_stage == Stage::Preparing || m_pages->count() == 0) return 0;
+    return static_cast<int>(std::min<qint64>(100, m_read * 100 / m_pages->count()));
+}
