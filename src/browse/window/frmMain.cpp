@@ -165,13 +165,7 @@ void frmMain::connectViews()
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::showCaption);
     connect(m_pages, &ViewPages::viewShown, m_undo, &UndoCommands::refresh);
     // queued, since the graphic is drawn after that
-    connect(
-        m_pages, &ViewPages::viewShown, this,
-        [this] {
-            if (!m_list->isFilling() && QApplication::activeModalWidget() == nullptr)
-                m_databases->lookForDamage();
-        },
-        Qt::QueuedConnection);
+    connect(m_pages, &ViewPages::viewShown, this, &frmMain::lookForDamage, Qt::QueuedConnection);
     connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, m_databases, &DatabaseCommands::listRecent);
@@ -267,6 +261,12 @@ void frmMain::lookForOutsideChange()
     }
     m_isChangedOutside = true;
     m_graphics->timeline().updateTimeline(std::nullopt);
+}
+
+/// Never while something else is going on: the user may be asked, and another database opened.
+void frmMain::lookForDamage()
+{
+    if (!m_list->isFilling() && QApplication::activeModalWidget() == nullptr) m_databases->lookForDamage();
 }
 
 /// Shows again what is shown, after a change other than that of a record.
@@ -385,6 +385,9 @@ void frmMain::closeEvent(QCloseEvent* event)
 void frmMain::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
+    // what the user was told of by another window
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        QMetaObject::invokeMethod(this, &frmMain::lookForDamage, Qt::QueuedConnection);
     // an event during the construction finds no list yet
     if (event->type() != QEvent::PaletteChange || centralWidget() == nullptr) return;
     ReadablePalette::apply();

@@ -75,6 +75,7 @@ private:
     void startOver();
     void showAgain();
     void lookForOutsideChange();
+    void lookForDamage();
     void viewAll(RecordKind kind);
     void viewHome();
     void add(const RecordAddition& addition);
