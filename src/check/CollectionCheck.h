@@ -43,6 +43,9 @@ public:
     /// One for each check that belongs to the scope, those that were not made yet too.
     [[nodiscard]] std::vector<CheckResult> results() const;
 
+    /// How many of these were made.
+    [[nodiscard]] std::size_t made() const { return m_current; }
+
     /// Whether nothing at all was found and every check was made to its end.
     [[nodiscard]] bool isSound() const;
 

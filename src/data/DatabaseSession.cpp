@@ -65,12 +65,12 @@ DatabaseSession::DatabaseSession() = default;
 DatabaseSession::~DatabaseSession() = default;
 
 /// Opens a file in SQLite, with bounds for what reading its schema may cost.
-std::shared_ptr<SQLite::Database> DatabaseSession::connect(const QString& path, Access access)
+std::shared_ptr<EngineConnection> DatabaseSession::connect(const QString& path, Access access)
 {
     auto opened = callEngine([&path, access] {
         const int mode = access == Access::Read ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE;
         // one thread works with the file, so SQLite needs no locks of its own
-        return std::make_shared<SQLite::Database>(QFile::encodeName(path).toStdString(),
+        return std::make_shared<EngineConnection>(QFile::encodeName(path).toStdString(),
                                                   mode | SQLite::OPEN_NOMUTEX, lockPatienceMilliseconds);
     });
     m_watch.beginStep();
@@ -126,7 +126,7 @@ void DatabaseSession::close()
     m_fileName.clear();
 }
 
-const std::shared_ptr<SQLite::Database>& DatabaseSession::database() const
+const std::shared_ptr<EngineConnection>& DatabaseSession::database() const
 {
     if (!m_database) throw Error(SQLITE_MISUSE, DataTexts::tr("No database is open."));
     return m_database;

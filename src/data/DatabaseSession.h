@@ -44,6 +44,9 @@ public:
     /// change.
     [[nodiscard]] bool isReadOnly() const;
 
+    /// Whether a statement has met a part of the open file that SQLite cannot read.
+    [[nodiscard]] bool isDamaged() const { return m_database && m_database->isDamaged; }
+
     /// Throws an Error that names the cause if the open file can be read but not changed.
     void requireWritable() const;
 
@@ -105,14 +108,14 @@ private:
 
     /// Runs a prepared statement that changes something. `built` is what it was made of, if anything.
     void run(EngineStatement& statement, const QString& built = {});
-    const std::shared_ptr<SQLite::Database>& database() const;
-    std::shared_ptr<SQLite::Database> connect(const QString& path, Access access);
+    const std::shared_ptr<EngineConnection>& database() const;
+    std::shared_ptr<EngineConnection> connect(const QString& path, Access access);
     qint64 setting(const char* statement);
     [[nodiscard]] QString hindrance() const;
     [[nodiscard]] bool hasReadOnlyFile() const;
     [[nodiscard]] QString folder() const; ///< of the open file, where SQLite keeps its journal
 
-    std::shared_ptr<SQLite::Database> m_database; ///< shared with the statements that still read
+    std::shared_ptr<EngineConnection> m_database; ///< shared with the statements that still read
     Catalog m_catalog;
     std::shared_ptr<PreparedStatements> m_prepared; ///< of the open file
     std::map<Access, std::shared_ptr<PreparedStatements>>

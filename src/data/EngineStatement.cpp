@@ -3,8 +3,9 @@
 #include "data/EngineStatement.h"
 
 #include "data/EngineError.h"
+#include "util/Error.h"
 
-EngineStatement::EngineStatement(std::shared_ptr<SQLite::Database> database, std::string_view sql)
+EngineStatement::EngineStatement(std::shared_ptr<EngineConnection> database, std::string_view sql)
     : m_database(std::move(database))
 {
     sqlite3* connection = m_database->getHandle();
@@ -12,7 +13,18 @@ EngineStatement::EngineStatement(std::shared_ptr<SQLite::Database> database, std
     const int result =
         sqlite3_prepare_v2(connection, sql.data(), static_cast<int>(sql.size()), &prepared, nullptr);
     m_handle.reset(prepared);
-    if (result != SQLITE_OK) throwEngineError(connection);
+    if (result != SQLITE_OK) fail();
+}
+
+/// Throws what SQLite reports.
+void EngineStatement::fail() const
+{
+    try {
+        throwEngineError(m_database->getHandle());
+    } catch (const Error& error) {
+        if (error.isOfDamage()) m_database->isDamaged = true;
+        throw;
+    }
 }
 
 bool EngineStatement::step()
@@ -20,7 +32,7 @@ bool EngineStatement::step()
     const int result = sqlite3_step(m_handle.get());
     if (result == SQLITE_ROW) return true;
     if (result == SQLITE_DONE) return false;
-    throwEngineError(sqlite3_db_handle(m_handle.get()));
+    fail();
 }
 
 void EngineStatement::bind(int index, const Value& value)
@@ -38,7 +50,7 @@ void EngineStatement::bind(int index, const Value& value)
     } else {
         result = sqlite3_bind_null(handle, index);
     }
-    if (result != SQLITE_OK) throwEngineError(sqlite3_db_handle(handle));
+    if (result != SQLITE_OK) fail();
 }
 
 QString EngineStatement::expandedSql() const

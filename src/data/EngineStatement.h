@@ -10,6 +10,14 @@
 #include <memory>
 #include <string_view>
 
+/// An open file in SQLite.
+struct EngineConnection final : SQLite::Database
+{
+    using SQLite::Database::Database;
+
+    bool isDamaged = false; ///< whether a statement met a part of the file that SQLite cannot read
+};
+
 /// One prepared statement of SQLite. The library's own wrapper copies a counted pointer for each value
 /// that is read and keeps the handle to itself; lists of tens of thousands of rows need neither.
 ///
@@ -17,7 +25,7 @@
 class EngineStatement
 {
 public:
-    EngineStatement(std::shared_ptr<SQLite::Database> database, std::string_view sql);
+    EngineStatement(std::shared_ptr<EngineConnection> database, std::string_view sql);
 
     /// Moves to the next row; returns false if there is none. Runs a statement that changes something.
     bool step();
@@ -48,6 +56,8 @@ private:
     {
         void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
     };
-    std::shared_ptr<SQLite::Database> m_database;
+    [[noreturn]] void fail() const;
+
+    std::shared_ptr<EngineConnection> m_database;
     std::unique_ptr<sqlite3_stmt, Finalizer> m_handle; ///< goes before the connection does
 };

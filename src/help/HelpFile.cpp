@@ -36,6 +36,7 @@ constexpr std::array windowChapters{
     WindowChapter{"frmAdvSearch", HelpChapter::AdvancedSearch},
     WindowChapter{"frmImport", HelpChapter::Database},
     WindowChapter{"frmProgress", HelpChapter::Safety},
+    WindowChapter{"frmCheck", HelpChapter::Check},
     WindowChapter{"frmNewDatabase", HelpChapter::Collections},
     WindowChapter{"frmSettings", HelpChapter::Collections},
     WindowChapter{"frmLists", HelpChapter::Lists},
@@ -109,6 +110,8 @@ QString HelpFile::pageName(HelpChapter chapter)
         return QStringLiteral("database.html");
     case HelpChapter::Safety:
         return QStringLiteral("safe.html");
+    case HelpChapter::Check:
+        return QStringLiteral("check.html");
     case HelpChapter::Keys:
         return QStringLiteral("keys.html");
     }

@@ -27,6 +27,7 @@ enum class HelpChapter
     Files,
     Database,
     Safety, ///< backups
+    Check,  ///< of a collection
     Keys
 };
 

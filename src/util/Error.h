@@ -22,10 +22,17 @@ public:
     [[nodiscard]] const QString& description() const { return m_description; }
     /// Whether another program locks the database.
     [[nodiscard]] bool isOfLock() const { return m_number == lockNumber; }
+    /// Whether the database cannot be read because it is damaged, or is none.
+    [[nodiscard]] bool isOfDamage() const
+    {
+        return m_number == damageNumber || m_number == noDatabaseNumber;
+    }
     [[nodiscard]] const char* what() const noexcept override { return m_what.c_str(); }
 
 private:
-    static constexpr int lockNumber = 5; // SQLITE_BUSY
+    static constexpr int lockNumber = 5;        // SQLITE_BUSY
+    static constexpr int damageNumber = 11;     // SQLITE_CORRUPT
+    static constexpr int noDatabaseNumber = 26; // SQLITE_NOTADB
 
     int m_number;
     QString m_description;

@@ -110,6 +110,7 @@ const struct
     {"Help", "", "/Kelmsett.chm"},
     {"mnuBackUp", "", "dialog for files"},
     {"mnuRestore", "", "dialog for files"},
+    {"mnuCheckCollection", "", "Check Collection"},
     {"NewDocument", "", "Add a New Document"},
     {"NewEvent", "", "Add a New Event"},
     {"NewOrganization", "", "Add a New Organization"},

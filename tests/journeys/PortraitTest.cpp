@@ -89,6 +89,15 @@ TEST_F(Portraits, OfTheSettings)
     expectDialog("frmSettings", "mnuNavigateSettings", "settings");
 }
 
+TEST_F(Portraits, OfTheCheck)
+{
+    journey.inDialog("frmCheck", "mnuCheckCollection", [&](OpenDialog& open) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !open.find<QWidget>("cmdStop").isVisible(); }, 20000));
+        expect("check", portraitOf(open.dialog()));
+        open.press(Qt::Key_Escape);
+    });
+}
+
 TEST_F(Portraits, OfTheSearchesAndTheirResults)
 {
     const auto open = [this](const char* command, const char* dialog, const char* name) {

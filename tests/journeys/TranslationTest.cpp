@@ -265,6 +265,7 @@ TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
         .WriteRegString(QString(), u"DataDiscFolder"_s, journey.database.folder() + u"/test"_s);
     lookAtDialog("frmSettings", "mnuNavigateSettings");
     lookAtDialog("frmNewDatabase", "mnuNewDatabase");
+    lookAtDialog("frmCheck", "mnuCheckCollection");
     HomePage home(nullptr);
     home.setBeginning(true, {});
     home.setRecent({{{}, u"Atlas"_s, {}}});

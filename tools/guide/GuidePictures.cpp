@@ -82,8 +82,8 @@ QStringList GuidePictures::takeAll()
     for (const Station station :
          {&GuidePictures::showLists, &GuidePictures::showGraphics, &GuidePictures::showRowMenu,
           &GuidePictures::showNavigateMenu, &GuidePictures::showSearch, &GuidePictures::showAdvancedSearch,
-          &GuidePictures::showEditors, &GuidePictures::showHistory, &GuidePictures::showCollections,
-          &GuidePictures::showAbout}) {
+          &GuidePictures::showEditors, &GuidePictures::showHistory, &GuidePictures::showCheck,
+          &GuidePictures::showCollections, &GuidePictures::showAbout}) {
         try {
             (this->*station)();
         } catch (const std::exception& failure) {
@@ -242,6 +242,18 @@ void GuidePictures::showHistory()
             save(history.grab(), "history");
         });
     trigger("mnuRecordUndo");
+}
+
+/// Puts two faults into the collection, and takes them back.
+void GuidePictures::showCheck()
+{
+    inDialog(
+        "frmCheck", [this] { trigger("mnuCheckCollection"); },
+        [this](QWidget& check) {
+            check.resize(historySize);
+            settle();
+            save(check.grab(), "check");
+        });
 }
 
 void GuidePictures::showCollections()

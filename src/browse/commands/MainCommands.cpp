@@ -100,6 +100,9 @@ void MainCommands::makeActions()
                     tr("Writes the database and its files into one archive"));
     mnuRestore = add(QStringLiteral("mnuRestore"), tr("Res&tore…"), QStringLiteral("archive-extract"), {},
                      tr("Makes a new collection of a backup"));
+    mnuCheckCollection =
+        add(QStringLiteral("mnuCheckCollection"), tr("&Check Collection…"), QStringLiteral("kt-check-data"),
+            {}, tr("Looks for faults in the database and for missing, stray and changed files"));
     mnuNavigateSettings = add(QStringLiteral("mnuNavigateSettings"), tr("&Settings…"),
                               QStringLiteral("configure"), QKeySequence(Qt::CTRL | Qt::Key_Comma),
                               tr("Changes how the program starts and what lists look like"));
@@ -193,7 +196,7 @@ void MainCommands::makeMenus()
     mnuRecentDatabases->setObjectName(QStringLiteral("mnuRecentDatabases"));
     mnuRecentDatabases->setToolTipsVisible(true);
     mnuNavigate->addSeparator();
-    mnuNavigate->addActions({mnuBackUp, mnuRestore});
+    mnuNavigate->addActions({mnuBackUp, mnuRestore, mnuCheckCollection});
     mnuNavigate->addSeparator();
     mnuNavigate->addAction(mnuNavigateSettings);
     mnuNavigate->addSeparator();

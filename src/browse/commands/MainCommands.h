@@ -35,6 +35,7 @@ public:
     QAction* mnuOpenDatabase;
     QAction* mnuBackUp;
     QAction* mnuRestore;
+    QAction* mnuCheckCollection;
     QAction* mnuNavigateSettings;
     QAction* mnuNavigateExit;
     QAction* mnuRecordAdd; ///< of the toolbar: drops down `mnuAddKinds`

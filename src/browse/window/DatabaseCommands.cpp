@@ -14,11 +14,14 @@
 #include "platform/OtherWindows.h"
 #include "platform/Procedure.h"
 #include "state/ProgramState.h"
+#include "util/Error.h"
 #include "widgets/PlainToolTip.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
+
+#include <utility>
 
 DatabaseCommands::DatabaseCommands(const Platform& platform, DatabaseOpener& opener,
                                    const ProgramState& state, QMenu& recentMenu, QWidget& window)
@@ -27,7 +30,8 @@ DatabaseCommands::DatabaseCommands(const Platform& platform, DatabaseOpener& ope
       m_opener(opener),
       m_state(state),
       m_recentMenu(recentMenu),
-      m_window(window)
+      m_window(window),
+      m_damaged(platform, opener, state)
 {
 }
 
@@ -35,14 +39,30 @@ void DatabaseCommands::openAtStart(const StartRequest& request)
 {
     m_isToRead = request.readOnly;
     m_opener.setReadOnly(request.readOnly);
-    runProcedure(m_platform.messages, QStringLiteral("Form_Load"), [&] {
-        if (request.path.isEmpty())
-            m_opener.openNamed();
-        else
-            static_cast<void>(m_opener.openChosen(databaseAt(request.path)));
+    const QString procedure = QStringLiteral("Form_Load");
+    QString file;
+    std::optional<Error> damage;
+    runProcedure(m_platform.messages, procedure, [&] {
+        file = request.path.isEmpty() ? m_opener.namedFile() : databaseAt(request.path);
+        damage = openUnlessDamaged(file, [&] {
+            if (request.path.isEmpty())
+                m_opener.openNamed();
+            else
+                static_cast<void>(m_opener.openChosen(file));
+        });
     });
     m_opener.setReadOnly(false);
     settle();
+    if (!damage) return;
+    m_isToldOfDamage = true;
+    const auto instead = m_damaged.ask(file, damage->description());
+    const auto made = instead ? makeInstead(*instead, file) : std::nullopt;
+    if (!made) return;
+    // the window is not there yet that would begin with another database
+    m_isToldOfDamage =
+        !runProcedure(m_platform.messages, procedure, [&] { m_opener.openAt(made->database); });
+    settle();
+    m_platform.messages.show(made->text);
 }
 
 void DatabaseCommands::openDatabase()
@@ -102,12 +122,85 @@ void DatabaseCommands::open(const QString& procedure, const QString& file, const
     Q_EMIT opening();
     const QString before = m_state.session.fileName();
     bool isOther = false;
-    runProcedure(m_platform.messages, procedure, [&] { isOther = body(); });
+    std::optional<Error> damage;
+    runProcedure(m_platform.messages, procedure,
+                 [&] { damage = openUnlessDamaged(file, [&] { isOther = body(); }); });
+    if (damage && m_state.session.fileName() == file) isOther = true;
     // a database that can only be read is open although its message counts as a failure
-    if (!isOther && m_state.session.fileName() == before) return;
-    m_isToRead = false;
-    settle();
-    Q_EMIT opened();
+    if (isOther || m_state.session.fileName() != before) {
+        m_isToRead = false;
+        m_isToldOfDamage = damage.has_value();
+        settle();
+        Q_EMIT opened();
+    }
+    if (!damage) return;
+    if (const auto instead = m_damaged.ask(file, damage->description())) openInstead(*instead, file);
+}
+
+/// Runs what opens a file. If that is damaged, and there is something to have instead, opens it for reading
+/// as far as it can be read, and returns what is wrong with it.
+std::optional<Error> DatabaseCommands::openUnlessDamaged(const QString& file,
+                                                         const std::function<void()>& body)
+{
+    try {
+        body();
+        return std::nullopt;
+    } catch (const Error& error) {
+        if (!error.isOfDamage() || !m_damaged.hasOffer(file)) throw;
+        openForReading(file);
+        return error;
+    }
+}
+
+/// A file that cannot be read at all leaves open what was.
+void DatabaseCommands::openForReading(const QString& file)
+{
+    m_opener.setReadOnly(true);
+    try {
+        m_opener.openAt(file);
+    } catch (const Error&) {
+        // the user is told of the damage
+    }
+    m_opener.setReadOnly(false);
+}
+
+void DatabaseCommands::lookForDamage()
+{
+    if (!m_state.session.isDamaged()) return;
+    if (const auto instead = tellOfDamage({})) openInstead(*instead);
+}
+
+std::optional<DamagedDatabase::Instead> DatabaseCommands::tellOfDamage(const QString& cause)
+{
+    if (std::exchange(m_isToldOfDamage, true)) return std::nullopt;
+    const QString file = m_state.session.fileName();
+    openForReading(file);
+    Q_EMIT onlyReadable();
+    return m_damaged.ask(file, cause);
+}
+
+void DatabaseCommands::openInstead(DamagedDatabase::Instead instead)
+{
+    openInstead(instead, m_state.session.fileName());
+}
+
+void DatabaseCommands::openInstead(DamagedDatabase::Instead instead, const QString& file)
+{
+    const auto made = makeInstead(instead, file);
+    if (!made) return;
+    openInPlace(QStringLiteral("openDatabase"), made->database);
+    m_platform.messages.show(made->text);
+}
+
+std::optional<DamagedDatabase::Made> DatabaseCommands::makeInstead(DamagedDatabase::Instead instead,
+                                                                   const QString& file)
+{
+    const bool isBackup = instead == DamagedDatabase::Instead::Backup;
+    std::optional<DamagedDatabase::Made> made;
+    runProcedure(m_platform.messages,
+                 isBackup ? QStringLiteral("restoreBackup") : QStringLiteral("rescueDatabase"),
+                 [&] { made = m_damaged.make(instead, file); });
+    return made;
 }
 
 /// Notes the database that is open, if there is one, as the one opened last. Other starts of the program

@@ -2,15 +2,18 @@
 
 #pragma once
 
+#include "browse/window/DamagedDatabase.h"
 #include "platform/Platform.h"
 
 #include <QObject>
 #include <QString>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class DatabaseOpener;
+class Error;
 class QMenu;
 class QWidget;
 struct ProgramState;
@@ -44,6 +47,18 @@ public:
     /// Whether the start asked for no changes in the database that is open.
     [[nodiscard]] bool isToRead() const { return m_isToRead; }
 
+    /// If a statement has met a damaged part of the open database, tells the user once, and opens what they
+    /// want instead of it.
+    void lookForDamage();
+
+    /// Tells the user that the open database is damaged, and for what reason, and opens it for reading, so
+    /// that nothing makes it worse. Returns what the user wants instead of it. Does nothing if the user was
+    /// told before.
+    [[nodiscard]] std::optional<DamagedDatabase::Instead> tellOfDamage(const QString& cause);
+
+    /// Makes a new collection for the damaged database that is open, and opens that.
+    void openInstead(DamagedDatabase::Instead instead);
+
     /// A database that was opened before.
     struct Recent
     {
@@ -66,11 +81,20 @@ Q_SIGNALS:
     /// Another database is open.
     void opened();
 
+    /// The open database can be read but not changed from now on.
+    void onlyReadable();
+
     /// A recent database was forgotten.
     void recentChanged();
 
 private:
     void open(const QString& procedure, const QString& file, const std::function<bool()>& body);
+    [[nodiscard]] std::optional<Error> openUnlessDamaged(const QString& file,
+                                                         const std::function<void()>& body);
+    void openForReading(const QString& file);
+    void openInstead(DamagedDatabase::Instead instead, const QString& file);
+    [[nodiscard]] std::optional<DamagedDatabase::Made> makeInstead(DamagedDatabase::Instead instead,
+                                                                   const QString& file);
     void settle();
 
     Platform m_platform;
@@ -78,5 +102,7 @@ private:
     const ProgramState& m_state;
     QMenu& m_recentMenu;
     QWidget& m_window;
+    DamagedDatabase m_damaged;
     bool m_isToRead = false;
+    bool m_isToldOfDamage = false; ///< whether the user knows it of the open database
 };

@@ -14,6 +14,7 @@
 #include "browse/list/RecordListView.h"
 #include "browse/window/BackupCommands.h"
 #include "browse/window/BrowsePage.h"
+#include "browse/window/CheckCommand.h"
 #include "browse/window/DatabaseCommands.h"
 #include "browse/window/EmptyList.h"
 #include "browse/window/GraphicViews.h"
@@ -95,6 +96,8 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_navigation(new HistoryNavigation(state.history, *m_commands->mnuNavigateBack,
                                          *m_commands->mnuNavigateForward, *m_commands->tbToolBar, *this)),
       m_settings(std::make_unique<SettingsCommand>(platform, state, *m_list, *m_open)),
+      m_check(std::make_unique<CheckCommand>(platform, state, *m_databases, *m_editors,
+                                             [this] { return unwritable(); })),
       m_starts(new StartCommands({platform, state, *m_databases, *m_list, *m_editors, *m_search}, *this))
 {
     setObjectName(QStringLiteral("frmMain"));
@@ -135,6 +138,7 @@ void frmMain::connectCommands()
     });
     on(m_commands->mnuNewDatabase, [this] { m_databases->newDatabase(); });
     on(m_commands->mnuOpenDatabase, [this] { m_databases->openDatabase(); });
+    on(m_commands->mnuCheckCollection, [this] { m_check->run(*this); });
     on(m_commands->mnuNavigateExit, [this] { close(); });
     on(m_commands->mnuRecordCopy, [this] { m_list->view().copySelection(); });
     on(m_commands->mnuRecordOpen, [this] { m_open->run(); });
@@ -150,11 +154,18 @@ void frmMain::connectViews()
     connect(m_databases, &DatabaseCommands::opening, m_backups, &BackupCommands::backUpChanges);
     connect(m_backups, &BackupCommands::done, m_status, &StatusLine::showChange);
     connect(m_databases, &DatabaseCommands::opened, this, &frmMain::startOver);
+    connect(m_databases, &DatabaseCommands::onlyReadable, this, [this] {
+        showTitle();
+        enableCommands();
+        m_undo->refresh();
+    });
     connect(m_home, &HomePage::helpChosen, m_help->mnuHelpContents, &QAction::trigger);
     connect(m_pages, &ViewPages::viewAsked, this, &frmMain::lookForOutsideChange);
     connect(m_pages, &ViewPages::pageChanged, this, &frmMain::enableCommands);
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::showCaption);
     connect(m_pages, &ViewPages::viewShown, m_undo, &UndoCommands::refresh);
+    // queued, since the graphic is drawn after that
+    connect(m_pages, &ViewPages::viewShown, this, &frmMain::lookForDamage, Qt::QueuedConnection);
     connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, m_databases, &DatabaseCommands::listRecent);
@@ -252,6 +263,12 @@ void frmMain::lookForOutsideChange()
     m_graphics->timeline().updateTimeline(std::nullopt);
 }
 
+/// Never while something else is going on: the user may be asked, and another database opened.
+void frmMain::lookForDamage()
+{
+    if (!m_list->isFilling() && QApplication::activeModalWidget() == nullptr) m_databases->lookForDamage();
+}
+
 /// Shows again what is shown, after a change other than that of a record.
 void frmMain::showAgain()
 {
@@ -300,7 +317,12 @@ void frmMain::showCaption(const QString& caption, const QString& count)
     if (std::exchange(m_isChangedOutside, false)) {
         m_status->showNotice(tr("The database was changed by another program."));
     }
-    QString title = line;
+    showTitle();
+}
+
+void frmMain::showTitle()
+{
+    QString title = readableLine(m_state.history.view(m_state.history.current()).Caption);
     const QString file = QFileInfo(m_state.session.fileName()).fileName();
     if (!file.isEmpty()) title += QStringLiteral(" - ") + file;
     if (m_state.session.isReadOnly()) title = tr("%1 [read-only]").arg(title);
@@ -325,6 +347,7 @@ void frmMain::enableCommands()
     enableUnless(*m_commands->mnuRecordLists, noDatabase);
     enableUnless(*m_commands->mnuViewDeleted, noDatabase);
     enableUnless(*m_commands->mnuBackUp, noDatabase);
+    enableUnless(*m_commands->mnuCheckCollection, noDatabase);
     m_related->enable(noList);
     m_records->enable(unwritable(), noList);
     m_status->showSelected(showsList ? m_list->selectedCount() : 0);
@@ -362,6 +385,9 @@ void frmMain::closeEvent(QCloseEvent* event)
 void frmMain::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
+    // what the user was told of by another window
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        QMetaObject::invokeMethod(this, &frmMain::lookForDamage, Qt::QueuedConnection);
     // an event during the construction finds no list yet
     if (event->type() != QEvent::PaletteChange || centralWidget() == nullptr) return;
     ReadablePalette::apply();

@@ -11,6 +11,7 @@
 
 class BackupCommands;
 class BrowsePage;
+class CheckCommand;
 class DatabaseCommands;
 class DatabaseOpener;
 class EmptyList;
@@ -74,11 +75,13 @@ private:
     void startOver();
     void showAgain();
     void lookForOutsideChange();
+    void lookForDamage();
     void viewAll(RecordKind kind);
     void viewHome();
     void add(const RecordAddition& addition);
     void enableCommands();
     void showCaption(const QString& caption, const QString& count);
+    void showTitle();
     [[nodiscard]] QString unwritable() const;
 
     Platform m_platform;
@@ -107,6 +110,7 @@ private:
     ViewPages* m_pages;
     HistoryNavigation* m_navigation;
     std::unique_ptr<SettingsCommand> m_settings;
+    std::unique_ptr<CheckCommand> m_check;
     StartCommands* m_starts;
     bool m_isChangedOutside = false; ///< whether the view to be shown next has another program's changes
 };
