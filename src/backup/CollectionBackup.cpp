@@ -53,7 +53,7 @@ void CollectionBackup::addFolders(const ProgramFolder& folder)
                                                        {ProgramFolders::maps, "data/maps"}};
     for (const auto& [path, name] : folders) {
         const QString found = folder.folderPath(path);
-        if (QFileInfo(found).isDir()) m_list.add(found, name);
+        if (fs::is_directory(FileBlocks::statusOf(pathOf(found)))) m_list.add(found, name);
     }
 }
 
