@@ -34,5 +34,7 @@ bool SettingsCommand::change(QWidget& window)
     m_preferences = dialog.chosen();
     m_preferences.write(m_platform.settings, before);
     apply();
+    const QString hindrance = m_platform.settings.hindrance();
+    if (!hindrance.isEmpty()) m_platform.messages.show(hindrance);
     return shownOtherwise;
 }
