@@ -100,7 +100,7 @@ void copyFolder(const QString& from, const QString& to)
 std::vector<int> chosenOf(const std::vector<quint64>& kinds)
 {
     constexpr int endsTaken = 3;
-    constexpr int nextTaken = 20;
+    constexpr int nextTaken = 40;
     static const bool takesAll = qEnvironmentVariableIsSet("ORVIK_EACH_CALL");
     QHash<quint64, int> numbers;
     for (const quint64 kind : kinds)

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "ImportError.h"
+#include "Importer.h"
+#include "TemporaryTarget.h"
 #include "backup/CollectionBackup.h"
 #include "backup/KeptBackups.h"
 #include "faults/FaultScene.h"
@@ -140,6 +143,47 @@ protected:
     }
 };
 
+/// What the process that converts does, in this one. The Access file is only read.
+class ImportScene final : public FaultScene
+{
+protected:
+    void prepare(const QString& folder) override
+    {
+        writeFile(folder + u"/small.mdb"_s, ::contentOf(QStringLiteral(ORVIK_ACCESS_FILE)));
+        writeFile(folder + u"/small.sqlite"_s, "what was imported before");
+    }
+
+    Act begin(const QString& folder) override
+    {
+        return [folder] {
+            using namespace accessimport;
+            const CommandLine line{(folder + u"/small.mdb"_s).toStdString(),
+                                   (folder + u"/small.sqlite"_s).toStdString(), true};
+            const auto fail = [&line](int status, const char* what) {
+                throw Error(status,
+                            u"%1 (%2)"_s.arg(QString::fromUtf8(what), QString::fromStdString(line.source)));
+            };
+            QFile nowhere(u"/dev/null"_s);
+            (void)nowhere.open(QIODevice::WriteOnly);
+            Report report(nowhere.handle(), nowhere.handle());
+            try {
+                TemporaryTarget temporary(line.target, line.replace);
+                importDatabase(line, temporary.path(), report);
+                temporary.publish();
+            } catch (const ImportError& error) {
+                fail(static_cast<int>(error.status()), error.what());
+            } catch (const SQLite::Exception& error) {
+                fail(error.getErrorCode(), error.what());
+            }
+        };
+    }
+
+    void startAgain(const QString& folder) override
+    {
+        const accessimport::TemporaryTarget next((folder + u"/small.sqlite"_s).toStdString(), true);
+    }
+};
+
 /// A database from elsewhere is copied into a collection of its own, with the files beside it.
 class CopyScene final : public CollectionScene
 {
@@ -224,6 +268,11 @@ TEST(FileFaults, ADatabaseIsBroughtUpToDateOrStaysAsItWas)
 TEST(FileFaults, ACopiedCollectionIsWholeOrNotThere)
 {
     CopyScene().expectWholeOrNone();
+}
+
+TEST(FileFaults, AnImportedDatabaseIsWholeOrTheOldOne)
+{
+    ImportScene().expectWholeOrNone();
 }
 
 TEST(FileFaults, SettingsAreOldOrNew)
