@@ -4,6 +4,8 @@
 
 #include "browse/commands/OpenCommand.h"
 #include "browse/list/ListPane.h"
+#include "platform/Messages.h"
+#include "platform/SettingsStore.h"
 #include "settings/frmSettings.h"
 #include "state/ProgramState.h"
 
