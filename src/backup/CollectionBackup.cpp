@@ -106,7 +106,7 @@ FolderList CollectionBackup::filesOf(const ProgramFolder& folder)
     for (const QString& path : fileFolders) {
         const QString found = folder.folderPath(path);
         const QString name = path.section(u'\\', -2, -2);
-        if (QFileInfo(found).isDir()) list.add(found, name.toStdString());
+        if (fs::is_directory(FileBlocks::statusOf(pathOf(found)))) list.add(found, name.toStdString());
     }
     return list;
 }

@@ -334,6 +334,7 @@ void Transaction::commit()
     try {
         m_session.runInEngine(QStringLiteral("COMMIT"));
     } catch (const Error&) {
+        if (isCommitted(sqlite3_extended_errcode(m_session.database()->getHandle()))) return;
         rollBack();
         throw;
     }

@@ -34,6 +34,22 @@ QString hindranceOf(int code, const QString& path)
     return {};
 }
 
+/// Whether an error is one of the file, about which the user can do nothing without its name.
+bool isOfFile(int primary)
+{
+    switch (primary) {
+    case SQLITE_READONLY:
+    case SQLITE_CANTOPEN:
+    case SQLITE_IOERR:
+    case SQLITE_FULL:
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        return true;
+    default:
+        return false;
+    }
+}
+
 QString describe(int code, const char* message)
 {
     if (code == SQLITE_INTERRUPT) return DataTexts::tr("The statement took too long and was stopped.");
@@ -46,12 +62,15 @@ void throwEngineError(sqlite3* database)
 {
     const int code = sqlite3_extended_errcode(database);
     const int primary = code & primaryCodeMask;
-    if (primary == SQLITE_READONLY || primary == SQLITE_CANTOPEN || primary == SQLITE_IOERR) {
+    QString description = describe(primary, sqlite3_errmsg(database));
+    if (isOfFile(primary)) {
         const QString path = QFile::decodeName(sqlite3_db_filename(database, "main"));
-        const QString hindrance = hindranceOf(code, path);
+        const bool isOfDisk = primary != SQLITE_FULL && primary != SQLITE_CORRUPT && primary != SQLITE_NOTADB;
+        const QString hindrance = isOfDisk ? hindranceOf(code, path) : QString();
         if (!hindrance.isEmpty()) throw Error(primary, hindrance);
+        if (!path.isEmpty()) description = withPath(description, path);
     }
-    throw Error(primary, describe(primary, sqlite3_errmsg(database)));
+    throw Error(primary, description);
 }
 
 void throwEngineError(const SQLite::Exception& exception)
@@ -63,4 +82,9 @@ void throwEngineError(const SQLite::Exception& exception)
     }
     const int primary = exception.getErrorCode() & primaryCodeMask;
     throw Error(primary, describe(primary, exception.what()));
+}
+
+bool isCommitted(int extendedCode)
+{
+    return extendedCode == SQLITE_IOERR_UNLOCK || extendedCode == SQLITE_IOERR_RDLOCK;
 }

@@ -10,6 +10,10 @@
 [[noreturn]] void throwEngineError(sqlite3* database);
 [[noreturn]] void throwEngineError(const SQLite::Exception& exception);
 
+/// Whether a commit that failed with this extended code has written everything: SQLite only could not let go
+/// of its locks as it should.
+[[nodiscard]] bool isCommitted(int extendedCode);
+
 /// Runs what calls SQLite through SQLiteCpp, and turns the wrapper's exceptions into errors.
 template <typename Call>
 auto callEngine(Call&& call) -> decltype(call())

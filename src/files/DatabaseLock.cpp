@@ -32,3 +32,12 @@ DatabaseLock::DatabaseLock(const QString& file)
 }
 
 DatabaseLock::~DatabaseLock() = default;
+
+void DatabaseLock::commit()
+{
+    try {
+        m_transaction->commit();
+    } catch (const SQLite::Exception& exception) {
+        if (!isCommitted(exception.getExtendedErrorCode())) throw;
+    }
+}

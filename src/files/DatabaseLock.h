@@ -22,7 +22,7 @@ public:
     [[nodiscard]] SQLite::Database& database() const { return *m_database; }
 
     /// Writes what was changed, and ends the lock. Throws SQLite::Exception; then nothing was changed.
-    void commit() { m_transaction->commit(); }
+    void commit();
 
 private:
     std::unique_ptr<SQLite::Database> m_database;

@@ -42,11 +42,18 @@ void FileBlocks::require(const std::error_code& code, const fs::path& path)
     if (code) fail(code.value(), path);
 }
 
-std::ifstream FileBlocks::open(const fs::path& file)
+fs::file_status FileBlocks::statusOf(const fs::path& path)
 {
     std::error_code code;
-    const fs::file_status status = fs::status(file, code);
-    if (!fs::exists(status)) fail(code ? code.value() : ENOENT, file);
+    const fs::file_status status = fs::status(path, code);
+    if (!fs::status_known(status)) fail(code.value(), path);
+    return status;
+}
+
+std::ifstream FileBlocks::open(const fs::path& file)
+{
+    const fs::file_status status = statusOf(file);
+    if (!fs::exists(status)) fail(ENOENT, file);
     if (fs::is_directory(status)) fail(EISDIR, file);
     if (!fs::is_regular_file(status)) fail(EINVAL, file); // a pipe or device may never end
     std::ifstream stream(file, std::ios::binary);

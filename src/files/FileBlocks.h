@@ -22,6 +22,9 @@ bool isOfReading(int number);
 /// Throws Error if the code is that of a failure.
 void require(const std::error_code& code, const std::filesystem::path& path);
 
+/// What stands at a path, which may be nothing. Throws Error if the system does not say.
+std::filesystem::file_status statusOf(const std::filesystem::path& path);
+
 /// Throws Error if it is not a file or cannot be read.
 std::ifstream open(const std::filesystem::path& file);
 

@@ -60,7 +60,9 @@ void SplitPlan::save(const QString& file) const
     }
     const QByteArray content = QJsonDocument(QJsonObject{{staysKey, stays}, {movesKey, list}}).toJson();
     QSaveFile target(file);
-    if (target.open(QIODevice::WriteOnly) && target.write(content) == content.size() && target.commit())
+    // the commit does not notice if the system could not take what was still to be written
+    if (target.open(QIODevice::WriteOnly) && target.write(content) == content.size() && target.flush() &&
+        target.commit())
         return;
     throw Error(EIO, FilesTexts::tr("The file cannot be made. (%1)").arg(file));
 }

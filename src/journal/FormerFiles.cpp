@@ -32,11 +32,10 @@ fs::path pathOf(const QString& path)
     return {QFile::encodeName(path).toStdString()};
 }
 
-/// SHA-256 in hexadecimal; std::nullopt if there is no file.
+/// SHA-256 in hexadecimal; std::nullopt if there is no file. Throws Error.
 std::optional<QString> hashOf(const fs::path& file)
 {
-    std::error_code code;
-    if (!fs::is_regular_file(file, code)) return std::nullopt;
+    if (!fs::is_regular_file(FileBlocks::statusOf(file))) return std::nullopt;
     return QString::fromLatin1(UploadedFiles::hashOf(file).toHex());
 }
 
@@ -149,11 +148,11 @@ void FormerFiles::keepChart(const QString& chosenPath, qint64 organization)
 {
     const QString name = FileUpload::chartName(chosenPath, organization);
     const fs::path source = pathOf(FileUpload::existingFile(chosenPath).value_or(chosenPath));
-    std::error_code code;
-    if (!fs::is_regular_file(source, code)) return; // the copy fails with the reason
+    if (!fs::is_regular_file(FileBlocks::statusOf(source))) return; // the copy fails with the reason
     m_isKept = true;
     const fs::path target = chart(name);
-    if (fs::is_regular_file(target, code) && FileCopy::haveSameContent(source, target)) return;
+    if (fs::is_regular_file(FileBlocks::statusOf(target)) && FileCopy::haveSameContent(source, target))
+        return;
     keep(name, hashOf(target), hashOf(source));
 }
 

@@ -114,7 +114,10 @@ void UnfinishedCollection::clearLeftOver(const QString& place)
     const QStringList names = QDir(place).entryList({u'*' + ending}, QDir::Dirs | QDir::NoSymLinks);
     for (const QString& name : names) {
         const QString work = QDir(place).filePath(name);
-        if (!QFileInfo::exists(markIn(work))) continue;
+        if (!QFileInfo::exists(markIn(work))) {
+            QDir().rmdir(work); // fails unless it is empty, as one is that could not be removed with the rest
+            continue;
+        }
         std::unique_ptr<QLockFile> mark = markOf(work);
         if (!mark->tryLock(0)) continue; // another program is at it
         QDir(work + u'/' + name.chopped(ending.size())).removeRecursively();

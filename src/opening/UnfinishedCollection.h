@@ -32,7 +32,8 @@ public:
     /// Makes the missing folders of the collection and gives it its name. Throws Error.
     void complete();
 
-    /// Removes from a place what the program was killed over. Never fails, and touches nothing else.
+    /// Removes from a place what the program was killed over, and empty folders of such names. Never fails,
+    /// and touches nothing else.
     static void clearLeftOver(const QString& place);
 
 private:

@@ -4,6 +4,7 @@
 
 #include "platform/SettingsStore.h"
 
+#include <QDateTime>
 #include <QSettings>
 
 /// The settings of this user, with those of the whole system behind them.
@@ -14,7 +15,14 @@ public:
 
     [[nodiscard]] QString value(const QString& path) const override;
     void setValue(const QString& path, const QString& value) override;
+    [[nodiscard]] QString hindrance() const override;
 
 private:
+    bool write(const QString& path, const QString& value);
+    bool replace(const QString& file, const QString& by);
+
     mutable QSettings m_settings; ///< reading brings it up to date with the file
+    QString m_unwritten;          ///< the file, if the last value could not be written
+    QDateTime m_written = QDateTime::fromMSecsSinceEpoch(0, Qt::UTC); ///< when it was written last
+    int m_writes = 0;
 };

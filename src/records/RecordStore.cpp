@@ -214,12 +214,14 @@ std::optional<RecordConflict> RecordStore<Record>::change(Record& record)
 {
     recordIdentifier(record.id);
     requireWritable(record);
+    const auto find = [this, &record] { return load(record.id).record.stored.value().known; };
+    // goes after the save: what that wrote may have been taken back in the end
+    std::optional<StoredStates::KnownAfterSave<decltype(find)>> known;
     JournaledSave save(m_session, m_clock, m_tables.kind, record.id);
     EditableRecordSet rows =
         RecordValues::openRecord(m_session, statement(recordNames(m_tables.kind).record, record.id));
-    const auto find = [this, &record] { return load(record.id).record.stored->known; };
     if (auto conflict = StoredStates::conflict(record.stored, find())) return conflict;
-    const StoredStates::KnownAfterSave known(record.stored, find);
+    known.emplace(record.stored, find);
     prepare(record, SaveMode::Change, record.id, save);
     StoredStates::setDiffering(rows, changedFields(record));
     rows.update();

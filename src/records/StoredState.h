@@ -72,8 +72,8 @@ void setDiffering(EditableRecordSet& rows, const FieldValues& fields);
 /// The status for the history of a record with the given status: a deleted record stays deleted.
 [[nodiscard]] QString historyStatus(const Value& status);
 
-/// At the end of a save, successful or not, notes what the file holds now as known to the user, so that users
-/// are not warned of changes of their own. `find` returns that RecordView.
+/// After a save, successful or not, notes what the file holds now as known to the user, so that users are not
+/// warned of changes of their own. `find` returns that RecordView.
 template <typename Find>
 class KnownAfterSave
 {
@@ -86,7 +86,7 @@ public:
     {
         try {
             if (m_stored) m_stored->known = m_find();
-        } catch (const Error&) {
+        } catch (const std::exception&) {
             // the error that led here is the one the user sees
         }
     }

@@ -4,6 +4,8 @@
 
 #include "browse/commands/OpenCommand.h"
 #include "browse/list/ListPane.h"
+#include "platform/Messages.h"
+#include "platform/SettingsStore.h"
 #include "settings/frmSettings.h"
 #include "state/ProgramState.h"
 
@@ -36,5 +38,7 @@ bool SettingsCommand::change(QWidget& window)
     m_preferences = dialog.chosen();
     m_preferences.write(m_platform.settings, before);
     apply();
+    const QString hindrance = m_platform.settings.hindrance();
+    if (!hindrance.isEmpty()) m_platform.messages.show(hindrance);
     return shownOtherwise;
 }

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "faults/FaultScene.h"
+#include "files/FileUpload.h"
+#include "journal/FormerFiles.h"
+#include "lists/ListStore.h"
+#include "records/DocumentStore.h"
+#include "records/EventStore.h"
+#include "records/OrganizationStore.h"
+#include "support/ScriptedPlatform.h"
+#include "support/TestDatabase.h"
+#include "support/TestFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Throws what no act throws: it would be lost in the other process.
+void require(bool isDone)
+{
+    if (!isDone) throw std::logic_error("it was refused");
+}
+
+/// What a program has that changes records.
+struct Program
+{
+    explicit Program(const QString& place) : folder(place), user(place + u"/user/"_s)
+    {
+        session.open(place + u"/data/records.sqlite"_s);
+    }
+
+    DatabaseSession session;
+    ProgramFolder folder;
+    QString user; ///< the folder with the user's files
+    ScriptedClock clock;
+};
+
+/// A collection in which something is changed, with the session open before.
+class RecordScene : public FaultScene
+{
+public:
+    /// Makes what the user typed, and returns the change.
+    using Typing = std::function<Act(Program&)>;
+
+    RecordScene(Typing typing, bool isOfList) : m_typing(std::move(typing)) { keepsTables = !isOfList; }
+
+protected:
+    void prepare(const QString& folder) override
+    {
+        const TestDatabase database;
+        database.runFile("editors/rows/Editor.sql");
+        writeFile(folder + u"/data/records.sqlite"_s, database.bytes());
+        writeFile(folder + u"/data/documents/2.pdf"_s, "old document");
+        writeFile(folder + u"/data/orgcharts/2.png"_s, "old chart");
+        writeFile(folder + u"/user/chart.png"_s, "new chart");
+        writeFile(folder + u"/user/report.pdf"_s, "new document");
+        writeFile(folder + u"/user/page.htm"_s, R"(<img src="page_files/a.gif">)");
+        writeFile(folder + u"/user/page_files/a.gif"_s, "GIF");
+    }
+
+    Act begin(const QString& folder) override
+    {
+        auto program = std::make_shared<Program>(folder);
+        return [program, change = m_typing(*program)] { change(); };
+    }
+
+    void startAgain(const QString& folder) override
+    {
+        Program program(folder);
+        FileUpload(program.folder).clearUnfinished();
+        FormerFiles::settle(program.session, program.folder);
+    }
+
+private:
+    Typing m_typing;
+};
+
+FaultScene::Act savingDocument(Program& program, const QString& file)
+{
+    DocumentStore store(program.session, program.folder, program.clock);
+    DocumentRecord record = store.blank(std::nullopt);
+    record.documentName = u"Storm survey"_s;
+    record.originalFilename = program.user + file;
+    record.venues.front().isChecked = true;
+    return [store, record]() mutable { require(!store.saveDocument(record)); };
+}
+
+TEST(RecordFaults, ADocumentIsSavedWithItsFile)
+{
+    RecordScene([](Program& program) { return savingDocument(program, u"report.pdf"_s); }, false)
+        .expectWholeOrNone();
+}
+
+TEST(RecordFaults, ADocumentIsSavedWithItsWebPage)
+{
+    RecordScene([](Program& program) { return savingDocument(program, u"page.htm"_s); }, false)
+        .expectWholeOrNone();
+}
+
+TEST(RecordFaults, AnOrganizationIsSavedWithANewChart)
+{
+    const auto typing = [](Program& program) -> FaultScene::Act {
+        OrganizationStore store(program.session, program.folder, program.clock);
+        OrganizationRecord record = store.load(2).record;
+        record.organizationName = u"Zebra Rescue East"_s;
+        record.profile.organizationChart = program.user + u"chart.png"_s;
+        return [store, record]() mutable { require(!store.updateOrganization(record)); };
+    };
+    RecordScene(typing, false).expectWholeOrNone();
+}
+
+TEST(RecordFaults, AnEventIsDeleted)
+{
+    const auto typing = [](Program& program) -> FaultScene::Act {
+        EventStore store(program.session, program.clock);
+        return [store]() mutable { store.deleteEvent(2); };
+    };
+    RecordScene(typing, false).expectWholeOrNone();
+}
+
+TEST(RecordFaults, ListEntriesAreMerged)
+{
+    const auto typing = [](Program& program) -> FaultScene::Act {
+        ListStore store(program.session, program.clock);
+        return [store]() mutable { require(store.merge(ListKind::Venues, 12, 3).problem.isEmpty()); };
+    };
+    RecordScene(typing, true).expectWholeOrNone();
+}
+
+} // namespace
