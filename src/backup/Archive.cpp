@@ -41,11 +41,10 @@ bool isOfSystem(int number)
     return number > 0 && number != EILSEQ && number != EINVAL;
 }
 
-[[noreturn]] void failReading(archive* failed, const QString& file)
+[[noreturn]] void failReading(int number, const QString& file)
 {
-    const int number = archive_errno(failed);
     if (isOfSystem(number)) failBySystem(number, file);
-    fail(EINVAL, BackupTexts::tr("The archive is damaged, or this file is none."), file);
+    fail(EILSEQ, BackupTexts::tr("The archive is damaged, or this file is none."), file);
 }
 
 [[noreturn]] void failWriting(archive* failed, const QString& file)
@@ -121,6 +120,8 @@ ArchiveWriter::ArchiveWriter(const QString& file) : m_file(file), m_unfinished(u
         } else {
             require(archive_write_set_format_pax_restricted(m_archive));
             require(archive_write_add_filter_zstd(m_archive));
+            // one thread compresses while this one reads and hashes, as tar and zstd work side by side
+            archive_write_set_filter_option(m_archive, "zstd", "threads", "1");
         }
         require(archive_write_open_fd(m_archive, m_descriptor));
     } catch (...) {
@@ -217,11 +218,12 @@ ArchiveReader::ArchiveReader(const QString& file) : m_file(file), m_archive(arch
     archive_read_support_filter_zstd(m_archive);
     archive_read_support_format_tar(m_archive);
     archive_read_support_format_zip(m_archive);
+    errno = 0; // some failures pass on what it happens to be
     const int result = archive_read_open_filename(m_archive, QFile::encodeName(file).constData(), readBlock);
     if (result >= ARCHIVE_WARN) return;
     const int number = archive_errno(m_archive);
     archive_read_free(m_archive);
-    failBySystem(number, file);
+    failReading(number, file);
 }
 
 ArchiveReader::~ArchiveReader()
@@ -232,13 +234,14 @@ ArchiveReader::~ArchiveReader()
 void ArchiveReader::require(int result) const
 {
     if (result >= ARCHIVE_WARN) return;
-    failReading(m_archive, m_file);
+    failReading(archive_errno(m_archive), m_file);
 }
 
 std::optional<ArchiveReader::Entry> ArchiveReader::next()
 {
     const Utf8Names names;
     archive_entry* entry = nullptr;
+    errno = 0;
     const int result = archive_read_next_header(m_archive, &entry);
     if (result == ARCHIVE_EOF) return std::nullopt;
     require(result);
@@ -255,8 +258,9 @@ std::optional<ArchiveReader::Entry> ArchiveReader::next()
 std::string_view ArchiveReader::read()
 {
     m_buffer.resize(readBlock);
+    errno = 0;
     const la_ssize_t count = archive_read_data(m_archive, m_buffer.data(), m_buffer.size());
-    if (count < 0) failReading(m_archive, m_file);
+    if (count < 0) failReading(archive_errno(m_archive), m_file);
     return {m_buffer.data(), static_cast<std::size_t>(count)};
 }
 

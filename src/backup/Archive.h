@@ -62,7 +62,8 @@ private:
     qint64 m_underWay = 0; ///< bytes of the archive that the disk was asked to write
 };
 
-/// Reads an archive, file by file. Every failure is an Error.
+/// Reads an archive, file by file. Every failure is an Error, that of an archive which is damaged with
+/// EILSEQ.
 class ArchiveReader
 {
 public:

@@ -59,9 +59,9 @@ void refuseInside(const ProgramFolder& folder, const QString& archive)
 
 /// The name of an entry. What no text can stand for, in a name that another system gave, is written as in an
 /// address, such as `%E9`.
-QString entryName(const fs::path& path)
+QString entryName(const std::string& path)
 {
-    const QByteArray bytes = QByteArray::fromStdString(path.generic_string());
+    const QByteArray bytes = QByteArray::fromStdString(path);
     const QString text = QString::fromUtf8(bytes);
     if (text.toUtf8() == bytes) return text;
     QByteArray readable;
@@ -77,7 +77,8 @@ QString entryName(const fs::path& path)
 /// Whether an entry of the list stays out of the backup.
 bool isLeftOut(const FolderList::Entry& entry)
 {
-    return entry.isFolder || std::any_of(entry.to.begin(), entry.to.end(), [](const fs::path& part) {
+    const fs::path path = entry.to;
+    return entry.isFolder || std::any_of(path.begin(), path.end(), [](const fs::path& part) {
                return FileCopy::isUnfinished(part.string());
            });
 }

@@ -64,6 +64,11 @@ bool isDatabase(const QString& name)
     return name != listName && name.count(u'/') == 1;
 }
 
+[[noreturn]] void refuseDamaged(const QString& name, const QString& archive)
+{
+    refuse(BackupTexts::tr("%1 is damaged in the backup.").arg(readableLine(name)), archive);
+}
+
 [[noreturn]] void refuseForeign(const QString& entry, const QString& archive)
 {
     refuse(BackupTexts::tr("This is not a backup of a collection, or it has been tampered with: it holds %1.")
@@ -174,9 +179,19 @@ void CollectionRestore::limit(std::size_t more)
     if (!m_isList) requireRoom(0);
 }
 
+std::string_view CollectionRestore::nextBlock()
+{
+    try {
+        return m_reader->read();
+    } catch (const Error& error) {
+        if (error.number() != EILSEQ) throw;
+        refuseDamaged(m_name, m_archiveFile);
+    }
+}
+
 void CollectionRestore::readBlock()
 {
-    const std::string_view block = m_reader->read();
+    const std::string_view block = nextBlock();
     if (block.empty()) {
         complete();
         return;
@@ -233,9 +248,7 @@ void CollectionRestore::compare()
         if (found == m_unpacked.constEnd())
             refuse(BackupTexts::tr("%1 is missing in the backup.").arg(readableLine(file.name)),
                    m_archiveFile);
-        if (found->size != file.size || found->sha256 != file.sha256)
-            refuse(BackupTexts::tr("%1 is damaged in the backup.").arg(readableLine(file.name)),
-                   m_archiveFile);
+        if (found->size != file.size || found->sha256 != file.sha256) refuseDamaged(file.name, m_archiveFile);
         m_unpacked.erase(found);
     }
     if (!m_unpacked.isEmpty())

@@ -59,6 +59,7 @@ private:
 
     void begin(const ArchiveReader::Entry& entry);
     [[nodiscard]] bool isExpected(const QString& folder, const QString& name);
+    [[nodiscard]] std::string_view nextBlock();
     void readBlock();
     void complete();
     void compare();

@@ -22,9 +22,8 @@ QString FolderList::Amount::sizeText() const
 
 void FolderList::add(const QString& folder, const fs::path& name)
 {
-    const fs::path path = QFile::encodeName(QDir::cleanPath(folder)).toStdString();
-    m_entries.push_back({path, name, true});
-    m_roots.push_back(path);
+    m_roots.push_back(m_entries.size());
+    m_entries.push_back({QFile::encodeName(QDir::cleanPath(folder)).toStdString(), name.string(), true});
 }
 
 bool FolderList::step()
@@ -50,9 +49,9 @@ bool FolderList::step()
 void FolderList::look(const fs::directory_entry& found)
 {
     std::error_code code;
-    const fs::path root = m_roots[m_next - 1];
+    const std::size_t root = m_roots[m_next - 1];
     const bool isLink = found.is_symlink(code);
-    if (isLink && !LinkTarget::liesIn(root, found.path())) return;
+    if (isLink && !LinkTarget::liesIn(m_entries[root].from, found.path())) return;
     const bool isFolder = found.is_directory(code) && !isLink;
     if (!isFolder && !found.is_regular_file(code)) return;
     if (!isFolder) {
@@ -60,7 +59,8 @@ void FolderList::look(const fs::directory_entry& found)
         ++m_amount.files;
         if (!code) m_amount.bytes += static_cast<qint64>(size);
     }
-    m_entries.push_back({found.path(), m_entries[m_next - 1].to / found.path().filename(), isFolder});
+    const fs::path to = m_entries[m_next - 1].to / found.path().filename();
+    m_entries.push_back({found.path().string(), to.string(), isFolder});
     m_roots.push_back(root);
 }
 

@@ -5,6 +5,7 @@
 #include "platform/SteppedWork.h"
 
 #include <filesystem>
+#include <string>
 #include <vector>
 
 /// Finds out what folders hold, with all folders in them. Only files count: what is neither a file nor a
@@ -23,8 +24,9 @@ public:
 
     struct Entry
     {
-        std::filesystem::path from;
-        std::filesystem::path to; ///< relative to where the folders are copied to
+        // not paths, each of which takes a kilobyte: there may be a hundred thousand
+        std::string from;
+        std::string to; ///< relative to where the folders are copied to
         bool isFolder = false;
     };
 
@@ -46,8 +48,8 @@ private:
     void look(const std::filesystem::directory_entry& found);
 
     std::vector<Entry> m_entries;
-    std::vector<std::filesystem::path> m_roots; ///< for each entry, the added folder that holds it
-    std::size_t m_next = 0;                     ///< the first entry that was not looked into yet
+    std::vector<std::size_t> m_roots; ///< for each entry, the number of the added folder that holds it
+    std::size_t m_next = 0;           ///< the first entry that was not looked into yet
     std::filesystem::directory_iterator m_open; ///< the folder before that
     Amount m_amount;
 };

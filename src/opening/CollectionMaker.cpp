@@ -20,6 +20,8 @@
 #include <QFileInfo>
 #include <QLocale>
 
+#include <filesystem>
+
 namespace {
 
 QString collectionName(const QString& file)
@@ -80,7 +82,9 @@ bool CollectionMaker::mayBringAlong(const QString& file, const FolderList& files
 {
     QStringList names;
     for (const FolderList::Entry& entry : files.entries()) {
-        if (!entry.to.has_parent_path()) names << QFile::decodeName(entry.from.filename().c_str());
+        const std::filesystem::path to = entry.to;
+        const std::filesystem::path from = entry.from;
+        if (!to.has_parent_path()) names << QFile::decodeName(from.filename().c_str());
     }
     const QString beside = QFileInfo(file).fileName();
     const FolderList::Amount amount = files.amount();

@@ -1,22 +1,31 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "backup/AutomaticBackups.h"
 #include "backup/CollectionBackup.h"
 #include "backup/CollectionRestore.h"
 #include "files/ProgramFolder.h"
-#include "support/ScriptedPlatform.h"
+#include "support/AsPlainUser.h"
+#include "support/SizeLimit.h"
 #include "support/TestDatabase.h"
 #include "support/TestFiles.h"
 
 #include <QDirIterator>
 #include <QProcess>
+#include <QtEndian>
 
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <functional>
 #include <map>
+#include <random>
 
 using namespace Qt::StringLiterals;
+using testing::AnyOf;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
@@ -54,15 +63,32 @@ protected:
         }
     }
 
-    /// What the restoring of an archive says; empty if it worked.
-    static std::string refusalOf(const QString& archive, const QString& target)
+    /// What a call says that fails; empty if it worked.
+    static std::string refusalOf(const std::function<void()>& call)
     {
         try {
-            restore(archive, target);
+            call();
         } catch (const Error& error) {
             return error.description().toStdString();
         }
         return {};
+    }
+
+    static std::string refusalOf(const QString& archive, const QString& target)
+    {
+        return refusalOf([&] { restore(archive, target); });
+    }
+
+    /// The file of a collection whose content a place in a zip archive holds; empty if there is none.
+    static QString fileAround(const QByteArray& zip, qsizetype at)
+    {
+        constexpr qsizetype lengthPlace = 26;
+        constexpr qsizetype namePlace = 30;
+        const qsizetype head = zip.lastIndexOf("PK\3\4", at);
+        if (head < 0 || at >= zip.indexOf("PK\1\2")) return {};
+        const qsizetype length = qFromLittleEndian<quint16>(zip.constData() + head + lengthPlace);
+        if (at < head + namePlace + length) return {};
+        return QString::fromUtf8(zip.mid(head + namePlace, length)).section(u'/', 1);
     }
 
     /// All files below a folder with what they hold; of a database, what matters.
@@ -87,18 +113,72 @@ protected:
 
 TEST_F(Backup, ComesBackAsItWasInEachFormat)
 {
+    const QString page = data() + u"documents/3_files/"_s;
+    writeFile(data() + u"documents/2.PDF"_s, "another report on a system with letter cases");
+    writeFile(data() + u"documents/.upload-7"_s, "unfinished");
+    writeFile(data() + u"orgcharts/former/.replaced-3-0b.pdf"_s, "the only one if the program was killed");
+    writeFile(page + QString(120, QChar(0x6cb3)).left(80) + u".gif"_s, "a long name");
+    writeFile(path(u"outside.pdf"_s), "not of the collection");
+    QFile::link(page + u"Bild 1 \u00e9.gif"_s, page + u"again.gif"_s);
+    QFile::link(path(u"outside.pdf"_s), data() + u"documents/4.pdf"_s);
+    QFile::link(path(u"Rivers"_s), data() + u"documents/all"_s);
+    const std::string latin = page.toStdString() + "Bild \xe9.gif";
+    std::ofstream(latin) << "named elsewhere";
+    const QDateTime modified(QDate(1998, 7, 3), QTime(4, 5, 6), Qt::UTC);
+    QFile report(data() + u"documents/2.pdf"_s);
+    ASSERT_TRUE(report.open(QIODevice::ReadWrite) &&
+                report.setFileTime(modified, QFile::FileModificationTime));
+    report.close();
+
+    std::map<QString, QByteArray> expected = filesIn(data());
+    for (const QString& name : {u"documents/.upload-7"_s, u"documents/4.pdf"_s})
+        EXPECT_EQ(expected.erase(name), 1U) << name.toStdString();
+    expected[u"documents/3_files/Bild %E9.gif"_s] = "named elsewhere";
     for (const QString& name : {u"rivers.zip"_s, u"rivers.tar.zst"_s}) {
         SCOPED_TRACE(name.toStdString());
         backUp(path(name));
         restore(path(name), path(u"again"_s));
-        EXPECT_EQ(filesIn(path(u"again"_s)), filesIn(path(u"Rivers"_s)));
+        EXPECT_EQ(filesIn(path(u"again/data"_s)), expected);
+        EXPECT_EQ(QFileInfo(path(u"again/data/documents/2.pdf"_s)).lastModified(), modified);
         EXPECT_EQ(CollectionRestore::manifestOf(path(name)).rows.value(u"Document"_s), 1);
     }
     // what stock programs unpack is the same
     ASSERT_EQ(QProcess::execute(u"python3"_s,
                                 {u"-m"_s, u"zipfile"_s, u"-e"_s, path(u"rivers.zip"_s), path(u"by-hand"_s)}),
               0);
-    EXPECT_EQ(filesIn(path(u"by-hand/Rivers/data"_s)), filesIn(data()));
+    EXPECT_EQ(filesIn(path(u"by-hand/Rivers/data"_s)), expected);
+    std::remove(latin.c_str()); // Qt cannot
+}
+
+TEST_F(Backup, TakesDatabasesOfEveryKindFromAnyFolder)
+{
+    const struct
+    {
+        const char* folder; ///< of the database
+        const char* statements;
+        const char* name; ///< of the collection
+    } cases[] = {
+        {"Rivers/data/", "DROP TABLE Journal; PRAGMA user_version = 1", "Rivers"},
+        {"Lakes/", "PRAGMA user_version = 2", "Lakes"},
+        {"Seas/data/", "PRAGMA journal_mode = WAL; UPDATE Document SET DocumentName = 'x'", "Seas"},
+    };
+    for (const auto& [folder, statements, name] : cases) {
+        SCOPED_TRACE(folder);
+        const QString place = path(QString::fromUtf8(folder));
+        const QString database = place + u"Rivers.sqlite"_s;
+        const QString archive = path(u"rivers.tar.zst"_s);
+        writeFile(place + u"documents/8.pdf"_s, "eight");
+        QFile::copy(m_database.fileName(), database);
+        SQLite::Database(database.toStdString(), SQLite::OPEN_READWRITE).exec(statements);
+        CollectionBackup work(database, ProgramFolder({}).ofDatabase(database), archive,
+                              QDateTime::currentDateTime());
+        while (work.step()) {
+        }
+        restore(archive, path(u"again"_s));
+        EXPECT_EQ(CollectionRestore::collectionIn(archive), QString::fromUtf8(name));
+        EXPECT_EQ(contentOf(path(u"again/data/documents/8.pdf"_s)), "eight");
+        EXPECT_EQ(QDir(path(u"again/data"_s)).entryList(QDir::Files), QStringList{u"Rivers.sqlite"_s});
+    }
 }
 
 TEST_F(Backup, LeavesNothingWhenItIsGivenUp)
@@ -116,27 +196,97 @@ TEST_F(Backup, LeavesNothingWhenItIsGivenUp)
     }
 }
 
+/// What goes wrong is said with the name of the file, and leaves nothing.
+TEST_F(Backup, SaysWhyItFails)
+{
+    const QString report = data() + u"documents/9.pdf"_s;
+    QByteArray content(3'000'000, '\0');
+    std::generate(content.begin(), content.end(), std::minstd_rand());
+    writeFile(report, content);
+    writeFile(path(u"archives/old.zip"_s), "the one of yesterday");
+    const std::map<QString, QByteArray> before = filesIn(path(u"archives"_s));
+    const auto failure = [&](
+                             const QString& archive, const std::function<void()>& meanwhile = [] {}) {
+        try {
+            CollectionBackup work(data() + u"Rivers.sqlite"_s, ProgramFolder(path(u"Rivers"_s)), archive,
+                                  QDateTime::currentDateTime());
+            for (bool goesOn = true; goesOn;) {
+                goesOn = work.step();
+                const auto bytes = work.bytes();
+                if (bytes && bytes->done > content.size()) meanwhile();
+            }
+        } catch (const Error& error) {
+            EXPECT_EQ(filesIn(path(u"archives"_s)), before);
+            return error.description().toStdString();
+        }
+        return std::string();
+    };
+    const QString archive = path(u"archives/old.zip"_s);
+    EXPECT_THAT(failure(data() + u"documents/rivers.zip"_s), HasSubstr("among the files of its collection"));
+    EXPECT_THAT(failure(data() + u"rivers.zip"_s), HasSubstr("among the files of its collection"));
+    EXPECT_THAT(failure(path(u"nowhere/rivers.zip"_s)), HasSubstr("nowhere/rivers.zip.part"));
+    EXPECT_THAT(failure(path(u"archives"_s)), HasSubstr("archives"));
+    EXPECT_THAT(failure(archive,
+                        [&] {
+                            QFile file(report);
+                            file.open(QIODevice::Append);
+                            file.write("more");
+                        }),
+                HasSubstr("9.pdf"));
+    EXPECT_THAT(failure(archive, [&] { QFile::resize(report, 10); }), HasSubstr("was changed"));
+    {
+        const ArchiveWriter other(archive);
+        EXPECT_THAT(refusalOf([&] { ArchiveWriter writer(archive); }), HasSubstr("Another program"));
+    }
+    writeFile(report, content);
+    {
+        const SizeLimit full(2'000'000);
+        EXPECT_THAT(failure(archive), HasSubstr("old.zip"));
+    }
+    for (const QString& folder : {m_database.folder(), path(u"archives"_s)})
+        QFile::setPermissions(folder, QFile::Permissions(0x7777));
+    QFile::setPermissions(report, {});
+    const AsPlainUser user;
+    EXPECT_THAT(failure(archive), HasSubstr("9.pdf"));
+}
+
+/// One byte changed, at 250 places of each format: the restore says which file is damaged, or that the
+/// archive is, or everything comes back as it was.
 TEST_F(Backup, FindsEveryChangedByte)
 {
-    const QString archive = path(u"rivers.tar.zst"_s);
-    backUp(archive);
-    const std::map<QString, QByteArray> whole = filesIn(path(u"Rivers"_s));
-    const QByteArray content = contentOf(archive);
-    int unharmed = 0;
-    for (int i = 0; i < 120; ++i) {
-        QByteArray changed = content;
-        const auto at = static_cast<qsizetype>((static_cast<quint64>(i) * 2654435761U) %
-                                               static_cast<quint64>(content.size()));
-        changed[at] = static_cast<char>(changed[at] ^ 0x10);
-        writeFile(path(u"changed.tar.zst"_s), changed);
-        if (!refusalOf(path(u"changed.tar.zst"_s), path(u"again"_s)).empty()) continue;
-        ++unharmed;
-        EXPECT_EQ(filesIn(path(u"again"_s)), whole) << at;
-    }
-    EXPECT_LT(unharmed, 12) << "of a container, hardly a byte may be without a meaning";
-    for (const qsizetype length : {qsizetype(0), qsizetype(100), content.size() / 2, content.size() - 1}) {
-        writeFile(path(u"changed.tar.zst"_s), content.first(length));
-        EXPECT_NE(refusalOf(path(u"changed.tar.zst"_s), path(u"again"_s)), "") << length;
+    writeFile(data() + u"documents/3_files/Bild 1 \u00e9.gif"_s, QByteArray(3'000, 'x'));
+    const std::map<QString, QByteArray> whole = filesIn(data());
+    for (const QString& ending : {u"zip"_s, u"tar.zst"_s}) {
+        const QString changed = path(u"changed."_s + ending);
+        backUp(changed);
+        const QByteArray content = contentOf(changed);
+        int unharmed = 0;
+        for (quint64 i = 0; i < 250; ++i) {
+            SCOPED_TRACE(i);
+            QByteArray other = content;
+            const auto at = static_cast<qsizetype>(i * 2654435761U % static_cast<quint64>(content.size()));
+            other[at] = static_cast<char>(other[at] ^ (1 << i % 8));
+            writeFile(changed, other);
+            const std::string refusal = refusalOf(changed, path(u"again"_s));
+            if (refusal.empty()) {
+                ++unharmed;
+                EXPECT_EQ(filesIn(path(u"again/data"_s)), whole) << at;
+                continue;
+            }
+            EXPECT_THAT(refusal,
+                        AnyOf(HasSubstr("damaged"), HasSubstr("cannot be read"), HasSubstr("twice"),
+                              HasSubstr("missing"), HasSubstr("tampered"), HasSubstr("not on its list")));
+            const QString harmed = fileAround(content, at);
+            if (refusal.find(" is damaged in the backup") != std::string::npos && !harmed.isEmpty()) {
+                EXPECT_THAT(refusal, StartsWith(harmed.toStdString()));
+            }
+        }
+        EXPECT_LT(unharmed, 50) << "of a container, hardly a byte may be without a meaning";
+        for (const qsizetype length :
+             {qsizetype(0), qsizetype(100), content.size() / 2, content.size() * 9 / 10}) {
+            writeFile(changed, content.first(length));
+            EXPECT_NE(refusalOf(changed, path(u"again"_s)), "") << length;
+        }
     }
 }
 
@@ -153,12 +303,18 @@ TEST_F(Backup, AHostileArchiveReachesNothingOutside)
         {"z.writestr('/out.txt', 'x')", "tampered"},
         {"z.writestr('Rivers/data/documents/..\\\\..\\\\out.txt', 'x')", "tampered"},
         {"z.writestr('Rivers/bin/out.txt', 'x')", "tampered"},
+        {"z.writestr('Lakes/data/documents/5.pdf', 'x')", "tampered"},
+        {"z.writestr('Rivers/data/Rivers.sqlite-journal', 'x')", "tampered"},
         {"i = zipfile.ZipInfo('Rivers/data/documents/link'); i.create_system = 3; "
          "i.external_attr = 0o120777 << 16; z.writestr(i, '/etc/passwd')",
          "tampered"},
         {"z.writestr('Rivers/data/documents/2.pdf', 'x')", "twice"},
         {"z.writestr('Rivers/data/documents/9.pdf', 'x')", "not on its list"},
-        {"z.writestr('Rivers/data/documents/9.pdf', bytes(400 * 1024 * 1024), zipfile.ZIP_DEFLATED)",
+        {"z.writestr('Rivers/data/documents/' + 300 * 'n', 'x')", "too long"},
+        {"z.writestr('Rivers/data/documents/' + 3000 * 'n/', ''); "
+         "z.writestr('Rivers/data/documents/' + 3000 * 'n/' + 'n', 'x')",
+         "too long"},
+        {"z.writestr('Rivers/data/documents/9.pdf', bytes(300 * 1024 * 1024), zipfile.ZIP_DEFLATED)",
          "far more"},
     };
     const QString archive = path(u"rivers.zip"_s);
@@ -175,85 +331,6 @@ TEST_F(Backup, AHostileArchiveReachesNothingOutside)
         EXPECT_EQ(QDir(m_database.folder()).entryList(QDir::Files), before);
         EXPECT_FALSE(QFile::exists(u"/out.txt"_s));
     }
-}
-
-/// Whether a backup is due, by the backups there are, the last change and the time; all in local time.
-TEST(AutomaticBackups, AreDueByWhatIsThere)
-{
-    const auto moment = [](const char* text) {
-        return QDateTime::fromString(QString::fromUtf8(text), u"yyyy-MM-dd HH:mm"_s);
-    };
-    const struct
-    {
-        const char* what;
-        std::vector<const char*> kept;
-        const char* change;
-        bool isDue;
-    } cases[] = {
-        {"nothing was ever changed", {}, "", false},
-        {"there is none", {}, "2026-05-01 10:00", true},
-        {"the newest came before", {"2026-05-09 18:00", "2026-04-01 18:00"}, "2026-05-10 10:00", true},
-        {"perhaps in the same second", {"2026-05-09 18:00"}, "2026-05-09 18:00", true},
-        {"the newest came after", {"2026-05-09 18:00"}, "2026-05-09 17:59", false},
-        {"there is one of today", {"2026-05-10 00:01"}, "2026-05-10 10:00", false},
-        {"or of later today", {"2026-05-10 23:00"}, "2026-05-10 10:00", false},
-        {"those to come say nothing", {"2027-05-10 18:00", "2026-05-01 18:00"}, "2026-05-09 10:00", true},
-        {"but of a change to come", {"2027-05-10 18:00"}, "2027-05-10 10:00", false},
-        {"unless it came later", {"2027-05-10 18:00"}, "2027-05-11 10:00", true},
-    };
-    for (const auto& [what, moments, change, isDue] : cases) {
-        std::vector<KeptBackups::Kept> kept;
-        for (const char* made : moments)
-            kept.push_back({{}, moment(made), 1});
-        EXPECT_EQ(AutomaticBackups::isDue(kept, moment(change), moment("2026-05-10 20:00")), isDue) << what;
-    }
-}
-
-TEST_F(Backup, AreKeptBesideADatabaseAndSurviveAClockThatIsPutBack)
-{
-    const ProgramFolder home(path(u"home"_s));
-    for (const auto& [database, folder] : {std::pair("Rivers/data/a.sqlite", "Rivers/backups"),
-                                           std::pair("stick/a.sqlite", "stick/backups")}) {
-        const ProgramFolder of = home.ofDatabase(path(QString::fromUtf8(database)));
-        EXPECT_EQ(KeptBackups(of).folder(), path(QString::fromUtf8(folder)));
-    }
-    const KeptBackups kept{ProgramFolder(path(u"Rivers"_s))};
-    const auto made = [&](const char* moment) {
-        writeFile(kept.folder() + u"/Rivers %1.tar.zst"_s.arg(QString::fromUtf8(moment)));
-    };
-    for (int day = 10; day < 25; ++day)
-        made(qPrintable(u"2027-03-%1 120000"_s.arg(day)));
-    made("2026-03-01 120000");
-    made("2026-03-02 120000");
-    kept.tidy(QDateTime(QDate(2026, 3, 2), QTime(12, 0)));
-    EXPECT_EQ(kept.list().size(), 17U) << "what is to come counts for nothing";
-    kept.tidy(QDateTime(QDate(2027, 3, 24), QTime(12, 0)));
-    EXPECT_EQ(kept.list().size(), 11U);
-    EXPECT_EQ(kept.list().back().made.date(), QDate(2026, 3, 2)) << "the last one of its month";
-}
-
-TEST_F(Backup, OfADamagedDatabaseDoesNotPushOutTheOthers)
-{
-    const QString database = data() + u"Rivers.sqlite"_s;
-    const ProgramFolder folder(path(u"Rivers"_s));
-    ScriptedPlatform desktop;
-    const AutomaticBackups backups(desktop.platform(), database, folder);
-    backups.beforeChange(11);
-    // a page that a copy of all pages takes along
-    QByteArray content = contentOf(database);
-    const qsizetype page = TestDatabase::answer(database, u"SELECT rootpage FROM sqlite_master "
-                                                          "WHERE name = 'CityLocations'"_s)
-                               .toInt() -
-                           1;
-    const qsizetype pageSize = TestDatabase::answer(database, u"PRAGMA page_size"_s).toInt();
-    content.replace(page * pageSize, 100, QByteArray(100, 'x'));
-    writeFile(database, content);
-    desktop.clock.moment = desktop.clock.moment.addDays(1);
-    desktop.messages.expectMessageBeginning(
-        u"The database could not be backed up: The database is damaged. "_s);
-    backups.beforeChange(11);
-    ASSERT_EQ(KeptBackups(folder).list().size(), 1U);
-    EXPECT_EQ(KeptBackups(folder).list().front().made, QDateTime(QDate(2005, 6, 15), QTime(12, 0)));
 }
 
 } // namespace

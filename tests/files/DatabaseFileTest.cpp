@@ -107,4 +107,18 @@ TEST_F(Unfinished, AJournalThatNamesAnotherFileIsRefused)
     EXPECT_FALSE(QFile::exists(m_target));
 }
 
+/// Another program writes for a while: the copy waits, in steps, and is then complete.
+TEST_F(Unfinished, ChangesOfAnotherProgramAreWaitedFor)
+{
+    SQLite::Database other(m_database.fileName().toStdString(), SQLite::OPEN_READWRITE);
+    other.exec("BEGIN EXCLUSIVE; UPDATE Venue SET VenueName = 'Pier' WHERE VenueID = 2");
+    DatabaseCopy copy(m_database.fileName(), m_target);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_TRUE(copy.step());
+    other.exec("COMMIT");
+    while (copy.step()) {
+    }
+    EXPECT_EQ(copiedVenues(), u"Pier Airport"_s);
+}
+
 } // namespace
