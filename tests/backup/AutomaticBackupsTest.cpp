@@ -2,11 +2,14 @@
 
 #include "backup/AutomaticBackups.h"
 
+#include "support/AsPlainUser.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
 #include "support/TestFiles.h"
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -68,6 +71,33 @@ TEST(AutomaticBackups, OfADamagedDatabaseDoNotPushOutTheOthers)
     backups.beforeChange(11);
     ASSERT_EQ(KeptBackups(folder).list().size(), 1U);
     EXPECT_EQ(KeptBackups(folder).list().front().made, QDateTime(QDate(2005, 6, 15), QTime(12, 0)));
+}
+
+TEST(AutomaticBackups, AtTheEndSayNothingWhereNothingCanBeWritten)
+{
+    TestDatabase database;
+    database.run(
+        "INSERT INTO Journal (Number, Step, Moment, What, Kind, Identifier, UndoStep, RedoStep) VALUES "
+        "(1, 1, '2005-06-14 10:00:00', 'add', 'Event', 2, 1, 0)");
+    const QString data = database.folder() + u"/Rivers/data"_s;
+    writeFile(data + u"/a.sqlite"_s, contentOf(database.fileName()));
+    const auto allow = [](const QString& path, mode_t mode) { ASSERT_EQ(chmod(qPrintable(path), mode), 0); };
+    allow(database.folder(), 0755);
+    allow(data, 0777);
+    allow(data + u"/a.sqlite"_s, 0666);
+    const ProgramFolder folder(database.folder() + u"/Rivers"_s);
+    ScriptedPlatform desktop;
+    DatabaseSession session;
+    const AutomaticBackups backups(desktop.platform(), data + u"/a.sqlite"_s, folder);
+    for (const bool canWrite : {false, true}) {
+        allow(folder.root(), canWrite ? 0777 : 0555);
+        const AsPlainUser plainUser;
+        session.open(data + u"/a.sqlite"_s);
+        ASSERT_FALSE(session.isReadOnly());
+        backups.atExit(session);
+        EXPECT_EQ(KeptBackups(folder).list().size(), canWrite ? 1U : 0U);
+        session.close();
+    }
 }
 
 } // namespace
