@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "backup/AutomaticBackups.h"
 #include "backup/CollectionBackup.h"
 #include "backup/CollectionRestore.h"
 #include "files/ProgramFolder.h"
 #include "support/AsPlainUser.h"
-#include "support/SizeLimit.h"
 #include "support/ScriptedPlatform.h"
+#include "support/SizeLimit.h"
 #include "support/TestDatabase.h"
 #include "support/TestFiles.h"
 
@@ -333,85 +332,6 @@ TEST_F(Backup, AHostileArchiveReachesNothingOutside)
         EXPECT_EQ(QDir(m_database.folder()).entryList(QDir::Files), before);
         EXPECT_FALSE(QFile::exists(u"/out.txt"_s));
     }
-}
-
-/// Whether a backup is due, by the backups there are, the last change and the time; all in local time.
-TEST(AutomaticBackups, AreDueByWhatIsThere)
-{
-    const auto moment = [](const char* text) {
-        return QDateTime::fromString(QString::fromUtf8(text), u"yyyy-MM-dd HH:mm"_s);
-    };
-    const struct
-    {
-        const char* what;
-        std::vector<const char*> kept;
-        const char* change;
-        bool isDue;
-    } cases[] = {
-        {"nothing was ever changed", {}, "", false},
-        {"there is none", {}, "2026-05-01 10:00", true},
-        {"the newest came before", {"2026-05-09 18:00", "2026-04-01 18:00"}, "2026-05-10 10:00", true},
-        {"perhaps in the same second", {"2026-05-09 18:00"}, "2026-05-09 18:00", true},
-        {"the newest came after", {"2026-05-09 18:00"}, "2026-05-09 17:59", false},
-        {"there is one of today", {"2026-05-10 00:01"}, "2026-05-10 10:00", false},
-        {"or of later today", {"2026-05-10 23:00"}, "2026-05-10 10:00", false},
-        {"those to come say nothing", {"2027-05-10 18:00", "2026-05-01 18:00"}, "2026-05-09 10:00", true},
-        {"but of a change to come", {"2027-05-10 18:00"}, "2027-05-10 10:00", false},
-        {"unless it came later", {"2027-05-10 18:00"}, "2027-05-11 10:00", true},
-    };
-    for (const auto& [what, moments, change, isDue] : cases) {
-        std::vector<KeptBackups::Kept> kept;
-        for (const char* made : moments)
-            kept.push_back({{}, moment(made), 1});
-        EXPECT_EQ(AutomaticBackups::isDue(kept, moment(change), moment("2026-05-10 20:00")), isDue) << what;
-    }
-}
-
-TEST_F(Backup, AreKeptBesideADatabaseAndSurviveAClockThatIsPutBack)
-{
-    const ProgramFolder home(path(u"home"_s));
-    for (const auto& [database, folder] : {std::pair("Rivers/data/a.sqlite", "Rivers/backups"),
-                                           std::pair("stick/a.sqlite", "stick/backups")}) {
-        const ProgramFolder of = home.ofDatabase(path(QString::fromUtf8(database)));
-        EXPECT_EQ(KeptBackups(of).folder(), path(QString::fromUtf8(folder)));
-    }
-    const KeptBackups kept{ProgramFolder(path(u"Rivers"_s))};
-    const auto made = [&](const char* moment) {
-        writeFile(kept.folder() + u"/Rivers %1.tar.zst"_s.arg(QString::fromUtf8(moment)));
-    };
-    for (int day = 10; day < 25; ++day)
-        made(qPrintable(u"2027-03-%1 120000"_s.arg(day)));
-    made("2026-03-01 120000");
-    made("2026-03-02 120000");
-    kept.tidy(QDateTime(QDate(2026, 3, 2), QTime(12, 0)));
-    EXPECT_EQ(kept.list().size(), 17U) << "what is to come counts for nothing";
-    kept.tidy(QDateTime(QDate(2027, 3, 24), QTime(12, 0)));
-    EXPECT_EQ(kept.list().size(), 11U);
-    EXPECT_EQ(kept.list().back().made.date(), QDate(2026, 3, 2)) << "the last one of its month";
-}
-
-TEST_F(Backup, OfADamagedDatabaseDoesNotPushOutTheOthers)
-{
-    const QString database = data() + u"Rivers.sqlite"_s;
-    const ProgramFolder folder(path(u"Rivers"_s));
-    ScriptedPlatform desktop;
-    const AutomaticBackups backups(desktop.platform(), database, folder);
-    backups.beforeChange(11);
-    // a page that a copy of all pages takes along
-    QByteArray content = contentOf(database);
-    const qsizetype page = TestDatabase::answer(database, u"SELECT rootpage FROM sqlite_master "
-                                                          "WHERE name = 'CityLocations'"_s)
-                               .toInt() -
-                           1;
-    const qsizetype pageSize = TestDatabase::answer(database, u"PRAGMA page_size"_s).toInt();
-    content.replace(page * pageSize, 100, QByteArray(100, 'x'));
-    writeFile(database, content);
-    desktop.clock.moment = desktop.clock.moment.addDays(1);
-    desktop.messages.expectMessageBeginning(
-        u"The database could not be backed up: The database is damaged. "_s);
-    backups.beforeChange(11);
-    ASSERT_EQ(KeptBackups(folder).list().size(), 1U);
-    EXPECT_EQ(KeptBackups(folder).list().front().made, QDateTime(QDate(2005, 6, 15), QTime(12, 0)));
 }
 
 } // namespace

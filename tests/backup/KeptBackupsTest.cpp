@@ -49,17 +49,33 @@ TEST_F(KeptBackupsTest, KeepsTheNewestTenAndOneOfEachMonth)
     EXPECT_TRUE(CollectionRestore::holdsDatabaseAlone(backups.front().file));
 }
 
+TEST_F(KeptBackupsTest, AClockThatIsPutBackRemovesNoneThatIsNew)
+{
+    const auto made = [&](const QString& moment) {
+        writeFile(m_kept.folder() + u"/test %1.tar.zst"_s.arg(moment));
+    };
+    for (int day = 10; day < 25; ++day)
+        made(u"2027-03-%1 120000"_s.arg(day));
+    made(u"2026-03-01 120000"_s);
+    made(u"2026-03-02 120000"_s);
+    m_kept.tidy(QDateTime(QDate(2026, 3, 2), QTime(12, 0)));
+    EXPECT_EQ(m_kept.list().size(), 17U) << "what is to come counts for nothing";
+    m_kept.tidy(QDateTime(QDate(2027, 3, 24), QTime(12, 0)));
+    EXPECT_EQ(m_kept.list().size(), 11U);
+    EXPECT_EQ(m_kept.list().back().made.date(), QDate(2026, 3, 2)) << "the last one of its month";
+}
+
 TEST_F(KeptBackupsTest, OneThatIsGivenUpLeavesNothing)
 {
     for (int steps = 0; steps < 4; ++steps) {
         const auto work = m_kept.work(m_database.fileName(), m_folder, QDateTime::currentDateTime());
         for (int i = 0; i < steps; ++i)
             ASSERT_TRUE(work->step());
-        m_kept.tidy();
+        m_kept.tidy(QDateTime::currentDateTime());
         EXPECT_EQ(files().size(), 1) << "one that is being made stays";
         while (work->undoStep()) {
         }
-        m_kept.tidy();
+        m_kept.tidy(QDateTime::currentDateTime());
         EXPECT_FALSE(QFileInfo::exists(m_kept.folder()));
     }
 }

@@ -338,4 +338,15 @@ TEST_F(AutomaticBackupJourney, ComesAtTheEndOnceADayIfSomethingWasChanged)
     EXPECT_EQ(QDir(path("backups")).entryList(QDir::Files).size(), 4) << "who only reads changes nothing";
 }
 
+TEST_F(AutomaticBackupJourney, ComesAlsoWhenAnotherDatabaseIsOpened)
+{
+    writeFile(path("other/data/other.sqlite"), contentOf(journey.database.fileName()));
+    journey.start();
+    deleteDocuments(1);
+    journey.desktop.fileDialogs.files = {path("other/data/other.sqlite")};
+    journey.trigger("mnuOpenDatabase");
+    EXPECT_EQ(journey.program->state().session.fileName(), path("other/data/other.sqlite"));
+    EXPECT_EQ(kept(), "test 2005-06-15 120000.tar.zst");
+}
+
 } // namespace
