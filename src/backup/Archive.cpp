@@ -3,6 +3,7 @@
 #include "backup/Archive.h"
 
 #include "backup/BackupTexts.h"
+#include "files/FileBlocks.h"
 #include "util/Error.h"
 
 #include <QFile>
@@ -15,11 +16,13 @@
 #include <fcntl.h>
 #include <locale.h>
 #include <memory>
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr std::size_t readBlock = 1 << 20;
+constexpr qint64 mostUnderWay = 8 << 20; ///< bytes
 constexpr mode_t permissions = 0644;
 
 [[noreturn]] void fail(int number, const QString& reason, const QString& file)
@@ -32,11 +35,24 @@ constexpr mode_t permissions = 0644;
     fail(number, qt_error_string(number), file);
 }
 
-QString reasonOf(archive* failed)
+/// Whether the system has failed, and not the content of an archive.
+bool isOfSystem(int number)
 {
-    const char* text = archive_error_string(failed);
-    return text == nullptr ? BackupTexts::tr("The archive cannot be read or written.")
-                           : QString::fromLocal8Bit(text);
+    return number > 0 && number != EILSEQ && number != EINVAL;
+}
+
+[[noreturn]] void failReading(archive* failed, const QString& file)
+{
+    const int number = archive_errno(failed);
+    if (isOfSystem(number)) failBySystem(number, file);
+    fail(EINVAL, BackupTexts::tr("The archive is damaged, or this file is none."), file);
+}
+
+[[noreturn]] void failWriting(archive* failed, const QString& file)
+{
+    const int number = archive_errno(failed);
+    if (isOfSystem(number)) failBySystem(number, file);
+    fail(EIO, QString::fromLocal8Bit(archive_error_string(failed)), file);
 }
 
 /// Lets libarchive take and return names in UTF-8, whatever the locale of the process is.
@@ -75,11 +91,27 @@ std::optional<ArchiveFormat> archiveFormatOf(const QString& fileName)
     return std::nullopt;
 }
 
-ArchiveWriter::ArchiveWriter(const QString& file) : m_file(file), m_unfinished(file + QStringLiteral(".part"))
+/// The lock says that somebody is at it; the end of the process that holds it frees it.
+void ArchiveWriter::clearLeftOver(const QString& file)
 {
+    const QByteArray name = QFile::encodeName(unfinishedName(file));
+    const int descriptor = ::open(name.constData(), O_WRONLY | O_CLOEXEC | O_NONBLOCK);
+    if (descriptor < 0) return;
+    const bool isInUse = ::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    if (!isInUse) ::unlink(name.constData());
+    ::close(descriptor);
+}
+
+ArchiveWriter::ArchiveWriter(const QString& file) : m_file(file), m_unfinished(unfinishedName(file))
+{
+    if (QFileInfo(file).isDir()) failBySystem(EISDIR, file);
+    clearLeftOver(file);
     const QByteArray name = QFile::encodeName(m_unfinished);
-    m_descriptor = ::open(name.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, permissions);
+    m_descriptor = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
+    if (m_descriptor < 0 && errno == EEXIST)
+        fail(EBUSY, BackupTexts::tr("Another program is just writing this archive."), file);
     if (m_descriptor < 0) failBySystem(errno, m_unfinished);
+    ::flock(m_descriptor, LOCK_EX | LOCK_NB); // not every file system can
     m_archive = archive_write_new();
     const Utf8Names names;
     try {
@@ -114,8 +146,8 @@ void ArchiveWriter::discard()
 
 void ArchiveWriter::require(int result) const
 {
-    if (result >= ARCHIVE_WARN) return;
-    fail(archive_errno(m_archive), reasonOf(m_archive), m_file);
+    if (result == ARCHIVE_OK) return; // a warning means that a name is not as it should be
+    failWriting(m_archive, m_file);
 }
 
 void ArchiveWriter::begin(const QString& name, qint64 size, qint64 modified)
@@ -137,10 +169,28 @@ void ArchiveWriter::write(std::string_view content)
         content = content.substr(0, static_cast<std::size_t>(m_missing));
     while (!content.empty()) {
         const la_ssize_t written = archive_write_data(m_archive, content.data(), content.size());
-        if (written <= 0) fail(archive_errno(m_archive), reasonOf(m_archive), m_file);
+        if (written <= 0) failWriting(m_archive, m_file);
         content.remove_prefix(static_cast<std::size_t>(written));
         m_missing -= written;
     }
+    keepDiskBusy();
+}
+
+/// Has the disk write what came since the last time, and waits for what it had to write before that. At the
+/// end there is little left to wait for, and nobody's memory is full of what a slow disk has not taken yet.
+void ArchiveWriter::keepDiskBusy()
+{
+#ifdef Q_OS_LINUX
+    const qint64 written = archive_filter_bytes(m_archive, -1);
+    if (written - m_underWay < mostUnderWay) return;
+    constexpr unsigned wait =
+        SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
+    const bool failed =
+        ::sync_file_range(m_descriptor, m_underWay, written - m_underWay, SYNC_FILE_RANGE_WRITE) != 0 ||
+        (m_underWay > 0 && ::sync_file_range(m_descriptor, 0, m_underWay, wait) != 0);
+    m_underWay = written;
+    if (failed && (errno == EIO || errno == ENOSPC || errno == EDQUOT)) failBySystem(errno, m_file);
+#endif
 }
 
 void ArchiveWriter::finish()
@@ -158,6 +208,7 @@ void ArchiveWriter::finish()
         QFile::remove(m_unfinished);
         failBySystem(number, m_file);
     }
+    FileBlocks::syncFolder(QFile::encodeName(QFileInfo(m_file).absolutePath()).toStdString());
 }
 
 ArchiveReader::ArchiveReader(const QString& file) : m_file(file), m_archive(archive_read_new())
@@ -169,9 +220,8 @@ ArchiveReader::ArchiveReader(const QString& file) : m_file(file), m_archive(arch
     const int result = archive_read_open_filename(m_archive, QFile::encodeName(file).constData(), readBlock);
     if (result >= ARCHIVE_WARN) return;
     const int number = archive_errno(m_archive);
-    const QString reason = reasonOf(m_archive);
     archive_read_free(m_archive);
-    fail(number, reason, file);
+    failBySystem(number, file);
 }
 
 ArchiveReader::~ArchiveReader()
@@ -182,7 +232,7 @@ ArchiveReader::~ArchiveReader()
 void ArchiveReader::require(int result) const
 {
     if (result >= ARCHIVE_WARN) return;
-    fail(archive_errno(m_archive), reasonOf(m_archive), m_file);
+    failReading(m_archive, m_file);
 }
 
 std::optional<ArchiveReader::Entry> ArchiveReader::next()
@@ -197,6 +247,8 @@ std::optional<ArchiveReader::Entry> ArchiveReader::next()
     const bool isLink = archive_entry_hardlink(entry) != nullptr || archive_entry_symlink(entry) != nullptr;
     found.isFile = !isLink && archive_entry_filetype(entry) == AE_IFREG;
     found.isFolder = !isLink && archive_entry_filetype(entry) == AE_IFDIR;
+    if (archive_entry_size_is_set(entry) != 0) found.size = archive_entry_size(entry);
+    if (archive_entry_mtime_is_set(entry) != 0) found.modified = archive_entry_mtime(entry);
     return found;
 }
 
@@ -204,7 +256,7 @@ std::string_view ArchiveReader::read()
 {
     m_buffer.resize(readBlock);
     const la_ssize_t count = archive_read_data(m_archive, m_buffer.data(), m_buffer.size());
-    if (count < 0) fail(archive_errno(m_archive), reasonOf(m_archive), m_file);
+    if (count < 0) failReading(m_archive, m_file);
     return {m_buffer.data(), static_cast<std::size_t>(count)};
 }
 

@@ -20,8 +20,9 @@ enum class ArchiveFormat
 /// The format that the name of a file stands for; std::nullopt if it stands for none.
 [[nodiscard]] std::optional<ArchiveFormat> archiveFormatOf(const QString& fileName);
 
-/// Writes an archive, file by file. Until it is finished it has a name of its own, and is removed with the
-/// object. Every failure is an Error with the system's number and the path.
+/// Writes an archive, file by file. Until it is finished it has a name of its own, under which no other
+/// program writes it too, and is removed with the object. Every failure is an Error with the system's number
+/// and the path.
 class ArchiveWriter
 {
 public:
@@ -39,15 +40,26 @@ public:
     /// Returns when the archive has its name and is on the disk.
     void finish();
 
+    /// What an archive is called until it is finished.
+    [[nodiscard]] static QString unfinishedName(const QString& file)
+    {
+        return file + QStringLiteral(".part");
+    }
+
+    /// Removes what a killed program left of an archive, unless a program is still at it. Never fails.
+    static void clearLeftOver(const QString& file);
+
 private:
     void require(int result) const;
+    void keepDiskBusy();
     void discard();
 
     QString m_file;
     QString m_unfinished;
     archive* m_archive = nullptr;
     int m_descriptor = -1;
-    qint64 m_missing = 0; ///< bytes of the file that was begun
+    qint64 m_missing = 0;  ///< bytes of the file that was begun
+    qint64 m_underWay = 0; ///< bytes of the archive that the disk was asked to write
 };
 
 /// Reads an archive, file by file. Every failure is an Error.
@@ -65,6 +77,8 @@ public:
         QString name;
         bool isFile = false; ///< neither a folder nor a link nor anything else
         bool isFolder = false;
+        qint64 size = 0;                ///< 0 if it is not known before it is read
+        std::optional<qint64> modified; ///< in seconds since 1970
     };
 
     /// The next entry; std::nullopt after the last.

@@ -3,12 +3,12 @@
 #include "backup/AutomaticBackups.h"
 
 #include "backup/BackupTexts.h"
-#include "backup/CollectionBackup.h"
 #include "data/DatabaseSession.h"
 #include "files/DatabaseFile.h"
 #include "journal/Journal.h"
 #include "platform/Clock.h"
 #include "platform/Messages.h"
+#include "platform/SteppedWork.h"
 #include "platform/WorkRunner.h"
 #include "util/Error.h"
 
@@ -111,12 +111,13 @@ void AutomaticBackups::atExit(DatabaseSession& session) const
 void AutomaticBackups::backUp(const QString& remark, const QString& comfort) const
 {
     const KeptBackups kept(m_folder);
+    const QDateTime now = m_platform.clock.now();
     const QString failure = failureOf([&] {
-        const auto backup = kept.work(m_database, m_folder, m_platform.clock.now());
+        const auto backup = kept.work(m_database, m_folder, now);
         UnaskedBackup work(*backup, m_database, remark);
         static_cast<void>(m_platform.works.run(work));
     });
-    kept.tidy();
+    kept.tidy(now);
     if (failure.isEmpty()) return;
     m_platform.messages.show(
         BackupTexts::tr("The database could not be backed up: %1\n\n%2").arg(failure, comfort));

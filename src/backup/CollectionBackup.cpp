@@ -4,8 +4,8 @@
 
 #include "backup/BackupTexts.h"
 #include "data/DatabaseSession.h"
-#include "files/DatabaseFile.h"
 #include "files/FileBlocks.h"
+#include "files/FileCopy.h"
 #include "files/ProgramFolder.h"
 #include "util/Error.h"
 
@@ -16,56 +16,98 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 
 namespace fs = std::filesystem;
 using namespace Qt::StringLiterals;
 
 namespace {
 
+/// What belongs to a collection besides its database.
+const QStringList fileFolders{ProgramFolders::documents, ProgramFolders::organizationCharts,
+                              ProgramFolders::maps};
+
 fs::path pathOf(const QString& file)
 {
     return {QFile::encodeName(file).toStdString()};
 }
 
-qint64 secondsOf(const fs::path& file)
+QString textOf(const fs::path& file)
 {
-    return QFileInfo(QFile::decodeName(file.c_str())).lastModified().toSecsSinceEpoch();
+    return QFile::decodeName(file.c_str());
+}
+
+/// Throws Error if the archive would be among the files that it is made of, and so in the next one too.
+void refuseInside(const ProgramFolder& folder, const QString& archive)
+{
+    const auto canonical = [](const QString& path) { return QFileInfo(path).canonicalFilePath(); };
+    const QString data = canonical(folder.folderPath(ProgramFolders::data));
+    QStringList taken;
+    if (canonical(folder.collection()) != data) taken << data;
+    for (const QString& path : fileFolders)
+        taken << canonical(folder.folderPath(path));
+    const QString place = canonical(QFileInfo(archive).absolutePath()) + u'/';
+    const bool isInside = std::any_of(taken.begin(), taken.end(), [&place](const QString& path) {
+        return !path.isEmpty() && place.startsWith(path + u'/');
+    });
+    if (!isInside) return;
+    throw Error(EINVAL,
+                BackupTexts::tr("A backup cannot lie among the files of its collection. Please choose "
+                                "another folder. (%1)")
+                    .arg(archive));
+}
+
+/// The name of an entry. What no text can stand for, in a name that another system gave, is written as in an
+/// address, such as `%E9`.
+QString entryName(const fs::path& path)
+{
+    const QByteArray bytes = QByteArray::fromStdString(path.generic_string());
+    const QString text = QString::fromUtf8(bytes);
+    if (text.toUtf8() == bytes) return text;
+    QByteArray readable;
+    for (const char c : bytes) {
+        if (static_cast<signed char>(c) >= 0)
+            readable += c;
+        else
+            readable += '%' + QByteArray(1, c).toHex().toUpper();
+    }
+    return QString::fromLatin1(readable);
+}
+
+/// Whether an entry of the list stays out of the backup.
+bool isLeftOut(const FolderList::Entry& entry)
+{
+    return entry.isFolder || std::any_of(entry.to.begin(), entry.to.end(), [](const fs::path& part) {
+               return FileCopy::isUnfinished(part.string());
+           });
 }
 
 } // namespace
 
 CollectionBackup::CollectionBackup(const QString& database, const ProgramFolder& folder,
                                    const QString& archive, const QDateTime& now, BackupContents contents)
-    : m_database(database), m_archiveFile(archive), m_copy(archive + u".sqlite.part"_s)
+    : m_database(database)
 {
+    const QString name = QFileInfo(folder.collection()).fileName();
     m_manifest.made = now;
-    m_manifest.collection = QFileInfo(folder.root()).fileName();
+    m_manifest.collection = name.isEmpty() ? QFileInfo(database).completeBaseName() : name;
     m_manifest.database = u"data/"_s + QFileInfo(database).fileName();
-    if (contents == BackupContents::All) addFolders(folder);
+    refuseInside(folder, archive);
+    if (contents == BackupContents::All) m_list = filesOf(folder);
     m_writer = std::make_unique<ArchiveWriter>(archive);
 }
 
-/// The folders of files beside the database.
-void CollectionBackup::addFolders(const ProgramFolder& folder)
+CollectionBackup::~CollectionBackup() = default;
+
+FolderList CollectionBackup::filesOf(const ProgramFolder& folder)
 {
-    const std::pair<QString, const char*> folders[] = {{ProgramFolders::documents, "data/documents"},
-                                                       {ProgramFolders::organizationCharts, "data/orgcharts"},
-                                                       {ProgramFolders::maps, "data/maps"}};
-    for (const auto& [path, name] : folders) {
+    FolderList list;
+    for (const QString& path : fileFolders) {
         const QString found = folder.folderPath(path);
-        if (QFileInfo(found).isDir()) m_list.add(found, name);
+        const QString name = path.section(u'\\', -2, -2);
+        if (QFileInfo(found).isDir()) list.add(found, name.toStdString());
     }
-}
-
-CollectionBackup::~CollectionBackup()
-{
-    removeCopy();
-}
-
-void CollectionBackup::removeCopy() const
-{
-    for (const char* ending : {"", ".part", "-journal"})
-        QFile::remove(m_copy + QLatin1String(ending));
+    return list;
 }
 
 bool CollectionBackup::step()
@@ -76,15 +118,12 @@ bool CollectionBackup::step()
         return true;
     case Stage::Copying:
         copyDatabaseFile();
-        m_stage = Stage::Database;
         return true;
-    case Stage::Database:
-        if (writeBlock()) return true;
-        removeCopy();
-        m_stage = Stage::Files;
-        return true;
-    case Stage::Files:
-        if (m_source.is_open() && writeBlock()) return true;
+    case Stage::Writing:
+        if (m_source.is_open()) {
+            writeBlock();
+            return true;
+        }
         if (m_next < m_list.entries().size()) {
             beginNext();
             return true;
@@ -98,58 +137,89 @@ bool CollectionBackup::step()
     return false;
 }
 
-/// The archive takes a database that nobody changes while it is read.
-void CollectionBackup::copyDatabaseFile()
+QString CollectionBackup::databaseCopy() const
 {
-    copyDatabase(m_database, m_copy);
-    DatabaseSession session;
-    session.open(m_copy, Access::Read);
-    m_manifest.rows = Manifest::countRows(session);
-    session.close();
-    m_databaseSize = QFileInfo(m_copy).size();
-    begin(pathOf(m_copy), m_manifest.database);
+    return m_copyFolder->filePath(QFileInfo(m_database).fileName());
 }
 
+/// The archive takes a copy that nobody changes while it is read.
+void CollectionBackup::copyDatabaseFile()
+{
+    if (!m_copy) {
+        m_copyFolder.emplace(QDir::tempPath() + u"/orvik-backup-XXXXXX"_s);
+        if (!m_copyFolder->isValid())
+            throw Error(EIO, u"%1 (%2)"_s.arg(m_copyFolder->errorString(), QDir::tempPath()));
+        m_copy.emplace(m_database, databaseCopy());
+    }
+    if (m_copy->step()) return;
+    m_copy.reset();
+    DatabaseSession session;
+    session.open(databaseCopy(), Access::Read);
+    m_manifest.rows = Manifest::countRows(session);
+    session.close();
+    begin(pathOf(databaseCopy()), m_manifest.database);
+    m_databaseSize = m_left;
+    m_stage = Stage::Writing;
+}
+
+/// A file that went since it was listed, such as one that another program locks a document by, is none of the
+/// collection any more.
 void CollectionBackup::beginNext()
 {
     const FolderList::Entry& entry = m_list.entries()[m_next++];
-    if (!entry.isFolder) begin(entry.from, QFile::decodeName(entry.to.generic_string().c_str()));
+    std::error_code code;
+    if (isLeftOut(entry) || fs::status(entry.from, code).type() == fs::file_type::not_found) return;
+    begin(entry.from, u"data/"_s + entryName(entry.to));
 }
 
 void CollectionBackup::begin(const fs::path& file, const QString& name)
 {
     m_path = file;
     m_source = FileBlocks::open(file);
-    std::error_code code;
-    const auto size = fs::file_size(file, code);
-    FileBlocks::require(code, file);
-    m_left = static_cast<qint64>(size);
+    m_state = stateOf(file);
+    m_left = static_cast<qint64>(m_state.size);
     m_manifest.files.push_back({name, m_left, {}});
-    m_writer->begin(m_manifest.collection + u'/' + name, m_left, secondsOf(file));
+    using std::chrono::seconds;
+    const auto modified = fs::file_time_type::clock::to_sys(m_state.modified).time_since_epoch();
+    m_writer->begin(m_manifest.collection + u'/' + name, m_left,
+                    std::chrono::floor<seconds>(modified).count());
 }
 
-/// Writes the next part of the file that was begun. Returns false once it is complete.
-bool CollectionBackup::writeBlock()
+CollectionBackup::FileState CollectionBackup::stateOf(const fs::path& file)
 {
-    std::string_view block = FileBlocks::read(m_source, m_buffer, m_path);
-    block = block.substr(
-        0, static_cast<std::size_t>(std::min<qint64>(m_left, static_cast<qint64>(block.size()))));
+    std::error_code code;
+    const FileState state{fs::file_size(file, code),
+                          code ? fs::file_time_type() : fs::last_write_time(file, code)};
+    FileBlocks::require(code, file);
+    return state;
+}
+
+/// Writes the next part of the file that was begun.
+void CollectionBackup::writeBlock()
+{
+    const std::string_view block = FileBlocks::read(m_source, m_buffer, m_path);
     if (block.empty()) {
-        m_source.close();
-        if (m_left > 0) {
-            throw Error(
-                EIO, BackupTexts::tr("The file became shorter while it was backed up. Please try again. (%1)")
-                         .arg(QFile::decodeName(m_path.c_str())));
-        }
-        m_manifest.files.back().sha256 = m_hash.result();
-        ++m_done.files;
-        return false;
+        complete();
+        return;
     }
     m_hash.add(block);
     m_writer->write(block);
     m_left -= static_cast<qint64>(block.size());
     m_done.bytes += static_cast<qint64>(block.size());
-    return true;
+    if (m_left < 0) complete();
+}
+
+void CollectionBackup::complete()
+{
+    m_source.close();
+    if (m_left != 0 || stateOf(m_path) != m_state) {
+        throw Error(EBUSY,
+                    BackupTexts::tr("The file was changed while it was backed up. Please try again. (%1)")
+                        .arg(textOf(m_path)));
+    }
+    m_manifest.files.back().sha256 = m_hash.result();
+    ++m_done.files;
+    m_copyFolder.reset(); // the database comes first
 }
 
 void CollectionBackup::finish()
@@ -166,7 +236,8 @@ bool CollectionBackup::undoStep()
 {
     m_source.close();
     m_writer.reset();
-    removeCopy();
+    m_copy.reset();
+    m_copyFolder.reset();
     return false;
 }
 
@@ -187,9 +258,15 @@ QString CollectionBackup::text() const
              all.sizeText());
 }
 
-std::optional<int> CollectionBackup::percent() const
+std::optional<WorkBytes> CollectionBackup::bytes() const
 {
     if (m_stage == Stage::Listing || m_stage == Stage::Copying) return std::nullopt;
-    const qint64 all = m_list.amount().bytes + m_databaseSize;
-    return all == 0 ? 100 : static_cast<int>(std::min<qint64>(100, m_done.bytes * 100 / all));
+    return WorkBytes{m_done.bytes, m_list.amount().bytes + m_databaseSize};
+}
+
+std::optional<int> CollectionBackup::percent() const
+{
+    const std::optional<WorkBytes> amount = bytes();
+    if (!amount) return std::nullopt;
+    return amount->all == 0 ? 100 : static_cast<int>(std::min<qint64>(100, amount->done * 100 / amount->all));
 }

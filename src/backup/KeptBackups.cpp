@@ -2,8 +2,8 @@
 
 #include "backup/KeptBackups.h"
 
+#include "backup/Archive.h"
 #include "backup/CollectionBackup.h"
-#include "files/ProgramFolder.h"
 #include "util/FileAccess.h"
 
 #include <QDir>
@@ -20,8 +20,10 @@ namespace {
 
 constexpr std::size_t newestKept = 10;
 
+const QString folderName = u"backups"_s;
 const QString momentForm = u"yyyy-MM-dd HHmmss"_s;
 const QString ending = u".tar.zst"_s;
+const QString unfinishedEnding = ArchiveWriter::unfinishedName({});
 
 /// The moment that the name of a backup says; invalid for any other file.
 QDateTime momentOf(const QString& fileName)
@@ -30,17 +32,9 @@ QDateTime momentOf(const QString& fileName)
     return QDateTime::fromString(fileName.chopped(ending.size()).right(momentForm.size()), momentForm);
 }
 
-/// What is around the folder of a database that is used elsewhere is no business of the program.
-QString placeOf(const ProgramFolder& folder)
-{
-    const QString data = QDir::cleanPath(folder.machinePath(ProgramFolders::data));
-    const bool isCollection = QFileInfo(data).fileName().compare(u"data", Qt::CaseInsensitive) == 0;
-    return isCollection ? folder.root() : data;
-}
-
 } // namespace
 
-KeptBackups::KeptBackups(const ProgramFolder& folder) : m_folder(placeOf(folder) + u"/backups"_s) {}
+KeptBackups::KeptBackups(const ProgramFolder& folder) : m_folder(folder.collection() + u'/' + folderName) {}
 
 std::vector<KeptBackups::Kept> KeptBackups::list() const
 {
@@ -58,8 +52,8 @@ bool KeptBackups::canBeAdded() const
     return isWritable(QFileInfo::exists(m_folder) ? m_folder : QFileInfo(m_folder).path());
 }
 
-std::unique_ptr<CollectionBackup> KeptBackups::work(const QString& database, const ProgramFolder& folder,
-                                                    const QDateTime& now) const
+std::unique_ptr<SteppedWork> KeptBackups::work(const QString& database, const ProgramFolder& folder,
+                                               const QDateTime& now) const
 {
     QDir().mkpath(m_folder); // if it fails, so does the backup, with the system's reason
     const QString name = QFileInfo(database).completeBaseName() + u' ' + now.toString(momentForm) + ending;
@@ -67,11 +61,26 @@ std::unique_ptr<CollectionBackup> KeptBackups::work(const QString& database, con
                                               BackupContents::DatabaseAlone);
 }
 
-void KeptBackups::tidy() const
+void KeptBackups::tidy(const QDateTime& now) const
 {
-    for (const Kept& old : dispensable(list()))
+    std::vector<Kept> past = list();
+    std::erase_if(past, [&now](const Kept& backup) { return backup.made > now; });
+    for (const Kept& old : dispensable(past))
         QFile::remove(old.file);
-    QDir().rmdir(m_folder); // fails if there is anything in it
+    for (const QFileInfo& entry : QDir(m_folder).entryInfoList(QDir::Files | QDir::NoSymLinks)) {
+        const QString name = entry.fileName();
+        if (name.endsWith(unfinishedEnding) && momentOf(name.chopped(unfinishedEnding.size())).isValid())
+            ArchiveWriter::clearLeftOver(entry.filePath().chopped(unfinishedEnding.size()));
+    }
+    QDir().rmdir(m_folder); // fails if it holds a backup
+}
+
+void KeptBackups::add(const QString& database, const ProgramFolder& folder, const QDateTime& now) const
+{
+    const auto adding = work(database, folder, now);
+    while (adding->step()) {
+    }
+    tidy(now);
 }
 
 std::vector<KeptBackups::Kept> KeptBackups::dispensable(const std::vector<Kept>& backups)
@@ -84,4 +93,20 @@ std::vector<KeptBackups::Kept> KeptBackups::dispensable(const std::vector<Kept>&
         if (i >= newestKept && !isLastOfMonth) others.push_back(backups[i]);
     }
     return others;
+}
+
+std::optional<ProgramFolder> KeptBackups::keeperOf(const QString& backup)
+{
+    const QDir place = QFileInfo(backup).absoluteDir();
+    if (place.dirName().compare(folderName, Qt::CaseInsensitive) != 0) return std::nullopt;
+    const QString around = QFileInfo(place.path()).path();
+    const auto isThere = [](const ProgramFolder& folder) {
+        return QFileInfo(folder.folderPath(ProgramFolders::documents)).isDir() ||
+               QFileInfo(folder.folderPath(ProgramFolders::organizationCharts)).isDir();
+    };
+    for (const ProgramFolder& folder :
+         {ProgramFolder(around), ProgramFolder({}).ofDatabase(around + u"/x"_s)}) {
+        if (isThere(folder)) return folder;
+    }
+    return std::nullopt;
 }

@@ -2,17 +2,18 @@
 
 #pragma once
 
+#include "files/ProgramFolder.h"
+
 #include <QDateTime>
 #include <QString>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
-class CollectionBackup;
-class ProgramFolder;
+class SteppedWork;
 
-/// The backups of its database that a collection keeps by itself, in a folder `backups` beside its `data`;
-/// for a database that is used in another folder, beside the database.
+/// The backups of its database that a collection keeps by itself, in a folder `backups` beside its `data`.
 class KeptBackups
 {
 public:
@@ -33,16 +34,26 @@ public:
     /// Whether this process may write to the folder, or make it.
     [[nodiscard]] bool canBeAdded() const;
 
-    /// The work that adds a backup of the database. Throws Error.
-    [[nodiscard]] std::unique_ptr<CollectionBackup> work(const QString& database, const ProgramFolder& folder,
-                                                         const QDateTime& now) const;
+    /// The work that adds a backup of the database in `folder`; `tidy` follows once it is done. Throws Error
+    /// if it cannot begin. If it fails or is given up, the backups are as they were.
+    [[nodiscard]] std::unique_ptr<SteppedWork> work(const QString& database, const ProgramFolder& folder,
+                                                    const QDateTime& now) const;
 
-    /// Removes those that are kept no longer, and the folder if there are none. Never fails.
-    void tidy() const;
+    /// Removes the backups that are kept no longer, what a killed program left of others, and the folder if
+    /// it is empty. Never fails. Backups of a time to come stay: the clock was put back since, and what is
+    /// made now must not go before them.
+    void tidy(const QDateTime& now) const;
 
-    /// Which of these are kept: the newest ten, and the last one of each month. `backups` are the newest
-    /// first.
+    /// Adds a backup of the database without a window, and tidies. Throws Error as `work` and its steps do.
+    void add(const QString& database, const ProgramFolder& folder, const QDateTime& now) const;
+
+    /// Those of `backups`, the newest first, that are kept no longer: all but the newest ten and the last one
+    /// of each month.
     [[nodiscard]] static std::vector<Kept> dispensable(const std::vector<Kept>& backups);
+
+    /// The collection that keeps a backup, judged by the place of its file; std::nullopt if it lies
+    /// elsewhere.
+    [[nodiscard]] static std::optional<ProgramFolder> keeperOf(const QString& backup);
 
 private:
     QString m_folder;

@@ -14,6 +14,7 @@
 
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -21,32 +22,9 @@
 namespace {
 
 constexpr qint64 headLength = 32;
-
-/// Removes a file that was not finished.
-class Unfinished
-{
-public:
-    explicit Unfinished(QString file) : m_file(std::move(file)) { remove(); }
-    ~Unfinished() { remove(); }
-    Unfinished(const Unfinished&) = delete;
-    Unfinished& operator=(const Unfinished&) = delete;
-
-private:
-    void remove() const
-    {
-        for (const char* ending : {"", "-journal", "-wal", "-shm"})
-            QFile::remove(m_file + QLatin1String(ending));
-    }
-
-    QString m_file;
-};
-
-void backUp(const QString& source, const QString& copy)
-{
-    SQLite::Database from(QFile::encodeName(source).toStdString(), SQLite::OPEN_READONLY);
-    SQLite::Database to(QFile::encodeName(copy).toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    SQLite::Backup(to, from).executeStep(-1);
-}
+constexpr int pagesAtOnce = 512;
+constexpr int stepWait = 50; ///< milliseconds that a step waits for another process
+constexpr int longestWait = 10'000;
 
 void copyFile(const QString& source, const QString& copy)
 {
@@ -65,17 +43,6 @@ void copyWithJournal(const QString& source, const QString& copy)
     copyFile(rollbackJournalOf(source), rollbackJournalOf(copy));
 }
 
-/// Copies what the source holds, and changes nothing there.
-void copyUnchanged(const QString& source, const QString& copy)
-{
-    try {
-        backUp(source, copy);
-    } catch (const SQLite::Exception& exception) {
-        if (exception.getErrorCode() != SQLITE_READONLY_ROLLBACK) throwEngineError(exception);
-        copyWithJournal(source, copy);
-    }
-}
-
 } // namespace
 
 DatabaseFileKind kindOfDatabaseFile(const QString& file)
@@ -89,28 +56,112 @@ DatabaseFileKind kindOfDatabaseFile(const QString& file)
     return isAccess ? DatabaseFileKind::Access : DatabaseFileKind::Other;
 }
 
-void copyDatabase(const QString& source, const QString& target)
+/// A file that is removed unless it gets its name.
+class DatabaseCopy::Unfinished
 {
-    const QString copy = target + QStringLiteral(".part");
-    const Unfinished unfinished(copy);
+public:
+    explicit Unfinished(QString file) : m_file(std::move(file)) { remove(); }
+    ~Unfinished() { remove(); }
+    Unfinished(const Unfinished&) = delete;
+    Unfinished& operator=(const Unfinished&) = delete;
+
+    [[nodiscard]] const QString& file() const { return m_file; }
+
+private:
+    void remove() const
+    {
+        for (const char* ending : {"", "-journal", "-wal", "-shm"})
+            QFile::remove(m_file + QLatin1String(ending));
+    }
+
+    QString m_file;
+};
+
+/// SQLite begins again by itself if somebody else writes to the source between two steps.
+struct DatabaseCopy::Pages
+{
+    Pages(const QString& source, const QString& copy)
+        : from(QFile::encodeName(source).toStdString(), SQLite::OPEN_READONLY, stepWait),
+          to(QFile::encodeName(copy).toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE),
+          backup(to, from)
+    {
+    }
+
+    SQLite::Database from;
+    SQLite::Database to;
+    SQLite::Backup backup;
+};
+
+DatabaseCopy::DatabaseCopy(const QString& source, const QString& target)
+    : m_source(source),
+      m_target(target),
+      m_copy(std::make_unique<Unfinished>(target + QStringLiteral(".part")))
+{
+}
+
+DatabaseCopy::~DatabaseCopy() = default;
+
+bool DatabaseCopy::step()
+{
     try {
-        refuseForeignJournal(source);
-        copyUnchanged(source, copy);
-        DatabaseSession().open(copy);
+        if (copyPages()) return true;
+        DatabaseSession().open(m_copy->file());
     } catch (const Error& error) {
         // the user knows the file by the name it was chosen by
         QString description = error.description();
-        description.replace(copy, source);
-        if (!description.contains(source)) description += QStringLiteral(" (%1)").arg(source);
+        description.replace(m_copy->file(), m_source);
+        if (!description.contains(m_source)) description += QStringLiteral(" (%1)").arg(m_source);
         throw Error(error.number(), description);
     }
+    complete();
+    return false;
+}
+
+/// Returns false once all are copied. Changes nothing in the source.
+bool DatabaseCopy::copyPages()
+{
+    try {
+        if (!m_pages) {
+            refuseForeignJournal(m_source);
+            m_pages = std::make_unique<Pages>(m_source, m_copy->file());
+        }
+        const int result = m_pages->backup.executeStep(pagesAtOnce);
+        if (result == SQLITE_DONE) {
+            m_pages.reset();
+            return false;
+        }
+        if (result == SQLITE_OK)
+            m_hindered.invalidate();
+        else if (!m_hindered.isValid())
+            m_hindered.start();
+        else if (m_hindered.hasExpired(longestWait))
+            throw SQLite::Exception(sqlite3_errstr(result), result);
+        return true;
+    } catch (const SQLite::Exception& exception) {
+        if (exception.getErrorCode() != SQLITE_READONLY_ROLLBACK) throwEngineError(exception);
+        m_pages.reset();
+        copyWithJournal(m_source, m_copy->file());
+        return false;
+    }
+}
+
+void DatabaseCopy::complete()
+{
     // what the old file left behind would be played back into the new one
     for (const char* leftover : {"-journal", "-wal", "-shm"})
-        QFile::remove(target + QLatin1String(leftover));
-    if (std::rename(QFile::encodeName(copy).constData(), QFile::encodeName(target).constData()) != 0) {
-        throw Error(errno, FilesTexts::tr("The file cannot be made. (%1)").arg(target));
+        QFile::remove(m_target + QLatin1String(leftover));
+    if (std::rename(QFile::encodeName(m_copy->file()).constData(), QFile::encodeName(m_target).constData()) !=
+        0) {
+        throw Error(errno, FilesTexts::tr("The file cannot be made. (%1)").arg(m_target));
     }
-    qCInfo(filesLog).noquote() << "copied:" << source << "to" << target;
+    qCInfo(filesLog).noquote() << "copied:" << m_source << "to" << m_target;
+}
+
+void copyDatabase(const QString& source, const QString& target)
+{
+    DatabaseCopy copy(source, target);
+    while (copy.step()) {
+    }
 }
 
 bool isSound(const QString& database)

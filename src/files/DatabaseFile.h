@@ -2,7 +2,11 @@
 
 #pragma once
 
+#include <QElapsedTimer>
 #include <QString>
+
+#include <memory>
+#include <optional>
 
 /// The kind of a file, judged by its content alone.
 enum class DatabaseFileKind
@@ -18,7 +22,34 @@ DatabaseFileKind kindOfDatabaseFile(const QString& file);
 
 /// Copies a database of the program, complete even while another process writes to it, and opens the
 /// copy once to check it. The copy is made under a temporary name and renamed, and replaces an existing
-/// `target`. Throws Error; the target is then as it was.
+/// `target`. Until then the target is as it was; what is unfinished goes with the object.
+class DatabaseCopy
+{
+public:
+    DatabaseCopy(const QString& source, const QString& target);
+    ~DatabaseCopy();
+    DatabaseCopy(const DatabaseCopy&) = delete;
+    DatabaseCopy& operator=(const DatabaseCopy&) = delete;
+
+    /// Copies some pages. Returns false once the copy is complete. Throws Error, also if another process does
+    /// not let go of the source for some seconds.
+    bool step();
+
+private:
+    class Unfinished;
+    struct Pages;
+
+    bool copyPages();
+    void complete();
+
+    QString m_source;
+    QString m_target;
+    std::unique_ptr<Unfinished> m_copy;
+    std::unique_ptr<Pages> m_pages; ///< null until the first step
+    QElapsedTimer m_hindered;       ///< since when another process holds the source; invalid if none does
+};
+
+/// Makes such a copy at once. Throws Error.
 void copyDatabase(const QString& source, const QString& target);
 
 /// Whether SQLite finds the structure of a database sound. Reads the whole file. Throws Error if it cannot be

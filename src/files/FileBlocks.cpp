@@ -7,7 +7,7 @@
 #include <QFile>
 
 #include <cerrno>
-#include <string>
+#include <utility>
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
@@ -109,6 +109,22 @@ void FileBlocks::finish(std::ofstream& stream, const fs::path& file)
     if (!stream) fail(errno, file);
 }
 
+BlockWriter::BlockWriter(fs::path file) : m_file(std::move(file)), m_stream(FileBlocks::create(m_file)) {}
+
+void BlockWriter::write(std::string_view content)
+{
+    FileBlocks::write(m_stream, content, m_file);
+    m_unsynced += content.size();
+    if (m_unsynced < mostUnsynced) return;
+    FileBlocks::sync(m_stream, m_file);
+    m_unsynced = 0;
+}
+
+void BlockWriter::finish()
+{
+    FileBlocks::finish(m_stream, m_file);
+}
+
 BlockCopy::BlockCopy(const fs::path& from, fs::path to)
     : m_from(from), m_to(std::move(to)), m_source(FileBlocks::open(from))
 {
@@ -117,16 +133,7 @@ BlockCopy::BlockCopy(const fs::path& from, fs::path to)
 std::size_t BlockCopy::step()
 {
     const std::string_view block = FileBlocks::read(m_source, m_buffer, m_from);
-    if (!m_target.is_open()) m_target = FileBlocks::create(m_to);
-    if (block.empty()) {
-        FileBlocks::finish(m_target, m_to);
-        return 0;
-    }
-    FileBlocks::write(m_target, block, m_to);
-    m_unsynced += block.size();
-    if (m_unsynced >= mostUnsynced) {
-        FileBlocks::sync(m_target, m_to);
-        m_unsynced = 0;
-    }
+    if (!m_target) m_target.emplace(m_to);
+    block.empty() ? m_target->finish() : m_target->write(block);
     return block.size();
 }

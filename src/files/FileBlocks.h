@@ -4,6 +4,8 @@
 
 #include <filesystem>
 #include <fstream>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
 
@@ -42,6 +44,24 @@ void finish(std::ofstream& stream, const std::filesystem::path& file);
 
 } // namespace FileBlocks
 
+/// Writes a file block by block.
+class BlockWriter
+{
+public:
+    /// A file that is there already is emptied. Throws Error, as all that follows does.
+    explicit BlockWriter(std::filesystem::path file);
+
+    void write(std::string_view content);
+
+    /// Returns when the file is on the disk.
+    void finish();
+
+private:
+    std::filesystem::path m_file;
+    std::ofstream m_stream;
+    std::size_t m_unsynced = 0;
+};
+
 /// Copies a file in steps that are short enough to be taken between two movements of the mouse.
 class BlockCopy
 {
@@ -55,7 +75,6 @@ private:
     std::filesystem::path m_from;
     std::filesystem::path m_to;
     std::ifstream m_source;
-    std::ofstream m_target;
+    std::optional<BlockWriter> m_target;
     std::string m_buffer;
-    std::size_t m_unsynced = 0;
 };

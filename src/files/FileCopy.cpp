@@ -205,3 +205,8 @@ void FileCopy::clearUnfinished(const fs::path& folder)
         isOnlyOne ? fs::rename(path, target, code) : static_cast<void>(fs::remove_all(path, code));
     }
 }
+
+bool FileCopy::isUnfinished(const std::string& name)
+{
+    return name.starts_with(uploadName);
+}

@@ -36,4 +36,7 @@ bool isUnfinished(const std::filesystem::path& name);
 /// was about to be replaced is restored. Never fails, and touches only copies named after records.
 void clearUnfinished(const std::filesystem::path& folder);
 
+/// Whether a file or folder of that name is a copy that is being made, or that a killed program left.
+bool isUnfinished(const std::string& name);
+
 } // namespace FileCopy

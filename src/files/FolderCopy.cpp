@@ -79,6 +79,11 @@ QString FolderCopy::text() const
         .arg(locale.toString(m_done.files), locale.toString(all.files), m_done.sizeText(), all.sizeText());
 }
 
+std::optional<WorkBytes> FolderCopy::bytes() const
+{
+    return WorkBytes{m_done.bytes, m_list.amount().bytes};
+}
+
 std::optional<int> FolderCopy::percent() const
 {
     // many small files take as long as a few large ones

@@ -26,6 +26,7 @@ public:
     [[nodiscard]] QString remark() const override;
     [[nodiscard]] QString text() const override;
     [[nodiscard]] std::optional<int> percent() const override;
+    [[nodiscard]] std::optional<WorkBytes> bytes() const override;
 
 private:
     void begin(const FolderList::Entry& entry);

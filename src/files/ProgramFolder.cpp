@@ -111,6 +111,13 @@ ProgramFolder ProgramFolder::ofDatabase(const QString& databaseFile) const
     return folder;
 }
 
+QString ProgramFolder::collection() const
+{
+    const bool isAround = m_data.isEmpty() || QFileInfo(m_data).fileName().compare(QStringLiteral("data"),
+                                                                                   Qt::CaseInsensitive) == 0;
+    return isAround ? m_root : m_data;
+}
+
 ProgramFolder::Place ProgramFolder::placeOf(const QString& programPath) const
 {
     Place place{m_root, programPath.split(u'\\', Qt::SkipEmptyParts)};

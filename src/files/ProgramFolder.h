@@ -50,6 +50,10 @@ public:
 
     [[nodiscard]] const QString& root() const { return m_root; }
 
+    /// The folder of all that belongs to the collection: the one that holds `data`. The data folder itself,
+    /// if that is not called so, is all that a database has which is used where it is.
+    [[nodiscard]] QString collection() const;
+
     /// The folder of what comes with the program, or an empty text.
     [[nodiscard]] const QString& installed() const { return m_installed; }
 

@@ -2,6 +2,9 @@
 
 #pragma once
 
+#include "backup/Manifest.h"
+#include "files/ProgramFolder.h"
+
 #include <QString>
 
 #include <optional>
@@ -11,12 +14,29 @@ class WorkRunner;
 /// A new collection that is made of a backup.
 namespace RestoredCollection {
 
-/// Makes a collection of that name in a place, with a number after the name if it is taken. It has its name
-/// only once everything in it was compared with what was backed up.
+struct Options
+{
+    QString name; ///< of the new collection; if empty, as it was called when backed up
+    std::optional<ProgramFolder> filesFrom; ///< whose files are copied if the backup holds the database alone
+};
+
+struct Made
+{
+    QString database;
+    Manifest manifest; ///< what was restored and compared; without the files brought along from elsewhere
+};
+
+/// The collection whose files a backup needs: the one that keeps it, if it holds the database alone. Throws
+/// Error if it cannot be read.
+[[nodiscard]] std::optional<ProgramFolder> filesFor(const QString& archive);
+
+/// Makes a collection in a place, with a number after its name if that is taken. It has its name only once
+/// everything in it was compared with what was backed up. The archive, and the collection whose files are
+/// copied, are only read.
 ///
-/// Returns its database; std::nullopt if the user cancelled it. Throws Error. Unless there is a database,
-/// nothing of the collection is left.
-[[nodiscard]] std::optional<QString> make(WorkRunner& works, const QString& archive, const QString& place,
-                                          const QString& name);
+/// Returns std::nullopt if the user cancelled it. Throws Error. Unless a collection is returned, nothing of
+/// it is left.
+[[nodiscard]] std::optional<Made> make(WorkRunner& works, const QString& archive, const QString& place,
+                                       const Options& options = {});
 
 } // namespace RestoredCollection

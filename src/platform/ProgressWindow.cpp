@@ -3,6 +3,7 @@
 #include "platform/ProgressWindow.h"
 
 #include <QDialogButtonBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -15,24 +16,34 @@ constexpr int dialogWidth = 480;
 } // namespace
 
 ProgressWindow::ProgressWindow(QWidget* parent)
-    : QDialog(parent), m_title(new QLabel(this)), m_step(new QLabel(this)), m_bar(new QProgressBar(this))
+    : QDialog(parent),
+      m_title(new QLabel(this)),
+      m_step(new QLabel(this)),
+      m_rate(new QLabel(this)),
+      m_bar(new QProgressBar(this))
 {
     setMinimumWidth(dialogWidth);
     m_title->setTextFormat(Qt::PlainText);
     m_title->setWordWrap(true);
     m_step->setTextFormat(Qt::PlainText);
     m_step->setObjectName(QStringLiteral("lblStep"));
+    m_rate->setTextFormat(Qt::PlainText);
+    m_rate->setObjectName(QStringLiteral("lblRate"));
     m_bar->setRange(0, 100);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
     m_cancel = buttons->button(QDialogButtonBox::Cancel);
     m_cancel->setObjectName(QStringLiteral("cmdCancel"));
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
+    auto* lastLine = new QHBoxLayout;
+    lastLine->addWidget(m_rate, 1);
+    lastLine->addWidget(buttons);
+
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_title);
     layout->addWidget(m_bar);
     layout->addWidget(m_step);
-    layout->addWidget(buttons);
+    layout->addLayout(lastLine);
 }
 
 void ProgressWindow::setTitle(const QString& text)
@@ -44,6 +55,11 @@ void ProgressWindow::setTitle(const QString& text)
 void ProgressWindow::setStep(const QString& text)
 {
     m_step->setText(text);
+}
+
+void ProgressWindow::setRate(const QString& text)
+{
+    m_rate->setText(text);
 }
 
 void ProgressWindow::setBarName(const QString& accessibleName)
@@ -61,4 +77,5 @@ void ProgressWindow::showStopping()
 {
     m_cancel->setEnabled(false);
     m_step->setText(tr("Stopping …"));
+    m_rate->clear();
 }

@@ -20,6 +20,7 @@ protected:
 
     void setTitle(const QString& text);
     void setStep(const QString& text);
+    void setRate(const QString& text);
     void setBarName(const QString& accessibleName);
 
     /// Without a number, the bar only shows that something is done.
@@ -31,6 +32,7 @@ protected:
 private:
     QLabel* m_title;
     QLabel* m_step;
+    QLabel* m_rate;
     QProgressBar* m_bar;
     QPushButton* m_cancel;
 };

@@ -4,8 +4,6 @@
 
 #include "platform/SteppedWork.h"
 
-#include <QElapsedTimer>
-
 namespace {
 
 constexpr int windowlessMilliseconds = 300; ///< work that is done sooner shows no window
@@ -24,9 +22,9 @@ frmProgress::frmProgress(SteppedWork& work, QWidget* parent) : ProgressWindow(pa
 
 bool frmProgress::run()
 {
+    m_time.start();
     if (!workFor(windowlessMilliseconds)) return true;
-    setStep(m_work.text());
-    setPercent(m_work.percent());
+    showState();
     m_timer.start(0);
     const bool isDone = exec() == QDialog::Accepted;
     m_timer.stop();
@@ -62,7 +60,13 @@ void frmProgress::goOn()
         m_failure = std::current_exception();
         accept();
     }
-    if (m_cancelled) return;
+    if (!m_cancelled) showState();
+}
+
+void frmProgress::showState()
+{
     setStep(m_work.text());
     setPercent(m_work.percent());
+    if (const auto bytes = m_work.bytes()) m_rate.note(m_time.elapsed(), *bytes);
+    setRate(m_rate.text());
 }

@@ -3,7 +3,9 @@
 #pragma once
 
 #include "platform/ProgressWindow.h"
+#include "platform/WorkRate.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 
 #include <exception>
@@ -29,9 +31,12 @@ public:
 private:
     bool workFor(int milliseconds);
     void goOn();
+    void showState();
 
     SteppedWork& m_work;
     QTimer m_timer;
+    QElapsedTimer m_time; ///< since the work began
+    WorkRate m_rate;
     std::exception_ptr m_failure;
     bool m_cancelled = false;
 };

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "backup/AutomaticBackups.h"
-#include "backup/BackupTarget.h"
 #include "backup/CollectionBackup.h"
 #include "backup/CollectionRestore.h"
 #include "files/ProgramFolder.h"
@@ -157,7 +156,7 @@ TEST_F(Backup, AHostileArchiveReachesNothingOutside)
         {"i = zipfile.ZipInfo('Rivers/data/documents/link'); i.create_system = 3; "
          "i.external_attr = 0o120777 << 16; z.writestr(i, '/etc/passwd')",
          "tampered"},
-        {"z.writestr('Rivers/data/documents/2.PDF', 'x')", "twice"},
+        {"z.writestr('Rivers/data/documents/2.pdf', 'x')", "twice"},
         {"z.writestr('Rivers/data/documents/9.pdf', 'x')", "not on its list"},
         {"z.writestr('Rivers/data/documents/9.pdf', bytes(400 * 1024 * 1024), zipfile.ZIP_DEFLATED)",
          "far more"},
@@ -210,23 +209,27 @@ TEST(AutomaticBackups, AreDueByWhatIsThere)
     }
 }
 
-TEST_F(Backup, OfADatabaseUsedElsewhereStaysBesideIt)
+TEST_F(Backup, AreKeptBesideADatabaseAndSurviveAClockThatIsPutBack)
 {
     const ProgramFolder home(path(u"home"_s));
     for (const auto& [database, folder] : {std::pair("Rivers/data/a.sqlite", "Rivers/backups"),
-                                           std::pair("Rivers/Data/a.sqlite", "Rivers/backups"),
                                            std::pair("stick/a.sqlite", "stick/backups")}) {
         const ProgramFolder of = home.ofDatabase(path(QString::fromUtf8(database)));
         EXPECT_EQ(KeptBackups(of).folder(), path(QString::fromUtf8(folder)));
     }
-    writeFile(path(u"stick/documents/2.pdf"_s));
-    QFile::link(path(u"Rivers/data"_s), path(u"link"_s));
-    const ProgramFolder stick = home.ofDatabase(path(u"stick/a.sqlite"_s));
-    const ProgramFolder rivers = home.ofDatabase(data() + u"Rivers.sqlite"_s);
-    EXPECT_FALSE(BackupTarget::isInside(stick, path(u"stick/a.zip"_s)));
-    EXPECT_TRUE(BackupTarget::isInside(stick, path(u"stick/documents/a.zip"_s)));
-    EXPECT_TRUE(BackupTarget::isInside(rivers, path(u"link/a.zip"_s)));
-    EXPECT_FALSE(BackupTarget::isInside(rivers, path(u"Rivers/a.zip"_s)));
+    const KeptBackups kept{ProgramFolder(path(u"Rivers"_s))};
+    const auto made = [&](const char* moment) {
+        writeFile(kept.folder() + u"/Rivers %1.tar.zst"_s.arg(QString::fromUtf8(moment)));
+    };
+    for (int day = 10; day < 25; ++day)
+        made(qPrintable(u"2027-03-%1 120000"_s.arg(day)));
+    made("2026-03-01 120000");
+    made("2026-03-02 120000");
+    kept.tidy(QDateTime(QDate(2026, 3, 2), QTime(12, 0)));
+    EXPECT_EQ(kept.list().size(), 17U) << "what is to come counts for nothing";
+    kept.tidy(QDateTime(QDate(2027, 3, 24), QTime(12, 0)));
+    EXPECT_EQ(kept.list().size(), 11U);
+    EXPECT_EQ(kept.list().back().made.date(), QDate(2026, 3, 2)) << "the last one of its month";
 }
 
 TEST_F(Backup, OfADamagedDatabaseDoesNotPushOutTheOthers)

@@ -3,6 +3,8 @@
 #include "Dialogs.h"
 #include "Journey.h"
 #include "backup/CollectionRestore.h"
+#include "backup/KeptBackups.h"
+#include "files/ProgramFolder.h"
 #include "lists/ListKind.h"
 #include "opening/StartRequest.h"
 #include "support/SizeLimit.h"
@@ -105,8 +107,8 @@ TEST_F(BackupCommandsJourney, WriteAnArchiveWhereTheUserWantsIt)
     journey.trigger("mnuBackUp");
     EXPECT_EQ(journey.desktop.fileDialogs.proposed, QStringList(u"Rivers 2005-06-15.zip"_s));
     for (const char* inside : {"Rivers/data/mine.zip", "Rivers/data/documents/mine"}) {
-        messages().expectMessage(u"A backup in the folder that it is made of would be lost with it. Please "
-                                 "choose another place, best on another disk."_s);
+        messages().expectMessageBeginning(
+            u"backUp Error (22): A backup cannot lie among the files of its collection. "_s);
         backUpTo(inside);
     }
     journey.desktop.works.cancelAfter = 6;
@@ -170,6 +172,30 @@ TEST_F(BackupCommandsJourney, RefuseADamagedArchiveAlsoWhileNothingIsOpen)
     restore(path("archives/mine.zip"));
     EXPECT_EQ(entries(""), "archives|data|test.sqlite");
     EXPECT_FALSE(journey.program->state().session.isOpen());
+}
+
+TEST_F(BackupCommandsJourney, BringTheFilesAlongToABackupOfTheDatabaseAlone)
+{
+    KeptBackups(ProgramFolder(path("Rivers")))
+        .add(path("Rivers/data/Rivers.sqlite"), ProgramFolder(path("Rivers")), journey.desktop.clock.now());
+    const QString backup = path("Rivers/backups/Rivers 2005-06-15 120000.tar.zst");
+    start();
+    for (const bool copies : {false, true}) {
+        messages().expectQuestion(
+            u"The backup holds the database alone. Its collection in the folder %1 has 2 files (30 "
+            u"kB).\n\nDo "
+            "you want to copy them into the new collection? The originals stay unchanged."_s.arg(
+                path("Rivers")),
+            copies);
+        expectRestored(
+            "Rivers 2005-06-15 120000.tar.zst", copies ? "Rivers 3" : "Rivers 2",
+            qPrintable(u"The database was compared and is as it was when it was backed up, on "
+                       "06/15/2005 at 12:00."_s +
+                       (copies ? u" 2 files were copied from %1."_s.arg(path("Rivers")) : QString())));
+        restore(backup);
+    }
+    EXPECT_EQ(filesIn("Rivers 2").size(), 0U);
+    EXPECT_EQ(filesIn("Rivers 3/data"), filesIn("Rivers/data"));
 }
 
 /// Backups that the program makes without being asked.

@@ -2,10 +2,9 @@
 
 #include "browse/window/BackupCommands.h"
 
+#include "backup/Archive.h"
 #include "backup/AutomaticBackups.h"
-#include "backup/BackupTarget.h"
 #include "backup/CollectionBackup.h"
-#include "backup/CollectionRestore.h"
 #include "browse/commands/MainCommands.h"
 #include "browse/window/DatabaseCommands.h"
 #include "help/AboutText.h"
@@ -64,20 +63,14 @@ void BackupCommands::backUp()
 QString BackupCommands::chooseTarget() const
 {
     const QString proposed = QStringLiteral("%1 %2.zip")
-                                 .arg(QFileInfo(m_state.folder.root()).fileName(),
+                                 .arg(QFileInfo(m_state.folder.collection()).fileName(),
                                       m_platform.clock.now().toString(QStringLiteral("yyyy-MM-dd")));
     const QString chosen = m_platform.fileDialogs.saveFile(tr("Back Up"), proposed, backupFilter());
-    if (chosen.isEmpty()) return {};
-    const QString archive = BackupTarget::withEnding(chosen);
-    if (BackupTarget::isInside(m_state.folder, archive)) {
-        m_platform.messages.show(tr("A backup in the folder that it is made of would be lost with it. Please "
-                                    "choose another place, best on another disk."));
-        return {};
-    }
+    if (chosen.isEmpty() || archiveFormatOf(chosen)) return chosen;
+    const QString archive = chosen + QStringLiteral(".zip");
     // the dialog has asked about the name that was typed
-    const bool isNew = archive == chosen || !QFileInfo::exists(archive);
     const bool mayReplace =
-        isNew ||
+        !QFileInfo::exists(archive) ||
         m_platform.messages.ask(
             tr("%1 already exists.\n\nDo you want to replace it?").arg(QDir::toNativeSeparators(archive)),
             Question::Loss);
@@ -90,31 +83,63 @@ void BackupCommands::restore()
     const QString archive = m_platform.fileDialogs.openFile(tr("Restore"), backupFilter() + tr("All Files") +
                                                                                QStringLiteral(" (*.*)| *.*"));
     if (archive.isEmpty()) return;
-    std::optional<QString> database;
-    Manifest manifest;
+    std::optional<RestoredCollection::Made> made;
+    Along along;
     runProcedure(m_platform.messages, procedure, [&] {
-        manifest = CollectionRestore::manifestOf(archive);
-        database = RestoredCollection::make(m_platform.works, archive, m_opener.collectionsPlace(),
-                                            manifest.collection);
+        if (!askForFiles(archive, along)) return;
+        made = RestoredCollection::make(m_platform.works, archive, m_opener.collectionsPlace(),
+                                        {{}, along.folder});
     });
-    if (!database) return;
-    m_databases.openInPlace(procedure, *database);
-    if (m_state.session.fileName() == *database) m_platform.messages.show(restoredText(archive, manifest));
+    if (!made) return;
+    m_databases.openInPlace(procedure, made->database);
+    if (m_state.session.fileName() == made->database)
+        m_platform.messages.show(restoredText(archive, made->manifest, along));
+}
+
+/// For a backup of the database alone that a collection keeps, asks whether to copy that one's files. Returns
+/// false if the user cancelled it.
+bool BackupCommands::askForFiles(const QString& archive, Along& along) const
+{
+    const auto keeper = RestoredCollection::filesFor(archive);
+    if (!keeper) return true;
+    FolderList files = CollectionBackup::filesOf(*keeper);
+    if (!m_platform.works.run(files)) return false;
+    const FolderList::Amount amount = files.amount();
+    if (amount.files == 0) return true;
+    const QString folder = QDir::toNativeSeparators(keeper->collection());
+    const QString text =
+        amount.files == 1
+            ? tr("The backup holds the database alone. Its collection in the folder %1 has 1 file "
+                 "(%2).\n\nDo "
+                 "you want to copy it into the new collection? The original stays unchanged.")
+                  .arg(folder, amount.sizeText())
+            : tr("The backup holds the database alone. Its collection in the folder %1 has %2 files (%3).\n\n"
+                 "Do you want to copy them into the new collection? The originals stay unchanged.")
+                  .arg(folder, QLocale().toString(amount.files), amount.sizeText());
+    if (m_platform.messages.ask(text, Question::Harmless)) along = {keeper, amount.files};
+    return true;
 }
 
 /// What a message says about the collection that is open and was made of a backup.
-QString BackupCommands::restoredText(const QString& archive, const Manifest& manifest) const
+QString BackupCommands::restoredText(const QString& archive, const Manifest& manifest,
+                                     const Along& along) const
 {
     const int count = static_cast<int>(manifest.files.size());
     const QDateTime made = manifest.made.toLocalTime();
-    const QString files =
-        count == 1 ? tr("1 file was compared and is as it was when it was backed up, on %1 at %2.")
-                   : tr("%n files were compared and are as they were when they were backed up, on %1 at %2.",
-                        nullptr, count);
-    return tr("%1 was restored into a new collection in the folder %2.\n\nIt holds %3. %4")
-        .arg(QFileInfo(archive).fileName(), QDir::toNativeSeparators(m_state.folder.root()),
-             AboutText::records(m_state.session),
-             files.arg(DateTimeText::programDate(made.date()), DateTimeText::programTime(made.time())));
+    const QString compared =
+        (count == 1 ? tr("The database was compared and is as it was when it was backed up, on %1 at %2.")
+                    : tr("%n files were compared and are as they were when they were backed up, on %1 at %2.",
+                         nullptr, count))
+            .arg(DateTimeText::programDate(made.date()), DateTimeText::programTime(made.time()));
+    QString text =
+        tr("%1 was restored into a new collection in the folder %2.\n\nIt holds %3. %4")
+            .arg(QFileInfo(archive).fileName(), QDir::toNativeSeparators(m_state.folder.collection()),
+                 AboutText::records(m_state.session), compared);
+    if (!along.folder) return text;
+    const QString from = QDir::toNativeSeparators(along.folder->collection());
+    return text + u' ' +
+           (along.files == 1 ? tr("1 file was copied from %1.").arg(from)
+                             : tr("%n files were copied from %1.", nullptr, along.files).arg(from));
 }
 
 void BackupCommands::backUpChanges()

@@ -2,10 +2,13 @@
 
 #pragma once
 
+#include "files/ProgramFolder.h"
 #include "platform/Platform.h"
 
 #include <QObject>
 #include <QString>
+
+#include <optional>
 
 class DatabaseCommands;
 class DatabaseOpener;
@@ -36,8 +39,17 @@ Q_SIGNALS:
     void done(const QString& text);
 
 private:
+    /// The collection whose files are copied into one that is restored, and how many.
+    struct Along
+    {
+        std::optional<ProgramFolder> folder;
+        int files = 0;
+    };
+
     [[nodiscard]] QString chooseTarget() const;
-    [[nodiscard]] QString restoredText(const QString& archive, const Manifest& manifest) const;
+    [[nodiscard]] bool askForFiles(const QString& archive, Along& along) const;
+    [[nodiscard]] QString restoredText(const QString& archive, const Manifest& manifest,
+                                       const Along& along) const;
 
     Platform m_platform;
     DatabaseOpener& m_opener;
