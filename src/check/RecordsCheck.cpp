@@ -12,6 +12,8 @@
 
 #include <QLocale>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -61,7 +63,7 @@ void RecordsCheck::look(const HeldRow& row)
     try {
         before = Snapshots::fromJson(valueOf(row, u"Before"));
         after = Snapshots::fromJson(valueOf(row, u"After"));
-        if (!action) throw Error(0, {});
+        if (!action || !isKnown(before) || !isKnown(after)) throw Error(0, {});
     } catch (const Error&) {
         add({CheckTexts::tr("Step %1 of the journal, \"%2\", cannot be read.")
                  .arg(QString::number(wholeNumberOf(row, u"Number")), textOf(row, u"Title"))});
@@ -79,6 +81,15 @@ void RecordsCheck::look(const HeldRow& row)
     if (!kind || m_done[table].contains(identifier)) return;
     m_done[table].insert(identifier);
     compare(*kind, identifier, after);
+}
+
+/// Whether the rows are those of tables that there are.
+bool RecordsCheck::isKnown(const Snapshot& rows) const
+{
+    const Catalog& catalog = m_database.session().catalog();
+    return std::all_of(rows.tables.begin(), rows.tables.end(), [&catalog](const auto& each) {
+        return !Snapshots::isTable(each.first) || catalog.findTable(each.first) != nullptr;
+    });
 }
 
 void RecordsCheck::leaveOut(const Snapshot& rows)
@@ -109,8 +120,8 @@ void RecordsCheck::compare(RecordKind kind, qint64 identifier, const Snapshot& s
         return;
     }
     const QStringList fields = ComparedFields(kind).differences({saved, true}, {present, true});
-    add({fields.isEmpty() ? CheckTexts::tr("%1 is not what it was when the program saved it last.").arg(name)
-                          : CheckTexts::tr("%1 is not what it was when the program saved it last: %2.")
+    add({fields.isEmpty() ? CheckTexts::tr("%1 differs from what the journal says was saved last.").arg(name)
+                          : CheckTexts::tr("%1 differs from what the journal says was saved last: %2.")
                                 .arg(name, QLocale().createSeparatedList(fields)),
          Finding::Step::ShowRecord, Finding::Record{kind, identifier}});
 }

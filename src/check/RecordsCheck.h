@@ -30,6 +30,7 @@ public:
 
 private:
     void look(const HeldRow& row);
+    [[nodiscard]] bool isKnown(const Snapshot& rows) const;
     void leaveOut(const Snapshot& rows);
     void compare(RecordKind kind, qint64 identifier, const Snapshot& saved);
 

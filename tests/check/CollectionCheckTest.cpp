@@ -246,10 +246,11 @@ TEST(CollectionCheck, TellsOfRecordsThatChangedBehindTheJournal)
     CheckedCollection collection;
     const QString id = QString::number(collection.addDocument(u"Levees"_s, "a report"));
     collection.run(u"UPDATE Document SET Author = 'Nobody'"_s);
-    EXPECT_EQ(collection.found(),
-              u"changed-records: Document \"Levees\" (%1) is not what it was when the program saved it "
-              "last: Author.\n"_s.arg(id)
-                  .toStdString());
+    EXPECT_EQ(
+        collection.found(),
+        u"changed-records: Document \"Levees\" (%1) differs from what the journal says was saved last: Author.\n"_s
+            .arg(id)
+            .toStdString());
     // a change to a list may have done that
     collection.run(u"INSERT INTO Journal VALUES (2, 2, '2005-06-15 12:00:00', 'list', 'Venue', 3, 'Capitol', "
                    u"NULL, 2, 0, "

@@ -126,11 +126,10 @@ TEST(DatabaseRescue, TakesFromIndexesWhatTheyKnow)
     fill(collection);
     QByteArray content = contentOf(collection.database());
     qsizetype damagedPage = 0;
-    for (qsizetype page = 1; page < content.size() / pageSize && damagedPage == 0; ++page)
-        if (content.mid(page * pageSize, pageSize)
-                .contains("Document 250\x02"
-                          "250.pdf"))
-            damagedPage = page;
+    for (qsizetype page = 1; page < content.size() / pageSize; ++page) {
+        const bool isFound = content.mid(page * pageSize, pageSize).contains("Document 250");
+        if (isFound && rowsOn(content, page) > 0) damagedPage = page;
+    }
     ASSERT_GT(damagedPage, 0);
     content.replace(damagedPage * pageSize, pageSize, QByteArray(pageSize, '\0'));
     const QString damaged = collection.folder() + u"/damaged.sqlite"_s;
@@ -143,7 +142,7 @@ TEST(DatabaseRescue, TakesFromIndexesWhatTheyKnow)
     EXPECT_EQ(TestDatabase::answer(rescued,
                                    u"SELECT DocumentName, FileLocation, dStatus, Notes FROM Document WHERE "
                                    "DocumentID = 250"_s),
-              u"Document 250|250.pdf|ACTIVE|"_s);
+              u"Document 250|250.pdf|ACTIVE|NULL"_s);
     EXPECT_EQ(TestDatabase::answer(rescued,
                                    u"SELECT count(*) FROM Document WHERE DocumentID BETWEEN 300 AND 340"_s),
               u"0"_s);
