@@ -133,9 +133,13 @@ QString FindingsModel::stateText(const Check& check)
     }
     const auto count = static_cast<int>(check.result.findings.size());
     if (!check.result.hindrance.isEmpty()) {
-        return count == 0 ? tr("Could not be made") : tr("%n findings, not finished", nullptr, count);
+        return count == 0   ? tr("Could not be made")
+               : count == 1 ? tr("1 finding, not finished")
+                            : tr("%n findings, not finished", nullptr, count);
     }
-    return count == 0 ? tr("Nothing found") : tr("%n findings", nullptr, count);
+    return count == 0   ? tr("Nothing found")
+           : count == 1 ? tr("1 finding")
+                        : tr("%n findings", nullptr, count);
 }
 
 QVariant FindingsModel::stateIcon(const Check& check)

@@ -59,6 +59,23 @@ QString stepTip(Finding::Step step)
     return frmCheck::tr("Shows the record of the selected finding");
 }
 
+/// Draws a finding over the whole width of the list, as long as nothing stands beside it.
+class FindingDelegate final : public LineDelegate
+{
+public:
+    using LineDelegate::LineDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const bool isAlone = index.parent().isValid() &&
+                             index.siblingAtColumn(FindingsModel::stateColumn).data().toString().isEmpty();
+        if (isAlone && index.column() == FindingsModel::stateColumn) return;
+        QStyleOptionViewItem wide(option);
+        if (isAlone) wide.rect.setRight(option.widget->rect().right());
+        LineDelegate::paint(painter, wide, index);
+    }
+};
+
 void enable(QPushButton& button, const QString& tip, const QString& hindrance)
 {
     button.setEnabled(hindrance.isEmpty());
@@ -93,7 +110,7 @@ void frmCheck::makeTree()
     tvwChecks->setAllColumnsShowFocus(true);
     tvwChecks->setAlternatingRowColors(true);
     tvwChecks->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    tvwChecks->setItemDelegate(new LineDelegate(tvwChecks));
+    tvwChecks->setItemDelegate(new FindingDelegate(tvwChecks));
     tvwChecks->setModel(m_model);
     tvwChecks->header()->setStretchLastSection(false);
     tvwChecks->header()->setSectionResizeMode(FindingsModel::textColumn, QHeaderView::Stretch);
@@ -219,7 +236,9 @@ void frmCheck::end()
     m_bar->setMaximum(100);
     m_bar->reset();
     const auto count = static_cast<int>(m_model->count());
-    lblOutcome->setText(count == 0 ? tr("Nothing was found.") : tr("%n findings.", nullptr, count));
+    lblOutcome->setText(count == 0   ? tr("Nothing was found.")
+                        : count == 1 ? tr("There is 1 finding.")
+                                     : tr("There are %n findings.", nullptr, count));
     enableButtons();
 }
 

@@ -2,7 +2,6 @@
 
 #include "Dialogs.h"
 #include "Journey.h"
-#include "backup/CollectionBackup.h"
 #include "backup/KeptBackups.h"
 #include "support/TestFiles.h"
 #include "util/Sha256.h"
@@ -156,10 +155,7 @@ protected:
     void damage()
     {
         const ProgramFolder folder(journey.database.folder());
-        const auto backup =
-            KeptBackups(folder).work(journey.database.fileName(), folder, journey.desktop.clock.moment);
-        while (backup->step()) {
-        }
+        KeptBackups(folder).add(journey.database.fileName(), folder, journey.desktop.clock.moment);
         garble("Report 150");
     }
 
