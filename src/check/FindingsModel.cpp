@@ -5,9 +5,13 @@
 #include "widgets/IconSet.h"
 #include "widgets/PlainToolTip.h"
 
+#include <QPixmap>
+
 #include <algorithm>
 
 namespace {
+
+constexpr int iconWidth = 16;
 
 /// What the index of a finding says of its check; that of a check itself says 0.
 quintptr identifierOf(int check)
@@ -144,7 +148,12 @@ QString FindingsModel::stateText(const Check& check)
 
 QVariant FindingsModel::stateIcon(const Check& check)
 {
-    if (check.state != State::Made) return {};
+    if (check.state != State::Made) {
+        // keeps the rows as high, and the texts where they are, when the icons come
+        QPixmap nothing(iconWidth, iconWidth);
+        nothing.fill(Qt::transparent);
+        return nothing;
+    }
     const bool isSound = check.result.findings.empty() && check.result.hindrance.isEmpty();
     return IconSet::themeIcon(isSound ? QStringLiteral("checkmark") : QStringLiteral("data-warning"));
 }

@@ -3,13 +3,13 @@
 #include "check/frmCheck.h"
 
 #include "check/FileByHash.h"
+#include "check/FindingDelegate.h"
 #include "check/FindingSteps.h"
 #include "check/FindingsModel.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "platform/WorkRunner.h"
-#include "widgets/LineDelegate.h"
 #include "widgets/WindowSize.h"
 
 #include <QClipboard>
@@ -58,23 +58,6 @@ QString stepTip(Finding::Step step)
     }
     return frmCheck::tr("Shows the record of the selected finding");
 }
-
-/// Draws a finding over the whole width of the list, as long as nothing stands beside it.
-class FindingDelegate final : public LineDelegate
-{
-public:
-    using LineDelegate::LineDelegate;
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        const bool isAlone = index.parent().isValid() &&
-                             index.siblingAtColumn(FindingsModel::stateColumn).data().toString().isEmpty();
-        if (isAlone && index.column() == FindingsModel::stateColumn) return;
-        QStyleOptionViewItem wide(option);
-        if (isAlone) wide.rect.setRight(option.widget->rect().right());
-        LineDelegate::paint(painter, wide, index);
-    }
-};
 
 void enable(QPushButton& button, const QString& tip, const QString& hindrance)
 {
@@ -402,19 +385,14 @@ bool frmCheck::findFile(const Finding& finding)
                                                      Question::Harmless);
     if (!isWanted) return false;
     FindingSteps::bringBack(m_at.folder, finding.file, finding.sha256, found);
-    tell(tr("%1 is as it was when it was added.").arg(finding.file));
+    lblOutcome->setText(tr("%1 is as it was when it was added.").arg(finding.file));
     return true;
 }
 
 bool frmCheck::putAside(const Finding& finding)
 {
     const QString place = FindingSteps::putAside(m_at.folder, finding.file);
-    tell(tr("%1 is now in the folder %2.")
-             .arg(finding.file, QDir::toNativeSeparators(QFileInfo(place).path())));
+    lblOutcome->setText(tr("%1 is now in the folder %2.")
+                            .arg(finding.file, QDir::toNativeSeparators(QFileInfo(place).path())));
     return true;
-}
-
-void frmCheck::tell(const QString& text)
-{
-    lblOutcome->setText(text);
 }
