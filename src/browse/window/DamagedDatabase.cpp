@@ -66,7 +66,7 @@ std::optional<DamagedDatabase::Instead> DamagedDatabase::ask(const QString& file
     if (!backups.empty()) {
         choices.push_back(Instead::Backup);
         answers << tr("Restore the &Backup");
-        text += tr("Its newest backup was made on %1. ").arg(programMoment(backups.front().made));
+        text += tr("Its newest backup was made on %1.").arg(programMoment(backups.front().made)) + u' ';
     }
     if (mayBeRescued(file)) {
         choices.push_back(Instead::Rescue);
