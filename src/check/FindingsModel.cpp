@@ -5,9 +5,13 @@
 #include "widgets/IconSet.h"
 #include "widgets/PlainToolTip.h"
 
+#include <QPixmap>
+
 #include <algorithm>
 
 namespace {
+
+constexpr int iconWidth = 16;
 
 /// What the index of a finding says of its check; that of a check itself says 0.
 quintptr identifierOf(int check)
@@ -133,14 +137,23 @@ QString FindingsModel::stateText(const Check& check)
     }
     const auto count = static_cast<int>(check.result.findings.size());
     if (!check.result.hindrance.isEmpty()) {
-        return count == 0 ? tr("Could not be made") : tr("%n findings, not finished", nullptr, count);
+        return count == 0   ? tr("Could not be made")
+               : count == 1 ? tr("1 finding, not finished")
+                            : tr("%n findings, not finished", nullptr, count);
     }
-    return count == 0 ? tr("Nothing found") : tr("%n findings", nullptr, count);
+    return count == 0   ? tr("Nothing found")
+           : count == 1 ? tr("1 finding")
+                        : tr("%n findings", nullptr, count);
 }
 
 QVariant FindingsModel::stateIcon(const Check& check)
 {
-    if (check.state != State::Made) return {};
+    if (check.state != State::Made) {
+        // keeps the rows as high, and the texts where they are, when the icons come
+        QPixmap nothing(iconWidth, iconWidth);
+        nothing.fill(Qt::transparent);
+        return nothing;
+    }
     const bool isSound = check.result.findings.empty() && check.result.hindrance.isEmpty();
     return IconSet::themeIcon(isSound ? QStringLiteral("checkmark") : QStringLiteral("data-warning"));
 }

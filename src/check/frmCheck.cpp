@@ -3,13 +3,13 @@
 #include "check/frmCheck.h"
 
 #include "check/FileByHash.h"
+#include "check/FindingDelegate.h"
 #include "check/FindingSteps.h"
 #include "check/FindingsModel.h"
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "platform/WorkRunner.h"
-#include "widgets/LineDelegate.h"
 #include "widgets/WindowSize.h"
 
 #include <QClipboard>
@@ -93,7 +93,7 @@ void frmCheck::makeTree()
     tvwChecks->setAllColumnsShowFocus(true);
     tvwChecks->setAlternatingRowColors(true);
     tvwChecks->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    tvwChecks->setItemDelegate(new LineDelegate(tvwChecks));
+    tvwChecks->setItemDelegate(new FindingDelegate(tvwChecks));
     tvwChecks->setModel(m_model);
     tvwChecks->header()->setStretchLastSection(false);
     tvwChecks->header()->setSectionResizeMode(FindingsModel::textColumn, QHeaderView::Stretch);
@@ -219,7 +219,9 @@ void frmCheck::end()
     m_bar->setMaximum(100);
     m_bar->reset();
     const auto count = static_cast<int>(m_model->count());
-    lblOutcome->setText(count == 0 ? tr("Nothing was found.") : tr("%n findings.", nullptr, count));
+    lblOutcome->setText(count == 0   ? tr("Nothing was found.")
+                        : count == 1 ? tr("There is 1 finding.")
+                                     : tr("There are %n findings.", nullptr, count));
     enableButtons();
 }
 
@@ -383,19 +385,14 @@ bool frmCheck::findFile(const Finding& finding)
                                                      Question::Harmless);
     if (!isWanted) return false;
     FindingSteps::bringBack(m_at.folder, finding.file, finding.sha256, found);
-    tell(tr("%1 is as it was when it was added.").arg(finding.file));
+    lblOutcome->setText(tr("%1 is as it was when it was added.").arg(finding.file));
     return true;
 }
 
 bool frmCheck::putAside(const Finding& finding)
 {
     const QString place = FindingSteps::putAside(m_at.folder, finding.file);
-    tell(tr("%1 is now in the folder %2.")
-             .arg(finding.file, QDir::toNativeSeparators(QFileInfo(place).path())));
+    lblOutcome->setText(tr("%1 is now in the folder %2.")
+                            .arg(finding.file, QDir::toNativeSeparators(QFileInfo(place).path())));
     return true;
-}
-
-void frmCheck::tell(const QString& text)
-{
-    lblOutcome->setText(text);
 }

@@ -69,7 +69,6 @@ private:
     void takeStep();
     [[nodiscard]] bool findFile(const Finding& finding);
     [[nodiscard]] bool putAside(const Finding& finding);
-    void tell(const QString& text);
     void copyFindings();
 
     Surroundings m_at;

@@ -2,7 +2,6 @@
 
 #include "Dialogs.h"
 #include "Journey.h"
-#include "backup/CollectionBackup.h"
 #include "backup/KeptBackups.h"
 #include "support/TestFiles.h"
 #include "util/Sha256.h"
@@ -32,24 +31,14 @@ protected:
     void addFile(int identifier, const char* name, const char* content)
     {
         journey.database.run(
-            u"INSERT INTO Document (DocumentID, DocumentName, FileLocation, FileTypeID, "
-            "OrganizationID, dStatus) VALUES (%1, '%2', '%1.pdf', 1, 1, 'ACTIVE')"_s.arg(identifier)
-                .arg(QString::fromUtf8(name)));
-        const QString hash = QString::fromLatin1(hashOf(content).toHex());
+            u"INSERT INTO Document (DocumentID, DocumentName, FileLocation, dStatus) VALUES (%1, "
+            "'%2', '%1.pdf', 'ACTIVE')"_s.arg(QString::number(identifier), QString::fromUtf8(name)));
         journey.database.run(
-            u"INSERT INTO Journal (Step, Moment, What, Kind, Identifier, Title, After, UndoStep, RedoStep) "
-            u"VALUES (%1, "
-            "'2005-06-15 12:00:00', 'ADD', 'Document', %1, '%2', "
-            "'{\"Uploads\":[{\"Folder\":\"documents\",\"Name\":\"%1.pdf\",\"Hash\":\"%3\"}]}', %1, 0)"_s
-                .arg(identifier)
-                .arg(QString::fromUtf8(name), hash));
-    }
-
-    static QByteArray hashOf(const char* content)
-    {
-        Sha256 hash;
-        hash.add(content);
-        return hash.result();
+            u"INSERT INTO Journal (Step, Moment, What, Kind, Identifier, Title, After, UndoStep, "
+            "RedoStep) VALUES (%1, '2005-06-15 12:00:00', 'change', 'Uploads', %1, '%2', "
+            "'{\"Uploads\":[{\"Folder\":\"documents\",\"Name\":\"%1.pdf\",\"Hash\":\"%3\"}]}', "
+            "0, 0)"_s.arg(QString::number(identifier), QString::fromUtf8(name),
+                          QString::fromLatin1(Sha256::of(content).toHex())));
     }
 
     /// All that the window shows, as Copy has it.
@@ -86,8 +75,18 @@ protected:
     Journey journey;
 };
 
-constexpr auto nothing = "Structure of the database: Nothing found\n"
-                         "References within the database: Nothing found\n";
+constexpr auto withFaults =
+    "Structure of the database: Nothing found\n"
+    "References within the database: 1 finding\n"
+    "\tRow 1 of DocumentTypes refers to a row of DocumentType that is not there.\n"
+    "Links without a record: 1 finding\n"
+    "\tDocument \"Atlas\" (2) is linked to document type 77, which does not exist.\n"
+    "Unreadable dates: Nothing found\n"
+    "History without a record: Nothing found\n"
+    "Missing files: 1 finding\n"
+    "\tDocument \"Atlas\" (2) names the file 2.pdf, which is not in the folder documents.\n"
+    "Files that no record names: 1 finding\n"
+    "\tThe file documents/stray.txt belongs to no record.\n";
 
 TEST_F(Check, ShowsWhatItFindsAndTakesTheStepOfEachFinding)
 {
@@ -95,20 +94,29 @@ TEST_F(Check, ShowsWhatItFindsAndTakesTheStepOfEachFinding)
     addFile(3, "Brief", "brief");
     writeFile(data("documents/3.pdf"), "changed");
     writeFile(data("documents/stray.txt"), "stray");
-    const QTemporaryDir elsewhere;
-    writeFile(elsewhere.filePath(u"old/a"_s), "atlas");
+    const QTemporaryDir place;
+    const QString elsewhere = place.path();
+    writeFile(elsewhere + u"/old/a"_s, "atlas");
+    writeFile(elsewhere + u"/old/b"_s, "brief");
     journey.database.run("INSERT INTO DocumentTypes VALUES (2, 77)");
     journey.start();
-    journey.trigger("mnuViewDocuments");
+    const auto expectFound = [&](const char* name, const char* file, bool answer) {
+        journey.desktop.fileDialogs.folders = {elsewhere};
+        messages().expectQuestion(
+            u"%1/old/%2 holds what documents/%3 held when it was added.\n\nDo you want to "
+            "copy it there? If a file is there, it is put aside."_s.arg(elsewhere, QString::fromUtf8(name),
+                                                                        QString::fromUtf8(file)),
+            answer);
+    };
     journey.inDialog("frmCheck", "mnuCheckCollection", [&](OpenDialog& window) {
         auto& tree = window.find<QTreeView>("tvwChecks");
         const QAbstractItemModelTester tester(tree.model(),
                                               QAbstractItemModelTester::FailureReportingMode::Fatal);
-        EXPECT_EQ(shown(window), nothing);
+        EXPECT_EQ(shown(window), withFaults);
         auto& step = window.find<QPushButton>("cmdStep");
-        EXPECT_FALSE(step.isEnabled());
+        EXPECT_FALSE(step.isEnabled()) << "for more than one";
 
-        select(window, "Document \"Atlas\" is linked to");
+        select(window, "Document \"Atlas\" (2) is linked to");
         inDialog(
             "frmDocument", [&] { QTest::keyClick(&tree, Qt::Key_Return); },
             [](OpenDialog& record) {
@@ -116,13 +124,18 @@ TEST_F(Check, ShowsWhatItFindsAndTakesTheStepOfEachFinding)
                 record.click("cmdCancel");
             });
 
-        select(window, "Document \"Atlas\" names the file");
+        select(window, "Document \"Atlas\" (2) names the file");
         EXPECT_EQ(step.text(), u"&Find File…"_s);
-        journey.desktop.fileDialogs.folders = {QString(), data("orgcharts"), elsewhere.path(),
-                                               elsewhere.path()};
-        window.click("cmdStep");
+        journey.desktop.fileDialogs.folders = {QString(), data("documents")};
         step.click();
+        messages().expectMessage(
+            u"No file in the folder %1 holds what documents/2.pdf held when it was added."_s.arg(
+                data("documents")));
         step.click();
+        expectFound("a", "2.pdf", false);
+        step.click();
+        EXPECT_FALSE(QFile::exists(data("documents/2.pdf")));
+        expectFound("a", "2.pdf", true);
         step.click();
         EXPECT_EQ(contentOf(data("documents/2.pdf")), "atlas");
         EXPECT_FALSE(step.isEnabled()) << "it is done";
@@ -134,7 +147,17 @@ TEST_F(Check, ShowsWhatItFindsAndTakesTheStepOfEachFinding)
         EXPECT_EQ(contentOf(data("aside/documents/stray.txt")), "stray");
 
         window.click("cmdCheckFiles");
-        EXPECT_EQ(shown(window), "");
+        EXPECT_EQ(
+            QString::fromStdString(shown(window)).section(u"Missing"_s, 1).toStdString(),
+            " files: Nothing found\nFiles that no record names: Nothing found\nContent of the records: "
+            "Nothing "
+            "found\nContent of the files: 1 finding\n\tDocument \"Brief\" (3): the file documents/3.pdf is "
+            "not what it was when it was taken in.\n");
+        select(window, "Document \"Brief\" (3): the file");
+        expectFound("b", "3.pdf", true);
+        step.click();
+        EXPECT_EQ(contentOf(data("documents/3.pdf")), "brief");
+        EXPECT_EQ(contentOf(data("aside/documents/3.pdf")), "changed");
         window.press(Qt::Key_Escape);
     });
 }
@@ -156,10 +179,7 @@ protected:
     void damage()
     {
         const ProgramFolder folder(journey.database.folder());
-        const auto backup =
-            KeptBackups(folder).work(journey.database.fileName(), folder, journey.desktop.clock.moment);
-        while (backup->step()) {
-        }
+        KeptBackups(folder).add(journey.database.fileName(), folder, journey.desktop.clock.moment);
         garble("Report 150");
     }
 
@@ -207,37 +227,63 @@ TEST_F(Damage, IsAskedAboutOnceWhenItIsMetAndLeavesTheDatabaseToBeRead)
     EXPECT_TRUE(journey.database.bytes() == before);
 }
 
-TEST_F(Damage, TheNewestBackupBecomesACollectionWithTheFiles)
+TEST_F(Damage, BackupAndRescueBecomeCollectionsWithTheFiles)
 {
     damage();
     const QByteArray before = journey.database.bytes();
-    journey.start();
-    expectReadFailure();
-    expectQuestion(u". (%1)"_s.arg(file), open, 0);
-    journey.trigger("mnuViewDocuments");
-    Journey::idle();
-    messages().finish();
-    EXPECT_NE(journey.program->state().session.fileName(), file);
-    EXPECT_FALSE(journey.program->state().session.isReadOnly());
-    journey.trigger("mnuViewDocuments");
-    EXPECT_EQ(journey.statusPanel(), u"Displaying 100 Documents"_s);
-    const QString restored = QFileInfo(journey.program->state().session.fileName()).path();
-    EXPECT_EQ(contentOf(restored + u"/documents/100.pdf"_s), "report");
-    EXPECT_TRUE(journey.database.bytes() == before);
+    const std::pair<const char*, const char*> cases[] = {
+        {"The backup of 06/15/2005 12:00 was restored into a new collection in the folder ",
+         "Displaying 100 Documents"},
+        {"What could be read was rescued into a new collection in the folder ", "Displaying 97 Documents"}};
+    for (int answer = 0; answer < 2; ++answer) {
+        const auto& [message, count] = cases[answer];
+        SCOPED_TRACE(message);
+        journey.program.reset();
+        journey.start();
+        expectReadFailure();
+        expectQuestion(u". (%1)"_s.arg(file), open, answer);
+        messages().expectMessageBeginning(QString::fromUtf8(message));
+        journey.trigger("mnuViewDocuments");
+        Journey::idle();
+        messages().finish();
+        const QString opened = journey.program->state().session.fileName();
+        EXPECT_NE(opened, file);
+        EXPECT_FALSE(journey.program->state().session.isReadOnly());
+        journey.trigger("mnuViewDocuments");
+        EXPECT_EQ(journey.statusPanel().toStdString(), count);
+        EXPECT_EQ(contentOf(QFileInfo(opened).path() + u"/documents/100.pdf"_s), "report");
+        EXPECT_TRUE(journey.database.bytes() == before);
+    }
 }
 
-TEST_F(Damage, WhatCanBeReadIsRescued)
+TEST_F(Damage, IsFoundByTheCheck)
 {
     damage();
-    const QByteArray before = journey.database.bytes();
     journey.start();
+    messages().heard.emplace();
+    std::string found;
     journey.inDialog("frmCheck", "mnuCheckCollection", [&](OpenDialog& window) {
-        messages().heard.emplace();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !messages().heard->isEmpty(); }, 20000));
-        EXPECT_EQ(messages().heard->join(u'|'), u""_s);
+        found = shown(window);
         window.click("cmdClose");
     });
-    EXPECT_TRUE(journey.database.bytes() == before);
+    ASSERT_EQ(messages().heard->size(), 1) << found;
+    EXPECT_TRUE(messages().heard->front().startsWith(u"The database is damaged: "_s));
+    EXPECT_TRUE(journey.program->state().session.isReadOnly());
+}
+
+TEST_F(Damage, ADatabaseThatCannotBeOpenedIsRescued)
+{
+    const QString cut = data("cut.sqlite");
+    const QByteArray whole = journey.database.bytes();
+    writeFile(cut, whole.first(whole.size() * 3 / 4));
+    expectQuestion(u": database disk image is malformed (%1)"_s.arg(cut), "It cannot be opened.", 0, false);
+    messages().expectMessageBeginning(
+        u"What could be read was rescued into a new collection in the folder "_s);
+    journey.start(u"cut.sqlite"_s);
+    messages().finish();
+    EXPECT_EQ(journey.historyMenu(), "[Home Page]");
+    journey.trigger("mnuViewDocuments");
+    EXPECT_NE(journey.column(0), "");
 }
 
 } // namespace

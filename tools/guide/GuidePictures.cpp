@@ -244,7 +244,7 @@ void GuidePictures::showHistory()
     trigger("mnuRecordUndo");
 }
 
-/// Puts two faults into the collection, and takes them back.
+/// The sample names files of two documents that are not there.
 void GuidePictures::showCheck()
 {
     inDialog(

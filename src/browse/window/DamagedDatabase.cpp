@@ -66,7 +66,7 @@ std::optional<DamagedDatabase::Instead> DamagedDatabase::ask(const QString& file
     if (!backups.empty()) {
         choices.push_back(Instead::Backup);
         answers << tr("Restore the &Backup");
-        text += tr("Its newest backup was made on %1. ").arg(programMoment(backups.front().made));
+        text += tr("Its newest backup was made on %1.").arg(programMoment(backups.front().made)) + u' ';
     }
     if (mayBeRescued(file)) {
         choices.push_back(Instead::Rescue);
@@ -96,17 +96,17 @@ std::optional<DamagedDatabase::Made> DamagedDatabase::restore(const QString& fil
     const auto backups = KeptBackups(folder).list();
     if (backups.empty()) return std::nullopt;
     const auto made = RestoredCollection::make(m_platform.works, backups.front().file,
-                                               m_opener.collectionsPlace(), QDir(folder.root()).dirName());
+                                               m_opener.collectionsPlace(), {{}, folder});
     if (!made) return std::nullopt;
-    return Made{*made, tr("The backup of %1 was restored into a new collection in the folder %2.")
-                           .arg(programMoment(backups.front().made), folderOf(*made))};
+    return Made{made->database, tr("The backup of %1 was restored into a new collection in the folder %2.")
+                                    .arg(programMoment(backups.front().made), folderOf(made->database))};
 }
 
 std::optional<DamagedDatabase::Made> DamagedDatabase::rescue(const QString& file) const
 {
     const ProgramFolder folder = m_state.home.ofDatabase(file);
     const auto made = RescuedCollection::make(m_platform.works, file, folder, m_opener.collectionsPlace(),
-                                              QDir(folder.root()).dirName());
+                                              QDir(folder.collection()).dirName());
     if (!made) return std::nullopt;
     return Made{made->database,
                 tr("What could be read was rescued into a new collection in the folder %1.\n\n%2")

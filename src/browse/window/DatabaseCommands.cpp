@@ -59,8 +59,9 @@ void DatabaseCommands::openAtStart(const StartRequest& request)
     const auto made = instead ? makeInstead(*instead, file) : std::nullopt;
     if (!made) return;
     // the window is not there yet that would begin with another database
-    m_isToldOfDamage =
-        !runProcedure(m_platform.messages, procedure, [&] { m_opener.openAt(made->database); });
+    if (!runProcedure(m_platform.messages, procedure, [&] { m_opener.openAt(made->database); })) return;
+    m_isToRead = false;
+    m_isToldOfDamage = false;
     settle();
     m_platform.messages.show(made->text);
 }
@@ -189,7 +190,7 @@ void DatabaseCommands::openInstead(DamagedDatabase::Instead instead, const QStri
     const auto made = makeInstead(instead, file);
     if (!made) return;
     openInPlace(QStringLiteral("openDatabase"), made->database);
-    m_platform.messages.show(made->text);
+    if (m_state.session.fileName() == made->database) m_platform.messages.show(made->text);
 }
 
 std::optional<DamagedDatabase::Made> DatabaseCommands::makeInstead(DamagedDatabase::Instead instead,
