@@ -24,7 +24,7 @@ namespace {
 constexpr qint64 headLength = 32;
 constexpr int pagesAtOnce = 512;
 constexpr int stepWait = 50; ///< milliseconds that a step waits for another process
-constexpr int longestWait = 10'000;
+constexpr int longestWait = 3'000;
 
 void copyFile(const QString& source, const QString& copy)
 {

@@ -82,6 +82,7 @@ private:
     void enableCommands();
     void showCaption(const QString& caption, const QString& count);
     void showTitle();
+    [[nodiscard]] bool isGone() const;
     [[nodiscard]] QString unwritable() const;
 
     Platform m_platform;
