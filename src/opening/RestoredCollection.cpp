@@ -19,11 +19,11 @@ namespace {
 /// A name that a folder can have anywhere; the archive may say anything.
 QString nameOf(const QString& archive)
 {
-    constexpr qsizetype longestName = 200; // bytes; a number and what an unfinished collection has follow
+    constexpr qsizetype mostBytes = 200; // a number and what an unfinished collection has follow
     QString name = CollectionRestore::collectionIn(archive).simplified();
     while (name.startsWith(u'.'))
         name.remove(0, 1);
-    while (name.toUtf8().size() > longestName)
+    while (name.toUtf8().size() > mostBytes)
         name.chop(1);
     name = name.trimmed();
     return ProgramFolder::isPlainName(name) ? name : OpeningTexts::tr("Collection");
