@@ -20,6 +20,7 @@
 #include <cstdlib>
 #include <random>
 #include <string>
+#include <sys/resource.h>
 
 namespace {
 
@@ -90,22 +91,51 @@ void run(const QString& program, const QStringList& arguments, const QString& fo
     if (!process.waitForFinished(-1) || process.exitCode() != 0) std::abort();
 }
 
+/// What the processes that have ended took of the processors, user and system together.
+double childSeconds()
+{
+    rusage usage{};
+    getrusage(RUSAGE_CHILDREN, &usage);
+    const auto secondsOf = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime);
+}
+
+/// What the processes that have ended took of the processors, user and system together.
+double childSeconds()
+{
+    rusage usage{};
+    getrusage(RUSAGE_CHILDREN, &usage);
+    const auto secondsOf = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime);
+}
+
 void backup(benchmark::State& state, const QString& ending, const QString& program,
             const QStringList& options)
 {
     const QString from = collection(2000);
     const QString theirs = from + QStringLiteral("-theirs") + ending;
     const QString ours = from + QStringLiteral("-ours") + ending;
+    double theirSeconds = 0;
+    double ourSeconds = 0;
     compare(
         state,
         [&] {
             QFile::remove(theirs);
+            const double before = childSeconds();
             run(program, QStringList(options) << theirs << QFileInfo(from).fileName(),
                 QFileInfo(from).path());
+            theirSeconds += childSeconds() - before;
         },
         [&] {
+            const double before = childSeconds();
             runSelf({QStringLiteral("backup"), from, ours});
+            ourSeconds += childSeconds() - before;
         });
+    state.counters["cpu_ratio"] = ourSeconds / theirSeconds;
     state.counters["size_ratio"] =
         static_cast<double>(QFileInfo(ours).size()) / static_cast<double>(QFileInfo(theirs).size());
 }

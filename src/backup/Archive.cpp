@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <archive.h>
 #include <archive_entry.h>
 #include <cerrno>
@@ -22,7 +23,9 @@
 namespace {
 
 constexpr std::size_t readBlock = 1 << 20;
-constexpr qint64 mostUnderWay = 8 << 20; ///< bytes
+constexpr int writeBlock = 1 << 18;
+constexpr qint64 handedOverAtOnce = 2 << 20; ///< bytes for the disk
+constexpr qint64 mostUnderWay = 64 << 20;
 constexpr mode_t permissions = 0644;
 
 [[noreturn]] void fail(int number, const QString& reason, const QString& file)
@@ -123,6 +126,8 @@ ArchiveWriter::ArchiveWriter(const QString& file) : m_file(file), m_unfinished(u
             // one thread compresses while this one reads and hashes, as tar and zstd work side by side
             archive_write_set_filter_option(m_archive, "zstd", "threads", "1");
         }
+        archive_write_set_bytes_per_block(m_archive, writeBlock);
+        archive_write_set_bytes_in_last_block(m_archive, 1);
         require(archive_write_open_fd(m_archive, m_descriptor));
     } catch (...) {
         discard();
@@ -177,18 +182,20 @@ void ArchiveWriter::write(std::string_view content)
     keepDiskBusy();
 }
 
-/// Has the disk write what came since the last time, and waits for what it had to write before that. At the
-/// end there is little left to wait for, and nobody's memory is full of what a slow disk has not taken yet.
+/// Has the disk write along, and waits when too much is under way. At the end there is little left to wait
+/// for, and nobody's memory is full of what a slow disk has not taken yet.
 void ArchiveWriter::keepDiskBusy()
 {
 #ifdef Q_OS_LINUX
     const qint64 written = archive_filter_bytes(m_archive, -1);
-    if (written - m_underWay < mostUnderWay) return;
+    if (written - m_underWay < handedOverAtOnce) return;
     constexpr unsigned wait =
         SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
+    const qint64 waitedFor = std::max<qint64>(0, m_underWay - mostUnderWay);
+    const qint64 due = std::max<qint64>(0, written - mostUnderWay);
     const bool failed =
         ::sync_file_range(m_descriptor, m_underWay, written - m_underWay, SYNC_FILE_RANGE_WRITE) != 0 ||
-        (m_underWay > 0 && ::sync_file_range(m_descriptor, 0, m_underWay, wait) != 0);
+        (due > waitedFor && ::sync_file_range(m_descriptor, waitedFor, due - waitedFor, wait) != 0);
     m_underWay = written;
     if (failed && (errno == EIO || errno == ENOSPC || errno == EDQUOT)) failBySystem(errno, m_file);
 #endif
