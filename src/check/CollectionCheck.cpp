@@ -76,16 +76,23 @@ CollectionCheck::CollectionCheck(const QString& database, const ProgramFolder& f
                                  const QString& notes)
     : m_database(std::make_unique<CheckedDatabase>(database))
 {
-    m_checks.push_back(std::make_unique<EngineCheck>(CheckTopic::EngineIntegrity, *m_database));
-    m_checks.push_back(std::make_unique<EngineCheck>(CheckTopic::ForeignKeys, *m_database));
+    for (const CheckTopic topic : {CheckTopic::EngineIntegrity, CheckTopic::ForeignKeys}) {
+        auto check = std::make_unique<EngineCheck>(topic, *m_database);
+        m_engineChecks.push_back(check.get());
+        m_checks.push_back(std::move(check));
+    }
     m_checks.push_back(std::make_unique<LinksCheck>(*m_database));
     m_checks.push_back(std::make_unique<DatesCheck>(*m_database));
     m_checks.push_back(std::make_unique<HistoryCheck>(*m_database));
     m_checks.push_back(std::make_unique<MissingFilesCheck>(*m_database, folder));
     m_checks.push_back(std::make_unique<StrayFilesCheck>(*m_database, folder));
-    if (scope == CheckScope::Structure) return;
-    m_checks.push_back(std::make_unique<RecordsCheck>(*m_database));
-    m_checks.push_back(std::make_unique<ContentCheck>(*m_database, folder, notes));
+    if (scope == CheckScope::StructureAndFiles) {
+        m_checks.push_back(std::make_unique<RecordsCheck>(*m_database));
+        m_checks.push_back(std::make_unique<ContentCheck>(*m_database, folder, notes));
+    }
+    for (std::size_t i = m_engineChecks.size(); i < m_checks.size(); ++i)
+        m_order.push_back(m_checks[i].get());
+    m_order.insert(m_order.end(), m_engineChecks.begin(), m_engineChecks.end());
 }
 
 CollectionCheck::~CollectionCheck() = default;
@@ -103,7 +110,7 @@ bool CollectionCheck::step()
 {
     if (!m_isPrepared) return prepare();
     if (m_current >= m_checks.size()) return false;
-    TopicCheck& check = *m_checks[m_current];
+    TopicCheck& check = *m_order[m_current];
     try {
         if (check.step()) return true;
     } catch (const Error& error) {
@@ -118,6 +125,10 @@ bool CollectionCheck::prepare()
 {
     try {
         m_isPrepared = !m_database->prepare();
+        if (m_isPrepared) {
+            for (EngineCheck* check : m_engineChecks)
+                check->begin();
+        }
     } catch (const Error& error) {
         for (const auto& check : m_checks) {
             check->hinder(error);
@@ -137,13 +148,13 @@ QString CollectionCheck::title() const
 QString CollectionCheck::text() const
 {
     const std::size_t last = m_checks.size() - 1;
-    return checkCaption(m_checks[std::min(m_current, last)]->result().topic);
+    return checkCaption(m_order[std::min(m_current, last)]->result().topic);
 }
 
 std::optional<int> CollectionCheck::percent() const
 {
     if (m_current >= m_checks.size()) return 100;
-    const auto done = static_cast<std::size_t>(m_checks[m_current]->percent().value_or(0));
+    const auto done = static_cast<std::size_t>(m_order[m_current]->percent().value_or(0));
     return static_cast<int>((m_current * 100 + done) / m_checks.size());
 }
 

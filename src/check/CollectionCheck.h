@@ -10,6 +10,7 @@
 #include <vector>
 
 class CheckedDatabase;
+class EngineCheck;
 class TopicCheck;
 
 /// How thoroughly a collection is checked.
@@ -20,6 +21,8 @@ enum class CheckScope
 };
 
 /// Checks a collection. It changes nothing, and it can be made while somebody works with the collection.
+///
+/// SQLite's own checks run beside the others and are waited for last.
 ///
 /// A check that cannot be made does not keep the others from being made; its result says why.
 class CollectionCheck final : public SteppedWork
@@ -54,6 +57,8 @@ private:
 
     std::unique_ptr<CheckedDatabase> m_database;
     std::vector<std::unique_ptr<TopicCheck>> m_checks;
+    std::vector<EngineCheck*> m_engineChecks;
     bool m_isPrepared = false;
+    std::vector<TopicCheck*> m_order; ///< in which they are made
     std::size_t m_current = 0;
 };

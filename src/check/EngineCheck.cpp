@@ -9,6 +9,7 @@
 #include <QFile>
 
 #include <chrono>
+#include <exception>
 
 using namespace Qt::StringLiterals;
 
@@ -31,14 +32,26 @@ EngineCheck::~EngineCheck()
     m_found.wait();
 }
 
+void EngineCheck::open()
+{
+    m_database = std::make_unique<SQLite::Database>(QFile::encodeName(m_checked.path()).toStdString(),
+                                                    SQLite::OPEN_READONLY);
+    m_found = std::async(std::launch::async, [this] { return look(); });
+}
+
+void EngineCheck::begin()
+{
+    try {
+        open();
+    } catch (const std::exception&) {
+        m_database.reset();
+    }
+}
+
 bool EngineCheck::step()
 {
     return callEngine([this] {
-        if (!m_found.valid()) {
-            m_database = std::make_unique<SQLite::Database>(QFile::encodeName(m_checked.path()).toStdString(),
-                                                            SQLite::OPEN_READONLY);
-            m_found = std::async(std::launch::async, [this] { return look(); });
-        }
+        if (!m_found.valid()) open();
         if (m_found.wait_for(patience) != std::future_status::ready) return true;
         for (const QString& text : m_found.get())
             add({text});

@@ -22,9 +22,13 @@ public:
     EngineCheck(CheckTopic topic, CheckedDatabase& database);
     ~EngineCheck() override;
 
+    /// Lets SQLite begin. Never fails: `step` begins anew and tells why it cannot.
+    void begin();
+
     bool step() override;
 
 private:
+    void open();
     [[nodiscard]] QStringList look();
     [[nodiscard]] QStringList lostReferences();
 

@@ -6,8 +6,12 @@
 #include "check/CheckedDatabase.h"
 #include "check/NamedRows.h"
 #include "journal/RecordParts.h"
+#include "util/Error.h"
 
 #include <QStringList>
+
+#include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -41,25 +45,66 @@ void LinksCheck::begin(DatabaseSession& /*session*/)
     }
     addTable(u"OrganizationSubTypes"_s, {u"OrganizationSubTypeID"_s, u"OrganizationSubTypes"_s},
              {{u"OrganizationTypeID"_s, u"OrganizationTypes"_s}});
+    std::reverse(m_tables.begin(), m_tables.end());
 }
 
 /// `owner` is the key of the row that the others belong to.
 void LinksCheck::addTable(const QString& table, const Key& owner, const std::vector<Key>& keys)
 {
-    QStringList columns{owner.column};
+    Table added{table, owner, {}};
+    for (const Key& key : keys)
+        if (hasColumns(table, {owner.column, key.column})) added.keys.push_back(key);
+    if (!added.keys.empty()) m_tables.push_back(std::move(added));
+}
+
+bool LinksCheck::prepare(DatabaseSession& session)
+{
+    if (m_tables.empty()) return false;
+    Table& table = m_tables.back();
+    bool isSuspect = true;
+    try {
+        isSuspect = hasLostKeys(session, table);
+    } catch (const Error& error) {
+        hinder(error); // an index may be damaged and the table not
+    }
+    if (isSuspect) addScanOf(table);
+    if (isSuspect || table.next == table.keys.size()) m_tables.pop_back();
+    return true;
+}
+
+/// Whether some of the next keys lead nowhere.
+bool LinksCheck::hasLostKeys(DatabaseSession& session, Table& table) const
+{
+    constexpr qint64 portion = 8000;
+    const Key& key = table.keys[table.next];
+    const auto rows = HeldRows(session).read(
+        u"SELECT max(Compared.Value) AS Last, count(*) AS Keys, count(Target.%3) AS Found FROM (SELECT "
+        u"DISTINCT %1 AS "
+        "Value FROM %2 WHERE %1 > ? AND %1 <> 1 ORDER BY %1 LIMIT ?) AS Compared LEFT JOIN %4 AS Target ON "
+        "Target.%3 = "
+        "Compared.Value"_s.arg(key.column, table.name, NamedRows::keyColumn(key.target), key.target),
+        {table.last, portion});
+    const qint64 count = wholeNumberOf(rows.front(), u"Keys");
+    table.last = valueOf(rows.front(), u"Last");
+    if (count < portion) {
+        ++table.next;
+        table.last = firstKey;
+    }
+    return wholeNumberOf(rows.front(), u"Found") < count;
+}
+
+void LinksCheck::addScanOf(const Table& table)
+{
+    QStringList columns{table.owner.column};
     QStringList conditions;
-    std::vector<Key> present;
-    for (const Key& key : keys) {
-        if (!hasColumns(table, {owner.column, key.column})) continue;
-        present.push_back(key);
-        const QString condition = leadsNowhere(table, key.column, key.target);
+    for (const Key& key : table.keys) {
+        const QString condition = leadsNowhere(table.name, key.column, key.target);
         conditions << condition;
-        if (key.column != owner.column) columns << key.column;
+        if (key.column != table.owner.column) columns << key.column;
         columns << u"%1 AS Lost%2"_s.arg(condition, key.column);
     }
-    if (present.empty()) return;
-    addScan(TableScan(table, columns.join(u", "_s), conditions.join(u" OR "_s)),
-            [this, owner, present](const HeldRow& row) { found(row, owner, present); });
+    addScan(TableScan(table.name, columns.join(u", "_s), conditions.join(u" OR "_s)),
+            [this, owner = table.owner, keys = table.keys](const HeldRow& row) { found(row, owner, keys); });
 }
 
 void LinksCheck::found(const HeldRow& row, const Key& owner, const std::vector<Key>& keys)

@@ -22,7 +22,7 @@ struct NamedTable
     const char* missing;  ///< with %1 for the key
 };
 
-constexpr std::array tables{
+constexpr std::array namedTables{
     NamedTable{"Document"_L1, "DocumentID"_L1, "DocumentName"_L1,
                QT_TRANSLATE_NOOP("Check", "Document \"%1\" (%2)"), QT_TRANSLATE_NOOP("Check", "document %1")},
     NamedTable{"Event"_L1, "EventID"_L1, "EventName"_L1, QT_TRANSLATE_NOOP("Check", "Event \"%1\" (%2)"),
@@ -55,11 +55,11 @@ constexpr std::array tables{
                QT_TRANSLATE_NOOP("Check", "Population \"%1\" (%2)"),
                QT_TRANSLATE_NOOP("Check", "population %1")}};
 
-const NamedTable* find(const QString& table)
+const NamedTable* findNamed(const QString& table)
 {
-    const auto* found = std::find_if(tables.begin(), tables.end(),
+    const auto* found = std::find_if(namedTables.begin(), namedTables.end(),
                                      [&table](const NamedTable& each) { return each.table == table; });
-    return found == tables.end() ? nullptr : found;
+    return found == namedTables.end() ? nullptr : found;
 }
 
 /// A key of the file, which may be anything.
@@ -75,13 +75,13 @@ QString keyText(const Value& key)
 
 QString NamedRows::keyColumn(const QString& table)
 {
-    const NamedTable* found = find(table);
+    const NamedTable* found = findNamed(table);
     return found == nullptr ? QString() : QString(found->key);
 }
 
 std::optional<QString> NamedRows::existing(DatabaseSession& session, const QString& table, const Value& key)
 {
-    const NamedTable* named = find(table);
+    const NamedTable* named = findNamed(table);
     if (named == nullptr || isNull(key)) return std::nullopt;
     const auto rows = HeldRows(session).read(
         u"SELECT %1 AS Name FROM %2 WHERE %3 = ?"_s.arg(named->name, named->table, named->key), {key});
@@ -91,7 +91,7 @@ std::optional<QString> NamedRows::existing(DatabaseSession& session, const QStri
 
 QString NamedRows::missing(const QString& table, const Value& key)
 {
-    const NamedTable* named = find(table);
+    const NamedTable* named = findNamed(table);
     return named == nullptr ? keyText(key) : CheckTexts::tr(named->missing).arg(keyText(key));
 }
 

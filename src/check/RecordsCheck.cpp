@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 portion = 40; ///< rows of the journal, each with two texts to take apart
+constexpr qint64 stepsOfJournalAtOnce = 40; ///< rows of the journal, each with two texts to take apart
 
 std::optional<RecordKind> kindOf(const QString& table)
 {
@@ -41,12 +41,12 @@ bool RecordsCheck::step()
     const auto portionOfRows =
         rows.read(u"SELECT Number, What, Kind, Identifier, Title, Before, After FROM Journal "
                   "WHERE Number <= ? ORDER BY Number DESC LIMIT ?"_s,
-                  {*m_next, portion});
+                  {*m_next, stepsOfJournalAtOnce});
     for (const HeldRow& row : portionOfRows)
         look(row);
     if (portionOfRows.empty()) return false;
     m_next = wholeNumberOf(portionOfRows.back(), u"Number") - 1;
-    return static_cast<qint64>(portionOfRows.size()) == portion;
+    return static_cast<qint64>(portionOfRows.size()) == stepsOfJournalAtOnce;
 }
 
 std::optional<int> RecordsCheck::percent() const

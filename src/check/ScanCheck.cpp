@@ -13,6 +13,10 @@ bool ScanCheck::step()
 {
     DatabaseSession& session = m_database.session();
     if (!std::exchange(m_isBegun, true)) begin(session);
+    if (!m_isPrepared) {
+        m_isPrepared = !prepare(session);
+        return true;
+    }
     if (m_current >= m_scans.size()) return false;
     Scan& scan = m_scans[m_current];
     try {

@@ -27,6 +27,10 @@ protected:
     /// Adds the scans of the open database. Throws Error.
     virtual void begin(DatabaseSession& session) = 0;
 
+    /// Does the next step of what has to be done before the scans, which it may add. Returns false once
+    /// nothing is left to do. Throws Error.
+    virtual bool prepare(DatabaseSession& /*session*/) { return false; }
+
     /// `found` is called with each row found.
     void addScan(TableScan scan, Handler found) { m_scans.push_back({std::move(scan), std::move(found)}); }
 
@@ -45,6 +49,7 @@ private:
 
     CheckedDatabase& m_database;
     bool m_isBegun = false;
+    bool m_isPrepared = false;
     std::vector<Scan> m_scans;
     std::size_t m_current = 0;
 };

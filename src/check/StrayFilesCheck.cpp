@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int portion = 200; ///< entries
+constexpr int entriesPerStep = 200; ///< entries
 
 enum class Place
 {
@@ -55,7 +55,7 @@ bool StrayFilesCheck::step()
     }
     if (!m_entries) return openNextFolder();
     try {
-        for (int i = 0; i < portion; ++i) {
+        for (int i = 0; i < entriesPerStep; ++i) {
             const auto entry = m_entries->next();
             if (!entry) {
                 m_entries.reset();

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::size_t mostFindings = 1000;
+constexpr std::size_t mostTold = 1000;
 
 } // namespace
 
@@ -33,5 +33,5 @@ void TopicCheck::add(Finding finding)
 
 bool TopicCheck::isFull() const
 {
-    return m_result.findings.size() >= mostFindings;
+    return m_result.findings.size() >= mostTold;
 }
