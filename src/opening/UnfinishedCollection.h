@@ -47,5 +47,5 @@ private:
     QString m_name;
     QString m_work; ///< the folder around the unfinished collection; empty if there is none
     std::unique_ptr<QLockFile> m_mark; ///< in that folder: whose it is, and whether they still work on it
-    QStringList m_madeFolders; ///< those of the place that were missing, the innermost first
+    QStringList m_madeFolders;         ///< those of the place that were missing, the innermost first
 };

@@ -21,7 +21,7 @@ QString WindowDoor::folder()
 {
 #ifdef Q_OS_UNIX
     // a timer's job has no session to name the folder, but the windows of its user have
-    const QString usual = QStringLiteral("/run/user/%1").arg(::getuid());
+    QString usual = QStringLiteral("/run/user/%1").arg(::getuid());
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR") && QFileInfo(usual).isWritable()) return usual;
 #endif
     return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);

@@ -21,7 +21,11 @@ namespace {
 
 class ReadingCommands : public testing::Test
 {
+    QTemporaryDir m_cache;
+
 protected:
+    ReadingCommands() { qputenv("XDG_CACHE_HOME", QFile::encodeName(m_cache.path())); }
+
     [[nodiscard]] ToolRun run(const QString& arguments) const
     {
         return runTool(arguments.split(u' '), collections.path({}));

@@ -85,11 +85,8 @@ void writeText(const CollectionCheck& check, Output& output)
     for (const CheckResult& result : check.results()) {
         output.line(u"%1: %2"_s.arg(checkCaption(result.topic), summaryOf(result)));
         for (const Finding& finding : result.findings) {
-            QStringList about;
-            if (finding.record) about << referenceOf(*finding.record);
-            if (!finding.file.isEmpty()) about << finding.file;
-            output.line(u"    "_s + finding.text +
-                        (about.isEmpty() ? QString() : u" (%1)"_s.arg(about.join(u", "_s))));
+            const QString record = finding.record ? u" (%1)"_s.arg(referenceOf(*finding.record)) : QString();
+            output.line(u"    "_s + finding.text + record);
         }
         if (!result.remark.isEmpty()) output.line(u"    "_s + result.remark);
     }

@@ -22,7 +22,7 @@ namespace console {
 
 QString databaseOf(const QString& collection)
 {
-    const QString file = QDir::cleanPath(QDir::current().absoluteFilePath(databaseAt(collection)));
+    QString file = QDir::cleanPath(QDir::current().absoluteFilePath(databaseAt(collection)));
     if (kindOfDatabaseFile(file) != DatabaseFileKind::Access) return file;
     throw Error(EINVAL,
                 u"This is an Access file; orvik-tool import makes a collection of it. (%1)"_s.arg(file));
@@ -41,7 +41,7 @@ void openForReading(DatabaseSession& session, const QString& collection)
 NewFolder NewFolder::at(const QString& path)
 {
     const QFileInfo folder(QDir::cleanPath(QDir::current().absoluteFilePath(path)));
-    const NewFolder made{folder.absolutePath(), folder.fileName()};
+    NewFolder made{folder.absolutePath(), folder.fileName()};
     if (made.name.isEmpty() || folder.exists() || CollectionNames::isTaken(made.place, made.name)) {
         throw Error(EEXIST,
                     u"There is a file or a folder of that name already; a new collection needs one of "
