@@ -80,7 +80,7 @@ TEST_F(RestoredCollectionTest, LeavesNothingUnlessItIsWhole)
         EXPECT_EQ(places(), QStringList{u"Rivers"_s}) << steps;
     }
     m_works.cancelAfter.reset();
-    writeFile(path(u"whole.zip"_s), contentOf(path(u"whole.zip"_s)).chopped(200));
+    writeFile(path(u"whole.zip"_s), contentOf(path(u"whole.zip"_s)).chopped(2000));
     EXPECT_THROW(static_cast<void>(RestoredCollection::make(m_works, path(u"whole.zip"_s), path(u"place"_s))),
                  Error);
     EXPECT_EQ(places(), QStringList{u"Rivers"_s});
