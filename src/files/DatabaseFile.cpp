@@ -21,6 +21,7 @@
 namespace {
 
 constexpr qint64 headLength = 32;
+constexpr int lockPatienceMilliseconds = 1000;
 
 /// Removes a file that was not finished.
 class Unfinished
@@ -43,9 +44,13 @@ private:
 
 void backUp(const QString& source, const QString& copy)
 {
-    SQLite::Database from(QFile::encodeName(source).toStdString(), SQLite::OPEN_READONLY);
-    SQLite::Database to(QFile::encodeName(copy).toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    SQLite::Backup(to, from).executeStep(-1);
+    SQLite::Database from(QFile::encodeName(source).toStdString(), SQLite::OPEN_READONLY,
+                          lockPatienceMilliseconds);
+    SQLite::Database to(QFile::encodeName(copy).toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE,
+                        lockPatienceMilliseconds);
+    const int result = SQLite::Backup(to, from).executeStep(-1);
+    // to the wrapper, a file that another program locks is no failure
+    if (result != SQLITE_DONE) throw Error(SQLITE_BUSY, QString::fromUtf8(sqlite3_errstr(SQLITE_BUSY)));
 }
 
 void copyFile(const QString& source, const QString& copy)

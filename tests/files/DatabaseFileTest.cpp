@@ -107,4 +107,18 @@ TEST_F(Unfinished, AJournalThatNamesAnotherFileIsRefused)
     EXPECT_FALSE(QFile::exists(m_target));
 }
 
+TEST(CopyDatabase, TellsOfAProgramThatLocksTheFile)
+{
+    const TestDatabase database;
+    const QString target = database.folder() + u"/copy.sqlite"_s;
+    {
+        SQLite::Database other(database.fileName().toStdString(), SQLite::OPEN_READWRITE);
+        other.exec("BEGIN EXCLUSIVE");
+        EXPECT_EQ(errorNumberOf([&] { copyDatabase(database.fileName(), target); }), 5);
+        EXPECT_EQ(QDir(database.folder()).entryList(QDir::Files), QStringList{u"test.sqlite"_s});
+    }
+    copyDatabase(database.fileName(), target);
+    EXPECT_TRUE(QFile::exists(target));
+}
+
 } // namespace
