@@ -48,11 +48,13 @@ void KeptBackups::add(const QString& database, const ProgramFolder& folder, cons
 {
     QDir().mkpath(m_folder); // if it fails, so does the backup, with the system's reason
     const QString name = QFileInfo(database).completeBaseName() + u' ' + now.toString(momentForm) + ending;
-    CollectionBackup work(database, folder, m_folder + u'/' + name, now, BackupContents::DatabaseAlone);
+    const QString file = m_folder + u'/' + name;
+    CollectionBackup work(database, folder, file, now, BackupContents::DatabaseAlone);
     while (work.step()) {
     }
+    // after the clock was set back, the backup that was just made is not the newest by its name
     for (const Kept& old : dispensable(list()))
-        QFile::remove(old.file);
+        if (old.file != file) QFile::remove(old.file);
 }
 
 std::vector<KeptBackups::Kept> KeptBackups::dispensable(const std::vector<Kept>& backups)

@@ -2,6 +2,7 @@
 
 #include "backup/CollectionBackup.h"
 #include "backup/CollectionRestore.h"
+#include "backup/KeptBackups.h"
 #include "files/ProgramFolder.h"
 #include "support/TestDatabase.h"
 #include "support/TestFiles.h"
@@ -112,6 +113,19 @@ TEST_F(Backup, LeavesNothingWhenItIsGivenUp)
         const std::map<QString, QByteArray> expected{{u"rivers.zip"_s, "the one of yesterday"}};
         EXPECT_EQ(filesIn(path(u"archives"_s)), expected) << steps;
     }
+}
+
+TEST_F(Backup, IsKeptWhenTheClockWasSetBack)
+{
+    const ProgramFolder collection(path(u"Rivers"_s));
+    const KeptBackups backups(collection);
+    const QDateTime before(QDate(2005, 6, 15), QTime(12, 0));
+    for (int minute = 0; minute < 12; ++minute)
+        backups.add(data() + u"Rivers.sqlite"_s, collection, before.addSecs(minute * 60));
+    EXPECT_EQ(backups.list().size(), 10U);
+    const QDateTime now = before.addDays(-3);
+    backups.add(data() + u"Rivers.sqlite"_s, collection, now);
+    EXPECT_EQ(backups.list().back().made, now);
 }
 
 TEST_F(Backup, FindsEveryChangedByte)
