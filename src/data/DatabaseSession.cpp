@@ -152,6 +152,8 @@ void DatabaseSession::requireSameVersion()
 /// Why the open file can be read but not changed.
 QString DatabaseSession::hindrance() const
 {
+    if (!QFileInfo::exists(m_fileName))
+        return DataTexts::tr("The database was moved or deleted while it was open. (%1)").arg(m_fileName);
     if (m_age == SchemaVersion::Age::Newer) return newerText(m_fileName);
     const bool isOlder = m_age == SchemaVersion::Age::Older;
     if (isOlder && m_opened != Access::Read && isWritable(m_fileName) && isWritable(folder())) {

@@ -296,6 +296,7 @@ void frmMain::showCaption(const QString& caption, const QString& count)
     if (std::exchange(m_isChangedOutside, false)) {
         m_status->showNotice(tr("The database was changed by another program."));
     }
+    if (isGone()) m_status->showNotice(tr("The database was moved or deleted while it was open."));
     QString title = line;
     const QString file = QFileInfo(m_state.session.fileName()).fileName();
     if (!file.isEmpty()) title += QStringLiteral(" - ") + file;
@@ -327,10 +328,17 @@ void frmMain::enableCommands()
     m_commands->mnuViewGraphicBelow->setChecked(m_browse->side() == Qt::Vertical);
 }
 
+/// Whether the open database is not in its place any more. What it holds can be read all the same.
+bool frmMain::isGone() const
+{
+    return m_state.session.isOpen() && !QFileInfo::exists(m_state.session.fileName());
+}
+
 /// Returns why the database cannot be changed, or an empty text if it can.
 QString frmMain::unwritable() const
 {
     if (!m_state.session.isOpen()) return tr("No database is open.");
+    if (isGone()) return tr("The database was moved or deleted while it was open.");
     return m_state.session.isReadOnly() ? tr("The database can be read, but not changed.") : QString();
 }
 

@@ -78,6 +78,7 @@ private:
     void add(const RecordAddition& addition);
     void enableCommands();
     void showCaption(const QString& caption, const QString& count);
+    [[nodiscard]] bool isGone() const;
     [[nodiscard]] QString unwritable() const;
 
     Platform m_platform;
