@@ -10,6 +10,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -160,6 +161,115 @@ TEST_F(Faults, AProgramFolderThatCannotBeMadeIsToldOfOnce)
     EXPECT_FALSE(isEnabled("mnuRecordLists"));
     messages().expectMessage(u"showDocuments Error (21): No database is open."_s);
     journey.trigger("mnuViewDocuments");
+}
+
+/// What happens to the file while its user types, until it is over.
+struct Fault
+{
+    const char* name;
+    std::function<void()> begin;
+    std::function<void()> end;
+    QString error; ///< of a save meanwhile
+};
+
+TEST_F(Faults, WhatWasTypedStaysUntilItCanBeSaved)
+{
+    const QString file = journey.dataFolder() + u"test.sqlite"_s;
+    const QString data = journey.dataFolder().chopped(1);
+    QDir().mkpath(data);
+    QFile::copy(journey.database.fileName(), file);
+    ASSERT_EQ(chmod(qPrintable(file), 0666), 0);
+    for (const QString& folder : {journey.database.folder(), data})
+        ASSERT_EQ(chmod(qPrintable(folder), 0777), 0);
+    constexpr uid_t plain = 65534; // who may then change its rights
+    ASSERT_EQ(geteuid() == 0 ? chown(qPrintable(data), plain, plain) : 0, 0);
+    std::optional<SQLite::Database> other;
+    const auto move = [&] { QDir().rename(data, data + u".moved"_s); };
+    const auto moveBack = [&] {
+        QDir().rmdir(data);
+        QDir().rename(data + u".moved"_s, data);
+    };
+    const auto lock = [&](const char* how) {
+        return [&other, file, how] { other.emplace(file.toStdString(), SQLite::OPEN_READWRITE).exec(how); };
+    };
+    const auto unlock = [&other] { other.reset(); };
+    const QString gone = u"(8): The database was moved or deleted while it was open. (%1)"_s.arg(file);
+    const QString readOnly =
+        u"(8): The database cannot be changed: its folder is read-only. (%1)"_s.arg(data);
+    const Fault faults[] = {
+        {"another program writes", lock("BEGIN IMMEDIATE"), unlock, u"(5): database is locked"_s},
+        {"another program keeps all others out", lock("BEGIN EXCLUSIVE"), unlock,
+         u"(5): database is locked"_s},
+        {"its folder was renamed", move, moveBack, gone},
+        {"its disk was unmounted",
+         [&] {
+             move();
+             QDir().mkpath(data);
+         },
+         moveBack, gone},
+        {"its folder became read-only", [&] { chmod(qPrintable(data), 0555); },
+         [&] { chmod(qPrintable(data), 0777); }, readOnly},
+    };
+    const AsPlainUser plainUser;
+    journey.start(u"test.sqlite"_s);
+    chooseFirst("mnuViewEvents");
+    for (const Fault& fault : faults) {
+        SCOPED_TRACE(fault.name);
+        const QString title = QString::fromUtf8(fault.name);
+        inEditor("mnuRecordEdit", [&](OpenDialog& dialog) {
+            dialog.type("txtEventName", title);
+            fault.begin();
+            messages().expectMessage(u"updateEvent Error "_s + fault.error);
+            dialog.click("cmdOK");
+            messages().finish();
+            EXPECT_EQ(dialog.text("txtEventName"), fault.name);
+            fault.end();
+            dialog.click("cmdOK");
+        });
+        EXPECT_EQ(journey.column(0), fault.name);
+        EXPECT_EQ(TestDatabase::answer(file, u"SELECT EventName FROM Event WHERE EventID = 2"_s), title);
+    }
+}
+
+TEST_F(Faults, ADatabaseThatWasMovedIsToldOfInEachView)
+{
+    const QString moved = journey.database.fileName() + u".moved"_s;
+    journey.start();
+    chooseFirst("mnuViewEvents");
+    ASSERT_TRUE(QFile::rename(journey.database.fileName(), moved));
+    const QString gone = u"The database was moved or deleted while it was open."_s;
+    chooseFirst("mnuViewOrganizations");
+    EXPECT_EQ(journey.column(0), "Agency");
+    EXPECT_EQ(journey.find<QLabel>("pnlNotice").text(), gone);
+    EXPECT_FALSE(isEnabled("mnuRecordEdit"));
+    EXPECT_TRUE(journey.find<QAction>("mnuRecordEdit").toolTip().endsWith(u'\n' + gone));
+    ASSERT_TRUE(QFile::rename(moved, journey.database.fileName()));
+    chooseFirst("mnuViewEvents");
+    EXPECT_TRUE(isEnabled("mnuRecordEdit"));
+}
+
+TEST_F(Faults, StepsAreTakenBackInTheirOrderWhenTheClockWasSetBack)
+{
+    journey.start();
+    chooseFirst("mnuViewEvents");
+    for (const char* title : {"First", "Second"}) {
+        inEditor("mnuRecordEdit", [&](OpenDialog& dialog) {
+            dialog.type("txtEventName", QString::fromUtf8(title));
+            dialog.click("cmdOK");
+        });
+        journey.desktop.clock.moment = journey.desktop.clock.moment.addYears(-1);
+    }
+    {
+        SQLite::Database other(journey.database.fileName().toStdString(), SQLite::OPEN_READWRITE);
+        other.exec("BEGIN EXCLUSIVE");
+        messages().expectMessage(u"undo Error (5): database is locked"_s);
+        journey.trigger("mnuRecordUndo");
+        messages().finish();
+    }
+    for (const char* title : {"First", "Flood"}) {
+        journey.trigger("mnuRecordUndo");
+        EXPECT_EQ(journey.column(0), title);
+    }
 }
 
 } // namespace
