@@ -67,7 +67,7 @@ void UndoCommands::name(Command& command, const QString& plainText, const QStrin
     try {
         if (hindrance.isEmpty()) step = (m_steps.*command.next)();
     } catch (const Error&) {
-        // the command that is used says so
+        return; // the command stays as it is, and says so if it is used
     }
     if (hindrance.isEmpty() && !step) hindrance = nothing;
     command.step = step ? step->number : 0;
