@@ -27,11 +27,6 @@ namespace {
 const QStringList fileFolders{ProgramFolders::documents, ProgramFolders::organizationCharts,
                               ProgramFolders::maps};
 
-fs::path pathOf(const QString& file)
-{
-    return {QFile::encodeName(file).toStdString()};
-}
-
 QString textOf(const fs::path& file)
 {
     return QFile::decodeName(file.c_str());
@@ -106,7 +101,8 @@ FolderList CollectionBackup::filesOf(const ProgramFolder& folder)
     for (const QString& path : fileFolders) {
         const QString found = folder.folderPath(path);
         const QString name = path.section(u'\\', -2, -2);
-        if (fs::is_directory(FileBlocks::statusOf(pathOf(found)))) list.add(found, name.toStdString());
+        if (fs::is_directory(FileBlocks::statusOf(FileBlocks::pathOf(found))))
+            list.add(found, name.toStdString());
     }
     return list;
 }
@@ -158,7 +154,7 @@ void CollectionBackup::copyDatabaseFile()
     session.open(databaseCopy(), Access::Read);
     m_manifest.rows = Manifest::countRows(session);
     session.close();
-    begin(pathOf(databaseCopy()), m_manifest.database);
+    begin(FileBlocks::pathOf(databaseCopy()), m_manifest.database);
     m_databaseSize = m_left;
     m_stage = Stage::Writing;
 }

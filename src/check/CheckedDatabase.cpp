@@ -5,6 +5,7 @@
 #include "check/CheckTexts.h"
 #include "data/EngineError.h"
 #include "data/RollbackJournal.h"
+#include "files/FileBlocks.h"
 #include "util/Error.h"
 
 #include <QFile>
@@ -15,11 +16,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-std::filesystem::path pathOf(const QString& file)
-{
-    return {QFile::encodeName(file).toStdString()};
-}
 
 /// Whether the file says that its changes are in a file of their own beside it.
 bool hasWriteAheadLog(const QString& file)
@@ -53,14 +49,14 @@ bool CheckedDatabase::prepare()
     if (!m_toCopy.empty()) {
         const auto [from, to] = m_toCopy.back();
         m_toCopy.pop_back();
-        if (QFileInfo::exists(from)) m_copying.emplace(pathOf(from), pathOf(to));
+        if (QFileInfo::exists(from)) m_copying.emplace(FileBlocks::pathOf(from), FileBlocks::pathOf(to));
         return true;
     }
     if (std::exchange(m_isBegun, true)) {
         if (!m_copy.isEmpty()) finishCopy();
         return false;
     }
-    if (!QFileInfo::exists(m_file)) FileBlocks::fail(ENOENT, pathOf(m_file));
+    if (!QFileInfo::exists(m_file)) FileBlocks::fail(ENOENT, FileBlocks::pathOf(m_file));
     refuseForeignJournal(m_file);
     const QString real = QFileInfo(m_file).canonicalFilePath();
     if (hasWriteAheadLog(real)) {

@@ -23,11 +23,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-fs::path machinePathOf(const QString& path)
-{
-    return {QFile::encodeName(path).toStdString()};
-}
-
 /// The place of a finding's file; it need not exist. Throws Error if that is not among the files of records.
 fs::path placeOf(const ProgramFolder& folder, const QString& file)
 {
@@ -36,9 +31,9 @@ fs::path placeOf(const ProgramFolder& folder, const QString& file)
     if (isPlain && parts.size() > 1) {
         const QString below = parts.mid(1).join(u'/');
         if (parts.front() == u"documents"_s)
-            return machinePathOf(folder.folderPath(ProgramFolders::documents) + below);
+            return FileBlocks::pathOf(folder.folderPath(ProgramFolders::documents) + below);
         if (parts.front() == u"orgcharts"_s)
-            return machinePathOf(folder.folderPath(ProgramFolders::organizationCharts) + below);
+            return FileBlocks::pathOf(folder.folderPath(ProgramFolders::organizationCharts) + below);
     }
     throw Error(EINVAL, CheckTexts::tr("This is no file of a record. (%1)").arg(file));
 }
@@ -52,7 +47,7 @@ bool isThere(const fs::path& path)
 /// A name in the folder for what is put aside that nothing has yet. Makes the folders.
 fs::path freePlace(const ProgramFolder& folder, const QString& file)
 {
-    const fs::path wanted = machinePathOf(folder.folderPath(ProgramFolders::data) + u"aside/"_s + file);
+    const fs::path wanted = FileBlocks::pathOf(folder.folderPath(ProgramFolders::data) + u"aside/"_s + file);
     std::error_code code;
     fs::create_directories(wanted.parent_path(), code);
     FileBlocks::require(code, wanted.parent_path());
@@ -103,7 +98,7 @@ void FindingSteps::bringBack(const ProgramFolder& folder, const QString& file, c
                              const QString& found)
 {
     const fs::path place = placeOf(folder, file);
-    const fs::path source = machinePathOf(found);
+    const fs::path source = FileBlocks::pathOf(found);
     if (UploadedFiles::hashOf(source) != sha256)
         throw Error(EINVAL, CheckTexts::tr("The file does not hold what it should. (%1)").arg(found));
     std::error_code code;

@@ -23,6 +23,11 @@ constexpr std::size_t mostUnsynced = 2 * FileBlocks::blockSize;
 
 } // namespace
 
+std::filesystem::path FileBlocks::pathOf(const QString& path)
+{
+    return {QFile::encodeName(path).toStdString()};
+}
+
 void FileBlocks::fail(int number, const fs::path& path)
 {
     if (number == 0) number = EIO; // the library did not pass the reason on

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <QString>
+
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -13,6 +15,9 @@
 namespace FileBlocks {
 
 constexpr std::size_t blockSize = 1 << 20;
+
+/// A path of the machine as the standard library has it.
+[[nodiscard]] std::filesystem::path pathOf(const QString& path);
 
 [[noreturn]] void fail(int number, const std::filesystem::path& path);
 

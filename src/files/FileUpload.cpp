@@ -2,6 +2,7 @@
 
 #include "files/FileUpload.h"
 
+#include "files/FileBlocks.h"
 #include "files/FileCopy.h"
 #include "files/FilesTexts.h"
 #include "files/LinkTarget.h"
@@ -26,11 +27,6 @@ namespace {
 constexpr QChar point = u'.';
 const QString folderEnding = QStringLiteral("_files");
 
-fs::path machinePath(const QString& path)
-{
-    return {QFile::encodeName(path).toStdString()};
-}
-
 FileStrings partsOf(const QString& chosenPath)
 {
     FileStrings parts;
@@ -41,14 +37,14 @@ FileStrings partsOf(const QString& chosenPath)
 /// The file that a chosen path means, whether it exists or not.
 fs::path sourceOf(const QString& chosenPath)
 {
-    return machinePath(FileUpload::existingFile(chosenPath).value_or(chosenPath));
+    return FileBlocks::pathOf(FileUpload::existingFile(chosenPath).value_or(chosenPath));
 }
 
 /// A folder of that name beside a file, in any letter case; the exact one first.
 std::optional<fs::path> folderBeside(const fs::path& file, const QString& name)
 {
     std::error_code code;
-    const fs::path exact = file.parent_path() / machinePath(name);
+    const fs::path exact = file.parent_path() / FileBlocks::pathOf(name);
     if (fs::is_directory(exact, code)) return exact;
     const fs::path surroundings = file.has_parent_path() ? file.parent_path() : fs::path(".");
     for (fs::directory_iterator entry(surroundings, code), end; !code && entry != end;
@@ -115,7 +111,7 @@ std::optional<QString> FileUpload::existingFile(const QString& chosenPath)
     if (chosenPath.isEmpty()) return std::nullopt;
     for (const QString& path : {chosenPath, QString(chosenPath).replace(u'\\', u'/')}) {
         std::error_code code;
-        const fs::file_status status = fs::status(machinePath(path), code);
+        const fs::file_status status = fs::status(FileBlocks::pathOf(path), code);
         if (fs::exists(status) && !fs::is_directory(status)) return path;
     }
     return std::nullopt;
@@ -149,16 +145,16 @@ QStringList FileUpload::convertDocument(const QString& chosenPath, qint64 docume
     const std::optional<fs::path> folder = folderBeside(source, oldFolder);
     if (!folder) {
         const QString name = QString::number(documentId) + point + parts.extension();
-        FileCopy::copyFile(source, machinePath(target + point + parts.extension()));
+        FileCopy::copyFile(source, FileBlocks::pathOf(target + point + parts.extension()));
         return {name};
     }
-    refuseHolderOf(machinePath(target).parent_path(), *folder);
+    refuseHolderOf(FileBlocks::pathOf(target).parent_path(), *folder);
     refuseFolderElsewhere(*folder);
     const QString folderName = QFile::decodeName(folder->filename().c_str());
     const std::string page =
         WebPage::withFolderRenamed(FileCopy::read(source), {oldFolder, folderName}, newFolder);
-    FileCopy::copyFolder(*folder, machinePath(target + folderEnding));
-    FileCopy::writeFile(page, machinePath(target + QStringLiteral(".htm")));
+    FileCopy::copyFolder(*folder, FileBlocks::pathOf(target + folderEnding));
+    FileCopy::writeFile(page, FileBlocks::pathOf(target + QStringLiteral(".htm")));
     return QStringList(QString::number(documentId) + QStringLiteral(".htm")) +
            filesBelow(target + folderEnding);
 }
@@ -172,7 +168,7 @@ void FileUpload::copyChart(const QString& chosenPath, qint64 organizationId) con
 {
     const QString target =
         targetFolder(m_folder, ProgramFolders::organizationCharts) + chartName(chosenPath, organizationId);
-    FileCopy::copyFile(sourceOf(chosenPath), machinePath(target));
+    FileCopy::copyFile(sourceOf(chosenPath), FileBlocks::pathOf(target));
 }
 
 std::optional<QString> FileUpload::copyOfChart(const QString& chosenPath, qint64 organizationId) const
@@ -197,5 +193,5 @@ std::optional<QString> FileUpload::storedChart(const QString& chosenPath, qint64
 void FileUpload::clearUnfinished() const
 {
     for (const QString& folder : {ProgramFolders::documents, ProgramFolders::organizationCharts})
-        FileCopy::clearUnfinished(machinePath(m_folder.folderPath(folder)));
+        FileCopy::clearUnfinished(FileBlocks::pathOf(m_folder.folderPath(folder)));
 }

@@ -2,6 +2,7 @@
 
 #include "files/ProgramFolder.h"
 
+#include "files/FileBlocks.h"
 #include "files/FilesTexts.h"
 #include "files/FolderNames.h"
 #include "files/LinkTarget.h"
@@ -51,11 +52,6 @@ void copyFolder(const QString& from, const QString& to)
         if (!QFile::copy(entry, target)) refuse(FilesTexts::tr("The file cannot be copied."), target);
         QFile::setPermissions(target, QFile::permissions(target) | QFile::WriteOwner);
     }
-}
-
-std::filesystem::path pathOf(const QString& path)
-{
-    return {QFile::encodeName(path).toStdString()};
 }
 
 /// The file or folder of that name in a folder, whatever the letter case of its name. The exact name comes
@@ -158,7 +154,8 @@ std::optional<QString> ProgramFolder::find(const QString& programPath, const QSt
         folder = *next;
     }
     auto file = entryOf(folder, fileName, QDir::Files);
-    if (file && !LinkTarget::liesIn(pathOf(folder), pathOf(*file))) return std::nullopt;
+    if (file && !LinkTarget::liesIn(FileBlocks::pathOf(folder), FileBlocks::pathOf(*file)))
+        return std::nullopt;
     return file;
 }
 

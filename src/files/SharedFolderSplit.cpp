@@ -33,36 +33,31 @@ namespace {
 constexpr std::chrono::seconds lockPatience{10};
 const QString dataName = QStringLiteral("/data/");
 
-fs::path pathOf(const QString& path)
-{
-    return {QFile::encodeName(path).toStdString()};
-}
-
 /// Whether there is anything of that name, even a link that leads nowhere.
 bool exists(const QString& path)
 {
     std::error_code ignored;
-    return fs::exists(fs::symlink_status(pathOf(path), ignored));
+    return fs::exists(fs::symlink_status(FileBlocks::pathOf(path), ignored));
 }
 
 void makeFolder(const QString& path)
 {
     std::error_code code;
-    fs::create_directories(pathOf(path), code);
-    FileBlocks::require(code, pathOf(path));
+    fs::create_directories(FileBlocks::pathOf(path), code);
+    FileBlocks::require(code, FileBlocks::pathOf(path));
 }
 
 void remove(const QString& path)
 {
     std::error_code code;
-    fs::remove(pathOf(path), code);
-    FileBlocks::require(code, pathOf(path));
+    fs::remove(FileBlocks::pathOf(path), code);
+    FileBlocks::require(code, FileBlocks::pathOf(path));
 }
 
 /// Makes sure that the names in a folder are on the disk before what they replace goes.
 void sync(const QString& folder)
 {
-    FileBlocks::syncFolder(pathOf(folder));
+    FileBlocks::syncFolder(FileBlocks::pathOf(folder));
 }
 
 /// The place of a file in a new folder, whose own folders have the names that the program gives them.
@@ -91,13 +86,13 @@ void moveFile(const QString& from, const QString& to)
     makeFolder(QFileInfo(to).path());
     std::error_code code;
     if (!exists(to)) {
-        fs::rename(pathOf(from), pathOf(to), code);
+        fs::rename(FileBlocks::pathOf(from), FileBlocks::pathOf(to), code);
         if (!code) return;
-        if (code != std::errc::cross_device_link) FileBlocks::fail(code.value(), pathOf(from));
-        FileCopy::copyFile(pathOf(from), pathOf(to));
+        if (code != std::errc::cross_device_link) FileBlocks::fail(code.value(), FileBlocks::pathOf(from));
+        FileCopy::copyFile(FileBlocks::pathOf(from), FileBlocks::pathOf(to));
         sync(QFileInfo(to).path());
     }
-    if (FileCopy::haveSameContent(pathOf(from), pathOf(to))) remove(from);
+    if (FileCopy::haveSameContent(FileBlocks::pathOf(from), FileBlocks::pathOf(to))) remove(from);
 }
 
 QString databaseIn(const QString& root, const FolderMove& move)
@@ -126,7 +121,7 @@ void leaveByLink(const FolderMove& move)
 {
     const QString to = databaseIn(move.working, move);
     if (!exists(to) && !QFile::link(QFileInfo(move.database).canonicalFilePath(), to))
-        FileBlocks::fail(EIO, pathOf(to));
+        FileBlocks::fail(EIO, FileBlocks::pathOf(to));
     syncFolders(move.working, move.copied);
     remove(move.database);
     sync(QFileInfo(move.database).path());
@@ -245,7 +240,7 @@ bool SharedFolderSplit::leave(const FolderMove& move, Result& result) const
             const QString to = newPath(move.working, file);
             if (exists(to) || !exists(m_data + file)) continue;
             makeFolder(QFileInfo(to).path());
-            FileCopy::copyFile(pathOf(m_data + file), pathOf(to));
+            FileCopy::copyFile(FileBlocks::pathOf(m_data + file), FileBlocks::pathOf(to));
         }
         leaveFolder(move);
         return true;
@@ -299,7 +294,7 @@ void SharedFolderSplit::nameFolder(SplitPlan& plan, std::size_t index) const
         save(plan);
     }
     std::error_code code;
-    fs::rename(pathOf(move.working), pathOf(move.target), code);
-    FileBlocks::require(code, pathOf(move.target));
+    fs::rename(FileBlocks::pathOf(move.working), FileBlocks::pathOf(move.target), code);
+    FileBlocks::require(code, FileBlocks::pathOf(move.target));
     sync(m_place);
 }

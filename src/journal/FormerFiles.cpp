@@ -27,11 +27,6 @@ const QString filesTable = Snapshots::fileRows.toString();
 const QString chartsFolder = u"orgcharts"_s;
 const QString unfinishedName = u".replaced-"_s; ///< before the name that a former file gets by the commit
 
-fs::path pathOf(const QString& path)
-{
-    return {QFile::encodeName(path).toStdString()};
-}
-
 /// SHA-256 in hexadecimal; std::nullopt if there is no file. Throws Error.
 std::optional<QString> hashOf(const fs::path& file)
 {
@@ -115,18 +110,18 @@ FormerFiles::~FormerFiles()
 
 fs::path FormerFiles::chart(const QString& name) const
 {
-    return pathOf(m_folder.folderPath(ProgramFolders::organizationCharts) + name);
+    return FileBlocks::pathOf(m_folder.folderPath(ProgramFolders::organizationCharts) + name);
 }
 
 fs::path FormerFiles::former(const QString& name, const QString& hash) const
 {
-    return pathOf(m_folder.folderPath(ProgramFolders::formerCharts) + formerName(name, hash));
+    return FileBlocks::pathOf(m_folder.folderPath(ProgramFolders::formerCharts) + formerName(name, hash));
 }
 
 fs::path FormerFiles::unfinished(const QString& name, const QString& hash) const
 {
-    return pathOf(m_folder.folderPath(ProgramFolders::formerCharts) + unfinishedName +
-                  formerName(name, hash));
+    return FileBlocks::pathOf(m_folder.folderPath(ProgramFolders::formerCharts) + unfinishedName +
+                              formerName(name, hash));
 }
 
 std::optional<fs::path> FormerFiles::kept(const QString& name, const QString& hash) const
@@ -147,7 +142,7 @@ FormerFiles::Change& FormerFiles::keep(const QString& name, const std::optional<
 void FormerFiles::keepChart(const QString& chosenPath, qint64 organization)
 {
     const QString name = FileUpload::chartName(chosenPath, organization);
-    const fs::path source = pathOf(FileUpload::existingFile(chosenPath).value_or(chosenPath));
+    const fs::path source = FileBlocks::pathOf(FileUpload::existingFile(chosenPath).value_or(chosenPath));
     if (!fs::is_regular_file(FileBlocks::statusOf(source))) return; // the copy fails with the reason
     m_isKept = true;
     const fs::path target = chart(name);
@@ -297,7 +292,9 @@ void FormerFiles::settle(DatabaseSession& session, const ProgramFolder& folder)
     FormerFiles files(folder);
     std::vector<QRegularExpressionMatch> found;
     std::error_code code;
-    for (fs::directory_iterator entry(pathOf(folder.folderPath(ProgramFolders::formerCharts)), code), end;
+    for (fs::directory_iterator
+             entry(FileBlocks::pathOf(folder.folderPath(ProgramFolders::formerCharts)), code),
+         end;
          !code && entry != end; entry.increment(code)) {
         const QString name = QFile::decodeName(entry->path().filename().c_str());
         if (auto match = pattern.match(name); match.hasMatch()) found.push_back(std::move(match));

@@ -3,6 +3,7 @@
 #include "opening/UnfinishedCollection.h"
 
 #include "files/CollectionNames.h"
+#include "files/FileBlocks.h"
 #include "opening/OpeningTexts.h"
 #include "util/Error.h"
 
@@ -21,11 +22,6 @@ QString markIn(const QString& folder)
     return folder + QStringLiteral("/unfinished.lock");
 }
 
-std::filesystem::path systemPath(const QString& path)
-{
-    return QFile::encodeName(path).toStdString();
-}
-
 void requireDone(const std::error_code& code, const QString& path)
 {
     if (!code) return;
@@ -36,7 +32,7 @@ void requireDone(const std::error_code& code, const QString& path)
 void makeFolders(const QString& path)
 {
     std::error_code code;
-    std::filesystem::create_directories(systemPath(path), code);
+    std::filesystem::create_directories(FileBlocks::pathOf(path), code);
     requireDone(code, path);
 }
 
@@ -77,7 +73,7 @@ void UnfinishedCollection::takeName(const QString& name)
         if (CollectionNames::isTaken(m_place, m_name) || CollectionNames::isTaken(m_place, work)) continue;
         const QString path = m_place + u'/' + work;
         std::error_code code;
-        const bool isMade = std::filesystem::create_directory(systemPath(path), code);
+        const bool isMade = std::filesystem::create_directory(FileBlocks::pathOf(path), code);
         requireDone(code, path);
         if (!isMade) continue; // somebody else was faster
         m_work = path;
@@ -94,7 +90,8 @@ void UnfinishedCollection::complete()
     const QString target = m_place + u'/' + m_name;
     std::error_code code;
     if (QFileInfo::exists(target)) code = std::make_error_code(std::errc::file_exists);
-    if (!code) std::filesystem::rename(systemPath(m_work + u'/' + m_name), systemPath(target), code);
+    if (!code)
+        std::filesystem::rename(FileBlocks::pathOf(m_work + u'/' + m_name), FileBlocks::pathOf(target), code);
     requireDone(code, target);
     removeWork();
 }
