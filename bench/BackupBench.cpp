@@ -102,17 +102,6 @@ double childSeconds()
     return secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime);
 }
 
-/// What the processes that have ended took of the processors, user and system together.
-double childSeconds()
-{
-    rusage usage{};
-    getrusage(RUSAGE_CHILDREN, &usage);
-    const auto secondsOf = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-    };
-    return secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime);
-}
-
 void backup(benchmark::State& state, const QString& ending, const QString& program,
             const QStringList& options)
 {
