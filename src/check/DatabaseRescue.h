@@ -104,6 +104,7 @@ private:
     void take(Source& table, const DatabasePages::Page& page);
     bool insert(Source& table, const DatabasePages::Row& row);
     void complete(Source& table, const Index& index, const DatabasePages::Row& entry);
+    [[nodiscard]] static std::string quotedName(const std::string& name);
     [[nodiscard]] static bool fits(const Source& table, const DatabasePages::Row& row);
     [[nodiscard]] bool claim(std::uint32_t page);
 

@@ -167,17 +167,11 @@ TEST(CollectionCheck, KnowsTheFilesOfRecordsFromOthers)
     EXPECT_THROW(static_cast<void>(FindingSteps::putAside(collection.files(), u"Rivers.sqlite"_s)), Error);
 }
 
-/// A saved page with two files beside it.
-void writePage(const CheckedCollection& collection)
-{
-    writeFile(collection.folder() + u"/in/page_files/a.gif"_s, "a picture");
-    writeFile(collection.folder() + u"/in/page_files/b.css"_s, "a style");
-}
-
 TEST(CollectionCheck, TellsWhichFilesChangedAndFindsThemAgain)
 {
     CheckedCollection collection;
-    writePage(collection);
+    writeFile(collection.folder() + u"/in/page_files/a.gif"_s, "a picture");
+    writeFile(collection.folder() + u"/in/page_files/b.css"_s, "a style");
     const QString page =
         QString::number(collection.addDocument(u"Page"_s, "<img src='page_files/a.gif'>", u"page.htm"_s));
     const QString report = QString::number(collection.addDocument(u"Levees"_s, "a report"));
