@@ -26,6 +26,7 @@ public:
 
 private:
     [[nodiscard]] QStringList look();
+    [[nodiscard]] QStringList faults();
     [[nodiscard]] QStringList lostReferences();
 
     CheckedDatabase& m_checked;

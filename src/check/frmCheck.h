@@ -65,6 +65,7 @@ private:
     void showFinished();
     void showProgress();
     void enableButtons();
+    [[nodiscard]] QModelIndex selected() const;
     [[nodiscard]] QString hindranceOfStep() const;
     void takeStep();
     [[nodiscard]] bool findFile(const Finding& finding);
