@@ -78,8 +78,6 @@ frmCheck::frmCheck(Surroundings surroundings, QWidget* parent)
     WindowSize::restore(*this, m_at.platform.settings, firstCheckSize);
 }
 
-frmCheck::~frmCheck() = default;
-
 void frmCheck::makeTree()
 {
     tvwChecks = new QTreeView(this);

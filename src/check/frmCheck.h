@@ -36,7 +36,6 @@ public:
     };
 
     frmCheck(Surroundings surroundings, QWidget* parent);
-    ~frmCheck() override;
 
     /// Shows the dialog, which begins with the structure at once, until the user closes it.
     void showCheck();
