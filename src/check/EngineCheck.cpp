@@ -64,6 +64,18 @@ QStringList EngineCheck::look()
 {
     sqlite3_busy_timeout(m_database->getHandle(), lockPatienceMilliseconds);
     if (result().topic == CheckTopic::ForeignKeys) return lostReferences();
+    try {
+        return faults();
+    } catch (const SQLite::Exception& exception) {
+        // of some damage, SQLite says no more than that it is there
+        const int code = exception.getErrorCode();
+        if (code != SQLITE_CORRUPT && code != SQLITE_NOTADB) throw;
+        return {QString::fromUtf8(exception.what())};
+    }
+}
+
+QStringList EngineCheck::faults()
+{
     QStringList texts;
     SQLite::Statement rows(*m_database, "PRAGMA integrity_check(" + std::to_string(mostFindings) + ")");
     while (rows.executeStep()) {

@@ -30,6 +30,7 @@ public:
 private:
     void open();
     [[nodiscard]] QStringList look();
+    [[nodiscard]] QStringList faults();
     [[nodiscard]] QStringList lostReferences();
 
     CheckedDatabase& m_checked;

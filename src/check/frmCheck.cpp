@@ -38,11 +38,9 @@ QString stepText(Finding::Step step)
         return frmCheck::tr("&Find File…");
     case Finding::Step::PutAside:
         return frmCheck::tr("&Put File Aside");
-    case Finding::Step::ShowRecord:
-    case Finding::Step::None:
-        break;
+    default:
+        return frmCheck::tr("&Show Record");
     }
-    return frmCheck::tr("&Show Record");
 }
 
 QString stepTip(Finding::Step step)
@@ -52,11 +50,9 @@ QString stepTip(Finding::Step step)
         return frmCheck::tr("Looks for the file in a folder by what it held");
     case Finding::Step::PutAside:
         return frmCheck::tr("Moves the file out of the way");
-    case Finding::Step::ShowRecord:
-    case Finding::Step::None:
-        break;
+    default:
+        return frmCheck::tr("Shows the record of the selected finding");
     }
-    return frmCheck::tr("Shows the record of the selected finding");
 }
 
 void enable(QPushButton& button, const QString& tip, const QString& hindrance)
@@ -81,8 +77,6 @@ frmCheck::frmCheck(Surroundings surroundings, QWidget* parent)
     connect(&m_timer, &QTimer::timeout, this, &frmCheck::goOn);
     WindowSize::restore(*this, m_at.platform.settings, firstCheckSize);
 }
-
-frmCheck::~frmCheck() = default;
 
 void frmCheck::makeTree()
 {
@@ -271,7 +265,7 @@ void frmCheck::showProgress()
 
 void frmCheck::enableButtons()
 {
-    const Finding* finding = m_model->finding(tvwChecks->currentIndex());
+    const Finding* finding = m_model->finding(selected());
     const Finding::Step step = finding == nullptr ? Finding::Step::None : finding->step;
     cmdStep->setText(stepText(step));
     cmdStep->setStatusTip(stepTip(step));
@@ -286,14 +280,21 @@ void frmCheck::enableButtons()
     cmdStop->setVisible(m_check != nullptr);
 }
 
+/// The only selected row. The current one is still that before while the selection changes.
+QModelIndex frmCheck::selected() const
+{
+    const QModelIndexList rows = tvwChecks->selectionModel()->selectedRows();
+    return rows.size() == 1 ? rows.front() : QModelIndex();
+}
+
 /// Returns why nothing can be done about the selected finding; empty if something can.
 QString frmCheck::hindranceOfStep() const
 {
-    const QModelIndex index = tvwChecks->currentIndex();
+    const QModelIndex index = selected();
     const Finding* finding = m_model->finding(index);
     const qsizetype count = tvwChecks->selectionModel()->selectedRows().size();
     if (count > 1) return tr("Select a single finding.");
-    if (count == 0 || finding == nullptr) return tr("Select a finding first.");
+    if (finding == nullptr) return tr("Select a finding first.");
     if (m_model->isSettled(index)) return tr("This was done already.");
     switch (finding->step) {
     case Finding::Step::None:
@@ -309,7 +310,7 @@ QString frmCheck::hindranceOfStep() const
 
 void frmCheck::takeStep()
 {
-    const QPersistentModelIndex index = tvwChecks->currentIndex();
+    const QPersistentModelIndex index = selected();
     const Finding finding = *m_model->finding(index);
     bool isSettled = false;
     switch (finding.step) {
@@ -350,10 +351,10 @@ bool frmCheck::eventFilter(QObject* watched, QEvent* event)
     }
     if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter) return false;
     const QModelIndex index = tvwChecks->currentIndex();
-    if (m_model->finding(index) != nullptr)
-        cmdStep->click();
-    else
+    if (m_model->finding(index) == nullptr)
         tvwChecks->setExpanded(index, !tvwChecks->isExpanded(index));
+    else
+        cmdStep->click();
     return true;
 }
 

@@ -36,7 +36,6 @@ public:
     };
 
     frmCheck(Surroundings surroundings, QWidget* parent);
-    ~frmCheck() override;
 
     /// Shows the dialog, which begins with the structure at once, until the user closes it.
     void showCheck();
@@ -65,6 +64,7 @@ private:
     void showFinished();
     void showProgress();
     void enableButtons();
+    [[nodiscard]] QModelIndex selected() const;
     [[nodiscard]] QString hindranceOfStep() const;
     void takeStep();
     [[nodiscard]] bool findFile(const Finding& finding);

@@ -59,7 +59,8 @@ protected:
             tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, QString::fromUtf8(text), 1,
                                 Qt::MatchStartsWith | Qt::MatchRecursive);
         ASSERT_FALSE(found.isEmpty()) << text;
-        tree.setCurrentIndex(found.front());
+        tree.selectionModel()->setCurrentIndex(found.front(), QItemSelectionModel::ClearAndSelect |
+                                                                  QItemSelectionModel::Rows);
     }
 
     /// Overwrites the pages of the database in which a text stands.
@@ -183,21 +184,14 @@ protected:
         garble("Report 150");
     }
 
-    void expectQuestion(const QString& cause, const char* state, std::optional<int> answer,
-                        bool hasBackup = true)
+    void expectQuestion(const QString& cause, const char* state, std::optional<int> answer)
     {
-        const QString both =
-            u"Its newest backup was made on 06/15/2005 12:00. Do you want to restore that, or to "
-            "rescue what can still be read? Either becomes a new collection; the damaged one "
-            "stays as it is."_s;
-        const QString rescue =
-            u"Do you want to rescue what can still be read? It becomes a new collection; the "
-            "damaged one stays as it is."_s;
-        QStringList answers{u"&Rescue What Can Be Read"_s};
-        if (hasBackup) answers.prepend(u"Restore the &Backup"_s);
-        messages().expectChoice(u"The database is damaged%1\n\n%2\n\n%3"_s.arg(
-                                    cause, QString::fromUtf8(state), hasBackup ? both : rescue),
-                                answers, answer);
+        messages().expectChoice(u"The database is damaged%1\n\n%2\n\nIts newest backup was made on "
+                                u"06/15/2005 12:00. Do you want to "
+                                "restore that, or to rescue what can still be read? Either becomes a new "
+                                "collection; the damaged one "
+                                "stays as it is."_s.arg(cause, QString::fromUtf8(state)),
+                                {u"Restore the &Backup"_s, u"&Rescue What Can Be Read"_s}, answer);
     }
 
     void expectReadFailure()
@@ -271,19 +265,19 @@ TEST_F(Damage, IsFoundByTheCheck)
     EXPECT_TRUE(journey.program->state().session.isReadOnly());
 }
 
-TEST_F(Damage, ADatabaseThatCannotBeOpenedIsRescued)
+TEST_F(Damage, OfTheWholeFileLeavesTheBackup)
 {
-    const QString cut = data("cut.sqlite");
+    damage();
     const QByteArray whole = journey.database.bytes();
-    writeFile(cut, whole.first(whole.size() * 3 / 4));
-    expectQuestion(u": database disk image is malformed (%1)"_s.arg(cut), "It cannot be opened.", 0, false);
+    writeFile(journey.database.fileName(), whole.first(whole.size() / 2));
+    expectQuestion(u": database disk image is malformed (%1)"_s.arg(file), "It cannot be opened.", 0);
     messages().expectMessageBeginning(
-        u"What could be read was rescued into a new collection in the folder "_s);
-    journey.start(u"cut.sqlite"_s);
+        u"The backup of 06/15/2005 12:00 was restored into a new collection in the folder "_s);
+    journey.start();
     messages().finish();
     EXPECT_EQ(journey.historyMenu(), "[Home Page]");
     journey.trigger("mnuViewDocuments");
-    EXPECT_NE(journey.column(0), "");
+    EXPECT_EQ(journey.statusPanel(), u"Displaying 100 Documents"_s);
 }
 
 } // namespace
