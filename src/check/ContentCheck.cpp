@@ -167,9 +167,9 @@ QByteArray ContentCheck::expectedOf(const QString& name) const
 
 void ContentCheck::begin(const FolderList::Entry& entry)
 {
-    if (entry.isFolder || FileCopy::isUnfinished(entry.from.filename())) return;
     m_path = entry.from;
-    m_name = QFile::decodeName(entry.to.generic_string().c_str());
+    if (entry.isFolder || FileCopy::isUnfinished(m_path.filename())) return;
+    m_name = QFile::decodeName(std::filesystem::path(entry.to).generic_string().c_str());
     const QFileInfo file(QFile::decodeName(m_path.c_str()));
     m_state = {file.size(), file.lastModified().toMSecsSinceEpoch(), expectedOf(m_name)};
     if (m_notes->has(m_name, m_state)) {
