@@ -7,7 +7,8 @@
 
 #include <QWidget>
 
-/// Draws a finding over the whole width of the list, as long as nothing stands beside it.
+/// Draws a finding over the whole width of a list without alternating colours, which each column would draw
+/// anew, as long as nothing stands beside it.
 class FindingDelegate final : public LineDelegate
 {
 public:

@@ -85,7 +85,6 @@ void frmCheck::makeTree()
     tvwChecks->setAccessibleName(tr("Checks and Findings"));
     tvwChecks->setUniformRowHeights(true);
     tvwChecks->setAllColumnsShowFocus(true);
-    tvwChecks->setAlternatingRowColors(true);
     tvwChecks->setSelectionMode(QAbstractItemView::ExtendedSelection);
     tvwChecks->setItemDelegate(new FindingDelegate(tvwChecks));
     tvwChecks->setModel(m_model);

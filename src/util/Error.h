@@ -23,10 +23,7 @@ public:
     /// Whether another program locks the database.
     [[nodiscard]] bool isOfLock() const { return m_number == lockNumber; }
     /// Whether the database cannot be read because it is damaged, or is none.
-    [[nodiscard]] bool isOfDamage() const
-    {
-        return m_number == damageNumber || m_number == noDatabaseNumber;
-    }
+    [[nodiscard]] bool isOfDamage() const { return m_number == damageNumber || m_number == noDatabaseNumber; }
     [[nodiscard]] const char* what() const noexcept override { return m_what.c_str(); }
 
 private:
