@@ -107,7 +107,7 @@ protected:
         return [folder] {
             ScriptedWorks works;
             const auto database =
-                RestoredCollection::make(works, folder + u"/Rivers.zip"_s, folder, u"Again"_s);
+                RestoredCollection::make(works, folder + u"/Rivers.zip"_s, folder, {.name = u"Again"_s});
             if (!database) throw std::logic_error("it was cancelled");
         };
     }
