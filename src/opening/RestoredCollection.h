@@ -17,7 +17,8 @@ namespace RestoredCollection {
 struct Options
 {
     QString name; ///< of the new collection; if empty, as it was called when backed up
-    std::optional<ProgramFolder> filesFrom; ///< whose files are copied if the backup holds the database alone
+    std::optional<ProgramFolder> filesFrom =
+        std::nullopt; ///< whose files are copied if the backup holds the database alone
 };
 
 struct Made
