@@ -11,7 +11,6 @@
 #include "util/FileStrings.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QUrl>
@@ -84,17 +83,20 @@ QString targetFolder(const ProgramFolder& folder, const QString& programPath)
     return path;
 }
 
-/// The files in a folder of a page, with the folder's own name before theirs.
-QStringList filesBelow(const QString& folder)
+/// The files in a folder of a page, with the folder's own name before theirs. Throws Error.
+QStringList filesBelow(const fs::path& folder)
 {
     QStringList names;
-    const QDir surroundings(QFileInfo(folder).path());
-    QDirIterator files(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        const QString file = files.next();
-        if (QFileInfo::exists(file))
-            names << surroundings.relativeFilePath(file); // not if no text can name it
+    std::error_code code;
+    for (fs::recursive_directory_iterator entry(folder, code), end; !code && entry != end;
+         entry.increment(code)) {
+        if (!fs::is_regular_file(FileBlocks::statusOf(entry->path()))) continue;
+        const std::string path = entry->path().lexically_relative(folder.parent_path()).generic_string();
+        const QString name = QFile::decodeName(path.c_str());
+        // some names cannot be said in a text
+        if (QFile::encodeName(name) == path.c_str()) names << name;
     }
+    FileBlocks::require(code, folder);
     names.sort();
     return names;
 }
@@ -156,7 +158,7 @@ QStringList FileUpload::convertDocument(const QString& chosenPath, qint64 docume
     FileCopy::copyFolder(*folder, FileBlocks::pathOf(target + folderEnding));
     FileCopy::writeFile(page, FileBlocks::pathOf(target + QStringLiteral(".htm")));
     return QStringList(QString::number(documentId) + QStringLiteral(".htm")) +
-           filesBelow(target + folderEnding);
+           filesBelow(FileBlocks::pathOf(target + folderEnding));
 }
 
 QString FileUpload::chartName(const QString& chosenPath, qint64 organizationId)

@@ -196,7 +196,8 @@ protected:
 
     void expectReadFailure()
     {
-        messages().expectMessage(u"showDocuments Error (11): database disk image is malformed"_s);
+        messages().expectMessage(u"showDocuments Error (11): database disk image is malformed (%1)"_s.arg(
+            journey.database.fileName()));
     }
 
     const char* open = "It is open for reading, as far as it can be read.";
