@@ -36,7 +36,6 @@
 #include "search/SearchCommands.h"
 #include "state/ProgramState.h"
 #include "timeline/TimelinePanel.h"
-#include "util/Error.h"
 #include "util/ReadableLine.h"
 #include "widgets/IconSet.h"
 #include "widgets/ReadablePalette.h"
@@ -44,7 +43,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileInfo>
 #include <QMenu>
 #include <QScreen>
 #include <QStatusBar>
@@ -62,6 +60,7 @@ constexpr QSize largestFirstSize(1600, 1000);
 frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState& state)
     : m_platform(platform),
       m_state(state),
+      m_database(state.session),
       m_commands(new MainCommands(*this)),
       m_help(new HelpCommands(*this, *m_commands->tbToolBar, state.session, state.home, platform.shell,
                               platform.messages)),
@@ -83,13 +82,13 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_editors(new RecordEditors(platform, state.session, *m_newEntries, state.folder, *this)),
       m_records(new RecordCommands(*m_commands, *m_list, *m_editors, *this)),
       m_undo(new UndoCommands(
-          platform, state, *m_commands, [this] { return unwritable(); }, *this)),
+          platform, state, *m_commands, [this] { return m_database.unwritable(); }, *this)),
       m_windows(new RecordWindows(platform, state, *m_positions, *m_editors, *this)),
       m_graphics(new GraphicViews(
           {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},
           *m_list, *m_browse, *this)),
       m_emptyList(new EmptyList({state.session, state.history, state.queries, *m_search, *m_commands,
-                                 [this] { return unwritable(); }},
+                                 [this] { return m_database.unwritable(); }},
                                 m_list->view(), *this)),
       m_pages(new ViewPages(platform.messages, state.history,
                             {*m_home, *m_browse, *m_list, *m_emptyList, *m_search, *m_graphics}, this)),
@@ -97,7 +96,7 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
                                          *m_commands->mnuNavigateForward, *m_commands->tbToolBar, *this)),
       m_settings(std::make_unique<SettingsCommand>(platform, state, *m_list, *m_open)),
       m_check(std::make_unique<CheckCommand>(platform, state, *m_databases, *m_editors,
-                                             [this] { return unwritable(); })),
+                                             [this] { return m_database.unwritable(); })),
       m_starts(new StartCommands({platform, state, *m_databases, *m_list, *m_editors, *m_search}, *this))
 {
     setObjectName(QStringLiteral("frmMain"));
@@ -241,7 +240,7 @@ void frmMain::showStartPage()
 /// Forgets what was shown of the database before, and begins with the home page.
 void frmMain::startOver()
 {
-    m_isChangedOutside = false;
+    m_database.forget();
     m_state.history.clear();
     m_list->forget();
     m_graphics->mainLoad();
@@ -252,15 +251,7 @@ void frmMain::startOver()
 /// The views are read anew whenever they are shown; of the rest, only the limits of the timeline are kept.
 void frmMain::lookForOutsideChange()
 {
-    if (!m_state.session.isOpen()) return;
-    try {
-        if (!m_state.session.wasChangedOutside()) return;
-    } catch (const Error&) {
-        // reading the view fails in the same way and says so
-        return;
-    }
-    m_isChangedOutside = true;
-    m_graphics->timeline().updateTimeline(std::nullopt);
+    if (m_database.wasChanged()) m_graphics->timeline().updateTimeline(std::nullopt);
 }
 
 /// Never while something else is going on: the user may be asked, and another database opened.
@@ -302,7 +293,7 @@ void frmMain::viewHome()
 /// Adds a record to which a command for related records led, if the database can be changed.
 void frmMain::add(const RecordAddition& addition)
 {
-    const QString hindrance = unwritable();
+    const QString hindrance = m_database.unwritable();
     if (hindrance.isEmpty())
         m_editors->add(addition.kind, addition.preset);
     else
@@ -312,21 +303,15 @@ void frmMain::add(const RecordAddition& addition)
 /// The window's title says what it shows, so that the user finds it among others.
 void frmMain::showCaption(const QString& caption, const QString& count)
 {
-    const QString line = readableLine(caption);
-    m_status->showView(line, count);
-    if (std::exchange(m_isChangedOutside, false)) {
-        m_status->showNotice(tr("The database was changed by another program."));
-    }
-    if (isGone()) m_status->showNotice(tr("The database was moved or deleted while it was open."));
+    m_status->showView(readableLine(caption), count);
+    const QString notice = m_database.takeNotice();
+    if (!notice.isEmpty()) m_status->showNotice(notice);
     showTitle();
 }
 
 void frmMain::showTitle()
 {
-    QString title = readableLine(m_state.history.view(m_state.history.current()).Caption);
-    const QString file = QFileInfo(m_state.session.fileName()).fileName();
-    if (!file.isEmpty()) title += QStringLiteral(" - ") + file;
-    if (m_state.session.isReadOnly()) title = tr("%1 [read-only]").arg(title);
+    QString title = m_database.titleOf(readableLine(m_state.history.view(m_state.history.current()).Caption));
     // Qt replaces a single `[*]` in a window's title by its mark for unsaved changes
     setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
@@ -350,24 +335,10 @@ void frmMain::enableCommands()
     enableUnless(*m_commands->mnuBackUp, noDatabase);
     enableUnless(*m_commands->mnuCheckCollection, noDatabase);
     m_related->enable(noList);
-    m_records->enable(unwritable(), noList);
+    m_records->enable(m_database.unwritable(), noList);
     m_status->showSelected(showsList ? m_list->selectedCount() : 0);
     m_commands->mnuViewGraphicRight->setChecked(m_browse->side() == Qt::Horizontal);
     m_commands->mnuViewGraphicBelow->setChecked(m_browse->side() == Qt::Vertical);
-}
-
-/// Whether the open database is not in its place any more. What it holds can be read all the same.
-bool frmMain::isGone() const
-{
-    return m_state.session.isOpen() && !QFileInfo::exists(m_state.session.fileName());
-}
-
-/// Returns why the database cannot be changed, or an empty text if it can.
-QString frmMain::unwritable() const
-{
-    if (!m_state.session.isOpen()) return tr("No database is open.");
-    if (isGone()) return tr("The database was moved or deleted while it was open.");
-    return m_state.session.isReadOnly() ? tr("The database can be read, but not changed.") : QString();
 }
 
 void frmMain::UpdateHistoryList()

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "browse/window/OpenDatabase.h"
 #include "data/RecordKind.h"
 #include "platform/Platform.h"
 
@@ -82,11 +83,10 @@ private:
     void enableCommands();
     void showCaption(const QString& caption, const QString& count);
     void showTitle();
-    [[nodiscard]] bool isGone() const;
-    [[nodiscard]] QString unwritable() const;
 
     Platform m_platform;
     ProgramState& m_state;
+    OpenDatabase m_database;
     MainCommands* m_commands;
     HelpCommands* m_help;
     DatabaseCommands* m_databases;
@@ -113,5 +113,4 @@ private:
     std::unique_ptr<SettingsCommand> m_settings;
     std::unique_ptr<CheckCommand> m_check;
     StartCommands* m_starts;
-    bool m_isChangedOutside = false; ///< whether the view to be shown next has another program's changes
 };
