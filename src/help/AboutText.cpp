@@ -29,6 +29,8 @@ constexpr std::array libraries{
          "https://github.com/SRombauts/SQLiteCpp", "MIT"},
     Part{"Shapefile C Library", QT_TRANSLATE_NOOP("Help", "the map"), "https://github.com/OSGeo/shapelib",
          QT_TRANSLATE_NOOP("Help", "MIT or LGPL-2.0-or-later")},
+    Part{"libarchive", QT_TRANSLATE_NOOP("Help", "backups"), "https://www.libarchive.org/", "BSD-2-Clause"},
+    Part{"OpenSSL", QT_TRANSLATE_NOOP("Help", "hashes of files"), "https://www.openssl.org/", "Apache-2.0"},
     Part{"GLib", QT_TRANSLATE_NOOP("Help", "opening files in other programs"), "https://www.gtk.org/",
          "LGPL-2.1-or-later"},
     Part{"MDB Tools", QT_TRANSLATE_NOOP("Help", "reading Access files"),
