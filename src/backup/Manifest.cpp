@@ -84,7 +84,7 @@ Manifest Manifest::fromJson(const QByteArray& text)
     const QJsonObject counts = member(all, u"rows"_s, QJsonValue::Object).toObject();
     for (auto table = counts.begin(); table != counts.end(); ++table)
         manifest.rows.insert(table.key(), table.value().toInteger(-1));
-    for (const QJsonValue& each : member(all, u"files"_s, QJsonValue::Array).toArray())
+    for (const auto& each : member(all, u"files"_s, QJsonValue::Array).toArray())
         manifest.files.push_back(fileOf(each.toObject()));
     return manifest;
 }

@@ -7,6 +7,7 @@
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "util/ReadableLine.h"
+#include "widgets/DialogButtons.h"
 #include "widgets/EmptyResultNotice.h"
 #include "widgets/LineDelegate.h"
 #include "widgets/WaitCursor.h"
@@ -118,10 +119,7 @@ void frmDeletedRecords::makeTable()
 QPushButton* frmDeletedRecords::makeButton(QVBoxLayout& column, const char* name, const QString& text,
                                            const QString& toolTip, void (frmDeletedRecords::*command)())
 {
-    auto* button = new QPushButton(text, this);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setStatusTip(toolTip);
-    button->setAutoDefault(false);
+    QPushButton* button = DialogButtons::command(*this, name, text, toolTip);
     column.addWidget(button);
     connect(button, &QPushButton::clicked, this, command);
     return button;
@@ -151,20 +149,10 @@ void frmDeletedRecords::layOut(QVBoxLayout* buttons)
     top->addLayout(kinds);
     top->addWidget(lvDeleted, 1);
     top->addLayout(buttons);
-    lblOutcome = new QLabel(this);
-    lblOutcome->setObjectName(QStringLiteral("lblOutcome"));
-    lblOutcome->setTextFormat(Qt::PlainText);
-    lblOutcome->setWordWrap(true);
-    auto* close = new QPushButton(tr("Close"), this);
-    close->setObjectName(QStringLiteral("cmdClose"));
-    close->setAutoDefault(false);
-    connect(close, &QPushButton::clicked, this, &QDialog::accept);
-    auto* bottom = new QHBoxLayout;
-    bottom->addWidget(lblOutcome, 1);
-    bottom->addWidget(close);
+    lblOutcome = DialogButtons::outcome(*this);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(top, 1);
-    layout->addLayout(bottom);
+    layout->addLayout(DialogButtons::closingRow(*this, *lblOutcome));
 }
 
 void frmDeletedRecords::showDeleted(RecordKind kind)

@@ -11,6 +11,7 @@
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "util/ReadableLine.h"
+#include "widgets/DialogButtons.h"
 #include "widgets/WaitCursor.h"
 #include "widgets/WindowSize.h"
 
@@ -52,10 +53,7 @@ void frmLists::makeLists()
     lstLists->setFixedWidth(lstLists->sizeHintForColumn(0) + lstLists->sizeHintForRow(0) * 2);
     m_entries = new ListsView(this);
     m_entries->setMarker(m_at.marker);
-    lblOutcome = new QLabel(this);
-    lblOutcome->setObjectName(QStringLiteral("lblOutcome"));
-    lblOutcome->setTextFormat(Qt::PlainText);
-    lblOutcome->setWordWrap(true);
+    lblOutcome = DialogButtons::outcome(*this);
     connect(lstLists, &QListWidget::currentRowChanged, this, [this] {
         tell({});
         readList();
@@ -67,10 +65,7 @@ void frmLists::makeLists()
 QPushButton* frmLists::makeButton(QVBoxLayout& column, const char* name, const QString& text,
                                   const QString& toolTip, void (frmLists::*command)())
 {
-    auto* button = new QPushButton(text, this);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setStatusTip(toolTip);
-    button->setAutoDefault(false);
+    QPushButton* button = DialogButtons::command(*this, name, text, toolTip);
     column.addWidget(button);
     connect(button, &QPushButton::clicked, this, command);
     return button;
@@ -105,16 +100,9 @@ void frmLists::layOut(QVBoxLayout* buttons)
     top->addLayout(lists);
     top->addWidget(m_entries, 1);
     top->addLayout(buttons);
-    auto* close = new QPushButton(tr("Close"), this);
-    close->setObjectName(QStringLiteral("cmdClose"));
-    close->setAutoDefault(false);
-    connect(close, &QPushButton::clicked, this, &QDialog::accept);
-    auto* bottom = new QHBoxLayout;
-    bottom->addWidget(lblOutcome, 1);
-    bottom->addWidget(close);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(top, 1);
-    layout->addLayout(bottom);
+    layout->addLayout(DialogButtons::closingRow(*this, *lblOutcome));
 }
 
 void frmLists::showLists()

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "widgets/DialogButtons.h"
+
+#include <QCoreApplication>
+#include <QDialog>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+QPushButton* DialogButtons::command(QDialog& dialog, const char* name, const QString& text,
+                                    const QString& statusTip)
+{
+    auto* button = new QPushButton(text, &dialog);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setStatusTip(statusTip);
+    button->setAutoDefault(false);
+    return button;
+}
+
+QLabel* DialogButtons::outcome(QDialog& dialog)
+{
+    auto* label = new QLabel(&dialog);
+    label->setObjectName(QStringLiteral("lblOutcome"));
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+QHBoxLayout* DialogButtons::closingRow(QDialog& dialog, QLabel& outcome)
+{
+    QPushButton* close =
+        command(dialog, "cmdClose", QCoreApplication::translate("DialogButtons", "Close"), {});
+    QObject::connect(close, &QPushButton::clicked, &dialog, &QDialog::accept);
+    auto* row = new QHBoxLayout;
+    row->addWidget(&outcome, 1);
+    row->addWidget(close);
+    return row;
+}
