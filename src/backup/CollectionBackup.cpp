@@ -57,7 +57,7 @@ void refuseInside(const ProgramFolder& folder, const QString& archive)
 QString entryName(const std::string& path)
 {
     const QByteArray bytes = QByteArray::fromStdString(path);
-    const QString text = QString::fromUtf8(bytes);
+    QString text = QString::fromUtf8(bytes);
     if (text.toUtf8() == bytes) return text;
     QByteArray readable;
     for (const char c : bytes) {

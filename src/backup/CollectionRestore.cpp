@@ -21,10 +21,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype longestLine = 32 * 1024; ///< bytes of the list that tell of one file, if all are escapes
-constexpr qint64 mostExpansion = 200;        ///< bytes out of one byte of the archive
-constexpr qint64 alwaysAllowed = 256 * 1024 * 1024; ///< a small archive may expand more
-constexpr qint64 freeAfterwards = 64 * 1024 * 1024; ///< bytes of the disk that are left alone
+constexpr qsizetype longestLine = 32'768;     ///< bytes of the list that tell of one file, if all are escapes
+constexpr qint64 mostExpansion = 200;         ///< bytes out of one byte of the archive
+constexpr qint64 alwaysAllowed = 256'000'000; ///< a small archive may expand more
+constexpr qint64 freeAfterwards = 64'000'000; ///< bytes of the disk that are left alone
 
 const QString listName = u"manifest.json"_s;
 

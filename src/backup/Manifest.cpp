@@ -30,7 +30,7 @@ constexpr qsizetype hashLength = 32;
 /// Throws Error if there is no such member or if it is of another type.
 QJsonValue member(const QJsonObject& object, const QString& name, QJsonValue::Type type)
 {
-    const QJsonValue value = object.value(name);
+    QJsonValue value = object.value(name);
     if (value.type() != type) refuse();
     return value;
 }

@@ -65,7 +65,7 @@ QString BackupCommands::chooseTarget() const
     const QString proposed = QStringLiteral("%1 %2.zip")
                                  .arg(QFileInfo(m_state.folder.collection()).fileName(),
                                       m_platform.clock.now().toString(QStringLiteral("yyyy-MM-dd")));
-    const QString chosen = m_platform.fileDialogs.saveFile(tr("Back Up"), proposed, backupFilter());
+    QString chosen = m_platform.fileDialogs.saveFile(tr("Back Up"), proposed, backupFilter());
     if (chosen.isEmpty() || archiveFormatOf(chosen)) return chosen;
     const QString archive = chosen + QStringLiteral(".zip");
     // the dialog has asked about the name that was typed
