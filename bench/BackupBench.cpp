@@ -65,7 +65,7 @@ void addFiles(const QString& folder, qint64 megabytes)
 QString collection(qint64 megabytes)
 {
     static const QTemporaryDir folder;
-    const QString made = folder.filePath(QStringLiteral("Collection%1").arg(megabytes));
+    QString made = folder.filePath(QStringLiteral("Collection%1").arg(megabytes));
     if (!QFileInfo::exists(made)) {
         addFiles(made + QStringLiteral("/data/documents"), megabytes);
         QFile::copy(largeDatabase(records), made + QStringLiteral("/data/large.sqlite"));

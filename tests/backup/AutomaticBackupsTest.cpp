@@ -41,6 +41,7 @@ TEST(AutomaticBackups, AreDueByWhatIsThere)
     };
     for (const auto& [what, moments, change, isDue] : cases) {
         std::vector<KeptBackups::Kept> kept;
+        kept.reserve(moments.size());
         for (const char* made : moments)
             kept.push_back({{}, moment(made), 1});
         EXPECT_EQ(AutomaticBackups::isDue(kept, moment(change), moment("2026-05-10 20:00")), isDue) << what;

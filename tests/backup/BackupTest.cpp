@@ -204,7 +204,7 @@ TEST_F(Backup, IsKeptWhenTheClockWasSetBack)
     const KeptBackups backups(collection);
     const QDateTime before(QDate(2005, 6, 15), QTime(12, 0));
     for (int minute = 0; minute < 12; ++minute)
-        backups.add(data() + u"Rivers.sqlite"_s, collection, before.addSecs(minute * 60));
+        backups.add(data() + u"Rivers.sqlite"_s, collection, before.addSecs(minute * 60LL));
     EXPECT_EQ(backups.list().size(), 10U);
     const QDateTime now = before.addDays(-3);
     backups.add(data() + u"Rivers.sqlite"_s, collection, now);

@@ -65,18 +65,18 @@ QString textOf(const Value& json)
 /// All that belongs to each record, by its kind and identifier; empty if the file cannot be read.
 std::map<std::pair<RecordKind, qint64>, QString> recordsOf(const QString& file)
 {
-    std::map<std::pair<RecordKind, qint64>, QString> records;
+    std::map<std::pair<RecordKind, qint64>, QString> found;
     try {
         DatabaseSession session;
         session.open(file, Access::Read);
         for (const RecordKind kind : recordKinds)
             for (qint64 identifier = 1; identifier < 20; ++identifier)
-                records[{kind, identifier}] =
+                found[{kind, identifier}] =
                     textOf(Snapshots::toJson(Snapshots::ofRecord(session, kind, identifier)));
     } catch (const Error&) {
         return {};
     }
-    return records;
+    return found;
 }
 
 /// What SQLite reads of all tables, or why it cannot.
@@ -108,9 +108,9 @@ TEST(SingleByteFaults, OfTheDatabaseAreFound)
     fill(collection);
     ASSERT_EQ(collection.found(), "");
     const QByteArray sound = contentOf(collection.database());
-    const auto records = recordsOf(collection.database());
+    const auto before = recordsOf(collection.database());
     const QString tables = contentOfTables(collection.database());
-    ASSERT_FALSE(records.empty());
+    ASSERT_FALSE(before.empty());
     int found = 0;
     int harmless = 0;
     int unseen = 0;
@@ -124,7 +124,7 @@ TEST(SingleByteFaults, OfTheDatabaseAreFound)
         if (!isFound) ++(contentOfTables(collection.database()) == tables ? harmless : unseen);
         const bool isStructureSound = results.front().findings.empty() && results.front().hindrance.isEmpty();
         if (!isStructureSound) continue;
-        for (const auto& [record, content] : records) {
+        for (const auto& [record, content] : before) {
             const auto other = now.find(record);
             if (other == now.end() || other->second == content) continue;
             bool isNamed = false;

@@ -160,9 +160,15 @@ bool isDescriptorInFolder(long descriptor, char* path)
     return isInFolder(path);
 }
 
+/// The kernel hands over addresses as numbers.
+const char* textAt(long address)
+{
+    return reinterpret_cast<const char*>(address); // NOLINT(performance-no-int-to-ptr)
+}
+
 bool isPathInFolder(long argument, char* path)
 {
-    const auto* text = reinterpret_cast<const char*>(argument);
+    const char* text = textAt(argument);
     if (text == nullptr) return false;
     std::snprintf(path, longestPath, "%s", text);
     return isInFolder(path);
@@ -173,7 +179,7 @@ bool isPathAtInFolder(long descriptor, long argument, char* path)
     if (isPathInFolder(argument, path)) return true;
     if (path[0] == '/' || !isDescriptorInFolder(descriptor, path)) return false;
     const std::size_t length = std::strlen(path);
-    std::snprintf(path + length, longestPath - length, "/%s", reinterpret_cast<const char*>(argument));
+    std::snprintf(path + length, longestPath - length, "/%s", textAt(argument));
     return true;
 }
 
