@@ -73,9 +73,7 @@ QString entryName(const std::string& path)
 bool isLeftOut(const FolderList::Entry& entry)
 {
     const fs::path path = entry.to;
-    return entry.isFolder || std::any_of(path.begin(), path.end(), [](const fs::path& part) {
-               return FileCopy::isUnfinished(part.string());
-           });
+    return entry.isFolder || std::any_of(path.begin(), path.end(), &FileCopy::isUnfinished);
 }
 
 } // namespace

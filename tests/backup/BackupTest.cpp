@@ -119,6 +119,8 @@ TEST_F(Backup, ComesBackAsItWasInEachFormat)
     const QString page = data() + u"documents/3_files/"_s;
     writeFile(data() + u"documents/2.PDF"_s, "another report on a system with letter cases");
     writeFile(data() + u"documents/.upload-7"_s, "unfinished");
+    writeFile(page + u".upload-notes.txt"_s, "of such a name by chance");
+    writeFile(data() + u"documents/.replaced-4_files/a.gif"_s, "the next start brings it back");
     writeFile(data() + u"orgcharts/former/.replaced-3-0b.pdf"_s, "the only one if the program was killed");
     writeFile(page + QString(120, QChar(0x6cb3)).left(80) + u".gif"_s, "a long name");
     writeFile(path(u"outside.pdf"_s), "not of the collection");
