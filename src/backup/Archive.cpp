@@ -216,7 +216,7 @@ void ArchiveWriter::finish()
         QFile::remove(m_unfinished);
         failBySystem(number, m_file);
     }
-    FileBlocks::syncFolder(QFile::encodeName(QFileInfo(m_file).absolutePath()).toStdString());
+    FileBlocks::syncFolder(FileBlocks::pathOf(QFileInfo(m_file).absolutePath()));
 }
 
 ArchiveReader::ArchiveReader(const QString& file) : m_file(file), m_archive(archive_read_new())

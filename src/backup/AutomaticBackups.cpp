@@ -13,14 +13,17 @@
 #include "util/Error.h"
 
 #include <algorithm>
+#include <chrono>
 #include <functional>
+#include <future>
 
 namespace {
 
 constexpr qint64 fewRecords = 10;
 
 /// A backup that nobody asked for tells why it is made. Of a damaged database none is made: it would push out
-/// one from before the damage.
+/// one from before the damage. To find that out takes SQLite one statement, which of a large database takes
+/// seconds and so runs in a thread of its own.
 class UnaskedBackup final : public SteppedWork
 {
 public:
@@ -33,23 +36,36 @@ public:
     bool step() override
     {
         if (m_isSound) return m_backup.step();
-        m_isSound = isSound(m_database);
+        if (!m_check.valid()) m_check = std::async(std::launch::async, &isSound, m_database);
+        if (isChecking()) return true;
+        m_isSound = m_check.get();
         if (m_isSound) return true;
         throw Error(SQLITE_CORRUPT,
                     BackupTexts::tr("The database is damaged. Navigate, Check Collection… tells "
                                     "what can be done."));
     }
-    bool undoStep() override { return m_backup.undoStep(); }
+    bool undoStep() override { return isChecking() || m_backup.undoStep(); }
     [[nodiscard]] QString title() const override { return m_backup.title(); }
     [[nodiscard]] QString remark() const override { return m_remark; }
-    [[nodiscard]] QString text() const override { return m_backup.text(); }
+    [[nodiscard]] QString text() const override
+    {
+        return m_isSound ? m_backup.text() : BackupTexts::tr("Checking the database …");
+    }
     [[nodiscard]] std::optional<int> percent() const override { return m_backup.percent(); }
     [[nodiscard]] std::optional<WorkBytes> bytes() const override { return m_backup.bytes(); }
 
 private:
+    /// Whether the check is still under way after a moment.
+    [[nodiscard]] bool isChecking() const
+    {
+        constexpr std::chrono::milliseconds moment{20};
+        return m_check.valid() && m_check.wait_for(moment) != std::future_status::ready;
+    }
+
     SteppedWork& m_backup;
     QString m_database;
     QString m_remark;
+    std::future<bool> m_check;
     bool m_isSound = false;
 };
 

@@ -32,10 +32,11 @@ public:
     void beforeReplacement() const;
 
     /// Backs up the database that is open in the session, at most once a day, if it was changed since the
-    /// newest backup. Where nothing can be written, nothing is said either: the user could not help it.
+    /// newest backup. If nothing can be written there, nothing is said either: the user could not help it.
     void atExit(DatabaseSession& session) const;
 
-    /// Whether a backup is to be made of what was changed last at a moment; invalid if nothing ever was.
+    /// Whether a backup is due at exit, by those that are kept. The moment of the last change is invalid if
+    /// there was none; all moments are in local time.
     [[nodiscard]] static bool isDue(const std::vector<KeptBackups::Kept>& kept, const QDateTime& lastChange,
                                     const QDateTime& now);
 

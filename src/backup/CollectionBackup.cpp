@@ -14,6 +14,8 @@
 #include <QFileInfo>
 #include <QLocale>
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
@@ -73,9 +75,7 @@ QString entryName(const std::string& path)
 bool isLeftOut(const FolderList::Entry& entry)
 {
     const fs::path path = entry.to;
-    return entry.isFolder || std::any_of(path.begin(), path.end(), [](const fs::path& part) {
-               return FileCopy::isUnfinished(part.string());
-           });
+    return entry.isFolder || std::any_of(path.begin(), path.end(), &FileCopy::isUnfinished);
 }
 
 } // namespace
@@ -148,7 +148,13 @@ void CollectionBackup::copyDatabaseFile()
             throw Error(EIO, u"%1 (%2)"_s.arg(m_copyFolder->errorString(), QDir::tempPath()));
         m_copy.emplace(m_database, databaseCopy());
     }
-    if (m_copy->step()) return;
+    try {
+        if (m_copy->step()) return;
+    } catch (const Error& error) {
+        // the disk of the database has room enough
+        if (error.number() == SQLITE_FULL) FileBlocks::fail(ENOSPC, FileBlocks::pathOf(QDir::tempPath()));
+        throw;
+    }
     m_copy.reset();
     DatabaseSession session;
     session.open(databaseCopy(), Access::Read);

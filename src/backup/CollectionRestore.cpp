@@ -146,7 +146,7 @@ void CollectionRestore::begin(const ArchiveReader::Entry& entry)
         refuseForeign(entry.name, m_archiveFile);
     m_name = found->name;
     m_isList = m_name == listName;
-    m_path = fs::path(QFile::encodeName(m_target + u'/' + m_name).toStdString());
+    m_path = FileBlocks::pathOf(m_target + u'/' + m_name);
     std::error_code code;
     // the second may have another letter case, on a system where that does not count
     if (m_unpacked.contains(m_name) || fs::exists(fs::symlink_status(m_path, code)))
@@ -263,23 +263,6 @@ void CollectionRestore::compare()
             refuse(BackupTexts::tr("The database does not hold as many rows as when it was backed up."),
                    m_archiveFile);
     }
-}
-
-Manifest CollectionRestore::manifestOf(const QString& archive)
-{
-    ArchiveReader reader(archive);
-    qsizetype files = 0;
-    while (const auto file = nextFile(reader, archive)) {
-        ++files;
-        if (file->name != listName) continue;
-        QByteArray list;
-        for (std::string_view block = reader.read(); !block.empty(); block = reader.read()) {
-            list.append(block.data(), static_cast<qsizetype>(block.size()));
-            if (list.size() > (files + 1) * longestLine) break;
-        }
-        return Manifest::fromJson(list);
-    }
-    refuseIncomplete(archive);
 }
 
 QString CollectionRestore::collectionIn(const QString& archive)

@@ -41,9 +41,6 @@ public:
     /// The database, once all is done.
     [[nodiscard]] QString database() const { return m_target + u'/' + m_manifest.database; }
 
-    /// Reads the list of a backup alone, to say what would be restored. Throws Error.
-    [[nodiscard]] static Manifest manifestOf(const QString& archive);
-
     /// The name that a backup has for its collection, without reading more than its beginning. Throws Error.
     [[nodiscard]] static QString collectionIn(const QString& archive);
 

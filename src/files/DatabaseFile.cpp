@@ -167,7 +167,7 @@ void copyDatabase(const QString& source, const QString& target)
 bool isSound(const QString& database)
 {
     try {
-        SQLite::Database file(QFile::encodeName(database).toStdString(), SQLite::OPEN_READONLY);
+        SQLite::Database file(QFile::encodeName(database).toStdString(), SQLite::OPEN_READONLY, longestWait);
         SQLite::Statement check(file, "PRAGMA quick_check(1)");
         return check.executeStep() && check.getColumn(0).getString() == "ok";
     } catch (const SQLite::Exception& exception) {

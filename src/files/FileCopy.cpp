@@ -34,6 +34,15 @@ QString textOf(const fs::path& path)
     return QFile::decodeName(path.c_str());
 }
 
+/// Whether a name is that prefix with the name of a record's copy, without its ending.
+bool isNamedAfterRecord(const char* prefix, const fs::path& name)
+{
+    static const QRegularExpression copy(QStringLiteral(R"(\A[0-9]+(_files)?\z)"));
+    const QString text = textOf(name);
+    const QLatin1String begin(prefix);
+    return text.startsWith(begin) && copy.match(text.mid(begin.size())).hasMatch();
+}
+
 /// Removes what was not finished.
 class Unfinished
 {
@@ -186,8 +195,7 @@ void FileCopy::copyFolder(const fs::path& from, const fs::path& to)
 
 bool FileCopy::isUnfinished(const fs::path& name)
 {
-    static const QRegularExpression pattern(QStringLiteral(R"(\A\.(upload|replaced)-[0-9]+(_files)?\z)"));
-    return pattern.match(textOf(name)).hasMatch();
+    return isNamedAfterRecord(uploadName, name);
 }
 
 void FileCopy::clearUnfinished(const fs::path& folder)
@@ -195,7 +203,8 @@ void FileCopy::clearUnfinished(const fs::path& folder)
     std::vector<fs::path> found;
     std::error_code code;
     for (fs::directory_iterator entry(folder, code), end; !code && entry != end; entry.increment(code)) {
-        if (isUnfinished(entry->path().filename())) found.push_back(entry->path());
+        const fs::path name = entry->path().filename();
+        if (isUnfinished(name) || isNamedAfterRecord(replacedName, name)) found.push_back(entry->path());
     }
     for (const fs::path& path : found) {
         const std::string leftOver = path.filename().string();
@@ -204,9 +213,4 @@ void FileCopy::clearUnfinished(const fs::path& folder)
             leftOver.starts_with(replacedName) && !fs::exists(fs::symlink_status(target, code));
         isOnlyOne ? fs::rename(path, target, code) : static_cast<void>(fs::remove_all(path, code));
     }
-}
-
-bool FileCopy::isUnfinished(const std::string& name)
-{
-    return name.starts_with(uploadName);
 }

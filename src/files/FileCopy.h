@@ -29,14 +29,11 @@ void writeFile(const std::string& content, const std::filesystem::path& to);
 /// Throws Error for a link in it that leads out of it or back to a folder that holds the link.
 void copyFolder(const std::filesystem::path& from, const std::filesystem::path& to);
 
-/// Whether a name is that of a copy which is being made for a record, or which was not finished.
+/// Whether a name is that of a copy which is being made for a record, or which a killed program left.
 bool isUnfinished(const std::filesystem::path& name);
 
 /// Removes from a folder what unfinished copies left there when the program was killed. An old folder that
 /// was about to be replaced is restored. Never fails, and touches only copies named after records.
 void clearUnfinished(const std::filesystem::path& folder);
-
-/// Whether a file or folder of that name is a copy that is being made, or that a killed program left.
-bool isUnfinished(const std::string& name);
 
 } // namespace FileCopy

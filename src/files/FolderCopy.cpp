@@ -4,7 +4,6 @@
 
 #include "files/FilesTexts.h"
 
-#include <QFile>
 #include <QLocale>
 
 #include <algorithm>
@@ -12,7 +11,7 @@
 namespace fs = std::filesystem;
 
 FolderCopy::FolderCopy(const FolderList& list, const QString& target)
-    : m_list(list), m_target(QFile::encodeName(target).toStdString())
+    : m_list(list), m_target(FileBlocks::pathOf(target))
 {
 }
 

@@ -2,6 +2,7 @@
 
 #include "files/FolderNames.h"
 
+#include "files/FileBlocks.h"
 #include "files/LinkTarget.h"
 
 #include <QFile>
@@ -12,7 +13,7 @@
 FolderNames::FolderNames(const QString& folder)
 {
     std::error_code failed;
-    const std::filesystem::path path(QFile::encodeName(folder).toStdString());
+    const std::filesystem::path path = FileBlocks::pathOf(folder);
     for (std::filesystem::directory_iterator entry(path, failed), end; !failed && entry != end;
          entry.increment(failed)) {
         if (entry->is_directory(failed)) continue;

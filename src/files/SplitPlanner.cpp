@@ -5,6 +5,7 @@
 #include "data/DatabaseSession.h"
 #include "files/CollectionNames.h"
 #include "files/DatabaseFile.h"
+#include "files/FileBlocks.h"
 #include "files/FilesTexts.h"
 #include "files/LinkTarget.h"
 #include "files/ProgramFolder.h"
@@ -15,7 +16,6 @@
 
 #include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
 
@@ -153,9 +153,7 @@ private:
     void addFile(std::vector<SharedFile>& files, const QFileInfo& file,
                  const std::vector<std::size_t>& sharers) const
     {
-        const auto pathOf = [](const QString& path) {
-            return std::filesystem::path(QFile::encodeName(path).toStdString());
-        };
+        using FileBlocks::pathOf;
         if (!file.isFile()) return;
         if (file.isSymLink() && !LinkTarget::liesIn(pathOf(m_folder), pathOf(file.filePath()))) return;
         files.push_back(

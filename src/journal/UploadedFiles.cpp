@@ -9,8 +9,6 @@
 #include "journal/Snapshot.h"
 #include "util/Sha256.h"
 
-#include <QFile>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -34,7 +32,7 @@ std::vector<HeldRow> UploadedFiles::rowsOf(const QString& documentsFolder, const
 {
     std::vector<HeldRow> rows;
     for (const QString& name : names) {
-        const std::filesystem::path file(QFile::encodeName(QString(documentsFolder + name)).toStdString());
+        const std::filesystem::path file = FileBlocks::pathOf(documentsFolder + name);
         rows.push_back({{u"Folder"_s, u"documents"_s},
                         {u"Name"_s, name},
                         {u"Hash"_s, QString::fromLatin1(hashOf(file).toHex())}});

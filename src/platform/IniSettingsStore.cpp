@@ -26,18 +26,29 @@ constexpr int lockPatienceMilliseconds = 1000;
 
 using Values = QMap<QString, QVariant>;
 
+/// Whether the text of a file of settings sets any.
+bool holdsValues(const QByteArray& text)
+{
+    const QList<QByteArray> lines = text.split('\n');
+    return std::any_of(lines.begin(), lines.end(), [](const QByteArray& line) {
+        return line.contains('=') && !line.trimmed().startsWith(';');
+    });
+}
+
 /// All that a file holds; std::nullopt if it cannot be read.
 std::optional<Values> valuesIn(const QString& file)
 {
     // to Qt, a file of which the system tells nothing holds nothing
     QFile content(file);
     if (!content.open(QIODevice::ReadOnly) && QFile::exists(file)) return std::nullopt;
-    const bool isEmpty = !content.isOpen() || content.size() == 0;
+    const bool isEmpty = !content.isOpen() || !holdsValues(content.readAll());
+    if (content.error() != QFileDevice::NoError && content.isOpen()) return std::nullopt;
     const QSettings settings(file, format);
     Values values;
     for (const QString& key : settings.allKeys())
         values.insert(key, settings.value(key));
-    if (settings.status() != QSettings::NoError || (values.isEmpty() && !isEmpty)) return std::nullopt;
+    // what Qt does not understand it has always left out
+    if (settings.status() == QSettings::AccessError || (values.isEmpty() && !isEmpty)) return std::nullopt;
     return values;
 }
 #endif
@@ -51,6 +62,8 @@ IniSettingsStore::IniSettingsStore()
 
 QString IniSettingsStore::value(const QString& path) const
 {
+    const auto unwritten = m_unwritten.constFind(path);
+    if (unwritten != m_unwritten.constEnd()) return *unwritten;
     // another window, a process of its own, may have written meanwhile
     m_settings.sync();
     return m_settings.value(path).toString();
@@ -58,21 +71,23 @@ QString IniSettingsStore::value(const QString& path) const
 
 void IniSettingsStore::setValue(const QString& path, const QString& value)
 {
-    m_unwritten = write(path, value) ? QString() : m_settings.fileName();
+    m_unwritten.insert(path, value);
+    if (write(m_unwritten)) m_unwritten.clear();
     m_settings.sync();
 }
 
 QString IniSettingsStore::hindrance() const
 {
     if (m_unwritten.isEmpty()) return {};
-    return PlatformTexts::tr("The settings cannot be written. (%1)").arg(m_unwritten);
+    return PlatformTexts::tr("The settings cannot be written. (%1)").arg(m_settings.fileName());
 }
 
 #ifdef Q_OS_WIN
 
-bool IniSettingsStore::write(const QString& path, const QString& value)
+bool IniSettingsStore::write(const QMap<QString, QString>& changes)
 {
-    m_settings.setValue(path, value);
+    for (auto each = changes.constBegin(); each != changes.constEnd(); ++each)
+        m_settings.setValue(each.key(), each.value());
     m_settings.sync();
     return m_settings.status() == QSettings::NoError;
 }
@@ -81,7 +96,7 @@ bool IniSettingsStore::write(const QString& path, const QString& value)
 
 /// Writes the settings anew under another name, and gives them theirs once they can be read there: if the
 /// system cannot take them, Qt would put what it took in place of the old ones.
-bool IniSettingsStore::write(const QString& path, const QString& value)
+bool IniSettingsStore::write(const QMap<QString, QString>& changes)
 {
     const QString canonical = QFileInfo(m_settings.fileName()).canonicalFilePath(); // the file may be a link
     const QString file = canonical.isEmpty() ? m_settings.fileName() : canonical;
@@ -90,7 +105,8 @@ bool IniSettingsStore::write(const QString& path, const QString& value)
     if (!lock.tryLock(lockPatienceMilliseconds)) return false;
     std::optional<Values> values = valuesIn(file);
     if (!values) return false;
-    values->insert(path, value);
+    for (auto each = changes.constBegin(); each != changes.constEnd(); ++each)
+        values->insert(each.key(), each.value());
 
     const QString written = file + QStringLiteral(".new");
     // Qt remembers what it wrote under a name, and would not look

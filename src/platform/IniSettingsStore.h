@@ -5,6 +5,7 @@
 #include "platform/SettingsStore.h"
 
 #include <QDateTime>
+#include <QMap>
 #include <QSettings>
 
 /// The settings of this user, with those of the whole system behind them.
@@ -18,11 +19,11 @@ public:
     [[nodiscard]] QString hindrance() const override;
 
 private:
-    bool write(const QString& path, const QString& value);
+    bool write(const QMap<QString, QString>& changes);
     bool replace(const QString& file, const QString& by);
 
-    mutable QSettings m_settings; ///< reading brings it up to date with the file
-    QString m_unwritten;          ///< the file, if the last value could not be written
+    mutable QSettings m_settings;       ///< reading brings it up to date with the file
+    QMap<QString, QString> m_unwritten; ///< what could not be written yet
     QDateTime m_written = QDateTime::fromMSecsSinceEpoch(0, Qt::UTC); ///< when it was written last
     int m_writes = 0;
 };

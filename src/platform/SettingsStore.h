@@ -14,7 +14,7 @@ public:
     [[nodiscard]] virtual QString value(const QString& path) const = 0;
     virtual void setValue(const QString& path, const QString& value) = 0;
 
-    /// Why the last value could not be kept beyond this run, in a sentence for the user; empty if it was.
+    /// Why values could not be kept beyond this run, in a sentence for the user; empty if all were.
     [[nodiscard]] virtual QString hindrance() const { return {}; }
 
 protected:

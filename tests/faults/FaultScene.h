@@ -17,7 +17,8 @@
 ///
 /// However it ends, all that it writes is there or nothing of it; if it says that all is well, all is there.
 /// An error names a file. Then it is done once more in the same process, without a fault, and works. Nothing
-/// else is left; what the program was not allowed to take away goes with the next start.
+/// else is left; what the program was not allowed to take away goes with the next start, or, in a folder
+/// `temporary`, with that of the system.
 class FaultScene
 {
 public:
@@ -86,7 +87,7 @@ private:
     [[nodiscard]] QString faultOf(const Outcome& outcome) const;
     [[nodiscard]] QString faultOfRetry(const Outcome& outcome) const;
     [[nodiscard]] bool isMixed(const Content& is) const;
-    [[nodiscard]] Content contentHere() const { return contentOf(m_folder); }
+    [[nodiscard]] Content contentHere() const;
 
     QTemporaryDir m_place;
     QString m_folder;   ///< in which the act is done

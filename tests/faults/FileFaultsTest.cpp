@@ -49,7 +49,7 @@ protected:
     }
 };
 
-/// A backup takes the place of an older one.
+/// A backup takes the place of an older one. Its copy of the database lies in the folder too.
 class BackupScene final : public CollectionScene
 {
 public:
@@ -61,12 +61,16 @@ protected:
         CollectionScene::prepare(folder);
         backUp(folder, archiveIn(folder));
         writeFile(folder + u"/Rivers/data/documents/2.pdf"_s, "a longer report");
+        QDir().mkpath(temporaryIn(folder));
     }
 
     Act begin(const QString& folder) override
     {
+        qputenv("TMPDIR", QFile::encodeName(temporaryIn(folder)));
         return [folder] { backUp(folder, archiveIn(folder)); };
     }
+
+    static QString temporaryIn(const QString& folder) { return folder + u"/temporary"_s; }
 
     static QString archiveIn(const QString& folder) { return folder + u"/Rivers.zip"_s; }
 };

@@ -29,6 +29,9 @@ struct Fault
     int at = 0;
 };
 
+/// Whether the kernel, and what the process runs in, can let it watch its calls.
+[[nodiscard]] bool canBeWatched();
+
 /// Watches the calls of this process, and of those that it forks, for the rest of its life; it can start no
 /// other program then. Throws std::runtime_error if the kernel does not allow that.
 void watch(const std::string& folder);
@@ -37,13 +40,10 @@ void watch(const std::string& folder);
 void begin(const Fault& fault);
 void end();
 
-/// The calls counted since the last beginning.
-[[nodiscard]] int count();
-
 /// The call that failed, such as `unlink /folder/file`; empty if none did.
 [[nodiscard]] std::string failed();
 
-/// For each call counted, a number that stands for its name and its path.
+/// For each call counted since the last beginning, a number that stands for its name and its path.
 [[nodiscard]] std::vector<quint64> kinds();
 
 } // namespace SystemCalls
