@@ -20,6 +20,7 @@ namespace {
 constexpr std::size_t headerSize = 100;
 constexpr std::size_t leafHeader = 8;
 constexpr std::size_t interiorHeader = 12;
+constexpr std::size_t mostColumns = 32767; ///< that SQLite can be made to take
 
 std::uint64_t number(const std::string& bytes, std::size_t at, std::size_t length)
 {
@@ -178,11 +179,11 @@ std::optional<DatabasePages::Payload> DatabasePages::payload(const std::string& 
     auto next = static_cast<std::uint32_t>(number(page, at + local, 4));
     std::string other;
     while (content.bytes.size() < size) {
-        if (next == 1 || !load(next, other)) {
+        // a page that belongs to the row, or to another one, already may lead round and round
+        if (next == 1 || !load(next, other) || !found.continuations.insert(next).second) {
             content.isCut = true;
             break;
         }
-        found.continuations.push_back(next);
         const std::size_t part =
             std::min<std::size_t>(m_usable - 4, static_cast<std::size_t>(size) - content.bytes.size());
         content.bytes.append(other, 4, part);
@@ -203,6 +204,7 @@ std::optional<DatabasePages::Row> DatabasePages::record(const Payload& payload) 
     while (at < *size) {
         const auto type = variable(bytes, at);
         if (!type || at > *size || *type == 10 || *type == 11) return std::nullopt;
+        if (row.cells.size() == mostColumns) return std::nullopt;
         const std::size_t length = lengthOf(*type);
         if (length > bytes.size() || value + length > bytes.size()) {
             if (!payload.isCut) return std::nullopt;

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <fstream>
 #include <optional>
+#include <set>
 #include <string>
 #include <variant>
 #include <vector>
@@ -47,9 +48,9 @@ public:
     {
         Kind kind = Kind::Other;
         std::vector<Row> rows;
-        std::vector<std::uint32_t> children;      ///< of an interior page, in order
-        std::vector<std::uint32_t> continuations; ///< the pages that its long rows go on in
-        int lost = 0;                             ///< rows that could not be read
+        std::vector<std::uint32_t> children;   ///< of an interior page, in order
+        std::set<std::uint32_t> continuations; ///< the pages that its long rows go on in
+        int lost = 0;                          ///< rows that could not be read
     };
 
     /// Throws Error if the file cannot be opened or if its first page is not that of a database.

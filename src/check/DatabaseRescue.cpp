@@ -31,6 +31,14 @@ char affinityOf(const std::string& declared)
     return '?';
 }
 
+/// Has SQLite read the description of the tables also if the file is shorter than its header says. The first
+/// attempt fails if a table begins beyond the end of the file, but the ones after it know all tables.
+void readAlsoIfCut(SQLite::Database& database)
+{
+    database.exec("PRAGMA writable_schema = ON");
+    static_cast<void>(database.tryExec("SELECT 1 FROM sqlite_master"));
+}
+
 } // namespace
 
 DatabaseRescue::DatabaseRescue(const QString& database, QString target)
@@ -79,6 +87,7 @@ void DatabaseRescue::open()
     try {
         m_reading =
             std::make_unique<SQLite::Database>(QFile::encodeName(path).toStdString(), SQLite::OPEN_READONLY);
+        readAlsoIfCut(*m_reading);
         m_reading->exec("BEGIN");
         m_database = std::make_unique<SQLite::Database>(QFile::encodeName(m_target).toStdString(),
                                                         SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
@@ -207,8 +216,8 @@ bool DatabaseRescue::walkTable()
 void DatabaseRescue::take(Source& table, const DatabasePages::Page& page)
 {
     table.table.damagedRows += page.lost;
-    for (const std::uint32_t each : page.continuations)
-        static_cast<void>(claim(each));
+    // they are not claimed: a damaged row may lead to pages that are those of other rows
+    m_read += static_cast<qint64>(page.continuations.size());
     for (const DatabasePages::Row& row : page.rows) {
         if (!fits(table, row) || !insert(table, row)) {
             ++table.table.damagedRows;
@@ -337,7 +346,8 @@ QString DatabaseRescue::text() const
     if (m_stage == Stage::Preparing) return CheckTexts::tr("Opening the database …");
     if (m_stage == Stage::Finishing) return CheckTexts::tr("Making the indexes …");
     return CheckTexts::tr("Reading the pages of the database (%1 of %2) …")
-        .arg(QLocale().toString(m_read), QLocale().toString(m_pages->count()));
+        .arg(QLocale().toString(std::min<qint64>(m_read, m_pages->count())),
+             QLocale().toString(m_pages->count()));
 }
 
 std::optional<int> DatabaseRescue::percent() const

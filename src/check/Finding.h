@@ -55,8 +55,12 @@ struct CheckResult
     CheckTopic topic;
     bool isDone = false;
     std::vector<Finding> findings = {};
+    int more = 0;           ///< findings beyond those, which were only counted
     QString hindrance = {}; ///< why the check could not be made to its end; empty if it could
     QString remark = {};    ///< what the user should know although it is no fault; mostly empty
+
+    /// The number of all findings.
+    [[nodiscard]] int count() const { return static_cast<int>(findings.size()) + more; }
 };
 
 /// The name of a check for programs, such as `missing-files`; does not depend on the language.

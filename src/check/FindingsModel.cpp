@@ -81,7 +81,7 @@ std::size_t FindingsModel::count() const
 {
     std::size_t count = 0;
     for (const Check& check : m_checks)
-        count += check.result.findings.size();
+        count += static_cast<std::size_t>(check.result.count());
     return count;
 }
 
@@ -135,7 +135,7 @@ QString FindingsModel::stateText(const Check& check)
     case State::Made:
         break;
     }
-    const auto count = static_cast<int>(check.result.findings.size());
+    const int count = check.result.count();
     if (!check.result.hindrance.isEmpty()) {
         return count == 0   ? tr("Could not be made")
                : count == 1 ? tr("1 finding, not finished")

@@ -6,6 +6,8 @@
 #include "check/CheckedDatabase.h"
 #include "check/FolderEntries.h"
 #include "check/NamedRows.h"
+#include "data/HeldRows.h"
+#include "files/DistributionDiscs.h"
 #include "journal/UploadedFiles.h"
 #include "util/Error.h"
 #include "util/ReadableLine.h"
@@ -26,6 +28,17 @@ bool MissingFilesCheck::step()
     return !m_search->isDone();
 }
 
+/// The label of the disc that a file is on if it is on one.
+QString MissingFilesCheck::discOf(const MissingFile& missing)
+{
+    const auto rows =
+        HeldRows(m_database.session())
+            .read(u"SELECT FileTypeID FROM Document WHERE DocumentID = ?"_s, {missing.identifier});
+    const bool isPhoto = missing.kind == RecordKind::Document && !rows.empty() &&
+                         wholeNumberOf(rows.front(), u"FileTypeID") == DistributionDiscs::photoFileType;
+    return QStringView(isPhoto ? DistributionDiscs::photosLabel : DistributionDiscs::dataLabel).toString();
+}
+
 void MissingFilesCheck::tell(const MissingFile& missing)
 {
     if (isFull()) return add({});
@@ -39,17 +52,18 @@ void MissingFilesCheck::tell(const MissingFile& missing)
         return;
     }
     const bool isDocument = missing.kind == RecordKind::Document;
-    Finding finding{isDocument ? CheckTexts::tr("%1 names the file %2, which is not in the folder documents.")
-                                     .arg(record, missing.name)
-                               : CheckTexts::tr("%1 has the chart %2, which is not in the folder orgcharts.")
-                                     .arg(record, missing.name),
-                    Finding::Step::ShowRecord, shown,
+    const QString sentence =
+        isDocument ? CheckTexts::tr("%1 names the file %2, which is not in the folder documents.")
+                   : CheckTexts::tr("%1 has the chart %2, which is not in the folder orgcharts.");
+    Finding finding{sentence.arg(record, readableLine(missing.name)), Finding::Step::ShowRecord, shown,
                     (isDocument ? u"documents/"_s : u"orgcharts/"_s) + missing.name};
     try {
         const auto hash = UploadedFiles::hashOf(session, missing.kind, missing.identifier, finding.file);
         if (hash) {
             finding.sha256 = *hash;
             finding.step = Finding::Step::FindFile;
+        } else {
+            finding.text += u' ' + CheckTexts::tr("It may be on the disc %1.").arg(discOf(missing));
         }
     } catch (const Error& error) {
         hinder(error);

@@ -25,6 +25,7 @@ public:
 
 private:
     void tell(const MissingFile& missing);
+    [[nodiscard]] QString discOf(const MissingFile& missing);
 
     CheckedDatabase& m_database;
     ProgramFolder m_folder;

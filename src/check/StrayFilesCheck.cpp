@@ -40,6 +40,13 @@ const std::array<Folder, 3>& folders()
     return all;
 }
 
+/// Whether the desktop of some system made the file by itself to note how it shows the folder.
+bool isOfDesktop(const QString& name)
+{
+    static const QStringList names{u".DS_Store"_s, u".directory"_s, u"Thumbs.db"_s, u"desktop.ini"_s};
+    return name.startsWith(u"._"_s) || names.contains(name, Qt::CaseInsensitive);
+}
+
 } // namespace
 
 bool StrayFilesCheck::step()
@@ -97,7 +104,8 @@ bool StrayFilesCheck::isNamed(const FolderEntries::Entry& entry) const
 
 void StrayFilesCheck::look(const FolderEntries::Entry& entry)
 {
-    if (isNamed(entry) || FileCopy::isUnfinished(QFile::encodeName(entry.name).toStdString())) return;
+    if (isNamed(entry) || (!entry.isFolder && isOfDesktop(entry.name))) return;
+    if (FileCopy::isUnfinished(QFile::encodeName(entry.name).toStdString())) return;
     const QString file = folders()[static_cast<std::size_t>(m_folders - 1)].prefix + entry.name;
     add({entry.isFolder ? CheckTexts::tr("The folder %1 belongs to no record.").arg(file)
                         : CheckTexts::tr("The file %1 belongs to no record.").arg(file),

@@ -5,6 +5,8 @@
 #include "check/CheckTexts.h"
 #include "util/Error.h"
 
+#include <QLocale>
+
 namespace {
 
 constexpr std::size_t mostTold = 1000;
@@ -18,15 +20,20 @@ void TopicCheck::hinder(const Error& reason)
 
 void TopicCheck::finish()
 {
-    if (m_untold > 0) m_result.findings.push_back({CheckTexts::tr("There are %n more.", nullptr, m_untold)});
-    m_untold = 0;
+    if (m_result.more > 0) {
+        const QLocale locale;
+        if (!m_result.remark.isEmpty()) m_result.remark += u' ';
+        m_result.remark +=
+            CheckTexts::tr("Only the first %1 of %2 findings are listed.")
+                .arg(locale.toString(m_result.findings.size()), locale.toString(m_result.count()));
+    }
     m_result.isDone = true;
 }
 
 void TopicCheck::add(Finding finding)
 {
     if (isFull())
-        ++m_untold;
+        ++m_result.more;
     else
         m_result.findings.push_back(std::move(finding));
 }

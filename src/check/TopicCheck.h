@@ -26,7 +26,7 @@ public:
     /// Notes why a part of the check could not be made. Of several reasons, the first is told.
     void hinder(const Error& reason);
 
-    /// Ends the check, and says how many findings there are beside those that are told one by one.
+    /// Ends the check. If some findings were only counted, the remark says so.
     void finish();
 
     [[nodiscard]] const CheckResult& result() const { return m_result; }
@@ -42,5 +42,4 @@ protected:
 
 private:
     CheckResult m_result;
-    int m_untold = 0;
 };

@@ -28,6 +28,7 @@ struct DistributionDiscs
     static constexpr auto filesFolder = u"OrvikDB"; ///< holds the program's files on both
     static constexpr auto dataLabel = u"Orvik";
     static constexpr auto photosLabel = u"Orvik_Photos";
+    static constexpr qint64 photoFileType = 6; ///< whose documents are on the disc with the pictures
 
     std::optional<QString> data; ///< where the data disc is, as a path of the machine without `/` at its end
     std::optional<QString> photos; ///< the same for the disc with the pictures

@@ -15,7 +15,6 @@ namespace {
 
 constexpr auto readerFolder = u"\\data\\viewers\\Acrobat5\\Windows\\Reader\\";
 constexpr auto readerName = u"AcroRd32.exe";
-constexpr int photoFileType = 6;
 
 QString text(QStringView view)
 {
@@ -69,7 +68,7 @@ QString FileOpener::openDoc(const QString& fileName, const QString& iconKey) con
     const QString path = m_at.folder.machinePath(m_at.documents) + fileName;
     if (!ProgramFolder::isPlainName(fileName)) return notFound(path);
     if (iconKey.endsWith(QStringLiteral("cd"))) {
-        const Disc disc = fileType(iconKey) == photoFileType ? Disc::Photos : Disc::Data;
+        const Disc disc = fileType(iconKey) == DistributionDiscs::photoFileType ? Disc::Photos : Disc::Data;
         return openOnDisc(disc, m_at.documents, {fileName});
     }
     const auto file = m_at.folder.find(m_at.documents, fileName);

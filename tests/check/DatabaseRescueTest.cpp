@@ -148,6 +148,53 @@ TEST(DatabaseRescue, TakesFromIndexesWhatTheyKnow)
               u"0"_s);
 }
 
+TEST(DatabaseRescue, ReadsAllThatIsThereOfACutFile)
+{
+    CheckedCollection collection;
+    fill(collection);
+    // begins beyond the cut, as what an upgrade adds
+    collection.run(u"CREATE TABLE Former AS SELECT * FROM Event; CREATE TABLE Later (A)"_s);
+    const QByteArray sound = contentOf(collection.database());
+    const std::set<QString> all = rowsOfAll(collection.database());
+    const QString rescued = collection.folder() + u"/rescued.sqlite"_s;
+    const qsizetype pages = sound.size() / pageSize;
+    const qsizetype length = sound.size() * 6 / 10;
+    writeFile(collection.database(), sound.first(length));
+    EXPECT_GT(rescue(collection.database(), rescued).size(), 1);
+    const std::set<QString> found = rowsOfAll(rescued);
+    int cut = 0;
+    for (qsizetype page = length / pageSize; page < pages; ++page)
+        cut += std::max(1, rowsOn(sound, page));
+    int lost = 0;
+    for (const QString& row : all)
+        lost += found.contains(row) ? 0 : 1;
+    EXPECT_LE(lost, cut);
+    EXPECT_EQ(TestDatabase::answer(rescued, u"PRAGMA integrity_check"_s), u"ok"_s);
+}
+
+/// A row that goes on in the first page of another table costs that table nothing.
+TEST(DatabaseRescue, KeepsTheRowsOfAPageThatADamagedRowLeadsTo)
+{
+    CheckedCollection collection;
+    fill(collection);
+    QByteArray content = contentOf(collection.database());
+    const int root = TestDatabase::answer(collection.database(),
+                                          u"SELECT rootpage FROM sqlite_master WHERE name = 'Event'"_s)
+                         .toInt();
+    for (qsizetype page = 1; page < content.size() / pageSize; ++page) {
+        const qsizetype text = content.lastIndexOf("        ", (page + 1) * pageSize - 12);
+        if (rowsOn(content, page) == 0 || text < page * pageSize) continue;
+        const qsizetype pointer = text + 8;
+        for (int i = 0; i < 4; ++i)
+            content[pointer + i] = static_cast<char>(root >> (24 - 8 * i));
+    }
+    writeFile(collection.database(), content);
+    const QString rescued = collection.folder() + u"/rescued.sqlite"_s;
+    const QStringList lines = rescue(collection.database(), rescued);
+    ASSERT_EQ(lines.size(), 2) << lines.join(u'\n').toStdString();
+    EXPECT_THAT(lines.back().toStdString(), HasSubstr("The table Document is damaged"));
+}
+
 TEST(DatabaseRescue, RefusesWhatCannotBeUnderstood)
 {
     CheckedCollection collection;

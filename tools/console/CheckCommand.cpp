@@ -61,6 +61,7 @@ void writeJson(const QString& database, const CollectionCheck& check, Output& ou
         json.member(u"done", result.isDone && result.hindrance.isEmpty());
         if (!result.hindrance.isEmpty()) json.member(u"hindrance", result.hindrance);
         if (!result.remark.isEmpty()) json.member(u"remark", result.remark);
+        json.member(u"count", result.count());
         json.name(u"findings");
         json.beginArray();
         for (const Finding& finding : result.findings)
@@ -75,9 +76,10 @@ void writeJson(const QString& database, const CollectionCheck& check, Output& ou
 
 QString summaryOf(const CheckResult& result)
 {
-    if (!result.hindrance.isEmpty()) return u"not checked: "_s + result.hindrance;
-    const std::size_t count = result.findings.size();
-    return count == 0 ? u"nothing found"_s : count == 1 ? u"1 finding"_s : u"%1 findings"_s.arg(count);
+    const int count = result.count();
+    const QString found = count == 1 ? u"1 finding"_s : u"%1 findings"_s.arg(count);
+    if (result.hindrance.isEmpty()) return count == 0 ? u"nothing found"_s : found;
+    return (count == 0 ? u"not checked: "_s : found + u", not finished: "_s) + result.hindrance;
 }
 
 void writeText(const CollectionCheck& check, Output& output)
