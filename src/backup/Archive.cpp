@@ -47,7 +47,8 @@ bool isOfSystem(int number)
 [[noreturn]] void failReading(int number, const QString& file)
 {
     if (isOfSystem(number)) failBySystem(number, file);
-    fail(EILSEQ, BackupTexts::tr("The archive is damaged, or this file is none."), file);
+    fail(EILSEQ, BackupTexts::tr("The archive is damaged, or this file is no .zip or .tar.zst archive."),
+         file);
 }
 
 [[noreturn]] void failWriting(archive* failed, const QString& file)
@@ -252,6 +253,8 @@ std::optional<ArchiveReader::Entry> ArchiveReader::next()
     const int result = archive_read_next_header(m_archive, &entry);
     if (result == ARCHIVE_EOF) return std::nullopt;
     require(result);
+    if (archive_entry_is_encrypted(entry) != 0)
+        fail(EILSEQ, BackupTexts::tr("The archive is encrypted and cannot be read."), m_file);
     Entry found;
     found.name = QString::fromUtf8(archive_entry_pathname_utf8(entry));
     const bool isLink = archive_entry_hardlink(entry) != nullptr || archive_entry_symlink(entry) != nullptr;

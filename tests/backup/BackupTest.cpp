@@ -333,6 +333,7 @@ TEST_F(Backup, AHostileArchiveReachesNothingOutside)
          "too long"},
         {"z.writestr('Rivers/data/documents/9.pdf', bytes(300 * 1024 * 1024), zipfile.ZIP_DEFLATED)",
          "far more"},
+        {"z.fp.seek(6); flags = z.fp.read(1)[0]; z.fp.seek(6); z.fp.write(bytes([flags | 1]))", "encrypted"},
     };
     const QString archive = path(u"rivers.zip"_s);
     backUp(archive);

@@ -251,6 +251,13 @@ void GuidePictures::showCheck()
         "frmCheck", [this] { trigger("mnuCheckCollection"); },
         [this](QWidget& check) {
             check.resize(historySize);
+            auto& checks = part<QTreeView>(check, "tvwChecks");
+            const QAbstractItemModel& model = *checks.model();
+            // a finding of the sample, so that the button tells what can be done about it
+            const QModelIndexList found =
+                model.match(model.index(0, 0), Qt::DisplayRole, QStringLiteral("Turn Around"), 1,
+                            Qt::MatchContains | Qt::MatchRecursive);
+            if (!found.isEmpty()) checks.setCurrentIndex(found.front());
             settle();
             save(check.grab(), "check");
         });
