@@ -167,6 +167,12 @@ std::vector<CheckResult> CollectionCheck::results() const
     return results;
 }
 
+bool CollectionCheck::isUnderWay(std::size_t check) const
+{
+    const bool isCurrent = m_current < m_order.size() && m_order[m_current] == m_checks[check].get();
+    return !m_checks[check]->result().isDone && (isCurrent || check < m_engineChecks.size());
+}
+
 bool CollectionCheck::isSound() const
 {
     return std::all_of(m_checks.begin(), m_checks.end(), [](const auto& check) {

@@ -46,8 +46,11 @@ public:
     /// One for each check that belongs to the scope, those that were not made yet too.
     [[nodiscard]] std::vector<CheckResult> results() const;
 
-    /// How many of these were made.
+    /// How many of these were made, which are not the first ones.
     [[nodiscard]] std::size_t made() const { return m_current; }
+
+    /// Whether one of these is being made. SQLite's own are from the beginning.
+    [[nodiscard]] bool isUnderWay(std::size_t check) const;
 
     /// Whether nothing at all was found and every check was made to its end.
     [[nodiscard]] bool isSound() const;

@@ -55,6 +55,8 @@ bool EngineCheck::step()
         if (m_found.wait_for(patience) != std::future_status::ready) return true;
         for (const QString& text : m_found.get())
             add({text});
+        if (result().topic == CheckTopic::EngineIntegrity && result().count() >= mostFindings)
+            setRemark(CheckTexts::tr("There may be more findings than these."));
         return false;
     });
 }

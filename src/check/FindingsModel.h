@@ -31,6 +31,9 @@ public:
     /// Shows what came of a check.
     void finish(int check, CheckResult result);
 
+    /// Whether it is shown what came of a check.
+    [[nodiscard]] bool isFinished(int check) const { return checkAt(check).state == State::Made; }
+
     /// Shows that the checks that were not made will not be.
     void stop();
 

@@ -178,7 +178,7 @@ void frmCheck::begin(CheckScope scope)
     m_scope = scope;
     m_check = std::make_unique<CollectionCheck>(m_at.database, m_at.folder, scope,
                                                 CollectionCheck::notesOf(m_at.database));
-    m_finished = 0;
+    m_made = 0;
     m_model->setChecks(m_check->results());
     tvwChecks->setCurrentIndex(m_model->index(0, 0));
     m_model->begin(0);
@@ -237,19 +237,20 @@ void frmCheck::goOn()
 /// Shows what came of the checks that were made since this was done last.
 void frmCheck::showFinished()
 {
-    if (m_check->made() == m_finished) return;
+    if (m_check->made() == m_made) return;
+    m_made = m_check->made();
     std::vector<CheckResult> results = m_check->results();
     QString damage;
-    for (; m_finished < m_check->made(); ++m_finished) {
-        CheckResult& result = results[m_finished];
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        CheckResult& result = results[static_cast<std::size_t>(row)];
+        if (m_check->isUnderWay(static_cast<std::size_t>(row))) m_model->begin(row);
+        if (!result.isDone || m_model->isFinished(row)) continue;
         if (result.topic == CheckTopic::EngineIntegrity && !result.findings.empty())
             damage = result.findings.front().text;
         const bool isShort = result.findings.size() <= mostExpanded;
-        const int row = static_cast<int>(m_finished);
         m_model->finish(row, std::move(result));
         if (isShort) tvwChecks->expand(m_model->index(row, 0));
     }
-    if (m_finished < results.size()) m_model->begin(static_cast<int>(m_finished));
     enableButtons();
     if (!damage.isEmpty()) Q_EMIT damageFound(damage);
 }

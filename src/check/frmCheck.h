@@ -75,7 +75,7 @@ private:
     FindingsModel* m_model;
     std::unique_ptr<CollectionCheck> m_check; ///< that is being made
     CheckScope m_scope = CheckScope::Structure;
-    std::size_t m_finished = 0; ///< how many of its checks are shown as made
+    std::size_t m_made = 0; ///< how many of its checks were made when they were shown last
     QTimer m_timer;
     QTreeView* tvwChecks = nullptr;
     QPushButton* cmdStep = nullptr;

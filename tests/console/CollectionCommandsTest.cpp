@@ -78,6 +78,7 @@ TEST_F(CollectionCommands, RefuseWhatWouldReplaceSomething)
         {{u"backup"_s, u"Rivers"_s, u"old.zip"_s}, u"There is a file or a folder of that name already."_s},
         {{u"backup"_s, u"Rivers"_s, u"a.rar"_s},
          u"The name of the archive has to end in .zip or .tar.zst."_s},
+        {{u"backup"_s, u"Rivers"_s, u"far/a.zip"_s}, u"There is no such folder."_s},
         {{u"restore"_s, u"a.zip"_s, u"Old"_s}, u"There is a file or a folder of that name already;"_s},
         {{u"restore"_s, u"a.zip"_s, u"RIVERS"_s}, u"There is a file or a folder of that name already;"_s},
         {{u"restore"_s, u"old.zip"_s, u"New"_s}, {}},

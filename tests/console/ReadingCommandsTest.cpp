@@ -82,6 +82,7 @@ TEST_F(ReadingCommands, PrintWhatPeopleRead)
         {u"list --files Rivers events"_s, 2, {}, u"orvik-tool: list has no option --files"_s},
         {u"search Rivers  "_s, 2, {}, u"orvik-tool: WORDS is empty.\n"_s},
         {u"prune Rivers"_s, 2, {}, u"orvik-tool: There is no command prune; see orvik-tool --help.\n"_s},
+        {u"--json list Rivers events"_s, 2, {}, u"orvik-tool: --json comes after the command; see"_s},
         {u"--quiet"_s, 2, {}, u"orvik-tool: There is no option --quiet; see orvik-tool --help.\n"_s},
     };
     for (const Case& each : cases) {

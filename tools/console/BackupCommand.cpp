@@ -31,6 +31,9 @@ ExitStatus run(const Invocation& called, Output& output)
     if (QFileInfo(archive).exists() || QFileInfo(archive).isSymLink())
         throw Error(EEXIST, u"There is a file or a folder of that name already. (%1)"_s.arg(archive));
 
+    if (const QFileInfo folder(QFileInfo(archive).path()); !folder.isDir())
+        throw Error(ENOENT, u"There is no such folder. (%1)"_s.arg(folder.filePath()));
+
     ConsoleWorks works;
     CollectionBackup backup(database, folderOf(database), archive, QDateTime::currentDateTime());
     if (!works.run(backup)) ConsoleWorks::stop();

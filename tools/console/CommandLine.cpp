@@ -82,6 +82,7 @@ const Command& commandOf(const QString& name)
     const auto found =
         std::find_if(all.begin(), all.end(), [&name](const Command& each) { return each.name == name; });
     if (found == all.end()) {
+        if (name == jsonOption) refuse(u"%1 comes after the command; see orvik-tool --help."_s.arg(name));
         refuse(name.startsWith(u'-') ? u"There is no option %1; see orvik-tool --help."_s.arg(name)
                                      : u"There is no command %1; see orvik-tool --help."_s.arg(name));
     }

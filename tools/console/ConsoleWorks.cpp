@@ -7,6 +7,7 @@
 #include "platform/WorkRate.h"
 #include "util/Error.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -15,6 +16,7 @@
 #ifdef Q_OS_WIN
 #include <io.h>
 #else
+#include <sys/ioctl.h>
 #include <unistd.h>
 #endif
 
@@ -25,7 +27,6 @@ namespace console {
 namespace {
 
 constexpr qint64 pauseBetweenLines = 100; ///< milliseconds
-constexpr qsizetype longestLine = 78;
 
 constexpr std::array signalsThatEnd{SIGINT, SIGTERM,
 #ifdef SIGHUP
@@ -48,6 +49,19 @@ bool isErrorOutputTerminal()
 #else
     return isatty(STDERR_FILENO) != 0;
 #endif
+}
+
+/// How many characters of the terminal's line can be written over: a longer line would go on in the next one
+/// each time. In characters; of no terminal, that of a usual one.
+qsizetype lineLength()
+{
+    constexpr qsizetype usual = 78;
+#ifndef Q_OS_WIN
+    winsize size{};
+    if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 1)
+        return std::min<qsizetype>(usual, size.ws_col - 1);
+#endif
+    return usual;
 }
 
 } // namespace
@@ -100,7 +114,8 @@ void ConsoleWorks::show(const QString& text, std::optional<int> percent)
     if (!m_isTerminal || (m_shown.isValid() && m_shown.elapsed() < pauseBetweenLines)) return;
     m_shown.start();
     const QString share = percent ? u"%1 %  "_s.arg(*percent, 3) : QString();
-    const QString line = Output::printable(share + text).left(longestLine).leftJustified(longestLine);
+    const qsizetype length = lineLength();
+    const QString line = Output::printable(share + text).left(length).leftJustified(length);
     std::fprintf(stderr, "\r%s\r", line.toUtf8().constData());
     std::fflush(stderr);
 }
@@ -109,7 +124,7 @@ void ConsoleWorks::clear()
 {
     if (!m_shown.isValid()) return;
     m_shown.invalidate();
-    std::fprintf(stderr, "\r%*s\r", static_cast<int>(longestLine), "");
+    std::fprintf(stderr, "\r%*s\r", static_cast<int>(lineLength()), "");
     std::fflush(stderr);
 }
 
