@@ -4,6 +4,7 @@
 
 #include "check/CheckedDatabase.h"
 #include "check/DatabasePages.h"
+#include "data/RecordKind.h"
 #include "platform/SteppedWork.h"
 
 #include <QStringList>
@@ -101,6 +102,7 @@ private:
     bool lookForStrays();
     bool walkIndex();
     void finish();
+    void countRecords();
     void take(Source& table, const DatabasePages::Page& page);
     bool insert(Source& table, const DatabasePages::Row& row);
     void complete(Source& table, const Index& index, const DatabasePages::Row& entry);
@@ -121,6 +123,7 @@ private:
     std::size_t m_current = 0;                  ///< the table, then the index
     std::vector<bool> m_claimed;                ///< pages that were read
     std::vector<bool> m_free;
+    std::map<RecordKind, qint64> m_records; ///< that were rescued
     std::uint32_t m_stray = 0;
     qint64 m_read = 0;
 };
