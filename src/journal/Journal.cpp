@@ -42,10 +42,9 @@ void write(DatabaseSession& session, qint64 number, const QDateTime& moment, con
     HeldRows(session).write(
         u"INSERT INTO Journal (Number, Step, Moment, What, Kind, Identifier, Title, Before, After, "
         "Reverses, UndoStep, RedoStep) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
-        {number, step.number, moment.toString(momentForm), Journal::wordOf(entry.action),
-         entry.kind, entry.identifier, entry.title, Snapshots::toJson(entry.before),
-         Snapshots::toJson(entry.after), step.reverses == 0 ? Value() : Value(step.reverses), step.undoStep,
-         step.redoStep});
+        {number, step.number, moment.toString(momentForm), Journal::wordOf(entry.action), entry.kind,
+         entry.identifier, entry.title, Snapshots::toJson(entry.before), Snapshots::toJson(entry.after),
+         step.reverses == 0 ? Value() : Value(step.reverses), step.undoStep, step.redoStep});
 }
 
 } // namespace
