@@ -5,7 +5,6 @@
 #include "check/CheckTexts.h"
 #include "data/EngineError.h"
 #include "data/EngineRules.h"
-#include "data/RecordKind.h"
 #include "util/Error.h"
 
 #include <QFile>
@@ -37,6 +36,26 @@ void readAlsoIfCut(SQLite::Database& database)
 {
     database.exec("PRAGMA writable_schema = ON");
     static_cast<void>(database.tryExec("SELECT 1 FROM sqlite_master"));
+}
+
+QString damageText(const DatabaseRescue::Table& table)
+{
+    QStringList lost;
+    if (table.damagedPages > 0)
+        lost << (table.damagedPages == 1
+                     ? CheckTexts::tr("1 page")
+                     : CheckTexts::tr("%n pages", nullptr, static_cast<int>(table.damagedPages)));
+    if (table.damagedRows > 0)
+        lost << (table.damagedRows == 1
+                     ? CheckTexts::tr("1 row")
+                     : CheckTexts::tr("%n rows", nullptr, static_cast<int>(table.damagedRows)));
+    const QString separator = CheckTexts::tr(" and ");
+    const QString text =
+        CheckTexts::tr("The table %1 is damaged: %2 could not be read. Rows that were rescued: %3.")
+            .arg(table.name, lost.join(separator), QLocale().toString(table.rows));
+    if (table.partly == 0) return text;
+    return text + u' ' +
+           CheckTexts::tr("Of %1 of them only a part is known.").arg(QLocale().toString(table.partly));
 }
 
 } // namespace
@@ -294,9 +313,24 @@ void DatabaseRescue::finish()
         return;
     }
     m_database->exec("COMMIT");
+    countRecords();
     m_database.reset();
     m_reading.reset();
     m_stage = Stage::Done;
+}
+
+/// Counts the records as the lists show them: without the deleted and the reserved ones.
+void DatabaseRescue::countRecords()
+{
+    for (const RecordKind kind : recordKinds) {
+        const std::string table = recordNames(kind).record.toStdString();
+        const std::string status = kind == RecordKind::Document ? "dStatus" : "Status";
+        if (!m_database->tableExists(table)) continue;
+        m_records[kind] = m_database
+                              ->execAndGet("SELECT count(*) FROM " + table + " WHERE " + status +
+                                           " <> 'DELETED' AND " + table + "ID > 1")
+                              .getInt64();
+    }
 }
 
 std::vector<DatabaseRescue::Table> DatabaseRescue::tables() const
@@ -313,27 +347,17 @@ std::vector<DatabaseRescue::Table> DatabaseRescue::tables() const
 QStringList DatabaseRescue::lines() const
 {
     const QLocale locale;
-    std::map<QString, qint64> rows;
-    QStringList damaged;
-    for (const Table& table : tables()) {
-        rows[table.name] = table.rows;
-        if (table.damagedPages == 0 && table.damagedRows == 0) continue;
-        QString line =
-            CheckTexts::tr(
-                "The table %1 is damaged: %2 of its pages, and %3 rows on others, could not be read. "
-                "%4 rows were rescued.")
-                .arg(table.name, locale.toString(table.damagedPages), locale.toString(table.damagedRows),
-                     locale.toString(table.rows));
-        if (table.partly > 0)
-            line += u' ' +
-                    CheckTexts::tr("Of %1 of them only a part is known.").arg(locale.toString(table.partly));
-        damaged << line;
-    }
-    const auto count = [&](RecordKind kind) { return locale.toString(rows[recordNames(kind).record]); };
-    const QString all =
+    const auto count = [&](RecordKind kind) {
+        const auto found = m_records.find(kind);
+        return locale.toString(found == m_records.end() ? 0 : found->second);
+    };
+    QStringList lines{
         CheckTexts::tr("Documents: %1, events: %2, organizations: %3.")
-            .arg(count(RecordKind::Document), count(RecordKind::Event), count(RecordKind::Organization));
-    return QStringList(all) + damaged;
+            .arg(count(RecordKind::Document), count(RecordKind::Event), count(RecordKind::Organization))};
+    for (const Table& table : tables()) {
+        if (table.damagedPages > 0 || table.damagedRows > 0) lines << damageText(table);
+    }
+    return lines;
 }
 
 QString DatabaseRescue::title() const
