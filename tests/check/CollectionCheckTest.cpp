@@ -100,8 +100,7 @@ TEST(CollectionCheck, NamesWhatIsWrong)
          "documents. It may be on the disc Orvik_Photos.\n"},
         {"UPDATE Document SET FileLocation = '../57.pdf' WHERE DocumentID = 57",
          "missing-files: Document \"Levees\" (57) names the file \"../57.pdf\", which cannot be in the "
-         "folder "
-         "documents.\n"},
+         "folder documents.\n"},
         {"INSERT INTO OrganizationProfile (OrganizationProfileID, ChartOption) VALUES (7, 1)",
          "missing-files: Organization \"Board\" (7) has the chart 7.pdf, which is not in the folder "
          "orgcharts. It may be on the disc Orvik.\n"},
