@@ -77,12 +77,21 @@ const Finding* FindingsModel::finding(const QModelIndex& index) const
     return row < 0 ? nullptr : &check.result.findings[static_cast<std::size_t>(row)];
 }
 
-std::size_t FindingsModel::count() const
+QString FindingsModel::outcome() const
 {
-    std::size_t count = 0;
-    for (const Check& check : m_checks)
-        count += static_cast<std::size_t>(check.result.count());
-    return count;
+    int count = 0;
+    int hindered = 0;
+    for (const Check& check : m_checks) {
+        count += check.result.count();
+        hindered += check.result.hindrance.isEmpty() ? 0 : 1;
+    }
+    const QString found = count == 0   ? tr("Nothing was found.")
+                          : count == 1 ? tr("There is 1 finding.")
+                                       : tr("There are %n findings.", nullptr, count);
+    if (hindered == 0) return found;
+    return found + u' ' +
+           (hindered == 1 ? tr("1 check could not be made to its end.")
+                          : tr("%n checks could not be made to their end.", nullptr, hindered));
 }
 
 bool FindingsModel::isSettled(const QModelIndex& index) const

@@ -40,8 +40,8 @@ public:
     /// The finding of a row; null for other rows. Valid until the checks are replaced.
     [[nodiscard]] const Finding* finding(const QModelIndex& index) const;
 
-    /// How many findings there are.
-    [[nodiscard]] std::size_t count() const;
+    /// A sentence that says how many findings there are, and how many checks could not be made.
+    [[nodiscard]] QString outcome() const;
 
     /// Whether something was done about a finding since it was found.
     [[nodiscard]] bool isSettled(const QModelIndex& index) const;

@@ -211,10 +211,7 @@ void frmCheck::end()
     if (cmdStop->hasFocus()) tvwChecks->setFocus();
     m_bar->setMaximum(100);
     m_bar->reset();
-    const auto count = static_cast<int>(m_model->count());
-    lblOutcome->setText(count == 0   ? tr("Nothing was found.")
-                        : count == 1 ? tr("There is 1 finding.")
-                                     : tr("There are %n findings.", nullptr, count));
+    lblOutcome->setText(m_model->outcome());
     enableButtons();
 }
 

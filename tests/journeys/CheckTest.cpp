@@ -9,6 +9,7 @@
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QTest>
@@ -88,6 +89,19 @@ constexpr auto withFaults =
     "\tDocument \"Atlas\" (2) names the file 2.pdf, which is not in the folder documents.\n"
     "Files that no record names: 1 finding\n"
     "\tThe file documents/stray.txt belongs to no record.\n";
+
+TEST_F(Check, SaysThatChecksCouldNotBeMade)
+{
+    journey.start();
+    const QString file = journey.database.fileName();
+    ASSERT_TRUE(QFile::rename(file, file + u".away"_s));
+    journey.inDialog("frmCheck", "mnuCheckCollection", [](OpenDialog& window) {
+        shown(window);
+        EXPECT_EQ(window.find<QLabel>("lblOutcome").text(),
+                  u"Nothing was found. 7 checks could not be made to their end."_s);
+        window.click("cmdClose");
+    });
+}
 
 TEST_F(Check, ShowsWhatItFindsAndTakesTheStepOfEachFinding)
 {

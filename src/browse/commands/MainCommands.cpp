@@ -98,7 +98,7 @@ void MainCommands::makeActions()
             QKeySequence::Open, tr("Opens an Access file or another database"));
     mnuBackUp = add(QStringLiteral("mnuBackUp"), tr("Back &Up…"), QStringLiteral("archive-insert"), {},
                     tr("Writes the database and its files into one archive"));
-    mnuRestore = add(QStringLiteral("mnuRestore"), tr("Res&tore…"), QStringLiteral("archive-extract"), {},
+    mnuRestore = add(QStringLiteral("mnuRestore"), tr("Res&tore…"), QStringLiteral("document-revert"), {},
                      tr("Makes a new collection of a backup"));
     mnuCheckCollection =
         add(QStringLiteral("mnuCheckCollection"), tr("&Check Collection…"), QStringLiteral("kt-check-data"),
