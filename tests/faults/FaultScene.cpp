@@ -216,7 +216,7 @@ FaultScene::Content FaultScene::contentOf(const QString& folder)
 FaultScene::Content FaultScene::contentHere() const
 {
     Content content = contentOf(m_folder);
-    content.removeIf([](const auto& entry) { return entry.key().startsWith(u"temporary/"_s); });
+    content.removeIf([](const auto& entry) { return entry.key().startsWith(u"temporary"_s); });
     return content;
 }
 

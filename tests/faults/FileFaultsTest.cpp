@@ -41,6 +41,14 @@ protected:
 
     static QString databaseIn(const QString& folder) { return folder + u"/Rivers/data/Rivers.sqlite"_s; }
 
+    /// The copy of the database that a backup makes lies in the folder too.
+    static void useTemporaryIn(const QString& folder)
+    {
+        const QString temporary = folder + u"/temporary"_s;
+        QDir().mkpath(temporary);
+        qputenv("TMPDIR", QFile::encodeName(temporary));
+    }
+
     static void backUp(const QString& folder, const QString& archive)
     {
         CollectionBackup work(databaseIn(folder), ProgramFolder(folder + u"/Rivers"_s), archive, someMoment);
@@ -49,7 +57,7 @@ protected:
     }
 };
 
-/// A backup takes the place of an older one. Its copy of the database lies in the folder too.
+/// A backup takes the place of an older one.
 class BackupScene final : public CollectionScene
 {
 public:
@@ -61,16 +69,13 @@ protected:
         CollectionScene::prepare(folder);
         backUp(folder, archiveIn(folder));
         writeFile(folder + u"/Rivers/data/documents/2.pdf"_s, "a longer report");
-        QDir().mkpath(temporaryIn(folder));
     }
 
     Act begin(const QString& folder) override
     {
-        qputenv("TMPDIR", QFile::encodeName(temporaryIn(folder)));
+        useTemporaryIn(folder);
         return [folder] { backUp(folder, archiveIn(folder)); };
     }
-
-    static QString temporaryIn(const QString& folder) { return folder + u"/temporary"_s; }
 
     static QString archiveIn(const QString& folder) { return folder + u"/Rivers.zip"_s; }
 };
@@ -89,6 +94,7 @@ protected:
 
     Act begin(const QString& folder) override
     {
+        useTemporaryIn(folder);
         return [folder] {
             const ProgramFolder collection(folder + u"/Rivers"_s);
             KeptBackups(collection).add(databaseIn(folder), collection, someMoment);
