@@ -312,25 +312,12 @@ void DatabaseRescue::finish()
         m_database->exec(statement);
         return;
     }
+    showRecordsKnownInPart();
     m_database->exec("COMMIT");
     countRecords();
     m_database.reset();
     m_reading.reset();
     m_stage = Stage::Done;
-}
-
-/// Counts the records as the lists show them: without the deleted and the reserved ones.
-void DatabaseRescue::countRecords()
-{
-    for (const RecordKind kind : recordKinds) {
-        const std::string table = recordNames(kind).record.toStdString();
-        const std::string status = kind == RecordKind::Document ? "dStatus" : "Status";
-        if (!m_database->tableExists(table)) continue;
-        m_records[kind] = m_database
-                              ->execAndGet("SELECT count(*) FROM " + table + " WHERE " + status +
-                                           " <> 'DELETED' AND " + table + "ID > 1")
-                              .getInt64();
-    }
 }
 
 std::vector<DatabaseRescue::Table> DatabaseRescue::tables() const

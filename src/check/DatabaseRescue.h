@@ -102,6 +102,7 @@ private:
     bool lookForStrays();
     bool walkIndex();
     void finish();
+    void showRecordsKnownInPart();
     void countRecords();
     void take(Source& table, const DatabasePages::Page& page);
     bool insert(Source& table, const DatabasePages::Row& row);

@@ -23,6 +23,11 @@ void bind(SQLite::Statement& statement, int place, const DatabasePages::Cell& ce
         statement.bind(place);
 }
 
+std::string statusColumn(RecordKind kind)
+{
+    return kind == RecordKind::Document ? "dStatus" : "Status";
+}
+
 } // namespace
 
 std::string DatabaseRescue::quotedName(const std::string& name)
@@ -98,5 +103,38 @@ void DatabaseRescue::complete(Source& table, const Index& index, const DatabaseP
         bind(update, 1, entry.cells[i]);
         update.bind(2, *number);
         update.exec();
+    }
+}
+
+/// A record whose status is lost is shown rather than hidden.
+void DatabaseRescue::showRecordsKnownInPart()
+{
+    for (const RecordKind kind : recordKinds) {
+        const QString record = recordNames(kind).record;
+        for (const Source& source : m_tables) {
+            if (source.table.name != record || source.partly.empty()) continue;
+            const std::string status = statusColumn(kind);
+            SQLite::Statement update(*m_database, "UPDATE " + record.toStdString() + " SET " + status +
+                                                      " = 'ACTIVE' WHERE " + status +
+                                                      " IS NULL AND rowid = ?");
+            for (const std::int64_t number : source.partly) {
+                update.bind(1, number);
+                update.exec();
+                update.reset();
+            }
+        }
+    }
+}
+
+/// Counts the records as the lists show them: without the deleted and the reserved ones.
+void DatabaseRescue::countRecords()
+{
+    for (const RecordKind kind : recordKinds) {
+        const std::string table = recordNames(kind).record.toStdString();
+        if (!m_database->tableExists(table)) continue;
+        m_records[kind] = m_database
+                              ->execAndGet("SELECT count(*) FROM " + table + " WHERE " + statusColumn(kind) +
+                                           " <> 'DELETED' AND " + table + "ID > 1")
+                              .getInt64();
     }
 }

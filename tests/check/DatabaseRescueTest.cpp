@@ -171,6 +171,9 @@ TEST(DatabaseRescue, ReadsAllThatIsThereOfACutFile)
     for (const QString& row : all)
         lost += found.contains(row) ? 0 : 1;
     EXPECT_LE(lost, cut);
+    // the lists show no record without a status
+    EXPECT_EQ(TestDatabase::answer(rescued, u"SELECT count(*) FROM Document WHERE dStatus IS NULL"_s),
+              u"0"_s);
     EXPECT_EQ(TestDatabase::answer(rescued, u"PRAGMA integrity_check"_s), u"ok"_s);
 }
 

@@ -257,8 +257,9 @@ TEST_F(Translation, ReachesEveryTextOfUndoAndTheDeletedRecords)
 
 TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
 {
-    for (const char* word : {"Qt", "Charts", "SQLite", "SQLiteCpp", "Shapefile", "Library", "GLib", "Tools",
-                             "Breeze", "GPL", "LGPL", "or", "later", "MIT"})
+    for (const char* word :
+         {"Qt", "Charts", "SQLite", "SQLiteCpp", "Shapefile", "Library", "GLib", "Tools", "Breeze", "GPL",
+          "LGPL", "or", "later", "MIT", "libarchive", "OpenSSL", "BSD", "Clause", "Apache"})
         pseudo.allow(QString::fromUtf8(word));
     lookAtDialog("frmAbout", "mnuHelpAbout");
     StdREG(journey.desktop.settings)
