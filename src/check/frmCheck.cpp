@@ -10,6 +10,7 @@
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "platform/WorkRunner.h"
+#include "widgets/DialogButtons.h"
 #include "widgets/WindowSize.h"
 
 #include <QClipboard>
@@ -105,11 +106,8 @@ void frmCheck::makeTree()
 QPushButton* frmCheck::makeButton(const char* name, const QString& text, const QString& toolTip,
                                   void (frmCheck::*command)())
 {
-    auto* button = new QPushButton(text, this);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setStatusTip(toolTip);
+    QPushButton* button = DialogButtons::command(*this, name, text, toolTip);
     button->setToolTip(toolTip);
-    button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this, command);
     return button;
 }
@@ -149,21 +147,11 @@ void frmCheck::layOut(QVBoxLayout* buttons)
     auto* progress = new QHBoxLayout;
     progress->addWidget(m_bar, 1);
     progress->addWidget(cmdStop);
-    lblOutcome = new QLabel(this);
-    lblOutcome->setObjectName(QStringLiteral("lblOutcome"));
-    lblOutcome->setTextFormat(Qt::PlainText);
-    lblOutcome->setWordWrap(true);
-    auto* close = new QPushButton(tr("Close"), this);
-    close->setObjectName(QStringLiteral("cmdClose"));
-    close->setAutoDefault(false);
-    connect(close, &QPushButton::clicked, this, &QDialog::accept);
-    auto* bottom = new QHBoxLayout;
-    bottom->addWidget(lblOutcome, 1);
-    bottom->addWidget(close);
+    lblOutcome = DialogButtons::outcome(*this);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(top, 1);
     layout->addLayout(progress);
-    layout->addLayout(bottom);
+    layout->addLayout(DialogButtons::closingRow(*this, *lblOutcome));
 }
 
 void frmCheck::showCheck()
