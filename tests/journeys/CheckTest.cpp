@@ -245,12 +245,11 @@ TEST_F(Damage, BackupAndRescueBecomeCollectionsWithTheFiles)
 {
     damage();
     const QByteArray before = journey.database.bytes();
-    const std::pair<const char*, const char*> cases[] = {
-        {"The backup of 06/15/2005 12:00 was restored into a new collection in the folder ",
-         "Displaying 100 Documents"},
-        {"What could be read was rescued into a new collection in the folder ", "Displaying 97 Documents"}};
+    const char* messagesOf[] = {
+        "The backup of 06/15/2005 12:00 was restored into a new collection in the folder ",
+        "What could be read was rescued into a new collection in the folder "};
     for (int answer = 0; answer < 2; ++answer) {
-        const auto& [message, count] = cases[answer];
+        const char* message = messagesOf[answer];
         SCOPED_TRACE(message);
         journey.program.reset();
         journey.start();
@@ -264,7 +263,8 @@ TEST_F(Damage, BackupAndRescueBecomeCollectionsWithTheFiles)
         EXPECT_NE(opened, file);
         EXPECT_FALSE(journey.program->state().session.isReadOnly());
         journey.trigger("mnuViewDocuments");
-        EXPECT_EQ(journey.statusPanel().toStdString(), count);
+        // those of which only an index knows something are shown too
+        EXPECT_EQ(journey.statusPanel(), u"Displaying 100 Documents"_s);
         EXPECT_EQ(contentOf(QFileInfo(opened).path() + u"/documents/100.pdf"_s), "report");
         EXPECT_TRUE(journey.database.bytes() == before);
     }
