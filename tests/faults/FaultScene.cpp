@@ -26,18 +26,6 @@ using SystemCalls::Effect;
 
 constexpr int mostFaultsShown = 12;
 
-/// Some containers do not let a process watch its calls, or the kernel cannot do it.
-class WatchedCalls final : public testing::Environment
-{
-public:
-    void SetUp() override
-    {
-        if (!SystemCalls::canBeWatched())
-            GTEST_SKIP() << "No system call can be made to fail here: the kernel takes no seccomp filter.";
-    }
-};
-const testing::Environment* const watchedCalls = testing::AddGlobalTestEnvironment(new WatchedCalls);
-
 /// A file system in memory, where a disk would only be slower.
 QString quickPlace()
 {
