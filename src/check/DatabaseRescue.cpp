@@ -50,7 +50,7 @@ QString damageText(const DatabaseRescue::Table& table)
                      ? CheckTexts::tr("1 row")
                      : CheckTexts::tr("%n rows", nullptr, static_cast<int>(table.damagedRows)));
     const QString separator = CheckTexts::tr(" and ");
-    const QString text =
+    QString text =
         CheckTexts::tr("The table %1 is damaged: %2 could not be read. Rows that were rescued: %3.")
             .arg(table.name, lost.join(separator), QLocale().toString(table.rows));
     if (table.partly == 0) return text;
