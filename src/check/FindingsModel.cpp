@@ -85,9 +85,9 @@ QString FindingsModel::outcome() const
         count += check.result.count();
         hindered += check.result.hindrance.isEmpty() ? 0 : 1;
     }
-    const QString found = count == 0   ? tr("Nothing was found.")
-                          : count == 1 ? tr("There is 1 finding.")
-                                       : tr("There are %n findings.", nullptr, count);
+    QString found = count == 0   ? tr("Nothing was found.")
+                    : count == 1 ? tr("There is 1 finding.")
+                                 : tr("There are %n findings.", nullptr, count);
     if (hindered == 0) return found;
     return found + u' ' +
            (hindered == 1 ? tr("1 check could not be made to its end.")
