@@ -24,18 +24,18 @@ constexpr qint64 fewRecords = 10;
 /// A backup that nobody asked for tells why it is made. Of a damaged database none is made: it would push out
 /// one from before the damage. To find that out takes SQLite one statement, which of a large database takes
 /// seconds and so runs in a thread of its own.
-class UnaskedBackup final : public SteppedWork
+class UnaskedBackup final : public WrappedWork
 {
 public:
     /// The backup must outlive it.
     UnaskedBackup(SteppedWork& backup, QString database, QString remark)
-        : m_backup(backup), m_database(std::move(database)), m_remark(std::move(remark))
+        : WrappedWork(backup), m_database(std::move(database)), m_remark(std::move(remark))
     {
     }
 
     bool step() override
     {
-        if (m_isSound) return m_backup.step();
+        if (m_isSound) return WrappedWork::step();
         if (!m_check.valid()) m_check = std::async(std::launch::async, &isSound, m_database);
         if (isChecking()) return true;
         m_isSound = m_check.get();
@@ -44,15 +44,12 @@ public:
                     BackupTexts::tr("The database is damaged. Navigate, Check Collection… tells "
                                     "what can be done."));
     }
-    bool undoStep() override { return isChecking() || m_backup.undoStep(); }
-    [[nodiscard]] QString title() const override { return m_backup.title(); }
+    bool undoStep() override { return isChecking() || WrappedWork::undoStep(); }
     [[nodiscard]] QString remark() const override { return m_remark; }
     [[nodiscard]] QString text() const override
     {
-        return m_isSound ? m_backup.text() : BackupTexts::tr("Checking the database …");
+        return m_isSound ? WrappedWork::text() : BackupTexts::tr("Checking the database …");
     }
-    [[nodiscard]] std::optional<int> percent() const override { return m_backup.percent(); }
-    [[nodiscard]] std::optional<WorkBytes> bytes() const override { return m_backup.bytes(); }
 
 private:
     /// Whether the check is still under way after a moment.
@@ -62,7 +59,6 @@ private:
         return m_check.valid() && m_check.wait_for(moment) != std::future_status::ready;
     }
 
-    SteppedWork& m_backup;
     QString m_database;
     QString m_remark;
     std::future<bool> m_check;

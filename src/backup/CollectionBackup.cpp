@@ -25,10 +25,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What belongs to a collection besides its database.
-const QStringList fileFolders{ProgramFolders::documents, ProgramFolders::organizationCharts,
-                              ProgramFolders::maps};
-
 QString textOf(const fs::path& file)
 {
     return QFile::decodeName(file.c_str());
@@ -41,7 +37,7 @@ void refuseInside(const ProgramFolder& folder, const QString& archive)
     const QString data = canonical(folder.folderPath(ProgramFolders::data));
     QStringList taken;
     if (canonical(folder.collection()) != data) taken << data;
-    for (const QString& path : fileFolders)
+    for (const QString& path : ProgramFolders::ofFiles)
         taken << canonical(folder.folderPath(path));
     const QString place = canonical(QFileInfo(archive).absolutePath()) + u'/';
     const bool isInside = std::any_of(taken.begin(), taken.end(), [&place](const QString& path) {
@@ -89,23 +85,11 @@ CollectionBackup::CollectionBackup(const QString& database, const ProgramFolder&
     m_manifest.collection = name.isEmpty() ? QFileInfo(database).completeBaseName() : name;
     m_manifest.database = u"data/"_s + QFileInfo(database).fileName();
     refuseInside(folder, archive);
-    if (contents == BackupContents::All) m_list = filesOf(folder);
+    if (contents == BackupContents::All) m_list = FolderList::of(folder, ProgramFolders::ofFiles);
     m_writer = std::make_unique<ArchiveWriter>(archive);
 }
 
 CollectionBackup::~CollectionBackup() = default;
-
-FolderList CollectionBackup::filesOf(const ProgramFolder& folder)
-{
-    FolderList list;
-    for (const QString& path : fileFolders) {
-        const QString found = folder.folderPath(path);
-        const QString name = path.section(u'\\', -2, -2);
-        if (fs::is_directory(FileBlocks::statusOf(FileBlocks::pathOf(found))))
-            list.add(found, name.toStdString());
-    }
-    return list;
-}
 
 bool CollectionBackup::step()
 {
@@ -143,7 +127,7 @@ QString CollectionBackup::databaseCopy() const
 void CollectionBackup::copyDatabaseFile()
 {
     if (!m_copy) {
-        m_copyFolder.emplace(QDir::tempPath() + u"/orvik-backup-XXXXXX"_s);
+        m_copyFolder.emplace(QDir::tempPath() + u"/orvik-backup"_s);
         if (!m_copyFolder->isValid())
             throw Error(EIO, u"%1 (%2)"_s.arg(m_copyFolder->errorString(), QDir::tempPath()));
         m_copy.emplace(m_database, databaseCopy());

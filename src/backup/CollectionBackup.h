@@ -52,10 +52,6 @@ public:
     /// What was backed up, once all is done.
     [[nodiscard]] const Manifest& manifest() const { return m_manifest; }
 
-    /// The folders beside a database that belong to its collection, to be listed; each is to be copied to one
-    /// of the same name beside another database.
-    [[nodiscard]] static FolderList filesOf(const ProgramFolder& folder);
-
 private:
     enum class Stage
     {

@@ -242,7 +242,7 @@ void CollectionRestore::compare()
     m_list.clear();
     m_unpacked.remove(listName);
     const bool hasDatabase = !m_database.isEmpty() && m_manifest.database == m_database;
-    if (!hasDatabase) refuseForeign(readableLine(m_manifest.database), m_archiveFile);
+    if (!hasDatabase) refuseForeign(m_manifest.database, m_archiveFile);
     for (const Manifest::File& file : m_manifest.files) {
         const auto found = m_unpacked.constFind(file.name);
         if (found == m_unpacked.constEnd())

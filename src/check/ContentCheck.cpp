@@ -111,12 +111,7 @@ bool ContentCheck::list()
 {
     if (!std::exchange(m_isListing, true)) {
         m_notes.emplace(m_notesFile);
-        const std::pair<QString, const char*> folders[] = {{ProgramFolders::documents, "documents"},
-                                                           {ProgramFolders::organizationCharts, "orgcharts"}};
-        for (const auto& [path, name] : folders) {
-            const QString found = m_folder.folderPath(path);
-            if (QFileInfo(found).isDir()) m_list.add(found, name);
-        }
+        m_list = FolderList::of(m_folder, {ProgramFolders::documents, ProgramFolders::organizationCharts});
     }
     for (int i = 0; i < entriesAtOnce; ++i) {
         if (m_list.step()) continue;

@@ -22,15 +22,15 @@ namespace {
 
 /// Does work that goes on after what it cannot do, and notes that. A full disk ends it, as everything does
 /// that does not come from a single file.
-class AsFarAsPossible final : public SteppedWork
+class AsFarAsPossible final : public WrappedWork
 {
 public:
-    explicit AsFarAsPossible(FolderCopy& work) : m_work(work) {}
+    explicit AsFarAsPossible(FolderCopy& work) : WrappedWork(work), m_work(work) {}
 
     bool step() override
     {
         try {
-            return m_work.step();
+            return WrappedWork::step();
         } catch (const Error& error) {
             if (!FileBlocks::isOfReading(error.number())) throw;
             m_failures << error.description();
@@ -38,11 +38,6 @@ public:
         }
         return true;
     }
-    bool undoStep() override { return m_work.undoStep(); }
-    [[nodiscard]] QString title() const override { return m_work.title(); }
-    [[nodiscard]] QString remark() const override { return m_work.remark(); }
-    [[nodiscard]] QString text() const override { return m_work.text(); }
-    [[nodiscard]] std::optional<int> percent() const override { return m_work.percent(); }
 
     [[nodiscard]] const QStringList& failures() const { return m_failures; }
 
@@ -50,19 +45,6 @@ private:
     FolderCopy& m_work;
     QStringList m_failures;
 };
-
-FolderList filesOf(const ProgramFolder& folder)
-{
-    const std::pair<QString, const char*> folders[] = {{ProgramFolders::documents, "documents"},
-                                                       {ProgramFolders::organizationCharts, "orgcharts"},
-                                                       {ProgramFolders::maps, "maps"}};
-    FolderList list;
-    for (const auto& [path, name] : folders) {
-        const QString found = folder.folderPath(path);
-        if (QFileInfo(found).isDir()) list.add(found, name);
-    }
-    return list;
-}
 
 } // namespace
 
@@ -75,13 +57,21 @@ std::optional<RescuedCollection> RescuedCollection::make(WorkRunner& works, cons
     const QString file = VersionCopies::originalName(database);
     DatabaseRescue rescue(database, collection.dataFolder() + file);
     if (!works.run(rescue)) return std::nullopt;
-    FolderList files = filesOf(folder);
-    if (!works.run(files)) return std::nullopt;
+    QStringList failures;
+    FolderList files;
+    try {
+        files = FolderList::of(folder, ProgramFolders::ofFiles);
+        if (!works.run(files)) return std::nullopt;
+    } catch (const Error& error) {
+        // what was found until then is copied all the same
+        if (!FileBlocks::isOfReading(error.number())) throw;
+        failures << error.description();
+    }
     FolderCopy copy(files, collection.dataFolder());
     AsFarAsPossible copying(copy);
     if (!works.run(copying)) return std::nullopt;
     RescuedCollection rescued{collection.target() + file, rescue.lines()};
-    for (const QString& failure : copying.failures())
+    for (const QString& failure : failures + copying.failures())
         rescued.lines << CheckTexts::tr("A file could not be copied: %1").arg(failure);
     collection.complete();
     return rescued;

@@ -5,9 +5,9 @@
 #include "files/FileBlocks.h"
 #include "files/FilesTexts.h"
 #include "files/LinkTarget.h"
+#include "files/ProgramFolder.h"
 
 #include <QDir>
-#include <QFile>
 #include <QLocale>
 
 #include <system_error>
@@ -20,10 +20,21 @@ QString FolderList::Amount::sizeText() const
     return QLocale().formattedDataSize(bytes, bytes < gigabyte ? 0 : 1, QLocale::DataSizeSIFormat);
 }
 
+FolderList FolderList::of(const ProgramFolder& folder, const QStringList& programPaths)
+{
+    FolderList list;
+    for (const QString& path : programPaths) {
+        const QString found = folder.folderPath(path);
+        if (fs::is_directory(FileBlocks::statusOf(FileBlocks::pathOf(found))))
+            list.add(found, path.section(u'\\', -2, -2).toStdString());
+    }
+    return list;
+}
+
 void FolderList::add(const QString& folder, const fs::path& name)
 {
     m_roots.push_back(m_entries.size());
-    m_entries.push_back({QFile::encodeName(QDir::cleanPath(folder)).toStdString(), name.string(), true});
+    m_entries.push_back({FileBlocks::pathOf(QDir::cleanPath(folder)).string(), name.string(), true});
 }
 
 bool FolderList::step()

@@ -4,9 +4,13 @@
 
 #include "platform/SteppedWork.h"
 
+#include <QStringList>
+
 #include <filesystem>
 #include <string>
 #include <vector>
+
+class ProgramFolder;
 
 /// Finds out what folders hold, with all folders in them. Only files count: what is neither a file nor a
 /// folder is left out, and so are links to folders and links that lead out of the folder.
@@ -29,6 +33,10 @@ public:
         std::string to; ///< relative to where the folders are copied to
         bool isFolder = false;
     };
+
+    /// The folders of a collection that are there, to be copied to those of the same names beside another
+    /// database. Throws Error if the system does not tell whether one is there.
+    [[nodiscard]] static FolderList of(const ProgramFolder& folder, const QStringList& programPaths);
 
     /// Adds a folder that becomes one of that name if it is copied.
     void add(const QString& folder, const std::filesystem::path& name);

@@ -15,6 +15,9 @@ struct ProgramFolders
     static inline const QString formerCharts = QStringLiteral("\\data\\orgcharts\\former\\");
     static inline const QString data = QStringLiteral("\\data\\");
     static inline const QString maps = QStringLiteral("\\data\\maps\\");
+
+    /// Those that belong to a collection besides its database.
+    static inline const QStringList ofFiles{documents, organizationCharts, maps};
 };
 
 /// A folder with a database and its files, and the one place that turns program paths such as

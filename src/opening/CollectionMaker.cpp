@@ -42,15 +42,8 @@ QStringList missingIn(const QString& database)
 
 FolderList CollectionMaker::filesBeside(const ProgramFolder& home, const QString& file)
 {
-    const ProgramFolder folder = home.ofDatabase(file);
-    FolderList list;
-    const std::pair<QString, const char*> folders[] = {
-        {folder.folderPath(ProgramFolders::documents), "documents"},
-        {folder.folderPath(ProgramFolders::organizationCharts), "orgcharts"}};
-    for (const auto& [path, name] : folders) {
-        if (QFileInfo(path).isDir()) list.add(path, name);
-    }
-    return list;
+    return FolderList::of(home.ofDatabase(file),
+                          {ProgramFolders::documents, ProgramFolders::organizationCharts});
 }
 
 std::optional<QString> CollectionMaker::make(const QString& file)

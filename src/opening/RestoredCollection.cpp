@@ -2,7 +2,6 @@
 
 #include "opening/RestoredCollection.h"
 
-#include "backup/CollectionBackup.h"
 #include "backup/CollectionRestore.h"
 #include "backup/KeptBackups.h"
 #include "files/FolderCopy.h"
@@ -32,7 +31,7 @@ QString nameOf(const QString& archive)
 /// Returns false if the user cancelled it.
 bool copyFiles(WorkRunner& works, const ProgramFolder& from, const QString& dataFolder)
 {
-    FolderList files = CollectionBackup::filesOf(from);
+    FolderList files = FolderList::of(from, ProgramFolders::ofFiles);
     if (!works.run(files)) return false;
     FolderCopy copy(files, dataFolder);
     return works.run(copy);

@@ -46,3 +46,23 @@ protected:
     SteppedWork(const SteppedWork&) = default;
     SteppedWork& operator=(const SteppedWork&) = default;
 };
+
+/// Work that does another one in its own way, and says of it what that says.
+class WrappedWork : public SteppedWork
+{
+public:
+    bool step() override { return m_inner.step(); }
+    bool undoStep() override { return m_inner.undoStep(); }
+    [[nodiscard]] QString title() const override { return m_inner.title(); }
+    [[nodiscard]] QString remark() const override { return m_inner.remark(); }
+    [[nodiscard]] QString text() const override { return m_inner.text(); }
+    [[nodiscard]] std::optional<int> percent() const override { return m_inner.percent(); }
+    [[nodiscard]] std::optional<WorkBytes> bytes() const override { return m_inner.bytes(); }
+
+protected:
+    /// The other work must outlive it.
+    explicit WrappedWork(SteppedWork& inner) : m_inner(inner) {}
+
+private:
+    SteppedWork& m_inner;
+};

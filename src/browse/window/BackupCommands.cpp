@@ -102,7 +102,7 @@ bool BackupCommands::askForFiles(const QString& archive, Along& along) const
 {
     const auto keeper = RestoredCollection::filesFor(archive);
     if (!keeper) return true;
-    FolderList files = CollectionBackup::filesOf(*keeper);
+    FolderList files = FolderList::of(*keeper, ProgramFolders::ofFiles);
     if (!m_platform.works.run(files)) return false;
     const FolderList::Amount amount = files.amount();
     if (amount.files == 0) return true;
