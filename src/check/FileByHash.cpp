@@ -6,7 +6,6 @@
 #include "files/FileBlocks.h"
 #include "util/Error.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 
@@ -44,7 +43,7 @@ void FileByHash::beginNext()
     const QString file = m_files.next();
     ++m_looked;
     if (m_size && m_files.fileInfo().size() != *m_size) return;
-    m_path = QFile::encodeName(file).toStdString();
+    m_path = FileBlocks::pathOf(file);
     m_source = FileBlocks::open(m_path);
     m_hash = Sha256();
     m_file = file;

@@ -8,7 +8,7 @@
 
 #include <system_error>
 
-FolderEntries::FolderEntries(const QString& folder) : m_folder(QFile::encodeName(folder).toStdString())
+FolderEntries::FolderEntries(const QString& folder) : m_folder(FileBlocks::pathOf(folder))
 {
     std::error_code code;
     m_entries = std::filesystem::directory_iterator(m_folder, code);

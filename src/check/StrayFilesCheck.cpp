@@ -4,10 +4,9 @@
 
 #include "check/CheckTexts.h"
 #include "check/CheckedDatabase.h"
+#include "files/FileBlocks.h"
 #include "files/FileCopy.h"
 #include "util/Error.h"
-
-#include <QFile>
 
 #include <array>
 
@@ -105,7 +104,7 @@ bool StrayFilesCheck::isNamed(const FolderEntries::Entry& entry) const
 void StrayFilesCheck::look(const FolderEntries::Entry& entry)
 {
     if (isNamed(entry) || (!entry.isFolder && isOfDesktop(entry.name))) return;
-    if (FileCopy::isUnfinished(QFile::encodeName(entry.name).toStdString())) return;
+    if (FileCopy::isUnfinished(FileBlocks::pathOf(entry.name))) return;
     const QString file = folders()[static_cast<std::size_t>(m_folders - 1)].prefix + entry.name;
     add({entry.isFolder ? CheckTexts::tr("The folder %1 belongs to no record.").arg(file)
                         : CheckTexts::tr("The file %1 belongs to no record.").arg(file),

@@ -30,7 +30,7 @@ constexpr int mostFaultsShown = 12;
 QString quickPlace()
 {
     const QString memory = u"/dev/shm"_s;
-    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/orvik-faults-XXXXXX"_s;
+    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/orvik-faults"_s;
 }
 
 /// The rows of a database by its tables; whoever opens it undoes what was not finished.
