@@ -3,22 +3,17 @@
 #include "backup/Archive.h"
 
 #include "backup/BackupTexts.h"
-#include "files/FileBlocks.h"
 #include "util/Error.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <algorithm>
 #include <archive.h>
 #include <archive_entry.h>
 #include <cerrno>
-#include <cstdio>
 #include <fcntl.h>
 #include <locale.h>
 #include <memory>
-#include <sys/file.h>
-#include <unistd.h>
 
 namespace {
 
@@ -26,7 +21,7 @@ constexpr std::size_t readBlock = 1 << 20;
 constexpr int writeBlock = 1 << 18;
 constexpr qint64 handedOverAtOnce = 2 << 20; ///< bytes for the disk
 constexpr qint64 mostUnderWay = 64 << 20;
-constexpr mode_t permissions = 0644;
+constexpr mode_t permissions = 0644; ///< of each file
 
 [[noreturn]] void fail(int number, const QString& reason, const QString& file)
 {
@@ -94,28 +89,8 @@ std::optional<ArchiveFormat> archiveFormatOf(const QString& fileName)
     return std::nullopt;
 }
 
-/// The lock says that somebody is at it; the end of the process that holds it frees it.
-void ArchiveWriter::clearLeftOver(const QString& file)
+ArchiveWriter::ArchiveWriter(const QString& file) : m_target(file), m_archive(archive_write_new())
 {
-    const QByteArray name = QFile::encodeName(unfinishedName(file));
-    const int descriptor = ::open(name.constData(), O_WRONLY | O_CLOEXEC | O_NONBLOCK);
-    if (descriptor < 0) return;
-    const bool isInUse = ::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-    if (!isInUse) ::unlink(name.constData());
-    ::close(descriptor);
-}
-
-ArchiveWriter::ArchiveWriter(const QString& file) : m_file(file), m_unfinished(unfinishedName(file))
-{
-    if (QFileInfo(file).isDir()) failBySystem(EISDIR, file);
-    clearLeftOver(file);
-    const QByteArray name = QFile::encodeName(m_unfinished);
-    m_descriptor = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
-    if (m_descriptor < 0 && errno == EEXIST)
-        fail(EBUSY, BackupTexts::tr("Another program is just writing this archive."), file);
-    if (m_descriptor < 0) failBySystem(errno, m_unfinished);
-    ::flock(m_descriptor, LOCK_EX | LOCK_NB); // not every file system can
-    m_archive = archive_write_new();
     const Utf8Names names;
     try {
         if (archiveFormatOf(file) == ArchiveFormat::Zip) {
@@ -129,32 +104,22 @@ ArchiveWriter::ArchiveWriter(const QString& file) : m_file(file), m_unfinished(u
         }
         archive_write_set_bytes_per_block(m_archive, writeBlock);
         archive_write_set_bytes_in_last_block(m_archive, 1);
-        require(archive_write_open_fd(m_archive, m_descriptor));
+        require(archive_write_open_fd(m_archive, m_target.descriptor()));
     } catch (...) {
-        discard();
+        archive_write_free(m_archive);
         throw;
     }
 }
 
 ArchiveWriter::~ArchiveWriter()
 {
-    discard();
-}
-
-void ArchiveWriter::discard()
-{
-    if (m_archive != nullptr) archive_write_free(m_archive);
-    m_archive = nullptr;
-    if (m_descriptor < 0) return;
-    ::close(m_descriptor);
-    m_descriptor = -1;
-    QFile::remove(m_unfinished);
+    archive_write_free(m_archive);
 }
 
 void ArchiveWriter::require(int result) const
 {
     if (result == ARCHIVE_OK) return; // a warning means that a name is not as it should be
-    failWriting(m_archive, m_file);
+    failWriting(m_archive, m_target.file());
 }
 
 void ArchiveWriter::begin(const QString& name, qint64 size, qint64 modified)
@@ -176,7 +141,7 @@ void ArchiveWriter::write(std::string_view content)
         content = content.substr(0, static_cast<std::size_t>(m_missing));
     while (!content.empty()) {
         const la_ssize_t written = archive_write_data(m_archive, content.data(), content.size());
-        if (written <= 0) failWriting(m_archive, m_file);
+        if (written <= 0) failWriting(m_archive, m_target.file());
         content.remove_prefix(static_cast<std::size_t>(written));
         m_missing -= written;
     }
@@ -195,10 +160,11 @@ void ArchiveWriter::keepDiskBusy()
     const qint64 waitedFor = std::max<qint64>(0, m_underWay - mostUnderWay);
     const qint64 due = std::max<qint64>(0, written - mostUnderWay);
     const bool failed =
-        ::sync_file_range(m_descriptor, m_underWay, written - m_underWay, SYNC_FILE_RANGE_WRITE) != 0 ||
-        (due > waitedFor && ::sync_file_range(m_descriptor, waitedFor, due - waitedFor, wait) != 0);
+        ::sync_file_range(m_target.descriptor(), m_underWay, written - m_underWay, SYNC_FILE_RANGE_WRITE) !=
+            0 ||
+        (due > waitedFor && ::sync_file_range(m_target.descriptor(), waitedFor, due - waitedFor, wait) != 0);
     m_underWay = written;
-    if (failed && (errno == EIO || errno == ENOSPC || errno == EDQUOT)) failBySystem(errno, m_file);
+    if (failed && (errno == EIO || errno == ENOSPC || errno == EDQUOT)) failBySystem(errno, m_target.file());
 #endif
 }
 
@@ -206,18 +172,7 @@ void ArchiveWriter::finish()
 {
     const Utf8Names names;
     require(archive_write_close(m_archive));
-    if (::fsync(m_descriptor) != 0) failBySystem(errno, m_unfinished);
-    archive_write_free(m_archive);
-    m_archive = nullptr;
-    ::close(m_descriptor);
-    m_descriptor = -1;
-    if (std::rename(QFile::encodeName(m_unfinished).constData(), QFile::encodeName(m_file).constData()) !=
-        0) {
-        const int number = errno;
-        QFile::remove(m_unfinished);
-        failBySystem(number, m_file);
-    }
-    FileBlocks::syncFolder(FileBlocks::pathOf(QFileInfo(m_file).absolutePath()));
+    m_target.finish();
 }
 
 ArchiveReader::ArchiveReader(const QString& file) : m_file(file), m_archive(archive_read_new())

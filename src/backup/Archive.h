@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "files/UnfinishedFile.h"
+
 #include <QString>
 
 #include <optional>
@@ -20,9 +22,8 @@ enum class ArchiveFormat
 /// The format that the name of a file stands for; std::nullopt if it stands for none.
 [[nodiscard]] std::optional<ArchiveFormat> archiveFormatOf(const QString& fileName);
 
-/// Writes an archive, file by file. Until it is finished it has a name of its own, under which no other
-/// program writes it too, and is removed with the object. Every failure is an Error with the system's number
-/// and the path.
+/// Writes an archive, file by file. What is not finished is removed with the object. Every failure is an
+/// Error with the system's number and the path.
 class ArchiveWriter
 {
 public:
@@ -40,24 +41,12 @@ public:
     /// Returns when the archive has its name and is on the disk.
     void finish();
 
-    /// What an archive is called until it is finished.
-    [[nodiscard]] static QString unfinishedName(const QString& file)
-    {
-        return file + QStringLiteral(".part");
-    }
-
-    /// Removes what a killed program left of an archive, unless a program is still at it. Never fails.
-    static void clearLeftOver(const QString& file);
-
 private:
     void require(int result) const;
     void keepDiskBusy();
-    void discard();
 
-    QString m_file;
-    QString m_unfinished;
-    archive* m_archive = nullptr;
-    int m_descriptor = -1;
+    UnfinishedFile m_target;
+    archive* m_archive;
     qint64 m_missing = 0;  ///< bytes of the file that was begun
     qint64 m_underWay = 0; ///< bytes of the archive that the disk was asked to write
 };

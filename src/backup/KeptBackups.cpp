@@ -2,8 +2,8 @@
 
 #include "backup/KeptBackups.h"
 
-#include "backup/Archive.h"
 #include "backup/CollectionBackup.h"
+#include "files/UnfinishedFile.h"
 #include "util/FileAccess.h"
 
 #include <QDir>
@@ -23,7 +23,7 @@ constexpr std::size_t newestKept = 10;
 const QString folderName = u"backups"_s;
 const QString momentForm = u"yyyy-MM-dd HHmmss"_s;
 const QString ending = u".tar.zst"_s;
-const QString unfinishedEnding = ArchiveWriter::unfinishedName({});
+const QString unfinishedEnding = UnfinishedFile::unfinishedName({});
 
 /// The moment that the name of a backup says; invalid for any other file.
 QDateTime momentOf(const QString& fileName)
@@ -70,7 +70,7 @@ void KeptBackups::tidy(const QDateTime& now) const
     for (const QFileInfo& entry : QDir(m_folder).entryInfoList(QDir::Files | QDir::NoSymLinks)) {
         const QString name = entry.fileName();
         if (name.endsWith(unfinishedEnding) && momentOf(name.chopped(unfinishedEnding.size())).isValid())
-            ArchiveWriter::clearLeftOver(entry.filePath().chopped(unfinishedEnding.size()));
+            UnfinishedFile::clearLeftOver(entry.filePath().chopped(unfinishedEnding.size()));
     }
     QDir().rmdir(m_folder); // fails if it holds a backup
 }
