@@ -78,6 +78,15 @@ std::vector<HeldRow> HeldRows::read(const QString& engineStatement, const std::v
     return rows;
 }
 
+void HeldRows::readEach(const QString& engineStatement, const std::vector<Value>& values,
+                        const std::function<void(const EngineStatement& row)>& take) const
+{
+    const PreparedStatements::Loan prepared = m_session.prepareHeld(engineStatement, Access::Read);
+    bindAll(prepared->statement, values);
+    while (prepared->statement.step())
+        take(prepared->statement);
+}
+
 int HeldRows::write(const QString& engineStatement, const std::vector<Value>& values) const
 {
     const PreparedStatements::Loan prepared = m_session.prepareHeld(engineStatement, m_session.writeAccess());

@@ -6,10 +6,12 @@
 
 #include <QString>
 
+#include <functional>
 #include <utility>
 #include <vector>
 
 class DatabaseSession;
+class EngineStatement;
 
 /// A row as the file holds it: the names of its columns with their values, dates and times in held form.
 /// Bytes, which only imported columns hold, are left out.
@@ -32,6 +34,10 @@ public:
 
     [[nodiscard]] std::vector<HeldRow> read(const QString& engineStatement,
                                             const std::vector<Value>& values = {}) const;
+
+    /// Hands over the rows one by one: for many rows of which no copy is needed.
+    void readEach(const QString& engineStatement, const std::vector<Value>& values,
+                  const std::function<void(const EngineStatement& row)>& take) const;
 
     /// Returns the number of rows changed.
     int write(const QString& engineStatement, const std::vector<Value>& values = {}) const;

@@ -6,7 +6,6 @@
 #include "history/HistoryTexts.h"
 #include "journal/RecordParts.h"
 #include "records/StoredState.h"
-#include "util/DateTimeText.h"
 
 #include <algorithm>
 #include <set>
@@ -30,13 +29,6 @@ qint64 keyOf(const Value& value)
     return isNull(value) ? noneKey : textOf(value).toLongLong();
 }
 
-/// The status as users call it; any but the two that the program gives as it is.
-QString statusText(const QString& status)
-{
-    if (status.compare(deletedStatus, Qt::CaseInsensitive) == 0) return HistoryTexts::tr("Deleted");
-    return status.compare(activeStatus, Qt::CaseInsensitive) == 0 ? HistoryTexts::tr("Active") : status;
-}
-
 /// Where the name of what a column's key stands for is; null if it holds no key.
 const NamedKey* namedKey(const RecordParts& record, const RecordField& field)
 {
@@ -48,8 +40,7 @@ const NamedKey* namedKey(const RecordParts& record, const RecordField& field)
 QString nameOf(const HeldRow& row, const NamedKey& key, qint64 number)
 {
     QString name = textOf(valueOf(row, key.nameColumn));
-    if (!name.isEmpty()) return name;
-    return number == noneKey ? ListEntry::none().display : HistoryTexts::tr("No. %1").arg(number);
+    return name.isEmpty() ? FieldTexts::withoutName(number) : name;
 }
 
 std::vector<NamedLink> linksOf(const std::vector<HeldRow>& rows, const PartTable& part,
@@ -70,24 +61,10 @@ FieldContent contentOf(const RecordParts& record, const RecordField& field, cons
 {
     const Value& value = valueOf(row, field.column);
     const QString text = textOf(value);
-    const std::string held = text.toStdString();
-    switch (field.form) {
-    case FieldForm::Flag:
-        return {text.toDouble() != 0 ? HistoryTexts::tr("Yes") : HistoryTexts::tr("No"), 0, {}};
-    case FieldForm::Date:
-        return {DateTimeText::programFromHeldDate(held), 0, {}};
-    case FieldForm::Time:
-        return {DateTimeText::programFromHeldTime(held), 0, {}};
-    case FieldForm::Status:
-        return {statusText(text), 0, {}};
-    case FieldForm::Key: {
-        const qint64 key = keyOf(value);
-        const NamedKey* named = namedKey(record, field);
-        return {named == nullptr ? text : nameOf(row, *named, key), key, {}};
-    }
-    default:
-        return {text, 0, {}};
-    }
+    if (field.form != FieldForm::Key) return {FieldTexts::shown(field.form, text), 0, {}};
+    const qint64 key = keyOf(value);
+    const NamedKey* named = namedKey(record, field);
+    return {named == nullptr ? text : nameOf(row, *named, key), key, {}};
 }
 
 bool hasColumn(const HeldRow& row, const QString& column)

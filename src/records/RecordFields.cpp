@@ -7,6 +7,8 @@
 #include "records/OrganizationColumns.h"
 #include "records/OrganizationStore.h"
 #include "records/RecordsTexts.h"
+#include "records/StoredState.h"
+#include "util/DateTimeText.h"
 
 namespace {
 
@@ -82,4 +84,32 @@ RecordFields recordFields(RecordKind kind)
         break;
     }
     return fieldsOf(OrganizationStore::tables());
+}
+
+QString FieldTexts::flag(bool isSet)
+{
+    return isSet ? RecordsTexts::tr("Yes") : RecordsTexts::tr("No");
+}
+
+QString FieldTexts::shown(FieldForm form, const QString& held)
+{
+    switch (form) {
+    case FieldForm::Flag:
+        return flag(held.toDouble() != 0);
+    case FieldForm::Date:
+        return DateTimeText::programFromHeldDate(held.toStdString());
+    case FieldForm::Time:
+        return DateTimeText::programFromHeldTime(held.toStdString());
+    case FieldForm::Status:
+        // any but the two that the program gives as it is
+        if (held.compare(deletedStatus, Qt::CaseInsensitive) == 0) return RecordsTexts::tr("Deleted");
+        return held.compare(activeStatus, Qt::CaseInsensitive) == 0 ? RecordsTexts::tr("Active") : held;
+    default:
+        return held;
+    }
+}
+
+QString FieldTexts::withoutName(qint64 key)
+{
+    return key == noneKey ? ListEntry::none().display : RecordsTexts::tr("No. %1").arg(key);
 }

@@ -43,3 +43,16 @@ struct RecordFields
 /// The fields of a kind in the order of its columns and links. Translated, so not to be asked for before the
 /// translation is installed.
 [[nodiscard]] RecordFields recordFields(RecordKind kind);
+
+/// What users read in place of what the file holds.
+namespace FieldTexts {
+
+[[nodiscard]] QString flag(bool isSet);
+
+/// A value of a field that holds neither a key nor links.
+[[nodiscard]] QString shown(FieldForm form, const QString& held);
+
+/// The name of what a key stands for if that has none.
+[[nodiscard]] QString withoutName(qint64 key);
+
+} // namespace FieldTexts

@@ -3,16 +3,14 @@
 #include "Collection.h"
 #include "Command.h"
 #include "ConsoleWorks.h"
-#include "JsonWriter.h"
 #include "ManifestOutput.h"
 #include "Output.h"
 #include "backup/Archive.h"
 #include "backup/CollectionBackup.h"
+#include "export/JsonWriter.h"
 #include "util/Error.h"
 
 #include <QDateTime>
-#include <QDir>
-#include <QFileInfo>
 
 #include <cerrno>
 
@@ -25,15 +23,9 @@ namespace {
 ExitStatus run(const Invocation& called, Output& output)
 {
     const QString database = databaseOf(called.operands[0]);
-    const QString archive = QDir::cleanPath(QDir::current().absoluteFilePath(called.operands[1]));
+    const QString archive = newFileAt(called.operands[1]);
     if (!archiveFormatOf(archive))
         throw Error(EINVAL, u"The name of the archive has to end in .zip or .tar.zst. (%1)"_s.arg(archive));
-    if (QFileInfo(archive).exists() || QFileInfo(archive).isSymLink())
-        throw Error(EEXIST, u"There is a file or a folder of that name already. (%1)"_s.arg(archive));
-
-    if (const QFileInfo folder(QFileInfo(archive).path()); !folder.isDir())
-        throw Error(ENOENT, u"There is no such folder. (%1)"_s.arg(folder.filePath()));
-
     ConsoleWorks works;
     CollectionBackup backup(database, folderOf(database), archive, QDateTime::currentDateTime());
     if (!works.run(backup)) ConsoleWorks::stop();

@@ -3,9 +3,9 @@
 #include "Collection.h"
 #include "Command.h"
 #include "ConsoleWorks.h"
-#include "JsonWriter.h"
 #include "Output.h"
 #include "check/CollectionCheck.h"
+#include "export/JsonWriter.h"
 
 using namespace Qt::StringLiterals;
 

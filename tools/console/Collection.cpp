@@ -50,6 +50,17 @@ NewFolder NewFolder::at(const QString& path)
     return made;
 }
 
+QString newFileAt(const QString& path)
+{
+    QString file = QDir::cleanPath(QDir::current().absoluteFilePath(path));
+    const QFileInfo found(file);
+    if (found.exists() || found.isSymLink())
+        throw Error(EEXIST, u"There is a file or a folder of that name already. (%1)"_s.arg(file));
+    if (const QFileInfo folder(found.path()); !folder.isDir())
+        throw Error(ENOENT, u"There is no such folder. (%1)"_s.arg(folder.filePath()));
+    return file;
+}
+
 QString wordOf(RecordKind kind)
 {
     return recordNames(kind).record.toLower() + u's';

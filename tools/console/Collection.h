@@ -32,6 +32,10 @@ struct NewFolder
     [[nodiscard]] static NewFolder at(const QString& path);
 };
 
+/// The absolute path of a file that is to be written. Throws Error if there is something of that name
+/// already, or no folder for it.
+[[nodiscard]] QString newFileAt(const QString& path);
+
 /// What the tool calls a kind of record, such as `documents`.
 [[nodiscard]] QString wordOf(RecordKind kind);
 

@@ -14,12 +14,13 @@ Command listCommand();
 Command searchCommand();
 Command showCommand();
 Command historyCommand();
+Command exportCommand();
 
 const std::vector<Command>& allCommands()
 {
-    static const std::vector<Command> all{checkCommand(),  backupCommand(),  restoreCommand(),
-                                          importCommand(), upgradeCommand(), listCommand(),
-                                          searchCommand(), showCommand(),    historyCommand()};
+    static const std::vector<Command> all{
+        checkCommand(), backupCommand(), restoreCommand(), importCommand(),  upgradeCommand(),
+        listCommand(),  searchCommand(), showCommand(),    historyCommand(), exportCommand()};
     return all;
 }
 

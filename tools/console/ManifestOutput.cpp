@@ -2,8 +2,8 @@
 
 #include "ManifestOutput.h"
 
-#include "JsonWriter.h"
 #include "Output.h"
+#include "export/JsonWriter.h"
 #include "files/FolderList.h"
 
 using namespace Qt::StringLiterals;

@@ -2,8 +2,8 @@
 
 #include "RecordContent.h"
 
-#include "JsonWriter.h"
 #include "Output.h"
+#include "export/JsonWriter.h"
 
 #include <algorithm>
 

@@ -2,11 +2,11 @@
 
 #include "RecordRows.h"
 
-#include "JsonWriter.h"
 #include "TextTable.h"
 #include "browse/list/ListTexts.h"
 #include "browse/list/RecordList.h"
 #include "data/DatabaseSession.h"
+#include "export/JsonWriter.h"
 
 #include <algorithm>
 

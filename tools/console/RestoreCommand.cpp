@@ -3,9 +3,9 @@
 #include "Collection.h"
 #include "Command.h"
 #include "ConsoleWorks.h"
-#include "JsonWriter.h"
 #include "ManifestOutput.h"
 #include "Output.h"
+#include "export/JsonWriter.h"
 #include "opening/RestoredCollection.h"
 
 #include <QDir>

@@ -2,9 +2,9 @@
 
 #include "Collection.h"
 #include "Command.h"
-#include "JsonWriter.h"
 #include "Output.h"
 #include "RecordRows.h"
+#include "export/JsonWriter.h"
 #include "search/SearchResults.h"
 #include "views/StandardQueries.h"
 

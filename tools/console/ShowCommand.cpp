@@ -2,9 +2,9 @@
 
 #include "Collection.h"
 #include "Command.h"
-#include "JsonWriter.h"
 #include "Output.h"
 #include "RecordContent.h"
+#include "export/JsonWriter.h"
 #include "journal/Snapshot.h"
 
 using namespace Qt::StringLiterals;

@@ -2,8 +2,8 @@
 
 #include "Collection.h"
 #include "Command.h"
-#include "JsonWriter.h"
 #include "Output.h"
+#include "export/JsonWriter.h"
 #include "opening/DatabaseUpgrade.h"
 #include "platform/WindowDoor.h"
 #include "util/Error.h"

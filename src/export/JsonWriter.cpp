@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "JsonWriter.h"
+#include "export/JsonWriter.h"
 
 #include <QLocale>
 

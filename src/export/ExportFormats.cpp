@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "export/ExportFormats.h"
+
+#include <algorithm>
+
+// each in a file of its own
+ExportFormat csvFormat();
+
+const std::vector<ExportFormat>& exportFormats()
+{
+    static const std::vector<ExportFormat> all{
+        csvFormat(),
+    };
+    return all;
+}
+
+const ExportFormat* exportFormat(const QString& name)
+{
+    const std::vector<ExportFormat>& all = exportFormats();
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&name](const ExportFormat& each) { return each.name == name; });
+    return found == all.end() ? nullptr : &*found;
+}
