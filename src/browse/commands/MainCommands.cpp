@@ -74,6 +74,7 @@ void MainCommands::makeActions()
         add(QStringLiteral("mnuRecordLists"), tr("&Lists…"), QStringLiteral("format-list-unordered"), {},
             tr("Shows and changes the document types, venues, cities and other lists"));
     makeViewActions();
+    makeOutputActions();
     mnuSearchKeyword =
         add(QStringLiteral("mnuSearchKeyword"), tr("&Keyword Search…"), QStringLiteral("edit-find"),
             QKeySequence(Qt::CTRL | Qt::Key_F), tr("Finds records by words in their names and descriptions"));
@@ -140,6 +141,22 @@ void MainCommands::makeViewActions()
     }
 }
 
+/// The commands that bring out of the program what it shows.
+void MainCommands::makeOutputActions()
+{
+    mnuRecordExport = add(QStringLiteral("mnuRecordExport"), tr("E&xport…"),
+                          QStringLiteral("document-export"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E),
+                          tr("Writes records into a file for other programs"));
+    mnuRecordPrint = add(QStringLiteral("mnuRecordPrint"), tr("&Print…"), QStringLiteral("document-print"),
+                         QKeySequence::Print, tr("Prints the list, its graphic or the selected records"));
+    mnuViewCopyPicture =
+        add(QStringLiteral("mnuViewCopyPicture"), tr("&Copy Picture"), QStringLiteral("edit-copy"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), tr("Copies the graphic as a picture"));
+    mnuViewSavePicture =
+        add(QStringLiteral("mnuViewSavePicture"), tr("&Save Picture…"), QStringLiteral("document-save-as"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), tr("Saves the graphic as a picture"));
+}
+
 void MainCommands::makeMenus()
 {
     QMenu* record = m_window.menuBar()->addMenu(tr("&Record"));
@@ -159,7 +176,7 @@ void MainCommands::makeMenus()
     mnuRecordRelated->setToolTipsVisible(true);
     record->addAction(mnuRecordHistory);
     record->addSeparator();
-    record->addAction(mnuRecordCopy);
+    record->addActions({mnuRecordCopy, mnuRecordExport, mnuRecordPrint});
     record->addSeparator();
     record->addAction(mnuRecordLists);
 
@@ -170,7 +187,7 @@ void MainCommands::makeMenus()
     view->addSeparator();
     view->addAction(mnuViewDeleted);
     view->addSeparator();
-    view->addActions({mnuViewGraphicRight, mnuViewGraphicBelow});
+    view->addActions({mnuViewGraphicRight, mnuViewGraphicBelow, mnuViewCopyPicture, mnuViewSavePicture});
     view->addSeparator();
     view->addAction(mnuViewRefresh);
 

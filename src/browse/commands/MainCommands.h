@@ -25,6 +25,8 @@ public:
     QAction* mnuViewRefresh;
     QAction* mnuViewGraphicRight;
     QAction* mnuViewGraphicBelow;
+    QAction* mnuViewCopyPicture;
+    QAction* mnuViewSavePicture;
     QAction* mnuSearchKeyword;
     QAction* mnuSearchAdvanced;
     QAction* mnuSearchShowAll;
@@ -50,6 +52,8 @@ public:
     QAction* mnuRecordOpen;
     QAction* mnuRecordHistory;
     QAction* mnuRecordCopy;
+    QAction* mnuRecordExport;
+    QAction* mnuRecordPrint;
     QAction* mnuRecordLists;
     QMenu* mnuAddKinds; ///< the kinds of record that can be added
     QMenu* mnuRecordRelated;
@@ -64,6 +68,7 @@ private:
     void makeActions();
     void makeRecordActions();
     void makeViewActions();
+    void makeOutputActions();
     void makeAddKinds();
     void makeMenus();
     void makeToolBar();

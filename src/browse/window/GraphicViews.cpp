@@ -70,6 +70,11 @@ void GraphicViews::drawAfterList(RecordKind kind, bool isListed)
     if (kind == RecordKind::Document && isListed) m_chart->explainEmpty(m_list.count());
 }
 
+std::optional<GraphicPicture> GraphicViews::picture() const
+{
+    return std::nullopt;
+}
+
 void GraphicViews::showSelected()
 {
     if (m_list.kind() == RecordKind::Event) m_timeline->showSelected();

@@ -3,8 +3,11 @@
 #pragma once
 
 #include "data/RecordKind.h"
+#include "widgets/GraphicPicture.h"
 
 #include <QObject>
+
+#include <optional>
 
 class BrowsePage;
 class ChartPane;
@@ -52,6 +55,9 @@ public:
     /// Draws the map, which comes after the list, or empties it if the list could not be read. Then selects
     /// the same record in the graphic as in the list.
     void drawAfterList(RecordKind kind, bool isListed);
+
+    /// The graphic of the kind shown; std::nullopt if it shows nothing.
+    [[nodiscard]] std::optional<GraphicPicture> picture() const;
 
 private:
     QWidget* makeChart(QWidget* parent);

@@ -17,10 +17,14 @@
 #include "browse/window/CheckCommand.h"
 #include "browse/window/DatabaseCommands.h"
 #include "browse/window/EmptyList.h"
+#include "browse/window/ExportCommand.h"
 #include "browse/window/GraphicViews.h"
 #include "browse/window/HomeCommands.h"
+#include "browse/window/PictureCommands.h"
+#include "browse/window/PrintCommand.h"
 #include "browse/window/RecordWindows.h"
 #include "browse/window/SettingsCommand.h"
+#include "browse/window/ShownView.h"
 #include "browse/window/StartCommands.h"
 #include "browse/window/StatusLine.h"
 #include "browse/window/UndoCommands.h"
@@ -87,6 +91,10 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_graphics(new GraphicViews(
           {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},
           *m_list, *m_browse, *this)),
+      m_shown(std::make_unique<ShownView>(state, *m_list, *m_graphics, *this)),
+      m_export(new ExportCommand(platform, *m_shown, *m_commands, this)),
+      m_print(new PrintCommand(platform, *m_shown, *m_commands, this)),
+      m_pictures(new PictureCommands(platform, *m_shown, *m_commands, this)),
       m_emptyList(new EmptyList({state.session, state.history, state.queries, *m_search, *m_commands,
                                  [this] { return m_database.unwritable(); }},
                                 m_list->view(), *this)),
@@ -152,6 +160,9 @@ void frmMain::connectViews()
     connect(m_databases, &DatabaseCommands::opening, m_list, &ListPane::stop);
     connect(m_databases, &DatabaseCommands::opening, m_backups, &BackupCommands::backUpChanges);
     connect(m_backups, &BackupCommands::done, m_status, &StatusLine::showChange);
+    connect(m_export, &ExportCommand::done, m_status, &StatusLine::showChange);
+    connect(m_print, &PrintCommand::done, m_status, &StatusLine::showChange);
+    connect(m_pictures, &PictureCommands::done, m_status, &StatusLine::showChange);
     connect(m_databases, &DatabaseCommands::opened, this, &frmMain::startOver);
     connect(m_databases, &DatabaseCommands::onlyReadable, this, [this] {
         showTitle();
@@ -322,7 +333,8 @@ void frmMain::enableCommands()
     const QString noList = showsList ? QString() : tr("This page has no list of records.");
     for (QAction* action :
          {m_commands->mnuViewRefresh, m_commands->mnuSearchShowAll, m_commands->mnuSearchAdvanced,
-          m_commands->mnuViewGraphicRight, m_commands->mnuViewGraphicBelow}) {
+          m_commands->mnuViewGraphicRight, m_commands->mnuViewGraphicBelow, m_commands->mnuViewCopyPicture,
+          m_commands->mnuViewSavePicture, m_commands->mnuRecordExport, m_commands->mnuRecordPrint}) {
         enableUnless(*action, noList);
     }
     const bool isSelected = showsList && m_list->selectedCount() > 0;

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "platform/Platform.h"
+
+#include <QObject>
+
+class MainCommands;
+class ShownView;
+
+/// The commands that copy and save the picture of a graphic. Lives as long as the window.
+class PictureCommands final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// All must outlive the object.
+    PictureCommands(const Platform& platform, const ShownView& view, const MainCommands& commands,
+                    QObject* parent);
+
+    void copy();
+    void save();
+
+Q_SIGNALS:
+    /// A picture was copied or saved.
+    void done(const QString& text);
+
+private:
+    Platform m_platform;
+    const ShownView& m_view;
+};
