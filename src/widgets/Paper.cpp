@@ -18,11 +18,14 @@ QPalette Paper::palette()
     return palette;
 }
 
-/// In points, a font would have the size that the painter's device makes of them.
+/// In points, a font would have the size that the painter's device makes of them; and a name such as "Sans"
+/// may stand for another font elsewhere.
 QFont Paper::font(const QFont& window)
 {
+    const QFontInfo used(window);
     QFont font(window);
-    font.setPixelSize(QFontInfo(window).pixelSize());
+    font.setFamily(used.family());
+    font.setPixelSize(used.pixelSize());
     return font;
 }
 

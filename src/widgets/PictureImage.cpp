@@ -8,6 +8,7 @@
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QSvgGenerator>
 
 #include <algorithm>
@@ -56,15 +57,17 @@ struct Caption
     }
 };
 
-/// A document's text may hold characters that XML must not.
-void removeForbidden(QByteArray& xml)
+/// Takes out the groups that hold nothing, which are most, and the characters of a document's text that XML
+/// must not have; names other fonts in case that one is missing.
+QByteArray tidied(const QByteArray& svg)
 {
-    xml.removeIf([](char byte) {
-        const auto code = static_cast<unsigned char>(byte);
-        return code < ' ' && code != '\t' && code != '\n' && code != '\r';
-    });
-    for (const char* forbidden : {"\xEF\xBF\xBE", "\xEF\xBF\xBF"})
-        xml.replace(forbidden, "");
+    static const QRegularExpression forbidden(
+        QStringLiteral("[^\\x{9}\\x{A}\\x{D}\\x{20}-\\x{FFFD}\\x{10000}-\\x{10FFFF}]"));
+    static const QRegularExpression empty(QStringLiteral("<g [^>]*>\\s*</g>\\s*"));
+    static const QRegularExpression family(QStringLiteral("font-family=\"([^\"]*)\""));
+    QString text = QString::fromUtf8(svg);
+    text.remove(forbidden).remove(empty);
+    return text.replace(family, QStringLiteral("font-family=\"'\\1', sans-serif\"")).toUtf8();
 }
 
 } // namespace
@@ -132,6 +135,5 @@ QByteArray PictureImage::svg(const GraphicPicture& picture, const QString& descr
     QPainter painter(&generator);
     picture.draw(painter);
     painter.end();
-    removeForbidden(bytes);
-    return bytes;
+    return tidied(bytes);
 }
