@@ -15,25 +15,11 @@
 #include <QLocale>
 #include <QMenu>
 #include <QPainter>
-#include <QResizeEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <memory>
-
-namespace {
-
-/// A widget that is never shown is not told of its size.
-void resizeUnseen(ChartView& chart, QSize size)
-{
-    chart.resize(size);
-    QResizeEvent event(size, {});
-    QCoreApplication::sendEvent(&chart, &event);
-    QCoreApplication::sendEvent(chart.viewport(), &event);
-}
-
-} // namespace
 
 ChartPane::ChartPane(DatabaseSession& session, ViewHistory& history, const StandardQueries& queries,
                      Messages& messages, QWidget* parent)
@@ -107,10 +93,10 @@ std::optional<GraphicPicture> ChartPane::picture() const
     chart->setPalette(Paper::palette());
     chart->setFont(Paper::font(m_chart->font()));
     chart->setCounts(m_chart->counts());
-    resizeUnseen(*chart, m_chart->size());
+    chart->resizeUnseen(m_chart->size());
     PictureLegend legend(font(), m_chart->width());
     if (!m_more->isHidden()) legend.add({}, m_more->text());
-    const QSize size = m_chart->size() + QSize(0, legend.height());
+    const QSize size = chart->size() + QSize(0, legend.height());
     return GraphicPicture{tr("Chart"), size, [chart, legend](QPainter& painter) {
                               painter.save();
                               chart->draw(painter);

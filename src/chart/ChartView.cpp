@@ -7,11 +7,13 @@
 #include "widgets/PlainToolTip.h"
 
 #include <QAccessible>
+#include <QCoreApplication>
 #include <QFontMetrics>
 #include <QGraphicsLayout>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QResizeEvent>
 #include <QToolTip>
 
 #include <algorithm>
@@ -139,6 +141,21 @@ void ChartView::drawTexts(QPainter& painter, const QRect& sight)
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(QRect(sight.left(), titleTop, sight.width(), titleRoom / 2), Qt::AlignCenter,
                      chart()->title());
+}
+
+void ChartView::resizeUnseen(QSize size)
+{
+    constexpr int highest = 800;
+    const auto take = [this](QSize wanted) {
+        resize(wanted);
+        // a widget that is never shown is not told of its size
+        QResizeEvent event(wanted, {});
+        QCoreApplication::sendEvent(this, &event);
+        QCoreApplication::sendEvent(viewport(), &event);
+    };
+    take(size);
+    const int height = std::min(m_names.heightForWhole(), highest);
+    if (height > size.height()) take({size.width(), height});
 }
 
 void ChartView::draw(QPainter& painter)

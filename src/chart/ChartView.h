@@ -36,6 +36,9 @@ public:
     /// The place of a bar with its number, in pixels of the view.
     [[nodiscard]] QRect barRect(int bar) const;
 
+    /// Takes a size in pixels without being shown, and more height than that if names would be elided.
+    void resizeUnseen(QSize size);
+
     /// Draws the whole chart at the painter's origin.
     void draw(QPainter& painter);
 
