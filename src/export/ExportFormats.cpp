@@ -6,11 +6,13 @@
 
 // each in a file of its own
 ExportFormat csvFormat();
+ExportFormat xlsxFormat();
 
 const std::vector<ExportFormat>& exportFormats()
 {
     static const std::vector<ExportFormat> all{
         csvFormat(),
+        xlsxFormat(),
     };
     return all;
 }
