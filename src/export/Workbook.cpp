@@ -55,6 +55,7 @@ lxw_col_t columnOf(const Workbook::Cell& cell)
 lxw_format* look(lxw_workbook* workbook, const char* numbers)
 {
     lxw_format* const format = workbook_add_format(workbook);
+    format_set_align(format, LXW_ALIGN_VERTICAL_TOP); // the first line of a text counts
     format_set_num_format(format, numbers);
     return format;
 }
@@ -69,10 +70,13 @@ Workbook::Workbook(const QString& file, const QString& title)
     options.tmpdir = m_temporary.data();
     m_workbook = workbook_new_opt(QFile::encodeName(file).constData(), &options);
     if (m_workbook == nullptr) FileBlocks::fail(ENOMEM, FileBlocks::pathOf(file));
-    m_looks = {workbook_add_format(m_workbook), look(m_workbook, "yyyy-mm-dd"), look(m_workbook, "hh:mm"),
-               look(m_workbook, "hh:mm:ss")};
+    m_looks = {look(m_workbook, "General"), look(m_workbook, "General"), look(m_workbook, "yyyy-mm-dd"),
+               look(m_workbook, "hh:mm"), look(m_workbook, "hh:mm:ss")};
     format_set_bold(m_looks[Title]);
     format_set_bottom(m_looks[Title], LXW_BORDER_THIN);
+    // as the texts among them are
+    for (const Look moment : {Day, Minutes, Seconds})
+        format_set_align(m_looks[moment], LXW_ALIGN_LEFT);
     std::string caption = title.toStdString();
     lxw_doc_properties properties{};
     properties.title = caption.data();
@@ -110,14 +114,15 @@ void Workbook::write(const Cell& cell, const std::string& text)
 {
     const PlainNumbers plain;
     errno = 0;
-    require(worksheet_write_string(cell.sheet, rowOf(cell), columnOf(cell), text.c_str(), nullptr), m_file);
+    require(worksheet_write_string(cell.sheet, rowOf(cell), columnOf(cell), text.c_str(), m_looks[Plain]),
+            m_file);
 }
 
 void Workbook::write(const Cell& cell, double number)
 {
     const PlainNumbers plain;
     errno = 0;
-    require(worksheet_write_number(cell.sheet, rowOf(cell), columnOf(cell), number, nullptr), m_file);
+    require(worksheet_write_number(cell.sheet, rowOf(cell), columnOf(cell), number, m_looks[Plain]), m_file);
 }
 
 void Workbook::write(const Cell& cell, QDate date)

@@ -67,6 +67,7 @@ private:
     enum Look
     {
         Title,
+        Plain,
         Day,
         Minutes,
         Seconds,
