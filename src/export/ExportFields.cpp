@@ -104,3 +104,16 @@ std::vector<ExportField> exportFields(const DatabaseSession& session, RecordKind
     addLinking(kind, fields);
     return fields;
 }
+
+QString titleOf(RecordKind kind)
+{
+    switch (kind) {
+    case RecordKind::Document:
+        return ExportTexts::tr("Documents");
+    case RecordKind::Event:
+        return ExportTexts::tr("Events");
+    case RecordKind::Organization:
+        break;
+    }
+    return ExportTexts::tr("Organizations");
+}

@@ -24,19 +24,6 @@ constexpr std::size_t narrowest = 6;     ///< of columns, in characters
 constexpr std::size_t widest = 50;
 constexpr std::size_t filterButton = 4;
 
-QString nameOf(RecordKind kind)
-{
-    switch (kind) {
-    case RecordKind::Document:
-        return ExportTexts::tr("Documents");
-    case RecordKind::Event:
-        return ExportTexts::tr("Events");
-    case RecordKind::Organization:
-        break;
-    }
-    return ExportTexts::tr("Organizations");
-}
-
 std::string firstPart(const QString& text, std::size_t most = CellText::most)
 {
     return CellText::parts(text.toStdString(), most).front();
@@ -68,7 +55,7 @@ public:
             titles.push_back(firstPart(m_table.title(column)));
             m_widths.push_back(std::max(narrowest, widthOf(titles.back()) + filterButton));
         }
-        m_sheet = m_workbook.addSheet(nameOf(order.kind), titles);
+        m_sheet = m_workbook.addSheet(titleOf(order.kind), titles);
     }
 
     void add(const ExportedRecord& record) override
