@@ -11,7 +11,7 @@ namespace {
 constexpr qsizetype escapedLength = 7; ///< of `_xHHHH_`
 
 /// Whether the text needs no change, which is true of nearly all.
-bool isPlain(std::string_view utf8)
+bool needsNoChange(std::string_view utf8)
 {
     return std::all_of(utf8.begin(), utf8.end(), [](char each) {
         const auto byte = static_cast<unsigned char>(each);
@@ -59,7 +59,7 @@ QString firstUnits(QStringView text, qsizetype& taken)
 
 std::vector<std::string> CellText::parts(std::string_view utf8, std::size_t units)
 {
-    if (utf8.size() <= units && isPlain(utf8)) return {std::string(utf8)};
+    if (utf8.size() <= units && needsNoChange(utf8)) return {std::string(utf8)};
     const QString all = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
     std::vector<std::string> parts;
     QString part;

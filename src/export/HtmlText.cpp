@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isPlain(char each)
+bool staysAsItIs(char each)
 {
     const auto byte = static_cast<unsigned char>(each);
     return byte >= ' ' && byte < 0x7F && byte != '&' && byte != '<' && byte != '>' && byte != '"';
@@ -35,7 +35,7 @@ QString valid(const QString& text)
 
 void appendWith(const QString& lineEnd, std::string_view utf8, std::string& html)
 {
-    if (std::all_of(utf8.begin(), utf8.end(), isPlain)) {
+    if (std::all_of(utf8.begin(), utf8.end(), staysAsItIs)) {
         html += utf8;
         return;
     }
