@@ -6,11 +6,17 @@
 
 // each in a file of its own
 ExportFormat csvFormat();
+ExportFormat jsonFormat();
+ExportFormat bibtexFormat();
+ExportFormat risFormat();
 
 const std::vector<ExportFormat>& exportFormats()
 {
     static const std::vector<ExportFormat> all{
         csvFormat(),
+        jsonFormat(),
+        bibtexFormat(),
+        risFormat(),
     };
     return all;
 }
