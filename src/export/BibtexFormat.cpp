@@ -62,21 +62,15 @@ const char* commandOf(QChar character)
     }
 }
 
-bool isControl(QChar character)
+QString escaped(const QString& text)
 {
-    return character.category() == QChar::Other_Control && character != u'\n' && character != u'\t';
-}
-
-QString escaped(QString text)
-{
-    text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
     QString result;
     result.reserve(text.size());
     for (const QChar character : text) {
         if (const char* const command = commandOf(character)) {
             result += QLatin1StringView(command);
         } else {
-            result += isControl(character) ? QChar(u' ') : character;
+            result += character;
         }
     }
     return result;
@@ -85,10 +79,7 @@ QString escaped(QString text)
 /// An address or a file name, which LaTeX takes as it is.
 QString verbatim(QString text)
 {
-    text.replace(u'\\', u"%5C"_s).replace(u'{', u"%7B"_s).replace(u'}', u"%7D"_s);
-    for (QChar& character : text)
-        if (isControl(character)) character = u' ';
-    return text;
+    return text.replace(u'\\', u"%5C"_s).replace(u'{', u"%7B"_s).replace(u'}', u"%7D"_s);
 }
 
 /// The letters a to z of the first word that has some.
@@ -125,7 +116,8 @@ QString keywordsOf(const Reference& reference)
 {
     QStringList keywords;
     for (const QString& each : reference.keywords)
-        keywords << (each.contains(u',') ? u'{' + escaped(each) + u'}' : escaped(each));
+        keywords << (each.contains(u',') || each.contains(u';') ? u'{' + escaped(each) + u'}'
+                                                                : escaped(each));
     return keywords.join(u", "_s);
 }
 
@@ -148,8 +140,8 @@ public:
         m_text += '@';
         m_text += entry.type;
         m_text += '{' + keyOf(reference).toStdString();
-        // braces of its own keep the capitals
-        if (!reference.title.isEmpty()) addField("title", u'{' + escaped(reference.title) + u'}');
+        // an entry without any field is none; the inner braces keep the capitals
+        addField("title", u'{' + escaped(reference.title) + u'}');
         addField("author", authorsOf(reference));
         addDate(reference);
         addField(entry.publication, escaped(reference.publication));

@@ -34,10 +34,9 @@ const char* codeOf(ReferenceType type)
 QString folded(QString value)
 {
     for (QChar& character : value) {
-        const QChar::Category category = character.category();
-        if (category == QChar::Other_Control || category == QChar::Separator_Line ||
-            category == QChar::Separator_Paragraph)
-            character = u' ';
+        const bool isLineEnd =
+            character == u'\n' || character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+        if (isLineEnd) character = u' ';
     }
     return value.trimmed();
 }
