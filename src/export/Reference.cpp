@@ -3,6 +3,7 @@
 #include "export/Reference.h"
 
 #include "data/ListEntry.h"
+#include "export/PlainText.h"
 #include "util/TypedDate.h"
 
 #include <QRegularExpression>
@@ -62,22 +63,6 @@ ReferenceAuthor authorOf(const QString& name)
     const QRegularExpressionMatch match = givenFirst.match(name);
     if (!match.hasMatch() || !match.captured(1).contains(u'.')) return {name, false};
     return {match.captured(2) + u", "_s + match.captured(1), true};
-}
-
-bool isReadable(QChar character)
-{
-    return character == u'\n' || character == u'\t' ||
-           (character.category() != QChar::Other_Control && !QChar::isNonCharacter(character.unicode()));
-}
-
-/// A text with one kind of line end and without what no format of references can hold.
-QString readable(const std::string& utf8)
-{
-    QString text = QString::fromStdString(utf8);
-    text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
-    for (QChar& character : text)
-        if (!isReadable(character)) character = u' ';
-    return text;
 }
 
 void setDate(const QString& typed, Reference& reference)
@@ -151,7 +136,7 @@ Reference ReferenceReader::read(const ExportedRecord& document) const
 QString ReferenceReader::text(const ExportedRecord& document, const QString& member) const
 {
     const auto field = m_fields.constFind(member);
-    return field == m_fields.constEnd() ? QString() : readable(document.values[*field].text);
+    return field == m_fields.constEnd() ? QString() : plainText(document.values[*field].text);
 }
 
 QString ReferenceReader::line(const ExportedRecord& document, const QString& member) const
@@ -165,6 +150,6 @@ QStringList ReferenceReader::links(const ExportedRecord& document, const QString
     QStringList names;
     if (field == m_fields.constEnd()) return names;
     for (const ExportedLink& link : document.values[*field].links)
-        if (link.key != noneKey) names << readable(link.name).simplified();
+        if (link.key != noneKey) names << plainText(link.name).simplified();
     return names;
 }

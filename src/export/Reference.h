@@ -31,7 +31,7 @@ struct ReferenceAuthor
 };
 
 /// A document as programs see it that keep references. Texts are of one line, but for the description and the
-/// notes, whose lines end in line feeds. None has control characters.
+/// notes, whose lines end in line feeds. All are plain.
 struct Reference
 {
     qint64 identifier = 0;

@@ -23,7 +23,9 @@ protected:
         collection.database().run(
             "UPDATE Document SET DocumentName = 'Unbalanced }{ \\ \"braces\" of ÉCOLE', Author = 'Agency of "
             "Ports and Dams', Notes = 'a' || char(13, 10) || 'ER  - ' || char(10) || 'TY  - BOOK' WHERE "
-            "DocumentID = 3");
+            "DocumentID = 3;"
+            // the converters pass on what XML cannot hold
+            "UPDATE Document SET PageNum = NULL WHERE DocumentID = 6");
     }
 
     ExportedCollection collection;
@@ -50,11 +52,12 @@ QHash<qint64, QMultiHash<QString, QString>> convert(const QString& program, cons
     return found;
 }
 
-/// A text in one line, without characters that XML cannot hold.
+/// A text in one line without control characters.
 QString inOneLine(QString text)
 {
-    static const QRegularExpression others(u"[\\p{Cc}\\x{2028}\\x{FFFE}\\x{FFFF}]"_s);
-    return text.replace(others, u" "_s).simplified();
+    static const QRegularExpression lineEnds(u"[\\s\\x{85}\\x{2028}]+"_s);
+    static const QRegularExpression controls(u"\\p{Cc}"_s);
+    return text.replace(lineEnds, u" "_s).remove(controls).simplified();
 }
 
 /// What LaTeX makes of quotation marks and hyphens, and of two commands that its reader takes otherwise.
