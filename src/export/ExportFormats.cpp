@@ -8,6 +8,9 @@
 ExportFormat csvFormat();
 ExportFormat xlsxFormat();
 ExportFormat htmlFormat();
+ExportFormat jsonFormat();
+ExportFormat bibtexFormat();
+ExportFormat risFormat();
 
 const std::vector<ExportFormat>& exportFormats()
 {
@@ -15,6 +18,9 @@ const std::vector<ExportFormat>& exportFormats()
         csvFormat(),
         xlsxFormat(),
         htmlFormat(),
+        jsonFormat(),
+        bibtexFormat(),
+        risFormat(),
     };
     return all;
 }

@@ -8,11 +8,24 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <unordered_set>
+
+namespace {
+
+/// The rows of a list may repeat a record.
+std::vector<qint64> eachOnce(std::vector<qint64> identifiers)
+{
+    std::unordered_set<qint64> taken;
+    std::erase_if(identifiers, [&taken](qint64 each) { return !taken.insert(each).second; });
+    return identifiers;
+}
+
+} // namespace
 
 ExportWork::ExportWork(DatabaseSession& session, RecordKind kind, std::vector<qint64> identifiers,
                        const ExportFormat& format, ExportOptions options, const QString& file)
     : m_reader(session, kind),
-      m_identifiers(std::move(identifiers)),
+      m_identifiers(eachOnce(std::move(identifiers))),
       m_options(std::move(options)),
       m_file(std::make_unique<ExportFile>(file)),
       m_order{kind, m_reader.fields(), m_options, m_identifiers.size()},
@@ -29,7 +42,10 @@ bool ExportWork::step()
         m_written = 0;
     }
     if (m_next == m_identifiers.size()) {
-        if (m_writer->finish()) return true;
+        if (m_writer->finish()) {
+            m_file->passOn();
+            return true;
+        }
         m_writer.reset();
         m_file->finish();
         return false;
@@ -67,10 +83,10 @@ QString ExportWork::text() const
 
 std::optional<int> ExportWork::percent() const
 {
-    const std::size_t passes = static_cast<std::size_t>(m_writer ? m_writer->passes() : 1);
-    const std::size_t all = m_identifiers.size() * passes;
+    if (!m_writer || m_identifiers.empty()) return 100;
+    const std::size_t all = m_identifiers.size() * static_cast<std::size_t>(m_writer->passes());
     const std::size_t done = m_identifiers.size() * static_cast<std::size_t>(m_pass) + m_next;
-    return all == 0 ? 100 : static_cast<int>(100 * done / all);
+    return static_cast<int>(100 * done / all);
 }
 
 std::vector<qint64> ExportWork::every(DatabaseSession& session, RecordKind kind, const QString& statement)
