@@ -59,7 +59,8 @@ void addLinking(RecordKind kind, std::vector<ExportField>& fields)
     if (kind == RecordKind::Document)
         fields.push_back(linking(RecordKind::Event, kind, u"DocumentEvents"_s, events));
     if (kind != RecordKind::Organization) return;
-    fields.push_back(linking(RecordKind::Document, kind, u"Document"_s, ExportTexts::tr("Related documents")));
+    fields.push_back(
+        linking(RecordKind::Document, kind, u"Document"_s, ExportTexts::tr("Related documents")));
     fields.push_back(linking(RecordKind::Event, kind, u"OrganizationEvents"_s, events));
 }
 
@@ -102,4 +103,13 @@ std::vector<ExportField> exportFields(const DatabaseSession& session, RecordKind
     }
     addLinking(kind, fields);
     return fields;
+}
+
+std::optional<std::size_t> fieldNamed(const std::vector<ExportField>& fields, QStringView member)
+{
+    const auto found = std::find_if(fields.begin(), fields.end(), [member](const ExportField& each) {
+        return each.member().compare(member, Qt::CaseInsensitive) == 0;
+    });
+    if (found == fields.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - fields.begin());
 }

@@ -5,12 +5,14 @@
 #include <algorithm>
 
 // each in a file of its own
+ExportFormat calendarFormat();
 ExportFormat csvFormat();
 
 const std::vector<ExportFormat>& exportFormats()
 {
     static const std::vector<ExportFormat> all{
         csvFormat(),
+        calendarFormat(),
     };
     return all;
 }
