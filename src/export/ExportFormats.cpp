@@ -7,12 +7,14 @@
 // each in a file of its own
 ExportFormat calendarFormat();
 ExportFormat csvFormat();
+ExportFormat kmlFormat();
 
 const std::vector<ExportFormat>& exportFormats()
 {
     static const std::vector<ExportFormat> all{
         csvFormat(),
         calendarFormat(),
+        kmlFormat(),
     };
     return all;
 }
