@@ -49,7 +49,8 @@ public:
         addFields(record, xml);
         if (const auto point = m_points.find(record.identifier); point != m_points.end()) {
             xml.writeStartElement(u"Point"_s);
-            xml.writeTextElement(u"coordinates"_s, point->second);
+            xml.writeTextElement(u"coordinates"_s, coordinate(point->second.longitude) + u',' +
+                                                       coordinate(point->second.latitude));
             xml.writeEndElement();
         }
         xml.writeEndElement();
@@ -63,6 +64,12 @@ public:
     }
 
 private:
+    struct Point
+    {
+        double longitude = 0; ///< degrees, -180 to 180
+        double latitude = 0;
+    };
+
     /// All positions at once: looked up for some records at a time, the known cities would be searched anew
     /// each time.
     void readPoints(DatabaseSession& session)
@@ -74,8 +81,7 @@ private:
             const double longitude = rows.real(2);
             // as on the map, a position that is not on earth is none
             if (std::abs(latitude) > 90 || std::abs(longitude) > 360) continue;
-            m_points.emplace(rows.integer(0),
-                             coordinate(std::remainder(longitude, 360)) + u',' + coordinate(latitude));
+            m_points.emplace(rows.integer(0), Point{std::remainder(longitude, 360), latitude});
         }
     }
 
@@ -124,7 +130,7 @@ private:
     const std::vector<ExportField>& m_fields;
     ExportTable m_table;
     std::string& m_text;
-    std::unordered_map<qint64, QString> m_points; ///< longitude and latitude, as they are written
+    std::unordered_map<qint64, Point> m_points; ///< by organization
     std::optional<std::size_t> m_name = fieldNamed(m_fields, u"OrganizationName");
     std::vector<std::optional<std::size_t>> m_described;
     std::string m_cell;
