@@ -148,3 +148,12 @@ QString titleOf(RecordKind kind)
     }
     return ExportTexts::tr("Organizations");
 }
+
+std::optional<std::size_t> fieldNamed(const std::vector<ExportField>& fields, QStringView member)
+{
+    const auto found = std::find_if(fields.begin(), fields.end(), [member](const ExportField& each) {
+        return each.member().compare(member, Qt::CaseInsensitive) == 0;
+    });
+    if (found == fields.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - fields.begin());
+}

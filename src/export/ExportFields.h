@@ -35,3 +35,8 @@ struct ExportField
 
 /// What users call the records of a kind, such as "Documents".
 [[nodiscard]] QString titleOf(RecordKind kind);
+
+/// The position of the field with that name for other programs, in any letter case; std::nullopt if the file
+/// has none.
+[[nodiscard]] std::optional<std::size_t> fieldNamed(const std::vector<ExportField>& fields,
+                                                    QStringView member);

@@ -5,12 +5,14 @@
 #include <algorithm>
 
 // each in a file of its own
+ExportFormat calendarFormat();
 ExportFormat csvFormat();
 ExportFormat xlsxFormat();
 ExportFormat htmlFormat();
 ExportFormat jsonFormat();
 ExportFormat bibtexFormat();
 ExportFormat risFormat();
+ExportFormat kmlFormat();
 
 const std::vector<ExportFormat>& exportFormats()
 {
@@ -21,6 +23,8 @@ const std::vector<ExportFormat>& exportFormats()
         jsonFormat(),
         bibtexFormat(),
         risFormat(),
+        calendarFormat(),
+        kmlFormat(),
     };
     return all;
 }

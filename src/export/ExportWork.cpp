@@ -28,7 +28,7 @@ ExportWork::ExportWork(DatabaseSession& session, RecordKind kind, std::vector<qi
       m_identifiers(eachOnce(std::move(identifiers))),
       m_options(std::move(options)),
       m_file(std::make_unique<ExportFile>(file)),
-      m_order{kind, m_reader.fields(), m_options, m_identifiers.size()},
+      m_order{kind, m_reader.fields(), m_options, m_identifiers.size(), session},
       m_writer(format.begin(m_order, *m_file))
 {
     m_writer->beginPass(0);
