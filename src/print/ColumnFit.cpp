@@ -3,26 +3,43 @@
 #include "print/ColumnFit.h"
 
 #include <algorithm>
-#include <numeric>
 
-std::vector<double> fittedWidths(std::vector<double> needed, double room)
+namespace {
+
+double sumOf(const std::vector<ColumnNeed>& columns, double ColumnNeed::*part)
 {
-    const double all = std::accumulate(needed.begin(), needed.end(), 0.0);
+    double sum = 0;
+    for (const ColumnNeed& column : columns)
+        sum += column.*part;
+    return sum;
+}
+
+} // namespace
+
+std::vector<double> fittedWidths(const std::vector<ColumnNeed>& columns, double room)
+{
+    std::vector<double> widths;
+    const double all = sumOf(columns, &ColumnNeed::widest);
     if (all <= room) {
-        for (double& width : needed)
-            width *= room / all;
-        return needed;
+        for (const ColumnNeed& column : columns)
+            widths.push_back(column.widest * room / all);
+        return widths;
     }
-    std::vector<double> sorted = needed;
-    std::ranges::sort(sorted);
-    double left = room;
-    double widest = 0;
-    for (std::size_t i = 0; i < sorted.size(); ++i) {
-        widest = left / static_cast<double>(sorted.size() - i);
-        if (sorted[i] > widest) break;
-        left -= sorted[i];
+    std::vector<ColumnNeed> wide = columns;
+    double share = 0;
+    bool hasNarrow = true;
+    // what a narrow column leaves makes the share of the others larger
+    while (hasNarrow) {
+        share = room / static_cast<double>(wide.size());
+        const auto narrow =
+            std::ranges::partition(wide, [share](const ColumnNeed& column) { return column.widest > share; });
+        for (const ColumnNeed& column : narrow)
+            room -= column.widest;
+        hasNarrow = !narrow.empty();
+        wide.erase(narrow.begin(), narrow.end());
     }
-    for (double& width : needed)
-        width = std::min(width, widest);
-    return needed;
+    const double scale = room / sumOf(wide, &ColumnNeed::usual);
+    for (const ColumnNeed& column : columns)
+        widths.push_back(column.widest > share ? column.usual * scale : column.widest);
+    return widths;
 }

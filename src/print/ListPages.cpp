@@ -3,7 +3,6 @@
 #include "print/ListPages.h"
 
 #include "browse/list/RecordListModel.h"
-#include "print/ColumnFit.h"
 #include "print/PrintTexts.h"
 #include "util/ReadableLine.h"
 
@@ -51,13 +50,13 @@ void ListPages::fitColumns()
 {
     const auto& columns = m_model.list().columns();
     const QRectF content = format().content();
-    std::vector<double> needed;
+    std::vector<ColumnNeed> needed;
     double room = content.width() + between;
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (columns[i].marksKeys)
             room -= keyWidth + between;
         else
-            needed.push_back(widthNeeded(static_cast<int>(i)) + between);
+            needed.push_back(need(static_cast<int>(i)));
     }
     const std::vector<double> widths = fittedWidths(needed, room);
     m_columns.clear();
@@ -70,17 +69,17 @@ void ListPages::fitColumns()
     }
 }
 
-/// The width of the widest of a few hundred texts: others go on below, if they are wider.
-double ListPages::widthNeeded(int column) const
+/// What a few hundred texts need: a wider one goes on below.
+ColumnNeed ListPages::need(int column) const
 {
-    double widest =
-        QFontMetricsF(m_titleFont)
-            .horizontalAdvance(m_model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+    const QString title = m_model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    std::vector<double> widths{QFontMetricsF(m_titleFont).horizontalAdvance(title) + between};
     const int rows = m_model.rowCount();
     const int step = std::max(1, rows / rowsToLookAt);
     for (int row = 0; row < rows; row += step)
-        widest = std::max(widest, m_metrics.horizontalAdvance(text(row, column)));
-    return widest;
+        widths.push_back(m_metrics.horizontalAdvance(text(row, column)) + between);
+    std::ranges::sort(widths);
+    return {widths.back(), widths[widths.size() * 9 / 10]};
 }
 
 QString ListPages::text(int row, int column) const

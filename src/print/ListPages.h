@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "print/ColumnFit.h"
 #include "print/PrintedPages.h"
 
 #include <QFontMetricsF>
@@ -36,7 +37,7 @@ private:
     };
 
     void fitColumns();
-    [[nodiscard]] double widthNeeded(int column) const;
+    [[nodiscard]] ColumnNeed need(int column) const;
     [[nodiscard]] QString text(int row, int column) const;
     [[nodiscard]] QStringList lines(const QString& text, double width) const;
     [[nodiscard]] double heightOf(int row) const;

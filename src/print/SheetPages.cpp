@@ -2,14 +2,12 @@
 
 #include "print/SheetPages.h"
 
-#include "export/ExportTable.h"
-#include "print/PrintTexts.h"
+#include "export/RecordSheet.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QPainter>
 
 #include <algorithm>
-#include <array>
 
 namespace {
 
@@ -19,21 +17,10 @@ constexpr std::size_t portion = 64;
 /// In the colours of paper, whatever those of the desktop are.
 QString style()
 {
-    return QStringLiteral("h1 { font-size: 14pt } th { text-align: left } td, th { padding: 2pt }");
-}
-
-QString sheetHtml(const std::vector<ExportField>& fields, const ExportedRecord& record)
-{
-    QString html = QStringLiteral("<table>");
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        std::string text;
-        appendReadable(fields[i], record.values[i], text);
-        if (text.empty()) continue;
-        html +=
-            QStringLiteral("<tr><th>%1</th><td>%2</td></tr>")
-                .arg(fields[i].field.caption.toHtmlEscaped(), QString::fromStdString(text).toHtmlEscaped());
-    }
-    return html + QStringLiteral("</table>");
+    return QStringLiteral("h2 { font-size: 14pt; margin-top: 0pt; margin-bottom: 8pt }"
+                          "th { text-align: left; font-weight: bold }"
+                          "th, td { padding-right: 10pt; padding-bottom: 5pt; vertical-align: top }"
+                          "a { color: black }");
 }
 
 } // namespace
@@ -82,7 +69,9 @@ QTextDocument* SheetPages::sheetOf(std::size_t record)
     m_sheet->setDocumentMargin(0);
     m_sheet->setDefaultFont(PageFormat::font(fontPoints));
     m_sheet->setDefaultStyleSheet(style());
-    m_sheet->setHtml(sheetHtml(m_reader.fields(), *values));
+    std::string html;
+    appendRecordSheet(m_reader.kind(), m_reader.fields(), *values, html);
+    m_sheet->setHtml(QString::fromStdString(html));
     m_sheet->setPageSize(format().content().size());
     return m_sheet.get();
 }

@@ -125,8 +125,8 @@ QGroupBox* frmPrint::makePaper()
     cmbOrientation = add("cmbOrientation", tr("&Orientation:"));
     cmbOrientation->addItem(tr("Portrait"), QPageLayout::Portrait);
     cmbOrientation->addItem(tr("Landscape"), QPageLayout::Landscape);
-    connect(cmbPaper, &QComboBox::activated, this, &frmPrint::choosePaper);
-    connect(cmbOrientation, &QComboBox::activated, this, &frmPrint::chooseOrientation);
+    connect(cmbPaper, &QComboBox::currentIndexChanged, this, &frmPrint::choosePaper);
+    connect(cmbOrientation, &QComboBox::currentIndexChanged, this, &frmPrint::chooseOrientation);
     return box;
 }
 
@@ -213,6 +213,7 @@ std::unique_ptr<PrintedPages> frmPrint::makePages() const
 void frmPrint::choosePart()
 {
     const QPageLayout::Orientation orientation = m_choice.orientation(part()).value_or(usualOrientation());
+    const QSignalBlocker programs(cmbOrientation);
     cmbOrientation->setCurrentIndex(cmbOrientation->findData(orientation));
     m_pages = makePages();
     begin();
