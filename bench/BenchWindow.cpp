@@ -116,7 +116,7 @@ QString largeDatabase(int records)
 BenchWindow::BenchWindow(int records)
     : m_settings(QStringLiteral("large.sqlite")),
       m_platform{m_messages, m_settings, m_fileAttributes, m_files, m_clock,
-                 m_volumes,  m_files,    m_otherWindows,   m_files},
+                 m_volumes,  m_files,    m_otherWindows,   m_files, m_printing},
       m_program(m_platform, m_files, ProgramFolder(programFolder(records)), QString())
 {
     m_program.Main();

@@ -9,6 +9,7 @@
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
 #include "platform/OtherWindows.h"
+#include "platform/Printing.h"
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 #include "platform/Volumes.h"
@@ -79,6 +80,7 @@ private:
     SystemClock m_clock;
     SystemVolumes m_volumes;
     NoOtherWindows m_otherWindows;
+    NoPrinting m_printing;
     Platform m_platform;
     Main_Mod m_program;
 };

@@ -69,9 +69,11 @@ int main(int argc, char** argv)
     SystemClock clock;
     SystemVolumes volumes;
     NoOtherWindows otherWindows;
+    NoPrinting printing;
     DesktopShell shell; // as in the program, with all that it links
-    Main_Mod program({messages, settings, fileAttributes, files, clock, volumes, shell, otherWindows, files},
-                     files, ProgramFolder(QString::fromLocal8Bit(argv[1])), QString());
+    Main_Mod program(
+        {messages, settings, fileAttributes, files, clock, volumes, shell, otherWindows, files, printing},
+        files, ProgramFolder(QString::fromLocal8Bit(argv[1])), QString());
     program.Main();
     if (argc > 2) {
         reportListMemory(program);

@@ -8,6 +8,7 @@
 #include "platform/DesktopFileDialogs.h"
 #include "platform/DesktopMessages.h"
 #include "platform/DesktopOtherWindows.h"
+#include "platform/DesktopPrinting.h"
 #include "platform/DesktopShell.h"
 #include "platform/DesktopWorkRunner.h"
 #include "platform/FileAttributes.h"
@@ -79,12 +80,13 @@ int main(int argc, char** argv)
     DesktopShell shell;
     DesktopOtherWindows otherWindows;
     DesktopWorkRunner works;
+    DesktopPrinting printing;
     const ProgramFolder::Surroundings surroundings{
         qEnvironmentVariable("ORVIK_HOME"), QCoreApplication::applicationDirPath(),
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)};
     const QString sample = surroundings.executableFolder + QStringLiteral("/../share/orvik/sample");
     Main_Mod program(
-        {messages, settings, fileAttributes, fileDialogs, clock, volumes, shell, otherWindows, works},
+        {messages, settings, fileAttributes, fileDialogs, clock, volumes, shell, otherWindows, works, printing},
         converter, ProgramFolder(ProgramFolder::choose(surroundings), sample), sample);
     if (program.handOver(*line.request, token)) return EXIT_SUCCESS;
     program.Main(*line.request);

@@ -7,6 +7,7 @@ class FileAttributes;
 class FileDialogs;
 class Messages;
 class OtherWindows;
+class Printing;
 class SettingsStore;
 class Shell;
 class Volumes;
@@ -24,4 +25,5 @@ struct Platform
     Shell& shell;
     OtherWindows& otherWindows;
     WorkRunner& works;
+    Printing& printing;
 };

@@ -8,6 +8,7 @@
 #include "platform/Messages.h"
 #include "platform/OtherWindows.h"
 #include "platform/Platform.h"
+#include "platform/Printing.h"
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 #include "platform/Volumes.h"
@@ -17,6 +18,7 @@
 #include <QStringList>
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <vector>
@@ -169,6 +171,16 @@ public:
     QStringList titles;             ///< of the works that were begun
 };
 
+/// A computer without printers until the test says what its user does in their dialog.
+class ScriptedPrinting final : public Printing
+{
+public:
+    [[nodiscard]] bool hasPrinter() override { return user != nullptr; }
+    [[nodiscard]] bool choose(QPrinter& printer, int pages) override { return user(printer, pages); }
+
+    std::function<bool(QPrinter& printer, int pages)> user; ///< returns false to cancel
+};
+
 /// The desktop of one test.
 struct ScriptedPlatform
 {
@@ -181,10 +193,12 @@ struct ScriptedPlatform
     ScriptedShell shell;
     ScriptedOtherWindows otherWindows;
     ScriptedWorks works;
+    ScriptedPrinting printing;
 
     [[nodiscard]] Platform platform()
     {
-        return {messages, settings, fileAttributes, fileDialogs, clock, volumes, shell, otherWindows, works};
+        return {messages, settings, fileAttributes, fileDialogs, clock,
+                volumes,  shell,    otherWindows,   works,       printing};
     }
 
     /// Names the database that the program opens at its start.

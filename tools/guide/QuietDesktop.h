@@ -9,6 +9,7 @@
 #include "platform/Messages.h"
 #include "platform/OtherWindows.h"
 #include "platform/Platform.h"
+#include "platform/Printing.h"
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 #include "platform/Volumes.h"
@@ -71,7 +72,8 @@ public:
 
     [[nodiscard]] Platform platform()
     {
-        return {*this, *this, m_fileAttributes, *this, m_clock, m_volumes, *this, m_otherWindows, *this};
+        return {*this,     *this, m_fileAttributes, *this, m_clock,
+                m_volumes, *this, m_otherWindows,   *this, m_printing};
     }
 
 private:
@@ -80,4 +82,5 @@ private:
     SystemClock m_clock;
     SystemVolumes m_volumes;
     NoOtherWindows m_otherWindows;
+    NoPrinting m_printing;
 };

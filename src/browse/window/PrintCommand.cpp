@@ -3,7 +3,12 @@
 #include "browse/window/PrintCommand.h"
 
 #include "browse/commands/MainCommands.h"
+#include "browse/list/ListPane.h"
 #include "browse/window/ShownView.h"
+#include "platform/Messages.h"
+#include "platform/Procedure.h"
+#include "print/frmPrint.h"
+#include "state/ProgramState.h"
 
 PrintCommand::PrintCommand(const Platform& platform, const ShownView& view, const MainCommands& commands,
                            QObject* parent)
@@ -12,4 +17,17 @@ PrintCommand::PrintCommand(const Platform& platform, const ShownView& view, cons
     connect(commands.mnuRecordPrint, &QAction::triggered, this, &PrintCommand::run);
 }
 
-void PrintCommand::run() {}
+void PrintCommand::run()
+{
+    if (m_view.list().isFilling()) {
+        m_platform.messages.show(tr("The list is still being read."));
+        return;
+    }
+    runProcedure(m_platform.messages, QStringLiteral("printView"), [&] {
+        frmPrint window(m_platform,
+                        {m_view.state().session, m_view.list().model(), m_view.caption(), m_view.selected(),
+                         m_view.graphic()},
+                        &m_view.window());
+        if (window.exec() == QDialog::Accepted) Q_EMIT done(window.outcome());
+    });
+}

@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "print/ListPages.h"
+
+#include "browse/list/RecordListModel.h"
+#include "print/PrintTexts.h"
+#include "util/ReadableLine.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QTextLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr double point = PageFormat::twipsPerPoint;
+constexpr double fontPoints = 9;
+constexpr double between = 8 * point; ///< two columns
+constexpr double keyWidth = 11 * point;
+constexpr double keySize = 8 * point;
+constexpr double above = 2 * point; ///< and below the texts of a row
+constexpr int mostLines = 6;
+constexpr int rowsAtOnce = 200;
+constexpr int rowsToLookAt = 400; ///< for the widths of the columns
+constexpr QColor shade(242, 242, 242);
+
+} // namespace
+
+ListPages::ListPages(const QString& caption, const RecordListModel& model)
+    : PrintedPages(caption),
+      m_model(model),
+      m_font(PageFormat::font(fontPoints)),
+      m_titleFont(PageFormat::font(fontPoints, QFont::Bold)),
+      m_metrics(m_font),
+      m_lineHeight(m_metrics.height()),
+      m_key(QStringLiteral(":/pictures/key.svg"))
+{
+}
+
+void ListPages::restart()
+{
+    fitColumns();
+    m_firstRows = {0};
+    m_measured = 0;
+    m_used = 0;
+}
+
+void ListPages::fitColumns()
+{
+    const auto& columns = m_model.list().columns();
+    const QRectF content = format().content();
+    std::vector<ColumnNeed> needed;
+    double room = content.width() + between;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (columns[i].marksKeys)
+            room -= keyWidth + between;
+        else
+            needed.push_back(need(static_cast<int>(i)));
+    }
+    const std::vector<double> widths = fittedWidths(needed, room);
+    m_columns.clear();
+    double left = content.left();
+    std::size_t text = 0;
+    for (const ListColumn& column : columns) {
+        const double width = column.marksKeys ? keyWidth : widths[text++] - between;
+        m_columns.push_back({left, width, column.marksKeys});
+        left += width + between;
+    }
+}
+
+/// What a few hundred texts need: a wider one goes on below.
+ColumnNeed ListPages::need(int column) const
+{
+    const QString title = m_model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    std::vector<double> widths{QFontMetricsF(m_titleFont).horizontalAdvance(title) + between};
+    const int rows = m_model.rowCount();
+    const int step = std::max(1, rows / rowsToLookAt);
+    for (int row = 0; row < rows; row += step)
+        widths.push_back(m_metrics.horizontalAdvance(text(row, column)) + between);
+    std::ranges::sort(widths);
+    return {widths.back(), widths[widths.size() * 9 / 10]};
+}
+
+QString ListPages::text(int row, int column) const
+{
+    QString text = readableLine(m_model.list().text(m_model.source(row), column));
+    const auto isControl = [](QChar character) { return character < u' '; };
+    std::ranges::replace_if(text, isControl, u' ');
+    return text;
+}
+
+QStringList ListPages::lines(const QString& text, double width) const
+{
+    if (m_metrics.horizontalAdvance(text) <= width) return {text};
+    QTextLayout layout(text, m_font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        if (lines.size() + 1 == mostLines) {
+            lines << m_metrics.elidedText(text.mid(line.textStart()), Qt::ElideRight, width);
+            break;
+        }
+        lines << text.mid(line.textStart(), line.textLength());
+    }
+    layout.endLayout();
+    return lines;
+}
+
+double ListPages::heightOf(int row) const
+{
+    qsizetype most = 1;
+    for (std::size_t i = 0; i < m_columns.size(); ++i) {
+        if (!m_columns[i].marksKeys)
+            most = std::max(most, lines(text(row, static_cast<int>(i)), m_columns[i].width).size());
+    }
+    return static_cast<double>(most) * m_lineHeight + 2 * above;
+}
+
+double ListPages::titlesHeight() const
+{
+    return m_lineHeight + 3 * above;
+}
+
+bool ListPages::measureMore()
+{
+    const double room = format().content().height() - titlesHeight();
+    const int end = std::min(m_measured + rowsAtOnce, m_model.rowCount());
+    for (; m_measured < end; ++m_measured) {
+        const double height = heightOf(m_measured);
+        if (m_used + height > room) {
+            m_firstRows.push_back(m_measured);
+            m_used = 0;
+        }
+        m_used += height;
+    }
+    return m_measured < m_model.rowCount();
+}
+
+void ListPages::paintContent(QPainter& painter, int page)
+{
+    const auto index = static_cast<std::size_t>(page);
+    paintTitles(painter);
+    double top = format().content().top() + titlesHeight();
+    if (m_model.rowCount() == 0) {
+        painter.setFont(m_font);
+        painter.drawText(cell(m_columns.front(), top, m_lineHeight + 2 * above), Qt::AlignVCenter,
+                         PrintTexts::tr("No records"));
+        return;
+    }
+    const int end = index + 1 < m_firstRows.size() ? m_firstRows[index + 1] : m_measured;
+    for (int row = m_firstRows[index]; row < end; ++row) {
+        const double height = heightOf(row);
+        paintRow(painter, row, top, height);
+        top += height;
+    }
+}
+
+/// The place of a column, mirrored where the program reads from right to left.
+QRectF ListPages::cell(const Column& column, double top, double height) const
+{
+    const double left =
+        QGuiApplication::isRightToLeft() ? format().size().width() - column.left - column.width : column.left;
+    return {left, top, column.width, height};
+}
+
+void ListPages::paintTitles(QPainter& painter)
+{
+    const QRectF content = format().content();
+    painter.setFont(m_titleFont);
+    for (std::size_t i = 0; i < m_columns.size(); ++i) {
+        const QRectF place = cell(m_columns[i], content.top(), m_lineHeight + 2 * above);
+        if (m_columns[i].marksKeys) {
+            paintKey(painter, place);
+            continue;
+        }
+        const QString title =
+            m_model.headerData(static_cast<int>(i), Qt::Horizontal, Qt::DisplayRole).toString();
+        painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                         QFontMetricsF(m_titleFont).elidedText(title, Qt::ElideRight, place.width()));
+    }
+    const double bottom = content.top() + titlesHeight() - above;
+    painter.setPen(QPen(Qt::black, 0.4 * point));
+    painter.drawLine(QPointF(content.left(), bottom), QPointF(content.right(), bottom));
+}
+
+void ListPages::paintRow(QPainter& painter, int row, double top, double height)
+{
+    const QRectF content = format().content();
+    if (row % 2 != 0)
+        painter.fillRect(QRectF(content.left() - above, top, content.width() + 2 * above, height), shade);
+    painter.setFont(m_font);
+    painter.setPen(Qt::black);
+    for (std::size_t i = 0; i < m_columns.size(); ++i) {
+        const QRectF first = cell(m_columns[i], top + above, m_lineHeight);
+        if (m_columns[i].marksKeys) {
+            if (m_model.list().isKey(m_model.source(row))) paintKey(painter, first);
+            continue;
+        }
+        const QString all = text(row, static_cast<int>(i));
+        painter.setLayoutDirection(all.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+        QRectF place = first;
+        for (const QString& line : lines(all, place.width())) {
+            const auto side = QGuiApplication::isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft;
+            painter.drawText(place, side | Qt::AlignAbsolute | Qt::TextSingleLine | Qt::TextDontClip, line);
+            place.translate(0, m_lineHeight);
+        }
+        painter.setLayoutDirection(QGuiApplication::layoutDirection());
+    }
+}
+
+void ListPages::paintKey(QPainter& painter, const QRectF& cell)
+{
+    QRectF place(0, 0, keySize, keySize);
+    place.moveCenter(cell.center());
+    m_key.render(&painter, place);
+}
