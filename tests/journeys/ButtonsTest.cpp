@@ -123,6 +123,7 @@ const struct
     {"mnuRecordOpen", "Atlas", "/data/documents/2.pdf"},
     {"Delete", "Brief", "View ALL Documents: Atlas"},
     {"mnuViewRefresh", "", "View ALL Documents: Atlas|Zoo"},
+    {"mnuRecordExport", "", "Export"},
     {"mnuViewOrganizations", "", "View ALL Organizations: Agency"},
     {"mnuViewEvents", "", "View ALL Events: Flood"},
     {"Edit", "Flood", "Editing EventID 2"},
