@@ -160,6 +160,24 @@ TEST_F(Buttons, EachDoesWhatItSays)
     }
 }
 
+TEST_F(Buttons, CommandsThatCanBeUsedAtOnceHaveKeysOfTheirOwn)
+{
+    for (const auto& [view, row] :
+         {std::pair("mnuViewDocuments", "Atlas"), std::pair("mnuViewEvents", "Flood"),
+          std::pair("mnuViewOrganizations", "Agency")}) {
+        journey.trigger(view);
+        journey.select(row);
+        std::set<QString> keys;
+        for (const QAction* command : journey.program->window()->findChildren<QAction*>()) {
+            for (const QKeySequence& key : command->shortcuts()) {
+                const bool isOwn = !command->isEnabled() || keys.insert(key.toString()).second;
+                EXPECT_TRUE(isOwn) << command->text().toStdString() << " in " << view;
+            }
+        }
+        EXPECT_GT(keys.size(), 20U);
+    }
+}
+
 TEST_F(Buttons, TheHomePageIsWorkedByKeysToo)
 {
     button("Image1(2)").setFocus();
