@@ -19,7 +19,7 @@ namespace {
 constexpr int times = 2; ///< the size of an image
 
 // pixels
-constexpr int margin = 12;
+constexpr int pictureMargin = 12;
 constexpr int narrowestCaption = 300;
 
 /// The dots per inch, or per metre, for which logical pixels are made.
@@ -37,7 +37,7 @@ struct Caption
     [[nodiscard]] int height() const
     {
         return static_cast<int>(lines.size()) * QFontMetrics(bold).height() +
-               static_cast<int>(note.size()) * QFontMetrics(plain).height() + margin;
+               static_cast<int>(note.size()) * QFontMetrics(plain).height() + pictureMargin;
     }
 
     void draw(QPainter& painter) const
@@ -83,10 +83,10 @@ GraphicPicture PictureImage::captioned(const GraphicPicture& picture, const QStr
     above.bold.setPixelSize(static_cast<int>(above.plain.pixelSize() * larger));
     above.lines = Paper::lines(caption, above.bold, width, mostLines);
     above.note = Paper::lines(note, above.plain, width, 1);
-    const QSize size(width + 2 * margin, picture.size.height() + above.height() + 2 * margin);
+    const QSize size(width + 2 * pictureMargin, picture.size.height() + above.height() + 2 * pictureMargin);
     return {picture.name, size, [=](QPainter& painter) {
                 painter.fillRect(QRect(QPoint(), size), Qt::white);
-                painter.translate(margin, margin);
+                painter.translate(pictureMargin, pictureMargin);
                 above.draw(painter);
                 painter.translate((width - picture.size.width()) / 2, above.height());
                 picture.draw(painter);

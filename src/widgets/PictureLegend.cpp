@@ -14,7 +14,7 @@ namespace {
 // pixels
 constexpr int above = 8;
 constexpr int signWidth = 20;
-constexpr int between = 18;
+constexpr int betweenEntries = 18;
 constexpr int rowGap = 4;
 
 } // namespace
@@ -39,7 +39,7 @@ void PictureLegend::add(const Sign& sign, const QString& text)
     }
     entry.place = m_next;
     m_rows = std::max(m_rows, static_cast<int>(entry.lines.size()));
-    m_next.rx() += width + between;
+    m_next.rx() += width + betweenEntries;
     m_entries.push_back(std::move(entry));
 }
 
