@@ -101,6 +101,7 @@ protected:
     {
         // the stored status may have another letter case
         collection.database().run("UPDATE Document SET dStatus = 'Deleted' WHERE DocumentID = 7;"
+                                  "UPDATE Document SET PubNum = 'a' || char(13) || 'b' WHERE DocumentID = 8;"
                                   "UPDATE Event SET Status = 'deleted' WHERE EventID = 5");
     }
 
