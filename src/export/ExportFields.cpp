@@ -32,25 +32,6 @@ std::optional<NamedKey> keyOf(const RecordParts& parts, const QString& column)
     return std::nullopt;
 }
 
-/// The column as the file calls it; null if it has none of that name.
-const CatalogColumn* columnOf(const DatabaseSession& session, const QString& table, const QString& column)
-{
-    const CatalogTable* found = session.catalog().findTable(table);
-    return found == nullptr ? nullptr : found->findColumn(column);
-}
-
-/// Whether the file has all that the links or the names of a field are read from.
-bool canBeNamed(const DatabaseSession& session, const ExportField& made)
-{
-    const NamedKey& named = *made.named;
-    const bool hasStatus =
-        !made.target || columnOf(session, named.table, recordParts(*made.target).statusColumn) != nullptr;
-    const bool hasSetting = made.field.form != FieldForm::Settings ||
-                            columnOf(session, made.field.table, u"Setting"_s) != nullptr;
-    return hasStatus && hasSetting && columnOf(session, named.table, named.keyColumn) != nullptr &&
-           columnOf(session, named.table, named.nameColumn) != nullptr;
-}
-
 ExportField exportField(const RecordParts& parts, const RecordField& field)
 {
     ExportField made{field, keyOf(parts, field.column), parts.names.key, std::nullopt};
@@ -60,19 +41,6 @@ ExportField exportField(const RecordParts& parts, const RecordField& field)
     }
     if (made.named) made.target = kindOfTable(made.named->table);
     return made;
-}
-
-/// Adds a field as far as the file has it: an imported one may lack a table or a column.
-void addIfThere(const DatabaseSession& session, ExportField made, std::vector<ExportField>& fields)
-{
-    const CatalogColumn* column = columnOf(session, made.field.table, made.field.column);
-    if (column == nullptr || columnOf(session, made.field.table, made.recordColumn) == nullptr) return;
-    if (made.named && !canBeNamed(session, made)) {
-        if (made.hasLinks()) return;
-        made.named.reset();
-    }
-    made.fileColumn = column->name;
-    fields.push_back(std::move(made));
 }
 
 /// The records of a kind that link to the exported ones by the rows of a table.
@@ -85,15 +53,15 @@ ExportField linking(RecordKind from, RecordKind to, const QString& table, const 
             from};
 }
 
-void addLinking(const DatabaseSession& session, RecordKind kind, std::vector<ExportField>& fields)
+void addLinking(RecordKind kind, std::vector<ExportField>& fields)
 {
     const QString events = ExportTexts::tr("Related events");
     if (kind == RecordKind::Document)
-        addIfThere(session, linking(RecordKind::Event, kind, u"DocumentEvents"_s, events), fields);
+        fields.push_back(linking(RecordKind::Event, kind, u"DocumentEvents"_s, events));
     if (kind != RecordKind::Organization) return;
-    const QString documents = ExportTexts::tr("Related documents");
-    addIfThere(session, linking(RecordKind::Document, kind, u"Document"_s, documents), fields);
-    addIfThere(session, linking(RecordKind::Event, kind, u"OrganizationEvents"_s, events), fields);
+    fields.push_back(
+        linking(RecordKind::Document, kind, u"Document"_s, ExportTexts::tr("Related documents")));
+    fields.push_back(linking(RecordKind::Event, kind, u"OrganizationEvents"_s, events));
 }
 
 bool hasField(const std::vector<ExportField>& fields, const QString& table, const QString& column)
@@ -118,9 +86,12 @@ std::vector<ExportField> exportFields(const DatabaseSession& session, RecordKind
     const CatalogTable* main = session.catalog().findTable(parts.names.record);
     std::vector<ExportField> fields;
     for (const RecordField& each : known.fields) {
+        const CatalogTable* table = session.catalog().findTable(each.table);
+        const CatalogColumn* column = table == nullptr ? nullptr : table->findColumn(each.column);
         // of the two columns of a chart, only the first says something to its user
-        if (each.form != FieldForm::Status && !hasCaption(fields, each.caption))
-            addIfThere(session, exportField(parts, each), fields);
+        if (column == nullptr || each.form == FieldForm::Status || hasCaption(fields, each.caption)) continue;
+        fields.push_back(exportField(parts, each));
+        fields.back().fileColumn = column->name;
     }
     for (const CatalogColumn& column : main != nullptr ? main->columns : std::vector<CatalogColumn>()) {
         const bool isHidden = known.hidden.contains(column.name, Qt::CaseInsensitive) ||
@@ -132,7 +103,7 @@ std::vector<ExportField> exportFields(const DatabaseSession& session, RecordKind
                           std::nullopt,
                           column.name});
     }
-    addLinking(session, kind, fields);
+    addLinking(kind, fields);
     return fields;
 }
 

@@ -147,6 +147,7 @@ N1  - Kept
 ER  - 
 )")
                                   .replace('\n', "\r\n")));
+    EXPECT_FALSE(collection.exported("bibtex", RecordKind::Document).contains("{None}"));
     struct Case
     {
         const char* type;
