@@ -140,7 +140,7 @@ void ChartView::drawTexts(QPainter& painter, const QRect& sight)
     painter.setFont(chart()->titleFont());
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(QRect(sight.left(), titleTop, sight.width(), titleRoom / 2), Qt::AlignCenter,
-                     chart()->title());
+                     accessibleName());
 }
 
 void ChartView::resizeUnseen(QSize size)
@@ -160,6 +160,8 @@ void ChartView::resizeUnseen(QSize size)
 
 void ChartView::draw(QPainter& painter)
 {
+    // its own title, which is not to be seen, would be among the texts of a picture
+    chart()->setTitle(QStringLiteral(" "));
     render(&painter, rect(), rect());
     drawTexts(painter, rect());
 }
