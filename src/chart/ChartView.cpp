@@ -153,6 +153,8 @@ void ChartView::resizeUnseen(QSize size)
         QCoreApplication::sendEvent(this, &event);
         QCoreApplication::sendEvent(viewport(), &event);
     };
+    // the chart's own title, which is transparent, would be among the texts of a picture
+    chart()->setTitle(QStringLiteral(" "));
     take(size);
     const int height = std::min(m_names.heightForWhole(), highest);
     if (height > size.height()) take({size.width(), height});
@@ -160,8 +162,6 @@ void ChartView::resizeUnseen(QSize size)
 
 void ChartView::draw(QPainter& painter)
 {
-    // its own title, which is not to be seen, would be among the texts of a picture
-    chart()->setTitle(QStringLiteral(" "));
     render(&painter, rect(), rect());
     drawTexts(painter, rect());
 }
