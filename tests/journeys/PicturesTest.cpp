@@ -74,9 +74,11 @@ protected:
             EXPECT_NE(svg.name(), u"image"_s);
             if (!svg.isStartElement()) continue;
             if (svg.name() == u"svg"_s) texts.insert(svg.attributes().value(u"viewBox"_s).toString());
-            for (const QString& number :
-                 svg.attributes().value(u"d"_s).toString().split(QRegularExpression(u"[MLCZ, ]"_s)))
-                EXPECT_GT(number.toDouble(), -0.1) << "beyond the edge, where not every program cuts it off";
+            QStringList places =
+                svg.attributes().value(u"d"_s).toString().split(QRegularExpression(u"[MLCZ, ]"_s));
+            places << svg.attributes().value(u"cx"_s).toString();
+            for (const QString& place : places)
+                EXPECT_GT(place.toDouble(), -0.1) << "beyond the edge, where not every program cuts it off";
             if (svg.name() == u"text"_s || svg.name() == u"title"_s || svg.name() == u"desc"_s)
                 texts.insert(svg.readElementText());
         }
@@ -141,6 +143,9 @@ TEST_F(Pictures, ShowTheTimelineDarkOnWhiteAndNothingAsSelected)
 
 TEST_F(Pictures, ShowEveryMarkerInSightOfTheMap)
 {
+    journey.database.run(
+        u"INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, Lat, Lon, Status) "
+        "VALUES (9, 'Theta', 3, 38.81, -90.3, 'ACTIVE')"_s);
     view("mnuViewOrganizations");
     journey.select("Epsilon");
     ASSERT_TRUE(map().ringed());
@@ -157,6 +162,10 @@ TEST_F(Pictures, ShowEveryMarkerInSightOfTheMap)
     EXPECT_EQ(colourOf("Dallas, TX: Law"), "#ff0000");
     EXPECT_EQ(colourOf("Austin, TX: Fire & Rescue"), "#008000") << "over that of another function";
     EXPECT_EQ(at(image, 3, map().height() - 4), "#ffffff") << "the sea";
+    const QPoint covered = map().positionOf(entry("O'Fallon, MO: Law")).toPoint();
+    EXPECT_EQ(at(image, covered.x(), covered.y()),
+              map().grab().toImage().pixelColor(covered).name().toStdString())
+        << "the same one of two lies over the other";
     for (double away = 6.5; away < 11; away += 0.5)
         EXPECT_NE(colourOf("Reno, NV: Law", {away, 0}), QColor(Qt::white).name().toStdString())
             << "no ring: " << away;
@@ -209,6 +218,7 @@ TEST_F(Pictures, SayEverythingAsText)
         map().zoomIn();
     saveAs("map.svg");
     EXPECT_LT(QFileInfo(path("map.svg")).size(), whole / 2) << "only what is in sight";
+    EXPECT_EQ(textsOf("map.svg").count(u"Nevada"_s), 0u);
 
     view("mnuViewDocuments");
     saveAs("chart.svg");
@@ -264,9 +274,9 @@ TEST_F(Pictures, AreSavedWhereTheUserSays)
     // a caption is no file's name; and a graphic may show nothing
     const clsView events = journey.program->state().queries.all(RecordKind::Event);
     journey.program->state().history.addView(
-        {ViewKind::Events, events.SQL, u"..a/b: \"c\"?\n "_s + QString(300, u'é')});
+        {ViewKind::Events, events.SQL, u"..a/b: \"cdef\"?\n "_s + u"😀"_s.repeated(90)});
     saveAs(nullptr);
-    EXPECT_EQ(journey.desktop.fileDialogs.proposed.back(), u"a b c "_s + QString(97, u'é') + u".png"_s);
+    EXPECT_EQ(journey.desktop.fileDialogs.proposed.back(), u"a b cdef "_s + u"😀"_s.repeated(47) + u".png"_s);
     journey.database.run(u"UPDATE Event SET Status = 'DELETED'"_s);
     journey.trigger("mnuViewRefresh");
     for (const char* command : {"mnuViewCopyPicture", "mnuViewSavePicture"}) {
