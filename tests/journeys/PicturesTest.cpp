@@ -281,7 +281,7 @@ TEST_F(Pictures, AreSavedWhereTheUserSays)
     journey.trigger("mnuViewRefresh");
     for (const char* command : {"mnuViewCopyPicture", "mnuViewSavePicture"}) {
         journey.desktop.messages.expectMessage(
-            u"There is nothing in the graphic just now, so there is no picture of it."_s);
+            u"The graphic shows nothing just now, so there is no picture of it."_s);
         journey.trigger(command);
         journey.desktop.messages.finish();
     }
