@@ -21,6 +21,7 @@ constexpr std::size_t portion = 64;
 QString style()
 {
     return QStringLiteral("h2 { font-size: 14pt; margin-top: 0px; margin-bottom: 14px }"
+                          "table { margin-top: 10px }"
                           "th { text-align: left; font-weight: bold }"
                           "th, td { padding-right: 12px; padding-bottom: 6px; vertical-align: top }"
                           "a { color: black }");
