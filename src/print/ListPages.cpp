@@ -25,6 +25,12 @@ constexpr int rowsAtOnce = 200;
 constexpr int rowsToLookAt = 400; ///< for the widths of the columns
 constexpr QColor shade(242, 242, 242);
 
+int textFlags()
+{
+    return static_cast<int>(PageFormat::startSide() | Qt::AlignVCenter) | Qt::TextSingleLine |
+           Qt::TextDontClip;
+}
+
 } // namespace
 
 ListPages::ListPages(const QString& caption, const RecordListModel& model)
@@ -82,9 +88,10 @@ ColumnNeed ListPages::need(int column) const
     return {widths.back(), widths[widths.size() * 9 / 10]};
 }
 
+/// As the tool tips have it, which show years with four digits: paper has none.
 QString ListPages::text(int row, int column) const
 {
-    QString text = readableLine(m_model.list().text(m_model.source(row), column));
+    QString text = readableLine(m_model.list().toolTip(m_model.source(row), column));
     const auto isControl = [](QChar character) { return character < u' '; };
     std::ranges::replace_if(text, isControl, u' ');
     return text;
@@ -111,13 +118,21 @@ QStringList ListPages::lines(const QString& text, double width) const
     return lines;
 }
 
-double ListPages::heightOf(int row) const
+std::vector<QStringList> ListPages::cells(int row) const
+{
+    std::vector<QStringList> cells;
+    for (std::size_t i = 0; i < m_columns.size(); ++i) {
+        cells.push_back(m_columns[i].marksKeys ? QStringList()
+                                               : lines(text(row, static_cast<int>(i)), m_columns[i].width));
+    }
+    return cells;
+}
+
+double ListPages::heightOf(const std::vector<QStringList>& cells) const
 {
     qsizetype most = 1;
-    for (std::size_t i = 0; i < m_columns.size(); ++i) {
-        if (!m_columns[i].marksKeys)
-            most = std::max(most, lines(text(row, static_cast<int>(i)), m_columns[i].width).size());
-    }
+    for (const QStringList& lines : cells)
+        most = std::max(most, lines.size());
     return static_cast<double>(most) * m_lineHeight + 2 * above;
 }
 
@@ -131,7 +146,7 @@ bool ListPages::measureMore()
     const double room = format().content().height() - titlesHeight();
     const int end = std::min(m_measured + rowsAtOnce, m_model.rowCount());
     for (; m_measured < end; ++m_measured) {
-        const double height = heightOf(m_measured);
+        const double height = heightOf(cells(m_measured));
         if (m_used + height > room) {
             m_firstRows.push_back(m_measured);
             m_used = 0;
@@ -148,15 +163,16 @@ void ListPages::paintContent(QPainter& painter, int page)
     double top = format().content().top() + titlesHeight();
     if (m_model.rowCount() == 0) {
         painter.setFont(m_font);
-        painter.drawText(cell(m_columns.front(), top, m_lineHeight + 2 * above), Qt::AlignVCenter,
+        painter.drawText(cell(m_columns.front(), top, m_lineHeight + 2 * above), textFlags(),
                          PrintTexts::tr("No records"));
         return;
     }
     const int end = index + 1 < m_firstRows.size() ? m_firstRows[index + 1] : m_measured;
     for (int row = m_firstRows[index]; row < end; ++row) {
-        const double height = heightOf(row);
-        paintRow(painter, row, top, height);
-        top += height;
+        const std::vector<QStringList> texts = cells(row);
+        const QRectF place(format().content().left(), top, format().content().width(), heightOf(texts));
+        paintRow(painter, row, texts, place);
+        top = place.bottom();
     }
 }
 
@@ -180,7 +196,7 @@ void ListPages::paintTitles(QPainter& painter)
         }
         const QString title =
             m_model.headerData(static_cast<int>(i), Qt::Horizontal, Qt::DisplayRole).toString();
-        painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+        painter.drawText(place, textFlags(),
                          QFontMetricsF(m_titleFont).elidedText(title, Qt::ElideRight, place.width()));
     }
     const double bottom = content.top() + titlesHeight() - above;
@@ -188,29 +204,24 @@ void ListPages::paintTitles(QPainter& painter)
     painter.drawLine(QPointF(content.left(), bottom), QPointF(content.right(), bottom));
 }
 
-void ListPages::paintRow(QPainter& painter, int row, double top, double height)
+void ListPages::paintRow(QPainter& painter, int row, const std::vector<QStringList>& cells,
+                         const QRectF& place)
 {
-    const QRectF content = format().content();
-    if (row % 2 != 0)
-        painter.fillRect(QRectF(content.left() - above, top, content.width() + 2 * above, height), shade);
+    if (row % 2 != 0) painter.fillRect(place.adjusted(-above, 0, above, 0), shade);
     painter.setFont(m_font);
     painter.setPen(Qt::black);
     for (std::size_t i = 0; i < m_columns.size(); ++i) {
-        const QRectF first = cell(m_columns[i], top + above, m_lineHeight);
-        if (m_columns[i].marksKeys) {
-            if (m_model.list().isKey(m_model.source(row))) paintKey(painter, first);
-            continue;
+        QRectF line = cell(m_columns[i], place.top() + above, m_lineHeight);
+        if (m_columns[i].marksKeys && m_model.list().isKey(m_model.source(row))) paintKey(painter, line);
+        if (cells[i].isEmpty()) continue;
+        // that of the whole text also holds for a line in another script
+        painter.setLayoutDirection(cells[i].join(u' ').isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+        for (const QString& text : cells[i]) {
+            painter.drawText(line, textFlags(), text);
+            line.translate(0, m_lineHeight);
         }
-        const QString all = text(row, static_cast<int>(i));
-        painter.setLayoutDirection(all.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
-        QRectF place = first;
-        for (const QString& line : lines(all, place.width())) {
-            const auto side = QGuiApplication::isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft;
-            painter.drawText(place, side | Qt::AlignAbsolute | Qt::TextSingleLine | Qt::TextDontClip, line);
-            place.translate(0, m_lineHeight);
-        }
-        painter.setLayoutDirection(QGuiApplication::layoutDirection());
     }
+    painter.setLayoutDirection(QGuiApplication::layoutDirection());
 }
 
 void ListPages::paintKey(QPainter& painter, const QRectF& cell)

@@ -40,11 +40,12 @@ private:
     [[nodiscard]] ColumnNeed need(int column) const;
     [[nodiscard]] QString text(int row, int column) const;
     [[nodiscard]] QStringList lines(const QString& text, double width) const;
-    [[nodiscard]] double heightOf(int row) const;
+    [[nodiscard]] std::vector<QStringList> cells(int row) const;
+    [[nodiscard]] double heightOf(const std::vector<QStringList>& cells) const;
     [[nodiscard]] double titlesHeight() const;
     [[nodiscard]] QRectF cell(const Column& column, double top, double height) const;
     void paintTitles(QPainter& painter);
-    void paintRow(QPainter& painter, int row, double top, double height);
+    void paintRow(QPainter& painter, int row, const std::vector<QStringList>& cells, const QRectF& place);
     void paintKey(QPainter& painter, const QRectF& cell);
 
     const RecordListModel& m_model;

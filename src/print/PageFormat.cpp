@@ -43,3 +43,13 @@ QFont PageFormat::font(double points, QFont::Weight weight)
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
 }
+
+Qt::Alignment PageFormat::startSide()
+{
+    return Qt::AlignAbsolute | (QGuiApplication::isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
+}
+
+Qt::Alignment PageFormat::endSide()
+{
+    return Qt::AlignAbsolute | (QGuiApplication::isRightToLeft() ? Qt::AlignLeft : Qt::AlignRight);
+}

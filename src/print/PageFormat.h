@@ -33,6 +33,11 @@ public:
     /// The program's font, measured in twips.
     [[nodiscard]] static QFont font(double points, QFont::Weight weight = QFont::Normal);
 
+    /// The side on which lines begin in the program's language, whatever the direction of a text, and the
+    /// other.
+    [[nodiscard]] static Qt::Alignment startSide();
+    [[nodiscard]] static Qt::Alignment endSide();
+
 private:
     QSizeF m_size;
 };

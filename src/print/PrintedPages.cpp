@@ -22,6 +22,11 @@ QString pageText(int page, std::optional<int> count)
     return PrintTexts::tr("Page %1 of %2").arg(locale.toString(page + 1), locale.toString(*count));
 }
 
+void drawLine(QPainter& painter, const QRectF& place, Qt::Alignment side, const QString& text)
+{
+    painter.drawText(place, static_cast<int>(side | Qt::AlignVCenter) | Qt::TextSingleLine, text);
+}
+
 } // namespace
 
 PrintedPages::PrintedPages(const QString& caption)
@@ -57,14 +62,14 @@ void PrintedPages::paintHeader(QPainter& painter, int page) const
     const QFont number = PageFormat::font(numberPoints);
     const QString pages = pageText(page, m_isMeasured ? std::optional(count()) : std::nullopt);
     painter.setFont(number);
-    painter.drawText(header, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, pages);
+    drawLine(painter, header, PageFormat::endSide(), pages);
 
     const QFont font = PageFormat::font(captionPoints, QFont::Bold);
     const double room = header.width() - QFontMetricsF(number).horizontalAdvance(pages) -
                         2 * captionPoints * PageFormat::twipsPerPoint;
     painter.setFont(font);
-    painter.drawText(header, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     QFontMetricsF(font).elidedText(m_caption, Qt::ElideRight, room));
+    drawLine(painter, header, PageFormat::startSide(),
+             QFontMetricsF(font).elidedText(m_caption, Qt::ElideRight, room));
     painter.setPen(QPen(Qt::black, ruleWidth));
     painter.drawLine(header.bottomLeft(), header.bottomRight());
 }

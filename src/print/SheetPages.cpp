@@ -6,8 +6,11 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QPainter>
+#include <QTextBlock>
+#include <QTextLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -17,10 +20,23 @@ constexpr std::size_t portion = 64;
 /// In the colours of paper, whatever those of the desktop are.
 QString style()
 {
-    return QStringLiteral("h2 { font-size: 14pt; margin-top: 0pt; margin-bottom: 8pt }"
+    return QStringLiteral("h2 { font-size: 14pt; margin-top: 0px; margin-bottom: 14px }"
+                          "table { margin-top: 10px }"
                           "th { text-align: left; font-weight: bold }"
-                          "th, td { padding-right: 10pt; padding-bottom: 5pt; vertical-align: top }"
+                          "th, td { padding-right: 12px; padding-bottom: 6px; vertical-align: top }"
                           "a { color: black }");
+}
+
+/// Draws the lines whose middle is between two heights. The document would draw one more above them, which
+/// other programs would then find twice in a PDF.
+void drawLines(QPainter& painter, const QTextLayout& layout, const QPointF& place,
+               const std::pair<double, double>& between)
+{
+    for (int i = 0; i < layout.lineCount(); ++i) {
+        const QTextLine line = layout.lineAt(i);
+        const double middle = place.y() + line.y() + line.height() / 2;
+        if (middle > between.first && middle < between.second) line.draw(&painter, place);
+    }
 }
 
 } // namespace
@@ -92,11 +108,10 @@ void SheetPages::paintContent(QPainter& painter, int page)
     const QTextDocument* sheet = sheetOf(record);
     if (sheet == nullptr) return;
     const QRectF content = format().content();
-    const QRectF part(0, number * content.height(), content.width(), content.height());
-    painter.translate(content.topLeft() - part.topLeft());
-    painter.setClipRect(part);
-    QAbstractTextDocumentLayout::PaintContext context;
-    context.clip = part;
-    context.palette.setColor(QPalette::Text, Qt::black);
-    sheet->documentLayout()->draw(&painter, context);
+    const double top = number * content.height();
+    painter.translate(content.left(), content.top() - top);
+    for (QTextBlock block = sheet->begin(); block.isValid(); block = block.next()) {
+        const QPointF place = sheet->documentLayout()->blockBoundingRect(block).topLeft();
+        drawLines(painter, *block.layout(), place, {top, top + content.height()});
+    }
 }

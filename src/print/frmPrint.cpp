@@ -42,6 +42,7 @@ QString listText(std::size_t count)
 
 QString sheetsText(std::size_t count)
 {
+    if (count == 0) return frmPrint::tr("The selected records as &sheets");
     return count == 1 ? frmPrint::tr("The selected record as a &sheet")
                       : frmPrint::tr("The selected records as &sheets (%1)").arg(QLocale().toString(count));
 }
@@ -58,12 +59,12 @@ frmPrint::frmPrint(const Platform& platform, View view, QWidget* parent)
     setWindowTitle(tr("Print"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setSizeGripEnabled(true);
-    m_preview = new PagePreview(this);
-    m_preview->setAccessibleName(tr("Preview of the page"));
     auto* choices = new QVBoxLayout;
     choices->addWidget(makeParts());
     choices->addWidget(makePaper());
     choices->addStretch();
+    m_preview = new PagePreview(this);
+    m_preview->setAccessibleName(tr("Preview of the page"));
     auto* shown = new QVBoxLayout;
     shown->addWidget(m_preview, 1);
     shown->addLayout(makeTurning());

@@ -118,6 +118,7 @@ const struct
     {"Edit", "Agency", "Editing OrganizationID 2"},
     {"View", "Agency", "Viewing Organization 2 (Read-Only)"},
     {"mnuViewDocuments", "", "View ALL Documents: Atlas|Brief"},
+    {"mnuRecordPrint", "", "Print"},
     {"Edit", "Brief", "Editing DocumentID 3"},
     {"View", "Brief", "Viewing DocumentID 3 (Read-Only)"},
     {"mnuRecordOpen", "Atlas", "/data/documents/2.pdf"},

@@ -108,6 +108,12 @@ TEST_F(Portraits, OfTheCheck)
     });
 }
 
+TEST_F(Portraits, OfWhatIsPrinted)
+{
+    journey.trigger("mnuViewDocuments");
+    expectDialog("frmPrint", "mnuRecordPrint", "print");
+}
+
 TEST_F(Portraits, OfTheSearchesAndTheirResults)
 {
     const auto open = [this](const char* command, const char* dialog, const char* name) {

@@ -6,6 +6,7 @@
 #include "support/TestFiles.h"
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QPrinter>
 #include <QProcess>
 #include <QRadioButton>
@@ -131,7 +132,7 @@ TEST_F(PrintJourney, TheListHasEveryRowOnceUnderItsTitles)
                 << page.toStdString();
         // before each row's name there is no author
         EXPECT_EQ(found(read.pages.join(QString()), u"(?<=\n)Document \\d+"_s), shown);
-        EXPECT_TRUE(read.pages.join(QString()).contains(u"word…"_s)) << "the long title says that it is cut";
+        EXPECT_TRUE(read.pages.join(QString()).contains(u'…')) << "the long title says that it is cut";
         EXPECT_EQ(changed(), u"Saved: printed.pdf"_s);
         EXPECT_EQ(journey.desktop.fileDialogs.proposed.last(), u"View ALL Documents.pdf"_s);
     }
@@ -165,7 +166,7 @@ TEST_F(PrintJourney, ASheetHasAllFieldsHoweverLongTheyAre)
         words << u'w' + QString::number(i);
     EXPECT_EQ(found(all, u"\\bw\\d+\\b"_s), words.join(u' '));
     EXPECT_TRUE(read.pages.first().contains(u"Atlas"_s) && all.contains(u"Ada <b>"_s));
-    EXPECT_TRUE(read.pages.last().contains(u"Brief"_s) && !read.pages.last().contains(u'w'))
+    EXPECT_TRUE(read.pages.last().contains(u"Brief"_s) && found(read.pages.last(), u"\\bw\\d+"_s).isEmpty())
         << "on its own page";
 }
 
@@ -203,7 +204,7 @@ TEST_F(PrintJourney, WhatCannotBePrintedSaysWhyAndWhatFailsLeavesNothing)
         dialog.click("cmdCancel");
     });
     EXPECT_EQ(QDir(journey.database.folder()).entryList({u"printed*"_s}), QStringList());
-    EXPECT_EQ(changed(), u"Saved: printed.pdf"_s) << "of before";
+    EXPECT_EQ(changed(), QString());
 }
 
 TEST_F(PrintJourney, APrinterGetsThePagesThatTheUserWantsOnThePaperChosenThere)

@@ -291,6 +291,8 @@ TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
     lookAtDialog("frmSettings", "mnuNavigateSettings");
     lookAtDialog("frmNewDatabase", "mnuNewDatabase");
     lookAtDialog("frmCheck", "mnuCheckCollection");
+    journey.trigger("mnuViewDocuments");
+    lookAtDialog("frmPrint", "mnuRecordPrint");
     HomePage home(nullptr);
     home.setBeginning(true, {});
     home.setRecent({{{}, u"Atlas"_s, {}}});
