@@ -59,7 +59,8 @@ void addLinking(RecordKind kind, std::vector<ExportField>& fields)
     if (kind == RecordKind::Document)
         fields.push_back(linking(RecordKind::Event, kind, u"DocumentEvents"_s, events));
     if (kind != RecordKind::Organization) return;
-    fields.push_back(linking(RecordKind::Document, kind, u"Document"_s, ExportTexts::tr("Related documents")));
+    fields.push_back(
+        linking(RecordKind::Document, kind, u"Document"_s, ExportTexts::tr("Related documents")));
     fields.push_back(linking(RecordKind::Event, kind, u"OrganizationEvents"_s, events));
 }
 
@@ -102,4 +103,17 @@ std::vector<ExportField> exportFields(const DatabaseSession& session, RecordKind
     }
     addLinking(kind, fields);
     return fields;
+}
+
+QString titleOf(RecordKind kind)
+{
+    switch (kind) {
+    case RecordKind::Document:
+        return ExportTexts::tr("Documents");
+    case RecordKind::Event:
+        return ExportTexts::tr("Events");
+    case RecordKind::Organization:
+        break;
+    }
+    return ExportTexts::tr("Organizations");
 }

@@ -31,3 +31,6 @@ struct ExportField
 /// All fields of a kind that the open file has, in the order of the editor, without the status; then the
 /// records that link to it.
 [[nodiscard]] std::vector<ExportField> exportFields(const DatabaseSession& session, RecordKind kind);
+
+/// What users call the records of a kind, such as "Documents".
+[[nodiscard]] QString titleOf(RecordKind kind);

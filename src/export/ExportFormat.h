@@ -49,6 +49,9 @@ public:
     /// do.
     virtual bool finish() = 0;
 
+    /// Ends what is still under way if the export is cancelled; returns false once nothing is. Never fails.
+    virtual bool abandon() { return false; }
+
 protected:
     RecordWriter() = default;
 };

@@ -6,11 +6,15 @@
 
 // each in a file of its own
 ExportFormat csvFormat();
+ExportFormat xlsxFormat();
+ExportFormat htmlFormat();
 
 const std::vector<ExportFormat>& exportFormats()
 {
     static const std::vector<ExportFormat> all{
         csvFormat(),
+        xlsxFormat(),
+        htmlFormat(),
     };
     return all;
 }

@@ -46,6 +46,7 @@ bool ExportWork::step()
 
 bool ExportWork::undoStep()
 {
+    if (m_writer && m_writer->abandon()) return true;
     m_writer.reset();
     m_file.reset();
     return false;
