@@ -177,6 +177,7 @@ ExportFormat xlsxFormat()
 {
     return {.name = u"xlsx"_s,
             .title = QT_TRANSLATE_NOOP("Export", "Spreadsheet (XLSX)"),
+            .remark = QT_TRANSLATE_NOOP("Export", "A table to sort, filter, count and calculate with."),
             .ending = u".xlsx"_s,
             .hasChoiceOfFields = true,
             .begin = [](const ExportOrder& order, ExportFile& file) -> std::unique_ptr<RecordWriter> {

@@ -224,7 +224,7 @@ void frmExport::showFormat()
     const FieldChoice shown = hasChoice ? m_chosenFields : FieldChoice::All;
     m_fields[static_cast<std::size_t>(shown)]->setChecked(true);
     for (QRadioButton* option : m_fields)
-        enableUnless(*option, hasChoice ? QString() : tr("This format has all that it has room for."));
+        enableUnless(*option, hasChoice ? QString() : tr("The fields of this format are fixed."));
     enablePicture();
 }
 

@@ -42,8 +42,8 @@ protected:
         return journey.database.folder() + u"/out/"_s + QString::fromUtf8(name);
     }
 
-    /// Opens the window and chooses in it by the keys after Alt, then exports into a file of that name.
-    /// Returns how the file begins.
+    /// Opens the window and chooses in it by keys, capitals with Alt, then exports into a file of that name.
+    /// Returns what `written` holds, or that file.
     std::string exportTo(const char* name, const char* keys = "", const char* written = nullptr)
     {
         journey.desktop.fileDialogs.files = {path(name)};
@@ -51,7 +51,7 @@ protected:
             "frmExport", [this] { pressExport(); },
             [keys](OpenDialog& open) {
                 for (const char* key = keys; *key != '\0'; ++key)
-                    pressWithAlt(open.dialog(), *key);
+                    press(open.dialog(), *key);
                 open.press(Qt::Key_Return);
             });
         journey.desktop.messages.finish();
@@ -59,9 +59,9 @@ protected:
     }
 
     /// A button stays down for a moment before it does what it says.
-    static void pressWithAlt(QWidget& dialog, char key)
+    static void press(QWidget& dialog, char key)
     {
-        QTest::keyClick(&dialog, key, Qt::AltModifier);
+        QTest::keyClick(dialog.focusWidget(), key, key < 'a' ? Qt::AltModifier : Qt::NoModifier);
         const auto buttons = dialog.findChildren<QAbstractButton*>();
         EXPECT_TRUE(QTest::qWaitFor([&] {
             return std::none_of(buttons.begin(), buttons.end(), std::mem_fn(&QAbstractButton::isDown));
@@ -137,6 +137,19 @@ TEST_F(Exports, HoldTheRecordsAndFieldsThatWereChosen)
     EXPECT_EQ(exportTo("fields.csv", "AD").substr(0, 9), "ID,Title,");
     EXPECT_EQ(exportTo("spreadsheet.csv", "ATP"),
               "\xEF\xBB\xBF" + titles + atlas + brief + "Coast,,'=1+1,,None,None\r\n");
+}
+
+TEST_F(Exports, OfAPageHaveThePictureOfWhatItLists)
+{
+    journey.trigger("mnuViewEvents");
+    const auto hasPicture = [this](const char* keys) {
+        return exportTo("page.html", keys).find("<img ") != std::string::npos;
+    };
+    EXPECT_TRUE(hasPicture("Fp")); // the format by the letter that its title begins with
+    EXPECT_FALSE(hasPicture("W"));
+    EXPECT_TRUE(hasPicture("W"));
+    EXPECT_FALSE(hasPicture("A")) << "the graphic need not show all records";
+    EXPECT_NE(exportTo("page.html").find("<title>View ALL Events</title>"), std::string::npos);
 }
 
 TEST_F(Exports, OfferAgainWhatWasChosenForTheKind)

@@ -13,33 +13,14 @@
 #include "platform/SaveTarget.h"
 #include "platform/WorkRunner.h"
 #include "state/ProgramState.h"
+#include "widgets/PictureImage.h"
 #include "widgets/WaitCursor.h"
 
-#include <QBuffer>
 #include <QFileInfo>
-#include <QImage>
 #include <QLocale>
-#include <QPainter>
 #include <QWidget>
 
 namespace {
-
-constexpr int pictureScale = 2; ///< so that it is sharp on paper
-
-QByteArray pngOf(const GraphicPicture& graphic)
-{
-    QImage image(graphic.size * pictureScale, QImage::Format_RGB32);
-    image.setDevicePixelRatio(pictureScale);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    graphic.draw(painter);
-    painter.end();
-    QByteArray png;
-    QBuffer buffer(&png);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return png;
-}
 
 /// Such as `Table as text (CSV) (*.csv)|*.csv|`.
 QString filterOf(const ExportFormat& format)
@@ -112,7 +93,8 @@ void ExportCommand::write(const frmExport& asked, std::vector<qint64> records)
     options.caption = captionOf(asked.records());
     const bool hasPicture =
         format.hasPicture && choices.hasPicture && asked.records() != frmExport::Records::All;
-    if (const auto graphic = hasPicture ? m_view.graphic() : std::nullopt) options.picture = pngOf(*graphic);
+    if (const auto graphic = hasPicture ? m_view.graphic() : std::nullopt)
+        options.picture = PictureImage::png(*graphic);
     const std::size_t wanted = records.size();
     ExportWork work(m_view.state().session, m_view.kind(), std::move(records), format, std::move(options),
                     asked.file());
