@@ -59,8 +59,7 @@ void addLinking(RecordKind kind, std::vector<ExportField>& fields)
     if (kind == RecordKind::Document)
         fields.push_back(linking(RecordKind::Event, kind, u"DocumentEvents"_s, events));
     if (kind != RecordKind::Organization) return;
-    fields.push_back(
-        linking(RecordKind::Document, kind, u"Document"_s, ExportTexts::tr("Related documents")));
+    fields.push_back(linking(RecordKind::Document, kind, u"Document"_s, ExportTexts::tr("Related documents")));
     fields.push_back(linking(RecordKind::Event, kind, u"OrganizationEvents"_s, events));
 }
 
