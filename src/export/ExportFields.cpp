@@ -59,7 +59,8 @@ void addLinking(RecordKind kind, std::vector<ExportField>& fields)
     if (kind == RecordKind::Document)
         fields.push_back(linking(RecordKind::Event, kind, u"DocumentEvents"_s, events));
     if (kind != RecordKind::Organization) return;
-    fields.push_back(linking(RecordKind::Document, kind, u"Document"_s, ExportTexts::tr("Related documents")));
+    fields.push_back(
+        linking(RecordKind::Document, kind, u"Document"_s, ExportTexts::tr("Related documents")));
     fields.push_back(linking(RecordKind::Event, kind, u"OrganizationEvents"_s, events));
 }
 
@@ -111,4 +112,17 @@ std::optional<std::size_t> fieldNamed(const std::vector<ExportField>& fields, QS
     });
     if (found == fields.end()) return std::nullopt;
     return static_cast<std::size_t>(found - fields.begin());
+}
+
+QString titleOf(RecordKind kind)
+{
+    switch (kind) {
+    case RecordKind::Document:
+        return ExportTexts::tr("Documents");
+    case RecordKind::Event:
+        return ExportTexts::tr("Events");
+    case RecordKind::Organization:
+        break;
+    }
+    return ExportTexts::tr("Organizations");
 }

@@ -5,14 +5,18 @@
 #include <algorithm>
 
 // each in a file of its own
-ExportFormat calendarFormat();
 ExportFormat csvFormat();
+ExportFormat xlsxFormat();
+ExportFormat htmlFormat();
+ExportFormat calendarFormat();
 ExportFormat kmlFormat();
 
 const std::vector<ExportFormat>& exportFormats()
 {
     static const std::vector<ExportFormat> all{
         csvFormat(),
+        xlsxFormat(),
+        htmlFormat(),
         calendarFormat(),
         kmlFormat(),
     };

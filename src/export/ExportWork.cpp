@@ -46,6 +46,7 @@ bool ExportWork::step()
 
 bool ExportWork::undoStep()
 {
+    if (m_writer && m_writer->abandon()) return true;
     m_writer.reset();
     m_file.reset();
     return false;
@@ -60,16 +61,21 @@ QString ExportWork::text() const
 {
     const QLocale locale;
     return ExportTexts::tr("Writing the records (%1 of %2) …")
-        .arg(locale.toString(static_cast<qint64>(m_next)),
+        .arg(locale.toString(static_cast<qint64>(done())),
              locale.toString(static_cast<qint64>(m_identifiers.size())));
 }
 
 std::optional<int> ExportWork::percent() const
 {
-    const std::size_t passes = static_cast<std::size_t>(m_writer ? m_writer->passes() : 1);
-    const std::size_t all = m_identifiers.size() * passes;
-    const std::size_t done = m_identifiers.size() * static_cast<std::size_t>(m_pass) + m_next;
-    return all == 0 ? 100 : static_cast<int>(100 * done / all);
+    return m_identifiers.empty() ? 100 : static_cast<int>(100 * done() / m_identifiers.size());
+}
+
+/// How many records are done; those that are handed over twice are half done after the first pass.
+std::size_t ExportWork::done() const
+{
+    if (!m_writer) return m_identifiers.size();
+    return (m_identifiers.size() * static_cast<std::size_t>(m_pass) + m_next) /
+           static_cast<std::size_t>(m_writer->passes());
 }
 
 std::vector<qint64> ExportWork::every(DatabaseSession& session, RecordKind kind, const QString& statement)
