@@ -8,6 +8,9 @@
 ExportFormat csvFormat();
 ExportFormat xlsxFormat();
 ExportFormat htmlFormat();
+ExportFormat jsonFormat();
+ExportFormat bibtexFormat();
+ExportFormat risFormat();
 ExportFormat calendarFormat();
 ExportFormat kmlFormat();
 
@@ -17,6 +20,9 @@ const std::vector<ExportFormat>& exportFormats()
         csvFormat(),
         xlsxFormat(),
         htmlFormat(),
+        jsonFormat(),
+        bibtexFormat(),
+        risFormat(),
         calendarFormat(),
         kmlFormat(),
     };
