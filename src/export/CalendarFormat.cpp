@@ -203,6 +203,7 @@ ExportFormat calendarFormat()
 {
     return {.name = u"ics"_s,
             .title = QT_TRANSLATE_NOOP("Export", "Calendar (iCalendar)"),
+            .remark = QT_TRANSLATE_NOOP("Export", "For the calendar of a computer or a telephone."),
             .ending = u".ics"_s,
             .kind = RecordKind::Event,
             .begin = [](const ExportOrder& order, ExportFile& file) -> std::unique_ptr<RecordWriter> {

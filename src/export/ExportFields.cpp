@@ -107,6 +107,15 @@ std::vector<ExportField> exportFields(const DatabaseSession& session, RecordKind
     return fields;
 }
 
+std::optional<std::size_t> fieldNamed(const std::vector<ExportField>& fields, QStringView member)
+{
+    const auto found = std::find_if(fields.begin(), fields.end(), [member](const ExportField& each) {
+        return each.member().compare(member, Qt::CaseInsensitive) == 0;
+    });
+    if (found == fields.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - fields.begin());
+}
+
 QString titleOf(RecordKind kind)
 {
     switch (kind) {
@@ -118,13 +127,4 @@ QString titleOf(RecordKind kind)
         break;
     }
     return ExportTexts::tr("Organizations");
-}
-
-std::optional<std::size_t> fieldNamed(const std::vector<ExportField>& fields, QStringView member)
-{
-    const auto found = std::find_if(fields.begin(), fields.end(), [member](const ExportField& each) {
-        return each.member().compare(member, Qt::CaseInsensitive) == 0;
-    });
-    if (found == fields.end()) return std::nullopt;
-    return static_cast<std::size_t>(found - fields.begin());
 }

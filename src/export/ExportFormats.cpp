@@ -5,13 +5,13 @@
 #include <algorithm>
 
 // each in a file of its own
-ExportFormat calendarFormat();
 ExportFormat csvFormat();
 ExportFormat xlsxFormat();
 ExportFormat htmlFormat();
 ExportFormat jsonFormat();
 ExportFormat bibtexFormat();
 ExportFormat risFormat();
+ExportFormat calendarFormat();
 ExportFormat kmlFormat();
 
 const std::vector<ExportFormat>& exportFormats()

@@ -142,6 +142,7 @@ ExportFormat kmlFormat()
 {
     return {.name = u"kml"_s,
             .title = QT_TRANSLATE_NOOP("Export", "Places on a map (KML)"),
+            .remark = QT_TRANSLATE_NOOP("Export", "For globes and maps of other programs."),
             .ending = u".kml"_s,
             .kind = RecordKind::Organization,
             .begin = [](const ExportOrder& order, ExportFile& file) -> std::unique_ptr<RecordWriter> {
