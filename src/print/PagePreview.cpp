@@ -10,12 +10,10 @@
 #include <QWheelEvent>
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 
-constexpr int around = 10; ///< pixels between the page and the edge of the preview
-constexpr int toTheEnd = std::numeric_limits<int>::max() / 2;
+constexpr int around = 10;     ///< pixels between the page and the edge of the preview
 constexpr int wheelStep = 120; ///< of a wheel that clicks
 
 } // namespace

@@ -5,6 +5,8 @@
 #include <QImage>
 #include <QWidget>
 
+#include <limits>
+
 class PrintedPages;
 
 /// Shows a page as large as there is room for it. It is white also on a dark desktop.
@@ -22,6 +24,9 @@ public:
     void clear();
 
     [[nodiscard]] QSize sizeHint() const override { return {480, 560}; }
+
+    /// As many pages further on as lead to the last one from any.
+    static constexpr int toTheEnd = std::numeric_limits<int>::max() / 2;
 
 Q_SIGNALS:
     /// The page has to be painted anew, for another size.

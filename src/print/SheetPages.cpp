@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr double fontPoints = 10;
+constexpr double sheetFontPoints = 10;
 constexpr std::size_t portion = 64;
 
 /// In the colours of paper, whatever those of the desktop are.
@@ -83,7 +83,7 @@ QTextDocument* SheetPages::sheetOf(std::size_t record)
     m_sheet->setUndoRedoEnabled(false);
     m_sheet->documentLayout()->setPaintDevice(&m_paper);
     m_sheet->setDocumentMargin(0);
-    m_sheet->setDefaultFont(PageFormat::font(fontPoints));
+    m_sheet->setDefaultFont(PageFormat::font(sheetFontPoints));
     m_sheet->setDefaultStyleSheet(style());
     std::string html;
     appendRecordSheet(m_reader.kind(), m_reader.fields(), *values, html);

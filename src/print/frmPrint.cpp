@@ -26,13 +26,11 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 
 constexpr QSize firstSize(960, 700);
 constexpr int sliceMilliseconds = 40;
-constexpr int toTheEnd = std::numeric_limits<int>::max() / 2;
 
 QString listText(std::size_t count)
 {
@@ -133,10 +131,10 @@ QGroupBox* frmPrint::makePaper()
 
 QBoxLayout* frmPrint::makeTurning()
 {
-    cmdFirst = makeTurn("cmdFirst", QStringLiteral("go-first"), tr("First page"), -toTheEnd);
+    cmdFirst = makeTurn("cmdFirst", QStringLiteral("go-first"), tr("First page"), -PagePreview::toTheEnd);
     cmdPrevious = makeTurn("cmdPrevious", QStringLiteral("go-previous"), tr("Previous page"), -1);
     cmdNext = makeTurn("cmdNext", QStringLiteral("go-next"), tr("Next page"), 1);
-    cmdLast = makeTurn("cmdLast", QStringLiteral("go-last"), tr("Last page"), toTheEnd);
+    cmdLast = makeTurn("cmdLast", QStringLiteral("go-last"), tr("Last page"), PagePreview::toTheEnd);
     lblPage = new QLabel(this);
     lblPage->setObjectName(QStringLiteral("lblPage"));
     lblPage->setAlignment(Qt::AlignCenter);
