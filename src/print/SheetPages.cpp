@@ -30,12 +30,12 @@ QString style()
 /// Draws the lines whose middle is between two heights. The document would draw one more above them, which
 /// other programs would then find twice in a PDF.
 void drawLines(QPainter& painter, const QTextLayout& layout, const QPointF& place,
-               const std::pair<double, double>& between)
+               const std::pair<double, double>& edges)
 {
     for (int i = 0; i < layout.lineCount(); ++i) {
         const QTextLine line = layout.lineAt(i);
         const double middle = place.y() + line.y() + line.height() / 2;
-        if (middle > between.first && middle < between.second) line.draw(&painter, place);
+        if (middle > edges.first && middle < edges.second) line.draw(&painter, place);
     }
 }
 
