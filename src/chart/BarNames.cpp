@@ -8,6 +8,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -21,15 +22,20 @@ void BarNames::layOut(const std::vector<DocumentTypeCount>& counts, const QFontM
                       int viewHeight)
 {
     m_names.clear();
-    int widest = 0;
+    m_widest = 0;
     for (const DocumentTypeCount& count : counts) {
         m_names << readableLine(count.name);
         // the advance is rounded, and a name in a room that is too small by part of a pixel is elided
-        widest = std::max(widest, metrics.horizontalAdvance(m_names.back()) + 1);
+        m_widest = std::max(m_widest, metrics.horizontalAdvance(m_names.back()) + 1);
     }
-    m_areTurned = widest > slot - gap && slot < widestTurnedSlot;
+    m_areTurned = m_widest > slot - gap && slot < widestTurnedSlot;
     const int longest = static_cast<int>(viewHeight * largestShare);
-    m_room = gap + (m_areTurned ? std::min(widest, longest) : metrics.height());
+    m_room = gap + (m_areTurned ? std::min(m_widest, longest) : metrics.height());
+}
+
+int BarNames::heightForWhole() const
+{
+    return m_areTurned ? static_cast<int>(std::ceil(m_widest / largestShare)) : 0;
 }
 
 void BarNames::draw(QPainter& painter, const QFontMetrics& metrics, double slot,

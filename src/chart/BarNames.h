@@ -25,12 +25,16 @@ public:
     /// The room that the names take below the bars, in pixels.
     [[nodiscard]] int room() const { return m_room; }
 
+    /// The height of a view, in pixels, from which on turned names are not elided; 0 if they are not turned.
+    [[nodiscard]] int heightForWhole() const;
+
     /// Writes each name below the foot of its bar, in the painter's font, whose metrics these are.
     void draw(QPainter& painter, const QFontMetrics& metrics, double slot,
               const std::function<QPointF(int bar)>& foot) const;
 
 private:
     QStringList m_names;
+    int m_widest = 0; ///< pixels
     bool m_areTurned = false;
     int m_room = 0;
 };

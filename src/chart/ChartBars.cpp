@@ -73,7 +73,9 @@ void ChartBars::applyScale(const ChartScale& scale)
     const auto top = static_cast<double>(scale.top);
     const auto step = static_cast<double>(scale.step);
     if (step > m_axis->tickInterval()) m_axis->setTickInterval(step);
-    m_axis->setRange(0, top);
+    // at some heights the uppermost line would be found above the plot, and hidden
+    constexpr double roundingRoom = 1e-9;
+    m_axis->setRange(0, top * (1 + roundingRoom));
     m_axis->setTickInterval(step);
 }
 

@@ -7,14 +7,19 @@
 #include "platform/Procedure.h"
 #include "util/ReadableLine.h"
 #include "views/ViewHistory.h"
+#include "widgets/Paper.h"
+#include "widgets/PictureLegend.h"
 
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLocale>
 #include <QMenu>
+#include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
+
+#include <memory>
 
 ChartPane::ChartPane(DatabaseSession& session, ViewHistory& history, const StandardQueries& queries,
                      Messages& messages, QWidget* parent)
@@ -78,6 +83,27 @@ void ChartPane::explainEmpty(std::size_t documents)
     if (!m_chart->counts().empty()) return;
     m_chart->setEmptyText(documents == 0 ? tr("No documents to show.")
                                          : tr("None of these documents has a type."));
+}
+
+std::optional<GraphicPicture> ChartPane::picture() const
+{
+    if (m_chart->counts().empty()) return std::nullopt;
+    // another chart of the same bars, since this one has the colours of the desktop
+    const auto chart = std::make_shared<ChartView>(nullptr);
+    chart->setPalette(Paper::palette());
+    chart->setFont(Paper::font(m_chart->font()));
+    chart->setCounts(m_chart->counts());
+    chart->resizeUnseen(m_chart->size());
+    PictureLegend legend(font(), m_chart->width());
+    if (!m_more->isHidden()) legend.add({}, m_more->text());
+    const QSize size = chart->size() + QSize(0, legend.height());
+    return GraphicPicture{tr("Chart"), size, [chart, legend](QPainter& painter) {
+                              painter.save();
+                              chart->draw(painter);
+                              painter.translate(0, chart->height());
+                              legend.draw(painter);
+                              painter.restore();
+                          }};
 }
 
 void ChartPane::selectBar(int bar, Qt::MouseButton button, const QPoint& position)

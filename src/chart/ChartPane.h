@@ -3,9 +3,12 @@
 #pragma once
 
 #include "views/ShowOnlyViews.h"
+#include "widgets/GraphicPicture.h"
 
 #include <QPoint>
 #include <QWidget>
+
+#include <optional>
 
 class ChartView;
 class Messages;
@@ -33,6 +36,9 @@ public:
     /// Says on a chart without bars why it has none. To be called after each drawing, once the number of
     /// documents in the view is known.
     void explainEmpty(std::size_t documents);
+
+    /// All bars, also those out of sight; std::nullopt if there are none.
+    [[nodiscard]] std::optional<GraphicPicture> picture() const;
 
     /// The type of the bar that was selected last; empty before.
     [[nodiscard]] const QString& selectedDocType() const { return m_selectedDocType; }

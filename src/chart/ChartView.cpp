@@ -7,11 +7,13 @@
 #include "widgets/PlainToolTip.h"
 
 #include <QAccessible>
+#include <QCoreApplication>
 #include <QFontMetrics>
 #include <QGraphicsLayout>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QResizeEvent>
 #include <QToolTip>
 
 #include <algorithm>
@@ -118,10 +120,17 @@ int ChartView::axisWidth() const
     return static_cast<int>(std::ceil(chart()->mapToScene(chart()->plotArea().topLeft()).x()));
 }
 
-/// Draws the title and the axis, which stay in sight while the bars are scrolled.
-void ChartView::drawStanding(QPainter& painter)
+/// Draws the names, and the title and the axis, which stay in sight while the bars are scrolled.
+void ChartView::drawTexts(QPainter& painter, const QRect& sight)
 {
-    const QRect sight = viewport()->visibleRegion().boundingRect();
+    painter.setFont(font());
+    painter.setPen(palette().color(QPalette::Text));
+    if (m_counts.empty()) {
+        painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
+    } else {
+        m_names.draw(painter, fontMetrics(), inView(1, 0).x() - inView(0, 0).x(),
+                     [this](int bar) { return inView(bar, 0); });
+    }
     if (sight.left() > 0) {
         const QRect axis(0, 0, axisWidth(), height());
         const QRect place = axis.translated(sight.left(), 0);
@@ -132,7 +141,27 @@ void ChartView::drawStanding(QPainter& painter)
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(QRect(sight.left(), titleTop, sight.width(), titleRoom / 2), Qt::AlignCenter,
                      chart()->title());
-    painter.setFont(font());
+}
+
+void ChartView::resizeUnseen(QSize size)
+{
+    constexpr int highest = 800;
+    const auto take = [this](QSize wanted) {
+        resize(wanted);
+        // a widget that is never shown is not told of its size
+        QResizeEvent event(wanted, {});
+        QCoreApplication::sendEvent(this, &event);
+        QCoreApplication::sendEvent(viewport(), &event);
+    };
+    take(size);
+    const int height = std::min(m_names.heightForWhole(), highest);
+    if (height > size.height()) take({size.width(), height});
+}
+
+void ChartView::draw(QPainter& painter)
+{
+    render(&painter, rect(), rect());
+    drawTexts(painter, rect());
 }
 
 /// The point at a value above a bar, in pixels of the view.
@@ -288,15 +317,7 @@ void ChartView::paintEvent(QPaintEvent* event)
 {
     QChartView::paintEvent(event);
     QPainter painter(viewport());
-    if (m_counts.empty()) {
-        painter.setPen(palette().color(QPalette::Text));
-        painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
-    } else {
-        painter.setPen(palette().color(QPalette::Text));
-        m_names.draw(painter, fontMetrics(), inView(1, 0).x() - inView(0, 0).x(),
-                     [this](int bar) { return inView(bar, 0); });
-    }
-    drawStanding(painter);
+    drawTexts(painter, viewport()->visibleRegion().boundingRect());
     if (!hasFocus()) return;
     painter.setPen(palette().color(QPalette::Highlight));
     painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));

@@ -36,6 +36,12 @@ public:
     /// The place of a bar with its number, in pixels of the view.
     [[nodiscard]] QRect barRect(int bar) const;
 
+    /// Takes a size in pixels without being shown, and more height than that if names would be elided.
+    void resizeUnseen(QSize size);
+
+    /// Draws the whole chart at the painter's origin.
+    void draw(QPainter& painter);
+
     [[nodiscard]] int accessibleItemCount() const override { return static_cast<int>(m_counts.size()); }
     [[nodiscard]] QString accessibleItemName(int item) const override;
     [[nodiscard]] QRect accessibleItemRect(int item) const override { return barRect(item); }
@@ -65,7 +71,7 @@ private:
     void applyPalette();
     void applyMinimumSize();
     void layOut();
-    void drawStanding(QPainter& painter);
+    void drawTexts(QPainter& painter, const QRect& sight);
     [[nodiscard]] qint64 highestCount() const;
     [[nodiscard]] int axisRoom() const;
     [[nodiscard]] int axisWidth() const;

@@ -200,6 +200,7 @@ ExportFormat bibtexFormat()
 {
     return {.name = u"bibtex"_s,
             .title = QT_TRANSLATE_NOOP("Export", "References for LaTeX (BibTeX)"),
+            .remark = QT_TRANSLATE_NOOP("Export", "To cite documents in a paper that is written with LaTeX."),
             .ending = u".bib"_s,
             .kind = RecordKind::Document,
             .begin = [](const ExportOrder& order, ExportFile& file) -> std::unique_ptr<RecordWriter> {

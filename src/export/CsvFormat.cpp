@@ -81,6 +81,8 @@ ExportFormat csvFormat()
 {
     return {.name = u"csv"_s,
             .title = QT_TRANSLATE_NOOP("Export", "Table as text (CSV)"),
+            .remark =
+                QT_TRANSLATE_NOOP("Export", "A line for each record, which almost every program can read."),
             .ending = u".csv"_s,
             .hasChoiceOfFields = true,
             .hasChoiceOfSpreadsheet = true,

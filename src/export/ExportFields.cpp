@@ -106,3 +106,25 @@ std::vector<ExportField> exportFields(const DatabaseSession& session, RecordKind
     addLinking(kind, fields);
     return fields;
 }
+
+std::optional<std::size_t> fieldNamed(const std::vector<ExportField>& fields, QStringView member)
+{
+    const auto found = std::find_if(fields.begin(), fields.end(), [member](const ExportField& each) {
+        return each.member().compare(member, Qt::CaseInsensitive) == 0;
+    });
+    if (found == fields.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - fields.begin());
+}
+
+QString titleOf(RecordKind kind)
+{
+    switch (kind) {
+    case RecordKind::Document:
+        return ExportTexts::tr("Documents");
+    case RecordKind::Event:
+        return ExportTexts::tr("Events");
+    case RecordKind::Organization:
+        break;
+    }
+    return ExportTexts::tr("Organizations");
+}

@@ -32,3 +32,11 @@ struct ExportField
 /// All fields of a kind that the open file has, in the order of the editor, without the status; then the
 /// records that link to it.
 [[nodiscard]] std::vector<ExportField> exportFields(const DatabaseSession& session, RecordKind kind);
+
+/// What users call the records of a kind, such as "Documents".
+[[nodiscard]] QString titleOf(RecordKind kind);
+
+/// The position of the field with that name for other programs, in any letter case; std::nullopt if the file
+/// has none.
+[[nodiscard]] std::optional<std::size_t> fieldNamed(const std::vector<ExportField>& fields,
+                                                    QStringView member);

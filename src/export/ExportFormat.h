@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 
+class DatabaseSession;
 class ExportFile;
 
 /// What the user can choose of an export.
@@ -28,6 +29,7 @@ struct ExportOrder
     const std::vector<ExportField>& fields;
     const ExportOptions& options;
     std::size_t count; ///< of the records, none of which need be there any more
+    DatabaseSession& session;
 };
 
 /// Writes records in one format, one after the other. What it appends to the text of its file is written from
@@ -49,6 +51,9 @@ public:
     /// do.
     virtual bool finish() = 0;
 
+    /// Ends what is still under way if the export is cancelled; returns false once nothing is. Never fails.
+    virtual bool abandon() { return false; }
+
 protected:
     RecordWriter() = default;
 };
@@ -56,9 +61,10 @@ protected:
 /// A format that records can be exported to.
 struct ExportFormat
 {
-    QString name;      ///< what the settings and other programs call it, such as `csv`
-    const char* title; ///< for the user, to be translated by ExportTexts
-    QString ending;    ///< of file names, with its point
+    QString name;            ///< what the settings and other programs call it, such as `csv`
+    const char* title;       ///< for the user, to be translated by ExportTexts
+    const char* remark = ""; ///< for the user too: a sentence that says what it is good for
+    QString ending;          ///< of file names, with its point
     std::optional<RecordKind> kind = std::nullopt; ///< the only kind that it is for
     bool hasChoiceOfFields = false;
     bool hasChoiceOfSpreadsheet = false;

@@ -6,17 +6,25 @@
 
 // each in a file of its own
 ExportFormat csvFormat();
+ExportFormat xlsxFormat();
+ExportFormat htmlFormat();
 ExportFormat jsonFormat();
 ExportFormat bibtexFormat();
 ExportFormat risFormat();
+ExportFormat calendarFormat();
+ExportFormat kmlFormat();
 
 const std::vector<ExportFormat>& exportFormats()
 {
     static const std::vector<ExportFormat> all{
         csvFormat(),
+        xlsxFormat(),
+        htmlFormat(),
         jsonFormat(),
         bibtexFormat(),
         risFormat(),
+        calendarFormat(),
+        kmlFormat(),
     };
     return all;
 }

@@ -28,7 +28,7 @@ ExportWork::ExportWork(DatabaseSession& session, RecordKind kind, std::vector<qi
       m_identifiers(eachOnce(std::move(identifiers))),
       m_options(std::move(options)),
       m_file(std::make_unique<ExportFile>(file)),
-      m_order{kind, m_reader.fields(), m_options, m_identifiers.size()},
+      m_order{kind, m_reader.fields(), m_options, m_identifiers.size(), session},
       m_writer(format.begin(m_order, *m_file))
 {
     m_writer->beginPass(0);
@@ -62,6 +62,7 @@ bool ExportWork::step()
 
 bool ExportWork::undoStep()
 {
+    if (m_writer && m_writer->abandon()) return true;
     m_writer.reset();
     m_file.reset();
     return false;
@@ -76,16 +77,21 @@ QString ExportWork::text() const
 {
     const QLocale locale;
     return ExportTexts::tr("Writing the records (%1 of %2) …")
-        .arg(locale.toString(static_cast<qint64>(m_next)),
+        .arg(locale.toString(static_cast<qint64>(done())),
              locale.toString(static_cast<qint64>(m_identifiers.size())));
 }
 
 std::optional<int> ExportWork::percent() const
 {
-    if (!m_writer || m_identifiers.empty()) return 100;
-    const std::size_t all = m_identifiers.size() * static_cast<std::size_t>(m_writer->passes());
-    const std::size_t done = m_identifiers.size() * static_cast<std::size_t>(m_pass) + m_next;
-    return static_cast<int>(100 * done / all);
+    return m_identifiers.empty() ? 100 : static_cast<int>(100 * done() / m_identifiers.size());
+}
+
+/// How many records are done; those that are handed over twice are half done after the first pass.
+std::size_t ExportWork::done() const
+{
+    if (!m_writer) return m_identifiers.size();
+    return (m_identifiers.size() * static_cast<std::size_t>(m_pass) + m_next) /
+           static_cast<std::size_t>(m_writer->passes());
 }
 
 std::vector<qint64> ExportWork::every(DatabaseSession& session, RecordKind kind, const QString& statement)

@@ -34,6 +34,8 @@ public:
                                                    const QString& statement);
 
 private:
+    [[nodiscard]] std::size_t done() const;
+
     RecordReader m_reader;
     std::vector<qint64> m_identifiers;
     ExportOptions m_options;

@@ -101,6 +101,7 @@ ExportFormat jsonFormat()
 {
     return {.name = u"json"_s,
             .title = QT_TRANSLATE_NOOP("Export", "Data for programs (JSON)"),
+            .remark = QT_TRANSLATE_NOOP("Export", "For programs that you or others write."),
             .ending = u".json"_s,
             .hasChoiceOfFields = true,
             .begin = [](const ExportOrder& order, ExportFile& file) -> std::unique_ptr<RecordWriter> {

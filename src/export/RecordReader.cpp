@@ -108,9 +108,13 @@ RecordReader::Reading RecordReader::rowsOf(const QString& table, const QString& 
                      .arg(each.named->table, other, each.named->keyColumn, column)
                      .arg(noneKey);
     }
+    const RecordParts& parts = recordParts(m_kind);
+    const QString active = table == parts.names.record
+                               ? u" AND held.%1 <> '%2'"_s.arg(parts.statusColumn, deletedStatus)
+                               : QString();
     // of two profiles of an organization, the one that was there first is its own
-    reading.statement = u"SELECT %1 FROM %2 AS held%3 WHERE held.%4 IN (%5) ORDER BY held.rowid DESC"_s.arg(
-        columns, table, joins, recordColumn, places());
+    reading.statement = u"SELECT %1 FROM %2 AS held%3 WHERE held.%4 IN (%5)%6 ORDER BY held.rowid DESC"_s.arg(
+        columns, table, joins, recordColumn, places(), active);
     return reading;
 }
 

@@ -28,8 +28,8 @@ public:
     [[nodiscard]] RecordKind kind() const { return m_kind; }
     [[nodiscard]] const std::vector<ExportField>& fields() const { return m_fields; }
 
-    /// The records with these identifiers, in their order, without those that are not there. They stay valid
-    /// until the next call. Throws Error.
+    /// The records with these identifiers, in their order, without those that are not there or deleted. They
+    /// stay valid until the next call. Throws Error.
     [[nodiscard]] std::span<const ExportedRecord> read(std::span<const qint64> identifiers);
 
 private:

@@ -104,6 +104,8 @@ ExportFormat risFormat()
 {
     return {.name = u"ris"_s,
             .title = QT_TRANSLATE_NOOP("Export", "References (RIS)"),
+            .remark =
+                QT_TRANSLATE_NOOP("Export", "For programs that keep references and cite them in a paper."),
             .ending = u".ris"_s,
             .kind = RecordKind::Document,
             .begin = [](const ExportOrder& order, ExportFile& file) -> std::unique_ptr<RecordWriter> {

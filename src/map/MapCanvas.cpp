@@ -3,6 +3,7 @@
 #include "map/MapCanvas.h"
 
 #include "map/MapProjection.h"
+#include "widgets/Paper.h"
 
 #include <QAccessible>
 #include <QPainter>
@@ -128,6 +129,16 @@ void MapCanvas::paintEvent(QPaintEvent* /*event*/)
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
+}
+
+void MapCanvas::draw(QPainter& painter) const
+{
+    m_states.draw(painter, m_extent, font());
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(QPen(Paper::faint, 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRect(QPoint(), m_extent.size().toSize()));
+    m_markers.draw(painter, m_extent);
 }
 
 void MapCanvas::resizeEvent(QResizeEvent* /*event*/)

@@ -40,6 +40,9 @@ public:
     void showFullExtent();
     void showContiguousStates();
 
+    /// Draws what is in sight dark on white, and nothing beyond it.
+    void draw(QPainter& painter) const;
+
     /// The size of a marker in degrees of longitude at the current extent.
     [[nodiscard]] double markerScale() const { return m_extent.markerScale(); }
     [[nodiscard]] const MapExtent& extent() const { return m_extent; }

@@ -38,8 +38,8 @@ void MapLegend::setLines(const std::vector<LegendLine>& lines)
     clear();
     for (const LegendLine& line : lines) {
         const QString names = line.text();
-        auto* item =
-            new QListWidgetItem(MarkerPictures::draw(line.colour, swatch, devicePixelRatioF()), names, this);
+        auto* item = new QListWidgetItem(MarkerPictures::picture(line.colour, swatch, devicePixelRatioF()),
+                                         names, this);
         item->setToolTip(PlainToolTip::text(names));
         item->setFlags(Qt::ItemIsEnabled);
     }

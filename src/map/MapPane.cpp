@@ -5,16 +5,19 @@
 #include "files/ProgramFolder.h"
 #include "map/MapLegend.h"
 #include "map/MapView.h"
+#include "map/MarkerPictures.h"
 #include "map/StatesFile.h"
 #include "platform/Procedure.h"
 #include "views/ViewHistory.h"
 #include "widgets/IconSet.h"
+#include "widgets/PictureLegend.h"
 #include "widgets/WaitCursor.h"
 
 #include <QActionGroup>
 #include <QBoxLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QPainter>
 #include <QToolBar>
 
 namespace {
@@ -200,6 +203,27 @@ void MapPane::goToSelected()
 {
     showSelected();
     if (m_map->ringed()) m_map->showEntry(*m_map->ringed());
+}
+
+std::optional<GraphicPicture> MapPane::picture() const
+{
+    if (m_places.entries().empty()) return std::nullopt;
+    PictureLegend legend(font(), m_map->width());
+    for (const LegendLine& line : legendLines(m_places.entries())) {
+        const auto marker = [colour = line.colour](QPainter& painter, QPointF middle) {
+            constexpr double diameter = 12;
+            MarkerPictures::draw(painter, colour, middle, diameter);
+        };
+        legend.add(marker, line.text());
+    }
+    const QSize size = m_map->size() + QSize(0, legend.height());
+    return GraphicPicture{tr("Map"), size, [this, legend](QPainter& painter) {
+                              painter.save();
+                              m_map->draw(painter);
+                              painter.translate(0, m_map->height());
+                              legend.draw(painter);
+                              painter.restore();
+                          }};
 }
 
 void MapPane::choose(std::size_t entry)

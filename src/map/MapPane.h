@@ -4,6 +4,7 @@
 
 #include "map/OrganizationPlaces.h"
 #include "views/ShowOnlyViews.h"
+#include "widgets/GraphicPicture.h"
 
 #include <QWidget>
 
@@ -55,6 +56,9 @@ public:
     void goToSelected();
 
     [[nodiscard]] MapView& map() { return *m_map; }
+
+    /// The part of the map in sight with the whole legend; std::nullopt if the map has no markers.
+    [[nodiscard]] std::optional<GraphicPicture> picture() const;
 
 Q_SIGNALS:
     /// The user chose a marker; these are its organizations.

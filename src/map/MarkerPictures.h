@@ -3,8 +3,11 @@
 #pragma once
 
 #include <QPixmap>
+#include <QPointF>
 
 #include <array>
+
+class QPainter;
 
 /// The markers of the map, one for each colour of the palette, drawn once for a size and a screen.
 class MarkerPictures
@@ -21,8 +24,11 @@ public:
     /// The width of a marker with the ring around it, in logical pixels.
     [[nodiscard]] double extent() const { return m_diameter + 2; }
 
-    /// Draws one marker, as for a legend.
-    static QPixmap draw(int colour, double diameter, double devicePixelRatio);
+    /// Returns one marker, as for a legend.
+    static QPixmap picture(int colour, double diameter, double devicePixelRatio);
+
+    /// Draws one marker around a point.
+    static void draw(QPainter& painter, int colour, QPointF middle, double diameter);
 
 private:
     std::array<QPixmap, 16> m_markers;

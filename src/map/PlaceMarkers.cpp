@@ -20,6 +20,11 @@ constexpr double largestMarker = 14;
 constexpr double hitRadius = 14;
 constexpr double ringWidth = 2.5;
 
+double diameter(const MapExtent& extent)
+{
+    return std::round(std::clamp(extent.markerScale() / extent.scale(), smallestMarker, largestMarker));
+}
+
 } // namespace
 
 void PlaceMarkers::set(const std::vector<clsCities>& places)
@@ -69,9 +74,8 @@ std::size_t PlaceMarkers::neighbour(std::optional<std::size_t> entry, int step) 
 void PlaceMarkers::paint(QPainter& painter, const MapExtent& extent, const QRect& sight,
                          double devicePixelRatio)
 {
-    const double diameter = std::clamp(extent.markerScale() / extent.scale(), smallestMarker, largestMarker);
     const double ratio = devicePixelRatio;
-    m_pictures.prepare(std::round(diameter), ratio);
+    m_pictures.prepare(diameter(extent), ratio);
     const double half = m_pictures.extent() / 2;
     const QRectF reach = QRectF(sight).adjusted(-half, -half, half, half);
     for (const std::size_t entry : m_topmost) {
@@ -82,6 +86,22 @@ void PlaceMarkers::paint(QPainter& painter, const MapExtent& extent, const QRect
                              std::round((middle.y() - half) * ratio) / ratio);
         painter.drawPixmap(corner, m_pictures.marker(m_colours[entry]));
     }
+}
+
+void PlaceMarkers::draw(QPainter& painter, const MapExtent& extent) const
+{
+    const QRectF sight(QPointF(), extent.size());
+    // at half a pixel from one another, the later of two markers covers the one before
+    std::set<std::pair<int, int>> covered;
+    std::vector<std::size_t> seen;
+    for (auto entry = m_topmost.rbegin(); entry != m_topmost.rend(); ++entry) {
+        const QPointF middle = extent.toScreen(m_positions[*entry]);
+        const QPoint place = (middle * 2).toPoint();
+        if (sight.contains(middle) && covered.insert({place.x(), place.y()}).second) seen.push_back(*entry);
+    }
+    for (auto entry = seen.rbegin(); entry != seen.rend(); ++entry)
+        MarkerPictures::draw(painter, m_colours[*entry], extent.toScreen(m_positions[*entry]),
+                             diameter(extent));
 }
 
 void PlaceMarkers::paintRinged(QPainter& painter, const MapExtent& extent, std::size_t entry,

@@ -41,6 +41,9 @@ public:
     /// Draws the markers that are at least partly within `sight`, in pixels.
     void paint(QPainter& painter, const MapExtent& extent, const QRect& sight, double devicePixelRatio);
 
+    /// Draws the markers whose middle is in sight, as areas and lines.
+    void draw(QPainter& painter, const MapExtent& extent) const;
+
     /// Draws one marker over the others, with a ring around it. Call after `paint`.
     void paintRinged(QPainter& painter, const MapExtent& extent, std::size_t entry,
                      const QColor& colour) const;

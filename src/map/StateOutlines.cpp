@@ -9,7 +9,6 @@ namespace {
 
 /// In pixels. Points in one cell of this grid become one, the same ones on both sides of a common border.
 constexpr double grid = 0.25;
-constexpr double outOfSight = 16;
 
 QPointF onGrid(QPointF pixels)
 {
@@ -42,10 +41,9 @@ std::vector<QPointF> clipped(std::vector<QPointF> ring, const QRectF& to)
     return cut(ring, [&](QPointF p) { return to.bottom() - p.y(); });
 }
 
-std::vector<std::vector<QPointF>> outlines(const StateShape& state, const MapPicture& picture)
+std::vector<std::vector<QPointF>> outlines(const StateShape& state, const MapPicture& picture, double beyond)
 {
-    const QRectF sight =
-        QRectF(QPointF(), picture.size).adjusted(-outOfSight, -outOfSight, outOfSight, outOfSight);
+    const QRectF sight = QRectF(QPointF(), picture.size).adjusted(-beyond, -beyond, beyond, beyond);
     std::vector<std::vector<QPointF>> rings;
     const QRectF bounds(picture.toPixels(state.bounds.topLeft()),
                         picture.toPixels(state.bounds.bottomRight()));

@@ -22,9 +22,13 @@ struct MapPicture
     [[nodiscard]] QPointF toPixels(QPointF plane) const { return (plane - corner) / scale; }
 };
 
+/// How far beyond what is in sight outlines are cut, in pixels: the line along the cut is not seen then.
+inline constexpr double outOfSight = 16;
+
 /// Returns the rings of a state in the pixels of a picture: only what is in sight, and no more points than
-/// the picture can resolve. Neighbours keep their common border.
-std::vector<std::vector<QPointF>> outlines(const StateShape& state, const MapPicture& picture);
+/// the picture can resolve. Neighbours keep their common border. Rings are cut `beyond` pixels out of sight.
+std::vector<std::vector<QPointF>> outlines(const StateShape& state, const MapPicture& picture,
+                                           double beyond = outOfSight);
 
 /// Returns the middle of a place in a state, in pixels, that is as large as the text and free of the points
 /// to avoid; `std::nullopt` if there is none. The points are in pixels, too, ordered from top to bottom.

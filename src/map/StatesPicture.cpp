@@ -40,14 +40,14 @@ void StatesPicture::setMarkers(std::vector<QPointF> markers)
 }
 
 /// Returns the markers within the bounds of a state, in the pixels of the picture, from top to bottom.
-std::vector<QPointF> StatesPicture::markersIn(const StateShape& state) const
+std::vector<QPointF> StatesPicture::markersIn(const StateShape& state, const MapPicture& frame) const
 {
     std::vector<QPointF> found;
     const auto x = [](const QPointF& marker) { return marker.x(); };
     const auto first = std::ranges::lower_bound(m_markers, state.bounds.left(), {}, x);
     const auto last = std::ranges::upper_bound(m_markers, state.bounds.right(), {}, x);
     for (auto marker = first; marker != last; ++marker) {
-        if (state.bounds.contains(*marker)) found.push_back(m_frame.toPixels(*marker));
+        if (state.bounds.contains(*marker)) found.push_back(frame.toPixels(*marker));
     }
     std::ranges::sort(found, {}, [](const QPointF& marker) { return marker.y(); });
     return found;
@@ -84,29 +84,37 @@ void StatesPicture::render(const MapExtent& extent, const QPalette& palette, con
     QPainter painter(&m_picture);
     // outlines and places of names are in device pixels
     painter.scale(1 / devicePixelRatio, 1 / devicePixelRatio);
-    drawStates(painter);
-    drawNames(painter, font);
+    drawStates(painter, m_frame, devicePixelRatio, outOfSight);
+    drawNames(painter, m_frame, devicePixelRatio, font);
 }
 
-void StatesPicture::drawStates(QPainter& painter) const
+void StatesPicture::draw(QPainter& painter, const MapExtent& extent, const QFont& font) const
+{
+    const MapPicture frame{extent.toPlane(QPointF()), extent.scale(), extent.size()};
+    painter.fillRect(QRectF(QPointF(), frame.size), Qt::white);
+    drawStates(painter, frame, 1, 0);
+    drawNames(painter, frame, 1, font);
+}
+
+void StatesPicture::drawStates(QPainter& painter, const MapPicture& frame, double ratio, double beyond) const
 {
     painter.setRenderHint(QPainter::Antialiasing);
     QPainterPath areas;
     areas.setFillRule(Qt::OddEvenFill);
     for (const StateShape& state : m_layer.states()) {
-        for (const auto& ring : outlines(state, m_frame))
+        for (const auto& ring : outlines(state, frame, beyond))
             areas.addPolygon(QPolygonF(QList<QPointF>(ring.begin(), ring.end())));
     }
     areas.closeSubpath();
-    QPen pen(borderColour, m_picture.devicePixelRatio());
+    QPen pen(borderColour, ratio);
     pen.setJoinStyle(Qt::BevelJoin);
     painter.fillPath(areas, stateColour);
     painter.strokePath(areas, pen);
 }
 
-void StatesPicture::drawNames(QPainter& painter, const QFont& font) const
+void StatesPicture::drawNames(QPainter& painter, const MapPicture& frame, double ratio,
+                              const QFont& font) const
 {
-    const double ratio = m_picture.devicePixelRatio();
     QFont small(font);
     small.setPixelSize(static_cast<int>(std::round(QFontMetricsF(font).height() * 0.72 * ratio)));
     painter.setFont(small);
@@ -114,12 +122,12 @@ void StatesPicture::drawNames(QPainter& painter, const QFont& font) const
     const QFontMetricsF metrics(small);
     const QSizeF marker = QSizeF(widestMarker, widestMarker) * ratio;
     for (const StateShape& state : m_layer.states()) {
-        const std::vector<QPointF> markers = markersIn(state);
+        const std::vector<QPointF> markers = markersIn(state, frame);
         for (const QString& text : {state.name, state.letters}) {
             const QSizeF size(metrics.horizontalAdvance(text) + 6 * ratio, metrics.height());
             // a text with half a marker on each side of it is clear of markers
             const QSizeF clear = markers.empty() ? size : size + marker;
-            const auto middle = text.isEmpty() ? std::nullopt : roomFor(state, m_frame, clear, markers);
+            const auto middle = text.isEmpty() ? std::nullopt : roomFor(state, frame, clear, markers);
             if (!middle) continue;
             QRectF place(QPointF(), size);
             place.moveCenter(*middle);

@@ -26,16 +26,19 @@ public:
     /// Paints the part that the extent shows, at the painter's origin.
     void paint(QPainter& painter, const MapExtent& extent, const QPalette& palette, const QFont& font);
 
+    /// Draws that part as areas, lines and texts, none of which reaches beyond it.
+    void draw(QPainter& painter, const MapExtent& extent, const QFont& font) const;
+
     /// Makes the next painting draw the picture anew, as after a change of palette or font.
     void forget() { m_picture = QPixmap(); }
 
 private:
     [[nodiscard]] bool covers(const QRectF& sight) const;
     void render(const MapExtent& extent, const QPalette& palette, const QFont& font, double devicePixelRatio);
-    void drawStates(QPainter& painter) const;
-    void drawNames(QPainter& painter, const QFont& font) const;
+    void drawStates(QPainter& painter, const MapPicture& frame, double ratio, double beyond) const;
+    void drawNames(QPainter& painter, const MapPicture& frame, double ratio, const QFont& font) const;
 
-    [[nodiscard]] std::vector<QPointF> markersIn(const StateShape& state) const;
+    [[nodiscard]] std::vector<QPointF> markersIn(const StateShape& state, const MapPicture& frame) const;
 
     StatesLayer m_layer;
     std::vector<QPointF> m_markers; ///< in the plane, each point once, from left to right

@@ -38,8 +38,13 @@ bool EventLabel::event(QEvent* event)
 void EventLabel::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    painter.setPen(m_isInside ? QColor(Qt::white) : palette().color(QPalette::Text));
-    const QString fitting = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+    draw(painter, palette());
+}
+
+void EventLabel::draw(QPainter& painter, const QPalette& palette) const
+{
+    painter.setPen(m_isInside ? QColor(Qt::white) : palette.color(QPalette::Text));
+    const QString fitting = painter.fontMetrics().elidedText(text(), Qt::ElideRight, width());
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, fitting);
 }
 

@@ -20,6 +20,9 @@ public:
 
     [[nodiscard]] qint64 eventId() const { return m_eventId; }
 
+    /// Draws the caption at the painter's origin, in its font.
+    void draw(QPainter& painter, const QPalette& palette) const;
+
 Q_SIGNALS:
     void clicked(qint64 eventId);
     void doubleClicked(qint64 eventId);

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPolygonF>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -56,16 +57,21 @@ void EventMarker::paintKey(QPainter& painter, const QRectF& place)
 void EventMarker::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
+    painter.translate(-pos());
+    draw(painter, m_picture, QRectF(geometry()).center(), parentWidget()->width(),
+         palette().color(QPalette::Text));
+}
+
+void EventMarker::draw(QPainter& painter, Picture picture, QPointF middle, double width, const QColor& text)
+{
     painter.setRenderHint(QPainter::Antialiasing);
-    const bool isSelected = m_picture == Picture::imgSelected || m_picture == Picture::imgSelectedKey;
-    const bool isKey = m_picture == Picture::imgDefaultKey || m_picture == Picture::imgSelectedKey;
-    const QPointF middle = QRectF(rect()).center();
-    // at an edge of the timeline it is drawn narrower rather than cut off
-    const QRectF seen = parentWidget()->rect().translated(-pos());
+    const bool isSelected = picture == Picture::imgSelected || picture == Picture::imgSelectedKey;
+    const bool isKey = picture == Picture::imgDefaultKey || picture == Picture::imgSelectedKey;
     const QRectF whole(middle.x() - 7, middle.y() - 7, 14, 14);
-    const QRectF outer = whole.intersected(seen.adjusted(0.5, 0, -0.5, 0));
+    const double left = std::max(whole.left(), 0.5);
+    const QRectF outer(left, whole.top(), std::min(whole.right(), width - 0.5) - left, whole.height());
     // the colours are dark: an outline sets them off from a dark background
-    QColor outline = palette().color(QPalette::Text);
+    QColor outline = text;
     outline.setAlpha(outlineAlpha);
     painter.setPen(QPen(outline, 1));
     painter.setBrush(isSelected ? TimelineColours::selected : TimelineColours::event);

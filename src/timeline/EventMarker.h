@@ -29,6 +29,10 @@ public:
 
     [[nodiscard]] Picture picture() const { return m_picture; }
 
+    /// Draws a picture of a marker around a point. At an edge of the timeline, whose width it is, the marker
+    /// is drawn narrower rather than cut off.
+    static void draw(QPainter& painter, Picture picture, QPointF middle, double width, const QColor& text);
+
     /// Paints the sign of a key event as large as the rectangle. Bars carry it too.
     static void paintKey(QPainter& painter, const QRectF& place);
 

@@ -4,7 +4,6 @@
 
 #include "timeline/Timeline.h"
 
-#include <QEvent>
 #include <QLabel>
 #include <QPainter>
 
@@ -35,13 +34,18 @@ QColor faint(QColor colour)
     return colour;
 }
 
+QFont bold(QFont font)
+{
+    font.setBold(true);
+    return font;
+}
+
 } // namespace
 
 RulerStrip::RulerStrip(const Timeline& timeline, QWidget* parent) : QWidget(parent), m_timeline(timeline)
 {
     setObjectName(QStringLiteral("imgTime"));
     setAccessibleName(tr("Time scale"));
-    chooseDateFont();
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     for (std::size_t i = 0; i < m_captions.size(); ++i) {
         m_captions[i] = new QLabel(this);
@@ -55,21 +59,9 @@ int RulerStrip::captionRow() const
     return fontMetrics().height() + 2;
 }
 
-void RulerStrip::chooseDateFont()
-{
-    m_dateFont = font();
-    m_dateFont.setBold(true);
-}
-
-void RulerStrip::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange) chooseDateFont();
-}
-
 int RulerStrip::labelWidth(const QString& text, bool isDate) const
 {
-    return (isDate ? QFontMetrics(m_dateFont) : fontMetrics()).horizontalAdvance(text) + 1;
+    return (isDate ? QFontMetrics(bold(font())) : fontMetrics()).horizontalAdvance(text) + 1;
 }
 
 QSize RulerStrip::sizeHint() const
@@ -101,19 +93,34 @@ void RulerStrip::showRuler()
 void RulerStrip::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Highlight));
-    for (int i = 0; i < static_cast<int>(m_captions.size()); ++i) {
-        painter.drawLine(i * TimelineScale::stepWidth, 2, i * TimelineScale::stepWidth, captionRow() - 2);
-    }
-    const int top = captionRow();
-    painter.fillRect(0, top, width(), height() - top, palette().color(QPalette::AlternateBase));
-    paintTicks(painter, top);
-    paintLabels(painter, top);
+    paintScale(painter, palette());
 }
 
-void RulerStrip::paintTicks(QPainter& painter, int top) const
+void RulerStrip::draw(QPainter& painter, const QPalette& palette) const
 {
-    const QColor plain = palette().color(QPalette::WindowText);
+    paintScale(painter, palette);
+    painter.setPen(palette.color(QPalette::Text));
+    for (const QLabel* caption : m_captions) {
+        if (!caption->isHidden()) painter.drawText(caption->geometry(), Qt::AlignVCenter, caption->text());
+    }
+}
+
+void RulerStrip::paintScale(QPainter& painter, const QPalette& palette) const
+{
+    painter.setPen(palette.color(QPalette::Highlight));
+    for (int i = 0; i < static_cast<int>(m_captions.size()); ++i) {
+        const int at = i * TimelineScale::stepWidth;
+        if (at < width()) painter.drawLine(at, 2, at, captionRow() - 2);
+    }
+    const int top = captionRow();
+    painter.fillRect(0, top, width(), height() - top, palette.color(QPalette::AlternateBase));
+    paintTicks(painter, palette, top);
+    paintLabels(painter, palette, top);
+}
+
+void RulerStrip::paintTicks(QPainter& painter, const QPalette& palette, int top) const
+{
+    const QColor plain = palette.color(QPalette::WindowText);
     for (const TimelineRuler::Tick& tick : m_timeline.ruler().ticks) {
         painter.setPen(tick.rank == TimelineRuler::Rank::Part ? faint(plain) : plain);
         const int length = tickHeight(tick.rank, height() - top);
@@ -123,19 +130,22 @@ void RulerStrip::paintTicks(QPainter& painter, int top) const
     painter.drawLine(0, height() - 1, width(), height() - 1);
 }
 
-void RulerStrip::paintLabels(QPainter& painter, int top) const
+void RulerStrip::paintLabels(QPainter& painter, const QPalette& palette, int top) const
 {
-    const QColor plain = palette().color(QPalette::WindowText);
+    const QColor plain = palette.color(QPalette::WindowText);
+    const QFont timeFont = painter.font();
+    const QFont dateFont = bold(timeFont);
     const int lineHeight = fontMetrics().height();
     for (const TimelineRuler::Label& label : m_timeline.ruler().labels) {
         const int row = label.isDate ? top : top + lineHeight;
-        painter.setFont(label.isDate ? m_dateFont : font());
+        painter.setFont(label.isDate ? dateFont : timeFont);
         painter.setPen(label.rank == TimelineRuler::Rank::Part ? faint(plain) : plain);
         // a date at the right edge covers its tick
         if (label.isDate) {
             const QRectF room(label.left - 1, row, labelWidth(label.text, true) + 2, lineHeight);
-            painter.fillRect(room, palette().color(QPalette::AlternateBase));
+            painter.fillRect(room, palette.color(QPalette::AlternateBase));
         }
         painter.drawText(QPointF(label.left, row + fontMetrics().ascent()), label.text);
     }
+    painter.setFont(timeFont);
 }

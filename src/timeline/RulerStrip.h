@@ -25,23 +25,24 @@ public:
     /// Shows the ruler and the captions as they are now.
     void showRuler();
 
+    /// Draws the ruler with its captions, in the painter's font.
+    void draw(QPainter& painter, const QPalette& palette) const;
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
     /// The picture below may get its new width, and show the ruler for it, before this strip is resized.
     void resizeEvent(QResizeEvent* /*event*/) override { showRuler(); }
 
 private:
     [[nodiscard]] int captionRow() const;
-    void chooseDateFont();
-    void paintTicks(QPainter& painter, int top) const;
-    void paintLabels(QPainter& painter, int top) const;
+    void paintScale(QPainter& painter, const QPalette& palette) const;
+    void paintTicks(QPainter& painter, const QPalette& palette, int top) const;
+    void paintLabels(QPainter& painter, const QPalette& palette, int top) const;
 
     const Timeline& m_timeline;
-    QFont m_dateFont;
     std::array<QLabel*, 4> m_captions{};
 };

@@ -2,14 +2,20 @@
 
 #include "timeline/TimelinePanel.h"
 
+#include "timeline/EventMarker.h"
 #include "timeline/RulerStrip.h"
+#include "timeline/TimelineColours.h"
 #include "timeline/TimelinePicture.h"
 #include "widgets/IconSet.h"
+#include "widgets/Paper.h"
+#include "widgets/PictureLegend.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLocale>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QToolButton>
@@ -199,6 +205,53 @@ void TimelinePanel::showAll()
     m_zoomOut->setEnabled(window.canZoomOut());
     m_ruler->showRuler();
     m_picture->showLanes();
+}
+
+std::optional<GraphicPicture> TimelinePanel::picture() const
+{
+    const auto lanes = static_cast<int>(m_timeline.lanes().size());
+    if (lanes == 0) return std::nullopt;
+    const int lanesHeight = lanes * TimelineLanes::laneHeight;
+    const PictureLegend legend = this->legend();
+    const QSize size(m_picture->width(), m_ruler->height() + lanesHeight + legend.height());
+    return GraphicPicture{tr("Timeline"), size, [this, lanesHeight, legend](QPainter& painter) {
+                              const QPalette colours = Paper::palette();
+                              painter.save();
+                              painter.setFont(Paper::font(m_ruler->font()));
+                              m_ruler->draw(painter, colours);
+                              painter.translate(0, m_ruler->height());
+                              painter.setFont(Paper::font(m_picture->font()));
+                              m_picture->draw(painter, colours, lanesHeight);
+                              painter.translate(0, lanesHeight);
+                              legend.draw(painter);
+                              painter.restore();
+                          }};
+}
+
+/// What the signs of the lanes mean and, if some events of the window have no lane in sight, how many have.
+PictureLegend TimelinePanel::legend() const
+{
+    using Picture = EventMarker::Picture;
+    const std::vector<Lane>& lanes = m_timeline.lanes();
+    PictureLegend legend(font(), m_picture->width());
+    const auto markerAs = [](Picture picture) {
+        return [picture](QPainter& painter, QPointF middle) {
+            EventMarker::draw(painter, picture, middle, middle.x() * 2, Qt::black);
+        };
+    };
+    legend.add(
+        [](QPainter& painter, QPointF middle) {
+            painter.fillRect(QRectF(middle - QPointF(8, 5), QSizeF(16, 10)), TimelineColours::event);
+        },
+        tr("Event"));
+    legend.add(markerAs(Picture::imgDefault), tr("Event that takes no time"));
+    legend.add(markerAs(Picture::imgDefaultKey), tr("Key event"));
+    if (lanes.size() < m_timeline.hitCount()) {
+        const QLocale english(QLocale::English);
+        legend.add({}, tr("%1 of %2 events of this time")
+                           .arg(english.toString(lanes.size()), english.toString(m_timeline.hitCount())));
+    }
+    return legend;
 }
 
 void TimelinePanel::scrollLanes(int lanes)

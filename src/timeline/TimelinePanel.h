@@ -3,6 +3,7 @@
 #pragma once
 
 #include "timeline/Timeline.h"
+#include "widgets/GraphicPicture.h"
 
 #include <QPoint>
 #include <QWidget>
@@ -10,6 +11,7 @@
 class QLabel;
 class QScrollBar;
 class QToolButton;
+class PictureLegend;
 class RulerStrip;
 class TimelinePicture;
 
@@ -41,6 +43,9 @@ public:
 
     [[nodiscard]] const Timeline& timeline() const { return m_timeline; }
 
+    /// The ruler and the lanes in sight; std::nullopt if the window has no events.
+    [[nodiscard]] std::optional<GraphicPicture> picture() const;
+
 Q_SIGNALS:
     /// The user selected an event on the timeline.
     void eventSelected(qint64 eventId);
@@ -68,6 +73,7 @@ private:
     void showAll();
     void scrollLanes(int lanes);
     void turn(int notches, Handler up, Handler down);
+    [[nodiscard]] PictureLegend legend() const;
     [[nodiscard]] int captionWidth(const QString& text) const;
     [[nodiscard]] int labelWidth(const QString& text, bool isDate) const;
 

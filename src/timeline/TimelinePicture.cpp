@@ -109,9 +109,9 @@ void TimelinePicture::showLanes()
 void TimelinePicture::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    paintGrid(painter);
-    painter.setRenderHint(QPainter::Antialiasing);
-    paintLanes(painter);
+    paintGrid(painter, palette(), height());
+    paintSelection(painter);
+    paintBars(painter, palette(), true);
     if (!hasFocus()) return;
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setBrush(Qt::NoBrush);
@@ -119,34 +119,62 @@ void TimelinePicture::paintEvent(QPaintEvent* /*event*/)
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
-/// Paints the steps of the ruler through the lanes, those of days and longer more strongly.
-void TimelinePicture::paintGrid(QPainter& painter) const
+void TimelinePicture::draw(QPainter& painter, const QPalette& palette, int height) const
 {
-    QColor faint = palette().color(QPalette::Text);
+    paintGrid(painter, palette, height);
+    paintBars(painter, palette, false);
+    const std::vector<Lane>& lanes = m_timeline.lanes();
+    for (std::size_t i = 0; i < lanes.size(); ++i) {
+        const QRect marker = m_markers[i]->geometry();
+        if (lanes[i].isInstant) {
+            EventMarker::draw(painter,
+                              lanes[i].isKey ? EventMarker::Picture::imgDefaultKey
+                                             : EventMarker::Picture::imgDefault,
+                              QRectF(marker).center(), width(), palette.color(QPalette::Text));
+        }
+        const QPoint label = m_labels[i]->pos();
+        painter.translate(label);
+        m_labels[i]->draw(painter, palette);
+        painter.translate(-label);
+    }
+}
+
+/// Paints the steps of the ruler through the lanes, those of days and longer more strongly.
+void TimelinePicture::paintGrid(QPainter& painter, const QPalette& palette, int height) const
+{
+    QColor faint = palette.color(QPalette::Text);
     for (const TimelineRuler::Tick& tick : m_timeline.ruler().ticks) {
         if (tick.rank == TimelineRuler::Rank::Part) continue;
         faint.setAlpha(tick.rank == TimelineRuler::Rank::Step ? 28 : 70);
         painter.setPen(faint);
-        painter.drawLine(QLineF(tick.left, 0, tick.left, height()));
+        painter.drawLine(QLineF(tick.left, 0, tick.left, height));
     }
 }
 
-void TimelinePicture::paintLanes(QPainter& painter) const
+void TimelinePicture::paintSelection(QPainter& painter) const
 {
     const std::vector<Lane>& lanes = m_timeline.lanes();
     QColor band = palette().color(QPalette::Highlight);
     band.setAlpha(60);
-    QColor edge = palette().color(QPalette::Text);
+    for (std::size_t i = 0; i < lanes.size(); ++i) {
+        if (!lanes[i].isSelected) continue;
+        painter.fillRect(0, static_cast<int>(i) * TimelineLanes::laneHeight, width(),
+                         TimelineLanes::laneHeight - 1, band);
+    }
+}
+
+void TimelinePicture::paintBars(QPainter& painter, const QPalette& palette, bool marksSelected) const
+{
+    const std::vector<Lane>& lanes = m_timeline.lanes();
+    painter.setRenderHint(QPainter::Antialiasing);
+    QColor edge = palette.color(QPalette::Text);
     edge.setAlpha(outlineAlpha);
     for (std::size_t i = 0; i < lanes.size(); ++i) {
         const Lane& lane = lanes[i];
-        if (lane.isSelected) {
-            painter.fillRect(0, static_cast<int>(i) * TimelineLanes::laneHeight, width(),
-                             TimelineLanes::laneHeight - 1, band);
-        }
         if (lane.barWidth <= 0) continue;
+        const bool isMarked = lane.isSelected && marksSelected;
         const QRectF bar = barPlace(lane, i);
-        painter.fillRect(bar, lane.isSelected ? TimelineColours::selected : TimelineColours::event);
+        painter.fillRect(bar, isMarked ? TimelineColours::selected : TimelineColours::event);
         painter.setBrush(Qt::NoBrush);
         painter.setPen(edge);
         painter.drawRect(bar.adjusted(0.5, 0.5, -0.5, -0.5));

@@ -25,6 +25,10 @@ public:
     /// Shows the lanes as they are now.
     void showLanes();
 
+    /// Draws the lanes with their grid, in the painter's font, and nothing as selected. `height` is in
+    /// pixels.
+    void draw(QPainter& painter, const QPalette& palette, int height) const;
+
     /// Takes the font of the window, made smaller if it is too high for a lane.
     void chooseFont();
 
@@ -54,8 +58,9 @@ private:
     /// Returns the lane whose bar or marker is at a point, or null.
     [[nodiscard]] const Lane* drawnAt(const QPointF& point) const;
 
-    void paintGrid(QPainter& painter) const;
-    void paintLanes(QPainter& painter) const;
+    void paintGrid(QPainter& painter, const QPalette& palette, int height) const;
+    void paintSelection(QPainter& painter) const;
+    void paintBars(QPainter& painter, const QPalette& palette, bool marksSelected) const;
 
     const Timeline& m_timeline;
     std::vector<EventLabel*> m_labels;

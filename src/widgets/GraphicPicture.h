@@ -10,7 +10,8 @@
 class QPainter;
 
 /// What a graphic shows, with its legend, to be drawn anywhere: on paper, into a file, into a page. It is
-/// drawn dark on white, whatever the colours of the desktop are.
+/// drawn dark on white, whatever the colours of the desktop are, and nothing is marked in it as selected. It
+/// consists of lines, areas and texts, which every painter takes as such.
 struct GraphicPicture
 {
     QString name;                                ///< of the graphic, such as "Timeline"

@@ -74,8 +74,9 @@ TEST_F(Exports, LeaveAnOlderFileIfTheyAreCancelledOrTheDiskIsFull)
 TEST_F(Exports, HaveEachRecordOnceInTheOrderThatIsAskedFor)
 {
     collection.database().run(
-        "INSERT INTO Event (EventID, EventDescription) WITH RECURSIVE number (n) AS (SELECT 1001 UNION ALL "
-        "SELECT n + 1 FROM number WHERE n < 1700) SELECT n, hex(zeroblob(500)) FROM number");
+        "INSERT INTO Event (EventID, Status, EventDescription) WITH RECURSIVE number (n) AS (SELECT 1001 "
+        "UNION ALL "
+        "SELECT n + 1 FROM number WHERE n < 1700) SELECT n, 'ACTIVE', hex(zeroblob(500)) FROM number");
     std::vector<qint64> identifiers{1700, 999};
     QByteArray expected("1700");
     for (qint64 each = 1001; each < 1700; ++each) {

@@ -123,6 +123,7 @@ const struct
     {"mnuRecordOpen", "Atlas", "/data/documents/2.pdf"},
     {"Delete", "Brief", "View ALL Documents: Atlas"},
     {"mnuViewRefresh", "", "View ALL Documents: Atlas|Zoo"},
+    {"mnuRecordExport", "", "Export"},
     {"mnuViewOrganizations", "", "View ALL Organizations: Agency"},
     {"mnuViewEvents", "", "View ALL Events: Flood"},
     {"Edit", "Flood", "Editing EventID 2"},
@@ -156,6 +157,24 @@ TEST_F(Buttons, EachDoesWhatItSays)
         const std::string name = toolBar.widgetForAction(action)->objectName().toStdString();
         const bool isPressed = pressed.contains(action->objectName().toStdString()) || pressed.contains(name);
         EXPECT_TRUE(isPressed || action->isSeparator() || name == "Add") << action->text().toStdString();
+    }
+}
+
+TEST_F(Buttons, CommandsThatCanBeUsedAtOnceHaveKeysOfTheirOwn)
+{
+    for (const auto& [view, row] :
+         {std::pair("mnuViewDocuments", "Atlas"), std::pair("mnuViewEvents", "Flood"),
+          std::pair("mnuViewOrganizations", "Agency")}) {
+        journey.trigger(view);
+        journey.select(row);
+        std::set<QString> keys;
+        for (const QAction* command : journey.program->window()->findChildren<QAction*>()) {
+            for (const QKeySequence& key : command->shortcuts()) {
+                const bool isOwn = !command->isEnabled() || keys.insert(key.toString()).second;
+                EXPECT_TRUE(isOwn) << command->text().toStdString() << " in " << view;
+            }
+        }
+        EXPECT_GT(keys.size(), 20U);
     }
 }
 

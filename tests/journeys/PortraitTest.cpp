@@ -89,6 +89,16 @@ TEST_F(Portraits, OfTheSettings)
     expectDialog("frmSettings", "mnuNavigateSettings", "settings");
 }
 
+TEST_F(Portraits, OfTheExportOfEachKind)
+{
+    for (const auto& [view, name] :
+         {std::pair("mnuViewDocuments", "export-documents"), std::pair("mnuViewEvents", "export-events"),
+          std::pair("mnuViewOrganizations", "export-organizations")}) {
+        journey.trigger(view);
+        expectDialog("frmExport", "mnuRecordExport", name);
+    }
+}
+
 TEST_F(Portraits, OfTheCheck)
 {
     journey.inDialog("frmCheck", "mnuCheckCollection", [&](OpenDialog& open) {

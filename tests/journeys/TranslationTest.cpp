@@ -13,6 +13,7 @@
 #include "platform/frmProgress.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QListWidget>
 #include <QTabWidget>
@@ -161,6 +162,29 @@ TEST_F(Translation, ReachesEveryTextOfTheHistory)
             history.click("cmdClose");
         });
     }
+}
+
+TEST_F(Translation, ReachesEveryTextOfTheExport)
+{
+    pseudo.allow(u"bytes"_s); // Qt's own
+    const QString file = journey.database.folder() + u"/Coast"_s;
+    for (const char* view : {"mnuViewDocuments", "mnuViewEvents", "mnuViewOrganizations"}) {
+        journey.trigger(view);
+        journey.inDialog("frmExport", "mnuRecordExport", [&](OpenDialog& open) {
+            auto& formats = open.find<QComboBox>("cmbFormat");
+            for (int format = 0; format < formats.count(); ++format) {
+                formats.setCurrentIndex(format);
+                QTest::qWait(50);
+                pseudo.expectTranslated(open.dialog(), view);
+            }
+            formats.setCurrentIndex(0);
+            journey.desktop.fileDialogs.files = {file};
+            open.click("cmdOK");
+        });
+        pseudo.expectTranslated(window(), "what was exported");
+        QFile::remove(file + u".csv"_s);
+    }
+    EXPECT_EQ(heard().size(), 1) << qPrintable(heard().join(u'\n'));
 }
 
 TEST_F(Translation, ReachesEveryTextOfTheSearches)

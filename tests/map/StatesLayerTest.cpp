@@ -88,6 +88,13 @@ TEST(StateOutlines, DrawsNoMoreThanThePictureShows)
     for (const auto& ring : outlines(texas, inside))
         for (const QPointF& point : ring)
             EXPECT_LT(std::abs(point.x()) + std::abs(point.y()), 2000);
+    // and nothing reaches beyond a picture that cannot be cut off
+    const MapPicture coast{MapProjection::toPlane(-98, 30), 0.01, QSizeF(300, 300)};
+    ASSERT_FALSE(outlines(texas, coast, 0).empty());
+    for (const auto& ring : outlines(texas, coast, 0))
+        for (const QPointF& point : ring)
+            EXPECT_TRUE(QRectF(-0.01, -0.01, 300.02, 300.02).contains(point))
+                << point.x() << ' ' << point.y();
 }
 
 TEST(StateOutlines, FindsRoomForNamesWithinTheState)

@@ -82,8 +82,8 @@ QStringList GuidePictures::takeAll()
     for (const Station station :
          {&GuidePictures::showLists, &GuidePictures::showGraphics, &GuidePictures::showRowMenu,
           &GuidePictures::showNavigateMenu, &GuidePictures::showSearch, &GuidePictures::showAdvancedSearch,
-          &GuidePictures::showEditors, &GuidePictures::showHistory, &GuidePictures::showCheck,
-          &GuidePictures::showCollections, &GuidePictures::showAbout}) {
+          &GuidePictures::showEditors, &GuidePictures::showHistory, &GuidePictures::showExport,
+          &GuidePictures::showCheck, &GuidePictures::showCollections, &GuidePictures::showAbout}) {
         try {
             (this->*station)();
         } catch (const std::exception& failure) {
@@ -242,6 +242,17 @@ void GuidePictures::showHistory()
             save(history.grab(), "history");
         });
     trigger("mnuRecordUndo");
+}
+
+void GuidePictures::showExport()
+{
+    trigger("mnuViewDocuments");
+    inDialog(
+        "frmExport", [this] { trigger("mnuRecordExport"); },
+        [this](QWidget& window) {
+            settle();
+            save(window.grab(), "export");
+        });
 }
 
 /// The sample names files of two documents that are not there.

@@ -31,6 +31,7 @@ private:
     void showAdvancedSearch();
     void showEditors();
     void showHistory();
+    void showExport();
     void showCheck();
     void showCollections();
     void showAbout();

@@ -145,7 +145,7 @@ void MainCommands::makeViewActions()
 void MainCommands::makeOutputActions()
 {
     mnuRecordExport = add(QStringLiteral("mnuRecordExport"), tr("E&xport…"),
-                          QStringLiteral("document-export"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E),
+                          QStringLiteral("document-export"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_X),
                           tr("Writes records into a file for other programs"));
     mnuRecordPrint = add(QStringLiteral("mnuRecordPrint"), tr("&Print…"), QStringLiteral("document-print"),
                          QKeySequence::Print, tr("Prints the list, its graphic or the selected records"));

@@ -2,7 +2,6 @@
 
 #include "browse/window/BackupCommands.h"
 
-#include "backup/Archive.h"
 #include "backup/AutomaticBackups.h"
 #include "backup/CollectionBackup.h"
 #include "browse/commands/MainCommands.h"
@@ -14,6 +13,7 @@
 #include "platform/FileDialogs.h"
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
+#include "platform/SaveTarget.h"
 #include "platform/WorkRunner.h"
 #include "state/ProgramState.h"
 #include "util/DateTimeText.h"
@@ -65,16 +65,8 @@ QString BackupCommands::chooseTarget() const
     const QString proposed = QStringLiteral("%1 %2.zip")
                                  .arg(QFileInfo(m_state.folder.collection()).fileName(),
                                       m_platform.clock.now().toString(QStringLiteral("yyyy-MM-dd")));
-    QString chosen = m_platform.fileDialogs.saveFile(tr("Back Up"), proposed, backupFilter());
-    if (chosen.isEmpty() || archiveFormatOf(chosen)) return chosen;
-    const QString archive = chosen + QStringLiteral(".zip");
-    // the dialog has asked about the name that was typed
-    const bool mayReplace =
-        !QFileInfo::exists(archive) ||
-        m_platform.messages.ask(
-            tr("%1 already exists.\n\nDo you want to replace it?").arg(QDir::toNativeSeparators(archive)),
-            Question::Loss);
-    return mayReplace ? archive : QString();
+    return SaveTarget::choose(m_platform, tr("Back Up"), proposed, backupFilter(),
+                              {QStringLiteral(".zip"), QStringLiteral(".tar.zst")});
 }
 
 void BackupCommands::restore()

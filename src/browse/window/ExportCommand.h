@@ -2,9 +2,12 @@
 
 #pragma once
 
+#include "export/frmExport.h"
 #include "platform/Platform.h"
 
 #include <QObject>
+
+#include <vector>
 
 class MainCommands;
 class ShownView;
@@ -19,6 +22,7 @@ public:
     ExportCommand(const Platform& platform, const ShownView& view, const MainCommands& commands,
                   QObject* parent);
 
+    /// The list must have been read to its end.
     void run();
 
 Q_SIGNALS:
@@ -26,6 +30,12 @@ Q_SIGNALS:
     void done(const QString& text);
 
 private:
+    [[nodiscard]] std::vector<qint64> everyRecord(RecordKind kind) const;
+    [[nodiscard]] QString captionOf(frmExport::Records records) const;
+    [[nodiscard]] QString chooseFile(const ExportFormat& format, frmExport::Records records) const;
+    void write(const frmExport& asked, std::vector<qint64> records);
+    [[nodiscard]] static QString doneText(const QString& file, std::size_t count, std::size_t wanted);
+
     Platform m_platform;
     const ShownView& m_view;
 };

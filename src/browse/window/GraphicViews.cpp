@@ -72,6 +72,14 @@ void GraphicViews::drawAfterList(RecordKind kind, bool isListed)
 
 std::optional<GraphicPicture> GraphicViews::picture() const
 {
+    switch (m_list.kind()) {
+    case RecordKind::Document:
+        return m_chart == nullptr ? std::nullopt : m_chart->picture();
+    case RecordKind::Event:
+        return m_timeline->picture();
+    case RecordKind::Organization:
+        return m_map == nullptr ? std::nullopt : m_map->picture();
+    }
     return std::nullopt;
 }
 

@@ -3,8 +3,12 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "widgets/GraphicPicture.h"
 
+#include <QByteArray>
 #include <QObject>
+
+#include <optional>
 
 class MainCommands;
 class ShownView;
@@ -27,6 +31,9 @@ Q_SIGNALS:
     void done(const QString& text);
 
 private:
+    [[nodiscard]] std::optional<GraphicPicture> picture() const;
+    [[nodiscard]] QByteArray svg(const GraphicPicture& picture) const;
+
     Platform m_platform;
     const ShownView& m_view;
 };

@@ -27,7 +27,7 @@ void RecordWindows::openLists()
 {
     constexpr double swatch = 12;
     const auto marker = [this](qint64 function) {
-        return MarkerPictures::draw(clsCities::colourOf(function), swatch, m_window.devicePixelRatioF());
+        return MarkerPictures::picture(clsCities::colourOf(function), swatch, m_window.devicePixelRatioF());
     };
     frmLists dialog({m_platform, m_state.session, m_state.folder, m_state.queries, m_positions, marker},
                     &m_window);

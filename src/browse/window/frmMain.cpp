@@ -173,6 +173,7 @@ void frmMain::connectViews()
     connect(m_pages, &ViewPages::viewAsked, this, &frmMain::lookForOutsideChange);
     connect(m_pages, &ViewPages::pageChanged, this, &frmMain::enableCommands);
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::showCaption);
+    connect(m_pages, &ViewPages::viewShown, this, &frmMain::enableCommands);
     connect(m_pages, &ViewPages::viewShown, m_undo, &UndoCommands::refresh);
     // queued, since the graphic is drawn after that
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::lookForDamage, Qt::QueuedConnection);
@@ -333,10 +334,13 @@ void frmMain::enableCommands()
     const QString noList = showsList ? QString() : tr("This page has no list of records.");
     for (QAction* action :
          {m_commands->mnuViewRefresh, m_commands->mnuSearchShowAll, m_commands->mnuSearchAdvanced,
-          m_commands->mnuViewGraphicRight, m_commands->mnuViewGraphicBelow, m_commands->mnuViewCopyPicture,
-          m_commands->mnuViewSavePicture, m_commands->mnuRecordExport, m_commands->mnuRecordPrint}) {
+          m_commands->mnuViewGraphicRight, m_commands->mnuViewGraphicBelow}) {
         enableUnless(*action, noList);
     }
+    const bool isWhole = !showsList || !m_list->isFilling();
+    for (QAction* action : {m_commands->mnuRecordExport, m_commands->mnuRecordPrint,
+                            m_commands->mnuViewCopyPicture, m_commands->mnuViewSavePicture})
+        enableUnless(*action, isWhole ? noList : tr("The list is still being read."));
     const bool isSelected = showsList && m_list->selectedCount() > 0;
     const QString nothingSelected = isSelected ? QString() : tr("Select a record first.");
     enableUnless(*m_commands->mnuRecordCopy, showsList ? nothingSelected : noList);

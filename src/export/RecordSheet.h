@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "export/ExportFields.h"
+#include "export/ExportedRecord.h"
+
+#include <string>
+
+/// A record as a piece of HTML, for a page and for paper: its name as `h2`, then a `table` of the class
+/// `fields` with those of its fields that hold something, as their user reads them, and the names of what it
+/// is linked to. It is well-formed XML, has no more than QTextDocument understands, and leaves its looks to a
+/// style sheet.
+void appendRecordSheet(RecordKind kind, const std::vector<ExportField>& fields, const ExportedRecord& record,
+                       std::string& html);
+
+/// The `id` of the name of a record's sheet.
+[[nodiscard]] std::string sheetAnchor(qint64 identifier);
