@@ -140,12 +140,15 @@ private:
 
 ExportFormat kmlFormat()
 {
-    return {.name = u"kml"_s,
-            .title = QT_TRANSLATE_NOOP("Export", "Places on a map (KML)"),
-            .remark = QT_TRANSLATE_NOOP("Export", "For globes and maps of other programs."),
-            .ending = u".kml"_s,
-            .kind = RecordKind::Organization,
-            .begin = [](const ExportOrder& order, ExportFile& file) -> std::unique_ptr<RecordWriter> {
-                return std::make_unique<KmlWriter>(order, file);
-            }};
+    return {
+        .name = u"kml"_s,
+        .title = QT_TRANSLATE_NOOP("Export", "Places on a map (KML)"),
+        .remark = QT_TRANSLATE_NOOP(
+            "Export",
+            "For globes and maps of other programs. Organizations without a position have no marker there."),
+        .ending = u".kml"_s,
+        .kind = RecordKind::Organization,
+        .begin = [](const ExportOrder& order, ExportFile& file) -> std::unique_ptr<RecordWriter> {
+            return std::make_unique<KmlWriter>(order, file);
+        }};
 }
