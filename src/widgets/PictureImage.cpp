@@ -88,13 +88,14 @@ GraphicPicture PictureImage::captioned(const GraphicPicture& picture, const QStr
     above.bold.setPixelSize(static_cast<int>(above.plain.pixelSize() * larger));
     above.lines = Paper::lines(caption, above.bold, width, mostLines);
     above.note = Paper::lines(note, above.plain, width, 1);
+    const int indent = (width - picture.size.width()) / 2;
     const QSize size(width + 2 * margin, picture.size.height() + above.height() + 2 * margin);
     return {picture.name, size, [=](QPainter& painter) {
                 painter.save();
                 painter.fillRect(QRect(QPoint(), size), Qt::white);
                 painter.translate(margin, margin);
                 above.draw(painter);
-                painter.translate((width - picture.size.width()) / 2, above.height());
+                painter.translate(indent, above.height());
                 picture.draw(painter);
                 painter.restore();
             }};
