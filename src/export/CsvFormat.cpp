@@ -21,8 +21,11 @@ public:
           m_forSpreadsheet(order.options.forSpreadsheet)
     {
         if (m_forSpreadsheet) m_text += byteOrderMark;
-        for (std::size_t column = 0; column < m_table.count(); ++column)
-            addCell(column, m_table.title(column).toStdString());
+        for (std::size_t column = 0; column < m_table.count(); ++column) {
+            // Excel takes a file that begins with the letters ID for one of another format
+            const bool isFirst = column == 0 && !m_forSpreadsheet;
+            addCell(column, m_table.title(column).toStdString(), isFirst);
+        }
         m_text += "\r\n";
     }
 
@@ -49,10 +52,10 @@ private:
                std::string_view("=+-@\t\r").find(m_cell.front()) != std::string_view::npos;
     }
 
-    void addCell(std::size_t column, std::string_view cell)
+    void addCell(std::size_t column, std::string_view cell, bool isQuoted = false)
     {
         if (column > 0) m_text += ',';
-        if (cell.find_first_of("\",\r\n") == std::string_view::npos) {
+        if (!isQuoted && cell.find_first_of("\",\r\n") == std::string_view::npos) {
             m_text += cell;
             return;
         }

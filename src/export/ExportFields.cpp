@@ -87,10 +87,11 @@ std::vector<ExportField> exportFields(const DatabaseSession& session, RecordKind
     std::vector<ExportField> fields;
     for (const RecordField& each : known.fields) {
         const CatalogTable* table = session.catalog().findTable(each.table);
-        const bool isThere = table != nullptr && table->findColumn(each.column) != nullptr;
+        const CatalogColumn* column = table == nullptr ? nullptr : table->findColumn(each.column);
         // of the two columns of a chart, only the first says something to its user
-        if (isThere && each.form != FieldForm::Status && !hasCaption(fields, each.caption))
-            fields.push_back(exportField(parts, each));
+        if (column == nullptr || each.form == FieldForm::Status || hasCaption(fields, each.caption)) continue;
+        fields.push_back(exportField(parts, each));
+        fields.back().fileColumn = column->name;
     }
     for (const CatalogColumn& column : main != nullptr ? main->columns : std::vector<CatalogColumn>()) {
         const bool isHidden = known.hidden.contains(column.name, Qt::CaseInsensitive) ||
@@ -99,10 +100,20 @@ std::vector<ExportField> exportFields(const DatabaseSession& session, RecordKind
         fields.push_back({{parts.names.record, column.name, column.name, FieldForm::Text, false, false},
                           std::nullopt,
                           parts.names.key,
-                          std::nullopt});
+                          std::nullopt,
+                          column.name});
     }
     addLinking(kind, fields);
     return fields;
+}
+
+std::optional<std::size_t> fieldNamed(const std::vector<ExportField>& fields, QStringView member)
+{
+    const auto found = std::find_if(fields.begin(), fields.end(), [member](const ExportField& each) {
+        return each.member().compare(member, Qt::CaseInsensitive) == 0;
+    });
+    if (found == fields.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - fields.begin());
 }
 
 QString titleOf(RecordKind kind)

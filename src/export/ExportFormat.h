@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 
+class DatabaseSession;
 class ExportFile;
 
 /// What the user can choose of an export.
@@ -28,6 +29,7 @@ struct ExportOrder
     const std::vector<ExportField>& fields;
     const ExportOptions& options;
     std::size_t count; ///< of the records, none of which need be there any more
+    DatabaseSession& session;
 };
 
 /// Writes records in one format, one after the other. What it appends to the text of its file is written from

@@ -8,6 +8,11 @@
 ExportFormat csvFormat();
 ExportFormat xlsxFormat();
 ExportFormat htmlFormat();
+ExportFormat jsonFormat();
+ExportFormat bibtexFormat();
+ExportFormat risFormat();
+ExportFormat calendarFormat();
+ExportFormat kmlFormat();
 
 const std::vector<ExportFormat>& exportFormats()
 {
@@ -15,6 +20,11 @@ const std::vector<ExportFormat>& exportFormats()
         csvFormat(),
         xlsxFormat(),
         htmlFormat(),
+        jsonFormat(),
+        bibtexFormat(),
+        risFormat(),
+        calendarFormat(),
+        kmlFormat(),
     };
     return all;
 }

@@ -117,6 +117,19 @@ void ExportTable::appendText(const ExportedRecord& record, std::size_t column, s
     }
 }
 
+bool isOfList(RecordKind kind, const ExportField& field)
+{
+    const ListLayout& layout = listLayout(kind);
+    const std::vector<ExportField> only{field};
+    if (keyOf(only, layout.isKey) == 0) return true;
+    for (std::size_t i = 0; i < layout.fields.size(); ++i) {
+        // the icon of a document's row is made of it
+        const bool isShown = kind != RecordKind::Document || i != fileLocationField;
+        if (isShown && fieldOf(only, layout.fields[i]) == 0) return true;
+    }
+    return false;
+}
+
 void appendReadable(const ExportField& field, const ExportedValue& value, std::string& text)
 {
     if (field.hasLinks()) return appendLinks(value.links, text);

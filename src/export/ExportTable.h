@@ -52,5 +52,8 @@ private:
     int m_isKey = -1;
 };
 
+/// Whether the list of the window shows a field, be it with others in one column.
+[[nodiscard]] bool isOfList(RecordKind kind, const ExportField& field);
+
 /// Appends the value of a field as its user reads it, in UTF-8; dates and times as the program writes them.
 void appendReadable(const ExportField& field, const ExportedValue& value, std::string& text);

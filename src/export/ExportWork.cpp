@@ -8,14 +8,27 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <unordered_set>
+
+namespace {
+
+/// The rows of a list may repeat a record.
+std::vector<qint64> eachOnce(std::vector<qint64> identifiers)
+{
+    std::unordered_set<qint64> taken;
+    std::erase_if(identifiers, [&taken](qint64 each) { return !taken.insert(each).second; });
+    return identifiers;
+}
+
+} // namespace
 
 ExportWork::ExportWork(DatabaseSession& session, RecordKind kind, std::vector<qint64> identifiers,
                        const ExportFormat& format, ExportOptions options, const QString& file)
     : m_reader(session, kind),
-      m_identifiers(std::move(identifiers)),
+      m_identifiers(eachOnce(std::move(identifiers))),
       m_options(std::move(options)),
       m_file(std::make_unique<ExportFile>(file)),
-      m_order{kind, m_reader.fields(), m_options, m_identifiers.size()},
+      m_order{kind, m_reader.fields(), m_options, m_identifiers.size(), session},
       m_writer(format.begin(m_order, *m_file))
 {
     m_writer->beginPass(0);
@@ -29,7 +42,10 @@ bool ExportWork::step()
         m_written = 0;
     }
     if (m_next == m_identifiers.size()) {
-        if (m_writer->finish()) return true;
+        if (m_writer->finish()) {
+            m_file->passOn();
+            return true;
+        }
         m_writer.reset();
         m_file->finish();
         return false;

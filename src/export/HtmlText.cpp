@@ -29,7 +29,7 @@ QString valid(const QString& text)
 {
     QString valid;
     for (const char32_t each : text.toUcs4())
-        valid += isAllowed(each) ? QString::fromUcs4(&each, 1) : QString(QChar::ReplacementCharacter);
+        valid += QChar::fromUcs4(isAllowed(each) ? each : U'\uFFFD');
     return valid;
 }
 

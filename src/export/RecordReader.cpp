@@ -20,10 +20,21 @@ QString places()
     return all;
 }
 
+/// A file may hold bytes that are no UTF-8.
+void takeText(std::string_view bytes, std::string& text)
+{
+    const bool isAscii =
+        std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
+    text = isAscii ? std::string(bytes)
+                   : QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size())).toStdString();
+}
+
 void take(const EngineStatement& row, int column, ExportedValue& value)
 {
     using Type = ExportedValue::Type;
-    value.text = row.text(column);
+    value.whole = 0;
+    value.real = 0;
+    takeText(row.text(column), value.text);
     switch (row.type(column)) {
     case SQLITE_INTEGER:
         value.type = Type::Whole;
@@ -45,8 +56,9 @@ void take(const EngineStatement& row, int column, ExportedValue& value)
 
 std::string nameOf(const EngineStatement& row, int column, qint64 key)
 {
-    const std::string_view name = row.text(column);
-    return name.empty() ? FieldTexts::withoutName(key).toStdString() : std::string(name);
+    std::string name;
+    takeText(row.text(column), name);
+    return name.empty() ? FieldTexts::withoutName(key).toStdString() : name;
 }
 
 void clear(ExportedValue& value)
@@ -112,7 +124,7 @@ RecordReader::Reading RecordReader::linksOf(std::size_t field) const
     QString condition;
     if (links.target) {
         const RecordParts& target = recordParts(*links.target);
-        condition = u" AND named.%1 <> '%2'"_s.arg(target.statusColumn, deletedStatus);
+        condition = u" AND named.%1 <> '%2' COLLATE NOCASE"_s.arg(target.statusColumn, deletedStatus);
     }
     if (links.field.form == FieldForm::Settings) condition += u" AND link.Setting = 1"_s;
     return {u"SELECT link.%1, link.%2, named.%3 FROM %4 AS link LEFT JOIN %5 AS named ON named.%6 = link.%2 "

@@ -2,8 +2,10 @@
 
 #include "export/Workbook.h"
 
+#include "export/ExportTexts.h"
 #include "export/WorkbookProof.h"
 #include "files/FileBlocks.h"
+#include "util/Error.h"
 
 #include <QDate>
 #include <QDir>
@@ -170,15 +172,14 @@ void Workbook::endSheet(lxw_worksheet* sheet, std::size_t lastRow, const std::ve
     m_rowBytes.push_back(std::ftell(sheet->optimize_tmpfile));
 }
 
-/// What the library does not notice leaves no more than the number of the system's last failure.
 void Workbook::putTogether(lxw_workbook* workbook, const QString& file, const std::vector<qint64>& rowBytes)
 {
     const PlainNumbers plain;
     errno = 0;
     require(workbook_close(workbook), file);
-    const bool isFull = errno == ENOSPC || errno == EDQUOT || errno == EFBIG;
-    const int number = isFull ? errno : EIO;
-    if (!isWholeWorkbook(file, rowBytes)) FileBlocks::fail(number, FileBlocks::pathOf(QDir::tempPath()));
+    if (isWholeWorkbook(file, rowBytes)) return;
+    throw Error(EIO, ExportTexts::tr("Temporary files could not be written whole. Is the disk full? (%1)")
+                         .arg(QDir::tempPath()));
 }
 
 bool Workbook::finish()

@@ -34,6 +34,8 @@ constexpr std::array windowChapters{
     WindowChapter{"frmHistory", HelpChapter::History},
     WindowChapter{"frmSearch", HelpChapter::Search},
     WindowChapter{"frmAdvSearch", HelpChapter::AdvancedSearch},
+    WindowChapter{"frmExport", HelpChapter::Export},
+    WindowChapter{"frmPrint", HelpChapter::Export},
     WindowChapter{"frmImport", HelpChapter::Database},
     WindowChapter{"frmProgress", HelpChapter::Safety},
     WindowChapter{"frmCheck", HelpChapter::Check},
@@ -106,6 +108,8 @@ QString HelpFile::pageName(HelpChapter chapter)
         return QStringLiteral("lists.html");
     case HelpChapter::Files:
         return QStringLiteral("files.html");
+    case HelpChapter::Export:
+        return QStringLiteral("export.html");
     case HelpChapter::Database:
         return QStringLiteral("database.html");
     case HelpChapter::Safety:

@@ -25,6 +25,7 @@ enum class HelpChapter
     Collections,
     Lists, ///< of types, venues and cities
     Files,
+    Export, ///< out of the program: files, paper, pictures
     Database,
     Safety, ///< backups
     Check,  ///< of a collection

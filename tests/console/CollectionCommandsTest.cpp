@@ -2,6 +2,7 @@
 // The commands that make or change collections.
 
 #include "console/Tool.h"
+#include "export/ExportFormats.h"
 #include "platform/WindowDoor.h"
 #include "support/TestDatabase.h"
 #include "support/TestFiles.h"
@@ -68,6 +69,28 @@ TEST_F(CollectionCommands, ABackupBecomesACollectionAgain)
     }
 }
 
+TEST_F(CollectionCommands, AnExportHasAllRecordsButTheDeletedOnes)
+{
+    for (const ExportFormat& format : exportFormats()) {
+        SCOPED_TRACE(format.name.toStdString());
+        const bool isOfDocuments = format.isFor(RecordKind::Document);
+        const RecordKind kind = isOfDocuments ? RecordKind::Document : *format.kind;
+        const QString word = recordNames(kind).record.toLower() + u's';
+        const QString file = u"out"_s + format.ending;
+        const QJsonObject made = run({u"export"_s, u"Rivers"_s, word, format.name, file, u"--json"_s}).json();
+        EXPECT_EQ(made[u"file"_s], collections.path(file));
+        EXPECT_EQ(made[u"records"_s].toInt(-1), kind == RecordKind::Document ? 2
+                                                : kind == RecordKind::Event  ? 1
+                                                                             : 0);
+        EXPECT_GT(contentOf(collections.path(file)).size(), 20);
+    }
+    EXPECT_EQ(contentOf(collections.path(u"out.csv"_s)).count("gone"), 0);
+    EXPECT_EQ(
+        run({u"export"_s, u"Old"_s, u"events"_s, u"csv"_s, u"old.csv"_s, u"--spreadsheet"_s}).output.left(20),
+        u"Exported: "_s + collections.path(u"old.csv"_s).left(10));
+    EXPECT_TRUE(contentOf(collections.path(u"old.csv"_s)).startsWith("\xEF\xBB\xBFID,Title,"));
+}
+
 TEST_F(CollectionCommands, RefuseWhatWouldReplaceSomething)
 {
     writeFile(collections.path(u"old.zip"_s), "precious");
@@ -84,6 +107,21 @@ TEST_F(CollectionCommands, RefuseWhatWouldReplaceSomething)
         {{u"restore"_s, u"old.zip"_s, u"New"_s}, {}},
         {{u"import"_s, access, u"Rivers"_s}, u"There is a file or a folder of that name already;"_s},
         {{u"import"_s, u"old.zip"_s, u"New"_s}, u"This is not an Access file."_s},
+        {{u"export"_s, u"Rivers"_s, u"events"_s, u"csv"_s, u"old.zip"_s},
+         u"There is a file or a folder of that name already."_s},
+        {{u"export"_s, u"Rivers"_s, u"events"_s, u"csv"_s, u"Rivers/data/rivers.sqlite"_s},
+         u"There is a file or a folder of that name already."_s},
+        {{u"export"_s, u"Rivers"_s, u"events"_s, u"csv"_s, u"far/a.csv"_s}, u"There is no such folder."_s},
+        {{u"export"_s, u"Rivers"_s, u"events"_s, u"csv"_s, u"/proc/a.csv"_s},
+         u"No such file or directory (/proc/a.csv"_s},
+        {{u"export"_s, u"Rivers"_s, u"events"_s, u"csv"_s, QString(300, u'a')}, u"File name too long"_s},
+        {{u"export"_s, u"Rivers"_s, u"events"_s, u"pdf"_s, u"a"_s}, u"pdf is no format: csv"_s},
+        {{u"export"_s, u"Rivers"_s, u"events"_s, u"bibtex"_s, u"a"_s},
+         u"The format bibtex is for documents only."_s},
+        {{u"export"_s, u"Rivers"_s, u"events"_s, u"json"_s, u"a"_s, u"--spreadsheet"_s},
+         u"The format json has no option --spreadsheet."_s},
+        {{u"export"_s, u"Lakes"_s, u"events"_s, u"csv"_s, u"a"_s},
+         u"There is no such file or folder. (Lakes)"_s},
         {{u"list"_s, access, u"events"_s}, u"This is an Access file; orvik-tool import makes a collection"_s},
     };
     for (const auto& [arguments, error] : cases) {
@@ -104,7 +142,16 @@ TEST_F(CollectionCommands, AnInterruptionLeavesNoTrace)
                     reinterpret_cast<quint32*>(content.data() + content.size()));
     writeFile(collections.path(u"Rivers/data/documents/3.pdf"_s), content);
     const QString error = u"orvik-tool: Stopped; nothing was left behind.\n"_s;
+    SQLite::Database(collections.path(u"Rivers/data/rivers.sqlite"_s).toStdString(), SQLite::OPEN_READWRITE)
+        .exec("INSERT INTO Event (EventName, Status) WITH RECURSIVE number (n) AS (SELECT 1 UNION ALL SELECT "
+              "n + 1 "
+              "FROM number WHERE n < 100000) SELECT 'Flood ' || n, 'ACTIVE' FROM number");
     const QStringList before = collections.everything();
+    const ToolRun exported =
+        runUntil({u"export"_s, u"Rivers"_s, u"events"_s, u"json"_s, u"a.json"_s}, u"a.json.part"_s);
+    EXPECT_EQ(exported.status, 2);
+    EXPECT_EQ(exported.error, error);
+    EXPECT_EQ(collections.everything(), before);
     const ToolRun backup = runUntil({u"backup"_s, u"Rivers"_s, u"a.zip"_s}, u"a.zip.part"_s);
     EXPECT_EQ(backup.status, 2);
     EXPECT_EQ(backup.error, error);

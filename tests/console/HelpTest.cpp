@@ -2,6 +2,7 @@
 // What the tool says of itself, in its help, in the man page and when a command line is completed.
 
 #include "console/Tool.h"
+#include "export/ExportFormats.h"
 #include "support/TestFiles.h"
 
 #include <QRegularExpression>
@@ -64,7 +65,7 @@ TEST(ToolHelp, ManPageAndCompletionNameEveryCommandAndOption)
 {
     const QString page =
         QString::fromUtf8(contentOf(QStringLiteral(ORVIK_MAN_PAGE))).replace(u"\\-"_s, u"-"_s);
-    ASSERT_EQ(commands().size(), 9);
+    ASSERT_EQ(commands().size(), 10);
     EXPECT_EQ(setOf(commands() << u"--help"_s << u"--version"_s), offered({QString()}));
     const QString sections = page.section(u".SH COMMANDS"_s, 1).section(u".SH OPTIONS"_s, 0, 0);
     EXPECT_EQ(allIn(sections, u"^\\.TP\n\\.BI (\\w+) "_s), commands()) << "in the order of the help";
@@ -99,6 +100,15 @@ TEST(ToolHelp, CompletionOffersKindsAndTheFilesThatACommandTakes)
     EXPECT_EQ(offered({u"import"_s, {}}, folder.path()), (QSet<QString>{u"a.mdb"_s, folders}));
     EXPECT_EQ(offered({u"check"_s, u"--files"_s, {}}, folder.path()),
               (QSet<QString>{u"a.sqlite"_s, folders}));
+    const QString page = QString::fromUtf8(contentOf(QStringLiteral(ORVIK_MAN_PAGE)));
+    for (const RecordKind kind : recordKinds) {
+        const QString word = recordNames(kind).record.toLower() + u's';
+        const QSet<QString> formats = offered({u"export"_s, u"--json"_s, u"Rivers"_s, word, {}});
+        for (const ExportFormat& format : exportFormats()) {
+            EXPECT_EQ(formats.contains(format.name), format.isFor(kind)) << format.name.toStdString();
+            EXPECT_TRUE(page.contains(u"\n.B "_s + format.name) || page.contains(u"\n.BR "_s + format.name));
+        }
+    }
 }
 
 TEST(ToolHelp, TellsItsVersion)

@@ -174,6 +174,11 @@ TEST_F(ReadingCommands, TellOfADamagedDatabase)
     EXPECT_EQ(check.status, 1);
     EXPECT_EQ(check.json()[u"sound"_s], false);
     EXPECT_EQ(run(u"list Rivers documents"_s).status, 2);
+    const QStringList before = collections.everything();
+    const ToolRun exported = run(u"export Rivers documents csv a.csv"_s);
+    EXPECT_EQ(exported.status, 2);
+    EXPECT_EQ(exported.output, QString());
+    EXPECT_EQ(collections.everything(), before);
 }
 
 TEST_F(ReadingCommands, LeaveAChangeAloneThatWasNeverFinished)
@@ -248,6 +253,11 @@ TEST_F(ReadingCommands, LeaveNothingBehindAlsoWhereNothingCanBeWritten)
             }
             const QString archive = elsewhere.filePath(name + (isReadOnly ? u"2.zip"_s : u".zip"_s));
             EXPECT_EQ(runTool({u"backup"_s, name, archive}, collections.path({})).status, 0);
+            for (const QString& kind : {u"documents"_s, u"organizations"_s}) {
+                const ToolRun exported =
+                    runTool({u"export"_s, name, kind, u"csv"_s, archive + kind}, collections.path({}));
+                EXPECT_EQ(exported.status, 0) << exported.error.toStdString();
+            }
             EXPECT_EQ(collections.everything(), before);
         }
     }

@@ -5,6 +5,8 @@
 #include "TemporaryTarget.h"
 #include "backup/CollectionBackup.h"
 #include "backup/KeptBackups.h"
+#include "export/ExportFormats.h"
+#include "export/ExportWork.h"
 #include "faults/FaultScene.h"
 #include "files/ProgramFolder.h"
 #include "files/VersionCopies.h"
@@ -78,6 +80,36 @@ protected:
     }
 
     static QString archiveIn(const QString& folder) { return folder + u"/Rivers.zip"_s; }
+};
+
+/// An export takes the place of an older one.
+class ExportScene final : public CollectionScene
+{
+public:
+    explicit ExportScene(const ExportFormat& format) : m_format(format) { isRepeatable = true; }
+
+protected:
+    void prepare(const QString& folder) override
+    {
+        CollectionScene::prepare(folder);
+        writeFile(folder + u"/old"_s, "what was exported before");
+    }
+
+    Act begin(const QString& folder) override
+    {
+        useTemporaryIn(folder);
+        auto session = std::make_shared<DatabaseSession>();
+        session->open(databaseIn(folder), Access::Read);
+        return [this, folder, session] {
+            const RecordKind kind = m_format.kind.value_or(RecordKind::Document);
+            ExportWork work(*session, kind, {2}, m_format, {}, folder + u"/old"_s);
+            while (work.step()) {
+            }
+        };
+    }
+
+private:
+    const ExportFormat& m_format;
 };
 
 class KeptBackupScene final : public CollectionScene
@@ -258,6 +290,14 @@ protected:
 TEST(FileFaults, ABackupReplacesAnOlderOneOnlyWhenItIsWhole)
 {
     BackupScene().expectWholeOrNone();
+}
+
+TEST(FileFaults, AnExportReplacesAnOlderOneOnlyWhenItIsWhole)
+{
+    for (const ExportFormat& format : exportFormats()) {
+        SCOPED_TRACE(format.name.toStdString());
+        ExportScene(format).expectWholeOrNone();
+    }
 }
 
 TEST(FileFaults, AKeptBackupIsWholeOrNotThere)

@@ -18,7 +18,8 @@ namespace {
 const QString jsonOption = u"--json"_s;
 const QString helpOption = u"--help"_s;
 
-constexpr qsizetype optionWidth = 12;
+constexpr qsizetype optionWidth = 15;
+constexpr qsizetype usageWidth = 28;
 
 const std::vector<Option>& optionsOfAll()
 {
@@ -40,9 +41,12 @@ QString usageOf(const Command& command)
     return usage + u' ' + command.operands.join(u' ');
 }
 
+/// What a long name is followed by stands below it, in the same column.
 QString lineOf(const QString& name, const QString& text, qsizetype width)
 {
-    return u"  "_s + name.leftJustified(width) + text + u'\n';
+    QString line = u"  "_s + name.leftJustified(width);
+    if (name.size() > width - 2) line = u"  "_s + name + u'\n' + QString(width + 2, u' ');
+    return line + text + u'\n';
 }
 
 QString helpOf(const Command& command)
@@ -61,11 +65,8 @@ QString helpOfAll()
 {
     QString text = u"Usage: orvik-tool COMMAND [OPTION]... ARGUMENT...\n"
                    "Works with collections of Orvik Database without a window.\n\n"_s;
-    qsizetype width = 0;
     for (const Command& command : allCommands())
-        width = std::max(width, usageOf(command).size() + 2);
-    for (const Command& command : allCommands())
-        text += lineOf(usageOf(command), command.summary, width);
+        text += lineOf(usageOf(command), command.summary, usageWidth);
     text += u"\nCOLLECTION is the folder of a collection or the database in it.\n"
             "KIND is documents, events or organizations; a record is KIND:ID, such as events:7.\n\n"_s;
     for (const Option& option : optionsOfAll())
