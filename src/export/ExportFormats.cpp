@@ -16,6 +16,8 @@ ExportFormat kmlFormat();
 
 const std::vector<ExportFormat>& exportFormats()
 {
+    // a line for each
+    // clang-format off
     static const std::vector<ExportFormat> all{
         csvFormat(),
         xlsxFormat(),
@@ -26,6 +28,7 @@ const std::vector<ExportFormat>& exportFormats()
         calendarFormat(),
         kmlFormat(),
     };
+    // clang-format on
     return all;
 }
 
