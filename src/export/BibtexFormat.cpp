@@ -62,7 +62,7 @@ const char* commandOf(QChar character)
     }
 }
 
-QString escaped(const QString& text)
+QString asLatex(const QString& text)
 {
     QString result;
     result.reserve(text.size());
@@ -108,7 +108,7 @@ QString authorsOf(const Reference& reference)
 {
     QStringList names;
     for (const ReferenceAuthor& each : reference.authors)
-        names << (each.isPerson ? escaped(each.name) : u'{' + escaped(each.name) + u'}');
+        names << (each.isPerson ? asLatex(each.name) : u'{' + asLatex(each.name) + u'}');
     return names.join(u" and "_s);
 }
 
@@ -116,15 +116,15 @@ QString keywordsOf(const Reference& reference)
 {
     QStringList keywords;
     for (const QString& each : reference.keywords)
-        keywords << (each.contains(u',') || each.contains(u';') ? u'{' + escaped(each) + u'}'
-                                                                : escaped(each));
+        keywords << (each.contains(u',') || each.contains(u';') ? u'{' + asLatex(each) + u'}'
+                                                                : asLatex(each));
     return keywords.join(u", "_s);
 }
 
 QString pagesOf(const Reference& reference)
 {
-    const QString first = escaped(reference.firstPage);
-    return reference.lastPage.isEmpty() ? first : first + u"--"_s + escaped(reference.lastPage);
+    const QString first = asLatex(reference.firstPage);
+    return reference.lastPage.isEmpty() ? first : first + u"--"_s + asLatex(reference.lastPage);
 }
 
 /// Entries of BibTeX, in UTF-8.
@@ -141,19 +141,19 @@ public:
         m_text += entry.type;
         m_text += '{' + keyOf(reference).toStdString();
         // an entry without any field is none; the inner braces keep the capitals
-        addField("title", u'{' + escaped(reference.title) + u'}');
+        addField("title", u'{' + asLatex(reference.title) + u'}');
         addField("author", authorsOf(reference));
         addDate(reference);
-        addField(entry.publication, escaped(reference.publication));
-        addField("volume", escaped(reference.volume));
-        addField("number", escaped(reference.number));
+        addField(entry.publication, asLatex(reference.publication));
+        addField("volume", asLatex(reference.volume));
+        addField("number", asLatex(reference.number));
         addField("pages", pagesOf(reference));
-        addField(entry.organization, escaped(reference.organization));
+        addField(entry.organization, asLatex(reference.organization));
         addField("url", verbatim(reference.url));
         addField("file", verbatim(reference.file));
         addField("keywords", keywordsOf(reference));
-        addField("abstract", escaped(reference.description));
-        addField("note", escaped(reference.notes));
+        addField("abstract", asLatex(reference.description));
+        addField("note", asLatex(reference.notes));
         m_text += "\n}\n\n";
     }
 
@@ -172,7 +172,7 @@ private:
     {
         static constexpr std::array months{"jan", "feb", "mar", "apr", "may", "jun",
                                            "jul", "aug", "sep", "oct", "nov", "dec"};
-        if (reference.year == 0) return addField("year", escaped(reference.date));
+        if (reference.year == 0) return addField("year", asLatex(reference.date));
         addField("year", QString::number(reference.year));
         if (reference.month == 0) return;
         beginField("month");

@@ -54,6 +54,12 @@ void take(const EngineStatement& row, int column, ExportedValue& value)
     }
 }
 
+/// The condition that a row is not deleted, in whatever letter case its status is.
+QString notDeleted(const QString& table, const QString& statusColumn)
+{
+    return u" AND %1.%2 <> '%3' COLLATE NOCASE"_s.arg(table, statusColumn, deletedStatus);
+}
+
 std::string nameOf(const EngineStatement& row, int column, qint64 key)
 {
     std::string name;
@@ -109,9 +115,8 @@ RecordReader::Reading RecordReader::rowsOf(const QString& table, const QString& 
                      .arg(noneKey);
     }
     const RecordParts& parts = recordParts(m_kind);
-    const QString active = table == parts.names.record
-                               ? u" AND held.%1 <> '%2'"_s.arg(parts.statusColumn, deletedStatus)
-                               : QString();
+    const QString active =
+        table == parts.names.record ? notDeleted(u"held"_s, parts.statusColumn) : QString();
     // of two profiles of an organization, the one that was there first is its own
     reading.statement = u"SELECT %1 FROM %2 AS held%3 WHERE held.%4 IN (%5)%6 ORDER BY held.rowid DESC"_s.arg(
         columns, table, joins, recordColumn, places(), active);
@@ -124,7 +129,7 @@ RecordReader::Reading RecordReader::linksOf(std::size_t field) const
     QString condition;
     if (links.target) {
         const RecordParts& target = recordParts(*links.target);
-        condition = u" AND named.%1 <> '%2' COLLATE NOCASE"_s.arg(target.statusColumn, deletedStatus);
+        condition = notDeleted(u"named"_s, target.statusColumn);
     }
     if (links.field.form == FieldForm::Settings) condition += u" AND link.Setting = 1"_s;
     return {u"SELECT link.%1, link.%2, named.%3 FROM %4 AS link LEFT JOIN %5 AS named ON named.%6 = link.%2 "

@@ -134,7 +134,7 @@ TEST_F(CollectionCommands, RefuseWhatWouldReplaceSomething)
     }
 }
 
-TEST_F(CollectionCommands, AnInterruptionLeavesNoTrace)
+TEST_F(CollectionCommands, AnInterruptionOrAFullDiskLeavesNoTrace)
 {
     QByteArray content(20'000'000, '\0');
     QRandomGenerator random(1);
@@ -151,6 +151,11 @@ TEST_F(CollectionCommands, AnInterruptionLeavesNoTrace)
         runUntil({u"export"_s, u"Rivers"_s, u"events"_s, u"json"_s, u"a.json"_s}, u"a.json.part"_s);
     EXPECT_EQ(exported.status, 2);
     EXPECT_EQ(exported.error, error);
+    EXPECT_EQ(collections.everything(), before);
+    EXPECT_EQ(outputOf(u"bash"_s,
+                       {u"-c"_s, u"cd '%1'; ulimit -f 100; '%2' export Rivers events csv a.csv 2>&1; "
+                                 "echo status $?"_s.arg(collections.path({}), QStringLiteral(ORVIK_TOOL))}),
+              u"orvik-tool: File too large (%1)\nstatus 2\n"_s.arg(collections.path(u"a.csv"_s)));
     EXPECT_EQ(collections.everything(), before);
     const ToolRun backup = runUntil({u"backup"_s, u"Rivers"_s, u"a.zip"_s}, u"a.zip.part"_s);
     EXPECT_EQ(backup.status, 2);

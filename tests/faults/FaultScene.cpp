@@ -73,13 +73,15 @@ const FaultScene::Content& knownRowsOf(const QString& file)
     return found != known.constEnd() ? *found : *known.insert(bytes, rowsOf(file));
 }
 
-/// What is in a backup, or why it cannot be read.
+/// What is in a backup or a workbook, or why it cannot be read.
 QByteArray entriesOf(const QString& archive)
 {
     QByteArray all;
     try {
         ArchiveReader reader(archive);
         while (const auto entry = reader.next()) {
+            // it has the moment at which a workbook was written
+            if (entry->name == u"docProps/core.xml") continue;
             all += entry->name.toUtf8() + '\n';
             for (std::string_view block = reader.read(); !block.empty(); block = reader.read())
                 all.append(block.data(), static_cast<qsizetype>(block.size()));
@@ -193,7 +195,7 @@ FaultScene::Content FaultScene::contentOf(const QString& folder)
         const QString path = entry.next();
         const QString name = QDir(folder).relativeFilePath(path);
         if (path.endsWith(u".sqlite"_s)) continue;
-        const bool isArchive = archiveFormatOf(path).has_value();
+        const bool isArchive = archiveFormatOf(path).has_value() || path.endsWith(u".xlsx");
         content[name] = entry.fileInfo().isDir() ? QByteArray("(folder)")
                         : isArchive              ? entriesOf(path)
                                                  : ::contentOf(path);

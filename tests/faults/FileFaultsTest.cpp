@@ -35,7 +35,8 @@ protected:
     void prepare(const QString& folder) override
     {
         const TestDatabase database;
-        database.run("INSERT INTO Document (DocumentID, DocumentName) VALUES (2, 'Levées')");
+        database.run(
+            "INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES (2, 'Levées', 'ACTIVE')");
         writeFile(databaseIn(folder), database.bytes());
         writeFile(folder + u"/Rivers/data/documents/2.pdf"_s, "a report");
         writeFile(folder + u"/Rivers/data/orgcharts/2.png"_s, "a chart");
@@ -92,7 +93,7 @@ protected:
     void prepare(const QString& folder) override
     {
         CollectionScene::prepare(folder);
-        writeFile(folder + u"/old"_s, "what was exported before");
+        writeFile(fileIn(folder), "what was exported before");
     }
 
     Act begin(const QString& folder) override
@@ -102,13 +103,15 @@ protected:
         session->open(databaseIn(folder), Access::Read);
         return [this, folder, session] {
             const RecordKind kind = m_format.kind.value_or(RecordKind::Document);
-            ExportWork work(*session, kind, {2}, m_format, {}, folder + u"/old"_s);
+            ExportWork work(*session, kind, {2}, m_format, {}, fileIn(folder));
             while (work.step()) {
             }
         };
     }
 
 private:
+    [[nodiscard]] QString fileIn(const QString& folder) const { return folder + u"/old"_s + m_format.ending; }
+
     const ExportFormat& m_format;
 };
 

@@ -56,6 +56,10 @@ int main(int argumentCount, char** arguments)
     // a reader that went away is an error like any other
     std::signal(SIGPIPE, SIG_IGN);
 #endif
+#ifdef SIGXFSZ
+    // and so is a file that may not become larger
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
     qInstallMessageHandler(writeLog);
     const QCoreApplication application(argumentCount, arguments);
     QCoreApplication::setApplicationName(QStringLiteral("orvik-tool"));
