@@ -17,14 +17,8 @@ ExportFormat kmlFormat();
 const std::vector<ExportFormat>& exportFormats()
 {
     static const std::vector<ExportFormat> all{
-        csvFormat(),
-        xlsxFormat(),
-        htmlFormat(),
-        jsonFormat(),
-        bibtexFormat(),
-        risFormat(),
-        calendarFormat(),
-        kmlFormat(),
+        csvFormat(),    xlsxFormat(), htmlFormat(),     jsonFormat(),
+        bibtexFormat(), risFormat(),  calendarFormat(), kmlFormat(),
     };
     return all;
 }
