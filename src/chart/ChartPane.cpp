@@ -70,10 +70,10 @@ void ChartPane::drawCharts()
     } catch (const Error&) {
         // the list reports it
     }
-    const std::size_t leftOut = keepReadable(counts);
-    m_more->setText(tr("and %1 more", nullptr, static_cast<int>(leftOut))
-                        .arg(QLocale(QLocale::English).toString(leftOut)));
-    m_more->setVisible(leftOut > 0);
+    m_leftOut = keepReadable(counts);
+    m_more->setText(tr("and %1 more", nullptr, static_cast<int>(m_leftOut))
+                        .arg(QLocale(QLocale::English).toString(m_leftOut)));
+    m_more->setVisible(m_leftOut > 0);
     m_chart->setEmptyText({});
     m_chart->setCounts(std::move(counts));
 }
@@ -95,7 +95,10 @@ std::optional<GraphicPicture> ChartPane::picture() const
     chart->setCounts(m_chart->counts());
     chart->resizeUnseen(m_chart->size());
     PictureLegend legend(font(), m_chart->width());
-    if (!m_more->isHidden()) legend.add({}, m_more->text());
+    if (m_leftOut > 0) {
+        const QString number = QLocale(QLocale::English).toString(m_leftOut);
+        legend.add({}, tr("and %1 more types with fewer documents").arg(number));
+    }
     const QSize size = chart->size() + QSize(0, legend.height());
     return GraphicPicture{tr("Chart"), size, [chart, legend](QPainter& painter) {
                               painter.save();

@@ -62,7 +62,8 @@ private:
     ShowOnlyViews m_showOnly;
     QScrollArea* m_area;
     ChartView* m_chart;
-    QLabel* m_more; ///< the number of types without a bar
+    QLabel* m_more;            ///< the number of types without a bar
+    std::size_t m_leftOut = 0; ///< that number
     QMenu* m_menu;
     QAction* m_showOnlyType;
     QString m_selectedDocType;

@@ -140,7 +140,7 @@ void ChartView::drawTexts(QPainter& painter, const QRect& sight)
     painter.setFont(chart()->titleFont());
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(QRect(sight.left(), titleTop, sight.width(), titleRoom / 2), Qt::AlignCenter,
-                     chart()->title());
+                     accessibleName());
 }
 
 void ChartView::resizeUnseen(QSize size)
@@ -153,6 +153,8 @@ void ChartView::resizeUnseen(QSize size)
         QCoreApplication::sendEvent(this, &event);
         QCoreApplication::sendEvent(viewport(), &event);
     };
+    // the chart's own title, which is transparent, would be among the texts of a picture
+    chart()->setTitle(QStringLiteral(" "));
     take(size);
     const int height = std::min(m_names.heightForWhole(), highest);
     if (height > size.height()) take({size.width(), height});

@@ -39,7 +39,7 @@ public:
     /// Takes a size in pixels without being shown, and more height than that if names would be elided.
     void resizeUnseen(QSize size);
 
-    /// Draws the whole chart at the painter's origin.
+    /// Draws the whole chart, which is not shown, at the painter's origin.
     void draw(QPainter& painter);
 
     [[nodiscard]] int accessibleItemCount() const override { return static_cast<int>(m_counts.size()); }

@@ -133,7 +133,7 @@ void MapCanvas::paintEvent(QPaintEvent* /*event*/)
 
 void MapCanvas::draw(QPainter& painter) const
 {
-    m_states.draw(painter, m_extent, font());
+    m_states.draw(painter, m_extent, Paper::font(font()));
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(QPen(Paper::faint, 1));
     painter.setBrush(Qt::NoBrush);

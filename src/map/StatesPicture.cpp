@@ -84,25 +84,25 @@ void StatesPicture::render(const MapExtent& extent, const QPalette& palette, con
     QPainter painter(&m_picture);
     // outlines and places of names are in device pixels
     painter.scale(1 / devicePixelRatio, 1 / devicePixelRatio);
-    drawStates(painter, m_frame, devicePixelRatio, outOfSight);
-    drawNames(painter, m_frame, devicePixelRatio, font);
+    drawStates(painter, m_frame, devicePixelRatio, Edges::CutOff);
+    drawNames(painter, m_frame, devicePixelRatio, font, Edges::CutOff);
 }
 
 void StatesPicture::draw(QPainter& painter, const MapExtent& extent, const QFont& font) const
 {
     const MapPicture frame{extent.toPlane(QPointF()), extent.scale(), extent.size()};
     painter.fillRect(QRectF(QPointF(), frame.size), Qt::white);
-    drawStates(painter, frame, 1, 0);
-    drawNames(painter, frame, 1, font);
+    drawStates(painter, frame, 1, Edges::Kept);
+    drawNames(painter, frame, 1, font, Edges::Kept);
 }
 
-void StatesPicture::drawStates(QPainter& painter, const MapPicture& frame, double ratio, double beyond) const
+void StatesPicture::drawStates(QPainter& painter, const MapPicture& frame, double ratio, Edges edges) const
 {
     painter.setRenderHint(QPainter::Antialiasing);
     QPainterPath areas;
     areas.setFillRule(Qt::OddEvenFill);
     for (const StateShape& state : m_layer.states()) {
-        for (const auto& ring : outlines(state, frame, beyond))
+        for (const auto& ring : outlines(state, frame, edges == Edges::Kept ? 0 : outOfSight))
             areas.addPolygon(QPolygonF(QList<QPointF>(ring.begin(), ring.end())));
     }
     areas.closeSubpath();
@@ -112,8 +112,8 @@ void StatesPicture::drawStates(QPainter& painter, const MapPicture& frame, doubl
     painter.strokePath(areas, pen);
 }
 
-void StatesPicture::drawNames(QPainter& painter, const MapPicture& frame, double ratio,
-                              const QFont& font) const
+void StatesPicture::drawNames(QPainter& painter, const MapPicture& frame, double ratio, const QFont& font,
+                              Edges edges) const
 {
     QFont small(font);
     small.setPixelSize(static_cast<int>(std::round(QFontMetricsF(font).height() * 0.72 * ratio)));
@@ -131,6 +131,7 @@ void StatesPicture::drawNames(QPainter& painter, const MapPicture& frame, double
             if (!middle) continue;
             QRectF place(QPointF(), size);
             place.moveCenter(*middle);
+            if (edges == Edges::Kept && !QRectF(QPointF(), frame.size).contains(place)) continue;
             painter.drawText(place.translated(0.5, 0.5).toAlignedRect(), Qt::AlignCenter | Qt::TextDontClip,
                              text);
             break;

@@ -35,8 +35,16 @@ public:
 private:
     [[nodiscard]] bool covers(const QRectF& sight) const;
     void render(const MapExtent& extent, const QPalette& palette, const QFont& font, double devicePixelRatio);
-    void drawStates(QPainter& painter, const MapPicture& frame, double ratio, double beyond) const;
-    void drawNames(QPainter& painter, const MapPicture& frame, double ratio, const QFont& font) const;
+
+    /// What is drawn at the edges of a frame.
+    enum class Edges
+    {
+        CutOff, ///< it may reach beyond them
+        Kept
+    };
+    void drawStates(QPainter& painter, const MapPicture& frame, double ratio, Edges edges) const;
+    void drawNames(QPainter& painter, const MapPicture& frame, double ratio, const QFont& font,
+                   Edges edges) const;
 
     [[nodiscard]] std::vector<QPointF> markersIn(const StateShape& state, const MapPicture& frame) const;
 

@@ -17,16 +17,6 @@ QString captionOf(RecordKind kind)
                                         : SearchTexts::tr("Organization Search Results for \"%1\"");
 }
 
-/// Counts the records without reading their rows, which would take several times as long.
-qint64 countOf(DatabaseSession& session, const SearchResults::Kind& kind)
-{
-    const RecordNames names = recordNames(kind.kind);
-    RecordSet rows =
-        session.read(QStringLiteral("SELECT count(%1.%2) as dCount ").arg(names.record, names.key) +
-                     kind.query->FromClause + u' ' + kind.query->WhereClause);
-    return rows.next() ? rows.integer(0) : 0;
-}
-
 std::optional<SearchResults::Record> firstOf(DatabaseSession& session, const SearchResults::Kind& kind)
 {
     const RecordNames names = recordNames(kind.kind);
@@ -98,7 +88,7 @@ SearchResults SearchResults::read(DatabaseSession& session, const StandardQuerie
         kind.kind = recordKinds[i];
         kind.query = keywordQuery(queries, kind.kind, words);
         kind.caption = captionOf(kind.kind).arg(keywords);
-        kind.count = countOf(session, kind);
+        kind.count = StandardQueries::count(session, kind.kind, *kind.query);
     }
     if (results.total() != 1) return results;
     for (const Kind& kind : results.kinds) {

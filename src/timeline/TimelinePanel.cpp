@@ -248,7 +248,7 @@ PictureLegend TimelinePanel::legend() const
     legend.add(markerAs(Picture::imgDefaultKey), tr("Key event"));
     if (lanes.size() < m_timeline.hitCount()) {
         const QLocale english(QLocale::English);
-        legend.add({}, tr("%1 of %2 events of this time")
+        legend.add({}, tr("%1 of %2 events of this period")
                            .arg(english.toString(lanes.size()), english.toString(m_timeline.hitCount())));
     }
     return legend;

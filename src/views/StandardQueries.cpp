@@ -92,3 +92,12 @@ bool StandardQueries::has(DatabaseSession& session, RecordKind kind, qint64 iden
     const QString condition = QStringLiteral(" AND %1.%2 = %3").arg(names.record, names.key).arg(identifier);
     return session.read(narrowed(kind, condition)->sqlStr()).next();
 }
+
+qint64 StandardQueries::count(DatabaseSession& session, RecordKind kind, const SQLObject& query)
+{
+    const RecordNames names = recordNames(kind);
+    RecordSet rows =
+        session.read(QStringLiteral("SELECT count(%1.%2) as dCount ").arg(names.record, names.key) +
+                     query.FromClause + u' ' + query.WhereClause);
+    return rows.next() ? rows.integer(0) : 0;
+}

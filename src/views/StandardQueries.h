@@ -23,6 +23,10 @@ struct StandardQueries
     /// Whether the view of all records of a kind has this one. Throws Error.
     [[nodiscard]] bool has(DatabaseSession& session, RecordKind kind, qint64 identifier) const;
 
+    /// Counts the records of a query of a kind without reading their rows, which would take several times as
+    /// long. Throws Error.
+    [[nodiscard]] static qint64 count(DatabaseSession& session, RecordKind kind, const SQLObject& query);
+
     SharedQuery documents;
     SharedQuery events;
     SharedQuery organizations;

@@ -14,7 +14,9 @@ class QPainter;
 /// consists of lines, areas and texts, which every painter takes as such.
 struct GraphicPicture
 {
-    QString name;                                ///< of the graphic, such as "Timeline"
-    QSize size;                                  ///< in logical pixels
-    std::function<void(QPainter& painter)> draw; ///< at the painter's origin, while the graphic is there
+    QString name; ///< of the graphic, such as "Timeline"
+    QSize size;   ///< in logical pixels
+
+    /// Draws it at the painter's origin, while the graphic is there; leaves the painter as it was.
+    std::function<void(QPainter& painter)> draw;
 };

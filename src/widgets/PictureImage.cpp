@@ -57,6 +57,11 @@ struct Caption
     }
 };
 
+[[noreturn]] void failTooLarge()
+{
+    throw Error(ENOMEM, QCoreApplication::translate("PictureImage", "The picture is too large."));
+}
+
 /// Takes out the groups that hold nothing, which are most, and the characters of a document's text that XML
 /// must not have; names other fonts in case that one is missing.
 QByteArray tidied(const QByteArray& svg)
@@ -83,13 +88,16 @@ GraphicPicture PictureImage::captioned(const GraphicPicture& picture, const QStr
     above.bold.setPixelSize(static_cast<int>(above.plain.pixelSize() * larger));
     above.lines = Paper::lines(caption, above.bold, width, mostLines);
     above.note = Paper::lines(note, above.plain, width, 1);
+    const int indent = (width - picture.size.width()) / 2;
     const QSize size(width + 2 * margin, picture.size.height() + above.height() + 2 * margin);
     return {picture.name, size, [=](QPainter& painter) {
+                painter.save();
                 painter.fillRect(QRect(QPoint(), size), Qt::white);
                 painter.translate(margin, margin);
                 above.draw(painter);
-                painter.translate((width - picture.size.width()) / 2, above.height());
+                painter.translate(indent, above.height());
                 picture.draw(painter);
+                painter.restore();
             }};
 }
 
@@ -99,8 +107,7 @@ QImage PictureImage::image(const GraphicPicture& picture)
     image.setDevicePixelRatio(times);
     image.fill(Qt::white);
     QPainter painter;
-    if (!painter.begin(&image))
-        throw Error(ENOMEM, QCoreApplication::translate("PictureImage", "The picture is too large."));
+    if (!painter.begin(&image)) failTooLarge();
     painter.setRenderHint(QPainter::TextAntialiasing);
     picture.draw(painter);
     painter.end();
@@ -116,7 +123,7 @@ QByteArray PictureImage::png(const GraphicPicture& picture)
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    image(picture).save(&buffer, "PNG");
+    if (!image(picture).save(&buffer, "PNG")) failTooLarge();
     return bytes;
 }
 

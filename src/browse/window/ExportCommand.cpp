@@ -42,12 +42,11 @@ void ExportCommand::run()
     using Records = frmExport::Records;
     runProcedure(m_platform.messages, QStringLiteral("exportRecords"), [this] {
         const RecordKind kind = m_view.kind();
-        std::vector<qint64> all = everyRecord(kind);
         const frmExport::Offer offer{kind,
                                      m_view.caption(),
                                      m_view.list().count(),
                                      m_view.list().selectedCount(),
-                                     all.size(),
+                                     countAll(kind),
                                      m_view.graphic().has_value()};
         frmExport dialog(
             offer, ExportChoices::read(m_platform.settings, kind),
@@ -58,11 +57,17 @@ void ExportCommand::run()
         const Records records = dialog.records();
         write(dialog, records == Records::OfList     ? m_view.records()
                       : records == Records::Selected ? m_view.selected()
-                                                     : std::move(all));
+                                                     : allRecords(kind));
     });
 }
 
-std::vector<qint64> ExportCommand::everyRecord(RecordKind kind) const
+std::size_t ExportCommand::countAll(RecordKind kind) const
+{
+    ProgramState& state = m_view.state();
+    return static_cast<std::size_t>(StandardQueries::count(state.session, kind, *state.queries.of(kind)));
+}
+
+std::vector<qint64> ExportCommand::allRecords(RecordKind kind) const
 {
     const WaitCursor wait;
     ProgramState& state = m_view.state();

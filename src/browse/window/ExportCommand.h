@@ -30,7 +30,8 @@ Q_SIGNALS:
     void done(const QString& text);
 
 private:
-    [[nodiscard]] std::vector<qint64> everyRecord(RecordKind kind) const;
+    [[nodiscard]] std::size_t countAll(RecordKind kind) const;
+    [[nodiscard]] std::vector<qint64> allRecords(RecordKind kind) const;
     [[nodiscard]] QString captionOf(frmExport::Records records) const;
     [[nodiscard]] QString chooseFile(const ExportFormat& format, frmExport::Records records) const;
     void write(const frmExport& asked, std::vector<qint64> records);

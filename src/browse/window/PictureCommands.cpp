@@ -34,8 +34,7 @@ std::optional<GraphicPicture> PictureCommands::picture() const
 {
     const auto graphic = m_view.graphic();
     if (!graphic) {
-        m_platform.messages.show(
-            tr("There is nothing in the graphic just now, so there is no picture of it."));
+        m_platform.messages.show(tr("The graphic shows nothing just now, so there is no picture of it."));
         return std::nullopt;
     }
     return PictureImage::captioned(*graphic, readableLine(m_view.caption()),
