@@ -187,6 +187,27 @@ TEST_F(PrintJourney, ASheetHasAllFieldsHoweverLongTheyAre)
         << "on its own page";
 }
 
+TEST_F(PrintJourney, AGraphicHasThePageTurnedAsItIsWide)
+{
+    journey.database.runFile("journeys/rows/Buttons.sql");
+    journey.start();
+    journey.trigger("mnuViewEvents");
+    print([&](OpenDialog& dialog) {
+        dialog.find<QRadioButton>("optGraphic").click();
+        EXPECT_EQ(dialog.text("cmbOrientation"), "Landscape");
+        save(dialog);
+    });
+    const ReadPdf read(pdf());
+    expectPages(read, u"View ALL Events"_s);
+    EXPECT_TRUE(read.facts.contains(u"Page size: 842 x 595 pts (A4)\n"_s)) << read.facts.toStdString();
+    EXPECT_TRUE(read.pages.size() == 1 && read.pages.front().contains(u"Flood"_s))
+        << read.pages.join(u'|').toStdString();
+    print([](OpenDialog& dialog) {
+        EXPECT_EQ(dialog.text("cmbOrientation"), "Portrait") << "of the list";
+        dialog.click("cmdCancel");
+    });
+}
+
 TEST_F(PrintJourney, WhatCannotBePrintedSaysWhyAndWhatFailsLeavesNothing)
 {
     journey.start();
@@ -249,6 +270,9 @@ TEST_F(PrintJourney, APrinterGetsThePagesThatTheUserWantsOnThePaperChosenThere)
                     .match(found(read.pages.join(QString()), u"Page \\d+ of \\d+"_s))
                     .hasMatch());
     EXPECT_LT(offered, read.pages.front().section(u"Page 2 of "_s, 1).section(u'\n', 0, 0).toInt());
+    journey.desktop.works.cancelAfter = 3;
+    print([&](OpenDialog& dialog) { dialog.click("cmdPrint"); });
+    EXPECT_EQ(changed(), u"Printing was cancelled at page 3"_s);
 }
 
 } // namespace
