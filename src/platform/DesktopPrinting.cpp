@@ -18,6 +18,6 @@ bool DesktopPrinting::choose(QPrinter& printer, int pages)
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
     // the program writes files by a command of its own, which leaves no half of one behind
     dialog.setOption(QAbstractPrintDialog::PrintToFile, false);
-    dialog.setMinMax(1, pages);
+    if (pages > 0) dialog.setMinMax(1, pages);
     return dialog.exec() == QDialog::Accepted;
 }

@@ -13,8 +13,9 @@ public:
     /// Whether the computer knows a printer.
     [[nodiscard]] virtual bool hasPrinter() = 0;
 
-    /// Lets the user choose the printer for so many pages, and which of them it prints how often. `printer`
-    /// has the title, paper and orientation of what is printed. Returns false if the user cancelled.
+    /// Lets the user choose the printer for so many pages, 0 if nobody knows yet, and which of them it prints
+    /// how often. `printer` has the title, paper and orientation of what is printed. Returns false if the
+    /// user cancelled.
     [[nodiscard]] virtual bool choose(QPrinter& printer, int pages) = 0;
 
 protected:

@@ -112,7 +112,7 @@ QStringList ListPages::lines(const QString& text, double width) const
             lines << m_metrics.elidedText(text.mid(line.textStart()), Qt::ElideRight, width);
             break;
         }
-        lines << text.mid(line.textStart(), line.textLength());
+        lines << text.mid(line.textStart(), line.textLength()).trimmed();
     }
     layout.endLayout();
     return lines;

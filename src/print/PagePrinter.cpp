@@ -28,7 +28,7 @@ QString PagePrinter::print(PrintedPages& pages, const QPageLayout& layout) const
     printer.setPageLayout(layout);
     printer.setDocName(pages.caption());
     printer.setCreator(QGuiApplication::applicationDisplayName());
-    if (!m_platform.printing.choose(printer, pages.count())) return {};
+    if (!m_platform.printing.choose(printer, pages.isMeasured() ? pages.count() : 0)) return {};
     // the margins are those of the pages
     printer.setFullPage(true);
     pages.begin(printer.pageLayout());

@@ -22,7 +22,6 @@ public:
     PdfWork(PrintedPages& pages, const QPageLayout& layout, const QString& file);
 
     bool step() override;
-    bool undoStep() override { return m_print.undoStep(); }
     [[nodiscard]] QString title() const override { return m_print.title(); }
     [[nodiscard]] QString text() const override { return m_print.text(); }
     [[nodiscard]] std::optional<int> percent() const override { return m_print.percent(); }

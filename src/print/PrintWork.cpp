@@ -55,12 +55,6 @@ void PrintWork::paint(int page)
     m_painter.restore();
 }
 
-bool PrintWork::undoStep()
-{
-    if (m_painter.isActive()) m_painter.end();
-    return false;
-}
-
 QString PrintWork::text() const
 {
     const QLocale locale;

@@ -19,7 +19,6 @@ public:
     PrintWork(const QString& title, PrintedPages& pages, QPagedPaintDevice& device, const QPageRanges& only);
 
     bool step() override;
-    bool undoStep() override;
     [[nodiscard]] QString title() const override { return m_title; }
     [[nodiscard]] QString text() const override;
     [[nodiscard]] std::optional<int> percent() const override;

@@ -290,8 +290,9 @@ void frmPrint::finish(const char* procedure, Work&& work)
     m_timer.stop();
     runProcedure(m_platform.messages, QString::fromLatin1(procedure), [&] { m_outcome = work(); });
     if (!m_outcome.isEmpty()) return accept();
-    // another paper may have been tried
-    begin();
+    // the pages may have been laid out for the paper of a printer
+    if (m_pages->format().size() != PageFormat(layout()).size()) return begin();
+    m_timer.start(0);
 }
 
 void frmPrint::print()

@@ -33,12 +33,27 @@ struct ReadPdf
 {
     explicit ReadPdf(const QString& file)
         : facts(outputOf(u"pdfinfo"_s, {file}).replace(QRegularExpression(u" +"_s), u" "_s)),
+          words(outputOf(u"pdftotext"_s, {u"-bbox"_s, file, u"-"_s})),
           pages(outputOf(u"pdftotext"_s, {u"-layout"_s, file, u"-"_s}).split(u'\f'))
     {
         pages.removeLast(); // after the last form feed
     }
 
+    /// Whether there is room below all words of each page that printers may leave white.
+    [[nodiscard]] bool hasMargin() const
+    {
+        double bottom = 0;
+        for (const QRegularExpressionMatch& match :
+             QRegularExpression(u"height=\"([0-9.]+)\"|yMax=\"([0-9.]+)\""_s).globalMatch(words)) {
+            constexpr int margin = 36;
+            if (match.hasCaptured(1)) bottom = match.captured(1).toDouble() - margin;
+            if (match.captured(2).toDouble() > bottom) return false;
+        }
+        return bottom > 0;
+    }
+
     QString facts;
+    QString words;     ///< with their places
     QStringList pages; ///< the text of each
 };
 
@@ -74,6 +89,7 @@ protected:
     void expectPages(const ReadPdf& read, const QString& caption)
     {
         const auto count = read.pages.size();
+        EXPECT_TRUE(read.hasMargin());
         EXPECT_TRUE(read.facts.contains(u"Pages: %1\n"_s.arg(count))) << read.facts.toStdString();
         EXPECT_TRUE(read.facts.contains(
             u"Title: %1\nCreator: %2\n"_s.arg(caption, QGuiApplication::applicationDisplayName())))
@@ -109,8 +125,9 @@ TEST_F(PrintJourney, TheListHasEveryRowOnceUnderItsTitles)
         QString orientation;
         const char* size;
     };
-    for (const auto& [paper, orientation, size] : {Case{u"Letter"_s, u"Portrait"_s, "612 x 792 pts (letter)"},
-                                                   Case{u"A4"_s, u"Landscape"_s, "842 x 595 pts (A4)"}}) {
+    for (const auto& [paper, orientation, size] :
+         {Case{u"A4"_s, u"Portrait"_s, "595 x 842 pts (A4)"},
+          Case{u"Letter"_s, u"Landscape"_s, "792 x 612 pts (letter)"}}) {
         SCOPED_TRACE(size);
         QString last;
         print([&](OpenDialog& dialog) {
@@ -137,7 +154,7 @@ TEST_F(PrintJourney, TheListHasEveryRowOnceUnderItsTitles)
         EXPECT_EQ(journey.desktop.fileDialogs.proposed.last(), u"View ALL Documents.pdf"_s);
     }
     print([](OpenDialog& dialog) {
-        EXPECT_EQ(dialog.text("cmbPaper") + ' ' + dialog.text("cmbOrientation"), "A4 Landscape")
+        EXPECT_EQ(dialog.text("cmbPaper") + ' ' + dialog.text("cmbOrientation"), "Letter Landscape")
             << "as before";
         dialog.click("cmdCancel");
     });
@@ -168,6 +185,27 @@ TEST_F(PrintJourney, ASheetHasAllFieldsHoweverLongTheyAre)
     EXPECT_TRUE(read.pages.first().contains(u"Atlas"_s) && all.contains(u"Ada <b>"_s));
     EXPECT_TRUE(read.pages.last().contains(u"Brief"_s) && found(read.pages.last(), u"\\bw\\d+"_s).isEmpty())
         << "on its own page";
+}
+
+TEST_F(PrintJourney, AGraphicHasThePageTurnedAsItIsWide)
+{
+    journey.database.runFile("journeys/rows/Buttons.sql");
+    journey.start();
+    journey.trigger("mnuViewEvents");
+    print([&](OpenDialog& dialog) {
+        dialog.find<QRadioButton>("optGraphic").click();
+        EXPECT_EQ(dialog.text("cmbOrientation"), "Landscape");
+        save(dialog);
+    });
+    const ReadPdf read(pdf());
+    expectPages(read, u"View ALL Events"_s);
+    EXPECT_TRUE(read.facts.contains(u"Page size: 842 x 595 pts (A4)\n"_s)) << read.facts.toStdString();
+    EXPECT_TRUE(read.pages.size() == 1 && read.pages.front().contains(u"Flood"_s))
+        << read.pages.join(u'|').toStdString();
+    print([](OpenDialog& dialog) {
+        EXPECT_EQ(dialog.text("cmbOrientation"), "Portrait") << "of the list";
+        dialog.click("cmdCancel");
+    });
 }
 
 TEST_F(PrintJourney, WhatCannotBePrintedSaysWhyAndWhatFailsLeavesNothing)
@@ -232,6 +270,9 @@ TEST_F(PrintJourney, APrinterGetsThePagesThatTheUserWantsOnThePaperChosenThere)
                     .match(found(read.pages.join(QString()), u"Page \\d+ of \\d+"_s))
                     .hasMatch());
     EXPECT_LT(offered, read.pages.front().section(u"Page 2 of "_s, 1).section(u'\n', 0, 0).toInt());
+    journey.desktop.works.cancelAfter = 3;
+    print([&](OpenDialog& dialog) { dialog.click("cmdPrint"); });
+    EXPECT_EQ(changed(), u"Printing was cancelled at page 3"_s);
 }
 
 } // namespace
