@@ -111,7 +111,8 @@ protected:
 
 TEST_F(Exports, HoldTheRecordsAndFieldsThatWereChosen)
 {
-    const std::string titles = "\"Title\",Key,Author,Date,File,Source\r\n";
+    const std::string otherTitles = ",Key,Author,Date,File,Source\r\n";
+    const std::string titles = "\"Title\"" + otherTitles;
     const std::string atlas = "Atlas,,,,PDF,None\r\n";
     const std::string brief = "Brief,,,,PDF,None\r\n";
     const std::string coast = "Coast,,=1+1,,None,None\r\n";
@@ -131,12 +132,14 @@ TEST_F(Exports, HoldTheRecordsAndFieldsThatWereChosen)
 
     searchFor(u"brief"_s);
     EXPECT_EQ(exportTo("found.csv"), titles + brief);
+    journey.select("Brief");
+    EXPECT_EQ(exportTo("one.csv", "S"), titles + brief);
     EXPECT_EQ(journey.desktop.fileDialogs.proposed.back(), journey.viewPanel().remove(u'"') + u".csv"_s);
     EXPECT_EQ(exportTo("all.csv", "A"), titles + atlas + brief + coast);
     EXPECT_EQ(journey.desktop.fileDialogs.proposed.back(), u"View ALL Documents.csv"_s);
     EXPECT_EQ(exportTo("fields.csv", "AD").substr(0, 11), "\"ID\",Title,");
-    EXPECT_EQ(exportTo("spreadsheet.csv", "ATP"), "\xEF\xBB\xBFTitle,Key,Author,Date,File,Source\r\n" +
-                                                      atlas + brief + "Coast,,'=1+1,,None,None\r\n");
+    EXPECT_EQ(exportTo("spreadsheet.csv", "ATP"),
+              "\xEF\xBB\xBFTitle" + otherTitles + atlas + brief + "Coast,,'=1+1,,None,None\r\n");
 }
 
 TEST_F(Exports, OfAPageHaveThePictureOfWhatItLists)
