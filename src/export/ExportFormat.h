@@ -28,7 +28,7 @@ struct ExportOrder
     RecordKind kind;
     const std::vector<ExportField>& fields;
     const ExportOptions& options;
-    std::size_t count; ///< of the records, none of which need be there any more
+    std::size_t count;        ///< of the records, none of which need be there any more
     DatabaseSession& session; ///< for what the records do not hold
 };
 
