@@ -16,10 +16,13 @@ ExportFormat kmlFormat();
 
 const std::vector<ExportFormat>& exportFormats()
 {
+    // a line for each
+    // clang-format off
     static const std::vector<ExportFormat> all{
         csvFormat(),    xlsxFormat(), htmlFormat(),     jsonFormat(),
         bibtexFormat(), risFormat(),  calendarFormat(), kmlFormat(),
     };
+    // clang-format on
     return all;
 }
 

@@ -58,17 +58,19 @@ TEST(UnfinishedExport, AFullDiskLeavesTheWholeFileOrNone)
                 << name.constData() << ' ' << limit;
             EXPECT_TRUE(number == 0 || number == EFBIG || number == EIO)
                 << name.constData() << ' ' << limit << ' ' << number;
+            EXPECT_FALSE(QFile::exists(file + u".part"_s)) << name.constData() << ' ' << limit;
         }
     }
 }
 
-TEST(UnfinishedExport, CancelledAtAnyStepLeavesNothing)
+TEST(UnfinishedExport, CancelledAtAnyStepLeavesWhatWasThere)
 {
     ExportedCollection collection;
     for (const ExportFormat& format : exportFormats()) {
         const RecordKind kind = format.kind.value_or(RecordKind::Document);
         const QString file = collection.database().folder() + u"/cancelled"_s;
         const std::vector<qint64> identifiers = collection.identifiers(kind);
+        writeFile(file, "precious");
         const QStringList before = QDir(collection.database().folder()).entryList();
         const qsizetype opened = openFiles();
         bool isDone = false;
@@ -81,7 +83,9 @@ TEST(UnfinishedExport, CancelledAtAnyStepLeavesNothing)
             if (isDone) break;
             EXPECT_EQ(QDir(collection.database().folder()).entryList(), before)
                 << format.name.toStdString() << steps;
+            EXPECT_EQ(contentOf(file), "precious");
         }
+        EXPECT_TRUE(isDone && contentOf(file) != "precious") << format.name.toStdString();
         EXPECT_EQ(openFiles(), opened) << format.name.toStdString();
         QFile::remove(file);
     }
