@@ -111,7 +111,8 @@ protected:
 
 TEST_F(Exports, HoldTheRecordsAndFieldsThatWereChosen)
 {
-    const std::string titles = "\"Title\",Key,Author,Date,File,Source\r\n";
+    const std::string otherTitles = ",Key,Author,Date,File,Source\r\n";
+    const std::string titles = "\"Title\"" + otherTitles;
     const std::string atlas = "Atlas,,,,PDF,None\r\n";
     const std::string brief = "Brief,,,,PDF,None\r\n";
     const std::string coast = "Coast,,=1+1,,None,None\r\n";
@@ -135,8 +136,8 @@ TEST_F(Exports, HoldTheRecordsAndFieldsThatWereChosen)
     EXPECT_EQ(exportTo("all.csv", "A"), titles + atlas + brief + coast);
     EXPECT_EQ(journey.desktop.fileDialogs.proposed.back(), u"View ALL Documents.csv"_s);
     EXPECT_EQ(exportTo("fields.csv", "AD").substr(0, 11), "\"ID\",Title,");
-    EXPECT_EQ(exportTo("spreadsheet.csv", "ATP"), "\xEF\xBB\xBFTitle,Key,Author,Date,File,Source\r\n" +
-                                                      atlas + brief + "Coast,,'=1+1,,None,None\r\n");
+    EXPECT_EQ(exportTo("spreadsheet.csv", "ATP"),
+              "\xEF\xBB\xBFTitle" + otherTitles + atlas + brief + "Coast,,'=1+1,,None,None\r\n");
 }
 
 TEST_F(Exports, OfAPageHaveThePictureOfWhatItLists)
