@@ -13,28 +13,24 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char* style = R"css(
-:root { color-scheme: light dark; --line: #c8c8c8; --shade: #f0f2f4; --link: #0b57a4; --quiet: #606468; }
-@media (prefers-color-scheme: dark) {
-  :root { --line: #55595d; --shade: #2a2d30; --link: #8ab8f0; --quiet: #a0a4a8; }
-}
+:root { color-scheme: light dark; }
 body { font: 1em/1.45 system-ui, sans-serif; max-width: 60em; margin: 2em auto; padding: 0 1em; }
 h1 { font-size: 1.6em; line-height: 1.2; margin: 0 0 0.7em; }
 h2 { font-size: 1.2em; line-height: 1.3; margin: 0 0 0.5em; }
 h1, h2, th, td { unicode-bidi: plaintext; overflow-wrap: anywhere; }
-img { display: block; max-width: 100%; margin: 0 0 1.5em; border: 1px solid var(--line); }
+img { display: block; max-width: 100%; margin: 0 0 1.5em; }
 table { border-collapse: collapse; width: 100%; }
-th, td { border-bottom: 1px solid var(--line); padding: 0.3em 0.6em; text-align: left; vertical-align: top; }
+th, td { border-bottom: 1px solid rgba(128, 128, 128, 0.4); padding: 0.3em 0.6em; text-align: left; vertical-align: top; }
 td { white-space: pre-wrap; }
-.list th { background: var(--shade); }
-.fields th { width: 11em; font-weight: normal; color: var(--quiet); }
+.list th, .list td { overflow-wrap: break-word; }
+.list th:first-child { width: 35%; }
+.list th, :target { background: rgba(128, 128, 128, 0.15); }
+.fields th { width: 11em; font-weight: normal; opacity: 0.75; }
 .sheet { margin: 2.5em 0; }
 .back { margin: 0.5em 0; font-size: 0.9em; }
-.count { color: var(--quiet); }
-a { color: var(--link); text-decoration: none; }
+a { text-decoration: none; }
 a:hover, a:focus { text-decoration: underline; }
-:target { background: var(--shade); }
 @media print {
-  :root { color-scheme: light; --line: #b0b0b0; --shade: #f0f0f0; --quiet: #404040; }
   body { font-size: 10pt; max-width: none; margin: 0; padding: 0; }
   a { color: inherit; }
   .back { display: none; }
