@@ -28,8 +28,8 @@ struct ExportOrder
     RecordKind kind;
     const std::vector<ExportField>& fields;
     const ExportOptions& options;
-    std::size_t count; ///< of the records, none of which need be there any more
-    DatabaseSession& session;
+    std::size_t count;        ///< of the records, none of which need be there any more
+    DatabaseSession& session; ///< for what the records do not hold
 };
 
 /// Writes records in one format, one after the other. What it appends to the text of its file is written from
