@@ -13,6 +13,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <cstdio>
 #include <locale.h>
 #include <utility>
 #include <xlsxwriter.h>
