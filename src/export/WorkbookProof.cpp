@@ -6,6 +6,7 @@
 
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 

@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +37,23 @@ std::size_t widthOf(std::string_view utf8)
     const std::string_view line = utf8.substr(0, std::min(utf8.find('\n'), 4 * widest));
     return static_cast<std::size_t>(
         std::count_if(line.begin(), line.end(), [](char each) { return (each & 0xC0) != 0x80; }));
+}
+
+/// The number that a cell can hold as such. Programs that calculate change one with more than 15 digits.
+std::optional<double> numberOf(const ExportField& field, const ExportedValue& value)
+{
+    using Type = ExportedValue::Type;
+    constexpr double mostExact = 1e15;
+    if (field.field.form != FieldForm::Text || !std::isfinite(value.real)) return std::nullopt;
+    if (value.type == Type::Real) return value.real;
+    if (value.type == Type::Whole && std::abs(value.real) < mostExact) return value.real;
+    // the file holds amounts as texts, so that they are exact
+    const std::string_view text = value.text;
+    const bool isAmount = field.field.column == u"AnnualBudget" && text.size() <= std::size_t{15} &&
+                          text.find_first_not_of("0123456789.") == std::string_view::npos;
+    bool isNumber = false;
+    const double amount = isAmount ? QString::fromStdString(value.text).toDouble(&isNumber) : 0;
+    return isNumber ? std::optional(amount) : std::nullopt;
 }
 
 /// A sheet with a row for each record: numbers, dates and times as such, the rest as texts. A text that is
@@ -82,7 +101,6 @@ private:
     /// Returns false if the value has to be written as a text.
     bool addValue(const ExportedRecord& record, std::size_t column)
     {
-        using Type = ExportedValue::Type;
         const Workbook::Cell cell{m_sheet, m_row, column};
         const ExportField* field = m_table.field(column);
         const ExportedValue* value = m_table.value(record, column);
@@ -91,15 +109,11 @@ private:
             return true;
         }
         if (value == nullptr || field == nullptr) return false;
-        const FieldForm form = field->field.form;
-        if (form == FieldForm::Text && (value->type == Type::Whole || value->type == Type::Real)) {
-            // with more digits, these programs change a number
-            constexpr double mostExact = 1e15;
-            const bool isExact = std::isfinite(value->real) &&
-                                 (value->type == Type::Real || std::abs(value->real) < mostExact);
-            if (isExact) m_workbook.write(cell, value->real);
-            return isExact;
+        if (const std::optional<double> number = numberOf(*field, *value)) {
+            m_workbook.write(cell, *number);
+            return true;
         }
+        const FieldForm form = field->field.form;
         const QString text = QString::fromStdString(value->text);
         if (form == FieldForm::Date) return addDate(cell, text);
         return form == FieldForm::Time && addTime(cell, text);

@@ -99,6 +99,7 @@ constexpr std::array others{
     Expected{"Event-Events", "10", "End date", "9999-12-31"},
     Expected{"Organization-Organizations", "2", "Latitude", "42.5"},
     Expected{"Organization-Organizations", "2", "Sworn employees", "12"},
+    Expected{"Organization-Organizations", "2", "Annual budget", "1234567.89"},
     Expected{"Organization-Organizations", "3", "Mission statement", "\"The first\""},
     Expected{"list-Events", "Flood, \"great\"", "Date - Time", "\"09/11/2001 08:46 - 09/12/2001 23:59\""},
 };
