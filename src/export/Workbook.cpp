@@ -149,7 +149,6 @@ lxw_worksheet* Workbook::addSheet(const QString& name, const std::vector<std::st
 void Workbook::write(const Cell& cell, const std::string& text)
 {
     const PlainNumbers plain;
-    errno = 0;
     require(worksheet_write_string(cell.sheet, rowOf(cell), columnOf(cell), text.c_str(), m_looks[Plain]),
             m_file);
 }
@@ -157,7 +156,6 @@ void Workbook::write(const Cell& cell, const std::string& text)
 void Workbook::write(const Cell& cell, double number)
 {
     const PlainNumbers plain;
-    errno = 0;
     require(worksheet_write_number(cell.sheet, rowOf(cell), columnOf(cell), number, m_looks[Plain]), m_file);
 }
 
@@ -165,7 +163,6 @@ void Workbook::write(const Cell& cell, QDate date)
 {
     const PlainNumbers plain;
     lxw_datetime day{date.year(), date.month(), date.day(), 0, 0, 0};
-    errno = 0;
     require(worksheet_write_datetime(cell.sheet, rowOf(cell), columnOf(cell), &day, m_looks[Day]), m_file);
 }
 
@@ -174,7 +171,6 @@ void Workbook::write(const Cell& cell, QTime time)
 {
     const PlainNumbers plain;
     const double part = QTime(0, 0).secsTo(time) / secondsOfDay;
-    errno = 0;
     require(worksheet_write_number(cell.sheet, rowOf(cell), columnOf(cell), part,
                                    m_looks[time.second() == 0 ? Minutes : Seconds]),
             m_file);
@@ -188,6 +184,7 @@ bool Workbook::hasDay(QDate date)
 void Workbook::requireRows(lxw_worksheet* sheet) const
 {
     if (std::ferror(sheet->optimize_tmpfile) != 0) FileBlocks::fail(errno, m_temporary);
+    errno = 0; // the next failure says why
 }
 
 void Workbook::endSheet(lxw_worksheet* sheet, std::size_t lastRow, const std::vector<std::size_t>& widths)
