@@ -6,7 +6,6 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QStyleOptionFocusRect>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -59,10 +58,9 @@ void PagePreview::paintEvent(QPaintEvent* /*event*/)
         painter.drawRect(place.adjusted(-1, -1, 0, 0));
     }
     if (!hasFocus()) return;
-    QStyleOptionFocusRect focus;
-    focus.initFrom(this);
-    focus.rect = rect().adjusted(1, 1, -1, -1);
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+    // that of the style is filled, and would colour the page
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 
 void PagePreview::resizeEvent(QResizeEvent* /*event*/)

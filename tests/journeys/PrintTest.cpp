@@ -202,10 +202,12 @@ TEST_F(PrintJourney, AGraphicHasThePageTurnedAsItIsWide)
     EXPECT_TRUE(read.facts.contains(u"Page size: 842 x 595 pts (A4)\n"_s)) << read.facts.toStdString();
     EXPECT_TRUE(read.pages.size() == 1 && read.pages.front().contains(u"Flood"_s))
         << read.pages.join(u'|').toStdString();
-    print([](OpenDialog& dialog) {
+    print([&](OpenDialog& dialog) {
         EXPECT_EQ(dialog.text("cmbOrientation"), "Portrait") << "of the list";
-        dialog.click("cmdCancel");
+        save(dialog);
     });
+    EXPECT_TRUE(ReadPdf(pdf()).pages.front().contains(u"04/01/1927 06:02 - 04/03/1927 06:02"_s))
+        << "whole years";
 }
 
 TEST_F(PrintJourney, WhatCannotBePrintedSaysWhyAndWhatFailsLeavesNothing)
