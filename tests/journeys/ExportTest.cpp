@@ -132,6 +132,8 @@ TEST_F(Exports, HoldTheRecordsAndFieldsThatWereChosen)
 
     searchFor(u"brief"_s);
     EXPECT_EQ(exportTo("found.csv"), titles + brief);
+    journey.select("Brief");
+    EXPECT_EQ(exportTo("one.csv", "S"), titles + brief);
     EXPECT_EQ(journey.desktop.fileDialogs.proposed.back(), journey.viewPanel().remove(u'"') + u".csv"_s);
     EXPECT_EQ(exportTo("all.csv", "A"), titles + atlas + brief + coast);
     EXPECT_EQ(journey.desktop.fileDialogs.proposed.back(), u"View ALL Documents.csv"_s);
