@@ -19,8 +19,14 @@ const std::vector<ExportFormat>& exportFormats()
     // a line for each
     // clang-format off
     static const std::vector<ExportFormat> all{
-        csvFormat(),    xlsxFormat(), htmlFormat(),     jsonFormat(),
-        bibtexFormat(), risFormat(),  calendarFormat(), kmlFormat(),
+        csvFormat(),
+        xlsxFormat(),
+        htmlFormat(),
+        jsonFormat(),
+        bibtexFormat(),
+        risFormat(),
+        calendarFormat(),
+        kmlFormat(),
     };
     // clang-format on
     return all;
