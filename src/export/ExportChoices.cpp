@@ -42,7 +42,7 @@ ExportChoices ExportChoices::read(SettingsStore& settings, RecordKind kind)
     const ExportFormat* format = exportFormat(choices.format);
     if (format == nullptr || !format->isFor(kind)) choices.format = firstFormat(kind);
     if (text(u"Fields"_s) == ofList) choices.fields = FieldChoice::OfList;
-    choices.forSpreadsheet = text(u"ForSpreadsheet"_s) == yes;
+    choices.forSpreadsheet = text(u"ForSpreadsheet"_s) != no;
     choices.hasPicture = text(u"Picture"_s) != no;
     return choices;
 }

@@ -17,6 +17,6 @@ struct ExportChoices
 
     QString format; ///< the name of a format that is for the kind
     FieldChoice fields = FieldChoice::All;
-    bool forSpreadsheet = false;
+    bool forSpreadsheet = true;
     bool hasPicture = true;
 };

@@ -120,7 +120,7 @@ TEST_F(Exports, HoldTheRecordsAndFieldsThatWereChosen)
     QHeaderView& header = *journey.list().findChild<QHeaderView*>();
     for (int click = 0; click < 2; ++click)
         QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, QPoint(20, header.height() / 2));
-    EXPECT_EQ(exportTo("list.csv", "T"), titles + coast + brief + atlas) << "in the order of the list";
+    EXPECT_EQ(exportTo("list.csv", "TP"), titles + coast + brief + atlas) << "in the order of the list";
     EXPECT_EQ(journey.desktop.fileDialogs.proposed.back(), u"View ALL Documents.csv"_s);
     EXPECT_TRUE(QString::fromStdString(changed()).startsWith(u"Exported: list.csv (3 records, "_s))
         << changed();
@@ -157,15 +157,15 @@ TEST_F(Exports, OfAPageHaveThePictureOfWhatItLists)
 
 TEST_F(Exports, OfferAgainWhatWasChosenForTheKind)
 {
-    EXPECT_EQ(choicesOf("mnuViewDocuments"), "00");
+    EXPECT_EQ(choicesOf("mnuViewDocuments"), "01");
     exportTo("a.csv", "TP");
-    EXPECT_EQ(choicesOf("mnuViewEvents"), "00");
+    EXPECT_EQ(choicesOf("mnuViewEvents"), "01");
     exportTo("b.csv", "P");
     journey.program.reset();
     journey.start();
-    EXPECT_EQ(choicesOf("mnuViewDocuments"), "11");
-    EXPECT_EQ(choicesOf("mnuViewEvents"), "01");
-    EXPECT_EQ(choicesOf("mnuViewOrganizations"), "00");
+    EXPECT_EQ(choicesOf("mnuViewDocuments"), "10");
+    EXPECT_EQ(choicesOf("mnuViewEvents"), "00");
+    EXPECT_EQ(choicesOf("mnuViewOrganizations"), "01");
 }
 
 TEST_F(Exports, ReplaceAFileOnlyIfTheUserSaysSoAndOnlyByAWholeOne)
