@@ -3,11 +3,14 @@
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
-# Installs the packages of the list that are not there yet.
+# install_packages [SECTION]: installs the packages of the list that are not there yet, but those of a section whose
+# title begins so.
 install_packages() {
-    local missing=() package
+    local missing=() package section
     while read -r package; do
+        [[ $package != \#* ]] || section=$package
         [[ -z $package || $package == \#* ]] && continue
+        [[ -n ${1:-} && $section == "# $1"* ]] && continue
         [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || missing+=("$package")
     done <"$root/packaging/debian-packages.txt"
     [[ ${#missing[@]} -eq 0 ]] && return
