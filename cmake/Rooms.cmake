@@ -29,7 +29,7 @@ endfunction()
 set(ORVIK_SOURCES_APART
     data/EditableRecordSet.cpp data/EngineRules.cpp data/MomentCondition.cpp data/StatementTokens.cpp
     data/StoredQuery.cpp editors/frmDocument.cpp editors/frmEvent.cpp editors/frmOrganization.cpp
-    editors/frmPicList.cpp files/FileCopy.cpp files/SharedFolderSplit.cpp journal/SnapshotWriter.cpp
+    editors/frmPicList.cpp export/ExportFormats.cpp files/FileCopy.cpp files/SharedFolderSplit.cpp journal/SnapshotWriter.cpp
     journal/UndoSteps.cpp map/OrganizationPlaces.cpp
     records/DocumentStore.cpp records/EventStore.cpp records/OrganizationStore.cpp timeline/EventMarker.cpp
     timeline/WindowEvents.cpp widgets/LinkButton.cpp widgets/ReadablePalette.cpp widgets/WindowSize.cpp)

@@ -31,12 +31,11 @@ std::vector<double> fittedWidths(const std::vector<ColumnNeed>& columns, double 
     // what a narrow column leaves makes the share of the others larger
     while (hasNarrow) {
         share = room / static_cast<double>(wide.size());
-        const auto narrow =
-            std::ranges::partition(wide, [share](const ColumnNeed& column) { return column.widest > share; });
-        for (const ColumnNeed& column : narrow)
-            room -= column.widest;
-        hasNarrow = !narrow.empty();
-        wide.erase(narrow.begin(), narrow.end());
+        const auto narrow = std::partition(
+            wide.begin(), wide.end(), [share](const ColumnNeed& column) { return column.widest > share; });
+        std::for_each(narrow, wide.end(), [&room](const ColumnNeed& column) { room -= column.widest; });
+        hasNarrow = narrow != wide.end();
+        wide.erase(narrow, wide.end());
     }
     const double scale = room / sumOf(wide, &ColumnNeed::usual);
     for (const ColumnNeed& column : columns)
