@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "backup/Archive.h"
 #include "backup/Manifest.h"
+#include "files/Archive.h"
 #include "files/DatabaseFile.h"
 #include "files/FolderList.h"
 #include "platform/SteppedWork.h"

@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "backup/Archive.h"
 #include "backup/Manifest.h"
+#include "files/Archive.h"
 #include "files/FileBlocks.h"
 #include "platform/SteppedWork.h"
 #include "util/Sha256.h"

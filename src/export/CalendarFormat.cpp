@@ -5,8 +5,9 @@
 #include "export/ExportFormat.h"
 #include "export/PlainText.h"
 #include "platform/Clock.h"
-#include "timeline/Moment.h"
+#include "util/DateTimeText.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 
 #include <libical/ical.h>
@@ -20,8 +21,8 @@ namespace {
 /// the start, is that of the start.
 struct EventSpan
 {
-    Moment start = 0;
-    Moment end = 0;
+    QDateTime start;
+    QDateTime end;
     bool isOfDays = false; ///< no time is known
 };
 
@@ -45,16 +46,24 @@ std::string textLine(std::string_view name, const QString& text)
 }
 
 /// Not made by the library, which knows no year after 3000.
-std::string dayText(Moment moment)
+std::string dayText(QDate day)
 {
-    return dayOf(moment).toString(u"yyyyMMdd").toStdString();
+    return day.toString(u"yyyyMMdd").toStdString();
 }
 
 /// Without a zone, so that every calendar shows the time that was entered.
-std::string momentText(Moment moment)
+std::string momentText(const QDateTime& moment)
 {
-    const int minutes = minuteOfDay(moment);
-    return dayText(moment) + QTime(minutes / 60, minutes % 60).toString(u"'T'HHmm'00'").toStdString();
+    return dayText(moment.date()) + moment.time().toString(u"'T'HHmmss").toStdString();
+}
+
+/// Returns nothing if there is no such day or time.
+std::optional<QDateTime> momentOfHeldTexts(const std::string& date, const std::string& time)
+{
+    const std::optional<QDate> day = DateTimeText::dateFromHeld(date);
+    const std::optional<QTime> clock = time.empty() ? QTime(0, 0) : DateTimeText::timeFromHeld(time);
+    if (!day || !clock) return std::nullopt;
+    return QDateTime(*day, *clock, Qt::UTC);
 }
 
 std::string timeLines(const EventSpan& span)
@@ -63,11 +72,12 @@ std::string timeLines(const EventSpan& span)
         const std::string start = "DTSTART:" + momentText(span.start) + "\r\n";
         return span.end == span.start ? start : start + "DTEND:" + momentText(span.end) + "\r\n";
     }
-    const std::string start = "DTSTART;VALUE=DATE:" + dayText(span.start) + "\r\n";
-    const Moment dayAfter = span.end + minutesOfDay;
-    if (dayAfter <= latestMoment()) return start + "DTEND;VALUE=DATE:" + dayText(dayAfter) + "\r\n";
+    const QDate day = span.start.date();
+    const QDate dayAfter = span.end.date().addDays(1);
+    const std::string start = "DTSTART;VALUE=DATE:" + dayText(day) + "\r\n";
+    if (dayAfter.year() <= 9999) return start + "DTEND;VALUE=DATE:" + dayText(dayAfter) + "\r\n";
     // a date has no room for the year 10000
-    return start + "DURATION:P" + std::to_string((dayAfter - span.start) / minutesOfDay) + "D\r\n";
+    return start + "DURATION:P" + std::to_string(day.daysTo(dayAfter)) + "D\r\n";
 }
 
 /// A calendar of events. What the properties of a calendar do not hold stands in the description, a line for
@@ -147,12 +157,12 @@ private:
     {
         const std::string startTime = held(record, m_startTime);
         const std::string endTime = held(record, m_endTime);
-        const std::optional<Moment> start = momentOfHeld(held(record, m_startDate), startTime);
+        const std::optional<QDateTime> start = momentOfHeldTexts(held(record, m_startDate), startTime);
         if (!start) return std::nullopt;
         tell(record, m_startDate);
         tell(record, m_startTime);
         const EventSpan atStart{*start, *start, startTime.empty()};
-        const std::optional<Moment> end = momentOfHeld(held(record, m_endDate), endTime);
+        const std::optional<QDateTime> end = momentOfHeldTexts(held(record, m_endDate), endTime);
         if (!end || *end < *start) return atStart;
         tell(record, m_endDate);
         tell(record, m_endTime);

@@ -9,12 +9,12 @@
 /// Texts as the cells of a workbook hold them.
 namespace CellText {
 
-/// As much has room in a cell, in units of UTF-16.
+/// The most that a cell has room for, in units of UTF-16.
 constexpr std::size_t most = 32767;
 
 /// The parts that a text takes, at least one, each of at most so many units. Line ends become LF, as a cell
-/// has them; characters that no XML can hold are written `_xHHHH_`, by which programs that calculate know
-/// them, and a text that happens to look like that is told apart.
+/// has them. A character that XML cannot hold is written `_xHHHH_`, which spreadsheet programs read back; a
+/// text that happens to look like that is escaped in the same way.
 [[nodiscard]] std::vector<std::string> parts(std::string_view utf8, std::size_t units = most);
 
 } // namespace CellText

@@ -87,7 +87,7 @@ ListRow ExportTable::listRow(const ExportedRecord& record) const
     ListRow row;
     row.identifier = record.identifier;
     for (std::size_t i = 0; i < m_layout->fields.size(); ++i)
-        if (m_listFields[i] >= 0) row.fields[i] = at(m_listFields[i]).text;
+        if (m_listFields[i] >= 0 && !at(m_listFields[i]).lacksName) row.fields[i] = at(m_listFields[i]).text;
     if (m_number >= 0) row.number = static_cast<std::int32_t>(at(m_number).whole);
     if (m_isKey >= 0) row.isKey = at(m_isKey).real != 0;
     return row;

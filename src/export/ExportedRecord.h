@@ -29,6 +29,7 @@ struct ExportedValue
     qint64 whole = 0;                ///< of a whole number; of a key, also that of a missing one
     double real = 0;                 ///< of a number
     std::string text;                ///< as the file holds it, a number as text; of a key, its name
+    bool lacksName = false;          ///< of a key: whether its name is one that the program made up
     std::vector<ExportedLink> links; ///< each once, without a placeholder
 };
 

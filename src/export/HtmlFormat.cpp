@@ -164,8 +164,8 @@ ExportFormat htmlFormat()
 {
     return {.name = u"html"_s,
             .title = QT_TRANSLATE_NOOP("Export", "Page with a sheet for each record (HTML)"),
-            .remark =
-                QT_TRANSLATE_NOOP("Export", "To read, print or pass on, with links from record to record."),
+            .remark = QT_TRANSLATE_NOOP(
+                "Export", "To read, print or pass on; each name in the list leads to its sheet."),
             .ending = u".html"_s,
             .hasPicture = true,
             .begin = [](const ExportOrder& order, ExportFile& file) -> std::unique_ptr<RecordWriter> {

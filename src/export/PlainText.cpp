@@ -8,8 +8,10 @@ bool isRefused(QChar character)
 {
     constexpr char16_t firstPrintable = 0x20;
     constexpr char16_t deletion = 0x7F;
+    constexpr char16_t firstNoCharacter = 0xFFFE;
     const char16_t code = character.unicode();
-    return (code < firstPrintable && code != u'\t' && code != u'\n') || code == deletion;
+    return (code < firstPrintable && code != u'\t' && code != u'\n') || code == deletion ||
+           code >= firstNoCharacter;
 }
 
 } // namespace

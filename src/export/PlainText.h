@@ -6,6 +6,6 @@
 
 #include <string_view>
 
-/// A text of the file as formats take it that know neither other line ends than LF nor control characters but
-/// the tab. Bytes that are no UTF-8 become replacement characters.
+/// A text of the file for formats that know no line end but LF and no control character but the tab. Bytes
+/// that are not UTF-8 become replacement characters.
 [[nodiscard]] QString plainText(std::string_view utf8);

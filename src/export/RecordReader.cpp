@@ -73,6 +73,7 @@ void clear(ExportedValue& value)
     value.whole = 0;
     value.real = 0;
     value.text.clear();
+    value.lacksName = false;
     value.links.clear();
 }
 
@@ -182,6 +183,7 @@ void RecordReader::takeRow(const Reading& reading, const EngineStatement& row)
         take(row, column++, value);
         if (m_fields[field].field.form != FieldForm::Key || !m_fields[field].named) continue;
         if (value.type != ExportedValue::Type::Whole) value.whole = noneKey;
+        value.lacksName = row.text(column).empty();
         value.text = nameOf(row, column++, value.whole);
     }
 }

@@ -22,7 +22,7 @@ public:
     /// The session must outlive the reader.
     RecordReader(DatabaseSession& session, RecordKind kind);
 
-    /// As many identifiers can be asked for at once.
+    /// The most identifiers that can be asked for at once.
     static constexpr std::size_t mostAtOnce = 256;
 
     [[nodiscard]] RecordKind kind() const { return m_kind; }

@@ -33,9 +33,10 @@ const char* codeOf(ReferenceType type)
 /// than two.
 QString folded(QString value)
 {
+    constexpr char16_t nextLine = 0x85;
     for (QChar& character : value) {
-        const bool isLineEnd =
-            character == u'\n' || character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+        const bool isLineEnd = character == u'\n' || character == nextLine ||
+                               character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
         if (isLineEnd) character = u' ';
     }
     return value.trimmed();

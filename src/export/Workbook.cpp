@@ -14,9 +14,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
-#include <fcntl.h>
 #include <locale.h>
-#include <unistd.h>
 #include <utility>
 #include <xlsxwriter.h>
 
@@ -41,37 +39,6 @@ private:
     locale_t m_plain;
     locale_t m_before;
 };
-
-/// Keeps what the library prints of a failure, which it also returns, from the error output.
-class QuietErrors
-{
-public:
-    QuietErrors() : m_before(::dup(STDERR_FILENO))
-    {
-        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-        if (m_before >= 0 && nowhere >= 0) ::dup2(nowhere, STDERR_FILENO);
-        if (nowhere >= 0) ::close(nowhere);
-    }
-    ~QuietErrors()
-    {
-        const int number = errno;
-        if (m_before >= 0) ::dup2(m_before, STDERR_FILENO);
-        if (m_before >= 0) ::close(m_before);
-        errno = number;
-    }
-    QuietErrors(const QuietErrors&) = delete;
-    QuietErrors& operator=(const QuietErrors&) = delete;
-
-private:
-    int m_before;
-};
-
-lxw_error closeQuietly(lxw_workbook* workbook)
-{
-    const QuietErrors quiet;
-    errno = 0;
-    return workbook_close(workbook);
-}
 
 void require(lxw_error error, const QString& file)
 {
@@ -181,10 +148,10 @@ bool Workbook::hasDay(QDate date)
     return date >= QDate(1900, 3, 1) && date <= QDate(9999, 12, 31);
 }
 
-void Workbook::requireRows(lxw_worksheet* sheet) const
+void Workbook::requireRows() const
 {
-    if (std::ferror(sheet->optimize_tmpfile) != 0) FileBlocks::fail(errno, m_temporary);
-    errno = 0; // the next failure says why
+    for (lxw_worksheet* const sheet : m_sheets)
+        if (std::ferror(sheet->optimize_tmpfile) != 0) FileBlocks::fail(errno, m_temporary);
 }
 
 void Workbook::endSheet(lxw_worksheet* sheet, std::size_t lastRow, const std::vector<std::size_t>& widths)
@@ -206,7 +173,8 @@ void Workbook::endSheet(lxw_worksheet* sheet, std::size_t lastRow, const std::ve
 void Workbook::putTogether(lxw_workbook* workbook, const QString& file, const std::vector<qint64>& rowBytes)
 {
     const PlainNumbers plain;
-    require(closeQuietly(workbook), file);
+    errno = 0;
+    require(workbook_close(workbook), file);
     if (isWholeWorkbook(file, rowBytes)) return;
     throw Error(EIO, ExportTexts::tr("Temporary files could not be written whole. Is the disk full? (%1)")
                          .arg(QDir::tempPath()));

@@ -28,7 +28,7 @@ public:
     Workbook(const Workbook&) = delete;
     Workbook& operator=(const Workbook&) = delete;
 
-    /// As many rows has a sheet, its titles among them.
+    /// The most rows that a sheet has room for, titles included.
     static constexpr std::size_t mostRows = 1048576;
 
     /// Begins a sheet with a row of titles that stays in sight.
@@ -47,12 +47,12 @@ public:
     void write(const Cell& cell, QDate date);
     void write(const Cell& cell, QTime time);
 
-    /// Whether a sheet can hold that day: the calendar of these programs begins in 1900, and before March of
-    /// that year they do not agree.
+    /// Whether a sheet can hold that day: the calendar of spreadsheets begins in 1900, and programs do not
+    /// agree on the days before March of that year.
     [[nodiscard]] static bool hasDay(QDate date);
 
-    /// Throws Error if the rows that were written are not on the disk.
-    void requireRows(lxw_worksheet* sheet) const;
+    /// Throws Error if rows could not be written. To be asked often: errno has to say why.
+    void requireRows() const;
 
     /// Ends a sheet: its last row, and how wide its columns are, in characters.
     void endSheet(lxw_worksheet* sheet, std::size_t lastRow, const std::vector<std::size_t>& widths);
@@ -60,7 +60,7 @@ public:
     /// Puts the file together in a thread of its own. Returns false once it is there.
     [[nodiscard]] bool finish();
 
-    /// Whether that is under way after a moment.
+    /// Waits for a moment; returns whether that is still under way.
     [[nodiscard]] bool isFinishing() const;
 
 private:

@@ -2,7 +2,7 @@
 
 #include "export/WorkbookProof.h"
 
-#include "backup/Archive.h"
+#include "files/Archive.h"
 
 #include <QXmlStreamReader>
 

@@ -5,11 +5,10 @@
 #include "export/ExportFormat.h"
 #include "export/ExportTexts.h"
 #include "export/Workbook.h"
+#include "util/DateTimeText.h"
 #include "util/Error.h"
 
-#include <QDate>
 #include <QLocale>
-#include <QTime>
 
 #include <algorithm>
 #include <cerrno>
@@ -25,6 +24,7 @@ constexpr std::size_t mostInTitle = 255; ///< of a document, in units of UTF-16
 constexpr std::size_t narrowest = 6;     ///< of columns, in characters
 constexpr std::size_t widest = 50;
 constexpr std::size_t filterButton = 4;
+constexpr qint64 mostExact = 1'000'000'000'000'000; ///< programs that calculate keep 15 digits of a number
 
 std::string firstPart(const QString& text, std::size_t most = CellText::most)
 {
@@ -39,14 +39,13 @@ std::size_t widthOf(std::string_view utf8)
         std::count_if(line.begin(), line.end(), [](char each) { return (each & 0xC0) != 0x80; }));
 }
 
-/// The number that a cell can hold as such. Programs that calculate change one with more than 15 digits.
+/// The number that a cell can hold as such.
 std::optional<double> numberOf(const ExportField& field, const ExportedValue& value)
 {
     using Type = ExportedValue::Type;
-    constexpr double mostExact = 1e15;
     if (field.field.form != FieldForm::Text || !std::isfinite(value.real)) return std::nullopt;
     if (value.type == Type::Real) return value.real;
-    if (value.type == Type::Whole && std::abs(value.real) < mostExact) return value.real;
+    if (value.type == Type::Whole && std::abs(value.real) < static_cast<double>(mostExact)) return value.real;
     // the file holds amounts as texts, so that they are exact
     const std::string_view text = value.text;
     const bool isAmount = field.field.column == u"AnnualBudget" && text.size() <= std::size_t{15} &&
@@ -82,8 +81,7 @@ public:
         ++m_row;
         for (std::size_t column = 0; column < m_table.count(); ++column)
             if (!addValue(record, column)) addText(record, column);
-        m_workbook.requireRows(m_sheet);
-        if (m_longTexts != nullptr) m_workbook.requireRows(m_longTexts);
+        m_workbook.requireRows();
     }
 
     bool finish() override
@@ -104,7 +102,7 @@ private:
         const Workbook::Cell cell{m_sheet, m_row, column};
         const ExportField* field = m_table.field(column);
         const ExportedValue* value = m_table.value(record, column);
-        if (m_hasIdentifier && column == 0) {
+        if (m_hasIdentifier && column == 0 && record.identifier < mostExact) {
             m_workbook.write(cell, static_cast<double>(record.identifier));
             return true;
         }
@@ -114,27 +112,24 @@ private:
             return true;
         }
         const FieldForm form = field->field.form;
-        const QString text = QString::fromStdString(value->text);
-        if (form == FieldForm::Date) return addDate(cell, text);
-        return form == FieldForm::Time && addTime(cell, text);
+        if (form == FieldForm::Date) return addDate(cell, value->text);
+        return form == FieldForm::Time && addTime(cell, value->text);
     }
 
-    bool addDate(const Workbook::Cell& cell, const QString& text)
+    bool addDate(const Workbook::Cell& cell, std::string_view text)
     {
-        const QDate date = QDate::fromString(text, u"yyyy-MM-dd"_s);
-        if (!Workbook::hasDay(date)) return false;
-        m_workbook.write(cell, date);
+        const std::optional<QDate> date = DateTimeText::dateFromHeld(text);
+        if (!date || !Workbook::hasDay(*date)) return false;
+        m_workbook.write(cell, *date);
         m_widths[cell.column] = std::max(m_widths[cell.column], std::size_t{11});
         return true;
     }
 
-    bool addTime(const Workbook::Cell& cell, const QString& text)
+    bool addTime(const Workbook::Cell& cell, std::string_view text)
     {
-        QTime time = QTime::fromString(text, u"HH:mm"_s);
-        if (!time.isValid()) time = QTime::fromString(text, u"HH:mm:ss"_s);
-        if (!time.isValid()) return false;
-        m_workbook.write(cell, time);
-        return true;
+        const std::optional<QTime> time = DateTimeText::timeFromHeld(text);
+        if (time) m_workbook.write(cell, *time);
+        return time.has_value();
     }
 
     void addText(const ExportedRecord& record, std::size_t column)

@@ -13,16 +13,22 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
 namespace {
 
-constexpr mode_t permissions = 0644;
-
 [[noreturn]] void fail(int number, const QString& file)
 {
     FileBlocks::fail(number, FileBlocks::pathOf(file));
+}
+
+/// Where a link leads to, if there is something; otherwise the file itself.
+QString targetOf(const QString& file)
+{
+    const QFileInfo found(file);
+    return found.isSymLink() && found.exists() ? found.canonicalFilePath() : file;
 }
 
 } // namespace
@@ -38,16 +44,24 @@ void UnfinishedFile::clearLeftOver(const QString& file)
     ::close(descriptor);
 }
 
-UnfinishedFile::UnfinishedFile(const QString& file) : m_file(file), m_unfinished(unfinishedName(file))
+UnfinishedFile::UnfinishedFile(const QString& file)
+    : m_file(targetOf(file)), m_unfinished(unfinishedName(m_file))
 {
-    if (QFileInfo(file).isDir()) fail(EISDIR, file);
-    clearLeftOver(file);
+    constexpr mode_t permissions = 0666; // less what the user keeps from others
+    struct stat before
+    {
+    };
+    const bool isThere = ::stat(QFile::encodeName(m_file).constData(), &before) == 0;
+    if (isThere && S_ISDIR(before.st_mode)) fail(EISDIR, file);
+    if (isThere && !QFileInfo(m_file).isWritable()) fail(EACCES, file);
+    clearLeftOver(m_file);
     const QByteArray name = QFile::encodeName(m_unfinished);
     m_descriptor = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
     if (m_descriptor < 0 && errno == EEXIST)
         throw Error(EBUSY, FilesTexts::tr("Another program is just writing this file. (%1)").arg(file));
-    if (m_descriptor < 0) fail(errno, m_unfinished);
-    ::flock(m_descriptor, LOCK_EX | LOCK_NB); // not every file system can
+    if (m_descriptor < 0) fail(errno, m_file);
+    if (isThere) ::fchmod(m_descriptor, before.st_mode & permissions); // not every file system can
+    ::flock(m_descriptor, LOCK_EX | LOCK_NB);                          // not every file system can
 }
 
 UnfinishedFile::~UnfinishedFile()
@@ -69,7 +83,7 @@ void UnfinishedFile::write(std::string_view content)
 
 void UnfinishedFile::finish()
 {
-    if (::fsync(m_descriptor) != 0) fail(errno, m_unfinished);
+    if (::fsync(m_descriptor) != 0) fail(errno, m_file);
     if (std::rename(QFile::encodeName(m_unfinished).constData(), QFile::encodeName(m_file).constData()) != 0)
         fail(errno, m_file);
     ::close(std::exchange(m_descriptor, -1));

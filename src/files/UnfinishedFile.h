@@ -7,8 +7,9 @@
 #include <string_view>
 
 /// A file that is being written. Until it is finished it has a name of its own, under which no other program
-/// writes it too; then it takes the place of the file that was there before. It is removed with the object
-/// unless it is finished. Every failure is an Error with the system's number and the path.
+/// writes it too; then it takes the place of the file that was there before, with its permissions. A link
+/// stays one: what it leads to is replaced. The unfinished file is removed with the object. Every failure is
+/// an Error with the system's number and the path.
 class UnfinishedFile
 {
 public:

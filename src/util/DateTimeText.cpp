@@ -118,6 +118,17 @@ QString heldTime(QTime time)
     return time.second() == 0 ? minutes : minutes + u':' + twoDigits(time.second());
 }
 
+std::optional<QDate> dateFromHeld(std::string_view held)
+{
+    const QDate date = isHeldDate(held) ? QDate::fromString(fromUtf8(held), Qt::ISODate) : QDate();
+    return date.isValid() ? std::optional(date) : std::nullopt;
+}
+
+std::optional<QTime> timeFromHeld(std::string_view held)
+{
+    return isHeldTime(held) ? readTime(fromUtf8(held)) : std::nullopt;
+}
+
 QString programFromHeldDate(std::string_view held)
 {
     if (!isHeldDate(held)) return fromUtf8(held);

@@ -29,6 +29,11 @@ QString programTime(QTime time);
 QString heldDate(QDate date);
 QString heldTime(QTime time);
 
+/// What heldDate() and heldTime() write; std::nullopt if it is another text, or if there is no such day or
+/// time.
+std::optional<QDate> dateFromHeld(std::string_view held);
+std::optional<QTime> timeFromHeld(std::string_view held);
+
 /// A held value of a column of dates, of times or of both, in program form. A text that is not in held form
 /// is returned as it is, so that nothing in the file is hidden.
 QString programFromHeldDate(std::string_view held);

@@ -81,7 +81,7 @@ TEST(CalendarExport, IsReadByAnotherProgramWithTheDatesAndTextsOfTheDatabase)
     }
     const QMap<QString, QString> expected{
         {u"event-2@test"_s,
-         u"VEVENT\nSUMMARY Flood, \"great\"\nDTSTART 20010911T084600\nDTEND 20010912T235900\n"
+         u"VEVENT\nSUMMARY Flood, \"great\"\nDTSTART 20010911T084600\nDTEND 20010912T235930\n"
          "LOCATION Harbour; Café <Ünal>\nPRIORITY 1\nCATEGORIES Rescue\n"
          "DESCRIPTION Water; 漢字, \\n and more\n\nNotes: Kept\n"
          "Related documents: A plain report; Control  characters\n"

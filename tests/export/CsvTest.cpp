@@ -200,6 +200,7 @@ TEST_F(Csv, WritesTimesLinksAndTheColumnsOfTheList)
          "first|1|2|3|0|||||||||Flood, \"great\""},
         {RecordKind::Organization, FieldChoice::OfList,
          "Fire & Rescue <Troy>|Fire - Volunteer|Rescue|Troy, NY"},
+        {RecordKind::Organization, FieldChoice::OfList, "Two profiles||None| troy, ny "},
     };
     for (const Case& each : cases) {
         QStringList lines;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "backup/Archive.h"
 #include "export/ExportFormats.h"
 #include "export/ExportWork.h"
 #include "export/ExportedCollection.h"
+#include "files/Archive.h"
 #include "support/SizeLimit.h"
 #include "support/TestFiles.h"
 
@@ -89,4 +89,17 @@ TEST(UnfinishedExport, CancelledAtAnyStepLeavesWhatWasThere)
         EXPECT_EQ(openFiles(), opened) << format.name.toStdString();
         QFile::remove(file);
     }
+}
+
+TEST(UnfinishedExport, ReplacesWhatALinkLeadsToAndKeepsItsPermissions)
+{
+    ExportedCollection collection;
+    const QString before = collection.database().folder() + u"/before"_s;
+    writeFile(before, "before");
+    const QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+    QFile::setPermissions(before, permissions);
+    QFile::link(before, collection.database().folder() + u"/Event.csv"_s);
+    EXPECT_TRUE(QFileInfo(collection.exportTo("csv", RecordKind::Event)).isSymLink());
+    EXPECT_TRUE(contentOf(before).startsWith("\"ID\",Title,"));
+    EXPECT_EQ(QFile::permissions(before) & ~(QFile::ReadUser | QFile::WriteUser), permissions);
 }

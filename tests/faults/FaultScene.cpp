@@ -2,7 +2,7 @@
 
 #include "faults/FaultScene.h"
 
-#include "backup/Archive.h"
+#include "files/Archive.h"
 #include "support/TestFiles.h"
 #include "util/Error.h"
 

@@ -5,9 +5,9 @@
 #include "ConsoleWorks.h"
 #include "ManifestOutput.h"
 #include "Output.h"
-#include "backup/Archive.h"
 #include "backup/CollectionBackup.h"
 #include "export/JsonWriter.h"
+#include "files/Archive.h"
 #include "util/Error.h"
 
 #include <QDateTime>

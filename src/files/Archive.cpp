@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "backup/Archive.h"
+#include "files/Archive.h"
 
-#include "backup/BackupTexts.h"
+#include "files/FilesTexts.h"
 #include "util/Error.h"
 
 #include <QFile>
@@ -42,7 +42,7 @@ bool isOfSystem(int number)
 [[noreturn]] void failReading(int number, const QString& file)
 {
     if (isOfSystem(number)) failBySystem(number, file);
-    fail(EILSEQ, BackupTexts::tr("The archive is damaged, or this file is no .zip or .tar.zst archive."),
+    fail(EILSEQ, FilesTexts::tr("The archive is damaged, or this file is no .zip or .tar.zst archive."),
          file);
 }
 
@@ -209,7 +209,7 @@ std::optional<ArchiveReader::Entry> ArchiveReader::next()
     if (result == ARCHIVE_EOF) return std::nullopt;
     require(result);
     if (archive_entry_is_encrypted(entry) != 0)
-        fail(EILSEQ, BackupTexts::tr("The archive is encrypted and cannot be read."), m_file);
+        fail(EILSEQ, FilesTexts::tr("The archive is encrypted and cannot be read."), m_file);
     Entry found;
     found.name = QString::fromUtf8(archive_entry_pathname_utf8(entry));
     const bool isLink = archive_entry_hardlink(entry) != nullptr || archive_entry_symlink(entry) != nullptr;
