@@ -101,8 +101,10 @@ QString ExportCommand::write(const frmExport& asked, std::vector<qint64> records
     options.caption = captionOf(asked.records());
     const bool hasPicture =
         format.hasPicture && choices.hasPicture && asked.records() != frmExport::Records::All;
-    if (const auto graphic = hasPicture ? m_view.graphic() : std::nullopt)
+    if (const auto graphic = hasPicture ? m_view.graphic() : std::nullopt) {
         options.picture = PictureImage::png(*graphic);
+        options.pictureWidth = graphic->size.width();
+    }
     const std::size_t wanted = records.size();
     ExportWork work(m_view.state().session, m_view.kind(), std::move(records), format, std::move(options),
                     asked.file());
