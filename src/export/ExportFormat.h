@@ -20,6 +20,7 @@ struct ExportOptions
     bool forSpreadsheet = false; ///< of text alone: whether it is made for programs that calculate
     QString caption;             ///< of the view that is exported; may be empty
     QByteArray picture;          ///< of the view's graphic, as PNG; may be empty
+    int pictureWidth = 0;        ///< at which the graphic has its size, in logical pixels
 };
 
 /// What is exported: records of one kind, their fields, and what the user chose.

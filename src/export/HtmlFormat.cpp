@@ -95,6 +95,7 @@ private:
     {
         m_html += "<img alt=\"";
         HtmlText::append(ExportTexts::tr("The graphic of this view").toStdString(), m_html);
+        m_html += "\" width=\"" + std::to_string(m_order.options.pictureWidth);
         m_html += "\" src=\"data:image/png;base64,";
         m_html += m_order.options.picture.toBase64().toStdString();
         m_html += "\"/>\n";

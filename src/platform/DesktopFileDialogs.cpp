@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QStringList>
 
 namespace {
@@ -23,6 +24,14 @@ QString toolkitFilter(const QString& filter)
     return filters.join(QStringLiteral(";;"));
 }
 
+/// The ending of the first pattern of one of the toolkit's filters, without its point; an empty text if the
+/// pattern takes every file.
+QString endingOf(const QString& filter)
+{
+    static const QRegularExpression pattern(QStringLiteral(R"(\(\*\.([^ )]+)[^(]*\)$)"));
+    return pattern.match(filter).captured(1);
+}
+
 } // namespace
 
 QString DesktopFileDialogs::openFile(const QString& title, const QString& filter)
@@ -37,10 +46,16 @@ QString DesktopFileDialogs::openFile(const QString& title, const QString& filter
 QString DesktopFileDialogs::saveFile(const QString& title, const QString& proposed, const QString& filter)
 {
     const QString start = QFileInfo(proposed).isAbsolute() ? proposed : QDir(m_lastFolder).filePath(proposed);
-    QString file =
-        QFileDialog::getSaveFileName(QApplication::activeWindow(), title, start, toolkitFilter(filter),
-                                     nullptr, QFileDialog::HideNameFilterDetails);
-    if (!file.isEmpty()) m_lastFolder = QFileInfo(file).path();
+    QFileDialog dialog(QApplication::activeWindow(), title, QFileInfo(start).path(), toolkitFilter(filter));
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.selectFile(QFileInfo(start).fileName());
+    const auto completeNames = [&] { dialog.setDefaultSuffix(endingOf(dialog.selectedNameFilter())); };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, completeNames);
+    completeNames();
+    if (dialog.exec() != QDialog::Accepted) return {};
+    const QString file = dialog.selectedFiles().front();
+    m_lastFolder = QFileInfo(file).path();
     return file;
 }
 

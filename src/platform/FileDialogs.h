@@ -17,7 +17,8 @@ public:
     [[nodiscard]] virtual QString openFile(const QString& title, const QString& filter) = 0;
 
     /// The file that the user chose to write, or an empty text. The desktop has asked whether a file that is
-    /// there may be replaced. `proposed` is a name, with or without a folder; `filter` is as above.
+    /// there may be replaced. `proposed` is a name, with or without a folder; `filter` is as above. A name
+    /// without a point gets the first ending of what the user chose of it.
     [[nodiscard]] virtual QString saveFile(const QString& title, const QString& proposed,
                                            const QString& filter) = 0;
 

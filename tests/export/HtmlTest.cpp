@@ -47,7 +47,9 @@ private:
     {
         const QXmlStreamAttributes attributes = m_xml.attributes();
         if (element == u"br") return m_text.append(u'\n'), void();
-        if (element == u"img") m_page.pictures << attributes.value(u"src"_s).toString();
+        if (element == u"img")
+            m_page.pictures << attributes.value(u"width"_s).toString()
+                            << attributes.value(u"src"_s).toString();
         if (element == u"table") m_isList = attributes.value(u"class"_s) == u"list";
         if (element == u"tr") m_row.clear();
         if (attributes.hasAttribute(u"id"_s)) m_id = attributes.value(u"id"_s).toString();
@@ -142,6 +144,7 @@ TEST(Html, ShowsEveryTextOnAValidPage)
     ExportOptions options;
     options.caption = u"Search \"<b>\" \x01 & more"_s;
     options.picture = QByteArray::fromHex("89504E470D0A1A0A00FF3E");
+    options.pictureWidth = 516;
     for (const RecordKind kind : recordKinds) {
         const QByteArray html = collection.exported("html", kind, options);
         EXPECT_EQ(complaints(html), QString());
@@ -149,7 +152,8 @@ TEST(Html, ShowsEveryTextOnAValidPage)
         EXPECT_EQ(page.title, u"Search \"<b>\" \uFFFD & more"_s);
         EXPECT_EQ(page.heading, page.title);
         EXPECT_EQ(page.pictures,
-                  QStringList(u"data:image/png;base64,"_s + QString::fromLatin1(options.picture.toBase64())));
+                  (QStringList{u"516"_s, u"data:image/png;base64,"_s +
+                                             QString::fromLatin1(options.picture.toBase64())}));
         const QString table = recordNames(kind).record;
         for (const qint64 identifier : collection.identifiers(kind)) {
             const QString key = QString::number(identifier);

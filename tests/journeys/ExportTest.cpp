@@ -184,8 +184,11 @@ TEST_F(Exports, ReplaceAFileOnlyIfTheUserSaysSoAndOnlyByAWholeOne)
         }
         open.press(Qt::Key_Escape);
     });
+    exportTo("whole.csv");
+    EXPECT_NE(changed(), "");
     journey.desktop.works.cancelAfter = 2;
     EXPECT_EQ(exportTo("mine.txt.csv"), old);
+    EXPECT_EQ(changed(), "");
     journey.desktop.works.cancelAfter.reset();
     {
         const SizeLimit full(5000);
@@ -195,10 +198,9 @@ TEST_F(Exports, ReplaceAFileOnlyIfTheUserSaysSoAndOnlyByAWholeOne)
     }
     journey.desktop.messages.expectMessageBeginning(u"exportRecords Error (2): "_s);
     exportTo("nowhere/mine.csv");
-    EXPECT_EQ(changed(), "");
     journey.desktop.messages.expectQuestion(question, true, Question::Loss);
     EXPECT_NE(exportTo("mine.txt", "", "mine.txt.csv"), old);
-    EXPECT_EQ(entries(), "mine.txt.csv");
+    EXPECT_EQ(entries(), "mine.txt.csv|whole.csv");
 }
 
 TEST_F(Exports, AreOfWhatIsThere)

@@ -58,6 +58,32 @@ TEST(FileDialog, ShowsTheTextsOfItsFilterAndFilesWithoutAPoint)
               QString());
 }
 
+TEST(FileDialog, CompletesANameByTheKindOfFileThatTheUserChose)
+{
+    const QTemporaryDir folder;
+    DesktopFileDialogs dialogs;
+    const auto save = [&](int kind) {
+        QString chosen;
+        inDialog(
+            "QFileDialog",
+            [&] {
+                chosen = dialogs.saveFile(u"A Picture"_s, folder.filePath(u"map.png"_s),
+                                          u"PNG (*.png)|*.png|Others (*.svg *.svgz)|*.svg *.svgz|"_s);
+            },
+            [&](OpenDialog& dialog) {
+                auto& kinds = dialog.find<QComboBox>("fileTypeCombo");
+                EXPECT_EQ(kinds.itemText(1), u"Others (*.svg *.svgz)"_s);
+                kinds.setFocus();
+                if (kind > 0) QTest::keyClick(&kinds, Qt::Key_Down);
+                dialog.type("fileNameEdit", u"mine"_s);
+                dialog.press(Qt::Key_Return);
+            });
+        return chosen;
+    };
+    EXPECT_EQ(save(0), folder.filePath(u"mine.png"_s));
+    EXPECT_EQ(save(1), folder.filePath(u"mine.svg"_s));
+}
+
 TEST(FileDialog, ChoosesAFolderBeginningWhereItIsAskedTo)
 {
     const QTemporaryDir folder;

@@ -46,17 +46,18 @@ void BackupCommands::backUp()
 {
     const QString archive = chooseTarget();
     if (archive.isEmpty()) return;
+    QString outcome;
     runProcedure(m_platform.messages, QStringLiteral("backUp"), [&] {
         CollectionBackup work(m_state.session.fileName(), m_state.folder, archive, m_platform.clock.now());
         if (!m_platform.works.run(work)) return;
         const FolderList::Amount written{static_cast<int>(work.manifest().files.size()),
                                          QFileInfo(archive).size()};
         const QString name = QFileInfo(archive).fileName();
-        Q_EMIT done(written.files == 1
-                        ? tr("Backed up: %1 (1 file, %2)").arg(name, written.sizeText())
-                        : tr("Backed up: %1 (%2 files, %3)")
-                              .arg(name, QLocale().toString(written.files), written.sizeText()));
+        outcome = written.files == 1 ? tr("Backed up: %1 (1 file, %2)").arg(name, written.sizeText())
+                                     : tr("Backed up: %1 (%2 files, %3)")
+                                           .arg(name, QLocale().toString(written.files), written.sizeText());
     });
+    Q_EMIT done(outcome);
 }
 
 /// Returns the file that the user wants to be written; an empty text if there is none.

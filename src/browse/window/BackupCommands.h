@@ -35,7 +35,7 @@ public:
     void backUpChanges();
 
 Q_SIGNALS:
-    /// A backup was written.
+    /// Says which backup was written; the text is empty if none was.
     void done(const QString& text);
 
 private:

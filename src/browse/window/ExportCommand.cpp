@@ -40,7 +40,8 @@ ExportCommand::ExportCommand(const Platform& platform, const ShownView& view, co
 void ExportCommand::run()
 {
     using Records = frmExport::Records;
-    runProcedure(m_platform.messages, QStringLiteral("exportRecords"), [this] {
+    QString outcome;
+    runProcedure(m_platform.messages, QStringLiteral("exportRecords"), [&] {
         const RecordKind kind = m_view.kind();
         const frmExport::Offer offer{kind,
                                      m_view.caption(),
@@ -55,10 +56,11 @@ void ExportCommand::run()
         if (dialog.exec() != QDialog::Accepted) return;
         dialog.choices().write(m_platform.settings, kind);
         const Records records = dialog.records();
-        write(dialog, records == Records::OfList     ? m_view.records()
-                      : records == Records::Selected ? m_view.selected()
-                                                     : allRecords(kind));
+        outcome = write(dialog, records == Records::OfList     ? m_view.records()
+                                : records == Records::Selected ? m_view.selected()
+                                                               : allRecords(kind));
     });
+    Q_EMIT done(outcome);
 }
 
 std::size_t ExportCommand::countAll(RecordKind kind) const
@@ -88,7 +90,8 @@ QString ExportCommand::chooseFile(const ExportFormat& format, frmExport::Records
                               {format.ending});
 }
 
-void ExportCommand::write(const frmExport& asked, std::vector<qint64> records)
+/// Returns what was exported, for the user; an empty text if the user cancelled it.
+QString ExportCommand::write(const frmExport& asked, std::vector<qint64> records)
 {
     const ExportFormat& format = asked.format();
     const ExportChoices choices = asked.choices();
@@ -98,12 +101,14 @@ void ExportCommand::write(const frmExport& asked, std::vector<qint64> records)
     options.caption = captionOf(asked.records());
     const bool hasPicture =
         format.hasPicture && choices.hasPicture && asked.records() != frmExport::Records::All;
-    if (const auto graphic = hasPicture ? m_view.graphic() : std::nullopt)
+    if (const auto graphic = hasPicture ? m_view.graphic() : std::nullopt) {
         options.picture = PictureImage::png(*graphic);
+        options.pictureWidth = graphic->size.width();
+    }
     const std::size_t wanted = records.size();
     ExportWork work(m_view.state().session, m_view.kind(), std::move(records), format, std::move(options),
                     asked.file());
-    if (m_platform.works.run(work)) Q_EMIT done(doneText(asked.file(), work.count(), wanted));
+    return m_platform.works.run(work) ? doneText(asked.file(), work.count(), wanted) : QString();
 }
 
 QString ExportCommand::doneText(const QString& file, std::size_t count, std::size_t wanted)

@@ -26,7 +26,7 @@ public:
     void run();
 
 Q_SIGNALS:
-    /// Records were exported.
+    /// Says what was exported; the text is empty if nothing was.
     void done(const QString& text);
 
 private:
@@ -34,7 +34,7 @@ private:
     [[nodiscard]] std::vector<qint64> allRecords(RecordKind kind) const;
     [[nodiscard]] QString captionOf(frmExport::Records records) const;
     [[nodiscard]] QString chooseFile(const ExportFormat& format, frmExport::Records records) const;
-    void write(const frmExport& asked, std::vector<qint64> records);
+    [[nodiscard]] QString write(const frmExport& asked, std::vector<qint64> records);
     [[nodiscard]] static QString doneText(const QString& file, std::size_t count, std::size_t wanted);
 
     Platform m_platform;

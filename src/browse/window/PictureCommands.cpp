@@ -49,7 +49,8 @@ QByteArray PictureCommands::svg(const GraphicPicture& picture) const
 
 void PictureCommands::copy()
 {
-    runProcedure(m_platform.messages, QStringLiteral("copyPicture"), [this] {
+    QString outcome;
+    runProcedure(m_platform.messages, QStringLiteral("copyPicture"), [&] {
         const auto copied = picture();
         if (!copied) return;
         const WaitCursor wait;
@@ -57,13 +58,15 @@ void PictureCommands::copy()
         content->setImageData(PictureImage::image(*copied));
         content->setData(QStringLiteral("image/svg+xml"), svg(*copied));
         QGuiApplication::clipboard()->setMimeData(content.release());
-        Q_EMIT done(tr("Picture copied"));
+        outcome = tr("Picture copied");
     });
+    Q_EMIT done(outcome);
 }
 
 void PictureCommands::save()
 {
-    runProcedure(m_platform.messages, QStringLiteral("savePicture"), [this] {
+    QString outcome;
+    runProcedure(m_platform.messages, QStringLiteral("savePicture"), [&] {
         const auto saved = picture();
         if (!saved) return;
         const QString png = QStringLiteral(".png");
@@ -78,6 +81,7 @@ void PictureCommands::save()
         UnfinishedFile target(file);
         target.write({content.constData(), static_cast<std::size_t>(content.size())});
         target.finish();
-        Q_EMIT done(tr("Saved: %1").arg(QFileInfo(file).fileName()));
+        outcome = tr("Saved: %1").arg(QFileInfo(file).fileName());
     });
+    Q_EMIT done(outcome);
 }

@@ -27,7 +27,7 @@ public:
     void save();
 
 Q_SIGNALS:
-    /// A picture was copied or saved.
+    /// Says which picture was copied or saved; the text is empty if none was.
     void done(const QString& text);
 
 private:

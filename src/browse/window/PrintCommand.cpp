@@ -23,11 +23,14 @@ void PrintCommand::run()
         m_platform.messages.show(tr("The list is still being read."));
         return;
     }
+    QString outcome;
     runProcedure(m_platform.messages, QStringLiteral("printView"), [&] {
         frmPrint window(m_platform,
                         {m_view.state().session, m_view.list().model(), m_view.caption(), m_view.selected(),
                          m_view.graphic()},
                         &m_view.window());
-        if (window.exec() == QDialog::Accepted) Q_EMIT done(window.outcome());
+        window.exec();
+        outcome = window.outcome();
     });
+    Q_EMIT done(outcome);
 }

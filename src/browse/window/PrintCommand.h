@@ -22,7 +22,7 @@ public:
     void run();
 
 Q_SIGNALS:
-    /// Something was printed.
+    /// Says what was printed; the text is empty if nothing was.
     void done(const QString& text);
 
 private:

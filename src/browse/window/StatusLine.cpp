@@ -62,9 +62,7 @@ void StatusLine::showView(const QString& caption, const QString& count)
 {
     m_view->setText(caption);
     m_status->setText(count);
-    m_saved->clear();
-    m_hasChange = false;
-    m_change->hide();
+    showChange({});
     m_notice->clear();
     m_notice->hide();
 }
@@ -111,8 +109,8 @@ void StatusLine::showChange(const QString& text)
     m_saved->setLine(text);
     // so wide that the link follows the text at once
     m_saved->setMaximumWidth(m_saved->sizeHint().width());
-    m_hasChange = true;
-    m_change->show();
+    m_hasChange = !text.isEmpty();
+    m_change->setVisible(m_hasChange);
 }
 
 void StatusLine::showSelected(std::size_t rows)

@@ -34,7 +34,7 @@ public:
     /// name of that command.
     void showDeleted(RecordKind kind, const QStringList& names, const QString& undo);
 
-    /// Says what was changed, until another view is shown.
+    /// Says what was changed, until another view is shown; nothing if the text is empty.
     void showChange(const QString& text);
 
     /// Says something that the user has to know of the view, until another is shown.
