@@ -71,12 +71,6 @@ bool hasField(const std::vector<ExportField>& fields, const QString& table, cons
     });
 }
 
-bool hasCaption(const std::vector<ExportField>& fields, const QString& caption)
-{
-    return std::any_of(fields.begin(), fields.end(),
-                       [&caption](const ExportField& each) { return each.field.caption == caption; });
-}
-
 } // namespace
 
 std::vector<ExportField> exportFields(const DatabaseSession& session, RecordKind kind)
@@ -88,8 +82,9 @@ std::vector<ExportField> exportFields(const DatabaseSession& session, RecordKind
     for (const RecordField& each : known.fields) {
         const CatalogTable* table = session.catalog().findTable(each.table);
         const CatalogColumn* column = table == nullptr ? nullptr : table->findColumn(each.column);
-        // of the two columns of a chart, only the first says something to its user
-        if (column == nullptr || each.form == FieldForm::Status || hasCaption(fields, each.caption)) continue;
+        // of the two columns of a chart, the other one has its file
+        const bool isShown = each.form != FieldForm::Status && each.column != u"ChartOption"_s;
+        if (column == nullptr || !isShown) continue;
         fields.push_back(exportField(parts, each));
         fields.back().fileColumn = column->name;
     }

@@ -47,21 +47,21 @@ void UnfinishedFile::clearLeftOver(const QString& file)
 UnfinishedFile::UnfinishedFile(const QString& file)
     : m_file(targetOf(file)), m_unfinished(unfinishedName(m_file))
 {
-    constexpr mode_t permissions = 0666; // less what the user keeps from others
-    struct stat before
-    {
-    };
+    mode_t permissions = 0666; // less what the user's umask takes away
+    struct stat before = {};
     const bool isThere = ::stat(QFile::encodeName(m_file).constData(), &before) == 0;
     if (isThere && S_ISDIR(before.st_mode)) fail(EISDIR, file);
     if (isThere && !QFileInfo(m_file).isWritable()) fail(EACCES, file);
+    if (isThere) permissions &= before.st_mode;
     clearLeftOver(m_file);
     const QByteArray name = QFile::encodeName(m_unfinished);
     m_descriptor = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
     if (m_descriptor < 0 && errno == EEXIST)
         throw Error(EBUSY, FilesTexts::tr("Another program is just writing this file. (%1)").arg(file));
     if (m_descriptor < 0) fail(errno, m_file);
-    if (isThere) ::fchmod(m_descriptor, before.st_mode & permissions); // not every file system can
-    ::flock(m_descriptor, LOCK_EX | LOCK_NB);                          // not every file system can
+    // not every file system can do these
+    if (isThere) ::fchmod(m_descriptor, permissions);
+    ::flock(m_descriptor, LOCK_EX | LOCK_NB);
 }
 
 UnfinishedFile::~UnfinishedFile()
