@@ -92,14 +92,14 @@ QTextDocument* SheetPages::sheetOf(std::size_t record)
     return m_sheet.get();
 }
 
-bool SheetPages::measureMore()
+double SheetPages::measureMore()
 {
-    if (m_measured == m_records.size()) return false;
+    if (m_measured == m_records.size()) return 1;
     if (const QTextDocument* sheet = sheetOf(m_measured)) {
         for (int number = 0; number < sheet->pageCount(); ++number)
             m_pages.push_back({m_measured, number});
     }
-    return ++m_measured < m_records.size();
+    return static_cast<double>(++m_measured) / static_cast<double>(m_records.size());
 }
 
 void SheetPages::paintContent(QPainter& painter, int page)
