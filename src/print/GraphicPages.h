@@ -18,7 +18,7 @@ public:
 
 protected:
     void restart() override {}
-    bool measureMore() override { return false; }
+    double measureMore() override { return 1; }
     void paintContent(QPainter& painter, int page) override;
 
 private:

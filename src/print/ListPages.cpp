@@ -141,7 +141,7 @@ double ListPages::titlesHeight() const
     return m_lineHeight + 3 * above;
 }
 
-bool ListPages::measureMore()
+double ListPages::measureMore()
 {
     const double room = format().content().height() - titlesHeight();
     const int end = std::min(m_measured + rowsAtOnce, m_model.rowCount());
@@ -153,7 +153,7 @@ bool ListPages::measureMore()
         }
         m_used += height;
     }
-    return m_measured < m_model.rowCount();
+    return m_measured < m_model.rowCount() ? static_cast<double>(m_measured) / m_model.rowCount() : 1;
 }
 
 void ListPages::paintContent(QPainter& painter, int page)

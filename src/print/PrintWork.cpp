@@ -65,7 +65,7 @@ QString PrintWork::text() const
 
 std::optional<int> PrintWork::percent() const
 {
-    if (!m_pages.isMeasured()) return std::nullopt;
+    if (!m_pages.isMeasured()) return static_cast<int>(m_pages.measured() * 100);
     return m_pages.count() == 0 ? 100 : m_next * 100 / m_pages.count();
 }
 

@@ -37,14 +37,14 @@ PrintedPages::PrintedPages(const QString& caption)
 void PrintedPages::begin(const QPageLayout& layout)
 {
     m_format = PageFormat(layout);
-    m_isMeasured = false;
+    m_measured = 0;
     restart();
 }
 
 bool PrintedPages::measure()
 {
-    if (!m_isMeasured) m_isMeasured = !measureMore();
-    return !m_isMeasured;
+    if (!isMeasured()) m_measured = measureMore();
+    return !isMeasured();
 }
 
 void PrintedPages::paint(QPainter& painter, int page)
@@ -60,7 +60,7 @@ void PrintedPages::paintHeader(QPainter& painter, int page) const
 {
     const QRectF header = m_format.header();
     const QFont number = PageFormat::font(numberPoints);
-    const QString pages = pageText(page, m_isMeasured ? std::optional(count()) : std::nullopt);
+    const QString pages = pageText(page, isMeasured() ? std::optional(count()) : std::nullopt);
     painter.setFont(number);
     drawLine(painter, header, PageFormat::endSide(), pages);
 

@@ -25,7 +25,10 @@ public:
 
     [[nodiscard]] const PageFormat& format() const { return m_format; }
     [[nodiscard]] const QString& caption() const { return m_caption; }
-    [[nodiscard]] bool isMeasured() const { return m_isMeasured; }
+    [[nodiscard]] bool isMeasured() const { return m_measured >= 1; }
+
+    /// How much of what is printed has been measured, from 0 to 1.
+    [[nodiscard]] double measured() const { return m_measured; }
 
     /// How many pages are known so far.
     [[nodiscard]] virtual int count() const = 0;
@@ -38,7 +41,8 @@ protected:
 
     /// Forgets all pages: the format has changed.
     virtual void restart() = 0;
-    virtual bool measureMore() = 0;
+    /// Returns how much has been measured then, 1 once all is.
+    virtual double measureMore() = 0;
     virtual void paintContent(QPainter& painter, int page) = 0;
 
 private:
@@ -46,5 +50,5 @@ private:
 
     QString m_caption;
     PageFormat m_format;
-    bool m_isMeasured = false;
+    double m_measured = 0;
 };

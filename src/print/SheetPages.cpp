@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QTextBlock>
 #include <QTextLayout>
+#include <QTextTable>
 
 #include <algorithm>
 #include <utility>
@@ -25,6 +26,20 @@ QString style()
                           "th { text-align: left; font-weight: bold }"
                           "th, td { padding-right: 12px; padding-bottom: 6px; vertical-align: top }"
                           "a { color: black }");
+}
+
+/// Makes the values of all sheets begin at the same distance, whichever fields a record has.
+void alignValues(const QTextDocument& sheet)
+{
+    constexpr double captionPercent = 26;
+    for (QTextFrame* frame : sheet.rootFrame()->childFrames()) {
+        auto* fields = qobject_cast<QTextTable*>(frame);
+        if (fields == nullptr) continue;
+        QTextTableFormat columns = fields->format();
+        columns.setColumnWidthConstraints({QTextLength(QTextLength::PercentageLength, captionPercent),
+                                           QTextLength(QTextLength::PercentageLength, 100 - captionPercent)});
+        fields->setFormat(columns);
+    }
 }
 
 /// Draws the lines whose middle is between two heights. The document would draw one more above them, which
@@ -88,18 +103,19 @@ QTextDocument* SheetPages::sheetOf(std::size_t record)
     std::string html;
     appendRecordSheet(m_reader.kind(), m_reader.fields(), *values, html);
     m_sheet->setHtml(QString::fromStdString(html));
+    alignValues(*m_sheet);
     m_sheet->setPageSize(format().content().size());
     return m_sheet.get();
 }
 
-bool SheetPages::measureMore()
+double SheetPages::measureMore()
 {
-    if (m_measured == m_records.size()) return false;
+    if (m_measured == m_records.size()) return 1;
     if (const QTextDocument* sheet = sheetOf(m_measured)) {
         for (int number = 0; number < sheet->pageCount(); ++number)
             m_pages.push_back({m_measured, number});
     }
-    return ++m_measured < m_records.size();
+    return static_cast<double>(++m_measured) / static_cast<double>(m_records.size());
 }
 
 void SheetPages::paintContent(QPainter& painter, int page)

@@ -25,7 +25,7 @@ public:
 
 protected:
     void restart() override;
-    bool measureMore() override;
+    double measureMore() override;
     void paintContent(QPainter& painter, int page) override;
 
 private:

@@ -5,7 +5,6 @@
 #include "browse/commands/MainCommands.h"
 #include "browse/list/ListPane.h"
 #include "browse/window/ShownView.h"
-#include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "print/frmPrint.h"
 #include "state/ProgramState.h"
@@ -19,10 +18,6 @@ PrintCommand::PrintCommand(const Platform& platform, const ShownView& view, cons
 
 void PrintCommand::run()
 {
-    if (m_view.list().isFilling()) {
-        m_platform.messages.show(tr("The list is still being read."));
-        return;
-    }
     QString outcome;
     runProcedure(m_platform.messages, QStringLiteral("printView"), [&] {
         frmPrint window(m_platform,

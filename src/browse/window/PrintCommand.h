@@ -19,6 +19,7 @@ public:
     PrintCommand(const Platform& platform, const ShownView& view, const MainCommands& commands,
                  QObject* parent);
 
+    /// The list must have been read to its end.
     void run();
 
 Q_SIGNALS:
