@@ -7,9 +7,11 @@
 #include "support/TestFiles.h"
 #include "views/StandardQueries.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-constexpr const char* lists = R"sql(
+constexpr const char* listRows = R"sql(
 INSERT INTO DocumentType VALUES (1, 'None'), (2, 'Report'), (3, 'Map; "large"');
 INSERT INTO DocumentCategory VALUES (1, 'None'), (2, 'Secret');
 INSERT INTO Function VALUES (1, 'None'), (2, 'Rescue');
@@ -25,7 +27,7 @@ ALTER TABLE Document ADD COLUMN Price REAL;
 ALTER TABLE Document ADD COLUMN Barcode INTEGER;
 )sql";
 
-constexpr const char* documents = R"sql(
+constexpr const char* documentRows = R"sql(
 INSERT INTO Document (DocumentID, DocumentName, KeyDocument, FileTypeID, OrganizationID, FileLocation,
     OriginalFilename, Author, DocumentDate, Publication, PageNum, PubNum, Volume, URL, DocumentDescription, Notes,
     dStatus, "Shelf mark", Price, Barcode) VALUES
@@ -58,7 +60,7 @@ INSERT INTO DocumentVenues VALUES (2, 2), (2, 3), (3, 1);
 INSERT INTO DocumentEvents VALUES (2, 2), (2, 3), (2, 2), (3, 5), (4, 99), (7, 2), (5, 1), (6, 2);
 )sql";
 
-constexpr const char* events = R"sql(
+constexpr const char* eventRows = R"sql(
 INSERT INTO Event (EventID, EventName, KeyEvent, StartDate, StartTime, EndDate, EndTime, EventDescription, Notes,
     Status) VALUES
 (1, 'None', 0, NULL, NULL, NULL, NULL, NULL, NULL, 'ACTIVE'),
@@ -77,7 +79,7 @@ INSERT INTO EventVenues VALUES (2, 2), (2, 3), (3, 99);
 INSERT INTO EventFunctions VALUES (2, 2), (3, 1);
 )sql";
 
-constexpr const char* organizations = R"sql(
+constexpr const char* organizationRows = R"sql(
 INSERT INTO Organization (OrganizationID, OrganizationName, OrganizationTypeID, OrganizationSubTypeID, FunctionID,
     Address1, City, State, Zip, Telephone, Website, ResponseActivities, Lat, Lon, Notes, Status) VALUES
 (1, 'None', 1, 1, 1, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, 'ACTIVE'),
@@ -102,7 +104,7 @@ INSERT INTO OrganizationEvents VALUES (2, 2), (2, 5), (4, 2), (3, 2), (3, 2);
 
 ExportedCollection::ExportedCollection()
 {
-    for (const char* const rows : {lists, documents, events, organizations})
+    for (const char* const rows : {listRows, documentRows, eventRows, organizationRows})
         m_database.run(rows);
 }
 
@@ -111,11 +113,21 @@ std::vector<qint64> ExportedCollection::identifiers(RecordKind kind)
     return ExportWork::every(session(), kind, StandardQueries().of(kind)->sqlStr());
 }
 
+QString ExportedCollection::held(RecordKind kind, const QString& column, const QString& key)
+{
+    // as bytes, since a text may hold NUL
+    const QString hexadecimal =
+        m_database.ask(u"SELECT hex(CAST(ifnull(\"%1\", '') AS BLOB)) FROM %2 WHERE %2ID = %3"_s.arg(
+            column, recordNames(kind).record, key));
+    QString text = QString::fromUtf8(QByteArray::fromHex(hexadecimal.toLatin1()));
+    return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+}
+
 QString ExportedCollection::exportTo(const char* format, RecordKind kind, const ExportOptions& options)
 {
     const ExportFormat* found = exportFormat(QString::fromLatin1(format));
     if (found == nullptr) throw std::runtime_error(std::string("no format ") + format);
-    const QString file = m_database.folder() + u'/' + recordNames(kind).record + found->ending;
+    QString file = m_database.folder() + u'/' + recordNames(kind).record + found->ending;
     ExportWork work(session(), kind, identifiers(kind), *found, options, file);
     while (work.step()) {
     }
