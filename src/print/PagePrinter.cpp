@@ -19,7 +19,7 @@ QString PagePrinter::print(PrintedPages& pages, const QPageLayout& layout) const
 {
     if (!m_platform.printing.hasPrinter()) {
         m_platform.messages.show(PrintTexts::tr(
-            "This computer knows no printer.\n\nPrint to PDF saves the pages as a file, which can be "
+            "No printer is set up on this computer.\n\nPrint to PDF saves the pages as a file, which can be "
             "printed elsewhere."));
         return {};
     }

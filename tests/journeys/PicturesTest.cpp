@@ -247,15 +247,6 @@ TEST_F(Pictures, AreSavedWhereTheUserSays)
     EXPECT_TRUE(contentOf(path("map.jpg.png")).startsWith(png));
     EXPECT_TRUE(contentOf(path("map.Svg")).startsWith("<?xml"));
 
-    const QByteArray old = contentOf(path("plain.png"));
-    map().zoomIn();
-    for (const bool replaces : {false, true}) {
-        journey.desktop.messages.expectQuestion(
-            u"%1 already exists.\n\nDo you want to replace it?"_s.arg(path("plain.png")), replaces,
-            Question::Loss);
-        saveAs("plain");
-        EXPECT_EQ(contentOf(path("plain.png")) != old, replaces);
-    }
     const QByteArray kept = contentOf(path("map.Svg"));
     journey.desktop.messages.expectMessageBeginning(u"savePicture Error (27): "_s);
     {

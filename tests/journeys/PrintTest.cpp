@@ -221,7 +221,7 @@ TEST_F(PrintJourney, WhatCannotBePrintedSaysWhyAndWhatFailsLeavesNothing)
             EXPECT_EQ(dialog.find<QRadioButton>(choice).toolTip().toStdString(), why);
         }
         messages().expectMessage(
-            u"This computer knows no printer.\n\nPrint to PDF saves the pages as a file, which "
+            u"No printer is set up on this computer.\n\nPrint to PDF saves the pages as a file, which "
             "can be printed elsewhere."_s);
         dialog.click("cmdPrint");
         save(dialog);
