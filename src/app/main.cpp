@@ -85,9 +85,9 @@ int main(int argc, char** argv)
         qEnvironmentVariable("ORVIK_HOME"), QCoreApplication::applicationDirPath(),
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)};
     const QString sample = surroundings.executableFolder + QStringLiteral("/../share/orvik/sample");
-    Main_Mod program(
-        {messages, settings, fileAttributes, fileDialogs, clock, volumes, shell, otherWindows, works, printing},
-        converter, ProgramFolder(ProgramFolder::choose(surroundings), sample), sample);
+    Main_Mod program({messages, settings, fileAttributes, fileDialogs, clock, volumes, shell, otherWindows,
+                      works, printing},
+                     converter, ProgramFolder(ProgramFolder::choose(surroundings), sample), sample);
     if (program.handOver(*line.request, token)) return EXIT_SUCCESS;
     program.Main(*line.request);
     return program.window() == nullptr ? EXIT_FAILURE : QApplication::exec();
