@@ -113,9 +113,9 @@ TEST_F(Exports, HoldTheRecordsAndFieldsThatWereChosen)
 {
     const std::string otherTitles = ",Key,Author,Date,File,Source\r\n";
     const std::string titles = "\"Title\"" + otherTitles;
-    const std::string atlas = "Atlas,,,,PDF,None\r\n";
-    const std::string brief = "Brief,,,,PDF,None\r\n";
-    const std::string coast = "Coast,,=1+1,,None,None\r\n";
+    const std::string atlas = "Atlas,,,,PDF,\r\n";
+    const std::string brief = "Brief,,,,PDF,\r\n";
+    const std::string coast = "Coast,,=1+1,,None,\r\n";
     journey.trigger("mnuViewDocuments");
     QHeaderView& header = *journey.list().findChild<QHeaderView*>();
     for (int click = 0; click < 2; ++click)
@@ -139,7 +139,7 @@ TEST_F(Exports, HoldTheRecordsAndFieldsThatWereChosen)
     EXPECT_EQ(journey.desktop.fileDialogs.proposed.back(), u"View ALL Documents.csv"_s);
     EXPECT_EQ(exportTo("fields.csv", "AD").substr(0, 11), "\"ID\",Title,");
     EXPECT_EQ(exportTo("spreadsheet.csv", "ATP"),
-              "\xEF\xBB\xBFTitle" + otherTitles + atlas + brief + "Coast,,'=1+1,,None,None\r\n");
+              "\xEF\xBB\xBFTitle" + otherTitles + atlas + brief + "Coast,,'=1+1,,None,\r\n");
 }
 
 TEST_F(Exports, OfAPageHaveThePictureOfWhatItLists)
