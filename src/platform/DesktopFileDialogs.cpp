@@ -54,7 +54,7 @@ QString DesktopFileDialogs::saveFile(const QString& title, const QString& propos
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, completeNames);
     completeNames();
     if (dialog.exec() != QDialog::Accepted) return {};
-    const QString file = dialog.selectedFiles().front();
+    QString file = dialog.selectedFiles().front();
     m_lastFolder = QFileInfo(file).path();
     return file;
 }
