@@ -100,7 +100,7 @@ protected:
     /// Returns the image of a picture, which must be at twice the size and show nothing of the desktop.
     static QImage imageOf(const GraphicPicture& picture)
     {
-        const QImage image = PictureImage::image(picture);
+        QImage image = PictureImage::image(picture);
         EXPECT_EQ(image.size(), picture.size * 2);
         bool isDark = false;
         for (int y = 0; y < image.height(); ++y) {

@@ -121,25 +121,24 @@ TEST_F(PrintJourney, TheListHasEveryRowOnceUnderItsTitles)
 
     struct Case
     {
-        QString paper;
+        QString name;
         QString orientation;
         const char* size;
     };
-    for (const auto& [paper, orientation, size] :
-         {Case{u"A4"_s, u"Portrait"_s, "595 x 842 pts (A4)"},
-          Case{u"Letter"_s, u"Landscape"_s, "792 x 612 pts (letter)"}}) {
-        SCOPED_TRACE(size);
+    for (const Case& paper : {Case{u"A4"_s, u"Portrait"_s, "595 x 842 pts (A4)"},
+                              Case{u"Letter"_s, u"Landscape"_s, "792 x 612 pts (letter)"}}) {
+        SCOPED_TRACE(paper.size);
         QString last;
         print([&](OpenDialog& dialog) {
-            dialog.choose("cmbPaper", paper);
-            dialog.choose("cmbOrientation", orientation);
+            dialog.choose("cmbPaper", paper.name);
+            dialog.choose("cmbOrientation", paper.orientation);
             QTest::qWait(0);
             dialog.click("cmdLast");
             last = dialog.find<QLabel>("lblPage").text();
             save(dialog);
         });
         const ReadPdf read(pdf());
-        EXPECT_TRUE(read.facts.contains(u"Page size: "_s + QLatin1StringView(size) + u'\n'))
+        EXPECT_TRUE(read.facts.contains(u"Page size: "_s + QLatin1StringView(paper.size) + u'\n'))
             << read.facts.toStdString();
         expectPages(read, u"View ALL Documents"_s);
         EXPECT_EQ(last, u"Page %1 of %1"_s.arg(read.pages.size()));

@@ -116,9 +116,9 @@ QString ExportCommand::doneText(const QString& file, std::size_t count, std::siz
     const QFileInfo written(file);
     const QString size = FolderList::Amount{1, written.size()}.sizeText();
     const auto number = [](std::size_t records) { return QLocale().toString(static_cast<qint64>(records)); };
-    QString text =
-        count == 1 ? tr("Exported: %1 (1 record, %2)").arg(written.fileName(), size)
-                   : tr("Exported: %1 (%2 records, %3)").arg(written.fileName(), number(count), size);
+    QString text = count == 1
+                       ? tr("Exported: %1 (1 record, %2)").arg(written.fileName(), size)
+                       : tr("Exported: %1 (%2 records, %3)").arg(written.fileName(), number(count), size);
     if (count == wanted) return text;
     return text + u' ' +
            (wanted - count == 1 ? tr("1 record is no longer there.")
