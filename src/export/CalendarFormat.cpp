@@ -214,7 +214,7 @@ ExportFormat calendarFormat()
     return {.name = u"ics"_s,
             .title = QT_TRANSLATE_NOOP("Export", "Calendar (iCalendar)"),
             .remark = QT_TRANSLATE_NOOP(
-                "Export", "For the calendar of a computer or a telephone. Events without a start date are in "
+                "Export", "For the calendar of a computer or a phone. Events without a start date are in "
                           "the file as journal entries, which many calendars do not show."),
             .ending = u".ics"_s,
             .kind = RecordKind::Event,

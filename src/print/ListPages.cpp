@@ -5,10 +5,10 @@
 #include "browse/list/RecordListModel.h"
 #include "print/PrintTexts.h"
 #include "util/ReadableLine.h"
+#include "widgets/Paper.h"
 
 #include <QGuiApplication>
 #include <QPainter>
-#include <QTextLayout>
 
 #include <algorithm>
 
@@ -99,23 +99,9 @@ QString ListPages::text(int row, int column) const
 
 QStringList ListPages::lines(const QString& text, double width) const
 {
+    // of tens of thousands of rows, most texts need not be laid out
     if (m_metrics.horizontalAdvance(text) <= width) return {text};
-    QTextLayout layout(text, m_font);
-    QTextOption option;
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    layout.setTextOption(option);
-    QStringList lines;
-    layout.beginLayout();
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        if (lines.size() + 1 == mostLines) {
-            lines << m_metrics.elidedText(text.mid(line.textStart()), Qt::ElideRight, width);
-            break;
-        }
-        lines << text.mid(line.textStart(), line.textLength()).trimmed();
-    }
-    layout.endLayout();
-    return lines;
+    return Paper::lines(text, m_font, static_cast<int>(width), mostLines);
 }
 
 std::vector<QStringList> ListPages::cells(int row) const

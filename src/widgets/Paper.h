@@ -17,7 +17,8 @@ namespace Paper {
 /// The colour of lines and texts that stand back.
 inline constexpr QColor faint(112, 112, 112);
 
-/// Breaks a text into lines of that width in pixels, at most so many; the last of them may be elided.
+/// Breaks a text into lines of that width, in pixels of the font, at most so many; the last of them may be
+/// elided.
 [[nodiscard]] QStringList lines(const QString& text, const QFont& font, int width, int mostLines);
 
 } // namespace Paper
