@@ -86,7 +86,7 @@ int main(int argc, char** argv)
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)};
     const QString sample = surroundings.executableFolder + QStringLiteral("/../share/orvik/sample");
     Main_Mod program({messages, settings, fileAttributes, fileDialogs, clock, volumes, shell, otherWindows,
-                      works, printing},
+                      works, printing, QCoreApplication::applicationDirPath()},
                      converter, ProgramFolder(ProgramFolder::choose(surroundings), sample), sample);
     if (program.handOver(*line.request, token)) return EXIT_SUCCESS;
     program.Main(*line.request);

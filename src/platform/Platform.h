@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <QString>
+
 class Clock;
 class FileAttributes;
 class FileDialogs;
@@ -26,4 +28,7 @@ struct Platform
     OtherWindows& otherWindows;
     WorkRunner& works;
     Printing& printing;
+
+    /// The folder of the programs that do parts of the work in processes of their own; empty for none.
+    QString programs = {};
 };

@@ -12,6 +12,7 @@ void ViewHistory::clear()
 {
     m_views.clear();
     m_selected.clear();
+    m_filters.clear();
     m_current = 0;
     m_currentKind = ViewKind::Home;
     m_currentQuery.reset();
@@ -34,6 +35,21 @@ void ViewHistory::select(std::optional<qint64> identifier)
         m_selected[m_current] = *identifier;
     } else {
         m_selected.erase(m_current);
+    }
+}
+
+QString ViewHistory::filter() const
+{
+    const auto found = m_filters.find(m_current);
+    return found == m_filters.end() ? QString() : found->second;
+}
+
+void ViewHistory::setFilter(const QString& words)
+{
+    if (words.isEmpty()) {
+        m_filters.erase(m_current);
+    } else {
+        m_filters[m_current] = words;
     }
 }
 

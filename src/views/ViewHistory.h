@@ -68,9 +68,14 @@ public:
     [[nodiscard]] std::optional<qint64> selected() const;
     void select(std::optional<qint64> identifier);
 
+    /// The words by which the list of the view shown last is narrowed, as typed; empty if it shows all.
+    [[nodiscard]] QString filter() const;
+    void setFilter(const QString& words);
+
 private:
     std::vector<clsView> m_views;
     std::map<std::size_t, qint64> m_selected; ///< by position
+    std::map<std::size_t, QString> m_filters; ///< by position
     std::size_t m_current = 0;
     ViewKind m_currentKind = ViewKind::Home;
     SharedQuery m_currentQuery; ///< null for the view's own

@@ -75,16 +75,7 @@ void MainCommands::makeActions()
             tr("Shows and changes the document types, venues, cities and other lists"));
     makeViewActions();
     makeOutputActions();
-    mnuSearchKeyword =
-        add(QStringLiteral("mnuSearchKeyword"), tr("&Keyword Search…"), QStringLiteral("edit-find"),
-            QKeySequence(Qt::CTRL | Qt::Key_F), tr("Finds records by words in their names and descriptions"));
-    mnuSearchKeyword->setIconText(tr("Search"));
-    mnuSearchAdvanced =
-        add(QStringLiteral("mnuSearchAdvanced"), tr("&Advanced Search…"), QStringLiteral("view-filter"),
-            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), tr("Finds records of this kind by criteria"));
-    mnuSearchShowAll =
-        add(QStringLiteral("mnuSearchShowAll"), tr("Show &All"), QStringLiteral("view-list-details"),
-            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A), tr("Shows all records of this kind"));
+    makeSearchActions();
     mnuNavigateBack = add(QStringLiteral("mnuNavigateBack"), tr("&Back"), QStringLiteral("go-previous"),
                           QKeySequence(Qt::ALT | Qt::Key_Left), tr("Shows the view before this one"));
     mnuNavigateForward = add(QStringLiteral("mnuNavigateForward"), tr("&Forward"), QStringLiteral("go-next"),
@@ -134,11 +125,32 @@ void MainCommands::makeViewActions()
     mnuViewGraphicBelow =
         add(QStringLiteral("mnuViewGraphicBelow"), tr("Graphic &Below"),
             QStringLiteral("view-split-top-bottom"), {}, tr("Shows the graphic below the list"));
+    mnuViewDetails =
+        add(QStringLiteral("mnuViewDetails"), tr("De&tails"), QStringLiteral("sidebar-expand-right"),
+            QKeySequence(Qt::Key_F4), tr("Shows the selected record beside the list"));
+    mnuViewDetails->setCheckable(true);
     auto* sides = new QActionGroup(this);
     for (QAction* side : {mnuViewGraphicRight, mnuViewGraphicBelow}) {
         side->setCheckable(true);
         sides->addAction(side);
     }
+}
+
+void MainCommands::makeSearchActions()
+{
+    mnuSearchKeyword =
+        add(QStringLiteral("mnuSearchKeyword"), tr("&Keyword Search…"), QStringLiteral("edit-find"),
+            QKeySequence(Qt::CTRL | Qt::Key_F), tr("Finds records by words in their names and descriptions"));
+    mnuSearchKeyword->setIconText(tr("Search"));
+    mnuSearchAdvanced =
+        add(QStringLiteral("mnuSearchAdvanced"), tr("&Advanced Search…"), QStringLiteral("view-filter"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), tr("Finds records of this kind by criteria"));
+    mnuSearchFilter =
+        add(QStringLiteral("mnuSearchFilter"), tr("&Filter the List"), QStringLiteral("view-filter"),
+            QKeySequence(Qt::CTRL | Qt::Key_L), tr("Narrows the list to the records with the words typed"));
+    mnuSearchShowAll =
+        add(QStringLiteral("mnuSearchShowAll"), tr("Show &All"), QStringLiteral("view-list-details"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A), tr("Shows all records of this kind"));
 }
 
 /// The commands that bring out of the program what it shows.
@@ -187,6 +199,7 @@ void MainCommands::makeMenus()
     view->addSeparator();
     view->addAction(mnuViewDeleted);
     view->addSeparator();
+    view->addAction(mnuViewDetails);
     view->addActions({mnuViewGraphicRight, mnuViewGraphicBelow, mnuViewCopyPicture, mnuViewSavePicture});
     view->addSeparator();
     view->addAction(mnuViewRefresh);
@@ -196,7 +209,7 @@ void MainCommands::makeMenus()
     search->setToolTipsVisible(true);
     search->addActions({mnuSearchKeyword, mnuSearchAdvanced});
     search->addSeparator();
-    search->addAction(mnuSearchShowAll);
+    search->addActions({mnuSearchFilter, mnuSearchShowAll});
 
     mnuNavigate = m_window.menuBar()->addMenu(tr("&Navigate"));
     mnuNavigate->setObjectName(QStringLiteral("mnuNavigate"));

@@ -25,10 +25,12 @@ public:
     QAction* mnuViewRefresh;
     QAction* mnuViewGraphicRight;
     QAction* mnuViewGraphicBelow;
+    QAction* mnuViewDetails;
     QAction* mnuViewCopyPicture;
     QAction* mnuViewSavePicture;
     QAction* mnuSearchKeyword;
     QAction* mnuSearchAdvanced;
+    QAction* mnuSearchFilter;
     QAction* mnuSearchShowAll;
     QAction* mnuNavigateBack;
     QAction* mnuNavigateForward;
@@ -68,6 +70,7 @@ private:
     void makeActions();
     void makeRecordActions();
     void makeViewActions();
+    void makeSearchActions();
     void makeOutputActions();
     void makeAddKinds();
     void makeMenus();

@@ -2,7 +2,6 @@
 
 #include "browse/window/frmMain.h"
 
-#include "browse/commands/CommandState.h"
 #include "browse/commands/ListMenus.h"
 #include "browse/commands/MainCommands.h"
 #include "browse/commands/OpenCommand.h"
@@ -15,11 +14,15 @@
 #include "browse/window/BackupCommands.h"
 #include "browse/window/BrowsePage.h"
 #include "browse/window/CheckCommand.h"
+#include "browse/window/CommandStates.h"
 #include "browse/window/DatabaseCommands.h"
+#include "browse/window/DetailsCommand.h"
 #include "browse/window/EmptyList.h"
 #include "browse/window/ExportCommand.h"
+#include "browse/window/FileReading.h"
 #include "browse/window/GraphicViews.h"
 #include "browse/window/HomeCommands.h"
+#include "browse/window/ListFilter.h"
 #include "browse/window/PictureCommands.h"
 #include "browse/window/PrintCommand.h"
 #include "browse/window/RecordWindows.h"
@@ -92,6 +95,9 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
           {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},
           *m_list, *m_browse, *this)),
       m_shown(std::make_unique<ShownView>(state, *m_list, *m_graphics, *this)),
+      m_filter(new ListFilter(state.history, *m_list, *m_graphics, *m_commands, this)),
+      m_details(new DetailsCommand(platform, *m_shown, *m_browse, *m_commands, this)),
+      m_fileReading(new FileReading(platform, state, *m_status, this)),
       m_export(new ExportCommand(platform, *m_shown, *m_commands, this)),
       m_print(new PrintCommand(platform, *m_shown, *m_commands, this)),
       m_pictures(new PictureCommands(platform, *m_shown, *m_commands, this)),
@@ -100,6 +106,9 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
                                 m_list->view(), *this)),
       m_pages(new ViewPages(platform.messages, state.history,
                             {*m_home, *m_browse, *m_list, *m_emptyList, *m_search, *m_graphics}, this)),
+      m_commandStates(std::make_unique<CommandStates>(
+          CommandStates::Parts{state, m_database, *m_pages, *m_browse, *m_list, *m_open, *m_commands,
+                               *m_related, *m_records, *m_status})),
       m_navigation(new HistoryNavigation(state.history, *m_commands->mnuNavigateBack,
                                          *m_commands->mnuNavigateForward, *m_commands->tbToolBar, *this)),
       m_settings(std::make_unique<SettingsCommand>(platform, state, *m_list, *m_open)),
@@ -158,6 +167,7 @@ void frmMain::connectViews()
     connect(m_home, &HomePage::recordsChosen, this, &frmMain::viewAll);
     connect(m_home, &HomePage::searchChosen, m_search, &SearchCommands::openKeywordSearch);
     connect(m_databases, &DatabaseCommands::opening, m_list, &ListPane::stop);
+    connect(m_databases, &DatabaseCommands::opening, m_fileReading, &FileReading::stop);
     connect(m_databases, &DatabaseCommands::opening, m_backups, &BackupCommands::backUpChanges);
     connect(m_backups, &BackupCommands::done, m_status, &StatusLine::showChange);
     connect(m_export, &ExportCommand::done, m_status, &StatusLine::showChange);
@@ -166,18 +176,20 @@ void frmMain::connectViews()
     connect(m_databases, &DatabaseCommands::opened, this, &frmMain::startOver);
     connect(m_databases, &DatabaseCommands::onlyReadable, this, [this] {
         showTitle();
-        enableCommands();
+        m_commandStates->refresh();
         m_undo->refresh();
     });
+    connect(m_details, &DetailsCommand::fileAsked, this,
+            [this](RecordKind kind, qint64 record) { m_open->openRecord(kind, record); });
     connect(m_home, &HomePage::helpChosen, m_help->mnuHelpContents, &QAction::trigger);
     connect(m_pages, &ViewPages::viewAsked, this, &frmMain::lookForOutsideChange);
-    connect(m_pages, &ViewPages::pageChanged, this, &frmMain::enableCommands);
+    connect(m_pages, &ViewPages::pageChanged, this, [this] { m_commandStates->refresh(); });
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::showCaption);
-    connect(m_pages, &ViewPages::viewShown, this, &frmMain::enableCommands);
+    connect(m_pages, &ViewPages::viewShown, this, [this] { m_commandStates->refresh(); });
     connect(m_pages, &ViewPages::viewShown, m_undo, &UndoCommands::refresh);
     // queued, since the graphic is drawn after that
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::lookForDamage, Qt::QueuedConnection);
-    connect(m_list, &ListPane::selectionChanged, this, &frmMain::enableCommands);
+    connect(m_list, &ListPane::selectionChanged, this, [this] { m_commandStates->refresh(); });
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, this, &frmMain::UpdateHistoryList);
     connect(m_commands->mnuNavigate, &QMenu::aboutToShow, m_databases, &DatabaseCommands::listRecent);
 }
@@ -195,6 +207,7 @@ void frmMain::connectEditors()
         m_pages->refresh();
         m_records->selectAfterChange(kind, saved, row);
         m_undo->refresh();
+        m_fileReading->lookForChanges();
     });
     connect(m_editors, &RecordEditors::fileAsked, this,
             [this](RecordKind kind, qint64 record) { m_open->openRecord(kind, record); });
@@ -240,6 +253,7 @@ void frmMain::load(bool hasProgramFolder, const StartRequest& request)
     viewHome();
     showStartPage();
     m_starts->add(request);
+    m_fileReading->lookForChanges();
 }
 
 /// Shows the page that the settings name after the home page, to which Back leads.
@@ -258,6 +272,7 @@ void frmMain::startOver()
     m_graphics->mainLoad();
     m_homeCommands->showDatabase();
     viewHome();
+    m_fileReading->lookForChanges();
 }
 
 /// The views are read anew whenever they are shown; of the rest, only the limits of the timeline are kept.
@@ -277,6 +292,7 @@ void frmMain::showAgain()
 {
     m_pages->refresh();
     m_undo->refresh();
+    m_fileReading->lookForChanges();
 }
 
 /// Without a place from an earlier run, takes most of a small screen, and of a large one as much as the lists
@@ -328,35 +344,6 @@ void frmMain::showTitle()
     setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
 
-void frmMain::enableCommands()
-{
-    const bool showsList = m_pages->showsList();
-    const QString noList = showsList ? QString() : tr("This page has no list of records.");
-    for (QAction* action :
-         {m_commands->mnuViewRefresh, m_commands->mnuSearchShowAll, m_commands->mnuSearchAdvanced,
-          m_commands->mnuViewGraphicRight, m_commands->mnuViewGraphicBelow}) {
-        enableUnless(*action, noList);
-    }
-    const bool isWhole = !showsList || !m_list->isFilling();
-    for (QAction* action : {m_commands->mnuRecordExport, m_commands->mnuRecordPrint,
-                            m_commands->mnuViewCopyPicture, m_commands->mnuViewSavePicture})
-        enableUnless(*action, isWhole ? noList : tr("The list is still being read."));
-    const bool isSelected = showsList && m_list->selectedCount() > 0;
-    const QString nothingSelected = isSelected ? QString() : tr("Select a record first.");
-    enableUnless(*m_commands->mnuRecordCopy, showsList ? nothingSelected : noList);
-    enableUnless(*m_commands->mnuRecordOpen, showsList ? m_open->hindrance() : noList);
-    const QString noDatabase = m_state.session.isOpen() ? QString() : tr("No database is open.");
-    enableUnless(*m_commands->mnuRecordLists, noDatabase);
-    enableUnless(*m_commands->mnuViewDeleted, noDatabase);
-    enableUnless(*m_commands->mnuBackUp, noDatabase);
-    enableUnless(*m_commands->mnuCheckCollection, noDatabase);
-    m_related->enable(noList);
-    m_records->enable(m_database.unwritable(), noList);
-    m_status->showSelected(showsList ? m_list->selectedCount() : 0);
-    m_commands->mnuViewGraphicRight->setChecked(m_browse->side() == Qt::Horizontal);
-    m_commands->mnuViewGraphicBelow->setChecked(m_browse->side() == Qt::Vertical);
-}
-
 void frmMain::UpdateHistoryList()
 {
     m_navigation->listAll(*m_commands->mnuHistory);
@@ -370,6 +357,7 @@ void frmMain::closeEvent(QCloseEvent* event)
         return;
     }
     m_list->stop();
+    m_fileReading->stop();
     m_browse->save();
     m_list->widths().save(m_platform.settings);
     WindowPlace::save(*this, m_platform.settings);

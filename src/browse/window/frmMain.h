@@ -13,15 +13,19 @@
 class BackupCommands;
 class BrowsePage;
 class CheckCommand;
+class CommandStates;
 class DatabaseCommands;
 class DatabaseOpener;
+class DetailsCommand;
 class EmptyList;
 class ExportCommand;
+class FileReading;
 class GraphicViews;
 class HelpCommands;
 class HistoryNavigation;
 class HomeCommands;
 class HomePage;
+class ListFilter;
 class ListMenus;
 class ListPane;
 class MainCommands;
@@ -84,7 +88,6 @@ private:
     void viewAll(RecordKind kind);
     void viewHome();
     void add(const RecordAddition& addition);
-    void enableCommands();
     void showCaption(const QString& caption, const QString& count);
     void showTitle();
 
@@ -112,11 +115,15 @@ private:
     RecordWindows* m_windows;
     GraphicViews* m_graphics;
     std::unique_ptr<ShownView> m_shown;
+    ListFilter* m_filter;
+    DetailsCommand* m_details;
+    FileReading* m_fileReading;
     ExportCommand* m_export;
     PrintCommand* m_print;
     PictureCommands* m_pictures;
     EmptyList* m_emptyList;
     ViewPages* m_pages;
+    std::unique_ptr<CommandStates> m_commandStates;
     HistoryNavigation* m_navigation;
     std::unique_ptr<SettingsCommand> m_settings;
     std::unique_ptr<CheckCommand> m_check;

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
+
+/// What a program may use before it is ended.
+struct ProcessLimits
+{
+    std::chrono::milliseconds time{
+        60'000};                ///< on the clock, and of the processor where a system can limit it
+    qint64 memory = 1LL << 30;  ///< bytes of addresses, where a system can limit them
+    qint64 output = 64LL << 20; ///< bytes on its standard output
+};
+
+/// A program that reads a file of unknown origin in a process of its own, so that a file that makes it crash,
+/// hang or swell does no harm. The process ends with this object.
+class LimitedProcess
+{
+public:
+    struct Result
+    {
+        QByteArray output;
+        QString failure; ///< why the program did not do its work; empty if it did
+    };
+
+    explicit LimitedProcess(const ProcessLimits& limits = {});
+    ~LimitedProcess();
+    LimitedProcess(const LimitedProcess&) = delete;
+    LimitedProcess& operator=(const LimitedProcess&) = delete;
+
+    /// Starts a program that does not run yet. `finished` is called once from the event loop, also if the
+    /// program cannot be started; it may delete this object.
+    void start(const QString& program, const QStringList& arguments,
+               std::function<void(const Result&)> finished);
+
+    /// The same without an event loop: returns once the program has ended.
+    [[nodiscard]] Result run(const QString& program, const QStringList& arguments);
+
+    [[nodiscard]] bool isRunning() const { return m_process.state() != QProcess::NotRunning; }
+
+    /// Ends the program; `finished` is not called.
+    void stop();
+
+private:
+    void prepare(const QString& program, const QStringList& arguments);
+    void takeOutput();
+    void endEarly(const QString& failure);
+    void end();
+    [[nodiscard]] QString failureOf() const;
+
+    ProcessLimits m_limits;
+    QProcess m_process;
+    QTimer m_timer;
+    Result m_result;
+    std::function<void(const Result&)> m_finished;
+};
