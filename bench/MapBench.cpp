@@ -52,7 +52,7 @@ void drawMap(benchmark::State& state)
     program.history.addView({ViewKind::Organizations, query, QStringLiteral("All")});
     auto* pane = window.program().window()->findChild<MapPane*>(QStringLiteral("MapPane"));
     OrganizationPlaces places(program.session);
-    places.read(query);
+    places.read(query, query);
     const QStringList statements = statementsOf(*query, places.entries());
     std::int64_t rows = 0;
     compare(

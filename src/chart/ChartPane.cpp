@@ -66,7 +66,7 @@ void ChartPane::drawCharts()
     m_selectedDocType.clear();
     std::vector<DocumentTypeCount> counts;
     try {
-        counts = countDocumentTypes(m_session, *m_history.currentQuery());
+        counts = countDocumentTypes(m_session, *m_history.graphicQuery());
     } catch (const Error&) {
         // the list reports it
     }

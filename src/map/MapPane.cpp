@@ -149,7 +149,7 @@ void MapPane::drawMap()
     const QString procedure = QStringLiteral("drawMap");
     const bool isRead = runProcedure(m_messages, procedure, [this] {
         const WaitCursor wait;
-        m_places.read(m_history.currentQuery());
+        m_places.read(m_history.currentQuery(), m_history.graphicQuery());
     });
     showPlaces();
     showSelected();

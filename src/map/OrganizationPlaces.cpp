@@ -50,20 +50,21 @@ void OrganizationPlaces::clear()
 {
     m_entries.clear();
     m_byKey.clear();
+    m_keyOf.clear();
     m_query.reset();
 }
 
-void OrganizationPlaces::read(const SharedQuery& query)
+void OrganizationPlaces::read(const SharedQuery& query, const SharedQuery& shown)
 {
     clear();
-    m_query = query;
+    m_query = shown;
     RecordSet functions =
         m_session.read(QStringLiteral("SELECT DISTINCT Organization.FunctionID ") + query->FromClause + u' ' +
                        query->WhereClause + QStringLiteral(" AND Lat IS NOT NULL"));
     std::vector<std::optional<qint64>> identifiers;
     while (functions.next())
         identifiers.push_back(optionalInteger(functions, 0));
-    if (identifiers.size() > mostReadSingly) {
+    if (shown != query || identifiers.size() > mostReadSingly) {
         readAllPlaces(identifiers);
         return;
     }
@@ -89,12 +90,15 @@ void OrganizationPlaces::readAllPlaces(const std::vector<std::optional<qint64>>&
     for (const auto& functionId : functions)
         order.emplace(functionId, order.size());
     RecordSet places = m_session.read(
-        QStringLiteral("SELECT FunctionName, LocationID, Lat, Lon, City, State, "
-                       "Organization.FunctionID ") +
+        QStringLiteral("SELECT FunctionName, LocationID, Lat, Lon, City, State, Organization.FunctionID, "
+                       "Organization.OrganizationID ") +
         m_query->FromClause + u' ' + m_query->WhereClause + QStringLiteral(" AND Lat IS NOT NULL"));
     constexpr int function = 6;
-    while (places.next())
-        addPlace(places, optionalInteger(places, function));
+    constexpr int organization = 7;
+    while (places.next()) {
+        const QString key = addPlace(places, optionalInteger(places, function));
+        if (!key.isEmpty()) m_keyOf.insert(places.integer(organization), key);
+    }
     std::stable_sort(m_entries.begin(), m_entries.end(), [&order](const clsCities& a, const clsCities& b) {
         return order[a.functionId] < order[b.functionId];
     });
@@ -104,17 +108,19 @@ void OrganizationPlaces::readAllPlaces(const std::vector<std::optional<qint64>>&
     }
 }
 
-void OrganizationPlaces::addPlace(const RecordSet& row, std::optional<qint64> functionId)
+/// Returns the key of the place; an empty text if it is none.
+QString OrganizationPlaces::addPlace(const RecordSet& row, std::optional<qint64> functionId)
 {
     const std::optional<qint64> location = optionalInteger(row, 1);
     const double lat = row.real(2);
     const double lon = row.real(3);
-    if (row.isNull(3) || !isOnEarth(lat, lon)) return;
-    const QString key = keyOf(location, lat, lon, functionId);
-    if (m_byKey.contains(key)) return;
+    if (row.isNull(3) || !isOnEarth(lat, lon)) return {};
+    QString key = keyOf(location, lat, lon, functionId);
+    if (m_byKey.contains(key)) return key;
     m_byKey.insert(key, m_entries.size());
     m_entries.push_back({functionId, row.text(0), location, lat, lon, row.text(4), row.text(5),
                          clsCities::colourOf(functionId)});
+    return key;
 }
 
 std::vector<PlacedOrganization> OrganizationPlaces::organizationsAt(std::size_t entry,
@@ -139,13 +145,18 @@ std::vector<PlacedOrganization> OrganizationPlaces::organizationsAt(std::size_t 
 std::optional<std::size_t> OrganizationPlaces::entryOf(qint64 organization) const
 {
     if (!m_query) return std::nullopt;
+    if (!m_keyOf.isEmpty()) return entryWith(m_keyOf.value(organization));
     RecordSet rows =
         m_session.read(QStringLiteral("SELECT DISTINCT LocationID, Lat, Lon, Organization.FunctionID ") +
                        m_query->FromClause + u' ' + m_query->WhereClause +
                        QStringLiteral(" AND Lat IS NOT NULL AND Organization.OrganizationID = ") +
                        QString::number(organization));
     if (!rows.next()) return std::nullopt;
-    const QString key = keyOf(optionalInteger(rows, 0), rows.real(1), rows.real(2), optionalInteger(rows, 3));
+    return entryWith(keyOf(optionalInteger(rows, 0), rows.real(1), rows.real(2), optionalInteger(rows, 3)));
+}
+
+std::optional<std::size_t> OrganizationPlaces::entryWith(const QString& key) const
+{
     const auto found = m_byKey.constFind(key);
     if (found == m_byKey.constEnd()) return std::nullopt;
     return *found;

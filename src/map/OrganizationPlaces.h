@@ -29,8 +29,10 @@ public:
     /// The session must outlive the places.
     explicit OrganizationPlaces(DatabaseSession& session) : m_session(session) {}
 
-    /// Reads the places of a query in place of those before. Throws Error; then the places read so far stay.
-    void read(const SharedQuery& query);
+    /// Reads the places of a view's query in place of those before. `shown` is that query or one for fewer of
+    /// its organizations, whose places alone are read; they are drawn in the same order as among all. Throws
+    /// Error; then the places read so far stay.
+    void read(const SharedQuery& query, const SharedQuery& shown);
 
     void clear();
 
@@ -47,10 +49,12 @@ public:
 private:
     void readPlaces(std::optional<qint64> functionId);
     void readAllPlaces(const std::vector<std::optional<qint64>>& functions);
-    void addPlace(const RecordSet& row, std::optional<qint64> functionId);
+    QString addPlace(const RecordSet& row, std::optional<qint64> functionId);
+    [[nodiscard]] std::optional<std::size_t> entryWith(const QString& key) const;
 
     DatabaseSession& m_session;
     SharedQuery m_query;
     std::vector<clsCities> m_entries;
     QHash<QString, std::size_t> m_byKey;
+    QHash<qint64, QString> m_keyOf; ///< by organization, if all places were read at once
 };

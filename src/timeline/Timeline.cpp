@@ -51,7 +51,7 @@ void Timeline::drawTimeline()
     if (!showsEvents()) return;
     std::vector<WindowEvent> events;
     try {
-        events = m_events.read(*m_history.currentQuery(), m_window);
+        events = m_events.read(*m_history.graphicQuery(), m_window);
     } catch (const std::exception&) {
         return;
     }
@@ -234,13 +234,13 @@ bool Timeline::searchByTimeConstraint()
 /// Reads the events of the window. Throws Error; then those read before stay.
 void Timeline::search()
 {
-    if (showsEvents()) take(m_events.read(*m_history.currentQuery(), m_window));
+    if (showsEvents()) take(m_events.read(*m_history.graphicQuery(), m_window));
 }
 
 /// Throws Error; then those before stay.
 void Timeline::take(std::vector<WindowEvent> events)
 {
-    m_events.take(std::move(events), *m_history.currentQuery(), m_window);
+    m_events.take(std::move(events), *m_history.graphicQuery(), m_window);
     m_scroll.value = 0;
 }
 

@@ -16,6 +16,7 @@ void ViewHistory::clear()
     m_current = 0;
     m_currentKind = ViewKind::Home;
     m_currentQuery.reset();
+    m_narrowedQuery.reset();
 }
 
 const SharedQuery& ViewHistory::currentQuery() const
@@ -61,6 +62,7 @@ void ViewHistory::showView(std::size_t position)
     const clsView shown = view(position);
     m_currentKind = shown.viewIndex;
     m_currentQuery.reset();
+    m_narrowedQuery.reset();
     if (m_presenter == nullptr) return;
     switch (shown.viewIndex) {
     case ViewKind::Documents:

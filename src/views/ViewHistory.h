@@ -55,13 +55,23 @@ public:
     [[nodiscard]] std::size_t current() const { return m_current; }
     [[nodiscard]] ViewKind currentKind() const { return m_currentKind; }
 
-    /// The query of the view shown last, for its list and its graphic; the cheaper one if one was set. There
-    /// must be a view.
+    /// The query of the view shown last, for its list; the cheaper one if one was set. There must be a view.
     [[nodiscard]] const SharedQuery& currentQuery() const;
 
     /// Sets a query for the view shown last that returns the same rows at less cost; lasts until a view is
     /// shown again.
     void setCurrentQuery(SharedQuery query) { m_currentQuery = std::move(query); }
+
+    /// The query of the view shown last, for its graphic: the narrowed one if one was set. There must be a
+    /// view.
+    [[nodiscard]] const SharedQuery& graphicQuery() const
+    {
+        return m_narrowedQuery ? m_narrowedQuery : currentQuery();
+    }
+
+    /// Sets a query for those records of the view shown last that its filter leaves; lasts until a view is
+    /// shown again.
+    void setNarrowedQuery(SharedQuery query) { m_narrowedQuery = std::move(query); }
 
     /// The record that is selected in the list and in the graphic of the view shown last; if several are
     /// selected in the list, the one that the user went to last.
@@ -78,6 +88,7 @@ private:
     std::map<std::size_t, QString> m_filters; ///< by position
     std::size_t m_current = 0;
     ViewKind m_currentKind = ViewKind::Home;
-    SharedQuery m_currentQuery; ///< null for the view's own
+    SharedQuery m_currentQuery;  ///< null for the view's own
+    SharedQuery m_narrowedQuery; ///< null for the current one
     ViewPresenter* m_presenter = nullptr;
 };

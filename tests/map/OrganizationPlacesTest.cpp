@@ -34,11 +34,17 @@ protected:
                          .c_str());
     }
 
-    void read(const QString& condition = {})
+    static SharedQuery query(const QString& condition)
     {
         SQLObject query = *StandardQueries().organizations;
         query.WhereClause += condition;
-        places.read(std::make_shared<const SQLObject>(query));
+        return std::make_shared<const SQLObject>(query);
+    }
+
+    void read(const QString& condition = {})
+    {
+        const SharedQuery view = query(condition);
+        places.read(view, view);
     }
 
     /// Function, place and colour of each entry, one a line.
@@ -108,7 +114,13 @@ TEST_F(OrganizationPlacesTest, ReadsThousandsOfFunctionsLikeAFew)
     };
     read();
     const QStringList few = inOrder();
+    QStringList fewer = few;
+    fewer.removeOne(u"Law Reno, NV"_s);
     EXPECT_EQ(few.size(), 4);
+    places.read(query({}), query(u" AND Organization.OrganizationID <> 2"_s));
+    EXPECT_EQ(inOrder(), fewer) << "those of a narrowed view too, in the order of all";
+    EXPECT_EQ(places.entryOf(2), std::nullopt);
+    EXPECT_EQ(namesAt(places.entryOf(4).value(), true), "Org 3|Org 4");
     database.run("WITH RECURSIVE n(i) AS (VALUES (100) UNION ALL SELECT i + 1 FROM n WHERE i < 2099) INSERT "
                  "INTO Organization (OrganizationID, OrganizationName, FunctionID, Lat, Lon, Status) "
                  "SELECT i, 'Org', i, 40, -150, 'ACTIVE' FROM n");

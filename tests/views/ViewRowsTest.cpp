@@ -10,6 +10,7 @@
 #include "support/TestDatabase.h"
 #include "timeline/Moments.h"
 #include "timeline/TimeWindowQuery.h"
+#include "views/NarrowedQuery.h"
 #include "views/OddRows.h"
 #include "views/ShowOnlyViews.h"
 #include "views/StandardQueries.h"
@@ -70,6 +71,24 @@ protected:
         }
         return {keywordQuery(m_queries, kind, typed),
                 u" AND ((%1) OR (%2))"_s.arg(inName.join(u" AND "), inDescription.join(u" AND "))};
+    }
+
+    /// Narrows a view to none, some, most or all of its records, and its condition by hand, in which the key
+    /// is called `key`.
+    void narrow(RecordKind kind, SharedQuery& view, QString& condition, const QString& key)
+    {
+        std::vector<qint64> all;
+        std::vector<qint64> shown;
+        QStringList keys;
+        RecordSet rows = m_database.session().read(view->sqlStr());
+        for (const int share = upTo(3); rows.next();) {
+            all.push_back(rows.integer(rows.column(recordNames(kind).key)));
+            if (upTo(2) >= share) continue;
+            shown.push_back(all.back());
+            keys << QString::number(all.back());
+        }
+        view = narrowedTo(kind, view, shown, all);
+        condition += u" AND %1 IN (%2)"_s.arg(key, keys.join(u','));
     }
 
     /// Switches a list criterion on or leaves it off, with up to three keys, some of which do not exist.
@@ -209,7 +228,8 @@ TEST_P(ViewRows, OfStandardListsAndKeywordSearches)
 TEST_P(ViewRows, OfAdvancedSearchesAndTheirCharts)
 {
     for (int draw = 0; draw < 40; ++draw) {
-        const Found documents = documentSearch();
+        Found documents = documentSearch();
+        narrow(RecordKind::Document, documents.view, documents.condition, u"d.DocumentID"_s);
         const QString ofTypes =
             documents.types.isEmpty()
                 ? QString()
@@ -265,8 +285,9 @@ TEST_P(ViewRows, InAWindowOfTime)
         return dayOf(moment).toString(Qt::ISODate) + u' ' + timeText(moment);
     };
     for (int draw = 0; draw < 40; ++draw) {
-        const auto [view, condition] =
+        auto [view, condition] =
             draw % 2 == 0 ? std::pair(m_queries.events, QString()) : keywordSearch(RecordKind::Event);
+        if (draw % 3 == 0) narrow(RecordKind::Event, view, condition, u"e.EventID"_s);
         if (draw == 30) {
             // a database without that index returns the same rows, only later
             m_database.session().close();
@@ -290,9 +311,11 @@ TEST_P(ViewRows, OnTheMap)
 {
     std::size_t markers = 0;
     for (int draw = 0; draw < 40; ++draw) {
-        const auto [view, condition, types] = organizationSearch();
+        auto [view, condition, types] = organizationSearch();
+        const SharedQuery whole = view;
+        if (draw % 2 == 0) narrow(RecordKind::Organization, view, condition, u"o.OrganizationID"_s);
         OrganizationPlaces places(m_database.session());
-        places.read(view);
+        places.read(whole, view);
         QStringList drawn;
         for (const clsCities& place : places.entries()) {
             const QString function = place.functionId ? QString::number(*place.functionId) : u"NULL"_s;
