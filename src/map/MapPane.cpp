@@ -152,7 +152,6 @@ void MapPane::drawMap()
         m_places.read(m_history.currentQuery(), m_history.graphicQuery());
     });
     showPlaces();
-    showSelected();
     // the map of a view that is read again stays where the user moved it
     if (isRead && m_shownView != m_history.current()) {
         m_shownView = m_history.current();
@@ -160,6 +159,13 @@ void MapPane::drawMap()
     }
     // last, so that the markers are drawn before the message about a missing layer
     runProcedure(m_messages, procedure, [this] { addStatesLayer(); });
+}
+
+void MapPane::followFilter()
+{
+    runProcedure(m_messages, QStringLiteral("drawMap"),
+                 [this] { m_places.narrow(m_history.currentQuery(), m_history.graphicQuery()); });
+    showPlaces();
 }
 
 void MapPane::clearMap()
@@ -173,6 +179,7 @@ void MapPane::showPlaces()
     m_empty->hide();
     m_map->setPlaces(m_places.entries());
     m_legend->setLines(legendLines(m_places.entries()));
+    showSelected();
 }
 
 void MapPane::forget()

@@ -39,6 +39,9 @@ public:
     /// read, the message is shown; places that were read are drawn.
     void drawMap();
 
+    /// Draws the places of the records that the filter of the view leaves, which was drawn before.
+    void followFilter();
+
     /// Says on a map without markers why it has none. To be called after each drawing, with the number of
     /// organizations in the view.
     void explainEmpty(std::size_t organizations);

@@ -48,16 +48,30 @@ bool isOnEarth(double lat, double lon)
 
 void OrganizationPlaces::clear()
 {
-    m_entries.clear();
-    m_byKey.clear();
-    m_keyOf.clear();
-    m_query.reset();
+    m_shown = {};
+    m_all = {};
 }
 
 void OrganizationPlaces::read(const SharedQuery& query, const SharedQuery& shown)
 {
     clear();
-    m_query = shown;
+    readShown(query, shown);
+}
+
+void OrganizationPlaces::narrow(const SharedQuery& query, const SharedQuery& shown)
+{
+    if (m_shown.isWhole) m_all = std::move(m_shown);
+    m_shown = {};
+    if (shown == query && m_all.isWhole && m_all.query == query) {
+        m_shown = m_all;
+    } else {
+        readShown(query, shown);
+    }
+}
+
+void OrganizationPlaces::readShown(const SharedQuery& query, const SharedQuery& shown)
+{
+    m_shown.query = shown;
     RecordSet functions =
         m_session.read(QStringLiteral("SELECT DISTINCT Organization.FunctionID ") + query->FromClause + u' ' +
                        query->WhereClause + QStringLiteral(" AND Lat IS NOT NULL"));
@@ -66,18 +80,19 @@ void OrganizationPlaces::read(const SharedQuery& query, const SharedQuery& shown
         identifiers.push_back(optionalInteger(functions, 0));
     if (shown != query || identifiers.size() > mostReadSingly) {
         readAllPlaces(identifiers);
-        return;
+    } else {
+        for (const auto& functionId : identifiers)
+            readPlaces(functionId);
     }
-    for (const auto& functionId : identifiers)
-        readPlaces(functionId);
+    m_shown.isWhole = shown == query;
 }
 
 void OrganizationPlaces::readPlaces(std::optional<qint64> functionId)
 {
     RecordSet places =
         m_session.read(QStringLiteral("SELECT DISTINCT FunctionName, LocationID, Lat, Lon, City, State ") +
-                       m_query->FromClause + u' ' + m_query->WhereClause + functionCondition(functionId) +
-                       QStringLiteral(" AND Lat IS NOT NULL"));
+                       m_shown.query->FromClause + u' ' + m_shown.query->WhereClause +
+                       functionCondition(functionId) + QStringLiteral(" AND Lat IS NOT NULL"));
     while (places.next())
         addPlace(places, functionId);
 }
@@ -92,19 +107,21 @@ void OrganizationPlaces::readAllPlaces(const std::vector<std::optional<qint64>>&
     RecordSet places = m_session.read(
         QStringLiteral("SELECT FunctionName, LocationID, Lat, Lon, City, State, Organization.FunctionID, "
                        "Organization.OrganizationID ") +
-        m_query->FromClause + u' ' + m_query->WhereClause + QStringLiteral(" AND Lat IS NOT NULL"));
+        m_shown.query->FromClause + u' ' + m_shown.query->WhereClause +
+        QStringLiteral(" AND Lat IS NOT NULL"));
     constexpr int function = 6;
     constexpr int organization = 7;
     while (places.next()) {
         const QString key = addPlace(places, optionalInteger(places, function));
-        if (!key.isEmpty()) m_keyOf.insert(places.integer(organization), key);
+        if (!key.isEmpty()) m_shown.keyOf.insert(places.integer(organization), key);
     }
-    std::stable_sort(m_entries.begin(), m_entries.end(), [&order](const clsCities& a, const clsCities& b) {
-        return order[a.functionId] < order[b.functionId];
-    });
-    for (std::size_t entry = 0; entry < m_entries.size(); ++entry) {
-        const clsCities& place = m_entries[entry];
-        m_byKey[keyOf(place.LocationID, place.lat, place.lon, place.functionId)] = entry;
+    std::stable_sort(m_shown.entries.begin(), m_shown.entries.end(),
+                     [&order](const clsCities& a, const clsCities& b) {
+                         return order[a.functionId] < order[b.functionId];
+                     });
+    for (std::size_t entry = 0; entry < m_shown.entries.size(); ++entry) {
+        const clsCities& place = m_shown.entries[entry];
+        m_shown.byKey[keyOf(place.LocationID, place.lat, place.lon, place.functionId)] = entry;
     }
 }
 
@@ -116,26 +133,27 @@ QString OrganizationPlaces::addPlace(const RecordSet& row, std::optional<qint64>
     const double lon = row.real(3);
     if (row.isNull(3) || !isOnEarth(lat, lon)) return {};
     QString key = keyOf(location, lat, lon, functionId);
-    if (m_byKey.contains(key)) return key;
-    m_byKey.insert(key, m_entries.size());
-    m_entries.push_back({functionId, row.text(0), location, lat, lon, row.text(4), row.text(5),
-                         clsCities::colourOf(functionId)});
+    if (m_shown.byKey.contains(key)) return key;
+    m_shown.byKey.insert(key, m_shown.entries.size());
+    m_shown.entries.push_back({functionId, row.text(0), location, lat, lon, row.text(4), row.text(5),
+                               clsCities::colourOf(functionId)});
     return key;
 }
 
 std::vector<PlacedOrganization> OrganizationPlaces::organizationsAt(std::size_t entry,
                                                                     bool everyFunction) const
 {
-    const clsCities& place = m_entries.at(entry);
+    const clsCities& place = m_shown.entries.at(entry);
     const QString where =
         place.LocationID ? QStringLiteral(" AND LocationID = ") + QString::number(*place.LocationID)
                          : QStringLiteral(" AND LocationID IS NULL AND Lat = ") + exactNumber(place.lat) +
                                QStringLiteral(" AND Lon = ") + exactNumber(place.lon);
-    RecordSet rows = m_session.read(
-        QStringLiteral("SELECT DISTINCT Organization.OrganizationID, OrganizationName ") +
-        m_query->FromClause + u' ' + m_query->WhereClause + QStringLiteral(" AND Lat IS NOT NULL") + where +
-        (everyFunction ? QString() : functionCondition(place.functionId)) +
-        QStringLiteral(" ORDER BY OrganizationName"));
+    RecordSet rows =
+        m_session.read(QStringLiteral("SELECT DISTINCT Organization.OrganizationID, OrganizationName ") +
+                       m_shown.query->FromClause + u' ' + m_shown.query->WhereClause +
+                       QStringLiteral(" AND Lat IS NOT NULL") + where +
+                       (everyFunction ? QString() : functionCondition(place.functionId)) +
+                       QStringLiteral(" ORDER BY OrganizationName"));
     std::vector<PlacedOrganization> organizations;
     while (rows.next())
         organizations.push_back({rows.integer(0), rows.text(1)});
@@ -144,11 +162,11 @@ std::vector<PlacedOrganization> OrganizationPlaces::organizationsAt(std::size_t 
 
 std::optional<std::size_t> OrganizationPlaces::entryOf(qint64 organization) const
 {
-    if (!m_query) return std::nullopt;
-    if (!m_keyOf.isEmpty()) return entryWith(m_keyOf.value(organization));
+    if (!m_shown.query) return std::nullopt;
+    if (!m_shown.keyOf.isEmpty()) return entryWith(m_shown.keyOf.value(organization));
     RecordSet rows =
         m_session.read(QStringLiteral("SELECT DISTINCT LocationID, Lat, Lon, Organization.FunctionID ") +
-                       m_query->FromClause + u' ' + m_query->WhereClause +
+                       m_shown.query->FromClause + u' ' + m_shown.query->WhereClause +
                        QStringLiteral(" AND Lat IS NOT NULL AND Organization.OrganizationID = ") +
                        QString::number(organization));
     if (!rows.next()) return std::nullopt;
@@ -157,7 +175,7 @@ std::optional<std::size_t> OrganizationPlaces::entryOf(qint64 organization) cons
 
 std::optional<std::size_t> OrganizationPlaces::entryWith(const QString& key) const
 {
-    const auto found = m_byKey.constFind(key);
-    if (found == m_byKey.constEnd()) return std::nullopt;
+    const auto found = m_shown.byKey.constFind(key);
+    if (found == m_shown.byKey.constEnd()) return std::nullopt;
     return *found;
 }

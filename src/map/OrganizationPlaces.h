@@ -34,9 +34,13 @@ public:
     /// Error; then the places read so far stay.
     void read(const SharedQuery& query, const SharedQuery& shown);
 
+    /// Goes over to other organizations of the query that was read last, without reading the places of all
+    /// again. Throws as read() does.
+    void narrow(const SharedQuery& query, const SharedQuery& shown);
+
     void clear();
 
-    [[nodiscard]] const std::vector<clsCities>& entries() const { return m_entries; }
+    [[nodiscard]] const std::vector<clsCities>& entries() const { return m_shown.entries; }
 
     /// Returns the organizations of the view at an entry's place, ordered by name: those of its function, or
     /// of all functions. Throws Error.
@@ -47,14 +51,23 @@ public:
     [[nodiscard]] std::optional<std::size_t> entryOf(qint64 organization) const;
 
 private:
+    /// The places of a query.
+    struct Places
+    {
+        SharedQuery query;
+        std::vector<clsCities> entries;
+        QHash<QString, std::size_t> byKey; ///< the entries
+        QHash<qint64, QString> keyOf;      ///< by organization, if all were read at once
+        bool isWhole = false;              ///< whether these are all places of a view
+    };
+
+    void readShown(const SharedQuery& query, const SharedQuery& shown);
     void readPlaces(std::optional<qint64> functionId);
     void readAllPlaces(const std::vector<std::optional<qint64>>& functions);
     QString addPlace(const RecordSet& row, std::optional<qint64> functionId);
     [[nodiscard]] std::optional<std::size_t> entryWith(const QString& key) const;
 
     DatabaseSession& m_session;
-    SharedQuery m_query;
-    std::vector<clsCities> m_entries;
-    QHash<QString, std::size_t> m_byKey;
-    QHash<qint64, QString> m_keyOf; ///< by organization, if all places were read at once
+    Places m_shown;
+    Places m_all; ///< of the view while a filter narrows it, if they were read
 };

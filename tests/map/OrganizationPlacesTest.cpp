@@ -117,10 +117,16 @@ TEST_F(OrganizationPlacesTest, ReadsThousandsOfFunctionsLikeAFew)
     QStringList fewer = few;
     fewer.removeOne(u"Law Reno, NV"_s);
     EXPECT_EQ(few.size(), 4);
-    places.read(query({}), query(u" AND Organization.OrganizationID <> 2"_s));
+    const SharedQuery all = query({});
+    places.read(all, all);
+    places.narrow(all, query(u" AND Organization.OrganizationID <> 2"_s));
     EXPECT_EQ(inOrder(), fewer) << "those of a narrowed view too, in the order of all";
     EXPECT_EQ(places.entryOf(2), std::nullopt);
     EXPECT_EQ(namesAt(places.entryOf(4).value(), true), "Org 3|Org 4");
+    database.run("DELETE FROM Organization WHERE OrganizationID = 5");
+    places.narrow(all, all);
+    EXPECT_EQ(inOrder(), few) << "as they were read with the list";
+    add(5, "18", "'Austin', 'TX'", "NULL, NULL");
     database.run("WITH RECURSIVE n(i) AS (VALUES (100) UNION ALL SELECT i + 1 FROM n WHERE i < 2099) INSERT "
                  "INTO Organization (OrganizationID, OrganizationName, FunctionID, Lat, Lon, Status) "
                  "SELECT i, 'Org', i, 40, -150, 'ACTIVE' FROM n");
