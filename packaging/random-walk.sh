@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
 # random-walk.sh PROGRAM [SEED [ACTIONS]]: opens the program on a virtual display with a fresh copy of the sample,
-# pastes into it while there is nothing to paste, then presses keys and clicks at random. Fails if the program
-# ends by itself, does not leave when asked to, or reports something critical. The same seed makes the same actions.
+# pastes into it while there is nothing to paste, filters a list, shows the details beside it, and then presses keys and
+# clicks at random. Fails if the program ends by itself, does not leave when asked to, or reports something critical.
+# The same seed makes the same actions.
 set -euo pipefail
 
 program=$(realpath "$1")
@@ -114,7 +115,7 @@ escapes=0
 
 keys=(Tab Tab shift+Tab Return Return Escape space Delete BackSpace Up Down Left Right Page_Up Page_Down Home End Insert
     F2 F3 F4 F5 Menu a e s t 1 9 slash quotedbl percent apostrophe ctrl+a ctrl+c ctrl+x ctrl+v ctrl+z ctrl+y
-    shift+Insert ctrl+Return ctrl+1 ctrl+2 ctrl+3 ctrl+n ctrl+e ctrl+o ctrl+f ctrl+shift+f ctrl+shift+e
+    shift+Insert ctrl+Return ctrl+1 ctrl+2 ctrl+3 ctrl+n ctrl+e ctrl+o ctrl+f ctrl+l ctrl+l ctrl+shift+f ctrl+shift+e
     ctrl+shift+o ctrl+shift+d alt+Left alt+Right alt+Home alt+Down alt+n alt+y alt+d alt+k alt+o alt+v alt+r alt+e
     shift+Down shift+End ctrl+plus ctrl+minus ctrl+Home ctrl+End)
 buttons=(1 1 1 1 1 1 2 3 4 5)
@@ -139,6 +140,7 @@ start
 paste_nothing Document d alt+e
 paste_nothing Event e alt+c
 paste_nothing Organization o alt+r
+key ctrl+1 F4 ctrl+l a
 while ((done_actions < actions)); do
     is_running || { check_end; start; }
     draw_actions 5
