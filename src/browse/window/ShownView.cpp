@@ -13,7 +13,10 @@ RecordKind ShownView::kind() const
 
 QString ShownView::caption() const
 {
-    return m_state.history.view(m_state.history.current()).Caption;
+    const ViewHistory& history = m_state.history;
+    const QString caption = history.view(history.current()).Caption;
+    const QString words = history.filter().simplified();
+    return words.isEmpty() ? caption : tr("%1, filtered: %2").arg(caption, words);
 }
 
 std::vector<qint64> ShownView::records() const

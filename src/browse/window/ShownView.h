@@ -5,6 +5,7 @@
 #include "data/RecordKind.h"
 #include "widgets/GraphicPicture.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <optional>
@@ -19,6 +20,8 @@ struct ProgramState;
 /// graphic.
 class ShownView
 {
+    Q_DECLARE_TR_FUNCTIONS(ShownView)
+
 public:
     /// All must outlive the object.
     ShownView(ProgramState& state, ListPane& list, GraphicViews& graphics, QWidget& window)
@@ -32,7 +35,7 @@ public:
 
     [[nodiscard]] RecordKind kind() const;
 
-    /// What the view is called.
+    /// What the view is called, with the words of its filter.
     [[nodiscard]] QString caption() const;
 
     /// The records of the list in its order; those that are selected in it.
