@@ -72,19 +72,32 @@ void OrganizationPlaces::narrow(const SharedQuery& query, const SharedQuery& sho
 void OrganizationPlaces::readShown(const SharedQuery& query, const SharedQuery& shown)
 {
     m_shown.query = shown;
-    RecordSet functions =
-        m_session.read(QStringLiteral("SELECT DISTINCT Organization.FunctionID ") + query->FromClause + u' ' +
-                       query->WhereClause + QStringLiteral(" AND Lat IS NOT NULL"));
-    std::vector<std::optional<qint64>> identifiers;
-    while (functions.next())
-        identifiers.push_back(optionalInteger(functions, 0));
-    if (shown != query || identifiers.size() > mostReadSingly) {
-        readAllPlaces(identifiers);
+    const std::vector<std::optional<qint64>> functions = functionsOf(query);
+    if (shown != query || functions.size() > mostReadSingly) {
+        readAllPlaces(functions);
     } else {
-        for (const auto& functionId : identifiers)
+        for (const auto& functionId : functions)
             readPlaces(functionId);
     }
     m_shown.isWhole = shown == query;
+}
+
+/// The functions of a view in the order in which they are drawn.
+std::vector<std::optional<qint64>> OrganizationPlaces::functionsOf(const SharedQuery& query) const
+{
+    std::vector<std::optional<qint64>> functions;
+    if (m_all.isWhole && m_all.query == query) {
+        for (const clsCities& place : m_all.entries)
+            if (functions.empty() || functions.back() != place.functionId)
+                functions.push_back(place.functionId);
+        return functions;
+    }
+    RecordSet rows =
+        m_session.read(QStringLiteral("SELECT DISTINCT Organization.FunctionID ") + query->FromClause + u' ' +
+                       query->WhereClause + QStringLiteral(" AND Lat IS NOT NULL"));
+    while (rows.next())
+        functions.push_back(optionalInteger(rows, 0));
+    return functions;
 }
 
 void OrganizationPlaces::readPlaces(std::optional<qint64> functionId)

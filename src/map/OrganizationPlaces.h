@@ -62,6 +62,7 @@ private:
     };
 
     void readShown(const SharedQuery& query, const SharedQuery& shown);
+    [[nodiscard]] std::vector<std::optional<qint64>> functionsOf(const SharedQuery& query) const;
     void readPlaces(std::optional<qint64> functionId);
     void readAllPlaces(const std::vector<std::optional<qint64>>& functions);
     QString addPlace(const RecordSet& row, std::optional<qint64> functionId);
