@@ -2,7 +2,18 @@
 
 #include "filetext/FileTextIndex.h"
 
+namespace {
+
+const QString ending = QStringLiteral(".filetext");
+
+} // namespace
+
 QString FileTextIndex::pathOf(const QString& database)
 {
-    return database + QStringLiteral(".filetext");
+    return database + ending;
+}
+
+bool FileTextIndex::isPath(const QString& path)
+{
+    return path.endsWith(ending);
 }
