@@ -2,7 +2,9 @@
 
 #include "filetext/FileTextIndex.h"
 
+#include "files/DatabaseFile.h"
+
 QString FileTextIndex::pathOf(const QString& database)
 {
-    return database + QStringLiteral(".filetext");
+    return database + fileTextEnding;
 }
