@@ -8,3 +8,8 @@ QString FileTextIndex::pathOf(const QString& database)
 {
     return database + fileTextEnding;
 }
+
+bool FileTextIndex::isPath(const QString& path)
+{
+    return path.endsWith(fileTextEnding);
+}
