@@ -142,9 +142,9 @@ TEST_F(Backup, ComesBackAsItWasInEachFormat)
                 report.setFileTime(modified, QFile::FileModificationTime));
     report.close();
 
-    writeFile(database() + u".filetext"_s, "can be made again");
+    const QString index = u"Rivers.sqlite.filetext"_s;
+    writeFile(data() + index, "can be made again");
     std::map<QString, QByteArray> expected = filesIn(data());
-    const QString index = QFileInfo(database()).fileName() + u".filetext"_s;
     for (const QString& name : {u"documents/.upload-7"_s, u"documents/4.pdf"_s, index})
         EXPECT_EQ(expected.erase(name), 1U) << name.toStdString();
     expected[u"documents/3_files/Bild %E9.gif"_s] = "named elsewhere";

@@ -76,8 +76,10 @@ TEST_F(FileReadingJourney, GoesOnWhileTheUserDoesNothingAndCanBePaused)
     EXPECT_FALSE(isRunning());
     journey.trigger("mnuViewDocuments");
     journey.select("Atlas");
-    journey.desktop.messages.expectQuestion(u"Are you sure you want to delete the Document \"Atlas\"?"_s,
-                                            true);
+    ScriptedMessages& messages = journey.desktop.messages;
+    messages.expectQuestion(u"Are you sure you want to delete the Document \"Atlas\"?"_s, true,
+                            Question::Loss);
+    messages.expectMessage(u"Document ID 2 successfully deleted."_s);
     journey.trigger("mnuRecordDelete");
     QTest::qWait(1500);
     EXPECT_EQ(contentOf(path("asked")), first) << "while it is paused";
