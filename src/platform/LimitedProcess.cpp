@@ -31,11 +31,9 @@ void limit(int resource, qint64 amount)
 }
 
 /// Is called in the new process, between fork and exec: only what is safe in a signal handler.
-void applyLimits(qint64 seconds, [[maybe_unused]] qint64 memory)
+void applyLimits(qint64 seconds, qint64 memory)
 {
-#ifndef __SANITIZE_ADDRESS__ // the sanitizer takes terabytes of addresses, which it does not use
     limit(RLIMIT_AS, memory);
-#endif
     limit(RLIMIT_CPU, seconds);
     limit(RLIMIT_CORE, 0);
 #ifdef Q_OS_LINUX
@@ -153,8 +151,8 @@ QString LimitedProcess::failureOf() const
         return PlatformTexts::tr("The program that reads it is not installed: %1").arg(m_process.program());
     const bool isCrash = m_process.exitStatus() == QProcess::CrashExit;
     if (!isCrash && m_process.exitCode() == 0) return {};
-    // what poppler and the standard library of C++ say
-    if (m_result.errors.contains("ut of memory") || m_result.errors.contains("bad_alloc"))
+    // as most programs say, and the standard library of C++
+    if (m_result.errors.contains("memory") || m_result.errors.contains("bad_alloc"))
         return PlatformTexts::tr("It takes too much memory.");
     return isCrash ? PlatformTexts::tr("The program that reads it failed.")
                    : PlatformTexts::tr("It is damaged.");

@@ -13,6 +13,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <limits>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -34,7 +35,13 @@ bool isSame(const IndexedFile& known, const IndexedFile& now)
 
 } // namespace
 
-const ProcessLimits Indexer::limits{};
+const ProcessLimits Indexer::limits = [] {
+    ProcessLimits held;
+#ifdef __SANITIZE_ADDRESS__ // takes terabytes of addresses, which it does not use
+    held.memory = std::numeric_limits<qint64>::max();
+#endif
+    return held;
+}();
 
 Indexer::Indexer(IndexFile& index, const QString& folder, QString reader)
     : m_index(index), m_files(folder), m_reader(std::move(reader)), m_known(index.files())
