@@ -2,18 +2,14 @@
 
 #include "filetext/FileTextIndex.h"
 
-namespace {
-
-const QString ending = QStringLiteral(".filetext");
-
-} // namespace
+#include "files/DatabaseFile.h"
 
 QString FileTextIndex::pathOf(const QString& database)
 {
-    return database + ending;
+    return database + fileTextEnding;
 }
 
 bool FileTextIndex::isPath(const QString& path)
 {
-    return path.endsWith(ending);
+    return path.endsWith(fileTextEnding);
 }
