@@ -5,15 +5,13 @@
 #include "platform/Procedure.h"
 #include "search/AdvancedSearch.h"
 #include "search/FoundKeys.h"
-#include "search/FoundWordsDelegate.h"
 #include "search/KeywordSearch.h"
 #include "search/SearchResultsPage.h"
 #include "search/frmAdvSearch.h"
 #include "search/frmSearch.h"
 #include "views/ViewHistory.h"
+#include "widgets/MarkingDelegate.h"
 #include "widgets/WaitCursor.h"
-
-#include <QAbstractItemView>
 
 SearchCommands::SearchCommands(const SearchSurroundings& surroundings, RecordPicker& picker, QWidget& window)
     : QObject(&window), m_at(surroundings), m_picker(&picker), m_window(window)
@@ -37,10 +35,11 @@ SearchResultsPage* SearchCommands::page()
     return m_page;
 }
 
-void SearchCommands::attachTo(QAbstractItemView& list)
+void SearchCommands::attachTo(MarkingDelegate& list)
 {
-    m_delegate = new FoundWordsDelegate(&list);
-    list.setItemDelegateForColumn(0, m_delegate);
+    list.addMarker([this](const QModelIndex& index, const QString& text) {
+        return index.column() == 0 ? m_words.in(text) : std::vector<TextRange>();
+    });
 }
 
 frmSearch& SearchCommands::keywordSearch()
@@ -87,7 +86,7 @@ SharedQuery SearchCommands::queryFor(RecordKind kind, const SharedQuery& query) 
 
 void SearchCommands::beginList()
 {
-    m_delegate->setWords(FoundWords(splitWords(currentView().Keywords).words));
+    m_words = FoundWords(splitWords(currentView().Keywords).words);
 }
 
 std::optional<SearchCommands::EmptyResult> SearchCommands::emptyResult(bool isListed) const

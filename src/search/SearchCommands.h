@@ -4,6 +4,7 @@
 
 #include "data/RecordKind.h"
 #include "data/SQLObject.h"
+#include "search/FoundWords.h"
 #include "search/SearchSurroundings.h"
 
 #include <QObject>
@@ -11,8 +12,7 @@
 
 #include <optional>
 
-class FoundWordsDelegate;
-class QAbstractItemView;
+class MarkingDelegate;
 class RecordPicker;
 class SearchResultsPage;
 class frmAdvSearch;
@@ -36,7 +36,7 @@ public:
     [[nodiscard]] SearchResultsPage* page();
 
     /// Lets the searches mark found words in a list, whose first column has the names. To be called once.
-    void attachTo(QAbstractItemView& list);
+    void attachTo(MarkingDelegate& list);
 
     void openKeywordSearch();
 
@@ -82,7 +82,7 @@ private:
     RecordPicker* m_picker;
     QWidget& m_window;
     SearchResultsPage* m_page = nullptr;
-    FoundWordsDelegate* m_delegate = nullptr;
+    FoundWords m_words; ///< of the search that made the current view
     frmSearch* m_keywordSearch = nullptr;
     QPointer<frmAdvSearch> m_advancedSearch;
 };

@@ -96,6 +96,9 @@ Q_SIGNALS:
     /// The user went to a record, perhaps to the same one again.
     void chosen(qint64 identifier);
 
+    /// The filter shows other rows than before, of a list that stays the same. The history has its words.
+    void filtered();
+
 private:
     struct Remembered
     {

@@ -2,7 +2,7 @@
 
 #include "browse/list/RecordListView.h"
 
-#include "widgets/LineDelegate.h"
+#include "widgets/MarkingDelegate.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -37,7 +37,7 @@ protected:
 
 } // namespace
 
-RecordListView::RecordListView(QWidget* parent) : QTreeView(parent)
+RecordListView::RecordListView(QWidget* parent) : QTreeView(parent), m_marks(new MarkingDelegate(this))
 {
     setObjectName(QStringLiteral("ListView1"));
     setAccessibleName(tr("Records"));
@@ -50,7 +50,7 @@ RecordListView::RecordListView(QWidget* parent) : QTreeView(parent)
     setEditTriggers(NoEditTriggers);
     setAlternatingRowColors(true);
     setContextMenuPolicy(Qt::CustomContextMenu);
-    setItemDelegate(new LineDelegate(this));
+    setItemDelegate(m_marks);
     setItemDelegateForColumn(1, new KeyMarkerDelegate(this));
     // the header's own stretching forgets the user's width and also makes the column narrower
     header()->setStretchLastSection(false);

@@ -4,6 +4,8 @@
 
 #include <QTreeView>
 
+class MarkingDelegate;
+
 /// A list of records in report style: a row for each record, columns that the user can widen, names found by
 /// typing.
 class RecordListView final : public QTreeView
@@ -22,6 +24,9 @@ public:
     /// Makes text and icons so many percent of the desktop's.
     void setTextSize(int percent);
 
+    /// Marks words in the cells.
+    [[nodiscard]] MarkingDelegate& marks() { return *m_marks; }
+
     /// Copies the selected rows, as text with tabs and as a table.
     void copySelection() const;
 
@@ -39,6 +44,7 @@ private:
     void takeWidth(int column, int width);
     void stretchLastColumn();
 
+    MarkingDelegate* m_marks;
     int m_lastWidth = 0;     ///< of the last column in pixels, before it is drawn wider
     bool m_resizing = false; ///< while the program resizes columns, not the user
 };

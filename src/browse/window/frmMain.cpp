@@ -117,7 +117,7 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_starts(new StartCommands({platform, state, *m_databases, *m_list, *m_editors, *m_search}, *this))
 {
     setObjectName(QStringLiteral("frmMain"));
-    m_search->attachTo(m_list->view());
+    m_search->attachTo(m_list->view().marks());
     setCentralWidget(m_pages);
     connectCommands();
     connectViews();
