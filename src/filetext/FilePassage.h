@@ -4,8 +4,10 @@
 
 #include "util/TextRange.h"
 
+#include <QMetaType>
 #include <QString>
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,3 +32,8 @@ struct FilePassage
     static FilePassage in(std::string_view text, const TextWords& splitter,
                           const std::vector<SoughtWord>& sought);
 };
+
+/// Returns what is shown of the file of a document; an empty passage if nothing is.
+using FilePassages = std::function<FilePassage(qint64 document)>;
+
+Q_DECLARE_METATYPE(FilePassage)

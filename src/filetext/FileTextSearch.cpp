@@ -10,6 +10,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace {
 
@@ -21,7 +22,8 @@ constexpr int patienceMilliseconds = 250;
 struct FileTextSearch::Connection
 {
     explicit Connection(const QString& path)
-        // what a program that was ended had begun is taken back before the index can be read, which is a write
+        // what a program that was ended had begun is taken back before the index can be read, which is a
+        // write
         : database(QFile::encodeName(path).toStdString(), SQLite::OPEN_READWRITE, patienceMilliseconds),
           words(database)
     {
@@ -102,7 +104,7 @@ FilePassage FileTextSearch::passage(qint64 file)
 {
     return callEngine([&] {
         SQLite::Statement texts(m_connection->database, "SELECT Text FROM FileText WHERE rowid = ?");
-        texts.bind(1, file);
+        texts.bind(1, static_cast<std::int64_t>(file));
         if (!texts.executeStep()) return FilePassage();
         const SQLite::Column text = texts.getColumn(0);
         const std::string_view bytes(text.getText(), static_cast<std::size_t>(text.getBytes()));

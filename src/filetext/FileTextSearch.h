@@ -33,8 +33,8 @@ public:
     /// Returns all files of the index by their names, letter by letter. Throws Error.
     [[nodiscard]] QHash<QString, File> files();
 
-    /// Returns the place of a found file that has the most of the words close together, or an empty passage if
-    /// there is none near the beginning. Throws Error.
+    /// Returns the place of a found file that has the most of the words close together, or an empty passage
+    /// if there is none near the beginning. Throws Error.
     [[nodiscard]] FilePassage passage(qint64 file);
 
 private:

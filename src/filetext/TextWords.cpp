@@ -3,17 +3,25 @@
 #include "filetext/TextWords.h"
 
 #include <array>
+#include <memory>
 
 namespace {
+
+void require(int result)
+{
+    if (result != SQLITE_OK && result != SQLITE_DONE) throw SQLite::Exception(sqlite3_errstr(result), result);
+}
 
 fts5_api* searchOf(SQLite::Database& database)
 {
     fts5_api* api = nullptr;
-    SQLite::Statement statement(database, "SELECT fts5(?)");
-    sqlite3_bind_pointer(statement.getPreparedStatement(), 1, static_cast<void*>(&api), "fts5_api_ptr",
-                         nullptr);
-    statement.executeStep();
-    if (api == nullptr) throw SQLite::Exception("SQLite was built without its full text search", SQLITE_ERROR);
+    sqlite3_stmt* prepared = nullptr;
+    require(sqlite3_prepare_v2(database.getHandle(), "SELECT fts5(?)", -1, &prepared, nullptr));
+    const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> statement(prepared, &sqlite3_finalize);
+    require(sqlite3_bind_pointer(prepared, 1, static_cast<void*>(&api), "fts5_api_ptr", nullptr));
+    sqlite3_step(prepared);
+    if (api == nullptr)
+        throw SQLite::Exception("SQLite was built without its full text search", SQLITE_ERROR);
     return api;
 }
 
@@ -21,12 +29,6 @@ int takeWord(void* taker, int /*flags*/, const char* word, int size, int begin, 
 {
     const auto& take = *static_cast<const TextWords::Taker*>(taker);
     return take({word, static_cast<std::size_t>(size)}, begin, end) ? SQLITE_OK : SQLITE_DONE;
-}
-
-void require(int result)
-{
-    if (result != SQLITE_OK && result != SQLITE_DONE)
-        throw SQLite::Exception(sqlite3_errstr(result), result);
 }
 
 } // namespace
