@@ -3,6 +3,8 @@
 #include "search/FoundInFiles.h"
 
 #include "data/DatabaseSession.h"
+#include "files/FolderNames.h"
+#include "files/ProgramFolder.h"
 #include "filetext/FileTextIndex.h"
 #include "search/KeywordSearch.h"
 #include "search/SearchTexts.h"
@@ -11,6 +13,8 @@
 
 #include <QFileInfo>
 #include <QSet>
+
+#include <algorithm>
 
 namespace {
 
@@ -23,6 +27,17 @@ QString noteOf(const Error& error, const QString& index)
                    "What was read of the files is damaged. Delete %1; the files are then read again.")
             .arg(index);
     return SearchTexts::tr("The files could not be searched: %1").arg(error.description());
+}
+
+/// Returns how many of the files lie in the folder of a database; the index has only those.
+int existingOf(const QSet<QString>& names, const QString& database)
+{
+    if (names.isEmpty()) return 0;
+    const ProgramFolder folder = ProgramFolder(QString()).ofDatabase(database);
+    const FolderNames existing(folder.folderPath(ProgramFolders::documents));
+    return static_cast<int>(std::count_if(names.begin(), names.end(), [&existing](const QString& name) {
+        return ProgramFolder::isPlainName(name) && existing.contains(name);
+    }));
 }
 
 } // namespace
@@ -56,7 +71,7 @@ FoundInFiles::FoundInFiles(DatabaseSession& session, const StandardQueries& quer
 void FoundInFiles::match(DatabaseSession& session, const StandardQueries& queries,
                          const QHash<QString, FileTextSearch::File>& files)
 {
-    QSet<QString> unread;
+    QSet<QString> missing;
     RecordSet rows = session.read(QStringLiteral("SELECT Document.DocumentID, FileLocation ") +
                                   queries.documents->FromClause + u' ' + queries.documents->WhereClause +
                                   QStringLiteral(" AND FileLocation <> ''"));
@@ -64,16 +79,16 @@ void FoundInFiles::match(DatabaseSession& session, const StandardQueries& querie
         const QString name = rows.text(1);
         const auto file = files.constFind(name);
         if (file == files.constEnd()) {
-            unread.insert(name);
+            missing.insert(name);
         } else if (file->isFound) {
             m_files[rows.integer(0)] = file->key;
         }
     }
-    if (unread.isEmpty()) return;
-    const auto count = static_cast<int>(unread.size());
+    const int unread = existingOf(missing, session.fileName());
+    if (unread == 0) return;
     m_note = files.isEmpty() ? SearchTexts::tr("The files have not been read yet.")
-             : count == 1    ? SearchTexts::tr("1 file has not been read yet.")
-                             : SearchTexts::tr("%n files have not been read yet.", nullptr, count);
+             : unread == 1   ? SearchTexts::tr("1 file has not been read yet.")
+                             : SearchTexts::tr("%n files have not been read yet.", nullptr, unread);
 }
 
 std::vector<qint64> FoundInFiles::documents() const
