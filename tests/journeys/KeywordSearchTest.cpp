@@ -66,16 +66,7 @@ protected:
         return labels.join(u'|').toStdString();
     }
 
-    /// Whether any word in the list stands on the colour of marks.
-    bool showsMarks()
-    {
-        const QImage picture = journey.list().grab().toImage();
-        const QRgb mark = qRgb(255, 221, 87);
-        for (int pixel = 0; pixel < picture.width() * picture.height(); ++pixel) {
-            if (picture.pixel(pixel % picture.width(), pixel / picture.width()) == mark) return true;
-        }
-        return false;
-    }
+    bool showsMarks() { return journey.showsMarks(); }
 
     Journey journey;
 };
