@@ -7,6 +7,7 @@
 #include "check/ContentCheck.h"
 #include "check/DatesCheck.h"
 #include "check/EngineCheck.h"
+#include "check/FileTextsCheck.h"
 #include "check/HistoryCheck.h"
 #include "check/LinksCheck.h"
 #include "check/MissingFilesCheck.h"
@@ -39,6 +40,8 @@ QString checkName(CheckTopic topic)
         return u"missing-files"_s;
     case CheckTopic::StrayFiles:
         return u"stray-files"_s;
+    case CheckTopic::FileTexts:
+        return u"file-texts"_s;
     case CheckTopic::ChangedRecords:
         return u"changed-records"_s;
     case CheckTopic::ChangedFiles:
@@ -64,6 +67,8 @@ QString checkCaption(CheckTopic topic)
         return CheckTexts::tr("Missing files");
     case CheckTopic::StrayFiles:
         return CheckTexts::tr("Files that no record names");
+    case CheckTopic::FileTexts:
+        return CheckTexts::tr("Texts of the files");
     case CheckTopic::ChangedRecords:
         return CheckTexts::tr("Content of the records");
     case CheckTopic::ChangedFiles:
@@ -86,6 +91,7 @@ CollectionCheck::CollectionCheck(const QString& database, const ProgramFolder& f
     m_checks.push_back(std::make_unique<HistoryCheck>(*m_database));
     m_checks.push_back(std::make_unique<MissingFilesCheck>(*m_database, folder));
     m_checks.push_back(std::make_unique<StrayFilesCheck>(*m_database, folder));
+    m_checks.push_back(std::make_unique<FileTextsCheck>(*m_database, database, folder));
     if (scope == CheckScope::StructureAndFiles) {
         m_checks.push_back(std::make_unique<RecordsCheck>(*m_database));
         m_checks.push_back(std::make_unique<ContentCheck>(*m_database, folder, notes));

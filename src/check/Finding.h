@@ -20,6 +20,7 @@ enum class CheckTopic
     HistoryWithoutRecord, ///< former versions, or rows of the journal, of records that are not there
     MissingFiles,         ///< files that records name and that are not in their folder
     StrayFiles,           ///< files that no record names
+    FileTexts,            ///< files whose text could not be read for searches
     ChangedRecords,       ///< records that are not what they were when the program saved them last
     ChangedFiles          ///< files that are not what they were when the program took them in
 };

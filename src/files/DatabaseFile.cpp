@@ -48,7 +48,7 @@ void copyWithJournal(const QString& source, const QString& copy)
 DatabaseFileKind kindOfDatabaseFile(const QString& file)
 {
     QFile content(file);
-    if (!content.open(QIODevice::ReadOnly)) return DatabaseFileKind::Other;
+    if (file.endsWith(fileTextEnding) || !content.open(QIODevice::ReadOnly)) return DatabaseFileKind::Other;
     const QByteArray head = content.read(headLength);
     if (head.startsWith("SQLite format 3")) return DatabaseFileKind::Orvik;
     const QByteArray maker = head.mid(4, 15);

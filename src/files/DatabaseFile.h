@@ -8,7 +8,11 @@
 #include <memory>
 #include <optional>
 
-/// The kind of a file, judged by its content alone.
+/// How the name of the index of a database's documents ends, which lies beside it and can be made again at
+/// any time. SQLite writes it, too, but it is no database of the program.
+inline constexpr QLatin1String fileTextEnding(".filetext");
+
+/// The kind of a file, judged by its content; an index is of no kind.
 enum class DatabaseFileKind
 {
     Access,

@@ -141,10 +141,13 @@ void leaveFolder(const FolderMove& move)
     sync(QFileInfo(move.database).path());
 }
 
-void removeJournalsOf(const QString& database)
+/// Removes what belongs to a database that has left: its journals, and the index, which is made again.
+void removeRestOf(const QString& database)
 {
-    for (const char* ending : {"-journal", "-wal", "-shm"})
-        remove(database + QLatin1String(ending));
+    for (const QString& file : {database, database + fileTextEnding})
+        for (const char* ending : {"-journal", "-wal", "-shm"})
+            remove(file + QLatin1String(ending));
+    remove(database + fileTextEnding);
 }
 
 } // namespace
@@ -255,7 +258,7 @@ bool SharedFolderSplit::leave(const FolderMove& move, Result& result) const
 /// reason of the last one.
 std::optional<Error> SharedFolderSplit::takeFiles(FolderMove& move) const
 {
-    if (!exists(move.database)) removeJournalsOf(move.database);
+    if (!exists(move.database)) removeRestOf(move.database);
     const QString root = rootOf(move);
     QStringList remaining;
     std::optional<Error> failure;

@@ -2,7 +2,14 @@
 
 #include "filetext/FileTextIndex.h"
 
+#include "files/DatabaseFile.h"
+
 QString FileTextIndex::pathOf(const QString& database)
 {
-    return database + QStringLiteral(".filetext");
+    return database + fileTextEnding;
+}
+
+bool FileTextIndex::isPath(const QString& path)
+{
+    return path.endsWith(fileTextEnding);
 }

@@ -14,21 +14,23 @@
 /// What a program may use before it is ended.
 struct ProcessLimits
 {
-    std::chrono::milliseconds time{
-        60'000};                ///< on the clock, and of the processor where a system can limit it
-    qint64 memory = 1LL << 30;  ///< bytes of addresses, where a system can limit them
-    qint64 output = 64LL << 20; ///< bytes on its standard output
+    std::chrono::milliseconds time{60'000}; ///< on the clock, and of the processor
+    qint64 memory = 1LL << 30;              ///< bytes of addresses, if the system can limit them
+    qint64 output = 64LL << 20;             ///< bytes on its standard output
 };
 
 /// A program that reads a file of unknown origin in a process of its own, so that a file that makes it crash,
-/// hang or swell does no harm. The process ends with this object.
+/// hang or swell does no harm. The process ends with this object, and on Linux with the process that started
+/// it.
 class LimitedProcess
 {
 public:
     struct Result
     {
         QByteArray output;
-        QString failure; ///< why the program did not do its work; empty if it did
+        QByteArray errors; ///< the beginning of what the program wrote on its error output
+        QString failure;   ///< why the program did not do its work; empty if it did
+        bool hasStarted = true;
     };
 
     explicit LimitedProcess(const ProcessLimits& limits = {});
@@ -37,7 +39,7 @@ public:
     LimitedProcess& operator=(const LimitedProcess&) = delete;
 
     /// Starts a program that does not run yet. `finished` is called once from the event loop, also if the
-    /// program cannot be started; it may delete this object.
+    /// program cannot be started; it may delete this object or start the next program.
     void start(const QString& program, const QStringList& arguments,
                std::function<void(const Result&)> finished);
 
@@ -52,13 +54,16 @@ public:
 private:
     void prepare(const QString& program, const QStringList& arguments);
     void takeOutput();
+    void takeErrors();
     void endEarly(const QString& failure);
     void end();
+    void report();
     [[nodiscard]] QString failureOf() const;
 
     ProcessLimits m_limits;
     QProcess m_process;
-    QTimer m_timer;
+    QTimer m_timer;  ///< runs while the program may
+    QTimer m_report; ///< runs from the program's end until `finished` is called
     Result m_result;
     std::function<void(const Result&)> m_finished;
 };

@@ -142,8 +142,10 @@ TEST_F(Backup, ComesBackAsItWasInEachFormat)
                 report.setFileTime(modified, QFile::FileModificationTime));
     report.close();
 
+    const QString index = u"Rivers.sqlite.filetext"_s;
+    writeFile(data() + index, "can be made again");
     std::map<QString, QByteArray> expected = filesIn(data());
-    for (const QString& name : {u"documents/.upload-7"_s, u"documents/4.pdf"_s})
+    for (const QString& name : {u"documents/.upload-7"_s, u"documents/4.pdf"_s, index})
         EXPECT_EQ(expected.erase(name), 1U) << name.toStdString();
     expected[u"documents/3_files/Bild %E9.gif"_s] = "named elsewhere";
     for (const QString& name : {u"rivers.zip"_s, u"rivers.tar.zst"_s}) {

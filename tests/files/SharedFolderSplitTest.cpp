@@ -93,6 +93,7 @@ TEST(SharedFolderSplit, LeavesOneDatabaseOfTheProgramInTheFolderAndNoOtherFileEl
     folder.addDatabase(u"a.sqlite"_s, u"2.pdf"_s);
     folder.addDatabase(u"x.part"_s, {});
     folder.addDatabase(u"a.version1"_s, {});
+    folder.addDatabase(u"a.sqlite.filetext"_s, {});
     folder.addFiles(u"documents/2.pdf"_s);
     writeFile(folder.file(u"old.mdb"_s), "old.Standard Jet DB\nend");
     SQLite::Database(folder.file(u"notes.sqlite"_s).toStdString(),
@@ -103,8 +104,10 @@ TEST(SharedFolderSplit, LeavesOneDatabaseOfTheProgramInTheFolderAndNoOtherFileEl
     EXPECT_EQ(folder.filesIn(folder.data()), alone);
     EXPECT_FALSE(QFile::exists(folder.place()));
 
-    // the named one keeps the folder; what is taken keeps its name; a second name is no second database
+    // the named one keeps the folder; what is taken keeps its name; a second name is no second database; no
+    // index is left without its database
     folder.addDatabase(u"b.db"_s, u"2.pdf"_s);
+    folder.addDatabase(u"b.db.filetext"_s, {});
     folder.addDatabase(u"c"_s, {});
     writeFile(folder.place() + u"/a/mine.txt"_s, "a/mine.txt\nend");
     QFile::link(u"b.db"_s, folder.file(u"al.db"_s));
@@ -113,7 +116,8 @@ TEST(SharedFolderSplit, LeavesOneDatabaseOfTheProgramInTheFolderAndNoOtherFileEl
     EXPECT_EQ(result.movedFiles, 0);
     EXPECT_EQ(result.copiedFiles, 1);
     EXPECT_EQ(folder.filesIn(folder.data()).join(u' ').toStdString(),
-              "a.version1 al.db=b.db b.db documents/2.pdf notes.sqlite old.mdb=old.Standard Jet DB x.part");
+              "a.version1 al.db=b.db b.db b.db.filetext documents/2.pdf notes.sqlite old.mdb=old.Standard "
+              "Jet DB x.part");
     EXPECT_EQ(folder.filesIn(folder.place()).join(u' ').toStdString(),
               "a 2/data/a.sqlite a 2/data/documents/2.pdf a/mine.txt c/data/c");
 }

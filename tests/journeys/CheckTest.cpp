@@ -88,7 +88,9 @@ constexpr auto withFaults =
     "Missing files: 1 finding\n"
     "\tDocument \"Atlas\" (2) names the file 2.pdf, which is not in the folder documents.\n"
     "Files that no record names: 1 finding\n"
-    "\tThe file documents/stray.txt belongs to no record.\n";
+    "\tThe file documents/stray.txt belongs to no record.\n"
+    "Texts of the files: Nothing found\n"
+    "\t1 file has not been read for searches yet.\n";
 
 TEST_F(Check, SaysThatChecksCouldNotBeMade)
 {
@@ -98,7 +100,7 @@ TEST_F(Check, SaysThatChecksCouldNotBeMade)
     journey.inDialog("frmCheck", "mnuCheckCollection", [](OpenDialog& window) {
         shown(window);
         EXPECT_EQ(window.find<QLabel>("lblOutcome").text(),
-                  u"Nothing was found. 7 checks could not be made to their end."_s);
+                  u"Nothing was found. 8 checks could not be made to their end."_s);
         window.click("cmdClose");
     });
 }
@@ -169,8 +171,8 @@ TEST_F(Check, ShowsWhatItFindsAndTakesTheStepOfEachFinding)
         window.click("cmdCheckFiles");
         EXPECT_EQ(
             QString::fromStdString(shown(window)).section(u"Missing"_s, 1).toStdString(),
-            " files: Nothing found\nFiles that no record names: Nothing found\nContent of the records: "
-            "Nothing "
+            " files: Nothing found\nFiles that no record names: Nothing found\nTexts of the files: Nothing "
+            "found\n\t2 files have not been read for searches yet.\nContent of the records: Nothing "
             "found\nContent of the files: 1 finding\n\tDocument \"Brief\" (3): the file documents/3.pdf is "
             "not what it was when it was taken in.\n");
         select(window, "Document \"Brief\" (3): the file");

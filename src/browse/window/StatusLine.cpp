@@ -24,6 +24,9 @@ StatusLine::StatusLine(QMainWindow& window)
       m_saved(new ElidedLabel(m_change)),
       m_undo(new LinkButton(m_change)),
       m_notice(new ElidedLabel(&window)),
+      m_reading(new QWidget(&window)),
+      m_progress(new QLabel(m_reading)),
+      m_readingLink(new LinkButton(m_reading)),
       m_selection(new QLabel(&window)),
       m_status(new QLabel(&window))
 {
@@ -48,6 +51,7 @@ StatusLine::StatusLine(QMainWindow& window)
     m_selection->setContentsMargins(0, 0, gap, 0);
     bar.addPermanentWidget(m_change, 3); // mostly longer than the caption of the view
     bar.addPermanentWidget(m_notice, 1);
+    addReading(bar);
     bar.addPermanentWidget(m_selection);
     bar.addPermanentWidget(m_status);
     m_change->hide();
@@ -56,6 +60,21 @@ StatusLine::StatusLine(QMainWindow& window)
     // while a menu is open, the line tells what its commands do
     connect(&bar, &QStatusBar::messageChanged, this,
             [this](const QString& tip) { m_change->setVisible(tip.isEmpty() && m_hasChange); });
+}
+
+void StatusLine::addReading(QStatusBar& bar)
+{
+    m_reading->setObjectName(QStringLiteral("pnlReading"));
+    m_progress->setObjectName(QStringLiteral("pnlProgress"));
+    m_progress->setTextFormat(Qt::PlainText);
+    m_readingLink->setObjectName(QStringLiteral("cmdReading"));
+    connect(m_readingLink, &LinkButton::clicked, this, &StatusLine::readingLinkFollowed);
+    auto* reading = new QHBoxLayout(m_reading);
+    reading->setContentsMargins(0, 0, gap, 0);
+    reading->addWidget(m_progress);
+    reading->addWidget(m_readingLink);
+    bar.addPermanentWidget(m_reading);
+    m_reading->hide();
 }
 
 void StatusLine::showView(const QString& caption, const QString& count)
@@ -123,4 +142,12 @@ void StatusLine::showSelected(std::size_t rows)
     m_selection->setText(rows == 1 ? tr("1 row selected")
                                    : tr("%n rows selected", nullptr, static_cast<int>(rows)));
     m_selection->setVisible(rows > 0);
+}
+
+void StatusLine::showReading(const QString& text, const QString& link, const QString& explanation)
+{
+    m_progress->setText(text);
+    m_readingLink->setLink(link);
+    m_readingLink->setToolTip(PlainToolTip::text(explanation));
+    m_reading->setVisible(!text.isEmpty());
 }

@@ -11,10 +11,11 @@ class ElidedLabel;
 class LinkButton;
 class QLabel;
 class QMainWindow;
+class QStatusBar;
 class QWidget;
 
-/// The status bar: the view's caption, what was changed last, a notice, the number of selected rows and that
-/// of all rows.
+/// The status bar: the view's caption, what was changed last, a notice, how far the files are read, the
+/// number of selected rows and that of all rows.
 class StatusLine final : public QObject
 {
     Q_OBJECT
@@ -45,15 +46,25 @@ public:
 
     void showSelected(std::size_t rows);
 
+    /// Says how far the files are read, whatever view is shown, and offers `link` beside it; nothing if the
+    /// text is empty. `explanation` is the tool-tip of the link.
+    void showReading(const QString& text, const QString& link, const QString& explanation);
+
 Q_SIGNALS:
     void undoAsked();
+    void readingLinkFollowed();
 
 private:
+    void addReading(QStatusBar& bar);
+
     QLabel* m_view;
     QWidget* m_change; ///< holds the two below
     ElidedLabel* m_saved;
     LinkButton* m_undo;
     ElidedLabel* m_notice;
+    QWidget* m_reading; ///< holds the two below
+    QLabel* m_progress;
+    LinkButton* m_readingLink;
     QLabel* m_selection;
     QLabel* m_status;
     bool m_hasChange = false; ///< whether the panel of the last change has something to say
