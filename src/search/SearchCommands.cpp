@@ -4,6 +4,7 @@
 
 #include "platform/Procedure.h"
 #include "search/AdvancedSearch.h"
+#include "search/FoundInFiles.h"
 #include "search/FoundKeys.h"
 #include "search/KeywordSearch.h"
 #include "search/SearchResultsPage.h"
@@ -32,6 +33,8 @@ SearchResultsPage* SearchCommands::page()
     connect(m_page, &SearchResultsPage::recordChosen, this, &SearchCommands::recordChosen);
     connect(m_page, &SearchResultsPage::listChosen, this,
             [this](const clsView& view) { m_at.history.addView(view); });
+    connect(m_page, &SearchResultsPage::filesChosen, this,
+            [this](const SearchResults& results) { m_at.history.addView(results.filesView(m_at.queries)); });
     return m_page;
 }
 
@@ -72,16 +75,34 @@ void SearchCommands::openAdvancedSearch(RecordKind kind)
 void SearchCommands::showResults()
 {
     const QString keywords = currentView().Keywords;
+    const bool inFiles = currentView().alsoInFiles;
     const bool found = runProcedure(m_at.messages, QStringLiteral("showSearchResults"), [&] {
         const WaitCursor wait;
-        page()->showResults(SearchResults::read(m_at.session, m_at.queries, keywords));
+        page()->showResults(SearchResults::read(m_at.session, m_at.queries, keywords, inFiles));
     });
     if (!found) page()->showFailure(keywords);
 }
 
-SharedQuery SearchCommands::queryFor(RecordKind kind, const SharedQuery& query) const
+SharedQuery SearchCommands::queryFor(RecordKind kind, const SharedQuery& query)
 {
-    return currentView().Keywords.isEmpty() ? query : queryByKeys(m_at.session, kind, query);
+    const clsView& view = currentView();
+    m_inFiles.reset();
+    if (view.Keywords.isEmpty()) return query;
+    if (!view.alsoInFiles && !view.onlyInFiles) return queryByKeys(m_at.session, kind, query);
+    m_inFiles = std::make_shared<FoundInFiles>(m_at.session, m_at.queries, view.Keywords);
+    return view.onlyInFiles ? queryOfKeys(kind, query, m_inFiles->documents())
+                            : queryWithKeys(m_at.session, kind, query, m_inFiles->documents());
+}
+
+FilePassages SearchCommands::passages() const
+{
+    if (!m_inFiles) return {};
+    return [found = m_inFiles](qint64 document) { return found->passage(document); };
+}
+
+QString SearchCommands::notice() const
+{
+    return m_inFiles && recordKindOf(currentView().viewIndex) ? m_inFiles->note() : QString();
 }
 
 void SearchCommands::beginList()
@@ -96,7 +117,9 @@ std::optional<SearchCommands::EmptyResult> SearchCommands::emptyResult(bool isLi
     if (view.Keywords.isEmpty() && !byCriteria) return std::nullopt;
     if (!isListed) return EmptyResult{tr("This search could not be made."), tr("Change the search")};
     if (byCriteria) return EmptyResult{tr("No record meets the criteria."), tr("Change the criteria")};
-    return EmptyResult{tr("Nothing was found for \"%1\".").arg(view.Keywords), tr("Search again")};
+    const QString nothing = tr("Nothing was found for \"%1\".").arg(view.Keywords);
+    const QString note = notice();
+    return EmptyResult{note.isEmpty() ? nothing : nothing + u'\n' + note, tr("Search again")};
 }
 
 void SearchCommands::searchAgain()

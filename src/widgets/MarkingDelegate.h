@@ -24,7 +24,6 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
 
-protected:
     /// Draws one line of text in the item's font and colours, cut to the width of the area. The ranges lie
     /// apart from each other.
     static void drawMarked(QPainter& painter, const QStyleOptionViewItem& item, const QRect& area,

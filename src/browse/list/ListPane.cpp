@@ -96,6 +96,12 @@ bool ListPane::readRows(const QString& statement, const std::shared_ptr<RecordLi
     return true;
 }
 
+void ListPane::setPassages(FilePassages passages)
+{
+    m_view->setShowsPassages(passages != nullptr);
+    m_model->setPassages(std::move(passages));
+}
+
 void ListPane::stop()
 {
     ++m_token;

@@ -47,6 +47,9 @@ public:
     /// Error; the rows read so far stay.
     bool fill(RecordKind kind, std::size_t entry, const QString& statement);
 
+    /// Sets what the next fill shows below the texts of its rows; null for nothing.
+    void setPassages(FilePassages passages);
+
     /// Forgets order and place of all entries, when the history is cleared.
     void forget();
 

@@ -144,6 +144,19 @@ bool RecordListModel::marksKeys(int column) const
     return m_list->columns()[static_cast<std::size_t>(column)].marksKeys;
 }
 
+FilePassage RecordListModel::passage(std::size_t source) const
+{
+    return m_passages ? m_passages(m_list->identifier(source)) : FilePassage();
+}
+
+QString RecordListModel::accessibleText(std::size_t source, int column) const
+{
+    if (marksKeys(column)) return m_list->toolTip(source, column);
+    const QString text = m_list->text(source, column);
+    const QString below = column == 0 ? passage(source).text : QString();
+    return below.isEmpty() ? text : text + u'\n' + below;
+}
+
 QVariant RecordListModel::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
@@ -154,8 +167,9 @@ QVariant RecordListModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         return PlainToolTip::text(m_list->toolTip(row, index.column()));
     case Qt::AccessibleTextRole:
-        return marksKeys(index.column()) ? m_list->toolTip(row, index.column())
-                                         : m_list->text(row, index.column());
+        return accessibleText(row, index.column());
+    case PassageRole:
+        return QVariant::fromValue(passage(row));
     case Qt::DecorationRole:
         if (index.column() == 0) return m_icons.icon(m_list->drawnIcon(row, m_iconKeys.key(*m_list, row)));
         if (marksKeys(index.column()) && m_list->isKey(row)) return m_icons.icon(QStringLiteral("isKey"));

@@ -6,6 +6,7 @@
 #include "browse/list/FoldedRows.h"
 #include "browse/list/RecordList.h"
 #include "browse/list/RowIconKeys.h"
+#include "filetext/FilePassage.h"
 
 #include <QAbstractTableModel>
 
@@ -36,6 +37,12 @@ public:
     /// The icons and their keys must outlive the model.
     RecordListModel(std::shared_ptr<const RecordList> list, RowIconKeys& iconKeys, IconSet& icons,
                     QObject* parent);
+
+    /// The role of the passage that a row shows below its texts.
+    static constexpr int PassageRole = Qt::UserRole;
+
+    /// Sets the passages of the next list; null for none.
+    void setPassages(FilePassages passages) { m_passages = std::move(passages); }
 
     /// Replaces the list. The rows of the new one are shown once they are published.
     void setList(std::shared_ptr<const RecordList> list);
@@ -69,12 +76,15 @@ public:
 
 private:
     [[nodiscard]] bool marksKeys(int column) const;
+    [[nodiscard]] FilePassage passage(std::size_t source) const;
+    [[nodiscard]] QString accessibleText(std::size_t source, int column) const;
     [[nodiscard]] std::vector<std::uint32_t> matching(int first, int last);
     void arrange();
 
     RowIconKeys& m_iconKeys;
     IconSet& m_icons;
     std::shared_ptr<const RecordList> m_list;
+    FilePassages m_passages;
     int m_published = 0;                 ///< rows of the list, also those that the filter hides
     std::vector<std::uint32_t> m_order;  ///< of all rows; empty for the query's order
     FilterWords m_filter;                ///< empty if all rows are shown

@@ -2,6 +2,7 @@
 
 #include "browse/list/RecordListView.h"
 
+#include "browse/list/RecordListModel.h"
 #include "widgets/MarkingDelegate.h"
 
 #include <QApplication>
@@ -17,11 +18,19 @@
 
 namespace {
 
-/// Shows a key marker as a picture without its text, which is meant for the clipboard.
+constexpr int belowPassage = 2;
+
+/// Shows a key marker as a picture without its text, which is meant for the clipboard. As no other cell, it
+/// is in every list whose rows may have passages, so it is the one that makes room for them.
 class KeyMarkerDelegate final : public LineDelegate
 {
 public:
-    using LineDelegate::LineDelegate;
+    explicit KeyMarkerDelegate(RecordListView* list) : LineDelegate(list), m_list(*list) {}
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return LineDelegate::sizeHint(option, index) + QSize(0, m_list.passageHeight());
+    }
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
@@ -29,10 +38,12 @@ protected:
         LineDelegate::initStyleOption(option, index);
         if (option->icon.isNull()) return;
         option->text.clear();
-        option->decorationAlignment = Qt::AlignCenter;
         option->decorationPosition = QStyleOptionViewItem::Top;
         option->features &= ~QStyleOptionViewItem::ViewItemFeatures(QStyleOptionViewItem::HasDisplay);
     }
+
+private:
+    const RecordListView& m_list;
 };
 
 } // namespace
@@ -107,6 +118,45 @@ void RecordListView::resizeEvent(QResizeEvent* event)
 {
     QTreeView::resizeEvent(event);
     stretchLastColumn();
+}
+
+int RecordListView::passageHeight() const
+{
+    return m_showsPassages ? fontMetrics().height() + belowPassage : 0;
+}
+
+void RecordListView::initViewItemOption(QStyleOptionViewItem* option) const
+{
+    QTreeView::initViewItemOption(option);
+    if (!m_showsPassages) return;
+    option->displayAlignment = Qt::AlignLeft | Qt::AlignTop;
+    option->decorationAlignment = Qt::AlignHCenter | Qt::AlignTop;
+}
+
+/// Returns the part of a row below the text of its first column and the columns beside it.
+QRect RecordListView::passageArea(const QStyleOptionViewItem& option) const
+{
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    const int height = passageHeight();
+    const QRect row(columnViewportPosition(0), option.rect.bottom() + 1 - height, header()->length(), height);
+    const int icon = option.decorationSize.width() + 3 * margin;
+    QRect area = QStyle::visualRect(layoutDirection(), row, row.adjusted(icon, 0, -margin, 0));
+    // as much of it as can be seen, however far the list is scrolled to the side
+    area.setLeft(std::max(area.left(), 0));
+    area.setRight(std::min(area.right(), viewport()->width() - 1));
+    return area;
+}
+
+void RecordListView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const
+{
+    QTreeView::drawRow(painter, option, index);
+    if (!m_showsPassages) return;
+    const auto passage = index.siblingAtColumn(0).data(RecordListModel::PassageRole).value<FilePassage>();
+    if (passage.text.isEmpty()) return;
+    QStyleOptionViewItem item = option;
+    if (selectionModel()->isSelected(index)) item.state |= QStyle::State_Selected;
+    MarkingDelegate::drawMarked(*painter, item, passageArea(option), passage.text, passage.marks);
 }
 
 QList<int> RecordListView::selectedRows() const

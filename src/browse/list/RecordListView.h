@@ -27,6 +27,12 @@ public:
     /// Marks words in the cells.
     [[nodiscard]] MarkingDelegate& marks() { return *m_marks; }
 
+    /// Shows the passages of the rows, each below the texts of its row; from the next list on.
+    void setShowsPassages(bool shows) { m_showsPassages = shows; }
+
+    /// The height in pixels that a passage adds to each row; 0 if none are shown.
+    [[nodiscard]] int passageHeight() const;
+
     /// Copies the selected rows, as text with tabs and as a table.
     void copySelection() const;
 
@@ -39,12 +45,17 @@ Q_SIGNALS:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void initViewItemOption(QStyleOptionViewItem* option) const override;
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) const override;
 
 private:
     void takeWidth(int column, int width);
     void stretchLastColumn();
+    [[nodiscard]] QRect passageArea(const QStyleOptionViewItem& option) const;
 
     MarkingDelegate* m_marks;
-    int m_lastWidth = 0;     ///< of the last column in pixels, before it is drawn wider
+    int m_lastWidth = 0; ///< of the last column in pixels, before it is drawn wider
+    bool m_showsPassages = false;
     bool m_resizing = false; ///< while the program resizes columns, not the user
 };

@@ -66,6 +66,7 @@ void ViewPages::showList(RecordKind kind, const QString& procedure, const Shared
         runProcedure(m_messages, procedure, [&, &list = list, &search = search, &graphics = graphics] {
             const WaitCursor wait;
             m_history.setCurrentQuery(search.queryFor(kind, query));
+            list.setPassages(search.passages());
             graphics.drawBeforeList(kind);
             stayed = list.fill(kind, m_history.current(), m_history.currentQuery()->sqlStr());
         });

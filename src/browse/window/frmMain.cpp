@@ -333,7 +333,8 @@ void frmMain::add(const RecordAddition& addition)
 void frmMain::showCaption(const QString& caption, const QString& count)
 {
     m_status->showView(readableLine(caption), count);
-    const QString notice = m_database.takeNotice();
+    QString notice = m_database.takeNotice();
+    if (notice.isEmpty()) notice = m_search->notice();
     if (!notice.isEmpty()) m_status->showNotice(notice);
     showTitle();
 }
