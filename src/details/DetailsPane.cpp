@@ -20,7 +20,8 @@ constexpr int smallestWidth = 160;
 
 QString pageStyle()
 {
-    return QStringLiteral("h2 { font-size: large; margin-bottom: 6px }"
+    return QStringLiteral("h2 { font-size: large; margin-top: 2px }"
+                          "table { margin-top: 8px }"
                           "th { text-align: left; font-weight: bold }"
                           "th, td { padding-right: 6px; padding-bottom: 4px; vertical-align: top }");
 }

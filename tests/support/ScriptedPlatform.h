@@ -194,11 +194,12 @@ struct ScriptedPlatform
     ScriptedOtherWindows otherWindows;
     ScriptedWorks works;
     ScriptedPrinting printing;
+    QString programs; ///< the folder of those that run beside the window; empty for none
 
     [[nodiscard]] Platform platform()
     {
-        return {messages, settings, fileAttributes, fileDialogs, clock,
-                volumes,  shell,    otherWindows,   works,       printing};
+        return {messages, settings,     fileAttributes, fileDialogs, clock,   volumes,
+                shell,    otherWindows, works,          printing,    programs};
     }
 
     /// Names the database that the program opens at its start.

@@ -51,12 +51,15 @@ void divide(QSplitter& splitter, int length, double share)
 BrowsePage::BrowsePage(QWidget* list, SettingsStore& settings, QWidget* parent)
     : QWidget(parent),
       m_settings(settings),
-      m_splitter(new QSplitter(this)),
+      m_columns(new QSplitter(Qt::Horizontal, this)),
+      m_splitter(new QSplitter(m_columns)),
       m_graphics(new QStackedWidget(this))
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_splitter);
+    layout->addWidget(m_columns);
+    m_columns->setObjectName(QStringLiteral("columns"));
+    m_columns->setChildrenCollapsible(false);
     m_splitter->setObjectName(QStringLiteral("splitter"));
     m_splitter->addWidget(list);
     m_splitter->addWidget(m_graphics);
@@ -146,24 +149,14 @@ void BrowsePage::rememberDetails()
 
 void BrowsePage::applyDetails()
 {
-    if (m_details.isShown && m_details.widget == nullptr) makeDetails();
+    if (m_details.isShown && m_details.widget == nullptr) {
+        m_details.widget = m_details.maker(m_columns);
+        m_details.widget->hide();
+        m_columns->addWidget(m_details.widget);
+    }
     if (m_details.widget == nullptr || m_details.widget->isHidden() != m_details.isShown) return;
     m_details.widget->setVisible(m_details.isShown);
     divide(*m_columns, width(), m_details.share);
-}
-
-void BrowsePage::makeDetails()
-{
-    m_columns = new QSplitter(Qt::Horizontal, this);
-    m_columns->setObjectName(QStringLiteral("columns"));
-    m_columns->setChildrenCollapsible(false);
-    delete layout()->replaceWidget(m_splitter, m_columns);
-    m_columns->addWidget(m_splitter);
-    m_details.widget = m_details.maker(m_columns);
-    m_details.widget->hide();
-    m_columns->addWidget(m_details.widget);
-    m_columns->show();
-    layout()->activate();
 }
 
 void BrowsePage::save()

@@ -70,11 +70,10 @@ private:
     void applyPlace();
     void rememberDetails();
     void applyDetails();
-    void makeDetails();
 
     SettingsStore& m_settings;
-    QSplitter* m_splitter;
-    QSplitter* m_columns = nullptr; ///< list and graphic, then the details; null until those are first shown
+    QSplitter* m_columns;  ///< list and graphic, then the details once they were shown
+    QSplitter* m_splitter; ///< the list, then the graphic
     QStackedWidget* m_graphics;
     std::map<RecordKind, Place> m_places;
     Place* m_shown = nullptr; ///< null until a kind is shown
