@@ -17,15 +17,30 @@ bool holdsSomething(const ExportField& field, const ExportedValue& value)
     return !value.text.empty();
 }
 
-void appendValue(const ExportField& field, const ExportedValue& value, std::string& html)
+/// Appends the name of something that a field leads to, as a link if that is a record.
+void appendName(const ExportField& field, qint64 key, std::string_view name, const RecordAddress& addressOf,
+                std::string& html)
+{
+    if (!field.target || !addressOf) return HtmlText::appendLines(name, html);
+    html += "<a href=\"";
+    HtmlText::append(addressOf(*field.target, key), html);
+    html += "\">";
+    HtmlText::appendLines(name, html);
+    html += "</a>";
+}
+
+void appendValue(const ExportField& field, const ExportedValue& value, const RecordAddress& addressOf,
+                 std::string& html)
 {
     for (const ExportedLink& link : value.links) {
         if (&link != &value.links.front()) html += "<br/>";
-        HtmlText::appendLines(link.name, html);
+        appendName(field, link.key, link.name, addressOf, html);
     }
     if (field.hasLinks()) return;
     std::string text;
     appendReadable(field, value, text);
+    if (field.field.form == FieldForm::Key && field.target)
+        return appendName(field, value.whole, text, addressOf, html);
     if (field.field.form == FieldForm::Text) return HtmlText::appendLinked(text, html);
     HtmlText::appendLines(text, html);
 }
@@ -33,7 +48,7 @@ void appendValue(const ExportField& field, const ExportedValue& value, std::stri
 } // namespace
 
 void appendRecordSheet(RecordKind kind, const std::vector<ExportField>& fields, const ExportedRecord& record,
-                       std::string& html)
+                       std::string& html, const RecordAddress& addressOf)
 {
     const QString nameColumn = recordNames(kind).name;
     std::string name;
@@ -47,7 +62,7 @@ void appendRecordSheet(RecordKind kind, const std::vector<ExportField>& fields, 
             rows += "<tr><th>";
             HtmlText::appendLines(field.field.caption.toStdString(), rows);
             rows += "</th><td>";
-            appendValue(field, value, rows);
+            appendValue(field, value, addressOf, rows);
             rows += "</td></tr>\n";
         }
     }

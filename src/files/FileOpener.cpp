@@ -15,6 +15,7 @@ namespace {
 
 constexpr auto readerFolder = u"\\data\\viewers\\Acrobat5\\Windows\\Reader\\";
 constexpr auto readerName = u"AcroRd32.exe";
+constexpr QStringView organizationWithChart = u"Organization_cd"; ///< the icon of its row
 
 QString text(QStringView view)
 {
@@ -77,16 +78,36 @@ QString FileOpener::openDoc(const QString& fileName, const QString& iconKey) con
 
 QString FileOpener::openOrgChart(qint64 organization, const QString& iconKey) const
 {
-    if (iconKey != QStringLiteral("Organization_cd")) {
+    if (iconKey != organizationWithChart) {
         return FilesTexts::tr("No chart currently associated with this organization.");
     }
     const QString stored = storedChart(organization);
     if (!isPossiblePath(stored)) return notFound(m_at.folder.machinePath(m_at.organizationCharts) + stored);
     const QStringList names = chartNames(organization, stored);
-    for (const QString& name : names) {
-        if (const auto file = m_at.folder.find(m_at.organizationCharts, name)) return openFile(*file);
-    }
+    if (const auto file = chartInFolder(names)) return openFile(*file);
     return openOnDisc(Disc::Data, m_at.organizationCharts, names);
+}
+
+std::optional<QString> FileOpener::documentInFolder(const QString& fileName, const QString& iconKey) const
+{
+    if (iconKey.endsWith(QStringLiteral("ng")) || iconKey.endsWith(QStringLiteral("cd"))) return std::nullopt;
+    return m_at.folder.find(m_at.documents, fileName);
+}
+
+std::optional<QString> FileOpener::orgChartInFolder(qint64 organization, const QString& iconKey) const
+{
+    if (iconKey != organizationWithChart) return std::nullopt;
+    const QString stored = storedChart(organization);
+    if (!isPossiblePath(stored)) return std::nullopt;
+    return chartInFolder(chartNames(organization, stored));
+}
+
+std::optional<QString> FileOpener::chartInFolder(const QStringList& names) const
+{
+    for (const QString& name : names) {
+        if (auto file = m_at.folder.find(m_at.organizationCharts, name)) return file;
+    }
+    return std::nullopt;
 }
 
 QString FileOpener::storedChart(qint64 organization) const

@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 class DatabaseSession;
 class Shell;
 class Volumes;
@@ -39,6 +41,14 @@ public:
     /// The same for an organization's chart. Throws Error if its profile cannot be read.
     [[nodiscard]] QString openOrgChart(qint64 organization, const QString& iconKey) const;
 
+    /// The file that openDoc() would open, if that lies in the collection's own folder; std::nullopt
+    /// otherwise.
+    [[nodiscard]] std::optional<QString> documentInFolder(const QString& fileName,
+                                                          const QString& iconKey) const;
+
+    /// The same for openOrgChart(). Throws Error if the profile cannot be read.
+    [[nodiscard]] std::optional<QString> orgChartInFolder(qint64 organization, const QString& iconKey) const;
+
 private:
     enum class Disc
     {
@@ -50,6 +60,7 @@ private:
     [[nodiscard]] QString openFile(const QString& file) const;
     [[nodiscard]] bool openWithDiscReader(const QString& file) const;
     [[nodiscard]] QString storedChart(qint64 organization) const;
+    [[nodiscard]] std::optional<QString> chartInFolder(const QStringList& names) const;
 
     Surroundings m_at;
 };

@@ -3,12 +3,12 @@
 #include "print/SheetPages.h"
 
 #include "export/RecordSheet.h"
+#include "export/SheetColumns.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QPainter>
 #include <QTextBlock>
 #include <QTextLayout>
-#include <QTextTable>
 
 #include <algorithm>
 #include <utility>
@@ -16,6 +16,7 @@
 namespace {
 
 constexpr double sheetFontPoints = 10;
+constexpr double captionPercent = 26;
 constexpr std::size_t portion = 64;
 
 /// In the colours of paper, whatever those of the desktop are.
@@ -26,20 +27,6 @@ QString style()
                           "th { text-align: left; font-weight: bold }"
                           "th, td { padding-right: 12px; padding-bottom: 6px; vertical-align: top }"
                           "a { color: black }");
-}
-
-/// Makes the values of all sheets begin at the same distance, whichever fields a record has.
-void alignValues(const QTextDocument& sheet)
-{
-    constexpr double captionPercent = 26;
-    for (QTextFrame* frame : sheet.rootFrame()->childFrames()) {
-        auto* fields = qobject_cast<QTextTable*>(frame);
-        if (fields == nullptr) continue;
-        QTextTableFormat columns = fields->format();
-        columns.setColumnWidthConstraints({QTextLength(QTextLength::PercentageLength, captionPercent),
-                                           QTextLength(QTextLength::PercentageLength, 100 - captionPercent)});
-        fields->setFormat(columns);
-    }
 }
 
 /// Draws the lines whose middle is between two heights. The document would draw one more above them, which
@@ -103,7 +90,7 @@ QTextDocument* SheetPages::sheetOf(std::size_t record)
     std::string html;
     appendRecordSheet(m_reader.kind(), m_reader.fields(), *values, html);
     m_sheet->setHtml(QString::fromStdString(html));
-    alignValues(*m_sheet);
+    alignSheetValues(*m_sheet, captionPercent);
     m_sheet->setPageSize(format().content().size());
     return m_sheet.get();
 }

@@ -3,6 +3,7 @@
 #include "views/ShowOnlyViews.h"
 
 #include "data/DatabaseSession.h"
+#include "records/RecordFields.h"
 #include "views/StandardQueries.h"
 #include "views/ViewsTexts.h"
 #include "views/clsCities.h"
@@ -107,6 +108,19 @@ clsView ShowOnlyViews::organizationsOfCity(const clsCities& place) const
     return organizations(
         locations.condition(),
         ViewsTexts::tr("View Only %1 Organizations").arg(locationName(place.city, place.State)));
+}
+
+std::optional<clsView> ShowOnlyViews::record(RecordKind kind, qint64 identifier) const
+{
+    const RecordNames names = recordNames(kind);
+    const QString condition = QStringLiteral(" AND %1.%2 = %3").arg(names.record, names.key).arg(identifier);
+    clsView view{viewOf(kind), m_queries.narrowed(kind, condition), {}};
+    RecordSet rows = m_session.read(view.SQL->sqlStr());
+    if (!rows.next()) return std::nullopt;
+    const QString name = rows.text(rows.column(names.name));
+    view.Caption =
+        ViewsTexts::tr("View Only %1").arg(name.isEmpty() ? FieldTexts::withoutName(identifier) : name);
+    return view;
 }
 
 clsView ShowOnlyViews::organizations(const QString& condition, const QString& caption) const

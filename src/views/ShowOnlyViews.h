@@ -6,13 +6,15 @@
 
 #include <QString>
 
+#include <optional>
+
 class DatabaseSession;
 struct StandardQueries;
 struct clsCities;
 
-/// The views that the chart and the map narrow the records to: the documents of one type, the organizations
-/// of one state or one city, each out of all records of its kind. Every call throws Error if the records
-/// cannot be read, as with an apostrophe in a name, which breaks the statement.
+/// The views that the graphics and the details narrow the records to: the documents of one type, the
+/// organizations of one state or one city, or one record, each out of all records of its kind. Every call
+/// throws Error if the records cannot be read, as with an apostrophe in a name, which breaks the statement.
 class ShowOnlyViews
 {
 public:
@@ -27,6 +29,9 @@ public:
     /// The place must have a state, or a city for the other view.
     [[nodiscard]] clsView organizationsOfState(const clsCities& place) const;
     [[nodiscard]] clsView organizationsOfCity(const clsCities& place) const;
+
+    /// A single record; std::nullopt if it is not there or deleted.
+    [[nodiscard]] std::optional<clsView> record(RecordKind kind, qint64 identifier) const;
 
 private:
     [[nodiscard]] clsView organizations(const QString& condition, const QString& caption) const;

@@ -32,12 +32,28 @@ QString OpenCommand::question(std::size_t count) const
                : tr("Are you sure you want to open %n charts?", nullptr, files);
 }
 
+FileOpener OpenCommand::opener() const
+{
+    return FileOpener({m_platform.volumes, m_platform.shell, m_session, m_folder, ProgramFolders::documents,
+                       ProgramFolders::organizationCharts, m_discFolders});
+}
+
 QString OpenCommand::openFile(RecordKind kind, const SelectedRecord& record) const
 {
-    const FileOpener opener({m_platform.volumes, m_platform.shell, m_session, m_folder,
-                             ProgramFolders::documents, ProgramFolders::organizationCharts, m_discFolders});
-    return kind == RecordKind::Document ? opener.openDoc(record.fileLocation, record.iconKey)
-                                        : opener.openOrgChart(record.identifier, record.iconKey);
+    return kind == RecordKind::Document ? opener().openDoc(record.fileLocation, record.iconKey)
+                                        : opener().openOrgChart(record.identifier, record.iconKey);
+}
+
+bool OpenCommand::hasFile(RecordKind kind, const SelectedRecord& record)
+{
+    if (kind == RecordKind::Document) return !record.fileLocation.isEmpty();
+    return kind == RecordKind::Organization && record.iconKey == QStringLiteral("Organization_cd");
+}
+
+std::optional<QString> OpenCommand::fileInFolder(RecordKind kind, const SelectedRecord& record) const
+{
+    if (kind == RecordKind::Document) return opener().documentInFolder(record.fileLocation, record.iconKey);
+    return opener().orgChartInFolder(record.identifier, record.iconKey);
 }
 
 void OpenCommand::run() const

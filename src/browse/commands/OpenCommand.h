@@ -10,8 +10,10 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
+class FileOpener;
 class DatabaseSession;
 class ListPane;
 class ProgramFolder;
@@ -41,11 +43,19 @@ public:
     /// Opens the file or the chart of one record, whatever the list shows.
     void openRecord(RecordKind kind, qint64 identifier) const;
 
+    /// Whether a record of the list names a file.
+    [[nodiscard]] static bool hasFile(RecordKind kind, const SelectedRecord& record);
+
+    /// The file that opening a record of the list would open, if that lies in the collection's own folder;
+    /// std::nullopt otherwise. Throws Error.
+    [[nodiscard]] std::optional<QString> fileInFolder(RecordKind kind, const SelectedRecord& record) const;
+
     /// Returns why the selection of the list cannot be opened, or an empty text if it can.
     [[nodiscard]] QString hindrance() const;
 
 private:
     void open(RecordKind kind, const std::function<std::vector<SelectedRecord>()>& read) const;
+    [[nodiscard]] FileOpener opener() const;
     [[nodiscard]] QString openFile(RecordKind kind, const SelectedRecord& record) const;
     [[nodiscard]] std::vector<SelectedRecord> recordOf(RecordKind kind, qint64 identifier) const;
     [[nodiscard]] QString question(std::size_t count) const;

@@ -27,17 +27,39 @@ QString section()
     return QStringLiteral("Window");
 }
 
+QString detailsName()
+{
+    return QStringLiteral("Details");
+}
+
+/// The part of the second of two sizes that a splitter has.
+double shareOf(const QSplitter& splitter, double former)
+{
+    const QList<int> sizes = splitter.sizes();
+    const int all = sizes[0] + sizes[1];
+    return all == 0 ? former : std::clamp(static_cast<double>(sizes[1]) / all, smallestShare, largestShare);
+}
+
+void divide(QSplitter& splitter, int length, double share)
+{
+    const int second = static_cast<int>(length * share);
+    splitter.setSizes({length - second, second});
+}
+
 } // namespace
 
 BrowsePage::BrowsePage(QWidget* list, SettingsStore& settings, QWidget* parent)
     : QWidget(parent),
       m_settings(settings),
-      m_splitter(new QSplitter(this)),
+      m_columns(new QSplitter(Qt::Horizontal, this)),
+      m_splitter(new QSplitter(m_columns)),
       m_graphics(new QStackedWidget(this))
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_splitter);
+    layout->addWidget(m_columns);
+    m_columns->setObjectName(QStringLiteral("columns"));
+    m_columns->setChildrenCollapsible(false);
     m_splitter->setObjectName(QStringLiteral("splitter"));
     m_splitter->addWidget(list);
     m_splitter->addWidget(m_graphics);
@@ -83,10 +105,8 @@ void BrowsePage::setSide(Qt::Orientation side)
 
 void BrowsePage::rememberShare()
 {
-    const QList<int> sizes = m_splitter->sizes();
-    if (m_shown == nullptr || m_graphics->isHidden() || sizes[0] + sizes[1] == 0) return;
-    m_shown->share =
-        std::clamp(static_cast<double>(sizes[1]) / (sizes[0] + sizes[1]), smallestShare, largestShare);
+    if (m_shown == nullptr || m_graphics->isHidden()) return;
+    m_shown->share = shareOf(*m_splitter, m_shown->share);
 }
 
 void BrowsePage::applyPlace()
@@ -99,15 +119,55 @@ void BrowsePage::applyPlace()
     }
     m_graphics->setCurrentWidget(graphic);
     m_splitter->setOrientation(m_shown->side);
-    const int length = m_shown->side == Qt::Horizontal ? width() : height();
-    const int forGraphic = static_cast<int>(length * m_shown->share);
-    m_splitter->setSizes({length - forGraphic, forGraphic});
+    applyDetails();
+    divide(*m_splitter, m_shown->side == Qt::Horizontal ? m_splitter->width() : m_splitter->height(),
+           m_shown->share);
+}
+
+void BrowsePage::setDetails(Maker maker)
+{
+    m_details.maker = std::move(maker);
+    const QStringList saved = StdREG(m_settings).GetRegString(section(), detailsName()).split(u' ');
+    if (saved.size() != 2) return;
+    m_details.isShown = saved[0] == QStringLiteral("shown");
+    m_details.share = std::clamp(saved[1].toDouble(), smallestShare, largestShare);
+}
+
+void BrowsePage::showDetails(bool shown)
+{
+    rememberShare();
+    rememberDetails();
+    m_details.isShown = shown;
+    if (m_shown != nullptr) applyPlace();
+}
+
+void BrowsePage::rememberDetails()
+{
+    if (m_details.widget == nullptr || m_details.widget->isHidden()) return;
+    m_details.share = shareOf(*m_columns, m_details.share);
+}
+
+void BrowsePage::applyDetails()
+{
+    if (m_details.isShown && m_details.widget == nullptr) {
+        m_details.widget = m_details.maker(m_columns);
+        m_details.widget->hide();
+        m_columns->addWidget(m_details.widget);
+    }
+    if (m_details.widget == nullptr || m_details.widget->isHidden() != m_details.isShown) return;
+    m_details.widget->setVisible(m_details.isShown);
+    divide(*m_columns, width(), m_details.share);
 }
 
 void BrowsePage::save()
 {
     rememberShare();
+    rememberDetails();
     StdREG settings(m_settings);
+    settings.WriteRegString(section(), detailsName(),
+                            QStringLiteral("%1 %2")
+                                .arg(m_details.isShown ? QStringLiteral("shown") : QStringLiteral("hidden"))
+                                .arg(m_details.share, 0, 'f', 3));
     for (const auto& [kind, place] : m_places) {
         const QString side = place.side == Qt::Horizontal ? QStringLiteral("right") : QStringLiteral("below");
         settings.WriteRegString(section(), valueName(kind),

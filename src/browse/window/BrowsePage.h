@@ -13,8 +13,9 @@ class QSplitter;
 class QStackedWidget;
 class SettingsStore;
 
-/// The list of records with the graphic of the kind shown, to its right or below it. Side and size of the
-/// graphic are kept for each kind, also from one run to the next.
+/// The list of records with the graphic of the kind shown, to its right or below it, and on request the
+/// details of a record to the right of both. Side and size of the graphic are kept for each kind, also from
+/// one run to the next, as are the width of the details and whether they are shown.
 class BrowsePage final : public QWidget
 {
     Q_OBJECT
@@ -31,6 +32,12 @@ public:
     /// have one.
     void setGraphic(RecordKind kind, Maker maker, Qt::Orientation side);
 
+    /// Sets the details, to be made when they are first shown: with the first kind if the settings say so.
+    void setDetails(Maker maker);
+
+    void showDetails(bool shown);
+    [[nodiscard]] bool showsDetails() const { return m_details.isShown; }
+
     /// Shows the graphic of a kind, which must have one, beside the list.
     void showKind(RecordKind kind);
 
@@ -39,7 +46,7 @@ public:
     [[nodiscard]] Qt::Orientation side() const;
     void setSide(Qt::Orientation side);
 
-    /// Writes sides and sizes to the settings; to be called when the window closes.
+    /// Writes what is kept to the settings; to be called when the window closes.
     void save();
 
 private:
@@ -51,12 +58,24 @@ private:
         double share = 0.5; ///< of the page's width or height, for the graphic
     };
 
+    struct Details
+    {
+        Maker maker;
+        QWidget* widget = nullptr; ///< null until they are first shown
+        bool isShown = false;
+        double share = 0.27; ///< of the page's width
+    };
+
     void rememberShare();
     void applyPlace();
+    void rememberDetails();
+    void applyDetails();
 
     SettingsStore& m_settings;
-    QSplitter* m_splitter;
+    QSplitter* m_columns;  ///< list and graphic, then the details once they were shown
+    QSplitter* m_splitter; ///< the list, then the graphic
     QStackedWidget* m_graphics;
     std::map<RecordKind, Place> m_places;
     Place* m_shown = nullptr; ///< null until a kind is shown
+    Details m_details;
 };

@@ -27,6 +27,7 @@ void CommandStates::refresh() const
     m_at.related.enable(noList);
     m_at.records.enable(m_at.database.unwritable(), noList);
     m_at.status.showSelected(showsList ? m_at.list.selectedCount() : 0);
+    m_at.commands.mnuViewDetails->setChecked(m_at.browse.showsDetails());
     m_at.commands.mnuViewGraphicRight->setChecked(m_at.browse.side() == Qt::Horizontal);
     m_at.commands.mnuViewGraphicBelow->setChecked(m_at.browse.side() == Qt::Vertical);
 }
@@ -34,9 +35,9 @@ void CommandStates::refresh() const
 void CommandStates::enableViewCommands(const QString& noList) const
 {
     const MainCommands& commands = m_at.commands;
-    for (QAction* action :
-         {commands.mnuViewRefresh, commands.mnuSearchFilter, commands.mnuSearchShowAll,
-          commands.mnuSearchAdvanced, commands.mnuViewGraphicRight, commands.mnuViewGraphicBelow}) {
+    for (QAction* action : {commands.mnuViewRefresh, commands.mnuSearchFilter, commands.mnuSearchShowAll,
+                            commands.mnuSearchAdvanced, commands.mnuViewGraphicRight,
+                            commands.mnuViewGraphicBelow, commands.mnuViewDetails}) {
         enableUnless(*action, noList);
     }
     const bool isWhole = !noList.isEmpty() || !m_at.list.isFilling();

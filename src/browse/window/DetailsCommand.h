@@ -6,19 +6,25 @@
 #include "platform/Platform.h"
 
 #include <QObject>
+#include <QTimer>
 
 class BrowsePage;
+class DetailsPane;
 class MainCommands;
+class OpenCommand;
+class QUrl;
 class ShownView;
+struct SelectedRecord;
 
-/// The command that shows the current record beside the list. Lives as long as the window.
+/// The command that shows the selected record beside the list, and what the user follows from there. Lives as
+/// long as the window.
 class DetailsCommand final : public QObject
 {
     Q_OBJECT
 
 public:
     /// All must outlive the object.
-    DetailsCommand(const Platform& platform, const ShownView& view, BrowsePage& page,
+    DetailsCommand(const Platform& platform, const OpenCommand& open, ShownView& view, BrowsePage& page,
                    const MainCommands& commands, QObject* parent);
 
 Q_SIGNALS:
@@ -26,7 +32,15 @@ Q_SIGNALS:
     void fileAsked(RecordKind kind, qint64 identifier);
 
 private:
+    QWidget* makePane(QWidget* parent);
+    void showSelected();
+    void showRecord(const SelectedRecord& record);
+    void follow(const QUrl& address);
+
     Platform m_platform;
-    const ShownView& m_view;
+    const OpenCommand& m_open;
+    ShownView& m_view;
     BrowsePage& m_page;
+    DetailsPane* m_pane = nullptr; ///< null until it is first shown
+    QTimer m_pause;
 };

@@ -96,7 +96,7 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
           *m_list, *m_browse, *this)),
       m_shown(std::make_unique<ShownView>(state, *m_list, *m_graphics, *this)),
       m_filter(new ListFilter(state.history, *m_list, *m_graphics, *m_commands, this)),
-      m_details(new DetailsCommand(platform, *m_shown, *m_browse, *m_commands, this)),
+      m_details(new DetailsCommand(platform, *m_open, *m_shown, *m_browse, *m_commands, this)),
       m_fileReading(new FileReading(platform, state, *m_status, this)),
       m_export(new ExportCommand(platform, *m_shown, *m_commands, this)),
       m_print(new PrintCommand(platform, *m_shown, *m_commands, this)),

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "details/DetailsPane.h"
+
+#include "details/FilePicture.h"
+#include "export/SheetColumns.h"
+#include "widgets/IconSet.h"
+
+#include <QEvent>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTextBrowser>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr double captionPercent = 34;
+constexpr int smallestWidth = 160;
+
+QString pageStyle()
+{
+    return QStringLiteral("h2 { font-size: large; margin-top: 2px }"
+                          "table { margin-top: 8px }"
+                          "th { text-align: left; font-weight: bold }"
+                          "th, td { padding-right: 6px; padding-bottom: 4px; vertical-align: top }");
+}
+
+} // namespace
+
+DetailsPane::DetailsPane(const QString& programs, QWidget* parent)
+    : QWidget(parent),
+      m_text(new QTextBrowser(this)),
+      m_picture(new FilePicture(programs, this)),
+      m_openFile(new QPushButton(IconSet::themeIcon(QStringLiteral("document-open")), tr("Open &File"), this))
+{
+    setMinimumWidth(smallestWidth);
+    m_text->setObjectName(QStringLiteral("txtDetails"));
+    m_text->setAccessibleName(tr("Details"));
+    m_text->setOpenLinks(false);
+    m_text->setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
+    m_text->document()->setDefaultStyleSheet(pageStyle());
+    m_picture->setObjectName(QStringLiteral("imgDetails"));
+    m_picture->setAccessibleName(tr("First page of the file"));
+    m_openFile->setObjectName(QStringLiteral("cmdDetailsFile"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_text, 1);
+    layout->addWidget(m_picture, 1);
+    layout->addWidget(m_openFile, 0, Qt::AlignLeft);
+    connect(m_text, &QTextBrowser::anchorClicked, this, &DetailsPane::linkFollowed);
+    connect(m_openFile, &QPushButton::clicked, this,
+            [this] { Q_EMIT fileAsked(m_record.kind, m_record.identifier); });
+    showText({});
+}
+
+void DetailsPane::showRecord(const DetailedRecord& record)
+{
+    const bool isSame =
+        record.record.kind == m_record.kind && record.record.identifier == m_record.identifier;
+    if (!isSame || record.page != m_page) {
+        const int place = isSame ? m_text->verticalScrollBar()->value() : 0;
+        setPage(record.page);
+        m_text->verticalScrollBar()->setValue(place);
+    }
+    m_record = record.record;
+    m_openFile->setVisible(record.hasFile);
+    m_picture->showFile(record.file);
+}
+
+void DetailsPane::showText(const QString& text)
+{
+    m_record = {};
+    m_openFile->hide();
+    m_picture->showFile({});
+    setPage(QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()));
+}
+
+void DetailsPane::setPage(const QString& html)
+{
+    m_page = html;
+    m_text->setHtml(html);
+    alignSheetValues(*m_text->document(), captionPercent);
+}
+
+void DetailsPane::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    // the colour of links is part of the text
+    if (event->type() == QEvent::PaletteChange) setPage(m_page);
+}
