@@ -22,8 +22,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int lockPatienceMilliseconds = 1000;
-constexpr std::chrono::milliseconds patience(20);
+constexpr int indexPatienceMilliseconds = 1000;
+constexpr std::chrono::milliseconds pauseForCheck(20);
 
 /// Whether a file was read well enough to know that a search finds nothing in it.
 bool holdsNoWords(const QString& failure)
@@ -77,10 +77,10 @@ bool FileTextsCheck::readIndex()
     try {
         if (!m_found.valid()) {
             m_opened = std::make_unique<SQLite::Database>(QFile::encodeName(m_index).toStdString(),
-                                                          SQLite::OPEN_READONLY, lockPatienceMilliseconds);
+                                                          SQLite::OPEN_READONLY, indexPatienceMilliseconds);
             m_found = std::async(std::launch::async, [this] { return look(); });
         }
-        if (m_found.wait_for(patience) != std::future_status::ready) return false;
+        if (m_found.wait_for(pauseForCheck) != std::future_status::ready) return false;
         m_files = m_found.get();
     } catch (const SQLite::Exception& exception) {
         const int code = exception.getErrorCode();
