@@ -13,7 +13,11 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QTreeView>
+
+#include <algorithm>
 
 namespace {
 
@@ -120,6 +124,43 @@ void firstScreenful(benchmark::State& state)
     state.counters["first_screenful_ms"] = medianOf(waits);
 }
 
+/// From each key of two words in the field above a full list to the list painted, in the steps of a user who
+/// waits for each. The first one makes the texts that words are compared with.
+void keyToList(benchmark::State& state)
+{
+    const auto kind = static_cast<RecordKind>(state.range(0));
+    BenchWindow window(fullSize);
+    ProgramState& program = window.program().state();
+    auto* view = window.program().window()->findChild<QTreeView*>(QStringLiteral("ListView1"));
+    auto* field = window.program().window()->findChild<QLineEdit*>(QStringLiteral("txtFilter"));
+    FirstPaint paint(*view);
+    std::vector<double> firsts;
+    std::vector<double> others;
+    for (auto _ : state) {
+        program.history.addView({viewOf(kind), program.queries.of(kind), QStringLiteral("All")});
+        QApplication::processEvents();
+        double whole = 0;
+        for (const QChar key : QStringLiteral("on 12")) {
+            paint.begin();
+            const auto begin = std::chrono::steady_clock::now();
+            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(key));
+            QApplication::sendEvent(field, &press);
+            if (view->model()->rowCount() == 0) return state.SkipWithError("nothing is left to be painted");
+            // a key that changes nothing, as the blank, has nothing painted
+            QApplication::processEvents();
+            if (!paint.painted()) continue;
+            const double wait = Milliseconds(paint.moment() - begin).count();
+            (whole == 0 ? firsts : others).push_back(wait);
+            whole += wait;
+        }
+        state.SetIterationTime(whole / 1000);
+    }
+    state.counters["first_key_ms"] = medianOf(firsts);
+    state.counters["key_ms"] = medianOf(others);
+    state.counters["slowest_ms"] = std::max(*std::max_element(firsts.begin(), firsts.end()),
+                                            *std::max_element(others.begin(), others.end()));
+}
+
 } // namespace
 
 BENCHMARK(documents)
@@ -143,6 +184,7 @@ BENCHMARK(organizations)
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()
     ->MinTime(1);
+BENCHMARK(keyToList)->DenseRange(0, 2)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(20);
 BENCHMARK(firstScreenful)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(20);
 BENCHMARK(documents)->Arg(1000000)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(1);
 BENCHMARK(events)->Arg(1000000)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(1);

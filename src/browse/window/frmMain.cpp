@@ -22,7 +22,6 @@
 #include "browse/window/FileReading.h"
 #include "browse/window/GraphicViews.h"
 #include "browse/window/HomeCommands.h"
-#include "browse/window/ListFilter.h"
 #include "browse/window/PictureCommands.h"
 #include "browse/window/PrintCommand.h"
 #include "browse/window/RecordWindows.h"
@@ -95,7 +94,6 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
           {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},
           *m_list, *m_browse, *this)),
       m_shown(std::make_unique<ShownView>(state, *m_list, *m_graphics, *this)),
-      m_filter(new ListFilter(state.history, *m_list, *m_graphics, *m_commands, this)),
       m_details(new DetailsCommand(platform, *m_shown, *m_browse, *m_commands, this)),
       m_fileReading(new FileReading(platform, state, *m_status, this)),
       m_export(new ExportCommand(platform, *m_shown, *m_commands, this)),
@@ -139,6 +137,7 @@ void frmMain::connectCommands()
     on(m_commands->mnuSearchShowAll, [this] { viewAll(m_list->kind()); });
     on(m_commands->mnuSearchKeyword, [this] { m_search->openKeywordSearch(); });
     on(m_commands->mnuSearchAdvanced, [this] { m_search->openAdvancedSearch(m_list->kind()); });
+    on(m_commands->mnuSearchFilter, [this] { m_list->beginFilter(); });
     on(m_commands->mnuViewRefresh, [this] { m_pages->refresh(); });
     on(m_commands->mnuViewGraphicRight, [this] { m_browse->setSide(Qt::Horizontal); });
     on(m_commands->mnuViewGraphicBelow, [this] { m_browse->setSide(Qt::Vertical); });
@@ -182,7 +181,8 @@ void frmMain::connectViews()
     connect(m_details, &DetailsCommand::fileAsked, this,
             [this](RecordKind kind, qint64 record) { m_open->openRecord(kind, record); });
     connect(m_home, &HomePage::helpChosen, m_help->mnuHelpContents, &QAction::trigger);
-    connect(m_filter, &ListFilter::narrowed, m_status, &StatusLine::showCount);
+    connect(m_list, &ListPane::filtered, m_status,
+            [this] { m_status->showCount(RecordList::countText(m_list->kind(), m_list->count())); });
     connect(m_pages, &ViewPages::viewAsked, this, &frmMain::lookForOutsideChange);
     connect(m_pages, &ViewPages::pageChanged, this, [this] { m_commandStates->refresh(); });
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::showCaption);

@@ -25,7 +25,6 @@ class HelpCommands;
 class HistoryNavigation;
 class HomeCommands;
 class HomePage;
-class ListFilter;
 class ListMenus;
 class ListPane;
 class MainCommands;
@@ -115,7 +114,6 @@ private:
     RecordWindows* m_windows;
     GraphicViews* m_graphics;
     std::unique_ptr<ShownView> m_shown;
-    ListFilter* m_filter;
     DetailsCommand* m_details;
     FileReading* m_fileReading;
     ExportCommand* m_export;
