@@ -7,6 +7,17 @@
 #include "chart/ChartPane.h"
 #include "map/MapPane.h"
 #include "timeline/TimelinePanel.h"
+#include "views/NarrowedQuery.h"
+#include "views/ViewHistory.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Longer than most pauses between two keys, and short enough for the graphic to be drawn 200 ms after a key.
+constexpr auto pauseOfTyping = 100ms;
+
+} // namespace
 
 GraphicViews::GraphicViews(const Surroundings& surroundings, ListPane& list, BrowsePage& page,
                            QWidget& window)
@@ -30,6 +41,10 @@ GraphicViews::GraphicViews(const Surroundings& surroundings, ListPane& list, Bro
         if (!m_list.isFilling()) showSelected();
     });
     connect(&m_list, &ListPane::chosen, this, &GraphicViews::goToRecord);
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(pauseOfTyping);
+    connect(&m_list, &ListPane::filtered, &m_pause, qOverload<>(&QTimer::start));
+    connect(&m_pause, &QTimer::timeout, this, &GraphicViews::followFilter);
 }
 
 QWidget* GraphicViews::makeChart(QWidget* parent)
@@ -52,26 +67,80 @@ void GraphicViews::mainLoad()
     if (m_map != nullptr) m_map->forget();
 }
 
+void GraphicViews::draw(RecordKind kind)
+{
+    switch (kind) {
+    case RecordKind::Document:
+        m_chart->drawCharts();
+        break;
+    case RecordKind::Event:
+        m_timeline->drawTimeline();
+        break;
+    case RecordKind::Organization:
+        m_map->drawMap();
+        break;
+    }
+}
+
+/// Says in a graphic that shows nothing why it does not. The list must have been read.
+void GraphicViews::explainEmpty()
+{
+    if (m_list.kind() == RecordKind::Document) m_chart->explainEmpty(m_list.count());
+    if (m_list.kind() == RecordKind::Organization) m_map->explainEmpty(m_list.count());
+}
+
 void GraphicViews::drawBeforeList(RecordKind kind)
 {
-    if (kind == RecordKind::Document) m_chart->drawCharts();
-    if (kind == RecordKind::Event) m_timeline->drawTimeline();
+    m_pause.stop();
+    m_isDrawn = kind != RecordKind::Organization && m_at.history.filter().isEmpty();
+    if (m_isDrawn) draw(kind);
 }
 
 void GraphicViews::drawAfterList(RecordKind kind, bool isListed)
 {
-    if (kind == RecordKind::Organization) {
-        // if it could not be read, the list has reported why
-        isListed ? m_map->drawMap() : m_map->clearMap();
-        if (isListed) m_map->explainEmpty(m_list.count());
-    } else {
-        showSelected();
+    m_pause.stop();
+    m_isListed = isListed;
+    // the user may have typed a filter while the list was read
+    const bool isNarrowed = !m_at.history.filter().isEmpty();
+    if (isNarrowed) narrow();
+    if (kind == RecordKind::Organization && !isListed) {
+        // the list has reported why
+        m_map->clearMap();
+    } else if (isNarrowed || !m_isDrawn) {
+        draw(kind);
     }
-    if (kind == RecordKind::Document && isListed) m_chart->explainEmpty(m_list.count());
+    if (isListed) explainEmpty();
+    if (kind != RecordKind::Organization) showSelected();
 }
 
-std::optional<GraphicPicture> GraphicViews::picture() const
+/// Lets the graphic read the records that the list shows.
+void GraphicViews::narrow()
 {
+    const RecordListModel& model = m_list.model();
+    std::vector<qint64> shown;
+    for (int row = 0; row < model.rowCount(); ++row)
+        shown.push_back(model.identifier(row));
+    std::vector<qint64> all;
+    for (std::size_t row = 0; row < model.list().count(); ++row)
+        all.push_back(model.list().identifier(row));
+    m_at.history.setNarrowedQuery(
+        narrowedTo(m_list.kind(), m_at.history.currentQuery(), std::move(shown), std::move(all)));
+}
+
+/// Draws the graphic for the records that the filter has left. A list that is being read does so at its end;
+/// one that could not be read, and a page in the list's place, have none.
+void GraphicViews::followFilter()
+{
+    m_pause.stop();
+    if (!m_isListed || m_list.isFilling() || m_at.history.currentKind() != viewOf(m_list.kind())) return;
+    narrow();
+    m_list.kind() == RecordKind::Organization ? m_map->followFilter() : draw(m_list.kind());
+    explainEmpty();
+}
+
+std::optional<GraphicPicture> GraphicViews::picture()
+{
+    if (m_pause.isActive()) followFilter();
     switch (m_list.kind()) {
     case RecordKind::Document:
         return m_chart == nullptr ? std::nullopt : m_chart->picture();

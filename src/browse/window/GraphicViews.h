@@ -6,6 +6,7 @@
 #include "widgets/GraphicPicture.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <optional>
 
@@ -23,7 +24,8 @@ class ViewHistory;
 struct StandardQueries;
 
 /// The graphics beside the list: the chart of documents, the timeline of events and the map of organizations.
-/// Keeps the selections of the list and of its graphic the same. Lives as long as the window.
+/// Keeps the selections of the list and of its graphic the same, and the records of both: while the user
+/// types a filter, the graphic follows when typing pauses. Lives as long as the window.
 class GraphicViews final : public QObject
 {
     Q_OBJECT
@@ -48,20 +50,24 @@ public:
     /// Starts over with the database that is open.
     void mainLoad();
 
-    /// Draws the chart or the timeline for the current view, which come before the list is read. The page
-    /// must show the kind.
+    /// Draws the chart or the timeline for the current view, which come before the list is read, unless a
+    /// filter narrows the view: the list tells which records that leaves. The page must show the kind.
     void drawBeforeList(RecordKind kind);
 
-    /// Draws the map, which comes after the list, or empties it if the list could not be read. Then selects
+    /// Draws what was not drawn before the list; empties the map if the list could not be read. Then selects
     /// the same record in the graphic as in the list.
     void drawAfterList(RecordKind kind, bool isListed);
 
-    /// The graphic of the kind shown; std::nullopt if it shows nothing.
-    [[nodiscard]] std::optional<GraphicPicture> picture() const;
+    /// The graphic of the kind shown, for the records that the list shows; std::nullopt if it shows nothing.
+    [[nodiscard]] std::optional<GraphicPicture> picture();
 
 private:
     QWidget* makeChart(QWidget* parent);
     QWidget* makeMap(QWidget* parent);
+    void draw(RecordKind kind);
+    void explainEmpty();
+    void narrow();
+    void followFilter();
     void goToRecord(qint64 identifier);
     void showSelected();
 
@@ -70,4 +76,7 @@ private:
     TimelinePanel* m_timeline;
     ChartPane* m_chart = nullptr; ///< null until documents are shown
     MapPane* m_map = nullptr;     ///< null until organizations are shown
+    QTimer m_pause;               ///< runs until typing has paused, if the filter has changed
+    bool m_isDrawn = false;       ///< whether the graphic was drawn before the list
+    bool m_isListed = false;      ///< whether the list could be read
 };
