@@ -59,6 +59,17 @@ protected:
 
     void followLink() { QTest::mouseClick(&journey.find<LinkButton>("cmdReading"), Qt::LeftButton); }
 
+    void deleteAtlas()
+    {
+        journey.trigger("mnuViewDocuments");
+        journey.select("Atlas");
+        ScriptedMessages& messages = journey.desktop.messages;
+        messages.expectQuestion(u"Are you sure you want to delete the Document \"Atlas\"?"_s, true,
+                                Question::Loss);
+        messages.expectMessage(u"Document ID 2 successfully deleted."_s);
+        journey.trigger("mnuRecordDelete");
+    }
+
     Journey journey;
 };
 
@@ -74,13 +85,7 @@ TEST_F(FileReadingJourney, GoesOnWhileTheUserDoesNothingAndCanBePaused)
     followLink();
     EXPECT_TRUE(says("Reading paused: 1 of 2,000", "Continue"));
     EXPECT_FALSE(isRunning());
-    journey.trigger("mnuViewDocuments");
-    journey.select("Atlas");
-    ScriptedMessages& messages = journey.desktop.messages;
-    messages.expectQuestion(u"Are you sure you want to delete the Document \"Atlas\"?"_s, true,
-                            Question::Loss);
-    messages.expectMessage(u"Document ID 2 successfully deleted."_s);
-    journey.trigger("mnuRecordDelete");
+    deleteAtlas();
     QTest::qWait(1500);
     EXPECT_EQ(contentOf(path("asked")), first) << "while it is paused";
 
@@ -104,6 +109,41 @@ TEST_F(FileReadingJourney, GoesOnWhileTheUserDoesNothingAndCanBePaused)
     EXPECT_TRUE(says("Reading files: 1 of 2,000", "Pause"));
     journey.program.reset();
     EXPECT_FALSE(isRunning());
+}
+
+TEST_F(FileReadingJourney, FollowsDeletionsAndWhatOtherProgramsChange)
+{
+    const auto write = [this](const char* name, const char* text) {
+        writeFile(journey.dataFolder() + u"documents/"_s + QString::fromUtf8(name), text);
+    };
+    const auto holds = [this](const char* texts) {
+        const QString index = journey.dataFolder() + u"test.sqlite.filetext"_s;
+        QString held;
+        const auto isSo = [&] {
+            try {
+                held = TestDatabase::answer(index, u"SELECT Text FROM FileText ORDER BY Text"_s);
+            } catch (const std::exception& notNow) {
+                held = QString::fromUtf8(notNow.what());
+            }
+            return held == QString::fromUtf8(texts);
+        };
+        if (QTest::qWaitFor(isSo, 20'000)) return testing::AssertionSuccess();
+        return testing::AssertionFailure() << held.toStdString();
+    };
+    write("2.pdf", "no paper but a text");
+    write("é 3.htm", "<p>a <b>b</b>ridge</p>");
+    write("4.pdf", "of a deleted document");
+    journey.desktop.programs = QCoreApplication::applicationDirPath();
+    journey.start();
+    EXPECT_TRUE(holds("a bridge\nno paper but a text"));
+
+    write("2.pdf", "a river");
+    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationActive);
+    EXPECT_TRUE(holds("a bridge\na river"));
+    deleteAtlas();
+    EXPECT_TRUE(holds("a bridge"));
+    journey.trigger("mnuRecordUndo");
+    EXPECT_TRUE(holds("a bridge\na river"));
 }
 
 TEST_F(FileReadingJourney, LeavesACollectionAloneThatIsOnlyRead)
