@@ -99,7 +99,7 @@ void ExportTable::appendText(const ExportedRecord& record, std::size_t column, s
         const ListColumn& shown = m_layout->columns[column];
         const ListRow row = listRow(record);
         if (shown.marksKeys) return append(row.isKey ? FieldTexts::flag(true) : QString(), text);
-        return append(shown.text(row), text);
+        return append(QString::fromStdString(shown.text(row)), text);
     }
     if (column == 0) {
         text += std::to_string(record.identifier);

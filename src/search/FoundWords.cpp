@@ -46,9 +46,9 @@ FoundWords::FoundWords(const QStringList& words)
     }
 }
 
-std::vector<FoundWords::Range> FoundWords::in(const QString& text) const
+std::vector<TextRange> FoundWords::in(const QString& text) const
 {
-    std::vector<Range> places;
+    std::vector<TextRange> places;
     for (const QRegularExpression& word : m_words) {
         auto matches = word.globalMatch(text);
         while (matches.hasNext()) {
@@ -56,14 +56,5 @@ std::vector<FoundWords::Range> FoundWords::in(const QString& text) const
             places.push_back({match.capturedStart(), match.capturedEnd()});
         }
     }
-    std::sort(places.begin(), places.end(), [](const Range& a, const Range& b) { return a.begin < b.begin; });
-    std::vector<Range> merged;
-    for (const Range& place : places) {
-        if (!merged.empty() && place.begin <= merged.back().end) {
-            merged.back().end = std::max(merged.back().end, place.end);
-        } else {
-            merged.push_back(place);
-        }
-    }
-    return merged;
+    return merged(std::move(places));
 }

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "util/TextRange.h"
+
 #include <QRegularExpression>
 #include <QString>
 #include <QStringList>
@@ -12,15 +14,6 @@
 class FoundWords
 {
 public:
-    /// A run of characters, counted from 0.
-    struct Range
-    {
-        qsizetype begin = 0;
-        qsizetype end = 0; ///< one past its last character
-
-        friend bool operator==(const Range&, const Range&) = default;
-    };
-
     FoundWords() = default;
 
     /// In a word, `%` matches any run of characters and `_` a single one. Words of only these are ignored.
@@ -30,7 +23,7 @@ public:
 
     /// Returns the places of all words in the text, from left to right, without regard to case. Places that
     /// touch or overlap are merged.
-    [[nodiscard]] std::vector<Range> in(const QString& text) const;
+    [[nodiscard]] std::vector<TextRange> in(const QString& text) const;
 
 private:
     std::vector<QRegularExpression> m_words;

@@ -72,10 +72,12 @@ SharedQuery keywordQuery(const StandardQueries& queries, RecordKind kind, const 
     return std::make_shared<const SQLObject>(std::move(query));
 }
 
-clsView keywordView(const StandardQueries& queries, std::optional<RecordKind> kind, const QString& text)
+clsView keywordView(const StandardQueries& queries, std::optional<RecordKind> kind, const QString& text,
+                    bool alsoInFiles)
 {
     clsView view;
     view.Keywords = text;
+    view.alsoInFiles = alsoInFiles && kind.value_or(RecordKind::Document) == RecordKind::Document;
     if (kind) {
         view.viewIndex = viewOf(*kind);
         view.SQL = keywordQuery(queries, *kind, splitWords(text).words);

@@ -31,4 +31,6 @@ SharedQuery keywordQuery(const StandardQueries& queries, RecordKind kind, const 
 
 /// Returns the view that shows a search for a text: the list of one kind, or the results page if the search
 /// has no kind and looks through all. The view keeps the text, so that showing it again repeats the search.
-clsView keywordView(const StandardQueries& queries, std::optional<RecordKind> kind, const QString& text);
+/// Only documents have files to look into.
+clsView keywordView(const StandardQueries& queries, std::optional<RecordKind> kind, const QString& text,
+                    bool alsoInFiles = false);

@@ -4,15 +4,18 @@
 
 #include "data/RecordKind.h"
 #include "data/SQLObject.h"
+#include "filetext/FilePassage.h"
+#include "search/FoundWords.h"
 #include "search/SearchSurroundings.h"
 
 #include <QObject>
 #include <QPointer>
 
+#include <memory>
 #include <optional>
 
-class FoundWordsDelegate;
-class QAbstractItemView;
+class FoundInFiles;
+class MarkingDelegate;
 class RecordPicker;
 class SearchResultsPage;
 class frmAdvSearch;
@@ -36,7 +39,7 @@ public:
     [[nodiscard]] SearchResultsPage* page();
 
     /// Lets the searches mark found words in a list, whose first column has the names. To be called once.
-    void attachTo(QAbstractItemView& list);
+    void attachTo(MarkingDelegate& list);
 
     void openKeywordSearch();
 
@@ -50,8 +53,14 @@ public:
     void showResults();
 
     /// Returns the query to read the current view with, one of a kind of record: for a keyword search, a
-    /// cheaper one for the same records.
-    [[nodiscard]] SharedQuery queryFor(RecordKind kind, const SharedQuery& query) const;
+    /// cheaper one for the same records. Searches the files again if the view does.
+    [[nodiscard]] SharedQuery queryFor(RecordKind kind, const SharedQuery& query);
+
+    /// Returns what the list shows of the files that queryFor() found last; null if it did not look into any.
+    [[nodiscard]] FilePassages passages() const;
+
+    /// What the user has to know of the search that made the current list, or an empty text.
+    [[nodiscard]] QString notice() const;
 
     /// To be called before the list is filled with the current view.
     void beginList();
@@ -82,7 +91,8 @@ private:
     RecordPicker* m_picker;
     QWidget& m_window;
     SearchResultsPage* m_page = nullptr;
-    FoundWordsDelegate* m_delegate = nullptr;
+    FoundWords m_words;                      ///< of the search that made the current view
+    std::shared_ptr<FoundInFiles> m_inFiles; ///< by the search that made the current list; null if none was
     frmSearch* m_keywordSearch = nullptr;
     QPointer<frmAdvSearch> m_advancedSearch;
 };

@@ -3,6 +3,8 @@
 #include "search/SearchResults.h"
 
 #include "data/DatabaseSession.h"
+#include "search/FoundInFiles.h"
+#include "search/FoundKeys.h"
 #include "search/KeywordSearch.h"
 #include "search/SearchTexts.h"
 #include "views/StandardQueries.h"
@@ -26,6 +28,15 @@ std::optional<SearchResults::Record> firstOf(DatabaseSession& session, const Sea
                                  rows.text(rows.column(names.name))};
 }
 
+SearchResults::InFiles readFiles(DatabaseSession& session, const StandardQueries& queries,
+                                 const QString& keywords)
+{
+    const FoundInFiles found(session, queries, keywords);
+    const std::vector<qint64> documents = found.documents();
+    return {queryOfKeys(RecordKind::Document, queries.documents, documents),
+            static_cast<qint64>(documents.size()), found.note()};
+}
+
 } // namespace
 
 QString SearchResults::Kind::label() const
@@ -41,6 +52,13 @@ QString SearchResults::Kind::label() const
     }
     return number == 1 ? SearchTexts::tr("1 Organization")
                        : SearchTexts::tr("%n Organizations", nullptr, number);
+}
+
+QString SearchResults::InFiles::label() const
+{
+    return count == 1 ? SearchTexts::tr("1 Document with the words in its file")
+                      : SearchTexts::tr("%n Documents with the words in their files", nullptr,
+                                        static_cast<int>(count));
 }
 
 qint64 SearchResults::total() const
@@ -77,8 +95,19 @@ clsView SearchResults::listView(const Kind& kind) const
     return {viewOf(kind.kind), kind.query, kind.caption, keywords, {}};
 }
 
+clsView SearchResults::filesView(const StandardQueries& queries) const
+{
+    clsView view{ViewKind::Documents,
+                 queries.documents,
+                 SearchTexts::tr("File Search Results for \"%1\"").arg(keywords),
+                 keywords,
+                 {}};
+    view.onlyInFiles = true;
+    return view;
+}
+
 SearchResults SearchResults::read(DatabaseSession& session, const StandardQueries& queries,
-                                  const QString& keywords)
+                                  const QString& keywords, bool alsoInFiles)
 {
     SearchResults results;
     results.keywords = keywords;
@@ -90,6 +119,7 @@ SearchResults SearchResults::read(DatabaseSession& session, const StandardQuerie
         kind.caption = captionOf(kind.kind).arg(keywords);
         kind.count = StandardQueries::count(session, kind.kind, *kind.query);
     }
+    if (alsoInFiles) results.inFiles = readFiles(session, queries, keywords);
     if (results.total() != 1) return results;
     for (const Kind& kind : results.kinds) {
         if (kind.count == 1) results.single = firstOf(session, kind);

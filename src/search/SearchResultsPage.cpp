@@ -80,6 +80,7 @@ void SearchResultsPage::layOut()
     column->addLayout(top);
     for (std::size_t i = 0; i < recordKinds.size(); ++i)
         makeKind(i, *column);
+    makeFiles(*column);
     column->addWidget(m_record);
     column->addStretch(2);
 
@@ -99,26 +100,48 @@ void SearchResultsPage::layOut()
     layout->addWidget(area);
 }
 
+/// Makes a picture and, beside it, a link, which is returned.
+LinkButton* SearchResultsPage::makeRow(const QString& picture, QWidget& row)
+{
+    auto* layout = new QHBoxLayout(&row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(spacing);
+    auto* label = new QLabel(&row);
+    const QIcon icon(QStringLiteral(":/pictures/%1.svg").arg(picture));
+    label->setAlignment(Qt::AlignCenter);
+    label->setFixedWidth(m_search->sizeHint().width());
+    label->setPixmap(icon.pixmap(QSize(kindIconSize, kindIconSize), devicePixelRatioF()));
+    auto* link = new LinkButton(&row);
+    link->setFont(larger(font(), linkSize));
+    layout->addWidget(label);
+    layout->addWidget(link);
+    layout->addStretch();
+    return link;
+}
+
 void SearchResultsPage::makeKind(std::size_t index, QVBoxLayout& layout)
 {
     m_rows[index] = new QWidget(this);
-    auto* row = new QHBoxLayout(m_rows[index]);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(spacing);
-    auto* picture = new QLabel(m_rows[index]);
-    const QIcon icon(QStringLiteral(":/pictures/%1.svg").arg(pictureOf(recordKinds[index])));
-    picture->setAlignment(Qt::AlignCenter);
-    picture->setFixedWidth(m_search->sizeHint().width());
-    picture->setPixmap(icon.pixmap(QSize(kindIconSize, kindIconSize), devicePixelRatioF()));
-    m_links[index] = new LinkButton(m_rows[index]);
+    m_links[index] = makeRow(pictureOf(recordKinds[index]), *m_rows[index]);
     m_links[index]->setObjectName(QStringLiteral("lblResult(%1)").arg(index));
-    m_links[index]->setFont(larger(font(), linkSize));
-    row->addWidget(picture);
-    row->addWidget(m_links[index]);
-    row->addStretch();
     layout.addWidget(m_rows[index]);
     connect(m_links[index], &LinkButton::clicked, this,
             [this, index] { Q_EMIT listChosen(m_results.listView(m_results.kinds[index])); });
+}
+
+void SearchResultsPage::makeFiles(QVBoxLayout& layout)
+{
+    m_filesRow = new QWidget(this);
+    m_files = makeRow(pictureOf(RecordKind::Document), *m_filesRow);
+    m_files->setObjectName(QStringLiteral("lblFiles"));
+    layout.addWidget(m_filesRow);
+    m_filesNote = new QLabel(this);
+    m_filesNote->setObjectName(QStringLiteral("lblFilesNote"));
+    m_filesNote->setTextFormat(Qt::PlainText);
+    m_filesNote->setWordWrap(true);
+    m_filesNote->setIndent(m_search->sizeHint().width() + spacing);
+    layout.addWidget(m_filesNote);
+    connect(m_files, &LinkButton::clicked, this, [this] { Q_EMIT filesChosen(m_results); });
 }
 
 void SearchResultsPage::showResults(const SearchResults& results)
@@ -130,6 +153,7 @@ void SearchResultsPage::showResults(const SearchResults& results)
         m_links[i]->setEnabled(results.kinds[i].count > 0);
         m_rows[i]->show();
     }
+    showFiles();
     m_record->setVisible(results.single.has_value());
     if (results.single) m_record->setLink(results.single->name);
     focusFirst();
@@ -143,8 +167,20 @@ void SearchResultsPage::showFailure(const QString& keywords)
                            .arg(keywords));
     for (QWidget* row : m_rows)
         row->hide();
+    showFiles();
     m_record->hide();
     focusFirst();
+}
+
+void SearchResultsPage::showFiles()
+{
+    const auto& files = m_results.inFiles;
+    m_filesRow->setVisible(files.has_value());
+    m_filesNote->setVisible(files && !files->note.isEmpty());
+    if (!files) return;
+    m_files->setLink(files->label());
+    m_files->setEnabled(files->count > 0);
+    m_filesNote->setText(files->note);
 }
 
 /// Gives the keyboard focus to what the user most likely wants next.
@@ -160,5 +196,9 @@ void SearchResultsPage::focusFirst()
             return;
         }
     }
-    m_search->setFocus();
+    if (m_results.inFiles && m_results.inFiles->count > 0) {
+        m_files->setFocus();
+    } else {
+        m_search->setFocus();
+    }
 }

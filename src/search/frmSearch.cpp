@@ -4,12 +4,14 @@
 
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
+#include "search/FoundInFiles.h"
 #include "search/KeywordSearch.h"
 #include "views/ViewHistory.h"
 #include "widgets/LineEdit.h"
 #include "widgets/LinkButton.h"
 #include "widgets/WaitCursor.h"
 
+#include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -34,6 +36,7 @@ frmSearch::frmSearch(const SearchSurroundings& surroundings, QWidget* parent)
     setWindowTitle(tr("Keyword Search"));
     QGroupBox* scopeBox = makeScopes();
     makeKeywords();
+    makeFiles();
     makeButtons();
     layOut(scopeBox);
 }
@@ -63,6 +66,12 @@ void frmSearch::makeKeywords()
     m_keywords->setAccessibleName(tr("Keywords"));
     m_keywords->setMinimumWidth(keywordWidth);
     m_keywords->setClearButtonEnabled(true);
+}
+
+void frmSearch::makeFiles()
+{
+    m_files = new QCheckBox(tr("Also in the &files"), this);
+    m_files->setObjectName(QStringLiteral("chkFiles"));
 }
 
 void frmSearch::makeButtons()
@@ -100,6 +109,7 @@ void frmSearch::layOut(QGroupBox* scopeBox)
     words->addWidget(label, 0, 0);
     words->addWidget(m_keywords, 0, 1);
     words->addWidget(hint, 1, 1);
+    words->addWidget(m_files, 2, 1);
 
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(m_advanced);
@@ -112,7 +122,8 @@ void frmSearch::layOut(QGroupBox* scopeBox)
     layout->addLayout(words);
     layout->addLayout(buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    setTabOrder(m_keywords, m_go);
+    setTabOrder(m_keywords, m_files);
+    setTabOrder(m_files, m_go);
     setTabOrder(m_go, m_cancel);
     setTabOrder(m_cancel, m_advanced);
 }
@@ -125,6 +136,7 @@ void frmSearch::doSearch()
     chooseScope(shown);
     m_keywords->setText(m_lastKeywords);
     m_keywords->selectAll();
+    m_files->setChecked(m_lastInFiles);
     m_keywords->setFocus();
     open();
 }
@@ -140,6 +152,20 @@ void frmSearch::chooseScope(std::optional<RecordKind> scope)
 {
     m_scope = scope;
     m_advanced->setColour(m_scope ? liveLink : palette().color(QPalette::ButtonText));
+    enableFiles();
+}
+
+/// The box keeps its mark while it cannot be used.
+void frmSearch::enableFiles()
+{
+    const bool hasFiles = m_scope.value_or(RecordKind::Document) == RecordKind::Document;
+    const QString hindrance =
+        hasFiles ? FoundInFiles::hindrance(m_at.session) : tr("Only documents have files that are searched.");
+    m_files->setEnabled(hindrance.isEmpty());
+    m_files->setToolTip(hindrance.isEmpty()
+                            ? tr("Finds documents, too, whose files have all of the words, or "
+                                 "words that begin with them.")
+                            : hindrance);
 }
 
 void frmSearch::followLink()
@@ -167,10 +193,11 @@ void frmSearch::doKeywordSearch()
     runProcedure(m_at.messages, QStringLiteral("doKeywordSearch"), [this] {
         const QString text = m_keywords->text();
         m_lastKeywords = text;
+        m_lastInFiles = m_files->isChecked();
         if (splitWords(text).moreThanMost) {
             m_at.messages.show(tr("Search Limited to 4 Keywords. First 4 Keywords used."));
         }
-        clsView found = keywordView(m_at.queries, m_scope, text);
+        clsView found = keywordView(m_at.queries, m_scope, text, m_lastInFiles && m_files->isEnabled());
         // a list yields as it fills: close first, so that nothing in the dialog can be pressed again
         accept();
         const WaitCursor wait;

@@ -11,13 +11,15 @@
 #include <optional>
 
 class LinkButton;
+class QCheckBox;
 class QGroupBox;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
 
-/// The dialog for a keyword search: the kind of record to look through, or all, and up to four words. Its
-/// result becomes a view of the main window. Made once; each opening begins with the last search text.
+/// The dialog for a keyword search: the kind of record to look through, or all, and up to four words, which
+/// may be looked for in the files, too. Its result becomes a view of the main window. Made once; each opening
+/// begins with what was searched for last.
 class frmSearch final : public QDialog
 {
     Q_OBJECT
@@ -42,18 +44,22 @@ private:
 
     QGroupBox* makeScopes();
     void makeKeywords();
+    void makeFiles();
     void makeButtons();
     void layOut(QGroupBox* scopeBox);
     void chooseScope(std::optional<RecordKind> scope);
+    void enableFiles();
     void followLink();
     void cmdGO();
     void doKeywordSearch();
 
     SearchSurroundings m_at;
     QString m_lastKeywords; ///< as typed
+    bool m_lastInFiles = false;
     std::optional<RecordKind> m_scope;
     std::array<QRadioButton*, scopes.size()> m_options{};
     QLineEdit* m_keywords = nullptr;
+    QCheckBox* m_files = nullptr;
     LinkButton* m_advanced = nullptr;
     QPushButton* m_go = nullptr;
     QPushButton* m_cancel = nullptr;

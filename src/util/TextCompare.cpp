@@ -105,6 +105,25 @@ void appendCharacter(std::string& text, char32_t character)
     }
 }
 
+/// Whether the character adds an accent to the letter before it.
+bool isAccent(char32_t character)
+{
+    return character >= 0x300 && character <= 0x36F;
+}
+
+/// Folds a text of ASCII characters; returns false for any other text, of which `folded` is no use then.
+bool foldAscii(std::string_view text, std::string& folded)
+{
+    folded.resize(text.size());
+    unsigned char seen = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto c = static_cast<unsigned char>(text[i]);
+        seen |= c;
+        folded[i] = static_cast<char>(lowerAscii(c));
+    }
+    return seen < firstNonAscii;
+}
+
 /// Compares from `i` on; both texts agree before it.
 int compareCharacters(std::string_view left, std::string_view right, std::size_t i)
 {
@@ -148,18 +167,22 @@ int compare(std::string_view left, std::string_view right)
 
 void fold(std::string_view text, std::string& folded)
 {
-    folded.resize(text.size());
-    unsigned char seen = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto c = static_cast<unsigned char>(text[i]);
-        seen |= c;
-        folded[i] = static_cast<char>(lowerAscii(c));
-    }
-    if (seen < firstNonAscii) return;
-
+    if (foldAscii(text, folded)) return;
     folded.clear();
     for (std::size_t i = 0; i < text.size();)
         appendCharacter(folded, foldCharacter(nextCharacter(text, i)));
+}
+
+void foldWithoutAccents(std::string_view text, std::string& folded)
+{
+    if (foldAscii(text, folded)) return;
+    folded.clear();
+    for (std::size_t i = 0; i < text.size();) {
+        const char32_t character = nextCharacter(text, i);
+        // a base letter may be a capital again: that of İ is I
+        if (!isAccent(character))
+            appendCharacter(folded, foldCharacter(baseLetter(foldCharacter(character))));
+    }
 }
 
 } // namespace TextCompare

@@ -51,5 +51,6 @@ struct clsView
     QString Caption;
     QString Keywords{};       ///< the text of the keyword search that made the view, as typed, or empty
     clsAdvSearch AdvSearch{}; ///< the criteria of the advanced search that made the view, or none
-    bool alsoInFiles = false; ///< whether the keyword search also looked into the files of documents
+    bool alsoInFiles = false; ///< whether the keyword search also looks into the files of documents
+    bool onlyInFiles = false; ///< whether it looks nowhere else
 };

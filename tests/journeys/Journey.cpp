@@ -106,6 +106,16 @@ std::string Journey::column(int column)
     return texts.join(u'|').toStdString();
 }
 
+bool Journey::showsMarks()
+{
+    const QImage picture = list().grab().toImage();
+    const QRgb mark = qRgb(255, 221, 87);
+    for (int pixel = 0; pixel < picture.width() * picture.height(); ++pixel) {
+        if (picture.pixel(pixel % picture.width(), pixel / picture.width()) == mark) return true;
+    }
+    return false;
+}
+
 QStringList Journey::dump()
 {
     QStringList all;

@@ -68,6 +68,9 @@ public:
     /// The texts of a column from the first row to the last, joined by `|`.
     std::string column(int column);
 
+    /// Whether any word in the list stands on the colour of marks.
+    bool showsMarks();
+
     /// The captions of the History menu as it opens now, joined by `|`; the current one in brackets.
     std::string historyMenu();
 

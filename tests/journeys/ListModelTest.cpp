@@ -5,13 +5,16 @@
 #include "browse/list/RecordListView.h"
 
 #include <QAbstractItemModelTester>
+#include <QLineEdit>
 #include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-TEST(ListModel, KeepsItsPromisesWhileItFillsAndSorts)
+TEST(ListModel, KeepsItsPromisesWhileItFillsSortsAndFilters)
 {
     Journey journey;
     journey.addDocuments(2000);
@@ -33,6 +36,30 @@ TEST(ListModel, KeepsItsPromisesWhileItFillsAndSorts)
     EXPECT_EQ(kept.row(), 7);
     EXPECT_EQ(model.rowOf(model.identifier(1234)), 1234);
     EXPECT_EQ(model.rowOf(5), -1);
+
+    // words that the user types while the list is still being read
+    auto& field = journey.find<QLineEdit>("txtFilter");
+    int early = -1;
+    QTimer::singleShot(0, &model, [&] {
+        journey.trigger("mnuSearchFilter");
+        QTest::keyClicks(&field, QStringLiteral("99"));
+        early = model.rowCount();
+    });
+    journey.trigger("mnuViewDocuments");
+    const std::string all = journey.rows("SELECT COUNT(*) FROM Document WHERE DocumentName LIKE '%99%'");
+    EXPECT_EQ(std::to_string(model.rowCount()), all);
+    EXPECT_GT(early, 0);
+    EXPECT_LT(early, model.rowCount());
+    EXPECT_TRUE(field.hasFocus());
+
+    const QPersistentModelIndex second = model.index(1, 0);
+    model.order(ListSort{0, true});
+    EXPECT_EQ(second.row(), model.rowCount() - 2);
+    model.setFilter(FilterWords(QStringLiteral("99 -19")));
+    EXPECT_FALSE(second.isValid());
+    EXPECT_EQ(model.index(0, 0).data().toString().toStdString(), "Document 999") << "still sorted";
+    EXPECT_EQ(model.rowOf(model.identifier(3)), 3);
+    EXPECT_EQ(model.rowOf(199), -1);
     journey.trigger("mnuViewEvents");
     EXPECT_EQ(model.rowCount(), 0);
     EXPECT_FALSE(kept.isValid());

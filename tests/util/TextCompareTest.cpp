@@ -47,6 +47,25 @@ TEST(TextCompare, CaseMakesNoDifferenceInAnyScriptAndAllElseDoes)
     }
 }
 
+TEST(TextCompare, LeavesAccentsOutForAFilter)
+{
+    const std::pair<const char*, const char*> texts[]{{"École", "ecole"},
+                                                      {"E\u0301cole", "ecole"},
+                                                      {"\u0301", ""},
+                                                      {"İZMİR", "izmir"},
+                                                      {"ÅNGSTRÖM", "angstrom"},
+                                                      {"\u212Bland", "aland"},
+                                                      {"Άλφα", "αλφα"},
+                                                      {"각", "각"},
+                                                      {"ß", "ß"},
+                                                      {"a\xFF", "a\xFF"}};
+    for (const auto& [text, expected] : texts) {
+        std::string result = "what was there before";
+        TextCompare::foldWithoutAccents(text, result);
+        EXPECT_EQ(result, expected) << text;
+    }
+}
+
 TEST(TextCompare, SortsByBaseLetterThenByAccent)
 {
     const std::vector<std::string> words{

@@ -74,15 +74,14 @@ ListSortKey timesKey(const ListRow& row)
 template <auto utf8>
 ListColumn textColumn(const char* title, int widthInTwips = 0)
 {
-    constexpr auto shown = [](const ListRow& row) {
-        const auto text = utf8(row);
-        return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    };
-    return {title, widthInTwips, shown,
+    return {title, widthInTwips, [](const ListRow& row) { return std::string(utf8(row)); },
             [](const ListRow& row) {
                 return ListSortKey{0, std::string(utf8(row))};
             },
-            shown};
+            [](const ListRow& row) {
+                const auto text = utf8(row);
+                return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+            }};
 }
 
 /// What is not a date sorts after all dates.
@@ -104,7 +103,7 @@ ListColumn keyColumn(QString (*toolTip)(const ListRow&))
     constexpr int width = 300;
     return {"",
             width,
-            [](const ListRow& row) { return row.isKey ? QStringLiteral("1") : QString(); },
+            [](const ListRow& row) { return std::string(row.isKey ? "1" : ""); },
             [](const ListRow& row) {
                 return ListSortKey{row.isKey ? 0 : 1, {}};
             },
@@ -130,9 +129,9 @@ ListLayout documentLayout()
 }
 
 template <Years years>
-QString timesText(const ListRow& row)
+std::string timesText(const ListRow& row)
 {
-    return times(row).text(years);
+    return times(row).text(years).toStdString();
 }
 
 template <Years years>
@@ -146,7 +145,7 @@ ListLayout eventLayout()
             {textColumn<field<eventField::name>>(QT_TRANSLATE_NOOP("List", "Name"), 6450),
              keyColumn([](const ListRow& row) { return row.isKey ? ListTexts::tr("Key event") : QString(); }),
              {QT_TRANSLATE_NOOP("List", "Date - Time"), 6450, &timesText<years>, &timesKey,
-              &timesText<Years::FourDigits>}}};
+              [](const ListRow& row) { return times(row).text(Years::FourDigits); }}}};
 }
 
 ListLayout organizationLayout()

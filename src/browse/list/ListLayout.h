@@ -35,9 +35,9 @@ struct ListSortKey
 /// A column of a list.
 struct ListColumn
 {
-    const char* title = ""; ///< to be translated
-    int widthInTwips = 0;   ///< 1/1440 inch; 0 for the list's own default
-    QString (*text)(const ListRow& row) = nullptr;
+    const char* title = "";                            ///< to be translated
+    int widthInTwips = 0;                              ///< 1/1440 inch; 0 for the list's own default
+    std::string (*text)(const ListRow& row) = nullptr; ///< in UTF-8
     ListSortKey (*sortKey)(const ListRow& row) = nullptr;
     QString (*toolTip)(const ListRow& row) = nullptr;
     bool marksKeys = false; ///< whether it shows a picture for key records in place of a text

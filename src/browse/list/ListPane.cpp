@@ -2,9 +2,11 @@
 
 #include "browse/list/ListPane.h"
 
+#include "browse/list/FilterField.h"
 #include "browse/list/RecordListView.h"
 #include "data/DatabaseSession.h"
 #include "views/ViewHistory.h"
+#include "widgets/MarkingDelegate.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -30,13 +32,20 @@ ListPane::ListPane(DatabaseSession& session, ViewHistory& history, const Program
       m_list(std::make_shared<RecordList>(RecordKind::Document)),
       m_iconKeys(session, folder),
       m_model(new RecordListModel(m_list, m_iconKeys, m_icons, this)),
+      m_filter(new FilterField(this)),
       m_view(new RecordListView(this)),
       m_widths(*m_view)
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_filter);
     layout->addWidget(m_view);
     m_view->setModel(m_model);
+    m_view->marks().addMarker(
+        [this](const QModelIndex&, const QString& text) { return m_model->filter().in(text); });
+    connect(m_filter, &FilterField::typed, this, &ListPane::narrow);
+    connect(m_filter, &FilterField::left, this, &ListPane::goToRows);
     setFocusProxy(m_view);
     connect(m_view->header(), &QHeaderView::sectionClicked, this, &ListPane::sortBy);
     connect(m_view, &RecordListView::widthChosen, this,
@@ -87,6 +96,12 @@ bool ListPane::readRows(const QString& statement, const std::shared_ptr<RecordLi
     return true;
 }
 
+void ListPane::setPassages(FilePassages passages)
+{
+    m_view->setShowsPassages(passages != nullptr);
+    m_model->setPassages(std::move(passages));
+}
+
 void ListPane::stop()
 {
     ++m_token;
@@ -105,9 +120,14 @@ void ListPane::begin(RecordKind kind, std::size_t entry)
     if (!m_filling && m_entry != 0) rememberPlace();
     ++m_token;
     m_filling = true;
+    // the words that were typed belong to the view before
+    if (m_entry != entry && m_filter->isTypedIn()) m_view->setFocus();
     m_entry = entry;
     m_list = std::make_shared<RecordList>(kind, m_years);
     m_model->setList(m_list);
+    m_filter->setWords(m_history.filter());
+    m_model->setFilter(FilterWords(m_history.filter()));
+    m_filter->setCount({});
     Q_EMIT selectionChanged();
     m_view->scrollToTop();
     m_widths.apply(kind);
@@ -124,6 +144,7 @@ void ListPane::finish()
     m_widths.fitTexts(kind());
     if (m_remembered[m_entry].sort) applySort();
     restorePlace();
+    showCount();
     m_filling = false;
     // a record that the list does not show cannot stay selected
     tellHistory(selectedRecord());
@@ -208,22 +229,33 @@ bool ListPane::select(qint64 identifier)
 
 void ListPane::select(const std::vector<qint64>& identifiers)
 {
-    std::vector<int> rows;
-    for (const qint64 identifier : identifiers) {
-        if (const int row = m_model->rowOf(identifier); row >= 0) rows.push_back(row);
-    }
-    if (rows.empty()) return clearSelection();
-    std::sort(rows.begin(), rows.end());
-    tellHistory(m_model->identifier(rows.front()));
-    const QScopedValueRollback selecting(m_selecting, true);
+    selectShown({identifiers.begin(), identifiers.end()}, std::nullopt);
+}
+
+/// Selects those of the records that are shown, and makes one of them, else the first, the current one.
+void ListPane::selectShown(const std::unordered_set<qint64>& records, std::optional<qint64> current)
+{
     QItemSelection selection;
-    for (const int row : rows)
-        selection.append(QItemSelectionRange(m_model->index(row, 0)));
-    const QModelIndex first = m_model->index(rows.front(), 0);
-    m_view->selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    std::optional<int> goal;
+    for (int row = 0; row < m_model->rowCount() && !records.empty(); ++row) {
+        const qint64 identifier = m_model->identifier(row);
+        if (!records.contains(identifier)) continue;
+        if (!goal || identifier == current) goal = row;
+        const QModelIndex index = m_model->index(row, 0);
+        if (!selection.isEmpty() && selection.last().bottom() == row - 1) {
+            selection.last() = QItemSelectionRange(selection.last().topLeft(), index);
+        } else {
+            selection.append(QItemSelectionRange(index));
+        }
+    }
+    if (!goal) return clearSelection();
+    tellHistory(m_model->identifier(*goal));
+    const QScopedValueRollback selecting(m_selecting, true);
+    const QModelIndex index = m_model->index(*goal, 0);
+    m_view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
     m_view->selectionModel()->select(selection,
                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    m_view->scrollTo(first);
+    m_view->scrollTo(index);
 }
 
 void ListPane::clearSelection()

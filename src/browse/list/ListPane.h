@@ -13,8 +13,10 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <unordered_set>
 #include <vector>
 
+class FilterField;
 class ProgramFolder;
 class RecordListView;
 class ViewHistory;
@@ -30,8 +32,8 @@ struct SelectedRecord
 
 /// The list of the main window. It is filled from a query, yields to the window meanwhile, and remembers
 /// order and place for each entry of the history. The selected record of an entry is kept in the history: the
-/// list writes the user's selection there and shows what it finds there. An empty list of documents until the
-/// first fill.
+/// list writes the user's selection there and shows what it finds there. So is its filter, whose words the
+/// user types above the list. An empty list of documents until the first fill.
 class ListPane final : public QWidget
 {
     Q_OBJECT
@@ -45,6 +47,9 @@ public:
     /// Error; the rows read so far stay.
     bool fill(RecordKind kind, std::size_t entry, const QString& statement);
 
+    /// Sets what the next fill shows below the texts of its rows; null for nothing.
+    void setPassages(FilePassages passages);
+
     /// Forgets order and place of all entries, when the history is cleared.
     void forget();
 
@@ -52,9 +57,22 @@ public:
     void stop();
 
     [[nodiscard]] RecordKind kind() const { return m_list->kind(); }
-    [[nodiscard]] std::size_t count() const { return m_list->count(); }
+
+    /// The number of rows that are shown, and of those that were read: the filter may hide some.
+    [[nodiscard]] std::size_t count() const { return static_cast<std::size_t>(m_model->rowCount()); }
+    [[nodiscard]] std::size_t total() const { return m_list->count(); }
+
     [[nodiscard]] RecordListView& view() { return *m_view; }
     [[nodiscard]] RecordListModel& model() { return *m_model; }
+
+    /// Lets the user type the words of the filter.
+    void beginFilter();
+
+    /// Takes the filter away and gives the focus to the rows.
+    void clearFilter();
+
+    /// Gives the focus to the rows, unless the user types the words of a filter.
+    void focusRows();
 
     /// The record of the current row if that is selected, else of the first selected row.
     [[nodiscard]] std::optional<qint64> selectedRecord() const;
@@ -89,6 +107,9 @@ public:
 
     [[nodiscard]] ColumnWidths& widths() { return m_widths; }
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 Q_SIGNALS:
     /// The selection changed, by the user or by the program.
     void selectionChanged();
@@ -96,11 +117,16 @@ Q_SIGNALS:
     /// The user went to a record, perhaps to the same one again.
     void chosen(qint64 identifier);
 
+    /// The filter shows other rows than before, of a list that stays the same and may still be filling. The
+    /// history has its words.
+    void filtered();
+
 private:
     struct Remembered
     {
         std::optional<ListSort> sort;
-        std::optional<qint64> top; ///< the record of the first visible row
+        std::optional<qint64> top;        ///< the record of the first visible row
+        std::optional<qint64> unfiltered; ///< the record that was selected before there was a filter
     };
 
     void begin(RecordKind kind, std::size_t entry);
@@ -109,7 +135,11 @@ private:
     void finish();
     void noteSelected();
     void tellHistory(std::optional<qint64> selected);
+    void selectShown(const std::unordered_set<qint64>& records, std::optional<qint64> current);
     void clearSelection();
+    void narrow(const QString& typed);
+    void showCount();
+    void goToRows();
     bool readRows(const QString& statement, const std::shared_ptr<RecordList>& list);
     void announce(const QModelIndex& index);
     void sortBy(int column);
@@ -121,6 +151,7 @@ private:
     IconSet m_icons;
     RowIconKeys m_iconKeys;
     RecordListModel* m_model;
+    FilterField* m_filter;
     RecordListView* m_view;
     ColumnWidths m_widths;
     Years m_years = Years::TwoDigits;

@@ -50,7 +50,7 @@ ListRow RecordList::at(std::size_t row) const
 
 QString RecordList::text(std::size_t row, int column) const
 {
-    return this->column(column).text(at(row));
+    return QString::fromStdString(this->column(column).text(at(row)));
 }
 
 QString RecordList::toolTip(std::size_t row, int column) const
@@ -81,6 +81,14 @@ QString RecordList::drawnIcon(std::size_t row, const QString& icon) const
     const int known = FileHints::knownType(
         m_rows[row].number, QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     return u'd' + QString::number(known) + icon.mid(1 + type.size());
+}
+
+void RecordList::appendTexts(std::size_t row, std::string& texts) const
+{
+    const ListRow found = at(row);
+    for (const ListColumn& column : columns()) {
+        if (!column.marksKeys) texts.append(column.text(found)).push_back('\n');
+    }
 }
 
 std::vector<std::uint32_t> RecordList::sorted(int column, bool descending) const

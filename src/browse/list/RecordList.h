@@ -35,6 +35,11 @@ public:
 
     [[nodiscard]] qint64 identifier(std::size_t row) const { return m_rows[row].identifier; }
     [[nodiscard]] QString text(std::size_t row, int column) const;
+
+    /// Appends the texts of all columns to a text in UTF-8, each ended by a line feed; not what stands for a
+    /// picture.
+    void appendTexts(std::size_t row, std::string& texts) const;
+
     [[nodiscard]] QString toolTip(std::size_t row, int column) const;
 
     /// Whether the record is marked as a key record.

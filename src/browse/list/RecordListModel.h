@@ -2,8 +2,11 @@
 
 #pragma once
 
+#include "browse/list/FilterWords.h"
+#include "browse/list/FoldedRows.h"
 #include "browse/list/RecordList.h"
 #include "browse/list/RowIconKeys.h"
+#include "filetext/FilePassage.h"
 
 #include <QAbstractTableModel>
 
@@ -24,7 +27,8 @@ struct ListSort
 };
 
 /// The model of a record list. While the list is read, its rows are published in growing batches, since a
-/// view's work for a batch grows with the number of rows that it already has.
+/// view's work for a batch grows with the number of rows that it already has. A filter shows only some of the
+/// rows that were published; it stays when the list is replaced.
 class RecordListModel final : public QAbstractTableModel
 {
     Q_OBJECT
@@ -33,6 +37,12 @@ public:
     /// The icons and their keys must outlive the model.
     RecordListModel(std::shared_ptr<const RecordList> list, RowIconKeys& iconKeys, IconSet& icons,
                     QObject* parent);
+
+    /// The role of the passage that a row shows below its texts.
+    static constexpr int PassageRole = Qt::UserRole;
+
+    /// Sets the passages of the next list; null for none.
+    void setPassages(FilePassages passages) { m_passages = std::move(passages); }
 
     /// Replaces the list. The rows of the new one are shown once they are published.
     void setList(std::shared_ptr<const RecordList> list);
@@ -46,7 +56,11 @@ public:
     /// Orders the rows, which must all be published, or returns them to the query's order.
     void order(const std::optional<ListSort>& sort);
 
-    /// The row of a record in the present order, or -1.
+    /// Shows the rows that match the words from now on, or all. The views forget selection and place.
+    void setFilter(const FilterWords& words);
+    [[nodiscard]] const FilterWords& filter() const { return m_filter; }
+
+    /// The row of a record in the present order, or -1 if it is not shown.
     [[nodiscard]] int rowOf(qint64 identifier) const;
     [[nodiscard]] qint64 identifier(int row) const { return m_list->identifier(source(row)); }
     [[nodiscard]] QString iconKey(int row) const;
@@ -62,10 +76,19 @@ public:
 
 private:
     [[nodiscard]] bool marksKeys(int column) const;
+    [[nodiscard]] FilePassage passage(std::size_t source) const;
+    [[nodiscard]] QString accessibleText(std::size_t source, int column) const;
+    [[nodiscard]] std::vector<std::uint32_t> matching(int first, int last);
+    void arrange();
 
     RowIconKeys& m_iconKeys;
     IconSet& m_icons;
     std::shared_ptr<const RecordList> m_list;
-    int m_published = 0;
-    std::vector<std::uint32_t> m_order; ///< empty for the query's order
+    FilePassages m_passages;
+    int m_published = 0;                 ///< rows of the list, also those that the filter hides
+    std::vector<std::uint32_t> m_order;  ///< of all rows; empty for the query's order
+    FilterWords m_filter;                ///< empty if all rows are shown
+    FoldedRows m_folded;                 ///< empty until there is a filter
+    std::vector<std::uint32_t> m_left;   ///< the rows that the filter leaves, in the query's order
+    std::vector<std::uint32_t> m_sorted; ///< those in the user's order, if there is one
 };

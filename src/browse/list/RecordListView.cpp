@@ -2,7 +2,8 @@
 
 #include "browse/list/RecordListView.h"
 
-#include "widgets/LineDelegate.h"
+#include "browse/list/RecordListModel.h"
+#include "widgets/MarkingDelegate.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -17,11 +18,23 @@
 
 namespace {
 
-/// Shows a key marker as a picture without its text, which is meant for the clipboard.
+constexpr int belowPassage = 4;
+
+/// Shows a key marker as a picture without its text, which is meant for the clipboard. As no other cell, it
+/// is in every list whose rows may have passages, so it is the one that makes room for them.
 class KeyMarkerDelegate final : public LineDelegate
 {
 public:
-    using LineDelegate::LineDelegate;
+    explicit KeyMarkerDelegate(RecordListView* list) : LineDelegate(list), m_list(*list) {}
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        QSize hint = LineDelegate::sizeHint(option, index);
+        if (m_list.passageHeight() == 0) return hint;
+        const int line = m_list.itemDelegate()->sizeHint(option, index.siblingAtColumn(0)).height();
+        hint.setHeight(line + m_list.passageHeight());
+        return hint;
+    }
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
@@ -33,11 +46,14 @@ protected:
         option->decorationPosition = QStyleOptionViewItem::Top;
         option->features &= ~QStyleOptionViewItem::ViewItemFeatures(QStyleOptionViewItem::HasDisplay);
     }
+
+private:
+    const RecordListView& m_list;
 };
 
 } // namespace
 
-RecordListView::RecordListView(QWidget* parent) : QTreeView(parent)
+RecordListView::RecordListView(QWidget* parent) : QTreeView(parent), m_marks(new MarkingDelegate(this))
 {
     setObjectName(QStringLiteral("ListView1"));
     setAccessibleName(tr("Records"));
@@ -50,7 +66,7 @@ RecordListView::RecordListView(QWidget* parent) : QTreeView(parent)
     setEditTriggers(NoEditTriggers);
     setAlternatingRowColors(true);
     setContextMenuPolicy(Qt::CustomContextMenu);
-    setItemDelegate(new LineDelegate(this));
+    setItemDelegate(m_marks);
     setItemDelegateForColumn(1, new KeyMarkerDelegate(this));
     // the header's own stretching forgets the user's width and also makes the column narrower
     header()->setStretchLastSection(false);
@@ -107,6 +123,45 @@ void RecordListView::resizeEvent(QResizeEvent* event)
 {
     QTreeView::resizeEvent(event);
     stretchLastColumn();
+}
+
+int RecordListView::passageHeight() const
+{
+    return m_showsPassages ? fontMetrics().height() + belowPassage : 0;
+}
+
+void RecordListView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const
+{
+    QStyleOptionViewItem cells = option;
+    cells.rect.setHeight(option.rect.height() - passageHeight());
+    QTreeView::drawRow(painter, cells, index);
+    if (!m_showsPassages) return;
+    QStyleOptionViewItem below = option;
+    below.rect.setRect(columnViewportPosition(0), cells.rect.bottom() + 1, header()->length(),
+                       passageHeight());
+    drawPassage(*painter, below, index);
+}
+
+/// Draws a line across all columns, with its background.
+void RecordListView::drawPassage(QPainter& painter, QStyleOptionViewItem& line,
+                                 const QModelIndex& index) const
+{
+    if (index.row() % 2 != 0) line.features |= QStyleOptionViewItem::Alternate;
+    if (selectionModel()->isSelected(index)) line.state |= QStyle::State_Selected;
+    style()->drawPrimitive(QStyle::PE_PanelItemViewRow, &line, &painter, this);
+    style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &line, &painter, this);
+
+    const auto passage = index.siblingAtColumn(0).data(RecordListModel::PassageRole).value<FilePassage>();
+    if (passage.text.isEmpty()) return;
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    const int icon = line.decorationSize.width() + 3 * margin;
+    QRect area = line.rect.adjusted(icon, 0, -margin, -belowPassage);
+    area = QStyle::visualRect(layoutDirection(), line.rect, area);
+    // as much of it as can be seen, however far the list is scrolled to the side
+    area.setLeft(std::max(area.left(), 0));
+    area.setRight(std::min(area.right(), viewport()->width() - 1));
+    MarkingDelegate::drawMarked(painter, line, area, passage.text, passage.marks);
 }
 
 QList<int> RecordListView::selectedRows() const

@@ -4,6 +4,8 @@
 
 #include <QTreeView>
 
+class MarkingDelegate;
+
 /// A list of records in report style: a row for each record, columns that the user can widen, names found by
 /// typing.
 class RecordListView final : public QTreeView
@@ -22,6 +24,15 @@ public:
     /// Makes text and icons so many percent of the desktop's.
     void setTextSize(int percent);
 
+    /// Marks words in the cells.
+    [[nodiscard]] MarkingDelegate& marks() { return *m_marks; }
+
+    /// Shows the passages of the rows, each below the texts of its row; from the next list on.
+    void setShowsPassages(bool shows) { m_showsPassages = shows; }
+
+    /// The height in pixels that a passage adds to each row; 0 if none are shown.
+    [[nodiscard]] int passageHeight() const;
+
     /// Copies the selected rows, as text with tabs and as a table.
     void copySelection() const;
 
@@ -34,11 +45,16 @@ Q_SIGNALS:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) const override;
 
 private:
     void takeWidth(int column, int width);
     void stretchLastColumn();
+    void drawPassage(QPainter& painter, QStyleOptionViewItem& line, const QModelIndex& index) const;
 
-    int m_lastWidth = 0;     ///< of the last column in pixels, before it is drawn wider
+    MarkingDelegate* m_marks;
+    int m_lastWidth = 0; ///< of the last column in pixels, before it is drawn wider
+    bool m_showsPassages = false;
     bool m_resizing = false; ///< while the program resizes columns, not the user
 };

@@ -3,16 +3,19 @@
 #include "browse/window/EmptyList.h"
 
 #include "browse/commands/MainCommands.h"
+#include "browse/list/ListPane.h"
+#include "browse/list/RecordListView.h"
 #include "data/DatabaseSession.h"
 #include "search/SearchCommands.h"
 #include "views/StandardQueries.h"
 #include "views/ViewHistory.h"
 #include "widgets/EmptyResultNotice.h"
 
-#include <QAbstractItemView>
-
-EmptyList::EmptyList(Surroundings surroundings, QAbstractItemView& list, QWidget& window)
-    : QObject(&window), m_at(std::move(surroundings)), m_notice(new EmptyResultNotice(list))
+EmptyList::EmptyList(Surroundings surroundings, ListPane& list, QWidget& window)
+    : QObject(&window),
+      m_at(std::move(surroundings)),
+      m_list(list),
+      m_notice(new EmptyResultNotice(list.view()))
 {
     connect(m_notice, &EmptyResultNotice::linkFollowed, this, [this] {
         if (m_follow) m_follow();
@@ -32,7 +35,10 @@ void EmptyList::show(const QString& text, const QString& link, std::function<voi
 
 void EmptyList::show(RecordKind kind, bool isListed)
 {
-    if (const auto found = m_at.search.emptyResult(isListed)) {
+    if (m_list.total() > 0) {
+        show(tr("No record in this list matches the filter."), tr("Clear the filter"),
+             [this] { m_list.clearFilter(); });
+    } else if (const auto found = m_at.search.emptyResult(isListed)) {
         show(found->text, found->link, [this] { m_at.search.searchAgain(); });
     } else if (!m_at.session.isOpen()) {
         show(m_at.unwritable());

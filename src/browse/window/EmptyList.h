@@ -10,14 +10,14 @@
 
 class DatabaseSession;
 class EmptyResultNotice;
+class ListPane;
 class MainCommands;
-class QAbstractItemView;
 class SearchCommands;
 class ViewHistory;
 struct StandardQueries;
 
 /// What a list without rows says, and the link to what can be done about it: add the first record, change the
-/// search, or go back. Lives as long as the window.
+/// search, take the filter away, or go back. Lives as long as the window.
 class EmptyList final : public QObject
 {
     Q_OBJECT
@@ -34,13 +34,13 @@ public:
         std::function<QString()> unwritable; ///< why no record can be added, or an empty text
     };
 
-    /// Becomes a child of the window.
-    EmptyList(Surroundings surroundings, QAbstractItemView& list, QWidget& window);
+    /// Becomes a child of the window. The list must outlive it.
+    EmptyList(Surroundings surroundings, ListPane& list, QWidget& window);
 
     void hide();
 
-    /// Shows the notice for the current view, of which no rows came. `isListed` is whether they could be
-    /// read; if not, a message has said why.
+    /// Shows the notice for the current view, of which no rows came or the filter leaves none. `isListed` is
+    /// whether they could be read; if not, a message has said why.
     void show(RecordKind kind, bool isListed);
 
 private:
@@ -48,6 +48,7 @@ private:
     void showNoRecords(RecordKind kind);
 
     Surroundings m_at;
+    ListPane& m_list;
     EmptyResultNotice* m_notice;
     std::function<void()> m_follow; ///< what the link does
 };

@@ -21,7 +21,7 @@ public:
                QObject* parent);
 
 Q_SIGNALS:
-    /// The list shows so many records now.
+    /// The list shows other records than before; the count is that of the status bar.
     void narrowed(const QString& count);
 
 private:

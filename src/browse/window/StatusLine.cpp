@@ -86,6 +86,11 @@ void StatusLine::showView(const QString& caption, const QString& count)
     m_notice->hide();
 }
 
+void StatusLine::showCount(const QString& count)
+{
+    m_status->setText(count);
+}
+
 void StatusLine::showNotice(const QString& text)
 {
     m_notice->setLine(text);

@@ -28,6 +28,9 @@ public:
     /// showNotice() showed.
     void showView(const QString& caption, const QString& count);
 
+    /// Shows another number of rows of the same view.
+    void showCount(const QString& count);
+
     /// Says that a record was saved, until another view is shown.
     void showSaved(RecordKind kind, const QString& name);
 

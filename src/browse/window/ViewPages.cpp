@@ -18,6 +18,7 @@ ViewPages::ViewPages(Messages& messages, ViewHistory& history, const Parts& part
     addWidget(&m_parts.home);
     addWidget(&m_parts.browse);
     m_history.setPresenter(this);
+    connect(&m_parts.list, &ListPane::filtered, this, &ViewPages::showFiltered);
 }
 
 ViewPages::~ViewPages()
@@ -65,14 +66,23 @@ void ViewPages::showList(RecordKind kind, const QString& procedure, const Shared
         runProcedure(m_messages, procedure, [&, &list = list, &search = search, &graphics = graphics] {
             const WaitCursor wait;
             m_history.setCurrentQuery(search.queryFor(kind, query));
+            list.setPassages(search.passages());
             graphics.drawBeforeList(kind);
             stayed = list.fill(kind, m_history.current(), m_history.currentQuery()->sqlStr());
         });
     if (!stayed) return;
     Q_EMIT viewShown(caption, RecordList::countText(kind, list.count()));
-    list.setFocus();
+    list.focusRows();
     if (list.count() == 0) emptyList.show(kind, isListed);
     graphics.drawAfterList(kind, isListed);
+}
+
+void ViewPages::showFiltered()
+{
+    // a view without rows has said so already, and one that is still being read will
+    if (m_parts.list.total() == 0 || m_parts.list.isFilling()) return;
+    m_parts.emptyList.hide();
+    if (m_parts.list.count() == 0) m_parts.emptyList.show(m_parts.list.kind(), true);
 }
 
 void ViewPages::showHome()

@@ -63,6 +63,7 @@ private:
     void showList(RecordKind kind, const QString& procedure, const SharedQuery& query,
                   const QString& caption);
     void showPage(QWidget& page);
+    void showFiltered();
 
     Messages& m_messages;
     ViewHistory& m_history;

@@ -103,7 +103,7 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_pictures(new PictureCommands(platform, *m_shown, *m_commands, this)),
       m_emptyList(new EmptyList({state.session, state.history, state.queries, *m_search, *m_commands,
                                  [this] { return m_database.unwritable(); }},
-                                m_list->view(), *this)),
+                                *m_list, *this)),
       m_pages(new ViewPages(platform.messages, state.history,
                             {*m_home, *m_browse, *m_list, *m_emptyList, *m_search, *m_graphics}, this)),
       m_commandStates(std::make_unique<CommandStates>(
@@ -117,7 +117,7 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_starts(new StartCommands({platform, state, *m_databases, *m_list, *m_editors, *m_search}, *this))
 {
     setObjectName(QStringLiteral("frmMain"));
-    m_search->attachTo(m_list->view());
+    m_search->attachTo(m_list->view().marks());
     setCentralWidget(m_pages);
     connectCommands();
     connectViews();
@@ -182,6 +182,7 @@ void frmMain::connectViews()
     connect(m_details, &DetailsCommand::fileAsked, this,
             [this](RecordKind kind, qint64 record) { m_open->openRecord(kind, record); });
     connect(m_home, &HomePage::helpChosen, m_help->mnuHelpContents, &QAction::trigger);
+    connect(m_filter, &ListFilter::narrowed, m_status, &StatusLine::showCount);
     connect(m_pages, &ViewPages::viewAsked, this, &frmMain::lookForOutsideChange);
     connect(m_pages, &ViewPages::pageChanged, this, [this] { m_commandStates->refresh(); });
     connect(m_pages, &ViewPages::viewShown, this, &frmMain::showCaption);
@@ -332,7 +333,8 @@ void frmMain::add(const RecordAddition& addition)
 void frmMain::showCaption(const QString& caption, const QString& count)
 {
     m_status->showView(readableLine(caption), count);
-    const QString notice = m_database.takeNotice();
+    QString notice = m_database.takeNotice();
+    if (notice.isEmpty()) notice = m_search->notice();
     if (!notice.isEmpty()) m_status->showNotice(notice);
     showTitle();
 }

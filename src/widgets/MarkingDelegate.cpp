@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "search/FoundWordsDelegate.h"
+#include "widgets/MarkingDelegate.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -17,13 +17,13 @@ QPalette::ColorGroup groupOf(const QStyleOptionViewItem& option)
     return option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
 }
 
-QList<QTextLayout::FormatRange> formats(const std::vector<FoundWords::Range>& places)
+QList<QTextLayout::FormatRange> formats(const std::vector<TextRange>& places)
 {
     QTextCharFormat mark;
     mark.setBackground(markColour);
     mark.setForeground(markedText);
     QList<QTextLayout::FormatRange> ranges;
-    for (const FoundWords::Range& place : places) {
+    for (const TextRange& place : places) {
         ranges << QTextLayout::FormatRange{static_cast<int>(place.begin),
                                            static_cast<int>(place.end - place.begin), mark};
     }
@@ -32,12 +32,22 @@ QList<QTextLayout::FormatRange> formats(const std::vector<FoundWords::Range>& pl
 
 } // namespace
 
-void FoundWordsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                               const QModelIndex& index) const
+std::vector<TextRange> MarkingDelegate::marks(const QModelIndex& index, const QString& text) const
+{
+    std::vector<TextRange> ranges;
+    for (const Marker& marker : m_markers) {
+        const std::vector<TextRange> more = marker(index, text);
+        ranges.insert(ranges.end(), more.begin(), more.end());
+    }
+    return merged(std::move(ranges));
+}
+
+void MarkingDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const
 {
     QStyleOptionViewItem item = option;
     initStyleOption(&item, index);
-    const auto places = m_words.in(item.text);
+    const std::vector<TextRange> places = marks(index, item.text);
     if (places.empty()) {
         LineDelegate::paint(painter, option, index);
         return;
@@ -48,19 +58,23 @@ void FoundWordsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     const QString text = item.text;
     item.text.clear();
     style->drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
+    drawMarked(*painter, item, area.adjusted(margin, 0, -margin, 0), text, places);
+}
 
-    const QRect inner = area.adjusted(margin, 0, -margin, 0);
-    QTextLayout layout(item.fontMetrics.elidedText(text, Qt::ElideRight, inner.width()), item.font);
+void MarkingDelegate::drawMarked(QPainter& painter, const QStyleOptionViewItem& item, const QRect& area,
+                                 const QString& text, const std::vector<TextRange>& ranges)
+{
+    QTextLayout layout(item.fontMetrics.elidedText(text, Qt::ElideRight, area.width()), item.font);
     // a mark beyond the end of the elided text is cut off with it
-    layout.setFormats(formats(places));
+    layout.setFormats(formats(ranges));
     layout.beginLayout();
     const QTextLine line = layout.createLine();
     layout.endLayout();
     if (!line.isValid()) return;
-    painter->save();
-    painter->setClipRect(inner);
-    painter->setPen(item.palette.color(
+    painter.save();
+    painter.setClipRect(area);
+    painter.setPen(item.palette.color(
         groupOf(item), item.state & QStyle::State_Selected ? QPalette::HighlightedText : QPalette::Text));
-    layout.draw(painter, QPointF(inner.left(), inner.top() + (inner.height() - line.height()) / 2));
-    painter->restore();
+    layout.draw(&painter, QPointF(area.left(), area.top() + (area.height() - line.height()) / 2));
+    painter.restore();
 }

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The words above the list, typed as a user types them, and what is left then.
+
+#include "Journey.h"
+#include "widgets/LinkButton.h"
+
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Filter : public testing::Test
+{
+protected:
+    Filter()
+    {
+        journey.database.runFile("journeys/rows/Selection.sql");
+        journey.database.run(
+            "INSERT INTO Document (DocumentID, DocumentName, Author, dStatus) VALUES "
+            "(2, 'Fire plan', 'Harbour', 'ACTIVE'), (3, 'Map', 'École fire', 'ACTIVE'), "
+            "(4, 'Water plan', 'Harbour', 'ACTIVE'), (5, 'Zoning', 'Fire marshal', 'ACTIVE')");
+        journey.start();
+        journey.program->window()->resize(1200, 800);
+        journey.trigger("mnuViewDocuments");
+    }
+
+    QLineEdit& field() { return journey.find<QLineEdit>("txtFilter"); }
+
+    void press(int key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+    }
+
+    void type(const char* words)
+    {
+        press(Qt::Key_L, Qt::ControlModifier);
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(words));
+    }
+
+    void clickHeader()
+    {
+        QHeaderView& header = *journey.list().header();
+        QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, {header.sectionViewportPosition(0) + 9, 9});
+    }
+
+    /// `rows (selected rows) words: rows left, status`
+    std::string state()
+    {
+        const auto& count = journey.find<QLabel>("lblFilterCount");
+        return journey.column(0) + " (" + journey.selected() + ") " + field().text().toStdString() + ": " +
+               (count.isVisible() ? count.text().toStdString() : "whole") + ", " +
+               journey.statusPanel().toStdString();
+    }
+
+    Journey journey;
+};
+
+TEST_F(Filter, NarrowsTheListAndStaysWithItsView)
+{
+    const std::string whole = "Fire plan|Map|Water plan|Zoning () : whole, Displaying 4 Documents";
+    const struct
+    {
+        const char* what;
+        std::function<void()> act;
+        std::string state;
+    } steps[] = {
+        {"nothing", [] {}, whole},
+        {"a word", [this] { type("FIR"); }, "Fire plan|Map|Zoning () FIR: 3 of 4, Displaying 3 Documents"},
+        {"Ctrl+L again, two words", [this] { type("fire ecole"); },
+         "Map () fire ecole: 1 of 4, Displaying 1 Document"},
+        {"Escape", [this] { press(Qt::Key_Escape); }, whole},
+        {"a word that leaves out", [this] { type("-Harbour"); },
+         "Map|Zoning () -Harbour: 2 of 4, Displaying 2 Documents"},
+        {"Down", [this] { press(Qt::Key_Down); },
+         "Map|Zoning (Map) -Harbour: 2 of 4, Displaying 2 Documents"},
+        {"a click on the title", [this] { clickHeader(); },
+         "Map|Zoning (Map) -Harbour: 2 of 4, Displaying 2 Documents"},
+        {"another click", [this] { clickHeader(); },
+         "Zoning|Map (Map) -Harbour: 2 of 4, Displaying 2 Documents"},
+        {"Refresh with another record",
+         [this] {
+             journey.database.run(
+                 "INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES (6, 'Note', 'ACTIVE')");
+             journey.trigger("mnuViewRefresh");
+         },
+         "Zoning|Note|Map (Map) -Harbour: 3 of 5, Displaying 3 Documents"},
+        {"another view", [this] { journey.trigger("mnuViewDocuments"); },
+         "Fire plan|Map|Note|Water plan|Zoning () : whole, Displaying 5 Documents"},
+        {"its own filter", [this] { type("plan"); },
+         "Fire plan|Water plan () plan: 2 of 5, Displaying 2 Documents"},
+        {"Back", [this] { journey.trigger("mnuNavigateBack"); },
+         "Zoning|Note|Map (Map) -Harbour: 3 of 5, Displaying 3 Documents"},
+        {"Forward", [this] { journey.trigger("mnuNavigateForward"); },
+         "Fire plan|Water plan () plan: 2 of 5, Displaying 2 Documents"},
+        {"an order chosen there", [this] { clickHeader(); },
+         "Fire plan|Water plan () plan: 2 of 5, Displaying 2 Documents"},
+        {"all rows selected, and fewer words",
+         [this] {
+             press(Qt::Key_A, Qt::ControlModifier);
+             type("pla");
+         },
+         "Fire plan|Water plan (Fire plan|Water plan) pla: 2 of 5, Displaying 2 Documents"},
+        {"more words", [this] { type("pla w"); },
+         "Water plan (Water plan) pla w: 1 of 5, Displaying 1 Document"},
+        {"Escape in the list",
+         [this] {
+             press(Qt::Key_Return);
+             press(Qt::Key_Escape);
+         },
+         "Fire plan|Map|Note|Water plan|Zoning (Water plan) : whole, Displaying 5 Documents"},
+        {"words without the selected row", [this] { type("map"); },
+         "Map () map: 1 of 5, Displaying 1 Document"},
+        {"the cross", [this] { QTest::mouseClick(field().findChild<QToolButton*>(), Qt::LeftButton); },
+         "Fire plan|Map|Note|Water plan|Zoning (Water plan) : whole, Displaying 5 Documents"},
+        {"letters typed in the list",
+         [this] {
+             press(Qt::Key_Escape);
+             QTest::keyClicks(QApplication::focusWidget(), u"zo"_s);
+         },
+         "Fire plan|Map|Note|Water plan|Zoning (Zoning) : whole, Displaying 5 Documents"},
+        {"events", [this] { journey.trigger("mnuViewEvents"); },
+         "Flood|Quake|Slide () : whole, Displaying 3 Events"},
+        {"a time in a column", [this] { type("06:02"); }, "Quake () 06:02: 1 of 3, Displaying 1 Event"},
+    };
+    for (const auto& [what, act, expected] : steps) {
+        act();
+        EXPECT_EQ(state(), expected) << what;
+    }
+}
+
+TEST_F(Filter, SaysThatItLeavesNothingAndMarksWhatItLeaves)
+{
+    EXPECT_FALSE(journey.showsMarks());
+    type("plan");
+    EXPECT_TRUE(journey.showsMarks());
+    type("nowhere");
+    EXPECT_EQ(state(), " () nowhere: 0 of 4, Displaying 0 Documents");
+    EXPECT_EQ(journey.find<QLabel>("lblEmptyResult").text(), u"No record in this list matches the filter."_s);
+    for (const char* command : {"mnuViewRefresh", "mnuViewEvents", "mnuNavigateBack"})
+        journey.trigger(command);
+    auto& notice = journey.find<QWidget>("EmptyResultNotice");
+    EXPECT_TRUE(notice.isVisible()) << "also once it is read again";
+    QTest::mouseClick(&journey.find<LinkButton>("lblSearchAgain"), Qt::LeftButton);
+    EXPECT_FALSE(notice.isVisible());
+    EXPECT_EQ(state(), "Fire plan|Map|Water plan|Zoning () : whole, Displaying 4 Documents");
+    EXPECT_TRUE(journey.list().hasFocus());
+    EXPECT_FALSE(journey.showsMarks());
+
+    // a page without a list has no filter
+    journey.trigger("mnuNavigateHome");
+    EXPECT_FALSE(journey.find<QAction>("mnuSearchFilter").isEnabled());
+}
+
+} // namespace
