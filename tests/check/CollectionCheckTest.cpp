@@ -180,8 +180,8 @@ TEST(CollectionCheck, NamesFilesWhoseTextCouldNotBeReadAndADamagedIndex)
     const struct
     {
         QString statements;
-        QByteArray
-            over; ///< written over the index: a few bytes at its beginning, many from its second page on
+        QByteArray QByteArray
+            over; ///< written over the index: a few bytes at its beginning, many over the texts
         QString found;
         QString remark;
     } cases[] = {
@@ -235,7 +235,7 @@ TEST(CollectionCheck, NamesFilesWhoseTextCouldNotBeReadAndADamagedIndex)
         }
         QFile::rename(journal + u".kept"_s, journal);
         QFile content(index);
-        ASSERT_TRUE(content.open(QIODevice::ReadWrite) && content.seek(each.over.size() > 9 ? 4096 : 0));
+        ASSERT_TRUE(content.open(QIODevice::ReadWrite) && content.seek(each.over.size() > 9 ? 3 * 4096 : 0));
         content.write(each.over);
         content.close();
         const CheckResult result = collection.check(CheckScope::Structure).back();

@@ -15,6 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int longerThanIdle = 1500; ///< milliseconds
+
 /// The window with a program in the place of the one that reads files. It notes what it is asked to do, and
 /// takes its time until the test lets it go on.
 class FileReadingJourney : public testing::Test
@@ -86,7 +88,7 @@ TEST_F(FileReadingJourney, GoesOnWhileTheUserDoesNothingAndCanBePaused)
     EXPECT_TRUE(says("Reading paused: 1 of 2,000", "Continue"));
     EXPECT_FALSE(isRunning());
     deleteAtlas();
-    QTest::qWait(1500);
+    QTest::qWait(longerThanIdle);
     EXPECT_EQ(contentOf(path("asked")), first) << "while it is paused";
 
     followLink();
@@ -96,6 +98,7 @@ TEST_F(FileReadingJourney, GoesOnWhileTheUserDoesNothingAndCanBePaused)
 
     // a change during a reading is for the next one
     journey.trigger("mnuRecordUndo");
+    QTest::qWait(longerThanIdle);
     writeFile(path("fail"));
     writeFile(path("go"));
     EXPECT_TRUE(says("The files could not be read.", "Try Again"));
@@ -151,7 +154,7 @@ TEST_F(FileReadingJourney, LeavesACollectionAloneThatIsOnlyRead)
     StartRequest request;
     request.readOnly = true;
     journey.start(u"test.sqlite"_s, request);
-    QTest::qWait(1500);
+    QTest::qWait(longerThanIdle);
     EXPECT_FALSE(QFile::exists(path("asked")));
 }
 
