@@ -7,14 +7,23 @@
 #include "BenchWindow.h"
 #include "LastRow.h"
 #include "browse/window/frmMain.h"
+#include "filetext/FileTextIndex.h"
 #include "search/AdvancedSearch.h"
 #include "search/KeywordSearch.h"
 
 #include <QAction>
+#include <QCheckBox>
+#include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTreeView>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <cmath>
+#include <random>
+#include <string>
 
 namespace {
 
@@ -157,8 +166,95 @@ void criteria(benchmark::State& state, RecordKind kind)
     state.counters["rows"] = static_cast<double>(rows);
 }
 
+/// Every text has this word, one of them the next.
+const QString commonWord = QStringLiteral("county");
+const QString plantedWord = QStringLiteral("xylophone");
+
+/// Adds texts of 2,000 words, of which few are frequent, as in real ones.
+void addTexts(SQLite::Database& index, int count)
+{
+    constexpr int wordsOfText = 2000;
+    constexpr double vocabulary = 30000;
+    std::mt19937 random(1);
+    std::uniform_real_distribution<double> rank(0, 1);
+    SQLite::Statement text(index, "INSERT INTO FileText (rowid, Text) VALUES (?, ?)");
+    for (int file = 1; file <= count; ++file) {
+        std::string words = commonWord.toStdString();
+        if (file == count) words += ' ' + plantedWord.toStdString();
+        for (int i = 0; i < wordsOfText; ++i) {
+            const auto word = static_cast<unsigned>(std::pow(vocabulary, rank(random)));
+            words += ' ';
+            for (unsigned rest = word * 7919; rest != 0; rest /= 26)
+                words += static_cast<char>('a' + rest % 26);
+        }
+        text.bind(1, file);
+        text.bind(2, words);
+        text.exec();
+        text.reset();
+    }
+}
+
+/// Makes the index of a large database, with a file for each document.
+QString indexOf(int documents)
+{
+    const QString path = FileTextIndex::pathOf(largeDatabase(documents));
+    if (QFile::exists(path)) return path;
+    SQLite::Database database(largeDatabase(documents).toStdString(), SQLite::OPEN_READWRITE);
+    database.exec("UPDATE Document SET FileLocation = DocumentID || '.pdf'");
+    SQLite::Database index(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    SQLite::Transaction transaction(index);
+    index.exec(FileTextIndex::tables);
+    index.exec("PRAGMA user_version = " + std::to_string(FileTextIndex::version));
+    index.exec("WITH RECURSIVE n(i) AS (VALUES (1) UNION ALL SELECT i + 1 FROM n WHERE i <= " +
+               std::to_string(documents) + ") INSERT INTO File (FileID, Name) SELECT i, i || '.pdf' FROM n");
+    addTexts(index, documents + 1);
+    transaction.commit();
+    return path;
+}
+
+/// A search for documents in 2,000 files, too, from the press of GO to the list painted with its passages,
+/// beside the statement of the index alone.
+void keywordsInFiles(benchmark::State& state, const QString& words, const char* expression, bool isInAll)
+{
+    constexpr int files = 2000;
+    const QString index = indexOf(files);
+    BenchWindow window(files);
+    frmMain& shown = *window.program().window();
+    KeywordDialog dialog(shown);
+    auto& list = *shown.findChild<QTreeView*>(QStringLiteral("ListView1"));
+    const QString plain = QStringLiteral("SELECT rowid FROM FileText WHERE FileText MATCH '%1'")
+                              .arg(QLatin1StringView(expression));
+    std::int64_t rows = 0;
+    const auto search = [&] {
+        dialog.fill(RecordKind::Document, words);
+        shown.findChild<QCheckBox*>(QStringLiteral("chkFiles"))->setChecked(true);
+        const auto begin = std::chrono::steady_clock::now();
+        dialog.go();
+        list.viewport()->repaint();
+        return Milliseconds(std::chrono::steady_clock::now() - begin);
+    };
+    search(); // makes the graphic, as the first view of a kind does
+    compareTimed(
+        state, [&] { return timeOf([&] { rows = stepPlain(index, plain); }); }, search);
+    if (isInAll ? list.model()->rowCount() < files / 2 : list.model()->rowCount() != rows)
+        state.SkipWithError("the list has other rows than the index");
+    state.counters["rows"] = list.model()->rowCount();
+}
+
 } // namespace
 
+BENCHMARK_CAPTURE(keywordsInFiles, planted, plantedWord, "xylophone*", false)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->MinTime(2);
+BENCHMARK_CAPTURE(keywordsInFiles, common, commonWord, "county*", true)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->MinTime(2);
+BENCHMARK_CAPTURE(keywordsInFiles, letter, QStringLiteral("a b"), "a* AND b*", true)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->MinTime(2);
 BENCHMARK_CAPTURE(keywordsOfOneKind, documents, RecordKind::Document)
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()

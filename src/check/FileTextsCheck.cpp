@@ -56,7 +56,7 @@ bool FileTextsCheck::step()
         m_isRead = readIndex();
         return true;
     }
-    if (m_isDamaged) return false;
+    if (!m_isReadable) return false;
     if (!m_documents) {
         m_there = FolderNames(m_folder);
         m_documents = indexedDocuments();
@@ -69,8 +69,7 @@ bool FileTextsCheck::step()
     return false;
 }
 
-/// Returns false as long as SQLite looks through the index. One that is not there, or that was left in the
-/// middle of a change, is as good as empty.
+/// Returns false as long as SQLite looks through the index. One that is not there is as good as empty.
 bool FileTextsCheck::readIndex()
 {
     if (!m_found.valid() && !QFileInfo::exists(m_index)) return true;
@@ -84,12 +83,15 @@ bool FileTextsCheck::readIndex()
         m_files = m_found.get();
     } catch (const SQLite::Exception& exception) {
         const int code = exception.getErrorCode();
-        m_isDamaged = code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
-        if (m_isDamaged) {
+        m_isReadable = false;
+        if (code == SQLITE_CORRUPT || code == SQLITE_NOTADB) {
             add({CheckTexts::tr("The file %1 with the texts of the files is damaged. It can be deleted: the "
                                 "program makes it anew.")
                      .arg(QFileInfo(m_index).fileName())});
-        } else if (exception.getExtendedErrorCode() != SQLITE_READONLY_ROLLBACK) {
+        } else if (exception.getExtendedErrorCode() == SQLITE_READONLY_ROLLBACK) {
+            // what was begun has to be taken back first, which would write
+            setRemark(CheckTexts::tr("The reading of the files was interrupted and is not finished yet."));
+        } else {
             throwEngineError(exception);
         }
     }

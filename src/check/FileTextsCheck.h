@@ -53,7 +53,7 @@ private:
     std::unique_ptr<SQLite::Database> m_opened;
     std::future<Files> m_found;
     bool m_isRead = false;
-    bool m_isDamaged = false;
+    bool m_isReadable = true;
     Files m_files;
     FolderNames m_there;
     std::optional<TableScan> m_documents;

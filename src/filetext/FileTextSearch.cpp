@@ -14,8 +14,8 @@
 
 namespace {
 
-/// How long a search waits for an index that is being written.
-constexpr int patienceMilliseconds = 250;
+/// How long a search waits for what is just brought to the disk, which shuts readers out.
+constexpr int patienceMilliseconds = 1000;
 
 } // namespace
 

@@ -23,9 +23,9 @@ QString noteOf(const Error& error, const QString& index)
     if (error.isOfLock())
         return SearchTexts::tr("The files are being read at this moment. Search again in a while.");
     if (error.isOfDamage())
-        return SearchTexts::tr(
-                   "What was read of the files is damaged. Delete %1; the files are then read again.")
-            .arg(index);
+        return SearchTexts::tr("The file %1 with the texts of the files is damaged. It can be deleted: the "
+                               "program makes it anew.")
+            .arg(QFileInfo(index).fileName());
     return SearchTexts::tr("The files could not be searched: %1").arg(error.description());
 }
 

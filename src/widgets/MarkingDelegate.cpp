@@ -53,8 +53,7 @@ void MarkingDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
         return;
     }
     const QStyle* style = item.widget != nullptr ? item.widget->style() : QApplication::style();
-    QRect area = style->subElementRect(QStyle::SE_ItemViewItemText, &item, item.widget);
-    if (item.displayAlignment & Qt::AlignTop) area.setHeight(item.fontMetrics.height());
+    const QRect area = style->subElementRect(QStyle::SE_ItemViewItemText, &item, item.widget);
     const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, item.widget) + 1;
     const QString text = item.text;
     item.text.clear();

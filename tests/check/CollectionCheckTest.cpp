@@ -180,8 +180,8 @@ TEST(CollectionCheck, NamesFilesWhoseTextCouldNotBeReadAndADamagedIndex)
     const struct
     {
         QString statements;
-        QByteArray
-            over; ///< written over the index: a few bytes at its beginning, many from its second page on
+        QByteArray QByteArray
+            over; ///< written over the index: a few bytes at its beginning, many over the texts
         QString found;
         QString remark;
     } cases[] = {
@@ -201,6 +201,10 @@ TEST(CollectionCheck, NamesFilesWhoseTextCouldNotBeReadAndADamagedIndex)
          {},
          u""_s,
          u"2 files have not been read for searches yet."_s},
+        {u"PRAGMA synchronous = OFF; BEGIN; UPDATE File SET Size = 7"_s,
+         {},
+         u""_s,
+         u"The reading of the files was interrupted and is not finished yet."_s},
         {u"PRAGMA user_version = 99"_s, {}, u""_s, u"3 files have not been read for searches yet."_s},
         {u""_s, QByteArray(9, 'x'), damaged, u""_s},
         {u""_s, QByteArray(5000, 'x'), damaged, u""_s},
@@ -213,21 +217,25 @@ TEST(CollectionCheck, NamesFilesWhoseTextCouldNotBeReadAndADamagedIndex)
                        "'ACTIVE'), (60, 'Maps', 'ACTIVE'), (61, 'Storm', 'ACTIVE');"
                        "UPDATE Document SET FileLocation = DocumentID || '.txt' WHERE DocumentID > 1"_s);
         const QString index = collection.database() + u".filetext"_s;
-        SQLite::Database database(index.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-        database.exec(FileTextIndex::tables);
-        database.exec("PRAGMA user_version = 1");
-        for (const char* name : {"57.txt", "58.txt", "60.txt", "61.txt"}) {
-            const QString file = collection.data() + u"documents/"_s + QString::fromLatin1(name);
-            writeFile(file, "a text");
-            const qint64 changed = QFileInfo(file).lastModified().toMSecsSinceEpoch();
-            database.exec(u"INSERT INTO File (Name, Size, Changed) VALUES ('%1', 6, %2)"_s
-                              .arg(QString::fromLatin1(name))
-                              .arg(changed)
-                              .toStdString());
+        const QString journal = index + u"-journal"_s;
+        {
+            SQLite::Database database(index.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+            database.exec(FileTextIndex::tables);
+            database.exec("PRAGMA user_version = 1");
+            for (const char* name : {"57.txt", "58.txt", "60.txt", "61.txt"}) {
+                const QString file = collection.data() + u"documents/"_s + QString::fromLatin1(name);
+                writeFile(file, "a text");
+                SQLite::Statement row(database, "INSERT INTO File (Name, Size, Changed) VALUES (?, 6, ?)");
+                row.bind(1, name);
+                row.bind(2, static_cast<int64_t>(QFileInfo(file).lastModified().toMSecsSinceEpoch()));
+                row.exec();
+            }
+            database.exec(each.statements.toStdString());
+            QFile::copy(journal, journal + u".kept"_s);
         }
-        database.exec(each.statements.toStdString());
+        QFile::rename(journal + u".kept"_s, journal);
         QFile content(index);
-        ASSERT_TRUE(content.open(QIODevice::ReadWrite) && content.seek(each.over.size() > 9 ? 4096 : 0));
+        ASSERT_TRUE(content.open(QIODevice::ReadWrite) && content.seek(each.over.size() > 9 ? 3 * 4096 : 0));
         content.write(each.over);
         content.close();
         const CheckResult result = collection.check(CheckScope::Structure).back();

@@ -15,6 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int longerThanIdle = 1500; ///< milliseconds
+
 /// The window with a program in the place of the one that reads files. It notes what it is asked to do, and
 /// takes its time until the test lets it go on.
 class FileReadingJourney : public testing::Test
@@ -59,6 +61,17 @@ protected:
 
     void followLink() { QTest::mouseClick(&journey.find<LinkButton>("cmdReading"), Qt::LeftButton); }
 
+    void deleteAtlas()
+    {
+        journey.trigger("mnuViewDocuments");
+        journey.select("Atlas");
+        ScriptedMessages& messages = journey.desktop.messages;
+        messages.expectQuestion(u"Are you sure you want to delete the Document \"Atlas\"?"_s, true,
+                                Question::Loss);
+        messages.expectMessage(u"Document ID 2 successfully deleted."_s);
+        journey.trigger("mnuRecordDelete");
+    }
+
     Journey journey;
 };
 
@@ -74,14 +87,8 @@ TEST_F(FileReadingJourney, GoesOnWhileTheUserDoesNothingAndCanBePaused)
     followLink();
     EXPECT_TRUE(says("Reading paused: 1 of 2,000", "Continue"));
     EXPECT_FALSE(isRunning());
-    journey.trigger("mnuViewDocuments");
-    journey.select("Atlas");
-    ScriptedMessages& messages = journey.desktop.messages;
-    messages.expectQuestion(u"Are you sure you want to delete the Document \"Atlas\"?"_s, true,
-                            Question::Loss);
-    messages.expectMessage(u"Document ID 2 successfully deleted."_s);
-    journey.trigger("mnuRecordDelete");
-    QTest::qWait(1500);
+    deleteAtlas();
+    QTest::qWait(longerThanIdle);
     EXPECT_EQ(contentOf(path("asked")), first) << "while it is paused";
 
     followLink();
@@ -91,6 +98,7 @@ TEST_F(FileReadingJourney, GoesOnWhileTheUserDoesNothingAndCanBePaused)
 
     // a change during a reading is for the next one
     journey.trigger("mnuRecordUndo");
+    QTest::qWait(longerThanIdle);
     writeFile(path("fail"));
     writeFile(path("go"));
     EXPECT_TRUE(says("The files could not be read.", "Try Again"));
@@ -106,12 +114,47 @@ TEST_F(FileReadingJourney, GoesOnWhileTheUserDoesNothingAndCanBePaused)
     EXPECT_FALSE(isRunning());
 }
 
+TEST_F(FileReadingJourney, FollowsDeletionsAndWhatOtherProgramsChange)
+{
+    const auto write = [this](const char* name, const char* text) {
+        writeFile(journey.dataFolder() + u"documents/"_s + QString::fromUtf8(name), text);
+    };
+    const auto holds = [this](const char* texts) {
+        const QString index = journey.dataFolder() + u"test.sqlite.filetext"_s;
+        QString held;
+        const auto isSo = [&] {
+            try {
+                held = TestDatabase::answer(index, u"SELECT Text FROM FileText ORDER BY Text"_s);
+            } catch (const std::exception& notNow) {
+                held = QString::fromUtf8(notNow.what());
+            }
+            return held == QString::fromUtf8(texts);
+        };
+        if (QTest::qWaitFor(isSo, 20'000)) return testing::AssertionSuccess();
+        return testing::AssertionFailure() << held.toStdString();
+    };
+    write("2.pdf", "no paper but a text");
+    write("é 3.htm", "<p>a <b>b</b>ridge</p>");
+    write("4.pdf", "of a deleted document");
+    journey.desktop.programs = QCoreApplication::applicationDirPath();
+    journey.start();
+    EXPECT_TRUE(holds("a bridge\nno paper but a text"));
+
+    write("2.pdf", "a river");
+    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationActive);
+    EXPECT_TRUE(holds("a bridge\na river"));
+    deleteAtlas();
+    EXPECT_TRUE(holds("a bridge"));
+    journey.trigger("mnuRecordUndo");
+    EXPECT_TRUE(holds("a bridge\na river"));
+}
+
 TEST_F(FileReadingJourney, LeavesACollectionAloneThatIsOnlyRead)
 {
     StartRequest request;
     request.readOnly = true;
     journey.start(u"test.sqlite"_s, request);
-    QTest::qWait(1500);
+    QTest::qWait(longerThanIdle);
     EXPECT_FALSE(QFile::exists(path("asked")));
 }
 

@@ -2,9 +2,12 @@
 
 #include "Dialogs.h"
 #include "Journey.h"
+#include "support/TestFileTexts.h"
+#include "support/TestFiles.h"
 #include "widgets/LinkButton.h"
 #include "widgets/ReadablePalette.h"
 
+#include <QCheckBox>
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
@@ -40,18 +43,31 @@ protected:
         return journey.find<QRadioButton>(("optSearch(" + std::to_string(index) + ")").c_str());
     }
     QLineEdit& keywords() { return journey.find<QLineEdit>("txtKeywords"); }
+    QCheckBox& files() { return journey.find<QCheckBox>("chkFiles"); }
     LinkButton& link(const char* name) { return journey.find<LinkButton>(name); }
 
     /// Opens the dialog by its key and searches for a text.
-    void searchFor(const QString& text, int scope)
+    void searchFor(const QString& text, int scope, bool inFiles = false)
     {
         QTest::keyClick(journey.program->window(), Qt::Key_F, Qt::ControlModifier);
         ASSERT_TRUE(dialog().isVisible());
         option(scope).setChecked(true);
         keywords().setText(text);
+        files().setChecked(inFiles);
         QTest::keyClick(&keywords(), Qt::Key_Return);
         EXPECT_FALSE(dialog().isVisible());
     }
+
+    /// Gives the document `Map` a file, as if its text had been read.
+    void addFile()
+    {
+        journey.database.run("UPDATE Document SET FileLocation = 'map.pdf' WHERE DocumentID = 4");
+        writeFile(journey.dataFolder() + u"documents/map.pdf"_s);
+        writeFileTexts(journey.dataFolder() + u"test.sqlite"_s,
+                       {{"map.pdf", "The county shall plan for fires."}});
+    }
+
+    void deleteIndex() { QFile::remove(FileTextIndex::pathOf(journey.dataFolder() + u"test.sqlite"_s)); }
 
     QString summary() { return journey.find<QLabel>("lblSummary").text(); }
 
@@ -94,6 +110,80 @@ TEST_F(KeywordSearchJourney, FindsRecordsOfOneKindAndMarksTheWords)
     journey.find<QAction>("mnuHistoryList(1)").trigger();
     EXPECT_EQ(journey.column(0), "Fire plan|Report");
     EXPECT_TRUE(showsMarks());
+}
+
+TEST_F(KeywordSearchJourney, FindsDocumentsByTheirFilesAndShowsThePlace)
+{
+    addFile();
+    searchFor(u"fire plan"_s, 1);
+    EXPECT_EQ(journey.column(0), "Fire plan|Report");
+    const int oneLine = journey.list().visualRect(journey.list().model()->index(0, 0)).height();
+    searchFor(u"fire plan"_s, 1, true);
+    EXPECT_EQ(journey.viewPanel(), u"Document Search for \"fire plan\""_s);
+    EXPECT_EQ(journey.column(0), "Fire plan|Report|Map");
+    const QModelIndex map = journey.list().model()->index(2, 0);
+    EXPECT_EQ(map.data(Qt::AccessibleTextRole).toString(), u"Map\nThe county shall plan for fires."_s);
+    EXPECT_EQ(map.siblingAtRow(0).data(Qt::AccessibleTextRole).toString(), u"Fire plan"_s);
+    for (int row = 0; row < 3; ++row)
+        EXPECT_GE(journey.list().visualRect(map.siblingAtRow(row)).height(), oneLine * 3 / 2);
+
+    searchFor(u"COUNT"_s, 1, true);
+    EXPECT_EQ(journey.column(0), "Map");
+    EXPECT_TRUE(showsMarks()) << "its name has no word to mark";
+    const QImage unselected = journey.list().grab().toImage();
+    journey.select("Map");
+    EXPECT_TRUE(showsMarks());
+    EXPECT_NE(journey.list().grab().toImage(), unselected);
+    journey.trigger("mnuViewDocuments");
+    EXPECT_FALSE(showsMarks());
+    EXPECT_EQ(journey.list().visualRect(journey.list().model()->index(0, 0)).height(), oneLine);
+
+    // shown again, it searches again
+    deleteIndex();
+    journey.trigger("mnuNavigateBack");
+    EXPECT_EQ(journey.column(0), "");
+    EXPECT_EQ(journey.find<QLabel>("lblEmptyResult").text(),
+              u"Nothing was found for \"COUNT\".\nThe files have not been read yet."_s);
+    journey.trigger("mnuNavigateBack");
+    EXPECT_EQ(journey.column(0), "Fire plan|Report");
+    EXPECT_EQ(journey.find<QLabel>("pnlNotice").text(), u"The files have not been read yet."_s);
+}
+
+TEST_F(KeywordSearchJourney, OnlyDocumentsHaveFilesAndTheBoxIsRemembered)
+{
+    addFile();
+    searchFor(u"county"_s, 0, true);
+    EXPECT_EQ(kinds(), "[0 Documents]|[0 Events]|[0 Organizations]");
+    EXPECT_EQ(link("lblFiles").text(), u"1 Document with the words in its file"_s);
+    EXPECT_TRUE(link("lblFiles").hasFocus());
+    EXPECT_FALSE(journey.find<QLabel>("lblFilesNote").isVisible());
+    QTest::mouseClick(&link("lblFiles"), Qt::LeftButton);
+    EXPECT_EQ(journey.viewPanel(), u"File Search Results for \"county\""_s);
+    EXPECT_EQ(journey.column(0), "Map");
+    EXPECT_TRUE(showsMarks());
+
+    journey.trigger("mnuSearchKeyword");
+    EXPECT_TRUE(files().isChecked() && files().isEnabled());
+    option(2).setChecked(true);
+    EXPECT_FALSE(files().isEnabled());
+    EXPECT_EQ(files().toolTip(), u"Only documents have files that are searched."_s);
+    dialog().close();
+    searchFor(u"fire"_s, 2, true);
+    EXPECT_EQ(journey.column(0), "Fire & flood");
+
+    deleteIndex();
+    journey.find<QAction>("mnuHistoryList(1)").trigger();
+    EXPECT_FALSE(link("lblFiles").isEnabled());
+    EXPECT_EQ(journey.find<QLabel>("lblFilesNote").text(), u"The files have not been read yet."_s);
+    searchFor(u"county"_s, 0);
+    EXPECT_FALSE(link("lblFiles").isVisible());
+    journey.trigger("mnuSearchKeyword");
+    EXPECT_FALSE(files().isChecked());
+    // what is chosen without a search is forgotten
+    files().setChecked(true);
+    dialog().close();
+    journey.trigger("mnuSearchKeyword");
+    EXPECT_FALSE(files().isChecked());
 }
 
 TEST_F(KeywordSearchJourney, OpensAsTheViewSuggestsWithTheLastTextSelected)

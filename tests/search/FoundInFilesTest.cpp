@@ -154,9 +154,9 @@ TEST_F(FoundInFilesOnDisk, SaysWhichFilesWereNotSearched)
     for (const QByteArray& damage :
          {QByteArray("no database at all, but long enough to be looked at"), contentOf(index).left(5000)}) {
         writeFile(index, damage);
-        EXPECT_EQ(
-            find(u"levee"_s).note(),
-            u"What was read of the files is damaged. Delete %1; the files are then read again."_s.arg(index));
+        EXPECT_EQ(find(u"levee"_s).note(),
+                  u"The file test.sqlite.filetext with the texts of the files is damaged. It can be deleted: "
+                  "the program makes it anew."_s);
         EXPECT_EQ(documents(u"levee"_s), QString());
     }
 }

@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int belowPassage = 2;
+constexpr int belowPassage = 4;
 
 /// Shows a key marker as a picture without its text, which is meant for the clipboard. As no other cell, it
 /// is in every list whose rows may have passages, so it is the one that makes room for them.
@@ -29,7 +29,11 @@ public:
 
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
-        return LineDelegate::sizeHint(option, index) + QSize(0, m_list.passageHeight());
+        QSize hint = LineDelegate::sizeHint(option, index);
+        if (m_list.passageHeight() == 0) return hint;
+        const int line = m_list.itemDelegate()->sizeHint(option, index.siblingAtColumn(0)).height();
+        hint.setHeight(line + m_list.passageHeight());
+        return hint;
     }
 
 protected:
@@ -38,6 +42,7 @@ protected:
         LineDelegate::initStyleOption(option, index);
         if (option->icon.isNull()) return;
         option->text.clear();
+        option->decorationAlignment = Qt::AlignCenter;
         option->decorationPosition = QStyleOptionViewItem::Top;
         option->features &= ~QStyleOptionViewItem::ViewItemFeatures(QStyleOptionViewItem::HasDisplay);
     }
@@ -125,38 +130,38 @@ int RecordListView::passageHeight() const
     return m_showsPassages ? fontMetrics().height() + belowPassage : 0;
 }
 
-void RecordListView::initViewItemOption(QStyleOptionViewItem* option) const
-{
-    QTreeView::initViewItemOption(option);
-    if (!m_showsPassages) return;
-    option->displayAlignment = Qt::AlignLeft | Qt::AlignTop;
-    option->decorationAlignment = Qt::AlignHCenter | Qt::AlignTop;
-}
-
-/// Returns the part of a row below the text of its first column and the columns beside it.
-QRect RecordListView::passageArea(const QStyleOptionViewItem& option) const
-{
-    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-    const int height = passageHeight();
-    const QRect row(columnViewportPosition(0), option.rect.bottom() + 1 - height, header()->length(), height);
-    const int icon = option.decorationSize.width() + 3 * margin;
-    QRect area = QStyle::visualRect(layoutDirection(), row, row.adjusted(icon, 0, -margin, 0));
-    // as much of it as can be seen, however far the list is scrolled to the side
-    area.setLeft(std::max(area.left(), 0));
-    area.setRight(std::min(area.right(), viewport()->width() - 1));
-    return area;
-}
-
 void RecordListView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const
 {
-    QTreeView::drawRow(painter, option, index);
+    QStyleOptionViewItem cells = option;
+    cells.rect.setHeight(option.rect.height() - passageHeight());
+    QTreeView::drawRow(painter, cells, index);
     if (!m_showsPassages) return;
+    QStyleOptionViewItem below = option;
+    below.rect.setRect(columnViewportPosition(0), cells.rect.bottom() + 1, header()->length(),
+                       passageHeight());
+    drawPassage(*painter, below, index);
+}
+
+/// Draws a line across all columns, with its background.
+void RecordListView::drawPassage(QPainter& painter, QStyleOptionViewItem& line,
+                                 const QModelIndex& index) const
+{
+    if (index.row() % 2 != 0) line.features |= QStyleOptionViewItem::Alternate;
+    if (selectionModel()->isSelected(index)) line.state |= QStyle::State_Selected;
+    style()->drawPrimitive(QStyle::PE_PanelItemViewRow, &line, &painter, this);
+    style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &line, &painter, this);
+
     const auto passage = index.siblingAtColumn(0).data(RecordListModel::PassageRole).value<FilePassage>();
     if (passage.text.isEmpty()) return;
-    QStyleOptionViewItem item = option;
-    if (selectionModel()->isSelected(index)) item.state |= QStyle::State_Selected;
-    MarkingDelegate::drawMarked(*painter, item, passageArea(option), passage.text, passage.marks);
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    const int icon = line.decorationSize.width() + 3 * margin;
+    QRect area = line.rect.adjusted(icon, 0, -margin, -belowPassage);
+    area = QStyle::visualRect(layoutDirection(), line.rect, area);
+    // as much of it as can be seen, however far the list is scrolled to the side
+    area.setLeft(std::max(area.left(), 0));
+    area.setRight(std::min(area.right(), viewport()->width() - 1));
+    MarkingDelegate::drawMarked(painter, line, area, passage.text, passage.marks);
 }
 
 QList<int> RecordListView::selectedRows() const

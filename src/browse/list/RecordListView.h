@@ -45,14 +45,13 @@ Q_SIGNALS:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    void initViewItemOption(QStyleOptionViewItem* option) const override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                  const QModelIndex& index) const override;
 
 private:
     void takeWidth(int column, int width);
     void stretchLastColumn();
-    [[nodiscard]] QRect passageArea(const QStyleOptionViewItem& option) const;
+    void drawPassage(QPainter& painter, QStyleOptionViewItem& line, const QModelIndex& index) const;
 
     MarkingDelegate* m_marks;
     int m_lastWidth = 0; ///< of the last column in pixels, before it is drawn wider
