@@ -6,7 +6,7 @@
 #include "export/SheetColumns.h"
 #include "widgets/IconSet.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTextBrowser>
@@ -26,11 +26,27 @@ QString pageStyle()
                           "th, td { padding-right: 6px; padding-bottom: 4px; vertical-align: top }");
 }
 
+/// A page whose marked text can be copied, although the window has a command with the same key.
+class PageText final : public QTextBrowser
+{
+public:
+    using QTextBrowser::QTextBrowser;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        const bool isTaken = event->type() == QEvent::ShortcutOverride && textCursor().hasSelection() &&
+                             static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy);
+        if (isTaken) event->accept();
+        return isTaken || QTextBrowser::event(event);
+    }
+};
+
 } // namespace
 
 DetailsPane::DetailsPane(const QString& programs, QWidget* parent)
     : QWidget(parent),
-      m_text(new QTextBrowser(this)),
+      m_text(new PageText(this)),
       m_picture(new FilePicture(programs, this)),
       m_openFile(new QPushButton(IconSet::themeIcon(QStringLiteral("document-open")), tr("Open &File"), this))
 {
