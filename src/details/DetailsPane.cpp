@@ -22,6 +22,7 @@ QString pageStyle()
 {
     return QStringLiteral("h2 { font-size: large; margin-top: 2px }"
                           "table { margin-top: 8px }"
+                          "p { margin-top: 0px; margin-bottom: 4px }"
                           "th { text-align: left; font-weight: bold }"
                           "th, td { padding-right: 6px; padding-bottom: 4px; vertical-align: top }");
 }

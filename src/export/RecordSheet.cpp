@@ -22,18 +22,20 @@ void appendName(const ExportField& field, qint64 key, std::string_view name, con
                 std::string& html)
 {
     if (!field.target || !addressOf) return HtmlText::appendLines(name, html);
-    html += "<a href=\"";
+    // by itself, since in a narrow column each may take several lines
+    html += "<p><a href=\"";
     HtmlText::append(addressOf(*field.target, key), html);
     html += "\">";
     HtmlText::appendLines(name, html);
-    html += "</a>";
+    html += "</a></p>";
 }
 
 void appendValue(const ExportField& field, const ExportedValue& value, const RecordAddress& addressOf,
                  std::string& html)
 {
+    const bool areParagraphs = field.target && addressOf;
     for (const ExportedLink& link : value.links) {
-        if (&link != &value.links.front()) html += "<br/>";
+        if (&link != &value.links.front() && !areParagraphs) html += "<br/>";
         appendName(field, link.key, link.name, addressOf, html);
     }
     if (field.hasLinks()) return;

@@ -31,6 +31,7 @@ protected:
         journey.program->window()->resize(1280, 800);
         journey.trigger(view);
         journey.trigger("mnuViewDetails");
+        EXPECT_TRUE(journey.list().hasFocus());
     }
 
     QTextBrowser& page() { return journey.find<QTextBrowser>("txtDetails"); }
