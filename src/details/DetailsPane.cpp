@@ -6,7 +6,7 @@
 #include "export/SheetColumns.h"
 #include "widgets/IconSet.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTextBrowser>
@@ -22,15 +22,32 @@ QString pageStyle()
 {
     return QStringLiteral("h2 { font-size: large; margin-top: 2px }"
                           "table { margin-top: 8px }"
+                          "p { margin-top: 0px; margin-bottom: 4px }"
                           "th { text-align: left; font-weight: bold }"
                           "th, td { padding-right: 6px; padding-bottom: 4px; vertical-align: top }");
 }
+
+/// A page whose marked text can be copied, although the window has a command with the same key.
+class PageText final : public QTextBrowser
+{
+public:
+    using QTextBrowser::QTextBrowser;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        const bool isTaken = event->type() == QEvent::ShortcutOverride && textCursor().hasSelection() &&
+                             static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy);
+        if (isTaken) event->accept();
+        return isTaken || QTextBrowser::event(event);
+    }
+};
 
 } // namespace
 
 DetailsPane::DetailsPane(const QString& programs, QWidget* parent)
     : QWidget(parent),
-      m_text(new QTextBrowser(this)),
+      m_text(new PageText(this)),
       m_picture(new FilePicture(programs, this)),
       m_openFile(new QPushButton(IconSet::themeIcon(QStringLiteral("document-open")), tr("Open &File"), this))
 {

@@ -4,7 +4,11 @@
 
 #include "data/ListEntry.h"
 #include "export/ExportTable.h"
+#include "export/ExportTexts.h"
 #include "export/HtmlText.h"
+
+#include <algorithm>
+#include <span>
 
 namespace {
 
@@ -17,30 +21,44 @@ bool holdsSomething(const ExportField& field, const ExportedValue& value)
     return !value.text.empty();
 }
 
-/// Appends the name of something that a field leads to, as a link if that is a record.
-void appendName(const ExportField& field, qint64 key, std::string_view name, const RecordAddress& addressOf,
-                std::string& html)
+constexpr std::size_t mostLinks = 200; ///< of a field; with thousands, a page takes long to lay out
+
+/// Appends the name of a record as a link, by itself, since in a narrow column each may take several lines.
+void appendLink(const std::string& address, std::string_view name, std::string& html)
 {
-    if (!field.target || !addressOf) return HtmlText::appendLines(name, html);
-    html += "<a href=\"";
-    HtmlText::append(addressOf(*field.target, key), html);
+    html += "<p><a href=\"";
+    HtmlText::append(address, html);
     html += "\">";
     HtmlText::appendLines(name, html);
-    html += "</a>";
+    html += "</a></p>";
+}
+
+void appendLinks(const ExportField& field, std::span<const ExportedLink> links,
+                 const RecordAddress& addressOf, std::string& html)
+{
+    for (const ExportedLink& link : links.first(std::min(links.size(), mostLinks)))
+        appendLink(addressOf(*field.target, link.key), link.name, html);
+    if (links.size() <= mostLinks) return;
+    const auto more = static_cast<int>(links.size() - mostLinks);
+    html += "<p>";
+    HtmlText::appendLines(ExportTexts::tr("… and %n more.", nullptr, more).toStdString(), html);
+    html += "</p>";
 }
 
 void appendValue(const ExportField& field, const ExportedValue& value, const RecordAddress& addressOf,
                  std::string& html)
 {
+    if (field.target && addressOf && field.hasLinks())
+        return appendLinks(field, value.links, addressOf, html);
     for (const ExportedLink& link : value.links) {
         if (&link != &value.links.front()) html += "<br/>";
-        appendName(field, link.key, link.name, addressOf, html);
+        HtmlText::appendLines(link.name, html);
     }
     if (field.hasLinks()) return;
     std::string text;
     appendReadable(field, value, text);
-    if (field.field.form == FieldForm::Key && field.target)
-        return appendName(field, value.whole, text, addressOf, html);
+    if (field.field.form == FieldForm::Key && field.target && addressOf)
+        return appendLink(addressOf(*field.target, value.whole), text, html);
     if (field.field.form == FieldForm::Text) return HtmlText::appendLinked(text, html);
     HtmlText::appendLines(text, html);
 }

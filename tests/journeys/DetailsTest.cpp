@@ -31,6 +31,7 @@ protected:
         journey.program->window()->resize(1280, 800);
         journey.trigger(view);
         journey.trigger("mnuViewDetails");
+        EXPECT_TRUE(journey.list().hasFocus());
     }
 
     QTextBrowser& page() { return journey.find<QTextBrowser>("txtDetails"); }
@@ -157,6 +158,10 @@ TEST_F(DetailsJourney, LeadToTheRecordsAndPagesThatARecordNames)
     EXPECT_EQ(journey.selected(), "Levee Board");
     EXPECT_EQ(journey.column(0), "Levee Board");
     expectBegins(u"Levee Board"_s);
+    journey.addDocuments(202);
+    journey.database.run("UPDATE Document SET OrganizationID = 2 WHERE DocumentID > 1");
+    journey.trigger("mnuViewRefresh");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return page().toPlainText().contains(u"… and 4 more."_s); }));
     click(u"Flood"_s);
     EXPECT_EQ(journey.viewPanel(), u"View Only Flood"_s);
     expectBegins(u"Flood"_s);
