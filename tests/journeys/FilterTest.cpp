@@ -50,11 +50,13 @@ protected:
         QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, {header.sectionViewportPosition(0) + 9, 9});
     }
 
-    /// `rows (selected rows) words: rows left, status`
+    /// `rows (selected rows) words: rows left, status`, with an underscore after the words if they are being
+    /// typed.
     std::string state()
     {
         const auto& count = journey.find<QLabel>("lblFilterCount");
-        return journey.column(0) + " (" + journey.selected() + ") " + field().text().toStdString() + ": " +
+        return journey.column(0) + " (" + journey.selected() + ") " + field().text().toStdString() +
+               (field().hasFocus() ? "_: " : ": ") +
                (count.isVisible() ? count.text().toStdString() : "whole") + ", " +
                journey.statusPanel().toStdString();
     }
@@ -72,12 +74,12 @@ TEST_F(Filter, NarrowsTheListAndStaysWithItsView)
         std::string state;
     } steps[] = {
         {"nothing", [] {}, whole},
-        {"a word", [this] { type("FIR"); }, "Fire plan|Map|Zoning () FIR: 3 of 4, Displaying 3 Documents"},
+        {"a word", [this] { type("FIR"); }, "Fire plan|Map|Zoning () FIR_: 3 of 4, Displaying 3 Documents"},
         {"Ctrl+L again, two words", [this] { type("fire ecole"); },
-         "Map () fire ecole: 1 of 4, Displaying 1 Document"},
+         "Map () fire ecole_: 1 of 4, Displaying 1 Document"},
         {"Escape", [this] { press(Qt::Key_Escape); }, whole},
         {"a word that leaves out", [this] { type("-Harbour"); },
-         "Map|Zoning () -Harbour: 2 of 4, Displaying 2 Documents"},
+         "Map|Zoning () -Harbour_: 2 of 4, Displaying 2 Documents"},
         {"Down", [this] { press(Qt::Key_Down); },
          "Map|Zoning (Map) -Harbour: 2 of 4, Displaying 2 Documents"},
         {"a click on the title", [this] { clickHeader(); },
@@ -94,21 +96,25 @@ TEST_F(Filter, NarrowsTheListAndStaysWithItsView)
         {"another view", [this] { journey.trigger("mnuViewDocuments"); },
          "Fire plan|Map|Note|Water plan|Zoning () : whole, Displaying 5 Documents"},
         {"its own filter", [this] { type("plan"); },
-         "Fire plan|Water plan () plan: 2 of 5, Displaying 2 Documents"},
+         "Fire plan|Water plan () plan_: 2 of 5, Displaying 2 Documents"},
         {"Back", [this] { journey.trigger("mnuNavigateBack"); },
          "Zoning|Note|Map (Map) -Harbour: 3 of 5, Displaying 3 Documents"},
         {"Forward", [this] { journey.trigger("mnuNavigateForward"); },
          "Fire plan|Water plan () plan: 2 of 5, Displaying 2 Documents"},
         {"an order chosen there", [this] { clickHeader(); },
          "Fire plan|Water plan () plan: 2 of 5, Displaying 2 Documents"},
-        {"all rows selected, and fewer words",
+        {"both rows selected, and fewer words",
          [this] {
-             press(Qt::Key_A, Qt::ControlModifier);
+             journey.select("Fire plan");
+             const QModelIndex second = journey.list().model()->index(1, 0);
+             QTest::mouseClick(journey.list().viewport(), Qt::LeftButton, Qt::ControlModifier,
+                               journey.list().visualRect(second).center());
              type("pla");
+             EXPECT_EQ(journey.program->state().history.selected(), 4) << "where the user went last";
          },
-         "Fire plan|Water plan (Fire plan|Water plan) pla: 2 of 5, Displaying 2 Documents"},
+         "Fire plan|Water plan (Fire plan|Water plan) pla_: 2 of 5, Displaying 2 Documents"},
         {"more words", [this] { type("pla w"); },
-         "Water plan (Water plan) pla w: 1 of 5, Displaying 1 Document"},
+         "Water plan (Water plan) pla w_: 1 of 5, Displaying 1 Document"},
         {"Escape in the list",
          [this] {
              press(Qt::Key_Return);
@@ -116,9 +122,9 @@ TEST_F(Filter, NarrowsTheListAndStaysWithItsView)
          },
          "Fire plan|Map|Note|Water plan|Zoning (Water plan) : whole, Displaying 5 Documents"},
         {"words without the selected row", [this] { type("map"); },
-         "Map () map: 1 of 5, Displaying 1 Document"},
+         "Map () map_: 1 of 5, Displaying 1 Document"},
         {"the cross", [this] { QTest::mouseClick(field().findChild<QToolButton*>(), Qt::LeftButton); },
-         "Fire plan|Map|Note|Water plan|Zoning (Water plan) : whole, Displaying 5 Documents"},
+         "Fire plan|Map|Note|Water plan|Zoning (Water plan) _: whole, Displaying 5 Documents"},
         {"letters typed in the list",
          [this] {
              press(Qt::Key_Escape);
@@ -127,7 +133,7 @@ TEST_F(Filter, NarrowsTheListAndStaysWithItsView)
          "Fire plan|Map|Note|Water plan|Zoning (Zoning) : whole, Displaying 5 Documents"},
         {"events", [this] { journey.trigger("mnuViewEvents"); },
          "Flood|Quake|Slide () : whole, Displaying 3 Events"},
-        {"a time in a column", [this] { type("06:02"); }, "Quake () 06:02: 1 of 3, Displaying 1 Event"},
+        {"a time in a column", [this] { type("06:02"); }, "Quake () 06:02_: 1 of 3, Displaying 1 Event"},
     };
     for (const auto& [what, act, expected] : steps) {
         act();
@@ -141,7 +147,7 @@ TEST_F(Filter, SaysThatItLeavesNothingAndMarksWhatItLeaves)
     type("plan");
     EXPECT_TRUE(journey.showsMarks());
     type("nowhere");
-    EXPECT_EQ(state(), " () nowhere: 0 of 4, Displaying 0 Documents");
+    EXPECT_EQ(state(), " () nowhere_: 0 of 4, Displaying 0 Documents");
     EXPECT_EQ(journey.find<QLabel>("lblEmptyResult").text(), u"No record in this list matches the filter."_s);
     for (const char* command : {"mnuViewRefresh", "mnuViewEvents", "mnuNavigateBack"})
         journey.trigger(command);
@@ -153,9 +159,14 @@ TEST_F(Filter, SaysThatItLeavesNothingAndMarksWhatItLeaves)
     EXPECT_TRUE(journey.list().hasFocus());
     EXPECT_FALSE(journey.showsMarks());
 
-    // a page without a list has no filter
+    // a page without a list has no filter, and the way back leads to the rows
+    journey.trigger("mnuViewDocuments");
+    type("plan");
     journey.trigger("mnuNavigateHome");
     EXPECT_FALSE(journey.find<QAction>("mnuSearchFilter").isEnabled());
+    journey.trigger("mnuNavigateBack");
+    EXPECT_EQ(state(), "Fire plan|Water plan () plan: 2 of 4, Displaying 2 Documents");
+    EXPECT_TRUE(journey.list().hasFocus());
 }
 
 } // namespace

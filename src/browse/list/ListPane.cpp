@@ -120,7 +120,8 @@ void ListPane::begin(RecordKind kind, std::size_t entry)
     m_list = std::make_shared<RecordList>(kind, m_years);
     m_model->setList(m_list);
     m_filter->setWords(m_history.filter());
-    m_model->setFilter(FilterWords(m_history.filter()));
+    const FilterWords words(m_history.filter());
+    if (words != m_model->filter()) m_model->setFilter(words);
     m_filter->setCount({});
     Q_EMIT selectionChanged();
     m_view->scrollToTop();

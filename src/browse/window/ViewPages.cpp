@@ -56,7 +56,11 @@ void ViewPages::showList(RecordKind kind, const QString& procedure, const Shared
 {
     Q_EMIT viewAsked();
     auto& [home, browse, list, emptyList, search, graphics] = m_parts;
-    setCurrentWidget(&browse);
+    if (!showsList()) {
+        setCurrentWidget(&browse);
+        // else the field above the list has the focus again if it had it when the page was left
+        list.setFocus();
+    }
     browse.showKind(kind);
     Q_EMIT pageChanged();
     emptyList.hide();
