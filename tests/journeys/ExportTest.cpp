@@ -138,6 +138,11 @@ TEST_F(Exports, HoldTheRecordsAndFieldsThatWereChosen)
     EXPECT_EQ(exportTo("all.csv", "A"), titles + atlas + brief + coast);
     EXPECT_EQ(journey.desktop.fileDialogs.proposed.back(), u"View ALL Documents.csv"_s);
     EXPECT_EQ(exportTo("fields.csv", "AD").substr(0, 11), "\"ID\",Title,");
+
+    journey.trigger("mnuViewDocuments");
+    QTest::keyClicks(&journey.find<QLineEdit>("txtFilter"), u"co"_s);
+    EXPECT_EQ(exportTo("filtered.csv", "TL"), titles + coast);
+    EXPECT_EQ(journey.desktop.fileDialogs.proposed.back(), u"View ALL Documents, filtered co.csv"_s);
     EXPECT_EQ(exportTo("spreadsheet.csv", "ATP"),
               "\xEF\xBB\xBFTitle" + otherTitles + atlas + brief + "Coast,,'=1+1,,None,\r\n");
 }

@@ -80,10 +80,11 @@ QStringList GuidePictures::takeAll()
     using Station = void (GuidePictures::*)();
     QStringList failures;
     for (const Station station :
-         {&GuidePictures::showLists, &GuidePictures::showGraphics, &GuidePictures::showRowMenu,
-          &GuidePictures::showNavigateMenu, &GuidePictures::showSearch, &GuidePictures::showAdvancedSearch,
-          &GuidePictures::showEditors, &GuidePictures::showHistory, &GuidePictures::showExport,
-          &GuidePictures::showCheck, &GuidePictures::showCollections, &GuidePictures::showAbout}) {
+         {&GuidePictures::showLists, &GuidePictures::showFilter, &GuidePictures::showGraphics,
+          &GuidePictures::showRowMenu, &GuidePictures::showNavigateMenu, &GuidePictures::showSearch,
+          &GuidePictures::showAdvancedSearch, &GuidePictures::showEditors, &GuidePictures::showHistory,
+          &GuidePictures::showExport, &GuidePictures::showCheck, &GuidePictures::showCollections,
+          &GuidePictures::showAbout}) {
         try {
             (this->*station)();
         } catch (const std::exception& failure) {
@@ -109,6 +110,18 @@ void GuidePictures::showLists()
     settle();
     const QPoint top(0, rows.header()->height() + current.top() - 4 * current.height());
     save(rows.grab(QRect(top, QSize(rows.width(), 9 * current.height()))), "files");
+}
+
+void GuidePictures::showFilter()
+{
+    trigger("mnuViewDocuments");
+    auto& words = part<QLineEdit>(m_window, "txtFilter");
+    trigger("mnuSearchFilter");
+    words.insert(QStringLiteral("hurricane -report"));
+    settle();
+    save(m_window.grab(), "filter");
+    words.clear();
+    list().setFocus();
 }
 
 void GuidePictures::showGraphics()

@@ -24,6 +24,7 @@ private:
     using Visit = std::function<void(QWidget&)>;
 
     void showLists();
+    void showFilter();
     void showGraphics();
     void showRowMenu();
     void showNavigateMenu();

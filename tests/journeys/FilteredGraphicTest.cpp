@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The graphic shows the records that the filter has left in the list.
+
+#include "MapJourney.h"
+#include "chart/ChartView.h"
+#include "timeline/TimelinePanel.h"
+
+#include <QClipboard>
+#include <QLineEdit>
+#include <QMimeData>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class FilteredGraphic : public MapJourney
+{
+protected:
+    FilteredGraphic()
+    {
+        journey.database.runFile("journeys/rows/Chart.sql");
+        journey.database.runFile("journeys/rows/DrawnTimeline.sql");
+        journey.start();
+        // a larger view of the same kind, of which nothing may stay
+        for (const char* view : {"mnuViewOrganizations", "mnuViewEvents", "mnuViewDocuments"})
+            journey.trigger(view);
+    }
+
+    void type(const char* words)
+    {
+        auto& field = journey.find<QLineEdit>("txtFilter");
+        field.setFocus();
+        field.selectAll();
+        QTest::keyClicks(&field, QString::fromUtf8(words));
+    }
+
+    /// What the graphic of the list shows, from its beginning, joined by `|`.
+    std::string graphic()
+    {
+        QStringList items;
+        if (journey.find<QWidget>("MSChart1").isVisible()) {
+            const auto& chart = journey.find<ChartView>("MSChart1");
+            for (int bar = 0; bar < chart.accessibleItemCount(); ++bar)
+                items << chart.accessibleItemName(bar);
+        } else if (map().isVisible()) {
+            for (int place = 0; place < map().accessibleItemCount(); ++place)
+                items << map().accessibleItemName(place);
+            items.sort();
+        } else {
+            for (const Lane& lane : journey.find<TimelinePanel>("pnlTimeline").timeline().lanes())
+                items << lane.caption;
+        }
+        return items.join(u'|').toStdString();
+    }
+
+    /// What the graphic shows once it has followed the keys.
+    std::string graphicAfter(const std::string& before)
+    {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return graphic() != before; })) << before;
+        return graphic();
+    }
+};
+
+TEST_F(FilteredGraphic, FollowsTheKeysAndIsThereAgainWithItsView)
+{
+    const struct
+    {
+        const char* view;
+        const char* words;
+        std::string whole;
+        std::string left;
+    } cases[] = {
+        {"mnuViewDocuments", "c", "After-Action Report: 3 documents|Maps & Charts: 1 document",
+         "After-Action Report: 1 document|Maps & Charts: 1 document"},
+        {"mnuViewEvents", "dro", "Flood|Fire|Quake|Storm|Drought -->", "Drought -->"},
+        {"mnuViewOrganizations", "ta -zeta",
+         "Austin, TX: Fire & Rescue|Austin, TX: Relief|Dallas, TX: Law|O'Fallon, MO: Law|Reno, NV: Law",
+         "Austin, TX: Relief|Dallas, TX: Law|O'Fallon, MO: Law"},
+    };
+    for (const auto& [view, words, whole, left] : cases) {
+        journey.trigger(view);
+        EXPECT_EQ(graphic(), whole);
+        type(words);
+        EXPECT_EQ(graphicAfter(whole), left) << words;
+        journey.trigger("mnuViewRefresh");
+        EXPECT_EQ(graphic(), left) << "read again";
+        journey.trigger("mnuNavigateHome");
+        journey.trigger("mnuNavigateBack");
+        EXPECT_EQ(graphic(), left) << "shown again";
+        QTest::keyClick(&journey.find<QLineEdit>("txtFilter"), Qt::Key_Escape);
+        EXPECT_EQ(graphicAfter(left), whole);
+        type("no such word");
+        EXPECT_EQ(graphicAfter(whole), "");
+    }
+}
+
+TEST_F(FilteredGraphic, IsDrawnBeforeItIsCopied)
+{
+    type("c");
+    journey.trigger("mnuViewCopyPicture");
+    const QString picture =
+        QString::fromUtf8(QGuiApplication::clipboard()->mimeData()->data(u"image/svg+xml"_s));
+    EXPECT_TRUE(picture.contains(u"View ALL Documents, filtered: c"_s));
+    EXPECT_EQ(graphic(), "After-Action Report: 1 document|Maps & Charts: 1 document");
+}
+
+} // namespace
