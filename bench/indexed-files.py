@@ -50,6 +50,13 @@ class Texts:
         return [" ".join(self.random.choices(self.sentences, k=self.random.randint(3, 9))) for _ in range(pages * 9)]
 
 
+def literal(text):
+    """A text as PDF has it."""
+    for special in "\\()":
+        text = text.replace(special, "\\" + special)
+    return b"(" + text.encode("cp1252") + b")"
+
+
 def pdf(paragraphs):
     """Pages with lines in a standard font, compressed, each line kerned as text processors do."""
     lines = [line for paragraph in paragraphs for line in textwrap.wrap(paragraph, LINE_WIDTH) + [""]]
@@ -60,9 +67,8 @@ def pdf(paragraphs):
     for page in pages:
         shown = [b"BT /F1 11 Tf 13.5 TL 62 780 Td"]
         for line in page:
-            text = line.encode("cp1252")
-            parts = [text[start:start + 7] for start in range(0, len(text), 7)]
-            shown.append(b"[" + b" -12 ".join(b"(" + part + b")" for part in parts) + b"] TJ T*")
+            parts = [line[start:start + 7] for start in range(0, len(line), 7)]
+            shown.append(b"[" + b" -12 ".join(map(literal, parts)) + b"] TJ T*")
         content = zlib.compress(b"\n".join(shown + [b"ET"]))
         objects.append(b"<</Length %d/Filter/FlateDecode>>stream\n%b\nendstream" % (len(content), content))
         objects.append(b"<</Type/Page/Parent 2 0 R/MediaBox[0 0 595 842]/Contents %d 0 R"
@@ -87,9 +93,8 @@ def page(paragraphs, encoding):
              '<ul><li><a href="index.html">Contents</a><li><a href="next.html">Next</a></ul>']
     for number, paragraph in enumerate(paragraphs):
         text = html.escape(paragraph).replace("é", "&eacute;")
-        first, _, rest = text.partition(" ")
         parts.append(f"<h2>Part {number // 6 + 1}</h2>" if number % 6 == 0 else "")
-        parts.append(f"<p class=text><b>{first[:1]}</b>{first[1:]} <i>{rest[:0]}</i>{rest}")
+        parts.append(f"<p class=text><b>{text[:1]}</b>{text[1:]}")
     return "\n".join(parts).encode(encoding, "xmlcharrefreplace")
 
 

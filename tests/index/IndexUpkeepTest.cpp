@@ -90,7 +90,13 @@ TEST(IndexUpkeepTest, OnlyWhatChangedIsReadAgain)
          {both[1]},
          {{both[1], u"%PDF-c"_s}}},
         {"once more in the same moment",
-         [&] { writeFile(folder.path(both[1]), "%PDF-d"); },
+         [&] {
+             const QDateTime moment = QFileInfo(folder.path(both[1])).lastModified();
+             writeFile(folder.path(both[1]), "%PDF-d");
+             QFile file(folder.path(both[1]));
+             EXPECT_TRUE(file.open(QIODevice::ReadWrite));
+             EXPECT_TRUE(file.setFileTime(moment, QFile::FileModificationTime));
+         },
          both,
          {both[1]},
          {{both[1], u"%PDF-d"_s}}},
