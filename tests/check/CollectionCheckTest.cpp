@@ -180,8 +180,7 @@ TEST(CollectionCheck, NamesFilesWhoseTextCouldNotBeReadAndADamagedIndex)
     const struct
     {
         QString statements;
-        QByteArray QByteArray
-            over; ///< written over the index: a few bytes at its beginning, many over the texts
+        QByteArray over; ///< written over the index: its beginning, or the texts if it is long
         QString found;
         QString remark;
     } cases[] = {
@@ -195,17 +194,17 @@ TEST(CollectionCheck, NamesFilesWhoseTextCouldNotBeReadAndADamagedIndex)
         {u"UPDATE File SET Failure = 'It is not a PDF, a web page or a text.' WHERE Name = '57.txt'"_s,
          {},
          u""_s,
-         u"1 file holds no words that a search could find, such as a picture."_s},
+         u"1 file holds no words, such as a picture."_s},
         {u"DELETE FROM File WHERE Name = '57.txt'; UPDATE File SET Size = 7 WHERE Name = '60.txt';"
          "UPDATE File SET Changed = NULL WHERE Name = '61.txt'"_s,
          {},
          u""_s,
-         u"2 files have not been read for searches yet."_s},
+         u"2 files have not been read yet."_s},
         {u"PRAGMA synchronous = OFF; BEGIN; UPDATE File SET Size = 7"_s,
          {},
          u""_s,
          u"The reading of the files was interrupted and is not finished yet."_s},
-        {u"PRAGMA user_version = 99"_s, {}, u""_s, u"3 files have not been read for searches yet."_s},
+        {u"PRAGMA user_version = 99"_s, {}, u""_s, u"3 files have not been read yet."_s},
         {u""_s, QByteArray(9, 'x'), damaged, u""_s},
         {u""_s, QByteArray(5000, 'x'), damaged, u""_s},
     };
