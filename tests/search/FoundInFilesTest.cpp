@@ -200,7 +200,7 @@ TEST_F(FoundInFilesOnDisk, CountsThemBesideTheRecordsAndListsThem)
 
     // a title with the word, and files
     const SharedQuery query = keywordQuery(queries, RecordKind::Document, {u"gauge"_s});
-    const SharedQuery both = queryWithKeys(database.session(), RecordKind::Document, query, {6, 3, 2});
+    const SharedQuery both = queryWithKeys(database.session(), RecordKind::Document, query, {6, 2, 6});
     EXPECT_EQ(firstColumnOf(database.session(), both->sqlStr()), u"2 3 6"_s);
     const SharedQuery broken = keywordQuery(queries, RecordKind::Document, {u"o'clock"_s});
     EXPECT_EQ(queryWithKeys(database.session(), RecordKind::Document, broken, {2}), broken);
