@@ -171,6 +171,8 @@ TEST_F(KeywordSearchJourney, OnlyDocumentsHaveFilesAndTheBoxIsRemembered)
     searchFor(u"fire"_s, 2, true);
     EXPECT_EQ(journey.column(0), "Fire & flood");
 
+    EXPECT_EQ(journey.historyMenu(), "Home Page|Search Results for \"county\"|File Search Results for "
+                                     "\"county\"|[Event Search for \"fire\"]");
     deleteIndex();
     journey.find<QAction>("mnuHistoryList(1)").trigger();
     EXPECT_FALSE(link("lblFiles").isEnabled());
