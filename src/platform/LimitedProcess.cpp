@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr qsizetype mostErrors = 1000; ///< bytes
+constexpr qsizetype mostErrors = 4000; ///< bytes
 constexpr int killPatience = 5'000;    ///< milliseconds; a process that waits for a dead disk outlasts a kill
 
 #ifdef Q_OS_UNIX

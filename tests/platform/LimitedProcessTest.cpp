@@ -89,7 +89,7 @@ TEST_F(LimitedProcessTest, SaysWhatAProgramWroteOrWhyItFailed)
             EXPECT_EQ(result.output, each.output);
             EXPECT_EQ(result.failure, QString::fromUtf8(each.failure));
             EXPECT_EQ(result.hasStarted, each.program == shell);
-            EXPECT_LE(result.errors.size(), 1000);
+            EXPECT_LE(result.errors.size(), 4000);
         }
     }
 }

@@ -175,7 +175,7 @@ void Indexer::read(const QString& name, const QString& path, const Found& found)
     reading.name = name;
     reading.file = found.file;
     const QStringList arguments =
-        isPdf ? QStringList{u"-q"_s, u"-enc"_s, u"UTF-8"_s, path, u"-"_s} : QStringList{u"--text"_s, path};
+        isPdf ? QStringList{u"-enc"_s, u"UTF-8"_s, path, u"-"_s} : QStringList{u"--text"_s, path};
     reading.process.start(isPdf ? u"pdftotext"_s : m_reader, arguments,
                           [this, &reading](const LimitedProcess::Result& result) { take(reading, result); });
 }
@@ -188,7 +188,10 @@ void Indexer::take(Reading& reading, const LimitedProcess::Result& result)
         file.failure = result.failure;
         if (result.errors.contains("Incorrect password"))
             file.failure = QString::fromLatin1(FileTextFailures::isProtected);
-        if (!result.hasStarted) file.hash.clear(); // it is read once the program is installed
+        if (!result.hasStarted) { // it is read once the program is installed
+            file.hash.clear();
+            file.changed.reset();
+        }
         QString text;
         if (file.failure.isEmpty()) text = FileContent::cleaned(QString::fromUtf8(result.output));
         if (file.failure.isEmpty() && text.isEmpty())

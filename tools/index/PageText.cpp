@@ -59,6 +59,22 @@ void leave(QByteArray& text, const xmlNode& node)
     if (node.type == XML_ELEMENT_NODE && !isWithinWords(node)) text += ' ';
 }
 
+/// The parser mends what is wrong in a page, as browsers do.
+Document parsed(const QByteArray& source)
+{
+    constexpr int options = HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING |
+                            HTML_PARSE_NONET | HTML_PARSE_IGNORE_ENC | HTML_PARSE_COMPACT;
+    const std::unique_ptr<htmlParserCtxt, decltype(&htmlFreeParserCtxt)> parser(htmlNewParserCtxt(),
+                                                                                &htmlFreeParserCtxt);
+    if (!parser) throw std::bad_alloc();
+    parser->options |= XML_PARSE_HUGE; // else it ends at 256 elements within each other
+    Document document(htmlCtxtReadMemory(parser.get(), source.constData(), static_cast<int>(source.size()),
+                                         nullptr, "UTF-8", options),
+                      &xmlFreeDoc);
+    if (!document) throw std::bad_alloc();
+    return document;
+}
+
 } // namespace
 
 QByteArray pageText(const QString& page)
@@ -66,12 +82,7 @@ QByteArray pageText(const QString& page)
     QByteArray source = page.toUtf8();
     source.replace('\0', ' '); // where the parser would end
     if (source.size() > std::numeric_limits<int>::max()) throw std::bad_alloc();
-    constexpr int options = HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING |
-                            HTML_PARSE_NONET | HTML_PARSE_IGNORE_ENC | HTML_PARSE_COMPACT;
-    const Document document(
-        htmlReadMemory(source.constData(), static_cast<int>(source.size()), nullptr, "UTF-8", options),
-        &xmlFreeDoc);
-    if (!document) throw std::bad_alloc();
+    const Document document = parsed(source);
     QByteArray text;
     // in steps: a page may nest its elements deeper than the stack
     xmlNode* const top = reinterpret_cast<xmlNode*>(document.get());

@@ -82,7 +82,7 @@ bool TextDecoding::isText(QByteArrayView beginning)
         return static_cast<uchar>(byte) < 0x20 && (byte < '\t' || byte > '\r') && byte != 0x1b;
     };
     const auto strange = std::count_if(beginning.begin(), beginning.end(), isStrange);
-    return !beginning.contains('\0') && strange * 50 <= beginning.size();
+    return !beginning.contains('\0') && strange <= 2 + beginning.size() / 50;
 }
 
 QString TextDecoding::decoded(QByteArrayView text, const QByteArray& declared)
