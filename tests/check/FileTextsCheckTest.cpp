@@ -32,7 +32,7 @@ TEST(FileTextsCheck, NamesFilesWhoseTextCouldNotBeReadAndADamagedIndex)
         {u"UPDATE File SET Failure = 'It is not a PDF, a web page or a text.' WHERE Name = '57.txt'"_s,
          {},
          u""_s,
-         u"1 file holds no words, such as a picture."_s},
+         u"The program finds no words in 1 file."_s},
         {u"DELETE FROM File WHERE Name = '57.txt'; UPDATE File SET Size = 7 WHERE Name = '60.txt';"
          "UPDATE File SET Changed = NULL WHERE Name = '61.txt'"_s,
          {},
