@@ -29,6 +29,7 @@ _orvik_tool()
     if [[ $current == -* ]]; then
         local options='--json --help'
         [[ $command == check ]] && options+=' --files'
+        [[ $command == search ]] && options+=' --in-files'
         [[ $command == export ]] && options+=' --spreadsheet'
         mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
         return

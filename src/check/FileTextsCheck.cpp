@@ -148,14 +148,12 @@ bool FileTextsCheck::wasChanged(const QString& name, const Known& known) const
 void FileTextsCheck::tellWhatIsNoFault()
 {
     QStringList remarks;
-    if (m_wordless == 1)
-        remarks << CheckTexts::tr("1 file holds no words that a search could find, such as a picture.");
+    if (m_wordless == 1) remarks << CheckTexts::tr("The program finds no words in 1 file.");
     if (m_wordless > 1) {
-        remarks << CheckTexts::tr("%n files hold no words that a search could find, such as pictures.",
-                                  nullptr, m_wordless);
+        remarks << CheckTexts::tr("The program finds no words in %n files, such as pictures.", nullptr,
+                                  m_wordless);
     }
-    if (m_unread == 1) remarks << CheckTexts::tr("1 file has not been read for searches yet.");
-    if (m_unread > 1)
-        remarks << CheckTexts::tr("%n files have not been read for searches yet.", nullptr, m_unread);
+    if (m_unread == 1) remarks << CheckTexts::tr("1 file has not been read yet.");
+    if (m_unread > 1) remarks << CheckTexts::tr("%n files have not been read yet.", nullptr, m_unread);
     setRemark(remarks.join(u' '));
 }

@@ -11,7 +11,7 @@ namespace {
 // all in bytes
 constexpr std::size_t mostSearched = 4 << 20; ///< takes a tenth of a second
 constexpr int closeTogether = 160;
-constexpr int mostBefore = 60;
+constexpr int mostBefore = 30; ///< a narrow list shows the word, too
 constexpr int mostShown = 500;
 
 /// A word of the text that was looked for.

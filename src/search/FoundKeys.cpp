@@ -6,7 +6,6 @@
 
 #include <QStringList>
 
-#include <algorithm>
 #include <limits>
 #include <optional>
 
@@ -64,7 +63,5 @@ SharedQuery queryWithKeys(DatabaseSession& session, RecordKind kind, const Share
     const auto found = keysOf(session, kind, query, std::numeric_limits<std::size_t>::max());
     if (!found) return query;
     keys.insert(keys.end(), found->begin(), found->end());
-    std::sort(keys.begin(), keys.end());
-    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
     return queryOfKeys(kind, query, keys);
 }

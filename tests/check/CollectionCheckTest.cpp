@@ -3,7 +3,6 @@
 #include "check/CheckedCollection.h"
 #include "check/FileByHash.h"
 #include "check/FindingSteps.h"
-#include "filetext/FileTextIndex.h"
 #include "journal/UndoSteps.h"
 #include "support/AsPlainUser.h"
 
@@ -169,80 +168,6 @@ TEST(CollectionCheck, KnowsTheFilesOfRecordsFromOthers)
         static_cast<void>(FindingSteps::putAside(collection.files(), u"documents/../Rivers.sqlite"_s)),
         Error);
     EXPECT_THROW(static_cast<void>(FindingSteps::putAside(collection.files(), u"Rivers.sqlite"_s)), Error);
-}
-
-/// The states of the index, as it is beside a collection with files for the documents 57, 60 and 61, and none
-/// for 59; 58 is deleted.
-TEST(CollectionCheck, NamesFilesWhoseTextCouldNotBeReadAndADamagedIndex)
-{
-    const QString damaged = u"file-texts: The file Rivers.sqlite.filetext with the texts of the files is "
-                            "damaged. It can be deleted: the program makes it anew.\n"_s;
-    const struct
-    {
-        QString statements;
-        QByteArray QByteArray
-            over; ///< written over the index: a few bytes at its beginning, many over the texts
-        QString found;
-        QString remark;
-    } cases[] = {
-        {u""_s, {}, u""_s, u""_s},
-        {u"UPDATE File SET Failure = 'It took too long.' WHERE Name <> '60.txt'"_s,
-         {},
-         u"file-texts: Document \"Levees\" (57) has the file 57.txt, whose text could not be read. It took "
-         "too long.\nfile-texts: Document \"Storm\" (61) has the file 61.txt, whose text could not be read. "
-         "It took too long.\n"_s,
-         u""_s},
-        {u"UPDATE File SET Failure = 'It is not a PDF, a web page or a text.' WHERE Name = '57.txt'"_s,
-         {},
-         u""_s,
-         u"1 file holds no words that a search could find, such as a picture."_s},
-        {u"DELETE FROM File WHERE Name = '57.txt'; UPDATE File SET Size = 7 WHERE Name = '60.txt';"
-         "UPDATE File SET Changed = NULL WHERE Name = '61.txt'"_s,
-         {},
-         u""_s,
-         u"2 files have not been read for searches yet."_s},
-        {u"PRAGMA synchronous = OFF; BEGIN; UPDATE File SET Size = 7"_s,
-         {},
-         u""_s,
-         u"The reading of the files was interrupted and is not finished yet."_s},
-        {u"PRAGMA user_version = 99"_s, {}, u""_s, u"3 files have not been read for searches yet."_s},
-        {u""_s, QByteArray(9, 'x'), damaged, u""_s},
-        {u""_s, QByteArray(5000, 'x'), damaged, u""_s},
-    };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.statements.toStdString());
-        CheckedCollection collection;
-        collection.run(QString::fromLatin1(records) +
-                       u"INSERT INTO Document (DocumentID, DocumentName, dStatus) VALUES (59, 'Gone', "
-                       "'ACTIVE'), (60, 'Maps', 'ACTIVE'), (61, 'Storm', 'ACTIVE');"
-                       "UPDATE Document SET FileLocation = DocumentID || '.txt' WHERE DocumentID > 1"_s);
-        const QString index = collection.database() + u".filetext"_s;
-        const QString journal = index + u"-journal"_s;
-        {
-            SQLite::Database database(index.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-            database.exec(FileTextIndex::tables);
-            database.exec("PRAGMA user_version = 1");
-            for (const char* name : {"57.txt", "58.txt", "60.txt", "61.txt"}) {
-                const QString file = collection.data() + u"documents/"_s + QString::fromLatin1(name);
-                writeFile(file, "a text");
-                SQLite::Statement row(database, "INSERT INTO File (Name, Size, Changed) VALUES (?, 6, ?)");
-                row.bind(1, name);
-                row.bind(2, static_cast<int64_t>(QFileInfo(file).lastModified().toMSecsSinceEpoch()));
-                row.exec();
-            }
-            database.exec(each.statements.toStdString());
-            QFile::copy(journal, journal + u".kept"_s);
-        }
-        QFile::rename(journal + u".kept"_s, journal);
-        QFile content(index);
-        ASSERT_TRUE(content.open(QIODevice::ReadWrite) && content.seek(each.over.size() > 9 ? 3 * 4096 : 0));
-        content.write(each.over);
-        content.close();
-        const CheckResult result = collection.check(CheckScope::Structure).back();
-        ASSERT_EQ(result.topic, CheckTopic::FileTexts);
-        EXPECT_EQ(CheckedCollection::textOf({result}), each.found.toStdString());
-        EXPECT_EQ(result.remark, each.remark);
-    }
 }
 
 TEST(CollectionCheck, TellsWhichFilesChangedAndFindsThemAgain)

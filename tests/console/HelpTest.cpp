@@ -39,7 +39,7 @@ QStringList commands()
 
 QStringList optionsOf(const QString& command)
 {
-    return allIn(helpOf(command), u"^  (?:-\\w, )?(--\\w+) "_s);
+    return allIn(helpOf(command), u"^  (?:-\\w, )?(--[\\w-]+) "_s);
 }
 
 /// What bash offers for the last of some words.

@@ -5,6 +5,7 @@
 #include "console/Tool.h"
 #include "data/DatabaseSession.h"
 #include "search/SearchResults.h"
+#include "support/TestFileTexts.h"
 #include "support/TestFiles.h"
 #include "views/StandardQueries.h"
 
@@ -24,7 +25,11 @@ class ReadingCommands : public testing::Test
     QTemporaryDir m_cache;
 
 protected:
-    ReadingCommands() { qputenv("XDG_CACHE_HOME", QFile::encodeName(m_cache.path())); }
+    ReadingCommands()
+    {
+        qputenv("XDG_CACHE_HOME", QFile::encodeName(m_cache.path()));
+        writeFileTexts(collections.path(u"Rivers/data/rivers.sqlite"_s), {{"2.pdf", "of a Brídge"}});
+    }
 
     [[nodiscard]] ToolRun run(const QString& arguments) const
     {
@@ -64,6 +69,17 @@ TEST_F(ReadingCommands, PrintWhatPeopleRead)
          u"1 Document\nID  Title  Key  Author  Date  File       Source\n3   Ärger                     Adobe PDF  None\n\n1 Event\n"_s,
          {}},
         {u"search Rivers drought"_s, 0, u"Nothing was found.\n"_s, {}},
+        {u"search Rivers --in-files bridge"_s,
+         0,
+         u"1 Document with the words in its file\n"
+         "ID  Title                  Key  Author  Date      File       Source\n"
+         "2   Levées of the \"Ohio\"   yes          May 1937  Adobe PDF  None\n1 file has not been read yet.\n"_s,
+         {}},
+        {u"search Rivers --in-files --json bridge"_s,
+         0,
+         u"{\"words\":\"bridge\",\"documents\":[],\"events\":[],\"organizations\":[],\"files\":[{\"id\":2,"_s,
+         {}},
+        {u"search Old --in-files flood"_s, 2, {}, u"orvik-tool: No window has read the files of this"_s},
         {u"show Rivers documents:2"_s, 0, u"Title: Levées of the \"Ohio\" \nDate: May 1937\n"_s, {}},
         {u"history Old events:2"_s, 0, u"First known\n"_s, {}},
         {u"check Rivers"_s, 0, u"Structure of the database: nothing found\n"_s, {}},
@@ -232,9 +248,16 @@ void becomePlainUser()
 
 TEST_F(ReadingCommands, LeaveNothingBehindAlsoWhereNothingCanBeWritten)
 {
-    const QString commands[] = {u"check %1"_s,         u"check %1 --files"_s,   u"list %1 documents"_s,
-                                u"list %1 events"_s,   u"search %1 flood"_s,    u"show %1 documents:2"_s,
-                                u"show %1 events:2"_s, u"history %1 events:2"_s};
+    const QString commands[] = {u"check %1"_s,
+                                u"check %1 --files"_s,
+                                u"list %1 documents"_s,
+                                u"list %1 events"_s,
+                                u"search %1 flood"_s,
+                                u"search %1 --in-files flood"_s,
+                                u"show %1 documents:2"_s,
+                                u"show %1 events:2"_s,
+                                u"history %1 events:2"_s};
+    writeFileTexts(collections.path(u"Old/data/old.sqlite"_s), {{"2.pdf", "of a flood"}});
     std::filesystem::permissions(collections.path({}).toStdString(), std::filesystem::perms(0755));
     const QTemporaryDir elsewhere;
     for (const bool isReadOnly : {false, true}) {

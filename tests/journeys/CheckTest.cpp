@@ -90,7 +90,7 @@ constexpr auto withFaults =
     "Files that no record names: 1 finding\n"
     "\tThe file documents/stray.txt belongs to no record.\n"
     "Texts of the files: Nothing found\n"
-    "\t1 file has not been read for searches yet.\n";
+    "\t1 file has not been read yet.\n";
 
 TEST_F(Check, SaysThatChecksCouldNotBeMade)
 {
@@ -172,7 +172,7 @@ TEST_F(Check, ShowsWhatItFindsAndTakesTheStepOfEachFinding)
         EXPECT_EQ(
             QString::fromStdString(shown(window)).section(u"Missing"_s, 1).toStdString(),
             " files: Nothing found\nFiles that no record names: Nothing found\nTexts of the files: Nothing "
-            "found\n\t2 files have not been read for searches yet.\nContent of the records: Nothing "
+            "found\n\t2 files have not been read yet.\nContent of the records: Nothing "
             "found\nContent of the files: 1 finding\n\tDocument \"Brief\" (3): the file documents/3.pdf is "
             "not what it was when it was taken in.\n");
         select(window, "Document \"Brief\" (3): the file");

@@ -107,7 +107,7 @@ TEST_F(FoundInFilesOnDisk, ShowsThePlaceWithTheMostWords)
     const std::tuple<std::string, QString, QString> cases[] = {
         {"The levee\n\tbroke at  Greenville.", u"levee green"_s, u"The [levee] broke at [Greenville]."_s},
         {"Levees. " + filler + "The levee broke. " + filler, u"levee broke"_s,
-         u"… Some more water. Some more water. Some more water. The [levee] [broke]. Some more"_s},
+         u"… Some more water. The [levee] [broke]. Some more"_s},
         {"An ÉCOLE\u0301 \U0001F525 école", u"ecole"_s, u"An [ÉCOLE\u0301] \U0001F525 [école]"_s},
         {many + " levee " + many, u"levee"_s, u"… [levee] xxxx"_s},
         {many + "-levee", u"levee"_s, u"… [levee]"_s},
@@ -200,7 +200,7 @@ TEST_F(FoundInFilesOnDisk, CountsThemBesideTheRecordsAndListsThem)
 
     // a title with the word, and files
     const SharedQuery query = keywordQuery(queries, RecordKind::Document, {u"gauge"_s});
-    const SharedQuery both = queryWithKeys(database.session(), RecordKind::Document, query, {6, 3, 2});
+    const SharedQuery both = queryWithKeys(database.session(), RecordKind::Document, query, {6, 2, 6});
     EXPECT_EQ(firstColumnOf(database.session(), both->sqlStr()), u"2 3 6"_s);
     const SharedQuery broken = keywordQuery(queries, RecordKind::Document, {u"o'clock"_s});
     EXPECT_EQ(queryWithKeys(database.session(), RecordKind::Document, broken, {2}), broken);

@@ -68,6 +68,8 @@ void StatusLine::addReading(QStatusBar& bar)
     m_progress->setObjectName(QStringLiteral("pnlProgress"));
     m_progress->setTextFormat(Qt::PlainText);
     m_readingLink->setObjectName(QStringLiteral("cmdReading"));
+    // it goes by itself, and the focus must not go with it from where the user is
+    m_readingLink->setFocusPolicy(Qt::TabFocus);
     connect(m_readingLink, &LinkButton::clicked, this, &StatusLine::readingLinkFollowed);
     auto* reading = new QHBoxLayout(m_reading);
     reading->setContentsMargins(0, 0, gap, 0);
@@ -149,5 +151,6 @@ void StatusLine::showReading(const QString& text, const QString& link, const QSt
     m_progress->setText(text);
     m_readingLink->setLink(link);
     m_readingLink->setToolTip(PlainToolTip::text(explanation));
+    m_readingLink->setAccessibleDescription(text);
     m_reading->setVisible(!text.isEmpty());
 }
