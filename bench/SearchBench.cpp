@@ -180,7 +180,7 @@ void addTexts(SQLite::Database& index, int count)
     SQLite::Statement text(index, "INSERT INTO FileText (rowid, Text) VALUES (?, ?)");
     for (int file = 1; file <= count; ++file) {
         std::string words = commonWord.toStdString();
-        if (file == count) words += ' ' + plantedWord.toStdString();
+        if (file == count / 2) words += ' ' + plantedWord.toStdString();
         for (int i = 0; i < wordsOfText; ++i) {
             const auto word = static_cast<unsigned>(std::pow(vocabulary, rank(random)));
             words += ' ';
