@@ -41,9 +41,12 @@ public:
         QApplication::sendEvent(m_list, &press);
     }
 
-    /// The time until the next row is painted and, with details, its record.
+    /// The time until the next row is painted and, with details, its record, after a moment of rest.
     Milliseconds next()
     {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(100);
+        while (std::chrono::steady_clock::now() < end)
+            QApplication::processEvents(QEventLoop::AllEvents, 1);
         return timeOf([this] {
             m_isShown = m_page == nullptr;
             pressDown();

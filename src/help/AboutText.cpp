@@ -33,6 +33,8 @@ constexpr std::array libraries{
     Part{"OpenSSL", QT_TRANSLATE_NOOP("Help", "hashes of files"), "https://www.openssl.org/", "Apache-2.0"},
     Part{"GLib", QT_TRANSLATE_NOOP("Help", "opening files in other programs"), "https://www.gtk.org/",
          "LGPL-2.1-or-later"},
+    Part{"Poppler", QT_TRANSLATE_NOOP("Help", "texts and first pages of PDF files"),
+         "https://poppler.freedesktop.org/", QT_TRANSLATE_NOOP("Help", "GPL-2.0 or GPL-3.0")},
     Part{"MDB Tools", QT_TRANSLATE_NOOP("Help", "reading Access files"),
          "https://github.com/mdbtools/mdbtools", "LGPL-2.0-or-later"},
     Part{"Breeze", QT_TRANSLATE_NOOP("Help", "icons"), "https://invent.kde.org/frameworks/breeze-icons",

@@ -64,7 +64,7 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 4) return EXIT_FAILURE;
-    const QString path = arguments[1];
+    const QString& path = arguments[1];
     const QSize room(arguments[2].toInt(), arguments[3].toInt());
     const bool isPossible = !room.isEmpty() && std::max(room.width(), room.height()) <= longestSide;
     // a pipe would never end

@@ -21,7 +21,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// After the last change of the selection: a key that is held down repeats itself sooner than that.
+/// A key that is held down repeats itself sooner than that.
+constexpr auto repeat = 60ms;
 constexpr auto delay = 40ms;
 
 } // namespace
@@ -32,15 +33,24 @@ DetailsCommand::DetailsCommand(const Platform& platform, const OpenCommand& open
 {
     m_page.setDetails([this](QWidget* pane) { return makePane(pane); });
     m_pause.setSingleShot(true);
-    m_pause.setInterval(delay);
     m_pause.callOnTimeout(this, &DetailsCommand::showSelected);
     connect(commands.mnuViewDetails, &QAction::triggered, this, [this](bool shown) {
         m_page.showDetails(shown);
         showSelected();
     });
     connect(&m_view.list(), &ListPane::selectionChanged, this, [this] {
-        if (m_page.showsDetails()) m_pause.start();
+        if (m_page.showsDetails()) showSoon();
     });
+}
+
+/// Shows the selected record once what waits is done: the list comes first. If the selection changes quickly,
+/// as under a key that is held down, waits for its end.
+void DetailsCommand::showSoon()
+{
+    const bool isDue = m_pause.isActive() && m_pause.intervalAsDuration() == 0ms;
+    const bool isQuick = m_lastChange.isValid() && !m_lastChange.hasExpired(repeat.count());
+    m_lastChange.start();
+    if (!isDue) m_pause.start(isQuick ? delay : 0ms);
 }
 
 QWidget* DetailsCommand::makePane(QWidget* parent)
@@ -58,7 +68,7 @@ void DetailsCommand::showSelected()
     const std::size_t selected = list.selectedCount();
     if (selected == 1) return showRecord(list.selectedRecords().front());
     // the record that was selected in this view is found again at the end
-    if (list.isFilling()) return m_pause.start();
+    if (list.isFilling()) return m_pause.start(delay);
     m_pane->showText(selected == 0 ? tr("Select a record to see its details.")
                                    : tr("%n records are selected.", nullptr, static_cast<int>(selected)));
 }

@@ -5,6 +5,7 @@
 #include "data/RecordKind.h"
 #include "platform/Platform.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 
@@ -33,6 +34,7 @@ Q_SIGNALS:
 
 private:
     QWidget* makePane(QWidget* parent);
+    void showSoon();
     void showSelected();
     void showRecord(const SelectedRecord& record);
     void follow(const QUrl& address);
@@ -43,4 +45,5 @@ private:
     BrowsePage& m_page;
     DetailsPane* m_pane = nullptr; ///< null until it is first shown
     QTimer m_pause;
+    QElapsedTimer m_lastChange; ///< of the selection
 };
