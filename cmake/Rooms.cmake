@@ -27,7 +27,7 @@ endfunction()
 
 # Sources with a local name that another source of their room has too.
 set(ORVIK_SOURCES_APART
-    check/FileTextsCheck.cpp data/EditableRecordSet.cpp data/EngineRules.cpp data/MomentCondition.cpp data/StatementTokens.cpp
+    data/EditableRecordSet.cpp data/EngineRules.cpp data/MomentCondition.cpp data/StatementTokens.cpp
     data/StoredQuery.cpp editors/frmDocument.cpp editors/frmEvent.cpp editors/frmOrganization.cpp
     editors/frmPicList.cpp export/ExportFormats.cpp files/FileCopy.cpp files/SharedFolderSplit.cpp journal/SnapshotWriter.cpp
     journal/UndoSteps.cpp map/OrganizationPlaces.cpp
