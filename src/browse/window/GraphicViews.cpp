@@ -42,8 +42,9 @@ GraphicViews::GraphicViews(const Surroundings& surroundings, ListPane& list, Bro
     });
     connect(&m_list, &ListPane::chosen, this, &GraphicViews::goToRecord);
     m_pause.setSingleShot(true);
-    m_pause.setInterval(pauseOfTyping);
-    connect(&m_list, &ListPane::filtered, &m_pause, qOverload<>(&QTimer::start));
+    // without words there is no more typing to wait for
+    connect(&m_list, &ListPane::filtered, this,
+            [this] { m_pause.start(m_at.history.filter().isEmpty() ? 0ms : pauseOfTyping); });
     connect(&m_pause, &QTimer::timeout, this, &GraphicViews::followFilter);
 }
 
