@@ -23,15 +23,17 @@ namespace {
 constexpr int settleMilliseconds = 400;
 constexpr int lookMilliseconds = 50;
 constexpr int patienceMilliseconds = 5000;
+constexpr int pictureMilliseconds = 3000; ///< in which a program of its own draws a page
+constexpr int longestReading = 100;       ///< looks at a reading of the files that has not ended
 constexpr QSize editorSize(1000, 700);
 constexpr QSize historySize(900, 480);
 constexpr int wideWindow = 1400;
 
 /// Lets the program finish what it shows.
-void settle()
+void settle(int milliseconds = settleMilliseconds)
 {
     QEventLoop loop;
-    QTimer::singleShot(settleMilliseconds, &loop, &QEventLoop::quit);
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
     loop.exec();
 }
 
@@ -80,11 +82,11 @@ QStringList GuidePictures::takeAll()
     using Station = void (GuidePictures::*)();
     QStringList failures;
     for (const Station station :
-         {&GuidePictures::showLists, &GuidePictures::showFilter, &GuidePictures::showGraphics,
-          &GuidePictures::showRowMenu, &GuidePictures::showNavigateMenu, &GuidePictures::showSearch,
-          &GuidePictures::showAdvancedSearch, &GuidePictures::showEditors, &GuidePictures::showHistory,
-          &GuidePictures::showExport, &GuidePictures::showCheck, &GuidePictures::showCollections,
-          &GuidePictures::showAbout}) {
+         {&GuidePictures::showLists, &GuidePictures::showFilter, &GuidePictures::showDetails,
+          &GuidePictures::showGraphics, &GuidePictures::showRowMenu, &GuidePictures::showNavigateMenu,
+          &GuidePictures::showSearch, &GuidePictures::showSearchInFiles, &GuidePictures::showAdvancedSearch,
+          &GuidePictures::showEditors, &GuidePictures::showHistory, &GuidePictures::showExport,
+          &GuidePictures::showCheck, &GuidePictures::showCollections, &GuidePictures::showAbout}) {
         try {
             (this->*station)();
         } catch (const std::exception& failure) {
@@ -94,9 +96,20 @@ QStringList GuidePictures::takeAll()
     return failures;
 }
 
+/// Waits until the files were read, which the status line would else tell of in every picture.
+void GuidePictures::awaitReading()
+{
+    const auto& reading = part<QWidget>(m_window, "pnlReading");
+    settle(patienceMilliseconds);
+    for (int look = 0; reading.isVisible(); ++look) {
+        if (look == longestReading) throw std::runtime_error("the files are still being read");
+        settle();
+    }
+}
+
 void GuidePictures::showLists()
 {
-    settle();
+    awaitReading();
     save(m_window.grab(), "home");
     trigger("mnuViewDocuments");
     select(QStringLiteral("Tropical Cyclone Report: Hurricane Katrina"));
@@ -122,6 +135,19 @@ void GuidePictures::showFilter()
     save(m_window.grab(), "filter");
     words.clear();
     list().setFocus();
+}
+
+void GuidePictures::showDetails()
+{
+    const QSize size = m_window.size();
+    m_window.resize(wideWindow, size.height());
+    trigger("mnuViewDocuments");
+    trigger("mnuViewDetails");
+    select(QStringLiteral("Tropical Cyclone Report: Hurricane Katrina"));
+    settle(pictureMilliseconds);
+    save(m_window.grab(), "details");
+    trigger("mnuViewDetails");
+    m_window.resize(size);
 }
 
 void GuidePictures::showGraphics()
@@ -190,6 +216,20 @@ void GuidePictures::showSearch()
         });
     settle();
     save(m_window.grab(), "search-results");
+}
+
+void GuidePictures::showSearchInFiles()
+{
+    trigger("mnuViewDocuments");
+    inDialog(
+        "frmSearch", [this] { trigger("mnuSearchKeyword"); },
+        [this](QWidget& dialog) {
+            part<QLineEdit>(dialog, "txtKeywords").setText(QStringLiteral("levee"));
+            part<QAbstractButton>(dialog, "chkFiles").setChecked(true);
+            press(dialog, "cmdGO");
+        });
+    settle();
+    save(m_window.grab(), "in-files");
 }
 
 void GuidePictures::showAdvancedSearch()

@@ -25,10 +25,12 @@ private:
 
     void showLists();
     void showFilter();
+    void showDetails();
     void showGraphics();
     void showRowMenu();
     void showNavigateMenu();
     void showSearch();
+    void showSearchInFiles();
     void showAdvancedSearch();
     void showEditors();
     void showHistory();
@@ -41,6 +43,7 @@ private:
     Widget& part(QWidget& of, const char* name);
     QTreeView& list() { return part<QTreeView>(m_window, "ListView1"); }
 
+    void awaitReading();
     void trigger(const char* action);
     void press(QWidget& of, const char* button);
     void select(const QString& beginning);

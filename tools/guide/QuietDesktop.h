@@ -15,6 +15,8 @@
 #include "platform/Volumes.h"
 #include "platform/WorkRunner.h"
 
+#include <QCoreApplication>
+
 #include <cstdio>
 #include <map>
 
@@ -72,8 +74,17 @@ public:
 
     [[nodiscard]] Platform platform()
     {
-        return {*this,     *this, m_fileAttributes, *this, m_clock,
-                m_volumes, *this, m_otherWindows,   *this, m_printing};
+        return {*this,
+                *this,
+                m_fileAttributes,
+                *this,
+                m_clock,
+                m_volumes,
+                *this,
+                m_otherWindows,
+                *this,
+                m_printing,
+                QCoreApplication::applicationDirPath()};
     }
 
 private:
