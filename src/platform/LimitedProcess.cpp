@@ -25,9 +25,9 @@ constexpr int killPatience = 5'000;    ///< milliseconds; a process that waits f
 void limit(int resource, qint64 amount)
 {
     rlimit held{};
-    if (getrlimit(static_cast<__rlimit_resource_t>(resource), &held) != 0) return;
+    if (getrlimit(resource, &held) != 0) return;
     held.rlim_cur = std::min(held.rlim_max, static_cast<rlim_t>(amount));
-    setrlimit(static_cast<__rlimit_resource_t>(resource), &held);
+    setrlimit(resource, &held);
 }
 
 /// Is called in the new process, between fork and exec: only what is safe in a signal handler.
