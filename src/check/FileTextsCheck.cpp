@@ -72,7 +72,7 @@ bool FileTextsCheck::step()
 /// Returns false as long as SQLite looks through the index. One that is not there is as good as empty.
 bool FileTextsCheck::readIndex()
 {
-    if (!m_found.valid() && !QFileInfo::exists(m_index)) return true;
+    if (!m_found.valid() && !QFileInfo(m_index).isFile()) return true;
     try {
         if (!m_found.valid()) {
             m_opened = std::make_unique<SQLite::Database>(QFile::encodeName(m_index).toStdString(),

@@ -2,6 +2,7 @@
 
 #include "platform/LimitedProcess.h"
 
+#include "platform/EndedProcess.h"
 #include "platform/PlatformTexts.h"
 
 #include <algorithm>
@@ -18,7 +19,6 @@
 namespace {
 
 constexpr qsizetype mostErrors = 4000; ///< bytes
-constexpr int killPatience = 5'000;    ///< milliseconds; a process that waits for a dead disk outlasts a kill
 
 #ifdef Q_OS_UNIX
 /// Limits a resource of the process that calls it; a limit that is lower already stays.
@@ -50,12 +50,6 @@ LimitedProcess::LimitedProcess(const ProcessLimits& limits) : m_limits(limits)
     m_timer.callOnTimeout([this] { endEarly(PlatformTexts::tr("It took too long.")); });
     m_report.setSingleShot(true);
     m_report.callOnTimeout([this] { report(); });
-    QObject::connect(&m_process, &QProcess::readyReadStandardOutput, [this] { takeOutput(); });
-    QObject::connect(&m_process, &QProcess::readyReadStandardError, [this] { takeErrors(); });
-    QObject::connect(&m_process, &QProcess::finished, [this] { end(); });
-    QObject::connect(&m_process, &QProcess::errorOccurred, [this](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart) end();
-    });
 }
 
 LimitedProcess::~LimitedProcess()
@@ -63,37 +57,33 @@ LimitedProcess::~LimitedProcess()
     stop();
 }
 
-void LimitedProcess::prepare(const QString& program, const QStringList& arguments)
+void LimitedProcess::makeProcess()
 {
-    m_result = {};
-    m_process.setProgram(program);
-    m_process.setArguments(arguments);
-    m_process.setStandardInputFile(QProcess::nullDevice());
+    endProcess(std::move(m_process));
+    m_process = std::make_unique<QProcess>();
+    m_process->setStandardInputFile(QProcess::nullDevice());
 #ifdef Q_OS_UNIX
     // one more than on the clock, which can tell what happened
     const qint64 seconds = std::chrono::ceil<std::chrono::seconds>(m_limits.time).count() + 1;
-    m_process.setChildProcessModifier([seconds, memory = m_limits.memory] { applyLimits(seconds, memory); });
+    m_process->setChildProcessModifier([seconds, memory = m_limits.memory] { applyLimits(seconds, memory); });
 #endif
-    m_process.start(QIODevice::ReadOnly);
+    const QProcess* const process = m_process.get();
+    QObject::connect(process, &QProcess::readyReadStandardOutput, [this] { takeOutput(); });
+    QObject::connect(process, &QProcess::readyReadStandardError, [this] { takeErrors(); });
+    QObject::connect(process, &QProcess::finished, [this] { end(); });
+    QObject::connect(process, &QProcess::errorOccurred, [this](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) end();
+    });
 }
 
 void LimitedProcess::start(const QString& program, const QStringList& arguments,
                            std::function<void(const Result&)> finished)
 {
     m_finished = std::move(finished);
+    m_result = {};
+    makeProcess();
     m_timer.start(m_limits.time);
-    prepare(program, arguments);
-}
-
-LimitedProcess::Result LimitedProcess::run(const QString& program, const QStringList& arguments)
-{
-    m_finished = nullptr;
-    prepare(program, arguments);
-    if (!m_process.waitForFinished(static_cast<int>(m_limits.time.count())) && isRunning()) {
-        endEarly(PlatformTexts::tr("It took too long."));
-        m_process.waitForFinished(killPatience);
-    }
-    return std::move(m_result);
+    m_process->start(program, arguments, QIODevice::ReadOnly);
 }
 
 void LimitedProcess::stop()
@@ -101,14 +91,12 @@ void LimitedProcess::stop()
     m_finished = nullptr;
     m_timer.stop();
     m_report.stop();
-    if (!isRunning()) return;
-    m_process.kill();
-    m_process.waitForFinished(killPatience);
+    endProcess(std::move(m_process));
 }
 
 void LimitedProcess::takeOutput()
 {
-    const QByteArray more = m_process.readAllStandardOutput();
+    const QByteArray more = m_process->readAllStandardOutput();
     if (!m_result.failure.isEmpty()) return;
     if (m_result.output.size() + more.size() <= m_limits.output)
         m_result.output += more;
@@ -118,20 +106,20 @@ void LimitedProcess::takeOutput()
 
 void LimitedProcess::takeErrors()
 {
-    m_result.errors += m_process.readAllStandardError();
+    m_result.errors += m_process->readAllStandardError();
     m_result.errors.truncate(mostErrors);
 }
 
 void LimitedProcess::endEarly(const QString& failure)
 {
     m_result.failure = failure;
-    m_process.kill();
+    m_process->kill();
 }
 
 void LimitedProcess::end()
 {
     m_timer.stop();
-    m_result.hasStarted = m_process.error() != QProcess::FailedToStart;
+    m_result.hasStarted = m_process->error() != QProcess::FailedToStart;
     if (m_result.failure.isEmpty()) m_result.failure = failureOf();
     if (!m_result.failure.isEmpty()) m_result.output.clear();
     // not from within a signal of the process, which whoever is called may delete
@@ -148,9 +136,9 @@ void LimitedProcess::report()
 QString LimitedProcess::failureOf() const
 {
     if (!m_result.hasStarted)
-        return PlatformTexts::tr("The program that reads it is not installed: %1").arg(m_process.program());
-    const bool isCrash = m_process.exitStatus() == QProcess::CrashExit;
-    if (!isCrash && m_process.exitCode() == 0) return {};
+        return PlatformTexts::tr("The program that reads it is not installed: %1").arg(m_process->program());
+    const bool isCrash = m_process->exitStatus() == QProcess::CrashExit;
+    if (!isCrash && m_process->exitCode() == 0) return {};
     // as most programs say, and the standard library of C++
     if (m_result.errors.contains("memory") || m_result.errors.contains("bad_alloc"))
         return PlatformTexts::tr("It takes too much memory.");

@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 
 /// What a program may use before it is ended.
 struct ProcessLimits
@@ -43,16 +44,13 @@ public:
     void start(const QString& program, const QStringList& arguments,
                std::function<void(const Result&)> finished);
 
-    /// The same without an event loop: returns once the program has ended.
-    [[nodiscard]] Result run(const QString& program, const QStringList& arguments);
-
-    [[nodiscard]] bool isRunning() const { return m_process.state() != QProcess::NotRunning; }
+    [[nodiscard]] bool isRunning() const { return m_process && m_process->state() != QProcess::NotRunning; }
 
     /// Ends the program; `finished` is not called.
     void stop();
 
 private:
-    void prepare(const QString& program, const QStringList& arguments);
+    void makeProcess();
     void takeOutput();
     void takeErrors();
     void endEarly(const QString& failure);
@@ -61,9 +59,9 @@ private:
     [[nodiscard]] QString failureOf() const;
 
     ProcessLimits m_limits;
-    QProcess m_process;
-    QTimer m_timer;  ///< runs while the program may
-    QTimer m_report; ///< runs from the program's end until `finished` is called
+    std::unique_ptr<QProcess> m_process; ///< of the program that was started last
+    QTimer m_timer;                      ///< runs while the program may
+    QTimer m_report;                     ///< runs from the program's end until `finished` is called
     Result m_result;
     std::function<void(const Result&)> m_finished;
 };

@@ -13,6 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qsizetype largestText = 64 << 20; ///< bytes
+
 QByteArray encoded(const char* encoding, const QString& text)
 {
     QStringEncoder encoder(encoding);
@@ -58,6 +60,7 @@ std::vector<Case> texts()
         {"-dash.pdf", pdfOf("dash"), "dash"},
         {"pdf.txt", "\n\n" + pdfOf("in spite of its ending"), "in spite of its ending"},
         {"page.pdf", "<html><p>no PDF", "no PDF"},
+        {"full.txt", "full" + QByteArray(largestText - 4, ' '), "full"},
     };
 }
 
@@ -76,6 +79,7 @@ std::vector<Case> failures()
         {"binary.pdf", QByteArray("\x00\x01\x02\x03", 4), "! It is damaged."},
         {"picture.jpg", QByteArray("\xff\xd8\xff\xe0\x00\x10JFIF", 10),
          "! It is not a PDF, a web page or a text."},
+        {"long.txt", "long" + QByteArray(largestText - 3, ' '), "! It is too large."},
         {"letter.rtf", "{\\rtf1 text}", "! It is not a PDF, a web page or a text."},
     };
 }

@@ -224,4 +224,15 @@ TEST(IndexUpkeepTest, AnythingButAnIndexIsLeftAlone)
     EXPECT_EQ(statusOf(database), 2);
     EXPECT_EQ(contentOf(database), before);
     EXPECT_EQ(statusOf(folder.filePath(u"no/such.filetext"_s)), 1);
+    const QString empty = folder.filePath(u"empty"_s);
+    writeFile(empty);
+    for (const QString& target : {database, empty}) {
+        const QString link = folder.filePath(u"link.filetext"_s);
+        ASSERT_TRUE(QFile::link(target, link));
+        EXPECT_EQ(statusOf(link), 0);
+        EXPECT_FALSE(QFileInfo(link).isSymLink());
+        QFile::remove(link);
+    }
+    EXPECT_EQ(contentOf(database), before);
+    EXPECT_EQ(contentOf(empty), QByteArray());
 }

@@ -4,7 +4,6 @@
 
 #include "PageText.h"
 #include "TextDecoding.h"
-#include "filetext/FileTextFailures.h"
 #include "util/Error.h"
 
 #include <QFile>
@@ -49,19 +48,12 @@ FileContent::Kind FileContent::kindOf(QByteArrayView beginning, const QString& n
     return page.match(text).hasMatch() ? Kind::Page : Kind::Text;
 }
 
-QByteArray FileContent::textOf(const QString& file, qint64 most)
+QByteArray FileContent::pageTextOf(const QString& file, qint64 most)
 {
     QFile source(file);
     if (!source.open(QIODevice::ReadOnly)) throw Error(EIO, source.errorString());
     const QByteArray content = source.read(most);
-    switch (kindOf(QByteArrayView(content).first(std::min(content.size(), beginningSize)), file)) {
-    case Kind::Page:
-        return pageText(TextDecoding::decoded(content, declaredEncoding(content)));
-    case Kind::Text:
-        return TextDecoding::decoded(content).toUtf8();
-    default:
-        throw Error(EINVAL, QString::fromLatin1(FileTextFailures::otherType));
-    }
+    return pageText(TextDecoding::decoded(content, declaredEncoding(content)));
 }
 
 QString FileContent::cleaned(QString text)

@@ -5,6 +5,7 @@
 #include "filetext/FileTextIndex.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <string>
 
@@ -19,6 +20,8 @@ int versionOf(SQLite::Database& database)
 
 SQLite::Database openedAt(const QString& path)
 {
+    // a link may lead to what is no index
+    if (QFileInfo(path).isSymLink()) QFile::remove(path);
     const int mode = SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE;
     SQLite::Database database(QFile::encodeName(path).toStdString(), mode, patience);
     const int found = versionOf(database);

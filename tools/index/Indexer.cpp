@@ -2,6 +2,7 @@
 
 #include "Indexer.h"
 
+#include "TextDecoding.h"
 #include "files/FileBlocks.h"
 #include "filetext/FileTextFailures.h"
 #include "util/Error.h"
@@ -144,7 +145,8 @@ void Indexer::compare(const QString& name, const QString& path, const IndexedFil
 
 Indexer::Found Indexer::contentOf(const QString& path, const IndexedFile& now) const
 {
-    Found found{now};
+    Found found;
+    found.file = now;
     const std::filesystem::path file = FileBlocks::pathOf(path);
     std::ifstream stream = FileBlocks::open(file);
     std::string buffer;
@@ -158,6 +160,8 @@ Indexer::Found Indexer::contentOf(const QString& path, const IndexedFile& now) c
                 QByteArrayView(beginning.data(), static_cast<qsizetype>(beginning.size())), path);
         }
         hash.add(block);
+        if (found.kind == FileContent::Kind::Text && found.text.size() <= limits.output)
+            found.text.append(block.data(), static_cast<qsizetype>(block.size()));
         read += static_cast<qint64>(block.size());
         if (read > largestFile) break; // it grows while it is read
     }
@@ -169,7 +173,18 @@ void Indexer::read(const QString& name, const QString& path, const Found& found)
 {
     const bool isPdf = found.kind == FileContent::Kind::Pdf;
     if (found.kind == FileContent::Kind::Other) return fail(name, found.file, FileTextFailures::otherType);
-    if (!isPdf && found.file.size > limits.output) return fail(name, found.file, FileTextFailures::tooLarge);
+    const bool isTooLarge = found.file.size > limits.output || found.text.size() > limits.output;
+    if (!isPdf && isTooLarge) return fail(name, found.file, FileTextFailures::tooLarge);
+    // no text does harm to what decodes it, and a process would take longer than that
+    if (found.kind == FileContent::Kind::Text)
+        store(name, found.file, TextDecoding::decoded(found.text));
+    else
+        startReading(name, path, found);
+}
+
+void Indexer::startReading(const QString& name, const QString& path, const Found& found)
+{
+    const bool isPdf = found.kind == FileContent::Kind::Pdf;
     Reading& reading = *freeReading();
     reading.isTaken = true;
     reading.name = name;
@@ -192,18 +207,23 @@ void Indexer::take(Reading& reading, const LimitedProcess::Result& result)
             file.hash.clear();
             file.changed.reset();
         }
-        QString text;
-        if (file.failure.isEmpty()) text = FileContent::cleaned(QString::fromUtf8(result.output));
-        if (file.failure.isEmpty() && text.isEmpty())
-            file.failure = QString::fromLatin1(FileTextFailures::withoutWords);
-        m_index.store(reading.name, file, text);
-        keepSoon();
-        ++m_done;
+        store(reading.name, file, QString::fromUtf8(result.output));
         m_steps.start(0);
     } catch (...) {
         m_failure = std::current_exception();
         m_loop.quit();
     }
+}
+
+/// Stores a file whose text was made, or could not be.
+void Indexer::store(const QString& name, IndexedFile file, const QString& text)
+{
+    const QString cleaned = FileContent::cleaned(text);
+    if (file.failure.isEmpty() && cleaned.isEmpty())
+        file.failure = QString::fromLatin1(FileTextFailures::withoutWords);
+    m_index.store(name, file, cleaned);
+    keepSoon();
+    ++m_done;
 }
 
 void Indexer::fail(const QString& name, IndexedFile file, const char* failure)

@@ -22,7 +22,7 @@
 class Indexer
 {
 public:
-    /// `reader` is the program that prints the text of a web page or a text file.
+    /// `reader` is the program that prints the text of a web page.
     Indexer(IndexFile& index, const QString& folder, QString reader);
 
     /// Returns once the index holds the files of these names, as far as they exist, and no other. Throws
@@ -39,11 +39,12 @@ private:
         bool isTaken = false;
     };
 
-    /// What is found at a path before it is read as a text.
+    /// What is found at a path before its text is made.
     struct Found
     {
         IndexedFile file;
         FileContent::Kind kind = FileContent::Kind::Other;
+        QByteArray text; ///< all of a text file, unless it is too large
     };
 
     using Part = void (Indexer::*)();
@@ -53,7 +54,9 @@ private:
     void compare(const QString& name, const QString& path, const IndexedFile& known);
     [[nodiscard]] Found contentOf(const QString& path, const IndexedFile& now) const;
     void read(const QString& name, const QString& path, const Found& found);
+    void startReading(const QString& name, const QString& path, const Found& found);
     void take(Reading& reading, const LimitedProcess::Result& result);
+    void store(const QString& name, IndexedFile file, const QString& text);
     void fail(const QString& name, IndexedFile file, const char* failure);
     void keepSoon();
     void keepNow();

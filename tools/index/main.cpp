@@ -65,9 +65,9 @@ int makeIndex(const QString& path, const QString& folder)
     return done;
 }
 
-int printText(const QString& file)
+int printPageText(const QString& file)
 {
-    const QByteArray text = FileContent::textOf(file, ProcessLimits{}.output);
+    const QByteArray text = FileContent::pageTextOf(file, ProcessLimits{}.output);
     const auto size = static_cast<std::size_t>(text.size());
     return std::fwrite(text.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0 ? done : failed;
 }
@@ -75,12 +75,12 @@ int printText(const QString& file)
 int run(const QStringList& arguments)
 {
     const bool isText = arguments.size() == 2 && arguments.at(0) == QStringLiteral("--text");
-    if (isText) return printText(arguments.at(1));
+    if (isText) return printPageText(arguments.at(1));
     if (arguments.size() == 2 && FileTextIndex::isPath(arguments.at(0))) {
         stepBack();
         return makeIndex(arguments.at(0), arguments.at(1));
     }
-    std::fputs("usage: orvik-index DATABASE.filetext FOLDER <NAMES\n       orvik-index --text FILE\n",
+    std::fputs("usage: orvik-index DATABASE.filetext FOLDER <NAMES\n       orvik-index --text PAGE\n",
                stderr);
     return misused;
 }

@@ -5,6 +5,7 @@
 #include "browse/window/StatusLine.h"
 #include "filetext/FileTextIndex.h"
 #include "filetext/IndexedDocuments.h"
+#include "platform/EndedProcess.h"
 #include "state/ProgramState.h"
 #include "util/Error.h"
 #include "util/ReadableLine.h"
@@ -44,11 +45,6 @@ FileReading::FileReading(const Platform& platform, ProgramState& state, StatusLi
     connect(&m_idle, &QTimer::timeout, this, &FileReading::begin);
     connect(&m_step, &QTimer::timeout, this, &FileReading::readNames);
     connect(&m_repeat, &QTimer::timeout, this, &FileReading::lookForChanges);
-    connect(&m_program, &QProcess::readyReadStandardOutput, this, &FileReading::takeProgress);
-    connect(&m_program, &QProcess::finished, this, &FileReading::end);
-    connect(&m_program, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart) end();
-    });
     connect(&m_status, &StatusLine::readingLinkFollowed, this, &FileReading::followLink);
     connect(qApp, &QGuiApplication::applicationStateChanged, this,
             [this](Qt::ApplicationState applicationState) {
@@ -84,8 +80,8 @@ bool FileReading::eventFilter(QObject* watched, QEvent* event)
 /// about to replace the database and its files.
 void FileReading::begin()
 {
-    const bool isBusy = m_step.isActive() || m_program.state() != QProcess::NotRunning ||
-                        QApplication::activeModalWidget() != nullptr;
+    const bool isRunning = m_program && m_program->state() != QProcess::NotRunning;
+    const bool isBusy = m_step.isActive() || isRunning || QApplication::activeModalWidget() != nullptr;
     if (isBusy) {
         m_idle.start();
         return;
@@ -116,18 +112,23 @@ void FileReading::startProgram()
 {
     m_progress.clear();
     m_runTime.start();
-    m_program.setProgram(m_platform.programs + QStringLiteral("/orvik-index"));
-    m_program.setArguments({FileTextIndex::pathOf(m_state.session.fileName()),
-                            m_state.folder.folderPath(ProgramFolders::documents)});
-    m_program.start();
-    m_program.write(m_names);
-    m_program.closeWriteChannel();
+    m_program = std::make_unique<QProcess>();
+    connect(m_program.get(), &QProcess::readyReadStandardOutput, this, &FileReading::takeProgress);
+    connect(m_program.get(), &QProcess::finished, this, &FileReading::end);
+    connect(m_program.get(), &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) end();
+    });
+    m_program->start(m_platform.programs + QStringLiteral("/orvik-index"),
+                     {FileTextIndex::pathOf(m_state.session.fileName()),
+                      m_state.folder.folderPath(ProgramFolders::documents)});
+    m_program->write(m_names);
+    m_program->closeWriteChannel();
     m_names.clear();
 }
 
 void FileReading::takeProgress()
 {
-    const QByteArray line = m_program.readAllStandardOutput().trimmed().split('\n').back();
+    const QByteArray line = m_program->readAllStandardOutput().trimmed().split('\n').back();
     const QByteArrayList numbers = line.split(' ');
     if (numbers.size() != 2) return;
     const QLocale locale;
@@ -146,10 +147,10 @@ void FileReading::end()
 /// Why the program did not do its work; empty if it did.
 QString FileReading::failure()
 {
-    if (m_program.error() == QProcess::FailedToStart)
-        return tr("The program that reads them is not installed: %1").arg(m_program.program());
-    if (m_program.exitStatus() == QProcess::NormalExit && m_program.exitCode() == 0) return {};
-    const QString said = QString::fromUtf8(m_program.readAllStandardError().trimmed());
+    if (m_program->error() == QProcess::FailedToStart)
+        return tr("The program that reads them is not installed: %1").arg(m_program->program());
+    if (m_program->exitStatus() == QProcess::NormalExit && m_program->exitCode() == 0) return {};
+    const QString said = QString::fromUtf8(m_program->readAllStandardError().trimmed());
     return said.isEmpty() ? tr("The program that reads them failed.") : readableLine(said);
 }
 
@@ -165,9 +166,7 @@ void FileReading::endProgram()
 {
     m_idle.stop();
     m_step.stop();
-    const QSignalBlocker silence(m_program);
-    m_program.kill();
-    m_program.waitForFinished();
+    endProcess(std::move(m_program));
 }
 
 void FileReading::show(Shown what, const QString& failure)

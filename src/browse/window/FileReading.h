@@ -10,6 +10,7 @@
 #include <QProcess>
 #include <QTimer>
 
+#include <memory>
 #include <optional>
 
 class StatusLine;
@@ -64,8 +65,8 @@ private:
     QTimer m_step;   ///< reads names between two events
     QTimer m_repeat; ///< looks for changes that nobody told of
     std::optional<TableScan> m_documents;
-    QByteArray m_names; ///< each with a NUL byte behind it
-    QProcess m_program;
+    QByteArray m_names;                  ///< each with a NUL byte behind it
+    std::unique_ptr<QProcess> m_program; ///< once it was started, and until somebody ends it
     QElapsedTimer m_runTime;
     QString m_progress; ///< such as `12 of 305`
     Shown m_shown = Shown::Nothing;
