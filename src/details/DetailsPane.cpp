@@ -9,13 +9,17 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextTable>
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
-constexpr double captionPercent = 34;
+constexpr int captionPadding = 12; ///< pixels, of the style below and of the table
 constexpr int smallestWidth = 160;
 
 QString pageStyle()
@@ -25,6 +29,23 @@ QString pageStyle()
                           "p { margin-top: 0px; margin-bottom: 4px }"
                           "th { text-align: left; font-weight: bold }"
                           "th, td { padding-right: 6px; padding-bottom: 4px; vertical-align: top }");
+}
+
+/// The width of the longest word in the captions of a page, which would be broken if it had less.
+double widestCaption(const QTextDocument& page, QFont font)
+{
+    font.setBold(true);
+    const QFontMetricsF metrics(font);
+    double widest = 0;
+    for (const QTextFrame* frame : page.rootFrame()->childFrames()) {
+        const auto* fields = qobject_cast<const QTextTable*>(frame);
+        for (int row = 0; fields != nullptr && row < fields->rows(); ++row) {
+            const QString caption = fields->cellAt(row, 0).firstCursorPosition().block().text();
+            for (const QString& word : caption.split(u' '))
+                widest = std::max(widest, metrics.horizontalAdvance(word));
+        }
+    }
+    return widest;
 }
 
 /// A page whose marked text can be copied, although the window has a command with the same key.
@@ -97,7 +118,11 @@ void DetailsPane::setPage(const QString& html)
 {
     m_page = html;
     m_text->setHtml(html);
-    alignSheetValues(*m_text->document(), captionPercent);
+    // never narrower than it was: the values stay where they are from record to record
+    m_captionWidth = std::max(m_captionWidth, widestCaption(*m_text->document(), m_text->font()));
+    alignSheetValues(*m_text->document(),
+                     QTextLength(QTextLength::FixedLength, m_captionWidth + captionPadding),
+                     QTextLength(QTextLength::VariableLength, 0));
 }
 
 void DetailsPane::changeEvent(QEvent* event)

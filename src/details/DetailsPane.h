@@ -50,5 +50,6 @@ private:
     FilePicture* m_picture;
     QPushButton* m_openFile;
     LinkedRecord m_record;
-    QString m_page; ///< as HTML
+    QString m_page;            ///< as HTML
+    double m_captionWidth = 0; ///< pixels
 };

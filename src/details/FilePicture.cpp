@@ -75,7 +75,7 @@ void FilePicture::take(const LimitedProcess::Result& result)
 {
     QPixmap picture;
     if (!result.failure.isEmpty() || !picture.loadFromData(result.output, "PNG"))
-        return setText(tr("The first page of this file cannot be shown."));
+        return setText(tr("The first page of this file cannot be shown.") + u'\n' + result.failure);
     picture.setDevicePixelRatio(devicePixelRatioF());
     setPixmap(picture);
 }

@@ -116,7 +116,7 @@ bool RecordEditors::showHistoryOver(QWidget& over, RecordKind kind, qint64 id)
     window.showHistory(kind, id);
     if (!window.hasRestored()) return false;
     tellOfChange(kind, {id});
-    Q_EMIT saved(kind, window.recordName());
+    Q_EMIT saved(kind, id, window.recordName());
     return true;
 }
 
@@ -130,7 +130,7 @@ void RecordEditors::finish(RecordKind kind, const RecordDialog& dialog)
 {
     if (!dialog.hasWritten()) return;
     Q_EMIT changed(kind, dialog.recordId());
-    if (dialog.result() == QDialog::Accepted) Q_EMIT saved(kind, dialog.recordName());
+    if (dialog.result() == QDialog::Accepted) Q_EMIT saved(kind, dialog.recordId(), dialog.recordName());
 }
 
 void RecordEditors::tellOfChange(RecordKind kind, const std::vector<qint64>& ids)

@@ -67,7 +67,7 @@ Q_SIGNALS:
     void changed(RecordKind kind, qint64 id);
 
     /// A record of that name was saved without an error. Comes after `changed`.
-    void saved(RecordKind kind, const QString& name);
+    void saved(RecordKind kind, qint64 id, const QString& name);
 
     /// Records of these names were deleted. Comes after `changed`.
     void deleted(RecordKind kind, const QStringList& names);

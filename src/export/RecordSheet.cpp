@@ -21,7 +21,9 @@ bool holdsSomething(const ExportField& field, const ExportedValue& value)
     return !value.text.empty();
 }
 
-constexpr std::size_t mostLinks = 200; ///< of a field; with thousands, a page takes long to lay out
+// a page with more takes long to lay out
+constexpr std::size_t mostLinks = 200;     ///< of a field
+constexpr std::size_t longestText = 20000; ///< of a field, in bytes
 
 /// Appends the name of a record as a link, by itself, since in a narrow column each may take several lines.
 void appendLink(const std::string& address, std::string_view name, std::string& html)
@@ -45,6 +47,19 @@ void appendLinks(const ExportField& field, std::span<const ExportedLink> links,
     html += "</p>";
 }
 
+/// Appends the beginning of a text that is too long for a page.
+void appendBeginning(std::string_view text, std::string& html)
+{
+    const auto isInsideLetter = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
+    std::size_t end = longestText;
+    while (isInsideLetter(text[end]))
+        --end;
+    HtmlText::appendLines(text.substr(0, end), html);
+    html += "<p>";
+    HtmlText::appendLines(ExportTexts::tr("… View the record to read on.").toStdString(), html);
+    html += "</p>";
+}
+
 void appendValue(const ExportField& field, const ExportedValue& value, const RecordAddress& addressOf,
                  std::string& html)
 {
@@ -59,6 +74,7 @@ void appendValue(const ExportField& field, const ExportedValue& value, const Rec
     appendReadable(field, value, text);
     if (field.field.form == FieldForm::Key && field.target && addressOf)
         return appendLink(addressOf(*field.target, value.whole), text, html);
+    if (addressOf && text.size() > longestText) return appendBeginning(text, html);
     if (field.field.form == FieldForm::Text) return HtmlText::appendLinked(text, html);
     HtmlText::appendLines(text, html);
 }

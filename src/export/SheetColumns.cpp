@@ -4,14 +4,13 @@
 
 #include <QTextTable>
 
-void alignSheetValues(const QTextDocument& document, double captionPercent)
+void alignSheetValues(const QTextDocument& document, const QTextLength& captions, const QTextLength& values)
 {
     for (QTextFrame* frame : document.rootFrame()->childFrames()) {
         auto* fields = qobject_cast<QTextTable*>(frame);
         if (fields == nullptr) continue;
         QTextTableFormat columns = fields->format();
-        columns.setColumnWidthConstraints({QTextLength(QTextLength::PercentageLength, captionPercent),
-                                           QTextLength(QTextLength::PercentageLength, 100 - captionPercent)});
+        columns.setColumnWidthConstraints({captions, values});
         fields->setFormat(columns);
     }
 }

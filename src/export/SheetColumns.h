@@ -3,7 +3,7 @@
 #pragma once
 
 class QTextDocument;
+class QTextLength;
 
 /// Makes the values of all sheets in a document begin at the same distance, whichever fields a record has.
-/// `captionPercent` is the part of the width that the captions take.
-void alignSheetValues(const QTextDocument& document, double captionPercent);
+void alignSheetValues(const QTextDocument& document, const QTextLength& captions, const QTextLength& values);

@@ -14,7 +14,6 @@ inline constexpr const char* withoutWords =
     QT_TRANSLATE_NOOP("FileText", "It holds no text. Scanned pages are pictures.");
 inline constexpr const char* otherType =
     QT_TRANSLATE_NOOP("FileText", "It is not a PDF, a web page or a text.");
-inline constexpr const char* isProtected = QT_TRANSLATE_NOOP("FileText", "A password protects it.");
 inline constexpr const char* noFile = QT_TRANSLATE_NOOP("FileText", "It is not a file.");
 inline constexpr const char* unreadable = QT_TRANSLATE_NOOP("FileText", "It cannot be read.");
 inline constexpr const char* tooLarge = QT_TRANSLATE_NOOP("FileText", "It is too large.");

@@ -35,6 +35,8 @@ constexpr std::array libraries{
          "LGPL-2.1-or-later"},
     Part{"Poppler", QT_TRANSLATE_NOOP("Help", "texts and first pages of PDF files"),
          "https://poppler.freedesktop.org/", QT_TRANSLATE_NOOP("Help", "GPL-2.0 or GPL-3.0")},
+    Part{"libxml2", QT_TRANSLATE_NOOP("Help", "texts of web pages"), "https://gitlab.gnome.org/GNOME/libxml2",
+         "MIT"},
     Part{"MDB Tools", QT_TRANSLATE_NOOP("Help", "reading Access files"),
          "https://github.com/mdbtools/mdbtools", "LGPL-2.0-or-later"},
     Part{"Breeze", QT_TRANSLATE_NOOP("Help", "icons"), "https://invent.kde.org/frameworks/breeze-icons",

@@ -142,6 +142,8 @@ QString LimitedProcess::failureOf() const
     // as most programs say, and the standard library of C++
     if (m_result.errors.contains("memory") || m_result.errors.contains("bad_alloc"))
         return PlatformTexts::tr("It takes too much memory.");
+    // as pdftotext and our own program say
+    if (m_result.errors.contains("Incorrect password")) return PlatformTexts::tr("A password protects it.");
     return isCrash ? PlatformTexts::tr("The program that reads it failed.")
                    : PlatformTexts::tr("It is damaged.");
 }

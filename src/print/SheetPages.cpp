@@ -90,7 +90,8 @@ QTextDocument* SheetPages::sheetOf(std::size_t record)
     std::string html;
     appendRecordSheet(m_reader.kind(), m_reader.fields(), *values, html);
     m_sheet->setHtml(QString::fromStdString(html));
-    alignSheetValues(*m_sheet, captionPercent);
+    alignSheetValues(*m_sheet, QTextLength(QTextLength::PercentageLength, captionPercent),
+                     QTextLength(QTextLength::PercentageLength, 100 - captionPercent));
     m_sheet->setPageSize(format().content().size());
     return m_sheet.get();
 }

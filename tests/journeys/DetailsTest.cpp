@@ -121,6 +121,18 @@ TEST_F(DetailsJourney, FollowTheSelectionAndTheData)
     journey.trigger("mnuViewRefresh");
     EXPECT_TRUE(QTest::qWaitFor([this] { return page().toPlainText().contains(u"B. Writer"_s); }));
 
+    // the end of a text that is too long is left out; 20,000 bytes end within a letter
+    journey.database.run(
+        "UPDATE Document SET Notes = 'x' || replace(hex(zeroblob(5001)), '00', 'é') || 'end'");
+    journey.trigger("mnuViewRefresh");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return page().toPlainText().contains(u"éé"_s); }));
+    EXPECT_TRUE(page().toPlainText().contains(u"éend"_s));
+    journey.database.run("UPDATE Document SET Notes = replace(Notes, 'é', 'éé')");
+    journey.trigger("mnuViewRefresh");
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return page().toPlainText().contains(u"é\n… View the record to read on."_s); }));
+    EXPECT_FALSE(page().toPlainText().contains(u"end"_s));
+
     // text that is marked is copied, not the row
     page().setFocus();
     page().setTextCursor(page().document()->find(u"B. Writer"_s));
@@ -195,8 +207,8 @@ TEST_F(DetailsJourney, ShowTheFileAndOpenIt)
 
     writeFile(chart, "damaged");
     journey.trigger("mnuViewRefresh");
-    EXPECT_TRUE(
-        QTest::qWaitFor([&] { return picture.text() == u"The first page of this file cannot be shown."_s; }));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return picture.text() == u"The first page of this file cannot be shown.\nIt is damaged."_s; }));
     // an event has no file
     journey.trigger("mnuViewEvents");
     journey.select("Flood");

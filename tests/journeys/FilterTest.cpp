@@ -2,6 +2,7 @@
 
 // The words above the list, typed as a user types them, and what is left then.
 
+#include "Dialogs.h"
 #include "Journey.h"
 #include "widgets/LinkButton.h"
 
@@ -167,6 +168,30 @@ TEST_F(Filter, SaysThatItLeavesNothingAndMarksWhatItLeaves)
     journey.trigger("mnuNavigateBack");
     EXPECT_EQ(state(), "Fire plan|Water plan () plan: 2 of 4, Displaying 2 Documents");
     EXPECT_TRUE(journey.list().hasFocus());
+
+    // the column after the names is drawn in a way of its own if it shows key records
+    journey.database.run("UPDATE Organization SET OrganizationTypeID = 2");
+    journey.trigger("mnuViewOrganizations");
+    type("state");
+    EXPECT_TRUE(journey.showsMarks());
+    EXPECT_EQ(journey.column(0), "Alpha|Beta");
+}
+
+TEST_F(Filter, HidesASavedRecordAndSaysSo)
+{
+    journey.database.run("UPDATE Document SET DocumentDescription = 'x', OriginalFilename = 'x.pdf'");
+    type("plan");
+    journey.select("Fire plan");
+    const auto rename = [this](const QString& name) {
+        journey.inDialog("frmDocument", "mnuRecordEdit", [&](OpenDialog& open) {
+            open.type("txtDocumentName", name);
+            open.click("cmdOK");
+        });
+        return journey.find<QLabel>("pnlSaved").text();
+    };
+    EXPECT_EQ(rename(u"Fire plans"_s), u"Saved: Document \"Fire plans\""_s);
+    EXPECT_EQ(rename(u"Report"_s), u"Saved: Document \"Report\" (hidden by the filter)"_s);
+    EXPECT_EQ(state(), "Water plan (Water plan) plan: 1 of 4, Displaying 1 Document");
 }
 
 } // namespace

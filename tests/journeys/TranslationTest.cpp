@@ -92,6 +92,8 @@ protected:
 TEST_F(Translation, ReachesEveryTextOfTheMainWindow)
 {
     pseudo.expectTranslated(window(), "home page");
+    journey.trigger("mnuViewDocuments");
+    journey.trigger("mnuViewDetails");
     for (const char* view : {"mnuViewDocuments", "mnuViewEvents", "mnuViewOrganizations"}) {
         lookAt(view);
         selectRow(0);

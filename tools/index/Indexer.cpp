@@ -201,8 +201,6 @@ void Indexer::take(Reading& reading, const LimitedProcess::Result& result)
     try {
         IndexedFile& file = reading.file;
         file.failure = result.failure;
-        if (result.errors.contains("Incorrect password"))
-            file.failure = QString::fromLatin1(FileTextFailures::isProtected);
         if (!result.hasStarted) { // it is read once the program is installed
             file.hash.clear();
             file.changed.reset();

@@ -10,6 +10,7 @@
 #include <QImageReader>
 
 #include <algorithm>
+#include <iostream>
 #include <memory>
 #include <poppler-qt6.h>
 
@@ -29,7 +30,11 @@ bool isPdf(const QString& path)
 QImage firstPage(const QString& path, const QSize& room)
 {
     const std::unique_ptr<Poppler::Document> document = Poppler::Document::load(path);
-    if (document == nullptr || document->isLocked()) return {};
+    if (document == nullptr) return {};
+    if (document->isLocked()) {
+        std::cerr << "Incorrect password\n";
+        return {};
+    }
     document->setRenderHint(Poppler::Document::Antialiasing);
     document->setRenderHint(Poppler::Document::TextAntialiasing);
     const std::unique_ptr<Poppler::Page> page = document->page(0);

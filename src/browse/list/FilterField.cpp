@@ -38,6 +38,7 @@ FilterField::FilterField(QWidget* parent)
     m_words->installEventFilter(this);
     m_count->setObjectName(QStringLiteral("lblFilterCount"));
     m_count->setContentsMargins(gap, 0, gap, 0);
+    m_count->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_count->hide();
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -53,9 +54,11 @@ void FilterField::setWords(const QString& words)
     m_words->setText(words);
 }
 
-void FilterField::setCount(const QString& count)
+void FilterField::setCount(const QString& count, const QString& widest)
 {
     m_count->setText(count);
+    // the end of the field stays where it is while the number changes
+    m_count->setMinimumWidth(m_count->fontMetrics().horizontalAdvance(widest) + 2 * gap);
     m_count->setVisible(!count.isEmpty());
     m_words->setAccessibleDescription(count);
 }

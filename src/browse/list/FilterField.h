@@ -18,8 +18,8 @@ public:
     /// Shows words without emitting `typed`.
     void setWords(const QString& words);
 
-    /// Shows how many rows are left; nothing if the text is empty.
-    void setCount(const QString& count);
+    /// Shows how many rows are left, with room for `widest`; nothing if the text is empty.
+    void setCount(const QString& count, const QString& widest);
 
     /// Lets the user type. What is there is marked, so that the first key replaces it.
     void begin();

@@ -128,7 +128,7 @@ void ListPane::begin(RecordKind kind, std::size_t entry)
     m_filter->setWords(m_history.filter());
     const FilterWords words(m_history.filter());
     if (words != m_model->filter()) m_model->setFilter(words);
-    m_filter->setCount({});
+    m_filter->setCount({}, {});
     Q_EMIT selectionChanged();
     m_view->scrollToTop();
     m_widths.apply(kind);

@@ -62,6 +62,9 @@ public:
     [[nodiscard]] std::size_t count() const { return static_cast<std::size_t>(m_model->rowCount()); }
     [[nodiscard]] std::size_t total() const { return m_list->count(); }
 
+    /// Whether a record of the view is not shown because of the filter.
+    [[nodiscard]] bool hides(RecordKind kind, qint64 identifier) const;
+
     [[nodiscard]] RecordListView& view() { return *m_view; }
     [[nodiscard]] RecordListModel& model() { return *m_model; }
 

@@ -62,9 +62,19 @@ void ListPane::narrow(const QString& typed)
     Q_EMIT filtered();
 }
 
+bool ListPane::hides(RecordKind kind, qint64 identifier) const
+{
+    if (kind != m_list->kind() || m_entry != m_history.current()) return false;
+    return m_model->rowOf(identifier) < 0 && m_list->contains(identifier);
+}
+
 void ListPane::showCount()
 {
-    m_filter->setCount(m_model->filter().isEmpty() ? QString() : tr("%1 of %2").arg(count()).arg(total()));
+    const auto text = [this](std::size_t shown) { return tr("%1 of %2").arg(shown).arg(total()); };
+    if (m_model->filter().isEmpty())
+        m_filter->setCount({}, {});
+    else
+        m_filter->setCount(text(count()), text(total()));
 }
 
 /// Goes on to the rows as a user does who is done with the words: with the first one, unless one is selected.

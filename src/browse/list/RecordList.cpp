@@ -48,6 +48,12 @@ ListRow RecordList::at(std::size_t row) const
     return found;
 }
 
+bool RecordList::contains(qint64 identifier) const
+{
+    return std::any_of(m_rows.begin(), m_rows.end(),
+                       [identifier](const Row& row) { return row.identifier == identifier; });
+}
+
 QString RecordList::text(std::size_t row, int column) const
 {
     return QString::fromStdString(this->column(column).text(at(row)));

@@ -34,6 +34,7 @@ public:
     void append(const RecordSet& rows);
 
     [[nodiscard]] qint64 identifier(std::size_t row) const { return m_rows[row].identifier; }
+    [[nodiscard]] bool contains(qint64 identifier) const;
     [[nodiscard]] QString text(std::size_t row, int column) const;
 
     /// Appends the texts of all columns to a text in UTF-8, each ended by a line feed; not what stands for a

@@ -27,6 +27,14 @@ class KeyMarkerDelegate final : public LineDelegate
 public:
     explicit KeyMarkerDelegate(RecordListView* list) : LineDelegate(list), m_list(*list) {}
 
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        if (index.data(Qt::DecorationRole).isNull())
+            m_list.itemDelegate()->paint(painter, option, index); // the text of a list without key records
+        else
+            LineDelegate::paint(painter, option, index);
+    }
+
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
         QSize hint = LineDelegate::sizeHint(option, index);

@@ -99,12 +99,13 @@ void StatusLine::showNotice(const QString& text)
     m_notice->show();
 }
 
-void StatusLine::showSaved(RecordKind kind, const QString& name)
+void StatusLine::showSaved(RecordKind kind, const QString& name, bool isHidden)
 {
     const QString text = kind == RecordKind::Document ? tr("Saved: Document \"%1\"")
                          : kind == RecordKind::Event  ? tr("Saved: Event \"%1\"")
                                                       : tr("Saved: Organization \"%1\"");
-    showChange(text.arg(readableLine(name)));
+    const QString line = text.arg(readableLine(name));
+    showChange(isHidden ? tr("%1 (hidden by the filter)").arg(line) : line);
 }
 
 void StatusLine::showDeleted(RecordKind kind, const QStringList& names, const QString& undo)

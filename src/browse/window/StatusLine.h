@@ -31,8 +31,8 @@ public:
     /// Shows another number of rows of the same view.
     void showCount(const QString& count);
 
-    /// Says that a record was saved, until another view is shown.
-    void showSaved(RecordKind kind, const QString& name);
+    /// Says that a record was saved, and whether the list's filter hides it, until another view is shown.
+    void showSaved(RecordKind kind, const QString& name, bool isHidden);
 
     /// Says that records were deleted and offers to take it back, until another view is shown. `undo` is the
     /// name of that command.

@@ -212,7 +212,9 @@ void frmMain::connectEditors()
     });
     connect(m_editors, &RecordEditors::fileAsked, this,
             [this](RecordKind kind, qint64 record) { m_open->openRecord(kind, record); });
-    connect(m_editors, &RecordEditors::saved, m_status, &StatusLine::showSaved);
+    connect(m_editors, &RecordEditors::saved, this, [this](RecordKind kind, qint64 id, const QString& name) {
+        m_status->showSaved(kind, name, m_list->hides(kind, id));
+    });
     connect(m_editors, &RecordEditors::deleted, this, [this](RecordKind kind, const QStringList& names) {
         m_status->showDeleted(kind, names, m_undo->undoText());
     });
