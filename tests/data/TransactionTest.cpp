@@ -3,15 +3,8 @@
 #include "support/TestDatabase.h"
 
 #include <QDir>
-#include <QFileInfo>
 
 #include <gtest/gtest.h>
-
-#include <csignal>
-#include <functional>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -19,12 +12,12 @@ namespace {
 
 constexpr int busy = 5;
 
-void addVenues(DatabaseSession& session, int count, qsizetype length = 1)
+void addVenues(DatabaseSession& session, int count)
 {
     EditableRecordSet venues = session.edit(u"SELECT * FROM Venue WHERE VenueID = 0"_s);
     for (int i = 0; i < count; ++i) {
         venues.addNew();
-        venues.set(u"VenueName"_s, QString(length, u'v'));
+        venues.set(u"VenueName"_s, u"v"_s);
         venues.update();
     }
 }
@@ -33,16 +26,6 @@ class Transactions : public testing::Test
 {
 protected:
     [[nodiscard]] int venues() const { return m_database.ask("SELECT count(*) FROM Venue").toInt(); }
-
-    /// Runs what a process does that may die, and returns how it ended.
-    static int inOtherProcess(const std::function<int()>& work)
-    {
-        const pid_t child = fork();
-        if (child == 0) _exit(work());
-        int status = 0;
-        waitpid(child, &status, 0);
-        return status;
-    }
 
     void expectSound()
     {
@@ -87,57 +70,6 @@ TEST_F(Transactions, WhatWasWrittenBeforeATrappedErrorIsKept)
               }),
               19);
     EXPECT_EQ(venues(), 3);
-    expectSound();
-}
-
-TEST_F(Transactions, AProcessThatEndsBeforeItCommitsLeavesNothing)
-{
-    EXPECT_EQ(inOtherProcess([this]() -> int {
-                  const Transaction transaction(m_database.session());
-                  addVenues(m_database.session(), 5);
-                  _exit(0);
-              }),
-              0);
-    EXPECT_EQ(venues(), 0);
-    expectSound();
-}
-
-TEST_F(Transactions, AProcessThatIsKilledLeavesNothingHoweverMuchItWrote)
-{
-    addVenues(m_database.session(), 3);
-    m_database.session().close();
-    const qint64 size = QFileInfo(m_database.fileName()).size();
-    const int status = inOtherProcess([this] {
-        const Transaction transaction(m_database.session());
-        m_database.session().execute(u"UPDATE Venue SET VenueName = 'changed'"_s);
-        addVenues(m_database.session(), 300, 100'000);
-        raise(SIGKILL);
-        return 1;
-    });
-    EXPECT_TRUE(WIFSIGNALED(status));
-    EXPECT_GT(QFileInfo(m_database.fileName()).size(), size); // it did write into the file
-
-    EXPECT_EQ(firstColumnOf(m_database.session(), u"SELECT VenueName FROM Venue"_s), u"v v v"_s);
-    expectSound();
-}
-
-TEST_F(Transactions, ADiskThatIsFullLeavesNothingAndIsAnError)
-{
-    const qint64 size = QFileInfo(m_database.fileName()).size();
-    const int status = inOtherProcess([this, size] {
-        std::signal(SIGXFSZ, SIG_IGN);
-        DatabaseSession& session = m_database.session();
-        const rlimit limit{static_cast<rlim_t>(size), static_cast<rlim_t>(size)};
-        setrlimit(RLIMIT_FSIZE, &limit);
-        return errorNumberOf([&session] {
-            Transaction transaction(session);
-            addVenues(session, 10, 100'000);
-            transaction.commit();
-        });
-    });
-    ASSERT_TRUE(WIFEXITED(status));
-    EXPECT_TRUE(WEXITSTATUS(status) == 10 || WEXITSTATUS(status) == 13) << WEXITSTATUS(status);
-    EXPECT_EQ(venues(), 0);
     expectSound();
 }
 

@@ -3,6 +3,7 @@
 #include "faults/FaultScene.h"
 #include "files/FileUpload.h"
 #include "journal/FormerFiles.h"
+#include "journal/UndoSteps.h"
 #include "lists/ListStore.h"
 #include "records/DocumentStore.h"
 #include "records/EventStore.h"
@@ -75,6 +76,13 @@ protected:
         FormerFiles::settle(program.session, program.folder);
     }
 
+    /// A kill may leave the files of a document that is not there yet, and an empty folder of former charts.
+    [[nodiscard]] bool isSpare(const QString& name) const override
+    {
+        return FaultScene::isSpare(name) || name.startsWith(u"data/documents/5"_s) ||
+               name == u"data/orgcharts/former";
+    }
+
 private:
     Typing m_typing;
 };
@@ -88,6 +96,48 @@ FaultScene::Act savingDocument(Program& program, const QString& file)
     record.venues.front().isChecked = true;
     return [store, record]() mutable { require(!store.saveDocument(record)); };
 }
+
+FaultScene::Act savingChart(Program& program)
+{
+    OrganizationStore store(program.session, program.folder, program.clock);
+    OrganizationRecord record = store.load(2).record;
+    record.organizationName = u"Zebra Rescue East"_s;
+    record.profile.organizationChart = program.user + u"chart.png"_s;
+    return [store, record]() mutable { require(!store.updateOrganization(record)); };
+}
+
+FaultScene::Act savingEvent(Program& program)
+{
+    EventStore store(program.session, program.clock);
+    EventRecord record = store.load(2).record;
+    record.notes = u"High water"_s;
+    record.venues.front().isChecked = !record.venues.front().isChecked;
+    record.functions = record.documents = record.organizations = {{u"a"_s, 2}, {u"b"_s, 3}};
+    return [store, record]() mutable { require(!store.updateEvent(record)); };
+}
+
+/// A save with a chart is taken back.
+class UndoScene final : public RecordScene
+{
+public:
+    UndoScene() : RecordScene(undoing, false) {}
+
+protected:
+    void prepare(const QString& folder) override
+    {
+        RecordScene::prepare(folder);
+        Program program(folder);
+        savingChart(program)();
+    }
+
+private:
+    static Act undoing(Program& program)
+    {
+        return [&program] {
+            require(UndoSteps(program.session, program.clock, program.folder).undo().isDone());
+        };
+    }
+};
 
 TEST(RecordFaults, ADocumentIsSavedWithItsFile)
 {
@@ -103,14 +153,7 @@ TEST(RecordFaults, ADocumentIsSavedWithItsWebPage)
 
 TEST(RecordFaults, AnOrganizationIsSavedWithANewChart)
 {
-    const auto typing = [](Program& program) -> FaultScene::Act {
-        OrganizationStore store(program.session, program.folder, program.clock);
-        OrganizationRecord record = store.load(2).record;
-        record.organizationName = u"Zebra Rescue East"_s;
-        record.profile.organizationChart = program.user + u"chart.png"_s;
-        return [store, record]() mutable { require(!store.updateOrganization(record)); };
-    };
-    RecordScene(typing, false).expectWholeOrNone();
+    RecordScene(savingChart, false).expectWholeOrNone();
 }
 
 TEST(RecordFaults, AnEventIsDeleted)
@@ -129,6 +172,17 @@ TEST(RecordFaults, ListEntriesAreMerged)
         return [store]() mutable { require(store.merge(ListKind::Venues, 12, 3).problem.isEmpty()); };
     };
     RecordScene(typing, true).expectWholeOrNone();
+}
+
+TEST(RecordKills, LeaveTheWholeOfASaveOrOfAnUndoOrNothing)
+{
+    const auto savingPage = [](Program& program) { return savingDocument(program, u"page.htm"_s); };
+    int killed = 0;
+    killed += RecordScene(savingPage, false).expectWholeOrNoneAfterKills(60);
+    killed += RecordScene(savingEvent, false).expectWholeOrNoneAfterKills(60);
+    killed += RecordScene(savingChart, false).expectWholeOrNoneAfterKills(60);
+    killed += UndoScene().expectWholeOrNoneAfterKills(60);
+    EXPECT_EQ(killed, 240);
 }
 
 } // namespace

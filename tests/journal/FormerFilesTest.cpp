@@ -10,13 +10,6 @@
 #include <QCryptographicHash>
 #include <QDir>
 
-#include <chrono>
-#include <csignal>
-#include <random>
-#include <sys/wait.h>
-#include <thread>
-#include <unistd.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -162,51 +155,6 @@ TEST_F(FormerFilesTest, ASaveThatFailsLeavesTheChart)
     EXPECT_NE(errorNumberOf([&] { save(u"c.pdf"_s, "third"); }), 0);
     EXPECT_EQ(stored(u"orgcharts/3.pdf"_s), "(no file)");
     EXPECT_EQ(formerContents(), QStringList());
-}
-
-/// Whatever the moment of the kill, record and chart agree, and every content that the journal names is
-/// there.
-TEST_F(FormerFilesTest, AKilledSaveLeavesTheWholeOfItOrNothing)
-{
-    save(u"c.png"_s, "0");
-    m_state.session.close();
-    std::mt19937 random(19710203);
-    int unfinished = 0;
-    for (int round = 0; round < 50; ++round) {
-        const pid_t child = fork();
-        if (child == 0) {
-            try {
-                m_state.session.open(m_database.fileName());
-                for (int count = 0;; ++count) {
-                    save(u"c.png"_s, QByteArray::number(round * 1000 + count % 7));
-                    if (count % 2 == 1) (void)m_steps.undo();
-                    if (count % 4 == 3) (void)m_steps.redo();
-                }
-            } catch (const Error& error) {
-                std::fputs(error.what(), stderr);
-            }
-            _exit(1);
-        }
-        std::this_thread::sleep_for(std::chrono::microseconds(3000 + random() % 60000));
-        kill(child, SIGKILL);
-        int status = 0;
-        waitpid(child, &status, 0);
-        ASSERT_TRUE(WIFSIGNALED(status)) << "the saving ended by itself";
-        unfinished += static_cast<int>(
-            QDir(former({})).entryList({u".replaced-*"_s}, QDir::Files | QDir::Hidden).size());
-        m_state.session.open(m_database.fileName());
-        FormerFiles::settle(m_state.session, m_state.folder);
-        m_state.session.close();
-        EXPECT_EQ(stored(u"orgcharts/3.png"_s),
-                  ask("SELECT Notes FROM Organization WHERE OrganizationID = 3").toUtf8());
-        EXPECT_EQ(QDir(former({})).entryList({u".*"_s}, QDir::Files | QDir::Hidden), QStringList());
-        for (const QString& hash :
-             ask("SELECT DISTINCT value ->> 'Hash' FROM Journal, json_each(Before, '$.Files') "
-                 "WHERE value ->> 'Hash' <> ''")
-                 .split(u'\n', Qt::SkipEmptyParts))
-            ASSERT_TRUE(QFile::exists(former(u"3-%1.png"_s.arg(hash)))) << qPrintable(hash);
-    }
-    EXPECT_GT(unfinished, 0);
 }
 
 } // namespace

@@ -7,21 +7,15 @@
 #include "files/VersionCopies.h"
 #include "opening/NewDatabaseFile.h"
 #include "support/AsPlainUser.h"
-#include "support/SizeLimit.h"
 #include "support/TestDatabase.h"
 #include "support/TestFiles.h"
 
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <functional>
-#include <random>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -34,7 +28,7 @@ constexpr int notADatabase = 26;
 class OldFile
 {
 public:
-    explicit OldFile(const QString& place = QDir::tempPath()) : m_folder(place + u"/old-XXXXXX"_s)
+    OldFile()
     {
         SQLite::Database database(file().toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
         database.exec("PRAGMA synchronous = OFF");
@@ -223,85 +217,6 @@ TEST(DatabaseUpgrade, LeavesATableOrQueryOfTheSameNameAlone)
         EXPECT_TRUE(contentOf(old.file()) == before);
         EXPECT_EQ(old.names(), QStringList{u"old.sqlite"_s});
     }
-}
-
-/// Runs what a process does of its own, and returns how it ended.
-int inOtherProcess(const std::function<int()>& work, const std::function<void(pid_t)>& meanwhile = {})
-{
-    const pid_t child = fork();
-    if (child == 0) _exit(work());
-    if (meanwhile) meanwhile(child);
-    int status = 0;
-    waitpid(child, &status, 0);
-    return status;
-}
-
-TEST(DatabaseUpgrade, OnAFullDiskLeavesTheFileAsItWas)
-{
-    for (const int percent : {10, 99, 100}) {
-        SCOPED_TRACE(
-            percent); // of the file's size there is room for: for a part of the copy, or for that alone
-        const OldFile old;
-        const QByteArray before = contentOf(old.file());
-        {
-            const SizeLimit full(static_cast<rlim_t>(before.size() * percent / 100));
-            const auto hindrance = DatabaseUpgrade::bringUpToDate(old.file());
-            ASSERT_TRUE(hindrance);
-            EXPECT_TRUE(hindrance->number() == 10 || hindrance->number() == 13) << hindrance->what();
-            EXPECT_TRUE(hindrance->description().endsWith(u"(%1)"_s.arg(old.file()))) << hindrance->what();
-        }
-        EXPECT_TRUE(contentOf(old.file()) == before);
-        EXPECT_EQ(old.names(), QStringList{u"old.sqlite"_s});
-        EXPECT_FALSE(DatabaseUpgrade::bringUpToDate(old.file())) << "with room again";
-        EXPECT_EQ(versionOf(old.file()), "2 3");
-    }
-}
-
-TEST(DatabaseUpgrade, KilledAtAnyMomentLeavesTheFileOldOrNew)
-{
-    // where a disk would only be slower
-    const QString memory = QFileInfo(u"/dev/shm"_s).isWritable() ? u"/dev/shm"_s : QDir::tempPath();
-    std::mt19937 random(17);
-    qint64 longest = 0;
-    int killed = 0;
-    int left = 0;
-    for (int i = 0; killed < 100 && i < 400; ++i) {
-        const OldFile old(memory);
-        const std::string before = rowsIn(old.file());
-        const auto work = [&old] { return DatabaseUpgrade::bringUpToDate(old.file()) ? 1 : 0; };
-        QElapsedTimer timer;
-        timer.start();
-        const int status = inOtherProcess(work, [&](pid_t child) {
-            if (i < 3) return;
-            std::uniform_int_distribution<qint64> moment(0, longest);
-            usleep(static_cast<useconds_t>(moment(random)));
-            kill(child, SIGKILL);
-        });
-        if (i < 3) longest = std::max(longest, timer.nsecsElapsed() / 1000);
-        killed += WIFSIGNALED(status) ? 1 : 0;
-
-        // whoever opens the file next undoes what was not finished
-        old.run("SELECT count(*) FROM sqlite_master");
-        const std::string shape = versionOf(old.file());
-        EXPECT_TRUE(shape == "1 0" || shape == "2 3") << shape;
-        EXPECT_EQ(rowsIn(old.file()), before);
-        const QString copy = old.file() + u".version1"_s;
-        left += old.names().size() > 1 ? 1 : 0;
-        if (QFile::exists(copy)) {
-            EXPECT_EQ(versionOf(copy), "1 0");
-            EXPECT_EQ(rowsIn(copy), before);
-        } else {
-            EXPECT_EQ(shape, "1 0") << "no file is new without a copy";
-        }
-        EXPECT_FALSE(DatabaseUpgrade::bringUpToDate(old.file()));
-        EXPECT_EQ(versionOf(old.file()), "2 3");
-        EXPECT_EQ(rowsIn(old.file()), before);
-        for (const QString& name : old.names())
-            EXPECT_TRUE(name == u"old.sqlite"_s || VersionCopies::isCopy(name)) << name.toStdString();
-        if (testing::Test::HasFailure()) return;
-    }
-    EXPECT_GE(killed, 100);
-    EXPECT_GT(left, 0);
 }
 
 TEST(NewDatabaseFile, TakesTheListsOfAnOlderFile)

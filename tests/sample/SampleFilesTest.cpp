@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "check/CollectionCheck.h"
+
 #include <QFile>
 #include <QString>
 
-#include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <map>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -25,62 +25,39 @@ std::string contentOf(const std::filesystem::path& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
 }
 
-/// What the database says of a document and its file.
-struct StoredDocument
+/// Photographs are asked for on the second disc, all others on the first.
+TEST(SampleFilesTest, ACheckMissesOneFileOnEachDiscAndFindsNothingElse)
 {
-    int identifier;
-    std::string fileLocation;
-    std::string original;
-    int fileType;
-};
-
-std::vector<StoredDocument> storedDocuments()
-{
-    const SQLite::Database database(dataFolder / "orvik-sample.sqlite", SQLite::OPEN_READONLY);
-    SQLite::Statement statement(database,
-                                "SELECT DocumentID, ifnull(FileLocation, ''), ifnull(OriginalFilename, ''), "
-                                "FileTypeID FROM Document WHERE DocumentID > 1");
-    std::vector<StoredDocument> documents;
-    while (statement.executeStep())
-        documents.push_back({statement.getColumn(0).getInt(), statement.getColumn(1).getString(),
-                             statement.getColumn(2).getString(), statement.getColumn(3).getInt()});
-    return documents;
-}
-
-TEST(SampleFilesTest, FilesAreNamedByTheIdentifierAndTheExtensionOfADocument)
-{
-    std::set<std::string> expected;
-    for (const StoredDocument& document : storedDocuments()) {
-        const std::string identifier = std::to_string(document.identifier);
-        const std::string extension = std::filesystem::path(document.original).extension().string();
-        EXPECT_EQ(document.fileLocation, extension.empty() ? "" : identifier + extension);
-        expected.insert(document.fileLocation);
-        if (extension == ".htm") expected.insert(identifier + "_files");
+    CollectionCheck check(QStringLiteral(ORVIK_SAMPLE_DIR "/data/orvik-sample.sqlite"),
+                          ProgramFolder(QStringLiteral(ORVIK_SAMPLE_DIR)), CheckScope::StructureAndFiles);
+    while (check.step()) {
     }
-    for (const auto& entry : std::filesystem::directory_iterator(dataFolder / "documents"))
-        EXPECT_TRUE(expected.contains(entry.path().filename().string())) << entry.path();
+    std::vector<std::string> findings;
+    for (const CheckResult& result : check.results()) {
+        EXPECT_TRUE(result.isDone && result.hindrance.isEmpty()) << checkName(result.topic).toStdString();
+        for (const Finding& finding : result.findings)
+            findings.push_back(checkName(result.topic).toStdString() + ": " + finding.text.toStdString());
+    }
+    const auto missing = [](const char* disc) {
+        return testing::AllOf(testing::StartsWith("missing-files: Document "),
+                              testing::EndsWith(std::string("It may be on the disc ") + disc + '.'));
+    };
+    EXPECT_THAT(findings, testing::UnorderedElementsAre(missing("Orvik"), missing("Orvik_Photos")));
 }
 
-TEST(SampleFilesTest, EveryDocumentHasAFileButOneOnEachDisc)
+TEST(SampleFilesTest, DocumentsAreOfEveryKindAndNoTwoAreAlike)
 {
     std::map<std::string, int> filesByExtension;
-    std::map<std::string, std::vector<int>> documentsByContent;
-    std::vector<int> missing;
-    for (const StoredDocument& document : storedDocuments()) {
-        const auto path = dataFolder / "documents" / document.fileLocation;
-        if (!std::filesystem::is_regular_file(path)) {
-            missing.push_back(document.fileType);
-            continue;
-        }
-        ++filesByExtension[path.extension().string()];
-        documentsByContent[contentOf(path)].push_back(document.identifier);
+    std::map<std::string, std::vector<std::filesystem::path>> filesByContent;
+    for (const auto& entry : std::filesystem::directory_iterator(dataFolder / "documents")) {
+        if (!entry.is_regular_file()) continue;
+        ++filesByExtension[entry.path().extension().string()];
+        filesByContent[contentOf(entry.path())].push_back(entry.path());
     }
-    // photographs (file type 6) are asked for on the second disc, all others on the first
-    EXPECT_THAT(missing, testing::UnorderedElementsAre(6, testing::Ne(6)));
     for (const char* extension : {".pdf", ".htm", ".txt", ".rtf", ".png", ".jpg", ".csv", ".wav"})
         EXPECT_GE(filesByExtension[extension], 1) << extension;
-    for (const auto& [content, documents] : documentsByContent)
-        EXPECT_EQ(documents.size(), 1U) << "the same file for " << testing::PrintToString(documents);
+    for (const auto& [content, files] : filesByContent)
+        EXPECT_EQ(files.size(), 1U) << "the same file for " << testing::PrintToString(files);
 }
 
 TEST(SampleFilesTest, FilesAreWhatTheirNamesSay)
@@ -107,31 +84,17 @@ TEST(SampleFilesTest, FilesAreWhatTheirNamesSay)
 TEST(SampleFilesTest, PagesShowThePicturesOfTheirCompanionFolder)
 {
     int pages = 0;
-    for (const StoredDocument& document : storedDocuments()) {
-        const auto page = dataFolder / "documents" / document.fileLocation;
-        if (!document.fileLocation.ends_with(".htm") || !std::filesystem::exists(page)) continue;
+    for (const auto& entry : std::filesystem::directory_iterator(dataFolder / "documents")) {
+        if (entry.path().extension() != ".htm") continue;
         ++pages;
-        const std::string companion = std::to_string(document.identifier) + "_files";
+        const std::string companion = entry.path().stem().string() + "_files";
         for (const char* name : {"/figure.png", "/style.css"}) {
-            EXPECT_NE(contentOf(page).find('"' + companion + name + '"'), std::string::npos) << page;
-            EXPECT_FALSE(contentOf(dataFolder / "documents" / (companion + name)).empty()) << page;
+            EXPECT_NE(contentOf(entry.path()).find('"' + companion + name + '"'), std::string::npos)
+                << entry.path();
+            EXPECT_FALSE(contentOf(dataFolder / "documents" / (companion + name)).empty()) << entry.path();
         }
     }
     EXPECT_GE(pages, 5);
-}
-
-TEST(SampleFilesTest, ChartsAreThereForTheOrganizationsThatSaySo)
-{
-    const SQLite::Database database(dataFolder / "orvik-sample.sqlite", SQLite::OPEN_READONLY);
-    SQLite::Statement statement(database,
-                                "SELECT OrganizationChart FROM OrganizationProfile WHERE ChartOption = 1");
-    std::set<std::string> said;
-    while (statement.executeStep())
-        said.insert(statement.getColumn(0).getString());
-    std::set<std::string> found;
-    for (const auto& entry : std::filesystem::directory_iterator(dataFolder / "orgcharts"))
-        found.insert(entry.path().filename().string());
-    EXPECT_EQ(found, said);
 }
 
 TEST(SampleFilesTest, TheStatesLayerIsComplete)

@@ -156,3 +156,7 @@ SELECT count(*) FROM Organization WHERE Lat IS NOT NULL AND EXISTS (SELECT 1 FRO
 SELECT DISTINCT OrganizationName FROM Q_Organization WHERE OrganizationID > 1 AND Lat IS NULL AND City IS NOT NULL;
 -- at least 2: organizations without a place
 SELECT count(DISTINCT OrganizationID) FROM Q_Organization WHERE OrganizationID > 1 AND Lat IS NULL AND Status = 'ACTIVE';
+-- none: documents whose file is not named by their number and the ending of the original
+SELECT DocumentName FROM Document WHERE DocumentID > 1 AND ifnull(FileLocation, '') <> iif(instr(ifnull(OriginalFilename, ''), '.'), DocumentID || '.' || replace(OriginalFilename, rtrim(OriginalFilename, replace(OriginalFilename, '.', '')), ''), '');
+-- none: charts that are not named by the number of the organization
+SELECT OrganizationChart FROM OrganizationProfile WHERE ChartOption = 1 AND OrganizationChart NOT LIKE OrganizationProfileID || '.%';
