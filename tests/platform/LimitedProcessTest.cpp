@@ -68,6 +68,7 @@ TEST_F(LimitedProcessTest, SaysWhatAProgramWroteOrWhyItFailed)
     const Case cases[] = {
         {shell, "printf hello", wide, "hello", ""},
         {shell, "read line || printf nothing", wide, "nothing", ""}, // the test's own input is not its
+        {shell, "printf full", {longTime, muchMemory, 4}, "full", ""},
         {shell, "printf half; exit 1", wide, "", "It is damaged."},
         {shell, "printf half; kill -SEGV $$", wide, "", "The program that reads it failed."},
         {shell, "while :; do echo more; done", wide, "", "It is too large."},
