@@ -80,7 +80,7 @@ std::vector<Case> failures()
         {"picture.jpg", QByteArray("\xff\xd8\xff\xe0\x00\x10JFIF", 10),
          "! It is not a PDF, a web page or a text."},
         {"long.txt", "long" + QByteArray(largestText - 3, ' '), "! It is too large."},
-        {"long.html", "<p>" + QByteArray(largestText, ' '), "! It is too large."},
+        {"long.html", "<!--" + QByteArray(largestText, ' '), "! It is too large."},
         {"letter.rtf", "{\\rtf1 text}", "! It is not a PDF, a web page or a text."},
     };
 }
