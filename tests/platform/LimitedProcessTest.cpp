@@ -5,6 +5,7 @@
 #include "support/TestFiles.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -105,6 +106,9 @@ TEST_F(LimitedProcessTest, EndsItsProgramAndRunsTheNext)
     EXPECT_EQ(kill(number, 0), 0);
     process.stop();
     EXPECT_FALSE(process.isRunning());
+    const QDeadlineTimer end(20s); // a busy machine takes its time
+    while (kill(number, 0) == 0 && !end.hasExpired())
+        QCoreApplication::processEvents();
     EXPECT_EQ(kill(number, 0), -1);
 
     QByteArray output;
