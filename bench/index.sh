@@ -22,7 +22,7 @@ printf '%s\0' [0-9]*.pdf >../pdf
 printf '%s\0' [0-9]*.* >../all
 tr '\0' '\n' <../all | sed 's/.*\.//' | sort | uniq -c | awk '{ printf "%-14s%d files\n", $2, $1 }'
 
-by_pdftotext() { xargs -0 -P 2 -I {} pdftotext {} - <../pdf >/dev/null; }
+by_pdftotext() { nice -n 19 xargs -0 -P 2 -I {} pdftotext {} - <../pdf >/dev/null; }
 index_anew() { # NAMES
     rm -f ../index.filetext
     "$indexer" ../index.filetext . <"$1" >/dev/null

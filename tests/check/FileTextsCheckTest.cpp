@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The states of the index, as it is beside a collection with files for the documents 57, 60 and 61, and none
-/// for 59; 58 is deleted.
+/// The states of the index, as it is beside a collection with files for the documents 57, 60 and 61, the
+/// latter for 62, too, and none for 59; 58 is deleted.
 TEST(FileTextsCheck, NamesFilesWhoseTextCouldNotBeReadAndADamagedIndex)
 {
     const QString damaged = u"file-texts: The file Rivers.sqlite.filetext with the texts of the files is "
@@ -38,6 +38,10 @@ TEST(FileTextsCheck, NamesFilesWhoseTextCouldNotBeReadAndADamagedIndex)
          {},
          u""_s,
          u"2 files have not been read yet."_s},
+        {u"UPDATE File SET Changed = Changed - 1 WHERE Name = '57.txt'"_s,
+         {},
+         u""_s,
+         u"1 file has not been read yet."_s},
         {u"PRAGMA synchronous = OFF; BEGIN; UPDATE File SET Size = 7"_s,
          {},
          u""_s,
@@ -52,7 +56,8 @@ TEST(FileTextsCheck, NamesFilesWhoseTextCouldNotBeReadAndADamagedIndex)
         collection.run(u"INSERT INTO Document (DocumentID, DocumentName, FileLocation, dStatus) VALUES "
                        "(57, 'Levees', '57.txt', 'ACTIVE'), (58, 'Old', '58.txt', 'DELETED'), "
                        "(59, 'Gone', '59.txt', 'ACTIVE'), (60, 'Maps', '60.txt', 'ACTIVE'), "
-                       "(61, 'Storm', '61.txt', 'ACTIVE')"_s);
+                       "(61, 'Storm', '61.txt', 'ACTIVE'), "
+                       "(62, 'Storm again', '61.txt', 'ACTIVE')"_s);
         const QString index = collection.database() + u".filetext"_s;
         const QString journal = index + u"-journal"_s;
         {

@@ -44,9 +44,9 @@ std::vector<Case> texts()
         {"no ending", "plain", "plain"},
         {"page.html",
          "<html><head><title>A title</title><style>p{}</style><script>unseen()</script></head><body>"
-         "<table><tr><td>one<td>two</table><p>W<b>o</b>rd&eacute; &lt;b&gt;<!-- unseen --><br>end"
+         "<table><tr><td>one<td>two</table>three<p>W<b>o</b>rd&eacute; &lt;b&gt;<!-- unseen --><br>end"
          "<noscript>unseen</noscript><img src=x alt='a picture'>",
-         "A title one two Wordé <b> end a picture"},
+         "A title one two three Wordé <b> end a picture"},
         {"undeclared.htm", "<p>gr\xc3\xb6\xc3\x9f\x65 \xe2\x80\x93", "größe –"},
         {"wrong.htm", "<meta charset=iso-8859-1><p>gr\xc3\xb6\xc3\x9f\x65", "größe"},
         {"declared.htm", cyrillic + encoded("KOI8-R", u"Привет"_s), "Привет"},
@@ -58,7 +58,7 @@ std::vector<Case> texts()
         {"page.txt", " \n<!DOCTYPE HTML>\n<p>by its <i>content", "by its content"},
         {"file.pdf", pdfOf("caf\xe9 au lait"), "café au lait"},
         {"-dash.pdf", pdfOf("dash"), "dash"},
-        {"pdf.txt", "\n\n" + pdfOf("in spite of its ending"), "in spite of its ending"},
+        {"pdf.txt", QByteArray(1019, '\n') + pdfOf("in spite of its ending"), "in spite of its ending"},
         {"page.pdf", "<html><p>no PDF", "no PDF"},
         {"full.txt", "full" + QByteArray(largestText - 4, ' '), "full"},
     };
@@ -80,6 +80,7 @@ std::vector<Case> failures()
         {"picture.jpg", QByteArray("\xff\xd8\xff\xe0\x00\x10JFIF", 10),
          "! It is not a PDF, a web page or a text."},
         {"long.txt", "long" + QByteArray(largestText - 3, ' '), "! It is too large."},
+        {"long.html", "<!--" + QByteArray(largestText, ' '), "! It is too large."},
         {"letter.rtf", "{\\rtf1 text}", "! It is not a PDF, a web page or a text."},
     };
 }
@@ -115,6 +116,8 @@ TEST(FileTextsTest, WhatIsNoFileOfTheFolderIsNotRead)
 {
     const IndexedFolder folder;
     folder.write(u"Kept.TXT"_s, "kept");
+    folder.write(u"a.txt"_s, "small");
+    folder.write(u"A.txt"_s, "capital");
     folder.write(u"../outside.txt"_s, "outside");
     folder.write(u"large.txt"_s, "large");
     folder.write(u"folder/inside.txt"_s, "inside");
@@ -123,10 +126,12 @@ TEST(FileTextsTest, WhatIsNoFileOfTheFolderIsNotRead)
     ASSERT_TRUE(QFile::link(u"../outside.txt"_s, folder.path(u"out.txt"_s)));
     ASSERT_TRUE(QFile::link(u"Kept.TXT"_s, folder.path(u"in.txt"_s)));
     ASSERT_TRUE(QFile::link(u"/dev/zero"_s, folder.path(u"zero.txt"_s)));
-    const QStringList names{u"kept.txt"_s,       u"large.txt"_s,        u"pipe.pdf"_s, u"out.txt"_s,
-                            u"in.txt"_s,         u"zero.txt"_s,         u"folder"_s,   u"."_s,
-                            u"../outside.txt"_s, u"folder/inside.txt"_s};
-    const QMap<QString, QString> expected{{u"kept.txt"_s, u"kept"_s},
+    const QStringList names{u"a.txt"_s,    u"A.txt"_s,   u"kept.txt"_s,       u"large.txt"_s,
+                            u"pipe.pdf"_s, u"out.txt"_s, u"in.txt"_s,         u"zero.txt"_s,
+                            u"folder"_s,   u"."_s,       u"../outside.txt"_s, u"folder/inside.txt"_s};
+    const QMap<QString, QString> expected{{u"a.txt"_s, u"small"_s},
+                                          {u"A.txt"_s, u"capital"_s},
+                                          {u"kept.txt"_s, u"kept"_s},
                                           {u"in.txt"_s, u"kept"_s},
                                           {u"large.txt"_s, u"! It is too large."_s},
                                           {u"pipe.pdf"_s, u"! It is not a file."_s},

@@ -127,8 +127,9 @@ TEST(IndexUpkeepTest, WhatCannotBeReadNowIsReadOnceItCan)
     folder.replacePdfReader("kill -SEGV $$");
     EXPECT_EQ(heldAfterRun()[u"1.pdf"_s], u"! The program that reads it failed."_s);
     const Reader reader(folder);
+    folder.write(u"1.pdf"_s, "%PDF-a", 10);
     EXPECT_EQ(heldAfterRun()[u"1.pdf"_s], u"! The program that reads it failed."_s); // the file is the same
-    folder.write(u"1.pdf"_s, "%PDF-b", 10);
+    folder.write(u"1.pdf"_s, "%PDF-b", 20);
     EXPECT_EQ(heldAfterRun(), (Contents{{u"1.pdf"_s, u"%PDF-b"_s}, {u"2.txt"_s, u"text"_s}}));
 }
 

@@ -81,6 +81,9 @@ IndexRun IndexedFolder::run(const QStringList& names) const
     if (process.exitStatus() == QProcess::NormalExit) run.status = process.exitCode();
     run.output = process.readAllStandardOutput();
     EXPECT_TRUE(isWhole());
+    const char* const lostTexts = "SELECT count(*) FROM FileText WHERE rowid NOT IN "
+                                  "(SELECT FileID FROM File WHERE Failure IS NULL)";
+    EXPECT_EQ(opened(index()).execAndGet(lostTexts).getInt(), 0);
     return run;
 }
 

@@ -43,7 +43,7 @@ public:
     /// Whether SQLite finds no damage in the index, which must be there.
     [[nodiscard]] bool isWhole() const;
 
-    /// Runs it, and checks that the index is whole then.
+    /// Runs it, and checks that the index is whole then and each of its texts belongs to a file.
     [[nodiscard]] IndexRun run(const QStringList& names) const;
 
     /// What the index holds: by the names of the files their texts, or why they have none behind a `!`.

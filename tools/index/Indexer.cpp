@@ -31,7 +31,7 @@ constexpr qint64 longestMoment = 2'000; ///< milliseconds
 
 bool isSame(const IndexedFile& known, const IndexedFile& now)
 {
-    return known.changed && known.size == now.size && known.changed == now.changed;
+    return known.size == now.size && known.changed == now.changed;
 }
 
 } // namespace
