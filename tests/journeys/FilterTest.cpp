@@ -135,6 +135,12 @@ TEST_F(Filter, NarrowsTheListAndStaysWithItsView)
         {"events", [this] { journey.trigger("mnuViewEvents"); },
          "Flood|Quake|Slide () : whole, Displaying 3 Events"},
         {"a time in a column", [this] { type("06:02"); }, "Quake () 06:02_: 1 of 3, Displaying 1 Event"},
+        {"Down to the event, to which the timeline goes",
+         [this] {
+             press(Qt::Key_Down);
+             EXPECT_EQ(journey.find<QLabel>("uCurrentTimeLabel(0)").text(), u"04/01/1927 06:02"_s);
+         },
+         "Quake (Quake) 06:02: 1 of 3, Displaying 1 Event"},
     };
     for (const auto& [what, act, expected] : steps) {
         act();

@@ -81,5 +81,5 @@ void ListPane::showCount()
 void ListPane::goToRows()
 {
     m_view->setFocus();
-    if (!selectedRecord() && m_model->rowCount() > 0) m_view->setCurrentIndex(m_model->index(0, 0));
+    if (!selectedRecord() && m_model->rowCount() > 0) goTo(m_model->identifier(0));
 }
