@@ -179,6 +179,17 @@ TEST_F(Buttons, CommandsThatCanBeUsedAtOnceHaveKeysOfTheirOwn)
     }
 }
 
+TEST_F(Buttons, TheFilterAndTheDetailsHaveTheirKeys)
+{
+    journey.trigger("mnuViewDocuments");
+    QTest::keyClick(&journey.list(), Qt::Key_F4);
+    EXPECT_TRUE(journey.find<QWidget>("txtDetails").isVisible());
+    QTest::keyClick(&journey.list(), Qt::Key_L, Qt::ControlModifier);
+    EXPECT_TRUE(journey.find<QWidget>("txtFilter").hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4);
+    EXPECT_FALSE(journey.find<QWidget>("txtDetails").isVisible());
+}
+
 TEST_F(Buttons, TheHomePageIsWorkedByKeysToo)
 {
     button("Image1(2)").setFocus();

@@ -139,9 +139,19 @@ TEST_F(Filter, NarrowsTheListAndStaysWithItsView)
              QTest::keyClicks(QApplication::focusWidget(), u"zo"_s);
          },
          "Fire plan|Map|Note|Water plan|Zoning (Zoning) : whole, Displaying 5 Documents"},
-        {"events", [this] { journey.trigger("mnuViewEvents"); },
-         "Flood|Quake|Slide () : whole, Displaying 3 Events"},
+        {"events",
+         [this] {
+             journey.database.run("UPDATE Event SET StartDate = '1930-01-02' WHERE EventName = 'Quake'");
+             journey.trigger("mnuViewEvents");
+         },
+         "Flood|Slide|Quake () : whole, Displaying 3 Events"},
         {"a time in a column", [this] { type("06:02"); }, "Quake () 06:02_: 1 of 3, Displaying 1 Event"},
+        {"Down to the event, to which the timeline goes",
+         [this] {
+             press(Qt::Key_Down);
+             EXPECT_EQ(journey.find<QLabel>("uCurrentTimeLabel(0)").text(), u"01/02/1930 06:02"_s);
+         },
+         "Quake (Quake) 06:02: 1 of 3, Displaying 1 Event"},
     };
     for (const auto& [what, act, expected] : steps) {
         act();

@@ -228,6 +228,11 @@ bool ListPane::select(qint64 identifier)
     return true;
 }
 
+void ListPane::goTo(qint64 identifier)
+{
+    if (select(identifier)) announce(m_view->currentIndex());
+}
+
 void ListPane::select(const std::vector<qint64>& identifiers)
 {
     selectShown({identifiers.begin(), identifiers.end()}, std::nullopt);

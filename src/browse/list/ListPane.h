@@ -84,6 +84,9 @@ public:
     /// `chosen`.
     bool select(qint64 identifier);
 
+    /// The same as if the user had gone to the record: emits `chosen`.
+    void goTo(qint64 identifier);
+
     /// Selects the records that the list shows, and no others, and scrolls to the first of them. Does not
     /// emit `chosen`.
     void select(const std::vector<qint64>& identifiers);

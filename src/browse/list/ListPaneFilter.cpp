@@ -81,10 +81,5 @@ void ListPane::showCount()
 void ListPane::goToRows()
 {
     m_view->setFocus();
-    if (selectedRecord() || m_model->rowCount() == 0) return;
-    const QModelIndex first = m_model->index(0, 0);
-    // the focus may have made it current already, which then does not change any more
-    const bool isCurrent = m_view->currentIndex() == first;
-    m_view->setCurrentIndex(first);
-    if (isCurrent) announce(first);
+    if (!selectedRecord() && m_model->rowCount() > 0) goTo(m_model->identifier(0));
 }

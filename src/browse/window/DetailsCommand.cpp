@@ -105,5 +105,5 @@ void DetailsCommand::follow(const QUrl& address)
     if (!isRead) return;
     if (!view) return m_platform.messages.show(tr("This record was deleted."));
     m_view.state().history.addView(*view);
-    m_view.list().select(linked->identifier);
+    m_view.list().goTo(linked->identifier);
 }
