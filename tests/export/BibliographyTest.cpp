@@ -3,8 +3,8 @@
 // database.
 
 #include "export/ExportedCollection.h"
-#include "export/OtherPrograms.h"
 #include "export/Reference.h"
+#include "support/OtherPrograms.h"
 
 #include <QRegularExpression>
 #include <QXmlStreamReader>

@@ -4,7 +4,7 @@
 #include "data/ListEntry.h"
 #include "export/ExportedCollection.h"
 #include "export/LibreOffice.h"
-#include "export/OtherPrograms.h"
+#include "support/OtherPrograms.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

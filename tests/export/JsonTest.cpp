@@ -2,7 +2,7 @@
 // JSON as another program reads it, against what SQLite alone finds in the database.
 
 #include "export/ExportedCollection.h"
-#include "export/OtherPrograms.h"
+#include "support/OtherPrograms.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -9,7 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;

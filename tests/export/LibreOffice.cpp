@@ -2,9 +2,9 @@
 
 #include "export/LibreOffice.h"
 
+#include "support/OtherPrograms.h"
 #include "support/TestFiles.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -46,12 +46,9 @@ QMap<QString, SheetRows> readByLibreOffice(const QStringList& files, const QStri
     QStringList arguments{u"-env:UserInstallation=file://"_s + folder.filePath(u"user"_s), u"--headless"_s};
     if (!importFilter.isEmpty()) arguments << u"--infilter="_s + importFilter;
     arguments << u"--convert-to"_s << asText << u"--outdir"_s << written << files;
-    constexpr int patience = 120'000;
-    QProcess office;
-    office.setProcessChannelMode(QProcess::MergedChannels);
-    office.start(u"soffice"_s, arguments);
-    if (!office.waitForFinished(patience) || office.exitCode() != 0)
-        throw std::runtime_error("soffice failed: " + office.readAll().toStdString());
+    const ProgramRun office = runProgram(u"soffice"_s, arguments);
+    if (!office.hasEndedWell)
+        throw std::runtime_error("soffice failed: " + (office.output + office.errors).toStdString());
     QMap<QString, SheetRows> sheets;
     for (const QFileInfo& each : QDir(written).entryInfoList(QDir::Files))
         sheets[each.completeBaseName()] = rowsOfText(QString::fromUtf8(contentOf(each.filePath())));

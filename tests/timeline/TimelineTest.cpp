@@ -63,16 +63,6 @@ protected:
         [](const QString& text, bool /*isDate*/) { return static_cast<int>(text.size()) * 7; }};
 };
 
-TEST_F(Handlers, TheTimelineBeginsWithItsFirstEventAtTheFinestLevel)
-{
-    EXPECT_EQ(m_timeline.captions(), (std::array{u"09/01/2001 10:00"_s, u"09/01/2001 10:05"_s,
-                                                 u"09/01/2001 10:10"_s, u"09/01/2001 10:15"_s}));
-    EXPECT_EQ(lanes(), "First -->");
-    EXPECT_FALSE(m_timeline.window().canZoomIn());
-    EXPECT_FALSE(m_timeline.scroll().isShown);
-    EXPECT_EQ(nearest(), "- -");
-}
-
 TEST_F(Handlers, AnEmptyWindowSaysWhereTheNearestEventsAre)
 {
     m_timeline.NavEnd();
@@ -226,24 +216,6 @@ TEST_F(Handlers, AnEventThatCannotBeReadLeavesTheWindowAsItWas)
     m_timeline.chooseEvent(14);
     EXPECT_EQ(now() + ' ' + lanes(), "09/10/2001 10:00 A -->|B -->|C -->")
         << "what is selected is out of sight";
-}
-
-TEST_F(Handlers, TheSelectionIsOfTheEventAndOfTheView)
-{
-    m_timeline.chooseEvent(11);
-    EXPECT_EQ(m_history.selected(), 11);
-    showView(m_queries.events);
-    m_timeline.drawTimeline();
-    EXPECT_EQ(lanes(), "A -->|B -->|C -->");
-    m_timeline.selectEvent(12);
-    m_timeline.VScroll1_Change(1);
-    EXPECT_EQ(lanes(), "[B -->]|C -->|D -->");
-    m_history.goBack();
-    m_timeline.drawTimeline();
-    EXPECT_EQ(lanes(), "[A -->]|B -->|C -->");
-    m_history.select(13);
-    m_timeline.showSelected();
-    EXPECT_EQ(lanes(), "A -->|B -->|[C -->]");
 }
 
 TEST_F(Handlers, WithoutAViewOfEventsNothingIsRead)

@@ -11,6 +11,7 @@ struct ProgramRun
 {
     QByteArray output;
     QByteArray errors; ///< what it complained of, or that it did not end well
+    bool hasEndedWell = false;
 };
 
 /// Runs a program with something to read, for at most two minutes.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "export/OtherPrograms.h"
+#include "support/OtherPrograms.h"
 
 #include <QProcess>
 
@@ -12,10 +12,10 @@ ProgramRun runProgram(const QString& program, const QStringList& arguments, cons
     process.write(input);
     process.closeWriteChannel();
     ProgramRun run;
-    const bool hasEnded = process.waitForFinished(patience);
+    run.hasEndedWell = process.waitForFinished(patience) && process.exitStatus() == QProcess::NormalExit &&
+                       process.exitCode() == 0;
     run.output = process.readAllStandardOutput();
     run.errors = process.readAllStandardError();
-    if (!hasEnded || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
-        run.errors += "It did not end well: " + process.errorString().toUtf8();
+    if (!run.hasEndedWell) run.errors += "It did not end well: " + process.errorString().toUtf8();
     return run;
 }
