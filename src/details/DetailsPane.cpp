@@ -20,7 +20,7 @@
 namespace {
 
 constexpr int captionPadding = 12; ///< pixels, of the style below and of the table
-constexpr int smallestWidth = 160;
+constexpr int smallestWidth = 240;
 
 QString pageStyle()
 {

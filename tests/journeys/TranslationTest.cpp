@@ -284,8 +284,9 @@ TEST_F(Translation, ReachesEveryTextOfUndoAndTheDeletedRecords)
 TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
 {
     for (const char* word :
-         {"Qt", "Charts", "SQLite", "SQLiteCpp", "Shapefile", "Library", "GLib", "Tools", "Breeze", "GPL",
-          "LGPL", "or", "later", "MIT", "libarchive", "OpenSSL", "BSD", "Clause", "Apache"})
+         {"Qt",         "Charts", "SQLite",  "SQLiteCpp", "Shapefile", "Library", "GLib",
+          "Tools",      "Breeze", "GPL",     "LGPL",      "or",        "later",   "MIT",
+          "libarchive", "libxml", "OpenSSL", "Poppler",   "BSD",       "Clause",  "Apache"})
         pseudo.allow(QString::fromUtf8(word));
     lookAtDialog("frmAbout", "mnuHelpAbout");
     StdREG(journey.desktop.settings)
