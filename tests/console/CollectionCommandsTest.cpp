@@ -9,7 +9,6 @@
 
 #include <QJsonArray>
 #include <QRandomGenerator>
-#include <QThread>
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,6 @@
 #include "views/StandardQueries.h"
 
 #include <QDir>
-#include <QFile>
 
 #include <gtest/gtest.h>
 

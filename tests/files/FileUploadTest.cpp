@@ -83,11 +83,14 @@ TEST_F(FileUploadTest, APlainFileIsCopiedUnderItsNumber)
     EXPECT_EQ(storedNames(), u"57. 57.PDF 57.bin 57.htm 57.pdf 57.txt"_s);
 }
 
-TEST_F(FileUploadTest, AMissingFolderIsMadeAndAPathMayBeWrittenAsTheProgramDoes)
+TEST_F(FileUploadTest, AFolderIsMadeOrFoundInAnyLetterCaseAndAPathMayBeOfTheProgram)
 {
     QDir(m_documents).removeRecursively();
     m_upload.convertDocument(ProgramFolder::programForm(write(u"in/a.pdf"_s, "x")), 57);
     EXPECT_EQ(stored(u"57.pdf"_s), "x");
+    ASSERT_TRUE(QDir(m_place.path()).rename(u"data/documents"_s, u"data/DOCUMENTS"_s));
+    m_upload.convertDocument(write(u"b.pdf"_s, "y"), 57);
+    EXPECT_EQ(contentOf(m_place.filePath(u"data/DOCUMENTS/57.pdf"_s)), "y");
     EXPECT_FALSE(FileUpload::existingFile(m_place.path()));
     EXPECT_FALSE(FileUpload::existingFile(QString()));
 }

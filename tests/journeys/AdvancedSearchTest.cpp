@@ -8,7 +8,6 @@
 #include <QCheckBox>
 #include <QDateEdit>
 #include <QDialog>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>

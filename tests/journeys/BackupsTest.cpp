@@ -5,15 +5,12 @@
 #include "backup/CollectionRestore.h"
 #include "backup/KeptBackups.h"
 #include "files/ProgramFolder.h"
-#include "lists/ListKind.h"
 #include "opening/StartRequest.h"
 #include "support/SizeLimit.h"
 #include "support/TestFiles.h"
 
 #include <QDirIterator>
-#include <QListWidget>
 #include <QMenu>
-#include <QTest>
 
 #include <gtest/gtest.h>
 

@@ -90,18 +90,6 @@ TEST_F(Browsing, AKeyRecordHasItsSignInTheMiddleOfItsColumn)
     EXPECT_TRUE(marked(0).isEmpty());
 }
 
-TEST_F(Browsing, AViewShownAgainShowsTheDataAsTheyAreNow)
-{
-    journey.start();
-    journey.trigger("mnuViewOrganizations");
-    journey.database.run("UPDATE Organization SET Status = 'DELETED' WHERE OrganizationID = 2");
-    EXPECT_EQ(journey.column(0), "Agency|Bureau");
-    QTest::keyClick(journey.program->window(), Qt::Key_F5);
-    EXPECT_EQ(journey.column(0), "Bureau");
-    EXPECT_EQ(journey.statusPanel(), u"Displaying 1 Organization"_s);
-    EXPECT_EQ(journey.program->state().history.count(), 2u);
-}
-
 void clickHeader(Journey& journey, int column)
 {
     QHeaderView& header = *journey.list().header();

@@ -7,7 +7,6 @@
 #include <QContextMenuEvent>
 #include <QImage>
 #include <QMenu>
-#include <QScrollArea>
 #include <QTest>
 
 #include <gtest/gtest.h>

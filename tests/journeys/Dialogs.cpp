@@ -11,10 +11,28 @@
 #include <QPlainTextEdit>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+std::string rowsOf(const QTreeView& table)
+{
+    const QAbstractItemModel& model = *table.model();
+    QStringList rows;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        QStringList texts;
+        for (int column = 0; column < model.columnCount(); ++column)
+            texts << model.index(row, column).data().toString();
+        rows << (table.selectionModel()->isRowSelected(row) ? u"*"_s : QString()) + texts.join(u'|');
+    }
+    return rows.join(u'\n').toStdString();
+}
+
+} // namespace
 
 void OpenDialog::type(const char* field, const QString& text)
 {
@@ -46,6 +64,7 @@ std::string OpenDialog::text(const char* field)
     if (const auto* text = qobject_cast<QPlainTextEdit*>(&widget)) return text->toPlainText().toStdString();
     if (const auto* combo = qobject_cast<QComboBox*>(&widget)) return combo->currentText().toStdString();
     if (const auto* button = qobject_cast<QAbstractButton*>(&widget)) return button->text().toStdString();
+    if (const auto* table = qobject_cast<QTreeView*>(&widget)) return rowsOf(*table);
     const auto* list = qobject_cast<QListWidget*>(&widget);
     if (list == nullptr) throw std::runtime_error(std::string("has no text: ") + field);
     QStringList items;
@@ -85,6 +104,16 @@ void discard(OpenDialog& dialog, ScriptedMessages& messages)
     messages.expectQuestion(u"Close without saving your changes?"_s, true, Question::Discard);
     dialog.click("cmdCancel");
     messages.finish();
+}
+
+void addEntry(OpenDialog& window, const char* button, const QString& name)
+{
+    inDialog(
+        "frmListEntry", [&] { window.click(button); },
+        [&](OpenDialog& entry) {
+            entry.type("txtName", name);
+            entry.click("cmdOK");
+        });
 }
 
 namespace {

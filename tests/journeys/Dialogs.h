@@ -32,7 +32,8 @@ public:
     void press(Qt::Key key);
 
     /// The text of a line, of a text of several lines, of a drop-down or a button; the items of a list,
-    /// joined by `|`, those with a tick with `*` before them.
+    /// joined by `|`, those with a tick with `*` before them; the rows of a table, values joined by `|` and
+    /// rows by line ends, the selected ones after `*`.
     std::string text(const char* field);
 
     /// Turns the tick of an item by its text, with the space bar.
@@ -53,6 +54,9 @@ private:
 
 /// Leaves an editor in which something was changed, by Cancel.
 void discard(OpenDialog& dialog, ScriptedMessages& messages);
+
+/// Answers the dialog for a new entry of a list, which a button opens, with a name.
+void addEntry(OpenDialog& window, const char* button, const QString& name);
 
 /// Runs `open`, which opens a modal dialog of that name and returns when it is closed, and `work` while it is
 /// open. Work that leaves it open, and a dialog that never opens, fail the test.

@@ -161,23 +161,6 @@ TEST_F(DocumentFile, ADocumentWithoutAFileIsGivenOneWhileItIsEdited)
     EXPECT_TRUE(QFileInfo(stored).isFile()) << "the path that the field shows names a file";
 }
 
-TEST_F(DocumentFile, UploadsIntoAFolderOfAnotherLetterCaseAndFindsTheFileThere)
-{
-    QDir data(journey.dataFolder());
-    ASSERT_TRUE(data.rename(u"documents"_s, u"DOCUMENTS"_s));
-    journey.start();
-    journey.trigger("mnuViewDocuments");
-    inEditor("mnuRecordAddNewDocument", [&](OpenDialog& dialog) {
-        fillIn(dialog);
-        dialog.click("cmdOK");
-    });
-    EXPECT_EQ(data.entryList({u"documents"_s}, QDir::Dirs), QStringList{u"DOCUMENTS"_s});
-    EXPECT_TRUE(data.exists(u"DOCUMENTS/3.PDF"_s));
-    journey.select("Levees");
-    journey.trigger("mnuRecordOpen");
-    EXPECT_EQ(journey.desktop.shell.opened, QStringList{data.filePath(u"DOCUMENTS/3.PDF"_s)});
-}
-
 TEST_F(DocumentFile, TwoDatabasesOfAnOldFolderHaveTheirOwnFiles)
 {
     journey.program.reset();

@@ -2,7 +2,6 @@
 
 #include "MapJourney.h"
 #include "map/MapProjection.h"
-#include "platform/StdREG.h"
 
 #include <QImage>
 #include <QListWidget>

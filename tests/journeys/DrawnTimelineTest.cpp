@@ -8,14 +8,10 @@
 #include "timeline/TimelinePanel.h"
 
 #include <QImage>
-#include <QScrollBar>
-#include <QSplitter>
 #include <QTest>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 

@@ -5,7 +5,6 @@
 #include "support/AsPlainUser.h"
 
 #include <QPushButton>
-#include <QTest>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>

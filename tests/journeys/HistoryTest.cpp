@@ -5,7 +5,6 @@
 #include "EditorJourney.h"
 
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextBlock>
 #include <QTextEdit>

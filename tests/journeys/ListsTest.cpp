@@ -33,21 +33,6 @@ protected:
         lists.find<QListWidget>("lstLists").setCurrentRow(static_cast<int>(list));
     }
 
-    /// The texts of the table, values joined by `|` and rows by line ends, the selected row after `*`.
-    static std::string table(OpenDialog& lists)
-    {
-        auto& view = lists.find<QTreeView>("lvEntries");
-        QStringList rows;
-        for (int row = 0; row < view.model()->rowCount(); ++row) {
-            QStringList texts;
-            for (int column = 0; column < view.model()->columnCount(); ++column)
-                texts << view.model()->index(row, column).data().toString();
-            const bool isSelected = view.selectionModel()->isRowSelected(row);
-            rows << (isSelected ? u"*"_s : QString()) + texts.join(u'|');
-        }
-        return rows.join(u'\n').toStdString();
-    }
-
     static void select(OpenDialog& lists, const char* name)
     {
         auto& view = lists.find<QTreeView>("lvEntries");
@@ -72,7 +57,7 @@ TEST_F(ListsWindow, AddsMergesAndDeletesAndShowsItInTheMainWindow)
     journey.start();
     journey.trigger("mnuViewDocuments");
     inLists([&](OpenDialog& lists) {
-        EXPECT_EQ(table(lists), "*Map|0\nReport|1\nStudy|2 + 1 deleted");
+        EXPECT_EQ(lists.text("lvEntries"), "*Map|0\nReport|1\nStudy|2 + 1 deleted");
         messages().expectMessage(
             u"An entry with identical name already exists. Please choose a different name."_s);
         inDialog(
@@ -93,13 +78,13 @@ TEST_F(ListsWindow, AddsMergesAndDeletesAndShowsItInTheMainWindow)
         inDialog(
             "frmMergeEntry", [&] { lists.click("cmdMerge"); },
             [&](OpenDialog& merge) {
-                EXPECT_EQ(table(merge), "*Letter|0\nMap|0\nReport|1");
+                EXPECT_EQ(merge.text("lvEntries"), "*Letter|0\nMap|0\nReport|1");
                 merge.type("txtFilter", u"rep"_s);
-                EXPECT_EQ(table(merge), "*Report|1");
+                EXPECT_EQ(merge.text("lvEntries"), "*Report|1");
                 merge.click("cmdOK");
             });
         EXPECT_EQ(outcome(lists), "\"Study\" was merged into \"Report\". 3 records were changed.");
-        EXPECT_EQ(table(lists), "Letter|0\nMap|0\n*Report|2 + 1 deleted");
+        EXPECT_EQ(lists.text("lvEntries"), "Letter|0\nMap|0\n*Report|2 + 1 deleted");
         select(lists, "Map");
         messages().expectQuestion(u"Are you sure you want to delete \"Map\"?"_s, true, Question::Loss);
         lists.click("cmdDelete");
@@ -112,7 +97,7 @@ TEST_F(ListsWindow, AddsMergesAndDeletesAndShowsItInTheMainWindow)
                 entry.type("txtName", u"Acrobat"_s);
                 entry.click("cmdOK");
             });
-        EXPECT_EQ(table(lists), "*Acrobat|2 + 1 deleted") << "the filter does not hide it";
+        EXPECT_EQ(lists.text("lvEntries"), "*Acrobat|2 + 1 deleted") << "the filter does not hide it";
         EXPECT_EQ(outcome(lists), "\"Acrobat\" was changed.");
         lists.click("cmdClose");
     });
@@ -131,7 +116,7 @@ TEST_F(ListsWindow, ShowsTheRecordsThatUseAnEntry)
     EXPECT_EQ(journey.column(0), "Agency|Bureau");
     inLists([&](OpenDialog& lists) {
         open(lists, ListKind::Venues);
-        EXPECT_EQ(table(lists), "*Coast|0\nRiver|3");
+        EXPECT_EQ(lists.text("lvEntries"), "*Coast|0\nRiver|3");
         EXPECT_FALSE(lists.find<QWidget>("cmdShowRecords").isEnabled());
         select(lists, "River");
         lists.click("cmdShowRecords");
@@ -151,7 +136,7 @@ TEST_F(ListsWindow, TakesThePositionOfACityFromTheMap)
     journey.trigger("mnuViewOrganizations");
     inLists([&](OpenDialog& lists) {
         open(lists, ListKind::Cities);
-        EXPECT_EQ(table(lists), "*Austin|TX|30.27° N, 97.74° W|2");
+        EXPECT_EQ(lists.text("lvEntries"), "*Austin|TX|30.27° N, 97.74° W|2");
         messages().expectMessage(
             u"Latitude \"north\" is not a number from -90 to 90. Please type one such as 30.27."_s);
         inDialog(
@@ -191,24 +176,13 @@ TEST_F(ListsWindow, ReportsAListThatTheDatabaseDoesNotHave)
         for (const ListKind list : {ListKind::Populations, ListKind::Venues}) {
             messages().expectMessageBeginning(u"showLists Error (1): "_s);
             open(lists, list);
-            EXPECT_EQ(table(lists), "");
+            EXPECT_EQ(lists.text("lvEntries"), "");
             EXPECT_FALSE(lists.find<QWidget>("cmdMerge").isEnabled());
         }
         open(lists, ListKind::Functions);
-        EXPECT_EQ(table(lists), "*Rescue|3");
+        EXPECT_EQ(lists.text("lvEntries"), "*Rescue|3");
         lists.click("cmdClose");
     });
-}
-
-/// Answers the dialog that a button opens with a name.
-void addInPassing(OpenDialog& window, const char* button, const QString& name)
-{
-    inDialog(
-        "frmListEntry", [&] { window.click(button); },
-        [&](OpenDialog& entry) {
-            entry.type("txtName", name);
-            entry.click("cmdOK");
-        });
 }
 
 TEST_F(ListsWindow, IsNotNeededForNewEntriesOfAnOrganization)
@@ -218,16 +192,16 @@ TEST_F(ListsWindow, IsNotNeededForNewEntriesOfAnOrganization)
     messages().expectMessage(u"The city \"austin, TX\" has a position already."_s);
     journey.inDialog("frmOrganization", "mnuRecordAddNewOrganization", [&](OpenDialog& editor) {
         editor.type("txtOrganizationName", u"Harbor Office"_s);
-        addInPassing(editor, "cmdNewOrgType", u"Port"_s);
-        addInPassing(editor, "cmdNewOrgSubType", u"Fishing port"_s);
-        addInPassing(editor, "cmdNewFunction", u"Docks"_s);
-        addInPassing(editor, "cmdNewVenue", u"Harbor"_s);
-        addInPassing(editor, "cmdNewJurisdiction", u"Port area"_s);
-        addInPassing(editor, "cmdNewPopulation", u"Sailors"_s);
+        addEntry(editor, "cmdNewOrgType", u"Port"_s);
+        addEntry(editor, "cmdNewOrgSubType", u"Fishing port"_s);
+        addEntry(editor, "cmdNewFunction", u"Docks"_s);
+        addEntry(editor, "cmdNewVenue", u"Harbor"_s);
+        addEntry(editor, "cmdNewJurisdiction", u"Port area"_s);
+        addEntry(editor, "cmdNewPopulation", u"Sailors"_s);
         editor.choose("cmbState", u"TX"_s);
         editor.type("txtCity", u"austin"_s);
         editor.click("cmdNewCity");
-        addInPassing(editor, "cmdNewState", u"QX"_s);
+        addEntry(editor, "cmdNewState", u"QX"_s);
         editor.type("txtCity", u"Port Q"_s);
         inDialog(
             "frmListEntry", [&] { editor.click("cmdNewCity"); },
@@ -263,13 +237,13 @@ TEST_F(ListsWindow, IsNotNeededForNewEntriesOfADocument)
     journey.trigger("mnuViewDocuments");
     journey.select("Atlas");
     journey.inDialog("frmDocument", "mnuRecordEdit", [&](OpenDialog& editor) {
-        addInPassing(editor, "cmdNewFileType", u"Film"_s);
-        addInPassing(editor, "cmdNewDocCategory", u"Own"_s);
+        addEntry(editor, "cmdNewFileType", u"Film"_s);
+        addEntry(editor, "cmdNewDocCategory", u"Own"_s);
         inDialog(
             "frmPicList", [&] { editor.click("cmdAddDocType"); },
             [&](OpenDialog& list) {
                 list.type("txtFilter", u"stu"_s);
-                addInPassing(list, "cmdNew", u"Letter"_s);
+                addEntry(list, "cmdNew", u"Letter"_s);
                 list.click("cmdOK");
             });
         EXPECT_EQ(editor.text("lstDocTypes"), "Letter|Report|Study") << "the ticks stay";

@@ -159,17 +159,6 @@ TEST_F(NewDatabase, IsBegunFromTheHomePageAndTakesItsFirstDocument)
     EXPECT_EQ(contentOf(data + u"documents/2.pdf"_s), "paper");
 }
 
-/// Adds an entry to a list by a button of the window.
-void addEntry(OpenDialog& window, const char* button, const QString& name)
-{
-    inDialog(
-        "frmListEntry", [&] { window.click(button); },
-        [&](OpenDialog& entry) {
-            entry.type("txtName", name);
-            entry.click("cmdOK");
-        });
-}
-
 TEST_F(NewDatabase, TwoCollectionsKeepTheirOwnListsAndFilesAndBearToBeCopied)
 {
     // the map comes with the program

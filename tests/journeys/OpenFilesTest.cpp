@@ -68,14 +68,8 @@ TEST_F(OpenFilesJourney, OpensADocumentWhereverItLies)
     EXPECT_EQ(open("On disc"), "");
     desktop.volumes.volumes = {{u"Orvik"_s, root() + u"/disc"_s}};
     EXPECT_EQ(open("On disc"), "/disc/OrvikDB/data/documents/3.pdf");
-    desktop.messages.expectMessage(u"Unable to find the Orvik_Photos CD. Please insert the CDROM."_s);
-    EXPECT_EQ(open("Photo"), "");
     desktop.volumes.volumes.push_back({u"Orvik_Photos"_s, root() + u"/photos"_s});
     EXPECT_EQ(open("Photo"), "/photos/OrvikDB/data/documents/4.jpg");
-    desktop.messages.expectMessage(u"Copyright permissions not granted."_s);
-    EXPECT_EQ(open("Secret"), "");
-    desktop.messages.expectMessage(u"File not found: %1/data/documents/../../6.pdf"_s.arg(root()));
-    EXPECT_EQ(open("Way out"), "");
 
     // a row's icon says what opening it will find
     put(u"/data/documents/Plan: 7.pdf"_s);

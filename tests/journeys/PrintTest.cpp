@@ -2,13 +2,13 @@
 
 #include "Dialogs.h"
 #include "Journey.h"
+#include "support/OtherPrograms.h"
 #include "support/SizeLimit.h"
 #include "support/TestFiles.h"
 
 #include <QComboBox>
 #include <QHeaderView>
 #include <QPrinter>
-#include <QProcess>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QTest>
@@ -21,11 +21,9 @@ namespace {
 
 QString outputOf(const QString& program, const QStringList& arguments)
 {
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitCode() != 0)
-        ADD_FAILURE() << program.toStdString() << ": " << process.readAllStandardError().toStdString();
-    return QString::fromUtf8(process.readAllStandardOutput());
+    const ProgramRun run = runProgram(program, arguments);
+    EXPECT_TRUE(run.hasEndedWell) << program.toStdString() << ": " << run.errors.toStdString();
+    return QString::fromUtf8(run.output);
 }
 
 /// A PDF file as another program reads it.

@@ -20,8 +20,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {

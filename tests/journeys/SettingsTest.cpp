@@ -5,13 +5,13 @@
 #include "platform/StdREG.h"
 #include "support/TestFiles.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QDir>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
