@@ -2,6 +2,8 @@
 
 #include "GuidePictures.h"
 
+#include "Screen.h"
+
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
@@ -10,8 +12,6 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMouseEvent>
-#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QTimer>
@@ -20,7 +20,6 @@
 
 namespace {
 
-constexpr int settleMilliseconds = 400;
 constexpr int lookMilliseconds = 50;
 constexpr int patienceMilliseconds = 5000;
 constexpr int pictureMilliseconds = 3000; ///< in which a program of its own draws a page
@@ -29,53 +28,9 @@ constexpr QSize editorSize(1000, 700);
 constexpr QSize historySize(900, 480);
 constexpr int wideWindow = 1400;
 
-/// Lets the program finish what it shows.
-void settle(int milliseconds = settleMilliseconds)
-{
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
-void click(QWidget& widget, Qt::MouseButton button, const QPoint& at)
-{
-    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-        QMouseEvent event(type, at, widget.mapToGlobal(at), button,
-                          type == QEvent::MouseButtonPress ? button : Qt::NoButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&widget, &event);
-    }
-}
-
-/// A window with what pops up over it.
-QPixmap withPopup(QWidget& window, QWidget& popup)
-{
-    QPixmap picture = window.grab();
-    QPainter painter(&picture);
-    const QPoint at = window.mapFromGlobal(popup.mapToGlobal(QPoint()));
-    painter.drawPixmap(at, popup.grab());
-    painter.setPen(popup.palette().color(QPalette::Mid));
-    painter.drawRect(QRect(at, popup.size()).adjusted(0, 0, -1, -1));
-    return picture;
-}
-
-QWidget* visibleDialog(const QString& name)
-{
-    for (QWidget* widget : QApplication::topLevelWidgets())
-        if (widget->objectName() == name && widget->isVisible()) return widget;
-    return nullptr;
-}
-
-/// Ticks the entries of these names in a list.
-void tick(QAbstractItemView& list, const QStringList& names)
-{
-    QAbstractItemModel& model = *list.model();
-    for (int row = 0; row < model.rowCount(); ++row) {
-        const QModelIndex index = model.index(row, 0);
-        if (names.contains(index.data().toString())) model.setData(index, Qt::Checked, Qt::CheckStateRole);
-    }
-}
-
 } // namespace
+
+using namespace Screen;
 
 QStringList GuidePictures::takeAll()
 {
