@@ -197,7 +197,7 @@ void addTexts(SQLite::Database& index, int count)
 /// Makes the index of a large database, with a file for each document.
 QString indexOf(int documents)
 {
-    const QString path = FileTextIndex::pathOf(largeDatabase(documents));
+    QString path = FileTextIndex::pathOf(largeDatabase(documents));
     if (QFile::exists(path)) return path;
     SQLite::Database database(largeDatabase(documents).toStdString(), SQLite::OPEN_READWRITE);
     database.exec("UPDATE Document SET FileLocation = DocumentID || '.pdf'");
