@@ -21,6 +21,7 @@ namespace {
 
 constexpr int captionPadding = 12; ///< pixels, of the style below and of the table
 constexpr int smallestWidth = 240;
+constexpr double widestCaptions = smallestWidth / 2.0; ///< of other languages, too, since values need room
 
 QString pageStyle()
 {
@@ -120,6 +121,7 @@ void DetailsPane::setPage(const QString& html)
     m_text->setHtml(html);
     // never narrower than it was: the values stay where they are from record to record
     m_captionWidth = std::max(m_captionWidth, widestCaption(*m_text->document(), m_text->font()));
+    m_captionWidth = std::min(m_captionWidth, widestCaptions);
     alignSheetValues(*m_text->document(),
                      QTextLength(QTextLength::FixedLength, m_captionWidth + captionPadding),
                      QTextLength(QTextLength::VariableLength, 0));

@@ -101,7 +101,8 @@ void appendRecordSheet(RecordKind kind, const std::vector<ExportField>& fields, 
         }
     }
     if (name.empty()) name = FieldTexts::withoutName(record.identifier).toStdString();
-    html += "<h2 id=\"" + sheetAnchor(record.identifier) + "\">";
+    // QTextDocument draws the first letter of an anchor apart from the others
+    html += addressOf ? "<h2>" : "<h2 id=\"" + sheetAnchor(record.identifier) + "\">";
     HtmlText::appendLines(name, html);
     html += "</h2>\n";
     if (!rows.empty()) html += "<table class=\"fields\">\n" + rows + "</table>\n";

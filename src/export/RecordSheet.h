@@ -19,5 +19,5 @@ using RecordAddress = std::function<std::string(RecordKind kind, qint64 identifi
 void appendRecordSheet(RecordKind kind, const std::vector<ExportField>& fields, const ExportedRecord& record,
                        std::string& html, const RecordAddress& addressOf = {});
 
-/// The `id` of the name of a record's sheet.
+/// The `id` of the name of a record's sheet; one with addresses has none.
 [[nodiscard]] std::string sheetAnchor(qint64 identifier);
