@@ -24,7 +24,7 @@ th, td { border-bottom: 1px solid rgba(128, 128, 128, 0.4); padding: 0.3em 0.6em
 td { white-space: pre-wrap; }
 .list th, .list td { overflow-wrap: break-word; }
 .list th:first-child { width: 35%; }
-.list th, :target { background: rgba(128, 128, 128, 0.15); }
+.list th, :target h2 { background: rgba(128, 128, 128, 0.15); }
 .fields th { width: 11em; font-weight: normal; opacity: 0.75; }
 .sheet { margin: 2.5em 0; }
 .back { margin: 0.5em 0; font-size: 0.9em; }
@@ -142,9 +142,11 @@ private:
         m_html += "</p>\n";
     }
 
+    static std::string sheetAnchor(qint64 identifier) { return "record-" + std::to_string(identifier); }
+
     void addSheet(const ExportedRecord& record)
     {
-        m_html += "<div class=\"sheet\">\n";
+        m_html += "<div class=\"sheet\" id=\"" + sheetAnchor(record.identifier) + "\">\n";
         appendRecordSheet(m_order.kind, m_order.fields, record, m_html);
         m_html += "<p class=\"back\"><a href=\"#list\">";
         HtmlText::append(ExportTexts::tr("Back to the list").toStdString(), m_html);

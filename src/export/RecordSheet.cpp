@@ -101,14 +101,8 @@ void appendRecordSheet(RecordKind kind, const std::vector<ExportField>& fields, 
         }
     }
     if (name.empty()) name = FieldTexts::withoutName(record.identifier).toStdString();
-    // QTextDocument draws the first letter of an anchor apart from the others
-    html += addressOf ? "<h2>" : "<h2 id=\"" + sheetAnchor(record.identifier) + "\">";
+    html += "<h2>";
     HtmlText::appendLines(name, html);
     html += "</h2>\n";
     if (!rows.empty()) html += "<table class=\"fields\">\n" + rows + "</table>\n";
-}
-
-std::string sheetAnchor(qint64 identifier)
-{
-    return "record-" + std::to_string(identifier);
 }

@@ -18,6 +18,3 @@ using RecordAddress = std::function<std::string(RecordKind kind, qint64 identifi
 /// leaves its looks to a style sheet.
 void appendRecordSheet(RecordKind kind, const std::vector<ExportField>& fields, const ExportedRecord& record,
                        std::string& html, const RecordAddress& addressOf = {});
-
-/// The `id` of the name of a record's sheet; one with addresses has none.
-[[nodiscard]] std::string sheetAnchor(qint64 identifier);
