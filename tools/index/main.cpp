@@ -11,6 +11,7 @@
 
 #include <cstdio>
 #include <exception>
+#include <string_view>
 
 #ifdef Q_OS_UNIX
 #include <sys/resource.h>
@@ -74,8 +75,6 @@ int printPageText(const QString& file)
 
 int run(const QStringList& arguments)
 {
-    const bool isText = arguments.size() == 2 && arguments.at(0) == QStringLiteral("--text");
-    if (isText) return printPageText(arguments.at(1));
     if (arguments.size() == 2 && FileTextIndex::isPath(arguments.at(0))) {
         stepBack();
         return makeIndex(arguments.at(0), arguments.at(1));
@@ -89,8 +88,11 @@ int run(const QStringList& arguments)
 
 int main(int argumentCount, char** arguments)
 {
-    const QCoreApplication application(argumentCount, arguments);
     try {
+        // for each of thousands of pages, so without what it does not need
+        const bool isText = argumentCount == 3 && std::string_view(arguments[1]) == "--text";
+        if (isText) return printPageText(QFile::decodeName(arguments[2]));
+        const QCoreApplication application(argumentCount, arguments);
         return run(QCoreApplication::arguments().sliced(1));
     } catch (const Error& error) {
         std::fprintf(stderr, "orvik-index: %s\n", error.description().toUtf8().constData());
