@@ -28,7 +28,7 @@ void MapCanvas::setStates(StatesLayer layer)
 void MapCanvas::setPlaces(const std::vector<clsCities>& places)
 {
     m_markers.set(places);
-    m_states.setMarkers(m_markers.positions());
+    m_states.setObstacles(m_markers.obstacles());
     m_ringed.reset();
     QAccessibleTableModelChangeEvent changed(this, QAccessibleTableModelChangeEvent::ModelReset);
     QAccessible::updateAccessibility(&changed);

@@ -48,6 +48,15 @@ void PlaceMarkers::set(const std::vector<clsCities>& places)
     std::reverse(m_topmost.begin(), m_topmost.end());
 }
 
+std::vector<MapObstacle> PlaceMarkers::obstacles() const
+{
+    std::vector<MapObstacle> obstacles;
+    obstacles.reserve(m_topmost.size());
+    for (const std::size_t entry : m_topmost)
+        obstacles.push_back({m_positions[entry], largestMarker / 2});
+    return obstacles;
+}
+
 std::optional<std::size_t> PlaceMarkers::entryAt(QPointF screen, const MapExtent& extent) const
 {
     return markerAt(m_positions, extent.toPlane(screen), extent.scale(),

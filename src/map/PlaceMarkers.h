@@ -4,6 +4,7 @@
 
 #include "map/MapExtent.h"
 #include "map/MarkerPictures.h"
+#include "map/StatesPicture.h"
 #include "views/clsCities.h"
 
 #include <QColor>
@@ -28,6 +29,9 @@ public:
 
     /// The positions of the markers in the plane of the map, by entry.
     [[nodiscard]] const std::vector<QPointF>& positions() const { return m_positions; }
+
+    /// What names of states keep clear of.
+    [[nodiscard]] std::vector<MapObstacle> obstacles() const;
 
     [[nodiscard]] QPointF position(std::size_t entry) const { return m_positions.at(entry); }
 

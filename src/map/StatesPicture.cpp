@@ -8,13 +8,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 #include <utility>
 
 namespace {
 
 /// Of the picture around what is in sight, in logical pixels.
 constexpr double margin = 160;
-constexpr double widestMarker = 14;
 const QColor stateColour(192, 192, 192);
 const QColor borderColour(112, 112, 112);
 const QColor nameColour(64, 64, 64);
@@ -27,29 +27,29 @@ void StatesPicture::setLayer(StatesLayer layer)
     forget();
 }
 
-void StatesPicture::setMarkers(std::vector<QPointF> markers)
+void StatesPicture::setObstacles(std::vector<MapObstacle> obstacles)
 {
-    m_markers = std::move(markers);
+    m_obstacles = std::move(obstacles);
     // many organizations stand at one place
-    const auto place = [](const QPointF& marker) { return std::pair(marker.x(), marker.y()); };
-    std::ranges::sort(m_markers, {}, place);
-    m_markers.erase(std::unique(m_markers.begin(), m_markers.end(),
-                                [place](const QPointF& a, const QPointF& b) { return place(a) == place(b); }),
-                    m_markers.end());
+    std::ranges::sort(m_obstacles, {}, [](const MapObstacle& obstacle) {
+        return std::tuple(obstacle.place.x(), obstacle.place.y(), obstacle.radius);
+    });
+    m_obstacles.erase(std::unique(m_obstacles.begin(), m_obstacles.end()), m_obstacles.end());
     forget();
 }
 
-/// Returns the markers within the bounds of a state, in the pixels of the picture, from top to bottom.
-std::vector<QPointF> StatesPicture::markersIn(const StateShape& state, const MapPicture& frame) const
+/// Returns the obstacles within the bounds of a state, in the pixels of the picture, from top to bottom.
+std::vector<MapObstacle> StatesPicture::obstaclesIn(const StateShape& state, const MapPicture& frame) const
 {
-    std::vector<QPointF> found;
-    const auto x = [](const QPointF& marker) { return marker.x(); };
-    const auto first = std::ranges::lower_bound(m_markers, state.bounds.left(), {}, x);
-    const auto last = std::ranges::upper_bound(m_markers, state.bounds.right(), {}, x);
-    for (auto marker = first; marker != last; ++marker) {
-        if (state.bounds.contains(*marker)) found.push_back(frame.toPixels(*marker));
+    std::vector<MapObstacle> found;
+    const auto x = [](const MapObstacle& obstacle) { return obstacle.place.x(); };
+    const auto first = std::ranges::lower_bound(m_obstacles, state.bounds.left(), {}, x);
+    const auto last = std::ranges::upper_bound(m_obstacles, state.bounds.right(), {}, x);
+    for (auto obstacle = first; obstacle != last; ++obstacle) {
+        if (state.bounds.contains(obstacle->place))
+            found.push_back({frame.toPixels(obstacle->place), obstacle->radius});
     }
-    std::ranges::sort(found, {}, [](const QPointF& marker) { return marker.y(); });
+    std::ranges::sort(found, {}, [](const MapObstacle& obstacle) { return obstacle.place.y(); });
     return found;
 }
 
@@ -120,14 +120,18 @@ void StatesPicture::drawNames(QPainter& painter, const MapPicture& frame, double
     painter.setFont(small);
     painter.setPen(nameColour);
     const QFontMetricsF metrics(small);
-    const QSizeF marker = QSizeF(widestMarker, widestMarker) * ratio;
     for (const StateShape& state : m_layer.states()) {
-        const std::vector<QPointF> markers = markersIn(state, frame);
+        std::vector<QPointF> obstacles;
+        double widest = 0;
+        for (const MapObstacle& obstacle : obstaclesIn(state, frame)) {
+            obstacles.push_back(obstacle.place);
+            widest = std::max(widest, 2 * obstacle.radius * ratio);
+        }
         for (const QString& text : {state.name, state.letters}) {
             const QSizeF size(metrics.horizontalAdvance(text) + 6 * ratio, metrics.height());
             // a text with half a marker on each side of it is clear of markers
-            const QSizeF clear = markers.empty() ? size : size + marker;
-            const auto middle = text.isEmpty() ? std::nullopt : roomFor(state, frame, clear, markers);
+            const QSizeF clear = size + QSizeF(widest, widest);
+            const auto middle = text.isEmpty() ? std::nullopt : roomFor(state, frame, clear, obstacles);
             if (!middle) continue;
             QRectF place(QPointF(), size);
             place.moveCenter(*middle);

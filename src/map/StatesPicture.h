@@ -12,6 +12,15 @@
 
 class QPainter;
 
+/// A marker that names of states keep clear of.
+struct MapObstacle
+{
+    QPointF place;     ///< in the plane
+    double radius = 0; ///< pixels
+
+    friend bool operator==(const MapObstacle&, const MapObstacle&) = default;
+};
+
 /// The states as a picture somewhat larger than the widget, so that dragging the map only moves it. Borders
 /// and names are drawn anew at every zoom, in device pixels.
 class StatesPicture
@@ -20,8 +29,8 @@ public:
     void setLayer(StatesLayer layer);
     [[nodiscard]] const StatesLayer& layer() const { return m_layer; }
 
-    /// Takes the points of the plane that names must keep clear of.
-    void setMarkers(std::vector<QPointF> markers);
+    /// Takes what names must keep clear of.
+    void setObstacles(std::vector<MapObstacle> obstacles);
 
     /// Paints the part that the extent shows, at the painter's origin.
     void paint(QPainter& painter, const MapExtent& extent, const QPalette& palette, const QFont& font);
@@ -46,10 +55,11 @@ private:
     void drawNames(QPainter& painter, const MapPicture& frame, double ratio, const QFont& font,
                    Edges edges) const;
 
-    [[nodiscard]] std::vector<QPointF> markersIn(const StateShape& state, const MapPicture& frame) const;
+    [[nodiscard]] std::vector<MapObstacle> obstaclesIn(const StateShape& state,
+                                                       const MapPicture& frame) const;
 
     StatesLayer m_layer;
-    std::vector<QPointF> m_markers; ///< in the plane, each point once, from left to right
+    std::vector<MapObstacle> m_obstacles; ///< each once, from left to right
     QPixmap m_picture;
     MapPicture m_frame; ///< in device pixels
 };

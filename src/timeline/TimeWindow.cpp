@@ -111,3 +111,16 @@ void TimeWindow::moveTo(Moment moment)
 {
     m_currentTime = std::max(moment, m_limits.timelineStart);
 }
+
+void TimeWindow::moveWithin(Moment leftEdge)
+{
+    m_currentTime = std::max(std::min(leftEdge, latestLeftEdge()), m_limits.timelineStart);
+}
+
+void TimeWindow::setLevel(int zoomFactor)
+{
+    while (m_zoomFactor < zoomFactor && m_canZoomOut)
+        ZoomOut();
+    while (m_zoomFactor > zoomFactor && m_canZoomIn)
+        ZoomIn();
+}

@@ -49,6 +49,12 @@ public:
     /// the end.
     void moveTo(Moment moment);
 
+    /// Puts the left edge at a moment, or as near as the limits allow.
+    void moveWithin(Moment leftEdge);
+
+    /// Goes to a level, or as near as zooming in and out comes to it.
+    void setLevel(int zoomFactor);
+
 private:
     [[nodiscard]] Minutes length() const;
     [[nodiscard]] Moment latestLeftEdge() const { return m_limits.timelineEnd - length(); }

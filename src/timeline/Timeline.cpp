@@ -132,6 +132,14 @@ void Timeline::ZoomOut()
     if (m_window.canZoomOut()) navigate(&TimeWindow::ZoomOut);
 }
 
+void Timeline::showPeriod(Moment leftEdge, int zoomFactor)
+{
+    const TimeWindow before = m_window;
+    m_window.setLevel(zoomFactor);
+    m_window.moveWithin(leftEdge);
+    refresh(before);
+}
+
 void Timeline::VScroll1_Change(int value)
 {
     const bool done = runProcedure(m_messages, QStringLiteral("searchByTimeConstraint"), [this, value] {

@@ -61,6 +61,9 @@ public:
     void ZoomIn();
     void ZoomOut();
 
+    /// Shows the window that begins at a moment, at a level; or the nearest to it that the limits allow.
+    void showPeriod(Moment leftEdge, int zoomFactor);
+
     /// Shows the lanes from the event at a position on.
     void VScroll1_Change(int value);
 

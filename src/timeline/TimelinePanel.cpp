@@ -4,6 +4,7 @@
 
 #include "timeline/EventMarker.h"
 #include "timeline/RulerStrip.h"
+#include "timeline/TimelineBand.h"
 #include "timeline/TimelineColours.h"
 #include "timeline/TimelinePicture.h"
 #include "widgets/IconSet.h"
@@ -44,6 +45,7 @@ TimelinePanel::TimelinePanel(DatabaseSession& session, ViewHistory& history, con
 void TimelinePanel::makeParts()
 {
     m_picture = new TimelinePicture(m_timeline, this);
+    m_band = new TimelineBand(m_timeline, this);
     m_ruler = new RulerStrip(m_timeline, this);
     m_scrollBar = new QScrollBar(Qt::Vertical, this);
     m_scrollBar->setObjectName(QStringLiteral("VScroll1"));
@@ -57,12 +59,17 @@ void TimelinePanel::makeParts()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(makeButtons(), 0, 0, 1, 2);
-    layout->addWidget(m_ruler, 1, 0);
-    layout->addWidget(m_picture, 2, 0);
-    layout->addWidget(m_scrollBar, 2, 1);
+    layout->addWidget(m_band, 1, 0);
+    layout->addWidget(m_ruler, 2, 0);
+    layout->addWidget(m_picture, 3, 0);
+    layout->addWidget(m_scrollBar, 3, 1);
     layout->setColumnStretch(0, 1);
     setFocusProxy(m_picture);
 
+    connect(m_band, &TimelineBand::periodChosen, this, [this](Moment leftEdge, int zoomFactor) {
+        m_timeline.showPeriod(leftEdge, zoomFactor);
+        showAll();
+    });
     connect(m_scrollBar, &QScrollBar::valueChanged, this, [this](int value) {
         m_timeline.VScroll1_Change(value);
         showAll();
@@ -203,6 +210,7 @@ void TimelinePanel::showAll()
     m_zoomLabel->setText(TimelineScale::zoomName(window.zoomFactor()));
     m_zoomIn->setEnabled(window.canZoomIn());
     m_zoomOut->setEnabled(window.canZoomOut());
+    m_band->showWindow();
     m_ruler->showRuler();
     m_picture->showLanes();
 }

@@ -13,6 +13,7 @@ class QScrollBar;
 class QToolButton;
 class PictureLegend;
 class RulerStrip;
+class TimelineBand;
 class TimelinePicture;
 
 /// The timeline beside the list of events: the ruler, the lanes with their scroll bar, and the buttons that
@@ -79,6 +80,7 @@ private:
 
     Timeline m_timeline;
     TimelinePicture* m_picture = nullptr;
+    TimelineBand* m_band = nullptr;
     RulerStrip* m_ruler = nullptr;
     QScrollBar* m_scrollBar = nullptr;
     QToolButton* m_zoomIn = nullptr;
