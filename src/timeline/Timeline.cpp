@@ -36,6 +36,7 @@ Timeline::Timeline(DatabaseSession& session, ViewHistory& history, const Clock& 
 void Timeline::mainLoad()
 {
     m_events.clear();
+    m_density = std::make_shared<EventDensity>();
     m_scroll = {};
     TimelineLimits limits = today(m_clock.now());
     if (m_session.isOpen()) {
@@ -53,11 +54,23 @@ void Timeline::drawTimeline()
     try {
         events = m_events.read(*m_history.graphicQuery(), m_window);
     } catch (const std::exception&) {
+        m_density = std::make_shared<EventDensity>();
         return;
     }
     const bool done =
         runProcedure(m_messages, QStringLiteral("searchByTimeConstraint"), [&] { take(std::move(events)); });
     if (done) DisplayRecords();
+    readDensity();
+}
+
+/// A failure leaves none: the list reads the same view and reports it.
+void Timeline::readDensity()
+{
+    try {
+        m_density = std::make_shared<EventDensity>(EventDensity::read(m_session, *m_history.graphicQuery()));
+    } catch (const std::exception&) {
+        m_density = std::make_shared<EventDensity>();
+    }
 }
 
 void Timeline::updateTimeline(std::optional<Moment> savedStart)
@@ -187,6 +200,17 @@ void Timeline::showSelected()
     try {
         drawLanes();
     } catch (const std::exception&) {
+    }
+}
+
+std::optional<Moment> Timeline::firstStartFrom(Moment moment) const
+{
+    if (!showsEvents()) return std::nullopt;
+    try {
+        const auto event = m_events.firstFrom(*m_history.graphicQuery(), moment);
+        return event ? std::optional(event->start) : std::nullopt;
+    } catch (const std::exception&) {
+        return std::nullopt;
     }
 }
 
