@@ -64,7 +64,8 @@ private:
     int m_item;
 };
 
-/// The widget with its items as children, each made when it is asked for.
+/// The widget with its items as children, each made when it is asked for. While it has no items, its children
+/// are widgets as elsewhere: links may stand in their place.
 class ListInterface final : public QAccessibleWidget
 {
 public:
@@ -75,9 +76,13 @@ public:
             QAccessible::deleteAccessibleInterface(identifier);
     }
 
-    [[nodiscard]] int childCount() const override { return items().accessibleItemCount(); }
+    [[nodiscard]] int childCount() const override
+    {
+        return hasItems() ? items().accessibleItemCount() : QAccessibleWidget::childCount();
+    }
     [[nodiscard]] QAccessibleInterface* child(int index) const override
     {
+        if (!hasItems()) return QAccessibleWidget::child(index);
         if (index < 0 || index >= childCount()) return nullptr;
         const auto known = m_children.find(index);
         if (known != m_children.end()) return QAccessible::accessibleInterface(known->second);
@@ -90,10 +95,11 @@ public:
         for (const auto& [item, identifier] : m_children) {
             if (QAccessible::accessibleInterface(identifier) == wanted) return item;
         }
-        return -1;
+        return hasItems() ? -1 : QAccessibleWidget::indexOfChild(wanted);
     }
     [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override
     {
+        if (!hasItems()) return QAccessibleWidget::childAt(x, y);
         const QPoint point = widget()->mapFromGlobal(QPoint(x, y));
         for (int item = childCount() - 1; item >= 0; --item) {
             if (items().accessibleItemRect(item).contains(point)) return child(item);
@@ -102,10 +108,11 @@ public:
     }
     [[nodiscard]] QAccessibleInterface* focusChild() const override
     {
-        return child(items().accessibleCurrentItem());
+        return hasItems() ? child(items().accessibleCurrentItem()) : QAccessibleWidget::focusChild();
     }
 
 private:
+    [[nodiscard]] bool hasItems() const { return items().accessibleItemCount() > 0; }
     [[nodiscard]] const AccessibleItems& items() const
     {
         return *dynamic_cast<const AccessibleItems*>(widget());
