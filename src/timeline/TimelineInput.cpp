@@ -20,8 +20,6 @@ TimelineInput::TimelineInput(Timeline& timeline, const std::vector<QWidget*>& st
     : QObject(&panel), m_timeline(timeline), m_panel(panel)
 {
     panel.installEventFilter(this);
-    // for the moves after a release that went to another window
-    panel.setMouseTracking(true);
     for (QWidget* part : strip)
         part->installEventFilter(this);
 }
@@ -145,6 +143,8 @@ void TimelineInput::beginDrag(const QMouseEvent& event)
 {
     const QPoint place = m_panel.mapFromGlobal(event.globalPosition().toPoint());
     m_drag = Drag{place.x(), m_timeline.window().currentTime()};
+    // to hear of moves after a release that went to another window
+    m_panel.setMouseTracking(true);
     m_panel.grabMouse(Qt::ClosedHandCursor);
 }
 
@@ -161,5 +161,6 @@ void TimelineInput::endDrag()
 {
     if (!m_drag) return;
     m_drag.reset();
+    m_panel.setMouseTracking(false);
     m_panel.releaseMouse();
 }

@@ -133,6 +133,11 @@ int TimelinePicture::accessibleCurrentItem() const
     return selected == lanes.end() ? -1 : static_cast<int>(selected - lanes.begin());
 }
 
+bool TimelinePicture::accessibleShowsWidgets() const
+{
+    return m_timeline.isEmpty();
+}
+
 /// Tells screen readers of another event that the keys have gone to.
 void TimelinePicture::announceSelected()
 {

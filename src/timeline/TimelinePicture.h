@@ -39,6 +39,7 @@ public:
     [[nodiscard]] QString accessibleItemName(int item) const override;
     [[nodiscard]] QRect accessibleItemRect(int item) const override;
     [[nodiscard]] int accessibleCurrentItem() const override;
+    [[nodiscard]] bool accessibleShowsWidgets() const override;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;

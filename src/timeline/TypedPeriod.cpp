@@ -79,8 +79,10 @@ TypedPeriod readTypedPeriod(const QString& text, const QDateTime& now, const Tim
     }
     const QStringList parts = partsOf(typed);
     if (parts.isEmpty()) {
-        return {0, TimelineTexts::tr(
-                       "Type a year, a month or a day, such as 2005, 08/2005 or 08/29/2005, or now.")};
+        return {
+            0,
+            TimelineTexts::tr(
+                "This is not a date. Type a year, a month or a day, such as 2005, 08/2005 or 08/29/2005.")};
     }
     const Days days = daysOf(parts);
     if (!days.first.isValid()) {

@@ -28,7 +28,7 @@ frmGoToDate::frmGoToDate(Timeline& timeline, QWidget* parent)
 
 void frmGoToDate::layOut()
 {
-    auto* hint = new QLabel(tr("A year, a month or a day: 2005, 08/2005 or 08/29/2005. Or now."), this);
+    auto* hint = new QLabel(tr("Such as 2005, 08/2005, 08/29/2005 or now"), this);
     txtDate->setAccessibleDescription(hint->text());
     auto* form = new QFormLayout;
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);

@@ -64,8 +64,7 @@ private:
     int m_item;
 };
 
-/// The widget with its items as children, each made when it is asked for. While it has no items, its children
-/// are widgets as elsewhere: links may stand in their place.
+/// The widget with its items as children, each made when it is asked for.
 class ListInterface final : public QAccessibleWidget
 {
 public:
@@ -112,7 +111,7 @@ public:
     }
 
 private:
-    [[nodiscard]] bool hasItems() const { return items().accessibleItemCount() > 0; }
+    [[nodiscard]] bool hasItems() const { return !items().accessibleShowsWidgets(); }
     [[nodiscard]] const AccessibleItems& items() const
     {
         return *dynamic_cast<const AccessibleItems*>(widget());

@@ -44,7 +44,7 @@ TEST(TypedPeriod, SaysWhatIsWrong)
     for (const char* text : {"", "soon", "08/29/04", "8/2004/29", "20040", "2004/", "2004 08", "-2004",
                              "1/2/3/2004", "08/029/2004"})
         EXPECT_EQ(outcomeOf(text),
-                  "Type a year, a month or a day, such as 2005, 08/2005 or 08/29/2005, or now.")
+                  "This is not a date. Type a year, a month or a day, such as 2005, 08/2005 or 08/29/2005.")
             << text;
     for (const std::string text : {"02/30/2004", "29/08/2004", "13/2004", "0/2004", "2004-08-00", "0000"})
         EXPECT_EQ(outcomeOf(text.c_str()), "There is no date " + text + ". The month stands before the day.");
