@@ -40,6 +40,9 @@ void CommandStates::enableViewCommands(const QString& noList) const
                             commands.mnuViewGraphicBelow, commands.mnuViewDetails}) {
         enableUnless(*action, noList);
     }
+    const bool showsEvents = m_at.list.kind() == RecordKind::Event;
+    enableUnless(*commands.mnuNavigateGoToDate,
+                 noList.isEmpty() && !showsEvents ? tr("The timeline is shown with events only.") : noList);
     const bool isWhole = !noList.isEmpty() || !m_at.list.isFilling();
     for (QAction* action : {commands.mnuRecordExport, commands.mnuRecordPrint, commands.mnuViewCopyPicture,
                             commands.mnuViewSavePicture})

@@ -148,6 +148,7 @@ void frmMain::connectCommands()
         if (!m_state.history.goForward()) m_platform.messages.beep();
     });
     on(m_commands->mnuNavigateHome, [this] { viewHome(); });
+    on(m_commands->mnuNavigateGoToDate, [this] { m_graphics->timeline().goToDate(); });
     on(m_commands->mnuNavigateSettings, [this] {
         if (m_settings->change(*this) && m_pages->showsList()) m_pages->refresh();
     });
