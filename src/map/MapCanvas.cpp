@@ -89,7 +89,9 @@ void MapCanvas::zoomOut()
 
 void MapCanvas::showFullExtent()
 {
-    m_extent.fit(hasStates() ? m_states.layer().fullExtent() : MapProjection::contiguousStates());
+    const StatesLayer& layer = m_states.layer();
+    m_extent.fitWithInsets(hasStates() ? layer.fullExtent() : MapProjection::contiguousStates(),
+                           layer.insets(m_markers.positions()));
     update();
 }
 

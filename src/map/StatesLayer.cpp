@@ -63,6 +63,15 @@ QPointF widestPlace(const PlaneRing& ring)
     return best;
 }
 
+/// Returns the inset that a state belongs into, or null.
+const InsetState* insetOf(const StateShape& state)
+{
+    const auto& insets = insetStates();
+    const auto found = std::ranges::find_if(
+        insets, [&](const InsetState& inset) { return inset.bounds.contains(state.bounds.center()); });
+    return found == insets.end() ? nullptr : &*found;
+}
+
 } // namespace
 
 std::vector<std::pair<double, double>> chords(const PlaneRing& ring, double y)
@@ -109,4 +118,21 @@ StatesLayer::StatesLayer(const std::vector<ShapeRecord>& records)
     for (const StateShape& state : m_states) {
         if (large.adjusted(-off, -off, off, off).contains(state.bounds)) m_fullExtent |= state.bounds;
     }
+}
+
+std::vector<InsetState> StatesLayer::insets(const std::vector<QPointF>& places) const
+{
+    const auto isBeyond = [&](const StateShape& state) {
+        return m_fullExtent.contains(state.bounds) && !insetOf(state) &&
+               !MapProjection::contiguousStates().contains(state.bounds);
+    };
+    if (std::ranges::any_of(m_states, isBeyond)) return {};
+    std::vector<InsetState> found;
+    for (const InsetState& inset : insetStates()) {
+        const auto isShown = [&](const StateShape& state) { return insetOf(state) == &inset; };
+        const auto isThere = [&](QPointF place) { return inset.bounds.contains(place); };
+        if (std::ranges::any_of(m_states, isShown) || std::ranges::any_of(places, isThere))
+            found.push_back(inset);
+    }
+    return found;
 }

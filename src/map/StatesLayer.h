@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "map/MapInsets.h"
 #include "map/ShapeFile.h"
 
 #include <QPointF>
@@ -35,6 +36,10 @@ public:
     /// The bounds of all shapes but small ones far off, which would shrink the rest to a patch; those of the
     /// 48 contiguous states if the layer is empty.
     [[nodiscard]] const QRectF& fullExtent() const { return m_fullExtent; }
+
+    /// Returns the states for insets that have a shape here or one of the places, which are points of the
+    /// plane; none if the full extent has more than these and the 48 contiguous states.
+    [[nodiscard]] std::vector<InsetState> insets(const std::vector<QPointF>& places) const;
 
 private:
     std::vector<StateShape> m_states;

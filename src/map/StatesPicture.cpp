@@ -2,6 +2,8 @@
 
 #include "map/StatesPicture.h"
 
+#include "widgets/Paper.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
@@ -16,8 +18,32 @@ namespace {
 /// Of the picture around what is in sight, in logical pixels.
 constexpr double margin = 160;
 const QColor stateColour(192, 192, 192);
-const QColor borderColour(112, 112, 112);
-const QColor nameColour(64, 64, 64);
+const QColor borderColour(226, 226, 226);
+const QColor nameColour(72, 72, 72);
+
+QFont nameFont(const QFont& font, double ratio)
+{
+    QFont small(font);
+    small.setPixelSize(static_cast<int>(std::round(QFontMetricsF(font).height() * 0.72 * ratio)));
+    return small;
+}
+
+/// Draws states in the pixels of a picture.
+void drawOutlines(QPainter& painter, const std::vector<const StateShape*>& states, const MapPicture& picture,
+                  double ratio, double beyond)
+{
+    QPainterPath areas;
+    areas.setFillRule(Qt::OddEvenFill);
+    for (const StateShape* state : states) {
+        for (const auto& ring : outlines(*state, picture, beyond))
+            areas.addPolygon(QPolygonF(QList<QPointF>(ring.begin(), ring.end())));
+    }
+    areas.closeSubpath();
+    QPen pen(borderColour, ratio);
+    pen.setJoinStyle(Qt::BevelJoin);
+    painter.fillPath(areas, stateColour);
+    painter.strokePath(areas, pen);
+}
 
 } // namespace
 
@@ -66,7 +92,8 @@ void StatesPicture::paint(QPainter& painter, const MapExtent& extent, const QPal
     const QSizeF sightSize = extent.size() * ratio;
     const auto corner = [&] { return m_frame.toPixels(extent.toPlane(QPointF())).toPoint(); };
     const bool fits = !m_picture.isNull() && m_picture.devicePixelRatio() == ratio &&
-                      m_frame.scale == scale && covers(QRectF(corner(), sightSize));
+                      m_insets == extent.insets() && m_frame.scale == scale &&
+                      covers(QRectF(corner(), sightSize));
     if (!fits) render(extent, palette, font, ratio);
     painter.drawPixmap(QPointF(), m_picture, QRectF(corner(), sightSize));
 }
@@ -78,49 +105,79 @@ void StatesPicture::render(const MapExtent& extent, const QPalette& palette, con
     const QSize size(static_cast<int>(std::ceil((extent.size().width() + 2 * margin) * devicePixelRatio)),
                      static_cast<int>(std::ceil((extent.size().height() + 2 * margin) * devicePixelRatio)));
     m_frame = {extent.toPlane(-outside), extent.scale() / devicePixelRatio, size};
+    m_insets = extent.insets();
     if (m_picture.size() != size) m_picture = QPixmap(size);
     m_picture.setDevicePixelRatio(devicePixelRatio);
-    m_picture.fill(palette.color(QPalette::Base));
     QPainter painter(&m_picture);
     // outlines and places of names are in device pixels
     painter.scale(1 / devicePixelRatio, 1 / devicePixelRatio);
-    drawStates(painter, m_frame, devicePixelRatio, Edges::CutOff);
-    drawNames(painter, m_frame, devicePixelRatio, font, Edges::CutOff);
+    drawAll(painter, extent,
+            {m_frame, devicePixelRatio, outOfSight, outside * devicePixelRatio, palette, font});
 }
 
 void StatesPicture::draw(QPainter& painter, const MapExtent& extent, const QFont& font) const
 {
     const MapPicture frame{extent.toPlane(QPointF()), extent.scale(), extent.size()};
-    painter.fillRect(QRectF(QPointF(), frame.size), Qt::white);
-    drawStates(painter, frame, 1, Edges::Kept);
-    drawNames(painter, frame, 1, font, Edges::Kept);
+    drawAll(painter, extent, {frame, 1, 0, QPointF(), Paper::palette(), font});
 }
 
-void StatesPicture::drawStates(QPainter& painter, const MapPicture& frame, double ratio, Edges edges) const
+void StatesPicture::drawAll(QPainter& painter, const MapExtent& extent, const Sheet& sheet) const
 {
+    painter.fillRect(QRectF(QPointF(), sheet.frame.size), sheet.palette.base());
     painter.setRenderHint(QPainter::Antialiasing);
-    QPainterPath areas;
-    areas.setFillRule(Qt::OddEvenFill);
-    for (const StateShape& state : m_layer.states()) {
-        for (const auto& ring : outlines(state, frame, edges == Edges::Kept ? 0 : outOfSight))
-            areas.addPolygon(QPolygonF(QList<QPointF>(ring.begin(), ring.end())));
-    }
-    areas.closeSubpath();
-    QPen pen(borderColour, ratio);
-    pen.setJoinStyle(Qt::BevelJoin);
-    painter.fillPath(areas, stateColour);
-    painter.strokePath(areas, pen);
+    const States states = statesIn(extent, std::nullopt);
+    drawOutlines(painter, states, sheet.frame, sheet.ratio, sheet.beyond);
+    drawNames(painter, states, sheet);
+    for (std::size_t inset = 0; inset < extent.insets().size(); ++inset)
+        drawInset(painter, extent.insets()[inset], statesIn(extent, inset), sheet);
 }
 
-void StatesPicture::drawNames(QPainter& painter, const MapPicture& frame, double ratio, const QFont& font,
-                              Edges edges) const
+/// Returns the states that an inset shows, or those that none shows.
+StatesPicture::States StatesPicture::statesIn(const MapExtent& extent, std::optional<std::size_t> inset) const
 {
-    QFont small(font);
-    small.setPixelSize(static_cast<int>(std::round(QFontMetricsF(font).height() * 0.72 * ratio)));
+    States found;
+    for (const StateShape& state : m_layer.states()) {
+        if (extent.insetOf(state.bounds.center()) == inset) found.push_back(&state);
+    }
+    return found;
+}
+
+void StatesPicture::drawInset(QPainter& painter, const MapInset& inset, const States& states,
+                              const Sheet& sheet) const
+{
+    const double ratio = sheet.ratio;
+    const auto inFrame = [&](const QRectF& screen) {
+        return QRectF(screen.topLeft() * ratio + sheet.screenCorner, screen.size() * ratio);
+    };
+    const QRectF frame = inFrame(inset.frame());
+    painter.setPen(QPen(stateColour, ratio));
+    painter.setBrush(sheet.palette.base());
+    painter.drawRect(frame.translated(ratio / 2, ratio / 2));
+    painter.save();
+    painter.translate(frame.topLeft());
+    drawOutlines(painter, states, {inset.shown().topLeft(), inset.scale() / ratio, frame.size()}, ratio, 0);
+    painter.restore();
+
+    const QFont font = nameFont(sheet.font, ratio);
+    const QRectF title = inFrame(inset.title()).adjusted(4 * ratio, 2 * ratio, -4 * ratio, 0);
+    const double room = title.width();
+    const QString& name = inset.state().name;
+    painter.setFont(font);
+    painter.setPen(sheet.palette.color(QPalette::PlaceholderText));
+    painter.drawText(title, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip,
+                     QFontMetricsF(font).horizontalAdvance(name) <= room ? name : inset.state().letters);
+}
+
+void StatesPicture::drawNames(QPainter& painter, const States& states, const Sheet& sheet) const
+{
+    const MapPicture& frame = sheet.frame;
+    const double ratio = sheet.ratio;
+    const QFont small = nameFont(sheet.font, ratio);
     painter.setFont(small);
     painter.setPen(nameColour);
     const QFontMetricsF metrics(small);
-    for (const StateShape& state : m_layer.states()) {
+    for (const StateShape* drawn : states) {
+        const StateShape& state = *drawn;
         std::vector<QPointF> obstacles;
         double widest = 0;
         for (const MapObstacle& obstacle : obstaclesIn(state, frame)) {
@@ -135,7 +192,7 @@ void StatesPicture::drawNames(QPainter& painter, const MapPicture& frame, double
             if (!middle) continue;
             QRectF place(QPointF(), size);
             place.moveCenter(*middle);
-            if (edges == Edges::Kept && !QRectF(QPointF(), frame.size).contains(place)) continue;
+            if (sheet.beyond == 0 && !QRectF(QPointF(), frame.size).contains(place)) continue;
             painter.drawText(place.translated(0.5, 0.5).toAlignedRect(), Qt::AlignCenter | Qt::TextDontClip,
                              text);
             break;

@@ -42,24 +42,30 @@ public:
     void forget() { m_picture = QPixmap(); }
 
 private:
+    /// What the states are drawn on.
+    struct Sheet
+    {
+        MapPicture frame;
+        double ratio = 1;     ///< pixels of the frame to a logical one
+        double beyond = 0;    ///< pixels by which outlines may reach beyond the frame
+        QPointF screenCorner; ///< of the screen, in the frame
+        QPalette palette;
+        QFont font;
+    };
+    using States = std::vector<const StateShape*>;
+
     [[nodiscard]] bool covers(const QRectF& sight) const;
     void render(const MapExtent& extent, const QPalette& palette, const QFont& font, double devicePixelRatio);
-
-    /// What is drawn at the edges of a frame.
-    enum class Edges
-    {
-        CutOff, ///< it may reach beyond them
-        Kept
-    };
-    void drawStates(QPainter& painter, const MapPicture& frame, double ratio, Edges edges) const;
-    void drawNames(QPainter& painter, const MapPicture& frame, double ratio, const QFont& font,
-                   Edges edges) const;
-
+    void drawAll(QPainter& painter, const MapExtent& extent, const Sheet& sheet) const;
+    void drawInset(QPainter& painter, const MapInset& inset, const States& states, const Sheet& sheet) const;
+    void drawNames(QPainter& painter, const States& states, const Sheet& sheet) const;
+    [[nodiscard]] States statesIn(const MapExtent& extent, std::optional<std::size_t> inset) const;
     [[nodiscard]] std::vector<MapObstacle> obstaclesIn(const StateShape& state,
                                                        const MapPicture& frame) const;
 
     StatesLayer m_layer;
     std::vector<MapObstacle> m_obstacles; ///< each once, from left to right
     QPixmap m_picture;
-    MapPicture m_frame; ///< in device pixels
+    MapPicture m_frame;             ///< in device pixels
+    std::vector<MapInset> m_insets; ///< those in the picture
 };
