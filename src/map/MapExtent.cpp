@@ -164,7 +164,7 @@ void MapExtent::keepInBounds()
 std::optional<std::size_t> MapExtent::insetOf(QPointF plane) const
 {
     const auto found = std::ranges::find_if(
-        m_insets, [plane](const MapInset& inset) { return inset.shown().contains(plane); });
+        m_insets, [plane](const MapInset& inset) { return inset.state().bounds.contains(plane); });
     if (found == m_insets.end()) return std::nullopt;
     return static_cast<std::size_t>(found - m_insets.begin());
 }

@@ -14,7 +14,8 @@
 /// The part of the map that is in sight. Screen positions are in logical pixels from the upper left corner of
 /// the widget; the plane is that of MapProjection. When the widget is resized, a part that was fitted is
 /// fitted again; once it was moved or zoomed, its middle and its scale stay. States may be shown in insets,
-/// until the map is moved or zoomed; what an inset shows is there and nowhere else.
+/// until the map is moved or zoomed; what lies within the bounds of such a state is in its inset and nowhere
+/// else.
 class MapExtent
 {
 public:
@@ -48,7 +49,7 @@ public:
     /// states.
     void goTo(const std::vector<QPointF>& places);
 
-    /// Points of what an inset shows are those in its frame.
+    /// Both are piecewise while there are insets.
     [[nodiscard]] QPointF toScreen(QPointF plane) const;
     [[nodiscard]] QPointF toPlane(QPointF screen) const;
     [[nodiscard]] QPointF centre() const { return m_centre; }
@@ -64,7 +65,7 @@ public:
 
     [[nodiscard]] const std::vector<MapInset>& insets() const { return m_insets; }
 
-    /// The number of the inset that shows a point of the plane, if one does.
+    /// The number of the inset that a point of the plane is shown in, if it is.
     [[nodiscard]] std::optional<std::size_t> insetOf(QPointF plane) const;
 
     /// The number of the inset that is at a point of the screen, if one is.

@@ -55,24 +55,30 @@ void StatesPicture::setLayer(StatesLayer layer)
 
 void StatesPicture::setObstacles(std::vector<MapObstacle> obstacles)
 {
-    m_obstacles = std::move(obstacles);
     // many organizations stand at one place
-    std::ranges::sort(m_obstacles, {}, [](const MapObstacle& obstacle) {
+    std::ranges::sort(obstacles, {}, [](const MapObstacle& obstacle) {
         return std::tuple(obstacle.place.x(), obstacle.place.y(), obstacle.radius);
     });
-    m_obstacles.erase(std::unique(m_obstacles.begin(), m_obstacles.end()), m_obstacles.end());
+    obstacles.erase(std::unique(obstacles.begin(), obstacles.end()), obstacles.end());
+    if (obstacles == m_obstacles) return;
+    m_obstacles = std::move(obstacles);
+    m_widest = 0;
+    for (const MapObstacle& obstacle : m_obstacles)
+        m_widest = std::max(m_widest, obstacle.radius);
     forget();
 }
 
-/// Returns the obstacles within the bounds of a state, in the pixels of the picture, from top to bottom.
+/// Returns the obstacles that reach into the bounds of a state, in the pixels of a frame, from top to bottom.
 std::vector<MapObstacle> StatesPicture::obstaclesIn(const StateShape& state, const MapPicture& frame) const
 {
+    const double reach = m_widest * frame.scale;
+    const QRectF bounds = state.bounds.adjusted(-reach, -reach, reach, reach);
     std::vector<MapObstacle> found;
     const auto x = [](const MapObstacle& obstacle) { return obstacle.place.x(); };
-    const auto first = std::ranges::lower_bound(m_obstacles, state.bounds.left(), {}, x);
-    const auto last = std::ranges::upper_bound(m_obstacles, state.bounds.right(), {}, x);
+    const auto first = std::ranges::lower_bound(m_obstacles, bounds.left(), {}, x);
+    const auto last = std::ranges::upper_bound(m_obstacles, bounds.right(), {}, x);
     for (auto obstacle = first; obstacle != last; ++obstacle) {
-        if (state.bounds.contains(obstacle->place))
+        if (bounds.contains(obstacle->place))
             found.push_back({frame.toPixels(obstacle->place), obstacle->radius});
     }
     std::ranges::sort(found, {}, [](const MapObstacle& obstacle) { return obstacle.place.y(); });
@@ -96,6 +102,7 @@ void StatesPicture::paint(QPainter& painter, const MapExtent& extent, const QPal
                       covers(QRectF(corner(), sightSize));
     if (!fits) render(extent, palette, font, ratio);
     painter.drawPixmap(QPointF(), m_picture, QRectF(corner(), sightSize));
+    drawNames(painter, m_names, QRectF(QPointF(corner()) / ratio, extent.size()), font);
 }
 
 void StatesPicture::render(const MapExtent& extent, const QPalette& palette, const QFont& font,
@@ -109,25 +116,26 @@ void StatesPicture::render(const MapExtent& extent, const QPalette& palette, con
     if (m_picture.size() != size) m_picture = QPixmap(size);
     m_picture.setDevicePixelRatio(devicePixelRatio);
     QPainter painter(&m_picture);
-    // outlines and places of names are in device pixels
+    // outlines are in device pixels
     painter.scale(1 / devicePixelRatio, 1 / devicePixelRatio);
-    drawAll(painter, extent,
-            {m_frame, devicePixelRatio, outOfSight, outside * devicePixelRatio, palette, font});
+    drawGround(painter, extent,
+               {m_frame, devicePixelRatio, outOfSight, outside * devicePixelRatio, palette, font});
+    m_names = namesOf(statesIn(extent, std::nullopt), {m_frame.corner, extent.scale(), {}}, font);
 }
 
 void StatesPicture::draw(QPainter& painter, const MapExtent& extent, const QFont& font) const
 {
     const MapPicture frame{extent.toPlane(QPointF()), extent.scale(), extent.size()};
-    drawAll(painter, extent, {frame, 1, 0, QPointF(), Paper::palette(), font});
+    drawGround(painter, extent, {frame, 1, 0, QPointF(), Paper::palette(), font});
+    drawNames(painter, namesOf(statesIn(extent, std::nullopt), frame, font), QRectF(QPointF(), extent.size()),
+              font);
 }
 
-void StatesPicture::drawAll(QPainter& painter, const MapExtent& extent, const Sheet& sheet) const
+void StatesPicture::drawGround(QPainter& painter, const MapExtent& extent, const Sheet& sheet) const
 {
     painter.fillRect(QRectF(QPointF(), sheet.frame.size), sheet.palette.base());
     painter.setRenderHint(QPainter::Antialiasing);
-    const States states = statesIn(extent, std::nullopt);
-    drawOutlines(painter, states, sheet.frame, sheet.ratio, sheet.beyond);
-    drawNames(painter, states, sheet);
+    drawOutlines(painter, statesIn(extent, std::nullopt), sheet.frame, sheet.ratio, sheet.beyond);
     for (std::size_t inset = 0; inset < extent.insets().size(); ++inset)
         drawInset(painter, extent.insets()[inset], statesIn(extent, inset), sheet);
 }
@@ -168,34 +176,36 @@ void StatesPicture::drawInset(QPainter& painter, const MapInset& inset, const St
                      QFontMetricsF(font).horizontalAdvance(name) <= room ? name : inset.state().letters);
 }
 
-void StatesPicture::drawNames(QPainter& painter, const States& states, const Sheet& sheet) const
+std::vector<StatesPicture::PlacedName> StatesPicture::namesOf(const States& states, const MapPicture& frame,
+                                                              const QFont& font) const
 {
-    const MapPicture& frame = sheet.frame;
-    const double ratio = sheet.ratio;
-    const QFont small = nameFont(sheet.font, ratio);
-    painter.setFont(small);
-    painter.setPen(nameColour);
-    const QFontMetricsF metrics(small);
-    for (const StateShape* drawn : states) {
-        const StateShape& state = *drawn;
-        std::vector<QPointF> obstacles;
-        double widest = 0;
-        for (const MapObstacle& obstacle : obstaclesIn(state, frame)) {
-            obstacles.push_back(obstacle.place);
-            widest = std::max(widest, 2 * obstacle.radius * ratio);
-        }
-        for (const QString& text : {state.name, state.letters}) {
-            const QSizeF size(metrics.horizontalAdvance(text) + 6 * ratio, metrics.height());
-            // a text with half a marker on each side of it is clear of markers
-            const QSizeF clear = size + QSizeF(widest, widest);
-            const auto middle = text.isEmpty() ? std::nullopt : roomFor(state, frame, clear, obstacles);
+    constexpr double spare = 6;
+    const QFontMetricsF metrics(nameFont(font, 1));
+    std::vector<PlacedName> names;
+    for (const StateShape* state : states) {
+        const std::vector<MapObstacle> obstacles = obstaclesIn(*state, frame);
+        for (const QString& text : {state->name, state->letters}) {
+            const QSizeF size(metrics.horizontalAdvance(text) + spare, metrics.height());
+            const auto middle = text.isEmpty() ? std::nullopt : roomFor(*state, frame, size, obstacles);
             if (!middle) continue;
             QRectF place(QPointF(), size);
             place.moveCenter(*middle);
-            if (sheet.beyond == 0 && !QRectF(QPointF(), frame.size).contains(place)) continue;
-            painter.drawText(place.translated(0.5, 0.5).toAlignedRect(), Qt::AlignCenter | Qt::TextDontClip,
-                             text);
+            names.push_back({text, place});
             break;
         }
+    }
+    return names;
+}
+
+/// Draws the names that are whole in sight, which is at the painter's origin.
+void StatesPicture::drawNames(QPainter& painter, const std::vector<PlacedName>& names, const QRectF& sight,
+                              const QFont& font)
+{
+    painter.setFont(nameFont(font, 1));
+    painter.setPen(nameColour);
+    for (const PlacedName& name : names) {
+        if (!sight.contains(name.place)) continue;
+        painter.drawText(name.place.translated(-sight.topLeft()), Qt::AlignCenter | Qt::TextDontClip,
+                         name.text);
     }
 }
