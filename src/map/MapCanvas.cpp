@@ -65,6 +65,18 @@ void MapCanvas::zoom(double factor, QPointF about)
     update();
 }
 
+void MapCanvas::goToState(QPointF screen)
+{
+    const StateShape* state = m_states.layer().stateAt(m_extent.toPlane(screen));
+    if (const auto inset = m_extent.insetAt(screen))
+        m_extent.fit(m_extent.insets()[*inset].state().bounds);
+    else if (state && !m_extent.isFit(state->bounds))
+        m_extent.fit(state->bounds);
+    else
+        m_extent.zoom(zoomStep, screen);
+    update();
+}
+
 void MapCanvas::zoomTo(const QRectF& screen)
 {
     m_extent.zoomTo(screen);

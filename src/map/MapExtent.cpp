@@ -90,8 +90,13 @@ void MapExtent::applyFit()
 void MapExtent::fitTo(const QRectF& plane)
 {
     m_centre = plane.center();
-    m_scale = roomAround * std::max(plane.width() / m_size.width(), plane.height() / m_size.height());
+    m_scale = fittingScale(plane);
     keepInBounds();
+}
+
+double MapExtent::fittingScale(const QRectF& plane) const
+{
+    return roomAround * std::max(plane.width() / m_size.width(), plane.height() / m_size.height());
 }
 
 /// The map is that of the user from here on, without insets.

@@ -27,6 +27,9 @@ public:
     /// Shows a part of the plane as large as it fits, with a little room around it.
     void fit(const QRectF& plane);
 
+    /// Whether `fit` of this part would make it no larger than it is.
+    [[nodiscard]] bool isFit(const QRectF& plane) const { return m_scale <= fittingScale(plane); }
+
     /// Shows the contiguous states, and others in insets beside them; if there is no room for those, or none
     /// is given, shows `whole`.
     void fitWithInsets(const QRectF& whole, std::vector<InsetState> states);
@@ -80,6 +83,7 @@ public:
 private:
     void applyFit();
     void fitTo(const QRectF& plane);
+    [[nodiscard]] double fittingScale(const QRectF& plane) const;
     void leaveFit();
     void keepInBounds();
     [[nodiscard]] QPointF toMainScreen(QPointF plane) const;

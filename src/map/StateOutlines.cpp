@@ -61,6 +61,16 @@ std::vector<std::vector<QPointF>> outlines(const StateShape& state, const MapPic
     return rings;
 }
 
+std::optional<StateShape> partOf(const StateShape& state, const QRectF& plane)
+{
+    PlaneRing ring = clipped(state.rings[state.largest], plane);
+    constexpr std::size_t fewest = 3;
+    if (ring.size() < fewest) return std::nullopt;
+    StateShape part{state.name, state.letters, {}, boundsOf(ring), 0, widestPlace(ring)};
+    part.rings.push_back(std::move(ring));
+    return part;
+}
+
 namespace {
 
 /// Returns the room for a line of text at a height of a ring, as left and right in the plane: around `about`,

@@ -44,5 +44,9 @@ std::vector<std::vector<QPointF>> outlines(const StateShape& state, const MapPic
 std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& picture, QSizeF text,
                                const std::vector<MapObstacle>& obstacles = {});
 
+/// Returns the part of a state's largest ring that lies within a rectangle of the plane, as a shape with a
+/// place for the name of its own; nothing if none of it does.
+std::optional<StateShape> partOf(const StateShape& state, const QRectF& plane);
+
 /// Cuts a ring at the sides of a rectangle.
 std::vector<QPointF> clipped(std::vector<QPointF> ring, const QRectF& to);

@@ -120,15 +120,16 @@ void StatesPicture::render(const MapExtent& extent, const QPalette& palette, con
     painter.scale(1 / devicePixelRatio, 1 / devicePixelRatio);
     drawGround(painter, extent,
                {m_frame, devicePixelRatio, outOfSight, outside * devicePixelRatio, palette, font});
-    m_names = namesOf(statesIn(extent, std::nullopt), {m_frame.corner, extent.scale(), {}}, font);
+    m_names = namesOf(statesIn(extent, std::nullopt), {m_frame.corner, extent.scale(), {}},
+                      {outside, extent.size()}, font);
 }
 
 void StatesPicture::draw(QPainter& painter, const MapExtent& extent, const QFont& font) const
 {
     const MapPicture frame{extent.toPlane(QPointF()), extent.scale(), extent.size()};
     drawGround(painter, extent, {frame, 1, 0, QPointF(), Paper::palette(), font});
-    drawNames(painter, namesOf(statesIn(extent, std::nullopt), frame, font), QRectF(QPointF(), extent.size()),
-              font);
+    const QRectF sight(QPointF(), extent.size());
+    drawNames(painter, namesOf(statesIn(extent, std::nullopt), frame, sight, font), sight, font);
 }
 
 void StatesPicture::drawGround(QPainter& painter, const MapExtent& extent, const Sheet& sheet) const
@@ -177,24 +178,38 @@ void StatesPicture::drawInset(QPainter& painter, const MapInset& inset, const St
 }
 
 std::vector<StatesPicture::PlacedName> StatesPicture::namesOf(const States& states, const MapPicture& frame,
-                                                              const QFont& font) const
+                                                              const QRectF& sight, const QFont& font) const
 {
-    constexpr double spare = 6;
     const QFontMetricsF metrics(nameFont(font, 1));
+    const QRectF plane(frame.corner + sight.topLeft() * frame.scale, sight.size() * frame.scale);
     std::vector<PlacedName> names;
     for (const StateShape* state : states) {
-        const std::vector<MapObstacle> obstacles = obstaclesIn(*state, frame);
-        for (const QString& text : {state->name, state->letters}) {
-            const QSizeF size(metrics.horizontalAdvance(text) + spare, metrics.height());
-            const auto middle = text.isEmpty() ? std::nullopt : roomFor(*state, frame, size, obstacles);
-            if (!middle) continue;
-            QRectF place(QPointF(), size);
-            place.moveCenter(*middle);
-            names.push_back({text, place});
-            break;
+        auto name = nameOf(*state, frame, metrics);
+        // a state that is partly out of sight has its name in the part that is seen
+        if (state->bounds.intersects(plane) && !(name && sight.contains(name->place))) {
+            const auto part = partOf(*state, plane);
+            if (const auto inSight = part ? nameOf(*part, frame, metrics) : std::nullopt) name = inSight;
         }
+        if (name) names.push_back(*name);
     }
     return names;
+}
+
+/// Returns the name of a state, or else its letters, if there is room for it.
+std::optional<StatesPicture::PlacedName>
+StatesPicture::nameOf(const StateShape& state, const MapPicture& frame, const QFontMetricsF& metrics) const
+{
+    constexpr double spare = 6;
+    const std::vector<MapObstacle> obstacles = obstaclesIn(state, frame);
+    for (const QString& text : {state.name, state.letters}) {
+        const QSizeF size(metrics.horizontalAdvance(text) + spare, metrics.height());
+        const auto middle = text.isEmpty() ? std::nullopt : roomFor(state, frame, size, obstacles);
+        if (!middle) continue;
+        QRectF place(QPointF(), size);
+        place.moveCenter(*middle);
+        return PlacedName{text, place};
+    }
+    return std::nullopt;
 }
 
 /// Draws the names that are whole in sight, which is at the painter's origin.

@@ -10,6 +10,7 @@
 #include <QPalette>
 #include <QPixmap>
 
+class QFontMetricsF;
 class QPainter;
 
 /// The states as a picture somewhat larger than the widget, so that dragging the map only moves it. Borders
@@ -57,7 +58,9 @@ private:
     void drawGround(QPainter& painter, const MapExtent& extent, const Sheet& sheet) const;
     void drawInset(QPainter& painter, const MapInset& inset, const States& states, const Sheet& sheet) const;
     [[nodiscard]] std::vector<PlacedName> namesOf(const States& states, const MapPicture& frame,
-                                                  const QFont& font) const;
+                                                  const QRectF& sight, const QFont& font) const;
+    [[nodiscard]] std::optional<PlacedName> nameOf(const StateShape& state, const MapPicture& frame,
+                                                   const QFontMetricsF& metrics) const;
     static void drawNames(QPainter& painter, const std::vector<PlacedName>& names, const QRectF& sight,
                           const QFont& font);
     [[nodiscard]] States statesIn(const MapExtent& extent, std::optional<std::size_t> inset) const;
