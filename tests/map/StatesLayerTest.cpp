@@ -133,12 +133,14 @@ TEST(StateOutlines, FindsRoomForNamesWithinTheState)
     const QPointF other = roomFor(stateOf(u"TX"), picture, text, {{best, 1}}).value_or(best);
     EXPECT_TRUE(std::abs(other.x() - best.x()) >= 20 || std::abs(other.y() - best.y()) >= 7);
     // each obstacle has a radius of its own
-    const QPointF beside = best + QPointF(0, 30);
-    EXPECT_EQ(roomFor(stateOf(u"TX"), picture, text, {{beside, 22}}), best);
-    const QPointF moved = roomFor(stateOf(u"TX"), picture, text, {{beside, 24}}).value_or(best);
-    EXPECT_GE(std::hypot(std::max(std::abs(moved.x() - beside.x()) - 20, 0.0),
-                         std::max(std::abs(moved.y() - beside.y()) - 7, 0.0)),
-              24);
+    for (const double away : {30, -30}) {
+        const QPointF beside = best + QPointF(0, away);
+        EXPECT_EQ(roomFor(stateOf(u"TX"), picture, text, {{beside, 22}}), best);
+        const QPointF moved = roomFor(stateOf(u"TX"), picture, text, {{beside, 24}}).value_or(best);
+        EXPECT_GE(std::hypot(std::max(std::abs(moved.x() - beside.x()) - 20, 0.0),
+                             std::max(std::abs(moved.y() - beside.y()) - 7, 0.0)),
+                  24);
+    }
     // and the part of a state that is in sight has room of its own
     const QRectF south = stateOf(u"TX").bounds.adjusted(0, stateOf(u"TX").bounds.height() * 0.6, 0, 0);
     EXPECT_FALSE(south.contains(stateOf(u"TX").label));
