@@ -106,7 +106,7 @@ void MapView::click(QPointF position)
 {
     switch (m_tool) {
     case MapTool::ZoomIn:
-        zoom(zoomStep, position);
+        extent().insetAt(position) ? goToState(position) : zoom(zoomStep, position);
         break;
     case MapTool::ZoomOut:
         zoom(1 / zoomStep, position);
@@ -131,7 +131,7 @@ void MapView::mouseDoubleClickEvent(QMouseEvent* event)
     if (zooms)
         mousePressEvent(event);
     else
-        zoom(zoomStep, event->position());
+        goToState(event->position());
 }
 
 void MapView::wheelEvent(QWheelEvent* event)

@@ -59,8 +59,15 @@ std::vector<MapObstacle> PlaceMarkers::obstacles() const
 
 std::optional<std::size_t> PlaceMarkers::entryAt(QPointF screen, const MapExtent& extent) const
 {
-    return markerAt(m_positions, extent.toPlane(screen), extent.scale(),
-                    {m_pictures.extent() / 2, hitRadius});
+    std::vector<std::size_t> seen;
+    std::vector<QPointF> middles;
+    for (std::size_t entry = 0; entry < m_positions.size(); ++entry) {
+        if (extent.isCovered(m_positions[entry])) continue;
+        seen.push_back(entry);
+        middles.push_back(extent.toScreen(m_positions[entry]));
+    }
+    const auto hit = markerAt(middles, screen, {m_pictures.extent() / 2, hitRadius});
+    return hit ? std::optional(seen[*hit]) : std::nullopt;
 }
 
 std::size_t PlaceMarkers::neighbour(std::optional<std::size_t> entry, int step) const
@@ -89,7 +96,7 @@ void PlaceMarkers::paint(QPainter& painter, const MapExtent& extent, const QRect
     const QRectF reach = QRectF(sight).adjusted(-half, -half, half, half);
     for (const std::size_t entry : m_topmost) {
         const QPointF middle = extent.toScreen(m_positions[entry]);
-        if (!reach.contains(middle)) continue;
+        if (!reach.contains(middle) || extent.isCovered(m_positions[entry])) continue;
         // on whole device pixels, a picture is copied without smoothing
         const QPointF corner(std::round((middle.x() - half) * ratio) / ratio,
                              std::round((middle.y() - half) * ratio) / ratio);
@@ -99,14 +106,14 @@ void PlaceMarkers::paint(QPainter& painter, const MapExtent& extent, const QRect
 
 void PlaceMarkers::draw(QPainter& painter, const MapExtent& extent) const
 {
-    const QRectF sight(QPointF(), extent.size());
     // at half a pixel from one another, the later of two markers covers the one before
     std::set<std::pair<int, int>> covered;
     std::vector<std::size_t> seen;
     for (auto entry = m_topmost.rbegin(); entry != m_topmost.rend(); ++entry) {
         const QPointF middle = extent.toScreen(m_positions[*entry]);
         const QPoint place = (middle * 2).toPoint();
-        if (sight.contains(middle) && covered.insert({place.x(), place.y()}).second) seen.push_back(*entry);
+        if (extent.isInSight(m_positions[*entry]) && covered.insert({place.x(), place.y()}).second)
+            seen.push_back(*entry);
     }
     for (auto entry = seen.rbegin(); entry != seen.rend(); ++entry)
         MarkerPictures::draw(painter, m_colours[*entry], extent.toScreen(m_positions[*entry]),
