@@ -20,6 +20,14 @@ QString functionName(const clsCities& place)
     return place.functionId ? MapTexts::tr("Function %1").arg(*place.functionId) : MapTexts::tr("None");
 }
 
+int LegendLine::organizations() const
+{
+    int all = 0;
+    for (const LegendFunction& function : functions)
+        all += function.organizations;
+    return all;
+}
+
 QString LegendLine::text() const
 {
     QStringList names;

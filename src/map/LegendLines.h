@@ -22,6 +22,8 @@ struct LegendLine
     int colour = 0; ///< index into the palette
     std::vector<LegendFunction> functions;
 
+    [[nodiscard]] int organizations() const;
+
     /// The functions on one line, such as `Law (12), Relief (3)`. Of more than twenty, the rest is only
     /// counted.
     [[nodiscard]] QString text() const;

@@ -97,6 +97,18 @@ void MapCanvas::zoom(double factor, QPointF about)
     arrange();
 }
 
+void MapCanvas::goToState(QPointF screen)
+{
+    const StateShape* state = m_states.layer().stateAt(m_extent.toPlane(screen));
+    if (const auto inset = m_extent.insetAt(screen))
+        m_extent.fit(m_extent.insets()[*inset].state().bounds);
+    else if (state && !m_extent.isFit(state->bounds))
+        m_extent.fit(state->bounds);
+    else
+        m_extent.zoom(zoomStep, screen);
+    arrange();
+}
+
 void MapCanvas::zoomTo(const QRectF& screen)
 {
     m_extent.zoomTo(screen);
@@ -140,7 +152,9 @@ void MapCanvas::zoomOut()
 
 void MapCanvas::showFullExtent()
 {
-    m_extent.fit(hasStates() ? m_states.layer().fullExtent() : MapProjection::contiguousStates());
+    const StatesLayer& layer = m_states.layer();
+    m_extent.fitWithInsets(hasStates() ? layer.fullExtent() : MapProjection::contiguousStates(),
+                           layer.insets(m_markers.positions()));
     arrange();
 }
 

@@ -99,6 +99,10 @@ protected:
     /// Zooms in by a factor (out if it is below 1) about a pixel that stays where it is.
     void zoom(double factor, QPointF about);
 
+    /// Shows the state at a pixel, or that of the inset there, as large as it fits. If it is as large
+    /// already, or on water, zooms in about the pixel.
+    void goToState(QPointF screen);
+
     /// Shows what lies within a rectangle of pixels.
     void zoomTo(const QRectF& screen);
 

@@ -194,17 +194,29 @@ void MapPane::showPlaces()
     showSelected();
 }
 
-/// Tells assistive tools what the map shows.
+/// Tells assistive tools what the map shows, and what it does not.
 void MapPane::summarize()
 {
-    const auto organizations = static_cast<int>(m_places.placed());
+    const auto counted = [](int number, const QString& one, const QString& several) {
+        return number == 1 ? one : several;
+    };
+    QStringList hidden;
+    int shown = static_cast<int>(m_places.placed());
+    for (const LegendLine& line : legendLines(m_places.entries())) {
+        if (!m_legend->hiddenColours().test(static_cast<std::size_t>(line.colour))) continue;
+        hidden << line.text();
+        shown -= line.organizations();
+    }
     const auto places = static_cast<int>(m_map->markers().spotCount());
     QStringList sentences;
-    if (organizations > 0) {
-        sentences << tr("The map shows %1 at %2.")
-                         .arg(organizations == 1 ? tr("1 organization")
-                                                 : tr("%n organizations", nullptr, organizations),
-                              places == 1 ? tr("1 place") : tr("%n places", nullptr, places));
+    sentences << tr("The map shows %1 at %2.")
+                     .arg(counted(shown, tr("1 organization"), tr("%n organizations", nullptr, shown)),
+                          counted(places, tr("1 place"), tr("%n places", nullptr, places)));
+    if (!hidden.isEmpty()) sentences << tr("Hidden: %1.").arg(hidden.join(QStringLiteral(", ")));
+    const int without = m_places.withoutPlace();
+    if (without > 0) {
+        sentences << counted(without, tr("1 organization has no place."),
+                             tr("%n organizations have no place.", nullptr, without));
     }
     m_map->setSummary(sentences);
 }

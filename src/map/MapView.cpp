@@ -111,7 +111,7 @@ void MapView::click(QPointF position)
 {
     switch (m_tool) {
     case MapTool::ZoomIn:
-        zoom(zoomStep, position);
+        extent().insetAt(position) ? goToState(position) : zoom(zoomStep, position);
         break;
     case MapTool::ZoomOut:
         zoom(1 / zoomStep, position);
@@ -139,7 +139,7 @@ void MapView::mouseDoubleClickEvent(QMouseEvent* event)
     else if (entry && markers().isDisc(*entry))
         takeApart(*entry);
     else
-        zoom(zoomStep, event->position());
+        goToState(event->position());
 }
 
 void MapView::wheelEvent(QWheelEvent* event)

@@ -77,20 +77,25 @@ bool PlaceMarkers::arrange(const MapExtent& extent, const QFont& font)
     else
         m_groups.separate();
     m_byName.clear();
-    m_leadPositions.clear();
-    for (const std::size_t lead : leads())
-        m_leadPositions.push_back(m_positions[lead]);
     return true;
 }
 
 /// Returns the pixels of the spots as if the screen had no edges, so that they stay the same to each other
-/// while the map is moved.
+/// while the map is moved. What lies in different insets, or below one, is far apart.
 std::vector<QPointF> PlaceMarkers::spotsOnScreen(const MapExtent& extent) const
 {
+    constexpr double farApart = 1e6;
     std::vector<QPointF> pixels;
     pixels.reserve(m_groups.spots().size());
-    for (const QPointF spot : m_groups.spots())
-        pixels.push_back(spot / extent.scale());
+    for (const QPointF spot : m_groups.spots()) {
+        if (extent.insets().empty()) {
+            pixels.push_back(spot / extent.scale());
+            continue;
+        }
+        const std::optional<std::size_t> inset = extent.insetOf(spot);
+        const double part = inset ? 1 + static_cast<double>(*inset) : extent.isCovered(spot) ? -1 : 0;
+        pixels.push_back(extent.toScreen(spot) + QPointF(part * farApart, 0));
+    }
     return pixels;
 }
 
@@ -153,13 +158,18 @@ std::vector<MapObstacle> PlaceMarkers::obstacles() const
 
 std::optional<std::size_t> PlaceMarkers::entryAt(QPointF screen, const MapExtent& extent) const
 {
+    std::vector<std::size_t> seen;
+    std::vector<QPointF> middles;
     for (const std::size_t lead : leads()) {
-        const QPointF apart = extent.toScreen(m_positions[lead]) - screen;
+        if (extent.isCovered(m_positions[lead])) continue;
+        const QPointF middle = extent.toScreen(m_positions[lead]);
+        const QPointF apart = middle - screen;
         if (isDisc(lead) && std::hypot(apart.x(), apart.y()) <= radiusOf(lead)) return lead;
+        seen.push_back(lead);
+        middles.push_back(middle);
     }
-    const auto found = markerAt(m_leadPositions, extent.toPlane(screen), extent.scale(),
-                                {m_pictures.extent() / 2, hitRadius});
-    return found ? std::optional(leads()[*found]) : std::nullopt;
+    const auto hit = markerAt(middles, screen, {m_pictures.extent() / 2, hitRadius});
+    return hit ? std::optional(seen[*hit]) : std::nullopt;
 }
 
 std::size_t PlaceMarkers::neighbour(std::optional<std::size_t> entry, int step) const
@@ -195,8 +205,11 @@ void PlaceMarkers::paintEntry(QPainter& painter, const MapExtent& extent, const 
                               std::size_t lead) const
 {
     const QPointF middle = extent.toScreen(m_positions[lead]);
+    constexpr double farthest = 50; // half the widest disc
+    if (!sight.adjusted(-farthest, -farthest, farthest, farthest).contains(middle) ||
+        extent.isCovered(m_positions[lead]))
+        return;
     const double half = radiusOf(lead);
-    if (!sight.adjusted(-half, -half, half, half).contains(middle)) return;
     const bool isPale = m_isGrouped && m_raised && !hasColour(lead, *m_raised);
     constexpr double pale = 0.3;
     if (isPale) painter.setOpacity(pale);
@@ -234,7 +247,8 @@ void PlaceMarkers::draw(QPainter& painter, const MapExtent& extent) const
     for (auto entry = drawn.rbegin(); entry != drawn.rend(); ++entry) {
         const QPointF middle = extent.toScreen(m_positions[*entry]);
         const QPoint place = (middle * 2).toPoint();
-        if (sight.contains(middle) && covered.insert({place.x(), place.y()}).second) seen.push_back(*entry);
+        if (extent.isInSight(m_positions[*entry]) && covered.insert({place.x(), place.y()}).second)
+            seen.push_back(*entry);
     }
     for (auto entry = seen.rbegin(); entry != seen.rend(); ++entry) {
         const QPointF middle = extent.toScreen(m_positions[*entry]);

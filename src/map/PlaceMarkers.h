@@ -124,7 +124,6 @@ private:
     std::vector<QPointF> m_pixels;             ///< of the spots, as they were grouped last
     std::vector<clsCities> m_places;           ///< by entry
     std::vector<QPointF> m_positions;          ///< in the plane, by entry
-    std::vector<QPointF> m_leadPositions;      ///< in the plane, as the leads
     std::vector<std::size_t> m_topmost;        ///< those that no later one covers, in the order of drawing
     mutable std::vector<std::size_t> m_byName; ///< the leads; empty until the keyboard goes through them
 };

@@ -61,6 +61,16 @@ std::vector<std::vector<QPointF>> outlines(const StateShape& state, const MapPic
     return rings;
 }
 
+std::optional<StateShape> partOf(const StateShape& state, const QRectF& plane)
+{
+    PlaneRing ring = clipped(state.rings[state.largest], plane);
+    constexpr std::size_t fewest = 3;
+    if (ring.size() < fewest) return std::nullopt;
+    StateShape part{state.name, state.letters, {}, boundsOf(ring), 0, widestPlace(ring)};
+    part.rings.push_back(std::move(ring));
+    return part;
+}
+
 namespace {
 
 /// Returns the room for a line of text at a height of a ring, as left and right in the plane: around `about`,
@@ -86,20 +96,31 @@ std::optional<std::pair<double, double>> roomAcross(const PlaneRing& ring, doubl
     return room;
 }
 
-bool isFree(const QRectF& place, const std::vector<QPointF>& avoided)
+bool touches(const QRectF& place, const MapObstacle& obstacle)
 {
-    const auto height = [](QPointF point) { return point.y(); };
-    const auto first = std::ranges::lower_bound(avoided, place.top(), {}, height);
-    const auto last = std::ranges::upper_bound(first, avoided.end(), place.bottom(), {}, height);
-    return std::none_of(first, last, [&](QPointF point) { return place.contains(point); });
+    const QPointF nearest(std::clamp(obstacle.place.x(), place.left(), place.right()),
+                          std::clamp(obstacle.place.y(), place.top(), place.bottom()));
+    const QPointF apart = obstacle.place - nearest;
+    return QPointF::dotProduct(apart, apart) <= obstacle.radius * obstacle.radius;
+}
+
+bool isFree(const QRectF& place, const std::vector<MapObstacle>& obstacles, double widest)
+{
+    const auto height = [](const MapObstacle& obstacle) { return obstacle.place.y(); };
+    const auto first = std::ranges::lower_bound(obstacles, place.top() - widest, {}, height);
+    const auto last = std::ranges::upper_bound(first, obstacles.end(), place.bottom() + widest, {}, height);
+    return std::none_of(first, last, [&](const MapObstacle& obstacle) { return touches(place, obstacle); });
 }
 
 } // namespace
 
 std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& picture, QSizeF text,
-                               const std::vector<QPointF>& avoided)
+                               const std::vector<MapObstacle>& obstacles)
 {
     constexpr int linesTried = 12; // on each side of the best one
+    double widest = 0;
+    for (const MapObstacle& obstacle : obstacles)
+        widest = std::max(widest, obstacle.radius);
     const double halfHeight = text.height() / 2 * picture.scale;
     if (text.width() * picture.scale > state.bounds.width()) return std::nullopt;
     for (int line = 0; line <= 2 * linesTried; ++line) {
@@ -111,14 +132,14 @@ std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& pictur
         const double spare = room ? (room->second - room->first) / picture.scale - text.width() : -1;
         if (spare < 0) {
             // if nothing is to be avoided, only the best line will do
-            if (avoided.empty()) return std::nullopt;
+            if (obstacles.empty()) return std::nullopt;
             continue;
         }
         const QPointF middle = picture.toPixels({(room->first + room->second) / 2, y});
         for (const double share : {0.0, -0.25, 0.25, -0.5, 0.5}) {
             QRectF place(QPointF(), text);
             place.moveCenter(middle + QPointF(share * spare, 0));
-            if (isFree(place, avoided)) return place.center();
+            if (isFree(place, obstacles, widest)) return place.center();
         }
     }
     return std::nullopt;

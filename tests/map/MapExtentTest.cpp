@@ -160,16 +160,14 @@ TEST(MapExtent, GoesToPlacesThatAreOutOfSight)
 TEST(MarkerHit, TakesTheOneOnTopElseTheNearest)
 {
     const std::vector<QPointF> markers{{0, 0}, {10, 0}, {10, 0}, {12, 0}};
-    EXPECT_EQ(markerAt(markers, {1, 0}, 1, {0, 5}), 0u);
-    EXPECT_EQ(markerAt(markers, {9, 0}, 1, {0, 5}), 2u);
-    EXPECT_EQ(markerAt(markers, {12, 1}, 1, {0, 5}), 3u);
-    EXPECT_EQ(markerAt(markers, {0, 6}, 1, {0, 5}), std::nullopt);
-    EXPECT_EQ(markerAt(markers, {0, 6}, 2, {0, 5}), 0u) << "the radius is in pixels";
-    EXPECT_EQ(markerAt({}, {0, 0}, 1, {0, 5}), std::nullopt);
-    EXPECT_EQ(markerAt(markers, {9, 0}, 1, {4, 5}), 3u) << "the one drawn over the nearer ones";
-    EXPECT_EQ(markerAt(markers, {6, 0}, 1, {4, 5}), 2u)
-        << "one that is near is not over one under the pointer";
-    EXPECT_EQ(markerAt(markers, {2, 0}, 0.5, {4, 9}), 0u);
+    EXPECT_EQ(markerAt(markers, {1, 0}, {0, 5}), 0u);
+    EXPECT_EQ(markerAt(markers, {9, 0}, {0, 5}), 2u);
+    EXPECT_EQ(markerAt(markers, {12, 1}, {0, 5}), 3u);
+    EXPECT_EQ(markerAt(markers, {0, 6}, {0, 5}), std::nullopt);
+    EXPECT_EQ(markerAt({}, {0, 0}, {0, 5}), std::nullopt);
+    EXPECT_EQ(markerAt(markers, {9, 0}, {4, 5}), 3u) << "the one drawn over the nearer ones";
+    EXPECT_EQ(markerAt(markers, {6, 0}, {4, 5}), 2u) << "one that is near is not over one under the pointer";
+    EXPECT_EQ(markerAt(markers, {4, 0}, {4, 9}), 0u);
 }
 
 } // namespace

@@ -107,12 +107,12 @@ TEST(StateOutlines, FindsRoomForNamesWithinTheState)
     EXPECT_FALSE(roomFor(stateOf(u"TX"), picture, QSizeF(400, 14)));
     // a name gives way to markers, and stays out if they are everywhere
     const QPointF best = *roomFor(stateOf(u"TX"), picture, text);
-    const QPointF other = roomFor(stateOf(u"TX"), picture, text, {best}).value_or(best);
+    const QPointF other = roomFor(stateOf(u"TX"), picture, text, {{best, 1}}).value_or(best);
     EXPECT_TRUE(std::abs(other.x() - best.x()) >= 20 || std::abs(other.y() - best.y()) >= 7);
-    std::vector<QPointF> everywhere;
+    std::vector<MapObstacle> everywhere;
     for (int y = 0; y < 400; y += 10)
         for (int x = 0; x < 600; x += 10)
-            everywhere.emplace_back(x, y);
+            everywhere.push_back({QPointF(x, y), 1});
     EXPECT_FALSE(roomFor(stateOf(u"TX"), picture, text, everywhere));
     for (const StateShape& state : realLayer().states()) {
         const auto middle = roomFor(state, picture, text);
