@@ -113,23 +113,32 @@ private:
 
     [[nodiscard]] bool stands(std::size_t spot) const { return m_joinedTo[spot] == spot; }
 
-    /// Joins all that a group covers, and the group itself to a greater one if it grows into that.
+    /// Returns the groups that cover a group or are covered by it, itself first.
+    [[nodiscard]] std::vector<std::size_t> covering(std::size_t group) const
+    {
+        std::vector<std::size_t> found{group};
+        m_grid.visitAround(group, [&](std::size_t other) {
+            if (other != group && stands(other) &&
+                areWithin(m_pixels[group], m_pixels[other], m_radii[group] + m_radii[other]))
+                found.push_back(other);
+            return true;
+        });
+        return found;
+    }
+
+    /// Joins a group with what covers it, at the greatest of them, until nothing does. Each round looks from
+    /// one and the same disc, so that the cells of the grid make no difference.
     void settle(std::size_t group)
     {
-        bool isSettled = !stands(group);
-        while (!isSettled) {
-            isSettled = true;
-            m_grid.visitAround(group, [&](std::size_t other) {
-                if (other == group || !stands(other) ||
-                    !areWithin(m_pixels[group], m_pixels[other], m_radii[group] + m_radii[other]))
-                    return true;
-                isSettled = false;
-                const auto [to, from] = std::minmax(group, other);
-                m_joinedTo[from] = to;
-                m_organizations[to] += m_organizations[from];
-                m_radii[to] = m_metrics.radiusOf(m_organizations[to]);
-                return std::exchange(group, to) == to;
-            });
+        if (!stands(group)) return;
+        for (auto found = covering(group); found.size() > 1; found = covering(group)) {
+            group = std::ranges::min(found);
+            for (const std::size_t other : found) {
+                if (other == group) continue;
+                m_joinedTo[other] = group;
+                m_organizations[group] += m_organizations[other];
+            }
+            m_radii[group] = m_metrics.radiusOf(m_organizations[group]);
         }
     }
 
