@@ -18,6 +18,7 @@ class ListPane;
 class MapPane;
 class Messages;
 class ProgramFolder;
+class SettingsStore;
 class TimelinePanel;
 class QWidget;
 class ViewHistory;
@@ -39,6 +40,7 @@ public:
         const StandardQueries& queries;
         const ProgramFolder& folder;
         const Clock& clock;
+        SettingsStore& settings;
         Messages& messages;
     };
 
