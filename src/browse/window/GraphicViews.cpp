@@ -126,7 +126,9 @@ void GraphicViews::drawAfterList(RecordKind kind, bool isListed)
 void GraphicViews::drawAgain()
 {
     m_isDrawn = false;
-    if (!m_list.isFilling()) drawAfterList(m_list.kind(), m_isListed);
+    if (m_list.isFilling()) return;
+    if (m_isListed) narrow();
+    drawAfterList(m_list.kind(), m_isListed);
 }
 
 /// Lets the graphic read the records that the list shows.
