@@ -54,7 +54,7 @@ GraphicViews::GraphicViews(const Surroundings& surroundings, ListPane& list, Bro
 
 QWidget* GraphicViews::makeChart(QWidget* parent)
 {
-    m_chart = new ChartPane(m_at.session, m_at.history, m_at.queries, m_at.messages, parent);
+    m_chart = new ChartPane(m_at.session, m_at.history, m_at.queries, m_at.settings, m_at.messages, parent);
     return m_chart;
 }
 
@@ -90,10 +90,11 @@ void GraphicViews::draw(RecordKind kind)
     }
 }
 
-/// Says in a graphic that shows nothing why it does not. The list must have been read.
+/// Says to screen readers what a graphic shows, and in one that shows nothing why it does not. The list must
+/// have been read.
 void GraphicViews::explainEmpty()
 {
-    if (m_list.kind() == RecordKind::Document) m_chart->explainEmpty(m_list.count());
+    if (m_list.kind() == RecordKind::Document) m_chart->describe(m_list.count());
     if (m_list.kind() == RecordKind::Organization) m_map->explainEmpty(m_list.count());
 }
 

@@ -19,6 +19,7 @@ class ListPane;
 class MapPane;
 class Messages;
 class ProgramFolder;
+class SettingsStore;
 class TimelinePanel;
 class QWidget;
 class ViewHistory;
@@ -42,6 +43,7 @@ public:
         const ProgramFolder& folder;
         const Clock& clock;
         Messages& messages;
+        SettingsStore& settings;
     };
 
     /// Becomes a child of the window. List and page must outlive it.

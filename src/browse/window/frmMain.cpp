@@ -90,9 +90,9 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_undo(new UndoCommands(
           platform, state, *m_commands, [this] { return m_database.unwritable(); }, *this)),
       m_windows(new RecordWindows(platform, state, *m_positions, *m_editors, *this)),
-      m_graphics(new GraphicViews(
-          {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},
-          *m_list, *m_browse, *this)),
+      m_graphics(new GraphicViews({state.session, state.history, state.queries, state.folder, platform.clock,
+                                   platform.messages, platform.settings},
+                                  *m_list, *m_browse, *this)),
       m_shown(std::make_unique<ShownView>(state, *m_list, *m_graphics, *this)),
       m_details(new DetailsCommand(platform, *m_open, *m_shown, *m_browse, *m_commands, this)),
       m_fileReading(new FileReading(platform, state, *m_status, this)),
