@@ -231,9 +231,8 @@ void TimelinePanel::showAll()
     m_scrollBar->setVisible(scroll.isShown);
 
     const TimeWindow& window = m_timeline.window();
-    const std::size_t below = m_timeline.eventsBelow();
-    m_moreBelow->setText(
-        tr("%1 more below", nullptr, static_cast<int>(below)).arg(QLocale(QLocale::English).toString(below)));
+    const int below = scroll.max - scroll.value;
+    m_moreBelow->setText(tr("%1 more below", nullptr, below).arg(QLocale(QLocale::English).toString(below)));
     m_moreBelow->setVisible(below > 0);
     m_zoomLabel->setText(TimelineScale::zoomName(window.zoomFactor()));
     m_zoomIn->setEnabled(window.canZoomIn());
