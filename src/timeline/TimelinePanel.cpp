@@ -69,6 +69,8 @@ void TimelinePanel::connectParts()
     connect(input, &TimelineInput::eventChosen, this, [this](qint64 eventId) {
         showAll();
         Q_EMIT eventSelected(eventId);
+        // the list has told them of its row, though it does not have the focus
+        m_picture->announceSelected();
     });
     connect(m_band, &TimelineBand::periodChosen, this, [this](Moment leftEdge, int zoomFactor) {
         m_timeline.showPeriod(leftEdge, zoomFactor);
