@@ -120,7 +120,8 @@ void StatesPicture::render(const MapExtent& extent, const QPalette& palette, con
     painter.scale(1 / devicePixelRatio, 1 / devicePixelRatio);
     drawGround(painter, extent,
                {m_frame, devicePixelRatio, outOfSight, outside * devicePixelRatio, palette, font});
-    m_names = namesOf(statesIn(extent, std::nullopt), {m_frame.corner, extent.scale(), {}},
+    m_names = namesOf(statesIn(extent, std::nullopt),
+                      {m_frame.corner, extent.scale(), QSizeF(size) / devicePixelRatio},
                       {outside, extent.size()}, font);
 }
 
@@ -184,6 +185,7 @@ std::vector<StatesPicture::PlacedName> StatesPicture::namesOf(const States& stat
     const QRectF plane(frame.corner + sight.topLeft() * frame.scale, sight.size() * frame.scale);
     std::vector<PlacedName> names;
     for (const StateShape* state : states) {
+        if (!state->bounds.intersects(QRectF(frame.corner, frame.size * frame.scale))) continue;
         auto name = nameOf(*state, frame, metrics);
         // a state that is partly out of sight has its name in the part that is seen
         if (state->bounds.intersects(plane) && !(name && sight.contains(name->place))) {
