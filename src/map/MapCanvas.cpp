@@ -173,8 +173,10 @@ QString MapCanvas::accessibleItemName(int item) const
 
 QRect MapCanvas::accessibleItemRect(int item) const
 {
+    const auto entry = static_cast<std::size_t>(item);
+    if (m_extent.isCovered(m_markers.position(entry))) return {};
     QRectF marker(0, 0, m_markers.markerExtent(), m_markers.markerExtent());
-    marker.moveCenter(positionOf(static_cast<std::size_t>(item)));
+    marker.moveCenter(positionOf(entry));
     return marker.toAlignedRect();
 }
 
