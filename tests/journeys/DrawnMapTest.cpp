@@ -170,6 +170,28 @@ TEST_F(DrawnMap, InsetsAreWorkedAsTheMapAroundThem)
     EXPECT_TRUE(isWhole("PR"));
 }
 
+TEST_F(DrawnMap, APlaceBelowAnInsetIsOutOfSight)
+{
+    show();
+    journey.trigger("mapFullExtent");
+    const QPoint below = map().extent().insets()[2].frame().center().toPoint() - QPoint(0, 20);
+    journey.trigger("mapContiguousStates");
+    const QPointF atSea = map().degreesAt(below);
+    journey.database.run(u"INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, Lat, Lon, "
+                         "Status) VALUES (20, 'Ship', 4, %1, %2, 'ACTIVE')"_s.arg(atSea.y())
+                             .arg(atSea.x()));
+    journey.trigger("mnuViewRefresh");
+    ASSERT_TRUE(map().entryAt(below));
+    const auto ship = static_cast<int>(*map().entryAt(below));
+    journey.trigger("mapFullExtent");
+    EXPECT_EQ(map().entryAt(below), std::nullopt);
+    EXPECT_NE(map().grab().toImage().pixelColor(below), QColor(Qt::red));
+    EXPECT_TRUE(map().accessibleItemRect(ship).isEmpty());
+    journey.select("Ship");
+    EXPECT_TRUE(map().rect().contains(map().accessibleItemRect(ship))) << "the map goes to it";
+    EXPECT_TRUE(map().extent().insets().empty());
+}
+
 TEST_F(DrawnMap, GoesToAStateByADoubleClick)
 {
     show();
