@@ -170,6 +170,29 @@ TEST_F(DrawnMap, InsetsAreWorkedAsTheMapAroundThem)
     EXPECT_TRUE(isWhole("PR"));
 }
 
+TEST_F(DrawnMap, CutsOffNoNameAtItsEdges)
+{
+    show();
+    map().setPlaces({});
+    journey.trigger("mapContiguousStates");
+    map().zoomIn();
+    journey.list().setFocus();
+    std::size_t names = 0;
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Left, Qt::Key_Left, Qt::Key_Down, Qt::Key_Right}) {
+        QTest::keyClick(&map(), key);
+        const QImage picture = map().grab().toImage();
+        const QRect edge = picture.rect().adjusted(0, 0, -1, -1);
+        for (int x = 0; x < picture.width(); ++x) {
+            for (int y = 0; y < picture.height(); ++y) {
+                if (picture.pixelColor(x, y).lightness() > 120) continue;
+                ++names;
+                EXPECT_TRUE(edge.adjusted(1, 1, 0, 0).contains(x, y)) << x << ' ' << y;
+            }
+        }
+    }
+    EXPECT_GT(names, 1000U);
+}
+
 TEST_F(DrawnMap, APlaceBelowAnInsetIsOutOfSight)
 {
     show();
