@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -18,7 +19,7 @@
 namespace {
 
 constexpr int fullSize = 32000;
-constexpr int markers = 5000;
+constexpr int markersAtFullSize = 19455;
 constexpr QSize wholeScreen(1600, 1000);
 
 /// The clauses without the table names that plain views do not know.
@@ -72,7 +73,7 @@ void drawMap(benchmark::State& state)
 class FullMap
 {
 public:
-    FullMap() : m_view(nullptr)
+    explicit FullMap(int markers = 5000) : m_view(nullptr)
     {
         m_view.setStates(StatesLayer(ShapeFile::read(QStringLiteral(ORVIK_STATES))));
         std::vector<clsCities> places;
@@ -153,6 +154,23 @@ void redrawZooming(benchmark::State& state)
     });
 }
 
+/// Turns the wheel in at a place and out again, from all states with their insets, with a marker at each of
+/// as many places as at full size. Each step draws borders, names and insets anew.
+void redrawTurningTheWheel(benchmark::State& state)
+{
+    FullMap map(markersAtFullSize);
+    const QPointF position(700, 450);
+    timeRedraws(state, map, [&](int step) {
+        constexpr int stepsIn = 8;
+        const int phase = step % (2 * stepsIn);
+        if (phase == 0) map.view().showFullExtent();
+        const QPoint turn(0, phase < stepsIn ? 120 : -120);
+        QWheelEvent event(position, map.view().mapToGlobal(position), {}, turn, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&map.view(), &event);
+    });
+}
+
 void readStates(benchmark::State& state)
 {
     for (auto _ : state) {
@@ -167,4 +185,5 @@ BENCHMARK(drawMap)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(4);
 BENCHMARK(redraw)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(200);
 BENCHMARK(redrawDragging)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(400);
 BENCHMARK(redrawZooming)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(64);
+BENCHMARK(redrawTurningTheWheel)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(64);
 BENCHMARK(readStates)->Unit(benchmark::kMillisecond);
