@@ -16,8 +16,7 @@ constexpr int margin = 6;
 
 MapNotices::MapNotices(QWidget& map) : QWidget(&map)
 {
-    setForegroundRole(QPalette::Text);
-    setBackgroundRole(QPalette::Base);
+    setObjectName(QStringLiteral("MapNotices"));
     auto* lines = new QVBoxLayout(this);
     lines->setContentsMargins({});
     lines->setSpacing(0);
