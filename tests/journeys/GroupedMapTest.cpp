@@ -103,7 +103,7 @@ TEST_F(GroupedMap, DiscsActOnAllThatStandsThere)
     journey.program->window()->close();
     show();
     EXPECT_TRUE(journey.find<QAction>("mapGroup").isChecked()) << "it is remembered";
-    EXPECT_NE(drawn().find(": 3 organizations"), std::string::npos);
+    EXPECT_LT(map().accessibleItemCount(), 5) << drawn();
     journey.trigger("mapGroup");
     EXPECT_EQ(map().accessibleItemCount(), 5);
 }
