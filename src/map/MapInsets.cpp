@@ -11,7 +11,7 @@
 namespace {
 
 constexpr double titleHeight = 16;
-/// Around a state in its frame: half of a marker, which may stand at its very edge.
+/// For half of a marker, which may stand at the very edge of a state: within a frame, and beside it.
 constexpr double padding = 8;
 constexpr double apart = 6;
 constexpr double lowest = 46;
@@ -70,7 +70,7 @@ std::vector<QRectF> framesOf(const std::vector<InsetState>& states, double heigh
 bool areFree(const std::vector<QRectF>& frames, const QRectF& contiguous)
 {
     for (std::size_t i = 0; i < frames.size(); ++i) {
-        const QRectF around = frames[i].adjusted(-apart, -apart, apart, apart);
+        const QRectF around = frames[i].adjusted(-padding, -padding, padding, padding);
         const auto meets = [&](const Land& land) { return around.intersects(onScreen(land, contiguous)); };
         if (std::any_of(southernEdge.begin(), southernEdge.end(), meets)) return false;
         for (std::size_t other = i + 1; other < frames.size(); ++other) {
