@@ -19,7 +19,7 @@
 namespace {
 
 constexpr int fullSize = 32000;
-constexpr int markers = 5000;
+constexpr int markersAtFullSize = 19455;
 constexpr QSize wholeScreen(1600, 1000);
 
 /// The clauses without the table names that plain views do not know.
@@ -73,7 +73,7 @@ void drawMap(benchmark::State& state)
 class FullMap
 {
 public:
-    FullMap() : FullMap(allOver()) {}
+    explicit FullMap(int markers = 5000) : FullMap(allOver(markers)) {}
 
     explicit FullMap(const std::vector<clsCities>& places) : m_view(nullptr)
     {
@@ -88,7 +88,7 @@ public:
     void repaint() { m_view.repaint(); }
 
 private:
-    static std::vector<clsCities> allOver()
+    static std::vector<clsCities> allOver(int markers)
     {
         std::vector<clsCities> places;
         constexpr int columns = 100;
@@ -192,6 +192,20 @@ void redrawGroups(benchmark::State& state)
     state.counters["entries"] = static_cast<double>(places.entries().size());
 }
 
+/// Turns the wheel in at a place and out again, from all states with their insets, with a marker at each of
+/// as many places as at full size. Each step draws borders, names and insets anew.
+void redrawTurningTheWheel(benchmark::State& state)
+{
+    FullMap map(markersAtFullSize);
+    const QPointF position(700, 450);
+    timeRedraws(state, map, [&](int step) {
+        constexpr int stepsIn = 8;
+        const int phase = step % (2 * stepsIn);
+        if (phase == 0) map.view().showFullExtent();
+        turnWheel(map.view(), position, phase < stepsIn ? 120 : -120);
+    });
+}
+
 void readStates(benchmark::State& state)
 {
     for (auto _ : state) {
@@ -207,4 +221,5 @@ BENCHMARK(redraw)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(20
 BENCHMARK(redrawDragging)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(400);
 BENCHMARK(redrawZooming)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(64);
 BENCHMARK(redrawGroups)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(240);
+BENCHMARK(redrawTurningTheWheel)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(64);
 BENCHMARK(readStates)->Unit(benchmark::kMillisecond);

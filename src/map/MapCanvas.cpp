@@ -227,6 +227,7 @@ QString MapCanvas::accessibleItemName(int item) const
 QRect MapCanvas::accessibleItemRect(int item) const
 {
     const std::size_t lead = m_markers.leads()[static_cast<std::size_t>(item)];
+    if (m_extent.isCovered(m_markers.position(lead))) return {};
     const double width = 2 * m_markers.radiusOf(lead);
     QRectF marker(0, 0, width, width);
     marker.moveCenter(positionOf(lead));

@@ -123,7 +123,8 @@ std::vector<MapInset> layOutInsets(const std::vector<InsetState>& states, const 
     const double aside = contiguous.width() / 4;
     const double below = contiguous.height() * shareOfHeight;
     const QRectF screen = QRectF(QPointF(), size).adjusted(apart, apart, -apart, -apart);
-    const QRectF room = contiguous.adjusted(-aside, 0, aside, below).intersected(screen);
+    // on whole pixels, frames are sharp lines
+    const QRectF room = contiguous.adjusted(-aside, 0, aside, below).intersected(screen).toRect();
     for (double height = std::floor(contiguous.height() * shareOfHeight); height >= lowest; --height) {
         const std::vector<QRectF> frames = framesOf(states, height, room);
         if (!areFree(frames, contiguous)) continue;

@@ -120,7 +120,8 @@ void StatesPicture::render(const MapExtent& extent, const QPalette& palette, con
     painter.scale(1 / devicePixelRatio, 1 / devicePixelRatio);
     drawGround(painter, extent,
                {m_frame, devicePixelRatio, outOfSight, outside * devicePixelRatio, palette, font});
-    m_names = namesOf(statesIn(extent, std::nullopt), {m_frame.corner, extent.scale(), {}},
+    m_names = namesOf(statesIn(extent, std::nullopt),
+                      {m_frame.corner, extent.scale(), QSizeF(size) / devicePixelRatio},
                       {outside, extent.size()}, font);
 }
 
@@ -159,7 +160,10 @@ void StatesPicture::drawInset(QPainter& painter, const MapInset& inset, const St
         return QRectF(screen.topLeft() * ratio + sheet.screenCorner, screen.size() * ratio);
     };
     const QRectF frame = inFrame(inset.frame());
-    painter.setPen(QPen(stateColour, ratio));
+    const QColor titleColour = sheet.palette.color(QPalette::PlaceholderText);
+    QColor line = titleColour;
+    line.setAlphaF(0.5F);
+    painter.setPen(QPen(line, ratio));
     painter.setBrush(sheet.palette.base());
     painter.drawRect(frame.translated(ratio / 2, ratio / 2));
     painter.save();
@@ -167,12 +171,13 @@ void StatesPicture::drawInset(QPainter& painter, const MapInset& inset, const St
     drawOutlines(painter, states, {inset.shown().topLeft(), inset.scale() / ratio, frame.size()}, ratio, 0);
     painter.restore();
 
-    const QFont font = nameFont(sheet.font, ratio);
     const QRectF title = inFrame(inset.title()).adjusted(4 * ratio, 2 * ratio, -4 * ratio, 0);
+    QFont font = nameFont(sheet.font, ratio);
+    font.setPixelSize(std::min(font.pixelSize(), static_cast<int>(title.height())));
     const double room = title.width();
     const QString& name = inset.state().name;
     painter.setFont(font);
-    painter.setPen(sheet.palette.color(QPalette::PlaceholderText));
+    painter.setPen(titleColour);
     painter.drawText(title, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip,
                      QFontMetricsF(font).horizontalAdvance(name) <= room ? name : inset.state().letters);
 }
@@ -184,6 +189,7 @@ std::vector<StatesPicture::PlacedName> StatesPicture::namesOf(const States& stat
     const QRectF plane(frame.corner + sight.topLeft() * frame.scale, sight.size() * frame.scale);
     std::vector<PlacedName> names;
     for (const StateShape* state : states) {
+        if (!state->bounds.intersects(QRectF(frame.corner, frame.size * frame.scale))) continue;
         auto name = nameOf(*state, frame, metrics);
         // a state that is partly out of sight has its name in the part that is seen
         if (state->bounds.intersects(plane) && !(name && sight.contains(name->place))) {

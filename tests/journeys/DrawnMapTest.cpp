@@ -170,6 +170,51 @@ TEST_F(DrawnMap, InsetsAreWorkedAsTheMapAroundThem)
     EXPECT_TRUE(isWhole("PR"));
 }
 
+TEST_F(DrawnMap, CutsOffNoNameAtItsEdges)
+{
+    show();
+    map().setPlaces({});
+    journey.trigger("mapContiguousStates");
+    map().zoomIn();
+    journey.list().setFocus();
+    std::size_t names = 0;
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Left, Qt::Key_Left, Qt::Key_Down, Qt::Key_Right}) {
+        QTest::keyClick(&map(), key);
+        const QImage picture = map().grab().toImage();
+        const QRect edge = picture.rect().adjusted(0, 0, -1, -1);
+        for (int x = 0; x < picture.width(); ++x) {
+            for (int y = 0; y < picture.height(); ++y) {
+                if (picture.pixelColor(x, y).lightness() > 120) continue;
+                ++names;
+                EXPECT_TRUE(edge.adjusted(1, 1, 0, 0).contains(x, y)) << x << ' ' << y;
+            }
+        }
+    }
+    EXPECT_GT(names, 1000U);
+}
+
+TEST_F(DrawnMap, APlaceBelowAnInsetIsOutOfSight)
+{
+    show();
+    journey.trigger("mapFullExtent");
+    const QPoint below = map().extent().insets()[2].frame().center().toPoint() - QPoint(0, 20);
+    journey.trigger("mapContiguousStates");
+    const QPointF atSea = map().degreesAt(below);
+    journey.database.run(u"INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, Lat, Lon, "
+                         "Status) VALUES (20, 'Ship', 4, %1, %2, 'ACTIVE')"_s.arg(atSea.y())
+                             .arg(atSea.x()));
+    journey.trigger("mnuViewRefresh");
+    ASSERT_TRUE(map().entryAt(below));
+    const auto ship = static_cast<int>(*map().entryAt(below));
+    journey.trigger("mapFullExtent");
+    EXPECT_EQ(map().entryAt(below), std::nullopt);
+    EXPECT_NE(map().grab().toImage().pixelColor(below), QColor(Qt::red));
+    EXPECT_TRUE(map().accessibleItemRect(ship).isEmpty());
+    journey.select("Ship");
+    EXPECT_TRUE(map().rect().contains(map().accessibleItemRect(ship))) << "the map goes to it";
+    EXPECT_TRUE(map().extent().insets().empty());
+}
+
 TEST_F(DrawnMap, GoesToAStateByADoubleClick)
 {
     show();
