@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr double ringWidth = 4;
+constexpr double shareWidth = 4;
 constexpr double roomForNumber = 2; ///< on each side of it
 const QColor edgeColour(40, 40, 40);
 const QColor haloColour(255, 255, 255, 220);
@@ -62,7 +62,7 @@ QFont DiscPicture::fontBeside(const QFont& font)
 DiscMetrics DiscPicture::metricsOf(const QFont& discFont, double markerRadius)
 {
     return {markerRadius, QFontMetricsF(discFont).horizontalAdvance(u'0'),
-            2 * (ringWidth + roomForNumber + 1)};
+            2 * (shareWidth + roomForNumber + 1)};
 }
 
 void DiscPicture::draw(QPainter& painter, QPointF middle, double radius, std::span<const ColourShare> shares)
@@ -83,6 +83,6 @@ void DiscPicture::draw(QPainter& painter, QPointF middle, double radius, std::sp
     painter.setBrush(Qt::NoBrush);
     painter.drawEllipse(middle, radius - 0.5, radius - 0.5);
     painter.setBrush(Qt::white);
-    painter.drawEllipse(middle, radius - ringWidth, radius - ringWidth);
+    painter.drawEllipse(middle, radius - shareWidth, radius - shareWidth);
     painter.drawText(circle, Qt::AlignCenter | Qt::TextDontClip, discText(all));
 }

@@ -89,7 +89,8 @@ void MapLegend::toggle(int row)
 {
     m_hidden.flip(static_cast<std::size_t>(m_lines.at(static_cast<std::size_t>(row)).colour));
     showLine(row);
-    updateGeometry();
+    // lines must not move away below the pointer
+    if (!underMouse()) updateGeometry();
     raise(row);
     Q_EMIT hiddenChanged();
 }
@@ -110,6 +111,7 @@ void MapLegend::mouseReleaseEvent(QMouseEvent* event)
 void MapLegend::leaveEvent(QEvent* event)
 {
     QListWidget::leaveEvent(event);
+    updateGeometry();
     raise(hasFocus() ? currentRow() : -1);
 }
 

@@ -10,14 +10,13 @@
 
 namespace {
 
-constexpr int margin = 6;
+constexpr int noticeMargin = 6;
 
 } // namespace
 
 MapNotices::MapNotices(QWidget& map) : QWidget(&map)
 {
-    setForegroundRole(QPalette::Text);
-    setBackgroundRole(QPalette::Base);
+    setObjectName(QStringLiteral("MapNotices"));
     auto* lines = new QVBoxLayout(this);
     lines->setContentsMargins({});
     lines->setSpacing(0);
@@ -38,7 +37,7 @@ QLabel* MapNotices::addLabel(const QString& name)
     label->setAutoFillBackground(true);
     label->setAlignment(Qt::AlignCenter);
     label->setWordWrap(true);
-    label->setMargin(margin);
+    label->setMargin(noticeMargin);
     label->hide();
     layout()->addWidget(label);
     return label;
@@ -57,7 +56,7 @@ void MapNotices::makeOffer()
     m_offer->setBackgroundRole(QPalette::Base);
     m_offer->setAutoFillBackground(true);
     auto* line = new QHBoxLayout(m_offer);
-    line->setContentsMargins(margin, 2, margin, 2);
+    line->setContentsMargins(noticeMargin, 2, noticeMargin, 2);
     auto* text = new QLabel(tr("Most of the markers lie below others."), m_offer);
     text->setForegroundRole(QPalette::Text);
     line->addStretch();

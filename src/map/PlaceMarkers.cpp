@@ -28,6 +28,13 @@ double diameter(const MapExtent& extent)
     return std::round(std::clamp(extent.markerScale() / extent.scale(), smallestMarker, largestMarker));
 }
 
+/// Returns the middle nearest to one at which a disc is whole.
+QPointF movedInto(const QRectF& sight, QPointF middle, double radius)
+{
+    return {std::max(radius, std::min(middle.x(), sight.right() - radius)),
+            std::max(radius, std::min(middle.y(), sight.bottom() - radius))};
+}
+
 } // namespace
 
 void PlaceMarkers::set(const std::vector<clsCities>& places)
@@ -253,7 +260,7 @@ void PlaceMarkers::draw(QPainter& painter, const MapExtent& extent) const
     for (auto entry = seen.rbegin(); entry != seen.rend(); ++entry) {
         const QPointF middle = extent.toScreen(m_positions[*entry]);
         if (isDisc(*entry))
-            drawDisc(painter, middle, *entry);
+            drawDisc(painter, movedInto(sight, middle, radiusOf(*entry)), *entry);
         else
             MarkerPictures::draw(painter, m_places[*entry].colour, middle, diameter(extent));
     }

@@ -94,7 +94,7 @@ public:
     /// Draws the markers that are at least partly within `sight`, in pixels.
     void paint(QPainter& painter, const MapExtent& extent, const QRect& sight, double devicePixelRatio);
 
-    /// Draws the markers whose middle is in sight, as areas and lines.
+    /// Draws the markers whose middle is in sight, as areas and lines, and discs whole.
     void draw(QPainter& painter, const MapExtent& extent) const;
 
     /// Draws the marker or disc of an entry over the others, with a ring around it. Call after `paint`.
