@@ -265,7 +265,6 @@ TEST_F(ChartJourney, AnEmptyResultAndAFailingStatementShowAnEmptyChart)
     blank.fill(chart().palette().color(QPalette::Base));
     EXPECT_NE(empty, blank) << "an empty chart says so";
     EXPECT_EQ(chart().barAt(QPoint(100, 100)), std::nullopt);
-    EXPECT_EQ(chart().accessibleDescription(), u"None of these documents has a type."_s);
     journey.trigger("chartHorizontal");
     EXPECT_TRUE(inked(chart().grab().toImage(), chart().rect().adjusted(0, chart().height() / 2 - 10, 0, 0))
                     .isValid());
@@ -361,7 +360,7 @@ TEST_F(ChartJourney, SaysHowManyTypesItLeavesOut)
     EXPECT_TRUE(more.isVisible());
     EXPECT_EQ(more.text(), u"and 1,252 more"_s);
     EXPECT_TRUE(chart().accessibleDescription().startsWith(
-        u"Types: 1,302. Documents in the list: 4. The longest bar: After-Action Report: 3 documents. "_s));
+        u"Types: 1,302. Documents in the list: 4. The longest bar is After-Action Report: 3 documents. "_s));
 }
 
 } // namespace
