@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "widgets/AccessibleItems.h"
+
 #include <QWidget>
 
 #include <vector>
@@ -14,7 +16,7 @@ struct Lane;
 
 /// The lanes of the timeline, each with a label and a marker from a pool. The pool grows when the picture is
 /// resized; drawing only fills, moves, shows and hides what is there.
-class TimelinePicture final : public QWidget
+class TimelinePicture final : public QWidget, public AccessibleItems
 {
     Q_OBJECT
 
@@ -25,12 +27,21 @@ public:
     /// Shows the lanes as they are now.
     void showLanes();
 
+    /// Tells screen readers of the selected event, to which the keys have gone.
+    void announceSelected();
+
     /// Draws the lanes with their grid, in the painter's font, and nothing as selected. `height` is in
     /// pixels.
     void draw(QPainter& painter, const QPalette& palette, int height) const;
 
     /// Takes the font of the window, made smaller if it is too high for a lane.
     void chooseFont();
+
+    [[nodiscard]] int accessibleItemCount() const override;
+    [[nodiscard]] QString accessibleItemName(int item) const override;
+    [[nodiscard]] QRect accessibleItemRect(int item) const override;
+    [[nodiscard]] int accessibleCurrentItem() const override;
+    [[nodiscard]] bool accessibleShowsWidgets() const override;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;

@@ -224,7 +224,7 @@ TEST_F(Pictures, SayEverythingAsText)
     view("mnuViewOrganizations");
     saveAs("map.svg");
     expectTexts(textsOf("map.svg"), {u"Map"_s, u"View ALL Organizations"_s, u"Displaying 7 Organizations"_s,
-                                     u"Relief"_s, u"Fire & Rescue"_s, u"Law"_s});
+                                     u"Relief (2)"_s, u"Fire & Rescue (1)"_s, u"Law (3)"_s});
     const qint64 whole = QFileInfo(path("map.svg")).size();
     for (int i = 0; i < 4; ++i)
         map().zoomIn();

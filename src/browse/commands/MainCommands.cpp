@@ -82,6 +82,9 @@ void MainCommands::makeActions()
                              QKeySequence(Qt::ALT | Qt::Key_Right), tr("Shows the view after this one"));
     mnuNavigateHome = add(QStringLiteral("mnuNavigateHome"), tr("&Home"), QStringLiteral("go-home"),
                           QKeySequence(Qt::ALT | Qt::Key_Home), tr("Shows the home page"));
+    mnuNavigateGoToDate =
+        add(QStringLiteral("mnuNavigateGoToDate"), tr("&Go to Date…"), QStringLiteral("go-jump"),
+            QKeySequence(Qt::CTRL | Qt::Key_G), tr("Moves the timeline to a date"));
     mnuNewDatabase =
         add(QStringLiteral("mnuNewDatabase"), tr("&New Database…"), QStringLiteral("folder-new"),
             QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), tr("Begins a collection of your own"));
@@ -219,7 +222,7 @@ void MainCommands::makeMenus()
     mnuNavigate = m_window.menuBar()->addMenu(tr("&Navigate"));
     mnuNavigate->setObjectName(QStringLiteral("mnuNavigate"));
     mnuNavigate->setToolTipsVisible(true);
-    mnuNavigate->addActions({mnuNavigateBack, mnuNavigateForward, mnuNavigateHome});
+    mnuNavigate->addActions({mnuNavigateBack, mnuNavigateForward, mnuNavigateHome, mnuNavigateGoToDate});
     mnuNavigate->addSeparator();
     mnuHistory = mnuNavigate->addMenu(tr("H&istory"));
     mnuHistory->setObjectName(QStringLiteral("mnuHistory"));

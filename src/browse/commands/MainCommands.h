@@ -36,6 +36,7 @@ public:
     QAction* mnuNavigateBack;
     QAction* mnuNavigateForward;
     QAction* mnuNavigateHome;
+    QAction* mnuNavigateGoToDate;
     QAction* mnuNewDatabase;
     QAction* mnuOpenDatabase;
     QAction* mnuBackUp;

@@ -42,6 +42,9 @@ void CommandStates::enableViewCommands(const QString& noList) const
           commands.mnuViewHideGraphic, commands.mnuViewDetails}) {
         enableUnless(*action, noList);
     }
+    const bool showsEvents = m_at.list.kind() == RecordKind::Event;
+    enableUnless(*commands.mnuNavigateGoToDate,
+                 noList.isEmpty() && !showsEvents ? tr("The timeline is shown with events only.") : noList);
     const bool isWhole = !noList.isEmpty() || !m_at.list.isFilling();
     const QString noOutput = isWhole ? noList : tr("The list is still being read.");
     for (QAction* action : {commands.mnuRecordExport, commands.mnuRecordPrint})

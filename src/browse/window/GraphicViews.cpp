@@ -60,7 +60,8 @@ QWidget* GraphicViews::makeChart(QWidget* parent)
 
 QWidget* GraphicViews::makeMap(QWidget* parent)
 {
-    m_map = new MapPane(m_at.session, m_at.history, m_at.queries, m_at.folder, m_at.messages, parent);
+    m_map = new MapPane(m_at.session, m_at.history, m_at.queries, m_at.folder, m_at.settings, m_at.messages,
+                        parent);
     connect(m_map, &MapPane::organizationsChosen, this,
             [this](const std::vector<qint64>& identifiers) { m_list.select(identifiers); });
     return m_map;

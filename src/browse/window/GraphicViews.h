@@ -42,8 +42,8 @@ public:
         const StandardQueries& queries;
         const ProgramFolder& folder;
         const Clock& clock;
-        Messages& messages;
         SettingsStore& settings;
+        Messages& messages;
     };
 
     /// Becomes a child of the window. List and page must outlive it.

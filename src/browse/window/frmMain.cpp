@@ -91,7 +91,7 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
           platform, state, *m_commands, [this] { return m_database.unwritable(); }, *this)),
       m_windows(new RecordWindows(platform, state, *m_positions, *m_editors, *this)),
       m_graphics(new GraphicViews({state.session, state.history, state.queries, state.folder, platform.clock,
-                                   platform.messages, platform.settings},
+                                   platform.settings, platform.messages},
                                   *m_list, *m_browse, *this)),
       m_shown(std::make_unique<ShownView>(state, *m_list, *m_graphics, *this)),
       m_details(new DetailsCommand(platform, *m_open, *m_shown, *m_browse, *m_commands, this)),
@@ -152,6 +152,7 @@ void frmMain::connectCommands()
         if (!m_state.history.goForward()) m_platform.messages.beep();
     });
     on(m_commands->mnuNavigateHome, [this] { viewHome(); });
+    on(m_commands->mnuNavigateGoToDate, [this] { m_graphics->timeline().goToDate(); });
     on(m_commands->mnuNavigateSettings, [this] {
         if (m_settings->change(*this) && m_pages->showsList()) m_pages->refresh();
     });
