@@ -156,7 +156,11 @@ TEST_F(FilteredGraphic, KnowsTheEventsThatWereSavedWhileItWasHidden)
     journey.trigger("mnuViewRefresh");
     EXPECT_EQ(statements(log), 1) << log.lines().join(u'\n').toStdString();
     EXPECT_EQ(begins(), before);
+    const QAction& goToDate = journey.find<QAction>("mnuNavigateGoToDate");
+    EXPECT_FALSE(goToDate.isEnabled());
+    EXPECT_EQ(goToDate.toolTip().section(u'\n', 1), u"The graphic is hidden."_s);
     journey.trigger("mnuViewHideGraphic");
+    EXPECT_TRUE(goToDate.isEnabled());
     EXPECT_EQ(begins(), "02/03/1901 00:00");
 }
 
