@@ -143,6 +143,12 @@ void BrowsePage::applyPlace()
         m_graphics->addWidget(graphic);
     }
     m_graphics->setCurrentWidget(graphic);
+    // a stack is as large as its largest page wants to be, unless the others are ignored
+    for (const auto& [kind, place] : m_places) {
+        const bool isShown = place.graphic == graphic;
+        const auto policy = isShown ? QSizePolicy::Preferred : QSizePolicy::Ignored;
+        if (place.graphic != nullptr) place.graphic->setSizePolicy(policy, policy);
+    }
     m_splitter->setOrientation(m_shown->side);
     applyDetails();
     divide(*m_splitter, m_shown->side == Qt::Horizontal ? m_splitter->width() : m_splitter->height(),
