@@ -25,6 +25,9 @@ constexpr int lowestColumn = 3;
 constexpr int columnGap = 1;
 constexpr double shortestLine = 4; ///< shorter events are told by their column
 
+/// A wider window is told by its ground, which must not hide what is seen through it.
+constexpr double widestLine = 4;
+
 constexpr int darkGround = 128; ///< the lightness below which a ground is dark
 
 QColor withAlpha(QColor colour, int alpha)
@@ -131,7 +134,8 @@ void BandPicture::paintBox(QPainter& painter, const BandBox& box, const QPalette
     // the window itself, which may be shorter than a pixel
     const double shown = std::max(box.windowRight - box.windowLeft, 1.0);
     const double left = std::clamp(box.windowLeft, box.left, std::max(box.right - shown, box.left));
-    painter.fillRect(QRectF(left, frame.top() + 1, shown, frame.height() - 2), withAlpha(colour, 110));
+    painter.fillRect(QRectF(left, frame.top() + 1, shown, frame.height() - 2),
+                     withAlpha(colour, shown > widestLine ? 60 : 130));
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(colour, 1));
     painter.drawRoundedRect(frame, 2, 2);

@@ -80,8 +80,9 @@ void TimelineBand::describe()
     const auto events = static_cast<int>(m_parts.events());
     const TimelineLimits& limits = window.limits();
     const QString days = tr("%1 to %2").arg(dateText(limits.timelineStart), dateText(limits.timelineEnd));
-    const QString whole =
-        events == 1 ? tr("%1: 1 event.").arg(days) : tr("%1: %n events.", nullptr, events).arg(days);
+    QString whole = tr("%1: %n events.", nullptr, events).arg(days);
+    if (events == 0) whole = tr("%1: no events.").arg(days);
+    if (events == 1) whole = tr("%1: 1 event.").arg(days);
     setAccessibleDescription(
         tr("%1 The window shows %2 to %3. The arrow keys go from one part with events to the next.")
             .arg(whole, dateTimeText(window.currentTime()), dateTimeText(window.windowEnd())));
