@@ -135,15 +135,15 @@ CalendarDivision labelledOf(const BandScale& scale, const LabelMeasure& labelWid
     return calendarDivisions.back();
 }
 
-/// The finest division whose ticks have room and that divides another.
-CalendarDivision tickedOf(const BandScale& scale, const CalendarDivision& labelled)
+/// The finest division whose ticks have room. Labels need so much more of it that theirs is a multiple of
+/// that.
+CalendarDivision tickedOf(const BandScale& scale)
 {
     for (const CalendarDivision& division : calendarDivisions) {
-        const bool divides = division.period != labelled.period || labelled.every % division.every == 0;
-        const auto shortest = static_cast<double>(division.shortest);
-        if (divides && shortest >= narrowestTicks * scale.minutesPerUnit()) return division;
+        if (static_cast<double>(division.shortest) >= narrowestTicks * scale.minutesPerUnit())
+            return division;
     }
-    return labelled;
+    return calendarDivisions.back();
 }
 
 } // namespace
@@ -154,7 +154,7 @@ BandLabels bandLabelsOf(const BandScale& scale, const LabelMeasure& labelWidth)
     const TimelineLimits& limits = scale.limits();
     if (scale.width() <= 0 || limits.timelineEnd <= limits.timelineStart) return result;
     const CalendarDivision labelled = labelledOf(scale, labelWidth);
-    for (const Moment moment : momentsOf(tickedOf(scale, labelled), limits))
+    for (const Moment moment : momentsOf(tickedOf(scale), limits))
         result.ticks.push_back(scale.positionOf(moment));
     double room = 0;
     for (const Moment moment : momentsOf(labelled, limits)) {
