@@ -22,7 +22,6 @@ constexpr int ticksTop = lineTop + lineHeight;
 constexpr int shortTick = 3;
 constexpr int labelsTop = ticksTop + shortTick;
 constexpr int lowestColumn = 3;
-constexpr int columnGap = 1;
 constexpr double shortestLine = 4; ///< shorter events are told by their column
 
 /// A wider window is told by its ground, which must not hide what is seen through it.
@@ -80,7 +79,7 @@ void paintColumns(QPainter& painter, const BandParts& parts, const Colours& colo
     for (const BandPart& part : parts.all()) {
         if (part.events == 0) continue;
         const int left = static_cast<int>(std::floor(part.left));
-        const int width = std::max(static_cast<int>(std::floor(part.right)) - left - columnGap, 1);
+        const int width = std::max(static_cast<int>(std::floor(part.right)) - left, 1);
         const int keys = heightOf(part.keyEvents, parts.most());
         // what is stacked on key events is seen however few it is
         const int whole = std::max(heightOf(part.events, parts.most()),
