@@ -94,7 +94,7 @@ QString textOf(Period period, Moment moment)
     const QDate day = dayOf(moment);
     if (period == Period::Hour && minuteOfDay(moment) != 0) return timeText(moment);
     if (period <= Period::Day) return dateText(moment);
-    const QString year = QStringLiteral("%1").arg(day.year(), 4, 10, QLatin1Char('0'));
+    QString year = QStringLiteral("%1").arg(day.year(), 4, 10, QLatin1Char('0'));
     if (period == Period::Year || day.month() == 1) return year;
     return QStringLiteral("%1/").arg(day.month(), 2, 10, QLatin1Char('0')) + year;
 }

@@ -181,6 +181,15 @@ void TimelineBand::goToPart(const BandPart* part)
     endMove();
 }
 
+void TimelineBand::goForward()
+{
+    const Moment now = m_timeline.window().currentTime();
+    const BandPart* part = m_parts.partOf(now);
+    const auto start = part == nullptr ? std::nullopt : firstStartIn(*part);
+    // the window may stand in a part before the first of its events
+    goToPart(start && *start > now ? part : m_parts.nextWithEvents(now));
+}
+
 void TimelineBand::goToLabel(bool isForward)
 {
     const Moment now = m_timeline.window().currentTime();
@@ -266,7 +275,7 @@ void TimelineBand::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Left:
         return goToPart(m_parts.previousWithEvents(window.currentTime()));
     case Qt::Key_Right:
-        return goToPart(m_parts.nextWithEvents(window.currentTime()));
+        return goForward();
     case Qt::Key_PageUp:
         return goToLabel(false);
     case Qt::Key_PageDown:

@@ -112,6 +112,9 @@ TEST_F(Bands, ItsKeysGoFromOnePartWithEventsToTheNext)
         QTest::keyClick(&band(), key);
         EXPECT_EQ(now(), leftEdge) << QKeySequence(key).toString().toStdString();
     }
+    Q_EMIT band().periodChosen(momentOf(QDate(1929, 12, 30)), 0);
+    QTest::keyClick(&band(), Qt::Key_Right);
+    EXPECT_EQ(now(), "01/01/1930 00:00") << "the window stood in the part, before its event";
     EXPECT_EQ(band().accessibleItemName(band().accessibleCurrentItem()),
               u"12/30/1929 to 01/02/1930: 1 event"_s);
     QTest::keyClick(&band(), Qt::Key_Minus);
