@@ -94,7 +94,7 @@ QString textOf(Period period, Moment moment)
     const QDate day = dayOf(moment);
     if (period == Period::Hour && minuteOfDay(moment) != 0) return timeText(moment);
     if (period <= Period::Day) return dateText(moment);
-    const QString year = QStringLiteral("%1").arg(day.year(), 4, 10, QLatin1Char('0'));
+    QString year = QStringLiteral("%1").arg(day.year(), 4, 10, QLatin1Char('0'));
     if (period == Period::Year || day.month() == 1) return year;
     return QStringLiteral("%1/").arg(day.month(), 2, 10, QLatin1Char('0')) + year;
 }
@@ -135,15 +135,15 @@ CalendarDivision labelledOf(const BandScale& scale, const LabelMeasure& labelWid
     return calendarDivisions.back();
 }
 
-/// The finest division whose ticks have room and that divides another.
-CalendarDivision tickedOf(const BandScale& scale, const CalendarDivision& labelled)
+/// The finest division whose ticks have room. Labels need so much more of it that theirs is a multiple of
+/// that.
+CalendarDivision tickedOf(const BandScale& scale)
 {
     for (const CalendarDivision& division : calendarDivisions) {
-        const bool divides = division.period != labelled.period || labelled.every % division.every == 0;
-        const auto shortest = static_cast<double>(division.shortest);
-        if (divides && shortest >= narrowestTicks * scale.minutesPerUnit()) return division;
+        if (static_cast<double>(division.shortest) >= narrowestTicks * scale.minutesPerUnit())
+            return division;
     }
-    return labelled;
+    return calendarDivisions.back();
 }
 
 } // namespace
@@ -154,7 +154,7 @@ BandLabels bandLabelsOf(const BandScale& scale, const LabelMeasure& labelWidth)
     const TimelineLimits& limits = scale.limits();
     if (scale.width() <= 0 || limits.timelineEnd <= limits.timelineStart) return result;
     const CalendarDivision labelled = labelledOf(scale, labelWidth);
-    for (const Moment moment : momentsOf(tickedOf(scale, labelled), limits))
+    for (const Moment moment : momentsOf(tickedOf(scale), limits))
         result.ticks.push_back(scale.positionOf(moment));
     double room = 0;
     for (const Moment moment : momentsOf(labelled, limits)) {

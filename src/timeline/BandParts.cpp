@@ -27,8 +27,8 @@ QString BandPart::text() const
     const auto count = static_cast<int>(events);
     const auto keys = static_cast<int>(keyEvents);
     if (events == 0) return TimelineTexts::tr("%1: no events").arg(days);
-    const QString plain = count == 1 ? TimelineTexts::tr("%1: 1 event").arg(days)
-                                     : TimelineTexts::tr("%1: %n events", nullptr, count).arg(days);
+    QString plain = count == 1 ? TimelineTexts::tr("%1: 1 event").arg(days)
+                               : TimelineTexts::tr("%1: %n events", nullptr, count).arg(days);
     if (keys == 0) return plain;
     if (count == 1) return TimelineTexts::tr("%1: 1 key event").arg(days);
     return keys == 1 ? TimelineTexts::tr("%1, 1 of them a key event").arg(plain)

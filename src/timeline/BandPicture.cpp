@@ -22,8 +22,10 @@ constexpr int ticksTop = lineTop + lineHeight;
 constexpr int shortTick = 3;
 constexpr int labelsTop = ticksTop + shortTick;
 constexpr int lowestColumn = 3;
-constexpr int columnGap = 1;
 constexpr double shortestLine = 4; ///< shorter events are told by their column
+
+/// A wider window is told by its ground, which must not hide what is seen through it.
+constexpr double widestLine = 4;
 
 constexpr int darkGround = 128; ///< the lightness below which a ground is dark
 
@@ -77,7 +79,7 @@ void paintColumns(QPainter& painter, const BandParts& parts, const Colours& colo
     for (const BandPart& part : parts.all()) {
         if (part.events == 0) continue;
         const int left = static_cast<int>(std::floor(part.left));
-        const int width = std::max(static_cast<int>(std::floor(part.right)) - left - columnGap, 1);
+        const int width = std::max(static_cast<int>(std::floor(part.right)) - left, 1);
         const int keys = heightOf(part.keyEvents, parts.most());
         // what is stacked on key events is seen however few it is
         const int whole = std::max(heightOf(part.events, parts.most()),
@@ -131,7 +133,8 @@ void BandPicture::paintBox(QPainter& painter, const BandBox& box, const QPalette
     // the window itself, which may be shorter than a pixel
     const double shown = std::max(box.windowRight - box.windowLeft, 1.0);
     const double left = std::clamp(box.windowLeft, box.left, std::max(box.right - shown, box.left));
-    painter.fillRect(QRectF(left, frame.top() + 1, shown, frame.height() - 2), withAlpha(colour, 110));
+    painter.fillRect(QRectF(left, frame.top() + 1, shown, frame.height() - 2),
+                     withAlpha(colour, shown > widestLine ? 60 : 130));
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(colour, 1));
     painter.drawRoundedRect(frame, 2, 2);

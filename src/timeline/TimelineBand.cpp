@@ -80,8 +80,9 @@ void TimelineBand::describe()
     const auto events = static_cast<int>(m_parts.events());
     const TimelineLimits& limits = window.limits();
     const QString days = tr("%1 to %2").arg(dateText(limits.timelineStart), dateText(limits.timelineEnd));
-    const QString whole =
-        events == 1 ? tr("%1: 1 event.").arg(days) : tr("%1: %n events.", nullptr, events).arg(days);
+    QString whole = tr("%1: %n events.", nullptr, events).arg(days);
+    if (events == 0) whole = tr("%1: no events.").arg(days);
+    if (events == 1) whole = tr("%1: 1 event.").arg(days);
     setAccessibleDescription(
         tr("%1 The window shows %2 to %3. The arrow keys go from one part with events to the next.")
             .arg(whole, dateTimeText(window.currentTime()), dateTimeText(window.windowEnd())));
@@ -180,6 +181,15 @@ void TimelineBand::goToPart(const BandPart* part)
     endMove();
 }
 
+void TimelineBand::goForward()
+{
+    const Moment now = m_timeline.window().currentTime();
+    const BandPart* part = m_parts.partOf(now);
+    const auto start = part == nullptr ? std::nullopt : firstStartIn(*part);
+    // the window may stand in a part before the first of its events
+    goToPart(start && *start > now ? part : m_parts.nextWithEvents(now));
+}
+
 void TimelineBand::goToLabel(bool isForward)
 {
     const Moment now = m_timeline.window().currentTime();
@@ -265,7 +275,7 @@ void TimelineBand::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Left:
         return goToPart(m_parts.previousWithEvents(window.currentTime()));
     case Qt::Key_Right:
-        return goToPart(m_parts.nextWithEvents(window.currentTime()));
+        return goForward();
     case Qt::Key_PageUp:
         return goToLabel(false);
     case Qt::Key_PageDown:

@@ -72,6 +72,7 @@ private:
     void chooseMoment(Moment leftEdge);
     void goTo(double position);
     void goToPart(const BandPart* part);
+    void goForward();
     void goToLabel(bool isForward);
     void endMove();
     [[nodiscard]] std::optional<Moment> firstStartIn(const BandPart& part) const;
