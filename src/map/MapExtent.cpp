@@ -64,31 +64,68 @@ void MapExtent::setSize(QSizeF pixels)
 
 void MapExtent::fit(const QRectF& plane)
 {
-    m_fitted = plane;
+    fitWithInsets(plane, {});
+}
+
+void MapExtent::fitWithInsets(const QRectF& whole, std::vector<InsetState> states)
+{
+    m_fitted = whole;
+    m_insetStates = std::move(states);
     m_isFitted = true;
     applyFit();
 }
 
 void MapExtent::applyFit()
 {
-    m_centre = m_fitted.center();
-    m_scale = roomAround * std::max(m_fitted.width() / m_size.width(), m_fitted.height() / m_size.height());
+    m_insets.clear();
+    if (!m_insetStates.empty()) {
+        const QRectF states = MapProjection::contiguousStates();
+        fitTo(states);
+        m_insets = layOutInsets(m_insetStates,
+                                {toMainScreen(states.topLeft()), toMainScreen(states.bottomRight())}, m_size);
+    }
+    if (m_insets.empty()) fitTo(m_fitted);
+}
+
+void MapExtent::fitTo(const QRectF& plane)
+{
+    m_centre = plane.center();
+    m_scale = fittingScale(plane);
     keepInBounds();
+}
+
+double MapExtent::fittingScale(const QRectF& plane) const
+{
+    return roomAround * std::max(plane.width() / m_size.width(), plane.height() / m_size.height());
+}
+
+/// The map is that of the user from here on, without insets.
+void MapExtent::leaveFit()
+{
+    m_isFitted = false;
+    m_insetStates.clear();
+    m_insets.clear();
 }
 
 void MapExtent::zoom(double factor, QPointF about)
 {
-    const QPointF below = toPlane(about);
-    m_isFitted = false;
-    m_scale = std::clamp(m_scale / factor, smallestScale, largestScale);
+    const auto inset = factor > 1 ? insetAt(about) : std::nullopt;
+    const QPointF below = inset ? toPlane(about) : toMainPlane(about);
+    const double scale = inset ? m_insets[*inset].scale() : m_scale;
+    leaveFit();
+    m_scale = std::clamp(scale / factor, smallestScale, largestScale);
     m_centre += below - toPlane(about);
     keepInBounds();
 }
 
 void MapExtent::zoomTo(const QRectF& screen)
 {
-    const QRectF plane(toPlane(screen.topLeft()), toPlane(screen.bottomRight()));
-    m_isFitted = false;
+    const auto inset = insetAt(screen.center());
+    const auto corner = [&](QPointF point) {
+        return inset ? m_insets[*inset].toPlane(point) : toMainPlane(point);
+    };
+    const QRectF plane(corner(screen.topLeft()), corner(screen.bottomRight()));
+    leaveFit();
     m_centre = plane.center();
     m_scale = std::max(plane.width() / m_size.width(), plane.height() / m_size.height());
     keepInBounds();
@@ -96,16 +133,15 @@ void MapExtent::zoomTo(const QRectF& screen)
 
 void MapExtent::pan(QPointF pixels)
 {
-    m_isFitted = false;
+    leaveFit();
     m_centre -= pixels * m_scale;
     keepInBounds();
 }
 
 void MapExtent::show(QPointF plane)
 {
-    const QPointF screen = toScreen(plane);
-    if (QRectF(QPointF(), m_size).contains(screen)) return;
-    m_isFitted = false;
+    if (isInSight(plane)) return;
+    leaveFit();
     m_centre = plane;
     keepInBounds();
 }
@@ -114,10 +150,7 @@ void MapExtent::goTo(const std::vector<QPointF>& places)
 {
     if (places.empty()) return fit(MapProjection::contiguousStates());
     const std::vector<QPointF> wanted = mainPlaces(places);
-    const QRectF screen(QPointF(), m_size);
-    const bool isInSight = std::all_of(wanted.begin(), wanted.end(),
-                                       [&](QPointF place) { return screen.contains(toScreen(place)); });
-    if (isInSight) return;
+    if (std::all_of(wanted.begin(), wanted.end(), [this](QPointF place) { return isInSight(place); })) return;
     const QRectF states = MapProjection::contiguousStates();
     const QRectF stretch = around(wanted);
     // for places all over the states, all of the states is the more familiar picture
@@ -133,12 +166,50 @@ void MapExtent::keepInBounds()
     m_centre.setY(std::clamp(m_centre.y(), bounds.top(), bounds.bottom()));
 }
 
+std::optional<std::size_t> MapExtent::insetOf(QPointF plane) const
+{
+    const auto found = std::ranges::find_if(
+        m_insets, [plane](const MapInset& inset) { return inset.state().bounds.contains(plane); });
+    if (found == m_insets.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - m_insets.begin());
+}
+
+std::optional<std::size_t> MapExtent::insetAt(QPointF screen) const
+{
+    const auto found = std::ranges::find_if(
+        m_insets, [screen](const MapInset& inset) { return inset.frame().contains(screen); });
+    if (found == m_insets.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - m_insets.begin());
+}
+
+bool MapExtent::isCovered(QPointF plane) const
+{
+    return !insetOf(plane) && insetAt(toMainScreen(plane));
+}
+
+bool MapExtent::isInSight(QPointF plane) const
+{
+    return QRectF(QPointF(), m_size).contains(toScreen(plane)) && !isCovered(plane);
+}
+
 QPointF MapExtent::toScreen(QPointF plane) const
+{
+    const auto inset = insetOf(plane);
+    return inset ? m_insets[*inset].toScreen(plane) : toMainScreen(plane);
+}
+
+QPointF MapExtent::toPlane(QPointF screen) const
+{
+    const auto inset = insetAt(screen);
+    return inset ? m_insets[*inset].toPlane(screen) : toMainPlane(screen);
+}
+
+QPointF MapExtent::toMainScreen(QPointF plane) const
 {
     return (plane - m_centre) / m_scale + QPointF(m_size.width() / 2, m_size.height() / 2);
 }
 
-QPointF MapExtent::toPlane(QPointF screen) const
+QPointF MapExtent::toMainPlane(QPointF screen) const
 {
     return m_centre + (screen - QPointF(m_size.width() / 2, m_size.height() / 2)) * m_scale;
 }

@@ -16,7 +16,5 @@ struct MarkerReach
 };
 
 /// Returns the index of the marker that a pointer hits, or `std::nullopt`. Markers and pointer are points of
-/// the plane of the map, the markers in the order in which they are drawn; a pixel is `scale` units of the
-/// plane.
-std::optional<std::size_t> markerAt(std::span<const QPointF> markers, QPointF pointer, double scale,
-                                    MarkerReach reach);
+/// the screen, the markers in the order in which they are drawn.
+std::optional<std::size_t> markerAt(std::span<const QPointF> markers, QPointF pointer, MarkerReach reach);

@@ -3,6 +3,7 @@
 #include "map/StateOutlines.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace {
@@ -61,64 +62,116 @@ std::vector<std::vector<QPointF>> outlines(const StateShape& state, const MapPic
     return rings;
 }
 
-namespace {
-
-/// Returns the room for a line of text at a height of a ring, as left and right in the plane: around `about`,
-/// or around the middle of the widest part.
-std::optional<std::pair<double, double>> roomAcross(const PlaneRing& ring, double y, double halfHeight,
-                                                    std::optional<double> about)
+std::optional<StateShape> partOf(const StateShape& state, const QRectF& plane)
 {
-    const auto middle = chords(ring, y);
-    if (middle.empty()) return std::nullopt;
-    const auto width = [](const auto& chord) { return chord.second - chord.first; };
-    const auto widest = std::max_element(middle.begin(), middle.end(),
-                                         [&](const auto& a, const auto& b) { return width(a) < width(b); });
-    const double x = about.value_or((widest->first + widest->second) / 2);
-    std::pair<double, double> room(-HUGE_VAL, HUGE_VAL);
-    for (const double line : {y - halfHeight, y, y + halfHeight}) {
-        const auto across = chords(ring, line);
-        const auto around = std::find_if(across.begin(), across.end(), [x](const auto& chord) {
-            return chord.first <= x && x <= chord.second;
-        });
-        if (around == across.end()) return std::nullopt;
-        room = {std::max(room.first, around->first), std::min(room.second, around->second)};
-    }
-    return room;
+    PlaneRing ring = clipped(state.rings[state.largest], plane);
+    constexpr std::size_t fewest = 3;
+    if (ring.size() < fewest) return std::nullopt;
+    StateShape part{state.name, state.letters, {}, boundsOf(ring), 0, widestPlace(ring)};
+    part.rings.push_back(std::move(ring));
+    return part;
 }
 
-bool isFree(const QRectF& place, const std::vector<QPointF>& avoided)
+namespace {
+
+/// The lines of text that a ring has room for: half a line apart, up and down from the best place for the
+/// name.
+class TextLines
 {
-    const auto height = [](QPointF point) { return point.y(); };
-    const auto first = std::ranges::lower_bound(avoided, place.top(), {}, height);
-    const auto last = std::ranges::upper_bound(first, avoided.end(), place.bottom(), {}, height);
-    return std::none_of(first, last, [&](QPointF point) { return place.contains(point); });
+public:
+    static constexpr int mostSteps = 12; // on each side of the best line
+
+    /// In the plane.
+    TextLines(const StateShape& state, double halfHeight)
+        : m_state(state), m_ring(state.rings[state.largest]), m_halfHeight(halfHeight)
+    {
+    }
+
+    [[nodiscard]] double height(int step) const { return m_state.label.y() + step * m_halfHeight; }
+
+    [[nodiscard]] bool isWithinBounds(int step) const
+    {
+        return height(step - 1) >= m_state.bounds.top() && height(step + 1) <= m_state.bounds.bottom();
+    }
+
+    /// Returns the room of a line as left and right: around the best place, or around the middle of the
+    /// widest part.
+    std::optional<std::pair<double, double>> room(int step)
+    {
+        const Chords& middle = across(step);
+        if (middle.empty()) return std::nullopt;
+        const auto widest = std::ranges::max_element(
+            middle, {}, [](const auto& chord) { return chord.second - chord.first; });
+        const double x = step == 0 ? m_state.label.x() : (widest->first + widest->second) / 2;
+        std::pair<double, double> room(-HUGE_VAL, HUGE_VAL);
+        for (const int line : {step - 1, step, step + 1}) {
+            const auto around = std::ranges::find_if(
+                across(line), [x](const auto& chord) { return chord.first <= x && x <= chord.second; });
+            if (around == across(line).end()) return std::nullopt;
+            room = {std::max(room.first, around->first), std::min(room.second, around->second)};
+        }
+        return room;
+    }
+
+private:
+    using Chords = std::vector<std::pair<double, double>>;
+
+    /// Each is looked for once: the lines of text share them.
+    const Chords& across(int step)
+    {
+        const int place = step + mostSteps + 1;
+        auto& found = m_across.at(static_cast<std::size_t>(place));
+        if (!found) found = chords(m_ring, height(step));
+        return *found;
+    }
+
+    const StateShape& m_state;
+    const PlaneRing& m_ring;
+    double m_halfHeight;
+    std::array<std::optional<Chords>, 2 * mostSteps + 3> m_across;
+};
+
+bool touches(const QRectF& place, const MapObstacle& obstacle)
+{
+    const QPointF nearest(std::clamp(obstacle.place.x(), place.left(), place.right()),
+                          std::clamp(obstacle.place.y(), place.top(), place.bottom()));
+    const QPointF apart = obstacle.place - nearest;
+    return QPointF::dotProduct(apart, apart) <= obstacle.radius * obstacle.radius;
+}
+
+bool isFree(const QRectF& place, const std::vector<MapObstacle>& obstacles, double widest)
+{
+    const auto height = [](const MapObstacle& obstacle) { return obstacle.place.y(); };
+    const auto first = std::ranges::lower_bound(obstacles, place.top() - widest, {}, height);
+    const auto last = std::ranges::upper_bound(first, obstacles.end(), place.bottom() + widest, {}, height);
+    return std::none_of(first, last, [&](const MapObstacle& obstacle) { return touches(place, obstacle); });
 }
 
 } // namespace
 
 std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& picture, QSizeF text,
-                               const std::vector<QPointF>& avoided)
+                               const std::vector<MapObstacle>& obstacles)
 {
-    constexpr int linesTried = 12; // on each side of the best one
-    const double halfHeight = text.height() / 2 * picture.scale;
+    double widest = 0;
+    for (const MapObstacle& obstacle : obstacles)
+        widest = std::max(widest, obstacle.radius);
     if (text.width() * picture.scale > state.bounds.width()) return std::nullopt;
-    for (int line = 0; line <= 2 * linesTried; ++line) {
+    TextLines lines(state, text.height() / 2 * picture.scale);
+    for (int line = 0; line <= 2 * TextLines::mostSteps; ++line) {
         const int step = line % 2 == 0 ? line / 2 : -(line + 1) / 2;
-        const double y = state.label.y() + step * halfHeight;
-        if (y - halfHeight < state.bounds.top() || y + halfHeight > state.bounds.bottom()) continue;
-        const auto about = step == 0 ? std::optional(state.label.x()) : std::nullopt;
-        const auto room = roomAcross(state.rings[state.largest], y, halfHeight, about);
+        if (!lines.isWithinBounds(step)) continue;
+        const auto room = lines.room(step);
         const double spare = room ? (room->second - room->first) / picture.scale - text.width() : -1;
         if (spare < 0) {
             // if nothing is to be avoided, only the best line will do
-            if (avoided.empty()) return std::nullopt;
+            if (obstacles.empty()) return std::nullopt;
             continue;
         }
-        const QPointF middle = picture.toPixels({(room->first + room->second) / 2, y});
+        const QPointF middle = picture.toPixels({(room->first + room->second) / 2, lines.height(step)});
         for (const double share : {0.0, -0.25, 0.25, -0.5, 0.5}) {
             QRectF place(QPointF(), text);
             place.moveCenter(middle + QPointF(share * spare, 0));
-            if (isFree(place, avoided)) return place.center();
+            if (isFree(place, obstacles, widest)) return place.center();
         }
     }
     return std::nullopt;

@@ -22,6 +22,15 @@ struct MapPicture
     [[nodiscard]] QPointF toPixels(QPointF plane) const { return (plane - corner) / scale; }
 };
 
+/// A marker that names of states keep clear of: a circle around a place.
+struct MapObstacle
+{
+    QPointF place;     ///< in the plane, or in the pixels of a picture
+    double radius = 0; ///< pixels
+
+    friend bool operator==(const MapObstacle&, const MapObstacle&) = default;
+};
+
 /// How far beyond what is in sight outlines are cut, in pixels: the line along the cut is not seen then.
 inline constexpr double outOfSight = 16;
 
@@ -30,10 +39,14 @@ inline constexpr double outOfSight = 16;
 std::vector<std::vector<QPointF>> outlines(const StateShape& state, const MapPicture& picture,
                                            double beyond = outOfSight);
 
-/// Returns the middle of a place in a state, in pixels, that is as large as the text and free of the points
-/// to avoid; `std::nullopt` if there is none. The points are in pixels, too, ordered from top to bottom.
+/// Returns the middle of a place in a state, in pixels, that is as large as the text and touches none of the
+/// obstacles; `std::nullopt` if there is none. The obstacles are in pixels, too, ordered from top to bottom.
 std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& picture, QSizeF text,
-                               const std::vector<QPointF>& avoided = {});
+                               const std::vector<MapObstacle>& obstacles = {});
+
+/// Returns the part of a state's largest ring that lies within a rectangle of the plane, as a shape with a
+/// place for the name of its own; nothing if none of it does.
+std::optional<StateShape> partOf(const StateShape& state, const QRectF& plane);
 
 /// Cuts a ring at the sides of a rectangle.
 std::vector<QPointF> clipped(std::vector<QPointF> ring, const QRectF& to);

@@ -35,6 +35,17 @@ double areaOf(const PlaneRing& ring)
     return std::abs(twice) / 2;
 }
 
+/// Returns the inset that a state belongs into, or null.
+const InsetState* insetOf(const StateShape& state)
+{
+    const auto& insets = insetStates();
+    const auto found = std::ranges::find_if(
+        insets, [&](const InsetState& inset) { return inset.bounds.contains(state.bounds.center()); });
+    return found == insets.end() ? nullptr : &*found;
+}
+
+} // namespace
+
 QRectF boundsOf(const PlaneRing& ring)
 {
     const auto [left, right] =
@@ -44,7 +55,6 @@ QRectF boundsOf(const PlaneRing& ring)
     return {QPointF(left->x(), top->y()), QPointF(right->x(), bottom->y())};
 }
 
-/// Returns the middle of the widest horizontal line across a ring; lines near its middle are preferred.
 QPointF widestPlace(const PlaneRing& ring)
 {
     const QRectF bounds = boundsOf(ring);
@@ -62,8 +72,6 @@ QPointF widestPlace(const PlaneRing& ring)
     }
     return best;
 }
-
-} // namespace
 
 std::vector<std::pair<double, double>> chords(const PlaneRing& ring, double y)
 {
@@ -109,4 +117,37 @@ StatesLayer::StatesLayer(const std::vector<ShapeRecord>& records)
     for (const StateShape& state : m_states) {
         if (large.adjusted(-off, -off, off, off).contains(state.bounds)) m_fullExtent |= state.bounds;
     }
+}
+
+const StateShape* StatesLayer::stateAt(QPointF plane) const
+{
+    const auto isWithin = [plane](const std::pair<double, double>& chord) {
+        return chord.first <= plane.x() && plane.x() < chord.second;
+    };
+    for (const StateShape& state : m_states) {
+        if (!state.bounds.contains(plane)) continue;
+        // a ring within another one is a hole
+        const auto around = std::ranges::count_if(state.rings, [&](const PlaneRing& ring) {
+            return std::ranges::any_of(chords(ring, plane.y()), isWithin);
+        });
+        if (around % 2 == 1) return &state;
+    }
+    return nullptr;
+}
+
+std::vector<InsetState> StatesLayer::insets(const std::vector<QPointF>& places) const
+{
+    const auto isBeyond = [&](const StateShape& state) {
+        return m_fullExtent.contains(state.bounds) && !insetOf(state) &&
+               !MapProjection::contiguousStates().contains(state.bounds);
+    };
+    if (std::ranges::any_of(m_states, isBeyond)) return {};
+    std::vector<InsetState> found;
+    for (const InsetState& inset : insetStates()) {
+        const auto isShown = [&](const StateShape& state) { return insetOf(state) == &inset; };
+        const auto isThere = [&](QPointF place) { return inset.bounds.contains(place); };
+        if (std::ranges::any_of(m_states, isShown) || std::ranges::any_of(places, isThere))
+            found.push_back(inset);
+    }
+    return found;
 }

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "map/MapInsets.h"
 #include "map/ShapeFile.h"
 
 #include <QPointF>
@@ -36,10 +37,23 @@ public:
     /// 48 contiguous states if the layer is empty.
     [[nodiscard]] const QRectF& fullExtent() const { return m_fullExtent; }
 
+    /// Returns the state at a point of the plane, or null on water.
+    [[nodiscard]] const StateShape* stateAt(QPointF plane) const;
+
+    /// Returns the states for insets that have a shape here or one of the places, which are points of the
+    /// plane; none if the full extent has more than these and the 48 contiguous states.
+    [[nodiscard]] std::vector<InsetState> insets(const std::vector<QPointF>& places) const;
+
 private:
     std::vector<StateShape> m_states;
     QRectF m_fullExtent;
 };
+
+/// Returns the rectangle around a ring.
+QRectF boundsOf(const PlaneRing& ring);
+
+/// Returns the middle of the widest horizontal line across a ring; lines near its middle are preferred.
+QPointF widestPlace(const PlaneRing& ring);
 
 /// Returns the parts of the horizontal line at `y` that lie within a ring, as pairs of x, from left to right.
 std::vector<std::pair<double, double>> chords(const PlaneRing& ring, double y);

@@ -2,6 +2,8 @@
 
 #include "map/StatesPicture.h"
 
+#include "widgets/Paper.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
@@ -16,8 +18,32 @@ namespace {
 /// Of the picture around what is in sight, in logical pixels.
 constexpr double margin = 160;
 const QColor stateColour(192, 192, 192);
-const QColor borderColour(112, 112, 112);
-const QColor nameColour(64, 64, 64);
+const QColor borderColour(226, 226, 226);
+const QColor nameColour(72, 72, 72);
+
+QFont nameFont(const QFont& font, double ratio)
+{
+    QFont small(font);
+    small.setPixelSize(static_cast<int>(std::round(QFontMetricsF(font).height() * 0.72 * ratio)));
+    return small;
+}
+
+/// Draws states in the pixels of a picture.
+void drawOutlines(QPainter& painter, const std::vector<const StateShape*>& states, const MapPicture& picture,
+                  double ratio, double beyond)
+{
+    QPainterPath areas;
+    areas.setFillRule(Qt::OddEvenFill);
+    for (const StateShape* state : states) {
+        for (const auto& ring : outlines(*state, picture, beyond))
+            areas.addPolygon(QPolygonF(QList<QPointF>(ring.begin(), ring.end())));
+    }
+    areas.closeSubpath();
+    QPen pen(borderColour, ratio);
+    pen.setJoinStyle(Qt::BevelJoin);
+    painter.fillPath(areas, stateColour);
+    painter.strokePath(areas, pen);
+}
 
 } // namespace
 
@@ -29,24 +55,30 @@ void StatesPicture::setLayer(StatesLayer layer)
 
 void StatesPicture::setObstacles(std::vector<MapObstacle> obstacles)
 {
-    m_obstacles = std::move(obstacles);
     // many organizations stand at one place
-    std::ranges::sort(m_obstacles, {}, [](const MapObstacle& obstacle) {
+    std::ranges::sort(obstacles, {}, [](const MapObstacle& obstacle) {
         return std::tuple(obstacle.place.x(), obstacle.place.y(), obstacle.radius);
     });
-    m_obstacles.erase(std::unique(m_obstacles.begin(), m_obstacles.end()), m_obstacles.end());
+    obstacles.erase(std::unique(obstacles.begin(), obstacles.end()), obstacles.end());
+    if (obstacles == m_obstacles) return;
+    m_obstacles = std::move(obstacles);
+    m_widest = 0;
+    for (const MapObstacle& obstacle : m_obstacles)
+        m_widest = std::max(m_widest, obstacle.radius);
     forget();
 }
 
-/// Returns the obstacles within the bounds of a state, in the pixels of the picture, from top to bottom.
+/// Returns the obstacles that reach into the bounds of a state, in the pixels of a frame, from top to bottom.
 std::vector<MapObstacle> StatesPicture::obstaclesIn(const StateShape& state, const MapPicture& frame) const
 {
+    const double reach = m_widest * frame.scale;
+    const QRectF bounds = state.bounds.adjusted(-reach, -reach, reach, reach);
     std::vector<MapObstacle> found;
     const auto x = [](const MapObstacle& obstacle) { return obstacle.place.x(); };
-    const auto first = std::ranges::lower_bound(m_obstacles, state.bounds.left(), {}, x);
-    const auto last = std::ranges::upper_bound(m_obstacles, state.bounds.right(), {}, x);
+    const auto first = std::ranges::lower_bound(m_obstacles, bounds.left(), {}, x);
+    const auto last = std::ranges::upper_bound(m_obstacles, bounds.right(), {}, x);
     for (auto obstacle = first; obstacle != last; ++obstacle) {
-        if (state.bounds.contains(obstacle->place))
+        if (bounds.contains(obstacle->place))
             found.push_back({frame.toPixels(obstacle->place), obstacle->radius});
     }
     std::ranges::sort(found, {}, [](const MapObstacle& obstacle) { return obstacle.place.y(); });
@@ -66,9 +98,11 @@ void StatesPicture::paint(QPainter& painter, const MapExtent& extent, const QPal
     const QSizeF sightSize = extent.size() * ratio;
     const auto corner = [&] { return m_frame.toPixels(extent.toPlane(QPointF())).toPoint(); };
     const bool fits = !m_picture.isNull() && m_picture.devicePixelRatio() == ratio &&
-                      m_frame.scale == scale && covers(QRectF(corner(), sightSize));
+                      m_insets == extent.insets() && m_frame.scale == scale &&
+                      covers(QRectF(corner(), sightSize));
     if (!fits) render(extent, palette, font, ratio);
     painter.drawPixmap(QPointF(), m_picture, QRectF(corner(), sightSize));
+    drawNames(painter, m_names, QRectF(QPointF(corner()) / ratio, extent.size()), font);
 }
 
 void StatesPicture::render(const MapExtent& extent, const QPalette& palette, const QFont& font,
@@ -78,67 +112,121 @@ void StatesPicture::render(const MapExtent& extent, const QPalette& palette, con
     const QSize size(static_cast<int>(std::ceil((extent.size().width() + 2 * margin) * devicePixelRatio)),
                      static_cast<int>(std::ceil((extent.size().height() + 2 * margin) * devicePixelRatio)));
     m_frame = {extent.toPlane(-outside), extent.scale() / devicePixelRatio, size};
+    m_insets = extent.insets();
     if (m_picture.size() != size) m_picture = QPixmap(size);
     m_picture.setDevicePixelRatio(devicePixelRatio);
-    m_picture.fill(palette.color(QPalette::Base));
     QPainter painter(&m_picture);
-    // outlines and places of names are in device pixels
+    // outlines are in device pixels
     painter.scale(1 / devicePixelRatio, 1 / devicePixelRatio);
-    drawStates(painter, m_frame, devicePixelRatio, Edges::CutOff);
-    drawNames(painter, m_frame, devicePixelRatio, font, Edges::CutOff);
+    drawGround(painter, extent,
+               {m_frame, devicePixelRatio, outOfSight, outside * devicePixelRatio, palette, font});
+    m_names = namesOf(statesIn(extent, std::nullopt),
+                      {m_frame.corner, extent.scale(), QSizeF(size) / devicePixelRatio},
+                      {outside, extent.size()}, font);
 }
 
 void StatesPicture::draw(QPainter& painter, const MapExtent& extent, const QFont& font) const
 {
     const MapPicture frame{extent.toPlane(QPointF()), extent.scale(), extent.size()};
-    painter.fillRect(QRectF(QPointF(), frame.size), Qt::white);
-    drawStates(painter, frame, 1, Edges::Kept);
-    drawNames(painter, frame, 1, font, Edges::Kept);
+    drawGround(painter, extent, {frame, 1, 0, QPointF(), Paper::palette(), font});
+    const QRectF sight(QPointF(), extent.size());
+    drawNames(painter, namesOf(statesIn(extent, std::nullopt), frame, sight, font), sight, font);
 }
 
-void StatesPicture::drawStates(QPainter& painter, const MapPicture& frame, double ratio, Edges edges) const
+void StatesPicture::drawGround(QPainter& painter, const MapExtent& extent, const Sheet& sheet) const
 {
+    painter.fillRect(QRectF(QPointF(), sheet.frame.size), sheet.palette.base());
     painter.setRenderHint(QPainter::Antialiasing);
-    QPainterPath areas;
-    areas.setFillRule(Qt::OddEvenFill);
-    for (const StateShape& state : m_layer.states()) {
-        for (const auto& ring : outlines(state, frame, edges == Edges::Kept ? 0 : outOfSight))
-            areas.addPolygon(QPolygonF(QList<QPointF>(ring.begin(), ring.end())));
-    }
-    areas.closeSubpath();
-    QPen pen(borderColour, ratio);
-    pen.setJoinStyle(Qt::BevelJoin);
-    painter.fillPath(areas, stateColour);
-    painter.strokePath(areas, pen);
+    drawOutlines(painter, statesIn(extent, std::nullopt), sheet.frame, sheet.ratio, sheet.beyond);
+    for (std::size_t inset = 0; inset < extent.insets().size(); ++inset)
+        drawInset(painter, extent.insets()[inset], statesIn(extent, inset), sheet);
 }
 
-void StatesPicture::drawNames(QPainter& painter, const MapPicture& frame, double ratio, const QFont& font,
-                              Edges edges) const
+/// Returns the states that an inset shows, or those that none shows.
+StatesPicture::States StatesPicture::statesIn(const MapExtent& extent, std::optional<std::size_t> inset) const
 {
-    QFont small(font);
-    small.setPixelSize(static_cast<int>(std::round(QFontMetricsF(font).height() * 0.72 * ratio)));
-    painter.setFont(small);
-    painter.setPen(nameColour);
-    const QFontMetricsF metrics(small);
+    States found;
     for (const StateShape& state : m_layer.states()) {
-        std::vector<QPointF> obstacles;
-        double widest = 0;
-        for (const MapObstacle& obstacle : obstaclesIn(state, frame)) {
-            obstacles.push_back(obstacle.place);
-            widest = std::max(widest, 2 * obstacle.radius * ratio);
+        if (extent.insetOf(state.bounds.center()) == inset) found.push_back(&state);
+    }
+    return found;
+}
+
+void StatesPicture::drawInset(QPainter& painter, const MapInset& inset, const States& states,
+                              const Sheet& sheet) const
+{
+    const double ratio = sheet.ratio;
+    const auto inFrame = [&](const QRectF& screen) {
+        return QRectF(screen.topLeft() * ratio + sheet.screenCorner, screen.size() * ratio);
+    };
+    const QRectF frame = inFrame(inset.frame());
+    const QColor titleColour = sheet.palette.color(QPalette::PlaceholderText);
+    QColor line = titleColour;
+    line.setAlphaF(0.5F);
+    painter.setPen(QPen(line, ratio));
+    painter.setBrush(sheet.palette.base());
+    painter.drawRect(frame.translated(ratio / 2, ratio / 2));
+    painter.save();
+    painter.translate(frame.topLeft());
+    drawOutlines(painter, states, {inset.shown().topLeft(), inset.scale() / ratio, frame.size()}, ratio, 0);
+    painter.restore();
+
+    const QRectF title = inFrame(inset.title()).adjusted(4 * ratio, 2 * ratio, -4 * ratio, 0);
+    QFont font = nameFont(sheet.font, ratio);
+    font.setPixelSize(std::min(font.pixelSize(), static_cast<int>(title.height())));
+    const double room = title.width();
+    const QString& name = inset.state().name;
+    painter.setFont(font);
+    painter.setPen(titleColour);
+    painter.drawText(title, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip,
+                     QFontMetricsF(font).horizontalAdvance(name) <= room ? name : inset.state().letters);
+}
+
+std::vector<StatesPicture::PlacedName> StatesPicture::namesOf(const States& states, const MapPicture& frame,
+                                                              const QRectF& sight, const QFont& font) const
+{
+    const QFontMetricsF metrics(nameFont(font, 1));
+    const QRectF plane(frame.corner + sight.topLeft() * frame.scale, sight.size() * frame.scale);
+    std::vector<PlacedName> names;
+    for (const StateShape* state : states) {
+        if (!state->bounds.intersects(QRectF(frame.corner, frame.size * frame.scale))) continue;
+        auto name = nameOf(*state, frame, metrics);
+        // a state that is partly out of sight has its name in the part that is seen
+        if (state->bounds.intersects(plane) && !(name && sight.contains(name->place))) {
+            const auto part = partOf(*state, plane);
+            if (const auto inSight = part ? nameOf(*part, frame, metrics) : std::nullopt) name = inSight;
         }
-        for (const QString& text : {state.name, state.letters}) {
-            const QSizeF size(metrics.horizontalAdvance(text) + 6 * ratio, metrics.height());
-            // a text with half a marker on each side of it is clear of markers
-            const QSizeF clear = size + QSizeF(widest, widest);
-            const auto middle = text.isEmpty() ? std::nullopt : roomFor(state, frame, clear, obstacles);
-            if (!middle) continue;
-            QRectF place(QPointF(), size);
-            place.moveCenter(*middle);
-            if (edges == Edges::Kept && !QRectF(QPointF(), frame.size).contains(place)) continue;
-            painter.drawText(place.translated(0.5, 0.5).toAlignedRect(), Qt::AlignCenter | Qt::TextDontClip,
-                             text);
-            break;
-        }
+        if (name) names.push_back(*name);
+    }
+    return names;
+}
+
+/// Returns the name of a state, or else its letters, if there is room for it.
+std::optional<StatesPicture::PlacedName>
+StatesPicture::nameOf(const StateShape& state, const MapPicture& frame, const QFontMetricsF& metrics) const
+{
+    constexpr double spare = 6;
+    const std::vector<MapObstacle> obstacles = obstaclesIn(state, frame);
+    for (const QString& text : {state.name, state.letters}) {
+        const QSizeF size(metrics.horizontalAdvance(text) + spare, metrics.height());
+        const auto middle = text.isEmpty() ? std::nullopt : roomFor(state, frame, size, obstacles);
+        if (!middle) continue;
+        QRectF place(QPointF(), size);
+        place.moveCenter(*middle);
+        return PlacedName{text, place};
+    }
+    return std::nullopt;
+}
+
+/// Draws the names that are whole in sight, which is at the painter's origin.
+void StatesPicture::drawNames(QPainter& painter, const std::vector<PlacedName>& names, const QRectF& sight,
+                              const QFont& font)
+{
+    painter.setFont(nameFont(font, 1));
+    painter.setPen(nameColour);
+    for (const PlacedName& name : names) {
+        if (!sight.contains(name.place)) continue;
+        painter.drawText(name.place.translated(-sight.topLeft()), Qt::AlignCenter | Qt::TextDontClip,
+                         name.text);
     }
 }

@@ -10,19 +10,12 @@
 #include <QPalette>
 #include <QPixmap>
 
+class QFontMetricsF;
 class QPainter;
 
-/// A marker that names of states keep clear of.
-struct MapObstacle
-{
-    QPointF place;     ///< in the plane
-    double radius = 0; ///< pixels
-
-    friend bool operator==(const MapObstacle&, const MapObstacle&) = default;
-};
-
 /// The states as a picture somewhat larger than the widget, so that dragging the map only moves it. Borders
-/// and names are drawn anew at every zoom, in device pixels.
+/// are drawn anew at every zoom, in device pixels. Names keep clear of markers, and are left out if they
+/// would be cut off.
 class StatesPicture
 {
 public:
@@ -42,24 +35,43 @@ public:
     void forget() { m_picture = QPixmap(); }
 
 private:
+    /// What the states are drawn on.
+    struct Sheet
+    {
+        MapPicture frame;
+        double ratio = 1;     ///< pixels of the frame to a logical one
+        double beyond = 0;    ///< pixels by which outlines may reach beyond the frame
+        QPointF screenCorner; ///< of the screen, in the frame
+        QPalette palette;
+        QFont font;
+    };
+    /// The name of a state, and the place of it.
+    struct PlacedName
+    {
+        QString text;
+        QRectF place;
+    };
+    using States = std::vector<const StateShape*>;
+
     [[nodiscard]] bool covers(const QRectF& sight) const;
     void render(const MapExtent& extent, const QPalette& palette, const QFont& font, double devicePixelRatio);
-
-    /// What is drawn at the edges of a frame.
-    enum class Edges
-    {
-        CutOff, ///< it may reach beyond them
-        Kept
-    };
-    void drawStates(QPainter& painter, const MapPicture& frame, double ratio, Edges edges) const;
-    void drawNames(QPainter& painter, const MapPicture& frame, double ratio, const QFont& font,
-                   Edges edges) const;
-
+    void drawGround(QPainter& painter, const MapExtent& extent, const Sheet& sheet) const;
+    void drawInset(QPainter& painter, const MapInset& inset, const States& states, const Sheet& sheet) const;
+    [[nodiscard]] std::vector<PlacedName> namesOf(const States& states, const MapPicture& frame,
+                                                  const QRectF& sight, const QFont& font) const;
+    [[nodiscard]] std::optional<PlacedName> nameOf(const StateShape& state, const MapPicture& frame,
+                                                   const QFontMetricsF& metrics) const;
+    static void drawNames(QPainter& painter, const std::vector<PlacedName>& names, const QRectF& sight,
+                          const QFont& font);
+    [[nodiscard]] States statesIn(const MapExtent& extent, std::optional<std::size_t> inset) const;
     [[nodiscard]] std::vector<MapObstacle> obstaclesIn(const StateShape& state,
                                                        const MapPicture& frame) const;
 
     StatesLayer m_layer;
     std::vector<MapObstacle> m_obstacles; ///< each once, from left to right
+    double m_widest = 0;                  ///< the largest radius of an obstacle
     QPixmap m_picture;
-    MapPicture m_frame; ///< in device pixels
+    MapPicture m_frame;              ///< in device pixels
+    std::vector<MapInset> m_insets;  ///< those in the picture
+    std::vector<PlacedName> m_names; ///< in logical pixels of the picture
 };

@@ -87,10 +87,7 @@ std::optional<MapPosition> frmPosition::choose(std::optional<MapPosition> positi
     runProcedure(m_platform.messages, QStringLiteral("drawMap"),
                  [this] { m_map->setStates(readStates(m_folder)); });
     cmdOK->setEnabled(position.has_value());
-    if (position) {
-        mark(*position);
-        m_map->showEntry(0);
-    }
+    if (position) mark(*position);
     return exec() == Accepted ? m_position : std::nullopt;
 }
 
@@ -99,6 +96,7 @@ void frmPosition::mark(const MapPosition& position)
     m_position = position;
     const clsCities place = placeAt(position);
     m_map->setPlaces({place});
+    m_map->showEntry(0);
     lblPosition->setText(place.placeText());
     cmdOK->setEnabled(true);
 }

@@ -39,6 +39,7 @@ Timeline::Timeline(DatabaseSession& session, ViewHistory& history, const Clock& 
 void Timeline::mainLoad()
 {
     m_events.clear();
+    m_density = std::make_shared<EventDensity>();
     m_scroll = {};
     m_isFirst = true;
     TimelineLimits limits = today(m_clock.now());
@@ -57,11 +58,23 @@ void Timeline::drawTimeline()
     try {
         events = m_isFirst ? readFirst() : m_events.read(*m_history.graphicQuery(), m_window);
     } catch (const std::exception&) {
+        m_density = std::make_shared<EventDensity>();
         return;
     }
     const bool done =
         runProcedure(m_messages, QStringLiteral("searchByTimeConstraint"), [&] { take(std::move(events)); });
     if (done) DisplayRecords();
+    readDensity();
+}
+
+/// A failure leaves none: the list reads the same view and reports it.
+void Timeline::readDensity()
+{
+    try {
+        m_density = std::make_shared<EventDensity>(EventDensity::read(m_session, *m_history.graphicQuery()));
+    } catch (const std::exception&) {
+        m_density = std::make_shared<EventDensity>();
+    }
 }
 
 /// Reads the events of the first view. If it shows none of them where the timeline begins, zooms out until it
@@ -263,6 +276,17 @@ void Timeline::showSelected()
     try {
         drawLanes();
     } catch (const std::exception&) {
+    }
+}
+
+std::optional<Moment> Timeline::firstStartFrom(Moment moment) const
+{
+    if (!showsEvents()) return std::nullopt;
+    try {
+        const auto event = m_events.firstFrom(*m_history.graphicQuery(), moment);
+        return event ? std::optional(event->start) : std::nullopt;
+    } catch (const std::exception&) {
+        return std::nullopt;
     }
 }
 

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "timeline/EventDensity.h"
 #include "timeline/TimeWindow.h"
 #include "timeline/TimelineLanes.h"
 #include "timeline/TimelineRuler.h"
@@ -10,6 +11,7 @@
 #include <QString>
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -98,6 +100,13 @@ public:
     /// The moments at the left edge and one, two and three steps after it.
     [[nodiscard]] std::array<QString, captionCount> captions() const;
 
+    /// How the events of the view last drawn are spread over the days; none if they could not be read.
+    [[nodiscard]] const std::shared_ptr<const EventDensity>& density() const { return m_density; }
+
+    /// The start of the first event of the view that starts at a moment or later, if there is one and it can
+    /// be read.
+    [[nodiscard]] std::optional<Moment> firstStartFrom(Moment moment) const;
+
     /// How many events the last window that was not empty had.
     [[nodiscard]] std::size_t hitCount() const { return m_events.hitCount(); }
 
@@ -120,6 +129,7 @@ private:
     void positionScale();
     bool searchByTimeConstraint();
     void search();
+    void readDensity();
     void take(std::vector<WindowEvent> events);
     [[nodiscard]] std::vector<WindowEvent> readFirst();
     [[nodiscard]] std::optional<std::size_t> selectedPosition() const;
@@ -138,6 +148,7 @@ private:
     TimeWindow m_window;
     int m_laneCount = 0;
     VisibleEvents m_events;
+    std::shared_ptr<const EventDensity> m_density = std::make_shared<EventDensity>();
     std::vector<Lane> m_lanes;
     TimelineRuler m_ruler;
     LaneScroll m_scroll;

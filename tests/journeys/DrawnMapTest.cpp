@@ -5,10 +5,14 @@
 
 #include <QImage>
 #include <QListWidget>
+#include <QPainter>
+#include <QSignalSpy>
 #include <QSplitter>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -51,9 +55,9 @@ TEST_F(DrawnMap, PaintsStatesMarkersAndTheirLegendInTheirColours)
         const QImage sign = legend.item(line)->icon().pixmap(14, 14).toImage();
         EXPECT_EQ(sign.pixelColor(sign.rect().center()).name().toStdString(), palette[line]) << line;
     }
-    EXPECT_EQ(legend.item(0)->text(), u"Function 17, None"_s);
-    EXPECT_EQ(legend.item(2)->text(), u"Fire & Rescue"_s);
-    EXPECT_EQ(legend.item(15)->text(), u"Function 16"_s);
+    EXPECT_EQ(legend.item(0)->text(), u"Function 17 (1), None (1)"_s);
+    EXPECT_EQ(legend.item(2)->text(), u"Fire & Rescue (2)"_s);
+    EXPECT_EQ(legend.item(15)->text(), u"Function 16 (1)"_s);
 
     // a wider map has larger markers; their edge takes three pixels
     const auto redAcross = [&] {
@@ -111,6 +115,127 @@ TEST_F(DrawnMap, RingsTheChosenPlaceAndTakesAPointerNearIt)
     const QPointF nearer = map().positionOf(entry("Reno, NV: Law"));
     EXPECT_EQ(map().entryAt(nearer + QPointF(14.5, 0)), std::nullopt)
         << "the radius is in pixels of the screen";
+}
+
+TEST_F(DrawnMap, InsetsAreWorkedAsTheMapAroundThem)
+{
+    journey.database.run(
+        "INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, State, "
+        "Lat, Lon, Status) VALUES (20, 'North', 4, 'Nome', 'AK', 64.5, -165.4, 'ACTIVE'), "
+        "(21, 'West', 4, 'Hilo', 'HI', 19.73, -155.09, 'ACTIVE'), "
+        "(22, 'East', 4, 'San Juan', 'PR', 18.4, -66.06, 'ACTIVE')");
+    show();
+    journey.program->window()->resize(1500, 900);
+    QTest::qWait(0);
+    journey.trigger("mapFullExtent");
+    ASSERT_EQ(map().extent().insets().size(), 3u);
+    const char* const places[] = {"Nome, AK: Law", "Hilo, HI: Law", "San Juan, PR: Law"};
+    const char* const names[] = {"North", "West", "East"};
+    const QImage window = map().grab().toImage();
+    QImage picture(map().size(), QImage::Format_RGB32);
+    QPainter painter(&picture);
+    map().draw(painter);
+    for (std::size_t i = 0; i < 3; ++i) {
+        const QRect frame = map().extent().insets()[i].frame().toAlignedRect();
+        const QPoint marker = map().positionOf(entry(places[i])).toPoint();
+        EXPECT_TRUE(frame.contains(map().accessibleItemRect(static_cast<int>(entry(places[i])))));
+        for (const QImage& image : {window, picture}) {
+            EXPECT_EQ(image.pixelColor(marker).name(), u"#ff0000"_s) << places[i];
+            int land = 0;
+            for (int x = frame.left() + 2; x < frame.right() - 2; ++x)
+                for (int y = frame.top() + 2; y < frame.bottom() - 2; ++y)
+                    land += image.pixelColor(x, y) == QColor(192, 192, 192) ? 1 : 0;
+            EXPECT_GT(land, 100) << places[i];
+        }
+        click(Qt::LeftButton, places[i]);
+        EXPECT_EQ(journey.selected(), names[i]);
+    }
+    const QSignalSpy pointed(&map(), &MapView::pointed);
+    click(Qt::LeftButton, "Hilo, HI: Law");
+    EXPECT_NEAR(pointed[0][0].toDouble(), 19.73, 0.1);
+    EXPECT_NEAR(pointed[0][1].toDouble(), -155.09, 0.1);
+
+    const auto isWhole = [this](const char* state) {
+        const auto& insets = insetStates();
+        const auto found = std::ranges::find(insets, QLatin1StringView(state), &InsetState::letters);
+        return map().extent().insets().empty() && map().extent().isInSight(found->bounds.topLeft()) &&
+               map().extent().isInSight(found->bounds.bottomRight());
+    };
+    const QPoint alaskanSea = map().extent().insets()[0].frame().toRect().topLeft() + QPoint(4, 4);
+    QTest::mouseDClick(&map(), Qt::LeftButton, {}, alaskanSea);
+    EXPECT_TRUE(isWhole("AK"));
+    journey.trigger("mapFullExtent");
+    journey.trigger("mapZoomIn");
+    QTest::mouseClick(&map(), Qt::LeftButton, {}, map().extent().insets()[2].frame().center().toPoint());
+    EXPECT_TRUE(isWhole("PR"));
+}
+
+TEST_F(DrawnMap, CutsOffNoNameAtItsEdges)
+{
+    show();
+    map().setPlaces({});
+    journey.trigger("mapContiguousStates");
+    map().zoomIn();
+    journey.list().setFocus();
+    std::size_t names = 0;
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Left, Qt::Key_Left, Qt::Key_Down, Qt::Key_Right}) {
+        QTest::keyClick(&map(), key);
+        const QImage picture = map().grab().toImage();
+        const QRect edge = picture.rect().adjusted(0, 0, -1, -1);
+        for (int x = 0; x < picture.width(); ++x) {
+            for (int y = 0; y < picture.height(); ++y) {
+                if (picture.pixelColor(x, y).lightness() > 120) continue;
+                ++names;
+                EXPECT_TRUE(edge.adjusted(1, 1, 0, 0).contains(x, y)) << x << ' ' << y;
+            }
+        }
+    }
+    EXPECT_GT(names, 1000U);
+}
+
+TEST_F(DrawnMap, APlaceBelowAnInsetIsOutOfSight)
+{
+    show();
+    journey.trigger("mapFullExtent");
+    const QPoint below = map().extent().insets()[2].frame().center().toPoint() - QPoint(0, 20);
+    journey.trigger("mapContiguousStates");
+    const QPointF atSea = map().degreesAt(below);
+    journey.database.run(u"INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, Lat, Lon, "
+                         "Status) VALUES (20, 'Ship', 4, %1, %2, 'ACTIVE')"_s.arg(atSea.y())
+                             .arg(atSea.x()));
+    journey.trigger("mnuViewRefresh");
+    ASSERT_TRUE(map().entryAt(below));
+    const auto ship = static_cast<int>(*map().entryAt(below));
+    journey.trigger("mapFullExtent");
+    EXPECT_EQ(map().entryAt(below), std::nullopt);
+    EXPECT_NE(map().grab().toImage().pixelColor(below), QColor(Qt::red));
+    EXPECT_TRUE(map().accessibleItemRect(ship).isEmpty());
+    journey.select("Ship");
+    EXPECT_TRUE(map().rect().contains(map().accessibleItemRect(ship))) << "the map goes to it";
+    EXPECT_TRUE(map().extent().insets().empty());
+}
+
+TEST_F(DrawnMap, GoesToAStateByADoubleClick)
+{
+    show();
+    const auto doubleClickAt = [this](double lon, double lat) {
+        QTest::mouseDClick(&map(), Qt::LeftButton, {},
+                           map().extent().toScreen(MapProjection::toPlane(lon, lat)).toPoint());
+    };
+    const double first = map().extent().scale();
+    doubleClickAt(-99, 31);
+    const double texas = map().extent().scale();
+    EXPECT_LT(texas, first);
+    for (const QPointF corner : {QPointF(-106.6, 36.5), QPointF(-93.6, 25.9)})
+        EXPECT_TRUE(map().extent().isInSight(MapProjection::toPlane(corner.x(), corner.y())));
+    EXPECT_FALSE(map().extent().isInSight(MapProjection::toPlane(-120, 40)));
+    const QPointF clicked = map().extent().toScreen(MapProjection::toPlane(-101, 33));
+    doubleClickAt(-101, 33);
+    EXPECT_DOUBLE_EQ(map().extent().scale(), texas / 2) << "it is shown already";
+    EXPECT_LT((map().extent().toScreen(MapProjection::toPlane(-101, 33)) - clicked).manhattanLength(), 2);
+    journey.trigger("mapContiguousStates");
+    doubleClickAt(-122, 30);
+    EXPECT_DOUBLE_EQ(map().extent().scale(), first / 2) << "water belongs to no state";
 }
 
 TEST_F(DrawnMap, WithoutTheStatesTheMarkersAreThereAndTheMessageFollows)

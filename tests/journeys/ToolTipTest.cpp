@@ -70,7 +70,7 @@ TEST_P(ToolTips, ShowNamesAsTheyAreInTheViews)
 
     journey.trigger("mnuViewOrganizations");
     EXPECT_EQ(cell(0), name);
-    EXPECT_EQ(read(journey.find<QListWidget>("MapLegend").item(0)->toolTip()), name);
+    EXPECT_EQ(read(journey.find<QListWidget>("MapLegend").item(0)->toolTip()), name + " (1)");
     auto& map = journey.find<MapView>("Map1");
     QApplication::processEvents();
     EXPECT_EQ(readAt(map, map.positionOf(0).toPoint()), name + ", TX\n" + name);

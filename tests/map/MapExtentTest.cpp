@@ -57,6 +57,95 @@ TEST(MapExtent, FirstShowsTheContiguousStatesWhole)
     }
 }
 
+/// In degrees, from the borders of each state.
+const std::vector<std::pair<const char*, QPointF>> insetPlaces{
+    {"AK", {-149.9, 61.2}}, {"AK", {-156.8, 71.3}}, {"AK", {173.2, 52.9}},  {"AK", {-131.6, 55.3}},
+    {"HI", {-157.9, 21.3}}, {"HI", {-155.1, 19.7}}, {"HI", {-160.2, 21.9}}, {"PR", {-66.1, 18.4}},
+    {"PR", {-67.94, 18.1}}, {"PR", {-64.7, 17.7}},
+};
+
+TEST(MapExtent, KeepsTheSizeOfThe48BesideInsetsThatCoverNoneOfThem)
+{
+    const QPointF atTheEdge[]{{-117.15, 32.55}, {-106.5, 31.76}, {-104.4, 29.56}, {-97.2, 25.95},
+                              {-81.8, 24.55},   {-80.15, 25.77}, {-75.5, 35.25},  {-124.4, 40.4}};
+    for (const QSizeF size : {QSizeF(480, 700), QSizeF(330, 640), QSizeF(640, 560), QSizeF(700, 372),
+                              QSizeF(560, 300), QSizeF(1200, 300), QSizeF(1500, 900), QSizeF(3000, 400)}) {
+        MapExtent extent;
+        extent.setSize(size);
+        const QPointF centre = extent.centre();
+        const double scale = extent.scale();
+        extent.fitWithInsets({-190, -110, 130, 100}, insetStates());
+        SCOPED_TRACE(testing::Message() << size.width() << " x " << size.height());
+        ASSERT_EQ(extent.insets().size(), 3u);
+        EXPECT_EQ(extent.centre(), centre);
+        EXPECT_EQ(extent.scale(), scale);
+        for (const auto& [letters, degrees] : insetPlaces) {
+            const QPointF place = MapProjection::toPlane(degrees.x(), degrees.y());
+            const auto inset = extent.insetOf(place);
+            ASSERT_TRUE(inset) << letters << degrees.x();
+            EXPECT_EQ(extent.insets()[*inset].state().letters, QLatin1StringView(letters));
+            const QRectF frame = extent.insets()[*inset].frame();
+            EXPECT_TRUE(frame.adjusted(7, 7, -7, -7).contains(extent.toScreen(place))) << degrees.x();
+            EXPECT_TRUE(QRectF(QPointF(), size).contains(frame));
+            EXPECT_EQ(extent.insetAt(extent.toScreen(place)), inset);
+            expectNear(extent.toPlane(extent.toScreen(place)), place, 1e-9);
+            EXPECT_TRUE(extent.isInSight(place));
+        }
+        for (const QPointF degrees : atTheEdge) {
+            QRectF marker(0, 0, 14, 14);
+            marker.moveCenter(extent.toScreen(MapProjection::toPlane(degrees.x(), degrees.y())));
+            for (const MapInset& inset : extent.insets())
+                EXPECT_FALSE(inset.frame().intersects(marker)) << degrees.x();
+        }
+        for (std::size_t i = 0; i < 3; ++i)
+            EXPECT_FALSE(extent.insets()[i].frame().intersects(extent.insets()[(i + 1) % 3].frame()));
+    }
+}
+
+TEST(MapExtent, LeavesTheInsetsWhenItIsMoved)
+{
+    const QRectF whole(-190, -110, 130, 100);
+    MapExtent extent;
+    const auto showAll = [&](QSizeF size) {
+        extent.setSize(size);
+        extent.fitWithInsets(whole, insetStates());
+    };
+    showAll({120, 90});
+    EXPECT_TRUE(extent.insets().empty()) << "there is no room";
+    EXPECT_EQ(extent.centre(), whole.center());
+    extent.setSize({800, 500});
+    EXPECT_FALSE(extent.insets().empty()) << "now there is";
+
+    const QRectF hawaii = extent.insets()[1].frame();
+    const QPointF pointer = hawaii.center();
+    const QPointF below = extent.toPlane(pointer);
+    const double scale = extent.insets()[1].scale();
+    extent.zoom(2, pointer);
+    EXPECT_TRUE(extent.insets().empty());
+    EXPECT_DOUBLE_EQ(extent.scale(), scale / 2);
+    expectNear(extent.toPlane(pointer), below, 1e-9);
+
+    showAll({800, 500});
+    const double mainScale = extent.scale();
+    extent.zoom(0.5, pointer);
+    EXPECT_DOUBLE_EQ(extent.scale(), 2 * mainScale) << "all of the map becomes smaller";
+    const QPointF covered = extent.toPlane(pointer);
+    showAll({800, 500});
+    extent.zoomTo(hawaii);
+    expectNear(extent.centre(), below, 1e-9);
+    showAll({800, 500});
+    extent.pan({1, 0});
+    EXPECT_TRUE(extent.insets().empty());
+
+    showAll({800, 500});
+    EXPECT_TRUE(extent.isCovered(covered));
+    extent.show(MapProjection::toPlane(-149.9, 61.2));
+    EXPECT_FALSE(extent.insets().empty()) << "Anchorage is in sight";
+    extent.show(covered);
+    EXPECT_EQ(extent.centre(), covered);
+    EXPECT_TRUE(extent.isInSight(covered));
+}
+
 TEST(MapExtent, ZoomsToARectangleAndAboutThePointer)
 {
     MapExtent extent;
@@ -160,16 +249,14 @@ TEST(MapExtent, GoesToPlacesThatAreOutOfSight)
 TEST(MarkerHit, TakesTheOneOnTopElseTheNearest)
 {
     const std::vector<QPointF> markers{{0, 0}, {10, 0}, {10, 0}, {12, 0}};
-    EXPECT_EQ(markerAt(markers, {1, 0}, 1, {0, 5}), 0u);
-    EXPECT_EQ(markerAt(markers, {9, 0}, 1, {0, 5}), 2u);
-    EXPECT_EQ(markerAt(markers, {12, 1}, 1, {0, 5}), 3u);
-    EXPECT_EQ(markerAt(markers, {0, 6}, 1, {0, 5}), std::nullopt);
-    EXPECT_EQ(markerAt(markers, {0, 6}, 2, {0, 5}), 0u) << "the radius is in pixels";
-    EXPECT_EQ(markerAt({}, {0, 0}, 1, {0, 5}), std::nullopt);
-    EXPECT_EQ(markerAt(markers, {9, 0}, 1, {4, 5}), 3u) << "the one drawn over the nearer ones";
-    EXPECT_EQ(markerAt(markers, {6, 0}, 1, {4, 5}), 2u)
-        << "one that is near is not over one under the pointer";
-    EXPECT_EQ(markerAt(markers, {2, 0}, 0.5, {4, 9}), 0u);
+    EXPECT_EQ(markerAt(markers, {1, 0}, {0, 5}), 0u);
+    EXPECT_EQ(markerAt(markers, {9, 0}, {0, 5}), 2u);
+    EXPECT_EQ(markerAt(markers, {12, 1}, {0, 5}), 3u);
+    EXPECT_EQ(markerAt(markers, {0, 6}, {0, 5}), std::nullopt);
+    EXPECT_EQ(markerAt({}, {0, 0}, {0, 5}), std::nullopt);
+    EXPECT_EQ(markerAt(markers, {9, 0}, {4, 5}), 3u) << "the one drawn over the nearer ones";
+    EXPECT_EQ(markerAt(markers, {6, 0}, {4, 5}), 2u) << "one that is near is not over one under the pointer";
+    EXPECT_EQ(markerAt(markers, {4, 0}, {4, 9}), 0u);
 }
 
 } // namespace

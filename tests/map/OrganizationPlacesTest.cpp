@@ -52,10 +52,11 @@ protected:
     {
         QStringList lines;
         for (const clsCities& place : places.entries()) {
-            lines << u"%1 %2 %3,%4 %5"_s.arg(functionName(place), place.placeText())
+            lines << u"%1 %2 %3,%4 %5 x%6"_s.arg(functionName(place), place.placeText())
                          .arg(place.lat)
                          .arg(place.lon)
-                         .arg(place.colour);
+                         .arg(place.colour)
+                         .arg(place.organizations);
         }
         lines.sort();
         return lines.join(u'\n').toStdString();
@@ -86,13 +87,16 @@ TEST_F(OrganizationPlacesTest, HasOneEntryForEachPlaceAndFunction)
     add(10, "0", "'Camp', 'NV'", "39.6, -118");
     add(11, "2", "'Austin', 'TX'", "31, NULL");
     read();
-    EXPECT_EQ(entries(), "Function 0 Camp, NV 39.6,-118 0\n"
-                         "Law Camp, NV 39.6,-118 1\n"
-                         "Law Camp, NV 39.7,-118 1\n"
-                         "Law Reno, NV 39.6,-119.9 1\n"
-                         "None 14.30° S, 170.70° W -14.3,-170.7 0\n"
-                         "Relief Austin, TX 30.25,-97.75 1\n"
-                         "Rescue Austin, TX 30.25,-97.75 0");
+    EXPECT_EQ(entries(), "Function 0 Camp, NV 39.6,-118 0 x1\n"
+                         "Law Camp, NV 39.6,-118 1 x1\n"
+                         "Law Camp, NV 39.7,-118 1 x1\n"
+                         "Law Reno, NV 39.6,-119.9 1 x1\n"
+                         "None 14.30° S, 170.70° W -14.3,-170.7 0 x1\n"
+                         "Relief Austin, TX 30.25,-97.75 1 x3\n"
+                         "Rescue Austin, TX 30.25,-97.75 0 x1");
+    EXPECT_EQ(places.placed(), 9u) << "each organization once";
+    EXPECT_EQ(places.withoutPlace(), 1);
+    EXPECT_EQ(firstColumnOf(database.session(), places.queryWithoutPlace()->sqlStr()), u"5"_s);
     read(u" AND State LIKE 'TX'"_s);
     EXPECT_EQ(places.entries().size(), 2u) << "the places before are forgotten";
     EXPECT_NE(errorNumberOf([&] { read(u" AND Nothing = 1"_s); }), 0);
@@ -174,15 +178,16 @@ TEST_F(OrganizationPlacesTest, NamesAsManyFunctionsOfAColourAsCanBeRead)
     read();
     QStringList legend;
     for (const LegendLine& line : legendLines(places.entries()))
-        legend << QString::number(line.colour) + u' ' + line.names.join(u'+');
-    EXPECT_EQ(legend.join(u'|'), u"0 Rescue|1 Law+Relief"_s);
+        legend << QString::number(line.colour) + u' ' + line.text();
+    EXPECT_EQ(legend.join(u'|'), u"0 Rescue (1)|1 Law (2), Relief (1)"_s);
 
-    LegendLine line{0, {u"Law"_s, u"Relief"_s}};
-    EXPECT_EQ(line.text(), u"Law, Relief"_s);
-    line.names.resize(2000, u"x"_s);
-    EXPECT_TRUE(line.text().startsWith(u"Law, Relief, x"_s));
-    EXPECT_TRUE(line.text().endsWith(u"x, x and 1980 more"_s));
-    line.names = {QString(1000000, u'x'), u"y"_s};
+    LegendLine line{0, {{u"Law"_s, 2}, {u"Relief"_s, 1}}};
+    EXPECT_EQ(line.hiddenText(), u"Law (2), Relief (1): hidden on the map"_s);
+    EXPECT_EQ(line.organizations(), 3);
+    line.functions.resize(2000, {u"x"_s, 1});
+    EXPECT_TRUE(line.text().startsWith(u"Law (2), Relief (1), x (1)"_s));
+    EXPECT_TRUE(line.text().endsWith(u"x (1), x (1) and 1980 more"_s));
+    line.functions = {{QString(1000000, u'x'), 1}, {u"y"_s, 1}};
     EXPECT_LT(line.text().size(), 2000);
 }
 

@@ -48,6 +48,29 @@ TEST(StatesLayer, FullExtentLeavesOutSmallShapesFarOff)
     EXPECT_EQ(StatesLayer(std::vector<ShapeRecord>()).fullExtent(), MapProjection::contiguousStates());
 }
 
+TEST(StatesLayer, NamesTheStateAtAPointAndThoseForInsets)
+{
+    const struct
+    {
+        QPointF degrees;
+        const char* letters; ///< empty on water
+    } cases[] = {{{-99, 31}, "TX"},      {{-97.7, 35}, "OK"}, {{-85, 44}, "MI"},  {{-88, 46.5}, "MI"},
+                 {{-87, 44}, ""},        {{-90, 26}, ""},     {{-150, 65}, "AK"}, {{173.2, 52.9}, "AK"},
+                 {{-77.03, 38.9}, "DC"}, {{-76.6, 39}, "MD"}, {{-99, 24}, ""}};
+    for (const auto& [degrees, letters] : cases) {
+        const StateShape* state = realLayer().stateAt(MapProjection::toPlane(degrees.x(), degrees.y()));
+        EXPECT_EQ(state ? state->letters : QString(), QLatin1StringView(letters)) << degrees.x();
+    }
+
+    EXPECT_EQ(realLayer().insets({}), insetStates());
+    const QPointF honolulu = MapProjection::toPlane(-157.9, 21.3);
+    EXPECT_EQ(StatesLayer().insets({honolulu}), std::vector{insetStates()[1]}) << "places alone";
+    EXPECT_TRUE(StatesLayer().insets({MapProjection::toPlane(-99, 31)}).empty());
+    const ShapeRecord elsewhere{{{{9, 47}, {9, 50}, {13, 50}, {13, 47}}}, u"Bavaria"_s, u"BY"_s};
+    EXPECT_TRUE(StatesLayer({elsewhere}).insets({honolulu}).empty())
+        << "another country's map is shown whole";
+}
+
 TEST(StatesLayer, CrossesARing)
 {
     // the letter U
@@ -107,12 +130,26 @@ TEST(StateOutlines, FindsRoomForNamesWithinTheState)
     EXPECT_FALSE(roomFor(stateOf(u"TX"), picture, QSizeF(400, 14)));
     // a name gives way to markers, and stays out if they are everywhere
     const QPointF best = *roomFor(stateOf(u"TX"), picture, text);
-    const QPointF other = roomFor(stateOf(u"TX"), picture, text, {best}).value_or(best);
+    const QPointF other = roomFor(stateOf(u"TX"), picture, text, {{best, 1}}).value_or(best);
     EXPECT_TRUE(std::abs(other.x() - best.x()) >= 20 || std::abs(other.y() - best.y()) >= 7);
-    std::vector<QPointF> everywhere;
+    // each obstacle has a radius of its own
+    for (const double away : {30, -30}) {
+        const QPointF beside = best + QPointF(0, away);
+        EXPECT_EQ(roomFor(stateOf(u"TX"), picture, text, {{beside, 22}}), best);
+        const QPointF moved = roomFor(stateOf(u"TX"), picture, text, {{beside, 24}}).value_or(best);
+        EXPECT_GE(std::hypot(std::max(std::abs(moved.x() - beside.x()) - 20, 0.0),
+                             std::max(std::abs(moved.y() - beside.y()) - 7, 0.0)),
+                  24);
+    }
+    // and the part of a state that is in sight has room of its own
+    const QRectF south = stateOf(u"TX").bounds.adjusted(0, stateOf(u"TX").bounds.height() * 0.6, 0, 0);
+    EXPECT_FALSE(south.contains(stateOf(u"TX").label));
+    EXPECT_TRUE(south.contains(partOf(stateOf(u"TX"), south).value().label));
+    EXPECT_FALSE(partOf(stateOf(u"TX"), stateOf(u"ME").bounds));
+    std::vector<MapObstacle> everywhere;
     for (int y = 0; y < 400; y += 10)
         for (int x = 0; x < 600; x += 10)
-            everywhere.emplace_back(x, y);
+            everywhere.push_back({QPointF(x, y), 1});
     EXPECT_FALSE(roomFor(stateOf(u"TX"), picture, text, everywhere));
     for (const StateShape& state : realLayer().states()) {
         const auto middle = roomFor(state, picture, text);

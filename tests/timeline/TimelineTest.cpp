@@ -232,8 +232,11 @@ TEST_F(Handlers, OneFailureShowsOneMessage)
 {
     auto broken = std::make_shared<SQLObject>(*m_queries.events);
     broken->WhereClause += u" AND NoSuchColumn = 1"_s;
+    m_timeline.drawTimeline();
+    EXPECT_EQ(m_timeline.density()->days().size(), 3u);
     showView(broken);
     m_timeline.drawTimeline();
+    EXPECT_TRUE(m_timeline.density()->days().empty()) << "the band is not that of another view";
     m_timeline.resize(2 * 385, 100);
     EXPECT_EQ(lanes(), "First -->") << "what it showed stays";
     m_desktop.messages.expectMessage(u"searchByTimeConstraint Error (1): no such column: NoSuchColumn"_s);

@@ -128,6 +128,10 @@ void MainCommands::makeViewActions()
     mnuViewGraphicBelow =
         add(QStringLiteral("mnuViewGraphicBelow"), tr("Graphic &Below"),
             QStringLiteral("view-split-top-bottom"), {}, tr("Shows the graphic below the list"));
+    mnuViewHideGraphic =
+        add(QStringLiteral("mnuViewHideGraphic"), tr("&Hide Graphic"), QStringLiteral("view-hidden"),
+            QKeySequence(Qt::Key_F8), tr("Leaves the room of the graphic to the list"));
+    mnuViewHideGraphic->setCheckable(true);
     mnuViewDetails =
         add(QStringLiteral("mnuViewDetails"), tr("De&tails"), QStringLiteral("sidebar-expand-right"),
             QKeySequence(Qt::Key_F4), tr("Shows the selected record beside the list"));
@@ -203,7 +207,8 @@ void MainCommands::makeMenus()
     view->addAction(mnuViewDeleted);
     view->addSeparator();
     view->addAction(mnuViewDetails);
-    view->addActions({mnuViewGraphicRight, mnuViewGraphicBelow, mnuViewCopyPicture, mnuViewSavePicture});
+    view->addActions({mnuViewGraphicRight, mnuViewGraphicBelow, mnuViewHideGraphic, mnuViewCopyPicture,
+                      mnuViewSavePicture});
     view->addSeparator();
     view->addAction(mnuViewRefresh);
 

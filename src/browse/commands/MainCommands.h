@@ -25,6 +25,7 @@ public:
     QAction* mnuViewRefresh;
     QAction* mnuViewGraphicRight;
     QAction* mnuViewGraphicBelow;
+    QAction* mnuViewHideGraphic;
     QAction* mnuViewDetails;
     QAction* mnuViewCopyPicture;
     QAction* mnuViewSavePicture;
