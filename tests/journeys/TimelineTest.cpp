@@ -253,6 +253,8 @@ TEST_F(Timelines, GoToDateSaysWhatItCannotDo)
     EXPECT_EQ(now() + " by " + zoom(), "05/01/1927 00:00 by 10 minutes");
     EXPECT_EQ(shown(), "<-- Flood & <b>Fire</b> -->");
 
+    journey.trigger("mnuViewHideGraphic");
+    EXPECT_TRUE(command.toolTip().endsWith(u"\nThe graphic is hidden."_s));
     journey.trigger("mnuViewDocuments");
     EXPECT_FALSE(command.isEnabled());
     EXPECT_TRUE(command.toolTip().endsWith(u"\nThe timeline is shown with events only."_s));
