@@ -69,4 +69,5 @@ void EventLabel::mouseReleaseEvent(QMouseEvent* event)
 void EventLabel::mouseDoubleClickEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton) Q_EMIT doubleClicked(m_eventId);
+    if (event->button() == Qt::MiddleButton) event->ignore();
 }

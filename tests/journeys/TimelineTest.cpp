@@ -211,7 +211,7 @@ TEST_F(Timelines, TheMiddleButtonDragsTheStripWhereverItIsReleased)
 {
     auto& panel = journey.find<QWidget>("pnlTimeline");
     const auto begin = [this](QWidget& at) { dragTo(QEvent::MouseButtonPress, 500, at); };
-    begin(label(0));
+    dragTo(QEvent::MouseButtonDblClick, 500, label(0));
     ASSERT_EQ(QWidget::mouseGrabber(), &panel) << "labels may be hidden meanwhile";
     dragTo(QEvent::MouseMove, 500 - 5 * 77, panel);
     EXPECT_EQ(now(), "04/01/1927 06:05");
@@ -253,6 +253,8 @@ TEST_F(Timelines, GoToDateSaysWhatItCannotDo)
     EXPECT_EQ(now() + " by " + zoom(), "05/01/1927 00:00 by 10 minutes");
     EXPECT_EQ(shown(), "<-- Flood & <b>Fire</b> -->");
 
+    journey.trigger("mnuViewHideGraphic");
+    EXPECT_TRUE(command.toolTip().endsWith(u"\nThe graphic is hidden."_s));
     journey.trigger("mnuViewDocuments");
     EXPECT_FALSE(command.isEnabled());
     EXPECT_TRUE(command.toolTip().endsWith(u"\nThe timeline is shown with events only."_s));

@@ -42,11 +42,7 @@ void CommandStates::enableViewCommands(const QString& noList) const
           commands.mnuViewHideGraphic, commands.mnuViewDetails}) {
         enableUnless(*action, noList);
     }
-    const bool showsEvents = m_at.list.kind() == RecordKind::Event;
-    const QString noTimeline = !showsEvents                 ? tr("The timeline is shown with events only.")
-                               : m_at.browse.hidesGraphic() ? tr("The graphic is hidden.")
-                                                            : QString();
-    enableUnless(*commands.mnuNavigateGoToDate, noList.isEmpty() ? noTimeline : noList);
+    enableUnless(*commands.mnuNavigateGoToDate, noList.isEmpty() ? noTimeline() : noList);
     const bool isWhole = !noList.isEmpty() || !m_at.list.isFilling();
     const QString noOutput = isWhole ? noList : tr("The list is still being read.");
     for (QAction* action : {commands.mnuRecordExport, commands.mnuRecordPrint})
@@ -54,6 +50,13 @@ void CommandStates::enableViewCommands(const QString& noList) const
     const bool isHidden = noOutput.isEmpty() && m_at.browse.hidesGraphic();
     for (QAction* action : {commands.mnuViewCopyPicture, commands.mnuViewSavePicture})
         enableUnless(*action, isHidden ? tr("The graphic is hidden.") : noOutput);
+}
+
+/// Why there is no timeline beside the list; empty if there is one.
+QString CommandStates::noTimeline() const
+{
+    if (m_at.list.kind() != RecordKind::Event) return tr("The timeline is shown with events only.");
+    return m_at.browse.hidesGraphic() ? tr("The graphic is hidden.") : QString();
 }
 
 void CommandStates::enableDatabaseCommands() const

@@ -45,6 +45,7 @@ public:
 private:
     void enableViewCommands(const QString& noList) const;
     void enableDatabaseCommands() const;
+    [[nodiscard]] QString noTimeline() const;
 
     Parts m_at;
 };
