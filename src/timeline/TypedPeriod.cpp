@@ -13,14 +13,14 @@ namespace {
 
 constexpr int yearDigits = 4;
 
-/// The days from the first to that before the last; invalid if the calendar has no such days.
+/// The days of a year, of a month or a single one; invalid if the calendar has no such days.
 struct Days
 {
     QDate first;
-    QDate last;
+    QDate next; ///< after the last
 };
 
-/// Returns the numbers of a year, of a month or of a day, the year first; none for another text.
+/// Returns the numbers of a year, of a month or of a day, the year first; nothing for another text.
 QStringList partsOf(const QString& text)
 {
     static const QRegularExpression form(QStringLiteral("^\\d{1,4}(\\s*[/.-]\\s*\\d{1,4}){0,2}$"));
@@ -88,5 +88,5 @@ TypedPeriod readTypedPeriod(const QString& text, const QDateTime& now, const Tim
     if (!days.first.isValid()) {
         return {0, TimelineTexts::tr("There is no date %1. The month stands before the day.").arg(typed)};
     }
-    return within(limits, typed, momentOf(days.first), momentOf(days.last));
+    return within(limits, typed, momentOf(days.first), momentOf(days.next));
 }
