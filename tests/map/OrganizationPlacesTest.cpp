@@ -97,6 +97,11 @@ TEST_F(OrganizationPlacesTest, HasOneEntryForEachPlaceAndFunction)
     EXPECT_EQ(places.placed(), 9u) << "each organization once";
     EXPECT_EQ(places.withoutPlace(), 1);
     EXPECT_EQ(firstColumnOf(database.session(), places.queryWithoutPlace()->sqlStr()), u"5"_s);
+    database.run(
+        "INSERT INTO OrganizationVenues (OrganizationID, VenueID) VALUES (2, 4), (2, 5), (5, 5), (5, 6)");
+    read(u" AND VenueID > 0"_s);
+    EXPECT_EQ(entries(), "Relief Austin, TX 30.25,-97.75 1 x1") << "however often the query returns it";
+    EXPECT_EQ(places.withoutPlace(), 1);
     read(u" AND State LIKE 'TX'"_s);
     EXPECT_EQ(places.entries().size(), 2u) << "the places before are forgotten";
     EXPECT_NE(errorNumberOf([&] { read(u" AND Nothing = 1"_s); }), 0);
@@ -125,6 +130,7 @@ TEST_F(OrganizationPlacesTest, ReadsThousandsOfFunctionsLikeAFew)
     places.read(all, all);
     places.narrow(all, query(u" AND Organization.OrganizationID <> 2"_s));
     EXPECT_EQ(inOrder(), fewer) << "those of a narrowed view too, in the order of all";
+    EXPECT_EQ(places.placed(), 3u);
     EXPECT_EQ(places.entryOf(2), std::nullopt);
     EXPECT_EQ(namesAt(places.entryOf(4).value(), true), "Org 3|Org 4");
     database.run("DELETE FROM Organization WHERE OrganizationID = 5");
