@@ -19,7 +19,8 @@ protected:
     {
         database.run("INSERT INTO Function VALUES (1, 'None'), (2, 'Relief'), (17, 'Rescue'), (18, 'Law')");
         database.run("INSERT INTO CityLocations (LocationID, City, State, Lat, Lon) VALUES "
-                     "(5, 'Austin', 'TX', 30.25, -97.75), (6, 'Reno', 'NV', 39.5, -119.8)");
+                     "(5, 'Austin', 'TX', 30.25, -97.75), (6, 'Reno', 'NV', 39.5, -119.8), (7, 'Half', 'UT', "
+                     "40, NULL)");
     }
 
     /// Adds an organization; `position` is its own latitude and longitude or nulls.
@@ -86,6 +87,7 @@ TEST_F(OrganizationPlacesTest, HasOneEntryForEachPlaceAndFunction)
     add(9, "NULL", "NULL, NULL", "-14.3, -170.7");
     add(10, "0", "'Camp', 'NV'", "39.6, -118");
     add(11, "2", "'Austin', 'TX'", "31, NULL");
+    add(12, "2", "'Half', 'UT'", "NULL, NULL");
     read();
     EXPECT_EQ(entries(), "Function 0 Camp, NV 39.6,-118 0 x1\n"
                          "Law Camp, NV 39.6,-118 1 x1\n"
@@ -95,8 +97,8 @@ TEST_F(OrganizationPlacesTest, HasOneEntryForEachPlaceAndFunction)
                          "Relief Austin, TX 30.25,-97.75 1 x3\n"
                          "Rescue Austin, TX 30.25,-97.75 0 x1");
     EXPECT_EQ(places.placed(), 9u) << "each organization once";
-    EXPECT_EQ(places.withoutPlace(), 1);
-    EXPECT_EQ(firstColumnOf(database.session(), places.queryWithoutPlace()->sqlStr()), u"5"_s);
+    EXPECT_EQ(places.withoutPlace(), 2);
+    EXPECT_EQ(firstColumnOf(database.session(), places.queryWithoutPlace()->sqlStr()), u"12 5"_s);
     database.run(
         "INSERT INTO OrganizationVenues (OrganizationID, VenueID) VALUES (2, 4), (2, 5), (5, 5), (5, 6)");
     read(u" AND VenueID > 0"_s);
