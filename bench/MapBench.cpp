@@ -73,20 +73,11 @@ void drawMap(benchmark::State& state)
 class FullMap
 {
 public:
-    explicit FullMap(int markers = 5000) : m_view(nullptr)
+    explicit FullMap(int markers = 5000) : FullMap(allOver(markers)) {}
+
+    explicit FullMap(const std::vector<clsCities>& places) : m_view(nullptr)
     {
         m_view.setStates(StatesLayer(ShapeFile::read(QStringLiteral(ORVIK_STATES))));
-        std::vector<clsCities> places;
-        constexpr int columns = 100;
-        for (int i = 0; i < markers; ++i) {
-            clsCities place;
-            place.functionId = i % 30;
-            const int row = i / columns;
-            place.lat = 25 + 24.0 * row * columns / markers;
-            place.lon = -124 + 57.0 * (i % columns) / columns;
-            place.colour = clsCities::colourOf(place.functionId);
-            places.push_back(place);
-        }
         m_view.setPlaces(places);
         m_view.resize(wholeScreen);
         m_view.show();
@@ -97,8 +88,32 @@ public:
     void repaint() { m_view.repaint(); }
 
 private:
+    static std::vector<clsCities> allOver(int markers)
+    {
+        std::vector<clsCities> places;
+        constexpr int columns = 100;
+        for (int i = 0; i < markers; ++i) {
+            clsCities place;
+            place.functionId = i % 30;
+            const int row = i / columns;
+            place.lat = 25 + 24.0 * row * columns / markers;
+            place.lon = -124 + 57.0 * (i % columns) / columns;
+            place.colour = clsCities::colourOf(place.functionId);
+            place.organizations = 1;
+            places.push_back(place);
+        }
+        return places;
+    }
+
     MapView m_view;
 };
+
+void turnWheel(MapView& view, QPointF at, int turned)
+{
+    QWheelEvent event(at, view.mapToGlobal(at), {}, {0, turned}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&view, &event);
+}
 
 /// Times a redraw after each change of the map, and reports the median.
 void timeRedraws(benchmark::State& state, FullMap& map, const std::function<void(int)>& change)
@@ -154,6 +169,29 @@ void redrawZooming(benchmark::State& state)
     });
 }
 
+/// Zooms from the whole map into the densest disc and back, with all organizations in groups: each step joins
+/// them anew and draws borders, names and discs.
+void redrawGroups(benchmark::State& state)
+{
+    BenchWindow window(fullSize);
+    ProgramState& program = window.program().state();
+    const SharedQuery query = program.queries.organizations;
+    OrganizationPlaces places(program.session);
+    places.read(query, query);
+    FullMap map(places.entries());
+    map.view().setGrouped(true);
+    constexpr int steps = 60; // of a quarter of a doubling each
+    timeRedraws(state, map, [&](int step) {
+        const bool isIn = step % (2 * steps) < steps;
+        const std::vector<std::size_t>& leads = map.view().markers().leads();
+        const std::size_t densest = *std::ranges::max_element(
+            leads, {}, [&](std::size_t lead) { return map.view().markers().members(lead).size(); });
+        turnWheel(map.view(), map.view().positionOf(densest), isIn ? 60 : -60);
+    });
+    state.counters["organizations"] = static_cast<double>(places.placed());
+    state.counters["entries"] = static_cast<double>(places.entries().size());
+}
+
 /// Turns the wheel in at a place and out again, from all states with their insets, with a marker at each of
 /// as many places as at full size. Each step draws borders, names and insets anew.
 void redrawTurningTheWheel(benchmark::State& state)
@@ -164,10 +202,7 @@ void redrawTurningTheWheel(benchmark::State& state)
         constexpr int stepsIn = 8;
         const int phase = step % (2 * stepsIn);
         if (phase == 0) map.view().showFullExtent();
-        const QPoint turn(0, phase < stepsIn ? 120 : -120);
-        QWheelEvent event(position, map.view().mapToGlobal(position), {}, turn, Qt::NoButton, Qt::NoModifier,
-                          Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&map.view(), &event);
+        turnWheel(map.view(), position, phase < stepsIn ? 120 : -120);
     });
 }
 
@@ -185,5 +220,6 @@ BENCHMARK(drawMap)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(4);
 BENCHMARK(redraw)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(200);
 BENCHMARK(redrawDragging)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(400);
 BENCHMARK(redrawZooming)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(64);
+BENCHMARK(redrawGroups)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(240);
 BENCHMARK(redrawTurningTheWheel)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(64);
 BENCHMARK(readStates)->Unit(benchmark::kMillisecond);

@@ -2,16 +2,20 @@
 
 // The timeline's refresh, from the button to the painted picture of 1600 x 400, at both ends of the span and
 // in its middle; and its statement beside what SQLite alone takes for the same over the stored query as a
-// plain view.
+// plain view. Then the band over the ruler: its first picture, and a frame of dragging its box.
 
 #include "BenchWindow.h"
 #include "browse/window/frmMain.h"
 #include "timeline/TimeWindowQuery.h"
+#include "timeline/TimelineBand.h"
 #include "timeline/TimelinePanel.h"
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <QRegularExpression>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace {
 
@@ -66,6 +70,27 @@ public:
                                          window.windowEnd());
     }
 
+    /// Shows the view again, and the picture of it.
+    void drawView()
+    {
+        m_panel.drawTimeline();
+        m_panel.repaint();
+    }
+
+    /// Sends an event of the left button to the band, at a position from its left edge.
+    void mouse(QEvent::Type type, double position)
+    {
+        const QPointF place(position, band().height() / 2.0);
+        QMouseEvent event(type, place, band().mapToGlobal(place),
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                          type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&band(), &event);
+    }
+
+    [[nodiscard]] TimelineBand& band() { return *m_panel.findChild<TimelineBand*>(); }
+    [[nodiscard]] TimelinePanel& panel() { return m_panel; }
+    [[nodiscard]] const SQLObject& view() { return *m_window.program().state().queries.events; }
+
     [[nodiscard]] DatabaseSession& session() { return m_window.program().state().session; }
     [[nodiscard]] std::size_t hits() const { return m_panel.timeline().hitCount(); }
 
@@ -107,6 +132,52 @@ void statement(benchmark::State& state)
     state.counters["rows"] = static_cast<double>(ourRows);
 }
 
+/// The band as it is first seen of a view: its statement, its layout and its painting.
+void firstBand(benchmark::State& state)
+{
+    BenchTimeline timeline(static_cast<int>(state.range(0)), Beginning, 0);
+    const SQLObject& view = timeline.view();
+    TimelineBand& band = timeline.band();
+    std::vector<double> times;
+    std::vector<double> statements;
+    for (auto _ : state) {
+        qint64 events = 0;
+        statements.push_back(timeOf([&] {
+                                 const EventDensity density = EventDensity::read(timeline.session(), view);
+                                 for (const EventDensity::Day& day : density.days())
+                                     events += day.events;
+                             }).count());
+        times.push_back(timeOf([&] { timeline.drawView(); }).count());
+        if (events != band.parts().events()) state.SkipWithError("the band lacks events");
+        state.SetIterationTime(times.back() / 1000);
+    }
+    state.counters["median_ms"] = medianOf(times);
+    state.counters["statement_ms"] = medianOf(statements);
+}
+
+/// A frame of dragging the box over the whole band: the window moved, its events read, all painted.
+void dragBand(benchmark::State& state)
+{
+    BenchTimeline timeline(static_cast<int>(state.range(0)), Beginning, static_cast<int>(state.range(1)));
+    TimelineBand& band = timeline.band();
+    const BandBox box = band.scale().boxOf(timeline.panel().timeline().window());
+    double at = (box.left + box.right) / 2;
+    const double step = (band.width() - at) / 100;
+    timeline.mouse(QEvent::MouseButtonPress, at);
+    std::vector<double> times;
+    for (auto _ : state) {
+        at += step;
+        times.push_back(timeOf([&] {
+                            timeline.mouse(QEvent::MouseMove, at);
+                            timeline.panel().repaint();
+                        }).count());
+        state.SetIterationTime(times.back() / 1000);
+    }
+    timeline.mouse(QEvent::MouseButtonRelease, at);
+    state.counters["median_ms"] = medianOf(times);
+    state.counters["slowest_ms"] = *std::max_element(times.begin(), times.end());
+}
+
 void places(benchmark::internal::Benchmark* benchmark, const std::vector<std::int64_t>& sizes)
 {
     benchmark->ArgNames({"events", "place", "level"})
@@ -122,3 +193,16 @@ BENCHMARK(statement)->Apply([](auto* benchmark) {
                         places(benchmark, {1000, 8000, 32000});
                     }) -> Iterations(20);
 BENCHMARK(statement)->Apply([](auto* benchmark) { places(benchmark, {1000000}); }) -> Iterations(3);
+BENCHMARK(firstBand)
+    ->ArgName("events")
+    ->Arg(32000)
+    ->Arg(1000000)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->Iterations(5);
+BENCHMARK(dragBand)
+    ->ArgNames({"events", "level"})
+    ->ArgsProduct({{32000, 1000000}, {0, 4, 7}})
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->Iterations(100);

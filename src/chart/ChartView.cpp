@@ -2,13 +2,11 @@
 
 #include "chart/ChartView.h"
 
-#include "chart/ChartScale.h"
 #include "util/ReadableLine.h"
 #include "widgets/PlainToolTip.h"
 
 #include <QAccessible>
 #include <QCoreApplication>
-#include <QFontMetrics>
 #include <QGraphicsLayout>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -17,31 +15,21 @@
 #include <QToolTip>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
-constexpr double widestShare = 0.7; ///< of its slot that a bar takes
-
 // pixels
-constexpr double widestBar = 90;
-constexpr int pixelsPerStep = 36;
-constexpr int besideAxis = 26; ///< the margins on both sides, and the ticks
-constexpr int titleRoom = 48;  ///< with the margins above and below
 constexpr int titleTop = 4;
-constexpr int lowestPlot = 60;
-constexpr int lowestHeight = 150;
-
-constexpr int mostSteps = 10;
+constexpr int titleHeight = 24;
 
 } // namespace
 
-ChartView::ChartView(QWidget* parent) : QChartView(parent), m_bars(*chart())
+ChartView::ChartView(QWidget* parent)
+    : QChartView(parent), m_upright(*this, m_counts), m_horizontal(*this, m_counts)
 {
     AccessibleItems::install();
     setObjectName(QStringLiteral("MSChart1"));
     setAccessibleName(tr("Documents by Type"));
-    setEmptyText({});
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setRenderHint(QPainter::Antialiasing);
@@ -54,98 +42,68 @@ ChartView::ChartView(QWidget* parent) : QChartView(parent), m_bars(*chart())
     chart()->layout()->setContentsMargins(0, 0, 0, 0);
     // the names are written below the plot, wherever the chart's layout puts it
     connect(chart(), &QChart::plotAreaChanged, viewport(), qOverload<>(&QWidget::update));
-    applyPalette();
+    // the chart keeps room for its title; this view draws it, over the middle of what is in sight
+    chart()->setTitleBrush(Qt::transparent);
+    beginLayout();
 }
 
 void ChartView::setCounts(std::vector<DocumentTypeCount> counts)
 {
     m_counts = std::move(counts);
     m_current.reset();
-    m_bars.setCounts(m_counts);
-    applyMinimumSize();
-    layOut();
+    beginLayout();
     QAccessibleTableModelChangeEvent changed(this, QAccessibleTableModelChangeEvent::ModelReset);
     QAccessible::updateAccessibility(&changed);
+}
+
+void ChartView::setHorizontal(bool isHorizontal)
+{
+    m_layout = isHorizontal ? static_cast<BarLayout*>(&m_horizontal) : &m_upright;
+    chart()->setVisible(!isHorizontal);
+    beginLayout();
 }
 
 void ChartView::setEmptyText(const QString& text)
 {
     m_emptyText = text;
-    setAccessibleDescription(
-        text.isEmpty() ? tr("The arrow keys go from bar to bar, the menu key opens a bar's menu") : text);
     viewport()->update();
 }
 
-qint64 ChartView::highestCount() const
+/// Has the layout take the counts and the looks of the view, the current bar and the view's size.
+void ChartView::beginLayout()
 {
-    const auto highest = std::ranges::max_element(m_counts, {}, &DocumentTypeCount::documents);
-    return highest == m_counts.end() ? 0 : highest->documents;
-}
-
-/// The width that the axis takes with its numbers, none of which is twice the highest count.
-int ChartView::axisRoom() const
-{
-    return besideAxis + fontMetrics().horizontalAdvance(QString::number(2 * highestCount()));
-}
-
-/// Wide enough for a name that is turned and for a number that is not.
-int ChartView::narrowestSlot() const
-{
-    constexpr int numberGap = 4;
-    const int number = fontMetrics().horizontalAdvance(QString::number(highestCount()));
-    return std::max(fontMetrics().height() + 2, number + numberGap);
-}
-
-void ChartView::applyMinimumSize()
-{
-    setMinimumSize(axisRoom() + narrowestSlot() * accessibleItemCount(), lowestHeight);
+    QFont title = font();
+    title.setBold(true);
+    chart()->setTitleFont(title);
+    chart()->setBackgroundBrush(palette().color(QPalette::Base));
+    m_layout->begin();
+    m_layout->mark(m_current);
+    layOut();
 }
 
 void ChartView::layOut()
 {
-    const int count = std::max(accessibleItemCount(), 1);
-    const int slot = (width() - axisRoom()) / count;
-    m_names.layOut(m_counts, fontMetrics(), slot, height());
-    const int plotHeight = std::max(height() - m_names.room() - titleRoom, lowestPlot);
-    const double numberRoom = static_cast<double>(fontMetrics().height() + 8) / plotHeight;
-    m_bars.layOut(ChartScale::forCounts(highestCount(), std::min(plotHeight / pixelsPerStep, mostSteps),
-                                        std::min(numberRoom, 0.5)),
-                  std::min(widestShare, widestBar / std::max(slot, 1)));
-    chart()->setMargins(QMargins(4, 4, 8, m_names.room()));
+    m_layout->layOut();
+    setMinimumSize(m_layout->leastSize());
     viewport()->update();
 }
 
-int ChartView::axisWidth() const
-{
-    return static_cast<int>(std::ceil(chart()->mapToScene(chart()->plotArea().topLeft()).x()));
-}
-
-/// Draws the names, and the title and the axis, which stay in sight while the bars are scrolled.
+/// Draws the names and the title, which stays in sight while the bars are scrolled to the side.
 void ChartView::drawTexts(QPainter& painter, const QRect& sight)
 {
     painter.setFont(font());
     painter.setPen(palette().color(QPalette::Text));
-    if (m_counts.empty()) {
-        painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
-    } else {
-        m_names.draw(painter, fontMetrics(), inView(1, 0).x() - inView(0, 0).x(),
-                     [this](int bar) { return inView(bar, 0); });
-    }
-    if (sight.left() > 0) {
-        const QRect axis(0, 0, axisWidth(), height());
-        const QRect place = axis.translated(sight.left(), 0);
-        painter.fillRect(place, palette().color(QPalette::Base));
-        render(&painter, place, axis);
-    }
-    painter.setFont(chart()->titleFont());
+    m_layout->draw(painter, sight);
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(QRect(sight.left(), titleTop, sight.width(), titleRoom / 2), Qt::AlignCenter,
+    if (m_counts.empty()) painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
+    painter.setFont(chart()->titleFont());
+    painter.drawText(QRect(sight.left(), titleTop, sight.width(), titleHeight), Qt::AlignCenter,
                      accessibleName());
 }
 
 void ChartView::resizeUnseen(QSize size)
 {
-    constexpr int highest = 800;
+    constexpr int mostSizes = 8;
     const auto take = [this](QSize wanted) {
         resize(wanted);
         // a widget that is never shown is not told of its size
@@ -156,8 +114,8 @@ void ChartView::resizeUnseen(QSize size)
     // the chart's own title, which is transparent, would be among the texts of a picture
     chart()->setTitle(QStringLiteral(" "));
     take(size);
-    const int height = std::min(m_names.heightForWhole(), highest);
-    if (height > size.height()) take({size.width(), height});
+    for (int i = 0; i < mostSizes && m_layout->wholeSize() != this->size(); ++i)
+        take(m_layout->wholeSize());
 }
 
 void ChartView::draw(QPainter& painter)
@@ -166,51 +124,15 @@ void ChartView::draw(QPainter& painter)
     drawTexts(painter, rect());
 }
 
-/// The point at a value above a bar, in pixels of the view.
-QPointF ChartView::inView(double bar, double value) const
-{
-    return mapFromScene(chart()->mapToScene(m_bars.position(bar, value)));
-}
-
-void ChartView::applyPalette()
-{
-    QFont title = font();
-    title.setBold(true);
-    chart()->setTitleFont(title);
-    // the chart keeps room for its title; this view draws it, over the middle of what is in sight
-    chart()->setTitleBrush(Qt::transparent);
-    chart()->setBackgroundBrush(palette().color(QPalette::Base));
-    m_bars.setColours(palette(), font());
-}
-
 void ChartView::setCurrentBar(std::optional<int> bar)
 {
     m_current = bar;
-    m_bars.mark(bar);
-    if (!bar) return;
+    m_layout->mark(bar);
+    viewport()->update();
+    if (!bar || !hasFocus()) return;
     QAccessibleEvent focused(this, QAccessible::Focus);
     focused.setChild(*bar);
     QAccessible::updateAccessibility(&focused);
-}
-
-QRect ChartView::barRect(int bar) const
-{
-    const double value = static_cast<double>(m_counts.at(static_cast<std::size_t>(bar)).documents);
-    const double half = m_bars.barWidth() / 2;
-    const QRect plain(inView(bar - half, value).toPoint(), inView(bar + half, 0).toPoint());
-    return plain.adjusted(0, -fontMetrics().height() - 2, 0, 0);
-}
-
-std::optional<int> ChartView::barAt(QPoint position) const
-{
-    if (m_counts.empty()) return std::nullopt;
-    const QPointF inChart = chart()->mapFromScene(mapToScene(position));
-    const int bar = m_bars.slotAt(inChart);
-    if (bar < 0 || bar >= accessibleItemCount()) return std::nullopt;
-    const QRectF plot = chart()->plotArea();
-    if (inChart.x() < plot.left() || inChart.x() > plot.right()) return std::nullopt;
-    if (position.x() < viewport()->visibleRegion().boundingRect().left() + axisWidth()) return std::nullopt;
-    return position.y() >= barRect(bar).top() ? std::optional(bar) : std::nullopt;
 }
 
 QString ChartView::accessibleItemName(int item) const
@@ -253,9 +175,11 @@ void ChartView::keyPressEvent(QKeyEvent* event)
     const int before = m_current.value_or(-1);
     switch (event->key()) {
     case Qt::Key_Right:
+    case Qt::Key_Down:
         goToBar(std::min(before + 1, last));
         break;
     case Qt::Key_Left:
+    case Qt::Key_Up:
         goToBar(std::max(before - 1, 0));
         break;
     case Qt::Key_Home:
@@ -302,17 +226,15 @@ bool ChartView::viewportEvent(QEvent* event)
 void ChartView::resizeEvent(QResizeEvent* event)
 {
     QChartView::resizeEvent(event);
-    layOut();
     // the base class took the minimum of the chart with the names as they were laid out before
-    applyMinimumSize();
+    layOut();
 }
 
 void ChartView::changeEvent(QEvent* event)
 {
     QChartView::changeEvent(event);
     if (event->type() != QEvent::PaletteChange && event->type() != QEvent::FontChange) return;
-    applyPalette();
-    layOut();
+    beginLayout();
 }
 
 void ChartView::paintEvent(QPaintEvent* event)

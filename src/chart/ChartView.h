@@ -2,9 +2,9 @@
 
 #pragma once
 
-#include "chart/BarNames.h"
-#include "chart/ChartBars.h"
 #include "chart/DocumentTypeCounts.h"
+#include "chart/HorizontalBars.h"
+#include "chart/UprightBars.h"
 #include "widgets/AccessibleItems.h"
 
 #include <QChartView>
@@ -13,7 +13,7 @@
 #include <vector>
 
 /// The bar chart of documents by type, and what the mouse and the keyboard do on it. If its bars are too many
-/// for the width of its pane, the chart asks for more and is scrolled.
+/// for its pane, the chart asks for more room and is scrolled.
 class ChartView final : public QChartView, public AccessibleItems
 {
     Q_OBJECT
@@ -24,19 +24,25 @@ public:
     void setCounts(std::vector<DocumentTypeCount> counts);
     [[nodiscard]] const std::vector<DocumentTypeCount>& counts() const { return m_counts; }
 
+    /// Stands the bars upright, as they are at first, or lays them down. The current bar stays.
+    void setHorizontal(bool isHorizontal);
+    [[nodiscard]] bool isHorizontal() const { return m_layout == &m_horizontal; }
+
     /// Sets what is written on a chart without bars; empty for one with bars.
     void setEmptyText(const QString& text);
 
     /// Marks one bar, or none.
     void setCurrentBar(std::optional<int> bar);
 
+    [[nodiscard]] std::optional<int> currentBar() const { return m_current; }
+
     /// Returns the bar at a position in pixels of the view: a hit is the bar itself, its number or its name.
-    [[nodiscard]] std::optional<int> barAt(QPoint position) const;
+    [[nodiscard]] std::optional<int> barAt(QPoint position) const { return m_layout->barAt(position); }
 
     /// The place of a bar with its number, in pixels of the view.
-    [[nodiscard]] QRect barRect(int bar) const;
+    [[nodiscard]] QRect barRect(int bar) const { return m_layout->barRect(bar); }
 
-    /// Takes a size in pixels without being shown, and more height than that if names would be elided.
+    /// Takes a size in pixels without being shown, and another one if bars or names would not be whole.
     void resizeUnseen(QSize size);
 
     /// Draws the whole chart, which is not shown, at the painter's origin.
@@ -68,19 +74,14 @@ protected:
 
 private:
     void goToBar(int bar);
-    void applyPalette();
-    void applyMinimumSize();
+    void beginLayout();
     void layOut();
     void drawTexts(QPainter& painter, const QRect& sight);
-    [[nodiscard]] qint64 highestCount() const;
-    [[nodiscard]] int axisRoom() const;
-    [[nodiscard]] int axisWidth() const;
-    [[nodiscard]] int narrowestSlot() const;
-    [[nodiscard]] QPointF inView(double bar, double value) const;
 
     std::vector<DocumentTypeCount> m_counts;
     QString m_emptyText;
     std::optional<int> m_current;
-    ChartBars m_bars;
-    BarNames m_names;
+    UprightBars m_upright;
+    HorizontalBars m_horizontal;
+    BarLayout* m_layout = &m_upright;
 };

@@ -3,6 +3,7 @@
 #include "chart/DocumentTypeCounts.h"
 
 #include "data/DatabaseSession.h"
+#include "util/TextCompare.h"
 
 #include <algorithm>
 #include <functional>
@@ -33,16 +34,33 @@ std::size_t keepReadable(std::vector<DocumentTypeCount>& counts)
     });
 }
 
+void sortTypes(std::vector<DocumentTypeCount>& counts, TypeOrder order)
+{
+    if (order == TypeOrder::AsRead) return;
+    const bool isByNumber = order == TypeOrder::ByNumber;
+    std::ranges::stable_sort(counts, [isByNumber](const auto& left, const auto& right) {
+        if (isByNumber && left.documents != right.documents) return left.documents > right.documents;
+        return TextCompare::compare(left.name.toStdString(), right.name.toStdString()) < 0;
+    });
+}
+
+qint64 highestCount(const std::vector<DocumentTypeCount>& counts)
+{
+    const auto highest = std::ranges::max_element(counts, {}, &DocumentTypeCount::documents);
+    return highest == counts.end() ? 0 : highest->documents;
+}
+
 std::vector<DocumentTypeCount> countDocumentTypes(DatabaseSession& session, const SQLObject& query)
 {
     RecordSet rows = session.read(
         QStringLiteral("SELECT DocumentTypeID, DocumentTypeName, count(Document.DocumentID) as Docs ") +
         query.FromClause + u' ' + query.WhereClause + QStringLiteral(" AND DocumentTypeID > 0") +
         QStringLiteral(" GROUP BY DocumentTypeID, DocumentTypeName"));
+    const int type = rows.column(u"DocumentTypeID");
     const int name = rows.column(u"DocumentTypeName");
     const int documents = rows.column(u"Docs");
     std::vector<DocumentTypeCount> counts;
     while (rows.next())
-        counts.push_back({rows.text(name), rows.integer(documents)});
+        counts.push_back({rows.text(name), rows.integer(documents), rows.integer(type)});
     return counts;
 }

@@ -103,6 +103,15 @@ bool StatementScope::isBaseKey(const QString& sql) const
            same(sql, query->baseTable + QStringLiteral(" . ") + query->baseKey);
 }
 
+bool StatementScope::isNeverRepeated(const QString& sql) const
+{
+    if (!m_areColumnsKnown || expanded() == nullptr || repeatsKeys()) return false;
+    const QString then = QStringLiteral(" THEN ");
+    const QString end = QStringLiteral(" END");
+    const bool isOneCase = sql.startsWith(u"CASE WHEN ") && sql.endsWith(end) && sql.count(then) == 1;
+    return isBaseKey(isOneCase ? sql.sliced(sql.indexOf(then) + then.size()).chopped(end.size()) : sql);
+}
+
 std::set<std::size_t> StatementScope::neededJoins() const
 {
     std::set<std::size_t> needed = m_joins;
@@ -114,9 +123,14 @@ bool StatementScope::needsDistinct() const
 {
     const StoredQuery* query = expanded();
     if (!m_distinct || query == nullptr || m_grouped || !m_keyListed) return m_distinct;
+    return repeatsKeys();
+}
+
+bool StatementScope::repeatsKeys() const
+{
     const auto needed = neededJoins();
     return std::any_of(needed.begin(), needed.end(),
-                       [query](std::size_t join) { return !query->joins.at(join).single; });
+                       [this](std::size_t join) { return !expanded()->joins.at(join).single; });
 }
 
 QString StatementScope::fromSql() const

@@ -51,6 +51,12 @@ public:
     void noteListed(const QString& sql) { m_keyListed = m_keyListed || isBaseKey(sql); }
 
     [[nodiscard]] bool isBaseKey(const QString& sql) const;
+
+    /// Whether an expression is the key of the base table, or a CASE that yields it or nothing, and no two
+    /// rows have the same one. Never, as long as a column may yet ask for another join.
+    [[nodiscard]] bool isNeverRepeated(const QString& sql) const;
+    void setColumnsKnown() { m_areColumnsKnown = true; }
+
     [[nodiscard]] bool isDistinct() const { return m_distinct; }
 
     /// Whether `DISTINCT` can make a difference, given all the columns resolved so far.
@@ -82,6 +88,9 @@ private:
     ResolvedColumn ofStoredQuery(const StoredQuery& query, const StoredQuery::Column& column);
     [[nodiscard]] std::set<std::size_t> neededJoins() const;
 
+    /// Whether the joins needed so far can make several rows of one of the base table.
+    [[nodiscard]] bool repeatsKeys() const;
+
     const Catalog& m_catalog;
     StatementScope* m_outer;
     std::vector<Source> m_sources;
@@ -91,4 +100,5 @@ private:
     bool m_grouped = false;
     bool m_keyListed = false;
     bool m_comparesListed = false;
+    bool m_areColumnsKnown = false;
 };

@@ -104,11 +104,11 @@ private:
         if (m_forEditing && depth == 0 && !spans[static_cast<std::size_t>(Clause::Order)]) {
             rest += QStringLiteral(" ORDER BY rowid");
         }
-        // only now is it known which joins are needed, and so what DISTINCT compares
-        if (scope.comparesTexts()) {
-            scope.setComparesListed();
-            columns = selectList(list, scope, depth);
-        }
+        // only now is it known which joins are needed, and so what DISTINCT compares and what a count may
+        // repeat
+        scope.setColumnsKnown();
+        if (scope.comparesTexts()) scope.setComparesListed();
+        if (grouped || scope.comparesListed()) columns = selectList(list, scope, depth);
         return QStringLiteral("SELECT ") + (scope.needsDistinct() ? QStringLiteral("DISTINCT ") : QString()) +
                columns + scope.fromSql() + rest;
     }

@@ -232,9 +232,8 @@ void frmExport::showFormat()
 void frmExport::enablePicture()
 {
     if (m_pages.empty() || page().hasPicture == nullptr) return;
-    const QString hindrance = records() == Records::All ? tr("The graphic shows the list, not all records.")
-                              : m_offer.hasGraphic      ? QString()
-                                                        : tr("The graphic shows nothing.");
+    const QString hindrance =
+        records() == Records::All ? tr("The graphic shows the list, not all records.") : m_offer.noGraphic;
     enableUnless(*page().hasPicture, hindrance);
 }
 

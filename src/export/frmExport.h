@@ -42,7 +42,7 @@ public:
         std::size_t listed = 0;
         std::size_t selected = 0;
         std::size_t all = 0;
-        bool hasGraphic = false; ///< whether the graphic beside the list shows something
+        QString noGraphic; ///< why the graphic beside the list has no picture; empty if it has one
     };
 
     /// Asks for the file; returns an empty text if the user wants none.

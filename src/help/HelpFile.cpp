@@ -32,6 +32,7 @@ constexpr std::array windowChapters{
     WindowChapter{"frmDeletedRecords", HelpChapter::History},
     WindowChapter{"frmChangedSince", HelpChapter::History},
     WindowChapter{"frmHistory", HelpChapter::History},
+    WindowChapter{"frmGoToDate", HelpChapter::Timeline},
     WindowChapter{"frmSearch", HelpChapter::Search},
     WindowChapter{"frmAdvSearch", HelpChapter::AdvancedSearch},
     WindowChapter{"frmExport", HelpChapter::Export},

@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 MapCanvas::MapCanvas(QWidget* parent) : QWidget(parent)
@@ -28,23 +29,54 @@ void MapCanvas::setStates(StatesLayer layer)
 void MapCanvas::setPlaces(const std::vector<clsCities>& places)
 {
     m_markers.set(places);
-    m_states.setObstacles(m_markers.obstacles());
     m_ringed.reset();
-    QAccessibleTableModelChangeEvent changed(this, QAccessibleTableModelChangeEvent::ModelReset);
-    QAccessible::updateAccessibility(&changed);
+    arrange();
+}
+
+void MapCanvas::setGrouped(bool grouped)
+{
+    m_markers.setGrouped(grouped);
+    arrange();
+}
+
+void MapCanvas::setHidden(HiddenColours hidden)
+{
+    m_markers.setHidden(hidden);
+    arrange();
+}
+
+void MapCanvas::setRaised(std::optional<int> colour)
+{
+    m_markers.setRaised(colour);
+    update();
+}
+
+/// To be called when places or extent have changed.
+void MapCanvas::arrange()
+{
+    const bool isAnew = m_markers.arrange(m_extent, font());
+    if (isAnew) {
+        m_states.setObstacles(m_markers.obstacles());
+        QAccessibleTableModelChangeEvent changed(this, QAccessibleTableModelChangeEvent::ModelReset);
+        QAccessible::updateAccessibility(&changed);
+    }
+    if (isAnew || m_extent.scale() != m_arrangedScale) {
+        m_arrangedScale = m_extent.scale();
+        Q_EMIT arranged();
+    }
     update();
 }
 
 void MapCanvas::goToPlaces()
 {
     m_extent.goTo(m_markers.positions());
-    update();
+    arrange();
 }
 
 void MapCanvas::showEntry(std::size_t entry)
 {
     m_extent.show(m_markers.position(entry));
-    update();
+    arrange();
 }
 
 void MapCanvas::setRinged(std::optional<std::size_t> entry)
@@ -53,16 +85,16 @@ void MapCanvas::setRinged(std::optional<std::size_t> entry)
     if (entry == m_ringed) return;
     m_ringed = entry;
     update();
-    if (!m_ringed || !hasFocus()) return;
+    if (accessibleCurrentItem() < 0 || !hasFocus()) return;
     QAccessibleEvent focused(this, QAccessible::Focus);
-    focused.setChild(static_cast<int>(*m_ringed));
+    focused.setChild(accessibleCurrentItem());
     QAccessible::updateAccessibility(&focused);
 }
 
 void MapCanvas::zoom(double factor, QPointF about)
 {
     m_extent.zoom(factor, about);
-    update();
+    arrange();
 }
 
 void MapCanvas::goToState(QPointF screen)
@@ -74,19 +106,38 @@ void MapCanvas::goToState(QPointF screen)
         m_extent.fit(state->bounds);
     else
         m_extent.zoom(zoomStep, screen);
-    update();
+    arrange();
 }
 
 void MapCanvas::zoomTo(const QRectF& screen)
 {
     m_extent.zoomTo(screen);
-    update();
+    arrange();
 }
 
 void MapCanvas::pan(QPointF pixels)
 {
     m_extent.pan(pixels);
-    update();
+    arrange();
+}
+
+void MapCanvas::takeApart(std::size_t entry)
+{
+    QRectF places;
+    for (const std::size_t member : drawnWith(entry)) {
+        const QPointF place = m_extent.toScreen(m_markers.positions()[member]);
+        // a rectangle unites only with one that has an area
+        places |= QRectF(place - QPointF(0.5, 0.5), QSizeF(1, 1));
+    }
+    constexpr double room = 0.15;
+    const double across = room * std::max(places.width(), places.height());
+    places.adjust(-across, -across, across, across);
+    const double factor = std::min(width() / places.width(), height() / places.height());
+    // a disc of a single spot stays one, and a nearer look shows where that is
+    if (places.width() <= 2 || factor < zoomStep)
+        zoom(zoomStep, positionOf(entry));
+    else
+        zoomTo(places);
 }
 
 void MapCanvas::zoomIn()
@@ -104,13 +155,13 @@ void MapCanvas::showFullExtent()
     const StatesLayer& layer = m_states.layer();
     m_extent.fitWithInsets(hasStates() ? layer.fullExtent() : MapProjection::contiguousStates(),
                            layer.insets(m_markers.positions()));
-    update();
+    arrange();
 }
 
 void MapCanvas::showContiguousStates()
 {
     m_extent.fit(MapProjection::contiguousStates());
-    update();
+    arrange();
 }
 
 QPointF MapCanvas::positionOf(std::size_t entry) const
@@ -158,29 +209,36 @@ void MapCanvas::draw(QPainter& painter) const
 void MapCanvas::resizeEvent(QResizeEvent* /*event*/)
 {
     m_extent.setSize(size());
+    arrange();
 }
 
 void MapCanvas::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) m_states.forget();
+    if (event->type() == QEvent::FontChange) arrange();
 }
 
 QString MapCanvas::accessibleItemName(int item) const
 {
-    return m_markers.name(static_cast<std::size_t>(item));
+    return m_markers.name(m_markers.leads()[static_cast<std::size_t>(item)]);
 }
 
 QRect MapCanvas::accessibleItemRect(int item) const
 {
-    const auto entry = static_cast<std::size_t>(item);
-    if (m_extent.isCovered(m_markers.position(entry))) return {};
-    QRectF marker(0, 0, m_markers.markerExtent(), m_markers.markerExtent());
-    marker.moveCenter(positionOf(entry));
+    const std::size_t lead = m_markers.leads()[static_cast<std::size_t>(item)];
+    if (m_extent.isCovered(m_markers.position(lead))) return {};
+    const double width = 2 * m_markers.radiusOf(lead);
+    QRectF marker(0, 0, width, width);
+    marker.moveCenter(positionOf(lead));
     return marker.toAlignedRect();
 }
 
 int MapCanvas::accessibleCurrentItem() const
 {
-    return m_ringed ? static_cast<int>(*m_ringed) : -1;
+    if (!m_ringed) return -1;
+    const std::vector<std::size_t>& leads = m_markers.leads();
+    const auto found = std::ranges::lower_bound(leads, m_markers.leadOf(*m_ringed));
+    if (found == leads.end() || *found != m_markers.leadOf(*m_ringed)) return -1;
+    return static_cast<int>(found - leads.begin());
 }

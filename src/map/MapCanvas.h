@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <optional>
+#include <span>
 #include <vector>
 
 /// The states with a marker for each place, as far as they are in sight: what there is to see on the map, for
@@ -31,7 +32,28 @@ public:
     /// Moves the map so that an entry's marker is in sight, unless it is.
     void showEntry(std::size_t entry);
 
-    /// Rings one marker, or none.
+    /// Draws markers that cover each other as one disc, or each for itself.
+    void setGrouped(bool grouped);
+    [[nodiscard]] bool isGrouped() const { return m_markers.isGrouped(); }
+
+    /// Leaves the markers of some colours out.
+    void setHidden(HiddenColours hidden);
+
+    /// Shows the markers of one colour over the others, or of none.
+    void setRaised(std::optional<int> colour);
+
+    /// Returns the entries that are drawn as one with an entry: all of a disc, or it alone.
+    [[nodiscard]] std::span<const std::size_t> drawnWith(std::size_t entry) const
+    {
+        return m_markers.members(m_markers.leadOf(entry));
+    }
+
+    [[nodiscard]] const PlaceMarkers& markers() const { return m_markers; }
+
+    /// Returns whether more than half of the markers lie below others.
+    [[nodiscard]] bool areMostCovered() const { return m_markers.areMostCovered(m_extent); }
+
+    /// Rings the marker or the disc of an entry, or none.
     void setRinged(std::optional<std::size_t> entry);
     [[nodiscard]] std::optional<std::size_t> ringed() const { return m_ringed; }
 
@@ -53,13 +75,20 @@ public:
     /// The longitude, from -180 to 180, and the latitude at a pixel, as x and y.
     [[nodiscard]] QPointF degreesAt(QPointF screen) const;
 
-    /// The entry whose marker is at a pixel, or near it.
+    /// The entry whose marker is at a pixel, or near it; of a disc, the one that leads the others.
     [[nodiscard]] std::optional<std::size_t> entryAt(QPointF screen) const;
 
-    [[nodiscard]] int accessibleItemCount() const override { return static_cast<int>(m_markers.count()); }
+    [[nodiscard]] int accessibleItemCount() const override
+    {
+        return static_cast<int>(m_markers.leads().size());
+    }
     [[nodiscard]] QString accessibleItemName(int item) const override;
     [[nodiscard]] QRect accessibleItemRect(int item) const override;
     [[nodiscard]] int accessibleCurrentItem() const override;
+
+Q_SIGNALS:
+    /// Markers may cover each other otherwise than before.
+    void arranged();
 
 protected:
     /// The factor by which a click, a key or a command zooms.
@@ -80,15 +109,19 @@ protected:
     /// Moves the map by so many pixels.
     void pan(QPointF pixels);
 
-    [[nodiscard]] const PlaceMarkers& markers() const { return m_markers; }
+    /// Zooms so that the places of an entry's disc come apart.
+    void takeApart(std::size_t entry);
 
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    void arrange();
+
     StatesPicture m_states;
     PlaceMarkers m_markers;
     MapExtent m_extent;
     std::optional<std::size_t> m_ringed;
+    double m_arrangedScale = 0; ///< of the extent for which the markers were arranged last
 };

@@ -5,6 +5,8 @@
 #include "map/MarkerPictures.h"
 #include "widgets/PlainToolTip.h"
 
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -21,7 +23,10 @@ MapLegend::MapLegend(QWidget* parent) : QListWidget(parent)
 {
     setObjectName(QStringLiteral("MapLegend"));
     setAccessibleName(tr("Functions and their colours"));
+    setAccessibleDescription(tr("The arrow keys show the markers of a line over the others, Space hides them "
+                                "and shows them again"));
     setSelectionMode(NoSelection);
+    setMouseTracking(true);
     setFrameShape(NoFrame);
     setWrapping(true);
     setResizeMode(Adjust);
@@ -35,16 +40,112 @@ MapLegend::MapLegend(QWidget* parent) : QListWidget(parent)
 
 void MapLegend::setLines(const std::vector<LegendLine>& lines)
 {
+    const int current = currentRow();
+    m_lines = lines;
     clear();
-    for (const LegendLine& line : lines) {
-        const QString names = line.text();
-        auto* item = new QListWidgetItem(MarkerPictures::picture(line.colour, swatch, devicePixelRatioF()),
-                                         names, this);
-        item->setToolTip(PlainToolTip::text(names));
-        item->setFlags(Qt::ItemIsEnabled);
+    for (int row = 0; row < static_cast<int>(lines.size()); ++row) {
+        addItem(new QListWidgetItem);
+        item(row)->setFlags(Qt::ItemIsEnabled);
+        showLine(row);
     }
+    setCurrentRow(std::min(current, count() - 1));
     setVisible(!lines.empty());
     updateGeometry();
+}
+
+bool MapLegend::isHiddenAt(int row) const
+{
+    return m_hidden.test(static_cast<std::size_t>(m_lines.at(static_cast<std::size_t>(row)).colour));
+}
+
+QString MapLegend::textOf(const LegendLine& line) const
+{
+    return m_hidden.test(static_cast<std::size_t>(line.colour)) ? line.hiddenText() : line.text();
+}
+
+void MapLegend::showLine(int row)
+{
+    const LegendLine& line = m_lines.at(static_cast<std::size_t>(row));
+    const QIcon sign(MarkerPictures::picture(line.colour, swatch, devicePixelRatioF()));
+    const bool isHidden = isHiddenAt(row);
+    item(row)->setIcon(isHidden ? sign.pixmap(iconSize(), devicePixelRatioF(), QIcon::Disabled) : sign);
+    item(row)->setText(textOf(line));
+    item(row)->setToolTip(PlainToolTip::text(textOf(line)));
+    item(row)->setData(Qt::ForegroundRole,
+                       isHidden ? QVariant(palette().brush(QPalette::Disabled, QPalette::Text)) : QVariant());
+}
+
+/// Raises the markers of a line; none with -1 or those of a hidden line.
+void MapLegend::raise(int row)
+{
+    std::optional<int> colour;
+    if (row >= 0 && !isHiddenAt(row)) colour = m_lines.at(static_cast<std::size_t>(row)).colour;
+    if (colour == m_raised) return;
+    m_raised = colour;
+    Q_EMIT raised(colour);
+}
+
+void MapLegend::toggle(int row)
+{
+    m_hidden.flip(static_cast<std::size_t>(m_lines.at(static_cast<std::size_t>(row)).colour));
+    showLine(row);
+    // lines must not move away below the pointer
+    if (!underMouse()) updateGeometry();
+    raise(row);
+    Q_EMIT hiddenChanged();
+}
+
+void MapLegend::mouseMoveEvent(QMouseEvent* event)
+{
+    const QListWidgetItem* pointed = itemAt(event->position().toPoint());
+    raise(pointed == nullptr ? -1 : row(pointed));
+}
+
+void MapLegend::mouseReleaseEvent(QMouseEvent* event)
+{
+    QListWidget::mouseReleaseEvent(event);
+    const QListWidgetItem* clicked = itemAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && clicked != nullptr) toggle(row(clicked));
+}
+
+void MapLegend::leaveEvent(QEvent* event)
+{
+    QListWidget::leaveEvent(event);
+    updateGeometry();
+    raise(hasFocus() ? currentRow() : -1);
+}
+
+void MapLegend::keyPressEvent(QKeyEvent* event)
+{
+    const bool toggles = event->key() == Qt::Key_Space && currentRow() >= 0;
+    if (toggles) {
+        toggle(currentRow());
+        return;
+    }
+    QListWidget::keyPressEvent(event);
+    raise(currentRow());
+}
+
+void MapLegend::focusInEvent(QFocusEvent* event)
+{
+    QListWidget::focusInEvent(event);
+    if (event->reason() == Qt::MouseFocusReason) return;
+    if (currentRow() < 0) setCurrentRow(0);
+    raise(currentRow());
+}
+
+void MapLegend::focusOutEvent(QFocusEvent* event)
+{
+    QListWidget::focusOutEvent(event);
+    raise(-1);
+}
+
+void MapLegend::changeEvent(QEvent* event)
+{
+    QListWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange) return;
+    for (int row = 0; row < count(); ++row)
+        showLine(row);
 }
 
 void MapLegend::setPlace(bool beside, int highestBelow)

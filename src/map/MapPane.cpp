@@ -4,51 +4,73 @@
 
 #include "files/ProgramFolder.h"
 #include "map/MapLegend.h"
+#include "map/MapNotices.h"
+#include "map/MapTools.h"
 #include "map/MapView.h"
 #include "map/MarkerPictures.h"
+#include "map/PlacesMenu.h"
 #include "map/StatesFile.h"
 #include "platform/Procedure.h"
+#include "platform/StdREG.h"
 #include "views/ViewHistory.h"
-#include "widgets/IconSet.h"
+#include "widgets/LinkButton.h"
 #include "widgets/PictureLegend.h"
 #include "widgets/WaitCursor.h"
 
-#include <QActionGroup>
+#include <QAction>
 #include <QBoxLayout>
-#include <QLabel>
-#include <QMenu>
 #include <QPainter>
-#include <QToolBar>
+
+#include <algorithm>
+#include <span>
 
 namespace {
 
 constexpr std::size_t mostNamesInTip = 12;
 
-/// A menu takes a single ampersand as the mark of a mnemonic.
-QString menuText(QString text)
+QString section()
 {
-    return text.replace(u'&', QStringLiteral("&&"));
+    return QStringLiteral("Window");
+}
+
+QString groupName()
+{
+    return QStringLiteral("MapGroup");
 }
 
 } // namespace
 
 MapPane::MapPane(DatabaseSession& session, ViewHistory& history, const StandardQueries& queries,
-                 const ProgramFolder& folder, Messages& messages, QWidget* parent)
+                 const ProgramFolder& folder, SettingsStore& settings, Messages& messages, QWidget* parent)
     : QWidget(parent),
       m_history(history),
       m_folder(folder),
+      m_settings(settings),
       m_messages(messages),
       m_places(session),
       m_showOnly(session, queries),
       m_layout(new QBoxLayout(QBoxLayout::TopToBottom)),
-      m_tools(new QToolBar(this)),
-      m_toolGroup(new QActionGroup(this)),
       m_map(new MapView(this)),
-      m_empty(new QLabel(m_map)),
+      m_tools(new MapTools(*m_map, this)),
+      m_notices(new MapNotices(*m_map)),
       m_legend(new MapLegend(this)),
-      m_menu(new QMenu(this))
+      m_withoutPlace(new LinkButton(this)),
+      m_menu(new PlacesMenu(this))
 {
     setObjectName(QStringLiteral("MapPane"));
+    layOut();
+    setFocusProxy(m_map);
+    connect(m_map, &MapView::chosen, this, &MapPane::choose);
+    m_map->describe = [this](std::size_t entry) { return description(entry); };
+    connectMenu();
+    connectLegend();
+    connectGroups();
+}
+
+MapPane::~MapPane() = default;
+
+void MapPane::layOut()
+{
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -56,92 +78,75 @@ MapPane::MapPane(DatabaseSession& session, ViewHistory& history, const StandardQ
     layout->addLayout(m_layout, 1);
     m_layout->setSpacing(2);
     m_layout->addWidget(m_map, 1);
-    m_layout->addWidget(m_legend);
-    setFocusProxy(m_map);
-    makeTools();
-    makeMenu();
-    makeNotice();
-    connect(m_map, &MapView::chosen, this, &MapPane::choose);
+    auto* explanations = new QVBoxLayout;
+    explanations->setSpacing(0);
+    explanations->addWidget(m_legend);
+    explanations->addWidget(m_withoutPlace);
+    m_layout->addLayout(explanations);
+    m_withoutPlace->setObjectName(QStringLiteral("cmdWithoutPlace"));
+    m_withoutPlace->hide();
+}
+
+void MapPane::connectMenu()
+{
     connect(m_map, &MapView::menuRequested, this, &MapPane::showMenu);
-    m_map->describe = [this](std::size_t entry) { return description(entry); };
+    connect(m_menu, &PlacesMenu::cityChosen, this, [this](const clsCities& place) {
+        showOnly(QStringLiteral("popOrgTabShowOnlyCity"),
+                 [&] { return m_showOnly.organizationsOfCity(place); });
+    });
+    connect(m_menu, &PlacesMenu::stateChosen, this, [this](const clsCities& place) {
+        showOnly(QStringLiteral("popOrgTabShowOnlyState"),
+                 [&] { return m_showOnly.organizationsOfState(place); });
+    });
+    connect(m_menu, &PlacesMenu::allChosen, this, [this] {
+        showOnly(QStringLiteral("popOrgTabShowOnlyThese"), [this] {
+            return m_showOnly.organizationsAt(m_places.identifiersOf(m_menuEntries), m_menuPlaces);
+        });
+    });
+    connect(m_withoutPlace, &LinkButton::clicked, this, [this] {
+        showOnly(QStringLiteral("cmdWithoutPlace_Click"),
+                 [this] { return m_showOnly.organizationsWithoutPlace(m_places.queryWithoutPlace()); });
+    });
 }
 
-MapPane::~MapPane() = default;
-
-void MapPane::makeTools()
+void MapPane::connectLegend()
 {
-    m_tools->setObjectName(QStringLiteral("tbMap"));
-    m_tools->setIconSize(QSize(22, 22));
-    addTool(QStringLiteral("mapPointer"), tr("Pointer: select places and drag the map"),
-            QStringLiteral("pointer"), static_cast<int>(MapTool::Pointer));
-    addTool(QStringLiteral("mapZoomIn"), tr("Zoom in at a click, or to a rectangle"),
-            QStringLiteral("list-add"), static_cast<int>(MapTool::ZoomIn));
-    addTool(QStringLiteral("mapZoomOut"), tr("Zoom out at a click"), QStringLiteral("list-remove"),
-            static_cast<int>(MapTool::ZoomOut));
-    addTool(QStringLiteral("mapPan"), tr("Pan: drag the map"), QStringLiteral("transform-move"),
-            static_cast<int>(MapTool::Pan));
-    m_tools->addSeparator();
-    addCommand(QStringLiteral("mapFullExtent"), tr("All States"), tr("Full extent: show all states"),
-               &MapView::showFullExtent);
-    addCommand(QStringLiteral("mapContiguousStates"), tr("48 States"), tr("Show the 48 contiguous states"),
-               &MapView::showContiguousStates);
-    m_toolGroup->actions().constFirst()->setChecked(true);
-    connect(m_map, &MapView::toolChanged, this,
-            [this](MapTool tool) { m_toolGroup->actions().at(static_cast<int>(tool))->setChecked(true); });
+    connect(m_legend, &MapLegend::raised, m_map, &MapView::setRaised);
+    connect(m_legend, &MapLegend::hiddenChanged, this, [this] {
+        m_map->setHidden(m_legend->hiddenColours());
+        summarize();
+        sayIfHidden();
+    });
 }
 
-void MapPane::addTool(const QString& name, const QString& text, const QString& icon, int tool)
+void MapPane::connectGroups()
 {
-    QAction* action = m_tools->addAction(IconSet::themeIcon(icon), text);
-    action->setObjectName(name);
-    action->setCheckable(true);
-    m_toolGroup->addAction(action);
-    connect(action, &QAction::triggered, m_map, [this, tool] { m_map->setTool(static_cast<MapTool>(tool)); });
+    QAction& group = m_tools->group();
+    group.setChecked(StdREG(m_settings).GetRegString(section(), groupName()) == QStringLiteral("on"));
+    connect(&group, &QAction::toggled, this, [this](bool isGrouped) {
+        StdREG(m_settings)
+            .WriteRegString(section(), groupName(), isGrouped ? QStringLiteral("on") : QStringLiteral("off"));
+        m_isOfferOver = true;
+        updateOffer();
+    });
+    connect(m_notices, &MapNotices::groupsWanted, &group, &QAction::trigger);
+    connect(m_notices, &MapNotices::groupsRefused, this, [this] {
+        m_isOfferOver = true;
+        updateOffer();
+    });
+    connect(m_map, &MapView::arranged, this, &MapPane::updateOffer);
 }
 
-void MapPane::addCommand(const QString& name, const QString& text, const QString& tip,
-                         void (MapView::*command)())
+void MapPane::updateOffer()
 {
-    QAction* action = m_tools->addAction(text, m_map, command);
-    action->setObjectName(name);
-    action->setToolTip(tip);
-}
-
-void MapPane::makeMenu()
-{
-    m_menu->setObjectName(QStringLiteral("popOrgTab"));
-    m_showOnlyCity = m_menu->addAction(QString(), this,
-                                       [this] { showOnly(QStringLiteral("popOrgTabShowOnlyCity"), true); });
-    m_showOnlyCity->setObjectName(QStringLiteral("popOrgTabShowOnlyCity"));
-    m_showOnlyState = m_menu->addAction(
-        QString(), this, [this] { showOnly(QStringLiteral("popOrgTabShowOnlyState"), false); });
-    m_showOnlyState->setObjectName(QStringLiteral("popOrgTabShowOnlyState"));
-}
-
-/// The notice lies over the upper edge of the map, which is worked as if it were not there.
-void MapPane::makeNotice()
-{
-    constexpr int margin = 6;
-    m_empty->setObjectName(QStringLiteral("lblEmptyMap"));
-    m_empty->setAttribute(Qt::WA_TransparentForMouseEvents);
-    m_empty->setForegroundRole(QPalette::Text);
-    m_empty->setBackgroundRole(QPalette::Base);
-    m_empty->setAutoFillBackground(true);
-    m_empty->setAlignment(Qt::AlignCenter);
-    m_empty->setWordWrap(true);
-    m_empty->setMargin(margin);
-    m_empty->hide();
-    auto* over = new QVBoxLayout(m_map);
-    over->setContentsMargins({});
-    over->addWidget(m_empty, 0, Qt::AlignTop);
+    m_notices->offerGroups(!m_isOfferOver && !m_map->isGrouped() && m_map->areMostCovered());
 }
 
 void MapPane::explainEmpty(std::size_t organizations)
 {
     if (!m_places.entries().empty()) return;
-    m_empty->setText(organizations == 0 ? tr("No organizations to show.")
-                                        : tr("None of these organizations has a place on the map."));
-    m_empty->show();
+    m_notices->explainEmpty(organizations == 0 ? tr("No organizations to show.")
+                                               : tr("None of these organizations has a place on the map."));
 }
 
 void MapPane::drawMap()
@@ -151,6 +156,7 @@ void MapPane::drawMap()
         const WaitCursor wait;
         m_places.read(m_history.currentQuery(), m_history.graphicQuery());
     });
+    if (m_shownView != m_history.current()) m_legend->showAllColours();
     showPlaces();
     // the map of a view that is read again stays where the user moved it
     if (isRead && m_shownView != m_history.current()) {
@@ -176,10 +182,43 @@ void MapPane::clearMap()
 
 void MapPane::showPlaces()
 {
-    m_empty->hide();
-    m_map->setPlaces(m_places.entries());
+    m_notices->explainEmpty({});
     m_legend->setLines(legendLines(m_places.entries()));
+    m_map->setHidden(m_legend->hiddenColours());
+    m_map->setPlaces(m_places.entries());
+    const int without = m_places.withoutPlace();
+    m_withoutPlace->setLink(without == 1 ? tr("1 without a place")
+                                         : tr("%n without a place", nullptr, without));
+    m_withoutPlace->setVisible(without > 0);
+    summarize();
     showSelected();
+}
+
+/// Tells assistive tools what the map shows, and what it does not.
+void MapPane::summarize()
+{
+    const auto counted = [](int number, const QString& one, const QString& several) {
+        return number == 1 ? one : several;
+    };
+    QStringList hidden;
+    int shown = static_cast<int>(m_places.placed());
+    for (const LegendLine& line : legendLines(m_places.entries())) {
+        if (!m_legend->hiddenColours().test(static_cast<std::size_t>(line.colour))) continue;
+        hidden << line.text();
+        shown -= line.organizations();
+    }
+    const auto places = static_cast<int>(m_map->markers().spotCount());
+    QStringList sentences;
+    sentences << tr("The map shows %1 at %2.")
+                     .arg(counted(shown, tr("1 organization"), tr("%n organizations", nullptr, shown)),
+                          counted(places, tr("1 place"), tr("%n places", nullptr, places)));
+    if (!hidden.isEmpty()) sentences << tr("Hidden: %1.").arg(hidden.join(QStringLiteral(", ")));
+    const int without = m_places.withoutPlace();
+    if (without > 0) {
+        sentences << counted(without, tr("1 organization has no place."),
+                             tr("%n organizations have no place.", nullptr, without));
+    }
+    m_map->setSummary(sentences);
 }
 
 void MapPane::forget()
@@ -199,11 +238,14 @@ void MapPane::addStatesLayer()
 void MapPane::showSelected()
 {
     const std::optional<qint64> selected = m_history.selected();
-    std::optional<std::size_t> entry;
-    runProcedure(m_messages, QStringLiteral("ringOrganization"), [&] {
-        if (selected) entry = m_places.entryOf(*selected);
-    });
-    m_map->setRinged(entry);
+    m_map->setRinged(selected ? m_places.entryOf(*selected) : std::nullopt);
+    sayIfHidden();
+}
+
+void MapPane::sayIfHidden()
+{
+    const bool isHidden = m_map->ringed() && m_map->markers().isHidden(*m_map->ringed());
+    m_notices->sayHidden(isHidden ? tr("The selected organization is hidden on the map.") : QString());
 }
 
 void MapPane::goToSelected()
@@ -221,7 +263,7 @@ std::optional<GraphicPicture> MapPane::picture() const
             constexpr double diameter = 12;
             MarkerPictures::draw(painter, colour, middle, diameter);
         };
-        legend.add(marker, line.text());
+        legend.add(marker, m_legend->textOf(line));
     }
     const QSize size = m_map->size() + QSize(0, legend.height());
     return GraphicPicture{tr("Map"), size, [this, legend](QPainter& painter) {
@@ -237,38 +279,45 @@ void MapPane::choose(std::size_t entry)
 {
     runProcedure(m_messages, QStringLiteral("Map1_MouseDown"), [&] {
         std::vector<qint64> identifiers;
-        for (const PlacedOrganization& organization : m_places.organizationsAt(entry, false))
+        for (const PlacedOrganization& organization : organizationsDrawnWith(entry, false))
             identifiers.push_back(organization.identifier);
         Q_EMIT organizationsChosen(identifiers);
     });
 }
 
-void MapPane::showMenu(std::size_t entry, const QPoint& position)
+/// Returns the organizations of a disc, or of a marker those of its function or of all functions. Throws
+/// Error.
+std::vector<PlacedOrganization> MapPane::organizationsDrawnWith(std::size_t entry, bool everyFunction) const
 {
-    m_menuPlace = m_places.entries().at(entry);
-    const QString& state = m_menuPlace.State;
-    m_showOnlyCity->setText(menuText(tr("Show Only %1, %2 Organizations").arg(m_menuPlace.city, state)));
-    m_showOnlyState->setText(menuText(tr("Show Only %1 Organizations").arg(state)));
-    // a place without a city cannot be narrowed to
-    m_showOnlyCity->setEnabled(!m_menuPlace.city.isEmpty());
-    m_showOnlyState->setVisible(m_menuPlace.hasState());
-    m_menu->popup(position);
+    const std::span<const std::size_t> entries = m_map->drawnWith(entry);
+    return entries.size() > 1 ? m_places.organizationsOf(entries)
+                              : m_places.organizationsAt(entry, everyFunction);
 }
 
-void MapPane::showOnly(const QString& procedure, bool city)
+void MapPane::showMenu(std::size_t entry, const QPoint& position)
 {
-    runProcedure(m_messages, procedure, [&] {
-        m_history.addView(city ? m_showOnly.organizationsOfCity(m_menuPlace)
-                               : m_showOnly.organizationsOfState(m_menuPlace));
-    });
+    const std::span<const std::size_t> entries = m_map->drawnWith(entry);
+    m_menuEntries.assign(entries.begin(), entries.end());
+    m_menuPlaces = m_map->markers().placesText(m_map->markers().leadOf(entry));
+    std::vector<clsCities> places;
+    for (const std::size_t drawn : entries)
+        places.push_back(m_places.entries().at(drawn));
+    m_menu->offer(places, position);
+}
+
+void MapPane::showOnly(const QString& procedure, const std::function<clsView()>& view)
+{
+    runProcedure(m_messages, procedure, [&] { m_history.addView(view()); });
 }
 
 QString MapPane::description(std::size_t entry)
 {
-    QString text = QStringLiteral("<b>") + m_places.entries().at(entry).placeText().toHtmlEscaped() +
-                   QStringLiteral("</b>");
+    const std::size_t lead = m_map->markers().leadOf(entry);
+    const QString heading = m_map->markers().isDisc(lead) ? m_map->markers().name(lead)
+                                                          : m_places.entries().at(entry).placeText();
+    QString text = QStringLiteral("<b>") + heading.toHtmlEscaped() + QStringLiteral("</b>");
     try {
-        const auto organizations = m_places.organizationsAt(entry, true);
+        const auto organizations = organizationsDrawnWith(entry, true);
         for (std::size_t i = 0; i < std::min(organizations.size(), mostNamesInTip); ++i)
             text += QStringLiteral("<br>") + organizations[i].name.toHtmlEscaped();
         if (organizations.size() > mostNamesInTip) {

@@ -8,19 +8,20 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
+class LinkButton;
 class MapLegend;
+class MapNotices;
+class MapTools;
 class MapView;
-class QAction;
-class QActionGroup;
+class PlacesMenu;
 class QBoxLayout;
-class QLabel;
-class QMenu;
-class QToolBar;
 class Messages;
 class ProgramFolder;
+class SettingsStore;
 class ViewHistory;
 
 /// The map beside the list of organizations, with its tools, its legend and its pop-up menu.
@@ -29,9 +30,10 @@ class MapPane final : public QWidget
     Q_OBJECT
 
 public:
-    /// The references must outlive the pane. The states are read from `folder`.
+    /// The references must outlive the pane. The states are read from `folder`; whether markers are grouped
+    /// is kept in the settings.
     MapPane(DatabaseSession& session, ViewHistory& history, const StandardQueries& queries,
-            const ProgramFolder& folder, Messages& messages, QWidget* parent);
+            const ProgramFolder& folder, SettingsStore& settings, Messages& messages, QWidget* parent);
     ~MapPane() override;
 
     /// Draws the places of the current view and rings that of its selected organization. For another view
@@ -64,40 +66,45 @@ public:
     [[nodiscard]] std::optional<GraphicPicture> picture() const;
 
 Q_SIGNALS:
-    /// The user chose a marker; these are its organizations.
+    /// The user chose a marker or a disc; these are its organizations.
     void organizationsChosen(const std::vector<qint64>& identifiers);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void makeTools();
-    void makeMenu();
-    void makeNotice();
-    void addTool(const QString& name, const QString& text, const QString& icon, int tool);
-    void addCommand(const QString& name, const QString& text, const QString& tip, void (MapView::*command)());
+    void layOut();
+    void connectMenu();
+    void connectLegend();
+    void connectGroups();
     void addStatesLayer();
     void showPlaces();
+    void summarize();
+    void updateOffer();
+    void sayIfHidden();
     void choose(std::size_t entry);
     void showMenu(std::size_t entry, const QPoint& position);
-    void showOnly(const QString& procedure, bool city);
+    void showOnly(const QString& procedure, const std::function<clsView()>& view);
+    [[nodiscard]] std::vector<PlacedOrganization> organizationsDrawnWith(std::size_t entry,
+                                                                         bool everyFunction) const;
     [[nodiscard]] QString description(std::size_t entry);
 
     ViewHistory& m_history;
     const ProgramFolder& m_folder;
     bool m_isLayerRead = false; ///< the states of this folder
+    SettingsStore& m_settings;
     Messages& m_messages;
     OrganizationPlaces m_places;
     ShowOnlyViews m_showOnly;
-    std::size_t m_shownView = 0; ///< position in the history; 0 before the first view
-    clsCities m_menuPlace;       ///< what the pop-up menu acts on
+    std::size_t m_shownView = 0;            ///< position in the history; 0 before the first view
+    std::vector<std::size_t> m_menuEntries; ///< what the pop-up menu acts on
+    QString m_menuPlaces;                   ///< what the pop-up menu acts on, in words
+    bool m_isOfferOver = false;             ///< groups were taken or refused in this run
     QBoxLayout* m_layout;
-    QToolBar* m_tools;
-    QActionGroup* m_toolGroup;
     MapView* m_map;
-    QLabel* m_empty;
+    MapTools* m_tools;
+    MapNotices* m_notices;
     MapLegend* m_legend;
-    QMenu* m_menu;
-    QAction* m_showOnlyCity = nullptr;
-    QAction* m_showOnlyState = nullptr;
+    LinkButton* m_withoutPlace;
+    PlacesMenu* m_menu;
 };

@@ -18,12 +18,17 @@ MapView::MapView(QWidget* parent) : MapCanvas(parent)
 {
     setObjectName(QStringLiteral("Map1"));
     setAccessibleName(tr("Map of the organizations"));
-    setAccessibleDescription(
-        tr("Page Down and Page Up go from place to place, Return selects the organizations "
-           "there, plus and minus zoom, the arrow keys move the map, Home shows all of it"));
+    setSummary({});
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(false);
     updateCursor();
+}
+
+void MapView::setSummary(const QStringList& sentences)
+{
+    const QString keys = tr("Page Down and Page Up go from place to place, Return selects the organizations "
+                            "there, plus and minus zoom, the arrow keys move the map, Home shows all of it");
+    setAccessibleDescription((sentences + QStringList(keys)).join(u' '));
 }
 
 void MapView::setTool(MapTool tool)
@@ -128,8 +133,11 @@ void MapView::mouseDoubleClickEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton) return;
     // with the tools that zoom, each of the two clicks zooms
     const bool zooms = m_tool == MapTool::ZoomIn || m_tool == MapTool::ZoomOut;
+    const auto entry = entryAt(event->position());
     if (zooms)
         mousePressEvent(event);
+    else if (entry && markers().isDisc(*entry))
+        takeApart(*entry);
     else
         goToState(event->position());
 }
@@ -151,7 +159,10 @@ void MapView::keyPressEvent(QKeyEvent* event)
     switch (event->key()) {
     case Qt::Key_Plus:
     case Qt::Key_Equal:
-        zoomIn();
+        if (ringed() && markers().isDisc(markers().leadOf(*ringed())))
+            takeApart(*ringed());
+        else
+            zoomIn();
         break;
     case Qt::Key_Minus:
         zoomOut();
@@ -218,7 +229,7 @@ bool MapView::moveByKey(int key)
 /// Rings the next place in the order of names, or the one before.
 void MapView::goToPlace(int step)
 {
-    if (markers().count() == 0) return;
+    if (markers().leads().empty()) return;
     const std::size_t entry = markers().neighbour(ringed(), step);
     showEntry(entry);
     setRinged(entry);

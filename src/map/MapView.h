@@ -16,6 +16,9 @@ class MapView final : public MapCanvas
 public:
     explicit MapView(QWidget* parent);
 
+    /// Tells assistive tools what the map shows.
+    void setSummary(const QStringList& sentences);
+
     void setTool(MapTool tool);
     [[nodiscard]] MapTool tool() const { return m_tool; }
 

@@ -3,6 +3,7 @@
 #include "map/OrganizationPlaces.h"
 
 #include "data/DatabaseSession.h"
+#include "views/NarrowedQuery.h"
 
 #include <algorithm>
 #include <cmath>
@@ -32,19 +33,45 @@ QString exactNumber(double number)
     return QString::number(number, 'g', 17);
 }
 
-/// The key of a place and a function. A place without a known city goes by its position.
-QString keyOf(std::optional<qint64> location, double lat, double lon, std::optional<qint64> functionId)
-{
-    const QString place = location ? QString::number(*location) : exactNumber(lat) + u' ' + exactNumber(lon);
-    return u'k' + place + u'f' + (functionId ? QString::number(*functionId) : QString());
-}
-
 bool isOnEarth(double lat, double lon)
 {
     return std::abs(lat) <= farthestLatitude && std::abs(lon) <= farthestLongitude;
 }
 
+/// Where the key of a place stands in a row.
+struct KeyColumns
+{
+    int location;
+    int lat;
+    int lon;
+};
+
+/// Returns the key of a row's place; `std::nullopt` if it has none on the map. A known city needs no position
+/// to be told from others.
+std::optional<PlaceKey> keyIn(const RecordSet& row, KeyColumns columns, std::optional<qint64> functionId)
+{
+    const double lat = row.real(columns.lat);
+    const double lon = row.real(columns.lon);
+    if (row.isNull(columns.lat) || row.isNull(columns.lon) || !isOnEarth(lat, lon)) return std::nullopt;
+    const std::optional<qint64> location = optionalInteger(row, columns.location);
+    if (location) return PlaceKey{location, 0, 0, functionId};
+    return PlaceKey{location, lat, lon, functionId};
+}
+
+constexpr KeyColumns keyOfPlace{1, 2, 3};
+
+PlaceKey keyOf(const clsCities& place)
+{
+    if (place.LocationID) return {place.LocationID, 0, 0, place.functionId};
+    return {std::nullopt, place.lat, place.lon, place.functionId};
+}
+
 } // namespace
+
+size_t qHash(const PlaceKey& key, size_t seed)
+{
+    return qHashMulti(seed, key.location.value_or(-1), key.lat, key.lon, key.functionId.value_or(-1));
+}
 
 void OrganizationPlaces::clear()
 {
@@ -78,6 +105,7 @@ void OrganizationPlaces::readShown(const SharedQuery& query, const SharedQuery& 
     } else {
         for (const auto& functionId : functions)
             readPlaces(functionId);
+        readOrganizations();
     }
     m_shown.isWhole = shown == query;
 }
@@ -114,43 +142,84 @@ void OrganizationPlaces::readPlaces(std::optional<qint64> functionId)
 /// since each place is added once.
 void OrganizationPlaces::readAllPlaces(const std::vector<std::optional<qint64>>& functions)
 {
+    RecordSet rows = m_session.read(
+        QStringLiteral("SELECT FunctionName, LocationID, Lat, Lon, City, State, Organization.FunctionID, "
+                       "Organization.OrganizationID ") +
+        m_shown.query->FromClause + u' ' + m_shown.query->WhereClause);
+    constexpr int function = 6;
+    constexpr int organization = 7;
+    std::vector<Row> organizations;
+    while (rows.next()) {
+        const std::optional<qint64> functionId = optionalInteger(rows, function);
+        addPlace(rows, functionId);
+        organizations.push_back({rows.integer(organization), keyIn(rows, keyOfPlace, functionId)});
+    }
+    sortByFunction(functions);
+    count(std::move(organizations));
+}
+
+void OrganizationPlaces::sortByFunction(const std::vector<std::optional<qint64>>& functions)
+{
     std::map<std::optional<qint64>, std::size_t> order;
     for (const auto& functionId : functions)
         order.emplace(functionId, order.size());
-    RecordSet places = m_session.read(
-        QStringLiteral("SELECT FunctionName, LocationID, Lat, Lon, City, State, Organization.FunctionID, "
-                       "Organization.OrganizationID ") +
-        m_shown.query->FromClause + u' ' + m_shown.query->WhereClause +
-        QStringLiteral(" AND Lat IS NOT NULL"));
-    constexpr int function = 6;
-    constexpr int organization = 7;
-    while (places.next()) {
-        const QString key = addPlace(places, optionalInteger(places, function));
-        if (!key.isEmpty()) m_shown.keyOf.insert(places.integer(organization), key);
-    }
     std::stable_sort(m_shown.entries.begin(), m_shown.entries.end(),
                      [&order](const clsCities& a, const clsCities& b) {
                          return order[a.functionId] < order[b.functionId];
                      });
     for (std::size_t entry = 0; entry < m_shown.entries.size(); ++entry) {
         const clsCities& place = m_shown.entries[entry];
-        m_shown.byKey[keyOf(place.LocationID, place.lat, place.lon, place.functionId)] = entry;
+        m_shown.byKey[keyOf(place)] = entry;
     }
 }
 
-/// Returns the key of the place; an empty text if it is none.
-QString OrganizationPlaces::addPlace(const RecordSet& row, std::optional<qint64> functionId)
+void OrganizationPlaces::addPlace(const RecordSet& row, std::optional<qint64> functionId)
 {
-    const std::optional<qint64> location = optionalInteger(row, 1);
-    const double lat = row.real(2);
-    const double lon = row.real(3);
-    if (row.isNull(3) || !isOnEarth(lat, lon)) return {};
-    QString key = keyOf(location, lat, lon, functionId);
-    if (m_shown.byKey.contains(key)) return key;
-    m_shown.byKey.insert(key, m_shown.entries.size());
-    m_shown.entries.push_back({functionId, row.text(0), location, lat, lon, row.text(4), row.text(5),
+    const std::optional<PlaceKey> key = keyIn(row, keyOfPlace, functionId);
+    if (!key || m_shown.byKey.contains(*key)) return;
+    m_shown.byKey.insert(*key, m_shown.entries.size());
+    m_shown.entries.push_back({functionId, row.text(0), key->location, row.real(keyOfPlace.lat),
+                               row.real(keyOfPlace.lon), row.text(4), row.text(5),
                                clsCities::colourOf(functionId)});
-    return key;
+}
+
+/// Reads who stands at the places that were read, and who at none.
+void OrganizationPlaces::readOrganizations()
+{
+    RecordSet rows = m_session.read(
+        QStringLiteral("SELECT Organization.OrganizationID, Organization.FunctionID, LocationID, Lat, Lon ") +
+        m_shown.query->FromClause + u' ' + m_shown.query->WhereClause);
+    std::vector<Row> organizations;
+    while (rows.next())
+        organizations.push_back({rows.integer(0), keyIn(rows, {2, 3, 4}, optionalInteger(rows, 1))});
+    count(std::move(organizations));
+}
+
+/// Counts each organization once, however often the query returns it.
+void OrganizationPlaces::count(std::vector<Row> rows)
+{
+    std::ranges::sort(rows, {}, &Row::organization);
+    const auto [end, last] = std::ranges::unique(rows, {}, &Row::organization);
+    rows.erase(end, last);
+    for (const Row& row : rows) {
+        const auto found = row.place ? m_shown.byKey.constFind(*row.place) : m_shown.byKey.constEnd();
+        if (found == m_shown.byKey.constEnd()) {
+            ++m_shown.withoutPlace;
+            continue;
+        }
+        ++m_shown.entries[*found].organizations;
+        m_shown.placed.push_back({row.organization, *found});
+    }
+}
+
+SharedQuery OrganizationPlaces::queryWithoutPlace() const
+{
+    SQLObject query = *m_shown.query;
+    query.WhereClause += QStringLiteral(" AND (Lat IS NULL OR Lon IS NULL OR Lat NOT BETWEEN -%1 AND %1 "
+                                        "OR Lon NOT BETWEEN -%2 AND %2)")
+                             .arg(farthestLatitude)
+                             .arg(farthestLongitude);
+    return std::make_shared<const SQLObject>(std::move(query));
 }
 
 std::vector<PlacedOrganization> OrganizationPlaces::organizationsAt(std::size_t entry,
@@ -161,11 +230,33 @@ std::vector<PlacedOrganization> OrganizationPlaces::organizationsAt(std::size_t 
         place.LocationID ? QStringLiteral(" AND LocationID = ") + QString::number(*place.LocationID)
                          : QStringLiteral(" AND LocationID IS NULL AND Lat = ") + exactNumber(place.lat) +
                                QStringLiteral(" AND Lon = ") + exactNumber(place.lon);
+    return organizationsWhere(QStringLiteral(" AND Lat IS NOT NULL") + where +
+                              (everyFunction ? QString() : functionCondition(place.functionId)));
+}
+
+std::vector<qint64> OrganizationPlaces::identifiersOf(std::span<const std::size_t> entries) const
+{
+    std::vector<bool> isWanted(m_shown.entries.size());
+    for (const std::size_t entry : entries)
+        isWanted.at(entry) = true;
+    std::vector<qint64> identifiers;
+    for (const Placed& placed : m_shown.placed) {
+        if (isWanted[placed.entry]) identifiers.push_back(placed.organization);
+    }
+    return identifiers;
+}
+
+std::vector<PlacedOrganization>
+OrganizationPlaces::organizationsOf(std::span<const std::size_t> entries) const
+{
+    return organizationsWhere(keysAmong(RecordKind::Organization, identifiersOf(entries)));
+}
+
+std::vector<PlacedOrganization> OrganizationPlaces::organizationsWhere(const QString& condition) const
+{
     RecordSet rows =
         m_session.read(QStringLiteral("SELECT DISTINCT Organization.OrganizationID, OrganizationName ") +
-                       m_shown.query->FromClause + u' ' + m_shown.query->WhereClause +
-                       QStringLiteral(" AND Lat IS NOT NULL") + where +
-                       (everyFunction ? QString() : functionCondition(place.functionId)) +
+                       m_shown.query->FromClause + u' ' + m_shown.query->WhereClause + condition +
                        QStringLiteral(" ORDER BY OrganizationName"));
     std::vector<PlacedOrganization> organizations;
     while (rows.next())
@@ -175,20 +266,7 @@ std::vector<PlacedOrganization> OrganizationPlaces::organizationsAt(std::size_t 
 
 std::optional<std::size_t> OrganizationPlaces::entryOf(qint64 organization) const
 {
-    if (!m_shown.query) return std::nullopt;
-    if (!m_shown.keyOf.isEmpty()) return entryWith(m_shown.keyOf.value(organization));
-    RecordSet rows =
-        m_session.read(QStringLiteral("SELECT DISTINCT LocationID, Lat, Lon, Organization.FunctionID ") +
-                       m_shown.query->FromClause + u' ' + m_shown.query->WhereClause +
-                       QStringLiteral(" AND Lat IS NOT NULL AND Organization.OrganizationID = ") +
-                       QString::number(organization));
-    if (!rows.next()) return std::nullopt;
-    return entryWith(keyOf(optionalInteger(rows, 0), rows.real(1), rows.real(2), optionalInteger(rows, 3)));
-}
-
-std::optional<std::size_t> OrganizationPlaces::entryWith(const QString& key) const
-{
-    const auto found = m_shown.byKey.constFind(key);
-    if (found == m_shown.byKey.constEnd()) return std::nullopt;
-    return *found;
+    const auto found = std::ranges::lower_bound(m_shown.placed, organization, {}, &Placed::organization);
+    if (found == m_shown.placed.end() || found->organization != organization) return std::nullopt;
+    return found->entry;
 }

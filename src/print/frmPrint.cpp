@@ -87,7 +87,7 @@ QGroupBox* frmPrint::makeParts()
     addPart(*box, PrintedPart::List, "optList", listText(static_cast<std::size_t>(m_view.list.rowCount())),
             {});
     addPart(*box, PrintedPart::Graphic, "optGraphic", tr("The &graphic"),
-            m_view.graphic ? QString() : tr("The graphic shows nothing."));
+            m_view.graphic ? QString() : m_view.noGraphic);
     addPart(*box, PrintedPart::Sheets, "optSheets", sheetsText(m_view.selected.size()),
             m_view.selected.empty() ? tr("No record is selected.") : QString());
     m_parts->button(static_cast<int>(PrintedPart::List))->setChecked(true);

@@ -39,6 +39,7 @@ public:
         QString caption;
         std::vector<qint64> selected;
         std::optional<GraphicPicture> graphic;
+        QString noGraphic; ///< why there is none, in a sentence for the user
     };
 
     frmPrint(const Platform& platform, View view, QWidget* parent);

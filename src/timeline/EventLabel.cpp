@@ -51,6 +51,8 @@ void EventLabel::draw(QPainter& painter, const QPalette& palette) const
 void EventLabel::mousePressEvent(QMouseEvent* event)
 {
     m_pressed = event->button();
+    // the middle button drags the picture below
+    if (m_pressed == Qt::MiddleButton) event->ignore();
 }
 
 void EventLabel::mouseReleaseEvent(QMouseEvent* event)

@@ -3,6 +3,7 @@
 #include "timeline/TimeWindow.h"
 
 #include <algorithm>
+#include <cmath>
 
 void TimeWindow::begin(const TimelineLimits& limits)
 {
@@ -115,6 +116,12 @@ void TimeWindow::moveTo(Moment moment)
 void TimeWindow::moveWithin(Moment leftEdge)
 {
     m_currentTime = std::max(std::min(leftEdge, latestLeftEdge()), m_limits.timelineStart);
+}
+
+void TimeWindow::drag(Moment leftEdge, int units)
+{
+    const double steps = static_cast<double>(units) / TimelineScale::stepWidth;
+    moveWithin(leftEdge - std::llround(steps * static_cast<double>(step())));
 }
 
 void TimeWindow::setLevel(int zoomFactor)

@@ -52,6 +52,10 @@ public:
     /// Puts the left edge at a moment, or as near as the limits allow.
     void moveWithin(Moment leftEdge);
 
+    /// Goes to where a window whose left edge was at a moment is dragged by so many units, to the right if
+    /// they are positive; or as near as the limits allow. The left edge stands at a whole minute.
+    void drag(Moment leftEdge, int units);
+
     /// Goes to a level, or as near as zooming in and out comes to it.
     void setLevel(int zoomFactor);
 

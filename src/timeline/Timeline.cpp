@@ -7,7 +7,10 @@
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "timeline/TimelineTexts.h"
+#include "timeline/TypedPeriod.h"
 #include "views/ViewHistory.h"
+
+#include <QLocale>
 
 #include <algorithm>
 
@@ -36,7 +39,9 @@ Timeline::Timeline(DatabaseSession& session, ViewHistory& history, const Clock& 
 void Timeline::mainLoad()
 {
     m_events.clear();
+    m_density = std::make_shared<EventDensity>();
     m_scroll = {};
+    m_isFirst = true;
     TimelineLimits limits = today(m_clock.now());
     if (m_session.isOpen()) {
         runProcedure(m_messages, QStringLiteral("setTimelineLimits"),
@@ -51,13 +56,41 @@ void Timeline::drawTimeline()
     if (!showsEvents()) return;
     std::vector<WindowEvent> events;
     try {
-        events = m_events.read(*m_history.graphicQuery(), m_window);
+        events = m_isFirst ? readFirst() : m_events.read(*m_history.graphicQuery(), m_window);
     } catch (const std::exception&) {
+        m_density = std::make_shared<EventDensity>();
         return;
     }
     const bool done =
         runProcedure(m_messages, QStringLiteral("searchByTimeConstraint"), [&] { take(std::move(events)); });
     if (done) DisplayRecords();
+    readDensity();
+}
+
+/// A failure leaves none: the list reads the same view and reports it.
+void Timeline::readDensity()
+{
+    try {
+        m_density = std::make_shared<EventDensity>(EventDensity::read(m_session, *m_history.graphicQuery()));
+    } catch (const std::exception&) {
+        m_density = std::make_shared<EventDensity>();
+    }
+}
+
+/// Reads the events of the first view. If it shows none of them where the timeline begins, zooms out until it
+/// does; if it shows none at the coarsest scale either, the window stays as it is. Throws Error.
+std::vector<WindowEvent> Timeline::readFirst()
+{
+    TimeWindow window = m_window;
+    std::vector<WindowEvent> events = m_events.read(*m_history.graphicQuery(), window);
+    while (events.empty() && window.canZoomOut()) {
+        window.ZoomOut();
+        events = m_events.read(*m_history.graphicQuery(), window);
+    }
+    m_isFirst = false;
+    if (!events.empty()) m_window = window;
+    positionScale();
+    return events;
 }
 
 void Timeline::updateTimeline(std::optional<Moment> savedStart)
@@ -74,6 +107,7 @@ void Timeline::updateTimeline(std::optional<Moment> savedStart)
 void Timeline::resize(int width, int height)
 {
     const bool isWindowNew = width != m_window.width();
+    const bool wasInSight = std::ranges::any_of(m_lanes, &Lane::isSelected);
     m_window.setWidth(width);
     m_laneCount = TimelineLanes::laneCount(height);
     positionScale();
@@ -82,6 +116,8 @@ void Timeline::resize(int width, int height)
         if (isWindowNew) search();
     } catch (const std::exception&) {
     }
+    const auto selected = selectedPosition();
+    if (wasInSight && selected) bringIntoSight(*selected);
     showSelected();
 }
 
@@ -140,6 +176,20 @@ void Timeline::showPeriod(Moment leftEdge, int zoomFactor)
     refresh(before);
 }
 
+void Timeline::drag(Moment leftEdge, int units)
+{
+    const TimeWindow before = m_window;
+    m_window.drag(leftEdge, units);
+    if (m_window.currentTime() != before.currentTime()) refresh(before);
+}
+
+QString Timeline::goToDate(const QString& text)
+{
+    const TypedPeriod period = readTypedPeriod(text, m_clock.now(), m_window.limits());
+    if (period.problem.isEmpty()) showPeriod(period.start, m_window.zoomFactor());
+    return period.problem;
+}
+
 void Timeline::VScroll1_Change(int value)
 {
     const bool done = runProcedure(m_messages, QStringLiteral("searchByTimeConstraint"), [this, value] {
@@ -181,12 +231,69 @@ void Timeline::selectEvent(qint64 eventId)
     DisplayRecords();
 }
 
+std::optional<qint64> Timeline::selectBeside(int lanes)
+{
+    const std::vector<WindowEvent>& events = m_events.events();
+    if (!showsEvents() || events.empty()) return std::nullopt;
+    const int last = static_cast<int>(events.size()) - 1;
+    int goal = m_scroll.value + (lanes > 0 ? 0 : std::max(m_laneCount, 1) - 1);
+    if (const auto selected = selectedPosition()) goal = static_cast<int>(*selected) + lanes;
+    const auto position = static_cast<std::size_t>(std::clamp(goal, 0, last));
+    bringIntoSight(position);
+    const qint64 eventId = events[position].eventId;
+    selectEvent(eventId);
+    return eventId;
+}
+
+/// Scrolls the lanes no further than the event at a position needs.
+void Timeline::bringIntoSight(std::size_t position)
+{
+    const int lane = static_cast<int>(position);
+    m_scroll.value = std::clamp(m_scroll.value, lane - std::max(m_laneCount, 1) + 1, lane);
+}
+
+/// The position in the window of the event that is selected in the view, if it lies there.
+std::optional<std::size_t> Timeline::selectedPosition() const
+{
+    const std::optional<qint64> selected = showsEvents() ? m_history.selected() : std::nullopt;
+    return selected ? m_events.positionOf(*selected) : std::nullopt;
+}
+
+std::size_t Timeline::eventsBelow() const
+{
+    // lanes that could not be drawn count as below
+    const std::size_t shown = static_cast<std::size_t>(m_scroll.value) + m_lanes.size();
+    return std::max(m_events.events().size(), shown) - shown;
+}
+
+QString Timeline::description() const
+{
+    const std::size_t count = m_events.events().size();
+    const QString number = QLocale(QLocale::English).toString(count);
+    const QString events = count == 1
+                               ? TimelineTexts::tr("1 event")
+                               : TimelineTexts::tr("%1 events", nullptr, static_cast<int>(count)).arg(number);
+    return TimelineTexts::tr("%1 to %2: %3")
+        .arg(dateTimeText(m_window.currentTime()), dateTimeText(m_window.windowEnd()), events);
+}
+
 void Timeline::showSelected()
 {
     // what cannot be drawn was reported when its window was first drawn
     try {
         drawLanes();
     } catch (const std::exception&) {
+    }
+}
+
+std::optional<Moment> Timeline::firstStartFrom(Moment moment) const
+{
+    if (!showsEvents()) return std::nullopt;
+    try {
+        const auto event = m_events.firstFrom(*m_history.graphicQuery(), moment);
+        return event ? std::optional(event->start) : std::nullopt;
+    } catch (const std::exception&) {
+        return std::nullopt;
     }
 }
 
@@ -250,6 +357,11 @@ void Timeline::take(std::vector<WindowEvent> events)
 {
     m_events.take(std::move(events), *m_history.graphicQuery(), m_window);
     m_scroll.value = 0;
+    // the selected event would have no lane in sight
+    const auto selected = selectedPosition();
+    if (selected && *selected >= static_cast<std::size_t>(m_laneCount)) {
+        m_scroll.value = static_cast<int>(*selected);
+    }
 }
 
 void Timeline::DisplayRecords()

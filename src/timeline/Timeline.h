@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "timeline/EventDensity.h"
 #include "timeline/TimeWindow.h"
 #include "timeline/TimelineLanes.h"
 #include "timeline/TimelineRuler.h"
@@ -10,6 +11,7 @@
 #include <QString>
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -64,6 +66,13 @@ public:
     /// Shows the window that begins at a moment, at a level; or the nearest to it that the limits allow.
     void showPeriod(Moment leftEdge, int zoomFactor);
 
+    /// Shows the window that `TimeWindow::drag` goes to.
+    void drag(Moment leftEdge, int units);
+
+    /// Shows the window that begins with what a user typed, at the level as it is; or the nearest to it that
+    /// the limits allow. Returns what is wrong with it, or an empty text.
+    [[nodiscard]] QString goToDate(const QString& text);
+
     /// Shows the lanes from the event at a position on.
     void VScroll1_Change(int value);
 
@@ -72,6 +81,12 @@ public:
 
     /// Selects an event that was clicked on the timeline.
     void selectEvent(qint64 eventId);
+
+    /// Selects the event so many lanes below the selected one, above it if negative, or the nearest to that
+    /// which the window has, and scrolls to its lane. If none of the window is selected, begins with the
+    /// first lane in sight or, upwards, with the last. Returns the event, std::nullopt if the window has
+    /// none.
+    std::optional<qint64> selectBeside(int lanes);
 
     /// Marks the event that is selected in the view, or none.
     void showSelected();
@@ -85,8 +100,21 @@ public:
     /// The moments at the left edge and one, two and three steps after it.
     [[nodiscard]] std::array<QString, captionCount> captions() const;
 
+    /// How the events of the view last drawn are spread over the days; none if they could not be read.
+    [[nodiscard]] const std::shared_ptr<const EventDensity>& density() const { return m_density; }
+
+    /// The start of the first event of the view that starts at a moment or later, if there is one and it can
+    /// be read.
+    [[nodiscard]] std::optional<Moment> firstStartFrom(Moment moment) const;
+
     /// How many events the last window that was not empty had.
     [[nodiscard]] std::size_t hitCount() const { return m_events.hitCount(); }
+
+    /// How many events of the window come after that in the last lane.
+    [[nodiscard]] std::size_t eventsBelow() const;
+
+    /// The period of the window and how many events it has, in words.
+    [[nodiscard]] QString description() const;
 
     [[nodiscard]] bool isEmpty() const { return m_events.events().empty(); }
 
@@ -104,7 +132,11 @@ private:
     void positionScale();
     bool searchByTimeConstraint();
     void search();
+    void readDensity();
     void take(std::vector<WindowEvent> events);
+    [[nodiscard]] std::vector<WindowEvent> readFirst();
+    [[nodiscard]] std::optional<std::size_t> selectedPosition() const;
+    void bringIntoSight(std::size_t position);
     void DisplayRecords();
     void drawLanes();
     void showInWindow(qint64 eventId);
@@ -119,7 +151,9 @@ private:
     TimeWindow m_window;
     int m_laneCount = 0;
     VisibleEvents m_events;
+    std::shared_ptr<const EventDensity> m_density = std::make_shared<EventDensity>();
     std::vector<Lane> m_lanes;
     TimelineRuler m_ruler;
     LaneScroll m_scroll;
+    bool m_isFirst = true; ///< until a view of events was shown
 };

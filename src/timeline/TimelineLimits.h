@@ -13,6 +13,8 @@ struct TimelineLimits
 {
     Moment timelineStart = 0; ///< the start of the earliest event
     Moment timelineEnd = 0;   ///< a day after the end of the latest event
+
+    friend bool operator==(const TimelineLimits& a, const TimelineLimits& b) = default;
 };
 
 /// Reads the limits from the events that are not deleted, without the reserved one; missing dates are

@@ -6,29 +6,22 @@
 #include "timeline/RulerStrip.h"
 #include "timeline/TimelineBand.h"
 #include "timeline/TimelineColours.h"
+#include "timeline/TimelineInput.h"
 #include "timeline/TimelinePicture.h"
+#include "timeline/frmGoToDate.h"
 #include "widgets/IconSet.h"
 #include "widgets/Paper.h"
 #include "widgets/PictureLegend.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
 #include <QPainter>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QToolButton>
-
-#include <cstdlib>
-
-namespace {
-
-constexpr int wheelNotch = 120;
-constexpr int lanesPerNotch = 3;
-
-} // namespace
 
 TimelinePanel::TimelinePanel(DatabaseSession& session, ViewHistory& history, const Clock& clock,
                              Messages& messages, QWidget* parent)
@@ -65,7 +58,18 @@ void TimelinePanel::makeParts()
     layout->addWidget(m_scrollBar, 3, 1);
     layout->setColumnStretch(0, 1);
     setFocusProxy(m_picture);
+    connectParts();
+}
 
+void TimelinePanel::connectParts()
+{
+    auto* input = new TimelineInput(m_timeline, {m_ruler, m_picture}, *this);
+    connect(input, &TimelineInput::moved, this, &TimelinePanel::showAll);
+    connect(input, &TimelineInput::lanesScrolled, this, &TimelinePanel::scrollLanes);
+    connect(input, &TimelineInput::eventChosen, this, [this](qint64 eventId) {
+        showAll();
+        Q_EMIT eventSelected(eventId);
+    });
     connect(m_band, &TimelineBand::periodChosen, this, [this](Moment leftEdge, int zoomFactor) {
         m_timeline.showPeriod(leftEdge, zoomFactor);
         showAll();
@@ -119,6 +123,8 @@ QWidget* TimelinePanel::makeButtons()
         &Timeline::NavJumpForward);
     add("NavEnd", "go-last", tr("End of the timeline"), tr("End"), &Timeline::NavEnd);
     layout->addStretch(1);
+    m_moreBelow = makeMoreBelow();
+    layout->addWidget(m_moreBelow);
     m_zoomIn = add("ZoomIn", "list-add", tr("Finer scale"), tr("+"), &Timeline::ZoomIn);
     m_zoomLabel = new QLabel(row);
     m_zoomLabel->setObjectName(QStringLiteral("uZoomLabel"));
@@ -148,6 +154,18 @@ QToolButton* TimelinePanel::makeButton(const QString& name, const QString& icon,
     // the buttons have keys of their own; a click leaves the focus where it is
     button->setFocusPolicy(Qt::NoFocus);
     connect(button, &QToolButton::clicked, this, [this, handler] { run(handler); });
+    return button;
+}
+
+/// Says how many events of the window lie below the lanes, and scrolls to them.
+QToolButton* TimelinePanel::makeMoreBelow()
+{
+    auto* button = new QToolButton(this);
+    button->setObjectName(QStringLiteral("cmdMoreBelow"));
+    button->setToolTip(tr("Scroll the lanes (Page Down)"));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    connect(button, &QToolButton::clicked, this, [this] { scrollLanes(m_timeline.laneCount()); });
     return button;
 }
 
@@ -197,6 +215,12 @@ void TimelinePanel::updateTimeline(std::optional<Moment> savedStart)
     showAll();
 }
 
+void TimelinePanel::goToDate()
+{
+    frmGoToDate dialog(m_timeline, this);
+    if (dialog.exec() == QDialog::Accepted) showAll();
+}
+
 void TimelinePanel::showAll()
 {
     const QSignalBlocker blocker(m_scrollBar);
@@ -207,6 +231,10 @@ void TimelinePanel::showAll()
     m_scrollBar->setVisible(scroll.isShown);
 
     const TimeWindow& window = m_timeline.window();
+    const std::size_t below = m_timeline.eventsBelow();
+    m_moreBelow->setText(
+        tr("%1 more below", nullptr, static_cast<int>(below)).arg(QLocale(QLocale::English).toString(below)));
+    m_moreBelow->setVisible(below > 0);
     m_zoomLabel->setText(TimelineScale::zoomName(window.zoomFactor()));
     m_zoomIn->setEnabled(window.canZoomIn());
     m_zoomOut->setEnabled(window.canZoomOut());
@@ -275,58 +303,4 @@ void TimelinePanel::changeEvent(QEvent* event)
     m_picture->chooseFont();
     m_timeline.resize(m_picture->width(), m_picture->height());
     showAll();
-}
-
-void TimelinePanel::keyPressEvent(QKeyEvent* event)
-{
-    const bool jumps = event->modifiers().testFlag(Qt::ControlModifier);
-    switch (event->key()) {
-    case Qt::Key_Left:
-        return run(jumps ? &Timeline::NavJumpBack : &Timeline::NavStepBack);
-    case Qt::Key_Right:
-        return run(jumps ? &Timeline::NavJumpForward : &Timeline::NavStepForward);
-    case Qt::Key_Home:
-        return run(&Timeline::NavBeginning);
-    case Qt::Key_End:
-        return run(&Timeline::NavEnd);
-    case Qt::Key_Plus:
-    case Qt::Key_Equal: // the key of the plus on many keyboards, without Shift
-        return run(&Timeline::ZoomIn);
-    case Qt::Key_Minus:
-        return run(&Timeline::ZoomOut);
-    case Qt::Key_Up:
-        return scrollLanes(-1);
-    case Qt::Key_Down:
-        return scrollLanes(1);
-    case Qt::Key_PageUp:
-        return scrollLanes(-m_timeline.laneCount());
-    case Qt::Key_PageDown:
-        return scrollLanes(m_timeline.laneCount());
-    default:
-        QWidget::keyPressEvent(event);
-    }
-}
-
-void TimelinePanel::wheelEvent(QWheelEvent* event)
-{
-    m_wheel += event->angleDelta();
-    const bool isSideways = std::abs(m_wheel.x()) > std::abs(m_wheel.y());
-    const int notches = (isSideways ? m_wheel.x() : m_wheel.y()) / wheelNotch;
-    event->accept();
-    if (notches == 0) return;
-    m_wheel = {};
-    if (event->modifiers().testFlag(Qt::ControlModifier)) {
-        turn(notches, &Timeline::ZoomIn, &Timeline::ZoomOut);
-    } else if (event->modifiers().testFlag(Qt::ShiftModifier) || isSideways) {
-        // time runs sideways, as do wheels that turn sideways
-        turn(notches, &Timeline::NavStepBack, &Timeline::NavStepForward);
-    } else {
-        scrollLanes(-notches * lanesPerNotch);
-    }
-}
-
-void TimelinePanel::turn(int notches, Handler up, Handler down)
-{
-    for (int i = 0; i < std::abs(notches); ++i)
-        run(notches > 0 ? up : down);
 }

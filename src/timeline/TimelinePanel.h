@@ -5,7 +5,6 @@
 #include "timeline/Timeline.h"
 #include "widgets/GraphicPicture.h"
 
-#include <QPoint>
 #include <QWidget>
 
 class QLabel;
@@ -42,6 +41,9 @@ public:
     /// Reads the limits again after an event was saved, and moves to its start.
     void updateTimeline(std::optional<Moment> savedStart);
 
+    /// Asks for a date and goes to it.
+    void goToDate();
+
     [[nodiscard]] const Timeline& timeline() const { return m_timeline; }
 
     /// The ruler and the lanes in sight; std::nullopt if the window has no events.
@@ -59,21 +61,20 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
 
 private:
     using Handler = void (Timeline::*)();
 
     void makeParts();
+    void connectParts();
     QWidget* makeButtons();
     QToolButton* makeButton(const QString& name, const QString& icon, const QString& text, const QString& key,
                             Handler handler);
+    QToolButton* makeMoreBelow();
     void run(Handler handler);
     void select(qint64 eventId);
     void showAll();
     void scrollLanes(int lanes);
-    void turn(int notches, Handler up, Handler down);
     [[nodiscard]] PictureLegend legend() const;
     [[nodiscard]] int captionWidth(const QString& text) const;
     [[nodiscard]] int labelWidth(const QString& text, bool isDate) const;
@@ -83,8 +84,8 @@ private:
     TimelineBand* m_band = nullptr;
     RulerStrip* m_ruler = nullptr;
     QScrollBar* m_scrollBar = nullptr;
+    QToolButton* m_moreBelow = nullptr;
     QToolButton* m_zoomIn = nullptr;
     QToolButton* m_zoomOut = nullptr;
     QLabel* m_zoomLabel = nullptr;
-    QPoint m_wheel; ///< the turn of the wheel since its last whole notch, in eighths of a degree
 };

@@ -9,6 +9,7 @@
 #include "timeline/TimelineColours.h"
 #include "widgets/PlainToolTip.h"
 
+#include <QAccessible>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -39,6 +40,7 @@ QRectF barPlace(const Lane& lane, std::size_t index)
 TimelinePicture::TimelinePicture(const Timeline& timeline, QWidget* parent)
     : QWidget(parent), m_timeline(timeline), m_notice(new EmptyWindowNotice(this))
 {
+    AccessibleItems::install();
     setObjectName(QStringLiteral("picTimeline"));
     setAccessibleName(tr("Timeline"));
     setBackgroundRole(QPalette::Base);
@@ -103,7 +105,54 @@ void TimelinePicture::showLanes()
     } else {
         m_notice->hide();
     }
+    setAccessibleDescription(m_timeline.description());
+    announceSelected();
     update();
+}
+
+/// The lanes are the items of this widget, from the first in sight.
+int TimelinePicture::accessibleItemCount() const
+{
+    return static_cast<int>(m_timeline.lanes().size());
+}
+
+QString TimelinePicture::accessibleItemName(int item) const
+{
+    return m_timeline.lanes().at(static_cast<std::size_t>(item)).toolTip;
+}
+
+QRect TimelinePicture::accessibleItemRect(int item) const
+{
+    return {0, item * TimelineLanes::laneHeight, width(), TimelineLanes::laneHeight};
+}
+
+int TimelinePicture::accessibleCurrentItem() const
+{
+    const std::vector<Lane>& lanes = m_timeline.lanes();
+    const auto selected = std::ranges::find_if(lanes, &Lane::isSelected);
+    return selected == lanes.end() ? -1 : static_cast<int>(selected - lanes.begin());
+}
+
+bool TimelinePicture::accessibleShowsWidgets() const
+{
+    return m_timeline.isEmpty();
+}
+
+/// Tells screen readers of another event that the keys have gone to.
+void TimelinePicture::announceSelected()
+{
+    const int item = accessibleCurrentItem();
+    const auto selected =
+        item < 0 ? std::nullopt : std::optional(m_timeline.lanes()[static_cast<std::size_t>(item)].eventId);
+    if (selected == m_announced) return;
+    m_announced = selected;
+    if (!selected || !hasFocus()) return;
+    // another event may have been in that lane
+    QAccessibleTableModelChangeEvent changed(this, QAccessibleTableModelChangeEvent::ModelReset);
+    QAccessible::updateAccessibility(&changed);
+    QAccessibleEvent focused(this, QAccessible::Focus);
+    focused.setChild(item);
+    QAccessible::updateAccessibility(&focused);
 }
 
 void TimelinePicture::paintEvent(QPaintEvent* /*event*/)

@@ -2,8 +2,11 @@
 
 #pragma once
 
+#include "widgets/AccessibleItems.h"
+
 #include <QWidget>
 
+#include <optional>
 #include <vector>
 
 class EmptyWindowNotice;
@@ -14,7 +17,7 @@ struct Lane;
 
 /// The lanes of the timeline, each with a label and a marker from a pool. The pool grows when the picture is
 /// resized; drawing only fills, moves, shows and hides what is there.
-class TimelinePicture final : public QWidget
+class TimelinePicture final : public QWidget, public AccessibleItems
 {
     Q_OBJECT
 
@@ -31,6 +34,12 @@ public:
 
     /// Takes the font of the window, made smaller if it is too high for a lane.
     void chooseFont();
+
+    [[nodiscard]] int accessibleItemCount() const override;
+    [[nodiscard]] QString accessibleItemName(int item) const override;
+    [[nodiscard]] QRect accessibleItemRect(int item) const override;
+    [[nodiscard]] int accessibleCurrentItem() const override;
+    [[nodiscard]] bool accessibleShowsWidgets() const override;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -54,6 +63,7 @@ protected:
 
 private:
     void growPool(int count);
+    void announceSelected();
 
     /// Returns the lane whose bar or marker is at a point, or null.
     [[nodiscard]] const Lane* drawnAt(const QPointF& point) const;
@@ -66,4 +76,5 @@ private:
     std::vector<EventLabel*> m_labels;
     std::vector<EventMarker*> m_markers;
     EmptyWindowNotice* m_notice;
+    std::optional<qint64> m_announced; ///< the selected event that screen readers were last told of
 };

@@ -27,6 +27,11 @@ void VisibleEvents::take(std::vector<WindowEvent> events, const SQLObject& view,
     if (!m_events.empty()) m_hitCount = m_events.size();
 }
 
+std::optional<NearestEvent> VisibleEvents::firstFrom(const SQLObject& view, Moment moment) const
+{
+    return firstOf(TimeWindowQuery::after(view, moment - 1));
+}
+
 void VisibleEvents::clear()
 {
     m_events.clear();

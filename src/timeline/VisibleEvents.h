@@ -36,6 +36,9 @@ public:
     /// Throws Error; then all stays as it was.
     void take(std::vector<WindowEvent> events, const SQLObject& view, const TimeWindow& window);
 
+    /// The first event of a view that starts at a moment or later. Throws Error.
+    [[nodiscard]] std::optional<NearestEvent> firstFrom(const SQLObject& view, Moment moment) const;
+
     void clear();
 
     [[nodiscard]] const std::vector<WindowEvent>& events() const { return m_events; }

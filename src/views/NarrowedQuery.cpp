@@ -21,7 +21,18 @@ QString joined(const std::vector<qint64>& keys)
     return text;
 }
 
+QString keyColumn(RecordKind kind)
+{
+    const RecordNames names = recordNames(kind);
+    return QStringLiteral(" AND ") + names.record + u'.' + names.key;
+}
+
 } // namespace
+
+QString keysAmong(RecordKind kind, const std::vector<qint64>& keys)
+{
+    return keyColumn(kind) + QStringLiteral(" IN (") + joined(keys) + u')';
+}
 
 SharedQuery narrowedTo(RecordKind kind, const SharedQuery& query, std::vector<qint64> shown,
                        std::vector<qint64> all)
@@ -29,16 +40,14 @@ SharedQuery narrowedTo(RecordKind kind, const SharedQuery& query, std::vector<qi
     makeSet(shown);
     makeSet(all);
     if (shown == all) return query;
-    const RecordNames names = recordNames(kind);
     SQLObject narrowed = *query;
-    narrowed.WhereClause += QStringLiteral(" AND ") + names.record + u'.' + names.key;
     // the fewer keys, the sooner the statement is read
     if (shown.size() <= all.size() / 2) {
-        narrowed.WhereClause += QStringLiteral(" IN (") + joined(shown) + u')';
+        narrowed.WhereClause += keysAmong(kind, shown);
     } else {
         std::vector<qint64> others;
         std::ranges::set_difference(all, shown, std::back_inserter(others));
-        narrowed.WhereClause += QStringLiteral(" NOT IN (") + joined(others) + u')';
+        narrowed.WhereClause += keyColumn(kind) + QStringLiteral(" NOT IN (") + joined(others) + u')';
     }
     return std::make_shared<const SQLObject>(std::move(narrowed));
 }

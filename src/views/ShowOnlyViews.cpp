@@ -4,6 +4,7 @@
 
 #include "data/DatabaseSession.h"
 #include "records/RecordFields.h"
+#include "views/NarrowedQuery.h"
 #include "views/StandardQueries.h"
 #include "views/ViewsTexts.h"
 #include "views/clsCities.h"
@@ -108,6 +109,20 @@ clsView ShowOnlyViews::organizationsOfCity(const clsCities& place) const
     return organizations(
         locations.condition(),
         ViewsTexts::tr("View Only %1 Organizations").arg(locationName(place.city, place.State)));
+}
+
+clsView ShowOnlyViews::organizationsAt(const std::vector<qint64>& identifiers, const QString& places) const
+{
+    return organizations(
+        keysAmong(RecordKind::Organization, identifiers),
+        ViewsTexts::tr("View Only %n Organizations of %1", nullptr, static_cast<int>(identifiers.size()))
+            .arg(places));
+}
+
+clsView ShowOnlyViews::organizationsWithoutPlace(const SharedQuery& query) const
+{
+    return checked(
+        {ViewKind::Organizations, query, ViewsTexts::tr("View Only Organizations Without a Place")});
 }
 
 std::optional<clsView> ShowOnlyViews::record(RecordKind kind, qint64 identifier) const

@@ -16,7 +16,8 @@ struct clsCities
     double lon = 0;                   ///< degrees, east positive
     QString city;
     QString State;
-    int colour = 0; ///< index into the palette
+    int colour = 0;        ///< index into the palette
+    int organizations = 0; ///< how many of the view are there
 
     /// Returns `City, State`, or only the one that is known; the position if neither is.
     [[nodiscard]] QString placeText() const;

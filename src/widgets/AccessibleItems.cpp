@@ -75,9 +75,13 @@ public:
             QAccessible::deleteAccessibleInterface(identifier);
     }
 
-    [[nodiscard]] int childCount() const override { return items().accessibleItemCount(); }
+    [[nodiscard]] int childCount() const override
+    {
+        return hasItems() ? items().accessibleItemCount() : QAccessibleWidget::childCount();
+    }
     [[nodiscard]] QAccessibleInterface* child(int index) const override
     {
+        if (!hasItems()) return QAccessibleWidget::child(index);
         if (index < 0 || index >= childCount()) return nullptr;
         const auto known = m_children.find(index);
         if (known != m_children.end()) return QAccessible::accessibleInterface(known->second);
@@ -90,10 +94,11 @@ public:
         for (const auto& [item, identifier] : m_children) {
             if (QAccessible::accessibleInterface(identifier) == wanted) return item;
         }
-        return -1;
+        return hasItems() ? -1 : QAccessibleWidget::indexOfChild(wanted);
     }
     [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override
     {
+        if (!hasItems()) return QAccessibleWidget::childAt(x, y);
         const QPoint point = widget()->mapFromGlobal(QPoint(x, y));
         for (int item = childCount() - 1; item >= 0; --item) {
             if (items().accessibleItemRect(item).contains(point)) return child(item);
@@ -102,10 +107,11 @@ public:
     }
     [[nodiscard]] QAccessibleInterface* focusChild() const override
     {
-        return child(items().accessibleCurrentItem());
+        return hasItems() ? child(items().accessibleCurrentItem()) : QAccessibleWidget::focusChild();
     }
 
 private:
+    [[nodiscard]] bool hasItems() const { return !items().accessibleShowsWidgets(); }
     [[nodiscard]] const AccessibleItems& items() const
     {
         return *dynamic_cast<const AccessibleItems*>(widget());

@@ -21,6 +21,10 @@ public:
     /// The item that the keyboard acts on, or -1.
     [[nodiscard]] virtual int accessibleCurrentItem() const = 0;
 
+    /// True while the widget shows other widgets in place of its items, such as links: these are its children
+    /// then, as anywhere else.
+    [[nodiscard]] virtual bool accessibleShowsWidgets() const { return false; }
+
     /// Makes such widgets known to assistive tools. May be called more than once.
     static void install();
 

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 TEST(ReadableTypes, AreThoseOfMostDocumentsInTheirOrder)
@@ -21,6 +23,24 @@ TEST(ReadableTypes, AreThoseOfMostDocumentsInTheirOrder)
     EXPECT_EQ(counts[49].name, u"29999");
     EXPECT_EQ(keepReadable(counts), 0u);
     EXPECT_EQ(counts.size(), 50u);
+}
+
+TEST(ReadableTypes, AreSortedByNumberOrByNameWithoutRegardToCase)
+{
+    const auto sorted = [](TypeOrder order) {
+        std::vector<DocumentTypeCount> counts{{u"plan"_s, 1, 10},       {u"Zoo"_s, 7, 11},
+                                              {u"\u00C9tude"_s, 1, 12}, {u"Article"_s, 3, 13},
+                                              {u"PLAN"_s, 1, 14},       {u"estate"_s, 3, 15}};
+        sortTypes(counts, order);
+        std::vector<qint64> types;
+        for (const DocumentTypeCount& count : counts)
+            types.push_back(count.type);
+        return types;
+    };
+    using Types = std::vector<qint64>;
+    EXPECT_EQ(sorted(TypeOrder::AsRead), (Types{10, 11, 12, 13, 14, 15}));
+    EXPECT_EQ(sorted(TypeOrder::ByNumber), (Types{11, 13, 15, 12, 10, 14}));
+    EXPECT_EQ(sorted(TypeOrder::ByName), (Types{13, 15, 12, 10, 14, 11}));
 }
 
 } // namespace

@@ -1,43 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "support/CollectedLog.h"
 #include "support/TestDatabase.h"
 
-#include <QLoggingCategory>
 #include <QRegularExpression>
-#include <QStringList>
 
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Collects what is logged as long as it lives; rules that a test sets end with it.
-class CollectedLog
-{
-public:
-    CollectedLog()
-    {
-        s_lines.clear();
-        m_before =
-            qInstallMessageHandler([](QtMsgType, const QMessageLogContext& context, const QString& text) {
-                s_lines << QString::fromLatin1(context.category) + u": "_s + text;
-            });
-    }
-    ~CollectedLog()
-    {
-        qInstallMessageHandler(m_before);
-        QLoggingCategory::setFilterRules({});
-    }
-    CollectedLog(const CollectedLog&) = delete;
-    CollectedLog& operator=(const CollectedLog&) = delete;
-
-    [[nodiscard]] static const QStringList& lines() { return s_lines; }
-
-private:
-    static inline QStringList s_lines;
-    QtMessageHandler m_before = nullptr;
-};
 
 TEST(StatementLog, HoldsStatementsAsBuiltAndAsRunIfRulesAskForThem)
 {

@@ -140,7 +140,8 @@ TEST(Guide, HasThePageOfEveryChapterAndWindow)
           Expected{"frmHistory", "history.html"}, Expected{"frmDeletedRecords", "history.html"},
           Expected{"frmChangedSince", "history.html"}, Expected{"frmProgress", "safe.html"},
           Expected{"frmCheck", "check.html"}, Expected{"frmExport", "export.html"},
-          Expected{"frmPrint", "export.html"}, Expected{"frmAbout", "index.html"}}) {
+          Expected{"frmPrint", "export.html"}, Expected{"frmGoToDate", "timeline.html"},
+          Expected{"frmAbout", "index.html"}}) {
         EXPECT_EQ(HelpFile::pageName(HelpFile::chapterOf(QString::fromUtf8(window))), QString::fromUtf8(page))
             << window;
     }

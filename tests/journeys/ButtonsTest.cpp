@@ -127,6 +127,7 @@ const struct
     {"mnuRecordExport", "", "Export"},
     {"mnuViewOrganizations", "", "View ALL Organizations: Agency"},
     {"mnuViewEvents", "", "View ALL Events: Flood"},
+    {"mnuNavigateGoToDate", "", "Go to Date"},
     {"Edit", "Flood", "Editing EventID 2"},
     {"View", "Flood", "Viewing EventID 2 (Read-Only)"},
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "Journey.h"
+#include "Portrait.h"
 #include "chart/ChartPane.h"
 #include "chart/ChartView.h"
 
@@ -179,6 +180,64 @@ TEST_F(ChartJourney, BarsNumbersNamesAndTheAxisTellTheCounts)
     EXPECT_EQ(marked.pixelColor(bars[1].center()), colours.color(QPalette::Highlight).darker());
 }
 
+TEST_F(ChartJourney, BarsLieDownWithTheirNamesWholeAndAreSorted)
+{
+    const QString longName = u"Verylongword"_s.repeated(8) + u" and many short ones"_s.repeated(5);
+    journey.database.run(
+        u"INSERT INTO DocumentType VALUES (4, '%1'), (5, 'bills' || char(10) || 'and acts'); "
+        "INSERT INTO DocumentTypes (DocumentID, DocumentTypeID) VALUES (2, 4), (3, 4), (2, 5)"_s.arg(
+            longName));
+    show();
+    click(Qt::LeftButton, 1);
+    journey.trigger("chartHorizontal");
+    QApplication::processEvents();
+    EXPECT_EQ(chart().accessibleCurrentItem(), 1);
+    EXPECT_EQ(chart().width(), chart().parentWidget()->width()) << "nothing is scrolled to the side";
+    const QString texts = paintingOf(chart()).join(u'\n');
+    for (const QString& name : {u"After-ActionReport"_s, longName, u"bills"_s, u"andacts"_s})
+        EXPECT_TRUE(texts.contains(QString(name).remove(u' '))) << texts.toStdString();
+
+    // three, one, two and one documents, from the left to the right; the lowest row comes first
+    chart().setCurrentBar({});
+    journey.list().setFocus();
+    const QImage turned = chart().grab().toImage().transformed(QTransform().rotate(90));
+    const std::vector<QRect> bars = drawnBars(turned, chart().palette().color(QPalette::Highlight));
+    ASSERT_EQ(bars.size(), 4u);
+    for (const auto& [bar, count] : {std::pair(0, 1), {1, 2}, {2, 1}, {3, 3}}) {
+        const QRect& drawn = bars[static_cast<std::size_t>(bar)];
+        EXPECT_NEAR(drawn.height(), count * bars[0].height(), 3);
+        EXPECT_EQ(drawn.top(), bars[0].top());
+        const QPoint name(drawn.top() / 2, turned.width() - drawn.center().x());
+        EXPECT_EQ(chart().barAt(name), 3 - bar);
+        EXPECT_EQ(chart().barAt(chart().barRect(3 - bar).center()), 3 - bar);
+        EXPECT_EQ(chart().barAt(QPoint(chart().barRect(3 - bar).right() + 5, name.y())), std::nullopt);
+    }
+
+    QTest::keyClick(&chart(), Qt::Key_Down);
+    QTest::keyClick(&chart(), Qt::Key_Down);
+    const auto counts = [this] {
+        std::string text;
+        for (const DocumentTypeCount& count : chart().counts())
+            text += count.name.front().toLatin1() + std::to_string(count.documents);
+        return text;
+    };
+    for (const auto& [command, order] : {std::pair("chartByNumber", "A3V2b1M1"),
+                                         {"chartHorizontal", "A3V2b1M1"},
+                                         {"chartByName", "A3b1M1V2"},
+                                         {"chartByName", "A3M1V2b1"},
+                                         {"chartHorizontal", "A3M1V2b1"},
+                                         {"chartByNumber", "A3V2b1M1"}}) {
+        journey.trigger(command);
+        EXPECT_EQ(counts(), order) << command;
+        EXPECT_EQ(chart().accessibleItemName(chart().accessibleCurrentItem()),
+                  u"Maps & Charts: 1 document"_s);
+        EXPECT_EQ(pane().selectedDocType(), u"Maps & Charts"_s);
+    }
+    show();
+    EXPECT_TRUE(chart().isHorizontal() && journey.find<QAction>("chartHorizontal").isChecked()) << "kept";
+    EXPECT_EQ(counts(), "A3V2b1M1");
+}
+
 TEST_F(ChartJourney, AClickBesideTheBarsMeansNone)
 {
     show();
@@ -201,6 +260,12 @@ TEST_F(ChartJourney, AnEmptyResultAndAFailingStatementShowAnEmptyChart)
     blank.fill(chart().palette().color(QPalette::Base));
     EXPECT_NE(empty, blank) << "an empty chart says so";
     EXPECT_EQ(chart().barAt(QPoint(100, 100)), std::nullopt);
+    EXPECT_EQ(chart().accessibleDescription(), u"None of these documents has a type."_s);
+    journey.trigger("chartHorizontal");
+    EXPECT_TRUE(inked(chart().grab().toImage(), chart().rect().adjusted(0, chart().height() / 2 - 10, 0, 0))
+                    .isValid());
+    EXPECT_EQ(chart().barAt(QPoint(100, 100)), std::nullopt);
+    journey.trigger("chartHorizontal");
 
     journey.database.run("UPDATE DocumentTypes SET DocumentTypeID = 2");
     journey.trigger("mnuViewRefresh");
@@ -250,16 +315,31 @@ TEST_F(ChartJourney, ManyBarsAreScrolledAndNeverOverlap)
     };
     chart().setFocus();
     QApplication::processEvents();
-    const QImage atBeginning = pane().grab().toImage();
+    const QImage atBeginning = chart().parentWidget()->grab().toImage();
     QTest::keyClick(&chart(), Qt::Key_End);
     QApplication::processEvents();
-    const QImage atEnd = pane().grab().toImage();
+    const QImage atEnd = chart().parentWidget()->grab().toImage();
     EXPECT_TRUE(isTitled(atBeginning) && isTitled(atEnd)) << "the title stays in the middle";
     const QRect axis(2, 30, 12, chart().barRect(0).bottom() - 30);
     EXPECT_EQ(atBeginning.copy(axis), atEnd.copy(axis)) << "so do the numbers of the axis";
-    const QRect last = chart().barRect(types + 1);
-    const QPoint inPane = pane().mapFromGlobal(chart().viewport()->mapToGlobal(last.center()));
-    EXPECT_TRUE(pane().rect().contains(inPane)) << "the chart scrolls to the bar";
+    const auto isInSight = [&](int bar) {
+        const QRect place = chart().barRect(bar);
+        return QRect(place.topLeft() + chart().pos(), place.size())
+            .intersects(chart().parentWidget()->rect());
+    };
+    EXPECT_TRUE(isInSight(types + 1)) << "the chart scrolls to the bar";
+    EXPECT_FALSE(isInSight(0));
+
+    journey.trigger("chartHorizontal");
+    QApplication::processEvents();
+    EXPECT_EQ(chart().width(), chart().parentWidget()->width()) << "it is scrolled downwards only";
+    EXPECT_FALSE(isInSight(0)) << "and shows the bar that it showed";
+    EXPECT_TRUE(isInSight(types + 1));
+    QTest::keyClick(&chart(), Qt::Key_Home);
+    EXPECT_TRUE(isInSight(0));
+    EXPECT_FALSE(isInSight(types + 1));
+    for (int bar = 1; bar < types + 2; ++bar)
+        EXPECT_GE(chart().barRect(bar).top(), chart().barRect(bar - 1).bottom() + textHeight / 4);
 }
 
 TEST_F(ChartJourney, SaysHowManyTypesItLeavesOut)
@@ -275,6 +355,8 @@ TEST_F(ChartJourney, SaysHowManyTypesItLeavesOut)
     EXPECT_EQ(chart().accessibleItemCount(), 50);
     EXPECT_TRUE(more.isVisible());
     EXPECT_EQ(more.text(), u"and 1,252 more"_s);
+    EXPECT_TRUE(chart().accessibleDescription().startsWith(
+        u"Types: 1,302. Documents in the list: 4. The longest bar: After-Action Report: 3 documents. "_s));
 }
 
 } // namespace

@@ -55,9 +55,9 @@ TEST_F(DrawnMap, PaintsStatesMarkersAndTheirLegendInTheirColours)
         const QImage sign = legend.item(line)->icon().pixmap(14, 14).toImage();
         EXPECT_EQ(sign.pixelColor(sign.rect().center()).name().toStdString(), palette[line]) << line;
     }
-    EXPECT_EQ(legend.item(0)->text(), u"Function 17, None"_s);
-    EXPECT_EQ(legend.item(2)->text(), u"Fire & Rescue"_s);
-    EXPECT_EQ(legend.item(15)->text(), u"Function 16"_s);
+    EXPECT_EQ(legend.item(0)->text(), u"Function 17 (1), None (1)"_s);
+    EXPECT_EQ(legend.item(2)->text(), u"Fire & Rescue (2)"_s);
+    EXPECT_EQ(legend.item(15)->text(), u"Function 16 (1)"_s);
 
     // a wider map has larger markers; their edge takes three pixels
     const auto redAcross = [&] {

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The graphic shows the records that the filter has left in the list.
+// The graphic shows the records that the filter has left in the list, unless it is hidden.
 
 #include "MapJourney.h"
 #include "chart/ChartView.h"
+#include "support/CollectedLog.h"
 #include "timeline/TimelinePanel.h"
 
 #include <QClipboard>
@@ -54,6 +55,12 @@ protected:
         return items.join(u'|').toStdString();
     }
 
+    /// The number of statements that were run since the log began, without that by which Open is possible.
+    static qsizetype statements(const CollectedLog& log)
+    {
+        return log.lines().size() - log.lines().filter(u"SELECT ChartOption"_s).size();
+    }
+
     /// What the graphic shows once it has followed the keys.
     std::string graphicAfter(const std::string& before)
     {
@@ -92,6 +99,47 @@ TEST_F(FilteredGraphic, FollowsTheKeysAndIsThereAgainWithItsView)
         EXPECT_EQ(graphicAfter(left), whole);
         type("no such word");
         EXPECT_EQ(graphicAfter(whole), "");
+    }
+}
+
+TEST_F(FilteredGraphic, ReadsNothingWhileItIsHiddenAndIsThenDrawnAsTheListIs)
+{
+    for (const auto& [view, widget, words, row] : {std::tuple{"mnuViewDocuments", "MSChart1", "c", "c"},
+                                                   {"mnuViewEvents", "pnlTimeline", "dro", "Drought"},
+                                                   {"mnuViewOrganizations", "Map1", "ta -zeta", "Beta"}}) {
+        journey.trigger(view);
+        const std::string whole = graphic();
+        type(words);
+        const std::string left = graphicAfter(whole);
+        QTest::keyClick(&journey.find<QWidget>(widget), Qt::Key_F8);
+        QTest::keyClick(&journey.find<QLineEdit>("txtFilter"), Qt::Key_Escape);
+        QTest::keyClick(&journey.list(), Qt::Key_F8);
+        EXPECT_EQ(graphic(), whole) << "without the filter that was there when it was hidden";
+
+        const QString tip = journey.find<QAction>("mnuViewCopyPicture").toolTip();
+        journey.find<QWidget>(widget).setFocus();
+        QTest::keyClick(&journey.find<QWidget>(widget), Qt::Key_F8);
+        EXPECT_TRUE(journey.list().hasFocus());
+        EXPECT_FALSE(journey.find<QWidget>(widget).isVisible());
+        EXPECT_FALSE(journey.find<QAction>("mnuViewCopyPicture").isEnabled());
+        EXPECT_EQ(journey.find<QAction>("mnuViewSavePicture").toolTip().section(u'\n', 1),
+                  u"The graphic is hidden."_s);
+        {
+            const CollectedLog log;
+            QLoggingCategory::setFilterRules(u"orvik.statements=true"_s);
+            journey.trigger("mnuViewRefresh");
+            EXPECT_EQ(statements(log), 1) << log.lines().join(u'\n').toStdString();
+            journey.trigger("mnuViewDetails");
+            journey.trigger("mnuViewDetails");
+            type(words);
+            journey.select(row);
+            QTest::qWait(200);
+            EXPECT_EQ(statements(log), 1) << log.lines().join(u'\n').toStdString();
+        }
+        QTest::keyClick(&journey.list(), Qt::Key_F8);
+        EXPECT_TRUE(journey.find<QWidget>(widget).isVisible());
+        EXPECT_EQ(graphic(), left);
+        EXPECT_EQ(journey.find<QAction>("mnuViewCopyPicture").toolTip(), tip);
     }
 }
 

@@ -25,12 +25,12 @@ protected:
 
     MapView& map() { return journey.find<MapView>("Map1"); }
 
-    /// The number of the entry of that name, as assistive tools name it.
+    /// The number of the entry of that name, as assistive tools name it; of a disc, that of its lead.
     std::size_t entry(const char* name)
     {
         for (int item = 0; item < map().accessibleItemCount(); ++item) {
             if (map().accessibleItemName(item) == QString::fromUtf8(name))
-                return static_cast<std::size_t>(item);
+                return map().markers().leads()[static_cast<std::size_t>(item)];
         }
         throw std::runtime_error(std::string("no such place: ") + name);
     }
@@ -43,8 +43,9 @@ protected:
     std::string menuTexts()
     {
         QStringList texts;
-        for (const QAction* action : journey.find<QMenu>("popOrgTab").actions())
-            texts << action->text();
+        for (const QAction* action : journey.find<QMenu>("popOrgTab").actions()) {
+            if (action->isVisible()) texts << action->text();
+        }
         return texts.join(u'|').toStdString();
     }
 

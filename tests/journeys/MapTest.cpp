@@ -275,6 +275,10 @@ TEST_F(MapJourney, TheGraphicStaysWhereItWasPut)
     journey.trigger("mnuViewOrganizations");
     QApplication::processEvents();
     journey.find<QSplitter>("splitter").setSizes({100, 300});
+    for (const char* view : {"mnuViewEvents", "mnuViewOrganizations"}) {
+        journey.trigger(view);
+        journey.trigger("mnuViewHideGraphic");
+    }
     journey.trigger("mnuNavigateHome");
     journey.desktop.messages.expectQuestion(u"Are you sure you want to exit?"_s, true, Question::Loss);
     journey.program->window()->close();
@@ -283,6 +287,17 @@ TEST_F(MapJourney, TheGraphicStaysWhereItWasPut)
     journey.trigger("mnuViewOrganizations");
     QApplication::processEvents();
     EXPECT_TRUE(journey.find<QAction>("mnuViewGraphicBelow").isChecked());
+    EXPECT_TRUE(journey.find<QAction>("mnuViewHideGraphic").isChecked());
+    EXPECT_EQ(journey.program->window()->findChild<MapView*>(), nullptr) << "never made";
+    journey.trigger("mnuViewDocuments");
+    EXPECT_FALSE(journey.find<QAction>("mnuViewHideGraphic").isChecked());
+    EXPECT_TRUE(journey.find<QWidget>("MSChart1").isVisible());
+    journey.trigger("mnuViewEvents");
+    EXPECT_FALSE(journey.find<QWidget>("pnlTimeline").isVisible());
+    journey.trigger("mnuViewOrganizations");
+    journey.trigger("mnuViewGraphicBelow");
+    EXPECT_FALSE(journey.find<QAction>("mnuViewHideGraphic").isChecked());
+    EXPECT_EQ(map().accessibleItemCount(), 5);
     const QList<int> sizes = journey.find<QSplitter>("splitter").sizes();
     EXPECT_GT(sizes[1], 2 * sizes[0]);
 }

@@ -196,6 +196,18 @@ TEST_F(Pictures, ShowEveryBarOfAChartThatIsScrolled)
         most = std::max(most, bars);
     }
     EXPECT_EQ(most, types + 2);
+
+    journey.trigger("chartHorizontal");
+    QTest::qWait(0);
+    const GraphicPicture lying = *journey.find<ChartPane>("ChartPane").picture();
+    EXPECT_EQ(lying.size.width(), chart.width());
+    EXPECT_GT(lying.size.height(), journey.find<ChartPane>("ChartPane").height());
+    const QImage lain = imageOf(lying);
+    int bars = 0;
+    const int x = static_cast<int>(lain.width() * 0.5);
+    for (int y = 1; y < lain.height(); ++y)
+        bars += lain.pixelColor(x, y) == blue && lain.pixelColor(x, y - 1) != blue ? 1 : 0;
+    EXPECT_EQ(bars, types + 2);
 }
 
 TEST_F(Pictures, SayEverythingAsText)
@@ -212,7 +224,7 @@ TEST_F(Pictures, SayEverythingAsText)
     view("mnuViewOrganizations");
     saveAs("map.svg");
     expectTexts(textsOf("map.svg"), {u"Map"_s, u"View ALL Organizations"_s, u"Displaying 7 Organizations"_s,
-                                     u"Relief"_s, u"Fire & Rescue"_s, u"Law"_s});
+                                     u"Relief (2)"_s, u"Fire & Rescue (1)"_s, u"Law (3)"_s});
     const qint64 whole = QFileInfo(path("map.svg")).size();
     for (int i = 0; i < 4; ++i)
         map().zoomIn();

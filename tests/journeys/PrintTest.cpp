@@ -223,6 +223,11 @@ TEST_F(PrintJourney, WhatCannotBePrintedSaysWhyAndWhatFailsLeavesNothing)
         dialog.click("cmdPrint");
         save(dialog);
     });
+    journey.trigger("mnuViewHideGraphic");
+    print([&](OpenDialog& dialog) {
+        EXPECT_EQ(dialog.find<QRadioButton>("optGraphic").toolTip(), u"The graphic is hidden."_s);
+        dialog.click("cmdCancel");
+    });
     const ReadPdf empty(pdf());
     expectPages(empty, u"View ALL Documents"_s);
     EXPECT_TRUE(empty.pages.front().contains(u"No records"_s));

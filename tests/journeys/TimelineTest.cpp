@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "Dialogs.h"
 #include "Journey.h"
 #include "timeline/EventLabel.h"
 #include "timeline/EventMarker.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QFile>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QSplitter>
 #include <QTest>
@@ -58,9 +61,20 @@ protected:
     void turnWheelSideways(int angle) { turnWheel(QPoint(angle, 0), {}); }
     void turnWheel(QPoint angle, Qt::KeyboardModifiers modifiers)
     {
-        QWheelEvent event({50, 10}, picture().mapToGlobal(QPointF(50, 10)), {}, angle, Qt::NoButton,
-                          modifiers, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&journey.find<QWidget>("pnlTimeline"), &event);
+        QWheelEvent event({50, 10}, label(0).mapToGlobal(QPointF(50, 10)), {}, angle, Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
+        // of others, Qt does not pass on what the label has no use for
+        QSpontaneKeyEvent::setSpontaneous(&event);
+        QCoreApplication::instance()->notify(&label(0), &event);
+    }
+
+    /// Sends what the middle button of the mouse does, `x` pixels right of the left edge of the strip.
+    void dragTo(QEvent::Type type, int x, QWidget& receiver, Qt::MouseButtons held = Qt::MiddleButton)
+    {
+        const QPointF place = picture().mapToGlobal(QPointF(x, 10));
+        const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::MiddleButton;
+        QMouseEvent event(type, receiver.mapFromGlobal(place), place, button, held, {});
+        QCoreApplication::sendEvent(&receiver, &event);
     }
 
     Journey journey;
@@ -117,9 +131,9 @@ TEST_F(Timelines, ButtonsKeysAndWheelRunTheSameHandlers)
     QTest::keyClick(&picture(), Qt::Key_Left, Qt::ControlModifier);
     QTest::keyClick(&picture(), Qt::Key_Right);
     EXPECT_EQ(now(), "04/01/1927 06:10");
-    turnWheel(120, Qt::ShiftModifier);
-    turnWheel(60, Qt::ShiftModifier);
-    turnWheel(60, Qt::ShiftModifier);
+    turnWheel(120, {});
+    turnWheel(60, {});
+    turnWheel(60, {});
     EXPECT_EQ(now(), "04/01/1927 06:00");
     turnWheelSideways(-120);
     EXPECT_EQ(now(), "04/01/1927 06:05");
@@ -155,14 +169,95 @@ TEST_F(Timelines, TheScrollBarMovesTheLanes)
     ASSERT_LT(lanes, 6);
     EXPECT_TRUE(scrollBar.isVisible());
     EXPECT_EQ(scrollBar.maximum(), 6 - lanes);
-    turnWheel(-120, {});
+    auto& below = journey.find<QToolButton>("cmdMoreBelow");
+    EXPECT_EQ(below.text(), u"%1 more below"_s.arg(6 - lanes));
+    turnWheel(-120, Qt::ShiftModifier);
     EXPECT_EQ(scrollBar.value(), std::min(3, 6 - lanes));
     EXPECT_EQ(label(lanes - 1).text(), u"Levee breaks again"_s);
+    EXPECT_FALSE(below.isVisible());
     click("NavStepForward");
     EXPECT_EQ(scrollBar.value(), 0);
+    click("NavStepBack");
+    below.click();
+    EXPECT_EQ(scrollBar.value(), std::min(lanes, 6 - lanes));
+    click("NavStepForward");
     journey.select("Levee breaks again");
     EXPECT_GT(scrollBar.value(), 0);
     EXPECT_EQ(scrollBar.value(), scrollBar.maximum()) << "down to the lane of an event that is chosen";
+}
+
+TEST_F(Timelines, UpAndDownGoFromLaneToLaneAndAreHeard)
+{
+    picture().setFocus();
+    QTest::keyClick(&picture(), Qt::Key_Down);
+    EXPECT_EQ(chosen(), "Flood & <b>Fire</b>");
+    QTest::keyClick(&picture(), Qt::Key_Down);
+    EXPECT_EQ(chosen(), "Quake");
+    EXPECT_EQ(marker(1).picture(), EventMarker::Picture::imgSelectedKey);
+    EXPECT_TRUE(picture().hasFocus());
+
+    QAccessibleInterface* strip = QAccessible::queryAccessibleInterface(&picture());
+    EXPECT_EQ(strip->text(QAccessible::Description), u"04/01/1927 06:00 to 04/01/1927 06:15: 3 events"_s);
+    ASSERT_EQ(strip->childCount(), 3);
+    EXPECT_EQ(strip->focusChild()->text(QAccessible::Name), u"(04/01/1927 06:02) Quake"_s);
+    EXPECT_EQ(strip->focusChild()->rect().size(), QSize(picture().width(), 17));
+    QTest::keyClick(&picture(), Qt::Key_End);
+    const auto* link = &journey.find<QToolButton>("lnkBefore");
+    QAccessibleInterface* before = QAccessible::queryAccessibleInterface(const_cast<QToolButton*>(link));
+    EXPECT_GE(strip->indexOfChild(before->parent()), 0) << "the links of an empty window are found";
+}
+
+TEST_F(Timelines, TheMiddleButtonDragsTheStripWhereverItIsReleased)
+{
+    auto& panel = journey.find<QWidget>("pnlTimeline");
+    const auto begin = [this](QWidget& at) { dragTo(QEvent::MouseButtonPress, 500, at); };
+    begin(label(0));
+    ASSERT_EQ(QWidget::mouseGrabber(), &panel) << "labels may be hidden meanwhile";
+    dragTo(QEvent::MouseMove, 500 - 5 * 77, panel);
+    EXPECT_EQ(now(), "04/01/1927 06:05");
+    dragTo(QEvent::MouseMove, 500 - 3 * 77, panel);
+    EXPECT_EQ(now(), "04/01/1927 06:03");
+    EXPECT_EQ(chosen(), "") << "it selects nothing";
+    dragTo(QEvent::MouseMove, 5000, panel);
+    EXPECT_EQ(now(), "04/01/1927 06:00") << "the beginning of the timeline";
+    dragTo(QEvent::MouseButtonRelease, -4000, panel, Qt::NoButton);
+    EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
+    dragTo(QEvent::MouseMove, 0, panel);
+    EXPECT_EQ(now(), "04/01/1927 06:00");
+
+    begin(journey.find<QWidget>("imgTime"));
+    dragTo(QEvent::MouseMove, 500 - 77, panel, Qt::NoButton);
+    EXPECT_EQ(now(), "04/01/1927 06:00") << "it was released where nobody saw it";
+    EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
+    begin(picture());
+    journey.trigger("mnuViewDocuments");
+    EXPECT_EQ(QWidget::mouseGrabber(), nullptr) << "the panel is hidden";
+    begin(journey.find<QWidget>("NavStepBack"));
+    EXPECT_EQ(QWidget::mouseGrabber(), nullptr) << "a button is not of the strip";
+}
+
+TEST_F(Timelines, GoToDateSaysWhatItCannotDo)
+{
+    auto& command = journey.find<QAction>("mnuNavigateGoToDate");
+    click("ZoomOut");
+    journey.inDialog("frmGoToDate", "mnuNavigateGoToDate", [](OpenDialog& open) {
+        EXPECT_EQ(open.text("txtDate"), "04/01/1927");
+        open.type("txtDate", u"1926"_s);
+        open.click("cmdOK");
+        EXPECT_EQ(open.find<QLabel>("lblProblem").text(),
+                  u"1926 is before the timeline, which runs from 04/01/1927 to 01/03/1930."_s);
+        EXPECT_EQ(open.focus(), "txtDate");
+        open.type("txtDate", u"05/1927"_s);
+        open.press(Qt::Key_Return);
+    });
+    EXPECT_EQ(now() + " by " + zoom(), "05/01/1927 00:00 by 10 minutes");
+    EXPECT_EQ(shown(), "<-- Flood & <b>Fire</b> -->");
+
+    journey.trigger("mnuViewDocuments");
+    EXPECT_FALSE(command.isEnabled());
+    EXPECT_TRUE(command.toolTip().endsWith(u"\nThe timeline is shown with events only."_s));
+    journey.trigger("mnuNavigateHome");
+    EXPECT_TRUE(command.toolTip().endsWith(u"\nThis page has no list of records."_s));
 }
 
 TEST_F(Timelines, AnEmptyWindowLeadsToTheNearestEvents)

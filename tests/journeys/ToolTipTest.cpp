@@ -70,7 +70,7 @@ TEST_P(ToolTips, ShowNamesAsTheyAreInTheViews)
 
     journey.trigger("mnuViewOrganizations");
     EXPECT_EQ(cell(0), name);
-    EXPECT_EQ(read(journey.find<QListWidget>("MapLegend").item(0)->toolTip()), name);
+    EXPECT_EQ(read(journey.find<QListWidget>("MapLegend").item(0)->toolTip()), name + " (1)");
     auto& map = journey.find<MapView>("Map1");
     QApplication::processEvents();
     EXPECT_EQ(readAt(map, map.positionOf(0).toPoint()), name + ", TX\n" + name);
@@ -91,7 +91,7 @@ TEST_P(ToolTips, ShowNamesAsTheyAreInDialogsAndPages)
     LinkList links({"lvOrganizations", "cmdAdd", "cmdClear", u"organizations"_s}, PickListKind::Organizations,
                    nullptr);
     links.setEntries({{GetParam(), 2}});
-    EXPECT_EQ(read(links.findChild<QListWidget*>()->item(0)->toolTip()), name);
+    EXPECT_EQ(read(links.findChild<QListWidget*>()->item(0)->toolTip()), name + " (1)");
     LinkButton result(nullptr);
     result.setLink(GetParam());
     EXPECT_EQ(read(result.toolTip()), name);

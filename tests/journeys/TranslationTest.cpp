@@ -294,6 +294,15 @@ TEST_F(Translation, ReachesEveryTextOfTheOtherWindows)
     lookAtDialog("frmSettings", "mnuNavigateSettings");
     lookAtDialog("frmNewDatabase", "mnuNewDatabase");
     lookAtDialog("frmCheck", "mnuCheckCollection");
+    journey.trigger("mnuViewEvents");
+    journey.inDialog("frmGoToDate", "mnuNavigateGoToDate", [&](OpenDialog& open) {
+        for (const char* text : {"", "13/2000", "0001", "9999"}) {
+            open.type("txtDate", QString::fromUtf8(text));
+            open.click("cmdOK");
+            pseudo.expectTranslated(open.dialog(), text);
+        }
+        open.press(Qt::Key_Escape);
+    });
     journey.trigger("mnuViewDocuments");
     lookAtDialog("frmPrint", "mnuRecordPrint");
     HomePage home(nullptr);

@@ -19,7 +19,8 @@ protected:
     {
         database.run("INSERT INTO Function VALUES (1, 'None'), (2, 'Relief'), (17, 'Rescue'), (18, 'Law')");
         database.run("INSERT INTO CityLocations (LocationID, City, State, Lat, Lon) VALUES "
-                     "(5, 'Austin', 'TX', 30.25, -97.75), (6, 'Reno', 'NV', 39.5, -119.8)");
+                     "(5, 'Austin', 'TX', 30.25, -97.75), (6, 'Reno', 'NV', 39.5, -119.8), (7, 'Half', 'UT', "
+                     "40, NULL)");
     }
 
     /// Adds an organization; `position` is its own latitude and longitude or nulls.
@@ -52,10 +53,11 @@ protected:
     {
         QStringList lines;
         for (const clsCities& place : places.entries()) {
-            lines << u"%1 %2 %3,%4 %5"_s.arg(functionName(place), place.placeText())
+            lines << u"%1 %2 %3,%4 %5 x%6"_s.arg(functionName(place), place.placeText())
                          .arg(place.lat)
                          .arg(place.lon)
-                         .arg(place.colour);
+                         .arg(place.colour)
+                         .arg(place.organizations);
         }
         lines.sort();
         return lines.join(u'\n').toStdString();
@@ -85,14 +87,23 @@ TEST_F(OrganizationPlacesTest, HasOneEntryForEachPlaceAndFunction)
     add(9, "NULL", "NULL, NULL", "-14.3, -170.7");
     add(10, "0", "'Camp', 'NV'", "39.6, -118");
     add(11, "2", "'Austin', 'TX'", "31, NULL");
+    add(12, "2", "'Half', 'UT'", "NULL, NULL");
     read();
-    EXPECT_EQ(entries(), "Function 0 Camp, NV 39.6,-118 0\n"
-                         "Law Camp, NV 39.6,-118 1\n"
-                         "Law Camp, NV 39.7,-118 1\n"
-                         "Law Reno, NV 39.6,-119.9 1\n"
-                         "None 14.30° S, 170.70° W -14.3,-170.7 0\n"
-                         "Relief Austin, TX 30.25,-97.75 1\n"
-                         "Rescue Austin, TX 30.25,-97.75 0");
+    EXPECT_EQ(entries(), "Function 0 Camp, NV 39.6,-118 0 x1\n"
+                         "Law Camp, NV 39.6,-118 1 x1\n"
+                         "Law Camp, NV 39.7,-118 1 x1\n"
+                         "Law Reno, NV 39.6,-119.9 1 x1\n"
+                         "None 14.30° S, 170.70° W -14.3,-170.7 0 x1\n"
+                         "Relief Austin, TX 30.25,-97.75 1 x3\n"
+                         "Rescue Austin, TX 30.25,-97.75 0 x1");
+    EXPECT_EQ(places.placed(), 9u) << "each organization once";
+    EXPECT_EQ(places.withoutPlace(), 2);
+    EXPECT_EQ(firstColumnOf(database.session(), places.queryWithoutPlace()->sqlStr()), u"12 5"_s);
+    database.run(
+        "INSERT INTO OrganizationVenues (OrganizationID, VenueID) VALUES (2, 4), (2, 5), (5, 5), (5, 6)");
+    read(u" AND VenueID > 0"_s);
+    EXPECT_EQ(entries(), "Relief Austin, TX 30.25,-97.75 1 x1") << "however often the query returns it";
+    EXPECT_EQ(places.withoutPlace(), 1);
     read(u" AND State LIKE 'TX'"_s);
     EXPECT_EQ(places.entries().size(), 2u) << "the places before are forgotten";
     EXPECT_NE(errorNumberOf([&] { read(u" AND Nothing = 1"_s); }), 0);
@@ -121,6 +132,7 @@ TEST_F(OrganizationPlacesTest, ReadsThousandsOfFunctionsLikeAFew)
     places.read(all, all);
     places.narrow(all, query(u" AND Organization.OrganizationID <> 2"_s));
     EXPECT_EQ(inOrder(), fewer) << "those of a narrowed view too, in the order of all";
+    EXPECT_EQ(places.placed(), 3u);
     EXPECT_EQ(places.entryOf(2), std::nullopt);
     EXPECT_EQ(namesAt(places.entryOf(4).value(), true), "Org 3|Org 4");
     database.run("DELETE FROM Organization WHERE OrganizationID = 5");
@@ -174,15 +186,16 @@ TEST_F(OrganizationPlacesTest, NamesAsManyFunctionsOfAColourAsCanBeRead)
     read();
     QStringList legend;
     for (const LegendLine& line : legendLines(places.entries()))
-        legend << QString::number(line.colour) + u' ' + line.names.join(u'+');
-    EXPECT_EQ(legend.join(u'|'), u"0 Rescue|1 Law+Relief"_s);
+        legend << QString::number(line.colour) + u' ' + line.text();
+    EXPECT_EQ(legend.join(u'|'), u"0 Rescue (1)|1 Law (2), Relief (1)"_s);
 
-    LegendLine line{0, {u"Law"_s, u"Relief"_s}};
-    EXPECT_EQ(line.text(), u"Law, Relief"_s);
-    line.names.resize(2000, u"x"_s);
-    EXPECT_TRUE(line.text().startsWith(u"Law, Relief, x"_s));
-    EXPECT_TRUE(line.text().endsWith(u"x, x and 1980 more"_s));
-    line.names = {QString(1000000, u'x'), u"y"_s};
+    LegendLine line{0, {{u"Law"_s, 2}, {u"Relief"_s, 1}}};
+    EXPECT_EQ(line.hiddenText(), u"Law (2), Relief (1): hidden on the map"_s);
+    EXPECT_EQ(line.organizations(), 3);
+    line.functions.resize(2000, {u"x"_s, 1});
+    EXPECT_TRUE(line.text().startsWith(u"Law (2), Relief (1), x (1)"_s));
+    EXPECT_TRUE(line.text().endsWith(u"x (1), x (1) and 1980 more"_s));
+    line.functions = {{QString(1000000, u'x'), 1}, {u"y"_s, 1}};
     EXPECT_LT(line.text().size(), 2000);
 }
 

@@ -63,6 +63,24 @@ TEST_F(Window, MovesByStepsAndJumpsWithinTheLimits)
     EXPECT_EQ(now(), "09/01/2001 08:03");
 }
 
+TEST_F(Window, IsDraggedByWholeMinutesWithinTheLimits)
+{
+    const struct
+    {
+        int level;
+        int units;
+        const char* now;
+    } drags[]{
+        {0, 0, "09/05/2001 12:00"},   {0, -38, "09/05/2001 12:00"},     {0, -39, "09/05/2001 12:01"},
+        {0, 39, "09/05/2001 11:59"},  {0, -385, "09/05/2001 12:05"},    {7, -1, "09/05/2001 12:04"},
+        {7, 385, "09/04/2001 12:00"}, {7, 5 * 385, "09/01/2001 08:03"}, {7, -5 * 385, "09/07/2001 08:03"}};
+    for (const auto& [level, units, expected] : drags) {
+        zoomTo(level);
+        m_window.drag(at("2001-09-05 12:00"), units);
+        EXPECT_EQ(now(), expected) << units;
+    }
+}
+
 TEST_F(Window, ItsEndIsTheLastWholeMinuteBeforeTheRightEdge)
 {
     m_window.setWidth(1600);

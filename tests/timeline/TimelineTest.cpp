@@ -132,6 +132,82 @@ TEST_F(Handlers, TheScrollBarMovesTheFirstLaneAndGoesBackWithTheWindow)
     EXPECT_EQ(m_timeline.window().windowEnd(), m_timeline.window().currentTime());
 }
 
+TEST_F(Handlers, TheSelectedEventKeepsALaneInSight)
+{
+    m_timeline.chooseEvent(15);
+    m_timeline.NavStepBack();
+    EXPECT_EQ(lanes(), "C -->|D -->|[E -->]") << "it would be the fifth of three lanes";
+    EXPECT_EQ(m_timeline.eventsBelow(), 0U);
+    m_timeline.resize(4 * 385, 17);
+    EXPECT_EQ(lanes(), "[E -->]") << "nor does a lower picture hide it";
+
+    m_timeline.resize(4 * 385, 3 * 17);
+    m_timeline.VScroll1_Change(0);
+    EXPECT_EQ(m_timeline.eventsBelow(), 2U);
+    m_timeline.resize(4 * 385, 2 * 17);
+    EXPECT_EQ(lanes(), "A -->|B -->") << "who scrolled it out of sight wants to see others";
+
+    m_history.select(12);
+    m_timeline.NavStepForward();
+    EXPECT_EQ(lanes(), "<-- A -->|[<-- B -->]") << "which has a lane in sight anyway";
+}
+
+TEST_F(Handlers, UpAndDownSelectTheEventsOfTheWindowInTheirOrder)
+{
+    m_timeline.showPeriod(at("2001-09-10 10:00"), 0);
+    const struct
+    {
+        int lanes;
+        qint64 event;
+        const char* shown;
+    } steps[]{{1, 11, "[A -->]|B -->|C -->"}, {1, 12, "A -->|[B -->]|C -->"}, {2, 14, "B -->|C -->|[D -->]"},
+              {1, 15, "C -->|D -->|[E -->]"}, {1, 15, "C -->|D -->|[E -->]"}, {-1, 14, "C -->|[D -->]|E -->"},
+              {-4, 11, "[A -->]|B -->|C -->"}};
+    for (const auto& [lanes, event, shown] : steps) {
+        EXPECT_EQ(m_timeline.selectBeside(lanes), event);
+        EXPECT_EQ(m_history.selected(), event);
+        EXPECT_EQ(this->lanes(), shown);
+    }
+    m_timeline.VScroll1_Change(2);
+    m_timeline.selectBeside(1);
+    EXPECT_EQ(lanes(), "[B -->]|C -->|D -->") << "from the selected event on, wherever the lanes are";
+
+    m_history.select(2);
+    m_timeline.VScroll1_Change(1);
+    EXPECT_EQ(m_timeline.selectBeside(-1), 14) << "none in the window is selected: from the last lane";
+    m_timeline.NavEnd();
+    EXPECT_EQ(m_timeline.selectBeside(1), std::nullopt);
+    EXPECT_EQ(m_history.selected(), 14);
+}
+
+TEST_F(Handlers, TheFirstViewShowsSomethingIfItCan)
+{
+    const auto state = [this] {
+        return m_timeline.description().toStdString() + " by " +
+               TimelineScale::zoomName(m_timeline.window().zoomFactor()).toStdString();
+    };
+    const auto showFirst = [this](const QString& condition) {
+        auto part = std::make_shared<SQLObject>(*m_queries.events);
+        part->WhereClause += condition;
+        m_timeline.mainLoad();
+        showView(part);
+        m_timeline.drawTimeline();
+    };
+    m_timeline.drawTimeline();
+    EXPECT_EQ(state(), "09/01/2001 10:00 to 09/01/2001 10:20: 1 event by 5 minutes");
+    showFirst(u" AND Event.EventID > 2"_s);
+    EXPECT_EQ(state(), "09/01/2001 10:00 to 09/01/2001 10:20: 0 events by 5 minutes")
+        << "none is near enough to be seen at any scale";
+    m_database.run("UPDATE Event SET StartDate = '2001-09-03' WHERE EventID IN (11, 12)");
+    showFirst(u" AND Event.EventID > 2"_s);
+    EXPECT_EQ(state(), "09/01/2001 10:00 to 09/05/2001 10:00: 2 events by 1 day");
+    m_timeline.NavStepForward();
+    for (int level = 7; level > 0; --level)
+        m_timeline.ZoomIn();
+    m_timeline.drawTimeline();
+    EXPECT_EQ(state(), "09/02/2001 10:00 to 09/02/2001 10:20: 0 events by 5 minutes") << "only the first";
+}
+
 TEST_F(Handlers, AfterASaveTheTimelineReachesToTheEventAndShowsIt)
 {
     m_timeline.NavStepForward();

@@ -82,6 +82,9 @@ void MainCommands::makeActions()
                              QKeySequence(Qt::ALT | Qt::Key_Right), tr("Shows the view after this one"));
     mnuNavigateHome = add(QStringLiteral("mnuNavigateHome"), tr("&Home"), QStringLiteral("go-home"),
                           QKeySequence(Qt::ALT | Qt::Key_Home), tr("Shows the home page"));
+    mnuNavigateGoToDate =
+        add(QStringLiteral("mnuNavigateGoToDate"), tr("&Go to Date…"), QStringLiteral("go-jump"),
+            QKeySequence(Qt::CTRL | Qt::Key_G), tr("Moves the timeline to a date"));
     mnuNewDatabase =
         add(QStringLiteral("mnuNewDatabase"), tr("&New Database…"), QStringLiteral("folder-new"),
             QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), tr("Begins a collection of your own"));
@@ -125,6 +128,10 @@ void MainCommands::makeViewActions()
     mnuViewGraphicBelow =
         add(QStringLiteral("mnuViewGraphicBelow"), tr("Graphic &Below"),
             QStringLiteral("view-split-top-bottom"), {}, tr("Shows the graphic below the list"));
+    mnuViewHideGraphic =
+        add(QStringLiteral("mnuViewHideGraphic"), tr("&Hide Graphic"), QStringLiteral("view-hidden"),
+            QKeySequence(Qt::Key_F8), tr("Leaves the room of the graphic to the list"));
+    mnuViewHideGraphic->setCheckable(true);
     mnuViewDetails =
         add(QStringLiteral("mnuViewDetails"), tr("De&tails"), QStringLiteral("sidebar-expand-right"),
             QKeySequence(Qt::Key_F4), tr("Shows the selected record beside the list"));
@@ -200,7 +207,8 @@ void MainCommands::makeMenus()
     view->addAction(mnuViewDeleted);
     view->addSeparator();
     view->addAction(mnuViewDetails);
-    view->addActions({mnuViewGraphicRight, mnuViewGraphicBelow, mnuViewCopyPicture, mnuViewSavePicture});
+    view->addActions({mnuViewGraphicRight, mnuViewGraphicBelow, mnuViewHideGraphic, mnuViewCopyPicture,
+                      mnuViewSavePicture});
     view->addSeparator();
     view->addAction(mnuViewRefresh);
 
@@ -214,7 +222,7 @@ void MainCommands::makeMenus()
     mnuNavigate = m_window.menuBar()->addMenu(tr("&Navigate"));
     mnuNavigate->setObjectName(QStringLiteral("mnuNavigate"));
     mnuNavigate->setToolTipsVisible(true);
-    mnuNavigate->addActions({mnuNavigateBack, mnuNavigateForward, mnuNavigateHome});
+    mnuNavigate->addActions({mnuNavigateBack, mnuNavigateForward, mnuNavigateHome, mnuNavigateGoToDate});
     mnuNavigate->addSeparator();
     mnuHistory = mnuNavigate->addMenu(tr("H&istory"));
     mnuHistory->setObjectName(QStringLiteral("mnuHistory"));

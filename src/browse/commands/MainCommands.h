@@ -25,6 +25,7 @@ public:
     QAction* mnuViewRefresh;
     QAction* mnuViewGraphicRight;
     QAction* mnuViewGraphicBelow;
+    QAction* mnuViewHideGraphic;
     QAction* mnuViewDetails;
     QAction* mnuViewCopyPicture;
     QAction* mnuViewSavePicture;
@@ -35,6 +36,7 @@ public:
     QAction* mnuNavigateBack;
     QAction* mnuNavigateForward;
     QAction* mnuNavigateHome;
+    QAction* mnuNavigateGoToDate;
     QAction* mnuNewDatabase;
     QAction* mnuOpenDatabase;
     QAction* mnuBackUp;

@@ -5,6 +5,7 @@
 #include "platform/StdREG.h"
 #include "views/clsView.h"
 
+#include <QApplication>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStringList>
@@ -30,6 +31,11 @@ QString section()
 QString detailsName()
 {
     return QStringLiteral("Details");
+}
+
+QString hidden()
+{
+    return QStringLiteral("hidden");
 }
 
 /// The part of the second of two sizes that a splitter has.
@@ -72,11 +78,12 @@ BrowsePage::~BrowsePage() = default;
 
 void BrowsePage::setGraphic(RecordKind kind, Maker maker, Qt::Orientation side)
 {
-    Place place{std::move(maker), nullptr, side, side == Qt::Horizontal ? 0.45 : 0.4};
+    Place place{std::move(maker), nullptr, side, side == Qt::Horizontal ? 0.45 : 0.4, false};
     const QStringList saved = StdREG(m_settings).GetRegString(section(), valueName(kind)).split(u' ');
-    if (saved.size() == 2) {
+    if (saved.size() >= 2) {
         place.side = saved[0] == QStringLiteral("right") ? Qt::Horizontal : Qt::Vertical;
         place.share = std::clamp(saved[1].toDouble(), smallestShare, largestShare);
+        place.isHidden = saved.contains(hidden());
     }
     m_places[kind] = place;
 }
@@ -97,10 +104,23 @@ Qt::Orientation BrowsePage::side() const
 
 void BrowsePage::setSide(Qt::Orientation side)
 {
-    if (m_shown == nullptr || m_shown->side == side) return;
+    change(side, false);
+}
+
+void BrowsePage::hideGraphic(bool hidden)
+{
+    change(side(), hidden);
+}
+
+void BrowsePage::change(Qt::Orientation side, bool isHidden)
+{
+    if (m_shown == nullptr || (m_shown->side == side && m_shown->isHidden == isHidden)) return;
     rememberShare();
+    const bool isBack = m_shown->isHidden && !isHidden;
     m_shown->side = side;
+    m_shown->isHidden = isHidden;
     applyPlace();
+    if (isBack) Q_EMIT graphicShown();
 }
 
 void BrowsePage::rememberShare()
@@ -111,6 +131,11 @@ void BrowsePage::rememberShare()
 
 void BrowsePage::applyPlace()
 {
+    if (m_shown->isHidden) {
+        if (m_graphics->isAncestorOf(QApplication::focusWidget())) setFocus();
+        m_graphics->hide();
+        return applyDetails();
+    }
     m_graphics->show();
     QWidget*& graphic = m_shown->graphic;
     if (graphic == nullptr) {
@@ -166,11 +191,12 @@ void BrowsePage::save()
     StdREG settings(m_settings);
     settings.WriteRegString(section(), detailsName(),
                             QStringLiteral("%1 %2")
-                                .arg(m_details.isShown ? QStringLiteral("shown") : QStringLiteral("hidden"))
+                                .arg(m_details.isShown ? QStringLiteral("shown") : hidden())
                                 .arg(m_details.share, 0, 'f', 3));
     for (const auto& [kind, place] : m_places) {
         const QString side = place.side == Qt::Horizontal ? QStringLiteral("right") : QStringLiteral("below");
-        settings.WriteRegString(section(), valueName(kind),
-                                QStringLiteral("%1 %2").arg(side).arg(place.share, 0, 'f', 3));
+        QString value = QStringLiteral("%1 %2").arg(side).arg(place.share, 0, 'f', 3);
+        if (place.isHidden) value += u' ' + hidden();
+        settings.WriteRegString(section(), valueName(kind), value);
     }
 }

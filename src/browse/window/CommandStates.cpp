@@ -28,6 +28,7 @@ void CommandStates::refresh() const
     m_at.records.enable(m_at.database.unwritable(), noList);
     m_at.status.showSelected(showsList ? m_at.list.selectedCount() : 0);
     m_at.commands.mnuViewDetails->setChecked(m_at.browse.showsDetails());
+    m_at.commands.mnuViewHideGraphic->setChecked(m_at.browse.hidesGraphic());
     m_at.commands.mnuViewGraphicRight->setChecked(m_at.browse.side() == Qt::Horizontal);
     m_at.commands.mnuViewGraphicBelow->setChecked(m_at.browse.side() == Qt::Vertical);
 }
@@ -35,15 +36,22 @@ void CommandStates::refresh() const
 void CommandStates::enableViewCommands(const QString& noList) const
 {
     const MainCommands& commands = m_at.commands;
-    for (QAction* action : {commands.mnuViewRefresh, commands.mnuSearchFilter, commands.mnuSearchShowAll,
-                            commands.mnuSearchAdvanced, commands.mnuViewGraphicRight,
-                            commands.mnuViewGraphicBelow, commands.mnuViewDetails}) {
+    for (QAction* action :
+         {commands.mnuViewRefresh, commands.mnuSearchFilter, commands.mnuSearchShowAll,
+          commands.mnuSearchAdvanced, commands.mnuViewGraphicRight, commands.mnuViewGraphicBelow,
+          commands.mnuViewHideGraphic, commands.mnuViewDetails}) {
         enableUnless(*action, noList);
     }
+    const bool showsEvents = m_at.list.kind() == RecordKind::Event;
+    enableUnless(*commands.mnuNavigateGoToDate,
+                 noList.isEmpty() && !showsEvents ? tr("The timeline is shown with events only.") : noList);
     const bool isWhole = !noList.isEmpty() || !m_at.list.isFilling();
-    for (QAction* action : {commands.mnuRecordExport, commands.mnuRecordPrint, commands.mnuViewCopyPicture,
-                            commands.mnuViewSavePicture})
-        enableUnless(*action, isWhole ? noList : tr("The list is still being read."));
+    const QString noOutput = isWhole ? noList : tr("The list is still being read.");
+    for (QAction* action : {commands.mnuRecordExport, commands.mnuRecordPrint})
+        enableUnless(*action, noOutput);
+    const bool isHidden = noOutput.isEmpty() && m_at.browse.hidesGraphic();
+    for (QAction* action : {commands.mnuViewCopyPicture, commands.mnuViewSavePicture})
+        enableUnless(*action, isHidden ? tr("The graphic is hidden.") : noOutput);
 }
 
 void CommandStates::enableDatabaseCommands() const

@@ -48,7 +48,7 @@ void ExportCommand::run()
                                      m_view.list().count(),
                                      m_view.list().selectedCount(),
                                      countAll(kind),
-                                     m_view.graphic().has_value()};
+                                     m_view.graphic() ? QString() : m_view.noGraphic()};
         frmExport dialog(
             offer, ExportChoices::read(m_platform.settings, kind),
             [this](const ExportFormat& format, Records records) { return chooseFile(format, records); },

@@ -10,6 +10,8 @@
 #include "views/NarrowedQuery.h"
 #include "views/ViewHistory.h"
 
+#include <utility>
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -24,6 +26,7 @@ GraphicViews::GraphicViews(const Surroundings& surroundings, ListPane& list, Bro
     : QObject(&window),
       m_at(surroundings),
       m_list(list),
+      m_page(page),
       m_timeline(new TimelinePanel(m_at.session, m_at.history, m_at.clock, m_at.messages, &window))
 {
     m_timeline->hide();
@@ -41,6 +44,7 @@ GraphicViews::GraphicViews(const Surroundings& surroundings, ListPane& list, Bro
         if (!m_list.isFilling()) showSelected();
     });
     connect(&m_list, &ListPane::chosen, this, &GraphicViews::goToRecord);
+    connect(&page, &BrowsePage::graphicShown, this, &GraphicViews::drawAgain);
     m_pause.setSingleShot(true);
     // without words there is no more typing to wait for
     connect(&m_list, &ListPane::filtered, this,
@@ -50,13 +54,14 @@ GraphicViews::GraphicViews(const Surroundings& surroundings, ListPane& list, Bro
 
 QWidget* GraphicViews::makeChart(QWidget* parent)
 {
-    m_chart = new ChartPane(m_at.session, m_at.history, m_at.queries, m_at.messages, parent);
+    m_chart = new ChartPane(m_at.session, m_at.history, m_at.queries, m_at.settings, m_at.messages, parent);
     return m_chart;
 }
 
 QWidget* GraphicViews::makeMap(QWidget* parent)
 {
-    m_map = new MapPane(m_at.session, m_at.history, m_at.queries, m_at.folder, m_at.messages, parent);
+    m_map = new MapPane(m_at.session, m_at.history, m_at.queries, m_at.folder, m_at.settings, m_at.messages,
+                        parent);
     connect(m_map, &MapPane::organizationsChosen, this,
             [this](const std::vector<qint64>& identifiers) { m_list.select(identifiers); });
     return m_map;
@@ -65,6 +70,7 @@ QWidget* GraphicViews::makeMap(QWidget* parent)
 void GraphicViews::mainLoad()
 {
     m_timeline->mainLoad();
+    m_isOutdated = false;
     if (m_map != nullptr) m_map->forget();
 }
 
@@ -75,6 +81,8 @@ void GraphicViews::draw(RecordKind kind)
         m_chart->drawCharts();
         break;
     case RecordKind::Event:
+        if (std::exchange(m_isOutdated, false))
+            m_timeline->updateTimeline(std::exchange(m_savedStart, std::nullopt));
         m_timeline->drawTimeline();
         break;
     case RecordKind::Organization:
@@ -83,17 +91,18 @@ void GraphicViews::draw(RecordKind kind)
     }
 }
 
-/// Says in a graphic that shows nothing why it does not. The list must have been read.
+/// Says to screen readers what a graphic shows, and in one that shows nothing why it does not. The list must
+/// have been read.
 void GraphicViews::explainEmpty()
 {
-    if (m_list.kind() == RecordKind::Document) m_chart->explainEmpty(m_list.count());
+    if (m_list.kind() == RecordKind::Document) m_chart->describe(m_list.count());
     if (m_list.kind() == RecordKind::Organization) m_map->explainEmpty(m_list.count());
 }
 
 void GraphicViews::drawBeforeList(RecordKind kind)
 {
     m_pause.stop();
-    m_isDrawn = kind != RecordKind::Organization && m_at.history.filter().isEmpty();
+    m_isDrawn = kind != RecordKind::Organization && !m_page.hidesGraphic() && m_at.history.filter().isEmpty();
     if (m_isDrawn) draw(kind);
 }
 
@@ -101,6 +110,7 @@ void GraphicViews::drawAfterList(RecordKind kind, bool isListed)
 {
     m_pause.stop();
     m_isListed = isListed;
+    if (m_page.hidesGraphic()) return;
     // the user may have typed a filter while the list was read
     const bool isNarrowed = !m_at.history.filter().isEmpty();
     if (isNarrowed) narrow();
@@ -112,6 +122,15 @@ void GraphicViews::drawAfterList(RecordKind kind, bool isListed)
     }
     if (isListed) explainEmpty();
     if (kind != RecordKind::Organization) showSelected();
+}
+
+/// Draws the graphic that was hidden. A list that is being read does so at its end.
+void GraphicViews::drawAgain()
+{
+    m_isDrawn = false;
+    if (m_list.isFilling()) return;
+    if (m_isListed) narrow();
+    drawAfterList(m_list.kind(), m_isListed);
 }
 
 /// Lets the graphic read the records that the list shows.
@@ -133,14 +152,28 @@ void GraphicViews::narrow()
 void GraphicViews::followFilter()
 {
     m_pause.stop();
+    if (m_page.hidesGraphic()) return;
     if (!m_isListed || m_list.isFilling() || m_at.history.currentKind() != viewOf(m_list.kind())) return;
     narrow();
     m_list.kind() == RecordKind::Organization ? m_map->followFilter() : draw(m_list.kind());
     explainEmpty();
 }
 
+void GraphicViews::updateTimeline(std::optional<Moment> savedStart)
+{
+    if (m_page.showsGraphic(RecordKind::Event)) return m_timeline->updateTimeline(savedStart);
+    m_isOutdated = true;
+    if (savedStart) m_savedStart = savedStart;
+}
+
+bool GraphicViews::isHidden() const
+{
+    return m_page.hidesGraphic();
+}
+
 std::optional<GraphicPicture> GraphicViews::picture()
 {
+    if (m_page.hidesGraphic()) return std::nullopt;
     if (m_pause.isActive()) followFilter();
     switch (m_list.kind()) {
     case RecordKind::Document:
@@ -155,6 +188,7 @@ std::optional<GraphicPicture> GraphicViews::picture()
 
 void GraphicViews::showSelected()
 {
+    if (m_page.hidesGraphic()) return;
     if (m_list.kind() == RecordKind::Event) m_timeline->showSelected();
     if (m_list.kind() == RecordKind::Organization) m_map->showSelected();
 }
@@ -162,6 +196,7 @@ void GraphicViews::showSelected()
 /// Moves the graphic to a record that the user went to in the list.
 void GraphicViews::goToRecord(qint64 identifier)
 {
+    if (m_page.hidesGraphic()) return;
     if (m_list.kind() == RecordKind::Event) m_timeline->chooseEvent(identifier);
     if (m_list.kind() == RecordKind::Organization) m_map->goToSelected();
 }

@@ -22,7 +22,7 @@ void PrintCommand::run()
     runProcedure(m_platform.messages, QStringLiteral("printView"), [&] {
         frmPrint window(m_platform,
                         {m_view.state().session, m_view.list().model(), m_view.caption(), m_view.selected(),
-                         m_view.graphic()},
+                         m_view.graphic(), m_view.noGraphic()},
                         &m_view.window());
         window.exec();
         outcome = window.outcome();

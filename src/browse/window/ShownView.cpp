@@ -41,3 +41,8 @@ std::optional<GraphicPicture> ShownView::graphic() const
 {
     return m_graphics.picture();
 }
+
+QString ShownView::noGraphic() const
+{
+    return m_graphics.isHidden() ? tr("The graphic is hidden.") : tr("The graphic shows nothing.");
+}

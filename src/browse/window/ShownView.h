@@ -42,8 +42,11 @@ public:
     [[nodiscard]] std::vector<qint64> records() const;
     [[nodiscard]] std::vector<qint64> selected() const;
 
-    /// The graphic beside the list; std::nullopt if it shows nothing.
+    /// The graphic beside the list; std::nullopt if it shows nothing or is hidden.
     [[nodiscard]] std::optional<GraphicPicture> graphic() const;
+
+    /// Why there is no such graphic, in a sentence for the user.
+    [[nodiscard]] QString noGraphic() const;
 
 private:
     ProgramState& m_state;

@@ -90,9 +90,9 @@ frmMain::frmMain(const Platform& platform, DatabaseOpener& opener, ProgramState&
       m_undo(new UndoCommands(
           platform, state, *m_commands, [this] { return m_database.unwritable(); }, *this)),
       m_windows(new RecordWindows(platform, state, *m_positions, *m_editors, *this)),
-      m_graphics(new GraphicViews(
-          {state.session, state.history, state.queries, state.folder, platform.clock, platform.messages},
-          *m_list, *m_browse, *this)),
+      m_graphics(new GraphicViews({state.session, state.history, state.queries, state.folder, platform.clock,
+                                   platform.settings, platform.messages},
+                                  *m_list, *m_browse, *this)),
       m_shown(std::make_unique<ShownView>(state, *m_list, *m_graphics, *this)),
       m_details(new DetailsCommand(platform, *m_open, *m_shown, *m_browse, *m_commands, this)),
       m_fileReading(new FileReading(platform, state, *m_status, this)),
@@ -141,6 +141,10 @@ void frmMain::connectCommands()
     on(m_commands->mnuViewRefresh, [this] { m_pages->refresh(); });
     on(m_commands->mnuViewGraphicRight, [this] { m_browse->setSide(Qt::Horizontal); });
     on(m_commands->mnuViewGraphicBelow, [this] { m_browse->setSide(Qt::Vertical); });
+    on(m_commands->mnuViewHideGraphic, [this](bool hidden) { m_browse->hideGraphic(hidden); });
+    for (const QAction* action :
+         {m_commands->mnuViewGraphicRight, m_commands->mnuViewGraphicBelow, m_commands->mnuViewHideGraphic})
+        connect(action, &QAction::triggered, this, [this] { m_commandStates->refresh(); });
     on(m_commands->mnuNavigateBack, [this] {
         if (!m_state.history.goBack()) m_platform.messages.beep();
     });
@@ -148,6 +152,7 @@ void frmMain::connectCommands()
         if (!m_state.history.goForward()) m_platform.messages.beep();
     });
     on(m_commands->mnuNavigateHome, [this] { viewHome(); });
+    on(m_commands->mnuNavigateGoToDate, [this] { m_graphics->timeline().goToDate(); });
     on(m_commands->mnuNavigateSettings, [this] {
         if (m_settings->change(*this) && m_pages->showsList()) m_pages->refresh();
     });
@@ -200,8 +205,8 @@ void frmMain::connectEditors()
     connect(m_search, &SearchCommands::recordChosen, m_editors, &RecordEditors::view);
     connect(m_related, &RelatedCommands::additionWanted, this, &frmMain::add);
     connect(m_editors, &RecordEditors::eventSaved, this, [this](const std::optional<QDateTime>& start) {
-        m_graphics->timeline().updateTimeline(start ? std::optional(momentOf(start->date(), start->time()))
-                                                    : std::nullopt);
+        m_graphics->updateTimeline(start ? std::optional(momentOf(start->date(), start->time()))
+                                         : std::nullopt);
     });
     connect(m_editors, &RecordEditors::changed, this, [this](RecordKind kind, qint64 saved) {
         const int row = m_records->selectedRow();
@@ -281,7 +286,7 @@ void frmMain::startOver()
 /// The views are read anew whenever they are shown; of the rest, only the limits of the timeline are kept.
 void frmMain::lookForOutsideChange()
 {
-    if (m_database.wasChanged()) m_graphics->timeline().updateTimeline(std::nullopt);
+    if (m_database.wasChanged()) m_graphics->updateTimeline(std::nullopt);
 }
 
 /// Never while something else is going on: the user may be asked, and another database opened.
