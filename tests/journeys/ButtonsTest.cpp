@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QMenu>
+#include <QSplitter>
 #include <QTest>
 #include <QTimer>
 #include <QToolBar>
@@ -78,6 +79,8 @@ protected:
         QStringList& opened = journey.desktop.shell.opened;
         m_done += opened.replaceInStrings(journey.database.folder(), QString());
         opened.clear();
+        const bool isAlone = journey.find<QSplitter>("splitter").sizes().back() == 0;
+        if (journey.list().isVisible() && isAlone) m_done << u"list alone"_s;
         if (!m_done.isEmpty()) return m_done.join(u'|').toStdString();
         const std::string rows = journey.list().isVisible() ? ": " + journey.column(0) : "";
         return journey.viewPanel().toStdString() + rows;
@@ -119,6 +122,8 @@ const struct
     {"View", "Agency", "Viewing Organization 2 (Read-Only)"},
     {"mnuViewDocuments", "", "View ALL Documents: Atlas|Brief"},
     {"mnuRecordPrint", "", "Print"},
+    {"mnuViewHideGraphic", "", "list alone"},
+    {"mnuViewHideGraphic", "", "View ALL Documents: Atlas|Brief"},
     {"Edit", "Brief", "Editing DocumentID 3"},
     {"View", "Brief", "Viewing DocumentID 3 (Read-Only)"},
     {"mnuRecordOpen", "Atlas", "/data/documents/2.pdf"},

@@ -143,6 +143,27 @@ TEST_F(FilteredGraphic, ReadsNothingWhileItIsHiddenAndIsThenDrawnAsTheListIs)
     }
 }
 
+TEST_F(FilteredGraphic, KnowsTheEventsThatWereSavedWhileItWasHidden)
+{
+    const Timeline& timeline = journey.find<TimelinePanel>("pnlTimeline").timeline();
+    const auto begins = [&] { return dateTimeText(timeline.window().limits().timelineStart).toStdString(); };
+    journey.trigger("mnuViewEvents");
+    journey.trigger("mnuViewHideGraphic");
+    const std::string before = begins();
+    journey.database.run("UPDATE Event SET StartDate = '1901-02-03', StartTime = '00:00' WHERE EventID = 3");
+    const CollectedLog log;
+    QLoggingCategory::setFilterRules(u"orvik.statements=true"_s);
+    journey.trigger("mnuViewRefresh");
+    EXPECT_EQ(statements(log), 1) << log.lines().join(u'\n').toStdString();
+    EXPECT_EQ(begins(), before);
+    const QAction& goToDate = journey.find<QAction>("mnuNavigateGoToDate");
+    EXPECT_FALSE(goToDate.isEnabled());
+    EXPECT_EQ(goToDate.toolTip().section(u'\n', 1), u"The graphic is hidden."_s);
+    journey.trigger("mnuViewHideGraphic");
+    EXPECT_TRUE(goToDate.isEnabled());
+    EXPECT_EQ(begins(), "02/03/1901 00:00");
+}
+
 TEST_F(FilteredGraphic, IsDrawnBeforeItIsCopied)
 {
     type("c");

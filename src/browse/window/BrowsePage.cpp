@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -46,9 +47,13 @@ double shareOf(const QSplitter& splitter, double former)
     return all == 0 ? former : std::clamp(static_cast<double>(sizes[1]) / all, smallestShare, largestShare);
 }
 
-void divide(QSplitter& splitter, int length, double share)
+/// The reverse of `shareOf`, to the pixel: what is divided again and again must not move.
+void divide(QSplitter& splitter, double share)
 {
-    const int second = static_cast<int>(length * share);
+    const QSize whole = splitter.size();
+    const int length =
+        (splitter.orientation() == Qt::Horizontal ? whole.width() : whole.height()) - splitter.handleWidth();
+    const int second = static_cast<int>(std::lround(length * share));
     splitter.setSizes({length - second, second});
 }
 
@@ -143,10 +148,15 @@ void BrowsePage::applyPlace()
         m_graphics->addWidget(graphic);
     }
     m_graphics->setCurrentWidget(graphic);
+    // a stack is as large as its largest page wants to be, unless the others are ignored
+    for (const auto& [kind, place] : m_places) {
+        const bool isShown = place.graphic == graphic;
+        const auto policy = isShown ? QSizePolicy::Preferred : QSizePolicy::Ignored;
+        if (place.graphic != nullptr) place.graphic->setSizePolicy(policy, policy);
+    }
     m_splitter->setOrientation(m_shown->side);
     applyDetails();
-    divide(*m_splitter, m_shown->side == Qt::Horizontal ? m_splitter->width() : m_splitter->height(),
-           m_shown->share);
+    divide(*m_splitter, m_shown->share);
 }
 
 void BrowsePage::setDetails(Maker maker)
@@ -181,7 +191,7 @@ void BrowsePage::applyDetails()
     }
     if (m_details.widget == nullptr || m_details.widget->isHidden() != m_details.isShown) return;
     m_details.widget->setVisible(m_details.isShown);
-    divide(*m_columns, width(), m_details.share);
+    divide(*m_columns, m_details.share);
 }
 
 void BrowsePage::save()

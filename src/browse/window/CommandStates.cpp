@@ -43,8 +43,10 @@ void CommandStates::enableViewCommands(const QString& noList) const
         enableUnless(*action, noList);
     }
     const bool showsEvents = m_at.list.kind() == RecordKind::Event;
-    enableUnless(*commands.mnuNavigateGoToDate,
-                 noList.isEmpty() && !showsEvents ? tr("The timeline is shown with events only.") : noList);
+    const QString noTimeline = !showsEvents                 ? tr("The timeline is shown with events only.")
+                               : m_at.browse.hidesGraphic() ? tr("The graphic is hidden.")
+                                                            : QString();
+    enableUnless(*commands.mnuNavigateGoToDate, noList.isEmpty() ? noTimeline : noList);
     const bool isWhole = !noList.isEmpty() || !m_at.list.isFilling();
     const QString noOutput = isWhole ? noList : tr("The list is still being read.");
     for (QAction* action : {commands.mnuRecordExport, commands.mnuRecordPrint})
