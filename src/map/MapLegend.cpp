@@ -71,8 +71,8 @@ void MapLegend::showLine(int row)
     item(row)->setIcon(isHidden ? sign.pixmap(iconSize(), devicePixelRatioF(), QIcon::Disabled) : sign);
     item(row)->setText(textOf(line));
     item(row)->setToolTip(PlainToolTip::text(textOf(line)));
-    item(row)->setForeground(
-        palette().brush(isHidden ? QPalette::Disabled : QPalette::Active, QPalette::Text));
+    item(row)->setData(Qt::ForegroundRole,
+                       isHidden ? QVariant(palette().brush(QPalette::Disabled, QPalette::Text)) : QVariant());
 }
 
 /// Raises the markers of a line; none with -1 or those of a hidden line.

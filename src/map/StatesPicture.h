@@ -59,8 +59,9 @@ private:
     void drawInset(QPainter& painter, const MapInset& inset, const States& states, const Sheet& sheet) const;
     [[nodiscard]] std::vector<PlacedName> namesOf(const States& states, const MapPicture& frame,
                                                   const QRectF& sight, const QFont& font) const;
-    [[nodiscard]] std::optional<PlacedName> nameOf(const StateShape& state, const MapPicture& frame,
-                                                   const QFontMetricsF& metrics) const;
+    [[nodiscard]] static std::optional<PlacedName> nameOf(const StateShape& state, const MapPicture& frame,
+                                                          const QFontMetricsF& metrics,
+                                                          const std::vector<MapObstacle>& obstacles);
     static void drawNames(QPainter& painter, const std::vector<PlacedName>& names, const QRectF& sight,
                           const QFont& font);
     [[nodiscard]] States statesIn(const MapExtent& extent, std::optional<std::size_t> inset) const;

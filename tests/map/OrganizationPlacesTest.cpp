@@ -19,7 +19,8 @@ protected:
     {
         database.run("INSERT INTO Function VALUES (1, 'None'), (2, 'Relief'), (17, 'Rescue'), (18, 'Law')");
         database.run("INSERT INTO CityLocations (LocationID, City, State, Lat, Lon) VALUES "
-                     "(5, 'Austin', 'TX', 30.25, -97.75), (6, 'Reno', 'NV', 39.5, -119.8)");
+                     "(5, 'Austin', 'TX', 30.25, -97.75), (6, 'Reno', 'NV', 39.5, -119.8), (7, 'Half', 'UT', "
+                     "40, NULL)");
     }
 
     /// Adds an organization; `position` is its own latitude and longitude or nulls.
@@ -86,6 +87,7 @@ TEST_F(OrganizationPlacesTest, HasOneEntryForEachPlaceAndFunction)
     add(9, "NULL", "NULL, NULL", "-14.3, -170.7");
     add(10, "0", "'Camp', 'NV'", "39.6, -118");
     add(11, "2", "'Austin', 'TX'", "31, NULL");
+    add(12, "2", "'Half', 'UT'", "NULL, NULL");
     read();
     EXPECT_EQ(entries(), "Function 0 Camp, NV 39.6,-118 0 x1\n"
                          "Law Camp, NV 39.6,-118 1 x1\n"
@@ -95,8 +97,13 @@ TEST_F(OrganizationPlacesTest, HasOneEntryForEachPlaceAndFunction)
                          "Relief Austin, TX 30.25,-97.75 1 x3\n"
                          "Rescue Austin, TX 30.25,-97.75 0 x1");
     EXPECT_EQ(places.placed(), 9u) << "each organization once";
+    EXPECT_EQ(places.withoutPlace(), 2);
+    EXPECT_EQ(firstColumnOf(database.session(), places.queryWithoutPlace()->sqlStr()), u"12 5"_s);
+    database.run(
+        "INSERT INTO OrganizationVenues (OrganizationID, VenueID) VALUES (2, 4), (2, 5), (5, 5), (5, 6)");
+    read(u" AND VenueID > 0"_s);
+    EXPECT_EQ(entries(), "Relief Austin, TX 30.25,-97.75 1 x1") << "however often the query returns it";
     EXPECT_EQ(places.withoutPlace(), 1);
-    EXPECT_EQ(firstColumnOf(database.session(), places.queryWithoutPlace()->sqlStr()), u"5"_s);
     read(u" AND State LIKE 'TX'"_s);
     EXPECT_EQ(places.entries().size(), 2u) << "the places before are forgotten";
     EXPECT_NE(errorNumberOf([&] { read(u" AND Nothing = 1"_s); }), 0);
@@ -125,6 +132,7 @@ TEST_F(OrganizationPlacesTest, ReadsThousandsOfFunctionsLikeAFew)
     places.read(all, all);
     places.narrow(all, query(u" AND Organization.OrganizationID <> 2"_s));
     EXPECT_EQ(inOrder(), fewer) << "those of a narrowed view too, in the order of all";
+    EXPECT_EQ(places.placed(), 3u);
     EXPECT_EQ(places.entryOf(2), std::nullopt);
     EXPECT_EQ(namesAt(places.entryOf(4).value(), true), "Org 3|Org 4");
     database.run("DELETE FROM Organization WHERE OrganizationID = 5");
