@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // The timeline's refresh, from the button to the painted picture of 1600 x 400, at both ends of the span and
-// in its middle; and its statement beside what SQLite alone takes for the same over the stored query as a
-// plain view. Then the band over the ruler: its first picture, and a frame of dragging its box.
+// in its middle; its statement beside what SQLite alone takes for the same over the stored query as a
+// plain view; a frame while the middle button drags the strip; and an arrow key that goes to another lane,
+// with the list that follows. Then the band over the ruler: its first picture, and a frame of dragging its
+// box.
 
 #include "BenchWindow.h"
 #include "browse/window/frmMain.h"
@@ -11,6 +13,7 @@
 #include "timeline/TimelinePanel.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QRegularExpression>
 #include <QToolButton>
@@ -41,11 +44,12 @@ class BenchTimeline
 public:
     BenchTimeline(int events, Place place, int zoomFactor)
         : m_window(events),
-          m_panel(*m_window.program().window()->findChild<TimelinePanel*>(QStringLiteral("pnlTimeline")))
+          m_panel(*m_window.program().window()->findChild<TimelinePanel*>(QStringLiteral("pnlTimeline"))),
+          m_picture(m_panel.findChild<QWidget*>(QStringLiteral("picTimeline")))
     {
         ProgramState& state = m_window.program().state();
         state.history.addView({ViewKind::Events, state.queries.events, QStringLiteral("All")});
-        m_panel.findChild<QWidget*>(QStringLiteral("picTimeline"))->setFixedSize(1600, 400);
+        m_picture->setFixedSize(1600, 400);
         QApplication::processEvents();
         for (int level = 0; level < zoomFactor; ++level)
             click("ZoomOut");
@@ -61,6 +65,24 @@ public:
         m_forward = !m_forward;
         click(m_forward ? "NavStepForward" : "NavStepBack");
         m_panel.repaint();
+    }
+
+    /// Drags the strip further, so far that it shows another window at every level, and paints it.
+    void drag()
+    {
+        if (m_dragged == 0) sendMouse(QEvent::MouseButtonPress, *m_picture, Qt::MiddleButton);
+        m_dragged += 100;
+        sendMouse(QEvent::MouseMove, m_panel, Qt::NoButton);
+        m_panel.repaint();
+    }
+
+    /// A lane down or up again, and all that is painted for it.
+    void goToLane()
+    {
+        m_forward = !m_forward;
+        QKeyEvent key(QEvent::KeyPress, m_forward ? Qt::Key_Down : Qt::Key_Up, {});
+        QApplication::sendEvent(m_picture, &key);
+        QApplication::processEvents();
     }
 
     [[nodiscard]] QString statement()
@@ -95,22 +117,47 @@ public:
     [[nodiscard]] std::size_t hits() const { return m_panel.timeline().hitCount(); }
 
 private:
+    void sendMouse(QEvent::Type type, QWidget& receiver, Qt::MouseButton button)
+    {
+        const QPointF place = m_picture->mapToGlobal(QPointF(-m_dragged, 0));
+        QMouseEvent event(type, receiver.mapFromGlobal(place), place, button, Qt::MiddleButton, {});
+        QApplication::sendEvent(&receiver, &event);
+    }
+
     BenchWindow m_window;
     TimelinePanel& m_panel;
+    QWidget* m_picture;
     bool m_forward = false;
+    int m_dragged = 0; ///< to the left, in pixels
 };
 
-void refresh(benchmark::State& state)
+void measure(benchmark::State& state, void (BenchTimeline::*frame)())
 {
     BenchTimeline timeline(static_cast<int>(state.range(0)), static_cast<Place>(state.range(1)),
                            static_cast<int>(state.range(2)));
     std::vector<double> times;
     for (auto _ : state) {
-        times.push_back(timeOf([&] { timeline.refresh(); }).count());
+        times.push_back(timeOf([&] { (timeline.*frame)(); }).count());
         state.SetIterationTime(times.back() / 1000);
     }
     state.counters["median_ms"] = medianOf(times);
+    state.counters["slowest_ms"] = *std::max_element(times.begin(), times.end());
     state.counters["events"] = static_cast<double>(timeline.hits());
+}
+
+void refresh(benchmark::State& state)
+{
+    measure(state, &BenchTimeline::refresh);
+}
+
+void drag(benchmark::State& state)
+{
+    measure(state, &BenchTimeline::drag);
+}
+
+void goToLane(benchmark::State& state)
+{
+    measure(state, &BenchTimeline::goToLane);
 }
 
 void statement(benchmark::State& state)
@@ -206,3 +253,5 @@ BENCHMARK(dragBand)
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()
     ->Iterations(100);
+BENCHMARK(drag)->Apply([](auto* benchmark) { places(benchmark, {32000, 1000000}); }) -> Iterations(100);
+BENCHMARK(goToLane)->Apply([](auto* benchmark) { places(benchmark, {32000, 1000000}); }) -> Iterations(100);

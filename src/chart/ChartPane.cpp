@@ -204,7 +204,7 @@ void ChartPane::describe(std::size_t documents)
     }
     const QLocale english(QLocale::English);
     const auto bar = static_cast<int>(highest - m_chart->counts().begin());
-    m_chart->setAccessibleDescription(tr("Types: %1. Documents in the list: %2. The longest bar: %3. The "
+    m_chart->setAccessibleDescription(tr("Types: %1. Documents in the list: %2. The longest bar is %3. The "
                                          "arrow keys go from bar to bar, the "
                                          "menu key opens a bar's menu")
                                           .arg(english.toString(m_counts.size() + m_leftOut),

@@ -14,16 +14,16 @@
 
 namespace {
 
-constexpr double largestShare = 0.45; ///< of the width, for the names
+constexpr double nameShare = 0.45; ///< of the width, for the names
 
 // pixels
-constexpr int margin = 10;
-constexpr int gap = 6; ///< from a name to its bar, and from there to its number
-constexpr int rowGap = 8;
-constexpr int titleRoom = 34; ///< with the margins above and below
+constexpr int sideMargin = 10;
+constexpr int besideBar = 6; ///< from a name to its bar, and from there to its number
+constexpr int betweenRows = 8;
+constexpr int topRoom = 34; ///< with the margins above and below
 constexpr int narrowestNames = 60;
 constexpr int shortestRoom = 20;
-constexpr int highestPicture = 12000; ///< an image of twice that height can still be drawn
+constexpr int highestWhole = 12000; ///< an image of twice that height can still be drawn
 
 } // namespace
 
@@ -36,7 +36,7 @@ void HorizontalBars::layOut()
 {
     const QFontMetrics metrics = m_view.fontMetrics();
     const int width = m_view.width();
-    const int widest = std::max(static_cast<int>(width * largestShare), narrowestNames);
+    const int widest = std::max(static_cast<int>(width * nameShare), narrowestNames);
     m_rows.clear();
     m_nameWidth = 0;
     for (const DocumentTypeCount& count : m_counts) {
@@ -50,12 +50,12 @@ void HorizontalBars::layOut()
     }
     const qint64 highest = highestCount(m_counts);
     const int numbers = metrics.horizontalAdvance(QString::number(highest));
-    const int room = std::max(width - m_nameWidth - numbers - 2 * gap - 2 * margin, shortestRoom);
-    int top = titleRoom;
+    const int room = std::max(width - m_nameWidth - numbers - 2 * besideBar - 2 * sideMargin, shortestRoom);
+    int top = topRoom;
     for (std::size_t i = 0; i < m_rows.size(); ++i) {
         Row& row = m_rows[i];
         row.top = top;
-        row.height = static_cast<int>(row.name.size()) * metrics.height() + rowGap;
+        row.height = static_cast<int>(row.name.size()) * metrics.height() + betweenRows;
         const double share = static_cast<double>(m_counts[i].documents) / static_cast<double>(highest);
         row.length = std::max(static_cast<int>(share * room), 1);
         top += row.height;
@@ -64,7 +64,7 @@ void HorizontalBars::layOut()
 
 int HorizontalBars::bottom() const
 {
-    return m_rows.empty() ? titleRoom : m_rows.back().top + m_rows.back().height + rowGap;
+    return m_rows.empty() ? topRoom : m_rows.back().top + m_rows.back().height + betweenRows;
 }
 
 QSize HorizontalBars::leastSize() const
@@ -75,14 +75,15 @@ QSize HorizontalBars::leastSize() const
 QSize HorizontalBars::wholeSize() const
 {
     // the wider it is, the fewer lines the names take
-    return bottom() > highestPicture ? QSize(2 * m_view.width(), m_view.height())
-                                     : QSize(m_view.width(), bottom());
+    return bottom() > highestWhole ? QSize(2 * m_view.width(), m_view.height())
+                                   : QSize(m_view.width(), bottom());
 }
 
 QRect HorizontalBars::plainBar(const Row& row) const
 {
     const int thickness = m_view.fontMetrics().height();
-    return {margin + m_nameWidth + gap, row.top + (row.height - thickness) / 2, row.length, thickness};
+    return {sideMargin + m_nameWidth + besideBar, row.top + (row.height - thickness) / 2, row.length,
+            thickness};
 }
 
 void HorizontalBars::draw(QPainter& painter, const QRect& sight)
@@ -105,19 +106,19 @@ void HorizontalBars::drawRow(QPainter& painter, const Row& row, bool isMarked) c
     painter.setPen(colours.color(QPalette::Text));
     // a text from right to left, too, ends at its bar
     constexpr auto atBar = Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute;
-    QRect line(margin, row.top + rowGap / 2, m_nameWidth, bar.height());
+    QRect line(sideMargin, row.top + betweenRows / 2, m_nameWidth, bar.height());
     for (const QString& text : row.name) {
         painter.drawText(line, atBar | Qt::TextSingleLine | Qt::TextDontClip, text);
         line.translate(0, bar.height());
     }
-    const QRect number(bar.right() + 1 + gap, bar.top(), 0, bar.height());
+    const QRect number(bar.right() + 1 + besideBar, bar.top(), 0, bar.height());
     painter.drawText(number, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, row.number);
 }
 
 QRect HorizontalBars::barRect(int bar) const
 {
     const Row& row = m_rows.at(static_cast<std::size_t>(bar));
-    return plainBar(row).adjusted(0, 0, gap + m_view.fontMetrics().horizontalAdvance(row.number), 0);
+    return plainBar(row).adjusted(0, 0, besideBar + m_view.fontMetrics().horizontalAdvance(row.number), 0);
 }
 
 std::optional<int> HorizontalBars::barAt(QPoint position) const

@@ -14,7 +14,7 @@ constexpr double titleHeight = 16;
 /// For half of a marker, which may stand at the very edge of a state: within a frame, and beside it.
 constexpr double padding = 8;
 constexpr double apart = 6;
-constexpr double lowest = 46;
+constexpr int lowest = 46;
 
 QRectF boundsOf(double west, double north, double east, double south)
 {
@@ -125,7 +125,7 @@ std::vector<MapInset> layOutInsets(const std::vector<InsetState>& states, const 
     const QRectF screen = QRectF(QPointF(), size).adjusted(apart, apart, -apart, -apart);
     // on whole pixels, frames are sharp lines
     const QRectF room = contiguous.adjusted(-aside, 0, aside, below).intersected(screen).toRect();
-    for (double height = std::floor(contiguous.height() * shareOfHeight); height >= lowest; --height) {
+    for (int height = static_cast<int>(contiguous.height() * shareOfHeight); height >= lowest; --height) {
         const std::vector<QRectF> frames = framesOf(states, height, room);
         if (!areFree(frames, contiguous)) continue;
         std::vector<MapInset> insets;

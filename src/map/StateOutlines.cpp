@@ -119,7 +119,8 @@ private:
     /// Each is looked for once: the lines of text share them.
     const Chords& across(int step)
     {
-        auto& found = m_across.at(static_cast<std::size_t>(step + mostSteps + 1));
+        const int place = step + mostSteps + 1;
+        auto& found = m_across.at(static_cast<std::size_t>(place));
         if (!found) found = chords(m_ring, height(step));
         return *found;
     }

@@ -9,8 +9,8 @@
 
 namespace {
 
-/// Units; a narrower part could not be pointed at.
-constexpr double narrowestPart = 2;
+/// Units; narrower parts could hardly be told apart and pointed at.
+constexpr double narrowestPart = 4;
 
 Moment midnightOf(Moment moment)
 {

@@ -18,10 +18,12 @@ constexpr int columnsTop = 4;
 constexpr int columnsHeight = 18;
 constexpr int lineTop = columnsTop + columnsHeight + 1;
 constexpr int lineHeight = 2;
-constexpr int labelsTop = lineTop + lineHeight + 1;
-constexpr int lowestColumn = 2;
+constexpr int ticksTop = lineTop + lineHeight;
 constexpr int shortTick = 3;
-constexpr double shortestLine = 2; ///< shorter events are told by their column
+constexpr int labelsTop = ticksTop + shortTick;
+constexpr int lowestColumn = 3;
+constexpr int columnGap = 1;
+constexpr double shortestLine = 4; ///< shorter events are told by their column
 
 constexpr int darkGround = 128; ///< the lightness below which a ground is dark
 
@@ -39,7 +41,7 @@ struct Colours
           text(palette.color(QPalette::Text)),
           isDark(ground.lightness() < darkGround),
           event(isDark ? QColor(120, 134, 235) : QColor(92, 96, 178)),
-          key(isDark ? TimelineColours::key : QColor(226, 148, 0))
+          key(isDark ? TimelineColours::key : QColor(222, 150, 24))
     {
     }
 
@@ -61,10 +63,11 @@ void paintTicks(QPainter& painter, const BandLabels& labels, const Colours& colo
 {
     painter.setPen(withAlpha(colours.text, 90));
     for (const double tick : labels.ticks)
-        painter.drawLine(QLineF(tick, labelsTop, tick, labelsTop + shortTick - 1));
+        painter.drawLine(QLineF(tick, ticksTop, tick, ticksTop + shortTick - 1));
     for (const BandLabels::Label& label : labels.labels) {
         painter.setPen(withAlpha(colours.text, label.isStrong ? 80 : 36));
-        painter.drawLine(QLineF(label.tick, columnsTop, label.tick, labelsTop + columnsHeight));
+        painter.drawLine(
+            QLineF(label.tick, columnsTop, label.tick, labelsTop + painter.fontMetrics().height()));
     }
 }
 
@@ -74,7 +77,7 @@ void paintColumns(QPainter& painter, const BandParts& parts, const Colours& colo
     for (const BandPart& part : parts.all()) {
         if (part.events == 0) continue;
         const int left = static_cast<int>(std::floor(part.left));
-        const int width = std::max(static_cast<int>(std::floor(part.right)) - left, 1);
+        const int width = std::max(static_cast<int>(std::floor(part.right)) - left - columnGap, 1);
         const int keys = heightOf(part.keyEvents, parts.most());
         // what is stacked on key events is seen however few it is
         const int whole = std::max(heightOf(part.events, parts.most()),

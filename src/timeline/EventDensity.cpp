@@ -8,13 +8,18 @@
 #include <algorithm>
 #include <optional>
 
-EventDensity EventDensity::read(DatabaseSession& session, const SQLObject& view)
+QString EventDensity::statement(const SQLObject& view)
 {
     // what runs on a day began on it or on an earlier one: the latest end of each day tells of all of them
-    RecordSet rows = session.read(
-        QStringLiteral("SELECT StartDate, max(EndDate) AS LastDate, count(Event.EventID) AS eventCount, "
-                       "count(CASE WHEN KeyEvent <> 0 THEN Event.EventID END) AS keyCount ") +
-        view.FromClause + u' ' + view.WhereClause + QStringLiteral(" GROUP BY StartDate ORDER BY StartDate"));
+    return QStringLiteral("SELECT StartDate, max(EndDate) AS LastDate, count(Event.EventID) AS eventCount, "
+                          "count(DISTINCT CASE WHEN KeyEvent <> 0 THEN Event.EventID END) AS keyCount ") +
+           view.FromClause + u' ' + view.WhereClause +
+           QStringLiteral(" GROUP BY StartDate ORDER BY StartDate");
+}
+
+EventDensity EventDensity::read(DatabaseSession& session, const SQLObject& view)
+{
+    RecordSet rows = session.read(statement(view));
     const int startDate = rows.column(u"StartDate");
     const int lastDate = rows.column(u"LastDate");
     const int eventCount = rows.column(u"eventCount");

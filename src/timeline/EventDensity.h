@@ -4,7 +4,7 @@
 
 #include "timeline/Moment.h"
 
-#include <QtGlobal>
+#include <QString>
 
 #include <vector>
 
@@ -31,9 +31,11 @@ public:
         Moment end = 0;   ///< the midnight after the last
     };
 
-    /// Reads them with one statement. The where clause of the view must hold a complete condition. Throws
-    /// Error.
+    /// Reads them with one statement. Throws Error.
     [[nodiscard]] static EventDensity read(DatabaseSession& session, const SQLObject& view);
+
+    /// That statement. The where clause of the view must hold a complete condition.
+    [[nodiscard]] static QString statement(const SQLObject& view);
 
     /// The days on which events begin, in their order.
     [[nodiscard]] const std::vector<Day>& days() const { return m_days; }

@@ -259,13 +259,6 @@ std::optional<std::size_t> Timeline::selectedPosition() const
     return selected ? m_events.positionOf(*selected) : std::nullopt;
 }
 
-std::size_t Timeline::eventsBelow() const
-{
-    // lanes that could not be drawn count as below
-    const std::size_t shown = static_cast<std::size_t>(m_scroll.value) + m_lanes.size();
-    return std::max(m_events.events().size(), shown) - shown;
-}
-
 QString Timeline::description() const
 {
     const std::size_t count = m_events.events().size();

@@ -110,9 +110,6 @@ public:
     /// How many events the last window that was not empty had.
     [[nodiscard]] std::size_t hitCount() const { return m_events.hitCount(); }
 
-    /// How many events of the window come after that in the last lane.
-    [[nodiscard]] std::size_t eventsBelow() const;
-
     /// The period of the window and how many events it has, in words.
     [[nodiscard]] QString description() const;
 

@@ -69,6 +69,8 @@ void TimelinePanel::connectParts()
     connect(input, &TimelineInput::eventChosen, this, [this](qint64 eventId) {
         showAll();
         Q_EMIT eventSelected(eventId);
+        // the list has told them of its row, though it does not have the focus
+        m_picture->announceSelected();
     });
     connect(m_band, &TimelineBand::periodChosen, this, [this](Moment leftEdge, int zoomFactor) {
         m_timeline.showPeriod(leftEdge, zoomFactor);
@@ -231,9 +233,8 @@ void TimelinePanel::showAll()
     m_scrollBar->setVisible(scroll.isShown);
 
     const TimeWindow& window = m_timeline.window();
-    const std::size_t below = m_timeline.eventsBelow();
-    m_moreBelow->setText(
-        tr("%1 more below", nullptr, static_cast<int>(below)).arg(QLocale(QLocale::English).toString(below)));
+    const int below = scroll.max - scroll.value;
+    m_moreBelow->setText(tr("%1 more below", nullptr, below).arg(QLocale(QLocale::English).toString(below)));
     m_moreBelow->setVisible(below > 0);
     m_zoomLabel->setText(TimelineScale::zoomName(window.zoomFactor()));
     m_zoomIn->setEnabled(window.canZoomIn());

@@ -105,8 +105,9 @@ void TimelinePicture::showLanes()
     } else {
         m_notice->hide();
     }
-    setAccessibleDescription(m_timeline.description());
-    announceSelected();
+    const QString description = m_timeline.description();
+    // Qt tells screen readers of a description that is set again, too
+    if (description != accessibleDescription()) setAccessibleDescription(description);
     update();
 }
 
@@ -138,18 +139,14 @@ bool TimelinePicture::accessibleShowsWidgets() const
     return m_timeline.isEmpty();
 }
 
-/// Tells screen readers of another event that the keys have gone to.
 void TimelinePicture::announceSelected()
 {
     const int item = accessibleCurrentItem();
-    const auto selected =
-        item < 0 ? std::nullopt : std::optional(m_timeline.lanes()[static_cast<std::size_t>(item)].eventId);
-    if (selected == m_announced) return;
-    m_announced = selected;
-    if (!selected || !hasFocus()) return;
+    if (item < 0 || !hasFocus()) return;
     // another event may have been in that lane
-    QAccessibleTableModelChangeEvent changed(this, QAccessibleTableModelChangeEvent::ModelReset);
-    QAccessible::updateAccessibility(&changed);
+    QAccessibleEvent renamed(this, QAccessible::NameChanged);
+    renamed.setChild(item);
+    QAccessible::updateAccessibility(&renamed);
     QAccessibleEvent focused(this, QAccessible::Focus);
     focused.setChild(item);
     QAccessible::updateAccessibility(&focused);

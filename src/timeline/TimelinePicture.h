@@ -6,7 +6,6 @@
 
 #include <QWidget>
 
-#include <optional>
 #include <vector>
 
 class EmptyWindowNotice;
@@ -27,6 +26,9 @@ public:
 
     /// Shows the lanes as they are now.
     void showLanes();
+
+    /// Tells screen readers of the selected event, to which the keys have gone.
+    void announceSelected();
 
     /// Draws the lanes with their grid, in the painter's font, and nothing as selected. `height` is in
     /// pixels.
@@ -63,7 +65,6 @@ protected:
 
 private:
     void growPool(int count);
-    void announceSelected();
 
     /// Returns the lane whose bar or marker is at a point, or null.
     [[nodiscard]] const Lane* drawnAt(const QPointF& point) const;
@@ -76,5 +77,4 @@ private:
     std::vector<EventLabel*> m_labels;
     std::vector<EventMarker*> m_markers;
     EmptyWindowNotice* m_notice;
-    std::optional<qint64> m_announced; ///< the selected event that screen readers were last told of
 };

@@ -198,11 +198,16 @@ TEST_F(ChartJourney, BarsLieDownWithTheirNamesWholeAndAreSorted)
         EXPECT_TRUE(texts.contains(QString(name).remove(u' '))) << texts.toStdString();
 
     // three, one, two and one documents, from the left to the right; the lowest row comes first
-    chart().setCurrentBar({});
     journey.list().setFocus();
-    const QImage turned = chart().grab().toImage().transformed(QTransform().rotate(90));
-    const std::vector<QRect> bars = drawnBars(turned, chart().palette().color(QPalette::Highlight));
+    const QPalette colours = chart().palette();
+    const auto turnedImage = [this] { return chart().grab().toImage().transformed(QTransform().rotate(90)); };
+    EXPECT_EQ(drawnBars(turnedImage(), colours.color(QPalette::Highlight)).size(), 3u) << "one is marked";
+    chart().setCurrentBar({});
+    const QImage turned = turnedImage();
+    EXPECT_EQ(turned.pixelColor(0, 0), colours.color(QPalette::Base));
+    const std::vector<QRect> bars = drawnBars(turned, colours.color(QPalette::Highlight));
     ASSERT_EQ(bars.size(), 4u);
+    EXPECT_LT(pane().picture()->size.height(), chart().height()) << "there is nothing below the last bar";
     for (const auto& [bar, count] : {std::pair(0, 1), {1, 2}, {2, 1}, {3, 3}}) {
         const QRect& drawn = bars[static_cast<std::size_t>(bar)];
         EXPECT_NEAR(drawn.height(), count * bars[0].height(), 3);
@@ -260,7 +265,6 @@ TEST_F(ChartJourney, AnEmptyResultAndAFailingStatementShowAnEmptyChart)
     blank.fill(chart().palette().color(QPalette::Base));
     EXPECT_NE(empty, blank) << "an empty chart says so";
     EXPECT_EQ(chart().barAt(QPoint(100, 100)), std::nullopt);
-    EXPECT_EQ(chart().accessibleDescription(), u"None of these documents has a type."_s);
     journey.trigger("chartHorizontal");
     EXPECT_TRUE(inked(chart().grab().toImage(), chart().rect().adjusted(0, chart().height() / 2 - 10, 0, 0))
                     .isValid());
@@ -356,7 +360,7 @@ TEST_F(ChartJourney, SaysHowManyTypesItLeavesOut)
     EXPECT_TRUE(more.isVisible());
     EXPECT_EQ(more.text(), u"and 1,252 more"_s);
     EXPECT_TRUE(chart().accessibleDescription().startsWith(
-        u"Types: 1,302. Documents in the list: 4. The longest bar: After-Action Report: 3 documents. "_s));
+        u"Types: 1,302. Documents in the list: 4. The longest bar is After-Action Report: 3 documents. "_s));
 }
 
 } // namespace

@@ -143,6 +143,23 @@ TEST_F(FilteredGraphic, ReadsNothingWhileItIsHiddenAndIsThenDrawnAsTheListIs)
     }
 }
 
+TEST_F(FilteredGraphic, KnowsTheEventsThatWereSavedWhileItWasHidden)
+{
+    const Timeline& timeline = journey.find<TimelinePanel>("pnlTimeline").timeline();
+    const auto begins = [&] { return dateTimeText(timeline.window().limits().timelineStart).toStdString(); };
+    journey.trigger("mnuViewEvents");
+    journey.trigger("mnuViewHideGraphic");
+    const std::string before = begins();
+    journey.database.run("UPDATE Event SET StartDate = '1901-02-03', StartTime = '00:00' WHERE EventID = 3");
+    const CollectedLog log;
+    QLoggingCategory::setFilterRules(u"orvik.statements=true"_s);
+    journey.trigger("mnuViewRefresh");
+    EXPECT_EQ(statements(log), 1) << log.lines().join(u'\n').toStdString();
+    EXPECT_EQ(begins(), before);
+    journey.trigger("mnuViewHideGraphic");
+    EXPECT_EQ(begins(), "02/03/1901 00:00");
+}
+
 TEST_F(FilteredGraphic, IsDrawnBeforeItIsCopied)
 {
     type("c");

@@ -91,7 +91,7 @@ TEST_P(ToolTips, ShowNamesAsTheyAreInDialogsAndPages)
     LinkList links({"lvOrganizations", "cmdAdd", "cmdClear", u"organizations"_s}, PickListKind::Organizations,
                    nullptr);
     links.setEntries({{GetParam(), 2}});
-    EXPECT_EQ(read(links.findChild<QListWidget*>()->item(0)->toolTip()), name + " (1)");
+    EXPECT_EQ(read(links.findChild<QListWidget*>()->item(0)->toolTip()), name);
     LinkButton result(nullptr);
     result.setLink(GetParam());
     EXPECT_EQ(read(result.toolTip()), name);
