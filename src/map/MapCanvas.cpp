@@ -41,6 +41,7 @@ void MapCanvas::setGrouped(bool grouped)
 
 void MapCanvas::setHidden(HiddenColours hidden)
 {
+    if (hidden == m_markers.hidden()) return;
     m_markers.setHidden(hidden);
     arrange();
 }

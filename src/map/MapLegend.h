@@ -21,6 +21,7 @@ public:
     explicit MapLegend(QWidget* parent);
 
     void setLines(const std::vector<LegendLine>& lines);
+    [[nodiscard]] const std::vector<LegendLine>& lines() const { return m_lines; }
 
     [[nodiscard]] HiddenColours hiddenColours() const { return m_hidden; }
     void showAllColours() { m_hidden.reset(); }

@@ -202,7 +202,7 @@ void MapPane::summarize()
     };
     QStringList hidden;
     int shown = static_cast<int>(m_places.placed());
-    for (const LegendLine& line : legendLines(m_places.entries())) {
+    for (const LegendLine& line : m_legend->lines()) {
         if (!m_legend->hiddenColours().test(static_cast<std::size_t>(line.colour))) continue;
         hidden << line.text();
         shown -= line.organizations();
@@ -258,7 +258,7 @@ std::optional<GraphicPicture> MapPane::picture() const
 {
     if (m_places.entries().empty()) return std::nullopt;
     PictureLegend legend(font(), m_map->width());
-    for (const LegendLine& line : legendLines(m_places.entries())) {
+    for (const LegendLine& line : m_legend->lines()) {
         const auto marker = [colour = line.colour](QPainter& painter, QPointF middle) {
             constexpr double diameter = 12;
             MarkerPictures::draw(painter, colour, middle, diameter);

@@ -35,6 +35,7 @@ public:
 
     /// Leaves the entries of some colours out.
     void setHidden(HiddenColours hidden);
+    [[nodiscard]] HiddenColours hidden() const { return m_hidden; }
 
     /// Draws the entries of one colour over the others, or of none. Of discs, the others turn pale.
     void setRaised(std::optional<int> colour) { m_raised = colour; }
