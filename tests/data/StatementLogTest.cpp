@@ -3,12 +3,6 @@
 #include "support/TestDatabase.h"
 
 #include <QLoggingCategory>
-#include <QRegularExpression>
-#include <QStringList>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -5,15 +5,6 @@
 #include "data/StatementTranslator.h"
 #include "support/TestDatabase.h"
 
-#include <QStringList>
-
-#include <gtest/gtest.h>
-
-#include <random>
-#include <tuple>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 TEST(StatementShapes, LeaveOutTheDatesAndNothingElse)

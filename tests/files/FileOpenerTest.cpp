@@ -4,13 +4,6 @@
 
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
-#include "support/TestFiles.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -4,9 +4,6 @@
 
 #include "history/HistoryTest.h"
 #include "journal/RecordParts.h"
-#include "support/TestFiles.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,22 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "backup/KeptBackups.h"
-#include "support/TestFiles.h"
 #include "util/Sha256.h"
-
-#include <QAbstractItemModelTester>
-#include <QApplication>
-#include <QClipboard>
-#include <QLabel>
-#include <QPushButton>
-#include <QStandardPaths>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

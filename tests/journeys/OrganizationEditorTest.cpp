@@ -1,17 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "EditorJourney.h"
-#include "support/TestFiles.h"
-
-#include <QComboBox>
-#include <QFile>
-#include <QLabel>
-#include <QTabWidget>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

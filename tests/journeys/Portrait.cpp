@@ -2,16 +2,9 @@
 
 #include "Portrait.h"
 
-#include "support/TestFiles.h"
+#include "support/Testing.h"
 
 #include <QtWidgets>
-
-#include <gtest/gtest.h>
-
-#include <map>
-#include <memory>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

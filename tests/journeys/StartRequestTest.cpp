@@ -2,18 +2,8 @@
 
 // What the program does that a command line asks of it, in its own window or in that of another start.
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "platform/StdREG.h"
-
-#include <QApplication>
-#include <QTest>
-#include <QTimer>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

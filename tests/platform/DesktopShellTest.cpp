@@ -2,16 +2,10 @@
 
 #include "platform/DesktopShell.h"
 
-#include "support/TestFiles.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 #include <chrono>
 #include <thread>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
