@@ -124,8 +124,8 @@ TEST(Save, AsksBeforeItWritesOverWhatSomebodyElseChanged)
 
 TEST(Save, ShowsAndChangesTheFirstOfTwoProfiles)
 {
-    Saving saving("INSERT INTO OrganizationProfile (OrganizationProfileID, MissionStatement, ChartOption) "
-                  "VALUES (2, 'Second', NULL), (2, 'Third', 1)");
+    Saving saving(u"INSERT INTO OrganizationProfile (OrganizationProfileID, MissionStatement, ChartOption) "
+                  "VALUES (2, 'Second', NULL), (2, 'Third', 1)"_s);
     for (const char* mission : {"First", "one", "two"}) {
         saving.edit(RecordKind::Organization, [&](OpenDialog& dialog) {
             EXPECT_EQ(dialog.text("rtbMissionStatement"), mission);
