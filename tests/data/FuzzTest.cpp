@@ -8,7 +8,6 @@
 
 namespace {
 
-/// Statements of the program, to be damaged.
 const QStringList realStatements = linesIn("data/cases/RealStatements.txt");
 
 const QStringList vocabulary =

@@ -76,7 +76,6 @@ private:
     std::mt19937 m_random{1};
 };
 
-/// The statement for SQLite, or why there is none.
 QString translationOf(const Catalog& catalog, const QString& statement, const QStringList& dates = {})
 {
     try {

@@ -8,7 +8,6 @@
 
 namespace {
 
-/// Exports records into a text.
 QByteArray exported(ExportedCollection& collection, const QString& format, RecordKind kind,
                     const std::vector<qint64>& identifiers)
 {

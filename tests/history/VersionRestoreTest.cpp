@@ -19,7 +19,6 @@ protected:
             .restore(versions.content(index), versions.present());
     }
 
-    /// All that records and lists hold.
     QString dump()
     {
         QString all;

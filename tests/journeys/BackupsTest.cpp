@@ -32,7 +32,6 @@ protected:
     Journey journey;
 };
 
-/// A collection with files, backed up and restored by the commands.
 class BackupCommandsJourney : public BackupJourney
 {
 protected:
@@ -186,7 +185,6 @@ TEST_F(BackupCommandsJourney, BringTheFilesAlongToABackupOfTheDatabaseAlone)
     EXPECT_EQ(filesIn("Rivers 3/data"), filesIn("Rivers/data"));
 }
 
-/// Backups that the program makes without being asked.
 class AutomaticBackupJourney : public BackupJourney
 {
 protected:

@@ -50,7 +50,6 @@ protected:
                                                                   QItemSelectionModel::Rows);
     }
 
-    /// Overwrites the pages of the database in which a text stands.
     void garble(const QByteArray& text) const
     {
         constexpr qsizetype page = 4096;
@@ -183,7 +182,6 @@ protected:
         writeFile(data("documents/100.pdf"), "report");
     }
 
-    /// Keeps a backup of the database and then damages it.
     void damage()
     {
         const ProgramFolder folder(journey.database.folder());

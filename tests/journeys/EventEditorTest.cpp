@@ -6,7 +6,6 @@
 
 namespace {
 
-/// A journey with two events, showing the events.
 class EventEditor : public EditorJourney
 {
 protected:

@@ -4,7 +4,6 @@
 
 namespace {
 
-/// The program with the pages of the guide in its folder.
 class Help : public ::testing::Test
 {
 protected:

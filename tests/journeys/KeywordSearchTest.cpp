@@ -29,7 +29,6 @@ protected:
     QCheckBox& files() { return journey.find<QCheckBox>("chkFiles"); }
     LinkButton& link(const char* name) { return journey.find<LinkButton>(name); }
 
-    /// Opens the dialog by its key and searches for a text.
     void searchFor(const QString& text, int scope, bool inFiles = false)
     {
         QTest::keyClick(journey.program->window(), Qt::Key_F, Qt::ControlModifier);

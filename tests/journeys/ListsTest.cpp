@@ -6,7 +6,6 @@
 
 namespace {
 
-/// The window with the lists, opened over the main window.
 class ListsWindow : public testing::Test
 {
 protected:

@@ -4,7 +4,6 @@
 
 namespace {
 
-/// A journey with one organization that has a profile, showing the organizations.
 class OrganizationEditor : public EditorJourney
 {
 protected:

@@ -66,7 +66,6 @@ protected:
         messages().finish();
     }
 
-    /// Writes what the dialog shows.
     void save(OpenDialog& dialog)
     {
         journey.desktop.fileDialogs.files = {pdf()};

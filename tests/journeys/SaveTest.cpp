@@ -39,7 +39,6 @@ public:
             namesOf(kind).form, [&] { journey.find<RecordEditors>("").edit(kind, 2); }, work);
     }
 
-    /// What is stored of a record, in its own row.
     std::string row(RecordKind kind)
     {
         const QString table = QString::fromLatin1(namesOf(kind).table);

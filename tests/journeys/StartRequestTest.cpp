@@ -38,7 +38,6 @@ protected:
         return title.toStdString();
     }
 
-    /// Another start of the program asks the window that is open for something.
     void call(const QStringList& arguments) { journey.desktop.otherWindows.called({arguments, {}}); }
 
     QString notice() { return journey.find<QLabel>("pnlNotice").text(); }

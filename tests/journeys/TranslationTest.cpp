@@ -40,7 +40,6 @@ protected:
     QWidget& window() { return *journey.program->window(); }
     const QStringList& heard() { return *journey.desktop.messages.heard; }
 
-    /// Shows a view by its command and looks at the whole window.
     void lookAt(const char* command)
     {
         journey.trigger(command);

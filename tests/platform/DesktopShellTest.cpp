@@ -40,7 +40,6 @@ protected:
     static QString viewer() { return at("viewer"); }
     static QString record() { return at("opened"); }
 
-    /// A file of that name, with something in it.
     static QString file(const char* name)
     {
         writeFile(at(name), "text");

@@ -6,7 +6,6 @@
 
 namespace {
 
-/// Notes what it is asked to show.
 class NotingPresenter final : public ViewPresenter
 {
 public:
