@@ -171,6 +171,8 @@ TEST(Band, ItsLabelsAreAsManyAsHaveRoom)
     EXPECT_EQ(texts(BandScale(spans()[1], 777)), u"08/16/2005 08/21/2005 09/01/2005 09/06/2005 09/11/2005"_s);
     EXPECT_EQ(texts(BandScale(spans()[2], 1267)),
               u"04/2003 07/2003 10/2003 2004 04/2004 07/2004 10/2004 2005 04/2005 07/2005 10/2005 2006"_s);
+    EXPECT_EQ(texts(BandScale(spans()[2], 1750)), texts(BandScale(spans()[2], 1267)))
+        << "the label of January is shorter than the others";
     EXPECT_EQ(texts(BandScale(spans()[3], 777)),
               u"1910 1920 1930 1940 1950 1960 1970 1980 1990 2000 2010 2020"_s);
     EXPECT_EQ(texts(BandScale(spans()[4], 777)), u"1000 2000 3000 4000 5000 6000 7000 8000 9000"_s);
