@@ -96,6 +96,25 @@ TEST_F(Bands, TheBoxIsDraggedAndItsEdgesChooseTheLevel)
     EXPECT_EQ(window().windowEnd(), end);
 }
 
+TEST_F(Bands, ADragEndsWithAMessageOrALostRelease)
+{
+    const auto press = [this](double position) {
+        QTest::mousePress(&band(), Qt::LeftButton, {}, at(position));
+        return window().currentTime();
+    };
+    Moment before = press(300);
+    QEvent blocked(QEvent::WindowBlocked);
+    QApplication::sendEvent(journey.program->window(), &blocked);
+    QTest::mouseMove(&band(), at(500));
+    EXPECT_EQ(window().currentTime(), before) << "which the message would come up again for";
+    before = press(400);
+    QMouseEvent move(QEvent::MouseMove, at(500), band().mapToGlobal(at(500)), Qt::NoButton, {}, {});
+    QApplication::sendEvent(&band(), &move);
+    EXPECT_EQ(window().currentTime(), before);
+    QTest::mouseMove(&band(), at(600));
+    EXPECT_EQ(window().currentTime(), before);
+}
+
 TEST_F(Bands, ItsKeysGoFromOnePartWithEventsToTheNext)
 {
     const struct
