@@ -192,11 +192,11 @@ TEST_F(OrganizationPlacesTest, NamesAsManyFunctionsOfAColourAsCanBeRead)
         legend << QString::number(line.colour) + u' ' + line.text();
     EXPECT_EQ(legend.join(u'|'), u"0 Rescue (1)|1 Law (2), Relief (1)"_s);
 
-    LegendLine line{0, {{u"Law"_s, 2}, {u"Relief"_s, 1}}};
-    EXPECT_EQ(line.hiddenText(), u"Law (2), Relief (1): hidden on the map"_s);
+    LegendLine line{0, {{u"100%1 Law"_s, 2}, {u"Relief"_s, 1}}};
+    EXPECT_EQ(line.hiddenText(), u"100%1 Law (2), Relief (1): hidden on the map"_s);
     EXPECT_EQ(line.organizations(), 3);
     line.functions.resize(2000, {u"x"_s, 1});
-    EXPECT_TRUE(line.text().startsWith(u"Law (2), Relief (1), x (1)"_s));
+    EXPECT_TRUE(line.text().startsWith(u"100%1 Law (2), Relief (1), x (1)"_s));
     EXPECT_TRUE(line.text().endsWith(u"x (1), x (1) and 1980 more"_s));
     line.functions = {{QString(1000000, u'x'), 1}, {u"y"_s, 1}};
     EXPECT_LT(line.text().size(), 2000);
