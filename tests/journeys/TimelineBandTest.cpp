@@ -7,6 +7,7 @@
 
 #include <QHelpEvent>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QTest>
 #include <QToolTip>
 
@@ -103,8 +104,9 @@ TEST_F(Bands, ADragEndsWithAMessageOrALostRelease)
         return window().currentTime();
     };
     Moment before = press(300);
-    QEvent blocked(QEvent::WindowBlocked);
-    QApplication::sendEvent(journey.program->window(), &blocked);
+    QMessageBox message(journey.program->window());
+    message.open();
+    message.reject();
     QTest::mouseMove(&band(), at(500));
     EXPECT_EQ(window().currentTime(), before) << "which the message would come up again for";
     before = press(400);
