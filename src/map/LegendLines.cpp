@@ -33,7 +33,7 @@ QString LegendLine::text() const
     QStringList names;
     for (const LegendFunction& function : functions) {
         if (names.size() == mostNames) break;
-        names << QStringLiteral("%1 (%2)").arg(function.name).arg(function.organizations);
+        names << QStringLiteral("%1 (%2)").arg(function.name, QString::number(function.organizations));
     }
     const QString line = readableLine(names.join(QStringLiteral(", ")));
     const auto more = static_cast<int>(functions.size()) - static_cast<int>(names.size());

@@ -215,8 +215,9 @@ void OrganizationPlaces::count(std::vector<Row> rows)
 SharedQuery OrganizationPlaces::queryWithoutPlace() const
 {
     SQLObject query = *m_shown.query;
-    query.WhereClause += QStringLiteral(" AND (Lat IS NULL OR Lon IS NULL OR Lat NOT BETWEEN -%1 AND %1 "
-                                        "OR Lon NOT BETWEEN -%2 AND %2)")
+    // a position that is no number is 0, as it is when it is read
+    query.WhereClause += QStringLiteral(" AND (Lat IS NULL OR Lon IS NULL OR Lat + 0 NOT BETWEEN -%1 AND %1 "
+                                        "OR Lon + 0 NOT BETWEEN -%2 AND %2)")
                              .arg(farthestLatitude)
                              .arg(farthestLongitude);
     return std::make_shared<const SQLObject>(std::move(query));

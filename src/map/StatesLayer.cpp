@@ -141,7 +141,12 @@ std::vector<InsetState> StatesLayer::insets(const std::vector<QPointF>& places) 
         return m_fullExtent.contains(state.bounds) && !insetOf(state) &&
                !MapProjection::contiguousStates().contains(state.bounds);
     };
-    if (std::ranges::any_of(m_states, isBeyond)) return {};
+    // a map without any of the 48 would show them empty
+    const auto isBeside = [](const StateShape& state) {
+        return !MapProjection::contiguousStates().intersects(state.bounds);
+    };
+    const bool isOnlyBeside = !m_states.empty() && std::ranges::all_of(m_states, isBeside);
+    if (isOnlyBeside || std::ranges::any_of(m_states, isBeyond)) return {};
     std::vector<InsetState> found;
     for (const InsetState& inset : insetStates()) {
         const auto isShown = [&](const StateShape& state) { return insetOf(state) == &inset; };

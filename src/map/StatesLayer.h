@@ -41,7 +41,8 @@ public:
     [[nodiscard]] const StateShape* stateAt(QPointF plane) const;
 
     /// Returns the states for insets that have a shape here or one of the places, which are points of the
-    /// plane; none if the full extent has more than these and the 48 contiguous states.
+    /// plane; none if the full extent has more than these and the 48 contiguous states, or the layer none of
+    /// the 48.
     [[nodiscard]] std::vector<InsetState> insets(const std::vector<QPointF>& places) const;
 
 private:

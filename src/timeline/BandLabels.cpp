@@ -127,9 +127,13 @@ std::vector<Moment> momentsOf(const CalendarDivision& division, const TimelineLi
 /// The finest division whose labels have room; the coarsest if none has.
 CalendarDivision labelledOf(const BandScale& scale, const LabelMeasure& labelWidth)
 {
-    const Moment longest = scale.limits().timelineEnd - 1;
+    const Moment last = scale.limits().timelineEnd - 1;
+    // one of them is not in January, whose label is a year alone
+    const Moment monthBefore = last - 31 * minutesOfDay;
     for (const CalendarDivision& division : calendarDivisions) {
-        const int room = labelWidth(textOf(division.period, longest)) + besideTick + betweenLabels;
+        const int width = std::max(labelWidth(textOf(division.period, last)),
+                                   labelWidth(textOf(division.period, monthBefore)));
+        const int room = width + besideTick + betweenLabels;
         if (static_cast<double>(division.shortest) >= room * scale.minutesPerUnit()) return division;
     }
     return calendarDivisions.back();

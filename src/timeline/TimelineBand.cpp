@@ -239,14 +239,17 @@ void TimelineBand::mousePressEvent(QMouseEvent* event)
     const BandBox box = m_scale.boxOf(m_timeline.window());
     const auto edge = edgeAt(at);
     const bool isBeside = !edge && (at < box.left || at > box.right);
-    if (isBeside) goTo(at);
     m_drag = Drag{edge, at, m_timeline.window(), isBeside};
+    if (isBeside) goTo(at);
+    if (m_drag) m_drag->window = m_timeline.window();
     showCursor(at);
 }
 
 void TimelineBand::mouseMoveEvent(QMouseEvent* event)
 {
     const double at = event->position().x();
+    // the release may have gone to another window
+    if (!event->buttons().testFlag(Qt::LeftButton)) m_drag.reset();
     if (!m_drag) return showCursor(at);
     m_drag->hasMoved = m_drag->hasMoved || std::abs(at - m_drag->from) > clickSlips;
     if (!m_drag->hasMoved) return;
@@ -293,6 +296,8 @@ void TimelineBand::keyPressEvent(QKeyEvent* event)
 
 bool TimelineBand::event(QEvent* event)
 {
+    // by a message, which the next move would show again
+    if (event->type() == QEvent::WindowBlocked) m_drag.reset();
     if (event->type() != QEvent::ToolTip) return QWidget::event(event);
     showToolTip(*static_cast<QHelpEvent*>(event));
     return true;

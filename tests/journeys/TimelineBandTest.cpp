@@ -7,6 +7,7 @@
 
 #include <QHelpEvent>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QTest>
 #include <QToolTip>
 
@@ -94,6 +95,26 @@ TEST_F(Bands, TheBoxIsDraggedAndItsEdgesChooseTheLevel)
     drag(box().left, at((box().left + box().right) / 2).x());
     EXPECT_LT(window().zoomFactor(), TimelineScale::dayLevel);
     EXPECT_EQ(window().windowEnd(), end);
+}
+
+TEST_F(Bands, ADragEndsWithAMessageOrALostRelease)
+{
+    const auto press = [this](double position) {
+        QTest::mousePress(&band(), Qt::LeftButton, {}, at(position));
+        return window().currentTime();
+    };
+    Moment before = press(300);
+    QMessageBox message(journey.program->window());
+    message.open();
+    message.reject();
+    QTest::mouseMove(&band(), at(500));
+    EXPECT_EQ(window().currentTime(), before) << "which the message would come up again for";
+    before = press(400);
+    QMouseEvent move(QEvent::MouseMove, at(500), band().mapToGlobal(at(500)), Qt::NoButton, {}, {});
+    QApplication::sendEvent(&band(), &move);
+    EXPECT_EQ(window().currentTime(), before);
+    QTest::mouseMove(&band(), at(600));
+    EXPECT_EQ(window().currentTime(), before);
 }
 
 TEST_F(Bands, ItsKeysGoFromOnePartWithEventsToTheNext)

@@ -169,6 +169,8 @@ TEST(MapExtent, ZoomsToARectangleAndAboutThePointer)
     for (int i = 0; i < 60; ++i)
         extent.zoom(0.5, pointer);
     EXPECT_LE(extent.scale(), 1) << "and to zooming out";
+    extent.zoomTo(QRectF(pointer, QSizeF()));
+    EXPECT_GT(extent.scale(), 0) << "for a rectangle of nothing, too";
 }
 
 TEST(MapExtent, MovesWithThePointerAndKeepsItsMiddleInASizeOfItsOwn)

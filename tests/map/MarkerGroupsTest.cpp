@@ -90,6 +90,8 @@ TEST(MarkerGroups, JoinWhatCoversEachOtherAndNothingElse)
         EXPECT_EQ(before, spots.size()) << "in the end, each spot stands alone";
         groups.separate();
         EXPECT_EQ(groups.leads().size(), markers.size() - (markers.size() + 6) / 7);
+        for (const std::size_t lead : groups.leads())
+            EXPECT_TRUE(std::ranges::equal(groups.members(lead), std::vector{lead}));
     }
 }
 

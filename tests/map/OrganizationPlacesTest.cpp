@@ -88,6 +88,8 @@ TEST_F(OrganizationPlacesTest, HasOneEntryForEachPlaceAndFunction)
     add(10, "0", "'Camp', 'NV'", "39.6, -118");
     add(11, "2", "'Austin', 'TX'", "31, NULL");
     add(12, "2", "'Half', 'UT'", "NULL, NULL");
+    add(13, "2", "'Off', 'UT'", "-91, 361");
+    add(14, "2", "'Odd', 'UT'", "'no number', 1");
     read();
     EXPECT_EQ(entries(), "Function 0 Camp, NV 39.6,-118 0 x1\n"
                          "Law Camp, NV 39.6,-118 1 x1\n"
@@ -95,10 +97,11 @@ TEST_F(OrganizationPlacesTest, HasOneEntryForEachPlaceAndFunction)
                          "Law Reno, NV 39.6,-119.9 1 x1\n"
                          "None 14.30° S, 170.70° W -14.3,-170.7 0 x1\n"
                          "Relief Austin, TX 30.25,-97.75 1 x3\n"
+                         "Relief Odd, UT 0,1 1 x1\n"
                          "Rescue Austin, TX 30.25,-97.75 0 x1");
-    EXPECT_EQ(places.placed(), 9u) << "each organization once";
-    EXPECT_EQ(places.withoutPlace(), 2);
-    EXPECT_EQ(firstColumnOf(database.session(), places.queryWithoutPlace()->sqlStr()), u"12 5"_s);
+    EXPECT_EQ(places.placed(), 10u) << "each organization once";
+    EXPECT_EQ(places.withoutPlace(), 3);
+    EXPECT_EQ(firstColumnOf(database.session(), places.queryWithoutPlace()->sqlStr()), u"12 13 5"_s);
     database.run(
         "INSERT INTO OrganizationVenues (OrganizationID, VenueID) VALUES (2, 4), (2, 5), (5, 5), (5, 6)");
     read(u" AND VenueID > 0"_s);
@@ -189,11 +192,11 @@ TEST_F(OrganizationPlacesTest, NamesAsManyFunctionsOfAColourAsCanBeRead)
         legend << QString::number(line.colour) + u' ' + line.text();
     EXPECT_EQ(legend.join(u'|'), u"0 Rescue (1)|1 Law (2), Relief (1)"_s);
 
-    LegendLine line{0, {{u"Law"_s, 2}, {u"Relief"_s, 1}}};
-    EXPECT_EQ(line.hiddenText(), u"Law (2), Relief (1): hidden on the map"_s);
+    LegendLine line{0, {{u"100%1 Law"_s, 2}, {u"Relief"_s, 1}}};
+    EXPECT_EQ(line.hiddenText(), u"100%1 Law (2), Relief (1): hidden on the map"_s);
     EXPECT_EQ(line.organizations(), 3);
     line.functions.resize(2000, {u"x"_s, 1});
-    EXPECT_TRUE(line.text().startsWith(u"Law (2), Relief (1), x (1)"_s));
+    EXPECT_TRUE(line.text().startsWith(u"100%1 Law (2), Relief (1), x (1)"_s));
     EXPECT_TRUE(line.text().endsWith(u"x (1), x (1) and 1980 more"_s));
     line.functions = {{QString(1000000, u'x'), 1}, {u"y"_s, 1}};
     EXPECT_LT(line.text().size(), 2000);

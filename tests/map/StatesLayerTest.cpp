@@ -69,6 +69,8 @@ TEST(StatesLayer, NamesTheStateAtAPointAndThoseForInsets)
     const ShapeRecord elsewhere{{{{9, 47}, {9, 50}, {13, 50}, {13, 47}}}, u"Bavaria"_s, u"BY"_s};
     EXPECT_TRUE(StatesLayer({elsewhere}).insets({honolulu}).empty())
         << "another country's map is shown whole";
+    const ShapeRecord alaska{{{{-160, 60}, {-160, 70}, {-141, 70}, {-141, 60}}}, u"Alaska"_s, u"AK"_s};
+    EXPECT_TRUE(StatesLayer({alaska}).insets({honolulu}).empty()) << "as is one without the 48";
 }
 
 TEST(StatesLayer, CrossesARing)

@@ -163,17 +163,21 @@ TEST(Band, ItsLabelsAreAsManyAsHaveRoom)
     const auto texts = [](const BandScale& scale) {
         QStringList labels;
         for (const auto& label : bandLabelsOf(scale, labelWidth).labels)
-            labels << label.text;
+            labels << label.text + (label.isStrong ? u"!"_s : u""_s);
         return labels.join(u' ');
     };
     EXPECT_EQ(texts(BandScale(spans()[0], 777)),
-              u"09:00 12:00 15:00 18:00 21:00 09/12/2001 03:00 06:00 09:00"_s);
-    EXPECT_EQ(texts(BandScale(spans()[1], 777)), u"08/16/2005 08/21/2005 09/01/2005 09/06/2005 09/11/2005"_s);
+              u"09:00 12:00 15:00 18:00 21:00 09/12/2001! 03:00 06:00 09:00"_s);
+    EXPECT_EQ(texts(BandScale(spans()[1], 777)),
+              u"08/16/2005 08/21/2005 09/01/2005! 09/06/2005 09/11/2005"_s);
     EXPECT_EQ(texts(BandScale(spans()[2], 1267)),
-              u"04/2003 07/2003 10/2003 2004 04/2004 07/2004 10/2004 2005 04/2005 07/2005 10/2005 2006"_s);
+              u"04/2003 07/2003 10/2003 2004! 04/2004 07/2004 10/2004 2005! 04/2005 07/2005 10/2005 2006!"_s);
+    EXPECT_EQ(texts(BandScale(spans()[2], 1750)), texts(BandScale(spans()[2], 1267)))
+        << "the label of January is shorter than the others";
     EXPECT_EQ(texts(BandScale(spans()[3], 777)),
-              u"1910 1920 1930 1940 1950 1960 1970 1980 1990 2000 2010 2020"_s);
-    EXPECT_EQ(texts(BandScale(spans()[4], 777)), u"1000 2000 3000 4000 5000 6000 7000 8000 9000"_s);
+              u"1910 1920 1930 1940 1950 1960 1970 1980 1990 2000! 2010 2020"_s);
+    EXPECT_TRUE(texts(BandScale(spans()[4], 2500)).startsWith(u"0200 0400 "_s)) << "always four digits";
+    EXPECT_EQ(texts(BandScale(spans()[4], 777)), u"1000! 2000! 3000! 4000! 5000! 6000! 7000! 8000! 9000!"_s);
     forEachBand([](const BandScale& scale) {
         const BandLabels labels = bandLabelsOf(scale, labelWidth);
         EXPECT_FALSE(labels.labels.empty());

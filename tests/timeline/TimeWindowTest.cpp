@@ -137,6 +137,9 @@ TEST_F(Window, ATimelineShorterThanTheWindowStaysAtItsStart)
     EXPECT_TRUE(m_window.canZoomOut()) << "in a narrow picture it is not";
     m_window.setWidth(4 * 385);
     EXPECT_FALSE(m_window.canZoomOut());
+    m_window.setLimits({at("2001-09-11 08:46"), at("2001-09-20")});
+    EXPECT_TRUE(m_window.canZoomOut()) << "nor is that all of a longer timeline";
+    m_window.setLimits({at("2001-09-11 08:46"), at("2001-09-12 10:28")});
     m_window.ZoomIn();
     EXPECT_TRUE(m_window.canZoomOut());
 }
