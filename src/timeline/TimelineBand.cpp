@@ -239,14 +239,17 @@ void TimelineBand::mousePressEvent(QMouseEvent* event)
     const BandBox box = m_scale.boxOf(m_timeline.window());
     const auto edge = edgeAt(at);
     const bool isBeside = !edge && (at < box.left || at > box.right);
+    const TimeWindow before = m_timeline.window();
     if (isBeside) goTo(at);
-    m_drag = Drag{edge, at, m_timeline.window(), isBeside};
+    m_drag = Drag{edge, at, m_timeline.window(), before, isBeside};
     showCursor(at);
 }
 
 void TimelineBand::mouseMoveEvent(QMouseEvent* event)
 {
     const double at = event->position().x();
+    // the release may have gone to a message
+    if (!event->buttons().testFlag(Qt::LeftButton)) m_drag.reset();
     if (!m_drag) return showCursor(at);
     m_drag->hasMoved = m_drag->hasMoved || std::abs(at - m_drag->from) > clickSlips;
     if (!m_drag->hasMoved) return;
@@ -266,8 +269,17 @@ void TimelineBand::mouseReleaseEvent(QMouseEvent* event)
     showCursor(at);
 }
 
+void TimelineBand::takeBackDrag()
+{
+    const TimeWindow before = m_drag->before;
+    m_drag.reset();
+    choose(before);
+    showCursor(mapFromGlobal(QCursor::pos()).x());
+}
+
 void TimelineBand::keyPressEvent(QKeyEvent* event)
 {
+    if (m_drag && event->key() == Qt::Key_Escape) return takeBackDrag();
     const TimeWindow& window = m_timeline.window();
     // with other keys held down they are those of the timeline
     if ((event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return event->ignore();
