@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 
@@ -16,6 +17,24 @@ namespace {
 constexpr int swatch = 12;
 constexpr int widestBeside = 240;
 constexpr int barFrame = 4; ///< at most; some styles put a frame around a scroll bar
+
+/// Draws a line that is wider than the legend with an ellipsis, not cut off: a cut number reads as another
+/// one.
+class LineDelegate final : public QStyledItemDelegate
+{
+public:
+    explicit LineDelegate(MapLegend* legend) : QStyledItemDelegate(legend), m_legend(*legend) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        QStyleOptionViewItem seen(option);
+        seen.rect.setRight(std::min(option.rect.right(), m_legend.viewport()->width() - 1));
+        QStyledItemDelegate::paint(painter, seen, index);
+    }
+
+private:
+    const MapLegend& m_legend;
+};
 
 } // namespace
 
@@ -32,7 +51,8 @@ MapLegend::MapLegend(QWidget* parent) : QListWidget(parent)
     setResizeMode(Adjust);
     setSpacing(1);
     setIconSize(QSize(swatch + 2, swatch + 2));
-    setTextElideMode(Qt::ElideRight);
+    setTextElideMode(Qt::ElideMiddle); // keeps the number at the end
+    setItemDelegate(new LineDelegate(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setPlace(false, 0);
     hide();

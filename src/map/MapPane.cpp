@@ -189,7 +189,8 @@ void MapPane::showPlaces()
     const int without = m_places.withoutPlace();
     m_withoutPlace->setLink(without == 1 ? tr("1 without a place")
                                          : tr("%n without a place", nullptr, without));
-    m_withoutPlace->setVisible(without > 0);
+    // a notice says it if none has a place: the list has them alone
+    m_withoutPlace->setVisible(without > 0 && !m_places.entries().empty());
     summarize();
     showSelected();
 }
