@@ -15,7 +15,6 @@
 namespace {
 
 constexpr int swatch = 12;
-constexpr int widestBeside = 240;
 constexpr int barFrame = 4; ///< at most; some styles put a frame around a scroll bar
 
 /// Draws a line that is wider than the legend with an ellipsis, not cut off: a cut number reads as another
@@ -168,9 +167,9 @@ void MapLegend::changeEvent(QEvent* event)
         showLine(row);
 }
 
-void MapLegend::setPlace(bool beside, int highestBelow)
+void MapLegend::setPlace(bool beside, int room)
 {
-    m_highestBelow = highestBelow;
+    m_room = room;
     setFlow(beside ? TopToBottom : LeftToRight);
     setWrapping(!beside);
     QSizePolicy policy(beside ? QSizePolicy::Fixed : QSizePolicy::Expanding,
@@ -191,7 +190,7 @@ QSize MapLegend::sizeHint() const
     }
     if (flow() == LeftToRight) return {widest, heightForWidth(width())};
     const int scrollBar = verticalScrollBar()->sizeHint().width();
-    return {std::min(widest + 2 * spacing() + scrollBar, widestBeside), height};
+    return {std::min(widest + 2 * spacing() + scrollBar, m_room), height};
 }
 
 /// The height of the lines side by side in that width.
@@ -209,5 +208,5 @@ int MapLegend::heightForWidth(int width) const
         }
         right += line.width() + 2 * spacing();
     }
-    return std::min(height + spacing(), m_highestBelow);
+    return std::min(height + spacing(), m_room);
 }
