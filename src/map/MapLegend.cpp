@@ -44,6 +44,8 @@ MapLegend::MapLegend(QWidget* parent) : QListWidget(parent)
     setAccessibleDescription(tr("The arrow keys show the markers of a line over the others, Space hides them "
                                 "and shows them again"));
     setSelectionMode(NoSelection);
+    // a click leaves the focus where it is, so that no line stays raised when the mouse has gone
+    setFocusPolicy(Qt::TabFocus);
     setMouseTracking(true);
     setFrameShape(NoFrame);
     setWrapping(true);
@@ -148,7 +150,6 @@ void MapLegend::keyPressEvent(QKeyEvent* event)
 void MapLegend::focusInEvent(QFocusEvent* event)
 {
     QListWidget::focusInEvent(event);
-    if (event->reason() == Qt::MouseFocusReason) return;
     if (currentRow() < 0) setCurrentRow(0);
     raise(currentRow());
 }
