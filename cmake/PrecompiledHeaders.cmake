@@ -9,4 +9,5 @@ set(ORVIK_CORE_HEADERS ${ORVIK_STANDARD_HEADERS} <SQLiteCpp/SQLiteCpp.h> <QDateT
 set(ORVIK_WINDOW_HEADERS ${ORVIK_CORE_HEADERS} <QAbstractTableModel> <QAction> <QApplication> <QBoxLayout> <QComboBox>
     <QDialog> <QIcon> <QKeyEvent> <QLabel> <QLineEdit> <QListWidget> <QMenu> <QPainter> <QPushButton> <QToolBar>
     <QTreeView> <QUrl>)
-set(ORVIK_TEST_HEADERS <gmock/gmock.h> <gtest/gtest.h>)
+set(ORVIK_TEST_HEADERS <gmock/gmock.h> <gtest/gtest.h> <random> <tuple> <QDirIterator> <QMap> <QProcess> <QRegularExpression>
+    <QTemporaryDir>)

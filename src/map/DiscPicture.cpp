@@ -79,17 +79,21 @@ void DiscPicture::draw(QPainter& painter, QPointF middle, double radius, std::sp
         all += share.organizations;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::white);
-    painter.drawEllipse(middle, radius + 1, radius + 1);
+    const auto fill = [&](const QColor& colour, double to) {
+        painter.setBrush(colour);
+        painter.drawEllipse(middle, to, to);
+    };
+    fill(Qt::white, radius + 1);
     QRectF circle(0, 0, 2 * radius, 2 * radius);
     circle.moveCenter(middle);
     drawRing(painter, circle, shares, all);
     // dark edges on both sides set light colours off from what lies beside them
-    const QPen edge(edgeColour, 1);
-    painter.setPen(edge);
+    painter.setPen(QPen(edgeColour, 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawEllipse(middle, radius - 0.5, radius - 0.5);
-    painter.setBrush(Qt::white);
-    painter.drawEllipse(middle, radius - shareWidth, radius - shareWidth);
+    painter.setPen(Qt::NoPen);
+    fill(edgeColour, radius - shareWidth + 0.5);
+    fill(Qt::white, radius - shareWidth - 0.5);
+    painter.setPen(edgeColour);
     painter.drawText(circle, Qt::AlignCenter | Qt::TextDontClip, discText(all));
 }

@@ -2,6 +2,7 @@
 
 #include "map/PlaceMarkers.h"
 
+#include "map/ColourPalette.h"
 #include "map/LegendLines.h"
 #include "map/MapProjection.h"
 #include "map/MapTexts.h"
@@ -11,8 +12,8 @@
 #include <QSet>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <map>
 #include <set>
 #include <utility>
 
@@ -67,6 +68,17 @@ void PlaceMarkers::regroup()
     m_topmost = m_groups.topmost();
     m_pixels.clear();
     m_isArranged = false;
+    countOrganizations();
+}
+
+/// Counts once what each redraw needs several times.
+void PlaceMarkers::countOrganizations()
+{
+    m_organizations.assign(m_places.size(), 0);
+    for (const std::size_t lead : leads()) {
+        for (const std::size_t entry : members(lead))
+            m_organizations[lead] += m_places[entry].organizations;
+    }
 }
 
 bool PlaceMarkers::arrange(const MapExtent& extent, const QFont& font)
@@ -84,6 +96,7 @@ bool PlaceMarkers::arrange(const MapExtent& extent, const QFont& font)
     else
         m_groups.separate();
     m_byName.clear();
+    countOrganizations();
     return true;
 }
 
@@ -112,22 +125,15 @@ bool PlaceMarkers::areMostCovered(const MapExtent& extent) const
     return 2 * covered > leads().size();
 }
 
-int PlaceMarkers::organizations(std::size_t lead) const
-{
-    int all = 0;
-    for (const std::size_t entry : members(lead))
-        all += m_places[entry].organizations;
-    return all;
-}
-
 std::vector<ColourShare> PlaceMarkers::sharesOf(std::size_t lead) const
 {
-    std::map<int, int> byColour;
+    std::array<int, colourPalette.size()> byColour{};
     for (const std::size_t entry : members(lead))
-        byColour[m_places[entry].colour] += m_places[entry].organizations;
+        byColour.at(static_cast<std::size_t>(m_places[entry].colour)) += m_places[entry].organizations;
     std::vector<ColourShare> shares;
-    for (const auto& [colour, number] : byColour)
-        shares.push_back({colour, number});
+    for (std::size_t colour = 0; colour < byColour.size(); ++colour) {
+        if (byColour[colour] > 0) shares.push_back({static_cast<int>(colour), byColour[colour]});
+    }
     return shares;
 }
 
@@ -147,12 +153,12 @@ QString PlaceMarkers::name(std::size_t lead) const
 {
     if (!isDisc(lead))
         return m_places[lead].placeText() + QStringLiteral(": ") + functionName(m_places[lead]);
-    return MapTexts::tr("%1: %n organizations", nullptr, organizations(lead)).arg(placesText(lead));
+    return MapTexts::tr("%1: %n organizations", nullptr, m_organizations[lead]).arg(placesText(lead));
 }
 
 double PlaceMarkers::radiusOf(std::size_t lead) const
 {
-    return isDisc(lead) ? m_metrics.radiusOf(organizations(lead)) + 1 : m_pictures.extent() / 2;
+    return isDisc(lead) ? m_metrics.radiusOf(m_organizations[lead]) + 1 : m_pictures.extent() / 2;
 }
 
 std::vector<MapObstacle> PlaceMarkers::obstacles() const
@@ -241,7 +247,7 @@ bool PlaceMarkers::hasColour(std::size_t lead, int colour) const
 void PlaceMarkers::drawDisc(QPainter& painter, QPointF middle, std::size_t lead) const
 {
     painter.setFont(m_discFont);
-    DiscPicture::draw(painter, middle, m_metrics.radiusOf(organizations(lead)), sharesOf(lead));
+    DiscPicture::draw(painter, middle, m_metrics.radiusOf(m_organizations[lead]), sharesOf(lead));
 }
 
 void PlaceMarkers::draw(QPainter& painter, const MapExtent& extent) const

@@ -107,11 +107,11 @@ public:
 
 private:
     void regroup();
+    void countOrganizations();
     [[nodiscard]] std::vector<QPointF> spotsOnScreen(const MapExtent& extent) const;
     void paintEntry(QPainter& painter, const MapExtent& extent, const QRectF& sight, std::size_t lead) const;
     void drawDisc(QPainter& painter, QPointF middle, std::size_t lead) const;
     [[nodiscard]] bool hasColour(std::size_t lead, int colour) const;
-    [[nodiscard]] int organizations(std::size_t lead) const;
     [[nodiscard]] std::vector<ColourShare> sharesOf(std::size_t lead) const;
 
     MarkerPictures m_pictures;
@@ -125,6 +125,7 @@ private:
     std::vector<QPointF> m_pixels;             ///< of the spots, as they were grouped last
     std::vector<clsCities> m_places;           ///< by entry
     std::vector<QPointF> m_positions;          ///< in the plane, by entry
+    std::vector<int> m_organizations;          ///< by lead
     std::vector<std::size_t> m_topmost;        ///< those that no later one covers, in the order of drawing
     mutable std::vector<std::size_t> m_byName; ///< the leads; empty until the keyboard goes through them
 };

@@ -37,8 +37,8 @@ void frmGoToDate::layOut()
     form->addRow(tr("&Date:"), txtDate);
     form->addRow(QString(), hint);
     form->addRow(QString(), lblProblem);
-    // room for a problem of three lines, so that the window seldom grows
-    lblProblem->setMinimumHeight(3 * lblProblem->fontMetrics().lineSpacing());
+    // room for a problem of two lines, so that the window rarely grows
+    lblProblem->setMinimumHeight(2 * lblProblem->fontMetrics().lineSpacing());
     lblProblem->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     auto* ok = new QPushButton(tr("OK"), this);
     ok->setObjectName(QStringLiteral("cmdOK"));
@@ -62,8 +62,8 @@ void frmGoToDate::cmdOK()
     const QString problem = m_timeline.goToDate(txtDate->text());
     if (problem.isEmpty()) return accept();
     lblProblem->setText(problem);
-    lblProblem->setMinimumHeight(
-        std::max(lblProblem->minimumHeight(), lblProblem->heightForWidth(lblProblem->width())));
+    layout()->activate();
+    resize(width(), std::max(height(), layout()->totalHeightForWidth(width())));
     txtDate->setFocus();
     txtDate->selectAll();
     QAccessibleEvent alert(lblProblem, QAccessible::Alert);

@@ -5,15 +5,8 @@
 #include "support/AsPlainUser.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
-#include "support/TestFiles.h"
-
-#include <gtest/gtest.h>
 
 #include <sys/stat.h>
-
-using namespace Qt::StringLiterals;
-
-namespace {
 
 /// Whether a backup is due, by the backups there are, the last change and the time; all in local time.
 TEST(AutomaticBackups, AreDueByWhatIsThere)
@@ -100,5 +93,3 @@ TEST(AutomaticBackups, AtTheEndSayNothingWhereNothingCanBeWritten)
         session.close();
     }
 }
-
-} // namespace

@@ -5,11 +5,6 @@
 #include "backup/CollectionRestore.h"
 #include "platform/SteppedWork.h"
 #include "support/TestDatabase.h"
-#include "support/TestFiles.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -6,8 +6,6 @@
 #include "support/TestDatabase.h"
 #include "views/StandardQueries.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 /// The names of the rows that the words leave, separated by blanks.

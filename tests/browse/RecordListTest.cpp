@@ -2,15 +2,11 @@
 
 #include "browse/list/RecordList.h"
 
+#include "browse/list/EventTimes.h"
 #include "browse/list/RowIconKeys.h"
 #include "files/ProgramFolder.h"
 #include "support/TestDatabase.h"
 #include "views/StandardQueries.h"
-
-#include <QDir>
-#include <QFile>
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -102,6 +98,40 @@ TEST(RecordList, SortsDatesAsDatesAndTextsWithoutRegardToCase)
     const RecordList events = read(database, RecordKind::Event);
     EXPECT_EQ(sortedNames(events, 2, false), "day early longer late");
     EXPECT_EQ(sortedNames(events, 2, true), "late longer early day");
+}
+
+TEST(EventTimes, SaysWhenAnEventWasInAsFewWordsAsItCan)
+{
+    struct Case
+    {
+        EventTimes times;
+        const char* shortText;
+        const char* longText;
+    };
+    const Case cases[] = {
+        {{"2001-09-11", "08:46", "2001-09-12", "17:00"},
+         "09/11/01 08:46 - 09/12/01 17:00",
+         "09/11/2001 08:46 - 09/12/2001 17:00"},
+        {{"2001-09-11", "08:46", "2001-09-11", "10:28"}, "09/11/01 08:46-10:28", "09/11/2001 08:46-10:28"},
+        {{"2001-09-11", "08:46", "2001-09-11", "08:46"}, "09/11/01 08:46", "09/11/2001 08:46"},
+        {{"2001-09-11", "08:46:40", "2001-09-11", "08:46:59"}, "09/11/01 08:46", "09/11/2001 08:46"},
+        {{"1906-04-18", "", "1906-04-21", ""}, "04/18/06 - 04/21/06", "04/18/1906 - 04/21/1906"},
+        {{"1906-04-18", "", "1906-04-18", ""}, "04/18/06", "04/18/1906"},
+        {{"1906-04-18", "05:12", "1906-04-18", ""}, "04/18/06 05:12", "04/18/1906 05:12"},
+        {{"1906-04-18", "05:12", "", ""}, "04/18/06 05:12", "04/18/1906 05:12"},
+        {{"1906-04-18", "", "1906-04-18", "07:00"},
+         "04/18/06 - 04/18/06 07:00",
+         "04/18/1906 - 04/18/1906 07:00"},
+        {{"1999-12-31", "23:59", "2000-01-01", "23:59"},
+         "12/31/99 23:59 - 01/01/00 23:59",
+         "12/31/1999 23:59 - 01/01/2000 23:59"},
+        {{"about 1927", "", "", ""}, "about 1927", "about 1927"},
+        {{"", "", "", ""}, "", ""},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(c.times.text(Years::TwoDigits).toStdString(), c.shortText);
+        EXPECT_EQ(c.times.text(Years::FourDigits).toStdString(), c.longText);
+    }
 }
 
 } // namespace

@@ -5,19 +5,14 @@
 #include "check/FindingSteps.h"
 #include "journal/UndoSteps.h"
 #include "support/AsPlainUser.h"
+#include "support/CaseFile.h"
 
 #include <QCryptographicHash>
-#include <QDirIterator>
 
-#include <gmock/gmock.h>
-
-#include <map>
-#include <set>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-using namespace Qt::StringLiterals;
 using testing::HasSubstr;
 
 namespace {
@@ -50,69 +45,14 @@ const char* const records =
 
 TEST(CollectionCheck, NamesWhatIsWrong)
 {
-    const struct
-    {
-        const char* statements;
-        const char* found; ///< by the checks that are not SQLite's
-    } cases[] = {
-        {"", ""},
-        {"INSERT INTO DocumentEvents VALUES (57, 9), (58, 9), (57, NULL), (NULL, 1), (57, 1)", ""},
-        {"INSERT INTO DocumentEvents VALUES (57, 812)",
-         "links: Document \"Levees\" (57) is linked to event 812, which does not exist.\n"},
-        {"INSERT INTO DocumentEvents VALUES (812, 9)",
-         "links: Event \"Flood\" (9) is linked to document 812, which does not exist.\n"},
-        {"INSERT INTO DocumentEvents VALUES (812, 813)",
-         "links: There is a link between event 813 and document 812, neither of which exists.\n"},
-        {"INSERT INTO EventVenues VALUES (9, 44)",
-         "links: Event \"Flood\" (9) is linked to venue 44, which does not exist.\n"},
-        {"INSERT INTO OrganizationVenues VALUES (44, 3)",
-         "links: Venue \"Capitol\" (3) is linked to organization 44, which does not exist.\n"},
-        {"INSERT INTO OrganizationProfile (OrganizationProfileID) VALUES (44), (7)",
-         "links: There is a profile of organization 44, which does not exist.\n"},
-        {"UPDATE Organization SET ParentID = 44 WHERE OrganizationID = 7",
-         "links: Organization \"Board\" (7) is linked to organization 44, which does not exist.\n"},
-        {"UPDATE Document SET FileTypeID = 99, OrganizationID = 44 WHERE DocumentID = 57",
-         "links: Document \"Levees\" (57) is linked to file type 99, which does not exist.\n"
-         "links: Document \"Levees\" (57) is linked to organization 44, which does not exist.\n"},
-        {"INSERT INTO OrganizationSubTypes VALUES (5, 99, 'River')",
-         "links: Organization sub-type \"River\" (5) is linked to organization type 99, which does not "
-         "exist.\n"},
-        {"UPDATE Event SET StartDate = '2005-02-30', EndTime = '7:30' WHERE EventID = 9",
-         "dates: Event \"Flood\" (9) has the end time \"7:30\", which cannot be read.\n"
-         "dates: Event \"Flood\" (9) has the start date \"2005-02-30\", which cannot be read.\n"},
-        {"UPDATE Document SET DocumentDate = 'spring of 1998' WHERE DocumentID = 57", ""},
-        {"INSERT INTO Document_HIST (DocumentID, UpdateTime) VALUES (57, '2005-06-15 12:00:00'), (57, "
-         "'15.6.2005')",
-         "dates: A former version of Document \"Levees\" (57) has the moment \"15.6.2005\", which cannot be "
-         "read.\n"},
-        {"INSERT INTO Event_HIST (EventID, UpdateTime) VALUES (812, '2005-06-15 12:00:00')",
-         "history: There is a former version of event 812, which does not exist.\n"},
-        {"INSERT INTO Journal VALUES (1, 1, '2005-06-15 12:00:00', 'add', 'Event', 812, 'Storm', NULL, 1, 0, "
-         "NULL, '{}')",
-         "history: The journal tells of event 812, \"Storm\", which does not exist although nothing tells of "
-         "its end.\n"},
-        {"UPDATE Document SET FileLocation = '57.pdf' WHERE DocumentID > 1",
-         "missing-files: Document \"Levees\" (57) names the file 57.pdf, which is not in the folder "
-         "documents. It may be on the disc Orvik.\n"},
-        {"UPDATE Document SET FileLocation = '57.jpg', FileTypeID = 6 WHERE DocumentID = 57;"
-         "INSERT INTO FileTypes (FileTypeID) SELECT 6 WHERE 6 NOT IN (SELECT FileTypeID FROM FileTypes)",
-         "missing-files: Document \"Levees\" (57) names the file 57.jpg, which is not in the folder "
-         "documents. It may be on the disc Orvik_Photos.\n"},
-        {"UPDATE Document SET FileLocation = '../57.pdf' WHERE DocumentID = 57",
-         "missing-files: Document \"Levees\" (57) names the file \"../57.pdf\", which cannot be in the "
-         "folder documents.\n"},
-        {"INSERT INTO OrganizationProfile (OrganizationProfileID, ChartOption) VALUES (7, 1)",
-         "missing-files: Organization \"Board\" (7) has the chart 7.pdf, which is not in the folder "
-         "orgcharts. It may be on the disc Orvik.\n"},
-    };
-    for (const auto& [statements, expected] : cases) {
-        SCOPED_TRACE(statements);
+    for (const auto& [statements, expected] : casesIn("check/cases/faults.txt", 20)) {
+        SCOPED_TRACE(statements.toStdString());
         CheckedCollection collection;
-        collection.run(QString::fromLatin1(records) + QString::fromLatin1(statements));
+        collection.run(QString::fromLatin1(records) + statements);
         std::string found;
-        for (CheckResult& result : collection.check())
+        for (CheckResult& result : collection.check()) // SQLite has its own words for what refers to nothing
             if (result.topic != CheckTopic::ForeignKeys) found += CheckedCollection::textOf({result});
-        EXPECT_EQ(found, expected);
+        EXPECT_EQ(found, expected.toStdString());
     }
 }
 

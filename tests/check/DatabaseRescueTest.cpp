@@ -5,11 +5,6 @@
 #include "check/CheckedCollection.h"
 #include "check/RescuedCollection.h"
 
-#include <gmock/gmock.h>
-
-#include <set>
-
-using namespace Qt::StringLiterals;
 using testing::HasSubstr;
 
 namespace {

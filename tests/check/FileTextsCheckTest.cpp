@@ -3,12 +3,6 @@
 #include "check/CheckedCollection.h"
 #include "filetext/FileTextIndex.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
 /// The states of the index, as it is beside a collection with files for the documents 57, 60 and 61, the
 /// latter for 62, too, and none for 59; 58 is deleted.
 TEST(FileTextsCheck, NamesFilesWhoseTextCouldNotBeReadAndADamagedIndex)
@@ -86,5 +80,3 @@ TEST(FileTextsCheck, NamesFilesWhoseTextCouldNotBeReadAndADamagedIndex)
         EXPECT_EQ(result.remark, each.remark);
     }
 }
-
-} // namespace

@@ -5,12 +5,6 @@
 #include "records/EventStore.h"
 #include "records/OrganizationStore.h"
 
-#include <gtest/gtest.h>
-
-#include <map>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int faults = 250; ///< of the database, and as many of the files

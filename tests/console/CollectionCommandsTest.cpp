@@ -5,16 +5,11 @@
 #include "export/ExportFormats.h"
 #include "platform/WindowDoor.h"
 #include "support/TestDatabase.h"
-#include "support/TestFiles.h"
 
 #include <QJsonArray>
 #include <QRandomGenerator>
 
-#include <gtest/gtest.h>
-
 #include <csignal>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -96,40 +91,11 @@ TEST_F(CollectionCommands, RefuseWhatWouldReplaceSomething)
     ASSERT_EQ(run({u"backup"_s, u"Rivers"_s, u"a.zip"_s}).status, 0);
     const QString access = QStringLiteral(ORVIK_ACCESS_FILES "/small.mdb");
     const QStringList before = collections.everything();
-    const std::pair<QStringList, QString> cases[] = {
-        {{u"backup"_s, u"Rivers"_s, u"old.zip"_s}, u"There is a file or a folder of that name already."_s},
-        {{u"backup"_s, u"Rivers"_s, u"a.rar"_s},
-         u"The name of the archive has to end in .zip or .tar.zst."_s},
-        {{u"backup"_s, u"Rivers"_s, u"far/a.zip"_s}, u"There is no such folder."_s},
-        {{u"restore"_s, u"a.zip"_s, u"Old"_s}, u"There is a file or a folder of that name already;"_s},
-        {{u"restore"_s, u"a.zip"_s, u"RIVERS"_s}, u"There is a file or a folder of that name already;"_s},
-        {{u"restore"_s, u"old.zip"_s, u"New"_s}, {}},
-        {{u"import"_s, access, u"Rivers"_s}, u"There is a file or a folder of that name already;"_s},
-        {{u"import"_s, u"old.zip"_s, u"New"_s}, u"This is not an Access file."_s},
-        {{u"export"_s, u"Rivers"_s, u"events"_s, u"csv"_s, u"old.zip"_s},
-         u"There is a file or a folder of that name already."_s},
-        {{u"export"_s, u"Rivers"_s, u"events"_s, u"csv"_s, u"Rivers/data/rivers.sqlite"_s},
-         u"There is a file or a folder of that name already."_s},
-        {{u"export"_s, u"Rivers"_s, u"events"_s, u"csv"_s, u"far/a.csv"_s}, u"There is no such folder."_s},
-        {{u"export"_s, u"Rivers"_s, u"events"_s, u"csv"_s, u"/proc/a.csv"_s},
-         u"No such file or directory (/proc/a.csv"_s},
-        {{u"export"_s, u"Rivers"_s, u"events"_s, u"csv"_s, QString(300, u'a')}, u"File name too long"_s},
-        {{u"export"_s, u"Rivers"_s, u"events"_s, u"pdf"_s, u"a"_s}, u"pdf is no format: csv"_s},
-        {{u"export"_s, u"Rivers"_s, u"events"_s, u"bibtex"_s, u"a"_s},
-         u"The format bibtex is for documents only."_s},
-        {{u"export"_s, u"Rivers"_s, u"events"_s, u"json"_s, u"a"_s, u"--spreadsheet"_s},
-         u"The format json has no option --spreadsheet."_s},
-        {{u"export"_s, u"Lakes"_s, u"events"_s, u"csv"_s, u"a"_s},
-         u"There is no such file or folder. (Lakes)"_s},
-        {{u"list"_s, access, u"events"_s}, u"This is an Access file; orvik-tool import makes a collection"_s},
-    };
-    for (const auto& [arguments, error] : cases) {
-        SCOPED_TRACE(arguments.join(u' ').toStdString());
-        const ToolRun result = run(arguments);
-        EXPECT_EQ(result.status, 2);
-        EXPECT_EQ(result.output, QString());
-        EXPECT_EQ(result.error.left(12 + error.size()), u"orvik-tool: "_s + error);
-        EXPECT_EQ(collections.everything(), before);
+    for (const FileCase& each : casesIn("console/cases/refused.txt", 18)) {
+        QStringList arguments = each.asked.split(u' ');
+        arguments.replaceInStrings(u"ACCESS"_s, access).replaceInStrings(u"LONG"_s, QString(300, u'a'));
+        expectAnswer(run(arguments), each);
+        EXPECT_EQ(collections.everything(), before) << each.asked.toStdString();
     }
 }
 

@@ -3,14 +3,7 @@
 
 #include "console/Tool.h"
 #include "export/ExportFormats.h"
-#include "support/TestFiles.h"
-
-#include <QRegularExpression>
-#include <QSet>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/Testing.h"
 
 namespace {
 

@@ -6,17 +6,13 @@
 #include "data/DatabaseSession.h"
 #include "search/SearchResults.h"
 #include "support/TestFileTexts.h"
-#include "support/TestFiles.h"
+#include "support/Testing.h"
 #include "views/StandardQueries.h"
 
 #include <QJsonArray>
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -41,74 +37,9 @@ protected:
 
 TEST_F(ReadingCommands, PrintWhatPeopleRead)
 {
-    struct Case
-    {
-        QString arguments;
-        int status;
-        QString output; ///< how it begins
-        QString error;
-    };
-    const Case cases[] = {
-        {u"list Rivers documents"_s,
-         0,
-         u"ID  Title                  Key  Author  Date      File       Source\n"
-         "3   Ärger                                         Adobe PDF  None\n"
-         "2   Levées of the \"Ohio\"   yes          May 1937  Adobe PDF  None\n"_s,
-         {}},
-        {u"list Rivers/data/rivers.sqlite events"_s,
-         0,
-         u"ID  Name              Key  Date - Time\n2   Great Ohio flood       01/05/1937 06:30\n"_s,
-         {}},
-        {u"search Rivers --json -- FLOOD ohio"_s,
-         0,
-         u"{\"words\":\"FLOOD ohio\",\"documents\":[],\"events\":[{\"id\":2,\"name\":\"Great Ohio flood\","
-         "\"KeyEvent\":false,\"StartDate\":\"1937-01-05\",\"StartTime\":\"06:30\","_s,
-         {}},
-        {u"search Rivers flood"_s,
-         0,
-         u"1 Document\nID  Title  Key  Author  Date  File       Source\n3   Ärger                     Adobe PDF  None\n\n1 Event\n"_s,
-         {}},
-        {u"search Rivers drought"_s, 0, u"Nothing was found.\n"_s, {}},
-        {u"search Rivers --in-files bridge"_s,
-         0,
-         u"1 Document with the words in its file\n"
-         "ID  Title                  Key  Author  Date      File       Source\n"
-         "2   Levées of the \"Ohio\"   yes          May 1937  Adobe PDF  None\n1 file has not been read yet.\n"_s,
-         {}},
-        {u"search Rivers --in-files --json bridge"_s,
-         0,
-         u"{\"words\":\"bridge\",\"documents\":[],\"events\":[],\"organizations\":[],\"files\":[{\"id\":2,"_s,
-         {}},
-        {u"search Old --in-files flood"_s, 2, {}, u"orvik-tool: No window has read the files of this"_s},
-        {u"show Rivers documents:2"_s, 0, u"Title: Levées of the \"Ohio\" \nDate: May 1937\n"_s, {}},
-        {u"history Old events:2"_s, 0, u"First known\n"_s, {}},
-        {u"check Rivers"_s, 0, u"Structure of the database: nothing found\n"_s, {}},
-        {u"show Rivers documents:9"_s, 2, {}, u"orvik-tool: Document 9 not found\n"_s},
-        {u"history Rivers events:9 --json"_s, 2, {}, u"orvik-tool: Event 9 not found\n"_s},
-        {u"show Rivers venues:2"_s,
-         2,
-         {},
-         u"orvik-tool: venues is no kind of record: documents, events or"_s},
-        {u"show Rivers events:two"_s, 2, {}, u"orvik-tool: events:two is no record such as"_s},
-        {u"list Rivers event"_s, 2, {}, u"orvik-tool: event is no kind of record"_s},
-        {u"list Lakes events"_s, 2, {}, u"orvik-tool: There is no such file or folder. (Lakes)\n"_s},
-        {u"list Rivers/data/documents/2.pdf events"_s, 2, {}, u"orvik-tool: file is not a database ("_s},
-        {u"list Rivers"_s, 2, {}, u"orvik-tool: KIND is missing; see orvik-tool list --help.\n"_s},
-        {u"list Rivers events now"_s, 2, {}, u"orvik-tool: now is too much; see orvik-tool list --help.\n"_s},
-        {u"list --files Rivers events"_s, 2, {}, u"orvik-tool: list has no option --files"_s},
-        {u"search Rivers  "_s, 2, {}, u"orvik-tool: WORDS is empty.\n"_s},
-        {u"prune Rivers"_s, 2, {}, u"orvik-tool: There is no command prune; see orvik-tool --help.\n"_s},
-        {u"--json list Rivers events"_s, 2, {}, u"orvik-tool: --json comes after the command; see"_s},
-        {u"--quiet"_s, 2, {}, u"orvik-tool: There is no option --quiet; see orvik-tool --help.\n"_s},
-    };
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.arguments.toStdString());
-        const ToolRun result = run(each.arguments);
-        EXPECT_EQ(result.status, each.status);
-        EXPECT_EQ(result.output.left(each.output.size()), each.output);
-        EXPECT_EQ(result.error.left(each.error.size()), each.error);
-        EXPECT_EQ(result.error.count(u'\n'), each.status == 2 ? 1 : 0);
-        EXPECT_TRUE(each.status != 2 || result.output.isEmpty());
+    for (const FileCase& each : casesIn("console/cases/reading.txt", 25)) {
+        const ToolRun result = run(each.asked);
+        expectAnswer(result, each);
         EXPECT_FALSE(result.output.contains(u'\x1b')) << "it would command the terminal";
     }
 }

@@ -6,16 +6,11 @@
 #include "opening/NewDatabaseFile.h"
 #include "platform/Clock.h"
 #include "records/EventStore.h"
-#include "support/TestFiles.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
-#include <QDirIterator>
 
-#include <stdexcept>
 #include <sys/stat.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -36,6 +31,18 @@ ToolRun runTool(const QStringList& arguments, const QString& folder, const ToolH
     run.output = QString::fromUtf8(process.readAllStandardOutput());
     run.error = QString::fromUtf8(process.readAllStandardError());
     return run;
+}
+
+void expectAnswer(const ToolRun& run, const FileCase& expected)
+{
+    SCOPED_TRACE(expected.asked.toStdString());
+    const bool fails = expected.expected.startsWith(u'!');
+    QString answer = fails ? u"orvik-tool:"_s + expected.expected.mid(1) : expected.expected;
+    if (answer.endsWith(u"…\n")) answer.chop(2);
+    EXPECT_EQ(run.status, fails ? 2 : 0);
+    EXPECT_EQ((fails ? run.error : run.output).left(answer.size()), answer);
+    EXPECT_EQ(fails ? run.output : run.error, QString());
+    EXPECT_EQ(run.error.count(u'\n'), fails ? 1 : 0);
 }
 
 QString outputOf(const QString& program, const QStringList& arguments)

@@ -2,14 +2,10 @@
 
 #pragma once
 
+#include "support/CaseFile.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
-#include <QString>
-#include <QStringList>
-#include <QTemporaryDir>
-
-#include <functional>
 
 /// How a run of the tool ended.
 struct ToolRun
@@ -31,6 +27,10 @@ struct ToolHooks
 
 /// Runs the tool as a process. `folder` is where it runs.
 ToolRun runTool(const QStringList& arguments, const QString& folder = {}, const ToolHooks& hooks = {});
+
+/// What is expected is how the output begins, or after `! ` the only line of an error; the end of either may
+/// be `…`.
+void expectAnswer(const ToolRun& run, const FileCase& expected);
 
 /// Runs another program, such as a shell, and returns its output.
 QString outputOf(const QString& program, const QStringList& arguments);

@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "support/CaseFile.h"
 #include "support/TestDatabase.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <tuple>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -46,39 +40,22 @@ TEST(CraftedSchema, IsRefusedBeforeTheEngineIsAskedForIt)
     std::string columns = "a0";
     for (int i = 1; i < 150; ++i)
         columns += ", a" + std::to_string(i);
-    const std::tuple<const char*, std::string, int> cases[] = {
-        {"a join with views of views", eventQuery(" FROM Event LEFT JOIN v40 ON v40.id = Event.EventID"),
-         refused},
-        {"another join with one", eventQuery(" FROM Event LEFT JOIN Venue, v40 ON v40.id = Event.EventID"),
-         refused},
-        {"a base of one", eventQuery(" FROM v40"), refused},
-        {"a list of one", eventQuery(" FROM Event LEFT JOIN Venue ON Event.EventID IN v40"), refused},
-        {"a select from one", eventQuery(", (SELECT 1 FROM v40) AS KeyEvent FROM Event"), refused},
-        {"a select from several", eventQuery(", (SELECT 1 FROM Venue, v40) AS KeyEvent FROM Event"), refused},
-        {"a name given to a select",
-         eventQuery(", (WITH Venue AS (SELECT * FROM Venue) SELECT 1 FROM Venue) AS KeyEvent FROM Event"),
-         refused},
-        {"a union", "DROP VIEW Q_Event; CREATE VIEW Q_Event AS SELECT 1 AS EventID UNION SELECT 2", refused},
-        {"a column without its table", "DROP VIEW Q_Event; CREATE VIEW Q_Event AS SELECT EventID FROM Event",
-         refused},
-        {"a join with USING", eventQuery(" FROM Event LEFT JOIN EventVenues USING (EventID)"), refused},
-        {"another name for a table",
-         "DROP VIEW Q_Event; CREATE VIEW Q_Event AS SELECT e.EventID AS EventID FROM Event AS e", refused},
-        {"names before the columns", "DROP VIEW Q_Event; CREATE VIEW Q_Event (a, b) AS SELECT 1, 2", refused},
-        {"a comment", eventQuery(" FROM Event -- all"), refused},
-        {"a virtual table in place of a table",
-         "DROP TABLE Venue; CREATE VIRTUAL TABLE Venue USING fts4 (VenueID, VenueName)", refused},
-        {"a stored query of thousands of names", eventQuery(names + " FROM Event"), tooBig},
-        {"a table of thousands of keys",
+    std::vector<std::tuple<QString, std::string, int>> cases = {
+        {u"a stored query of thousands of names"_s, eventQuery(names + " FROM Event"), tooBig},
+        {u"a table of thousands of keys"_s,
          "UPDATE sqlite_master SET sql = 'CREATE TABLE Venue (" + columns + keys + ")' WHERE name = 'Venue'",
          corrupt},
     };
+    for (const auto& [what, statements] : casesIn("data/cases/CraftedSchemas.txt", 14)) {
+        const std::string text = statements.toStdString();
+        cases.emplace_back(what, text.starts_with("EVENTS") ? eventQuery(text.substr(6)) : text, refused);
+    }
     for (const auto& [what, statements, expected] : cases) {
         const TestDatabase database;
         database.run(("PRAGMA writable_schema = ON;" + doublingViews() + statements).c_str());
         DatabaseSession session;
         const int number = errorNumberOf([&] { session.open(database.fileName()); });
-        EXPECT_EQ(number, expected) << what;
+        EXPECT_EQ(number, expected) << what.toStdString();
     }
 }
 

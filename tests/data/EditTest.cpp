@@ -2,12 +2,6 @@
 
 #include "support/TestDatabase.h"
 
-#include <gtest/gtest.h>
-
-#include <vector>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int noSuchName = 1;

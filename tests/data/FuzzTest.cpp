@@ -1,26 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "data/CaseFile.h"
 #include "data/StatementTranslator.h"
+#include "support/CaseFile.h"
 #include "support/TestDatabase.h"
 
-#include <QDir>
-#include <QStringList>
-
-#include <gtest/gtest.h>
-
 #include <chrono>
-#include <random>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Statements of the program, to be damaged.
-const QStringList realStatements = linesOfCases("RealStatements");
+const QStringList realStatements = linesIn("data/cases/RealStatements.txt");
 
 const QStringList vocabulary =
-    linesOfCases("Vocabulary") + QStringList{QString(QChar(0)), QString(QChar(0xD800))};
+    linesIn("data/cases/Vocabulary.txt") + QStringList{QString(QChar(0)), QString(QChar(0xD800))};
 
 class StatementMaker
 {

@@ -1,14 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "data/CaseFile.h"
+#include "support/CaseFile.h"
 #include "support/TestDatabase.h"
 #include "views/StandardQueries.h"
-
-#include <QDir>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -65,7 +59,7 @@ TEST_F(HostileKeyword, BreaksTheStatementAtMost)
 {
     QStringList keywords{u"nul%1nul"_s.arg(QChar(0)), u"%' AND %1 LIKE '"_s.arg(QChar(0)),
                          u"%' AND ~1 LIKE '"_s};
-    keywords << linesOfCases("BreakingKeywords");
+    keywords << linesIn("data/cases/BreakingKeywords.txt");
     keywords.replaceInStrings(u"OTHER"_s, m_database.folder() + u"/other.sqlite"_s);
     for (const QString& keyword : keywords)
         EXPECT_GT(search(keyword), 0) << keyword.toStdString();
@@ -168,7 +162,7 @@ TEST_F(HostileKeyword, CannotMakeAReadingStatementWriteNorAWritingOneDoMore)
 {
     DatabaseSession& session = m_database.session();
     // "read" or "execute" is the call that refuses the statement, "either" means that both do
-    for (const QString& line : linesOfCases("RefusedStatements")) {
+    for (const QString& line : linesIn("data/cases/RefusedStatements.txt")) {
         const QString use = line.section(u' ', 0, 0);
         const QString statement = line.section(u' ', 1);
         SCOPED_TRACE(line.toStdString());

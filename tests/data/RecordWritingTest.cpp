@@ -4,12 +4,6 @@
 #include "journal/RecordParts.h"
 #include "support/TestDatabase.h"
 
-#include <QStringList>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int notAllowed = 23;

@@ -5,15 +5,6 @@
 #include "data/StatementTranslator.h"
 #include "support/TestDatabase.h"
 
-#include <QStringList>
-
-#include <gtest/gtest.h>
-
-#include <random>
-#include <tuple>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 TEST(StatementShapes, LeaveOutTheDatesAndNothingElse)
@@ -85,7 +76,6 @@ private:
     std::mt19937 m_random{1};
 };
 
-/// The statement for SQLite, or why there is none.
 QString translationOf(const Catalog& catalog, const QString& statement, const QStringList& dates = {})
 {
     try {

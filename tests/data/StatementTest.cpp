@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "data/LikePrefix.h"
+#include "data/StatementTranslator.h"
 #include "support/TestDatabase.h"
 #include "views/StandardQueries.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -60,15 +58,6 @@ TEST_F(Statement, PlacesThatDifferByCaseAloneAreOne)
               u"Police"_s);
 }
 
-TEST_F(Statement, AfterTheLastRowThereIsNone)
-{
-    RecordSet rows = m_database.session().read(u"SELECT * FROM JurisdictionTypes"_s);
-    EXPECT_TRUE(rows.next());
-    EXPECT_TRUE(rows.next());
-    EXPECT_FALSE(rows.next());
-    EXPECT_FALSE(rows.next());
-}
-
 TEST(LongTexts, AreComparedWholeOrAnError)
 {
     TestDatabase database;
@@ -96,6 +85,108 @@ TEST(LongTexts, AreComparedWholeOrAnError)
         session.read(u"SELECT DocumentID FROM Document WHERE 'a' LIKE DocumentName OR DocumentID = 1"_s);
     for (int time = 0; time < 2; ++time)
         EXPECT_NE(errorNumberOf([&] { rows.next(); }), 0);
+}
+
+class Prepared : public testing::Test
+{
+protected:
+    Prepared()
+    {
+        m_database.run("INSERT INTO Event (EventID, EventName, StartDate, StartTime, Status) VALUES "
+                       "(2, '#1#', '2001-09-01', '10:00', 'A'),"
+                       "(3, 'two', '2001-09-02', '11:00', 'A'),"
+                       "(4, 'three', '2001-09-03', '12:00', 'A')");
+    }
+
+    std::string from(const QString& date)
+    {
+        return firstColumnOf(
+                   m_database.session(),
+                   u"SELECT EventID FROM Event WHERE EventID > 1 AND StartDate >= #%1# ORDER BY EventID"_s
+                       .arg(date))
+            .toStdString();
+    }
+
+    TestDatabase m_database;
+};
+
+TEST_F(Prepared, TheSameStatementReadsAnewWithOtherDates)
+{
+    EXPECT_EQ(from(u"9/2/2001"_s), "3 4");
+    EXPECT_EQ(from(u"09/03/2001"_s), "4");
+    EXPECT_EQ(from(u"9/1/2001"_s), "2 3 4");
+    EXPECT_EQ(errorNumberOf([this] { from(u"9/31/2001"_s); }), 20);
+    m_database.run("UPDATE Event SET StartDate = '2001-10-01' WHERE EventID = 2");
+    EXPECT_EQ(from(u"09/03/2001"_s), "2 4") << "what was prepared sees what was written meanwhile";
+    EXPECT_EQ(rowsOf(m_database.session(), u"SELECT EventID FROM Event WHERE EventName = \"#1#\""_s), u"2"_s);
+}
+
+TEST_F(Prepared, EachReaderHasAStatementOfItsOwnThatHoldsNoLockWhenAbandoned)
+{
+    m_database.session().read(u"SELECT EventID FROM Event WHERE EventID > 1"_s).next();
+    m_database.run("UPDATE Event SET EventName = 'changed' WHERE EventID = 2");
+    EXPECT_EQ(rowsOf(m_database.session(), u"SELECT EventName FROM Event WHERE EventID = 2"_s), u"changed"_s);
+
+    const QString statement =
+        u"SELECT EventID FROM Event WHERE EventID > 1 AND StartDate >= #%1# ORDER BY EventID"_s;
+    RecordSet first = m_database.session().read(statement.arg(u"9/1/2001"_s));
+    ASSERT_TRUE(first.next());
+    {
+        RecordSet second = m_database.session().read(statement.arg(u"9/3/2001"_s));
+        ASSERT_TRUE(second.next());
+        EXPECT_EQ(second.integer(0), 4);
+    }
+    ASSERT_TRUE(first.next());
+    EXPECT_EQ(first.integer(0), 3);
+    EXPECT_EQ(from(u"9/3/2001"_s), "4");
+    m_database.session().close();
+    ASSERT_TRUE(first.next()) << "a reader goes on if the file is closed meanwhile";
+    EXPECT_EQ(first.integer(0), 4);
+    for (int time = 0; time < 2; ++time)
+        EXPECT_FALSE(first.next()) << "also if it is asked again";
+}
+
+TEST(LikePrefix, FindsATakenTitleByAnIndex)
+{
+    TestDatabase database;
+    const QString statement =
+        u"SELECT EventID FROM Event WHERE EventName LIKE \"Flood\" AND Status = 'ACTIVE'"_s;
+    const QString plan = database.planOf(statement);
+    EXPECT_TRUE(plan.contains(u"EventNames (EventName>? AND EventName<?)"_s)) << plan.toStdString();
+}
+
+/// Short chains are tried pair by pair, so they tell what a long one must find.
+TEST(TextPairs, FindWhatPairsTriedOneByOneFind)
+{
+    TestDatabase database;
+    database.run(
+        "INSERT INTO Organization (OrganizationID, City, State, Status) VALUES "
+        "(2, 'Austin', 'TX', 'ACTIVE'), (3, 'AUSTIN', 'tx', 'ACTIVE'), (4, 'Austin', 'MN', 'ACTIVE'), "
+        "(5, 'Cañon City', 'CO', 'ACTIVE'), (6, 'CAÑON CITY', 'CO', 'ACTIVE'), "
+        "(7, 'Canon City', 'CO', 'ACTIVE'), (8, NULL, 'TX', 'ACTIVE'), (9, 'Austin', NULL, 'ACTIVE'), "
+        "(10, '', '', 'ACTIVE'), (11, '\u212Aent', 'WA', 'ACTIVE'), (12, 'O''Fallon', 'MO', 'ACTIVE'), "
+        "(13, 'Austin ', 'TX', 'ACTIVE'), (14, 'Waco', 'TX', 'ACTIVE')");
+    const QStringList pairs{
+        u"(City LIKE 'austin' AND State LIKE 'TX')"_s, u"(City LIKE 'Cañon City' AND State LIKE 'co')"_s,
+        u"(City LIKE '' AND State LIKE '')"_s, u"(City LIKE 'kent' AND State LIKE 'WA')"_s,
+        u"(City LIKE \"O'Fallon\" AND State LIKE 'MO')"_s};
+    const auto found = [&database](const QStringList& chain, const QString& before) {
+        const QString statement = u"SELECT OrganizationID FROM Q_Organization WHERE Organization.Status <> "
+                                  "'DELETED' AND %1( %2 ) ORDER BY Organization.OrganizationID"_s;
+        return firstColumnOf(database.session(), statement.arg(before, chain.join(u" OR "_s)));
+    };
+    const QString wild = u"(City LIKE 'W%' AND State LIKE 'T_')"_s;
+    for (const QString& before : {QString(), u"NOT "_s}) {
+        EXPECT_EQ(found(pairs + pairs, before), found(pairs, before)) << before.toStdString();
+        EXPECT_EQ(found(pairs + pairs + QStringList{wild}, before), found(pairs + QStringList{wild}, before));
+    }
+    EXPECT_EQ(found(pairs + pairs, {}), u"2 3 5 6 10 11 12"_s);
+
+    const QString chain = (pairs + pairs).join(u" OR "_s);
+    const QString sql = StatementTranslator(database.session().catalog())
+                            .select(u"SELECT OrganizationID FROM Organization WHERE ("_s + chain + u')')
+                            .sql;
+    EXPECT_FALSE(sql.contains(u"LIKE"_s)) << "a long chain is looked up: " << sql.toStdString();
 }
 
 } // namespace

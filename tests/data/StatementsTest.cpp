@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "data/CaseFile.h"
+#include "support/CaseFile.h"
 #include "support/TestDatabase.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -107,7 +103,7 @@ private:
 
 TEST_P(StatementFile, IsAnsweredAsItSays)
 {
-    const QStringList lines = linesOfCases(GetParam());
+    const QStringList lines = linesIn(GetParam());
     ASSERT_GT(lines.size(), 50);
     for (qsizetype at = 0; at < lines.size(); ++at) {
         SCOPED_TRACE("line " + std::to_string(at + 1));
@@ -115,6 +111,8 @@ TEST_P(StatementFile, IsAnsweredAsItSays)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, StatementFile, testing::Values("Dates", "Lists", "Texts"));
+INSTANTIATE_TEST_SUITE_P(Cases, StatementFile,
+                         testing::Values("data/cases/Dates.txt", "data/cases/Lists.txt",
+                                         "data/cases/Texts.txt"));
 
 } // namespace

@@ -1,17 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "data/CaseFile.h"
 #include "data/StatementTranslator.h"
+#include "support/CaseFile.h"
 #include "support/TestDatabase.h"
 #include "views/StandardQueries.h"
-
-#include <QSet>
-#include <QStringList>
-
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -75,7 +67,7 @@ QSet<QString> setOf(const QStringList& lines)
 
 TEST_F(StoredQueries, OnlyTheTablesThatAStatementNeedsAreOpened)
 {
-    const QStringList lines = linesOfCases("Plans");
+    const QStringList lines = linesIn("data/cases/Plans.txt");
     ASSERT_GT(lines.size(), 20);
     for (qsizetype at = 0; at + 1 < lines.size(); at += 2) {
         // a condition belongs to the list of the kind that it begins with

@@ -2,12 +2,6 @@
 
 #include "support/TestDatabase.h"
 
-#include <QDir>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int busy = 5;

@@ -2,10 +2,6 @@
 
 #include "support/TestDatabase.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int readOnly = 8;

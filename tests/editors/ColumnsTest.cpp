@@ -5,10 +5,6 @@
 #include "records/OrganizationColumns.h"
 #include "support/TestDatabase.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// The columns that the editors know: all of a table, or those that its history has too.

@@ -4,10 +4,6 @@
 
 #include "editors/EditorTest.h"
 
-#include <QDir>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int overflow = 6;

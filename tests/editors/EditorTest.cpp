@@ -2,12 +2,6 @@
 
 #include "editors/EditorTest.h"
 
-#include "support/TestFiles.h"
-
-#include <algorithm>
-
-using namespace Qt::StringLiterals;
-
 EditorTest::EditorTest() : m_state(ProgramFolder(m_database.folder()))
 {
     m_database.runFile("editors/rows/Editor.sql");

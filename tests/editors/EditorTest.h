@@ -7,10 +7,6 @@
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
 
-#include <gtest/gtest.h>
-
-#include <vector>
-
 /// A program folder with a database, for the stores of the three kinds.
 class EditorTest : public testing::Test
 {

@@ -4,8 +4,6 @@
 
 #include "editors/EditorTest.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int overflow = 6;

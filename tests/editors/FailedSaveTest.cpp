@@ -5,11 +5,6 @@
 #include "records/EventStore.h"
 #include "records/OrganizationStore.h"
 
-#include <functional>
-#include <memory>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int refused = 1;

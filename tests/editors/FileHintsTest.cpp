@@ -2,11 +2,7 @@
 
 #include "records/FileHints.h"
 
-#include "support/TextPrinting.h"
-
-#include <gtest/gtest.h>
-
-namespace {
+#include "support/Testing.h"
 
 TEST(FileHints, TellTheTypeAndATitleByTheNameOfAFile)
 {
@@ -49,5 +45,3 @@ TEST(FileHints, TellWhatATypeOfTheUsersOwnLooksLike)
     for (const auto& [type, name, known] : cases)
         EXPECT_EQ(FileHints::knownType(type, QString::fromLatin1(name)), known) << name;
 }
-
-} // namespace

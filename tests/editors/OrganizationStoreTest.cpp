@@ -4,11 +4,6 @@
 
 #include "editors/EditorTest.h"
 
-#include <QDir>
-#include <QFile>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int overflow = 6;

@@ -3,8 +3,6 @@
 #include "editors/EditorTest.h"
 #include "records/PickedEntries.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int overflow = 6;
@@ -62,7 +60,8 @@ TEST_F(PickList, IdentifiersBeyondSixteenBitsAreOfferedButNotTaken)
     ASSERT_EQ(rows.size(), 4u);
     EXPECT_EQ(errorNumberOf([&] { pickedItem(rows[0], PickListKind::Functions); }), overflow);
     EXPECT_EQ(pickedItem(rows[1], PickListKind::Functions).key(), u"k32767"_s);
-    EXPECT_EQ(errorNumberOf([&] { pickedItems({{u"a far one"_s, 32768}}); }), overflow);
+    for (const int beyond : {32768, -32769})
+        EXPECT_EQ(errorNumberOf([&] { pickedItems({{u"a far one"_s, beyond}}); }), overflow);
 }
 
 TEST_F(PickList, WhatIsTakenBackIsTheListOrItsPlaceholder)

@@ -4,14 +4,10 @@
 
 #include "export/ExportedCollection.h"
 #include "export/Reference.h"
+#include "support/CaseFile.h"
 #include "support/OtherPrograms.h"
 
-#include <QRegularExpression>
 #include <QXmlStreamReader>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -103,51 +99,11 @@ TEST_F(References, KeepTheirTextsForOtherPrograms)
 
 TEST_F(References, HaveTheFieldsOfTheirType)
 {
-    EXPECT_TRUE(collection.exported("bibtex", RecordKind::Document).contains(R"(@techreport{smith2001-2,
-  title = {{A plain report}},
-  author = {Smith, Ann and Lee, Bo},
-  year = {2001},
-  month = sep,
-  date = {2001-09-11},
-  type = {Daily News},
-  volume = {3},
-  number = {7},
-  pages = {12--15},
-  institution = {Fire \& Rescue <Troy>},
-  url = {https://example.org/a?b=1&c=2#d},
-  file = {2.pdf},
-  keywords = {Report, {Map; "large"}, Secret, Harbour, Café <Ünal>},
-  abstract = {One line.},
-  note = {Kept}
-}
-)"));
+    const QByteArray bibtex = collection.exported("bibtex", RecordKind::Document);
+    EXPECT_TRUE(bibtex.contains(linesIn("export/cases/reference.bib").join(u'\n').toUtf8() + '\n'));
+    EXPECT_FALSE(bibtex.contains("{None}"));
     EXPECT_TRUE(collection.exported("ris", RecordKind::Document)
-                    .contains(QByteArray(R"(TY  - RPRT
-ID  - 2
-TI  - A plain report
-AU  - Smith, Ann
-AU  - Lee, Bo
-PY  - 2001
-DA  - 2001/09/11/
-T2  - Daily News
-VL  - 3
-IS  - 7
-SP  - 12
-EP  - 15
-PB  - Fire & Rescue <Troy>
-UR  - https://example.org/a?b=1&c=2#d
-L1  - 2.pdf
-KW  - Report
-KW  - Map; "large"
-KW  - Secret
-KW  - Harbour
-KW  - Café <Ünal>
-AB  - One line.
-N1  - Kept
-ER  - 
-)")
-                                  .replace('\n', "\r\n")));
-    EXPECT_FALSE(collection.exported("bibtex", RecordKind::Document).contains("{None}"));
+                    .contains(linesIn("export/cases/reference.ris").join(u"\r\n"_s).toUtf8() + " \r\n"));
     struct Case
     {
         const char* type;

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "export/ExportedCollection.h"
+#include "support/CaseFile.h"
 
 #include <QDateTime>
-#include <QMap>
-
-#include <gtest/gtest.h>
 
 #include <libical/ical.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -79,36 +75,9 @@ TEST(CalendarExport, IsReadByAnotherProgramWithTheDatesAndTextsOfTheDatabase)
         EXPECT_FALSE(found.contains(uid)) << uid.toStdString();
         found.insert(uid, content);
     }
-    const QMap<QString, QString> expected{
-        {u"event-2@test"_s,
-         u"VEVENT\nSUMMARY Flood, \"great\"\nDTSTART 20010911T084600\nDTEND 20010912T235930\n"
-         "LOCATION Harbour; Café <Ünal>\nPRIORITY 1\nCATEGORIES Rescue\n"
-         "DESCRIPTION Water; 漢字, \\n and more\n\nNotes: Kept\n"
-         "Related documents: A plain report; Control  characters\n"
-         "Related organizations: Fire & Rescue <Troy>; Two profiles"_s},
-        {u"event-3@test"_s, u"VJOURNAL\nSUMMARY Dates that are none\nDESCRIPTION Start date: 02/30/2001\n"
-                            "End date: spring\nStart time: 25:00\nEnd time: noon\nVenues: No. 99\n"
-                            "Related documents: A plain report"_s},
-        {u"event-4@test"_s, u"VEVENT\nSUMMARY Old\nDTSTART 18991231T000000\nDTEND 19000228T000000\n"
-                            "DESCRIPTION one\ntwo\nthree"_s},
-        {u"event-6@test"_s, u"VEVENT\nSUMMARY A day\nDTSTART 20040229\nDTEND 20040301\n"
-                            "DESCRIPTION Nothing but a day"_s},
-        {u"event-7@test"_s, u"VEVENT\nSUMMARY A moment\nDTSTART 19000301T120000"_s},
-        {u"event-8@test"_s, u"VEVENT\nSUMMARY Turned around\nDTSTART 20050505T100000\n"
-                            "DESCRIPTION End date: 05/04/2005\nEnd time: 09:00"_s},
-        {u"event-9@test"_s,
-         u"VJOURNAL\nSUMMARY No dates 🧯\nDESCRIPTION Key event: Yes\nStart time: 10:00"_s},
-        {u"event-10@test"_s, u"VEVENT\nSUMMARY Far\nDTSTART 01010101\nDTEND 01010102\n"
-                             "DESCRIPTION End date: 12/31/9999\nEnd time: 24:00"_s},
-        {u"event-11@test"_s, u"VEVENT\nSUMMARY Last days\nDTSTART 99991230\nDURATION P2D\nCATEGORIES Rescue\n"
-                             "CATEGORIES Fire, rescue; \\n\nDESCRIPTION Seen by: Ann"_s},
-        {u"event-12@test"_s,
-         u"VEVENT\nSUMMARY To midnight\nDTSTART 09990101T090000\nDTEND 09990102T000000\nDESCRIPTION "_s +
-             memo},
-        {u"event-13@test"_s,
-         u"VEVENT\nSUMMARY From midnight\nDTSTART 18500601T000000\nDTEND 18500601T003000\n"
-         "DESCRIPTION �\nx"_s},
-    };
+    QMap<QString, QString> expected;
+    for (const FileCase& each : casesIn("export/cases/calendar.txt", 11))
+        expected[each.asked] = each.expected.chopped(1).replace(u"MEMO"_s, memo);
     for (auto each = found.begin(); each != found.end(); ++each)
         EXPECT_EQ(each.value(), expected.value(each.key())) << each.key().toStdString();
     EXPECT_EQ(found.keys(), expected.keys());

@@ -9,11 +9,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 using Rows = QList<QStringList>;

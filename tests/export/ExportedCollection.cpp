@@ -4,10 +4,7 @@
 
 #include "export/ExportFormats.h"
 #include "export/ExportWork.h"
-#include "support/TestFiles.h"
 #include "views/StandardQueries.h"
-
-using namespace Qt::StringLiterals;
 
 ExportedCollection::ExportedCollection()
 {

@@ -54,7 +54,6 @@ public:
     /// Exports those into a file of the test's folder and returns its name.
     QString exportTo(const char* format, RecordKind kind, const ExportOptions& options = {});
 
-    /// The same, returning what the file holds.
     QByteArray exported(const char* format, RecordKind kind, const ExportOptions& options = {});
 
 private:

@@ -3,12 +3,7 @@
 #include "export/ExportedCollection.h"
 #include "support/OtherPrograms.h"
 
-#include <QMap>
 #include <QXmlStreamReader>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

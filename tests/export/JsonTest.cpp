@@ -8,11 +8,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 QJsonObject jsonOf(const QString& file)

@@ -1,17 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "export/ExportedCollection.h"
-#include "support/TestFiles.h"
+#include "support/CaseFile.h"
 
-#include <QMap>
-#include <QProcess>
 #include <QXmlStreamReader>
-
-#include <gtest/gtest.h>
-
-#include <utility>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -60,32 +52,13 @@ TEST(KmlExport, IsValidAndHasEachOrganizationWhereTheMapHasIt)
     const QMap<QString, Place> places = placesIn(contentOf(file));
     EXPECT_EQ(places[u"all"_s].value(u"name"_s), u"All & <more>"_s);
 
-    const struct
-    {
-        QString organization;
-        QString name;
-        QString coordinates;
-        QString description;
-    } expected[] = {
-        {u"2"_s, u"Fire & Rescue <Troy>"_s, u"-73.25,42.5"_s,
-         u"<b>Address:</b> 1 Main St<br><b>City:</b> Troy<br><b>State:</b> NY<br><b>Zip:</b> 01234<br>"
-         "<b>Telephone:</b> 555-0100<br><b>Web site:</b> www.example.org<br><b>Type:</b> Fire<br>"
-         "<b>Function:</b> Rescue<br><b>Notes:</b> Kept"_s},
-        {u"3"_s, u"Two profiles"_s, u"-73.69,42.73"_s,
-         u"<b>City:</b>  troy<br><b>State:</b> ny <br><b>Web site:</b> http://example.org<br>"
-         "<b>Type:</b> No. 3<br><b>Notes:</b> a<br><br>b"_s},
-        {u"5"_s, u"Nowhere 漢字 "_s, {}, u"<b>City:</b> Oz"_s},
-        {u"6"_s, u"South"_s, u"179.5,-89.123456789"_s, u"<b>Type:</b> Fire"_s},
-        {u"7"_s, u"Half a position"_s, u"-73.69,42.73"_s,
-         u"<b>City:</b> TROY<br><b>State:</b> ny<br><b>Notes:</b> "_s + memo.toHtmlEscaped()},
-        {u"8"_s, u"Beyond the line"_s, u"-170,0.00001"_s, u"<b>Notes:</b> \uFFFD<br>\t"_s},
-    };
+    const std::vector<FileCase> expected = casesIn("export/cases/places.txt", 6);
     EXPECT_EQ(places.size(), 1 + std::ssize(expected));
-    for (const auto& each : expected) {
-        const Place place = places[each.organization];
-        EXPECT_EQ(place.value(u"name"_s), each.name);
-        EXPECT_EQ(place.value(u"coordinates"_s), each.coordinates) << each.name.toStdString();
-        EXPECT_EQ(place.value(u"description"_s), each.description);
+    for (const FileCase& each : expected) {
+        const Place place = places[each.asked];
+        const QStringList found{place.value(u"name"_s), place.value(u"coordinates"_s),
+                                place.value(u"description"_s).replace(memo.toHtmlEscaped(), u"MEMO"_s)};
+        EXPECT_EQ(found.join(u'\n') + u'\n', each.expected) << each.asked.toStdString();
     }
     EXPECT_EQ(places[u"7"_s].value(u"notes"_s), memo);
     QStringList fields;
@@ -94,15 +67,7 @@ TEST(KmlExport, IsValidAndHasEachOrganizationWhereTheMapHasIt)
         const bool isField = each.key() != u"name"_s && each.key() != u"description"_s;
         if (isField) fields << each.key() + u' ' + each.value();
     }
-    EXPECT_EQ(
-        fields.join(u" | "_s),
-        u"address1 1 Main St | annualbudget 1234567.89 | city Troy | civilianemployees 0 | "
-        "coordinates -73.25,42.5 | document A plain report | functionid Rescue | lat 42.5 | lon -73.25 | "
-        "missionstatement =Mission | notes Kept | organizationchart 2.png | organizationevents Flood, "
-        "\"great\" | organizationname Fire & Rescue <Troy> | organizationprofilejurisdictions County | "
-        "organizationprofilepopulations Rural | organizationsubtypeid Volunteer | organizationtypeid "
-        "Fire | organizationvenues Café <Ünal> | responseactivities All; day | state NY | "
-        "swornemployees 12 | telephone 555-0100 | website www.example.org | zip 01234"_s);
+    EXPECT_EQ(fields, linesIn("export/cases/fields.txt"));
 }
 
 } // namespace

@@ -3,11 +3,7 @@
 #include "export/LibreOffice.h"
 
 #include "support/OtherPrograms.h"
-#include "support/TestFiles.h"
-
-#include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
+#include "support/Testing.h"
 
 namespace {
 

@@ -2,10 +2,7 @@
 
 #include "export/ExportedCollection.h"
 #include "export/LibreOffice.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/CaseFile.h"
 
 namespace {
 
@@ -35,42 +32,6 @@ QString cellAt(const SheetRows& sheet, const QString& key, const QString& title)
     }
     return u"(no cell)"_s;
 }
-
-struct ExpectedCell
-{
-    const char* sheet;
-    const char* key;
-    const char* title;
-    const char* cell;
-};
-
-constexpr std::array others{
-    ExpectedCell{"Document-Documents", "2", "ID", "2"},
-    ExpectedCell{"Document-Documents", "2", "Key document", "\"Yes\""},
-    ExpectedCell{"Document-Documents", "8", "Key document", "\"No\""},
-    ExpectedCell{"Document-Documents", "2", "Price", "12.5"},
-    ExpectedCell{"Document-Documents", "2", "Barcode", "\"9007199254740993\""},
-    ExpectedCell{"Document-Documents", "3", "Barcode", "-5"},
-    ExpectedCell{"Document-Documents", "2", "File type", "\"PDF\""},
-    ExpectedCell{"Document-Documents", "2", "Venues", "\"Harbour; Café <Ünal>\""},
-    ExpectedCell{"Document-Documents", "2", "Related events", "\"Flood, \"great\"; Dates that are none\""},
-    ExpectedCell{"Event-Events", "2", "Start date", "2001-09-11"},
-    ExpectedCell{"Event-Events", "2", "Start time", "08:46:00 AM"},
-    ExpectedCell{"Event-Events", "2", "End time", "11:59:30 PM"},
-    ExpectedCell{"Event-Events", "3", "Start date", "\"2001-02-30\""},
-    ExpectedCell{"Event-Events", "3", "Start time", "\"25:00\""},
-    ExpectedCell{"Event-Events", "3", "End date", "\"spring\""},
-    ExpectedCell{"Event-Events", "4", "Start time", "12:00:00 AM"},
-    ExpectedCell{"Event-Events", "4", "End date", "\"1900-02-28\""},
-    ExpectedCell{"Event-Events", "7", "Start date", "1900-03-01"},
-    ExpectedCell{"Event-Events", "10", "Start date", "\"0101-01-01\""},
-    ExpectedCell{"Event-Events", "10", "End date", "9999-12-31"},
-    ExpectedCell{"Organization-Organizations", "2", "Latitude", "42.5"},
-    ExpectedCell{"Organization-Organizations", "2", "Sworn employees", "12"},
-    ExpectedCell{"Organization-Organizations", "2", "Annual budget", "1234567.89"},
-    ExpectedCell{"Organization-Organizations", "3", "Mission statement", "\"The first\""},
-    ExpectedCell{"list-Events", "Flood, \"great\"", "Date - Time", "\"09/11/2001 08:46 - 09/12/2001 23:59\""},
-};
 
 } // namespace
 
@@ -111,9 +72,8 @@ TEST(Xlsx, LibreOfficeReadsWhatTheDatabaseHolds)
             }
         }
     }
-    for (const ExpectedCell& each : others)
-        EXPECT_EQ(cellAt(sheets[QString::fromLatin1(each.sheet)], QString::fromUtf8(each.key),
-                         QString::fromUtf8(each.title)),
-                  QString::fromUtf8(each.cell))
-            << each.sheet << ' ' << each.key << ' ' << each.title;
+    for (const QString& line : linesIn("export/cases/cells.txt")) {
+        const QStringList expected = line.split(u" | "_s);
+        EXPECT_EQ(cellAt(sheets[expected[0]], expected[1], expected[2]), expected[3]) << line.toStdString();
+    }
 }

@@ -3,23 +3,16 @@
 #include "faults/FaultScene.h"
 
 #include "files/Archive.h"
-#include "support/TestFiles.h"
+#include "support/Testing.h"
 #include "util/Error.h"
 
 #include <QDataStream>
-#include <QDirIterator>
-#include <QFile>
-
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
 
 #include <filesystem>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
-using namespace Qt::StringLiterals;
-
 namespace {
 
 using SystemCalls::Effect;

@@ -18,11 +18,6 @@
 #include "platform/IniSettingsStore.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
-#include "support/TestFiles.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -10,13 +10,6 @@
 #include "records/OrganizationStore.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
-#include "support/TestFiles.h"
-
-#include <gtest/gtest.h>
-
-#include <memory>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -2,6 +2,8 @@
 
 #include "faults/SystemCalls.h"
 
+#include "support/Testing.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -344,3 +346,19 @@ std::vector<quint64> SystemCalls::kinds()
 {
     return {watching->kinds, watching->kinds + std::min(watching->count, mostKinds)};
 }
+
+namespace {
+
+/// Some containers do not let a process watch its calls, or the kernel cannot do it.
+class WatchedCalls final : public testing::Environment
+{
+public:
+    void SetUp() override
+    {
+        if (!SystemCalls::canBeWatched())
+            GTEST_SKIP() << "No system call can be made to fail here: the kernel takes no seccomp filter.";
+    }
+};
+const testing::Environment* const watchedCalls = testing::AddGlobalTestEnvironment(new WatchedCalls);
+
+} // namespace

@@ -3,17 +3,10 @@
 #include "files/DatabaseFile.h"
 
 #include "support/TestDatabase.h"
-#include "support/TestFiles.h"
 
 #include <QtEndian>
 
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
-
 #include <numeric>
-#include <tuple>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

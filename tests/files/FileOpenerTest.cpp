@@ -4,13 +4,6 @@
 
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
-#include "support/TestFiles.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -23,7 +16,6 @@ protected:
     [[nodiscard]] QString disc() const { return database.folder() + u"/disc"_s; }
     [[nodiscard]] QString photos() const { return database.folder() + u"/photos"_s; }
 
-    /// Makes an empty file below the test's folder.
     void put(const char* path) const { writeFile(database.folder() + u'/' + QString::fromUtf8(path)); }
 
     /// A path below the test's folder, or an empty text.

@@ -4,17 +4,9 @@
 
 #include "support/SizeLimit.h"
 #include "support/TestDatabase.h"
-#include "support/TestFiles.h"
-
-#include <QDirIterator>
-
-#include <gtest/gtest.h>
 
 #include <cerrno>
 #include <sys/stat.h>
-#include <tuple>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

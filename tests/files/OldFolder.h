@@ -4,15 +4,7 @@
 
 #include "files/SharedFolderSplit.h"
 #include "support/TestDatabase.h"
-#include "support/TestFiles.h"
 #include "util/FileAccess.h"
-
-#include <QDirIterator>
-#include <QTemporaryDir>
-
-#include <SQLiteCpp/SQLiteCpp.h>
-
-using namespace Qt::StringLiterals;
 
 /// The statement for a file that a database names: `2.pdf` by a document, `hist:2.pdf` by a former version,
 /// `deleted:2.pdf` by a deleted one, `chart:7:C:\x.tif` by an organization, `former:7` by what the journal

@@ -3,16 +3,8 @@
 #include "files/ProgramFolder.h"
 
 #include "files/FolderNames.h"
-#include "support/TestFiles.h"
+#include "support/Testing.h"
 #include "util/Error.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
-namespace {
 
 TEST(ProgramFolder, IsChosenFromTheSurroundings)
 {
@@ -97,5 +89,3 @@ TEST(ProgramFolder, FindsFilesWhateverTheirLetterCaseAndNothingOutside)
     EXPECT_FALSE(names.contains(u"7_files"_s));
     EXPECT_FALSE(FolderNames(u"/nowhere"_s).contains(u"x"_s));
 }
-
-} // namespace

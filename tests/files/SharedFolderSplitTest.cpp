@@ -2,16 +2,13 @@
 
 #include "files/OldFolder.h"
 #include "support/AsPlainUser.h"
+#include "support/CaseFile.h"
 
 #include <QElapsedTimer>
 
-#include <gtest/gtest.h>
-
-#include <array>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
-#include <random>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -20,65 +17,19 @@ namespace {
 
 TEST(SharedFolderSplit, TakesTheFilesThatRecordsNameAndCopiesWhatOthersMayNeed)
 {
-    struct Case
-    {
-        const char* what;
-        const char* namedByA;
-        const char* namedByB;
-        const char* namedByC;
-        const char* files;
-        const char* after;
-    };
-    const Case cases[] = {
-        {"files of one database move, files of none stay", "2.pdf", "3.pdf", "4.pdf",
-         "documents/2.pdf documents/3.pdf documents/4.pdf documents/9.pdf maps/states.shp",
-         "a.sqlite documents/2.pdf documents/9.pdf maps/states.shp | b/data/b.sqlite b/data/documents/3.pdf "
-         "c/data/c.sqlite c/data/documents/4.pdf"},
-        {"a file of the one that stays is copied", "2.pdf", "2.pdf", "", "documents/2.pdf",
-         "a.sqlite documents/2.pdf | b/data/b.sqlite b/data/documents/2.pdf c/data/c.sqlite"},
-        {"a file of two others is copied to both and stays", "", "2.pdf", "2.pdf", "documents/2.pdf",
-         "a.sqlite documents/2.pdf | b/data/b.sqlite b/data/documents/2.pdf c/data/c.sqlite "
-         "c/data/documents/2.pdf"},
-        {"former versions and deleted records count", "hist:2.pdf deleted:3.pdf", "2.pdf 3.pdf hist:4.pdf",
-         "deleted:5.pdf", "documents/2.pdf documents/3.pdf documents/4.pdf documents/5.pdf",
-         "a.sqlite documents/2.pdf documents/3.pdf | b/data/b.sqlite b/data/documents/2.pdf "
-         "b/data/documents/3.pdf b/data/documents/4.pdf c/data/c.sqlite c/data/documents/5.pdf"},
-        {"letter case does not matter", "2.pdf", "2.PDF 3.pdf", "", "Documents/2.Pdf Documents/3.PDF",
-         "Documents/2.Pdf a.sqlite | b/data/b.sqlite b/data/documents/2.Pdf b/data/documents/3.PDF "
-         "c/data/c.sqlite"},
-        {"a web page goes with its folder", "", "2.html", "3.htm 4.pdf",
-         "documents/2.htm documents/2_files/a/x.css documents/3.html documents/3_FILES/y.css documents/4.pdf "
-         "documents/4_files/z.css",
-         "a.sqlite documents/4_files/z.css | b/data/b.sqlite b/data/documents/2.htm "
-         "b/data/documents/2_files/a/x.css c/data/c.sqlite c/data/documents/3.html "
-         "c/data/documents/3_FILES/y.css c/data/documents/4.pdf"},
-        {"a page's folder that two name is copied", "2.htm", "2.html", "",
-         "documents/2.htm documents/2_files/x.css",
-         "a.sqlite documents/2.htm documents/2_files/x.css | b/data/b.sqlite b/data/documents/2.htm "
-         "b/data/documents/2_files/x.css c/data/c.sqlite"},
-        {"charts have the number of the organization", "chart:7: 8.pdf",
-         "chart:7:C:\\x.TIF chart:8:", "chart:9:own.png",
-         "orgcharts/7.tif orgcharts/7.pdf orgcharts/8.pdf orgcharts/9.png orgcharts/own.png",
-         "a.sqlite orgcharts/7.pdf | b/data/b.sqlite b/data/orgcharts/7.pdf b/data/orgcharts/7.tif "
-         "b/data/orgcharts/8.pdf c/data/c.sqlite c/data/orgcharts/9.png c/data/orgcharts/own.png"},
-        {"former charts go with the journal", "former:7", "former:9", "former:7",
-         "orgcharts/former/7-a.pdf orgcharts/former/9-b.pdf orgcharts/former/.replaced-9-c.pdf "
-         "orgcharts/former/8-d.pdf",
-         "a.sqlite orgcharts/former/7-a.pdf orgcharts/former/8-d.pdf | b/data/b.sqlite "
-         "b/data/orgcharts/former/.replaced-9-c.pdf "
-         "b/data/orgcharts/former/9-b.pdf c/data/c.sqlite c/data/orgcharts/former/7-a.pdf"},
-        {"names that lead out of the folder name nothing", "", "../b.txt documents/2.pdf ..", ".",
-         "b.txt documents/2.pdf", "a.sqlite b.txt documents/2.pdf | b/data/b.sqlite c/data/c.sqlite"},
-    };
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.what);
+    // what the databases a, b and c name, the files in their folder, and what is where afterwards
+    for (const auto& [what, lines] : casesIn("files/cases/split.txt", 10)) {
+        SCOPED_TRACE(what.toStdString());
+        QStringList texts = lines.split(u'\n');
+        for (QString& text : texts)
+            text = text.section(u": "_s, 1);
         const OldFolder folder;
-        folder.addDatabase(u"a.sqlite"_s, QString::fromUtf8(each.namedByA));
-        folder.addDatabase(u"b.sqlite"_s, QString::fromUtf8(each.namedByB));
-        folder.addDatabase(u"c.sqlite"_s, QString::fromUtf8(each.namedByC));
-        folder.addFiles(QString::fromUtf8(each.files));
+        folder.addDatabase(u"a.sqlite"_s, texts[0]);
+        folder.addDatabase(u"b.sqlite"_s, texts[1]);
+        folder.addDatabase(u"c.sqlite"_s, texts[2]);
+        folder.addFiles(texts[3]);
         const auto result = folder.split(u"a.sqlite"_s);
-        EXPECT_EQ(folder.all(), each.after);
+        EXPECT_EQ(folder.all(), texts[4].toStdString());
         EXPECT_TRUE(result.failed.empty());
         ASSERT_EQ(result.moved.size(), 2);
         EXPECT_EQ(result.moved[1].from, folder.file(u"c.sqlite"_s));

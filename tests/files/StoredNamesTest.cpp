@@ -2,18 +2,7 @@
 
 #include "files/FolderNames.h"
 #include "files/ProgramFolder.h"
-#include "support/TestFiles.h"
-#include "support/TextPrinting.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-#include <tuple>
-
-using namespace Qt::StringLiterals;
-
-namespace {
+#include "support/Testing.h"
 
 TEST(StoredNames, AWebPageIsFoundUnderEitherEnding)
 {
@@ -67,5 +56,3 @@ TEST(StoredNames, PathsOfTheMachineHaveAProgramForm)
     EXPECT_EQ(ProgramFolder::programForm(u"/home/a b/c.pdf"_s), u"\\home\\a b\\c.pdf"_s);
     EXPECT_EQ(ProgramFolder::programForm(u"C:\\a\\c.pdf"_s), u"C:\\a\\c.pdf"_s);
 }
-
-} // namespace

@@ -1,19 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "help/HelpFile.h"
-#include "support/TestFiles.h"
-#include "support/TextPrinting.h"
+#include "support/Testing.h"
 
-#include <QMap>
-#include <QRegularExpression>
-#include <QSet>
 #include <QXmlStreamReader>
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

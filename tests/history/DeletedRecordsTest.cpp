@@ -5,10 +5,6 @@
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// Records of each kind with every status that files hold: of the deleted ones, the journal tells when 4 was

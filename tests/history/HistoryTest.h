@@ -8,10 +8,6 @@
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
 /// A database with records of every kind, whose clock goes on by a minute with each save.
 class HistoryTest : public testing::Test
 {

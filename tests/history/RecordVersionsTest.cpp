@@ -3,8 +3,6 @@
 #include "history/HistoryTest.h"
 #include "journal/UndoSteps.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class RecordVersionsTest : public HistoryTest

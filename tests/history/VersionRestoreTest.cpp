@@ -4,9 +4,6 @@
 
 #include "history/HistoryTest.h"
 #include "journal/RecordParts.h"
-#include "support/TestFiles.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,7 +19,6 @@ protected:
             .restore(versions.content(index), versions.present());
     }
 
-    /// All that records and lists hold.
     QString dump()
     {
         QString all;

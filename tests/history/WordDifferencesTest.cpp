@@ -2,12 +2,10 @@
 
 #include "history/WordDifferences.h"
 
+#include "support/Testing.h"
+
 #include <QRandomGenerator>
-#include <QStringList>
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 using Kind = DifferenceRun::Kind;
 
 namespace {

@@ -2,22 +2,20 @@
 
 #include "AccessFile.h"
 #include "ImportTool.h"
+#include "Supervisor.h"
+#include "support/Testing.h"
 
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
 #include <atomic>
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <mutex>
-#include <random>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
-#include <tuple>
+
+using namespace accessimport;
 
 namespace {
 
@@ -75,8 +73,6 @@ void expectCleanFailure(const ToolResult& result, const TemporaryFolder& folder)
     EXPECT_EQ(std::count(result.error.begin(), result.error.end(), '\n'), 1) << result.error;
     EXPECT_EQ(folder.names(), (Names{"it.mdb"}));
 }
-
-} // namespace
 
 TEST(ImportFailures, aFileThatIsNotReadableSaysWhy)
 {
@@ -281,3 +277,31 @@ TEST(ImportFailures, aFileWithChangedBytesEndsInAMessageOrASoundDatabase)
     });
     EXPECT_GT(refused, damages.size() / 30);
 }
+
+TEST(Supervisor, turnsEveryEndOfTheOtherProcessIntoAStatus)
+{
+    const auto outcome = [](const std::function<ExitStatus()>& work) {
+        Supervisor supervisor;
+        try {
+            return supervisor.run(work);
+        } catch (const ImportError& error) {
+            return error.status();
+        }
+    };
+    const auto ended = [](int signal) {
+        return [signal] {
+            std::signal(signal, SIG_DFL);
+            ::raise(signal);
+            return ExitStatus::Success;
+        };
+    };
+    EXPECT_EQ(outcome([] { return ExitStatus::Success; }), ExitStatus::Success);
+    EXPECT_EQ(outcome([] { return ExitStatus::Unverified; }), ExitStatus::Unverified);
+    EXPECT_EQ(outcome(ended(SIGSEGV)), ExitStatus::Damaged);
+    EXPECT_EQ(outcome(ended(SIGABRT)), ExitStatus::Damaged);
+    EXPECT_EQ(outcome(ended(SIGXCPU)), ExitStatus::Damaged);
+    EXPECT_EQ(outcome(ended(SIGKILL)), ExitStatus::Stopped);
+    EXPECT_EQ(outcome([]() -> ExitStatus { std::_Exit(77); }), ExitStatus::Damaged);
+}
+
+} // namespace

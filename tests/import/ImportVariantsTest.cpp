@@ -3,11 +3,7 @@
 #include "AccessFile.h"
 #include "ImportTool.h"
 #include "TablePlan.h"
-
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
-
-#include <algorithm>
+#include "support/Testing.h"
 
 namespace {
 

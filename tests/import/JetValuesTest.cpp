@@ -6,8 +6,7 @@
 #include "JetDate.h"
 #include "JetText.h"
 #include "SchemaScript.h"
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 #include <cmath>
 #include <limits>

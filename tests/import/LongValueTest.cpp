@@ -4,10 +4,7 @@
 
 #include "ImportError.h"
 #include "ImportTool.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "support/Testing.h"
 
 using namespace accessimport;
 

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "index/IndexedFolder.h"
+#include "support/Testing.h"
 
-#include <QFile>
 #include <QStringEncoder>
 
-#include <gtest/gtest.h>
-
 #include <sys/stat.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,18 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "index/IndexedFolder.h"
-#include "support/TestFiles.h"
-
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 #include <cstdlib>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

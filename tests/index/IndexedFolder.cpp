@@ -2,15 +2,10 @@
 
 #include "index/IndexedFolder.h"
 
-#include "support/TestFiles.h"
+#include "support/Testing.h"
 
 #include <QDateTime>
 #include <QTimeZone>
-
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

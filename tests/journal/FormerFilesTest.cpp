@@ -5,12 +5,8 @@
 #include "editors/EditorTest.h"
 #include "journal/UndoSteps.h"
 #include "records/OrganizationStore.h"
-#include "support/TestFiles.h"
 
 #include <QCryptographicHash>
-#include <QDir>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

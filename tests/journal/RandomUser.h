@@ -9,10 +9,7 @@
 #include "records/DocumentStore.h"
 #include "records/EventStore.h"
 #include "records/OrganizationStore.h"
-
-#include <random>
-
-using namespace Qt::StringLiterals;
+#include "support/Testing.h"
 
 /// What the user of a collection could do, by chance, through the stores.
 class RandomUser

@@ -4,12 +4,7 @@
 
 #include "records/DocumentStore.h"
 #include "records/OrganizationStore.h"
-
-#include <SQLiteCpp/SQLiteCpp.h>
-
-using namespace Qt::StringLiterals;
-
-namespace {
+#include "support/CaseFile.h"
 
 TEST_F(UndoStepsTest, GoesBackAndForth)
 {
@@ -92,103 +87,41 @@ TEST_F(UndoStepsTest, BeginsAStepAnewAfterThatOfAnotherProgram)
 
 TEST_F(UndoStepsTest, NamesWhatWasDone)
 {
-    const auto sub = ListKind::OrganizationSubTypes;
-    DocumentStore documents(m_state.session, m_state.folder, m_clock);
-    const struct
-    {
-        std::function<void()> change;
-        QString expected;
-    } cases[] = {
-        {[&] {
-             (void)m_lists.add(ListKind::Venues, {0, u"Capitol"_s});
-         },
-         u"Add of Venue \"Capitol\""_s},
-        {[&] {
-             (void)m_lists.change(ListKind::Venues, {13, u"State House"_s});
-         },
-         u"Change of Venue \"State House\""_s},
-        {[&] { (void)m_lists.merge(ListKind::Venues, 13, 2); }, u"Merge of Venue \"State House\""_s},
-        {[&] {
-             (void)m_lists.add(sub, {0, u"With }] in \"it\""_s, {}, 3});
-         },
-         u"Add of Organization Sub-Type \"With }] in \"it\"\""_s},
-        {[&] { (void)m_lists.remove(sub, 10); }, u"Delete of Organization Sub-Type \"With }] in \"it\"\""_s},
-        {[&] { documents.deleteDocument(2); }, u"Delete of Document \"Flood report\""_s},
-        {[&] {
-             save(RecordKind::Document, 2, u"UPDATE Document SET dStatus = 'ACTIVE' WHERE DocumentID = 2"_s);
-         },
-         u"Restore of Document \"Flood report\""_s},
-        {[&] {
-             save(RecordKind::Organization, 3,
-                  u"UPDATE Organization SET OrganizationName = '%1' WHERE OrganizationID = 3"_s.arg(
-                      QString(5000, u'x')));
-         },
-         u"Change of Organization \"%1…\""_s.arg(QString(1000, u'x'))},
-    };
-    for (const auto& each : cases) {
-        each.change();
-        EXPECT_EQ(undoText(), u"Undo "_s + each.expected);
+    const auto expectStep = [this](const QString& name) {
+        EXPECT_EQ(undoText(), u"Undo "_s + name);
         EXPECT_TRUE(m_undo.undo().isDone());
-        EXPECT_EQ(redoText(), u"Redo "_s + each.expected);
+        EXPECT_EQ(redoText(), u"Redo "_s + name);
         EXPECT_TRUE(m_undo.redo().isDone());
-        EXPECT_EQ(undoText(), u"Undo "_s + each.expected);
-    }
+        EXPECT_EQ(undoText(), u"Undo "_s + name);
+    };
+    (void)m_lists.add(ListKind::Venues, {0, u"Capitol"_s});
+    expectStep(u"Add of Venue \"Capitol\""_s);
+    (void)m_lists.change(ListKind::Venues, {13, u"State House"_s});
+    expectStep(u"Change of Venue \"State House\""_s);
+    (void)m_lists.merge(ListKind::Venues, 13, 2);
+    expectStep(u"Merge of Venue \"State House\""_s);
+    (void)m_lists.add(ListKind::OrganizationSubTypes, {0, u"With }] in \"it\""_s, {}, 3});
+    expectStep(u"Add of Organization Sub-Type \"With }] in \"it\"\""_s);
+    (void)m_lists.remove(ListKind::OrganizationSubTypes, 10);
+    expectStep(u"Delete of Organization Sub-Type \"With }] in \"it\"\""_s);
+    DocumentStore(m_state.session, m_state.folder, m_clock).deleteDocument(2);
+    expectStep(u"Delete of Document \"Flood report\""_s);
+    save(RecordKind::Document, 2, u"UPDATE Document SET dStatus = 'ACTIVE' WHERE DocumentID = 2"_s);
+    expectStep(u"Restore of Document \"Flood report\""_s);
+    const QString rename = u"UPDATE Organization SET OrganizationName = '%1' WHERE OrganizationID = 3"_s;
+    save(RecordKind::Organization, 3, rename.arg(QString(5000, u'x')));
+    expectStep(u"Change of Organization \"%1…\""_s.arg(QString(1000, u'x')));
 }
 
 TEST_F(UndoStepsTest, BringsBackExactlyWhatWasThere)
 {
-    const QString document = u"UPDATE Document SET Notes = 'changed' WHERE DocumentID = 2"_s;
-    const struct
-    {
-        const char* name;
-        RecordKind kind;
-        QString rows; ///< put into the file beforehand
-        QString change;
-    } cases[] = {
-        {"orphan links", RecordKind::Document,
-         u"INSERT INTO DocumentTypes VALUES (2, 99), (2, NULL), (2, 99)"_s,
-         u"DELETE FROM DocumentTypes WHERE DocumentID = 2 AND ifnull(DocumentTypeID, 99) = 99"_s},
-        {"two profiles", RecordKind::Organization,
-         u"INSERT INTO OrganizationProfile (OrganizationProfileID, Other) VALUES (2, 'second'), (2, NULL)"_s,
-         u"UPDATE OrganizationProfile SET Other = 'one for both' WHERE OrganizationProfileID = 2"_s},
-        {"real numbers", RecordKind::Organization,
-         u"UPDATE Organization SET Lat = 30.267153000000003, Lon = 5.0 WHERE OrganizationID = 2"_s,
-         u"UPDATE Organization SET Lat = 5e-324, Lon = -97.1 WHERE OrganizationID = 2"_s},
-        {"a record that goes", RecordKind::Organization,
-         u"UPDATE Organization SET Lat = 0.1, Lon = 1e300, UserID = 9007199254740993 WHERE OrganizationID = 2"_s,
-         u"DELETE FROM Organization WHERE OrganizationID = 2"_s},
-        {"dates that cannot be read", RecordKind::Event,
-         u"UPDATE Event SET StartDate = '31 Feb', EndTime = '25:99:61' WHERE EventID = 2"_s,
-         u"UPDATE Event SET StartDate = NULL, EndTime = '12:00' WHERE EventID = 2"_s},
-        {"texts", RecordKind::Document,
-         u"UPDATE Document SET Notes = 'a ''quote'' \"and\" \\ and' || char(9, 10, 13, 1, 127, 8232, 65279, "
-         "128512) || 'e\u0301', Author = '', Volume = '1e5', Status = '\\u0041' WHERE DocumentID = 2"_s,
-         u"UPDATE Document SET Notes = NULL, Author = 'x', Volume = '100000', Status = NULL WHERE DocumentID = 2"_s},
-        {"a column of its own", RecordKind::Document,
-         u"ALTER TABLE Document ADD COLUMN \"Shelf \"\"A\"\" no.\"; "
-         "ALTER TABLE Document_HIST ADD COLUMN \"Shelf \"\"A\"\" no.\"; UPDATE Document SET "
-         "\"Shelf \"\"A\"\" no.\" = 'x' WHERE DocumentID = 2"_s,
-         u"UPDATE Document SET \"Shelf \"\"A\"\" no.\" = 'y' WHERE DocumentID = 2"_s},
-        {"bytes in a column of its own", RecordKind::Document,
-         u"ALTER TABLE Document ADD COLUMN Picture; UPDATE Document SET Picture = x'FF00FE' WHERE "
-         "DocumentID = 2"_s,
-         document},
-        {"bytes in a profile", RecordKind::Organization,
-         u"ALTER TABLE OrganizationProfile ADD COLUMN Picture; UPDATE OrganizationProfile SET Picture = "
-         u"x'FF00FE' "
-         "WHERE OrganizationProfileID = 2"_s,
-         u"UPDATE OrganizationProfile SET Other = 'changed' WHERE OrganizationProfileID = 2"_s},
-        {"a column called like the name of a key", RecordKind::Document,
-         u"ALTER TABLE Document ADD COLUMN FileTypeName TEXT; UPDATE Document SET FileTypeName = 'own' WHERE "
-         "DocumentID = 2"_s,
-         u"UPDATE Document SET FileTypeName = 'other', Notes = 'changed' WHERE DocumentID = 2"_s},
-    };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.name);
-        m_database.run(each.rows);
+    // the rows to begin with, then the change
+    for (const auto& [name, statements] : casesIn("journal/cases/changes.txt", 10)) {
+        SCOPED_TRACE(name.toStdString());
+        m_database.run(statements.section(u'\n', 0, 0));
         m_state.session.open(m_database.fileName());
         const QByteArray before = dump();
-        save(each.kind, 2, each.change);
+        save(kindNamed(name.section(u':', 0, 0)), 2, statements.section(u'\n', 1, 1));
         const QByteArray after = dump();
         EXPECT_NE(after, before);
         for (int i = 0; i < 2; ++i) {
@@ -271,32 +204,29 @@ TEST_F(UndoStepsTest, TakesBackOfAListWhatStillMatches)
 
 TEST_F(UndoStepsTest, AddsToTheHistoryAsASaveDoes)
 {
-    const auto rows = [this] {
-        return ask("SELECT group_concat(EventName || ' ' || UpdateTime, ', ') FROM Event_HIST");
-    };
     const qint64 event = addEvent(u"A"_s);
     rename(event, u"B"_s);
     m_clock.moment = m_clock.moment.addSecs(60);
-    const QString added = u"A 2005-06-15 14:03:09, B 2005-06-15 14:03:09"_s;
-    const struct
-    {
-        std::function<void()> command;
-        QString more;
-    } cases[] = {
-        {[&] { EventStore(m_state.session, m_clock).deleteEvent(event); }, {}},
-        {[&] { (void)m_undo.undo(); }, {}},
-        {[&] { (void)m_undo.redo(); }, {}},
-        {[&] { (void)m_undo.undo(); }, {}},
-        {[&] { (void)m_undo.undo(); }, u", A 2005-06-15 14:04:09"_s},
-        {[&] { (void)m_undo.undo(); }, {}}, // the record is gone, its history stays
-        {[&] { (void)m_undo.redo(); }, u", A 2005-06-15 14:04:09"_s},
+    QString expected = u"A 2005-06-15 14:03:09, B 2005-06-15 14:03:09"_s;
+    const auto expectMore = [this, &expected](const QString& more) {
+        expected += more;
+        EXPECT_EQ(ask("SELECT group_concat(EventName || ' ' || UpdateTime, ', ') FROM Event_HIST"), expected);
     };
-    QString expected = added;
-    for (const auto& each : cases) {
-        each.command();
-        expected += each.more;
-        EXPECT_EQ(rows(), expected);
-    }
+    EventStore(m_state.session, m_clock).deleteEvent(event);
+    expectMore({});
+    (void)m_undo.undo();
+    expectMore({});
+    (void)m_undo.redo();
+    expectMore({});
+    const QString savedAgain = u", A 2005-06-15 14:04:09"_s;
+    (void)m_undo.undo();
+    expectMore({});
+    (void)m_undo.undo();
+    expectMore(savedAgain);
+    (void)m_undo.undo();
+    expectMore({}); // the record is gone, its history stays
+    (void)m_undo.redo();
+    expectMore(savedAgain);
 }
 
 TEST_F(UndoStepsTest, CopiesToTheHistoryWhatASaveCopies)
@@ -362,5 +292,3 @@ TEST_F(UndoStepsTest, SaysWhyItCannotGoOn)
     m_state.session.close();
     EXPECT_FALSE(m_undo.redoable().has_value());
 }
-
-} // namespace

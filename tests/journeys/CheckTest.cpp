@@ -1,22 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "backup/KeptBackups.h"
-#include "support/TestFiles.h"
 #include "util/Sha256.h"
-
-#include <QAbstractItemModelTester>
-#include <QApplication>
-#include <QClipboard>
-#include <QLabel>
-#include <QPushButton>
-#include <QStandardPaths>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -64,7 +50,6 @@ protected:
                                                                   QItemSelectionModel::Rows);
     }
 
-    /// Overwrites the pages of the database in which a text stands.
     void garble(const QByteArray& text) const
     {
         constexpr qsizetype page = 4096;
@@ -197,7 +182,6 @@ protected:
         writeFile(data("documents/100.pdf"), "report");
     }
 
-    /// Keeps a backup of the database and then damages it.
     void damage()
     {
         const ProgramFolder folder(journey.database.folder());

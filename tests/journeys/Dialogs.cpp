@@ -13,10 +13,6 @@
 #include <QTimer>
 #include <QTreeView>
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 std::string rowsOf(const QTreeView& table)
@@ -55,6 +51,12 @@ void OpenDialog::press(Qt::Key key)
 {
     QWidget* target = m_dialog.focusWidget();
     QTest::keyClick(target == nullptr ? &m_dialog : target, key);
+}
+
+void OpenDialog::inDialog(const char* name, const char* button, const std::function<void(OpenDialog&)>& work)
+{
+    ::inDialog(
+        name, [&] { click(button); }, work);
 }
 
 std::string OpenDialog::text(const char* field)
@@ -108,12 +110,10 @@ void discard(OpenDialog& dialog, ScriptedMessages& messages)
 
 void addEntry(OpenDialog& window, const char* button, const QString& name)
 {
-    inDialog(
-        "frmListEntry", [&] { window.click(button); },
-        [&](OpenDialog& entry) {
-            entry.type("txtName", name);
-            entry.click("cmdOK");
-        });
+    window.inDialog("frmListEntry", button, [&](OpenDialog& entry) {
+        entry.type("txtName", name);
+        entry.click("cmdOK");
+    });
 }
 
 namespace {

@@ -5,11 +5,6 @@
 #include "support/ScriptedPlatform.h"
 
 #include <QDialog>
-#include <QString>
-
-#include <functional>
-#include <stdexcept>
-#include <string>
 
 /// A modal dialog that is open, driven and looked at by the object names of its parts.
 class OpenDialog
@@ -30,6 +25,9 @@ public:
 
     void click(const char* button);
     void press(Qt::Key key);
+
+    /// Works in the dialog of that name that a button opens.
+    void inDialog(const char* name, const char* button, const std::function<void(OpenDialog&)>& work);
 
     /// The text of a line, of a text of several lines, of a drop-down or a button; the items of a list,
     /// joined by `|`, those with a tick with `*` before them; the rows of a table, values joined by `|` and

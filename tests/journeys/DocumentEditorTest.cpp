@@ -3,17 +3,6 @@
 #include "DocumentJourney.h"
 #include "editors/RecordEditors.h"
 
-#include <QApplication>
-#include <QComboBox>
-#include <QCompleter>
-#include <QLineEdit>
-#include <QTest>
-#include <QWheelEvent>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class DocumentEditor : public DocumentJourney
@@ -69,12 +58,10 @@ TEST_F(DocumentEditor, ShowsARecordAndTurnsIntoItsEditor)
         dialog.click("cmdOpenFile");
         EXPECT_EQ(journey.desktop.shell.opened, QStringList{journey.dataFolder() + u"documents/2.html"_s});
         journey.desktop.shell.opened.clear();
-        inDialog(
-            "frmOrganization", [&] { dialog.click("cmdViewOrganization"); },
-            [](OpenDialog& over) {
-                EXPECT_EQ(over.title(), "Viewing Organization 8 (Read-Only)");
-                over.press(Qt::Key_Escape);
-            });
+        dialog.inDialog("frmOrganization", "cmdViewOrganization", [](OpenDialog& over) {
+            EXPECT_EQ(over.title(), "Viewing Organization 8 (Read-Only)");
+            over.press(Qt::Key_Escape);
+        });
         QTest::mouseClick(&dialog.find<QWidget>("txtURL"), Qt::LeftButton);
         EXPECT_EQ(journey.desktop.shell.opened.join(u' ').toStdString(), "http://levees.example/a b");
 

@@ -3,19 +3,6 @@
 #include "DocumentJourney.h"
 #include "editors/RecordEditors.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QDropEvent>
-#include <QFile>
-#include <QLineEdit>
-#include <QMimeData>
-#include <QPlainTextEdit>
-
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class DocumentFile : public DocumentJourney

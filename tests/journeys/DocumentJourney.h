@@ -5,7 +5,6 @@
 #include "EditorJourney.h"
 #include "support/TestFiles.h"
 
-/// A journey with a few records, showing the documents.
 class DocumentJourney : public EditorJourney
 {
 protected:

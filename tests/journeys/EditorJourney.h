@@ -2,10 +2,7 @@
 
 #pragma once
 
-#include "Dialogs.h"
 #include "Journey.h"
-
-#include <gtest/gtest.h>
 
 /// A journey that edits records. `form` is the editor's name, `rows` a file of the rows to begin with.
 class EditorJourney : public ::testing::Test

@@ -2,16 +2,9 @@
 
 // What lists, the chart and the map say if they have nothing to show.
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "chart/ChartView.h"
 #include "widgets/LinkButton.h"
-
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -4,19 +4,8 @@
 #include "editors/RecordEditors.h"
 #include "timeline/TimelinePanel.h"
 
-#include <QListWidget>
-#include <QMenu>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
-/// A journey with two events, showing the events.
 class EventEditor : public EditorJourney
 {
 protected:

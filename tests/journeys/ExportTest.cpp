@@ -2,25 +2,8 @@
 
 // What the user chooses in the window of an export is what stands in the file.
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "support/SizeLimit.h"
-#include "support/TestFiles.h"
-
-#include <QAbstractButton>
-#include <QApplication>
-#include <QDir>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QTest>
-#include <QTimer>
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <functional>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -4,15 +4,7 @@
 #include "map/MapView.h"
 #include "support/AsPlainUser.h"
 
-#include <QPushButton>
-
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <sys/stat.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

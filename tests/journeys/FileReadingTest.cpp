@@ -1,17 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "Dialogs.h"
 #include "Journey.h"
-#include "support/TestFiles.h"
 #include "widgets/LinkButton.h"
 
-#include <QTest>
-
-#include <gtest/gtest.h>
-
 #include <csignal>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -2,18 +2,8 @@
 
 // The words above the list, typed as a user types them, and what is left then.
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "widgets/LinkButton.h"
-
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QTest>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -2,23 +2,7 @@
 
 // Every editor on a small screen, and what its fields take from the clipboard and from a drag.
 
-#include "Dialogs.h"
 #include "Journey.h"
-
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
-#include <QDropEvent>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMimeData>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

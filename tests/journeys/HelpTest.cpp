@@ -1,23 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "Journey.h"
-#include "support/TestFiles.h"
-
-#include <QApplication>
-#include <QDialog>
-#include <QDir>
-#include <QLineEdit>
-#include <QTest>
-#include <QTextBrowser>
-#include <QTimer>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The program with the pages of the guide in its folder.
 class Help : public ::testing::Test
 {
 protected:

@@ -4,16 +4,6 @@
 
 #include "EditorJourney.h"
 
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTextBlock>
-#include <QTextEdit>
-#include <QTreeView>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class RecordHistory : public EditorJourney
@@ -135,13 +125,11 @@ TEST_F(RecordHistory, OpensFromAViewedRecordWhichThenShowsWhatWasRestored)
     edit([](OpenDialog& dialog) { dialog.type("txtEventName", u"Drought"_s); });
     choose(0);
     inEditor("mnuRecordView", [&](OpenDialog& view) {
-        inDialog(
-            "frmHistory", [&] { view.click("cmdHistory"); },
-            [](OpenDialog& history) {
-                select(history, 1);
-                history.click("cmdRestore");
-                history.press(Qt::Key_Escape);
-            });
+        view.inDialog("frmHistory", "cmdHistory", [](OpenDialog& history) {
+            select(history, 1);
+            history.click("cmdRestore");
+            history.press(Qt::Key_Escape);
+        });
         EXPECT_EQ(view.text("txtEventName"), "Flood");
         EXPECT_TRUE(view.find<QLineEdit>("txtEventName").isReadOnly());
         EXPECT_EQ(journey.column(0), "Flood") << "the list behind it shows the same";

@@ -2,18 +2,6 @@
 
 #include "Journey.h"
 
-#include "Dialogs.h"
-
-#include <QDir>
-#include <QEventLoop>
-#include <QMenu>
-#include <QTest>
-#include <QTimer>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 DatabaseConverter::Result NoConverter::convert(const QString& source, const QString& /*target*/,
                                                bool /*replace*/)
 {

@@ -2,20 +2,14 @@
 
 #pragma once
 
+#include "Dialogs.h"
 #include "app/Main_Mod.h"
 #include "browse/window/frmMain.h"
 #include "opening/DatabaseConverter.h"
-#include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
 
-#include <QAction>
-#include <QLabel>
-#include <QTreeView>
-
-#include <functional>
-#include <optional>
-
-class OpenDialog;
+#include <QtTest>
+#include <QtWidgets>
 
 /// Fails the test that has a file converted.
 class NoConverter final : public DatabaseConverter

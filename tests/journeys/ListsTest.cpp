@@ -1,23 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "lists/ListKind.h"
 #include "map/MapView.h"
 
-#include <QLabel>
-#include <QListWidget>
-#include <QMenu>
-#include <QTest>
-#include <QTreeView>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
-/// The window with the lists, opened over the main window.
 class ListsWindow : public testing::Test
 {
 protected:
@@ -60,29 +48,25 @@ TEST_F(ListsWindow, AddsMergesAndDeletesAndShowsItInTheMainWindow)
         EXPECT_EQ(lists.text("lvEntries"), "*Map|0\nReport|1\nStudy|2 + 1 deleted");
         messages().expectMessage(
             u"An entry with identical name already exists. Please choose a different name."_s);
-        inDialog(
-            "frmListEntry", [&] { lists.click("cmdAdd"); },
-            [&](OpenDialog& entry) {
-                EXPECT_EQ(entry.title(), "New: Document Type");
-                entry.type("txtName", u"REPORT"_s);
-                entry.click("cmdOK");
-                EXPECT_EQ(entry.focus(), "txtName");
-                entry.type("txtName", u"Letter"_s);
-                entry.press(Qt::Key_Return);
-            });
+        lists.inDialog("frmListEntry", "cmdAdd", [&](OpenDialog& entry) {
+            EXPECT_EQ(entry.title(), "New: Document Type");
+            entry.type("txtName", u"REPORT"_s);
+            entry.click("cmdOK");
+            EXPECT_EQ(entry.focus(), "txtName");
+            entry.type("txtName", u"Letter"_s);
+            entry.press(Qt::Key_Return);
+        });
         EXPECT_EQ(outcome(lists), "\"Letter\" was added.");
         select(lists, "Study");
         EXPECT_FALSE(lists.find<QWidget>("cmdDelete").isEnabled()) << "records use it";
         messages().expectQuestion(u"Are you sure you want to merge \"Study\" into \"Report\"?"_s, true,
                                   Question::Loss);
-        inDialog(
-            "frmMergeEntry", [&] { lists.click("cmdMerge"); },
-            [&](OpenDialog& merge) {
-                EXPECT_EQ(merge.text("lvEntries"), "*Letter|0\nMap|0\nReport|1");
-                merge.type("txtFilter", u"rep"_s);
-                EXPECT_EQ(merge.text("lvEntries"), "*Report|1");
-                merge.click("cmdOK");
-            });
+        lists.inDialog("frmMergeEntry", "cmdMerge", [&](OpenDialog& merge) {
+            EXPECT_EQ(merge.text("lvEntries"), "*Letter|0\nMap|0\nReport|1");
+            merge.type("txtFilter", u"rep"_s);
+            EXPECT_EQ(merge.text("lvEntries"), "*Report|1");
+            merge.click("cmdOK");
+        });
         EXPECT_EQ(outcome(lists), "\"Study\" was merged into \"Report\". 3 records were changed.");
         EXPECT_EQ(lists.text("lvEntries"), "Letter|0\nMap|0\n*Report|2 + 1 deleted");
         select(lists, "Map");
@@ -90,13 +74,11 @@ TEST_F(ListsWindow, AddsMergesAndDeletesAndShowsItInTheMainWindow)
         lists.click("cmdDelete");
         open(lists, ListKind::FileTypes);
         lists.type("txtFilter", u"pdf"_s);
-        inDialog(
-            "frmListEntry", [&] { lists.click("cmdRename"); },
-            [&](OpenDialog& entry) {
-                EXPECT_EQ(entry.text("txtName"), "PDF");
-                entry.type("txtName", u"Acrobat"_s);
-                entry.click("cmdOK");
-            });
+        lists.inDialog("frmListEntry", "cmdRename", [&](OpenDialog& entry) {
+            EXPECT_EQ(entry.text("txtName"), "PDF");
+            entry.type("txtName", u"Acrobat"_s);
+            entry.click("cmdOK");
+        });
         EXPECT_EQ(lists.text("lvEntries"), "*Acrobat|2 + 1 deleted") << "the filter does not hide it";
         EXPECT_EQ(outcome(lists), "\"Acrobat\" was changed.");
         lists.click("cmdClose");
@@ -139,28 +121,24 @@ TEST_F(ListsWindow, TakesThePositionOfACityFromTheMap)
         EXPECT_EQ(lists.text("lvEntries"), "*Austin|TX|30.27° N, 97.74° W|2");
         messages().expectMessage(
             u"Latitude \"north\" is not a number from -90 to 90. Please type one such as 30.27."_s);
-        inDialog(
-            "frmListEntry", [&] { lists.click("cmdRename"); },
-            [&](OpenDialog& entry) {
-                entry.type("txtName", u"Waco"_s);
-                entry.type("txtLatitude", u"north"_s);
-                entry.click("cmdOK");
-                EXPECT_EQ(entry.focus(), "txtLatitude");
-                inDialog(
-                    "frmPosition", [&] { entry.click("cmdOnMap"); },
-                    [&](OpenDialog& map) {
-                        EXPECT_FALSE(map.find<QWidget>("cmdOK").isEnabled()) << "nothing is pointed at";
-                        auto& view = map.find<MapView>("Map1");
-                        view.setPlaces({clsCities{{}, {}, {}, 31.5, -97.1, {}, {}, 0}});
-                        QTest::mouseClick(&view, Qt::LeftButton, {}, view.positionOf(0).toPoint());
-                        QTest::keyClick(&view, Qt::Key_Return);
-                    });
-                EXPECT_NEAR(std::stod(entry.text("txtLatitude")), 31.5, 0.2);
-                EXPECT_NEAR(std::stod(entry.text("txtLongitude")), -97.1, 0.2);
-                entry.type("txtLatitude", u"31.55"_s);
-                entry.type("txtLongitude", u"-97.15"_s);
-                entry.click("cmdOK");
+        lists.inDialog("frmListEntry", "cmdRename", [&](OpenDialog& entry) {
+            entry.type("txtName", u"Waco"_s);
+            entry.type("txtLatitude", u"north"_s);
+            entry.click("cmdOK");
+            EXPECT_EQ(entry.focus(), "txtLatitude");
+            entry.inDialog("frmPosition", "cmdOnMap", [&](OpenDialog& map) {
+                EXPECT_FALSE(map.find<QWidget>("cmdOK").isEnabled()) << "nothing is pointed at";
+                auto& view = map.find<MapView>("Map1");
+                view.setPlaces({clsCities{{}, {}, {}, 31.5, -97.1, {}, {}, 0}});
+                QTest::mouseClick(&view, Qt::LeftButton, {}, view.positionOf(0).toPoint());
+                QTest::keyClick(&view, Qt::Key_Return);
             });
+            EXPECT_NEAR(std::stod(entry.text("txtLatitude")), 31.5, 0.2);
+            EXPECT_NEAR(std::stod(entry.text("txtLongitude")), -97.1, 0.2);
+            entry.type("txtLatitude", u"31.55"_s);
+            entry.type("txtLongitude", u"-97.15"_s);
+            entry.click("cmdOK");
+        });
         EXPECT_EQ(outcome(lists), "\"Waco, TX\" was changed. 2 records were changed.");
         lists.press(Qt::Key_Escape);
     });
@@ -203,14 +181,12 @@ TEST_F(ListsWindow, IsNotNeededForNewEntriesOfAnOrganization)
         editor.click("cmdNewCity");
         addEntry(editor, "cmdNewState", u"QX"_s);
         editor.type("txtCity", u"Port Q"_s);
-        inDialog(
-            "frmListEntry", [&] { editor.click("cmdNewCity"); },
-            [&](OpenDialog& city) {
-                EXPECT_EQ(city.text("txtName") + city.text("cmbState"), "Port QQX");
-                city.type("txtLatitude", u"29.3"_s);
-                city.type("txtLongitude", u"-94.8"_s);
-                city.press(Qt::Key_Return);
-            });
+        editor.inDialog("frmListEntry", "cmdNewCity", [&](OpenDialog& city) {
+            EXPECT_EQ(city.text("txtName") + city.text("cmbState"), "Port QQX");
+            city.type("txtLatitude", u"29.3"_s);
+            city.type("txtLongitude", u"-94.8"_s);
+            city.press(Qt::Key_Return);
+        });
         EXPECT_EQ(editor.text("txtOrganizationName"), "Harbor Office") << "what is typed stays";
         editor.click("cmdOK");
     });
@@ -239,13 +215,11 @@ TEST_F(ListsWindow, IsNotNeededForNewEntriesOfADocument)
     journey.inDialog("frmDocument", "mnuRecordEdit", [&](OpenDialog& editor) {
         addEntry(editor, "cmdNewFileType", u"Film"_s);
         addEntry(editor, "cmdNewDocCategory", u"Own"_s);
-        inDialog(
-            "frmPicList", [&] { editor.click("cmdAddDocType"); },
-            [&](OpenDialog& list) {
-                list.type("txtFilter", u"stu"_s);
-                addEntry(list, "cmdNew", u"Letter"_s);
-                list.click("cmdOK");
-            });
+        editor.inDialog("frmPicList", "cmdAddDocType", [&](OpenDialog& list) {
+            list.type("txtFilter", u"stu"_s);
+            addEntry(list, "cmdNew", u"Letter"_s);
+            list.click("cmdOK");
+        });
         EXPECT_EQ(editor.text("lstDocTypes"), "Letter|Report|Study") << "the ticks stay";
         EXPECT_EQ(editor.text("lstDocCategories"), "Own");
         editor.type("rtbDocumentDescription", u"Maps"_s);

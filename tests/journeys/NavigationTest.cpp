@@ -3,17 +3,6 @@
 #include "Journey.h"
 #include "platform/StdREG.h"
 
-#include <QHeaderView>
-#include <QMenu>
-#include <QScreen>
-#include <QTest>
-#include <QToolBar>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 QString topRow(Journey& journey)

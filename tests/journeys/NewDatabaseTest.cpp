@@ -1,21 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "map/MapView.h"
 #include "opening/RecentDatabases.h"
 #include "platform/StdREG.h"
-#include "support/TestFiles.h"
-
-#include <QAbstractButton>
-#include <QDir>
-#include <QMenu>
-#include <QProcess>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -95,13 +83,11 @@ protected:
             editor.type("txtOrganizationName", u"Bridge Works"_s);
             editor.type("txtCity", u"Brooklyn"_s);
             editor.choose("cmbState", u"NY"_s);
-            inDialog(
-                "frmListEntry", [&] { editor.click("cmdNewCity"); },
-                [](OpenDialog& city) {
-                    city.type("txtLatitude", u"40.7"_s);
-                    city.type("txtLongitude", u"-74"_s);
-                    city.click("cmdOK");
-                });
+            editor.inDialog("frmListEntry", "cmdNewCity", [](OpenDialog& city) {
+                city.type("txtLatitude", u"40.7"_s);
+                city.type("txtLongitude", u"-74"_s);
+                city.click("cmdOK");
+            });
             editor.click("cmdOK");
         });
     }

@@ -7,19 +7,6 @@
 #include "platform/StdREG.h"
 #include "platform/SteppedWork.h"
 #include "platform/frmProgress.h"
-#include "support/TestFiles.h"
-
-#include <QApplication>
-#include <QLabel>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QThread>
-#include <QTimer>
-
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

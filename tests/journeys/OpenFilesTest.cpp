@@ -2,16 +2,6 @@
 
 #include "Journey.h"
 #include "browse/list/RecordListModel.h"
-#include "support/TestFiles.h"
-
-#include <QClipboard>
-#include <QFile>
-#include <QMimeData>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,21 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "EditorJourney.h"
-#include "support/TestFiles.h"
-
-#include <QComboBox>
-#include <QFile>
-#include <QLabel>
-#include <QTabWidget>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A journey with one organization that has a profile, showing the organizations.
 class OrganizationEditor : public EditorJourney
 {
 protected:

@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "Portrait.h"
-#include "support/TestFiles.h"
+#include "support/Testing.h"
 
 #include <QAbstractScrollArea>
 #include <QPaintDevice>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QWidget>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

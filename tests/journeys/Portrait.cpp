@@ -2,16 +2,9 @@
 
 #include "Portrait.h"
 
-#include "support/TestFiles.h"
+#include "support/Testing.h"
 
 #include <QtWidgets>
-
-#include <gtest/gtest.h>
-
-#include <map>
-#include <memory>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -88,7 +81,6 @@ QString textOf(const QMetaProperty& property, const QVariant& value)
     return value.toString().replace(u'\n', u"\\n"_s);
 }
 
-/// The properties of an object that differ from those of another one of its class.
 QStringList differences(const QObject& object, const QObject& plain)
 {
     QStringList found;
@@ -354,7 +346,6 @@ void addCommands(QStringList& lines, const QWidget& window)
     lines << commands;
 }
 
-/// The widgets that the Tab key leads to, one after the other.
 QString tabOrderOf(const QWidget& window)
 {
     QStringList names;

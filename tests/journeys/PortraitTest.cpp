@@ -5,19 +5,7 @@
 
 #include "Portrait.h"
 
-#include "Dialogs.h"
 #include "Journey.h"
-
-#include <QAbstractButton>
-#include <QDialog>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -84,33 +72,20 @@ TEST_F(Portraits, OfTheMainWindow)
     expectWindow("organizations", {"Map1"});
 }
 
-TEST_F(Portraits, OfTheSettings)
+TEST_F(Portraits, OfTheWindowsOfCommands)
 {
     expectDialog("frmSettings", "mnuNavigateSettings", "settings");
-}
-
-TEST_F(Portraits, OfTheExportOfEachKind)
-{
-    for (const auto& [view, name] :
-         {std::pair("mnuViewDocuments", "export-documents"), std::pair("mnuViewEvents", "export-events"),
-          std::pair("mnuViewOrganizations", "export-organizations")}) {
-        journey.trigger(view);
-        expectDialog("frmExport", "mnuRecordExport", name);
-    }
-}
-
-TEST_F(Portraits, OfTheCheck)
-{
     journey.inDialog("frmCheck", "mnuCheckCollection", [&](OpenDialog& open) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return !open.find<QWidget>("cmdStop").isVisible(); }, 20000));
         expect("check", portraitOf(open.dialog()));
         open.press(Qt::Key_Escape);
     });
-}
-
-TEST_F(Portraits, OfWhatIsPrinted)
-{
-    journey.trigger("mnuViewDocuments");
+    for (const auto& [view, name] : {std::pair("mnuViewEvents", "export-events"),
+                                     std::pair("mnuViewOrganizations", "export-organizations"),
+                                     std::pair("mnuViewDocuments", "export-documents")}) {
+        journey.trigger(view);
+        expectDialog("frmExport", "mnuRecordExport", name);
+    }
     expectDialog("frmPrint", "mnuRecordPrint", "print");
 }
 

@@ -1,21 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "support/OtherPrograms.h"
 #include "support/SizeLimit.h"
-#include "support/TestFiles.h"
 
-#include <QComboBox>
-#include <QHeaderView>
 #include <QPrinter>
-#include <QRadioButton>
-#include <QRegularExpression>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -77,7 +66,6 @@ protected:
         messages().finish();
     }
 
-    /// Writes what the dialog shows.
     void save(OpenDialog& dialog)
     {
         journey.desktop.fileDialogs.files = {pdf()};

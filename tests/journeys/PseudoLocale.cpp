@@ -3,6 +3,7 @@
 #include "PseudoLocale.h"
 
 #include "Portrait.h"
+#include "support/Testing.h"
 #include "widgets/ElidedLabel.h"
 
 #include <QAbstractButton>
@@ -12,24 +13,15 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
-#include <QFile>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QRegularExpression>
 #include <QTabBar>
 #include <QTextDocumentFragment>
 #include <QTextEdit>
 #include <QXmlStreamReader>
-
-#include <gtest/gtest.h>
-
-#include <map>
-#include <stdexcept>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

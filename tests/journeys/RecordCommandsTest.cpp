@@ -3,15 +3,6 @@
 #include "EditorJourney.h"
 #include "editors/RecordEditors.h"
 
-#include <QMenu>
-#include <QSignalSpy>
-#include <QTest>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class RecordCommands : public EditorJourney

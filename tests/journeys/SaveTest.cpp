@@ -1,19 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "editors/RecordEditors.h"
-#include "support/TestFiles.h"
-
-#include <QComboBox>
-#include <QDir>
-#include <QTabWidget>
-
-#include <gtest/gtest.h>
-
-#include <vector>
-
-using namespace Qt::StringLiterals;
+#include "support/CaseFile.h"
 
 namespace {
 
@@ -36,7 +25,7 @@ KindNames namesOf(RecordKind kind)
 class Saving
 {
 public:
-    explicit Saving(const char* more = "")
+    explicit Saving(const QString& more = {})
     {
         journey.database.runFile("journeys/rows/Save.sql");
         journey.database.run(more);
@@ -50,7 +39,6 @@ public:
             namesOf(kind).form, [&] { journey.find<RecordEditors>("").edit(kind, 2); }, work);
     }
 
-    /// What is stored of a record, in its own row.
     std::string row(RecordKind kind)
     {
         const QString table = QString::fromLatin1(namesOf(kind).table);
@@ -77,30 +65,12 @@ public:
 
 TEST(Save, LeavesAloneWhatItsUserDidNotChange)
 {
-    const struct
-    {
-        RecordKind kind;
-        const char* stored;
-    } cases[] = {
-        {RecordKind::Document, "UPDATE Document SET FileTypeID = 99"},
-        {RecordKind::Document, "UPDATE Document SET FileTypeID = 40000, OrganizationID = 500"},
-        {RecordKind::Document,
-         "UPDATE Document SET FileTypeID = NULL, OrganizationID = NULL, KeyDocument = -1"},
-        {RecordKind::Document, "UPDATE Document SET Author = printf('%040000d', 7)"},
-        {RecordKind::Document, "INSERT INTO Organization (OrganizationID, OrganizationName, Status) VALUES "
-                               "(7, 'Levee Board ', 'ACTIVE'); UPDATE Document SET OrganizationID = 7"},
-        {RecordKind::Event, "UPDATE Event SET StartTime = '09:05:30', EndTime = ''"},
-        {RecordKind::Organization,
-         "UPDATE Organization SET OrganizationSubTypeID = 5 WHERE OrganizationID = 2"},
-        {RecordKind::Organization,
-         "UPDATE Organization SET OrganizationTypeID = 99 WHERE OrganizationID = 2"},
-        {RecordKind::Organization, "UPDATE Organization SET FunctionID = 77, OrganizationTypeID = NULL, "
-                                   "OrganizationSubTypeID = NULL WHERE OrganizationID = 2"},
-        {RecordKind::Organization, "UPDATE Organization SET State = 'or' WHERE OrganizationID = 2"},
-    };
-    for (const auto& [kind, stored] : cases) {
-        SCOPED_TRACE(stored);
-        Saving saving(stored);
+    const QStringList cases = linesIn("journeys/cases/kept.txt");
+    ASSERT_EQ(cases.size(), 10);
+    for (const QString& line : cases) {
+        SCOPED_TRACE(line.toStdString());
+        const RecordKind kind = kindNamed(line.section(u':', 0, 0));
+        Saving saving(line.section(u": "_s, 1));
         const std::string before = saving.row(kind);
         saving.edit(kind, [](OpenDialog& dialog) {
             const auto combos = dialog.dialog().findChildren<QComboBox*>();
@@ -116,76 +86,28 @@ TEST(Save, LeavesAloneWhatItsUserDidNotChange)
     }
 }
 
-/// The question about fields that were changed by someone else meanwhile.
-QString changed(const char* fields)
-{
-    return u"This record was changed after you opened it. These fields differ:\n\n%1\n\n"
-           "Save over these changes?"_s.arg(QLatin1String(fields));
-}
-
-/// What happens to a record while it is edited, and what the program asks.
-struct Meanwhile
-{
-    RecordKind kind;
-    const char* statements;
-    QString question;
-};
-
-std::vector<Meanwhile> whatHappensMeanwhile()
-{
-    const QString deleted =
-        u"This record was deleted after you opened it. Save your changes to it all the same? "
-        "It stays deleted."_s;
-    const QString deletedAndChanged =
-        u"This record was deleted after you opened it, and these fields differ:\n\nTitle\n\n"
-        "Save over these changes all the same? The record stays deleted."_s;
-    return {
-        {RecordKind::Document, "UPDATE Document SET Author = 'other', FileTypeID = 1",
-         changed("Author\nFile type")},
-        {RecordKind::Document,
-         "INSERT INTO DocumentVenues VALUES (2, 1); INSERT INTO DocumentTypes VALUES (2, 2); "
-         "INSERT INTO DocumentCategories VALUES (2, 2)",
-         changed("Document types\nCategories\nVenues")},
-        {RecordKind::Document, "UPDATE Document SET dStatus = 'DELETED'", deleted},
-        {RecordKind::Document, "UPDATE Document SET DocumentName = 'Dams', dStatus = 'DELETED'",
-         deletedAndChanged},
-        {RecordKind::Event,
-         "UPDATE Event SET EndDate = '1927-05-01'; INSERT INTO EventFunctions VALUES (2, 2); "
-         "INSERT INTO EventVenues VALUES (2, 1); INSERT INTO DocumentEvents VALUES (2, 2); "
-         "INSERT INTO OrganizationEvents VALUES (2, 2)",
-         changed("End date\nVenues\nFunctions\nRelated documents\nRelated organizations")},
-        {RecordKind::Event, "UPDATE Event SET Status = 'DELETED'", deleted},
-        {RecordKind::Organization,
-         "UPDATE Organization SET Telephone = '1' WHERE OrganizationID = 2; "
-         "UPDATE OrganizationProfile SET Training = 'x', Volunteers = 5; "
-         "UPDATE OrganizationProfileJurisdictions SET Setting = 1; "
-         "UPDATE OrganizationProfilePopulations SET Setting = 1; INSERT INTO OrganizationVenues VALUES (2, "
-         "1)",
-         changed("Telephone\nVolunteers\nTraining\nJurisdictions\nPopulations\nVenues")},
-        {RecordKind::Organization, "UPDATE Organization SET Status = 'DELETED' WHERE OrganizationID = 2",
-         deleted},
-    };
-}
-
 TEST(Save, AsksBeforeItWritesOverWhatSomebodyElseChanged)
 {
-    for (const auto& [kind, meanwhile, question] : whatHappensMeanwhile()) {
-        SCOPED_TRACE(meanwhile);
+    // what happens to a record while it is edited, and what the program asks
+    for (const auto& [meanwhile, asked] : casesIn("journeys/cases/meanwhile.txt", 8)) {
+        SCOPED_TRACE(meanwhile.toStdString());
+        const RecordKind kind = kindNamed(meanwhile.section(u':', 0, 0));
+        const QString statements = meanwhile.section(u": "_s, 1);
+        const QString question = asked.chopped(1);
         const auto [form, table, status] = namesOf(kind);
         Saving saving;
         saving.edit(kind, [&](OpenDialog& dialog) { dialog.click("cmdOK"); }); // writes the placeholders
         const QStringList before = saving.rowsWithoutVersions();
-        saving.edit(kind,
-                    [&, &kind = kind, &meanwhile = meanwhile, &question = question](OpenDialog& dialog) {
-                        dialog.type("rtbNotes", u"mine"_s);
-                        saving.run(QString::fromLatin1(meanwhile));
-                        const std::string theirs = saving.row(kind);
-                        saving.messages().expectQuestion(question, false, Question::Loss);
-                        dialog.click("cmdOK");
-                        EXPECT_EQ(saving.row(kind), theirs);
-                        saving.messages().expectQuestion(question, true, Question::Loss);
-                        dialog.click("cmdOK");
-                    });
+        saving.edit(kind, [&](OpenDialog& dialog) {
+            dialog.type("rtbNotes", u"mine"_s);
+            saving.run(statements);
+            const std::string theirs = saving.row(kind);
+            saving.messages().expectQuestion(question, false, Question::Loss);
+            dialog.click("cmdOK");
+            EXPECT_EQ(saving.row(kind), theirs);
+            saving.messages().expectQuestion(question, true, Question::Loss);
+            dialog.click("cmdOK");
+        });
         const bool isDeleted = question.contains(u"deleted"_s);
         EXPECT_EQ(saving.rows(u"SELECT %1 FROM %2_HIST WHERE Notes = 'mine'"_s.arg(QLatin1String(status),
                                                                                    QLatin1String(table))),
@@ -201,8 +123,8 @@ TEST(Save, AsksBeforeItWritesOverWhatSomebodyElseChanged)
 
 TEST(Save, ShowsAndChangesTheFirstOfTwoProfiles)
 {
-    Saving saving("INSERT INTO OrganizationProfile (OrganizationProfileID, MissionStatement, ChartOption) "
-                  "VALUES (2, 'Second', NULL), (2, 'Third', 1)");
+    Saving saving(u"INSERT INTO OrganizationProfile (OrganizationProfileID, MissionStatement, ChartOption) "
+                  "VALUES (2, 'Second', NULL), (2, 'Third', 1)"_s);
     for (const char* mission : {"First", "one", "two"}) {
         saving.edit(RecordKind::Organization, [&](OpenDialog& dialog) {
             EXPECT_EQ(dialog.text("rtbMissionStatement"), mission);

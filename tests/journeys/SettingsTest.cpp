@@ -1,21 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "platform/StdREG.h"
-#include "support/TestFiles.h"
-
-#include <QApplication>
-#include <QCheckBox>
-#include <QDir>
-#include <QHeaderView>
-#include <QLabel>
-#include <QPushButton>
-#include <QSpinBox>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -2,18 +2,8 @@
 
 // What the program does that a command line asks of it, in its own window or in that of another start.
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "platform/StdREG.h"
-
-#include <QApplication>
-#include <QTest>
-#include <QTimer>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -48,7 +38,6 @@ protected:
         return title.toStdString();
     }
 
-    /// Another start of the program asks the window that is open for something.
     void call(const QStringList& arguments) { journey.desktop.otherWindows.called({arguments, {}}); }
 
     QString notice() { return journey.find<QLabel>("pnlNotice").text(); }

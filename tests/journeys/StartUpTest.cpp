@@ -3,21 +3,6 @@
 #include "Journey.h"
 #include "platform/StdREG.h"
 #include "support/SizeLimit.h"
-#include "support/TestFiles.h"
-
-#include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QTest>
-#include <QTimer>
-#include <QWindow>
-
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
-
-#include <tuple>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -8,16 +8,6 @@
 #include "widgets/ElidedLabel.h"
 #include "widgets/LinkButton.h"
 
-#include <QHelpEvent>
-#include <QListWidget>
-#include <QTest>
-#include <QTextDocumentFragment>
-#include <QToolTip>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 const QString names[] = {u"Fish & Chips"_s, u"Fish <b>and</b> Chips"_s, u"Fish &lt;and&gt; Chips"_s};

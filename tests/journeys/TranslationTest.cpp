@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "PseudoLocale.h"
 #include "app/frmSplash.h"
@@ -11,17 +10,6 @@
 #include "opening/frmImport.h"
 #include "platform/StdREG.h"
 #include "platform/frmProgress.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDir>
-#include <QListWidget>
-#include <QTabWidget>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -52,7 +40,6 @@ protected:
     QWidget& window() { return *journey.program->window(); }
     const QStringList& heard() { return *journey.desktop.messages.heard; }
 
-    /// Shows a view by its command and looks at the whole window.
     void lookAt(const char* command)
     {
         journey.trigger(command);
@@ -141,12 +128,10 @@ TEST_F(Translation, ReachesEveryTextOfTheEditors)
         });
     }
     journey.inDialog("frmEvent", "mnuRecordAddNewEvent", [&](OpenDialog& event) {
-        inDialog(
-            "frmPicList", [&] { event.click("cmdAddEventDoc"); },
-            [&](OpenDialog& open) {
-                pseudo.expectTranslated(open.dialog(), "pick list");
-                open.press(Qt::Key_Escape);
-            });
+        event.inDialog("frmPicList", "cmdAddEventDoc", [&](OpenDialog& open) {
+            pseudo.expectTranslated(open.dialog(), "pick list");
+            open.press(Qt::Key_Escape);
+        });
         event.press(Qt::Key_Escape);
     });
     EXPECT_EQ(heard().size(), 4) << qPrintable(heard().join(u'\n'));
@@ -221,14 +206,12 @@ TEST_F(Translation, ReachesEveryTextOfTheLists)
         auto& kinds = lists.find<QListWidget>("lstLists");
         const auto lookAt = [&](const char* name, const char* button) {
             if (!lists.find<QAbstractButton>(button).isEnabled()) return;
-            inDialog(
-                name, [&] { lists.click(button); },
-                [&](OpenDialog& open) {
-                    QTest::qWait(50);
-                    pseudo.expectTranslated(open.dialog(), button);
-                    open.click("cmdOK"); // what is required is missing
-                    if (open.dialog().isVisible()) open.press(Qt::Key_Escape);
-                });
+            lists.inDialog(name, button, [&](OpenDialog& open) {
+                QTest::qWait(50);
+                pseudo.expectTranslated(open.dialog(), button);
+                open.click("cmdOK"); // what is required is missing
+                if (open.dialog().isVisible()) open.press(Qt::Key_Escape);
+            });
         };
         for (int row = 0; row < kinds.count(); ++row) {
             kinds.setCurrentRow(row);

@@ -3,16 +3,6 @@
 #include "EditorJourney.h"
 #include "timeline/TimelinePanel.h"
 
-#include <QAbstractButton>
-#include <QAbstractItemModelTester>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class UndoJourney : public EditorJourney

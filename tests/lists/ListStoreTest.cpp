@@ -7,10 +7,6 @@
 #include "support/TestDatabase.h"
 #include "views/StandardQueries.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// Three records of each kind, one of them deleted, beside the reserved one.

@@ -9,18 +9,10 @@
 #include "platform/WorkRunner.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TestDatabase.h"
-#include "support/TestFiles.h"
-
-#include <QDirIterator>
-
-#include <gtest/gtest.h>
 
 #include <cerrno>
-#include <functional>
 #include <sys/wait.h>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

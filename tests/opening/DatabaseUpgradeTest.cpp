@@ -8,16 +8,8 @@
 #include "opening/NewDatabaseFile.h"
 #include "support/AsPlainUser.h"
 #include "support/TestDatabase.h"
-#include "support/TestFiles.h"
 
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <sys/stat.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -5,16 +5,6 @@
 #include "data/DatabaseSession.h"
 #include "support/AsPlainUser.h"
 #include "support/TestDatabase.h"
-#include "support/TestFiles.h"
-
-#include <QDir>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-#include <tuple>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -2,19 +2,12 @@
 
 // The picture of a file, and what comes of files that were made to do harm.
 
-#include "support/TestFiles.h"
+#include "support/Testing.h"
 
 #include <QBuffer>
-#include <QDir>
 #include <QImage>
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 #include <sys/stat.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -2,16 +2,10 @@
 
 #include "platform/DesktopShell.h"
 
-#include "support/TestFiles.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 #include <chrono>
 #include <thread>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -46,7 +40,6 @@ protected:
     static QString viewer() { return at("viewer"); }
     static QString record() { return at("opened"); }
 
-    /// A file of that name, with something in it.
     static QString file(const char* name)
     {
         writeFile(at(name), "text");

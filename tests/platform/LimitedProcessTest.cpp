@@ -2,19 +2,14 @@
 
 #include "platform/LimitedProcess.h"
 
-#include "support/TestFiles.h"
+#include "support/Testing.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
-#include <QTemporaryDir>
 #include <QThread>
 
-#include <gtest/gtest.h>
-
 #include <csignal>
-#include <memory>
 
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {

@@ -2,21 +2,16 @@
 
 #include "platform/DesktopOtherWindows.h"
 #include "platform/WindowDoor.h"
-#include "support/TestFiles.h"
+#include "support/Testing.h"
 
 #include <QCoreApplication>
 #include <QLocalSocket>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 #include <atomic>
 #include <csignal>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -4,16 +4,6 @@
 
 #include "platform/IniSettingsStore.h"
 #include "support/ScriptedPlatform.h"
-#include "support/TestFiles.h"
-
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
-namespace {
 
 TEST(StdREG, KeepsValuesUnderTheKeyAndItsSections)
 {
@@ -85,5 +75,3 @@ TEST(StdREG, HoldsWhatCannotBeWrittenUntilItCan)
     EXPECT_EQ(store.hindrance(), QString());
     EXPECT_EQ(IniSettingsStore().value(u"A/First"_s), u"one"_s);
 }
-
-} // namespace

@@ -2,9 +2,9 @@
 
 #include "platform/WorkRate.h"
 
-#include <QLocale>
+#include "support/Testing.h"
 
-#include <gtest/gtest.h>
+#include <QLocale>
 
 namespace {
 

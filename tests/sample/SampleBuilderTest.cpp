@@ -1,22 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "support/TestFiles.h"
-
-#include <QProcess>
-#include <QStringList>
-#include <QTemporaryDir>
-
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 #include <filesystem>
-#include <string>
-#include <vector>
 
 namespace {
-
-using namespace Qt::StringLiterals;
 
 /// Runs the builder on a copy of the sources that a test may spoil.
 class SampleBuilderTest : public testing::Test

@@ -8,10 +8,6 @@
 #include "views/clsEventFilter.h"
 #include "views/clsOrgFilter.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 using Search = clsAdvSearch;

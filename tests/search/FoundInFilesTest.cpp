@@ -8,15 +8,9 @@
 #include "support/AsPlainUser.h"
 #include "support/TestDatabase.h"
 #include "support/TestFileTexts.h"
-#include "support/TestFiles.h"
 #include "views/StandardQueries.h"
 
-#include <gtest/gtest.h>
-
 #include <sys/stat.h>
-#include <tuple>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -3,15 +3,10 @@
 #include "search/KeywordSearch.h"
 
 #include "search/FoundKeys.h"
+#include "search/FoundWords.h"
 #include "search/SearchResults.h"
 #include "support/TestDatabase.h"
 #include "views/StandardQueries.h"
-
-#include <gtest/gtest.h>
-
-#include <tuple>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -77,12 +72,6 @@ class KeywordSearchOnFile : public testing::Test
 protected:
     KeywordSearchOnFile() { database.runFile("search/rows/KeywordSearch.sql"); }
 
-    QString found(RecordKind kind, const QString& text)
-    {
-        const SharedQuery query = keywordQuery(queries, kind, splitWords(text).words);
-        return firstColumnOf(database.session(), query->sqlStr());
-    }
-
     SearchResults results(const QString& text)
     {
         return SearchResults::read(database.session(), queries, text);
@@ -101,19 +90,6 @@ protected:
     TestDatabase database;
     StandardQueries queries;
 };
-
-TEST_F(KeywordSearchOnFile, FindsAllWordsInOneColumn)
-{
-    const std::tuple<RecordKind, QString, QString> cases[] = {
-        // 3 has one word in its name and the other in its description
-        {RecordKind::Document, u"fire plan"_s, u"2 4 7"_s}, {RecordKind::Document, u"École _x_"_s, u"6"_s},
-        {RecordKind::Document, u"fire_plan"_s, u"2"_s},     {RecordKind::Document, u"f%p"_s, u"2 7"_s},
-        {RecordKind::Document, u"50% O"_s, u"6"_s},         {RecordKind::Document, u" fire"_s, u"3 4"_s},
-        {RecordKind::Document, u"  fire"_s, u"2 3 4"_s},
-    };
-    for (const auto& [kind, text, expected] : cases)
-        EXPECT_EQ(found(kind, text), expected) << text.toStdString();
-}
 
 TEST_F(KeywordSearchOnFile, AsksForFewRecordsByTheirKeys)
 {
@@ -160,6 +136,40 @@ TEST_F(KeywordSearchOnFile, CountsEachRecordOnce)
     // only the first four of the five words count
     EXPECT_EQ(results(u"plan plan plan plan xylophone"_s).total(), 7);
     EXPECT_NE(errorNumberOf([&] { (void)results(u"O'Fallon"_s); }), 0);
+}
+
+/// Returns the text with its marked places in brackets.
+QString marked(const QStringList& words, QString text)
+{
+    const auto places = FoundWords(words).in(text);
+    for (auto place = places.rbegin(); place != places.rend(); ++place)
+        text.insert(place->end, u']').insert(place->begin, u'[');
+    return text;
+}
+
+TEST(FoundWords, MarksEveryPlaceWithoutRegardToCase)
+{
+    const struct
+    {
+        QStringList words;
+        QString text;
+        QString expected;
+    } cases[] = {
+        {{u"fire"_s}, u"Fire of the firemen"_s, u"[Fire] of the [fire]men"_s},
+        {{u"fire"_s, u"plan"_s}, u"Fireplan, plan"_s, u"[Fireplan], [plan]"_s},
+        {{u"ire"_s, u"fir"_s}, u"fire"_s, u"[fire]"_s},
+        {{u"école"_s}, u"l'ÉCOLE, ecole"_s, u"l'[ÉCOLE], ecole"_s},
+        {{u"пожар"_s}, u"Большой ПОЖАР"_s, u"Большой [ПОЖАР]"_s},
+        {{u"(a"_s, u"[x]"_s, u"50%"_s}, u"f(A) [x] 50%"_s, u"f[(A]) [[x]] [50]%"_s},
+        {{u"f%r"_s}, u"of forests for"_s, u"o[f for]ests [for]"_s},
+        {{u"f_r"_s}, u"for fair fur"_s, u"[for] fair [fur]"_s},
+        {{u"%"_s, u"__"_s}, u"anything"_s, u"anything"_s},
+        {{u"\U0001F525"_s}, u"a \U0001F525 b"_s, u"a [\U0001F525] b"_s},
+        {{QString(QChar(0xD800))}, u"anything"_s, u"anything"_s},
+        {{}, u"fire"_s, u"fire"_s},
+    };
+    for (const auto& [words, text, expected] : cases)
+        EXPECT_EQ(marked(words, text), expected);
 }
 
 } // namespace

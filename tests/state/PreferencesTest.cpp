@@ -5,10 +5,6 @@
 #include "platform/StdREG.h"
 #include "support/ScriptedPlatform.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 Preferences read(const char* name, const char* value)

@@ -13,15 +13,9 @@
 #include "platform/Shell.h"
 #include "platform/Volumes.h"
 #include "platform/WorkRunner.h"
-
-#include <QString>
-#include <QStringList>
+#include "support/Testing.h"
 
 #include <deque>
-#include <functional>
-#include <map>
-#include <optional>
-#include <vector>
 
 /// Messages that follow a script of exact texts and answers. A message that is not next in the script, and a
 /// line of the script that was not used, each fail the test.

@@ -3,12 +3,8 @@
 #pragma once
 
 #include "data/DatabaseSession.h"
-#include "support/TextPrinting.h"
+#include "support/Testing.h"
 #include "util/Error.h"
-
-#include <QByteArray>
-#include <QString>
-#include <QTemporaryDir>
 
 /// A database file of its own for one test: the program's schema, then the rows that the test adds. The
 /// folder goes with the object.

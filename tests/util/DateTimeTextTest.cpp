@@ -2,11 +2,8 @@
 
 #include "util/DateTimeText.h"
 
+#include "support/Testing.h"
 #include "util/Error.h"
-
-#include <QStringList>
-
-#include <gtest/gtest.h>
 
 namespace {
 

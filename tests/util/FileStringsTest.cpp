@@ -2,15 +2,7 @@
 
 #include "util/FileStrings.h"
 
-#include "support/TextPrinting.h"
-
-#include <QStringList>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
-namespace {
+#include "support/Testing.h"
 
 TEST(FileStrings, CutsAPathIntoItsParts)
 {
@@ -33,5 +25,3 @@ TEST(FileStrings, CutsAPathIntoItsParts)
         EXPECT_EQ(found.join(u'|'), expected);
     }
 }
-
-} // namespace

@@ -2,14 +2,7 @@
 
 #include "util/LikePattern.h"
 
-#include <QString>
-
-#include <gtest/gtest.h>
-
-#include <random>
-#include <string>
-#include <tuple>
-#include <vector>
+#include "support/Testing.h"
 
 namespace {
 

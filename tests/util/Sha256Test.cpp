@@ -2,11 +2,7 @@
 
 #include "util/Sha256.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
-namespace {
+#include "support/Testing.h"
 
 /// The examples of the standard, each as a whole, in parts, and after another content.
 TEST(Sha256, KnowsTheStandardsExamples)
@@ -30,5 +26,3 @@ TEST(Sha256, KnowsTheStandardsExamples)
         EXPECT_EQ(parts.result().toHex(), hash) << content.size();
     }
 }
-
-} // namespace

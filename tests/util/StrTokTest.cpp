@@ -2,11 +2,7 @@
 
 #include "util/StrTok.h"
 
-#include "support/TextPrinting.h"
-
-#include <QStringList>
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 namespace {
 

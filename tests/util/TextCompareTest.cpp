@@ -2,12 +2,7 @@
 
 #include "util/TextCompare.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <random>
-#include <string>
-#include <vector>
+#include "support/Testing.h"
 
 namespace {
 

@@ -2,11 +2,7 @@
 
 #include "util/TypedDate.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
-namespace {
+#include "support/Testing.h"
 
 TEST(TypedDate, ReadsTheFormsThatPeopleType)
 {
@@ -34,5 +30,3 @@ TEST(TypedDate, ReadsTheFormsThatPeopleType)
         EXPECT_EQ(typedDateOrder(QString::fromUtf8(text)), order) << text;
     }
 }
-
-} // namespace

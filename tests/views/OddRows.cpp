@@ -2,10 +2,6 @@
 
 #include "views/OddRows.h"
 
-#include <vector>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 const std::vector<OddRows::Word>& words()

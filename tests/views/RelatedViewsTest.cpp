@@ -5,8 +5,6 @@
 #include "support/TestDatabase.h"
 #include "views/StandardQueries.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 /// Record 2 of each kind has live links, record 3 links to deleted records only, record 4 none.

@@ -7,14 +7,6 @@
 #include "views/StandardQueries.h"
 #include "views/clsCities.h"
 
-#include <QStringList>
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class ShowOnlyViewsTest : public testing::Test

@@ -2,13 +2,10 @@
 
 #include "views/ViewHistory.h"
 
-#include <QStringList>
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 namespace {
 
-/// Notes what it is asked to show.
 class NotingPresenter final : public ViewPresenter
 {
 public:
@@ -90,17 +87,6 @@ TEST(ViewHistory, EachViewHasItsSelectedRecord)
     history.addView(view(ViewKind::Events, QStringLiteral("c")));
     history.addView(view(ViewKind::Events, QStringLiteral("d")));
     EXPECT_EQ(history.selected(), std::nullopt) << "in a history that begins anew";
-}
-
-TEST(ViewHistory, HomeIsAddedLikeAnyOtherView)
-{
-    NotingPresenter presenter;
-    ViewHistory history;
-    history.setPresenter(&presenter);
-    for (int i = 0; i < 3; ++i)
-        history.addView({ViewKind::Home, nullptr, QStringLiteral("Home Page")});
-    EXPECT_EQ(history.count(), 3u);
-    EXPECT_EQ(history.current(), 3u);
 }
 
 } // namespace

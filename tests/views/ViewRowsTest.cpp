@@ -15,12 +15,6 @@
 #include "views/ShowOnlyViews.h"
 #include "views/StandardQueries.h"
 
-#include <QMap>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class ViewRows : public testing::TestWithParam<unsigned>

@@ -4,8 +4,6 @@
 
 #include "support/TestDatabase.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 clsAdvSearch::Items items(std::initializer_list<int> identifiers)
@@ -116,15 +114,6 @@ TEST(clsAdvSearch, AppendsToWhatItHas)
     search.buildAdvSQL();
     search.buildAdvSQL();
     EXPECT_EQ(search.advOrgSQL, QStringLiteral(" AND FunctionID IN (5)  AND FunctionID IN (5) "));
-}
-
-TEST(clsPickListItem, HoldsIdentifiersOfSixteenBits)
-{
-    EXPECT_EQ(clsPickListItem::of(42, QString()).key(), QStringLiteral("k42"));
-    EXPECT_EQ(clsPickListItem::of(32767, QString()).itemID, 32767);
-    constexpr int overflow = 6;
-    EXPECT_EQ(errorNumberOf([] { clsPickListItem::of(32768, QString()); }), overflow);
-    EXPECT_EQ(errorNumberOf([] { clsPickListItem::of(-32769, QString()); }), overflow);
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include "widgets/ReadablePalette.h"
 
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 #include <cstdlib>
 

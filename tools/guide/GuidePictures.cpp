@@ -113,6 +113,9 @@ void GuidePictures::showGraphics()
     settle();
     save(part<QWidget>(m_window, "ChartPane").grab(), "chart");
     m_window.resize(size);
+    for (const char* choice : {"chartHorizontal", "chartByNumber"})
+        trigger(choice);
+    save(part<QWidget>(m_window, "ChartPane").grab(), "chart-horizontal");
 
     trigger("mnuViewEvents");
     for (int zoom = 0; zoom < 7; ++zoom)
@@ -123,6 +126,9 @@ void GuidePictures::showGraphics()
     trigger("mnuViewOrganizations");
     select(QStringLiteral("Louisiana Governor"));
     save(m_window.grab(), "map");
+    for (const char* choice : {"mapGroup", "mapFullExtent"})
+        trigger(choice);
+    save(part<QWidget>(m_window, "MapPane").grab(), "map-groups");
 }
 
 void GuidePictures::showRowMenu()
