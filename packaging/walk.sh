@@ -41,7 +41,8 @@ picture 04-its-events
 key Down
 key ctrl+shift+o
 picture 05-their-organizations-on-the-map
-key Tab Page_Down
+# by the tool that groups markers to the map
+key Tab Tab Page_Down
 picture 06-a-place-of-the-map
 key Menu
 picture 07-its-menu

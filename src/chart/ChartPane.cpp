@@ -118,7 +118,9 @@ QAction* ChartPane::addTool(const QString& name, const QString& text, const QStr
     action->setObjectName(name);
     action->setToolTip(tip);
     action->setCheckable(true);
-    m_tools->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
+    QWidget* button = m_tools->widgetForAction(action);
+    button->setFocusPolicy(Qt::TabFocus);
+    setTabOrder(button, m_chart);
     return action;
 }
 

@@ -8,14 +8,32 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 
 namespace {
 
 constexpr int swatch = 12;
-constexpr int widestBeside = 240;
 constexpr int barFrame = 4; ///< at most; some styles put a frame around a scroll bar
+
+/// Draws a line that is wider than the legend with an ellipsis, not cut off: a cut number reads as another
+/// one.
+class LineDelegate final : public QStyledItemDelegate
+{
+public:
+    explicit LineDelegate(MapLegend* legend) : QStyledItemDelegate(legend), m_legend(*legend) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        QStyleOptionViewItem seen(option);
+        seen.rect.setRight(std::min(option.rect.right(), m_legend.viewport()->width() - 1));
+        QStyledItemDelegate::paint(painter, seen, index);
+    }
+
+private:
+    const MapLegend& m_legend;
+};
 
 } // namespace
 
@@ -26,13 +44,16 @@ MapLegend::MapLegend(QWidget* parent) : QListWidget(parent)
     setAccessibleDescription(tr("The arrow keys show the markers of a line over the others, Space hides them "
                                 "and shows them again"));
     setSelectionMode(NoSelection);
+    // a click leaves the focus where it is, so that no line stays raised when the mouse has gone
+    setFocusPolicy(Qt::TabFocus);
     setMouseTracking(true);
     setFrameShape(NoFrame);
     setWrapping(true);
     setResizeMode(Adjust);
     setSpacing(1);
     setIconSize(QSize(swatch + 2, swatch + 2));
-    setTextElideMode(Qt::ElideRight);
+    setTextElideMode(Qt::ElideMiddle); // keeps the number at the end
+    setItemDelegate(new LineDelegate(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setPlace(false, 0);
     hide();
@@ -129,7 +150,6 @@ void MapLegend::keyPressEvent(QKeyEvent* event)
 void MapLegend::focusInEvent(QFocusEvent* event)
 {
     QListWidget::focusInEvent(event);
-    if (event->reason() == Qt::MouseFocusReason) return;
     if (currentRow() < 0) setCurrentRow(0);
     raise(currentRow());
 }
@@ -148,9 +168,9 @@ void MapLegend::changeEvent(QEvent* event)
         showLine(row);
 }
 
-void MapLegend::setPlace(bool beside, int highestBelow)
+void MapLegend::setPlace(bool beside, int room)
 {
-    m_highestBelow = highestBelow;
+    m_room = room;
     setFlow(beside ? TopToBottom : LeftToRight);
     setWrapping(!beside);
     QSizePolicy policy(beside ? QSizePolicy::Fixed : QSizePolicy::Expanding,
@@ -171,7 +191,7 @@ QSize MapLegend::sizeHint() const
     }
     if (flow() == LeftToRight) return {widest, heightForWidth(width())};
     const int scrollBar = verticalScrollBar()->sizeHint().width();
-    return {std::min(widest + 2 * spacing() + scrollBar, widestBeside), height};
+    return {std::min(widest + 2 * spacing() + scrollBar, m_room), height};
 }
 
 /// The height of the lines side by side in that width.
@@ -189,5 +209,5 @@ int MapLegend::heightForWidth(int width) const
         }
         right += line.width() + 2 * spacing();
     }
-    return std::min(height + spacing(), m_highestBelow);
+    return std::min(height + spacing(), m_room);
 }

@@ -29,8 +29,9 @@ public:
     /// The text of a line, which says so if its colour is hidden.
     [[nodiscard]] QString textOf(const LegendLine& line) const;
 
-    /// Lays the lines out in a column beside the map, or side by side below it, at most so many pixels high.
-    void setPlace(bool beside, int highestBelow);
+    /// Lays the lines out in a column beside the map, at most so many pixels wide, or side by side below it,
+    /// at most so many pixels high.
+    void setPlace(bool beside, int room);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return {40, 20}; }
@@ -62,5 +63,5 @@ private:
     std::vector<LegendLine> m_lines;
     HiddenColours m_hidden;
     std::optional<int> m_raised;
-    int m_highestBelow = 0; ///< pixels
+    int m_room = 0; ///< pixels: the width beside the map or the height below it
 };

@@ -189,7 +189,8 @@ void MapPane::showPlaces()
     const int without = m_places.withoutPlace();
     m_withoutPlace->setLink(without == 1 ? tr("1 without a place")
                                          : tr("%n without a place", nullptr, without));
-    m_withoutPlace->setVisible(without > 0);
+    // a notice says it if none has a place: the list has them alone
+    m_withoutPlace->setVisible(without > 0 && !m_places.entries().empty());
     summarize();
     showSelected();
 }
@@ -334,11 +335,13 @@ QString MapPane::description(std::size_t entry)
 void MapPane::resizeEvent(QResizeEvent* event)
 {
     constexpr double widestBelow = 1.75;
-    constexpr double heightOfStates = 1.6;
+    constexpr double heightOfStates = 1.6; // in their width
     const bool beside = width() > widestBelow * height();
     m_layout->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
-    const int forStates = static_cast<int>(width() / heightOfStates);
-    const int lowest = height() / 4;
-    m_legend->setPlace(beside, std::max(height() - m_tools->sizeHint().height() - forStates, lowest));
+    const int mapHeight = height() - m_tools->sizeHint().height();
+    constexpr int leastBeside = 240;
+    const int roomBeside = std::max(width() - static_cast<int>(mapHeight * heightOfStates), leastBeside);
+    const int roomBelow = std::max(mapHeight - static_cast<int>(width() / heightOfStates), height() / 4);
+    m_legend->setPlace(beside, beside ? roomBeside : roomBelow);
     QWidget::resizeEvent(event);
 }

@@ -33,6 +33,10 @@ MapTools::MapTools(MapView& map, QWidget* parent)
     m_group = addCommand(QStringLiteral("mapGroup"), tr("Group"),
                          tr("Group: draw markers that cover each other as one disc with their number"));
     m_group->setCheckable(true);
+    // the only tool that has no key in the map
+    QWidget* button = widgetForAction(m_group);
+    button->setFocusPolicy(Qt::TabFocus);
+    setTabOrder(button, &m_map);
     connect(m_group, &QAction::toggled, &m_map, &MapView::setGrouped);
 }
 

@@ -28,6 +28,7 @@ constexpr double shortestLine = 4; ///< shorter events are told by their column
 constexpr double widestLine = 4;
 
 constexpr int darkGround = 128; ///< the lightness below which a ground is dark
+constexpr int lightBox = 165;   ///< the least lightness of a box on it
 
 QColor withAlpha(QColor colour, int alpha)
 {
@@ -43,8 +44,10 @@ struct Colours
           text(palette.color(QPalette::Text)),
           isDark(ground.lightness() < darkGround),
           event(isDark ? QColor(120, 134, 235) : QColor(92, 96, 178)),
-          key(isDark ? TimelineColours::key : QColor(222, 150, 24))
+          key(isDark ? TimelineColours::key : QColor(222, 150, 24)),
+          box(palette.color(QPalette::Highlight))
     {
+        if (isDark) box.setHsl(box.hslHue(), box.hslSaturation(), std::max(box.lightness(), lightBox));
     }
 
     QColor ground;
@@ -52,6 +55,7 @@ struct Colours
     bool isDark;
     QColor event;
     QColor key;
+    QColor box;
 };
 
 int heightOf(qint64 events, qint64 most)
@@ -124,7 +128,7 @@ void BandPicture::paint(QPainter& painter, const BandScale& scale, const BandPar
 
 void BandPicture::paintBox(QPainter& painter, const BandBox& box, const QPalette& palette, int height)
 {
-    const QColor colour = palette.color(QPalette::Highlight);
+    const QColor colour = Colours(palette).box;
     const QRectF frame(box.left + 0.5, 0.5, box.right - box.left - 1, height - 2.0);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);

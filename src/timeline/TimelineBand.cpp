@@ -239,7 +239,8 @@ void TimelineBand::mousePressEvent(QMouseEvent* event)
     const BandBox box = m_scale.boxOf(m_timeline.window());
     const auto edge = edgeAt(at);
     const bool isBeside = !edge && (at < box.left || at > box.right);
-    m_drag = Drag{edge, at, m_timeline.window(), isBeside};
+    const TimeWindow before = m_timeline.window();
+    m_drag = Drag{edge, at, before, before, isBeside};
     if (isBeside) goTo(at);
     if (m_drag) m_drag->window = m_timeline.window();
     showCursor(at);
@@ -269,8 +270,17 @@ void TimelineBand::mouseReleaseEvent(QMouseEvent* event)
     showCursor(at);
 }
 
+void TimelineBand::takeBackDrag()
+{
+    const TimeWindow before = m_drag->before;
+    m_drag.reset();
+    choose(before);
+    showCursor(mapFromGlobal(QCursor::pos()).x());
+}
+
 void TimelineBand::keyPressEvent(QKeyEvent* event)
 {
+    if (m_drag && event->key() == Qt::Key_Escape) return takeBackDrag();
     const TimeWindow& window = m_timeline.window();
     // with other keys held down they are those of the timeline
     if ((event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return event->ignore();

@@ -63,6 +63,7 @@ private:
         std::optional<BandEdge> edge; ///< none for the box as a whole
         double from = 0;              ///< the position that the mouse took hold of
         TimeWindow window;            ///< as it was then
+        TimeWindow before;            ///< what Escape brings back
         bool hasMoved = false;
     };
 
@@ -75,6 +76,7 @@ private:
     void goForward();
     void goToLabel(bool isForward);
     void endMove();
+    void takeBackDrag();
     [[nodiscard]] std::optional<Moment> firstStartIn(const BandPart& part) const;
     [[nodiscard]] std::optional<BandEdge> edgeAt(double position) const;
     void showCursor(double position);

@@ -37,9 +37,10 @@ TimelinePanel::TimelinePanel(DatabaseSession& session, ViewHistory& history, con
 
 void TimelinePanel::makeParts()
 {
-    m_picture = new TimelinePicture(m_timeline, this);
+    // from top to bottom, so that Tab takes them in this order
     m_band = new TimelineBand(m_timeline, this);
     m_ruler = new RulerStrip(m_timeline, this);
+    m_picture = new TimelinePicture(m_timeline, this);
     m_scrollBar = new QScrollBar(Qt::Vertical, this);
     m_scrollBar->setObjectName(QStringLiteral("VScroll1"));
     m_scrollBar->setAccessibleName(tr("Lanes"));

@@ -123,6 +123,7 @@ TEST_F(GroupedMap, TheLegendHidesAndRaisesMarkers)
     EXPECT_EQ(says("lblHiddenOnMap"), "");
     QTest::mouseClick(legend().viewport(), Qt::LeftButton, {}, lineOf(1));
     EXPECT_EQ(legend().item(1)->text(), u"Fire & Rescue (1): hidden on the map"_s);
+    EXPECT_FALSE(legend().hasFocus()) << "a line would stay raised when the mouse has gone";
     EXPECT_EQ(drawn(), "Austin, TX: Relief|Dallas, TX: Law|O'Fallon, MO: Law|Reno, NV: Law");
     EXPECT_EQ(colourAt("Austin, TX: Relief"), "#0000ff");
     EXPECT_EQ(says("lblHiddenOnMap"), "The selected organization is hidden on the map.");
@@ -160,6 +161,7 @@ TEST_F(GroupedMap, LeadsToWhatHasNoPlace)
     EXPECT_EQ(journey.viewPanel(), u"View Only Organizations Without a Place"_s);
     EXPECT_EQ(journey.column(0), "Iota|Theta|Zeta");
     EXPECT_EQ(says("lblEmptyMap"), "None of these organizations has a place on the map.");
+    EXPECT_FALSE(link.isVisible()) << "the list has them alone";
     journey.database.run("UPDATE Organization SET Lat = 30, Lon = -100 WHERE OrganizationID = 21");
     journey.trigger("mnuViewRefresh");
     EXPECT_EQ(journey.column(0), "Theta|Zeta") << "one that has got its place leaves the list";

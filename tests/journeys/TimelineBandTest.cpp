@@ -92,6 +92,13 @@ TEST_F(Bands, TheBoxIsDraggedAndItsEdgesChooseTheLevel)
     EXPECT_EQ(window().zoomFactor(), TimelineScale::dayLevel);
     EXPECT_EQ(window().currentTime(), left);
     const Moment end = window().windowEnd();
+    QTest::mousePress(&band(), Qt::LeftButton, {}, at(600));
+    QTest::mouseMove(&band(), at(700));
+    EXPECT_NE(window().windowEnd(), end);
+    QTest::keyClick(&band(), Qt::Key_Escape);
+    QTest::mouseMove(&band(), at(800));
+    QTest::mouseRelease(&band(), Qt::LeftButton, {}, at(800));
+    EXPECT_EQ(window().windowEnd(), end) << "Escape takes it back";
     drag(box().left, at((box().left + box().right) / 2).x());
     EXPECT_LT(window().zoomFactor(), TimelineScale::dayLevel);
     EXPECT_EQ(window().windowEnd(), end);
