@@ -5,6 +5,7 @@
 #include "platform/Messages.h"
 #include "platform/Procedure.h"
 #include "views/PositionPicker.h"
+#include "widgets/DialogButtons.h"
 #include "widgets/LineEdit.h"
 
 #include <QComboBox>
@@ -42,21 +43,12 @@ frmListEntry::frmListEntry(const Platform& platform, DatabaseSession& session, P
     auto* form = new QFormLayout;
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     makeFields(*form);
-    auto* ok = new QPushButton(tr("OK"), this);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    ok->setDefault(true);
-    auto* cancel = new QPushButton(tr("Cancel"), this);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    cancel->setAutoDefault(false);
-    auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(ok, QDialogButtonBox::AcceptRole);
-    buttons->addButton(cancel, QDialogButtonBox::RejectRole);
+    QDialogButtonBox* buttons = DialogButtons::okAndCancel(*this);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addStretch();
     layout->addWidget(buttons);
-    connect(ok, &QPushButton::clicked, this, &frmListEntry::cmdOK);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(buttons, &QDialogButtonBox::accepted, this, &frmListEntry::cmdOK);
 }
 
 QLineEdit* frmListEntry::addLine(QFormLayout& form, const char* name, const QString& caption)

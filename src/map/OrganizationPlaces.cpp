@@ -199,8 +199,8 @@ void OrganizationPlaces::readOrganizations()
 void OrganizationPlaces::count(std::vector<Row> rows)
 {
     std::ranges::sort(rows, {}, &Row::organization);
-    const auto [end, last] = std::ranges::unique(rows, {}, &Row::organization);
-    rows.erase(end, last);
+    const auto isSame = [](const Row& a, const Row& b) { return a.organization == b.organization; };
+    rows.erase(std::unique(rows.begin(), rows.end(), isSame), rows.end());
     for (const Row& row : rows) {
         const auto found = row.place ? m_shown.byKey.constFind(*row.place) : m_shown.byKey.constEnd();
         if (found == m_shown.byKey.constEnd()) {

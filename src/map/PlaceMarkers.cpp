@@ -139,7 +139,7 @@ std::vector<ColourShare> PlaceMarkers::sharesOf(std::size_t lead) const
 
 QString PlaceMarkers::placesText(std::size_t lead) const
 {
-    const QString place = m_places[lead].placeText();
+    QString place = m_places[lead].placeText();
     QSet<QString> others;
     for (const std::size_t entry : members(lead))
         others.insert(m_places[entry].placeText());

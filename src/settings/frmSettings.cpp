@@ -8,6 +8,7 @@
 #include "platform/Shell.h"
 #include "settings/FolderField.h"
 #include "views/clsView.h"
+#include "widgets/DialogButtons.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -54,16 +55,8 @@ frmSettings::frmSettings(const Preferences& preferences, const Surroundings& sur
     layout->addWidget(makeStart());
     layout->addWidget(makeLook());
     layout->addWidget(makeFolders());
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("cmdOK"));
-    buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));
-    buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cmdCancel"));
-    buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
-    // as in the other windows
-    for (QAbstractButton* button : buttons->buttons())
-        button->setIcon({});
+    QDialogButtonBox* buttons = DialogButtons::okAndCancel(*this);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->addStretch();
     layout->addWidget(buttons);
 }

@@ -3,13 +3,13 @@
 #include "timeline/frmGoToDate.h"
 
 #include "timeline/Timeline.h"
+#include "widgets/DialogButtons.h"
 #include "widgets/LineEdit.h"
 
 #include <QAccessible>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -40,21 +40,12 @@ void frmGoToDate::layOut()
     // room for a problem of two lines, so that the window rarely grows
     lblProblem->setMinimumHeight(2 * lblProblem->fontMetrics().lineSpacing());
     lblProblem->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    auto* ok = new QPushButton(tr("OK"), this);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    ok->setDefault(true);
-    auto* cancel = new QPushButton(tr("Cancel"), this);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    cancel->setAutoDefault(false);
-    auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(ok, QDialogButtonBox::AcceptRole);
-    buttons->addButton(cancel, QDialogButtonBox::RejectRole);
+    QDialogButtonBox* buttons = DialogButtons::okAndCancel(*this);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addStretch();
     layout->addWidget(buttons);
-    connect(ok, &QPushButton::clicked, this, &frmGoToDate::cmdOK);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(buttons, &QDialogButtonBox::accepted, this, &frmGoToDate::cmdOK);
 }
 
 void frmGoToDate::cmdOK()

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -16,6 +17,18 @@ QPushButton* DialogButtons::command(QDialog& dialog, const char* name, const QSt
     button->setStatusTip(statusTip);
     button->setAutoDefault(false);
     return button;
+}
+
+QDialogButtonBox* DialogButtons::okAndCancel(QDialog& dialog)
+{
+    auto* box = new QDialogButtonBox(&dialog);
+    QPushButton* ok = command(dialog, "cmdOK", QCoreApplication::translate("DialogButtons", "OK"), {});
+    ok->setDefault(true);
+    box->addButton(ok, QDialogButtonBox::AcceptRole);
+    box->addButton(command(dialog, "cmdCancel", QCoreApplication::translate("DialogButtons", "Cancel"), {}),
+                   QDialogButtonBox::RejectRole);
+    QObject::connect(box, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    return box;
 }
 
 QLabel* DialogButtons::outcome(QDialog& dialog)

@@ -3,6 +3,7 @@
 #pragma once
 
 class QDialog;
+class QDialogButtonBox;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
@@ -15,6 +16,9 @@ namespace DialogButtons {
 /// layout yet.
 [[nodiscard]] QPushButton* command(QDialog& dialog, const char* name, const QString& text,
                                    const QString& statusTip);
+
+/// The buttons OK, which is the default, and Cancel, which rejects the dialog.
+[[nodiscard]] QDialogButtonBox* okAndCancel(QDialog& dialog);
 
 /// The label that says what came of the last command, as plain text.
 [[nodiscard]] QLabel* outcome(QDialog& dialog);
