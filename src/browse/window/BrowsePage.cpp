@@ -47,10 +47,12 @@ double shareOf(const QSplitter& splitter, double former)
     return all == 0 ? former : std::clamp(static_cast<double>(sizes[1]) / all, smallestShare, largestShare);
 }
 
-/// The reverse of `shareOf`, to the pixel: what is divided again and again must not move.
+/// The reverse of `shareOf`, to the pixel: what is divided again and again must not move. A splitter that is
+/// not shown yet is smaller than its parts need, which would change the shares.
 void divide(QSplitter& splitter, double share)
 {
-    const QSize whole = splitter.size();
+    constexpr int notShown = 10000;
+    const QSize whole = splitter.isVisible() ? splitter.size() : QSize(notShown, notShown);
     const int length =
         (splitter.orientation() == Qt::Horizontal ? whole.width() : whole.height()) - splitter.handleWidth();
     const int second = static_cast<int>(std::lround(length * share));
