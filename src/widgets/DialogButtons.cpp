@@ -22,11 +22,15 @@ QPushButton* DialogButtons::command(QDialog& dialog, const char* name, const QSt
 QDialogButtonBox* DialogButtons::okAndCancel(QDialog& dialog)
 {
     auto* box = new QDialogButtonBox(&dialog);
-    QPushButton* ok = command(dialog, "cmdOK", QCoreApplication::translate("DialogButtons", "OK"), {});
-    ok->setDefault(true);
-    box->addButton(ok, QDialogButtonBox::AcceptRole);
-    box->addButton(command(dialog, "cmdCancel", QCoreApplication::translate("DialogButtons", "Cancel"), {}),
-                   QDialogButtonBox::RejectRole);
+    const auto add = [&](const char* name, const QString& text, QDialogButtonBox::ButtonRole role) {
+        auto* button = new QPushButton(text, &dialog);
+        button->setObjectName(QString::fromLatin1(name));
+        box->addButton(button, role);
+        return button;
+    };
+    add("cmdOK", QCoreApplication::translate("DialogButtons", "OK"), QDialogButtonBox::AcceptRole)
+        ->setDefault(true);
+    add("cmdCancel", QCoreApplication::translate("DialogButtons", "Cancel"), QDialogButtonBox::RejectRole);
     QObject::connect(box, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     return box;
 }

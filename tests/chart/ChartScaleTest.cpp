@@ -2,7 +2,7 @@
 
 #include "chart/ChartScale.h"
 
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 namespace {
 

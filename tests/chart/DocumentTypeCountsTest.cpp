@@ -2,9 +2,7 @@
 
 #include "chart/DocumentTypeCounts.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/Testing.h"
 
 namespace {
 
@@ -32,9 +30,8 @@ TEST(ReadableTypes, AreSortedByNumberOrByNameWithoutRegardToCase)
                                               {u"\u00C9tude"_s, 1, 12}, {u"Article"_s, 3, 13},
                                               {u"PLAN"_s, 1, 14},       {u"estate"_s, 3, 15}};
         sortTypes(counts, order);
-        std::vector<qint64> types;
-        for (const DocumentTypeCount& count : counts)
-            types.push_back(count.type);
+        std::vector<qint64> types(counts.size());
+        std::ranges::transform(counts, types.begin(), &DocumentTypeCount::type);
         return types;
     };
     using Types = std::vector<qint64>;

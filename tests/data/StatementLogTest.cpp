@@ -3,12 +3,6 @@
 #include "support/CollectedLog.h"
 #include "support/TestDatabase.h"
 
-#include <QRegularExpression>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 TEST(StatementLog, HoldsStatementsAsBuiltAndAsRunIfRulesAskForThem)

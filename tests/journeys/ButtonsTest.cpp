@@ -4,21 +4,6 @@
 
 #include "Journey.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QDialog>
-#include <QMenu>
-#include <QSplitter>
-#include <QTest>
-#include <QTimer>
-#include <QToolBar>
-
-#include <gtest/gtest.h>
-
-#include <set>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class Buttons : public testing::Test

@@ -5,15 +5,6 @@
 #include "chart/ChartPane.h"
 #include "chart/ChartView.h"
 
-#include <QContextMenuEvent>
-#include <QImage>
-#include <QMenu>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// What stands out from the ground in a part of a picture, whose corner is ground.

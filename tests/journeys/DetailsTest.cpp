@@ -3,21 +3,6 @@
 // The record that is read beside the list.
 
 #include "Journey.h"
-#include "support/TestFiles.h"
-
-#include <QBuffer>
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QImage>
-#include <QPushButton>
-#include <QTest>
-#include <QTextBrowser>
-
-#include <gtest/gtest.h>
-
-#include <map>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

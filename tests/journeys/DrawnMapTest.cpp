@@ -3,19 +3,6 @@
 #include "MapJourney.h"
 #include "map/MapProjection.h"
 
-#include <QImage>
-#include <QListWidget>
-#include <QPainter>
-#include <QSignalSpy>
-#include <QSplitter>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class DrawnMap : public MapJourney

@@ -7,14 +7,6 @@
 #include "timeline/Timeline.h"
 #include "timeline/TimelinePanel.h"
 
-#include <QImage>
-#include <QTest>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// Five events in a picture that is three steps wide; a minute is 77 pixels at first.

@@ -7,12 +7,6 @@
 #include "support/CollectedLog.h"
 #include "timeline/TimelinePanel.h"
 
-#include <QClipboard>
-#include <QLineEdit>
-#include <QMimeData>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class FilteredGraphic : public MapJourney

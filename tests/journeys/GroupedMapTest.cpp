@@ -2,17 +2,6 @@
 
 #include "MapJourney.h"
 
-#include <QAbstractButton>
-#include <QImage>
-#include <QLabel>
-#include <QListWidget>
-#include <QTest>
-#include <QToolTip>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class GroupedMap : public MapJourney

@@ -5,11 +5,6 @@
 #include "Journey.h"
 #include "map/MapView.h"
 
-#include <QMenu>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
 /// Organizations of two functions in Austin, of one in Dallas and in Reno, and one without a place.
 class MapJourney : public testing::Test
 {

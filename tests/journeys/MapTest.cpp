@@ -3,20 +3,6 @@
 #include "MapJourney.h"
 #include "map/MapProjection.h"
 
-#include <QAccessible>
-#include <QContextMenuEvent>
-#include <QListWidget>
-#include <QMenu>
-#include <QScrollBar>
-#include <QSplitter>
-#include <QTest>
-#include <QToolTip>
-#include <QWheelEvent>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 TEST_F(MapJourney, MarkersAndRowsChooseEachOther)

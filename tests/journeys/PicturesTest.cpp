@@ -7,20 +7,9 @@
 #include "chart/ChartView.h"
 #include "map/MapPane.h"
 #include "support/SizeLimit.h"
-#include "support/TestFiles.h"
 #include "timeline/TimelinePanel.h"
 #include "widgets/Paper.h"
 #include "widgets/PictureImage.h"
-
-#include <QClipboard>
-#include <QDir>
-#include <QMimeData>
-#include <QRegularExpression>
-#include <QXmlStreamReader>
-
-#include <set>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,20 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "map/MapView.h"
 #include "timeline/EventLabel.h"
 #include "timeline/TimelinePanel.h"
-
-#include <QTest>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <vector>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -5,16 +5,6 @@
 #include "Journey.h"
 #include "timeline/TimelinePanel.h"
 
-#include <QHelpEvent>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QTest>
-#include <QToolTip>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class Bands : public testing::Test

@@ -1,23 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "Dialogs.h"
 #include "Journey.h"
 #include "timeline/EventLabel.h"
 #include "timeline/EventMarker.h"
-
-#include <QAccessible>
-#include <QApplication>
-#include <QFile>
-#include <QMouseEvent>
-#include <QScrollBar>
-#include <QSplitter>
-#include <QTest>
-#include <QToolButton>
-#include <QWheelEvent>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -4,11 +4,9 @@
 
 #include "map/MapProjection.h"
 #include "map/MarkerHit.h"
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 #include <cmath>
-#include <vector>
 
 namespace {
 

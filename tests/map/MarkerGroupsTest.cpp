@@ -2,13 +2,9 @@
 
 #include "map/MarkerGroups.h"
 
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
-#include <algorithm>
 #include <cmath>
-#include <map>
-#include <random>
-#include <set>
 
 namespace {
 

@@ -6,10 +6,6 @@
 #include "support/TestDatabase.h"
 #include "views/StandardQueries.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class OrganizationPlacesTest : public testing::Test

@@ -3,18 +3,9 @@
 #include "map/ShapeFile.h"
 
 #include "support/TestDatabase.h"
-#include "support/TestFiles.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 #include <cerrno>
 #include <cmath>
-#include <random>
-#include <tuple>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

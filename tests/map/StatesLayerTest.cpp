@@ -4,13 +4,7 @@
 
 #include "map/MapProjection.h"
 #include "map/StateOutlines.h"
-#include "support/TextPrinting.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
-using namespace Qt::StringLiterals;
+#include "support/Testing.h"
 
 namespace {
 

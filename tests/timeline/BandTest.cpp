@@ -6,10 +6,6 @@
 #include "timeline/Moments.h"
 #include "views/StandardQueries.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// A day, a month, some years, a century, and all that the data can hold.
@@ -25,7 +21,7 @@ const std::vector<TimelineLimits>& spans()
 
 constexpr int widths[]{200, 777, 1267, 2500};
 
-int labelWidth(const QString& text)
+int textWidth(const QString& text)
 {
     return static_cast<int>(text.size()) * 7;
 }
@@ -162,7 +158,7 @@ TEST(Band, ItsLabelsAreAsManyAsHaveRoom)
 {
     const auto texts = [](const BandScale& scale) {
         QStringList labels;
-        for (const auto& label : bandLabelsOf(scale, labelWidth).labels)
+        for (const auto& label : bandLabelsOf(scale, textWidth).labels)
             labels << label.text + (label.isStrong ? u"!"_s : u""_s);
         return labels.join(u' ');
     };
@@ -179,12 +175,12 @@ TEST(Band, ItsLabelsAreAsManyAsHaveRoom)
     EXPECT_TRUE(texts(BandScale(spans()[4], 2500)).startsWith(u"0200 0400 "_s)) << "always four digits";
     EXPECT_EQ(texts(BandScale(spans()[4], 777)), u"1000! 2000! 3000! 4000! 5000! 6000! 7000! 8000! 9000!"_s);
     forEachBand([](const BandScale& scale) {
-        const BandLabels labels = bandLabelsOf(scale, labelWidth);
+        const BandLabels labels = bandLabelsOf(scale, textWidth);
         EXPECT_FALSE(labels.labels.empty());
         double room = 0;
         for (const auto& label : labels.labels) {
             EXPECT_GE(label.left, room) << "over another";
-            room = label.left + labelWidth(label.text);
+            room = label.left + textWidth(label.text);
             EXPECT_NEAR(label.tick, scale.positionOf(label.moment), 1e-6);
             EXPECT_TRUE(std::ranges::find(labels.ticks, label.tick) != labels.ticks.end());
         }

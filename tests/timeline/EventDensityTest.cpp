@@ -7,10 +7,6 @@
 #include "views/NarrowedQuery.h"
 #include "views/StandardQueries.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 QString dayAndMonth(Moment midnight)

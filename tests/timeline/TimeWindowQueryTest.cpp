@@ -6,12 +6,6 @@
 #include "timeline/Moments.h"
 #include "views/StandardQueries.h"
 
-#include <QRegularExpression>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class Query : public testing::Test

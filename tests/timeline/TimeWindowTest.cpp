@@ -2,12 +2,8 @@
 
 #include "timeline/TimeWindow.h"
 
+#include "support/Testing.h"
 #include "timeline/Moments.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 namespace {
 

@@ -2,15 +2,12 @@
 
 #include "timeline/TimelineLanes.h"
 
+#include "support/Testing.h"
 #include "timeline/Moments.h"
 #include "util/Error.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <limits>
-#include <string_view>
-#include <vector>
 
 namespace {
 

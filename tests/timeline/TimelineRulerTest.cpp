@@ -2,11 +2,8 @@
 
 #include "timeline/TimelineRuler.h"
 
+#include "support/Testing.h"
 #include "timeline/Moments.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
 
 namespace {
 

@@ -6,10 +6,6 @@
 #include "timeline/Moments.h"
 #include "timeline/TimelineLimits.h"
 
-#include <gtest/gtest.h>
-
-#include <vector>
-
 namespace {
 
 using namespace TimelineScale;

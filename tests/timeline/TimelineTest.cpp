@@ -8,10 +8,6 @@
 #include "views/StandardQueries.h"
 #include "views/ViewHistory.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// The timeline of a view of events, seen through a picture of four steps and three lanes.

@@ -2,9 +2,8 @@
 
 #include "timeline/TypedPeriod.h"
 
+#include "support/Testing.h"
 #include "timeline/Moments.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
