@@ -13,7 +13,7 @@ namespace {
 constexpr double titleHeight = 16;
 /// For half of a marker, which may stand at the very edge of a state: within a frame, and beside it.
 constexpr double padding = 8;
-constexpr double apart = 6;
+constexpr double gapBetween = 6;
 constexpr int lowest = 46;
 
 QRectF boundsOf(double west, double north, double east, double south)
@@ -62,7 +62,7 @@ std::vector<QRectF> framesOf(const std::vector<InsetState>& states, double heigh
         const bool isEastern = state.bounds.center().x() > MapProjection::contiguousStates().center().x();
         const double x = isEastern ? room.right() - size.width() : left;
         frames.emplace_back(QPointF(x, room.bottom() - height), size);
-        if (!isEastern) left += size.width() + apart;
+        if (!isEastern) left += size.width() + gapBetween;
     }
     return frames;
 }
@@ -74,7 +74,7 @@ bool areFree(const std::vector<QRectF>& frames, const QRectF& contiguous)
         const auto meets = [&](const Land& land) { return around.intersects(onScreen(land, contiguous)); };
         if (std::any_of(southernEdge.begin(), southernEdge.end(), meets)) return false;
         for (std::size_t other = i + 1; other < frames.size(); ++other) {
-            if (frames[other].intersects(frames[i].adjusted(0, 0, apart - 1, 0))) return false;
+            if (frames[other].intersects(frames[i].adjusted(0, 0, gapBetween - 1, 0))) return false;
         }
     }
     return true;
@@ -122,7 +122,7 @@ std::vector<MapInset> layOutInsets(const std::vector<InsetState>& states, const 
     // on a wide map they stand further out, on a high one further down, but with the 48
     const double aside = contiguous.width() / 4;
     const double below = contiguous.height() * shareOfHeight;
-    const QRectF screen = QRectF(QPointF(), size).adjusted(apart, apart, -apart, -apart);
+    const QRectF screen = QRectF(QPointF(), size).adjusted(gapBetween, gapBetween, -gapBetween, -gapBetween);
     // on whole pixels, frames are sharp lines
     const QRectF room = contiguous.adjusted(-aside, 0, aside, below).intersected(screen).toRect();
     for (int height = static_cast<int>(contiguous.height() * shareOfHeight); height >= lowest; --height) {
