@@ -113,21 +113,22 @@ void GuidePictures::showGraphics()
     settle();
     save(part<QWidget>(m_window, "ChartPane").grab(), "chart");
     m_window.resize(size);
-    for (const char* choice : {"chartHorizontal", "chartByNumber"})
-        trigger(choice);
+    trigger("chartHorizontal");
+    trigger("chartByNumber");
     save(part<QWidget>(m_window, "ChartPane").grab(), "chart-horizontal");
+    trigger("chartHorizontal");
+    trigger("chartByNumber");
 
     trigger("mnuViewEvents");
     for (int zoom = 0; zoom < 7; ++zoom)
         press(m_window, "ZoomOut");
     select(QStringLiteral("Hurricane Katrina"));
     save(m_window.grab(), "timeline");
-
     trigger("mnuViewOrganizations");
     select(QStringLiteral("Louisiana Governor"));
     save(m_window.grab(), "map");
-    for (const char* choice : {"mapGroup", "mapFullExtent"})
-        trigger(choice);
+    trigger("mapGroup");
+    trigger("mapFullExtent");
     save(part<QWidget>(m_window, "MapPane").grab(), "map-groups");
 }
 
