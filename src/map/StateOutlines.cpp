@@ -131,14 +131,6 @@ private:
     std::array<std::optional<Chords>, 2 * mostSteps + 3> m_across;
 };
 
-bool touches(const QRectF& place, const MapObstacle& obstacle)
-{
-    const QPointF nearest(std::clamp(obstacle.place.x(), place.left(), place.right()),
-                          std::clamp(obstacle.place.y(), place.top(), place.bottom()));
-    const QPointF apart = obstacle.place - nearest;
-    return QPointF::dotProduct(apart, apart) <= obstacle.radius * obstacle.radius;
-}
-
 bool isFree(const QRectF& place, const std::vector<MapObstacle>& obstacles, double widest)
 {
     const auto height = [](const MapObstacle& obstacle) { return obstacle.place.y(); };
@@ -148,6 +140,14 @@ bool isFree(const QRectF& place, const std::vector<MapObstacle>& obstacles, doub
 }
 
 } // namespace
+
+bool touches(const QRectF& place, const MapObstacle& obstacle)
+{
+    const QPointF nearest(std::clamp(obstacle.place.x(), place.left(), place.right()),
+                          std::clamp(obstacle.place.y(), place.top(), place.bottom()));
+    const QPointF apart = obstacle.place - nearest;
+    return QPointF::dotProduct(apart, apart) <= obstacle.radius * obstacle.radius;
+}
 
 std::optional<QPointF> roomFor(const StateShape& state, const MapPicture& picture, QSizeF text,
                                const std::vector<MapObstacle>& obstacles)

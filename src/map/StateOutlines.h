@@ -31,6 +31,9 @@ struct MapObstacle
     friend bool operator==(const MapObstacle&, const MapObstacle&) = default;
 };
 
+/// Whether an obstacle, in the same pixels, reaches into a place.
+[[nodiscard]] bool touches(const QRectF& place, const MapObstacle& obstacle);
+
 /// How far beyond what is in sight outlines are cut, in pixels: the line along the cut is not seen then.
 inline constexpr double outOfSight = 16;
 

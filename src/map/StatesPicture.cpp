@@ -49,6 +49,12 @@ void drawOutlines(QPainter& painter, const std::vector<const StateShape*>& state
         painter.strokePath(area, pen);
 }
 
+/// The room for an inset's name, in pixels of the screen.
+QRectF titleRoom(const MapInset& inset)
+{
+    return inset.title().adjusted(4, 2, -4, 0);
+}
+
 } // namespace
 
 void StatesPicture::setLayer(StatesLayer layer)
@@ -157,6 +163,33 @@ StatesPicture::States StatesPicture::statesIn(const MapExtent& extent, std::opti
     return found;
 }
 
+/// Returns the name of an inset's state, or else its letters, at the side of the frame where it is clear of
+/// markers, in pixels of the screen.
+StatesPicture::PlacedName StatesPicture::titleOf(const MapInset& inset, const QFontMetricsF& metrics,
+                                                 double ratio) const
+{
+    const QRectF room = titleRoom(inset);
+    const auto isClear = [&](const QRectF& place) {
+        return std::ranges::none_of(m_obstacles, [&](const MapObstacle& obstacle) {
+            return inset.state().bounds.contains(obstacle.place) &&
+                   touches(place, {inset.toScreen(obstacle.place), obstacle.radius});
+        });
+    };
+    const InsetState& state = inset.state();
+    std::vector<PlacedName> fitting;
+    for (const QString& text : {state.name, state.letters}) {
+        QRectF place(room.topLeft(), QSizeF(metrics.horizontalAdvance(text) / ratio, room.height()));
+        if (place.width() > room.width()) continue;
+        fitting.push_back({text, place});
+        place.moveRight(room.right());
+        fitting.push_back({text, place});
+    }
+    const auto clear =
+        std::ranges::find_if(fitting, [&](const PlacedName& name) { return isClear(name.place); });
+    if (clear != fitting.end()) return *clear;
+    return fitting.empty() ? PlacedName{state.letters, room} : fitting.front();
+}
+
 void StatesPicture::drawInset(QPainter& painter, const MapInset& inset, const States& states,
                               const Sheet& sheet) const
 {
@@ -176,15 +209,12 @@ void StatesPicture::drawInset(QPainter& painter, const MapInset& inset, const St
     drawOutlines(painter, states, {inset.shown().topLeft(), inset.scale() / ratio, frame.size()}, ratio, 0);
     painter.restore();
 
-    const QRectF title = inFrame(inset.title()).adjusted(4 * ratio, 2 * ratio, -4 * ratio, 0);
     QFont font = nameFont(sheet.font, ratio);
-    font.setPixelSize(std::min(font.pixelSize(), static_cast<int>(title.height())));
-    const double room = title.width();
-    const QString& name = inset.state().name;
+    font.setPixelSize(std::min(font.pixelSize(), static_cast<int>(titleRoom(inset).height() * ratio)));
+    const PlacedName title = titleOf(inset, QFontMetricsF(font), ratio);
     painter.setFont(font);
     painter.setPen(titleColour);
-    painter.drawText(title, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip,
-                     QFontMetricsF(font).horizontalAdvance(name) <= room ? name : inset.state().letters);
+    painter.drawText(inFrame(title.place), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, title.text);
 }
 
 std::vector<StatesPicture::PlacedName> StatesPicture::namesOf(const States& states, const MapPicture& frame,

@@ -57,6 +57,7 @@ private:
     void render(const MapExtent& extent, const QPalette& palette, const QFont& font, double devicePixelRatio);
     void drawGround(QPainter& painter, const MapExtent& extent, const Sheet& sheet) const;
     void drawInset(QPainter& painter, const MapInset& inset, const States& states, const Sheet& sheet) const;
+    [[nodiscard]] PlacedName titleOf(const MapInset& inset, const QFontMetricsF& metrics, double ratio) const;
     [[nodiscard]] std::vector<PlacedName> namesOf(const States& states, const MapPicture& frame,
                                                   const QRectF& sight, const QFont& font) const;
     [[nodiscard]] static std::optional<PlacedName> nameOf(const StateShape& state, const MapPicture& frame,

@@ -111,6 +111,11 @@ TEST_F(DrawnMap, InsetsAreWorkedAsTheMapAroundThem)
         "Lat, Lon, Status) VALUES (20, 'North', 4, 'Nome', 'AK', 64.5, -165.4, 'ACTIVE'), "
         "(21, 'West', 4, 'Hilo', 'HI', 19.73, -155.09, 'ACTIVE'), "
         "(22, 'East', 4, 'San Juan', 'PR', 18.4, -66.06, 'ACTIVE')");
+    const QPointF corner = MapProjection::toDegrees(insetStates()[0].bounds.topLeft() + QPointF(0.1, 0.1));
+    journey.database.run(
+        u"INSERT INTO Organization (OrganizationID, OrganizationName, FunctionID, City, State, "
+        "Lat, Lon, Status) VALUES (23, 'Edge', 4, 'Cape', 'AK', %1, %2, 'ACTIVE')"_s.arg(corner.y())
+            .arg(corner.x()));
     show();
     journey.program->window()->resize(1500, 900);
     QTest::qWait(0);
@@ -133,6 +138,11 @@ TEST_F(DrawnMap, InsetsAreWorkedAsTheMapAroundThem)
                 for (int y = frame.top() + 2; y < frame.bottom() - 2; ++y)
                     land += image.pixelColor(x, y) == QColor(192, 192, 192) ? 1 : 0;
             EXPECT_GT(land, 100) << places[i];
+            bool isNameRight = false;
+            for (int x = frame.center().x(); x < frame.right() - 2; ++x)
+                for (int y = frame.top() + 3; y < frame.top() + 14; ++y)
+                    isNameRight |= image.pixelColor(x, y) != image.pixelColor(frame.topLeft() + QPoint(2, 2));
+            EXPECT_EQ(isNameRight, i == 0) << "a marker stands at the left of Alaska's name";
         }
         click(Qt::LeftButton, places[i]);
         EXPECT_EQ(journey.selected(), names[i]);
