@@ -50,7 +50,7 @@ TimeWindow BandScale::withEdgeAt(const TimeWindow& window, BandEdge edge, double
 {
     TimeWindow nearest = window;
     double least = -1;
-    // where several come as near, as at the end of the band, the level stays
+    // if several come as near, as at the end of the band, the level stays
     for (int step = 0; step <= 2 * TimelineScale::dayLevel; ++step) {
         const int level = window.zoomFactor() + (step % 2 == 0 ? step / 2 : -(step + 1) / 2);
         if (level < 0 || level > TimelineScale::dayLevel) continue;

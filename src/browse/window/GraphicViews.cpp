@@ -71,6 +71,7 @@ void GraphicViews::mainLoad()
 {
     m_timeline->mainLoad();
     m_isOutdated = false;
+    m_savedStart.reset();
     if (m_map != nullptr) m_map->forget();
 }
 
